@@ -1,0 +1,93 @@
+#!/usr/bin/env bash
+# Lays the built-in fonts of resources/fonts.tsv, and the licence texts that come with them, into
+# build/resources/fonts. Does nothing when that has been done for the same table before.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+readonly table=resources/fonts.tsv
+readonly modules=build/npm
+readonly fonts=build/resources/fonts
+readonly licences="$fonts/licences"
+readonly stamp="$fonts/.stamp"
+
+key=$(cat "$table" "$0" | sha256sum | cut -d' ' -f1)
+if [[ -f "$stamp" && "$(cat "$stamp")" == "$key" ]]; then
+    exit 0
+fi
+
+# rows SOURCE: the table's lines of one source.
+rows() {
+    awk -F'\t' -v source="$1" '!/^#/ && $2 == source' "$table"
+}
+
+# need PROGRAM-OR-FILE PACKAGES...: makes sure it is there, through apt where we may.
+need() {
+    local wanted=$1
+    shift
+    if command -v "$wanted" >/dev/null || [[ -e "$wanted" ]]; then
+        return
+    fi
+    if [[ $EUID -ne 0 ]]; then
+        echo "fetch-fonts: $wanted is missing; install it with: sudo apt-get install $*" >&2
+        exit 1
+    fi
+    apt-get install -y --no-install-recommends "$@" >/dev/null
+}
+
+write_package_json() {
+    {
+        echo '{ "private": true, "dependencies": {'
+        rows npm | awk -F'\t' '!seen[$3]++ { printf "%s  \"%s\": \"%s\"", sep, $3, $4; sep = ",\n" }'
+        printf '\n} }\n'
+    } >"$modules/package.json"
+}
+
+# place SOURCE-FILE TARGET-NAME
+place() {
+    local from=$1 target=$2
+    if [[ ! -s "$from" ]]; then
+        echo "fetch-fonts: $from is missing from its package" >&2
+        exit 1
+    fi
+    if [[ "$from" == *.woff2 ]]; then
+        cp "$from" "$fonts/${target%.ttf}.woff2"
+        woff2_decompress "$fonts/${target%.ttf}.woff2" >/dev/null
+        rm "$fonts/${target%.ttf}.woff2"
+    else
+        cp "$from" "$fonts/$target"
+    fi
+}
+
+# keep_licence FOLDER PACKAGE: the package's licence text, if it has one. A font's own text comes before the
+# package's.
+keep_licence() {
+    local folder=$1 name
+    name=$(basename "$2")
+    local file
+    for file in LICENSE_FONT OFL.txt LICENSE LICENSE.txt copyright; do
+        if [[ -f "$folder/$file" ]]; then
+            cp "$folder/$file" "$licences/$name.txt"
+            return
+        fi
+    done
+}
+
+need woff2_decompress woff2
+need npm nodejs npm
+mkdir -p "$modules" "$fonts" "$licences"
+rm -f "$stamp"
+write_package_json
+npm install --prefix "$modules" --no-audit --no-fund --ignore-scripts --no-package-lock --loglevel=error >&2
+
+while IFS=$'\t' read -r _ _ package _ file target; do
+    place "$modules/node_modules/$package/$file" "$target"
+    keep_licence "$modules/node_modules/$package" "$package"
+done < <(rows npm)
+
+while IFS=$'\t' read -r _ _ package _ file target; do
+    need "$file" "$package"
+    place "$file" "$target"
+    keep_licence "/usr/share/doc/$package" "$package"
+done < <(rows debian)
+
+echo "$key" >"$stamp"
