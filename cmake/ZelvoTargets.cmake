@@ -1,0 +1,54 @@
+# How this project's targets are made: one static library a folder of src/, one test program a folder of tests/.
+
+add_library(zelvo_options INTERFACE)
+target_compile_options(zelvo_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Werror)
+if(ZELVO_SANITIZE)
+    target_compile_options(zelvo_options INTERFACE -fsanitize=${ZELVO_SANITIZE} -fno-omit-frame-pointer
+                           -fno-sanitize-recover=all)
+    target_link_options(zelvo_options INTERFACE -fsanitize=${ZELVO_SANITIZE})
+endif()
+
+# zelvo_library(name SOURCES a.cpp … [PUBLIC libs…] [PRIVATE libs…])
+# PUBLIC names what the headers need, PRIVATE what only the sources need.
+function(zelvo_library name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}/src")
+    target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE zelvo_options ${ARG_PRIVATE})
+endfunction()
+
+# zelvo_test(name SOURCES a.cpp … LINK libs…): a GoogleTest program, each of its tests known to CTest.
+function(zelvo_test name)
+    cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINK" ${ARGN})
+    if(NOT ARG_TIMEOUT)
+        set(ARG_TIMEOUT 120)
+    endif()
+    add_executable(${name} ${ARG_SOURCES})
+    target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
+    target_compile_definitions(${name} PRIVATE ZELVO_TEST_SOURCE_DIR="${CMAKE_SOURCE_DIR}/tests")
+    target_link_libraries(${name} PRIVATE zelvo_options ${ARG_LINK} GTest::gtest_main)
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+                         PROPERTIES TIMEOUT ${ARG_TIMEOUT})
+endfunction()
+
+# zelvo_benchmark(name SOURCES a.cpp … LINK libs…): a Google Benchmark program.
+function(zelvo_benchmark name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE zelvo_options ${ARG_LINK} benchmark::benchmark_main)
+endfunction()
+
+# zelvo_fuzz(name SOURCE a.cpp CORPUS dir LINK libs…): LLVMFuzzerTestOneInput. Under clang with ZELVO_FUZZ it is a
+# libFuzzer program; elsewhere it runs once over its corpus as a test.
+function(zelvo_fuzz name)
+    cmake_parse_arguments(ARG "" "SOURCE;CORPUS" "LINK" ${ARGN})
+    if(ZELVO_FUZZ)
+        add_executable(${name} ${ARG_SOURCE})
+        target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
+        target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+    else()
+        add_executable(${name} ${ARG_SOURCE} "${CMAKE_SOURCE_DIR}/fuzz/CorpusMain.cpp")
+        add_test(NAME ${name} COMMAND ${name} "${CMAKE_CURRENT_SOURCE_DIR}/${ARG_CORPUS}")
+    endif()
+    target_link_libraries(${name} PRIVATE zelvo_options ${ARG_LINK})
+endfunction()

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#include "platform/foundation/Console.h"
+
+#include <cstdio>
+#include <string>
+
+namespace zelvo::foundation {
+
+void logLine(std::string_view line) {
+    // One write call, so that lines of two threads never mix.
+    std::string whole(line);
+    whole += '\n';
+    std::fwrite(whole.data(), 1, whole.size(), stderr);
+}
+
+} // namespace zelvo::foundation

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "platform/foundation/Folders.h"
+
+#include <QStandardPaths>
+
+#include <cstdlib>
+#include <utility>
+
+namespace zelvo::foundation {
+
+namespace {
+
+std::filesystem::path standardPath(QStandardPaths::StandardLocation location) {
+    return QStandardPaths::writableLocation(location).toStdString();
+}
+
+Bundle& currentBundle() {
+    static Bundle bundle = Bundle::standard();
+    return bundle;
+}
+
+} // namespace
+
+Folders Folders::standard() {
+    return {
+        .documents = standardPath(QStandardPaths::GenericDataLocation) / "zelvo",
+        .config = standardPath(QStandardPaths::GenericConfigLocation) / "zelvo",
+        .temporary = standardPath(QStandardPaths::TempLocation) / "zelvo",
+        .videos = standardPath(QStandardPaths::MoviesLocation),
+    };
+}
+
+Folders Folders::below(const std::filesystem::path& root) {
+    return {root / "documents", root / "config", root / "temporary", root / "videos"};
+}
+
+Bundle::Bundle(std::vector<std::filesystem::path> roots)
+    : roots_(std::move(roots)) {}
+
+Bundle Bundle::standard() {
+    if (const char* given = std::getenv("ZELVO_RESOURCES"))
+        return Bundle({given});
+    return Bundle({ZELVO_BAKED_RESOURCES, ZELVO_SOURCE_RESOURCES, ZELVO_INSTALLED_RESOURCES});
+}
+
+std::filesystem::path Bundle::path(const std::string& name) const {
+    for (const auto& root : roots_) {
+        std::error_code ignored;
+        auto file = root / name;
+        if (std::filesystem::exists(file, ignored))
+            return file;
+    }
+    return {};
+}
+
+const Bundle& mainBundle() {
+    return currentBundle();
+}
+
+void setMainBundle(Bundle bundle) {
+    currentBundle() = std::move(bundle);
+}
+
+} // namespace zelvo::foundation

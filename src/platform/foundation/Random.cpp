@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "platform/foundation/Random.h"
+
+#include <random>
+
+namespace zelvo::foundation {
+
+namespace {
+
+// The standard pins this engine's sequence, so a seed means the same on every machine; its
+// distributions it does not pin, so the bounded draw below is our own.
+std::mt19937& source() {
+    static std::mt19937 engine(0);
+    return engine;
+}
+
+} // namespace
+
+void seedRandom(std::uint64_t seed) {
+    std::seed_seq words{static_cast<std::uint32_t>(seed), static_cast<std::uint32_t>(seed >> 32U)};
+    source().seed(words);
+}
+
+std::uint32_t arc4random() {
+    return static_cast<std::uint32_t>(source()());
+}
+
+std::uint32_t arc4random_uniform(std::uint32_t upperBound) {
+    if (upperBound < 2)
+        return 0;
+    // 2^32 mod bound: draws below it would favour small results.
+    const std::uint32_t minimum = (0U - upperBound) % upperBound;
+    std::uint32_t draw = arc4random();
+    while (draw < minimum) {
+        draw = arc4random();
+    }
+    return draw % upperBound;
+}
+
+} // namespace zelvo::foundation

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include "platform/foundation/UserDefaults.h"
+
+#include "platform/foundation/Console.h"
+
+#include <fmt/format.h>
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSaveFile>
+
+#include <utility>
+
+namespace zelvo::foundation {
+
+namespace {
+
+constexpr qint64 kMaxBytes = 1 << 20;
+
+std::optional<UserDefaults::Value> fromJSON(const QJsonValue& json) {
+    if (json.isBool())
+        return json.toBool();
+    if (json.isDouble())
+        return json.toDouble();
+    if (json.isString())
+        return json.toString().toStdString();
+    if (!json.isArray())
+        return {};
+    std::vector<std::string> strings;
+    for (const QJsonValue item : json.toArray()) {
+        if (!item.isString())
+            return {};
+        strings.push_back(item.toString().toStdString());
+    }
+    return strings;
+}
+
+struct ToJSON {
+    QJsonValue operator()(bool value) const { return value; }
+
+    QJsonValue operator()(double value) const { return value; }
+
+    QJsonValue operator()(const std::string& value) const { return QString::fromStdString(value); }
+
+    QJsonValue operator()(const std::vector<std::string>& value) const {
+        QJsonArray array;
+        for (const std::string& item : value) {
+            array.append(QString::fromStdString(item));
+        }
+        return array;
+    }
+};
+
+} // namespace
+
+UserDefaults::UserDefaults(std::filesystem::path path)
+    : file(std::move(path)) {
+    QFile in(QString::fromStdString(file.string()));
+    if (!in.open(QIODevice::ReadOnly) || in.size() > kMaxBytes)
+        return;
+    const QJsonObject object = QJsonDocument::fromJson(in.readAll()).object();
+    for (auto entry = object.begin(); entry != object.end(); ++entry) {
+        if (auto value = fromJSON(entry.value()))
+            values[entry.key().toStdString()] = *value;
+    }
+}
+
+// One reader for all types: a value of another type counts as missing.
+template <class T>
+static std::optional<T>
+valueOf(const std::map<std::string, UserDefaults::Value>& values, const std::string& key) {
+    const auto entry = values.find(key);
+    if (entry == values.end())
+        return {};
+    const T* value = std::get_if<T>(&entry->second);
+    return value != nullptr ? std::optional<T>(*value) : std::nullopt;
+}
+
+std::optional<std::string> UserDefaults::string(const std::string& key) const {
+    return valueOf<std::string>(values, key);
+}
+
+std::optional<std::vector<std::string>> UserDefaults::strings(const std::string& key) const {
+    return valueOf<std::vector<std::string>>(values, key);
+}
+
+std::optional<bool> UserDefaults::boolean(const std::string& key) const {
+    return valueOf<bool>(values, key);
+}
+
+std::optional<double> UserDefaults::number(const std::string& key) const {
+    return valueOf<double>(values, key);
+}
+
+void UserDefaults::set(const std::string& key, Value value) {
+    values[key] = std::move(value);
+    save();
+}
+
+void UserDefaults::remove(const std::string& key) {
+    if (values.erase(key) > 0)
+        save();
+}
+
+void UserDefaults::save() {
+    if (file.empty())
+        return;
+    QJsonObject object;
+    for (const auto& [key, value] : values) {
+        object[QString::fromStdString(key)] = std::visit(ToJSON{}, value);
+    }
+    std::error_code ignored;
+    std::filesystem::create_directories(file.parent_path(), ignored);
+    QSaveFile out(QString::fromStdString(file.string()));
+    const bool isSaved = out.open(QIODevice::WriteOnly) &&
+                         out.write(QJsonDocument(object).toJson()) >= 0 && out.commit();
+    if (isSaved || hasReportedUnwritable)
+        return;
+    hasReportedUnwritable = true;
+    logLine(fmt::format(
+        "{}: settings cannot be saved ({})", file.string(), out.errorString().toStdString()));
+}
+
+} // namespace zelvo::foundation

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <glm/vec2.hpp>
+#include <glm/vec3.hpp>
+#include <glm/vec4.hpp>
+
+#include <cstdint>
+#include <vector>
+
+namespace zelvo::geometry {
+
+/// Axis-aligned box; empty while min is above max.
+struct Box {
+    glm::vec3 min{1e30f};
+    glm::vec3 max{-1e30f};
+
+    [[nodiscard]] bool isEmpty() const { return min.x > max.x; }
+
+    void include(const glm::vec3& point);
+    void include(const Box& other);
+};
+
+/// One corner as the renderer takes it.
+struct Vertex {
+    glm::vec3 position{};
+    glm::vec3 normal{0, 0, 1};
+    glm::vec4 tangent{
+        1, 0, 0, 1}; ///< unit, along growing u; w = +1 or -1 is the handedness of the bitangent
+    glm::vec2 uv{};
+};
+
+/// A run of triangles that is drawn with one material.
+struct MeshElement {
+    std::uint32_t firstIndex = 0;
+    std::uint32_t indexCount = 0; ///< a multiple of 3
+};
+
+/// Triangles, counter-clockwise seen from outside.
+struct Mesh {
+    std::vector<Vertex> vertices;
+    std::vector<std::uint32_t> indices;
+    std::vector<MeshElement> elements;
+
+    [[nodiscard]] Box bounds() const;
+};
+
+} // namespace zelvo::geometry

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/image/Color.h"
+#include "platform/scene/Animated.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace zelvo::scene {
+
+enum class SCNLightType { ambient, directional, omni, spot };
+enum class SCNShadowMode { forward = 0, deferred = 1, modulated = 2 };
+
+/// A light; it stands at its node and shines along the node's -z.
+///
+/// Intensity: 1000 is nominal. Ambient and directional light do not fall off. Omni and spot light
+/// fall off with the square of the distance in scene units and are as bright at distance 1 as a
+/// directional light of the same number; so a letter 300 units away wants about 1000 * 300^2 = 9e7.
+/// It lights the nodes whose mask shares a bit with its own.
+class SCNLight {
+public:
+    SCNLightType type = SCNLightType::omni;
+    image::Color color = image::Color::white(1);
+    std::uint32_t categoryBitMask = 0xFFFFFFFFU;
+
+    bool castsShadow = false;
+    SCNShadowMode shadowMode = SCNShadowMode::forward;
+    image::Color shadowColor{
+        0, 0, 0, 0.5f};     ///< alpha is how much of the light a full shadow takes away
+    float shadowRadius = 3; ///< softness, in texels of the shadow map
+    int shadowSampleCount = 16;
+    int shadowMapSize = 1024;
+
+    double spotInnerAngle = 0;  ///< degrees, full brightness within
+    double spotOuterAngle = 45; ///< degrees, dark from here on
+    double zNear = 1;           ///< scene units, of the shadow's view
+    double zFar = 2000;
+
+    /// An assignment inside a transaction with a duration animates (SCNTransaction).
+    Animated<double> intensity{1000};
+};
+
+using SCNLightPtr = std::shared_ptr<SCNLight>;
+
+} // namespace zelvo::scene

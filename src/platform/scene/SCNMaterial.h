@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/image/Color.h"
+#include "platform/image/Image.h"
+
+#include <glm/mat4x4.hpp>
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <variant>
+
+namespace zelvo::scene {
+
+enum class SCNWrapMode { clamp = 1, repeat = 2, clampToBorder = 3, mirror = 4 };
+
+/// The six faces of a cube map in the order +x, -x, +y, -y, +z, -z.
+using CubeImages = std::array<image::ImagePtr, 6>;
+
+/// One slot of a material, or a scene's background or lighting environment.
+class SCNMaterialProperty {
+public:
+    /// Nothing, a colour, a number (grey value or scalar), a picture, or a cube of six pictures.
+    using Contents = std::variant<std::monostate, image::Color, float, image::ImagePtr, CubeImages>;
+
+    Contents contents;
+    float intensity =
+        1; ///< multiplies what the contents give (for `normal`: blends towards the flat normal)
+    SCNWrapMode wrapS = SCNWrapMode::clamp;
+    SCNWrapMode wrapT = SCNWrapMode::clamp;
+    glm::mat4 contentsTransform{1}; ///< applied to (u, v, 0, 1)
+
+    [[nodiscard]] bool isEmpty() const { return std::holds_alternative<std::monostate>(contents); }
+
+    /// The colour or grey value, white for a picture, the given one for an empty slot.
+    [[nodiscard]] image::Color colorOr(const image::Color& fallback) const;
+    /// The picture; null for anything else.
+    [[nodiscard]] image::ImagePtr image() const;
+    /// A null picture empties the slot.
+    void setImage(const image::ImagePtr& picture);
+};
+
+enum class SCNLightingModel { physicallyBased, constant };
+enum class SCNFillMode { fill = 0, lines = 1 };
+enum class SCNBlendMode { alpha = 0, add = 1, subtract = 2, multiply = 3, screen = 4, replace = 5 };
+/// aOne: alpha of `transparent` counts. rgbZero: its brightness counts, black is opaque.
+enum class SCNTransparencyMode { aOne = 0, rgbZero = 1 };
+enum class SCNShaderModifierEntryPoint { surface };
+
+/// How a surface looks. Colour slots hold sRGB; `normal`, `roughness`, `metalness`,
+/// `ambientOcclusion` and `displacement` hold data. Defaults of empty slots: diffuse white,
+/// emission black, roughness 0.5, metalness 0, ambientOcclusion 1, transparent opaque, multiply
+/// white, specular as physically based for dielectrics (4 %).
+///
+/// A shader modifier is GLSL that runs inside the fragment shader after the slots are sampled and
+/// before lighting. It reads and writes `_surface.diffuse`, `.emission`, `.specular` (vec4,
+/// linear), `.normal` (vec3, view space),
+/// `.roughness`, `.metalness`, `.ambientOcclusion` (float), `.diffuseTexcoord` (vec2), and may
+/// sample `u_diffuseTexture`, `u_specularTexture`, `u_emissionTexture` with texture2D, and read
+/// `u_time` (scene seconds).
+class SCNMaterial {
+public:
+    static constexpr std::size_t kSlotCount = 13;
+
+    virtual ~SCNMaterial() = default;
+
+    std::string name;
+    SCNLightingModel lightingModelName = SCNLightingModel::physicallyBased;
+    SCNFillMode fillMode = SCNFillMode::fill;
+    SCNBlendMode blendMode = SCNBlendMode::alpha;
+    SCNTransparencyMode transparencyMode = SCNTransparencyMode::aOne;
+    bool isDoubleSided = false;
+    float transparency = 1; ///< opacity of the whole material
+    std::map<SCNShaderModifierEntryPoint, std::string> shaderModifiers;
+
+    SCNMaterialProperty diffuse;
+    SCNMaterialProperty ambient;
+    SCNMaterialProperty specular;
+    SCNMaterialProperty emission;
+    SCNMaterialProperty transparent;
+    SCNMaterialProperty reflective;
+    SCNMaterialProperty multiply;
+    SCNMaterialProperty normal;
+    SCNMaterialProperty displacement;
+    SCNMaterialProperty ambientOcclusion;
+    SCNMaterialProperty selfIllumination;
+    SCNMaterialProperty metalness;
+    SCNMaterialProperty roughness;
+
+    /// The thirteen slots in the order of their declaration.
+    [[nodiscard]] std::array<SCNMaterialProperty*, kSlotCount> allProperties();
+    [[nodiscard]] std::array<const SCNMaterialProperty*, kSlotCount> allProperties() const;
+
+    /// Gives every slot the contents transform diag(scale, scale, 1, 1).
+    void setContentsScale(float scale);
+};
+
+using SCNMaterialPtr = std::shared_ptr<SCNMaterial>;
+
+} // namespace zelvo::scene

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/scene/Animated.h"
+#include "platform/scene/SCNAction.h"
+#include "platform/scene/SCNCamera.h"
+#include "platform/scene/SCNGeometry.h"
+#include "platform/scene/SCNLight.h"
+
+#include <glm/gtc/quaternion.hpp>
+#include <glm/mat4x4.hpp>
+#include <glm/vec3.hpp>
+#include <glm/vec4.hpp>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace zelvo::scene {
+
+class SCNScene;
+class SCNNode;
+
+/// Nodes are shared: a parent keeps its children alive, and the permanent stage keeps nodes alive
+/// while they move from one environment's scene to the next. Parents are not owned.
+using SCNNodePtr = std::shared_ptr<SCNNode>;
+
+/// A place in the scene tree with what stands there.
+///
+/// Right-handed, y up. A node's matrix is translation x rotation x scale x inverse pivot. Euler
+/// angles apply roll (z) first, then yaw (y), then pitch (x): R = Rx * Ry * Rz. Opacity multiplies
+/// down the tree, `isHidden` hides the subtree; `castsShadow` and `categoryBitMask` are per node.
+/// Always made through std::make_shared. Main thread only.
+class SCNNode : public std::enable_shared_from_this<SCNNode> {
+public:
+    SCNNode() = default;
+    virtual ~SCNNode();
+    SCNNode(const SCNNode&) = delete;
+    SCNNode& operator=(const SCNNode&) = delete;
+
+    std::string name;
+    bool castsShadow = true;
+    bool isHidden = false;
+    std::uint32_t categoryBitMask = 1;
+
+    SCNGeometryPtr geometry;
+    SCNLightPtr light;
+    SCNCameraPtr camera;
+    bool isBillboard =
+        false; ///< a billboard constraint: the node's axes are turned to the camera's when drawn
+
+    Animated<glm::vec3> position{glm::vec3(0)};
+    Animated<glm::vec3> scale{glm::vec3(1)};
+    Animated<float> opacity{1.0f};
+    glm::mat4 pivot{1}; ///< the frame that position, rotation and scale act on
+
+    [[nodiscard]] glm::vec3 eulerAngles() const {
+        return eulerAngles_;
+    } ///< as set, 720 degrees stay 720 degrees
+
+    void setEulerAngles(const glm::vec3& radians);
+
+    [[nodiscard]] glm::quat orientation() const { return orientation_; }
+
+    void setOrientation(const glm::quat& orientation);
+    /// Axis (need not be unit) and angle in radians; a zero axis means no rotation.
+    void setRotation(const glm::vec4& axisAngle);
+
+    [[nodiscard]] glm::mat4 transform() const;      ///< to the parent, of the presented values
+    [[nodiscard]] glm::mat4 worldTransform() const; ///< to the root, of the presented values
+    [[nodiscard]] glm::vec3 worldScale() const;     ///< lengths of the world transform's axes
+
+    // --- tree
+    void addChildNode(const SCNNodePtr& child); ///< takes it from its former parent; a circle is a
+                                                ///< programming error
+    void removeFromParentNode();
+
+    [[nodiscard]] const std::vector<SCNNodePtr>& childNodes() const { return children; }
+
+    [[nodiscard]] SCNNode* parent() const { return parent_; }
+    enum class Search { childrenOnly, recursively };
+    [[nodiscard]] SCNNodePtr childNodeWithName(const std::string& name, Search search) const;
+    /// Visits this node and all below, parents first.
+    void enumerateHierarchy(const std::function<void(SCNNode&)>& visit);
+
+    /// The box of the node's geometry and of all that is below it, in this node's own space. Hidden
+    /// subtrees below are left out, the node's own hiding is not regarded. All zero when nothing is
+    /// there.
+    [[nodiscard]] geometry::Box boundingBox() const;
+
+    // --- actions
+    /// A key cancels what ran under it. The completion is called on the main queue's thread after
+    /// the evaluation in which the action ends; it is not called for cancelled actions.
+    void runAction(const SCNActionPtr& action, std::function<void()> completion = {});
+    void runAction(
+        const SCNActionPtr& action, const std::string& key, std::function<void()> completion = {});
+    /// Also takes those not yet started.
+    void removeAllActions();
+    void removeActionForKey(const std::string& key);
+
+    [[nodiscard]] bool hasActions() const { return !running.empty(); }
+
+    // --- keyframe animations: none exist yet, so there are no keys
+    [[nodiscard]] std::vector<std::string> animationKeys() const { return {}; }
+
+    void removeAnimationForKey(const std::string& key, double blendOutDuration);
+
+private:
+    friend class SCNScene;
+
+    struct RunningAction;
+    /// Advances this node's actions and collects the completions of those that ended.
+    void advanceActions(double step, std::vector<std::function<void()>>& completions);
+
+    SCNNode* parent_ = nullptr;
+    std::vector<SCNNodePtr> children;
+    glm::vec3 eulerAngles_{0};
+    glm::quat orientation_{1, 0, 0, 0};
+    std::vector<std::shared_ptr<RunningAction>> running;
+};
+
+} // namespace zelvo::scene

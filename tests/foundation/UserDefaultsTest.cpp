@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "platform/foundation/UserDefaults.h"
+
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace zelvo::foundation {
+namespace {
+
+using Strings = std::vector<std::string>;
+
+TEST(UserDefaults, EveryTypeComesBackAfterARelaunchAndOnlyAsItself) {
+    const test::TemporaryFolder folder;
+    const auto file = folder.path() / "deep" / "defaults.json";
+    {
+        UserDefaults defaults(file);
+        defaults.set("flag", true);
+        defaults.set("size", 0.76);
+        defaults.set("name", std::string("Gang of \"three\" – ü"));
+        defaults.set("list", Strings{"a", "b"});
+        defaults.set("gone", std::string("x"));
+        defaults.remove("gone");
+    }
+    const UserDefaults again(file);
+    EXPECT_EQ(again.boolean("flag"), true);
+    EXPECT_EQ(again.number("size"), 0.76);
+    EXPECT_EQ(again.string("name"), "Gang of \"three\" – ü");
+    EXPECT_EQ(again.strings("list"), (Strings{"a", "b"}));
+    EXPECT_FALSE(again.string("gone"));
+    EXPECT_FALSE(again.string("list")); // mistyped counts as missing
+    EXPECT_FALSE(again.strings("name"));
+}
+
+TEST(UserDefaults, ADamagedFileCountsAsEmptyAndIsReplacedByTheNextChange) {
+    const test::TemporaryFolder folder;
+    const auto file = folder.path() / "defaults.json";
+    for (const char* damage : {"", "{", "[1,2]", "{\"a\":[1,\"x\"],\"b\":{}}", "\xff\xfe"}) {
+        std::ofstream(file, std::ios::binary) << damage;
+        UserDefaults defaults(file);
+        EXPECT_FALSE(defaults.strings("a")) << damage;
+        defaults.set("a", std::string("ok"));
+        EXPECT_EQ(UserDefaults(file).string("a"), "ok") << damage;
+    }
+}
+
+TEST(UserDefaults, AFolderThatCannotBeWrittenKeepsTheValuesInMemory) {
+    UserDefaults defaults("/proc/no/such/place/defaults.json");
+    defaults.set("a", 1.0);
+    EXPECT_EQ(defaults.number("a"), 1.0);
+}
+
+} // namespace
+} // namespace zelvo::foundation
