@@ -12,6 +12,7 @@
 #include <QSaveFile>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <mutex>
@@ -28,6 +29,11 @@ namespace {
 constexpr qint64 kMaxFileBytes = 512LL << 20U;
 constexpr int kAllocationMegabytes = 512; ///< for one decoded picture, before it is scaled down
 constexpr int kJPEGQuality = 95;
+
+/// What people's pictures come as, as far as the decoders are there. Qt would also try icons,
+/// vector files and text.
+constexpr auto kFormats =
+    std::to_array<const char*>({"png", "jpeg", "gif", "bmp", "webp", "tiff", "heic", "heif"});
 
 QString qPath(const std::filesystem::path& path) {
     return QString::fromStdString(path.string());
@@ -113,21 +119,40 @@ Result<ImagePtr> decode(QIODevice& device) {
     return copied(normalised(decoded));
 }
 
-Result<void> save(const QImage& image, const std::filesystem::path& path, const char* format) {
-    QSaveFile file(qPath(path));
-    const auto unwritable = [&] {
+/// Puts a file in place whole or not at all; anything else that can be written to (a device, a
+/// pipe) is written as it is.
+Result<void> writeFile(const std::filesystem::path& path, const QByteArray& bytes) {
+    const auto unwritable = [&](const QFileDevice& file) {
         return fail(
             Cause::unwritable,
             path.string() + " cannot be written: " + file.errorString().toStdString());
     };
-    if (!file.open(QIODevice::WriteOnly))
-        return unwritable();
-    QImageWriter writer(&file, format);
+    std::error_code error;
+    if (std::filesystem::exists(path, error) && !std::filesystem::is_regular_file(path, error)) {
+        QFile file(qPath(path));
+        const bool done = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
+                          file.write(bytes) == bytes.size();
+        if (!done)
+            return unwritable(file);
+        return {};
+    }
+    QSaveFile file(qPath(path));
+    const bool done =
+        file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    if (!done)
+        return unwritable(file);
+    return {};
+}
+
+Result<void> save(const QImage& image, const std::filesystem::path& path, const char* format) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, format);
     if (std::string_view(format) == "jpeg")
         writer.setQuality(kJPEGQuality);
-    if (!writer.write(image) || !file.commit())
-        return unwritable();
-    return {};
+    CHECK(writer.write(image), "{}: {}", path.string(), writer.errorString().toStdString());
+    return writeFile(path, bytes);
 }
 
 QImage viewOf(const Image& image) {

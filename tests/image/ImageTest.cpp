@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "image/ImageFiles.h"
+#include "platform/foundation/Folders.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdlib>
+
+namespace zelvo::image {
+namespace {
+
+using foundation::Cause;
+
+/// The name of the colour at a place given in quarters of the sides: r, g, b, w, or ? for another.
+char colourAt(const Image& image, int xQuarters, int yQuarters) {
+    const int x = image.width * xQuarters / 4;
+    const int y = image.height * yQuarters / 4;
+    const auto at = static_cast<std::size_t>(y * image.width + x) * 4;
+    const bool red = image.pixels[at] > 200;
+    const bool green = image.pixels[at + 1] > 200;
+    const bool blue = image.pixels[at + 2] > 200;
+    if (red && green && blue)
+        return 'w';
+    if (red && !green && !blue)
+        return 'r';
+    if (green && !red && !blue)
+        return 'g';
+    return blue && !red && !green ? 'b' : '?';
+}
+
+std::string cornersOf(const Image& image) {
+    return {
+        colourAt(image, 1, 1), colourAt(image, 3, 1), colourAt(image, 1, 3), colourAt(image, 3, 3)};
+}
+
+/// A JPEG with an Exif segment that says nothing but the orientation.
+std::vector<std::uint8_t> oriented(std::vector<std::uint8_t> jpeg, std::uint8_t orientation) {
+    const std::vector<std::uint8_t> segment{
+        0xFF, 0xE1, 0,    34,   'E', 'x', 'i', 'f', 0, 0, 'M', 'M',         0, 42, 0, 0, 0, 8,
+        0,    1,    0x01, 0x12, 0,   3,   0,   0,   0, 1, 0,   orientation, 0, 0,  0, 0, 0, 0};
+    jpeg.insert(jpeg.begin() + 2, segment.begin(), segment.end());
+    return jpeg;
+}
+
+TEST(Image, PNGKeepsEveryByteWithStraightAlpha) {
+    const ScratchFolder folder;
+    Image image(64, 4);
+    for (std::size_t i = 0; i < image.pixels.size(); ++i) {
+        image.pixels[i] = static_cast<std::uint8_t>(i * 37 + i / 7);
+    }
+    ASSERT_TRUE(savePNG(image, folder.path / "a.png"));
+    const auto loaded = loadImage(folder.path / "a.png");
+    ASSERT_TRUE(loaded);
+    EXPECT_EQ((*loaded)->pixels, image.pixels);
+}
+
+TEST(Image, ExifOrientationIsApplied) {
+    const ScratchFolder folder;
+    ASSERT_TRUE(saveJPEG(quartered(64, 32), folder.path / "a.jpg"));
+    const auto jpeg = bytesOf(folder.path / "a.jpg");
+    // Where the stored corners red, green, blue, white must stand, by the tag's definition in
+    // Exif 2.3.
+    constexpr auto kCorners = std::to_array<const char*>(
+        {"rgbw", "grwb", "wbgr", "bwrg", "rbgw", "brwg", "wgbr", "gwrb"});
+    for (std::size_t i = 0; i < kCorners.size(); ++i) {
+        const auto loaded = decodeImage(oriented(jpeg, static_cast<std::uint8_t>(i + 1)));
+        ASSERT_TRUE(loaded) << loaded.error().message;
+        EXPECT_EQ(cornersOf(**loaded), kCorners.at(i)) << "orientation " << i + 1;
+        EXPECT_EQ((*loaded)->width, i < 4 ? 64 : 32);
+    }
+}
+
+TEST(Image, LargePicturesAreScaledDownWithTheirShape) {
+    const ScratchFolder folder;
+    ASSERT_TRUE(savePNG(quartered(6000, 1500), folder.path / "wide.png"));
+    const auto loaded = loadImage(folder.path / "wide.png");
+    ASSERT_TRUE(loaded);
+    EXPECT_EQ((*loaded)->width, kMaxSide);
+    EXPECT_EQ((*loaded)->height, 1024);
+    EXPECT_EQ(cornersOf(**loaded), "rgbw");
+}
+
+TEST(Image, FailuresNameTheirCause) {
+    const ScratchFolder folder;
+    const Image image = quartered(4, 4);
+    EXPECT_EQ(loadImage(folder.path / "none.png").error().cause, Cause::notFound);
+    EXPECT_EQ(loadImage(folder.path).error().cause, Cause::unreadable);
+    EXPECT_EQ(savePNG(image, folder.path / "no/folder.png").error().cause, Cause::unwritable);
+    const auto full = savePNG(image, "/dev/full");
+    ASSERT_FALSE(full);
+    EXPECT_EQ(full.error().cause, Cause::unwritable);
+    EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
+}
+
+TEST(Image, TintTakesTheColourAndKeepsTheAlpha) {
+    const Image result = tinted(quartered(2, 2), Color{0.2f, 0.4f, 1, 0.5f});
+    EXPECT_EQ(
+        result.pixels,
+        (std::vector<std::uint8_t>{
+            51, 102, 255, 128, 51, 102, 255, 128, 51, 102, 255, 128, 51, 102, 255, 64}));
+}
+
+TEST(Image, ResourcesAreFoundByNameAndKept) {
+    const ScratchFolder folder;
+    const foundation::Bundle before = foundation::mainBundle();
+    foundation::setMainBundle(foundation::Bundle({folder.path}));
+    ASSERT_TRUE(savePNG(quartered(4, 4), folder.path / "there.png"));
+    std::ofstream(folder.path / "broken.png") << "no picture";
+
+    const ImagePtr first = imageNamed("there.png");
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(first->lightProbe, nullptr);
+    EXPECT_EQ(imageNamed("there.png"), first);
+    EXPECT_EQ(imageNamed("absent.png"), nullptr);
+    EXPECT_EQ(imageNamed("broken.png"), nullptr);
+    foundation::setMainBundle(before);
+}
+
+/// Foreign pictures lie in the folder that the environment names, where there is one.
+TEST(Image, ForeignSamplesLoad) {
+    const char* const samples = std::getenv("ZELVO_SAMPLES");
+    if (samples == nullptr)
+        GTEST_SKIP() << "ZELVO_SAMPLES names no folder";
+    const std::filesystem::path folder = std::filesystem::path(samples) / "images";
+
+    const auto turned = loadImage(folder / "orientation-6.jpg");
+    ASSERT_TRUE(turned) << turned.error().message;
+    EXPECT_EQ((*turned)->width, (*turned)->height);
+
+    const auto grey = loadImage(folder / "gray16-trns.png");
+    ASSERT_TRUE(grey) << grey.error().message;
+    std::array<bool, 2> alphaSeen{};
+    for (std::size_t i = 0; i < (*grey)->pixels.size(); i += 4) {
+        ASSERT_EQ((*grey)->pixels[i], (*grey)->pixels[i + 1]);
+        alphaSeen.at((*grey)->pixels[i + 3] == 255 ? 1 : 0) = true;
+    }
+    EXPECT_TRUE(alphaSeen[0] && alphaSeen[1]);
+}
+
+} // namespace
+} // namespace zelvo::image
