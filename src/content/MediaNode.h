@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "content/MediaShape.h"
+#include "core/node/Node.h"
+
+namespace zelvo::content {
+
+struct MediaStylePreset;
+
+/// Shows a shape, or an object that the user imported in its place.
+class MediaNode final : public core::Node {
+public:
+    [[nodiscard]] static std::shared_ptr<MediaNode>
+    make(const glm::vec3& position, float scale, const core::Surroundings& surroundings);
+    MediaNode(
+        Key key, const glm::vec3& position, float scale, const core::Surroundings& surroundings);
+
+    /// The first shape of that name; a new "None" if there is none.
+    [[nodiscard]] static MediaShapePtr shapeNamed(const std::string& name);
+
+    [[nodiscard]] const MediaShapePtr& currentShape() const { return currentShape_; }
+
+    [[nodiscard]] const scene::SCNNodePtr& customNode() const { return customNode_; }
+
+    void setShape(MediaShapePtr shape); ///< drops the imported object, resets the layout
+    void
+    setCustomNode(scene::SCNNodePtr node); ///< keeps the object's own materials, resets the layout
+    void applyStyle(const MediaStylePreset& preset);
+
+    /// Gives an imported object the plain material in that colour.
+    void setFrontColor(const image::Color& color) override;
+    void updateContent() override;
+
+private:
+    void showCustomNode(const scene::SCNMaterialPtr& material);
+
+    MediaShapePtr currentShape_;
+    scene::SCNNodePtr customNode_;
+};
+
+using MediaNodePtr = std::shared_ptr<MediaNode>;
+
+} // namespace zelvo::content

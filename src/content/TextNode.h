@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "content/CharNode.h"
+#include "core/node/Node.h"
+#include "platform/text/LineLayout.h"
+
+#include <string>
+#include <vector>
+
+namespace zelvo::content {
+
+struct TextStylePreset;
+
+/// Where a glyph of a line stands, in scene units. `y` and `width` serve nobody yet.
+struct TextCoords {
+    float x = 0; ///< pen position
+    float y = 0; ///< descent and leading of the glyph and 7, rounded up
+    float width = 0;
+};
+
+/// A string as one solid per character, so that every letter can be moved on its own while the
+/// string stays centred on the node's origin. The letters are contentNode's children, in the order
+/// of the string's characters. An unknown font name is no failure: the string is set in the
+/// fallback font.
+///
+/// Every change of style rebuilds all letters at once; a change of depth alone does not. A mark in
+/// the user defaults stands while letters are built: a font that once killed the process there is
+/// drawn without a chamfer ever after.
+class TextNode final : public core::Node {
+public:
+    struct Options {
+        glm::vec3 position{0};
+        float scale = 1;
+        std::string text;
+        std::string fontName;
+        std::string shortName;
+    };
+
+    [[nodiscard]] static std::shared_ptr<TextNode>
+    make(Options options, const core::Surroundings& surroundings);
+    TextNode(Key key, Options options, const core::Surroundings& surroundings);
+
+    static constexpr double kFontSize =
+        94; ///< em, scene units; the apparent size is the rig's scale
+    static constexpr double kKerning = -1; ///< first extra advance between letters, scene units
+
+    const std::string inititalText;
+
+    [[nodiscard]] const std::string& text() const { return text_; }
+
+    [[nodiscard]] const std::string& fontName() const { return fontName_; }
+
+    [[nodiscard]] double bevelRadius() const { return bevelRadius_; }
+
+    [[nodiscard]] double kerning() const { return kerning_; }
+
+    [[nodiscard]] double extrusionDepth() const { return extrusionDepth_; }
+
+    [[nodiscard]] look::BevelProfile bevelProfile() const { return bevelProfile_; }
+
+    [[nodiscard]] look::BevelInnerOuter bevelInnerOuter() const { return bevelInnerOuter_; }
+
+    /// True while the current font stands in the list of fonts that killed the process; its chamfer
+    /// is 0 then.
+    [[nodiscard]] bool fileSeemsToBeCorrupt() const { return isFontCorrupt; }
+
+    void setText(std::string text);
+    void setFontName(std::string name);
+    void setBevelRadius(float radius);
+    void setKerning(float kerning);
+    void setBevelProfile(look::BevelProfile profile);
+    void setBevelInnerOuter(look::BevelInnerOuter fill);
+    void setExtrusionDepth(double depth); ///< no rebuild; letters are at least 1 deep
+
+    void applyStyle(const TextStylePreset& preset);
+    void updateContent() override;
+
+    [[nodiscard]] std::vector<CharNodePtr> letters() const;
+
+private:
+    [[nodiscard]] text::TextAttributes attributes() const;
+    [[nodiscard]] std::vector<TextCoords> glyphCoordinates() const;
+    void buildLetters();
+    [[nodiscard]] CharNodePtr makeLetter(const std::string& character) const;
+    void centre(const glm::vec2& middle, float advance);
+    void updateExtrusion();
+
+    const geometry::BezierPath linearProfile;
+    const geometry::BezierPath roundedProfile;
+    std::string text_;
+    std::string fontName_;
+    double bevelRadius_ = 1.8;
+    double kerning_ = kKerning;
+    double extrusionDepth_ = 24;
+    look::BevelProfile bevelProfile_ = look::BevelProfile::linear;
+    look::BevelInnerOuter bevelInnerOuter_ = look::BevelInnerOuter::inner;
+    bool isFontCorrupt = false;
+};
+
+using TextNodePtr = std::shared_ptr<TextNode>;
+
+/// Not used by anything yet.
+class TextNode2D {};
+
+} // namespace zelvo::content

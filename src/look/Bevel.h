@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+namespace zelvo::look {
+
+/// The cross-section of a letter's chamfer.
+enum class BevelProfile : std::uint8_t { linear = 0, rounded = 1 };
+
+/// What fills a chamfer: `inner` the front material, `outer` the band material.
+enum class BevelInnerOuter : std::uint8_t { inner = 0, outer = 1 };
+
+} // namespace zelvo::look
