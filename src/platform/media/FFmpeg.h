@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+// For the sources of this folder only: FFmpeg's C interface with owners for its objects. Nobody
+// outside includes it.
+
+#include "platform/foundation/Result.h"
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
+#include <libavutil/channel_layout.h>
+#include <libavutil/opt.h>
+#include <libswresample/swresample.h>
+#include <libswscale/swscale.h>
+}
+
+#include <filesystem>
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace zelvo::media {
+
+struct FFmpegDelete {
+    void operator()(AVFormatContext* context) const { avformat_close_input(&context); }
+
+    void operator()(AVCodecContext* context) const { avcodec_free_context(&context); }
+
+    void operator()(AVFrame* frame) const { av_frame_free(&frame); }
+
+    void operator()(AVPacket* packet) const { av_packet_free(&packet); }
+
+    void operator()(SwrContext* context) const { swr_free(&context); }
+
+    void operator()(SwsContext* context) const { sws_freeContext(context); }
+
+    void operator()(AVBufferRef* buffer) const { av_buffer_unref(&buffer); }
+};
+
+template <class T> using FFmpegPtr = std::unique_ptr<T, FFmpegDelete>;
+
+/// Frees what av_dict_set has put together.
+class Options {
+public:
+    Options(std::initializer_list<std::pair<std::string_view, std::string_view>> entries);
+    ~Options();
+    Options(const Options&) = delete;
+    Options& operator=(const Options&) = delete;
+
+    [[nodiscard]] AVDictionary** get() { return &entries_; }
+
+private:
+    AVDictionary* entries_ = nullptr;
+};
+
+/// FFmpeg writes to the console by itself otherwise; each of its uses begins with this.
+void silenceFFmpeg();
+
+[[nodiscard]] std::string describeAVError(int code);
+
+/// What a failed writing call means to the user: full disk, denied, folder missing.
+[[nodiscard]] foundation::Error writingError(int code, const std::filesystem::path& file);
+
+} // namespace zelvo::media

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "platform/media/MovieFile.h"
+
+#include "platform/foundation/Check.h"
+
+#include <system_error>
+
+namespace zelvo::media {
+
+using foundation::Result;
+
+namespace {
+
+unsigned tagOf(const AVCodecParameters& parameters) {
+    // The tags that players look for; FFmpeg's own choice for HEVC is the other one, which they
+    // refuse.
+    switch (parameters.codec_id) {
+    case AV_CODEC_ID_H264:
+        return MKTAG('a', 'v', 'c', '1');
+    case AV_CODEC_ID_HEVC:
+        return MKTAG('h', 'v', 'c', '1');
+    default:
+        return 0;
+    }
+}
+
+} // namespace
+
+void MovieFile::CloseOutput::operator()(AVFormatContext* context) const {
+    if (context->pb != nullptr)
+        avio_closep(&context->pb);
+    avformat_free_context(context);
+}
+
+Result<MovieFile> MovieFile::create(const std::filesystem::path& path, Layout layout) {
+    silenceFFmpeg();
+    MovieFile file;
+    file.path_ = path;
+    file.layout = layout;
+    AVFormatContext* context = nullptr;
+    avformat_alloc_output_context2(&context, nullptr, "mov", path.c_str());
+    CHECK(context != nullptr, "FFmpeg has no QuickTime writer");
+    file.format.reset(context);
+    if (const int code = avio_open(&context->pb, path.c_str(), AVIO_FLAG_WRITE); code < 0) {
+        file.path_.clear(); // what stands there is not ours to remove
+        return tl::unexpected(writingError(code, path));
+    }
+    context->flags |= AVFMT_FLAG_BITEXACT; // no version strings and dates: same frames, same bytes
+    return file;
+}
+
+MovieFile::~MovieFile() {
+    if (!format || isFinished || path_.empty())
+        return;
+    format.reset();
+    std::error_code ignored;
+    if (std::filesystem::is_regular_file(path_, ignored))
+        std::filesystem::remove(path_, ignored);
+}
+
+int MovieFile::addTrack(const AVCodecParameters& parameters, AVRational timeBase) {
+    AVStream* stream = avformat_new_stream(format.get(), nullptr);
+    CHECK(stream != nullptr && !hasBegun, "no track can be added to {}", path_.string());
+    avcodec_parameters_copy(stream->codecpar, &parameters);
+    stream->codecpar->codec_tag = tagOf(parameters);
+    stream->time_base = timeBase;
+    timeBases.push_back(timeBase);
+    return stream->index;
+}
+
+Result<void> MovieFile::begin() {
+    // One timescale for movie and video, so that lengths in frames are exact in both.
+    Options options{
+        {"movie_timescale",       "600"},
+        {"video_track_timescale", "600"}
+    };
+    if (layout == Layout::indexFirst)
+        av_dict_set(options.get(), "movflags", "+faststart", 0);
+    hasBegun = true;
+    const int code = avformat_write_header(format.get(), options.get());
+    if (code < 0)
+        return tl::unexpected(writingError(code, path_));
+    return {};
+}
+
+Result<void> MovieFile::write(AVPacket& packet, int track) {
+    packet.stream_index = track;
+    const auto index = static_cast<std::size_t>(track);
+    av_packet_rescale_ts(&packet, timeBases.at(index), format->streams[index]->time_base);
+    const int code = av_interleaved_write_frame(format.get(), &packet);
+    if (code < 0)
+        return tl::unexpected(writingError(code, path_));
+    return {};
+}
+
+Result<void> MovieFile::finish() {
+    int code = av_write_trailer(format.get());
+    const int closed = avio_closep(&format->pb);
+    if (code >= 0)
+        code = closed;
+    if (code < 0)
+        return tl::unexpected(writingError(code, path_));
+    isFinished = true;
+    return {};
+}
+
+} // namespace zelvo::media

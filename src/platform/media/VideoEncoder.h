@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/Result.h"
+#include "platform/media/CMTime.h"
+#include "platform/media/FFmpeg.h"
+#include "platform/media/PixelBuffer.h"
+#include "platform/media/VideoSettings.h"
+
+#include <functional>
+
+namespace zelvo::media {
+
+/// Turns pictures into packets: conversion to 4:2:0, scaling where the picture is not of the
+/// movie's size, encoding. No frame refers to a later one, so packets come in the order of showing
+/// and a movie can be cut after any frame.
+class VideoEncoder {
+public:
+    using PacketSink = std::function<foundation::Result<void>(AVPacket&)>;
+
+    /// Times of packets are in parts of this.
+    static constexpr std::int32_t kTimescale = 600;
+    static constexpr std::int32_t kFramesPerSecond = 60;
+
+    /// unavailable if no encoder for the codec works here.
+    [[nodiscard]] static foundation::Result<VideoEncoder> open(const VideoSettings& settings);
+
+    [[nodiscard]] foundation::Result<void>
+    encode(const PixelBuffer& picture, CMTime time, const PacketSink& sink);
+
+    /// Brings out what the encoder still holds.
+    [[nodiscard]] foundation::Result<void> finish(const PacketSink& sink);
+
+    [[nodiscard]] const AVCodecContext& context() const { return *codec; }
+
+private:
+    VideoEncoder() = default;
+
+    [[nodiscard]] foundation::Result<void> prepareFrame(const PixelBuffer& picture);
+    [[nodiscard]] foundation::Result<void> send(AVFrame* frame, const PacketSink& sink);
+
+    FFmpegPtr<AVCodecContext> codec;
+    FFmpegPtr<AVFrame> frame;
+    FFmpegPtr<AVPacket> packet;
+    FFmpegPtr<SwsContext> scaler; // made when the first picture of another size comes
+};
+
+} // namespace zelvo::media
