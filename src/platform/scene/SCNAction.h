@@ -34,7 +34,9 @@ enum class UnitArc {
 /// group's too).
 /// - Two actions on one property: each writes in the order of starting, the last one stands. moveBy
 /// and rotateBy add
-///   their own increment and combine with all others.
+///   their own increment and combine with all others, absolute ones that run at the same time
+///   included.
+/// - What is less than kTimeTolerance short of an end has reached it.
 class SCNAction {
 public:
     [[nodiscard]] static SCNActionPtr
@@ -57,19 +59,27 @@ public:
     [[nodiscard]] static SCNActionPtr run(std::function<void(SCNNode&)> block);
     [[nodiscard]] static SCNActionPtr
     sequence(std::vector<SCNActionPtr> steps, TimingFunction timing = {});
-    /// Lasts as long as its longest member.
+    /// All at once, each evaluated in the order given. Lasts as long as its longest member.
     [[nodiscard]] static SCNActionPtr
     group(std::vector<SCNActionPtr> members, TimingFunction timing = {});
 
     [[nodiscard]] double duration() const { return duration_; }
 
-    /// One run of an action on a node; made by SCNNode, advanced once a frame.
+    /// What a run works on, and whether it was taken off its node meanwhile (a block may do that):
+    /// then nothing more of it may be done.
+    struct Target {
+        SCNNode& node;
+        const bool& isCancelled;
+    };
+
+    /// One run of an action on a node; started by SCNNode, must not outlive the action.
     class Run {
     public:
         virtual ~Run() = default;
-        /// Moves on by `step` seconds; the first call is made with 0. Returns what is left of the
-        /// step after the action's end (>= 0), or a negative number while it goes on.
-        virtual double advance(SCNNode& node, double step) = 0;
+        /// Brings the node to `elapsed` seconds of the action's own time, 0 to its duration. The
+        /// first call takes the starting values. Time mostly grows, but goes back where an
+        /// enclosing action's timing function does.
+        virtual void apply(const Target& target, double elapsed) = 0;
     };
 
     virtual ~SCNAction() = default;
@@ -78,8 +88,14 @@ public:
 protected:
     SCNAction(double duration, TimingFunction timing);
 
+    /// The bent progress at a time, that of the end for an action without duration.
+    [[nodiscard]] float progressAt(double elapsed) const;
+
+    [[nodiscard]] bool isLinear() const { return !timing_; }
+
+private:
     double duration_;
-    TimingFunction timing;
+    TimingFunction timing_;
 };
 
 } // namespace zelvo::scene

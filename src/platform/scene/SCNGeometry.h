@@ -4,6 +4,7 @@
 #include "platform/geometry/Mesh.h"
 #include "platform/scene/SCNMaterial.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -35,6 +36,8 @@ protected:
 
 private:
     struct Built;
+    [[nodiscard]] const Built& ensureBuilt() const;
+
     mutable std::shared_ptr<const Built> built;
 };
 

@@ -27,6 +27,12 @@ class SCNNode;
 /// while they move from one environment's scene to the next. Parents are not owned.
 using SCNNodePtr = std::shared_ptr<SCNNode>;
 
+/// R = Rx * Ry * Rz of angles in radians.
+[[nodiscard]] glm::quat orientationFromEulerAngles(const glm::vec3& radians);
+/// Its inverse: pitch and roll in -pi to pi, yaw in -pi/2 to pi/2; looking straight along x (yaw
+/// +-pi/2) the roll is 0.
+[[nodiscard]] glm::vec3 eulerAnglesFromOrientation(const glm::quat& orientation);
+
 /// A place in the scene tree with what stands there.
 ///
 /// Right-handed, y up. A node's matrix is translation x rotation x scale x inverse pivot. Euler
@@ -35,7 +41,7 @@ using SCNNodePtr = std::shared_ptr<SCNNode>;
 /// Always made through std::make_shared. Main thread only.
 class SCNNode : public std::enable_shared_from_this<SCNNode> {
 public:
-    SCNNode() = default;
+    SCNNode();
     virtual ~SCNNode();
     SCNNode(const SCNNode&) = delete;
     SCNNode& operator=(const SCNNode&) = delete;
@@ -100,7 +106,16 @@ public:
     void removeAllActions();
     void removeActionForKey(const std::string& key);
 
-    [[nodiscard]] bool hasActions() const { return !running.empty(); }
+    [[nodiscard]] bool hasActions() const;
+
+    /// What relative actions do: a change on top of whatever absolute actions write. Those compare
+    /// the sums of all such increments with what they were at their own start.
+    void addToPosition(const glm::vec3& delta);
+    void addToEulerAngles(const glm::vec3& delta);
+
+    [[nodiscard]] glm::vec3 addedPosition() const { return addedPosition_; }
+
+    [[nodiscard]] glm::vec3 addedEulerAngles() const { return addedEulerAngles_; }
 
     // --- keyframe animations: none exist yet, so there are no keys
     [[nodiscard]] std::vector<std::string> animationKeys() const { return {}; }
@@ -111,14 +126,24 @@ private:
     friend class SCNScene;
 
     struct RunningAction;
-    /// Advances this node's actions and collects the completions of those that ended.
-    void advanceActions(double step, std::vector<std::function<void()>>& completions);
+    /// Advances those of this node's actions that were added before the evaluation of the given
+    /// number began, and collects the completions of those that ended.
+    void advanceActions(
+        double step, std::uint64_t evaluation, std::vector<std::function<void()>>& completions);
+    /// Cancels what the key names, all for an empty key.
+    void cancelActions(const std::string& key);
+    void dropFinishedActions();
+
+    static std::uint64_t evaluationsBegun; ///< over all scenes
 
     SCNNode* parent_ = nullptr;
     std::vector<SCNNodePtr> children;
     glm::vec3 eulerAngles_{0};
     glm::quat orientation_{1, 0, 0, 0};
-    std::vector<std::shared_ptr<RunningAction>> running;
+    glm::vec3 addedPosition_{0};
+    glm::vec3 addedEulerAngles_{0};
+    std::vector<std::unique_ptr<RunningAction>> running; ///< in the order of starting
+    bool isAdvancing = false; ///< while true, cancelled actions are marked and stay in the list
 };
 
 } // namespace zelvo::scene

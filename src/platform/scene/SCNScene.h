@@ -4,10 +4,12 @@
 #include "platform/foundation/Result.h"
 #include "platform/scene/SCNNode.h"
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <variant>
+#include <vector>
 
 namespace zelvo::scene {
 
@@ -52,10 +54,18 @@ public:
     [[nodiscard]] double time() const { return time_; }
 
 private:
+    /// Appends the nodes with actions at and below a node to `active`, parents first.
+    void collectActive(const SCNNodePtr& node);
+
     SCNNodePtr rootNode_;
     std::map<std::string, Attribute> attributes;
     double time_ = 0;
     bool hasTime = false;
+    bool isApplying = false;
+
+    // Kept between frames for their memory only.
+    std::vector<SCNNodePtr> active;
+    std::vector<std::function<void()>> completions;
 };
 
 using SCNScenePtr = std::shared_ptr<SCNScene>;

@@ -109,6 +109,7 @@ private:
     int segmentCount_ = 48;
 };
 
+/// Around the y axis.
 class SCNTorus final : public SCNGeometry {
 public:
     SCNTorus(double ringRadius, double pipeRadius);

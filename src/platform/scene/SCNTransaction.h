@@ -29,7 +29,8 @@ public:
     animate(const std::shared_ptr<int>& generation, std::function<void(float)> interpolate);
 
     /// Advances all running property animations by a step of scene time. Called once per frame by
-    /// SCNScene::applyAnimations.
+    /// SCNScene::applyAnimations. As an action, an animation begins with the first advance after it
+    /// was made, at 0.
     static void advance(double step);
 
     /// Ends all running animations at their targets.

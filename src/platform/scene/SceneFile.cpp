@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+#include "platform/scene/SceneFile.h"
+
+#include "platform/foundation/Check.h"
+#include "platform/foundation/Folders.h"
+#include "platform/scene/SCNScene.h"
+#include "platform/scene/SCNShapes.h"
+
+#include <fmt/format.h>
+#include <glm/trigonometric.hpp>
+
+#include <array>
+#include <fstream>
+#include <iterator>
+#include <limits>
+
+namespace zelvo::scene {
+
+namespace {
+
+constexpr int kMaxDepth = 32;
+constexpr int kMaxNodes = 4096;
+constexpr double kMost = 1e6; ///< scene units
+constexpr Range kLength{0.001, kMost};
+constexpr Range kLengthOrNone{0, kMost};
+constexpr Range kFraction{0, 1};
+constexpr Range kAngleDegrees{0, 180};
+constexpr Range kMask{0, std::numeric_limits<int>::max()};
+constexpr Range kNotNegative{0, std::numeric_limits<double>::infinity()};
+
+constexpr auto kLightTypes = std::to_array<Named<SCNLightType>>({
+    {"ambient",     SCNLightType::ambient    },
+    {"directional", SCNLightType::directional},
+    {"omni",        SCNLightType::omni       },
+    {"spot",        SCNLightType::spot       }
+});
+
+enum class ShapeKind { plane, box, sphere, torus };
+
+constexpr auto kShapes = std::to_array<Named<ShapeKind>>({
+    {"plane",  ShapeKind::plane },
+    {"box",    ShapeKind::box   },
+    {"sphere", ShapeKind::sphere},
+    {"torus",  ShapeKind::torus }
+});
+
+struct Context {
+    JsonFault fault;
+    int nodes = 0;
+};
+
+void readShadow(JsonObject& object, SCNLight& light) {
+    if (const auto casts = object.boolean("castsShadow"))
+        light.castsShadow = *casts;
+    if (const auto color = readColor(object, "shadowColor"))
+        light.shadowColor = *color;
+    if (const auto radius = object.number("shadowRadius", {0, 100}))
+        light.shadowRadius = static_cast<float>(*radius);
+    if (const auto count = object.integer("shadowSampleCount", {1, 64}))
+        light.shadowSampleCount = *count;
+    if (const auto size = object.integer("shadowMapSize", {16, 4096}))
+        light.shadowMapSize = *size;
+    if (const auto near = object.number("zNear", kLength))
+        light.zNear = *near;
+    if (const auto far = object.number("zFar", kLength))
+        light.zFar = *far;
+    if (light.zNear >= light.zFar)
+        object.report("zFar", "must be beyond zNear");
+}
+
+SCNLightPtr readLight(const rapidjson::Value& value, const std::string& path, JsonFault& fault) {
+    auto light = std::make_shared<SCNLight>();
+    JsonObject object(value, path, fault);
+    if (const auto type = object.oneOf("type", kLightTypes)) {
+        light->type = *type;
+    } else {
+        object.report("type", "is missing");
+    }
+    if (const auto color = readColor(object, "color"))
+        light->color = *color;
+    if (const auto intensity = object.number("intensity", kNotNegative))
+        light->intensity = *intensity;
+    if (const auto mask = object.integer("categoryBitMask", kMask))
+        light->categoryBitMask = static_cast<std::uint32_t>(*mask);
+    if (const auto inner = object.number("spotInnerAngle", kAngleDegrees))
+        light->spotInnerAngle = *inner;
+    if (const auto outer = object.number("spotOuterAngle", kAngleDegrees))
+        light->spotOuterAngle = *outer;
+    readShadow(object, *light);
+    object.finish();
+    return light;
+}
+
+SCNGeometryPtr readPlaneOrBox(JsonObject& object, ShapeKind kind) {
+    const double width = object.number("width", kLength).value_or(1);
+    const double height = object.number("height", kLength).value_or(1);
+    if (kind == ShapeKind::plane)
+        return std::make_shared<SCNPlane>(width, height);
+    const double length = object.number("length", kLength).value_or(1);
+    const double chamfer = object.number("chamferRadius", kLengthOrNone).value_or(0);
+    return std::make_shared<SCNBox>(width, height, length, chamfer);
+}
+
+SCNGeometryPtr readRound(JsonObject& object, ShapeKind kind) {
+    const double radius = object.number("radius", kLength).value_or(1);
+    if (kind == ShapeKind::torus)
+        return std::make_shared<SCNTorus>(radius, object.number("pipeRadius", kLength).value_or(1));
+    auto sphere = std::make_shared<SCNSphere>(radius);
+    if (const auto count = object.integer("segments", {3, 512}))
+        sphere->setSegmentCount(*count);
+    return sphere;
+}
+
+SCNGeometryPtr
+readGeometry(const rapidjson::Value& value, const std::string& path, JsonFault& fault) {
+    JsonObject object(value, path, fault);
+    const std::optional<ShapeKind> kind = object.oneOf("type", kShapes);
+    if (!kind) {
+        object.report("type", "is missing");
+        return nullptr;
+    }
+    const bool isFlat = *kind == ShapeKind::plane || *kind == ShapeKind::box;
+    SCNGeometryPtr geometry = isFlat ? readPlaneOrBox(object, *kind) : readRound(object, *kind);
+    object.finish();
+    return geometry;
+}
+
+void readPlacement(JsonObject& object, SCNNode& node) {
+    if (const auto name = object.text("name"))
+        node.name = *name;
+    if (const auto position = object.vector3("position"))
+        node.position = *position;
+    if (const auto degrees = object.vector3("eulerAngles"))
+        node.setEulerAngles(glm::radians(*degrees));
+    if (const auto scale = object.vector3("scale"))
+        node.scale = *scale;
+    if (const auto opacity = object.number("opacity", kFraction))
+        node.opacity = static_cast<float>(*opacity);
+    if (const auto hidden = object.boolean("hidden"))
+        node.isHidden = *hidden;
+    if (const auto casts = object.boolean("castsShadow"))
+        node.castsShadow = *casts;
+    if (const auto mask = object.integer("categoryBitMask", kMask))
+        node.categoryBitMask = static_cast<std::uint32_t>(*mask);
+}
+
+void readContents(JsonObject& object, SCNNode& node, JsonFault& fault) {
+    if (const auto* light = object.value("light"))
+        node.light = readLight(*light, object.pathOf("light"), fault);
+    if (const auto* geometry = object.value("geometry"))
+        node.geometry = readGeometry(*geometry, object.pathOf("geometry"), fault);
+    const rapidjson::Value* material = object.value("material");
+    if (material == nullptr)
+        return;
+    const SCNMaterialPtr read = readMaterial(*material, object.pathOf("material"), fault);
+    if (node.geometry) {
+        node.geometry->materials = {read};
+    } else {
+        object.report("material", "needs a geometry beside it");
+    }
+}
+
+void readNodes(
+    JsonObject& owner, std::string_view key, SCNNode& parent, int depth, Context& context) {
+    owner.forEach(key, [&](const rapidjson::Value& value, const std::string& path) {
+        if (depth > kMaxDepth || ++context.nodes > kMaxNodes) {
+            context.fault.report(
+                path, fmt::format("over {} levels or {} nodes", kMaxDepth, kMaxNodes));
+            return;
+        }
+        const auto node = std::make_shared<SCNNode>();
+        JsonObject object(value, path, context.fault);
+        readPlacement(object, *node);
+        readContents(object, *node, context.fault);
+        readNodes(object, "children", *node, depth + 1, context);
+        object.finish();
+        parent.addChildNode(node);
+    });
+}
+
+} // namespace
+
+foundation::Result<SCNScenePtr>
+SCNScene::fromJSON(const std::string& text, const std::string& name) {
+    const foundation::Result<rapidjson::Document> document = parseJson(text);
+    if (!document)
+        return tl::unexpected(document.error().in(name));
+    auto scene = std::make_shared<SCNScene>();
+    Context context;
+    JsonObject object(*document, "", context.fault);
+    readNodes(object, "nodes", *scene->rootNode(), 1, context);
+    scene->background = readProperty(object, "background", context.fault);
+    scene->lightingEnvironment = readProperty(object, "lightingEnvironment", context.fault);
+    object.finish();
+    if (const auto& error = context.fault.error())
+        return tl::unexpected(error->in(name));
+    return scene;
+}
+
+SCNScenePtr SCNScene::sceneNamed(const std::string& name) {
+    const std::filesystem::path file = foundation::mainBundle().path(name);
+    CHECK(!file.empty(), "no resource scene is named \"{}\"", name);
+    std::ifstream in(file, std::ios::binary);
+    CHECK(in.good(), "{} cannot be read", file.string());
+    const std::string text{std::istreambuf_iterator<char>(in), {}};
+    foundation::Result<SCNScenePtr> scene = fromJSON(text, file.filename().string());
+    CHECK(scene.has_value(), "{}", scene.error().message);
+    return std::move(*scene);
+}
+
+} // namespace zelvo::scene
