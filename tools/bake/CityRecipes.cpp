@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include "Panorama.h"
+#include "Surface.h"
+
+#include <glm/common.hpp>
+#include <glm/geometric.hpp>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+// A town at night all around, to be mirrored.
+
+namespace zelvo::bake {
+
+namespace {
+
+/// One row of houses, as far away as the others of its row.
+struct Street {
+    int houses;       ///< around the whole turn
+    float lowDegrees; ///< the least and the greatest height of a roof
+    float highDegrees;
+    glm::ivec2 windows; ///< across a house, and up 30 degrees
+    float brightness;
+    std::uint32_t seed;
+};
+
+// From the back to the front.
+constexpr auto kStreets = std::to_array<Street>({
+    {46, 8, 30, {6, 34}, 0.30f, 101},
+    {30, 4, 24, {6, 24}, 0.60f, 102},
+    {19, 0, 17, {7, 17}, 1.00f, 103},
+});
+
+float chance(int a, int b, std::uint32_t seed) {
+    return Dice(
+               (static_cast<std::uint64_t>(static_cast<std::uint32_t>(a)) << 32U) ^
+               (static_cast<std::uint32_t>(b) * 2654435761U) ^
+               (static_cast<std::uint64_t>(seed) << 17U))
+        .unit();
+}
+
+/// Lit in one of a few lamp colours, or dark.
+glm::vec3 windowLight(int column, int row, const Street& street, int house) {
+    const float drawn = chance(house * 64 + column, row, street.seed + 7);
+    const float busy = 0.25f + 0.45f * chance(house, 3, street.seed);
+    if (drawn > busy)
+        return glm::vec3(0.012f, 0.016f, 0.026f);
+    const float kind = chance(house * 64 + column, row, street.seed + 8);
+    const glm::vec3 lamp = kind < 0.62f ? glm::vec3(1.0f, 0.72f, 0.36f)
+                                        : (kind < 0.88f ? glm::vec3(0.85f, 0.92f, 1.0f)
+                                                        : glm::vec3(0.35f, 0.75f, 1.0f));
+    return lamp * (0.35f + 1.1f * drawn / busy);
+}
+
+/// The street's light in a direction, or absent above its roofs.
+std::optional<glm::vec3> streetLight(const Street& street, float turn, float elevation) {
+    const float across = turn * static_cast<float>(street.houses);
+    const int house = static_cast<int>(across) % street.houses;
+    const float inside = across - std::floor(across);
+    const float roof = glm::mix(
+        street.lowDegrees, street.highDegrees, std::pow(chance(house, 1, street.seed), 1.4f));
+    const bool setBack = inside < 0.16f || inside > 0.84f;
+    if (elevation > roof - (setBack ? 2.2f : 0.0f))
+        return std::nullopt;
+
+    const glm::vec3 wall =
+        glm::vec3(0.011f, 0.014f, 0.026f) * (0.6f + 0.8f * chance(house, 2, street.seed));
+    if (inside < 0.05f || inside > 0.95f || elevation > roof - 1.6f || elevation < -3)
+        return wall;
+    const glm::vec2 place{
+        (inside - 0.05f) / 0.9f * static_cast<float>(street.windows.x),
+        (elevation + 90) / 30 * static_cast<float>(street.windows.y)};
+    const glm::vec2 cell = glm::floor(place);
+    const glm::vec2 rim = glm::abs(place - cell - 0.5f);
+    const float pane =
+        (1 - glm::smoothstep(0.27f, 0.34f, rim.x)) * (1 - glm::smoothstep(0.24f, 0.33f, rim.y));
+    return wall + windowLight(static_cast<int>(cell.x), static_cast<int>(cell.y), street, house) *
+                      (pane * street.brightness);
+}
+
+/// Lamps out of focus along the streets below.
+glm::vec3 traffic(float turn, float elevation) {
+    glm::vec3 sum{0};
+    for (int i = 0; i < 150; ++i) {
+        const float away = chance(i, 11, 104);
+        const glm::vec2 lamp{chance(i, 12, 104), -3.0f - 24 * away * away};
+        float aside = std::abs(turn - lamp.x);
+        aside = std::min(aside, 1 - aside) * 360;
+        const float radius = 0.5f + 2.2f * away;
+        const float distance = glm::length(glm::vec2(aside, elevation - lamp.y));
+        const float kind = chance(i, 13, 104);
+        const glm::vec3 colour = kind < 0.45f ? glm::vec3(1.0f, 0.62f, 0.22f)
+                                              : (kind < 0.75f ? glm::vec3(1, 0.93f, 0.8f)
+                                                              : glm::vec3(1.0f, 0.12f, 0.07f));
+        sum += colour * (1 - glm::smoothstep(radius * 0.85f, radius, distance)) * 0.38f;
+    }
+    return sum;
+}
+
+glm::vec3 town(const glm::vec2& place) {
+    const float elevation = 90 - place.y * 180;
+    const glm::vec3 night = glm::mix(
+        glm::vec3(0.030f, 0.040f, 0.095f),
+        glm::vec3(0.002f, 0.003f, 0.010f),
+        glm::smoothstep(0.0f, 60.0f, elevation));
+    glm::vec3 light =
+        night + glm::vec3(0.34f, 0.16f, 0.075f) * std::exp(-std::max(0.0f, elevation) / 11);
+    for (const Street& street : kStreets) {
+        if (const auto houses = streetLight(street, place.x, elevation))
+            light = *houses;
+    }
+    if (elevation < -3) {
+        const float depth = std::exp((elevation + 3) / 14);
+        light = glm::vec3(0.10f, 0.06f, 0.035f) * depth + glm::vec3(0.008f, 0.009f, 0.013f);
+    }
+    return light + traffic(place.x, elevation);
+}
+
+Baked townAtNight(int width, int height) {
+    // Four looks a pixel keep the windows' rims smooth.
+    image::Radiance light{width, height, {}};
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            glm::vec3 sum{0};
+            for (int i = 0; i < 4; ++i) {
+                const glm::vec2 offset = glm::vec2(i % 2, i / 2) * 0.5f + 0.25f;
+                sum += town((glm::vec2(x, y) + offset) / glm::vec2(width, height));
+            }
+            light.pixels.push_back(sum * 0.25f);
+        }
+    }
+    return {displayed(light), {}};
+}
+
+constexpr auto kRecipes = std::to_array<Recipe>({
+    {"buildings_night.png", 1024, 512, townAtNight},
+});
+
+} // namespace
+
+std::span<const Recipe> cityRecipes() {
+    return kRecipes;
+}
+
+} // namespace zelvo::bake

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include "Noise.h"
+#include "Recipe.h"
+#include "Surface.h"
+
+#include <array>
+#include <cmath>
+
+// The two pictures behind the surface that glows and flows: what is looked up, and what bends the
+// lookup.
+
+namespace zelvo::bake {
+
+namespace {
+
+/// Glowing veins in dark clouds. The surface gains the red by four, so that most of it is dark.
+Baked veins(int side, int) {
+    const Field glow = normalised(Field::of(side, side, [](const glm::vec2& p) {
+        const glm::vec2 bent = p + 0.05f * glm::vec2(
+                                               fractal(
+                                                   p,
+                                                   {
+                                                       {3, 3},
+                                                       4, 0.5f, 71
+        }),
+                                               fractal(p, {{3, 3}, 4, 0.5f, 72}));
+        const float vein = ridged(
+            bent,
+            {
+                {4, 4},
+                5, 0.45f, 73
+        });
+        const float cloud = 0.5f + 0.5f * fractal(
+                                              p,
+                                              {
+                                                  {2, 2},
+                                                  5, 0.5f, 74
+        });
+        return std::pow(vein, 3.0f) * (0.35f + 0.9f * cloud) + 0.12f * cloud;
+    }));
+    return {
+        picture(
+            side,
+            side,
+            [&](const glm::vec2& p) {
+                const float value = glow.at(
+                    static_cast<int>(p.x * static_cast<float>(side)),
+                    static_cast<int>(p.y * static_cast<float>(side)));
+                // Read as a colour, so that the stored value is about the root of the light.
+                return glm::vec4(
+                    0.92f * value,
+                    0.85f * value * value + 0.04f,
+                    0.8f * value * value * value + 0.05f,
+                    1);
+            }),
+        {}};
+}
+
+/// Wide gentle swells as normals: red and green bend the lookup by a fraction of the tile.
+Baked swells(int side, int) {
+    const Field relief = Field::of(side, side, [](const glm::vec2& p) {
+        return fractal(
+            p,
+            {
+                {3, 3},
+                4, 0.42f, 75
+        });
+    });
+    return {normalPicture(relief, 0.10f), {}};
+}
+
+constexpr auto kRecipes = std::to_array<Recipe>({
+    {"QX_Noise_04.jpg",       1024, 1024, veins },
+    {"QX_NoiseNormal_05.jpg", 512,  512,  swells},
+});
+
+} // namespace
+
+std::span<const Recipe> energyRecipes() {
+    return kRecipes;
+}
+
+} // namespace zelvo::bake

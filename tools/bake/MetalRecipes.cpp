@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: MIT
+#include "Canvas.h"
+#include "Noise.h"
+#include "Recipe.h"
+#include "Surface.h"
+
+#include <array>
+#include <cmath>
+#include <numbers>
+
+// Plates, plastics and worn metal. A letter shows a whole tile, so that nothing here may be finer
+// than about a hundredth of it.
+
+namespace zelvo::bake {
+
+namespace {
+
+/// A sheet beaten by hand: shallow round dents that run into each other.
+Baked beatenPlate(int side, int) {
+    const Field relief = Field::of(side, side, [](const glm::vec2& p) {
+        const glm::vec2 bent = p + 0.006f * glm::vec2(
+                                                fractal(
+                                                    p,
+                                                    {
+                                                        {6, 6},
+                                                        3, 0.5f, 11
+        }),
+                                                fractal(p, {{6, 6}, 3, 0.5f, 12}));
+        const Scatter dents = scattered(bent, 9, 13);
+        const float bowl = std::min(1.0f, dents.nearest * dents.nearest);
+        const float depth = 0.6f + 0.4f * dents.chance;
+        return bowl * depth + 0.10f * fractal(
+                                          p,
+                                          {
+                                              {5, 5},
+                                              3, 0.5f, 14
+        });
+    });
+    return {normalPicture(blurred(relief, 0.004f), 0.020f), {}};
+}
+
+/// The fine leather-like grain of moulded plastic.
+Baked plasticGrain(int side, int) {
+    const Field relief = Field::of(side, side, [](const glm::vec2& p) {
+        const glm::vec2 bent = p + 0.008f * glm::vec2(
+                                                fractal(
+                                                    p,
+                                                    {
+                                                        {16, 16},
+                                                        2, 0.5f, 21
+        }),
+                                                fractal(p, {{16, 16}, 2, 0.5f, 22}));
+        const Scatter grain = scattered(bent, 44, 23);
+        const float pebble = std::min(1.0f, (grain.second - grain.nearest) * 2.2f);
+        return std::sqrt(pebble) * (0.75f + 0.25f * grain.chance);
+    });
+    return {normalPicture(blurred(relief, 0.0025f), 0.0045f), {}};
+}
+
+/// The worn metal that four maps share: hairlines in all directions, a few gouges, stains.
+struct Wear {
+    Field hairlines; ///< 0 to 1
+    Field gouges;    ///< 0 to 1
+    Field stains;    ///< 0 to 1, soft
+};
+
+void scratch(Canvas& canvas, Dice& dice, const Brush& brush, float length) {
+    // Tools leave two main directions, mishaps all others.
+    const float drawn = dice.unit();
+    const float main =
+        drawn < 0.5f ? 0.35f : (drawn < 0.75f ? 2.4f : dice.between(0, std::numbers::pi_v<float>));
+    float angle = main + dice.between(-0.2f, 0.2f);
+    const float bend = dice.between(-0.25f, 0.25f);
+    glm::vec2 place{dice.unit(), dice.unit()};
+    std::array<glm::vec2, 9> points{};
+    for (glm::vec2& point : points) {
+        point = place;
+        place += glm::vec2(std::cos(angle), std::sin(angle)) *
+                 (length / static_cast<float>(points.size() - 1));
+        angle += bend / static_cast<float>(points.size());
+    }
+    canvas.polyline(points, brush);
+}
+
+Wear wornMetal(int side) {
+    Dice dice(31);
+    Canvas hairlines(side);
+    for (int i = 0; i < 520; ++i) {
+        const float strength = dice.unit();
+        const Brush brush{
+            0.0022f + 0.0018f * strength,
+            0.15f + 0.85f * strength * strength,
+            0.001f,
+            Profile::sharp};
+        scratch(hairlines, dice, brush, dice.between(0.05f, 0.5f));
+    }
+    Canvas gouges(side);
+    for (int i = 0; i < 26; ++i) {
+        const float strength = dice.unit();
+        scratch(
+            gouges,
+            dice,
+            {0.004f + 0.005f * strength, 0.4f + 0.6f * strength, 0.001f, Profile::round},
+            dice.between(0.03f, 0.22f));
+    }
+    const Field stains = Field::of(side, side, [](const glm::vec2& p) {
+        const float cloud = fractal(
+            p,
+            {
+                {3, 3},
+                6, 0.55f, 32
+        });
+        return glm::smoothstep(-0.10f, 0.42f, cloud);
+    });
+    return {hairlines.field(), gouges.field(), stains};
+}
+
+Baked scratchedRoughness(int side, int) {
+    const Wear wear = wornMetal(side);
+    Field rough = Field::of(side, side, [](const glm::vec2& p) {
+        return 0.24f + 0.06f * fractal(
+                                   p,
+                                   {
+                                       {8, 8},
+                                       5, 0.6f, 33
+        });
+    });
+    rough = combined(rough, wear.stains, [](float a, float stain) { return a + 0.24f * stain; });
+    rough = combined(rough, wear.hairlines, [](float a, float line) { return a + 0.30f * line; });
+    return {
+        greyPicture(
+            combined(rough, wear.gouges, [](float a, float line) { return a + 0.25f * line; })),
+        {}};
+}
+
+Baked scratchedMetal(int side, int) {
+    const Wear wear = wornMetal(side);
+    // Under stains the metal is dull with oxide; a scratch through them is bare again.
+    const Field bare = combined(
+        wear.hairlines, wear.gouges, [](float a, float b) { return std::max(0.7f * a, b); });
+    return {
+        greyPicture(combined(
+            wear.stains,
+            bare,
+            [](float stain, float line) { return 1 - 0.35f * stain * (1 - line); })),
+        {}};
+}
+
+Baked scratchedOcclusion(int side, int) {
+    const Wear wear = wornMetal(side);
+    const Field lines = combined(
+        wear.hairlines, wear.gouges, [](float a, float b) { return std::max(0.25f * a, b); });
+    const Field dirt = blurred(lines, 0.002f);
+    return {
+        greyPicture(combined(
+            wear.stains,
+            dirt,
+            [](float stain, float line) {
+                return (1 - 0.28f * stain) * (1 - 0.55f * std::min(1.0f, line));
+            })),
+        {}};
+}
+
+Baked scratchedNormal(int side, int) {
+    const Wear wear = wornMetal(side);
+    Field relief = Field::of(side, side, [](const glm::vec2& p) {
+        return 0.5f * fractal(
+                          p,
+                          {
+                              {5, 5},
+                              5, 0.5f, 34
+        });
+    });
+    relief = combined(relief, wear.hairlines, [](float a, float line) { return a - 0.14f * line; });
+    relief = combined(relief, wear.gouges, [](float a, float line) { return a - 0.45f * line; });
+    return {normalPicture(blurred(relief, 0.0008f), 0.016f), {}};
+}
+
+/// Cast metal: dense small grains.
+Baked grained(int side, int) {
+    const Field relief = Field::of(side, side, [](const glm::vec2& p) {
+        const Scatter grain = scattered(p, 60, 41);
+        const float bump =
+            std::max(0.0f, 1 - grain.nearest * grain.nearest * 1.8f) * (0.4f + 0.6f * grain.chance);
+        return bump +
+               0.5f * fractal(
+                          p,
+                          {
+                              {40, 40},
+                              2, 0.6f, 42
+        }) +
+               0.35f * fractal(p, {{7, 7}, 2, 0.5f, 43});
+    });
+    return {normalPicture(blurred(relief, 0.002f), 0.0055f), {}};
+}
+
+constexpr auto kRecipes = std::to_array<Recipe>({
+    {"QX_NoiseNormal_21.jpg",          1024, 1024, beatenPlate       },
+    {"plastic_normal.png",             1024, 1024, plasticGrain      },
+    {"scratches_roughness.jpg",        1024, 1024, scratchedRoughness},
+    {"scratches_metal.jpg",            1024, 1024, scratchedMetal    },
+    {"scratches_ambientOcclusion.jpg", 1024, 1024, scratchedOcclusion},
+    {"scratches_normal.jpg",           1024, 1024, scratchedNormal   },
+    {"seamlesstexture14_500_NRM.png",  1024, 1024, grained           },
+});
+
+} // namespace
+
+std::span<const Recipe> metalRecipes() {
+    return kRecipes;
+}
+
+} // namespace zelvo::bake

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Noise.h"
+#include "Recipe.h"
+
+#include <glm/vec3.hpp>
+#include <glm/vec4.hpp>
+
+#include <span>
+
+// Pictures of all that lies around, as `image::Radiance` lays them out: -z in the middle, +x to the
+// right of it.
+
+namespace zelvo::bake {
+
+/// The unit direction at coordinates of 0 to 1.
+[[nodiscard]] glm::vec3 directionAt(const glm::vec2& coordinates);
+
+/// The unit direction at an azimuth (0 is -z, 90 is +x, 180 is +z) and an elevation above the
+/// horizon.
+[[nodiscard]] glm::vec3 directionOf(float azimuthDegrees, float elevationDegrees);
+
+/// Degrees above the horizon, -90 to 90.
+[[nodiscard]] float elevationOf(const glm::vec3& direction);
+
+/// A flat lamp with a cloth in front, hung in the room and turned to its middle.
+struct Softbox {
+    float azimuthDegrees;
+    float elevationDegrees;
+    float rollDegrees;
+    glm::vec2 half; ///< half width and half height, seen from distance 1
+    float edge;     ///< how soft the rim is, the same measure
+    float power;    ///< radiance at the brightest place
+    float falloff;  ///< 0: even; 1: dark at the lower rim
+    glm::vec3 tint;
+};
+
+[[nodiscard]] glm::vec3 lightOf(std::span<const Softbox> lamps, const glm::vec3& direction);
+
+/// A bell over the angle to a direction, 1 in the middle; `degrees` is where it has fallen to a
+/// third.
+[[nodiscard]] float glow(const glm::vec3& direction, const glm::vec3& towards, float degrees);
+
+/// Shown through a soft curve, so that the brightest lamp keeps some shade; dithered against bands.
+[[nodiscard]] image::Image displayed(const image::Radiance& light);
+
+/// A panorama of a function from directions to radiance, with its display.
+template <class Function>
+[[nodiscard]] Baked environment(int width, int height, Function function) {
+    image::Radiance light{width, height, {}};
+    light.pixels.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            light.pixels.push_back(
+                function(directionAt((glm::vec2(x, y) + 0.5f) / glm::vec2(width, height))));
+        }
+    }
+    image::Image shown = displayed(light);
+    return {std::move(shown), std::move(light)};
+}
+
+} // namespace zelvo::bake

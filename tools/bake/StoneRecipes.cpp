@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+#include "Noise.h"
+#include "Recipe.h"
+#include "Surface.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+// Rock and cracked ground.
+
+namespace zelvo::bake {
+
+namespace {
+
+/// Broken rock: ledges of two sizes, split by clefts, with a grain on top.
+Field rockRelief(int side) {
+    return normalised(Field::of(side, side, [](const glm::vec2& p) {
+        const glm::vec2 bent = p + 0.035f * glm::vec2(
+                                                fractal(
+                                                    p,
+                                                    {
+                                                        {4, 4},
+                                                        5, 0.5f, 51
+        }),
+                                                fractal(p, {{4, 4}, 5, 0.5f, 52}));
+        const Scatter blocks = scattered(bent, 5, 53);
+        const Scatter chips = scattered(bent + 0.37f, 13, 54);
+        const float cleft = glm::smoothstep(0.0f, 0.22f, blocks.second - blocks.nearest);
+        const float ledge = 0.55f * blocks.chance + 0.30f * chips.chance - 0.30f * chips.nearest;
+        const float grain = 0.55f * fractal(
+                                        p,
+                                        {
+                                            {6, 6},
+                                            7, 0.58f, 55
+        }) +
+                            0.25f * ridged(p, {{9, 9}, 4, 0.5f, 56});
+        return ledge + 0.40f * cleft + grain;
+    }));
+}
+
+Baked rockRoughness(int side, int) {
+    const Field relief = rockRelief(side);
+    const Field fine = Field::of(side, side, [](const glm::vec2& p) {
+        return fractal(
+            p,
+            {
+                {24, 24},
+                4, 0.6f, 57
+        });
+    });
+    return {
+        greyPicture(combined(
+            relief,
+            fine,
+            [](float height, float grain) {
+                return 0.96f - 0.30f * height * height + 0.10f * grain;
+            })),
+        {}};
+}
+
+Baked rockNormal(int side, int) {
+    return {normalPicture(blurred(rockRelief(side), 0.0012f), 0.055f), {}};
+}
+
+Baked rockOcclusion(int side, int) {
+    const Field relief = rockRelief(side);
+    const Field wide = openness(relief, 0.05f, 1.9f);
+    const Field narrow = openness(relief, 0.010f, 3.0f);
+    return {
+        greyPicture(
+            combined(wide, narrow, [](float a, float b) { return std::max(0.12f, a * b); })),
+        {}};
+}
+
+/// Dried ground: how far a place lies from the nearest crack, in tile widths times about ten.
+Field crackDistance(int side) {
+    return Field::of(side, side, [](const glm::vec2& p) {
+        const glm::vec2 bent = p + 0.030f * glm::vec2(
+                                                fractal(
+                                                    p,
+                                                    {
+                                                        {5, 5},
+                                                        5, 0.55f, 61
+        }),
+                                                fractal(p, {{5, 5}, 5, 0.55f, 62}));
+        const Scatter plates = scattered(bent, 5, 63);
+        const Scatter shards = scattered(bent + 0.19f, 11, 64);
+        const float broken = glm::smoothstep(
+            0.05f,
+            0.5f,
+            fractal(
+                p,
+                {
+                    {3, 3},
+                    3, 0.5f, 65
+        }) +
+                0.25f);
+        const float main = plates.second - plates.nearest;
+        const float small = (shards.second - shards.nearest) * 0.5f / std::max(broken, 0.02f);
+        return std::min(main, small + 0.015f);
+    });
+}
+
+Field crackRelief(int side) {
+    const Field distance = crackDistance(side);
+    const Field ground = Field::of(side, side, [](const glm::vec2& p) {
+        const Scatter plates = scattered(p, 5, 66);
+        return 0.16f * plates.chance + 0.16f * fractal(
+                                                   p,
+                                                   {
+                                                       {6, 6},
+                                                       6, 0.55f, 67
+        });
+    });
+    return combined(distance, blurred(ground, 0.003f), [](float d, float height) {
+        const float wall = glm::smoothstep(0.01f, 0.075f, d);
+        const float edge = 0.25f * glm::smoothstep(0.05f, 0.30f, d); // plates bulge a little
+        return height + wall + edge;
+    });
+}
+
+Baked crackOcclusion(int side, int) {
+    const Field depth =
+        crackDistance(side).mapped([](float d) { return glm::smoothstep(0.0f, 0.085f, d); });
+    const Field shade = openness(crackRelief(side), 0.03f, 0.8f);
+    return {
+        greyPicture(combined(
+            depth,
+            shade,
+            [](float crack, float around) {
+                return std::max(0.04f, crack * (0.35f + 0.65f * around));
+            })),
+        {}};
+}
+
+Baked crackSpecular(int side, int) {
+    const Field depth =
+        crackDistance(side).mapped([](float d) { return glm::smoothstep(0.02f, 0.10f, d); });
+    const Field polish = Field::of(side, side, [](const glm::vec2& p) {
+        return 0.55f + 0.45f * fractal(
+                                   p,
+                                   {
+                                       {5, 5},
+                                       6, 0.6f, 68
+        });
+    });
+    return {
+        greyPicture(
+            combined(depth, polish, [](float crack, float gloss) { return crack * gloss; })),
+        {}};
+}
+
+Baked crackNormal(int side, int) {
+    return {normalPicture(blurred(crackRelief(side), 0.0012f), 0.022f), {}};
+}
+
+constexpr auto kRecipes = std::to_array<Recipe>({
+    {"rock.jpg",                    1024, 1024, rockRoughness },
+    {"rock_normal.jpg",             1024, 1024, rockNormal    },
+    {"rock_ambientOcclusion.jpg",   1024, 1024, rockOcclusion },
+    {"cracks_ambientocclusion.png", 1024, 1024, crackOcclusion},
+    {"cracks_specular.png",         1024, 1024, crackSpecular },
+    {"cracks_normal.png",           1024, 1024, crackNormal   },
+});
+
+} // namespace
+
+std::span<const Recipe> stoneRecipes() {
+    return kRecipes;
+}
+
+} // namespace zelvo::bake

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "Panorama.h"
+#include "Surface.h"
+
+#include <glm/common.hpp>
+#include <glm/geometric.hpp>
+
+#include <array>
+#include <cmath>
+
+// Rooms that letters are lit in. The camera looks along -z, so the faces of letters mirror what
+// hangs about +z (azimuth 180), within some 30 degrees to the sides and 15 up and down; their
+// bevels mirror all the rest.
+
+namespace zelvo::bake {
+
+namespace {
+
+constexpr glm::vec3 kWarm{1.04f, 1.0f, 0.94f};
+constexpr glm::vec3 kNeutral{1.0f, 1.0f, 1.0f};
+constexpr glm::vec3 kCool{0.92f, 0.98f, 1.08f};
+
+// azimuth, elevation, roll, half sides, edge, power, falloff, tint
+constexpr auto kProductLamps = std::to_array<Softbox>({
+    {196, 34,  -4, {1.05f, 0.46f},  0.05f, 2.6f,  0.85f, kWarm   }, // the large panel behind the camera
+    {160, 74,  0,  {1.10f, 0.42f},  0.06f, 5.0f,  0.25f, kNeutral}, // overhead
+    {264, 12,  3,  {0.10f, 1.05f},  0.02f, 13.0f, 0.10f, kWarm   }, // strip to the left
+    {245, 14,  3,  {0.025f, 0.90f}, 0.01f, 9.0f,  0.10f, kWarm   }, // its thin twin
+    {98,  10,  -3, {0.16f, 0.95f},  0.03f, 8.0f,  0.20f, kCool   }, // strip to the right
+    {116, 8,   -3, {0.02f, 0.80f},  0.01f, 7.0f,  0.20f, kCool   },
+    {318, 20,  0,  {0.14f, 0.55f},  0.03f, 10.0f, 0.0f,  kCool   }, // rim lights behind the letters
+    {44,  24,  0,  {0.12f, 0.50f},  0.03f, 9.0f,  0.0f,  kWarm   },
+    {180, -52, 0,  {0.80f, 0.16f},  0.08f, 1.1f,  0.0f,  kNeutral}, // a reflector on the floor
+});
+
+/// A dark room: walls that grow lighter upwards, a dark line at the horizon, a floor with a pool of
+/// light.
+glm::vec3 productRoom(const glm::vec3& direction) {
+    const float elevation = elevationOf(direction);
+    const float wall = glm::mix(0.035f, 0.17f, glm::smoothstep(0.0f, 80.0f, elevation));
+    const float pool = 0.26f * glow(direction, directionOf(180, -30), 34) +
+                       0.10f * glow(direction, directionOf(0, -40), 60);
+    const float floor = 0.020f + 0.06f * glm::smoothstep(-2.0f, -30.0f, elevation) + pool;
+    return glm::mix(glm::vec3(floor), wall * kCool, glm::smoothstep(-2.5f, 2.5f, elevation));
+}
+
+Baked productStudio(int width, int height) {
+    return environment(width, height, [](const glm::vec3& direction) {
+        return productRoom(direction) + lightOf(kProductLamps, direction);
+    });
+}
+
+// The light of the plain stage is used at seven times its strength.
+constexpr auto kHorizonLamps = std::to_array<Softbox>({
+    {205, 40, -6, {0.80f, 0.42f}, 0.18f, 0.42f, 0.55f, kNeutral},
+    {272, 18, 2,  {0.20f, 0.85f}, 0.06f, 0.95f, 0.15f, kNeutral},
+    {80,  14, -2, {0.15f, 0.80f}, 0.05f, 0.60f, 0.15f, kNeutral},
+    {330, 30, 0,  {0.18f, 0.45f}, 0.06f, 0.80f, 0.0f,  kNeutral},
+});
+
+/// Grey overcast: light at the zenith, a bright haze above the horizon, ground below.
+Baked greyHorizon(int width, int height) {
+    return environment(width, height, [](const glm::vec3& direction) {
+        const float elevation = elevationOf(direction);
+        const float sky = glm::mix(0.075f, 0.19f, glm::smoothstep(8.0f, 85.0f, elevation));
+        const float haze = 0.075f * std::exp(-std::max(0.0f, elevation) / 9.0f);
+        const float ground = glm::mix(0.020f, 0.055f, glm::smoothstep(-4.0f, -60.0f, elevation));
+        const float grey = glm::mix(ground, sky + haze, glm::smoothstep(-1.5f, 1.5f, elevation));
+        return glm::vec3(grey) + lightOf(kHorizonLamps, direction);
+    });
+}
+
+/// How much of the user's colour shows in a direction: a lit backdrop behind the letters, a floor
+/// that takes its light, dark corners, and faint lamps where the camera may turn to.
+float backdrop(const glm::vec3& direction) {
+    constexpr float kHorizon = -13;
+    const float elevation = elevationOf(direction);
+    const float wide = glow(direction, directionOf(0, 6), 44);
+    const float core = glow(direction, directionOf(0, 4), 21);
+    const float around = 0.20f * glow(direction, directionOf(180, 20), 60) +
+                         0.10f * glow(direction, directionOf(90, 10), 34) +
+                         0.10f * glow(direction, directionOf(270, 10), 34);
+    const float wall = 0.13f + 0.46f * wide + 0.34f * core + around;
+
+    // The floor mirrors the wall weakly, best at a flat angle, and darkens towards the camera.
+    const float below = std::max(0.0f, kHorizon - elevation);
+    const float mirrored = 0.46f * glow(direction, directionOf(0, -22), 40) +
+                           0.30f * glow(direction, directionOf(0, -18), 20);
+    const float floor =
+        (0.11f + mirrored + around * 0.5f) * (0.60f + 0.28f * std::exp(-below / 9.0f));
+    return glm::mix(floor, wall, glm::smoothstep(kHorizon - 3.2f, kHorizon + 1.6f, elevation));
+}
+
+Baked tintableBackdrop(int width, int height) {
+    Dice dice(92);
+    return {
+        picture(
+            width,
+            height,
+            [&](const glm::vec2& place) {
+                const float dither = (dice.unit() - dice.unit()) / 255;
+                return glm::vec4(1, 1, 1, std::min(1.0f, backdrop(directionAt(place)) + dither));
+            }),
+        {}};
+}
+
+constexpr auto kRecipes = std::to_array<Recipe>({
+    {"Background001.png",  2048, 1024, tintableBackdrop},
+    {"Environment001.jpg", 2048, 1024, productStudio   },
+    {"grayHorizont.png",   1024, 512,  greyHorizon     },
+});
+
+} // namespace
+
+std::span<const Recipe> studioRecipes() {
+    return kRecipes;
+}
+
+} // namespace zelvo::bake
