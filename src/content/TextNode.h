@@ -80,10 +80,12 @@ public:
 
 private:
     [[nodiscard]] text::TextAttributes attributes() const;
-    [[nodiscard]] std::vector<TextCoords> glyphCoordinates() const;
+    [[nodiscard]] std::vector<TextCoords>
+    glyphCoordinates(const text::TextAttributes& attributes) const;
     void buildLetters();
-    [[nodiscard]] CharNodePtr makeLetter(const std::string& character) const;
-    void centre(const glm::vec2& middle, float advance);
+    [[nodiscard]] std::shared_ptr<scene::SCNText>
+    makeSolid(const std::string& character, const text::TextAttributes& style) const;
+    void centreLetters(float widthSum, float maxHeight, float advance);
     void updateExtrusion();
 
     const geometry::BezierPath linearProfile;

@@ -111,7 +111,7 @@ protected:
     void takeUpMaterial();
 
     /// For subclasses' own setters: keeps the name without rebuilding.
-    void keepMaterialName(std::optional<look::XMATClasses> name) { materialName = name; }
+    void keepMaterialName(std::optional<look::XMATClasses> kept) { materialName = kept; }
 
     [[nodiscard]] const Surroundings& surroundings() const { return surroundings_; }
 

@@ -41,8 +41,12 @@ protected:
 
     /// Loads a resource scene in place of the empty one and takes out its authoring aids.
     void loadScene(const std::string& name);
+    /// The node of that name anywhere below the root; null if there is none.
+    [[nodiscard]] scene::SCNNodePtr nodeNamed(const std::string& name) const;
 
 private:
+    void cancelOperations();
+
     foundation::RunLoop& runLoop;
     image::Color backgroundColor_{0, 0, 1, 1};
     std::unique_ptr<foundation::SerialQueue> operationQueue;

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "content/ImageNode.h"
+
+#include "content/StylePresets.h"
+
+#include <glm/gtc/matrix_transform.hpp>
+
+#include <algorithm>
+
+namespace zelvo::content {
+namespace {
+
+constexpr image::Color kBlack = image::Color::white(0);
+
+scene::SCNMaterialPtr makePictureMaterial() {
+    auto material = std::make_shared<scene::SCNMaterial>();
+    material->lightingModelName = scene::SCNLightingModel::physicallyBased;
+    material->roughness.contents = 0.4f;
+    material->normal.contents = kBlack;
+    material->reflective.contents = kBlack;
+    material->metalness.contents = kBlack;
+    material->transparencyMode = scene::SCNTransparencyMode::rgbZero;
+    // Mirroring is a negative scale, which the repetition brings back onto the plane.
+    material->diffuse.wrapS = scene::SCNWrapMode::repeat;
+    material->diffuse.wrapT = scene::SCNWrapMode::repeat;
+    material->isDoubleSided = true;
+    return material;
+}
+
+} // namespace
+
+ImageNodePtr
+ImageNode::make(const glm::vec3& position, float scale, const core::Surroundings& surroundings) {
+    auto node = std::make_shared<ImageNode>(Key{}, position, scale, surroundings);
+    node->link();
+    node->contentNode->addChildNode(node->imageNode);
+    node->imageNode->wrapperNode = node;
+    node->updateContent();
+    return node;
+}
+
+ImageNode::ImageNode(
+    Key key, const glm::vec3& home, float size, const core::Surroundings& surroundings)
+    : Node(key, home, size, surroundings)
+    , material(makePictureMaterial())
+    , imageNode(std::make_shared<core::ReferNode>())
+    , plane(std::make_shared<scene::SCNPlane>(kMaxDim, kMaxDim))
+    , currentMask_(imageMasks().front()) {
+    name = "ImageNode";
+    shortName = "IMG";
+    plane->materials = {material};
+    imageNode->geometry = plane;
+    imageNode->categoryBitMask = core::kContentMask;
+}
+
+void ImageNode::setCurrentMask(ImageMaskPtr mask) {
+    currentMask_ = std::move(mask);
+    updateContent();
+}
+
+void ImageNode::setImage(image::ImagePtr picture) {
+    image_ = std::move(picture);
+    updateContent();
+}
+
+void ImageNode::applyStyle(const ImageStylePreset& preset) {
+    image_ = preset.image;
+    currentMask_ = preset.mask;
+    isVisible = preset.isVisible;
+    updateVisibility();
+    updateContent();
+}
+
+void ImageNode::updateContent() {
+    material->diffuse.setImage(image_);
+    if (currentMask_ && currentMask_->image) {
+        material->transparent.setImage(currentMask_->image);
+    } else {
+        material->transparent.contents = kBlack;
+    }
+    material->diffuse.contentsTransform =
+        glm::scale(glm::mat4(1), {hFlipped ? -1 : 1, vFlipped ? -1 : 1, 1});
+
+    double width = kMaxDim;
+    double height = kMaxDim;
+    if (image_) {
+        const double k = kMaxDim / std::max(image_->width, image_->height);
+        width = image_->width * k;
+        height = image_->height * k;
+    }
+    plane->setWidth(width);
+    plane->setHeight(height);
+    updateOutline();
+}
+
+void ImageNode::resetLayout() {
+    hFlipped = false;
+    vFlipped = false;
+    updateContent();
+    Node::resetLayout();
+}
+
+} // namespace zelvo::content

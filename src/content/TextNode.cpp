@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: MIT
+#include "content/TextNode.h"
+
+#include "content/CrashGuard.h"
+#include "content/StylePresets.h"
+#include "platform/foundation/Check.h"
+#include "platform/scene/SCNTransaction.h"
+
+#include <glm/gtc/matrix_transform.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+namespace zelvo::content {
+namespace {
+
+constexpr double kFlatness = 0.1;      // scene units
+constexpr double kShallowestDepth = 1; // scene units, of a change of depth
+constexpr double kThinnest = 0.01;     // scene units; a solid cannot be flat
+constexpr auto kLineMeasure = "_";     // shows where a line ends and keeps trailing blanks in it
+
+geometry::BezierPath makeLinearProfile() {
+    geometry::BezierPath path;
+    path.moveTo({0, 1});
+    path.lineTo({1, 0});
+    return path;
+}
+
+geometry::BezierPath makeRoundedProfile() {
+    geometry::BezierPath path;
+    path.moveTo({0, 1});
+    path.quadTo({1, 1}, {1, 0});
+    return path;
+}
+
+glm::mat4 translation(float x, float y) {
+    return glm::translate(glm::mat4(1), {x, y, 0});
+}
+
+/// The advance of the whole line. It is where the measure stands, unless that was drawn into the
+/// last character, or stands left of the letters as in a line from right to left.
+float lineAdvance(const std::vector<TextCoords>& coordinates, std::size_t letterCount) {
+    float end = 0;
+    for (std::size_t i = 0; i < letterCount; ++i) {
+        end = std::max(end, coordinates[i].x + coordinates[i].width);
+    }
+    if (coordinates.size() == letterCount)
+        return end;
+    const TextCoords& measure = coordinates.back();
+    const bool isLeftmost = letterCount > 0 && measure.x < coordinates.front().x;
+    return isLeftmost ? measure.x + measure.width + end : measure.x;
+}
+
+} // namespace
+
+TextNodePtr TextNode::make(Options options, const core::Surroundings& surroundings) {
+    auto node = std::make_shared<TextNode>(Key{}, std::move(options), surroundings);
+    node->link();
+    node->updateContent();
+    return node;
+}
+
+TextNode::TextNode(Key key, Options options, const core::Surroundings& surroundings)
+    : Node(key, options.position, options.scale, surroundings)
+    , inititalText(options.text)
+    , linearProfile(makeLinearProfile())
+    , roundedProfile(makeRoundedProfile())
+    , text_(std::move(options.text))
+    , fontName_(std::move(options.fontName)) {
+    for (look::XMATPtr& pair : look::makePairs(look::PairUse::textsOnly)) {
+        allMaterials.push_back(std::move(pair));
+    }
+    name = "TextNode";
+    shortName = std::move(options.shortName);
+}
+
+void TextNode::setText(std::string text) {
+    text_ = std::move(text);
+    updateContent();
+}
+
+void TextNode::setFontName(std::string wanted) {
+    fontName_ = std::move(wanted);
+    updateContent();
+}
+
+void TextNode::setBevelRadius(float radius) {
+    bevelRadius_ = static_cast<double>(radius);
+    updateContent();
+}
+
+void TextNode::setKerning(float kerning) {
+    kerning_ = static_cast<double>(kerning);
+    updateContent();
+}
+
+void TextNode::setBevelProfile(look::BevelProfile profile) {
+    bevelProfile_ = profile;
+    updateContent();
+}
+
+void TextNode::setBevelInnerOuter(look::BevelInnerOuter fill) {
+    bevelInnerOuter_ = fill;
+    updateContent();
+}
+
+void TextNode::setExtrusionDepth(double depth) {
+    extrusionDepth_ = depth;
+    updateExtrusion();
+}
+
+void TextNode::applyStyle(const TextStylePreset& preset) {
+    setFrontColor(preset.frontColor);
+    setBandColor(preset.bandColor);
+    // One rebuild at the end shows the whole style; the steps before it need not be seen.
+    keepMaterialName(preset.material);
+    fontName_ = preset.fontName;
+    bevelProfile_ = preset.bevelProfile;
+    bevelRadius_ = preset.bevelRadius;
+    bevelInnerOuter_ = preset.bevelInnerOuter;
+    extrusionDepth_ = preset.extrusionDepth;
+    scene::SCNTransaction::begin();
+    updateContent();
+    scene::SCNTransaction::commit();
+}
+
+void TextNode::updateContent() {
+    if (!currentMaterialName()) {
+        CrashGuard::removeMark(surroundings());
+        return;
+    }
+    const CrashGuard guard(surroundings(), fontName_);
+    isFontCorrupt = guard.isFontCorrupt();
+    takeUpMaterial();
+    currentMaterial->bevelInnerOuter = bevelInnerOuter_;
+    currentMaterial->updateMaterials();
+    buildLetters();
+    updateOutline();
+}
+
+std::vector<CharNodePtr> TextNode::letters() const {
+    std::vector<CharNodePtr> found;
+    for (const scene::SCNNodePtr& child : contentNode->childNodes()) {
+        if (auto letter = std::dynamic_pointer_cast<CharNode>(child)) {
+            found.push_back(std::move(letter));
+        }
+    }
+    return found;
+}
+
+text::TextAttributes TextNode::attributes() const {
+    const text::FontRegistry& fonts = *surroundings().fonts;
+    text::TextAttributes attributes;
+    attributes.font = fonts.find(fontName_);
+    attributes.fallback = fonts.fallback();
+    if (!attributes.font)
+        attributes.font = attributes.fallback;
+    attributes.size = kFontSize;
+    attributes.kern = kerning_;
+    return attributes;
+}
+
+std::vector<TextCoords> TextNode::glyphCoordinates(const text::TextAttributes& attributes) const {
+    std::vector<TextCoords> coordinates;
+    for (const text::PlacedCharacter& place : text::layoutLine(text_ + kLineMeasure, attributes)) {
+        const float below = static_cast<float>(place.descent) + static_cast<float>(place.leading);
+        coordinates.push_back(
+            {static_cast<float>(place.x),
+             std::ceil(below + 7.0f),
+             static_cast<float>(place.width)});
+    }
+    return coordinates;
+}
+
+void TextNode::buildLetters() {
+    const std::vector<scene::SCNNodePtr> former = contentNode->childNodes();
+    for (const scene::SCNNodePtr& letter : former)
+        letter->removeFromParentNode();
+
+    const text::TextAttributes style = attributes();
+    const std::vector<TextCoords> coordinates = glyphCoordinates(style);
+    const std::vector<std::string> characters = text::charactersOf(text_);
+    CHECK(
+        coordinates.size() >= characters.size(),
+        "{} characters, but only {} places on the line",
+        characters.size(),
+        coordinates.size());
+
+    std::map<std::string, std::shared_ptr<scene::SCNText>> solids; // equal letters share one
+    float maxHeight = 0;
+    float widthSum = 0;
+    for (std::size_t i = 0; i < characters.size(); ++i) {
+        std::shared_ptr<scene::SCNText>& solid = solids[characters[i]];
+        if (!solid)
+            solid = makeSolid(characters[i], style);
+        const auto letter = std::make_shared<CharNode>();
+        letter->wrapperNode = std::static_pointer_cast<Node>(shared_from_this());
+        letter->geometry = solid;
+        contentNode->addChildNode(letter);
+        const geometry::Box box = letter->boundingBox();
+        maxHeight = std::max(maxHeight, box.max.y);
+        widthSum += box.max.x;
+        const glm::vec3 place{coordinates[i].x, 0, 0};
+        letter->position = place;
+        letter->originalPosition = place;
+    }
+    centreLetters(widthSum, maxHeight, lineAdvance(coordinates, characters.size()));
+}
+
+std::shared_ptr<scene::SCNText>
+TextNode::makeSolid(const std::string& character, const text::TextAttributes& style) const {
+    auto solid =
+        std::make_shared<scene::SCNText>(character, style, std::max(extrusionDepth_, kThinnest));
+    solid->setFlatness(kFlatness);
+    solid->setChamferRadius(isFontCorrupt ? 0 : std::max(bevelRadius_, 0.0));
+    solid->setChamferProfile(
+        bevelProfile_ == look::BevelProfile::linear ? linearProfile : roundedProfile);
+    solid->materials = currentMaterial->materials;
+    return solid;
+}
+
+void TextNode::centreLetters(float widthSum, float maxHeight, float advance) {
+    const std::vector<scene::SCNNodePtr>& nodes = contentNode->childNodes();
+    contentNode->pivot = glm::mat4(1);
+    if (nodes.empty())
+        return; // there is no average of no widths
+    const float averageWidth = widthSum / static_cast<float>(nodes.size());
+    // One common point for wide and narrow letters keeps spins from wobbling by a letter's own
+    // width.
+    for (const scene::SCNNodePtr& letter : nodes) {
+        letter->pivot = translation(averageWidth * 0.5f, maxHeight * 0.5f);
+    }
+    // What the letters' pivots have shifted already is taken away again.
+    contentNode->pivot = translation(advance * 0.5f - averageWidth * 0.5f, 0);
+}
+
+void TextNode::updateExtrusion() {
+    for (const scene::SCNNodePtr& child : contentNode->childNodes()) {
+        if (const auto solid = std::dynamic_pointer_cast<scene::SCNText>(child->geometry)) {
+            solid->setExtrusionDepth(std::max(extrusionDepth_, kShallowestDepth));
+        }
+    }
+}
+
+} // namespace zelvo::content
