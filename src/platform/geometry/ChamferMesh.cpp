@@ -1,0 +1,313 @@
+// SPDX-License-Identifier: MIT
+#include "platform/geometry/ChamferMesh.h"
+
+#include <glm/common.hpp>
+#include <glm/geometric.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace zelvo::geometry {
+
+namespace {
+
+constexpr std::uint32_t kNone = UINT32_MAX;
+constexpr double kSnap = 1e-3;     // scene units; points this near a level stand on it
+constexpr double kArcError = 0.03; // scene units between an arc and its chords
+constexpr double kLargestArcStep = std::numbers::pi / 8;
+constexpr float kSameNormal = 0.99999f; // cosine
+constexpr float kSameTexture = 1e-4f;
+
+double cross(glm::dvec2 a, glm::dvec2 b) {
+    return a.x * b.y - a.y * b.x;
+}
+
+double leanOf(const OutlineCorner& corner) {
+    return corner.turn > 0 ? std::tan(corner.turn / 2) : 0;
+}
+
+bool areAlike(const Vertex& a, const Vertex& b) {
+    const glm::vec2 difference = glm::abs(a.uv - b.uv);
+    return glm::dot(a.normal, b.normal) > kSameNormal &&
+           std::max(difference.x, difference.y) < kSameTexture;
+}
+
+} // namespace
+
+ChamferMesher::ChamferMesher(
+    const Outline& outline_,
+    const MedialMap& map_,
+    const ChamferProfile& profile_,
+    double textureScale_)
+    : outline(outline_)
+    , map(map_)
+    , profile(profile_)
+    , textureScale(textureScale_)
+    , lastLevel(profile_.levelCount() - 1)
+    , runStart(profile_.levelCount(), kNone)
+    , tops(profile_.levelCount()) {}
+
+ChamferMesh ChamferMesher::build(Faces faces_) {
+    faces = faces_;
+    rankPoints();
+    cutLinks();
+    for (const MedialMap::Cell& cell : map.cells) {
+        cutCell(cell);
+    }
+    return std::move(mesh);
+}
+
+std::uint32_t ChamferMesher::addPoint(glm::dvec2 position, double distance) {
+    mesh.points.push_back(position);
+    distances.push_back(distance);
+    vertexOf.push_back(kNone);
+    return static_cast<std::uint32_t>(mesh.points.size() - 1);
+}
+
+// Points of the outline, and they alone, stand on level 0.
+void ChamferMesher::rankPoints() {
+    double snap = kSnap;
+    for (std::size_t level = 0; level < lastLevel; ++level) {
+        snap = std::min(snap, (profile.distanceOf(level + 1) - profile.distanceOf(level)) / 8);
+    }
+    for (std::size_t i = 0; i < map.points.size(); ++i) {
+        const MedialMap::Point& point = map.points[i];
+        std::uint32_t rank = i < outline.corners.size() ? 0 : 1;
+        double distance = rank == 0 ? 0 : point.distance;
+        for (std::size_t level = 1; rank > 0 && level <= lastLevel; ++level) {
+            const double difference = distance - profile.distanceOf(level);
+            if (difference < -snap) break;
+            rank = static_cast<std::uint32_t>(2 * level + (difference > snap ? 1 : 0));
+            if (difference <= snap) distance = profile.distanceOf(level);
+        }
+        addPoint(point.position, distance);
+        ranks.push_back(rank);
+    }
+}
+
+void ChamferMesher::cutLinks() {
+    for (const auto& [a, b] : map.links) {
+        firstCrossing.push_back(static_cast<std::uint32_t>(mesh.points.size()));
+        const auto [low, high] = std::minmax(ranks[a], ranks[b]);
+        for (std::uint32_t rank = low + 1; rank < high; ++rank) {
+            if (rank % 2 != 0) continue;
+            const double distance = profile.distanceOf(rank / 2);
+            const double t = (distance - distances[a]) / (distances[b] - distances[a]);
+            addPoint(glm::mix(mesh.points[a], mesh.points[b], t), distance);
+        }
+    }
+}
+
+void ChamferMesher::appendCrossings(std::uint32_t from, std::uint32_t to, std::uint32_t link) {
+    const std::uint32_t low = std::min(ranks[from], ranks[to]);
+    const std::uint32_t high = std::max(ranks[from], ranks[to]);
+    const std::size_t first = chain.size();
+    std::uint32_t crossing = firstCrossing[link];
+    for (std::uint32_t rank = low + 1; rank < high; ++rank) {
+        if (rank % 2 == 0) chain.push_back({crossing++, rank});
+    }
+    if (ranks[from] > ranks[to]) {
+        std::reverse(chain.begin() + static_cast<std::ptrdiff_t>(first), chain.end());
+    }
+}
+
+void ChamferMesher::loadChain(const MedialMap::Cell& cell) {
+    chain.clear();
+    for (std::uint32_t i = 0; i < cell.stepCount; ++i) {
+        const MedialMap::Step& step = map.steps[cell.firstStep + i];
+        chain.push_back({step.point, ranks[step.point]});
+        if (step.link == MedialMap::kNoLink) break;
+        appendCrossings(step.point, map.steps[cell.firstStep + i + 1].point, step.link);
+    }
+}
+
+ChamferMesher::Frame ChamferMesher::frameOf(const MedialMap::Cell& cell) const {
+    const OutlineCorner& corner = outline.corners[cell.corner];
+    const OutlineCorner& end = outline.corners[corner.next];
+    Frame result {.site = cell.site, .corner = &corner};
+    if (cell.site == MedialMap::Site::corner) {
+        result.isRound = !corner.isSmooth;
+        return result;
+    }
+    result.normalAtStart = corner.isSmooth ? corner.normal : outwardNormal(corner);
+    result.normalAtEnd = end.isSmooth ? end.normal : outwardNormal(corner);
+    result.leanAtStart = leanOf(corner);
+    result.leanAtEnd = leanOf(end);
+    return result;
+}
+
+// Follows the chain from left to right. On each level that the chain rises above, a run is open until the chain
+// comes back down to it; what lies between the run and the next level, or the chain where that is lower, is one piece.
+void ChamferMesher::cutCell(const MedialMap::Cell& cell) {
+    frame = frameOf(cell);
+    loadChain(cell);
+    for (std::size_t i = 0; i < chain.size(); ++i) {
+        const Knot& knot = chain[i];
+        const std::size_t level = knot.rank / 2;
+        if (knot.rank % 2 != 0) {
+            tops[level].push_back(knot.point);
+            continue;
+        }
+        if (i > 0 && chain[i - 1].rank > knot.rank) {
+            closeRun(level, knot.point);
+        } else if (level > 0) {
+            tops[level - 1].push_back(knot.point);
+        }
+        if (i + 1 < chain.size() && chain[i + 1].rank > knot.rank) runStart[level] = knot.point;
+    }
+}
+
+void ChamferMesher::closeRun(std::size_t level, std::uint32_t end) {
+    const std::uint32_t start = runStart[level];
+    run.assign(1, start);
+    if (start != end) {
+        if (frame.isRound) appendArc(level, start, end);
+        run.push_back(end);
+    }
+    if (level == lastLevel) {
+        fillFace();
+    } else if (run.size() == 1) {
+        fillFan();
+    } else {
+        fillBand(level);
+    }
+    tops[level].clear();
+    if (level > 0) {
+        tops[level - 1].insert(tops[level - 1].end(), run.begin() + 1, run.end());
+    }
+}
+
+// The points inside a level's arc around a corner.
+void ChamferMesher::appendArc(std::size_t level, std::uint32_t start, std::uint32_t end) {
+    const double radius = profile.distanceOf(level);
+    const double from = fanAngle(mesh.points[start]);
+    const double angle = fanAngle(mesh.points[end]) - from;
+    const double step =
+        std::min(kLargestArcStep, 2 * std::acos(1 - std::min(1.0, kArcError / radius)));
+    const int count = std::max(1, static_cast<int>(std::ceil(angle / step)));
+    const glm::dvec2 along = outline.corners[frame.corner->previous].direction;
+    const glm::dvec2 inward(-along.y, along.x);
+    for (int i = 1; i < count; ++i) {
+        const double a = from + angle * i / count;
+        const glm::dvec2 arm = inward * std::cos(a) + along * std::sin(a);
+        run.push_back(addPoint(frame.corner->position + arm * radius, radius));
+    }
+}
+
+// Clockwise from the perpendicular of the piece before the corner: growing in the outline's direction of travel.
+double ChamferMesher::fanAngle(glm::dvec2 position) const {
+    const glm::dvec2 along = outline.corners[frame.corner->previous].direction;
+    const glm::dvec2 arm = position - frame.corner->position;
+    return std::atan2(glm::dot(along, arm), cross(along, arm));
+}
+
+// A cell unrolled: along the outline, and away from it.
+glm::dvec2 ChamferMesher::cellPosition(std::uint32_t point) const {
+    const glm::dvec2 position = mesh.points[point];
+    if (frame.site == MedialMap::Site::corner) return {fanAngle(position), distances[point]};
+    const glm::dvec2 arm = position - frame.corner->position;
+    return {glm::dot(arm, frame.corner->direction), distances[point]};
+}
+
+std::span<const MonotoneCorner> ChamferMesher::place(
+    std::span<const std::uint32_t> ids, std::vector<MonotoneCorner>& placed) const {
+    placed.clear();
+    for (const std::uint32_t id : ids) {
+        placed.push_back({.at = cellPosition(id), .id = id});
+    }
+    return placed;
+}
+
+void ChamferMesher::fillBand(std::size_t band) {
+    const auto triangles =
+        triangulator.cut(place(run, placedBottom), place(tops[band], placedTop));
+    for (const auto& [a, b, c] : triangles) {
+        emit(vertexAt(a, band), vertexAt(b, band), vertexAt(c, band));
+    }
+}
+
+// The lowest band of a corner's cell ends in the corner itself, which there faces as its triangle does.
+void ChamferMesher::fillFan() {
+    const std::vector<std::uint32_t>& top = tops.front();
+    for (std::size_t i = 0; i + 1 < top.size(); ++i) {
+        const std::uint32_t left = vertexAt(top[i], 0);
+        const std::uint32_t right = vertexAt(top[i + 1], 0);
+        std::uint32_t apex = kNone;
+        if (frame.isRound) {
+            const Facing a = facingAt(top[i]);
+            const Facing b = facingAt(top[i + 1]);
+            const Facing middle {glm::normalize(a.normal + b.normal), (a.arc + b.arc) / 2};
+            mesh.vertices.push_back(makeVertex(run.front(), 0, middle));
+            apex = static_cast<std::uint32_t>(mesh.vertices.size() - 1);
+        } else {
+            apex = vertexAt(run.front(), 0);
+        }
+        emit(apex, right, left);
+    }
+}
+
+void ChamferMesher::fillFace() {
+    for (std::size_t i = 0; i + 1 < run.size(); ++i) {
+        mesh.faceRim.push_back({run[i], run[i + 1]});
+    }
+    if (faces == Faces::rimOnly) return;
+    const std::vector<std::uint32_t>& top = tops[lastLevel];
+    if (run.size() == 1) {
+        for (std::size_t i = 0; i + 1 < top.size(); ++i) {
+            mesh.faceTriangles.push_back({run.front(), top[i + 1], top[i]});
+        }
+        return;
+    }
+    const auto triangles = triangulator.cut(place(run, placedBottom), place(top, placedTop));
+    mesh.faceTriangles.insert(mesh.faceTriangles.end(), triangles.begin(), triangles.end());
+}
+
+// Smooth joints share their normal along the whole side between their two cells. A cell's sides lean, so the place
+// between them is not the foot's place on the piece but the share of the width at this distance.
+ChamferMesher::Facing ChamferMesher::facingAt(std::uint32_t point) const {
+    const OutlineCorner& corner = *frame.corner;
+    const double distance = distances[point];
+    const glm::dvec2 arm = mesh.points[point] - corner.position;
+    if (frame.isRound) {
+        const glm::dvec2 normal = distance > 0 ? -glm::normalize(arm) : outwardNormal(corner);
+        const double middle = -corner.turn / 2;
+        return {normal, corner.arc + (fanAngle(mesh.points[point]) - middle) * distance};
+    }
+    if (frame.site == MedialMap::Site::corner) return {corner.normal, corner.arc};
+    const double left = frame.leanAtStart * distance;
+    const double width = corner.length - left - frame.leanAtEnd * distance;
+    const double foot = glm::dot(arm, corner.direction);
+    const double t = width > kSnap ? glm::clamp((foot - left) / width, 0.0, 1.0) : 0.5;
+    const glm::dvec2 normal = glm::mix(frame.normalAtStart, frame.normalAtEnd, t);
+    return {glm::normalize(normal), corner.arc + t * corner.length};
+}
+
+Vertex ChamferMesher::makeVertex(
+    std::uint32_t point, std::size_t band, const Facing& facing) const {
+    const ChamferProfile::Surface surface = profile.surfaceAt(band, distances[point]);
+    Vertex vertex;
+    vertex.position = glm::vec3(glm::vec2(mesh.points[point]), static_cast<float>(surface.height));
+    vertex.normal = glm::vec3(
+        glm::vec2(facing.normal * surface.outward), static_cast<float>(surface.up));
+    vertex.tangent = glm::vec4(
+        static_cast<float>(-facing.normal.y), static_cast<float>(facing.normal.x), 0.0f, -1.0f);
+    vertex.uv = glm::vec2(glm::dvec2(facing.arc, -surface.arc) * textureScale);
+    return vertex;
+}
+
+// Cells that shade alike at a point share its vertex.
+std::uint32_t ChamferMesher::vertexAt(std::uint32_t point, std::size_t band) {
+    const Vertex vertex = makeVertex(point, band, facingAt(point));
+    const std::uint32_t known = vertexOf[point];
+    if (known != kNone && areAlike(mesh.vertices[known], vertex)) return known;
+    mesh.vertices.push_back(vertex);
+    vertexOf[point] = static_cast<std::uint32_t>(mesh.vertices.size() - 1);
+    return vertexOf[point];
+}
+
+void ChamferMesher::emit(std::uint32_t a, std::uint32_t b, std::uint32_t c) {
+    mesh.indices.insert(mesh.indices.end(), {a, b, c});
+}
+
+} // namespace zelvo::geometry

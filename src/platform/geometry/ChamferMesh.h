@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/geometry/ChamferProfile.h"
+#include "platform/geometry/MedialMap.h"
+#include "platform/geometry/Mesh.h"
+#include "platform/geometry/MonotonePolygon.h"
+#include "platform/geometry/Outline.h"
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace zelvo::geometry {
+
+/// The front chamfer of a solid and the rim of its face. Heights start at 0 on the rim of the side wall.
+struct ChamferMesh {
+    using Triangle = std::array<std::uint32_t, 3>;
+
+    std::vector<Vertex> vertices;
+    std::vector<std::uint32_t> indices;
+
+    std::vector<glm::dvec2> points;                    ///< what the faces' indices mean
+    std::vector<std::array<std::uint32_t, 2>> faceRim; ///< directed, the face on the left
+    std::vector<Triangle> faceTriangles;               ///< only with Faces::fromCells
+};
+
+/// Slices the cells of a map at the levels of a profile. Each cell gives the strips between two levels; where it stands
+/// lower than the face, the strips end in the ridge that it shares with its neighbour. Level crossings are found
+/// once for each link, so the strips of two cells meet without a gap.
+class ChamferMesher {
+public:
+    enum class Faces : std::uint8_t { rimOnly, fromCells };
+
+    /// `textureScale`: texture coordinates in a scene unit.
+    ChamferMesher(
+        const Outline& outline,
+        const MedialMap& map,
+        const ChamferProfile& profile,
+        double textureScale);
+
+    [[nodiscard]] ChamferMesh build(Faces faces);
+
+private:
+    /// A corner of a cell's chain with its place among the levels: 2 k on level k, 2 k + 1 between k and k + 1.
+    struct Knot {
+        std::uint32_t point = 0;
+        std::uint32_t rank = 0;
+    };
+
+    /// What is the same for all of a cell.
+    struct Frame {
+        MedialMap::Site site = MedialMap::Site::piece;
+        const OutlineCorner* corner = nullptr;
+        glm::dvec2 normalAtStart {};
+        glm::dvec2 normalAtEnd {};
+        double leanAtStart = 0; ///< how far the cell's side leans inwards over a unit of distance
+        double leanAtEnd = 0;
+        bool isRound = false; ///< a corner's cell that shades as a fan, round a real corner
+    };
+
+    /// The boundary's direction at a point of a cell.
+    struct Facing {
+        glm::dvec2 normal {};
+        double arc = 0;
+    };
+
+    void rankPoints();
+    void cutLinks();
+    void cutCell(const MedialMap::Cell& cell);
+    [[nodiscard]] Frame frameOf(const MedialMap::Cell& cell) const;
+    void loadChain(const MedialMap::Cell& cell);
+    void appendCrossings(std::uint32_t from, std::uint32_t to, std::uint32_t link);
+    void closeRun(std::size_t level, std::uint32_t end);
+    void appendArc(std::size_t level, std::uint32_t start, std::uint32_t end);
+    void fillBand(std::size_t band);
+    void fillFan();
+    void fillFace();
+    [[nodiscard]] std::span<const MonotoneCorner> place(
+        std::span<const std::uint32_t> ids, std::vector<MonotoneCorner>& placed) const;
+    [[nodiscard]] glm::dvec2 cellPosition(std::uint32_t point) const;
+    [[nodiscard]] double fanAngle(glm::dvec2 position) const;
+    [[nodiscard]] Facing facingAt(std::uint32_t point) const;
+    [[nodiscard]] std::uint32_t vertexAt(std::uint32_t point, std::size_t band);
+    [[nodiscard]] Vertex makeVertex(std::uint32_t point, std::size_t band, const Facing& facing) const;
+    std::uint32_t addPoint(glm::dvec2 position, double distance);
+    void emit(std::uint32_t a, std::uint32_t b, std::uint32_t c);
+
+    const Outline& outline;
+    const MedialMap& map;
+    const ChamferProfile& profile;
+    double textureScale;
+    std::size_t lastLevel;
+    Faces faces = Faces::rimOnly;
+
+    // By point: those of the map, then crossings, then points on arcs.
+    std::vector<double> distances;
+    std::vector<std::uint32_t> ranks; // of the map's points only
+    std::vector<std::uint32_t> vertexOf;
+
+    std::vector<std::uint32_t> firstCrossing; // by link: the crossing of the lowest level that it crosses
+
+    Frame frame;
+    std::vector<Knot> chain;
+    std::vector<std::uint32_t> runStart;          // by level
+    std::vector<std::vector<std::uint32_t>> tops; // by band: the upper chain of the open piece
+    std::vector<std::uint32_t> run;
+    std::vector<MonotoneCorner> placedBottom;
+    std::vector<MonotoneCorner> placedTop;
+    MonotoneTriangulator triangulator;
+    ChamferMesh mesh;
+};
+
+} // namespace zelvo::geometry

@@ -1,0 +1,257 @@
+// SPDX-License-Identifier: MIT
+#include "platform/geometry/Extrusion.h"
+
+#include "platform/foundation/Check.h"
+#include "platform/geometry/ChamferMesh.h"
+#include "platform/geometry/ChamferProfile.h"
+#include "platform/geometry/FaceTessellator.h"
+#include "platform/geometry/MedialMap.h"
+#include "platform/geometry/Outline.h"
+
+#include <glm/common.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <mutex>
+
+namespace zelvo::geometry {
+
+class OutlineSkeleton {
+public:
+    explicit OutlineSkeleton(Outline outline)
+        : outline_(std::move(outline)) {
+        if (outline_.corners.empty()) return;
+        min = max = outline_.corners.front().position;
+        for (const OutlineCorner& corner : outline_.corners) {
+            min = glm::min(min, corner.position);
+            max = glm::max(max, corner.position);
+        }
+        textureScale = 1 / std::max(max.x - min.x, max.y - min.y);
+    }
+
+    [[nodiscard]] const Outline& outline() const { return outline_; }
+
+    /// Made on the first call: solids without a chamfer seldom need it. Null if the outline allows none.
+    [[nodiscard]] const MedialMap* map() const {
+        std::call_once(mapMade, [this] { result = makeMedialMap(outline_); });
+        return result.isValid ? &result.map : nullptr;
+    }
+
+    glm::dvec2 min {};
+    glm::dvec2 max {};
+    double textureScale = 1;
+
+private:
+    Outline outline_;
+    mutable std::once_flag mapMade;
+    mutable MedialMapResult result;
+};
+
+namespace {
+
+constexpr double kLeastChamfer = 0.02; // scene units; less is not seen
+
+using Triangle = ChamferMesh::Triangle;
+
+// The pieces of a solid's front half before they become one mesh.
+struct Front {
+    ChamferMesh chamfer;
+    std::vector<Triangle> face;
+    double chamferHeight = 0;
+};
+
+ChamferMesh plainRim(const Outline& outline) {
+    ChamferMesh mesh;
+    for (const OutlineCorner& corner : outline.corners) {
+        const auto index = static_cast<std::uint32_t>(mesh.points.size());
+        mesh.points.push_back(corner.position);
+        mesh.faceRim.push_back({index, corner.next});
+    }
+    return mesh;
+}
+
+Front makeFront(const OutlineSkeleton& skeleton, const ChamferProfile& profile) {
+    const MedialMap* map = profile.levelCount() > 1 ? skeleton.map() : nullptr;
+    // Without a map there is no chamfer, but still a solid.
+    const ChamferProfile used = map != nullptr ? profile : ChamferProfile();
+    const auto makeChamfer = [&](ChamferMesher::Faces faces) {
+        return ChamferMesher(skeleton.outline(), *map, used, skeleton.textureScale).build(faces);
+    };
+    Front front;
+    front.chamferHeight = used.height();
+    front.chamfer = map != nullptr ? makeChamfer(ChamferMesher::Faces::rimOnly)
+                                   : plainRim(skeleton.outline());
+    auto face = tessellateFace(front.chamfer.points, front.chamfer.faceRim);
+    if (face) {
+        front.face = std::move(*face);
+        return front;
+    }
+    map = skeleton.map();
+    if (map != nullptr) {
+        front.chamfer = makeChamfer(ChamferMesher::Faces::fromCells);
+        front.face = front.chamfer.faceTriangles;
+    }
+    return front;
+}
+
+class SolidWriter {
+public:
+    SolidWriter(const OutlineSkeleton& skeleton_, const Front& front_, double depth)
+        : skeleton(skeleton_)
+        , front(front_)
+        , faceZ(depth / 2)
+        , wallZ(depth / 2 - front_.chamferHeight) {}
+
+    Mesh write(bool hasChamferElements) {
+        addElement([this] { writeFace(1); });
+        addElement([this] { writeFace(-1); });
+        addElement([this] { writeWalls(); });
+        if (hasChamferElements) {
+            addElement([this] { writeChamfer(1); });
+            addElement([this] { writeChamfer(-1); });
+        }
+        return std::move(mesh);
+    }
+
+private:
+    template <class Write> void addElement(const Write& write) {
+        const auto first = static_cast<std::uint32_t>(mesh.indices.size());
+        write();
+        mesh.elements.push_back(
+            {first, static_cast<std::uint32_t>(mesh.indices.size()) - first});
+    }
+
+    [[nodiscard]] std::uint32_t vertexCount() const {
+        return static_cast<std::uint32_t>(mesh.vertices.size());
+    }
+
+    // Counter-clockwise seen from the front; `side` -1 turns it for the back.
+    void addTriangle(Triangle corners, int side) {
+        if (side < 0) std::swap(corners[1], corners[2]);
+        mesh.indices.insert(mesh.indices.end(), corners.begin(), corners.end());
+    }
+
+    // The picture on a face stands upright and unmirrored to whoever looks at the face.
+    void writeFace(int side) {
+        std::vector<std::uint32_t> vertexOf(front.chamfer.points.size(), UINT32_MAX);
+        for (const Triangle& triangle : front.face) {
+            Triangle corners {};
+            for (std::size_t i = 0; i < 3; ++i) {
+                std::uint32_t& vertex = vertexOf[triangle[i]];
+                if (vertex == UINT32_MAX) {
+                    vertex = vertexCount();
+                    mesh.vertices.push_back(faceVertex(front.chamfer.points[triangle[i]], side));
+                }
+                corners[i] = vertex;
+            }
+            addTriangle(corners, side);
+        }
+    }
+
+    [[nodiscard]] Vertex faceVertex(glm::dvec2 position, int side) const {
+        const double u = side > 0 ? position.x - skeleton.min.x : skeleton.max.x - position.x;
+        const double v = skeleton.max.y - position.y;
+        const auto sign = static_cast<float>(side);
+        return {
+            .position = glm::vec3(glm::vec2(position), static_cast<float>(faceZ) * sign),
+            .normal = {0, 0, sign},
+            .tangent = {sign, 0, 0, -1},
+            .uv = glm::vec2(glm::dvec2(u, v) * skeleton.textureScale)};
+    }
+
+    void writeWalls() {
+        if (wallZ <= 0) return;
+        for (const Outline::Loop& loop : skeleton.outline().loops) {
+            for (std::uint32_t i = 0; i < loop.count; ++i) {
+                writeWall(loop.first + i, i > 0);
+            }
+        }
+    }
+
+    // The wall over the piece that starts at a corner. At a smooth joint it goes on from the wall before.
+    void writeWall(std::uint32_t index, bool hasWallBefore) {
+        const std::vector<OutlineCorner>& corners = skeleton.outline().corners;
+        const OutlineCorner& start = corners[index];
+        const OutlineCorner& end = corners[start.next];
+        const glm::dvec2 plain = outwardNormal(start);
+        if (!hasWallBefore || !start.isSmooth) {
+            addWallPair(start.position, start.isSmooth ? start.normal : plain, start.arc);
+        }
+        const std::uint32_t a = vertexCount() - 2;
+        const std::uint32_t b = vertexCount();
+        addWallPair(
+            end.position, end.isSmooth ? end.normal : plain, start.arc + start.length);
+        mesh.indices.insert(mesh.indices.end(), {a + 1, b + 1, b, a + 1, b, a});
+    }
+
+    // A front and a back vertex.
+    void addWallPair(glm::dvec2 position, glm::dvec2 normal, double arc) {
+        for (const int side : {1, -1}) {
+            const double v = side > 0 ? 0 : 2 * wallZ;
+            mesh.vertices.push_back(
+                {.position =
+                     glm::vec3(glm::vec2(position), static_cast<float>(wallZ * side)),
+                 .normal = glm::vec3(glm::vec2(normal), 0.0f),
+                 .tangent = glm::vec4(
+                     static_cast<float>(-normal.y), static_cast<float>(normal.x), 0.0f, -1.0f),
+                 .uv = glm::vec2(glm::dvec2(arc, v) * skeleton.textureScale)});
+        }
+    }
+
+    void writeChamfer(int side) {
+        const std::uint32_t first = vertexCount();
+        const auto sign = static_cast<float>(side);
+        const auto wallHeight = static_cast<float>(2 * wallZ * skeleton.textureScale);
+        for (Vertex vertex : front.chamfer.vertices) {
+            vertex.position.z = (vertex.position.z + static_cast<float>(wallZ)) * sign;
+            vertex.normal.z *= sign;
+            if (side < 0) vertex.uv.y = wallHeight - vertex.uv.y;
+            mesh.vertices.push_back(vertex);
+        }
+        for (std::size_t i = 0; i + 2 < front.chamfer.indices.size(); i += 3) {
+            const std::uint32_t* corner = &front.chamfer.indices[i];
+            addTriangle({first + corner[0], first + corner[1], first + corner[2]}, side);
+        }
+    }
+
+    const OutlineSkeleton& skeleton;
+    const Front& front;
+    double faceZ;
+    double wallZ;
+    Mesh mesh;
+};
+
+} // namespace
+
+std::shared_ptr<const OutlineSkeleton> makeSkeleton(const BezierPath& outline, float flatness) {
+    CHECK(flatness > 0, "a flatness of {} leaves no bound on the number of chords", flatness);
+    return std::make_shared<const OutlineSkeleton>(
+        makeOutline(outline, static_cast<double>(flatness)));
+}
+
+Mesh extrude(const OutlineSkeleton& skeleton, const ExtrusionOptions& options) {
+    const auto depth = static_cast<double>(options.depth);
+    const auto radius = static_cast<double>(options.chamferRadius);
+    CHECK(std::isfinite(depth) && depth > 0, "a solid of depth {} has no inside", depth);
+    CHECK(std::isfinite(radius) && radius >= 0, "a chamfer has no radius of {}", radius);
+    const bool hasChamfer = radius >= kLeastChamfer;
+    const ChamferProfile profile =
+        hasChamfer ? ChamferProfile(options.chamferProfile, radius, std::min(radius, depth / 2))
+                   : ChamferProfile();
+    const Front front = makeFront(skeleton, profile);
+    return SolidWriter(skeleton, front, depth).write(radius > 0);
+}
+
+Mesh extrude(const BezierPath& outline, const ExtrusionOptions& options) {
+    return extrude(*makeSkeleton(outline, options.flatness), options);
+}
+
+float areaOf(const OutlineSkeleton& skeleton) {
+    return static_cast<float>(skeleton.outline().area);
+}
+
+float perimeterOf(const OutlineSkeleton& skeleton) {
+    return static_cast<float>(skeleton.outline().perimeter);
+}
+
+} // namespace zelvo::geometry
