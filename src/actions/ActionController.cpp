@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include "actions/ActionController.h"
+
+#include "platform/foundation/Check.h"
+#include "platform/foundation/Console.h"
+#include "ui/shared/Signal.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zelvo::actions {
+
+namespace {
+
+constexpr double kNearZero = 0.005555555555555667; ///< a third of the clock's step
+constexpr double kOpeningDelay = 0.01;             ///< seconds
+
+} // namespace
+
+ActionController::ActionController(ActionControllerOwner& model, core::Nodes& stage)
+    : nodes(stage)
+    , undoManager(this)
+    , owner(model) {}
+
+const std::vector<XACPtr>& ActionController::recordedActions() const {
+    checkOwnerThread();
+    return recordedActions_;
+}
+
+void ActionController::addAction(
+    std::function<void()> xacFunc, int identifier, std::string title, RegisterUndo registerUndo) {
+    auto xac = std::make_shared<XAC>();
+    xac->xacFunc = std::move(xacFunc);
+    xac->identifier = identifier;
+    xac->title = std::move(title);
+    xac->registerUndo = registerUndo == RegisterUndo::yes;
+
+    // The owner outlives its serial queue's work; what waits on the run loop may outlive this
+    // controller.
+    const std::weak_ptr<const bool> guard = alive;
+    owner.serialQueue().async([this, guard, xac, performance = performanceNumber] {
+        xac->time = owner.time();
+        xac->hasRun = true;
+        const bool isKept = owner.isPlaying();
+        owner.runLoop().post([this, guard, xac, isKept, performance] {
+            if (!guard.expired())
+                keepAndExecute(xac, isKept, performance);
+        });
+    });
+}
+
+void ActionController::keepAndExecute(const XACPtr& xac, bool isKept, int performance) {
+    if (isKept && performance == performanceNumber) {
+        append(xac);
+        if (xac->registerUndo)
+            undoManager.add(MyUndoManagerActionType::remove, xac);
+    }
+    xac->xacFunc();
+}
+
+std::string
+ActionController::describe(std::string_view title, const std::vector<core::NodePtr>& which) {
+    std::vector<std::string_view> names;
+    names.reserve(which.size());
+    for (const core::NodePtr& node : which) {
+        names.emplace_back(node->shortName);
+    }
+    std::string text = fmt::format("{} [{}]", title, fmt::join(names, ", "));
+    std::erase(text, '"');
+    std::replace(text.begin(), text.end(), '[', '(');
+    std::replace(text.begin(), text.end(), ']', ')');
+    return text;
+}
+
+void ActionController::run(double time) {
+    checkOwnerThread();
+    if (std::abs(time) < kNearZero) {
+        resetAll(CameraHandles::include);
+        parkNodes(nodes);
+        return;
+    }
+    for (const XACPtr& xac : recordedActions_) {
+        if (xac->hasRun || xac->time > time)
+            continue;
+        xac->hasRun = true; // before the callback, so that no later tick runs it a second time
+        owner.runLoop().post([xac] { xac->xacFunc(); });
+    }
+}
+
+void ActionController::markAllNotRun() {
+    checkOwnerThread();
+    for (const XACPtr& xac : recordedActions_) {
+        xac->hasRun = false;
+    }
+}
+
+void ActionController::append(const XACPtr& xac) {
+    checkOwnerThread();
+    recordedActions_.push_back(xac);
+}
+
+void ActionController::removeActions(int identifier) {
+    checkOwnerThread();
+    std::erase_if(
+        recordedActions_, [&](const XACPtr& xac) { return xac->identifier == identifier; });
+}
+
+void ActionController::resetAll(CameraHandles handles, const Homecoming& how) {
+    resetStage(nodes, handles, how);
+}
+
+void ActionController::resetNodes(const std::vector<core::NodePtr>& which) {
+    if (which.empty())
+        foundation::logLine("no nodes to reset");
+    for (const core::NodePtr& node : which) {
+        resetRig(*node, {});
+    }
+}
+
+void ActionController::deleteAll() {
+    checkOwnerThread();
+    owner.stopAndReset();
+    undoManager.clear();
+    currentIdentifier = 0;
+    recordedActions_.clear();
+    ++performanceNumber;
+    ui::signals().undoStateSignal.fire();
+
+    const std::weak_ptr<const bool> guard = alive;
+    owner.runLoop().asyncAfter(kOpeningDelay, [this, guard] {
+        if (!guard.expired())
+            playOpeningFlyIn(nodes);
+    });
+}
+
+void ActionController::undo() {
+    if (!undoManager.canUndo())
+        return;
+    const std::string title = undoManager.undoTitle();
+    ui::signals().messageSignal.fire(title.empty() ? "Undo Action" : "Undo " + title);
+    undoManager.undo();
+}
+
+void ActionController::redo() {
+    if (!undoManager.canRedo())
+        return;
+    const std::string title = undoManager.redoTitle();
+    ui::signals().messageSignal.fire(title.empty() ? "Redo Action" : "Redo " + title);
+    undoManager.redo();
+}
+
+void ActionController::checkOwnerThread() const {
+#ifndef NDEBUG
+    CHECK(
+        std::this_thread::get_id() == ownerThread,
+        "the recorded actions belong to the run loop's thread");
+#endif
+}
+
+} // namespace zelvo::actions

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "catalogue/Catalogue.h"
+
+#include "catalogue/Tabs.h"
+
+#include <algorithm>
+#include <array>
+
+namespace zelvo::catalogue {
+
+namespace {
+
+// The field MID shows "TXT": title and field differ on purpose.
+constexpr auto kTabs = std::to_array<Tab>({
+    {"FLY", "FLY", "fly-throughs",                             showFlyBy},
+    {"IN1", "IN1", "straight entrances",                       showIn1  },
+    {"IN2", "IN2", "mixed entrances",                          showIn2  },
+    {"IN3", "IN3", "letter and random entrances",              showIn3  },
+    {"IN4", "IN4", "eased and letter entrances",               showIn4  },
+    {"TXT", "MID", "letter actions for the middle of a movie", nullptr  },
+    {"ROT", "ROT", "rotations of the whole stage",             nullptr  },
+    {"CAM", "CAM", "camera actions",                           nullptr  },
+    {"FX1", "FX1", "post-processing and hide",                 nullptr  },
+    {"FX2", "FX2", "explosions with light",                    nullptr  },
+    {"FX3", "FX3", "particle and light effects",               nullptr  },
+    {"OT1", "OT1", "straight exits",                           showOut1 },
+    {"OT2", "OT2", "eased and letter exits",                   showOut2 },
+    {"OT3", "OT3", "mixed exits",                              showOut3 },
+});
+
+} // namespace
+
+std::vector<Button> Tab::buttons() const {
+    return operation == nullptr ? std::vector<Button>() : operation();
+}
+
+std::span<const Tab> tabs() {
+    return kTabs;
+}
+
+const Tab* tabNamed(std::string_view shortTitle) {
+    const auto* const found = std::ranges::find(kTabs, shortTitle, &Tab::shortTitle);
+    return found == kTabs.end() ? nullptr : &*found;
+}
+
+} // namespace zelvo::catalogue

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+// Tab OT1: straight exits. The picture and the title tell where the node leaves; it leaves slowly
+// and speeds up.
+#include "catalogue/StraightMoves.h"
+#include "catalogue/Tabs.h"
+
+#include <array>
+
+namespace zelvo::catalogue {
+
+namespace {
+
+constexpr Curve kCurve = bezier(0.3f, 0.0f, 0.35f, 0.0f);
+
+constexpr auto kRows = std::to_array<StraightRow>({
+    {"PositionLeft",  "Left Out",  {-800, 0, 0}},
+    {"PositionRight", "Right Out", {800, 0, 0} },
+    {"PositionUp",    "Up Out",    {0, 800, 0} },
+    {"PositionDown",  "Down Out",  {0, -800, 0}},
+    {"PositionBack",  "Back Out",  {0, 0, -800}},
+    {"PositionFront", "Front Out", {0, 0, 800} },
+});
+
+} // namespace
+
+std::vector<Button> showOut1() {
+    return straightButtons(kRows, Direction::out, kCurve);
+}
+
+} // namespace zelvo::catalogue
