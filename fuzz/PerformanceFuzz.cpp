@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#include "app/PerformanceReader.h"
+
+#include <cstdint>
+#include <string_view>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const zelvo::app::Names kNames{
+        .fonts = {"Abel-Regular", "Bungee"},
+        .materials = {"Iron",         "Plain" },
+        .scenes = {"Plain",        "Stage" },
+        .laterScenes = {"Flares"      },
+        .speeds = {"Normal",        "Fast"        },
+        .tabs = {{"IN1", {"Left In", "Right In"}},   {"CAM", {}}}
+    };
+    const auto* const chars =
+        reinterpret_cast<const char*>(data); // NOLINT(cppcoreguidelines-pro-type-reinterpret-cast)
+    const auto read = zelvo::app::readPerformance(std::string_view(chars, size), kNames);
+    return read.has_value() && read->cues.size() > zelvo::app::kMaxCues ? 1 : 0;
+}

@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: MIT
+#include "app/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <map>
+#include <string_view>
+#include <utility>
+
+namespace zelvo::app {
+
+namespace {
+
+constexpr std::string_view kDescription =
+    "Makes short three-dimensional title movies from a performance: a stage of two texts, and the\n"
+    "buttons that are pressed on it while the clock runs.";
+
+constexpr std::string_view kFooter =
+    "Examples:\n"
+    "  zelvo perform night.json --movie night.mov\n"
+    "  zelvo frame night.json --at 2.5 --out still.png --size 1280x720\n"
+    "  zelvo list buttons\n"
+    "\n"
+    "Exit status:\n"
+    "  0 done; 1 the export failed; 2 the command line or a file it names is wrong;\n"
+    "  130 or 143 stopped by SIGINT or SIGTERM.";
+
+constexpr std::string_view kPerformFooter =
+    "The performance is styled and performed as its file says, then drawn frame by frame at 60\n"
+    "frames a second and written with its music. The same file and seed give the same frames.\n"
+    "Without --movie the finished movie goes to the videos folder, and its path is printed. A\n"
+    "movie that stood there before is replaced only by a finished one.";
+
+constexpr std::string_view kFrameFooter =
+    "The picture is the movie's own frame of that time. Times below 0 lie in the two seconds of\n"
+    "count-in, which a movie does not show.";
+
+constexpr std::string_view kListFooter =
+    "One name a line; buttons as tab, a tab stop, and the title that a performance file uses.";
+
+struct ListingName {
+    std::string_view name;
+    Listing what;
+};
+
+constexpr auto kListings = std::to_array<ListingName>({
+    {"tabs",      Listing::tabs     },
+    {"buttons",   Listing::buttons  },
+    {"fonts",     Listing::fonts    },
+    {"materials", Listing::materials},
+    {"scenes",    Listing::scenes   },
+    {"shapes",    Listing::shapes   },
+    {"masks",     Listing::masks    },
+    {"speeds",    Listing::speeds   },
+});
+
+[[nodiscard]] std::optional<int> sideFrom(std::string_view text) {
+    int side = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), side);
+    const bool isWhole = error == std::errc{} && end == text.data() + text.size();
+    if (!isWhole || side < kMinSide || side > kMaxSide || side % 2 != 0)
+        return std::nullopt;
+    return side;
+}
+
+[[nodiscard]] std::optional<PictureSize> sizeFrom(std::string_view text) {
+    const auto cross = text.find('x');
+    if (cross == std::string_view::npos)
+        return std::nullopt;
+    const auto width = sideFrom(text.substr(0, cross));
+    const auto height = sideFrom(text.substr(cross + 1));
+    if (!width || !height)
+        return std::nullopt;
+    return PictureSize{*width, *height};
+}
+
+/// Adds what several subcommands share.
+void addFile(CLI::App& command, std::filesystem::path& file) {
+    command.add_option("FILE", file, "The performance file (JSON)")->required();
+}
+
+void addSize(CLI::App& command, PictureSize& size) {
+    command
+        .add_option_function<std::string>(
+            "--size",
+            [&size](const std::string& text) {
+                const auto parsed = sizeFrom(text);
+                if (!parsed) {
+                    throw CLI::ValidationError(
+                        "--size",
+                        fmt::format(
+                            "must be like 1920x1080, both sides even and from {} to {}",
+                            kMinSide,
+                            kMaxSide));
+                }
+                size = *parsed;
+            },
+            "Size in pixels, 1920x1080 if not given")
+        ->type_name("WxH");
+}
+
+void addSeed(CLI::App& command, std::uint64_t& seed) {
+    command.add_option("--seed", seed, "Start of all random draws, 0 if not given")
+        ->check(CLI::NonNegativeNumber)
+        ->type_name("N");
+}
+
+void addPerform(CLI::App& app, PerformCommand& options) {
+    auto& command = *app.add_subcommand("perform", "Make a movie of a performance");
+    command.footer(std::string(kPerformFooter));
+    addFile(command, options.file);
+    command.add_option("--movie", options.movie, "Where the movie goes")->type_name("OUT.mov");
+    command.add_option("--frames", options.frames, "Also write each frame as a PNG file here")
+        ->type_name("DIR");
+    addSize(command, options.size);
+    addSeed(command, options.seed);
+    const std::map<std::string, media::VideoCodec> codecs{
+        {"hevc", media::VideoCodec::hevc},
+        {"h264", media::VideoCodec::h264}
+    };
+    command
+        .add_option_function<std::string>(
+            "--codec",
+            [&options, codecs](const std::string& name) { options.codec = codecs.at(name); },
+            "hevc or h264; if not given, HEVC where the machine encodes it in hardware")
+        ->check(CLI::IsMember({"hevc", "h264"}))
+        ->type_name("hevc|h264");
+    command.add_flag("--timing", options.showsTiming, "End with a table of milliseconds a frame");
+}
+
+void addFrame(CLI::App& app, FrameCommand& options) {
+    auto& command = *app.add_subcommand("frame", "Make a picture of one moment of a performance");
+    command.footer(std::string(kFrameFooter));
+    addFile(command, options.file);
+    command.add_option("--at", options.at, "Seconds of the movie; the count-in is below 0")
+        ->required()
+        ->type_name("SECONDS");
+    command.add_option("--out", options.out, "Where the picture goes")
+        ->required()
+        ->type_name("PICTURE.png");
+    addSize(command, options.size);
+    addSeed(command, options.seed);
+}
+
+void addList(CLI::App& app, ListCommand& options) {
+    auto& command = *app.add_subcommand("list", "Print the names a performance can use");
+    command.footer(std::string(kListFooter));
+    std::vector<std::string> names;
+    for (const auto& row : kListings)
+        names.emplace_back(row.name);
+    command
+        .add_option_function<std::string>(
+            "WHAT",
+            [&options](const std::string& name) {
+                options.what = std::ranges::find(kListings, name, &ListingName::name)->what;
+            },
+            "tabs, buttons, fonts, materials, scenes, shapes, masks or speeds")
+        ->required()
+        ->check(CLI::IsMember(names))
+        ->type_name("");
+}
+
+[[nodiscard]] std::string oneLine(std::string text) {
+    std::ranges::replace(text, '\n', ' ');
+    return text;
+}
+
+} // namespace
+
+foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments) {
+    CLI::App app{std::string(kDescription), "zelvo"};
+    app.footer(std::string(kFooter));
+    app.set_version_flag("--version", "zelvo " ZELVO_VERSION);
+    app.require_subcommand(0, 1);
+    PerformCommand perform;
+    FrameCommand frame;
+    ListCommand list;
+    addPerform(app, perform);
+    addFrame(app, frame);
+    addList(app, list);
+
+    // The library speaks in exceptions; none leaves this function.
+    try {
+        std::ranges::reverse(arguments);
+        app.parse(std::move(arguments));
+    } catch (const CLI::CallForHelp&) {
+        return TextCommand{app.help()};
+    } catch (const CLI::CallForVersion& version) {
+        return TextCommand{std::string(version.what()) + "\n"};
+    } catch (const CLI::Error& error) {
+        return foundation::fail(
+            foundation::Cause::malformed, oneLine(error.what()) + " (see zelvo --help)");
+    }
+    if (app.got_subcommand("perform"))
+        return perform;
+    if (app.got_subcommand("frame"))
+        return frame;
+    if (app.got_subcommand("list"))
+        return list;
+    return TextCommand{app.help()};
+}
+
+} // namespace zelvo::app

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/Result.h"
+#include "platform/media/VideoSettings.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace zelvo::app {
+
+/// Of a movie or picture: both sides even, kMinSide to kMaxSide pixels.
+struct PictureSize {
+    int width = 1920;
+    int height = 1080;
+
+    friend bool operator==(const PictureSize&, const PictureSize&) = default;
+};
+
+inline constexpr int kMinSide = 16;
+inline constexpr int kMaxSide = 4096;
+
+/// zelvo perform
+struct PerformCommand {
+    std::filesystem::path file;
+    std::filesystem::path movie;  ///< empty: the user's videos folder
+    std::filesystem::path frames; ///< folder for PNG files; empty: none
+    PictureSize size;
+    std::uint64_t seed = 0;
+    std::optional<media::VideoCodec> codec;
+    bool showsTiming = false;
+};
+
+/// zelvo frame
+struct FrameCommand {
+    std::filesystem::path file;
+    double at = 0; ///< seconds of the movie, the count-in below 0
+    std::filesystem::path out;
+    PictureSize size;
+    std::uint64_t seed = 0;
+};
+
+enum class Listing { tabs, buttons, fonts, materials, scenes, shapes, masks, speeds };
+
+/// zelvo list
+struct ListCommand {
+    Listing what = Listing::tabs;
+};
+
+/// --help, --version: a text to print.
+struct TextCommand {
+    std::string text;
+};
+
+using Command = std::variant<PerformCommand, FrameCommand, ListCommand, TextCommand>;
+
+/// What the arguments (without the program's name) ask for. The error is one line.
+[[nodiscard]] foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments);
+
+} // namespace zelvo::app

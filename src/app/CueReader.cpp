@@ -1,0 +1,233 @@
+// SPDX-License-Identifier: MIT
+#include "app/CueReader.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cctype>
+#include <utility>
+
+namespace zelvo::app {
+
+namespace {
+
+using Strings = std::vector<std::string>;
+
+const ObjectReader::Keys kCueKeys{
+    .known = {"at",    "tab", "press", "nodes", "speed", "undo", "redo"},
+    .later = {"hold", "for",      "pan",        "pinch",          "doubleTap"      }
+};
+
+[[nodiscard]] bool equalsIgnoringCase(std::string_view a, std::string_view b) {
+    return std::ranges::equal(
+        a, b, [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
+}
+
+class CueReader {
+public:
+    CueReader(const CueContext& given, Problems& found)
+        : context(given)
+        , problems(found) {}
+
+    [[nodiscard]] std::vector<Cue> cues(const ObjectReader& root) {
+        if (!root.has("cues")) {
+            problems.add(
+                root.lineOf("cues"), "\"cues\" is missing: the list of what is pressed when");
+            return {};
+        }
+        const auto* const list = root.find("cues", JsonValue::Kind::array);
+        if (!list)
+            return {};
+        if (list->items.size() > kMaxCues) {
+            problems.add(
+                list->line,
+                fmt::format(
+                    "{} cues are too many; at most {} are allowed", list->items.size(), kMaxCues));
+            return {};
+        }
+        std::vector<Cue> result;
+        for (const auto& item : list->items)
+            result.push_back(cue(item));
+        std::ranges::stable_sort(result, {}, &Cue::at);
+        return result;
+    }
+
+private:
+    [[nodiscard]] Cue cue(const JsonValue& value) {
+        const ObjectReader object(value, "cue", kCueKeys, problems);
+        Cue result;
+        if (value.kind != JsonValue::Kind::object)
+            return result;
+        result.at = time(object);
+        const bool hasUndo = object.has("undo");
+        const bool hasRedo = object.has("redo");
+        if (hasUndo || hasRedo) {
+            checkUndoRedo(object);
+            if (hasUndo) {
+                result.act = Undo{};
+            } else {
+                result.act = Redo{};
+            }
+        } else {
+            result.act = press(object);
+        }
+        return result;
+    }
+
+    [[nodiscard]] double time(const ObjectReader& object) {
+        if (!object.has("at")) {
+            problems.add(
+                object.lineOf("at"), "cue needs \"at\": the second of the movie when it comes");
+            return 0;
+        }
+        const auto* const value = object.find("at", JsonValue::Kind::number);
+        if (!value)
+            return 0;
+        if (value->number >= -kCountIn && value->number < context.duration)
+            return value->number;
+        problems.add(
+            value->line,
+            fmt::format(
+                "\"at\" in cue must be from {} up to, but not at, the movie's {} seconds; it "
+                "is {}",
+                -kCountIn,
+                context.duration,
+                value->number));
+        return 0;
+    }
+
+    void checkUndoRedo(const ObjectReader& object) {
+        for (const auto* const key : {"undo", "redo"}) {
+            if (object.has(key) && object.boolean(key) == false) {
+                problems.add(
+                    object.lineOf(key),
+                    fmt::format("\"{0}\" in cue can only be true; leave the cue out", key));
+            }
+        }
+        if (object.has("undo") && object.has("redo")) {
+            problems.add(object.lineOf("redo"), "a cue is either \"undo\" or \"redo\"");
+        }
+        for (const auto* const key : {"tab", "press", "nodes", "speed"}) {
+            if (!object.has(key))
+                continue;
+            problems.add(
+                object.lineOf(key),
+                fmt::format("\"{}\" does not go with \"undo\" or \"redo\" in one cue", key));
+        }
+    }
+
+    [[nodiscard]] Press press(const ObjectReader& object) {
+        Press result;
+        result.speed = readSpeed(object, context.names, problems);
+        result.nodes = affectedNodes(object);
+        if (!object.has("tab") || !object.has("press")) {
+            problems.add(
+                object.lineOf(""),
+                "cue needs \"tab\" and \"press\", or \"undo\": true, or \"redo\": true");
+            return result;
+        }
+        Strings tabs;
+        for (const auto& row : context.names.tabs)
+            tabs.push_back(row.tab);
+        const auto tab = object.choice("tab", "tab", tabs);
+        const auto title = object.string("press");
+        if (!tab || !title)
+            return result;
+        checkButton(*tab, *title, object.lineOf("press"));
+        result.tab = *tab;
+        result.title = *title;
+        return result;
+    }
+
+    void checkButton(const std::string& tab, const std::string& title, int line) {
+        const auto row = std::ranges::find(context.names.tabs, tab, &TabNames::tab);
+        const auto holds = [&](const TabNames& other) {
+            return std::ranges::find(other.titles, title) != other.titles.end();
+        };
+        if (holds(*row))
+            return;
+        if (row->titles.empty()) {
+            problems.add(line, fmt::format("the buttons of tab {} are not supported yet", tab));
+            return;
+        }
+        const auto other = std::ranges::find_if(context.names.tabs, holds);
+        problems.add(
+            line,
+            other == context.names.tabs.end()
+                ? unknownName("button", title, row->titles, "tab " + tab)
+                : fmt::format(
+                      "unknown button \"{}\" in tab {}; it is in tab {}", title, tab, other->tab));
+    }
+
+    [[nodiscard]] Strings affectedNodes(const ObjectReader& object) {
+        const auto* const list = object.find("nodes", JsonValue::Kind::array);
+        if (!list)
+            return {};
+        if (list->items.empty()) {
+            problems.add(
+                list->line,
+                "\"nodes\" in cue must name at least one node; leave it out for all of them");
+        }
+        Strings result;
+        for (const auto& item : list->items) {
+            if (const auto problem = nodeProblem(item, result)) {
+                problems.add(item.line, *problem);
+            } else {
+                result.push_back(item.string);
+            }
+        }
+        return result;
+    }
+
+    [[nodiscard]] static std::optional<std::string>
+    nodeProblem(const JsonValue& item, const Strings& before) {
+        if (item.kind != JsonValue::Kind::string) {
+            return fmt::format(
+                "\"nodes\" in cue must be a list of node names, not {}", kindName(item.kind));
+        }
+        if (std::ranges::find(laterNodeNames(), item.string) != laterNodeNames().end()) {
+            return fmt::format("node \"{}\" in cue is not supported yet", item.string);
+        }
+        if (std::ranges::find(textNodeNames(), item.string) == textNodeNames().end()) {
+            return unknownName("node", item.string, textNodeNames());
+        }
+        if (std::ranges::find(before, item.string) != before.end()) {
+            return fmt::format("node \"{}\" stands twice in one cue", item.string);
+        }
+        return std::nullopt;
+    }
+
+    const CueContext& context;
+    Problems& problems;
+};
+
+} // namespace
+
+std::vector<Cue> readCues(const ObjectReader& root, const CueContext& context, Problems& problems) {
+    return CueReader(context, problems).cues(root);
+}
+
+std::optional<std::string>
+readSpeed(const ObjectReader& object, const Names& names, Problems& problems) {
+    const auto* const value = object.find("speed", JsonValue::Kind::string);
+    if (!value)
+        return std::nullopt;
+    for (const auto& title : names.speeds) {
+        if (equalsIgnoringCase(title, value->string))
+            return title;
+    }
+    problems.add(value->line, unknownName("speed", value->string, names.speeds));
+    return std::nullopt;
+}
+
+const std::vector<std::string>& textNodeNames() {
+    static const Strings kNames{"TX1", "TX2"};
+    return kNames;
+}
+
+const std::vector<std::string>& laterNodeNames() {
+    static const Strings kNames{"IMG", "OBJ"};
+    return kNames;
+}
+
+} // namespace zelvo::app

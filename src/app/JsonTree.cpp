@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: MIT
+#include "app/JsonTree.h"
+
+#include <fmt/format.h>
+#include <rapidjson/memorystream.h>
+#include <rapidjson/reader.h>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <utility>
+
+namespace zelvo::app {
+
+namespace {
+
+using Stream = rapidjson::MemoryStream;
+
+/// Lines of a text by offset. Asked for rising offsets, it walks the text once.
+class LineCounter {
+public:
+    explicit LineCounter(std::string_view whole)
+        : text(whole) {}
+
+    [[nodiscard]] int at(std::size_t offset) {
+        const auto end = std::min(offset, text.size());
+        if (end < counted) {
+            counted = 0;
+            line = 1;
+        }
+        const auto part = text.substr(counted, end - counted);
+        line += static_cast<int>(std::count(part.begin(), part.end(), '\n'));
+        counted = end;
+        return line;
+    }
+
+private:
+    std::string_view text;
+    std::size_t counted = 0;
+    int line = 1;
+};
+
+/// Takes the parser's events and grows the tree. `open` holds the containers that have begun
+/// and not ended; they are moved into their parents when they end, so that no address is kept.
+class TreeBuilder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, TreeBuilder> {
+public:
+    TreeBuilder(const Stream& source, LineCounter& counter)
+        : stream(source)
+        , lines(counter) {}
+
+    // The parser calls these by the names it prescribes.
+    // NOLINTBEGIN(readability-identifier-naming)
+    bool Null() { return add(make(JsonValue::Kind::null)); }
+
+    bool Bool(bool value) {
+        auto made = make(JsonValue::Kind::boolean);
+        made.boolean = value;
+        return add(std::move(made));
+    }
+
+    bool Double(double value) {
+        auto made = make(JsonValue::Kind::number);
+        made.number = value;
+        return add(std::move(made));
+    }
+
+    bool Int(int value) { return Double(value); }
+
+    bool Uint(unsigned value) { return Double(value); }
+
+    bool Int64(std::int64_t value) { return Double(static_cast<double>(value)); }
+
+    bool Uint64(std::uint64_t value) { return Double(static_cast<double>(value)); }
+
+    bool String(const char* chars, rapidjson::SizeType length, bool) {
+        auto made = make(JsonValue::Kind::string);
+        made.string.assign(chars, length);
+        return add(std::move(made));
+    }
+
+    bool Key(const char* chars, rapidjson::SizeType length, bool) {
+        open.back().members.push_back({std::string(chars, length), currentLine(), {}});
+        return true;
+    }
+
+    bool StartObject() { return begin(JsonValue::Kind::object); }
+
+    bool StartArray() { return begin(JsonValue::Kind::array); }
+
+    bool EndObject(rapidjson::SizeType) { return end(); }
+
+    bool EndArray(rapidjson::SizeType) { return end(); }
+
+    // NOLINTEND(readability-identifier-naming)
+
+    JsonValue root;
+
+private:
+    [[nodiscard]] int currentLine() { return lines.at(stream.Tell()); }
+
+    [[nodiscard]] JsonValue make(JsonValue::Kind kind) {
+        JsonValue value;
+        value.kind = kind;
+        value.line = currentLine();
+        return value;
+    }
+
+    bool begin(JsonValue::Kind kind) {
+        if (open.size() >= kMaxJsonDepth)
+            return false;
+        open.push_back(make(kind));
+        return true;
+    }
+
+    bool end() {
+        auto done = std::move(open.back());
+        open.pop_back();
+        return add(std::move(done));
+    }
+
+    bool add(JsonValue value) {
+        if (open.empty()) {
+            root = std::move(value);
+        } else if (open.back().kind == JsonValue::Kind::array) {
+            open.back().items.push_back(std::move(value));
+        } else {
+            open.back().members.back().value = std::move(value);
+        }
+        return true;
+    }
+
+    const Stream& stream;
+    LineCounter& lines;
+    std::vector<JsonValue> open;
+};
+
+struct Explanation {
+    rapidjson::ParseErrorCode code;
+    std::string_view text;
+};
+
+constexpr auto kExplanations = std::to_array<Explanation>({
+    {rapidjson::kParseErrorDocumentEmpty,                 "the file is empty"                           },
+    {rapidjson::kParseErrorDocumentRootNotSingular,
+     "there is more text behind the end of the first value"                                             },
+    {rapidjson::kParseErrorValueInvalid,                  "a value is expected here"                    },
+    {rapidjson::kParseErrorObjectMissName,
+     "a key in double quotes is expected here (is there a comma too many?)"                             },
+    {rapidjson::kParseErrorObjectMissColon,               "a colon is expected behind the key"          },
+    {rapidjson::kParseErrorObjectMissCommaOrCurlyBracket, "a comma or a closing } is missing"           },
+    {rapidjson::kParseErrorArrayMissCommaOrSquareBracket, "a comma or a closing ] is missing"           },
+    {rapidjson::kParseErrorStringUnicodeEscapeInvalidHex,
+     "\\u must be followed by four hexadecimal digits"                                                  },
+    {rapidjson::kParseErrorStringUnicodeSurrogateInvalid,
+     "a surrogate pair in the text is incomplete"                                                       },
+    {rapidjson::kParseErrorStringEscapeInvalid,           "unknown escape in a text"                    },
+    {rapidjson::kParseErrorStringMissQuotationMark,       "a text lacks its closing quote"              },
+    {rapidjson::kParseErrorStringInvalidEncoding,
+     "a text is not UTF-8 or holds a raw control character"                                             },
+    {rapidjson::kParseErrorNumberTooBig,                  "a number is too big"                         },
+    {rapidjson::kParseErrorNumberMissFraction,            "a digit is expected behind the decimal point"},
+    {rapidjson::kParseErrorNumberMissExponent,            "a digit is expected in the exponent"         },
+});
+
+[[nodiscard]] std::string explain(rapidjson::ParseErrorCode code) {
+    if (code == rapidjson::kParseErrorTermination) {
+        return fmt::format("brackets are nested more than {} deep", kMaxJsonDepth);
+    }
+    const auto* const found =
+        std::find_if(kExplanations.begin(), kExplanations.end(), [&](const auto& row) {
+            return row.code == code;
+        });
+    return fmt::format(
+        "not JSON: {}", found != kExplanations.end() ? found->text : "this cannot be understood");
+}
+
+} // namespace
+
+tl::expected<JsonValue, Problem> parseJson(std::string_view text) {
+    if (text.size() > kMaxJsonBytes) {
+        return tl::unexpected(Problem{
+            1, fmt::format("the file is larger than {} MiB", kMaxJsonBytes / (1024 * 1024))});
+    }
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (text.starts_with(kByteOrderMark))
+        text.remove_prefix(kByteOrderMark.size());
+
+    constexpr unsigned kFlags =
+        rapidjson::kParseFullPrecisionFlag | rapidjson::kParseValidateEncodingFlag;
+    Stream stream(text.data(), text.size());
+    LineCounter lines(text);
+    TreeBuilder builder(stream, lines);
+    rapidjson::Reader reader;
+    if (reader.Parse<kFlags>(stream, builder).IsError()) {
+        return tl::unexpected(
+            Problem{lines.at(reader.GetErrorOffset()), explain(reader.GetParseErrorCode())});
+    }
+    return std::move(builder.root);
+}
+
+std::string_view kindName(JsonValue::Kind kind) {
+    constexpr auto kNames = std::to_array<std::string_view>(
+        {"null", "true or false", "a number", "a text", "a list", "an object"});
+    return kNames.at(static_cast<std::size_t>(kind));
+}
+
+} // namespace zelvo::app

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "app/CommandLine.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace zelvo::app {
+
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+TEST(CommandLine, takes_every_option_to_its_place) {
+    const auto perform = parseCommandLine(
+        {"perform",
+         "a b.json",
+         "--movie",
+         "out.mov",
+         "--frames",
+         "dir",
+         "--size",
+         "192x108",
+         "--seed",
+         "18446744073709551615",
+         "--codec",
+         "hevc",
+         "--timing"});
+    ASSERT_TRUE(perform) << perform.error().message;
+    const auto& command = std::get<PerformCommand>(*perform);
+    EXPECT_EQ(command.file, "a b.json");
+    EXPECT_EQ(command.movie, "out.mov");
+    EXPECT_EQ(command.frames, "dir");
+    EXPECT_EQ(command.size, (PictureSize{192, 108}));
+    EXPECT_EQ(command.seed, 18446744073709551615U);
+    EXPECT_EQ(command.codec, media::VideoCodec::hevc);
+    EXPECT_TRUE(command.showsTiming);
+
+    const auto frame =
+        parseCommandLine({"frame", "--out", "p.png", "--at", "-1.5", "f.json", "--seed=3"});
+    ASSERT_TRUE(frame) << frame.error().message;
+    EXPECT_EQ(std::get<FrameCommand>(*frame).at, -1.5);
+    EXPECT_EQ(std::get<FrameCommand>(*frame).out, "p.png");
+    EXPECT_EQ(std::get<FrameCommand>(*frame).size, (PictureSize{1920, 1080}));
+
+    const auto list = parseCommandLine({"list", "speeds"});
+    ASSERT_TRUE(list) << list.error().message;
+    EXPECT_EQ(std::get<ListCommand>(*list).what, Listing::speeds);
+}
+
+TEST(CommandLine, prints_help_and_version) {
+    struct Row {
+        Arguments arguments;
+        const char* part;
+    };
+
+    const Row rows[] = {
+        {{},                    "Exit status:"},
+        {{"--help"},            "perform"     },
+        {{"perform", "--help"}, "--timing"    },
+        {{"--version"},         "zelvo 0."    },
+    };
+    for (const auto& row : rows) {
+        const auto parsed = parseCommandLine(row.arguments);
+        ASSERT_TRUE(parsed) << parsed.error().message;
+        EXPECT_NE(std::get<TextCommand>(*parsed).text.find(row.part), std::string::npos);
+    }
+}
+
+TEST(CommandLine, refuses_in_one_line_what_it_does_not_know) {
+    struct Row {
+        Arguments arguments;
+        const char* part;
+    };
+
+    const Row rows[] = {
+        {{"perform"},                                    "FILE"     },
+        {{"perform", "a.json", "--sise", "2x2"},         "--sise"   },
+        {{"perform", "a.json", "--movie"},               "--movie"  },
+        {{"perform", "a.json", "--size", "1920"},        "1920x1080"},
+        {{"perform", "a.json", "--size", "101x100"},     "even"     },
+        {{"perform", "a.json", "--size", "64x64x64"},    "even"     },
+        {{"perform", "a.json", "--size", "99999999x2"},  "4096"     },
+        {{"perform", "a.json", "--seed", "-1"},          "seed"     },
+        {{"perform", "a.json", "--codec", "vp9"},        "vp9"      },
+        {{"frame", "a.json", "--at", "x", "--out", "p"}, "--at"     },
+        {{"frame", "a.json", "--out", "p.png"},          "--at"     },
+        {{"list", "animals"},                            "animals"  },
+        {{"dance"},                                      "dance"    },
+        {{"perform", "a.json", "list", "tabs"},          ""         },
+    };
+    for (const auto& row : rows) {
+        const auto parsed = parseCommandLine(row.arguments);
+        ASSERT_FALSE(parsed) << row.part;
+        EXPECT_NE(parsed.error().message.find(row.part), std::string::npos)
+            << parsed.error().message;
+        EXPECT_EQ(parsed.error().message.find('\n'), std::string::npos);
+    }
+}
+
+} // namespace
+
+} // namespace zelvo::app
