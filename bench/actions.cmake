@@ -1,0 +1,1 @@
+zelvo_benchmark(actions_bench SOURCES ActionsBench.cpp LINK zelvo_scene)

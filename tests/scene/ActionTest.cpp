@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: MIT
+#include "SceneSupport.h"
+
+#include <fmt/format.h>
+#include <glm/gtc/constants.hpp>
+
+#include <array>
+#include <string>
+
+namespace zelvo::scene {
+namespace {
+
+constexpr float kPi = glm::pi<float>();
+
+float square(float t) {
+    return t * t;
+}
+
+float thereAndBack(float t) {
+    return t < 0.5f ? 2 * t : 2 - 2 * t;
+}
+
+SCNActionPtr moveToX(float x, double duration, TimingFunction timing = {}) {
+    return SCNAction::moveTo({x, 0, 0}, duration, std::move(timing));
+}
+
+SCNActionPtr moveByX(float x, double duration) {
+    return SCNAction::moveBy({x, 0, 0}, duration);
+}
+
+struct Sample {
+    double time;
+    float x;
+};
+
+struct MotionCase {
+    std::string name;
+    std::vector<SCNActionPtr> actions; ///< all started before the first sample, on a node at x = 10
+    std::vector<Sample> samples;       ///< one frame each
+};
+
+TEST(Action, MovesAsReckonedByHand) {
+    const auto seq = [](std::vector<SCNActionPtr> steps, TimingFunction timing = {}) {
+        return SCNAction::sequence(std::move(steps), std::move(timing));
+    };
+    const auto group = [](std::vector<SCNActionPtr> members, TimingFunction timing = {}) {
+        return SCNAction::group(std::move(members), std::move(timing));
+    };
+    const std::vector<MotionCase> cases{
+        {"linear",                                                      {moveToX(20, 1)},                       {{3, 10}, {3.25, 12.5f}, {3.5, 15}, {4, 20}, {9, 20}}},
+        {"bent step",                                                   {moveToX(20, 1, square)},               {{0, 10}, {0.5, 12.5f}, {1, 20}}                     },
+        {"bent beyond its end",
+         {moveToX(20, 1, [](float t) { return 1.5f * t; })},
+         {{0, 10}, {0.8, 22}, {1, 25}}                                                                                                                               },
+        {"from, pause, to",
+         {seq({moveToX(5, 0), SCNAction::wait(0.5), moveToX(15, 1)})},
+         {{0, 5}, {0.25, 5}, {0.75, 7.5f}, {1.5, 15}}                                                                                                                },
+        {"the rest of a frame goes to the next step",
+         {seq({moveToX(20, 0.5), moveToX(0, 0.5)})},
+         {{0, 10}, {0.9, 4}}                                                                                                                                         },
+        {"many steps in one frame",
+         {seq({moveToX(1, 0.1), moveByX(2, 0.1), moveToX(7, 0), moveByX(4, 1)})},
+         {{0, 10}, {0.7, 9}}                                                                                                                                         },
+        {"bent sequence",
+         {seq({moveToX(20, 1), moveToX(40, 1)}, square)},
+         {{0, 10}, {1, 15}, {1.5, 22.5f}, {2, 40}}                                                                                                                   },
+        {"bent sequence, there and back, done at the end",
+         {seq({moveToX(20, 1), moveToX(40, 1)}, thereAndBack)},
+         {{0, 10}, {1, 40}, {1.25, 30}, {1.75, 15}, {2, 40}}                                                                                                         },
+        {"a step relative to where the other left off, gone back over",
+         {seq({moveByX(10, 1), moveByX(20, 1)}, thereAndBack)},
+         {{0, 10}, {1, 40}, {1.75, 15}, {2, 40}}                                                                                                                     },
+        {"sequence bent past 1 waits at its end",
+         {seq({moveToX(20, 2)}, [](float t) { return 2 * t; })},
+         {{0, 10}, {0.5, 15}, {1.5, 20}}                                                                                                                             },
+        {"nested sequences pass rests on",
+         {seq({seq({moveToX(20, 0.25), SCNAction::wait(0.25)}), seq({moveToX(30, 1)})})},
+         {{0, 10}, {1, 25}}                                                                                                                                          },
+        {"group: the short member ends, the long one goes on",
+         {group({moveByX(10, 1), moveByX(20, 2)})},
+         {{0, 10}, {0.5, 20}, {1.5, 35}, {2, 40}}                                                                                                                    },
+        {"bent group",                                                  {group({moveToX(20, 2)}, square)},      {{0, 10}, {1, 12.5f}, {2, 20}}                       },
+        {"of two absolute moves the later stands",
+         {moveToX(20, 1), moveToX(0, 2)},
+         {{0, 10}, {1, 5}, {2, 0}}                                                                                                                                   },
+        {"an ended member leaves the property alone",
+         {moveToX(0, 2), seq({moveToX(50, 0), SCNAction::wait(5)})},
+         {{0, 50}, {1, 5}}                                                                                                                                           },
+        {"relative adds to absolute, whichever came first",
+         {moveByX(8, 2), moveToX(20, 1), moveByX(2, 1)},
+         {{0, 10}, {0.5, 18}, {1, 26}, {2, 30}}                                                                                                                      },
+        {"nothing at all",                                              {seq({}), group({}), seq({group({})})}, {{0, 10}, {1, 10}}                                   },
+    };
+    for (const MotionCase& row : cases) {
+        SCOPED_TRACE(row.name);
+        Stage stage;
+        stage.node->position = glm::vec3(10, 0, 0);
+        for (const SCNActionPtr& action : row.actions) {
+            stage.node->runAction(action);
+        }
+        for (const Sample& sample : row.samples) {
+            stage.scene.applyAnimations(sample.time);
+            EXPECT_NEAR(stage.node->position.value().x, sample.x, 1e-4f) << "at " << sample.time;
+        }
+    }
+}
+
+TEST(Action, EndsOnTheFrameItsDurationNames) {
+    // Sixtieths and such durations have no exact binary form; the frame must be the same all over.
+    struct Row {
+        double duration;
+        int frames;
+    };
+
+    for (const double start : {0.0, 1.0 / 3.0, 1234.5}) {
+        for (const Row row : {
+                 Row{0.1,  6  },
+                 {0.35, 21 },
+                 {0.85, 51 },
+                 {1.0,  60 },
+                 {1.7,  102}
+        }) {
+            SCOPED_TRACE(fmt::format("{} s from {}", row.duration, start));
+            Stage stage;
+            int blockFrame = -1;
+            int endFrame = -1;
+            int frame = 0;
+            const auto halves = SCNAction::sequence(
+                {SCNAction::wait(row.duration),
+                 SCNAction::run([&](SCNNode&) { blockFrame = frame; }),
+                 SCNAction::wait(row.duration)});
+            stage.node->runAction(halves, [&] { endFrame = frame; });
+            for (; frame <= 2 * row.frames + 1; ++frame) {
+                stage.scene.applyAnimations(start + frame / 60.0);
+            }
+            EXPECT_EQ(blockFrame, row.frames);
+            EXPECT_EQ(endFrame, 2 * row.frames);
+        }
+    }
+}
+
+TEST(Action, RotatesEachAngleAsFarAsItIsTold) {
+    Stage stage;
+    stage.node->setEulerAngles({0, 0, 0.5f});
+    stage.node->runAction(SCNAction::rotateTo({0, 4 * kPi, 0}, 4));
+    stage.apply({0, 1});
+    expectNear(stage.node->eulerAngles(), {0, kPi, 0.375f});
+    stage.apply({3});
+    expectNear(stage.node->eulerAngles(), {0, 3 * kPi, 0.125f});
+    stage.apply({4});
+    expectNear(stage.node->eulerAngles(), {0, 4 * kPi, 0});
+    expectNear(stage.node->orientation() * glm::vec3(1, 2, 3), {1, 2, 3});
+}
+
+TEST(Action, RotatesTheShortWayRound) {
+    const float angle = glm::radians(170.0f);
+
+    struct Row {
+        UnitArc arc;
+        float cosHalfway; // of the turn about y: 180 degrees the short way, 0 the long way
+    };
+
+    for (const Row row : {
+             Row{UnitArc::shortest, -1},
+             {UnitArc::asGiven,  1 }
+    }) {
+        Stage stage;
+        stage.node->setEulerAngles({0, angle, 0});
+        stage.node->runAction(SCNAction::rotateTo({0, -angle, 0}, 1, {}, row.arc));
+        stage.apply({0, 0.5});
+        expectNear(stage.node->orientation() * glm::vec3(1, 0, 0), {row.cosHalfway, 0, 0});
+        stage.apply({1});
+        expectNear(stage.node->eulerAngles(), {0, -angle, 0});
+    }
+}
+
+TEST(Action, AddsTurnsToRunningOnes) {
+    for (const UnitArc arc : {UnitArc::asGiven, UnitArc::shortest}) {
+        Stage stage;
+        stage.node->runAction(SCNAction::rotateTo({0, 0, 1}, 1, {}, arc));
+        stage.node->runAction(SCNAction::rotateBy({0, 0, -0.5f}, 2));
+        stage.apply({0, 0.5});
+        expectNear(stage.node->eulerAngles(), {0, 0, 0.375f});
+        stage.apply({1, 2});
+        expectNear(stage.node->eulerAngles(), {0, 0, 0.5f});
+    }
+}
+
+TEST(Action, ScalesAndFadesFromWhatStands) {
+    Stage stage;
+    stage.node->scale = glm::vec3(1, 2, 3);
+    stage.node->opacity = 0.5f;
+    const auto overshoot = [](float t) { return t * 3; };
+    stage.node->runAction(SCNAction::sequence(
+        {SCNAction::group({SCNAction::scaleTo(-1, 1), SCNAction::fadeOut(1)}),
+         SCNAction::fadeIn(1, overshoot)}));
+    stage.apply({0, 0.5});
+    expectNear(stage.node->scale, {0, 0.5f, 1});
+    EXPECT_FLOAT_EQ(stage.node->opacity, 0.25f);
+    stage.apply({1.25});
+    expectNear(stage.node->scale, {-1, -1, -1});
+    EXPECT_FLOAT_EQ(stage.node->opacity, 0.75f);
+    stage.apply({1.5});
+    EXPECT_FLOAT_EQ(stage.node->opacity, 1.0f); // an opacity never leaves 0 to 1
+}
+
+TEST(Action, RunsOnManyNodesAtOnce) {
+    Stage stage;
+    const auto other = std::make_shared<SCNNode>();
+    other->position = glm::vec3(100, 0, 0);
+    stage.node->addChildNode(other);
+    const SCNActionPtr action = SCNAction::sequence({moveByX(2, 1), moveByX(2, 1)});
+    stage.node->runAction(action);
+    stage.apply({0, 0.5});
+    other->runAction(action);
+    stage.apply({1.0, 2.0});
+    EXPECT_FLOAT_EQ(stage.node->position.value().x, 4);
+    EXPECT_FLOAT_EQ(other->position.value().x, 102);
+}
+
+} // namespace
+} // namespace zelvo::scene
