@@ -28,7 +28,8 @@ void BezierPath::cubicTo(glm::vec2 control1, glm::vec2 control2, glm::vec2 point
 }
 
 void BezierPath::close() {
-    if (elements_.empty()) return;
+    if (elements_.empty())
+        return;
     auto start = elements_.rbegin();
     while (start->verb != Verb::move && start->verb != Verb::close) {
         ++start;

@@ -77,9 +77,11 @@ void ChamferMesher::rankPoints() {
         double distance = rank == 0 ? 0 : point.distance;
         for (std::size_t level = 1; rank > 0 && level <= lastLevel; ++level) {
             const double difference = distance - profile.distanceOf(level);
-            if (difference < -snap) break;
+            if (difference < -snap)
+                break;
             rank = static_cast<std::uint32_t>(2 * level + (difference > snap ? 1 : 0));
-            if (difference <= snap) distance = profile.distanceOf(level);
+            if (difference <= snap)
+                distance = profile.distanceOf(level);
         }
         addPoint(point.position, distance);
         ranks.push_back(rank);
@@ -91,7 +93,8 @@ void ChamferMesher::cutLinks() {
         firstCrossing.push_back(static_cast<std::uint32_t>(mesh.points.size()));
         const auto [low, high] = std::minmax(ranks[a], ranks[b]);
         for (std::uint32_t rank = low + 1; rank < high; ++rank) {
-            if (rank % 2 != 0) continue;
+            if (rank % 2 != 0)
+                continue;
             const double distance = profile.distanceOf(rank / 2);
             const double t = (distance - distances[a]) / (distances[b] - distances[a]);
             addPoint(glm::mix(mesh.points[a], mesh.points[b], t), distance);
@@ -105,7 +108,8 @@ void ChamferMesher::appendCrossings(std::uint32_t from, std::uint32_t to, std::u
     const std::size_t first = chain.size();
     std::uint32_t crossing = firstCrossing[link];
     for (std::uint32_t rank = low + 1; rank < high; ++rank) {
-        if (rank % 2 == 0) chain.push_back({crossing++, rank});
+        if (rank % 2 == 0)
+            chain.push_back({crossing++, rank});
     }
     if (ranks[from] > ranks[to]) {
         std::reverse(chain.begin() + static_cast<std::ptrdiff_t>(first), chain.end());
@@ -117,7 +121,8 @@ void ChamferMesher::loadChain(const MedialMap::Cell& cell) {
     for (std::uint32_t i = 0; i < cell.stepCount; ++i) {
         const MedialMap::Step& step = map.steps[cell.firstStep + i];
         chain.push_back({step.point, ranks[step.point]});
-        if (step.link == MedialMap::kNoLink) break;
+        if (step.link == MedialMap::kNoLink)
+            break;
         appendCrossings(step.point, map.steps[cell.firstStep + i + 1].point, step.link);
     }
 }
@@ -125,7 +130,7 @@ void ChamferMesher::loadChain(const MedialMap::Cell& cell) {
 ChamferMesher::Frame ChamferMesher::frameOf(const MedialMap::Cell& cell) const {
     const OutlineCorner& corner = outline.corners[cell.corner];
     const OutlineCorner& end = outline.corners[corner.next];
-    Frame result {.site = cell.site, .corner = &corner};
+    Frame result{.site = cell.site, .corner = &corner};
     if (cell.site == MedialMap::Site::corner) {
         result.isRound = !corner.isSmooth;
         return result;
@@ -137,8 +142,9 @@ ChamferMesher::Frame ChamferMesher::frameOf(const MedialMap::Cell& cell) const {
     return result;
 }
 
-// Follows the chain from left to right. On each level that the chain rises above, a run is open until the chain
-// comes back down to it; what lies between the run and the next level, or the chain where that is lower, is one piece.
+// Follows the chain from left to right. On each level that the chain rises above, a run is open
+// until the chain comes back down to it; what lies between the run and the next level, or the chain
+// where that is lower, is one piece.
 void ChamferMesher::cutCell(const MedialMap::Cell& cell) {
     frame = frameOf(cell);
     loadChain(cell);
@@ -154,7 +160,8 @@ void ChamferMesher::cutCell(const MedialMap::Cell& cell) {
         } else if (level > 0) {
             tops[level - 1].push_back(knot.point);
         }
-        if (i + 1 < chain.size() && chain[i + 1].rank > knot.rank) runStart[level] = knot.point;
+        if (i + 1 < chain.size() && chain[i + 1].rank > knot.rank)
+            runStart[level] = knot.point;
     }
 }
 
@@ -162,7 +169,8 @@ void ChamferMesher::closeRun(std::size_t level, std::uint32_t end) {
     const std::uint32_t start = runStart[level];
     run.assign(1, start);
     if (start != end) {
-        if (frame.isRound) appendArc(level, start, end);
+        if (frame.isRound)
+            appendArc(level, start, end);
         run.push_back(end);
     }
     if (level == lastLevel) {
@@ -195,7 +203,8 @@ void ChamferMesher::appendArc(std::size_t level, std::uint32_t start, std::uint3
     }
 }
 
-// Clockwise from the perpendicular of the piece before the corner: growing in the outline's direction of travel.
+// Clockwise from the perpendicular of the piece before the corner: growing in the outline's
+// direction of travel.
 double ChamferMesher::fanAngle(glm::dvec2 position) const {
     const glm::dvec2 along = outline.corners[frame.corner->previous].direction;
     const glm::dvec2 arm = position - frame.corner->position;
@@ -205,7 +214,8 @@ double ChamferMesher::fanAngle(glm::dvec2 position) const {
 // A cell unrolled: along the outline, and away from it.
 glm::dvec2 ChamferMesher::cellPosition(std::uint32_t point) const {
     const glm::dvec2 position = mesh.points[point];
-    if (frame.site == MedialMap::Site::corner) return {fanAngle(position), distances[point]};
+    if (frame.site == MedialMap::Site::corner)
+        return {fanAngle(position), distances[point]};
     const glm::dvec2 arm = position - frame.corner->position;
     return {glm::dot(arm, frame.corner->direction), distances[point]};
 }
@@ -220,14 +230,14 @@ std::span<const MonotoneCorner> ChamferMesher::place(
 }
 
 void ChamferMesher::fillBand(std::size_t band) {
-    const auto triangles =
-        triangulator.cut(place(run, placedBottom), place(tops[band], placedTop));
+    const auto triangles = triangulator.cut(place(run, placedBottom), place(tops[band], placedTop));
     for (const auto& [a, b, c] : triangles) {
         emit(vertexAt(a, band), vertexAt(b, band), vertexAt(c, band));
     }
 }
 
-// The lowest band of a corner's cell ends in the corner itself, which there faces as its triangle does.
+// The lowest band of a corner's cell ends in the corner itself, which there faces as its triangle
+// does.
 void ChamferMesher::fillFan() {
     const std::vector<std::uint32_t>& top = tops.front();
     for (std::size_t i = 0; i + 1 < top.size(); ++i) {
@@ -237,7 +247,7 @@ void ChamferMesher::fillFan() {
         if (frame.isRound) {
             const Facing a = facingAt(top[i]);
             const Facing b = facingAt(top[i + 1]);
-            const Facing middle {glm::normalize(a.normal + b.normal), (a.arc + b.arc) / 2};
+            const Facing middle{glm::normalize(a.normal + b.normal), (a.arc + b.arc) / 2};
             mesh.vertices.push_back(makeVertex(run.front(), 0, middle));
             apex = static_cast<std::uint32_t>(mesh.vertices.size() - 1);
         } else {
@@ -251,7 +261,8 @@ void ChamferMesher::fillFace() {
     for (std::size_t i = 0; i + 1 < run.size(); ++i) {
         mesh.faceRim.push_back({run[i], run[i + 1]});
     }
-    if (faces == Faces::rimOnly) return;
+    if (faces == Faces::rimOnly)
+        return;
     const std::vector<std::uint32_t>& top = tops[lastLevel];
     if (run.size() == 1) {
         for (std::size_t i = 0; i + 1 < top.size(); ++i) {
@@ -263,8 +274,9 @@ void ChamferMesher::fillFace() {
     mesh.faceTriangles.insert(mesh.faceTriangles.end(), triangles.begin(), triangles.end());
 }
 
-// Smooth joints share their normal along the whole side between their two cells. A cell's sides lean, so the place
-// between them is not the foot's place on the piece but the share of the width at this distance.
+// Smooth joints share their normal along the whole side between their two cells. A cell's sides
+// lean, so the place between them is not the foot's place on the piece but the share of the width
+// at this distance.
 ChamferMesher::Facing ChamferMesher::facingAt(std::uint32_t point) const {
     const OutlineCorner& corner = *frame.corner;
     const double distance = distances[point];
@@ -274,7 +286,8 @@ ChamferMesher::Facing ChamferMesher::facingAt(std::uint32_t point) const {
         const double middle = -corner.turn / 2;
         return {normal, corner.arc + (fanAngle(mesh.points[point]) - middle) * distance};
     }
-    if (frame.site == MedialMap::Site::corner) return {corner.normal, corner.arc};
+    if (frame.site == MedialMap::Site::corner)
+        return {corner.normal, corner.arc};
     const double left = frame.leanAtStart * distance;
     const double width = corner.length - left - frame.leanAtEnd * distance;
     const double foot = glm::dot(arm, corner.direction);
@@ -283,13 +296,13 @@ ChamferMesher::Facing ChamferMesher::facingAt(std::uint32_t point) const {
     return {glm::normalize(normal), corner.arc + t * corner.length};
 }
 
-Vertex ChamferMesher::makeVertex(
-    std::uint32_t point, std::size_t band, const Facing& facing) const {
+Vertex
+ChamferMesher::makeVertex(std::uint32_t point, std::size_t band, const Facing& facing) const {
     const ChamferProfile::Surface surface = profile.surfaceAt(band, distances[point]);
     Vertex vertex;
     vertex.position = glm::vec3(glm::vec2(mesh.points[point]), static_cast<float>(surface.height));
-    vertex.normal = glm::vec3(
-        glm::vec2(facing.normal * surface.outward), static_cast<float>(surface.up));
+    vertex.normal =
+        glm::vec3(glm::vec2(facing.normal * surface.outward), static_cast<float>(surface.up));
     vertex.tangent = glm::vec4(
         static_cast<float>(-facing.normal.y), static_cast<float>(facing.normal.x), 0.0f, -1.0f);
     vertex.uv = glm::vec2(glm::dvec2(facing.arc, -surface.arc) * textureScale);
@@ -300,7 +313,8 @@ Vertex ChamferMesher::makeVertex(
 std::uint32_t ChamferMesher::vertexAt(std::uint32_t point, std::size_t band) {
     const Vertex vertex = makeVertex(point, band, facingAt(point));
     const std::uint32_t known = vertexOf[point];
-    if (known != kNone && areAlike(mesh.vertices[known], vertex)) return known;
+    if (known != kNone && areAlike(mesh.vertices[known], vertex))
+        return known;
     mesh.vertices.push_back(vertex);
     vertexOf[point] = static_cast<std::uint32_t>(mesh.vertices.size() - 1);
     return vertexOf[point];

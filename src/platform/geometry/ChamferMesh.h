@@ -14,7 +14,8 @@
 
 namespace zelvo::geometry {
 
-/// The front chamfer of a solid and the rim of its face. Heights start at 0 on the rim of the side wall.
+/// The front chamfer of a solid and the rim of its face. Heights start at 0 on the rim of the side
+/// wall.
 struct ChamferMesh {
     using Triangle = std::array<std::uint32_t, 3>;
 
@@ -26,9 +27,10 @@ struct ChamferMesh {
     std::vector<Triangle> faceTriangles;               ///< only with Faces::fromCells
 };
 
-/// Slices the cells of a map at the levels of a profile. Each cell gives the strips between two levels; where it stands
-/// lower than the face, the strips end in the ridge that it shares with its neighbour. Level crossings are found
-/// once for each link, so the strips of two cells meet without a gap.
+/// Slices the cells of a map at the levels of a profile. Each cell gives the strips between two
+/// levels; where it stands lower than the face, the strips end in the ridge that it shares with its
+/// neighbour. Level crossings are found once for each link, so the strips of two cells meet without
+/// a gap.
 class ChamferMesher {
 public:
     enum class Faces : std::uint8_t { rimOnly, fromCells };
@@ -43,7 +45,8 @@ public:
     [[nodiscard]] ChamferMesh build(Faces faces);
 
 private:
-    /// A corner of a cell's chain with its place among the levels: 2 k on level k, 2 k + 1 between k and k + 1.
+    /// A corner of a cell's chain with its place among the levels: 2 k on level k, 2 k + 1 between
+    /// k and k + 1.
     struct Knot {
         std::uint32_t point = 0;
         std::uint32_t rank = 0;
@@ -53,8 +56,8 @@ private:
     struct Frame {
         MedialMap::Site site = MedialMap::Site::piece;
         const OutlineCorner* corner = nullptr;
-        glm::dvec2 normalAtStart {};
-        glm::dvec2 normalAtEnd {};
+        glm::dvec2 normalAtStart{};
+        glm::dvec2 normalAtEnd{};
         double leanAtStart = 0; ///< how far the cell's side leans inwards over a unit of distance
         double leanAtEnd = 0;
         bool isRound = false; ///< a corner's cell that shades as a fan, round a real corner
@@ -62,7 +65,7 @@ private:
 
     /// The boundary's direction at a point of a cell.
     struct Facing {
-        glm::dvec2 normal {};
+        glm::dvec2 normal{};
         double arc = 0;
     };
 
@@ -77,13 +80,14 @@ private:
     void fillBand(std::size_t band);
     void fillFan();
     void fillFace();
-    [[nodiscard]] std::span<const MonotoneCorner> place(
-        std::span<const std::uint32_t> ids, std::vector<MonotoneCorner>& placed) const;
+    [[nodiscard]] std::span<const MonotoneCorner>
+    place(std::span<const std::uint32_t> ids, std::vector<MonotoneCorner>& placed) const;
     [[nodiscard]] glm::dvec2 cellPosition(std::uint32_t point) const;
     [[nodiscard]] double fanAngle(glm::dvec2 position) const;
     [[nodiscard]] Facing facingAt(std::uint32_t point) const;
     [[nodiscard]] std::uint32_t vertexAt(std::uint32_t point, std::size_t band);
-    [[nodiscard]] Vertex makeVertex(std::uint32_t point, std::size_t band, const Facing& facing) const;
+    [[nodiscard]] Vertex
+    makeVertex(std::uint32_t point, std::size_t band, const Facing& facing) const;
     std::uint32_t addPoint(glm::dvec2 position, double distance);
     void emit(std::uint32_t a, std::uint32_t b, std::uint32_t c);
 
@@ -99,7 +103,8 @@ private:
     std::vector<std::uint32_t> ranks; // of the map's points only
     std::vector<std::uint32_t> vertexOf;
 
-    std::vector<std::uint32_t> firstCrossing; // by link: the crossing of the lowest level that it crosses
+    std::vector<std::uint32_t>
+        firstCrossing; // by link: the crossing of the lowest level that it crosses
 
     Frame frame;
     std::vector<Knot> chain;

@@ -26,18 +26,20 @@ BezierPath straightProfile() {
 // From the wall's rim (1, 0) to the face's (0, 1), never turning back in x, both ends in place.
 FlatContour climb(const BezierPath& path, double flatness) {
     FlatContour contour = flattenOpen(path, flatness);
-    if (contour.size() < 2) contour = flattenOpen(straightProfile(), flatness);
+    if (contour.size() < 2)
+        contour = flattenOpen(straightProfile(), flatness);
     std::reverse(contour.begin(), contour.end());
     for (FlatVertex& vertex : contour) {
         std::swap(vertex.directionIn, vertex.directionOut);
         vertex.directionIn = -vertex.directionIn;
         vertex.directionOut = -vertex.directionOut;
     }
-    FlatContour kept {contour.front()};
+    FlatContour kept{contour.front()};
     kept.front().position = {1, 0};
     for (std::size_t i = 1; i + 1 < contour.size(); ++i) {
         const double x = contour[i].position.x;
-        if (x < kept.back().position.x - kLeastBand && x > kLeastBand) kept.push_back(contour[i]);
+        if (x < kept.back().position.x - kLeastBand && x > kLeastBand)
+            kept.push_back(contour[i]);
     }
     kept.push_back(contour.back());
     kept.back().position = {0, 1};
@@ -54,7 +56,7 @@ ChamferProfile::ChamferProfile(const BezierPath& path, double width, double heig
     const auto normalOf = [width, height](glm::dvec2 direction) {
         const glm::dvec2 normal =
             glm::normalize(glm::dvec2(direction.y * height, -direction.x * width));
-        return Direction {.outward = normal.x, .up = normal.y};
+        return Direction{.outward = normal.x, .up = normal.y};
     };
     const double flatness = std::clamp(kProfileError / std::max(width, height), 1e-3, 0.1);
     for (const FlatVertex& vertex : climb(path, flatness)) {
@@ -63,19 +65,20 @@ ChamferProfile::ChamferProfile(const BezierPath& path, double width, double heig
         level.height = vertex.position.y * height;
         if (!levels.empty()) {
             level.below = normalOf(vertex.directionIn);
-            level.arc = levels.back().arc +
-                        std::hypot(
-                            level.distance - levels.back().distance,
-                            level.height - levels.back().height);
+            level.arc = levels.back().arc + std::hypot(
+                                                level.distance - levels.back().distance,
+                                                level.height - levels.back().height);
         }
-        if (vertex.directionOut != glm::dvec2(0)) level.above = normalOf(vertex.directionOut);
+        if (vertex.directionOut != glm::dvec2(0))
+            level.above = normalOf(vertex.directionOut);
         levels.push_back(level);
     }
 }
 
 ChamferProfile::Surface ChamferProfile::surfaceAt(std::size_t band, double distance) const {
     const Level& low = levels[band];
-    if (band + 1 >= levels.size()) return {.height = low.height, .arc = low.arc};
+    if (band + 1 >= levels.size())
+        return {.height = low.height, .arc = low.arc};
     const Level& high = levels[band + 1];
     const double t =
         std::clamp((distance - low.distance) / (high.distance - low.distance), 0.0, 1.0);

@@ -8,11 +8,13 @@
 
 namespace zelvo::geometry {
 
-/// A chamfer's cross-section over the distance to the outline, as straight bands from the rim of the side wall (level
-/// 0, distance 0, height 0) to the rim of the face (the last level). All lengths are scene units.
+/// A chamfer's cross-section over the distance to the outline, as straight bands from the rim of
+/// the side wall (level 0, distance 0, height 0) to the rim of the face (the last level). All
+/// lengths are scene units.
 class ChamferProfile {
 public:
-    /// Where the surface stands and where it faces: the parts of its unit normal away from the solid, in plan, and up.
+    /// Where the surface stands and where it faces: the parts of its unit normal away from the
+    /// solid, in plan, and up.
     struct Surface {
         double height = 0;
         double outward = 0;
@@ -26,8 +28,11 @@ public:
     ChamferProfile(const BezierPath& path, double width, double height);
 
     [[nodiscard]] std::size_t levelCount() const { return levels.size(); }
+
     [[nodiscard]] double distanceOf(std::size_t level) const { return levels[level].distance; }
+
     [[nodiscard]] double width() const { return levels.back().distance; }
+
     [[nodiscard]] double height() const { return levels.back().height; }
 
     /// The surface at a distance within the band between a level and the next one.

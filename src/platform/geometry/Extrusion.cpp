@@ -20,7 +20,8 @@ class OutlineSkeleton {
 public:
     explicit OutlineSkeleton(Outline outline)
         : outline_(std::move(outline)) {
-        if (outline_.corners.empty()) return;
+        if (outline_.corners.empty())
+            return;
         min = max = outline_.corners.front().position;
         for (const OutlineCorner& corner : outline_.corners) {
             min = glm::min(min, corner.position);
@@ -31,14 +32,15 @@ public:
 
     [[nodiscard]] const Outline& outline() const { return outline_; }
 
-    /// Made on the first call: solids without a chamfer seldom need it. Null if the outline allows none.
+    /// Made on the first call: solids without a chamfer seldom need it. Null if the outline allows
+    /// none.
     [[nodiscard]] const MedialMap* map() const {
         std::call_once(mapMade, [this] { result = makeMedialMap(outline_); });
         return result.isValid ? &result.map : nullptr;
     }
 
-    glm::dvec2 min {};
-    glm::dvec2 max {};
+    glm::dvec2 min{};
+    glm::dvec2 max{};
     double textureScale = 1;
 
 private:
@@ -79,8 +81,8 @@ Front makeFront(const OutlineSkeleton& skeleton, const ChamferProfile& profile) 
     };
     Front front;
     front.chamferHeight = used.height();
-    front.chamfer = map != nullptr ? makeChamfer(ChamferMesher::Faces::rimOnly)
-                                   : plainRim(skeleton.outline());
+    front.chamfer =
+        map != nullptr ? makeChamfer(ChamferMesher::Faces::rimOnly) : plainRim(skeleton.outline());
     auto face = tessellateFace(front.chamfer.points, front.chamfer.faceRim);
     if (face) {
         front.face = std::move(*face);
@@ -117,8 +119,7 @@ private:
     template <class Write> void addElement(const Write& write) {
         const auto first = static_cast<std::uint32_t>(mesh.indices.size());
         write();
-        mesh.elements.push_back(
-            {first, static_cast<std::uint32_t>(mesh.indices.size()) - first});
+        mesh.elements.push_back({first, static_cast<std::uint32_t>(mesh.indices.size()) - first});
     }
 
     [[nodiscard]] std::uint32_t vertexCount() const {
@@ -127,7 +128,8 @@ private:
 
     // Counter-clockwise seen from the front; `side` -1 turns it for the back.
     void addTriangle(Triangle corners, int side) {
-        if (side < 0) std::swap(corners[1], corners[2]);
+        if (side < 0)
+            std::swap(corners[1], corners[2]);
         mesh.indices.insert(mesh.indices.end(), corners.begin(), corners.end());
     }
 
@@ -135,7 +137,7 @@ private:
     void writeFace(int side) {
         std::vector<std::uint32_t> vertexOf(front.chamfer.points.size(), UINT32_MAX);
         for (const Triangle& triangle : front.face) {
-            Triangle corners {};
+            Triangle corners{};
             for (std::size_t i = 0; i < 3; ++i) {
                 std::uint32_t& vertex = vertexOf[triangle[i]];
                 if (vertex == UINT32_MAX) {
@@ -154,13 +156,15 @@ private:
         const auto sign = static_cast<float>(side);
         return {
             .position = glm::vec3(glm::vec2(position), static_cast<float>(faceZ) * sign),
-            .normal = {0, 0, sign},
-            .tangent = {sign, 0, 0, -1},
-            .uv = glm::vec2(glm::dvec2(u, v) * skeleton.textureScale)};
+            .normal = {0,  0, sign},
+            .tangent = { sign, 0, 0,   -1},
+            .uv = glm::vec2(glm::dvec2(u, v) * skeleton.textureScale)
+        };
     }
 
     void writeWalls() {
-        if (wallZ <= 0) return;
+        if (wallZ <= 0)
+            return;
         for (const Outline::Loop& loop : skeleton.outline().loops) {
             for (std::uint32_t i = 0; i < loop.count; ++i) {
                 writeWall(loop.first + i, i > 0);
@@ -168,7 +172,8 @@ private:
         }
     }
 
-    // The wall over the piece that starts at a corner. At a smooth joint it goes on from the wall before.
+    // The wall over the piece that starts at a corner. At a smooth joint it goes on from the wall
+    // before.
     void writeWall(std::uint32_t index, bool hasWallBefore) {
         const std::vector<OutlineCorner>& corners = skeleton.outline().corners;
         const OutlineCorner& start = corners[index];
@@ -179,8 +184,7 @@ private:
         }
         const std::uint32_t a = vertexCount() - 2;
         const std::uint32_t b = vertexCount();
-        addWallPair(
-            end.position, end.isSmooth ? end.normal : plain, start.arc + start.length);
+        addWallPair(end.position, end.isSmooth ? end.normal : plain, start.arc + start.length);
         mesh.indices.insert(mesh.indices.end(), {a + 1, b + 1, b, a + 1, b, a});
     }
 
@@ -189,8 +193,7 @@ private:
         for (const int side : {1, -1}) {
             const double v = side > 0 ? 0 : 2 * wallZ;
             mesh.vertices.push_back(
-                {.position =
-                     glm::vec3(glm::vec2(position), static_cast<float>(wallZ * side)),
+                {.position = glm::vec3(glm::vec2(position), static_cast<float>(wallZ * side)),
                  .normal = glm::vec3(glm::vec2(normal), 0.0f),
                  .tangent = glm::vec4(
                      static_cast<float>(-normal.y), static_cast<float>(normal.x), 0.0f, -1.0f),
@@ -205,7 +208,8 @@ private:
         for (Vertex vertex : front.chamfer.vertices) {
             vertex.position.z = (vertex.position.z + static_cast<float>(wallZ)) * sign;
             vertex.normal.z *= sign;
-            if (side < 0) vertex.uv.y = wallHeight - vertex.uv.y;
+            if (side < 0)
+                vertex.uv.y = wallHeight - vertex.uv.y;
             mesh.vertices.push_back(vertex);
         }
         for (std::size_t i = 0; i + 2 < front.chamfer.indices.size(); i += 3) {

@@ -43,7 +43,8 @@ void GLAPIENTRY ignoreEdgeFlag(GLboolean /*flag*/, void* /*collector*/) {}
 std::unique_ptr<GLUtesselator, decltype(&gluDeleteTess)> makeTessellator() {
     std::unique_ptr<GLUtesselator, decltype(&gluDeleteTess)> tess(gluNewTess(), &gluDeleteTess);
     const auto set = [&tess](GLenum which, auto* function) {
-        gluTessCallback(tess.get(), which, reinterpret_cast<_GLUfuncptr>(function)); // NOLINT: its interface
+        gluTessCallback(
+            tess.get(), which, reinterpret_cast<_GLUfuncptr>(function)); // NOLINT: its interface
     };
     set(GLU_TESS_VERTEX_DATA, &collectVertex);
     set(GLU_TESS_COMBINE_DATA, &combine);
@@ -60,7 +61,7 @@ std::vector<std::vector<std::uint32_t>> loopsOf(std::span<const Side> sides) {
     std::sort(byStart.begin(), byStart.end());
     std::vector<char> isUsed(byStart.size(), 0);
     const auto nextFrom = [&](std::uint32_t corner) {
-        auto side = std::lower_bound(byStart.begin(), byStart.end(), Side {corner, 0});
+        auto side = std::lower_bound(byStart.begin(), byStart.end(), Side{corner, 0});
         while (side != byStart.end() && (*side)[0] == corner &&
                isUsed[static_cast<std::size_t>(side - byStart.begin())] != 0) {
             ++side;
@@ -70,7 +71,8 @@ std::vector<std::vector<std::uint32_t>> loopsOf(std::span<const Side> sides) {
     };
     std::vector<std::vector<std::uint32_t>> loops;
     for (std::size_t first = 0; first < byStart.size(); ++first) {
-        if (isUsed[first] != 0) continue;
+        if (isUsed[first] != 0)
+            continue;
         loops.emplace_back();
         for (std::size_t i = first; i < byStart.size(); i = nextFrom(byStart[i][1])) {
             isUsed[i] = 1;
@@ -85,7 +87,11 @@ bool doSidesMatch(std::span<const Triangle> triangles, std::span<const Side> sid
     std::vector<Side> open;
     std::vector<Side> closing;
     for (const auto& [a, b, c] : triangles) {
-        for (const Side& side : {Side {a, b}, Side {b, c}, Side {c, a}}) {
+        for (const Side& side : {
+                 Side{a, b},
+                 Side{b, c},
+                 Side{c, a}
+        }) {
             open.push_back(side);
             closing.push_back({side[1], side[0]});
         }
@@ -110,19 +116,21 @@ tessellateFace(std::span<const glm::dvec2> points, std::span<const Side> sides) 
     for (std::vector<std::uint32_t>& loop : loops) {
         gluTessBeginContour(tess.get());
         for (std::uint32_t& corner : loop) {
-            std::array<GLdouble, 3> location {points[corner].x, points[corner].y, 0};
+            std::array<GLdouble, 3> location{points[corner].x, points[corner].y, 0};
             gluTessVertex(tess.get(), location.data(), &corner);
         }
         gluTessEndContour(tess.get());
     }
     gluTessEndPolygon(tess.get());
-    if (collector.hasFailed) return std::nullopt;
+    if (collector.hasFailed)
+        return std::nullopt;
     std::vector<Triangle> triangles;
     for (std::size_t i = 0; i + 2 < collector.corners.size(); i += 3) {
         triangles.push_back(
             {collector.corners[i], collector.corners[i + 1], collector.corners[i + 2]});
     }
-    if (!doSidesMatch(triangles, sides)) return std::nullopt;
+    if (!doSidesMatch(triangles, sides))
+        return std::nullopt;
     return triangles;
 }
 

@@ -15,7 +15,8 @@ namespace zelvo::geometry {
 namespace {
 
 constexpr int kMostPieces = 64;
-constexpr double kLargestTurn = std::numbers::pi / 4; // of a curve within one chord: shading shows more
+constexpr double kLargestTurn =
+    std::numbers::pi / 4;               // of a curve within one chord: shading shows more
 constexpr double kSmallestStep = 0.004; // scene units; points nearer than this are one
 
 // The line, quadratic or cubic curve of 2 to 4 control points.
@@ -33,11 +34,12 @@ struct CurvePoint {
 };
 
 CurvePoint evaluate(Curve curve, double t) {
-    std::array<glm::dvec2, 4> points {};
+    std::array<glm::dvec2, 4> points{};
     std::copy(curve.begin(), curve.end(), points.begin());
-    glm::dvec2 direction {};
+    glm::dvec2 direction{};
     for (std::size_t count = curve.size(); count > 1; --count) {
-        if (count == 2) direction = points[1] - points[0];
+        if (count == 2)
+            direction = points[1] - points[0];
         for (std::size_t i = 0; i + 1 < count; ++i) {
             points[i] += (points[i + 1] - points[i]) * t;
         }
@@ -49,7 +51,8 @@ CurvePoint evaluate(Curve curve, double t) {
 glm::dvec2 startDirection(Curve curve) {
     for (const glm::dvec2& point : curve.subspan(1)) {
         const glm::dvec2 direction = unitOrZero(point - curve.front());
-        if (direction != glm::dvec2(0)) return direction;
+        if (direction != glm::dvec2(0))
+            return direction;
     }
     return {};
 }
@@ -57,7 +60,8 @@ glm::dvec2 startDirection(Curve curve) {
 glm::dvec2 endDirection(Curve curve) {
     for (std::size_t i = curve.size() - 1; i-- > 0;) {
         const glm::dvec2 direction = unitOrZero(curve.back() - curve[i]);
-        if (direction != glm::dvec2(0)) return direction;
+        if (direction != glm::dvec2(0))
+            return direction;
     }
     return {};
 }
@@ -66,10 +70,11 @@ double turnBetween(glm::dvec2 a, glm::dvec2 b) {
     return std::abs(std::atan2(a.x * b.y - a.y * b.x, glm::dot(a, b)));
 }
 
-// Wang's bound: a curve of degree n with second differences of at most M strays from k equal pieces' chords by no more
-// than n (n - 1) M / (8 k^2).
+// Wang's bound: a curve of degree n with second differences of at most M strays from k equal
+// pieces' chords by no more than n (n - 1) M / (8 k^2).
 int pieceCount(Curve curve, double flatness) {
-    if (curve.size() == 2) return 1;
+    if (curve.size() == 2)
+        return 1;
     double largest = 0;
     double turn = 0;
     for (std::size_t i = 0; i + 2 < curve.size(); ++i) {
@@ -105,13 +110,13 @@ public:
             start(point);
             break;
         case Verb::line:
-            addCurve(std::array {pen, point});
+            addCurve(std::array{pen, point});
             break;
         case Verb::quad:
-            addCurve(std::array {pen, control1, point});
+            addCurve(std::array{pen, control1, point});
             break;
         case Verb::cubic:
-            addCurve(std::array {pen, control1, control2, point});
+            addCurve(std::array{pen, control1, control2, point});
             break;
         case Verb::close:
             finish();
@@ -121,7 +126,8 @@ public:
     }
 
     void finish() {
-        if (isSound && contour.size() > 1) contours.push_back(std::move(contour));
+        if (isSound && contour.size() > 1)
+            contours.push_back(std::move(contour));
         contour.clear();
     }
 
@@ -136,7 +142,8 @@ private:
 
     void addCurve(Curve curve) {
         isSound = isSound && std::all_of(curve.begin(), curve.end(), isUsable);
-        if (!isSound) return;
+        if (!isSound)
+            return;
         const int count = pieceCount(curve, flatness);
         for (int i = 1; i <= count; ++i) {
             addPiece(curve, i, count);
@@ -149,23 +156,26 @@ private:
         const CurvePoint end = evaluate(curve, static_cast<double>(i) / count);
         const glm::dvec2 position = isLast ? curve.back() : end.position;
         const glm::dvec2 direction = isLast ? endDirection(curve) : end.direction;
-        if (glm::distance(position, contour.back().position) < kSmallestStep) return;
+        if (glm::distance(position, contour.back().position) < kSmallestStep)
+            return;
         if (i == 1 || contour.back().directionOut == glm::dvec2(0)) {
             contour.back().directionOut =
                 i == 1 ? startDirection(curve)
                        : evaluate(curve, static_cast<double>(i - 1) / count).direction;
         }
         contour.push_back({.position = position, .directionIn = direction});
-        if (!isLast) contour.back().directionOut = direction;
+        if (!isLast)
+            contour.back().directionOut = direction;
     }
 
     double flatness;
     FlatContour contour;
-    glm::dvec2 pen {};
+    glm::dvec2 pen{};
     bool isSound = true;
 };
 
-// Joins the contour's end with its start: drops the end if it lies on the start, else draws the closing line.
+// Joins the contour's end with its start: drops the end if it lies on the start, else draws the
+// closing line.
 void closeContour(FlatContour& contour) {
     FlatVertex& first = contour.front();
     FlatVertex& last = contour.back();
@@ -189,7 +199,8 @@ std::vector<FlatContour> flatten(const BezierPath& path, double flatness) {
     for (FlatContour& contour : flattener.contours) {
         closeContour(contour);
     }
-    std::erase_if(flattener.contours, [](const FlatContour& contour) { return contour.size() < 3; });
+    std::erase_if(
+        flattener.contours, [](const FlatContour& contour) { return contour.size() < 3; });
     return std::move(flattener.contours);
 }
 
@@ -199,7 +210,7 @@ FlatContour flattenOpen(const BezierPath& path, double flatness) {
         flattener.add(element);
     }
     flattener.finish();
-    return flattener.contours.empty() ? FlatContour {} : std::move(flattener.contours.front());
+    return flattener.contours.empty() ? FlatContour{} : std::move(flattener.contours.front());
 }
 
 } // namespace zelvo::geometry

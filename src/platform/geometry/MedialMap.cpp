@@ -6,7 +6,8 @@
 namespace zelvo::geometry {
 
 MedialMapResult makeMedialMap(const Outline& outline) {
-    if (outline.corners.empty()) return {.map = {}, .isValid = true};
+    if (outline.corners.empty())
+        return {.map = {}, .isValid = true};
     boost::polygon::default_voronoi_builder sites;
     for (const OutlineCorner& corner : outline.corners) {
         const GridPoint end = outline.corners[corner.next].grid;

@@ -11,20 +11,23 @@
 
 namespace zelvo::geometry {
 
-/// Which piece or reflex corner of an outline is nearest to each inner point: the inner half of the segment Voronoi
-/// diagram. Every cell lies between its site and a chain of straight links; two cells that meet share the links, so
-/// that whatever is cut out of one cell fits its neighbour to the bit.
+/// Which piece or reflex corner of an outline is nearest to each inner point: the inner half of the
+/// segment Voronoi diagram. Every cell lies between its site and a chain of straight links; two
+/// cells that meet share the links, so that whatever is cut out of one cell fits its neighbour to
+/// the bit.
 ///
 ///          c2 ___ c3
-///           _/   \        a piece's cell: the points whose foot is on the piece. Seen from the piece it
+///           _/   \        a piece's cell: the points whose foot is on the piece. Seen from the
+///           piece it
 ///      c1 _/      \ c4    has one height over each foot.
 ///        |         \                                        .
 ///     c0 o----------o c5  c0 and c5 are the piece's ends
 ///
-/// A reflex corner's cell is the fan between the perpendiculars of its two pieces; it begins and ends in the corner.
+/// A reflex corner's cell is the fan between the perpendiculars of its two pieces; it begins and
+/// ends in the corner.
 struct MedialMap {
     struct Point {
-        glm::dvec2 position {};
+        glm::dvec2 position{};
         double distance = 0; ///< to the outline, scene units
     };
 
@@ -38,7 +41,8 @@ struct MedialMap {
 
     struct Cell {
         Site site = Site::piece;
-        std::uint32_t corner = 0; ///< the outline's corner: where the piece starts, or the reflex corner
+        std::uint32_t corner =
+            0; ///< the outline's corner: where the piece starts, or the reflex corner
         std::uint32_t firstStep = 0; ///< the chain, in the outline's direction of travel
         std::uint32_t stepCount = 0;
     };

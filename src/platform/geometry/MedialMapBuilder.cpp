@@ -14,8 +14,10 @@ namespace zelvo::geometry {
 namespace {
 
 constexpr double kMergeDistance = 3e-4; // scene units; nearer vertices are one
-constexpr double kChordError = 0.03;    // scene units, of curved edges and of the distance along straight ones
-constexpr double kLargestFanAngle = std::numbers::pi / 10; // that one link may cover, seen from a reflex corner
+constexpr double kChordError =
+    0.03; // scene units, of curved edges and of the distance along straight ones
+constexpr double kLargestFanAngle =
+    std::numbers::pi / 10; // that one link may cover, seen from a reflex corner
 constexpr int kMostPieces = 24;
 constexpr std::uint32_t kNone = UINT32_MAX;
 
@@ -40,14 +42,15 @@ MedialMapBuilder::MedialMapBuilder(const Outline& outline_, const Diagram& diagr
     , parent(diagram_.vertices().size())
     , pointOfVertex(diagram_.vertices().size(), kNone)
     , polylines(diagram_.edges().size() / 2) {
-    std::iota(parent.begin(), parent.end(), std::size_t {0});
+    std::iota(parent.begin(), parent.end(), std::size_t{0});
 }
 
 MedialMapResult MedialMapBuilder::build() {
     for (const OutlineCorner& corner : outline.corners) {
         addPoint(corner.position, 0);
     }
-    if (!findCornerVertices() || !findCells()) return {};
+    if (!findCornerVertices() || !findCells())
+        return {};
     mergeNearVertices();
     for (const RawCell& raw : rawCells) {
         writeCell(raw);
@@ -66,8 +69,7 @@ std::size_t MedialMapBuilder::indexOf(const Vertex* vertex) const {
 // The corner of a corner's cell, or the one at which a piece's cell starts.
 std::uint32_t MedialMapBuilder::cornerOf(const Diagram::cell_type& cell) const {
     const auto piece = static_cast<std::uint32_t>(cell.source_index());
-    const bool isEnd =
-        cell.source_category() == boost::polygon::SOURCE_CATEGORY_SEGMENT_END_POINT;
+    const bool isEnd = cell.source_category() == boost::polygon::SOURCE_CATEGORY_SEGMENT_END_POINT;
     return isEnd ? outline.corners[piece].next : piece;
 }
 
@@ -75,8 +77,7 @@ glm::dvec2 MedialMapBuilder::positionOf(const Vertex* vertex) const {
     return glm::dvec2(vertex->x(), vertex->y()) / kGridSteps;
 }
 
-double MedialMapBuilder::distanceToSite(
-    glm::dvec2 point, const Diagram::cell_type& cell) const {
+double MedialMapBuilder::distanceToSite(glm::dvec2 point, const Diagram::cell_type& cell) const {
     const OutlineCorner& corner = outline.corners[cornerOf(cell)];
     const glm::dvec2 arm = point - corner.position;
     return cell.contains_point() ? glm::length(arm) : std::abs(cross(corner.direction, arm));
@@ -95,7 +96,8 @@ bool MedialMapBuilder::findCornerVertices() {
 }
 
 bool MedialMapBuilder::findCorner(const Diagram::cell_type& cell) {
-    if (cell.is_degenerate()) return false;
+    if (cell.is_degenerate())
+        return false;
     const std::uint32_t corner = cornerOf(cell);
     const glm::dvec2 position(outline.corners[corner].grid);
     double least = 1; // grid step
@@ -118,7 +120,8 @@ bool MedialMapBuilder::findCells() {
     for (const Diagram::cell_type& cell : diagram.cells()) {
         const std::uint32_t corner = cornerOf(cell);
         if (cell.contains_point()) {
-            if (outline.corners[corner].turn >= 0) continue;
+            if (outline.corners[corner].turn >= 0)
+                continue;
             if (!addCell(MedialMap::Site::corner, corner, corner, cell.incident_edge()))
                 return false;
         } else if (!addCell(
@@ -132,13 +135,15 @@ bool MedialMapBuilder::findCells() {
     return true;
 }
 
-// Walks round the cell from the site's end to its start: on the inside, since the inside lies on the left.
+// Walks round the cell from the site's end to its start: on the inside, since the inside lies on
+// the left.
 bool MedialMapBuilder::addCell(
     MedialMap::Site site, std::uint32_t from, std::uint32_t to, const Edge* start) {
     const Edge* edge = start;
     while (edge->vertex0() != vertexOfCorner[to]) {
         edge = edge->next();
-        if (edge == start) return false;
+        if (edge == start)
+            return false;
     }
     RawCell raw;
     raw.cell.site = site;
@@ -146,7 +151,8 @@ bool MedialMapBuilder::addCell(
     raw.firstEdge = static_cast<std::uint32_t>(cellEdges.size());
     const Edge* const first = edge;
     do {
-        if (edge->vertex1() == nullptr) return false;
+        if (edge->vertex1() == nullptr)
+            return false;
         cellEdges.push_back(edge);
         if (edge->vertex1() == vertexOfCorner[from]) {
             raw.edgeCount = static_cast<std::uint32_t>(cellEdges.size()) - raw.firstEdge;
@@ -166,7 +172,8 @@ std::size_t MedialMapBuilder::rootOf(std::size_t vertex) {
     return vertex;
 }
 
-// Edges too short for single precision vanish, but those that end in the outline: each piece keeps a cell of its own.
+// Edges too short for single precision vanish, but those that end in the outline: each piece keeps
+// a cell of its own.
 void MedialMapBuilder::mergeNearVertices() {
     for (std::uint32_t corner = 0; corner < vertexOfCorner.size(); ++corner) {
         pointOfVertex[indexOf(vertexOfCorner[corner])] = corner;
@@ -174,8 +181,10 @@ void MedialMapBuilder::mergeNearVertices() {
     for (const Edge* edge : cellEdges) {
         const Vertex* a = edge->vertex0();
         const Vertex* b = edge->vertex1();
-        if (glm::distance(positionOf(a), positionOf(b)) >= kMergeDistance) continue;
-        if (pointOfVertex[indexOf(a)] != kNone || pointOfVertex[indexOf(b)] != kNone) continue;
+        if (glm::distance(positionOf(a), positionOf(b)) >= kMergeDistance)
+            continue;
+        if (pointOfVertex[indexOf(a)] != kNone || pointOfVertex[indexOf(b)] != kNone)
+            continue;
         parent[rootOf(indexOf(b))] = rootOf(indexOf(a));
     }
 }
@@ -196,10 +205,10 @@ std::uint32_t MedialMapBuilder::pointOf(const Vertex* vertex, const Edge* edge) 
     return pointOfVertex[root];
 }
 
-// A point and a piece are as far from each point of a parabola. With x along the piece from the point's foot and p the
-// point's height over it, y = (x^2 + p^2) / (2 p), and a chord of width w strays by w^2 / (8 p).
-void MedialMapBuilder::appendParabola(
-    const Edge* edge, std::uint32_t corner, std::uint32_t piece) {
+// A point and a piece are as far from each point of a parabola. With x along the piece from the
+// point's foot and p the point's height over it, y = (x^2 + p^2) / (2 p), and a chord of width w
+// strays by w^2 / (8 p).
+void MedialMapBuilder::appendParabola(const Edge* edge, std::uint32_t corner, std::uint32_t piece) {
     const OutlineCorner& line = outline.corners[piece];
     const glm::dvec2 focus = outline.corners[corner].position;
     const glm::dvec2 inward = -outwardNormal(line);
@@ -208,25 +217,27 @@ void MedialMapBuilder::appendParabola(
     const glm::dvec2 b = positionOf(edge->vertex1());
     const double xa = glm::dot(a - focus, line.direction);
     const double xb = glm::dot(b - focus, line.direction);
-    if (p < kMergeDistance) return;
+    if (p < kMergeDistance)
+        return;
     const int count = clampPieces(std::max(
         std::abs(xb - xa) / std::sqrt(8 * p * kChordError),
         angleBetween(a - focus, b - focus) / kLargestFanAngle));
     for (int i = 1; i < count; ++i) {
         const double x = xa + (xb - xa) * i / count;
         const double y = (x * x + p * p) / (2 * p);
-        polylinePoints.push_back(
-            addPoint(focus + line.direction * x + inward * (y - p), y));
+        polylinePoints.push_back(addPoint(focus + line.direction * x + inward * (y - p), y));
     }
 }
 
-// A straight edge, but the distance along it is a hyperbola: sqrt(h^2 + t^2), whose chord over w strays by w^2 / (8 h).
+// A straight edge, but the distance along it is a hyperbola: sqrt(h^2 + t^2), whose chord over w
+// strays by w^2 / (8 h).
 void MedialMapBuilder::appendBetweenCorners(const Edge* edge, std::uint32_t corner) {
     const glm::dvec2 focus = outline.corners[corner].position;
     const glm::dvec2 a = positionOf(edge->vertex0());
     const glm::dvec2 b = positionOf(edge->vertex1());
     const double h = std::abs(cross(glm::normalize(b - a), focus - a));
-    if (h < kMergeDistance) return;
+    if (h < kMergeDistance)
+        return;
     const int count = clampPieces(std::max(
         glm::distance(a, b) / std::sqrt(8 * h * kChordError),
         angleBetween(a - focus, b - focus) / kLargestFanAngle));
@@ -237,7 +248,8 @@ void MedialMapBuilder::appendBetweenCorners(const Edge* edge, std::uint32_t corn
 }
 
 void MedialMapBuilder::appendInnerPoints(const Edge* edge) {
-    if (edge->is_secondary()) return;
+    if (edge->is_secondary())
+        return;
     const Diagram::cell_type& left = *edge->cell();
     const Diagram::cell_type& right = *edge->twin()->cell();
     if (left.contains_point() && right.contains_point()) {
@@ -251,8 +263,9 @@ void MedialMapBuilder::appendInnerPoints(const Edge* edge) {
 
 const MedialMapBuilder::Polyline& MedialMapBuilder::polylineOf(const Edge* edge) {
     Polyline& line = polylines[indexOf(edge) / 2];
-    if (line.pointCount > 0) return line;
-    const Edge* even = &diagram.edges()[indexOf(edge) & ~std::size_t {1}];
+    if (line.pointCount > 0)
+        return line;
+    const Edge* even = &diagram.edges()[indexOf(edge) & ~std::size_t{1}];
     line.firstPoint = static_cast<std::uint32_t>(polylinePoints.size());
     line.firstLink = static_cast<std::uint32_t>(map.links.size());
     const std::uint32_t start = pointOf(even->vertex0(), even);
@@ -277,13 +290,13 @@ void MedialMapBuilder::writeCell(const RawCell& raw) {
     for (std::uint32_t e = raw.edgeCount; e-- > 0;) {
         const Edge* edge = cellEdges[raw.firstEdge + e];
         const Polyline& line = polylineOf(edge);
-        // The cell's edges run against the direction of travel, so an odd edge's even half runs along it.
+        // The cell's edges run against the direction of travel, so an odd edge's even half runs
+        // along it.
         const bool isAlong = indexOf(edge) % 2 == 1;
         for (std::uint32_t i = 0; i + 1 < line.pointCount; ++i) {
             const std::uint32_t link = isAlong ? i : line.pointCount - 2 - i;
             const std::uint32_t point = isAlong ? i : line.pointCount - 1 - i;
-            map.steps.push_back(
-                {polylinePoints[line.firstPoint + point], line.firstLink + link});
+            map.steps.push_back({polylinePoints[line.firstPoint + point], line.firstLink + link});
         }
         last = polylinePoints[line.firstPoint + (isAlong ? line.pointCount - 1 : 0)];
     }

@@ -12,8 +12,8 @@ namespace zelvo::geometry {
 
 using Diagram = boost::polygon::voronoi_diagram<double>;
 
-/// Turns a finished diagram into a MedialMap, step by step. Indices of the diagram's edges and vertices are offsets
-/// into its own arrays; an edge and its twin differ in the last bit of theirs.
+/// Turns a finished diagram into a MedialMap, step by step. Indices of the diagram's edges and
+/// vertices are offsets into its own arrays; an edge and its twin differ in the last bit of theirs.
 class MedialMapBuilder {
 public:
     MedialMapBuilder(const Outline& outline, const Diagram& diagram);
@@ -24,7 +24,8 @@ private:
     using Edge = Diagram::edge_type;
     using Vertex = Diagram::vertex_type;
 
-    /// A cell and where its edges stand in cellEdges, counter-clockwise: against the direction of travel.
+    /// A cell and where its edges stand in cellEdges, counter-clockwise: against the direction of
+    /// travel.
     struct RawCell {
         MedialMap::Cell cell;
         std::uint32_t firstEdge = 0;

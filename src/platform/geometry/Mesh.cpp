@@ -11,7 +11,8 @@ void Box::include(const glm::vec3& point) {
 }
 
 void Box::include(const Box& other) {
-    if (other.isEmpty()) return;
+    if (other.isEmpty())
+        return;
     include(other.min);
     include(other.max);
 }

@@ -16,7 +16,8 @@ double twiceArea(glm::dvec2 a, glm::dvec2 b, glm::dvec2 c) {
 std::span<const std::array<std::uint32_t, 3>> MonotoneTriangulator::cut(
     std::span<const MonotoneCorner> bottom, std::span<const MonotoneCorner> top) {
     triangles.clear();
-    if (bottom.size() + top.size() < 3) return triangles;
+    if (bottom.size() + top.size() < 3)
+        return triangles;
     merge(bottom, top);
     stack.assign({sequence[0], sequence[1]});
     for (std::size_t i = 2; i + 1 < sequence.size(); ++i) {
@@ -66,7 +67,8 @@ void MonotoneTriangulator::addSameSide(const MonotoneCorner& corner) {
         const MonotoneCorner& near = stack.back();
         const MonotoneCorner& far = stack[stack.size() - 2];
         const double area = twiceArea(far.at, near.at, corner.at);
-        if ((corner.isTop ? -area : area) <= kNoArea) break;
+        if ((corner.isTop ? -area : area) <= kNoArea)
+            break;
         if (corner.isTop) {
             emit(corner, near, far);
         } else {

@@ -12,16 +12,17 @@ namespace zelvo::geometry {
 
 /// A corner of a polygon that every vertical line cuts at most twice.
 struct MonotoneCorner {
-    glm::dvec2 at {};
+    glm::dvec2 at{};
     std::uint32_t id = 0;
     bool isTop = false; ///< which of the two chains it belongs to
 };
 
-/// Cuts a monotone polygon into triangles of the corners' ids, counter-clockwise. `bottom` holds the lower chain from
-/// the leftmost corner to the rightmost, both included, `top` the upper chain between them, left to right.
+/// Cuts a monotone polygon into triangles of the corners' ids, counter-clockwise. `bottom` holds
+/// the lower chain from the leftmost corner to the rightmost, both included, `top` the upper chain
+/// between them, left to right.
 ///
-/// Always n - 2 triangles that use each side once, whatever the positions: a chain that turns back a little, as rounding
-/// can make it, gives a folded triangle, never a hole.
+/// Always n - 2 triangles that use each side once, whatever the positions: a chain that turns back
+/// a little, as rounding can make it, gives a folded triangle, never a hole.
 ///
 /// M. R. Garey, D. S. Johnson, F. P. Preparata, R. E. Tarjan, Triangulating a simple polygon, 1978.
 class MonotoneTriangulator {

@@ -16,8 +16,9 @@ namespace zelvo::geometry {
 
 namespace {
 
-constexpr double kSmoothTurn = std::numbers::pi / 6; // sharper joints of two curves or lines are corners
-constexpr double kSpeckArea = 0.02;                  // square units; smaller loops are dropped
+constexpr double kSmoothTurn =
+    std::numbers::pi / 6;           // sharper joints of two curves or lines are corners
+constexpr double kSpeckArea = 0.02; // square units; smaller loops are dropped
 constexpr int kMostUnions = 3;
 
 double cross(glm::dvec2 a, glm::dvec2 b) {
@@ -33,12 +34,12 @@ GridPoint toGrid(glm::dvec2 position) {
 }
 
 std::uint64_t keyOf(GridPoint point) {
-    return std::uint64_t {static_cast<std::uint32_t>(point.x)} << 32 |
+    return std::uint64_t{static_cast<std::uint32_t>(point.x)} << 32 |
            static_cast<std::uint32_t>(point.y);
 }
 
-// What the path knows about the joints and the union forgets: the direction of the curve through a grid point, zero at
-// a true corner.
+// What the path knows about the joints and the union forgets: the direction of the curve through a
+// grid point, zero at a true corner.
 using Joints = std::unordered_map<std::uint64_t, glm::dvec2>;
 
 Joints jointsOf(const std::vector<FlatContour>& contours) {
@@ -48,11 +49,11 @@ Joints jointsOf(const std::vector<FlatContour>& contours) {
             const bool isSmooth =
                 std::abs(turnFrom(vertex.directionIn, vertex.directionOut)) < kSmoothTurn;
             const glm::dvec2 direction =
-                isSmooth ? glm::normalize(vertex.directionIn + vertex.directionOut)
-                         : glm::dvec2(0);
+                isSmooth ? glm::normalize(vertex.directionIn + vertex.directionOut) : glm::dvec2(0);
             const auto [entry, isNew] =
                 joints.try_emplace(keyOf(toGrid(vertex.position)), direction);
-            if (!isNew) entry->second = glm::dvec2(0);
+            if (!isNew)
+                entry->second = glm::dvec2(0);
         }
     }
     return joints;
@@ -66,7 +67,8 @@ std::vector<GridLoop> unite(const ClipperLib::Paths& paths) {
     clipper.Execute(ClipperLib::ctUnion, united, ClipperLib::pftNonZero, ClipperLib::pftNonZero);
     std::vector<GridLoop> loops;
     for (const ClipperLib::Path& path : united) {
-        if (std::abs(ClipperLib::Area(path)) < kSpeckArea * kGridSteps * kGridSteps) continue;
+        if (std::abs(ClipperLib::Area(path)) < kSpeckArea * kGridSteps * kGridSteps)
+            continue;
         GridLoop& loop = loops.emplace_back();
         for (const ClipperLib::IntPoint& point : path) {
             loop.emplace_back(static_cast<int>(point.X), static_cast<int>(point.Y));
@@ -98,7 +100,8 @@ std::vector<GridLoop> uniteContours(const std::vector<FlatContour>& contours) {
     for (int round = 0; round < kMostUnions; ++round) {
         RepairedLoops repaired = drawApart(unite(toPaths(loops)));
         loops = std::move(repaired.loops);
-        if (repaired.isClean) break;
+        if (repaired.isClean)
+            break;
     }
     return loops;
 }
@@ -132,7 +135,8 @@ void findJoint(Outline& outline, OutlineCorner& corner, const Joints& joints) {
     const glm::dvec2 in = outline.corners[corner.previous].direction;
     corner.turn = turnFrom(in, corner.direction);
     const glm::dvec2 sum = in + corner.direction;
-    if (glm::length(sum) < 0.5) return;
+    if (glm::length(sum) < 0.5)
+        return;
     glm::dvec2 direction = glm::normalize(sum);
     const auto known = joints.find(keyOf(corner.grid));
     if (known == joints.end() || known->second == glm::dvec2(0)) {
@@ -151,7 +155,8 @@ void findJoint(Outline& outline, OutlineCorner& corner, const Joints& joints) {
 Outline makeOutline(const BezierPath& path, double flatness) {
     const std::vector<FlatContour> contours = flatten(path, flatness);
     Outline outline;
-    if (contours.empty()) return outline;
+    if (contours.empty())
+        return outline;
     for (const GridLoop& loop : uniteContours(contours)) {
         appendLoop(outline, loop);
     }

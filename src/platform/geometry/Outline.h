@@ -18,20 +18,20 @@ using GridLoop = std::vector<GridPoint>;
 
 /// A corner of the outline. The boundary's piece that starts here bears the corner's index.
 struct OutlineCorner {
-    GridPoint grid {};
-    glm::dvec2 position {};     ///< scene units
-    glm::dvec2 direction {};    ///< unit, of the piece that starts here
-    double length = 0;          ///< of the piece that starts here
-    double arc = 0;             ///< length of the loop from its first corner to here
-    std::uint32_t next = 0;     ///< the loop's neighbours
+    GridPoint grid{};
+    glm::dvec2 position{};  ///< scene units
+    glm::dvec2 direction{}; ///< unit, of the piece that starts here
+    double length = 0;      ///< of the piece that starts here
+    double arc = 0;         ///< length of the loop from its first corner to here
+    std::uint32_t next = 0; ///< the loop's neighbours
     std::uint32_t previous = 0;
-    glm::dvec2 normal {};       ///< where smooth: the boundary's unit normal, outwards
-    bool isSmooth = false;      ///< the joint stands for a curve
-    double turn = 0;            ///< radians, positive to the left: a corner of the solid that points outwards
+    glm::dvec2 normal{};   ///< where smooth: the boundary's unit normal, outwards
+    bool isSmooth = false; ///< the joint stands for a curve
+    double turn = 0; ///< radians, positive to the left: a corner of the solid that points outwards
 };
 
-/// The non-zero union of a path's contours as simple loops, the inside on their left: counter-clockwise around,
-/// clockwise around holes. No corner touches another corner or piece.
+/// The non-zero union of a path's contours as simple loops, the inside on their left:
+/// counter-clockwise around, clockwise around holes. No corner touches another corner or piece.
 struct Outline {
     struct Loop {
         std::uint32_t first = 0;

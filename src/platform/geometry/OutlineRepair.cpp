@@ -13,13 +13,14 @@ namespace zelvo::geometry {
 
 namespace {
 
-constexpr double kContact = 1.5;    // grid steps: nearer than this is touching
-constexpr double kStep = 3;         // grid steps that a touching corner moves
+constexpr double kContact = 1.5; // grid steps: nearer than this is touching
+constexpr double kStep = 3;      // grid steps that a touching corner moves
 constexpr int kMostRounds = 6;
-constexpr double kStraight = 0.75;  // grid steps that a corner may stick out of the line of its neighbours
+constexpr double kStraight =
+    0.75; // grid steps that a corner may stick out of the line of its neighbours
 
 std::int64_t cross(GridPoint a, GridPoint b) {
-    return std::int64_t {a.x} * b.y - std::int64_t {a.y} * b.x;
+    return std::int64_t{a.x} * b.y - std::int64_t{a.y} * b.x;
 }
 
 // How far p is from the piece a-b.
@@ -30,9 +31,11 @@ double distanceToPiece(glm::dvec2 p, glm::dvec2 a, glm::dvec2 b) {
     return glm::distance(p, a + along * t);
 }
 
-// A corner goes if its neighbours' line passes through it, or if it is the tip of a spike without width.
+// A corner goes if its neighbours' line passes through it, or if it is the tip of a spike without
+// width.
 bool isIdle(GridPoint before, GridPoint here, GridPoint after) {
-    if (here == before || here == after || before == after) return true;
+    if (here == before || here == after || before == after)
+        return true;
     return distanceToPiece(here, before, after) < kStraight ||
            distanceToPiece(after, before, here) < kStraight ||
            distanceToPiece(before, here, after) < kStraight;
@@ -103,7 +106,7 @@ public:
     explicit ContactFinder(const std::vector<GridLoop>& loops_)
         : loops(loops_) {
         for (const GridLoop& loop : loops) {
-            found.touching.emplace_back(loop.size(), char {0});
+            found.touching.emplace_back(loop.size(), char{0});
         }
     }
 
@@ -126,8 +129,10 @@ private:
     static constexpr int kMargin = 2;
 
     void compare(const Piece& p, const Piece& q) {
-        if (p.minY > q.maxY + kMargin || q.minY > p.maxY + kMargin) return;
-        if (doCross(p, q)) found.any = found.anyCrossing = true;
+        if (p.minY > q.maxY + kMargin || q.minY > p.maxY + kMargin)
+            return;
+        if (doCross(p, q))
+            found.any = found.anyCrossing = true;
         markStart(p, q);
         markStart(q, p);
     }
@@ -136,9 +141,11 @@ private:
     void markStart(const Piece& p, const Piece& q) {
         if (p.loop == q.loop) {
             const auto count = static_cast<std::uint32_t>(loops[p.loop].size());
-            if (p.index == q.index || (q.index + 1) % count == p.index) return;
+            if (p.index == q.index || (q.index + 1) % count == p.index)
+                return;
         }
-        if (distanceToPiece(glm::dvec2(p.a), glm::dvec2(q.a), glm::dvec2(q.b)) >= kContact) return;
+        if (distanceToPiece(glm::dvec2(p.a), glm::dvec2(q.a), glm::dvec2(q.b)) >= kContact)
+            return;
         found.touching[p.loop][p.index] = 1;
         found.any = true;
     }
@@ -147,12 +154,14 @@ private:
     Contacts found;
 };
 
-// Towards the side of a corner that is less than half a turn: whatever it touches lies on the other side.
+// Towards the side of a corner that is less than half a turn: whatever it touches lies on the other
+// side.
 GridPoint movedIntoNarrowSide(GridPoint before, GridPoint here, GridPoint after) {
     const glm::dvec2 toBefore = glm::normalize(glm::dvec2(before - here));
     const glm::dvec2 toAfter = glm::normalize(glm::dvec2(after - here));
     glm::dvec2 middle = toBefore + toAfter;
-    if (glm::length(middle) < 1e-6) middle = {-toAfter.y, toAfter.x};
+    if (glm::length(middle) < 1e-6)
+        middle = {-toAfter.y, toAfter.x};
     return here + GridPoint(glm::round(glm::normalize(middle) * kStep));
 }
 
@@ -160,7 +169,8 @@ void moveTouching(std::vector<GridLoop>& loops, const Contacts& contacts) {
     for (std::size_t l = 0; l < loops.size(); ++l) {
         const GridLoop old = loops[l];
         for (std::size_t i = 0; i < old.size(); ++i) {
-            if (contacts.touching[l][i] == 0) continue;
+            if (contacts.touching[l][i] == 0)
+                continue;
             const std::size_t last = old.size() - 1;
             loops[l][i] =
                 movedIntoNarrowSide(old[i > 0 ? i - 1 : last], old[i], old[i < last ? i + 1 : 0]);
@@ -177,8 +187,10 @@ RepairedLoops drawApart(std::vector<GridLoop> loops) {
         }
         std::erase_if(loops, [](const GridLoop& loop) { return loop.size() < 3; });
         const Contacts contacts = ContactFinder(loops).find();
-        if (!contacts.any) return {.loops = std::move(loops), .isClean = true};
-        if (contacts.anyCrossing && round > 0) break;
+        if (!contacts.any)
+            return {.loops = std::move(loops), .isClean = true};
+        if (contacts.anyCrossing && round > 0)
+            break;
         moveTouching(loops, contacts);
     }
     return {.loops = std::move(loops), .isClean = false};

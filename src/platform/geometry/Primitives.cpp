@@ -19,7 +19,8 @@ namespace {
 constexpr float kPi = std::numbers::pi_v<float>;
 constexpr int kChamferSteps = 5; // pieces of a quarter turn of a box's rounded edge
 
-// A grid of vertices, rows of equal length one under the other. Seen from outside, rows run to the right.
+// A grid of vertices, rows of equal length one under the other. Seen from outside, rows run to the
+// right.
 class GridWriter {
 public:
     GridWriter(Mesh& mesh_, int columns_)
@@ -47,7 +48,8 @@ private:
         const glm::vec3 p = mesh.vertices[a].position;
         const glm::vec3 cross =
             glm::cross(mesh.vertices[b].position - p, mesh.vertices[c].position - p);
-        if (glm::dot(cross, cross) <= 0) return;
+        if (glm::dot(cross, cross) <= 0)
+            return;
         mesh.indices.insert(mesh.indices.end(), {a, b, c});
     }
 
@@ -74,15 +76,19 @@ constexpr auto kBoxSides = std::to_array<BoxSide>({
     {{0, -1, 0}, {1, 0, 0},  {0, 0, -1}},
 });
 
-// Where a side's grid has its lines along one axis: the flat part's ends and, over the rounded edges, equal angles up
-// to the 45 degrees at which the next side takes over. The angle leans from the side's normal; `core` is the flat
-// part's place.
+// Where a side's grid has its lines along one axis: the flat part's ends and, over the rounded
+// edges, equal angles up to the 45 degrees at which the next side takes over. The angle leans from
+// the side's normal; `core` is the flat part's place.
 struct GridLine {
     float core, angle;
 };
 
 std::vector<GridLine> gridLines(float flatHalf, float radius) {
-    if (radius <= 0) return {{-flatHalf, 0}, {flatHalf, 0}};
+    if (radius <= 0)
+        return {
+            {-flatHalf, 0},
+            {flatHalf,  0}
+        };
     std::vector<GridLine> lines;
     for (int i = kChamferSteps; i >= 0; --i) {
         lines.push_back({-flatHalf, -kPi / 4 * static_cast<float>(i) / kChamferSteps});
@@ -93,7 +99,8 @@ std::vector<GridLine> gridLines(float flatHalf, float radius) {
     return lines;
 }
 
-// The share of a side's width at which a line stands: texture coordinates run over the whole box's side.
+// The share of a side's width at which a line stands: texture coordinates run over the whole box's
+// side.
 float shareOf(const GridLine& line, float half, float radius) {
     const float place = line.core + radius * std::tan(line.angle);
     return half > 0 ? 0.5f + 0.5f * place / half : 0.5f;
@@ -107,19 +114,21 @@ void addBoxSide(Mesh& mesh, const BoxSide& side, const glm::vec3& half, float ra
     GridWriter grid(mesh, static_cast<int>(columns.size()));
     for (const GridLine& row : gridLines(halfDown - radius, radius)) {
         for (const GridLine& column : columns) {
-            // On a rounded edge or corner the normal is the ray from the sphere's middle to this place of a cube.
+            // On a rounded edge or corner the normal is the ray from the sphere's middle to this
+            // place of a cube.
             const glm::vec3 normal = glm::normalize(
                 side.outward + side.right * std::tan(column.angle) +
                 side.down * std::tan(row.angle));
-            const glm::vec3 core = side.outward * (halfOut - radius) + side.right * column.core +
-                                   side.down * row.core;
+            const glm::vec3 core =
+                side.outward * (halfOut - radius) + side.right * column.core + side.down * row.core;
             const glm::vec3 tangent =
                 glm::normalize(side.right - normal * glm::dot(normal, side.right));
-            grid.addVertex(
-                {core + normal * radius,
-                 normal,
-                 glm::vec4(tangent, -1),
-                 {shareOf(column, halfRight, radius), shareOf(row, halfDown, radius)}});
+            grid.addVertex({
+                core + normal * radius,
+                normal,
+                glm::vec4(tangent, -1),
+                {shareOf(column, halfRight, radius), shareOf(row, halfDown, radius)}
+            });
         }
     }
     grid.finish();
@@ -157,7 +166,10 @@ Mesh makeSphere(float radius, int segmentCount) {
             const float x = -std::sin(turn);
             const float z = -std::cos(turn);
             const glm::vec3 normal(ring * x, std::cos(v * kPi), ring * z);
-            grid.addVertex({normal * radius, normal, {z, 0, -x, -1}, {u, v}});
+            grid.addVertex({
+                normal * radius, normal, {z,   0, -x, -1},
+                    {u, v }
+            });
         }
     }
     grid.finish();
@@ -171,8 +183,12 @@ Mesh makePlane(float width, float height) {
     GridWriter grid(mesh, 2);
     for (const float v : {0.0f, 1.0f}) {
         for (const float u : {0.0f, 1.0f}) {
-            grid.addVertex(
-                {{width * (u - 0.5f), height * (0.5f - v), 0}, {0, 0, 1}, {1, 0, 0, -1}, {u, v}});
+            grid.addVertex({
+                {width * (u - 0.5f), height * (0.5f - v), 0},
+                {0,                  0,                                     1},
+                {1,                 0,0, -1},
+                {u, v                   }
+            });
         }
     }
     grid.finish();
@@ -191,16 +207,18 @@ Mesh makeTorus(float ringRadius, float pipeRadius, int ringSegments, int pipeSeg
     for (int row = 0; row <= pipeSegments; ++row) {
         const float v = static_cast<float>(row) / static_cast<float>(pipeSegments);
         // From the inner equator over the top to the outside and back.
-        const float lift = 2 * kPi * static_cast<float>(row % pipeSegments) /
-                           static_cast<float>(pipeSegments);
+        const float lift =
+            2 * kPi * static_cast<float>(row % pipeSegments) / static_cast<float>(pipeSegments);
         for (int column = 0; column <= ringSegments; ++column) {
             const float u = static_cast<float>(column) / static_cast<float>(ringSegments);
             const float turn = 2 * kPi * static_cast<float>(column % ringSegments) /
                                static_cast<float>(ringSegments);
             const glm::vec3 away(-std::sin(turn), 0, -std::cos(turn));
             const glm::vec3 normal = away * -std::cos(lift) + glm::vec3(0, std::sin(lift), 0);
-            grid.addVertex(
-                {away * ringRadius + normal * pipeRadius, normal, {away.z, 0, -away.x, -1}, {u, v}});
+            grid.addVertex({
+                away * ringRadius + normal * pipeRadius, normal, {away.z, 0, -away.x, -1},
+                        {u,    v    }
+            });
         }
     }
     grid.finish();

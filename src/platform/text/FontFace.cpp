@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+#include "platform/text/FontFace.h"
+
+#include <hb-ot.h>
+#include <hb.h>
+
+#include <QChar>
+
+#include <array>
+#include <cmath>
+
+namespace zelvo::text {
+
+namespace {
+
+using geometry::BezierPath;
+
+constexpr unsigned kMostFaces = 64;           // in a collection
+constexpr std::size_t kMostElements = 200000; // of an outline; drawn fonts stay below a thousand
+constexpr unsigned kLongestName = 256;        // bytes
+
+std::string nameIn(hb_face_t* face, hb_ot_name_id_t id, hb_language_t language) {
+    std::array<char, kLongestName> text{};
+    unsigned size = kLongestName;
+    hb_ot_name_get_utf8(face, id, language, &size, text.data());
+    return {text.data(), std::min(size, kLongestName - 1)};
+}
+
+// The English name, else the first in any language.
+std::string nameOf(hb_face_t* face, hb_ot_name_id_t id) {
+    std::string english = nameIn(face, id, hb_language_from_string("en", -1));
+    if (!english.empty())
+        return english;
+    unsigned count = 0;
+    const hb_ot_name_entry_t* entries = hb_ot_name_list_names(face, &count);
+    for (unsigned i = 0; i < count; ++i) {
+        if (entries[i].name_id != id)
+            continue;
+        std::string name = nameIn(face, id, entries[i].language);
+        if (!name.empty())
+            return name;
+    }
+    return {};
+}
+
+// What the drawing calls write to.
+struct Pen {
+    BezierPath path;
+    float scale = 1;
+    bool isOverfull = false;
+
+    [[nodiscard]] glm::vec2 at(float x, float y) const { return {x * scale, y * scale}; }
+
+    [[nodiscard]] bool hasRoom() {
+        isOverfull = isOverfull || path.elements().size() >= kMostElements;
+        return !isOverfull;
+    }
+};
+
+Pen& penOf(void* data) {
+    return *static_cast<Pen*>(data);
+}
+
+void moveTo(hb_draw_funcs_t*, void* pen, hb_draw_state_t*, float x, float y, void*) {
+    if (penOf(pen).hasRoom())
+        penOf(pen).path.moveTo(penOf(pen).at(x, y));
+}
+
+void lineTo(hb_draw_funcs_t*, void* pen, hb_draw_state_t*, float x, float y, void*) {
+    if (penOf(pen).hasRoom())
+        penOf(pen).path.lineTo(penOf(pen).at(x, y));
+}
+
+void quadTo(
+    hb_draw_funcs_t*, void* pen, hb_draw_state_t*, float cx, float cy, float x, float y, void*) {
+    Pen& p = penOf(pen);
+    if (p.hasRoom())
+        p.path.quadTo(p.at(cx, cy), p.at(x, y));
+}
+
+// NOLINTNEXTLINE(readability-function-size): the library's own signature
+void cubicTo(
+    hb_draw_funcs_t*,
+    void* pen,
+    hb_draw_state_t*,
+    float ax,
+    float ay,
+    float bx,
+    float by,
+    float x,
+    float y,
+    void*) {
+    Pen& p = penOf(pen);
+    if (p.hasRoom())
+        p.path.cubicTo(p.at(ax, ay), p.at(bx, by), p.at(x, y));
+}
+
+void closePath(hb_draw_funcs_t*, void* pen, hb_draw_state_t*, void*) {
+    if (penOf(pen).hasRoom())
+        penOf(pen).path.close();
+}
+
+hb_draw_funcs_t* makePenFunctions() {
+    hb_draw_funcs_t* functions = hb_draw_funcs_create();
+    hb_draw_funcs_set_move_to_func(functions, &moveTo, nullptr, nullptr);
+    hb_draw_funcs_set_line_to_func(functions, &lineTo, nullptr, nullptr);
+    hb_draw_funcs_set_quadratic_to_func(functions, &quadTo, nullptr, nullptr);
+    hb_draw_funcs_set_cubic_to_func(functions, &cubicTo, nullptr, nullptr);
+    hb_draw_funcs_set_close_path_func(functions, &closePath, nullptr, nullptr);
+    hb_draw_funcs_make_immutable(functions);
+    return functions;
+}
+
+void drawGlyph(hb_font_t* font, std::uint32_t glyph, Pen& pen) {
+    static hb_draw_funcs_t* const functions = makePenFunctions(); // lives as long as the process
+#if HB_VERSION_ATLEAST(7, 0, 0)
+    hb_font_draw_glyph(font, glyph, functions, &pen);
+#else
+    hb_font_get_glyph_shape(font, glyph, functions, &pen);
+#endif
+}
+
+// Blanks, controls and what only changes its neighbours have no drawing of their own.
+bool isBlank(char32_t character) {
+    const QChar::Category category = QChar::category(character);
+    return QChar::isSpace(character) || category == QChar::Other_Format ||
+           category == QChar::Other_Control ||
+           (character >= 0xFE00 && character <= 0xFE0F); // variation selectors
+}
+
+} // namespace
+
+void FontFace::FontDeleter::operator()(hb_font_t* font) const {
+    hb_font_destroy(font);
+}
+
+void FontFace::FaceDeleter::operator()(hb_face_t* face) const {
+    hb_face_destroy(face);
+}
+
+FontFace::FontFace(hb_face_t* face_)
+    : face(face_)
+    , font(hb_font_create(face_))
+    , postScriptName_(nameOf(face_, HB_OT_NAME_ID_POSTSCRIPT_NAME))
+    , fullName_(nameOf(face_, HB_OT_NAME_ID_FULL_NAME))
+    , family_(nameOf(face_, HB_OT_NAME_ID_TYPOGRAPHIC_FAMILY)) {
+    if (family_.empty())
+        family_ = nameOf(face_, HB_OT_NAME_ID_FONT_FAMILY);
+}
+
+FontFace::~FontFace() = default;
+
+geometry::BezierPath FontFace::outline(std::uint32_t glyph, double size) const {
+    Pen pen{.path = {}, .scale = static_cast<float>(size / unitsPerEm())};
+    drawGlyph(font.get(), glyph, pen);
+    return pen.isOverfull ? BezierPath{} : std::move(pen.path);
+}
+
+double FontFace::unitsPerEm() const {
+    return hb_face_get_upem(face.get());
+}
+
+FontFace::Metrics FontFace::metrics() const {
+    hb_font_extents_t extents{};
+    hb_font_get_h_extents(font.get(), &extents);
+    const double em = unitsPerEm();
+    return {
+        .ascent = extents.ascender / em,
+        .descent = -extents.descender / em,
+        .leading = extents.line_gap / em};
+}
+
+std::uint32_t FontFace::drawnGlyph(char32_t character) const {
+    hb_codepoint_t glyph = 0;
+    if (hb_font_get_nominal_glyph(font.get(), character, &glyph) == 0)
+        return 0;
+    if (isBlank(character))
+        return glyph;
+    hb_glyph_extents_t extents{};
+    const bool isDrawn = hb_font_get_glyph_extents(font.get(), glyph, &extents) != 0 &&
+                         (extents.width != 0 || extents.height != 0);
+    return isDrawn ? glyph : 0;
+}
+
+foundation::Result<std::vector<std::shared_ptr<const FontFace>>> readFaces(std::string bytes) {
+    if (bytes.size() > kLargestFontFile) {
+        return foundation::fail(
+            foundation::Cause::tooLarge, "is over 64 MiB, more than a font file may have");
+    }
+    auto kept = std::make_unique<std::string>(std::move(bytes));
+    const char* data = kept->data();
+    const auto size = static_cast<unsigned>(kept->size());
+    hb_blob_t* blob =
+        hb_blob_create(data, size, HB_MEMORY_MODE_READONLY, kept.release(), [](void* text) {
+            delete static_cast<std::string*>(text); // NOLINT: HarfBuzz owns it
+        });
+    std::vector<std::shared_ptr<const FontFace>> faces;
+    const unsigned count = std::min(hb_face_count(blob), kMostFaces);
+    for (unsigned i = 0; i < count; ++i) {
+        auto face = std::make_shared<const FontFace>(hb_face_create(blob, i));
+        const bool hasGlyphs = hb_face_get_glyph_count(hb_font_get_face(face->handle())) > 0;
+        const bool hasName = !face->postScriptName().empty() || !face->fullName().empty();
+        if (hasGlyphs && hasName)
+            faces.push_back(std::move(face));
+    }
+    hb_blob_destroy(blob);
+    if (faces.empty()) {
+        return foundation::fail(
+            foundation::Cause::malformed,
+            "is no TrueType or OpenType font, or is damaged; use another copy of it");
+    }
+    return faces;
+}
+
+} // namespace zelvo::text

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "platform/text/LineLayout.h"
+
+#include "platform/text/Shaper.h"
+
+#include <glm/mat3x2.hpp>
+
+#include <QString>
+#include <QTextBoundaryFinder>
+
+#include <algorithm>
+#include <limits>
+
+namespace zelvo::text {
+
+namespace {
+
+// Characters that melted into the one before them share its width evenly.
+void shareWidths(std::vector<PlacedCharacter>& characters, const std::vector<char>& hasGlyph) {
+    std::size_t i = 0;
+    while (i < characters.size()) {
+        std::size_t end = i + 1;
+        while (end < characters.size() && hasGlyph[end] == 0) {
+            ++end;
+        }
+        const double share = characters[i].width / static_cast<double>(end - i);
+        for (std::size_t j = i; j < end && end - i > 1; ++j) {
+            characters[j].x = characters[i].x + share * static_cast<double>(j - i);
+            characters[j].width = share;
+        }
+        i = end;
+    }
+}
+
+} // namespace
+
+std::vector<std::string> charactersOf(std::string_view string) {
+    const QString text = QString::fromUtf8(string.data(), static_cast<qsizetype>(string.size()));
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    std::vector<std::string> characters;
+    qsizetype start = 0;
+    for (qsizetype end = finder.toNextBoundary(); end > start; end = finder.toNextBoundary()) {
+        characters.push_back(text.mid(start, end - start).toStdString());
+        start = end;
+    }
+    return characters;
+}
+
+std::vector<PlacedCharacter> layoutLine(std::string_view string, const TextAttributes& attributes) {
+    const ShapedLine line = shapeLine(string, attributes);
+    std::vector<PlacedCharacter> placed(line.characters.size());
+    std::vector<char> hasGlyph(placed.size(), 0);
+    for (std::size_t i = 0; i < placed.size(); ++i) {
+        placed[i].text = line.characters[i];
+        if (line.faces[i] == nullptr)
+            continue;
+        const FontFace::Metrics metrics = line.faces[i]->metrics();
+        placed[i].ascent = metrics.ascent * attributes.size;
+        placed[i].descent = metrics.descent * attributes.size;
+        placed[i].leading = metrics.leading * attributes.size;
+    }
+    for (const ShapedGlyph& glyph : line.glyphs) {
+        PlacedCharacter& character = placed[glyph.character];
+        if (hasGlyph[glyph.character] == 0)
+            character.x = glyph.pen;
+        hasGlyph[glyph.character] = 1;
+        character.width += glyph.advance;
+    }
+    shareWidths(placed, hasGlyph);
+    return placed;
+}
+
+geometry::BezierPath outlineOf(std::string_view string, const TextAttributes& attributes) {
+    geometry::BezierPath path;
+    for (const ShapedGlyph& glyph : shapeLine(string, attributes).glyphs) {
+        geometry::BezierPath outline = glyph.face->outline(glyph.glyph, attributes.size);
+        glm::mat3x2 shift(1.0f);
+        shift[2] = {glyph.pen + glyph.offsetX, glyph.offsetY};
+        outline.transform(shift);
+        path.append(outline);
+    }
+    return path;
+}
+
+} // namespace zelvo::text

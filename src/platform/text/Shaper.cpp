@@ -1,0 +1,221 @@
+// SPDX-License-Identifier: MIT
+#include "platform/text/Shaper.h"
+
+#include "platform/foundation/Check.h"
+
+#include <hb.h>
+
+#include <QChar>
+#include <QString>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace zelvo::text {
+
+namespace {
+
+// Letters are drawn one by one, so none may melt into its neighbour.
+constexpr auto kFeatures = std::to_array<hb_feature_t>({
+    {HB_TAG('l', 'i', 'g', 'a'), 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
+    {HB_TAG('c', 'l', 'i', 'g'), 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
+    {HB_TAG('c', 'a', 'l', 't'), 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
+    {HB_TAG('k', 'e', 'r', 'n'), 1, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
+});
+
+// Families that are used for their lining digits but draw old-style ones unasked.
+constexpr auto kLiningFamilies = std::to_array<std::string_view>({"Baskervville"});
+constexpr hb_feature_t kLiningDigits{
+    HB_TAG('l', 'n', 'u', 'm'), 1, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END};
+
+enum class Strength : std::uint8_t { left, right, number, neutral };
+
+Strength strengthOf(char32_t character) {
+    switch (QChar::direction(character)) {
+    case QChar::DirL:
+        return Strength::left;
+    case QChar::DirR:
+    case QChar::DirAL:
+        return Strength::right;
+    case QChar::DirEN:
+    case QChar::DirAN:
+        return Strength::number;
+    default:
+        return Strength::neutral;
+    }
+}
+
+// Embedding levels by character: 0 left to right, 1 right to left, 2 a number within right to left.
+// Neutrals take the level on both their sides where these agree, else the line's.
+std::vector<int> levelsOf(const std::vector<std::u32string>& characters) {
+    std::vector<int> levels(characters.size(), 0);
+    int strong = 0;
+    std::size_t neutralsFrom = 0;
+    for (std::size_t i = 0; i < characters.size(); ++i) {
+        const Strength strength = strengthOf(characters[i].front());
+        if (strength == Strength::neutral)
+            continue;
+        const bool isRight =
+            strength == Strength::right || (strength == Strength::number && strong == 1);
+        if (isRight && strong == 1) {
+            std::fill(
+                levels.begin() + static_cast<std::ptrdiff_t>(neutralsFrom),
+                levels.begin() + static_cast<std::ptrdiff_t>(i),
+                1);
+        }
+        levels[i] = strength == Strength::right ? 1 : isRight ? 2 : 0;
+        if (strength != Strength::number)
+            strong = isRight ? 1 : 0;
+        neutralsFrom = i + 1;
+    }
+    return levels;
+}
+
+// A stretch of characters with one face and one level.
+struct Run {
+    std::size_t first = 0;
+    std::size_t count = 0;
+    int level = 0;
+};
+
+std::vector<Run> runsOf(const std::vector<FacePtr>& faces, const std::vector<int>& levels) {
+    std::vector<Run> runs;
+    for (std::size_t i = 0; i < faces.size(); ++i) {
+        const bool continues = i > 0 && faces[i] == faces[i - 1] && levels[i] == levels[i - 1];
+        if (!continues)
+            runs.push_back({.first = i, .level = levels[i]});
+        ++runs.back().count;
+    }
+    return runs;
+}
+
+// From the highest level down, every stretch of runs on that level or above is turned round (rule
+// L2).
+void orderVisually(std::vector<Run>& runs) {
+    for (int level = 2; level > 0; --level) {
+        auto from = runs.begin();
+        while (from != runs.end()) {
+            const auto isLower = [level](const Run& run) { return run.level < level; };
+            from = std::find_if_not(from, runs.end(), isLower);
+            const auto to = std::find_if(from, runs.end(), isLower);
+            std::reverse(from, to);
+            from = to;
+        }
+    }
+}
+
+bool hasAll(const FontFace& face, const std::u32string& character) {
+    return std::all_of(character.begin(), character.end(), [&face](char32_t part) {
+        return face.drawnGlyph(part) != 0;
+    });
+}
+
+// HarfBuzz joins letters and marks to what the font has, so a mark alone may be missing.
+bool canSet(const FontFace& face, const std::u32string& character) {
+    if (hasAll(face, character))
+        return true;
+    const QString composed =
+        QString::fromUcs4(character.data(), static_cast<qsizetype>(character.size()))
+            .normalized(QString::NormalizationForm_C);
+    return hasAll(face, composed.toStdU32String());
+}
+
+class LineShaper {
+public:
+    LineShaper(ShapedLine& line_, const TextAttributes& attributes_)
+        : line(line_)
+        , attributes(attributes_) {
+        for (const std::string& character : line.characters) {
+            characters.push_back(QString::fromStdString(character).toStdU32String());
+        }
+    }
+
+    void shape() {
+        chooseFaces();
+        std::vector<Run> runs = runsOf(line.faces, levelsOf(characters));
+        orderVisually(runs);
+        for (const Run& run : runs) {
+            if (line.faces[run.first] != nullptr)
+                shapeRun(run);
+        }
+    }
+
+private:
+    void chooseFaces() {
+        const auto font = std::dynamic_pointer_cast<const FontFace>(attributes.font);
+        const auto fallback = std::dynamic_pointer_cast<const FontFace>(attributes.fallback);
+        const FacePtr first = font != nullptr ? font : fallback;
+        for (const std::u32string& character : characters) {
+            const bool isBetter = first != nullptr && fallback != nullptr && first != fallback &&
+                                  !canSet(*first, character) && canSet(*fallback, character);
+            line.faces.push_back(isBetter ? fallback : first);
+        }
+    }
+
+    void shapeRun(const Run& run) {
+        const std::unique_ptr<hb_buffer_t, decltype(&hb_buffer_destroy)> owner(
+            hb_buffer_create(), &hb_buffer_destroy);
+        hb_buffer_t* buffer = owner.get();
+        for (std::size_t i = run.first; i < run.first + run.count; ++i) {
+            for (const char32_t part : characters[i]) {
+                hb_buffer_add(buffer, part, static_cast<unsigned>(i));
+            }
+        }
+        hb_buffer_set_content_type(buffer, HB_BUFFER_CONTENT_TYPE_UNICODE);
+        hb_buffer_set_cluster_level(buffer, HB_BUFFER_CLUSTER_LEVEL_MONOTONE_CHARACTERS);
+        hb_buffer_set_direction(buffer, run.level == 1 ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);
+        hb_buffer_guess_segment_properties(buffer);
+        hb_buffer_set_language(buffer, hb_language_from_string("en", -1));
+        const FacePtr& face = line.faces[run.first];
+        const std::vector<hb_feature_t> features = featuresOf(*face);
+        hb_shape(face->handle(), buffer, features.data(), static_cast<unsigned>(features.size()));
+        takeGlyphs(buffer, face);
+    }
+
+    [[nodiscard]] static std::vector<hb_feature_t> featuresOf(const FontFace& face) {
+        std::vector<hb_feature_t> features(kFeatures.begin(), kFeatures.end());
+        if (std::find(kLiningFamilies.begin(), kLiningFamilies.end(), face.family()) !=
+            kLiningFamilies.end()) {
+            features.push_back(kLiningDigits);
+        }
+        return features;
+    }
+
+    void takeGlyphs(hb_buffer_t* buffer, const FacePtr& face) {
+        unsigned count = 0;
+        const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer, &count);
+        const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(buffer, &count);
+        const double scale = attributes.size / face->unitsPerEm();
+        for (unsigned i = 0; i < count; ++i) {
+            // Behind the last glyph of a character: a mark's own glyph adds no second kern.
+            const bool isLast = i + 1 == count || infos[i + 1].cluster != infos[i].cluster;
+            const double advance = positions[i].x_advance * scale + (isLast ? attributes.kern : 0);
+            line.glyphs.push_back(
+                {.face = face,
+                 .glyph = infos[i].codepoint,
+                 .character = infos[i].cluster,
+                 .pen = pen,
+                 .advance = advance,
+                 .offsetX = positions[i].x_offset * scale,
+                 .offsetY = positions[i].y_offset * scale});
+            pen += advance;
+        }
+    }
+
+    ShapedLine& line;
+    const TextAttributes& attributes;
+    std::vector<std::u32string> characters;
+    double pen = 0;
+};
+
+} // namespace
+
+ShapedLine shapeLine(std::string_view string, const TextAttributes& attributes) {
+    CHECK(attributes.size > 0, "no text is {} units high", attributes.size);
+    ShapedLine line{.characters = charactersOf(string), .faces = {}, .glyphs = {}};
+    LineShaper(line, attributes).shape();
+    return line;
+}
+
+} // namespace zelvo::text
