@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include "platform/media/AVAssetExportSession.h"
+
+#include "platform/foundation/Check.h"
+#include "platform/media/MediaFile.h"
+#include "platform/media/MovieFile.h"
+#include "platform/media/SoundTrack.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+namespace zelvo::media {
+namespace {
+
+using foundation::Cause;
+using foundation::Error;
+using foundation::fail;
+using foundation::Result;
+
+/// The packets of a composition's video, up to its end.
+class VideoSource {
+public:
+    static Result<VideoSource>
+    open(const AVMutableCompositionTrack::Segment& segment, CMTime length) {
+        if (segment.range.start != CMTime{} || segment.at != CMTime{}) {
+            return fail(Cause::unsupported, "The movie's video must begin at 0.");
+        }
+        auto opened = openMediaFile(segment.source.file);
+        if (!opened)
+            return tl::unexpected(opened.error());
+        VideoSource source;
+        source.format = std::move(*opened);
+        source.packet.reset(av_packet_alloc());
+        source.stream = segment.source.trackID - 1;
+        source.end = std::min(segment.range.duration, length);
+        if (source.stream >= static_cast<int>(source.format->nb_streams)) {
+            return fail(Cause::malformed, "The movie's video has changed meanwhile.");
+        }
+        readOnlyStream(*source.format, source.stream);
+        return source;
+    }
+
+    [[nodiscard]] const AVStream& parameters() const { return *format->streams[stream]; }
+
+    [[nodiscard]] CMTime length() const { return end; }
+
+    /// The next packet before the end; null when there is none. It stands until the next call.
+    Result<AVPacket*> next() {
+        av_packet_unref(packet.get());
+        while (av_read_frame(format.get(), packet.get()) >= 0) {
+            const bool isWanted = packet->stream_index == stream && packet->pts != AV_NOPTS_VALUE;
+            if (isWanted && packet->pts != packet->dts) {
+                return fail(Cause::unsupported, "A video with reordered frames cannot be cut.");
+            }
+            if (isWanted && timeOfPacket() < end)
+                return packet.get();
+            av_packet_unref(packet.get());
+        }
+        return nullptr;
+    }
+
+    [[nodiscard]] CMTime timeOfPacket() const {
+        const AVRational unit = parameters().time_base;
+        return {packet->pts * unit.num, unit.den};
+    }
+
+private:
+    FFmpegPtr<AVFormatContext> format;
+    FFmpegPtr<AVPacket> packet;
+    int stream = 0;
+    CMTime end;
+};
+
+/// Next to the movie, so that putting it in place is one renaming on one disk.
+std::filesystem::path unfinishedPath(const std::filesystem::path& movie) {
+    return movie.parent_path() / fmt::format(".{}.part", movie.filename().string());
+}
+
+} // namespace
+
+AVAssetExportSession::AVAssetExportSession(AVMutableComposition tracks)
+    : composition(std::move(tracks)) {}
+
+AVAssetExportSession::~AVAssetExportSession() {
+    cancelExport();
+}
+
+void AVAssetExportSession::exportAsynchronously(std::function<void()> completion) {
+    CHECK(status_ == Status::unknown, "a session exports once");
+    status_ = Status::exporting;
+    thread = std::thread([this, completion = std::move(completion)] { run(completion); });
+}
+
+void AVAssetExportSession::cancelExport() {
+    isCancelled = true;
+    if (thread.joinable())
+        thread.join();
+}
+
+Error AVAssetExportSession::error() const {
+    const std::lock_guard lock(mutex);
+    return error_;
+}
+
+void AVAssetExportSession::run(const std::function<void()>& completion) {
+    const auto result = exportMovie();
+    if (result) {
+        progress_ = 1.0;
+        status_ = Status::completed;
+    } else {
+        {
+            const std::lock_guard lock(mutex);
+            error_ = result.error();
+        }
+        const bool wasStopped = result.error().cause == Cause::cancelled;
+        status_ = wasStopped ? Status::cancelled : Status::failed;
+    }
+    if (completion)
+        completion();
+}
+
+Result<void> AVAssetExportSession::exportMovie() {
+    const auto file = unfinishedPath(outputURL);
+    if (auto written = writeMovie(file); !written)
+        return written;
+    std::error_code code;
+    std::filesystem::rename(file, outputURL, code);
+    if (!code)
+        return {};
+    std::error_code ignored;
+    std::filesystem::remove(file, ignored);
+    return tl::unexpected(writingError(AVERROR(code.value()), outputURL));
+}
+
+Result<void> AVAssetExportSession::writeMovie(const std::filesystem::path& file) {
+    const auto* videoTrack = composition.firstTrack(MediaType::video);
+    if (videoTrack == nullptr || !videoTrack->segment() || timeRange.start != CMTime{}) {
+        return fail(Cause::unsupported, "A movie needs a video that begins at 0.");
+    }
+    auto video = VideoSource::open(*videoTrack->segment(), timeRange.duration);
+    if (!video)
+        return tl::unexpected(video.error());
+    const double length = video->length().seconds();
+
+    std::optional<SoundTrack> sound;
+    const auto* soundTrack = composition.firstTrack(MediaType::audio);
+    if (soundTrack != nullptr && soundTrack->segment()) {
+        const auto volume = volumeOf(soundTrack->trackID());
+        auto opened = SoundTrack::open(*soundTrack->segment(), volume, length);
+        if (!opened)
+            return tl::unexpected(opened.error());
+        sound.emplace(std::move(*opened));
+    }
+
+    using Layout = MovieFile::Layout;
+    const auto layout = shouldOptimizeForNetworkUse ? Layout::indexFirst : Layout::indexLast;
+    auto movie = MovieFile::create(file, layout);
+    if (!movie)
+        return tl::unexpected(movie.error());
+    const AVStream& parameters = video->parameters();
+    const int track = movie->addTrack(*parameters.codecpar, parameters.time_base);
+    if (sound)
+        sound->addTo(*movie);
+    if (auto begun = movie->begin(); !begun)
+        return begun;
+
+    for (;;) {
+        if (isCancelled)
+            return fail(Cause::cancelled, "The export was cancelled.");
+        const auto packet = video->next();
+        if (!packet)
+            return tl::unexpected(packet.error());
+        if (*packet == nullptr)
+            break;
+        const double seconds = video->timeOfPacket().seconds();
+        progress_ = std::min(seconds / length, 1.0);
+        if (sound) {
+            if (auto written = sound->writeUntil(seconds, *movie); !written)
+                return written;
+        }
+        if (auto written = movie->write(**packet, track); !written)
+            return written;
+    }
+    if (sound) {
+        if (auto finished = sound->finish(*movie); !finished)
+            return finished;
+    }
+    return movie->finish();
+}
+
+AVMutableAudioMixInputParameters AVAssetExportSession::volumeOf(int trackID) const {
+    if (audioMix) {
+        for (const auto& parameters : audioMix->inputParameters) {
+            if (parameters.trackID() == trackID)
+                return parameters;
+        }
+    }
+    return {};
+}
+
+} // namespace zelvo::media

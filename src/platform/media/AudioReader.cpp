@@ -1,0 +1,252 @@
+// SPDX-License-Identifier: MIT
+#include "platform/media/AudioReader.h"
+
+#include "platform/media/MediaFile.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace zelvo::media {
+namespace {
+
+using foundation::Cause;
+using foundation::fail;
+using foundation::Result;
+
+constexpr double kMaxSeconds = 24.0 * 60.0 * 60.0;
+constexpr int kMaxSourceRate = 768000;
+constexpr int kMaxSourceChannels = 16;
+
+/// Decoders need some packets before they give right samples (overlapping windows, bit reservoirs).
+constexpr double kRunUpSeconds = 0.25;
+
+/// One decoded frame longer than this is damage.
+constexpr int kMaxFrameSamples = 1 << 22;
+
+std::int64_t startOf(const AVStream& stream) {
+    return stream.start_time == AV_NOPTS_VALUE ? 0 : stream.start_time;
+}
+
+} // namespace
+
+Result<AudioReader> AudioReader::open(const std::filesystem::path& file) {
+    AudioReader reader;
+    if (auto opened = reader.openDecoder(file); !opened)
+        return tl::unexpected(opened.error());
+    reader.duration_ = reader.measureDuration();
+    reader.seek(0.0);
+    reader.decodeMore();
+    if (reader.pending.empty() || reader.duration_ <= 0.0) {
+        return fail(Cause::malformed, file.string() + " holds no sound that can be decoded.");
+    }
+    return reader;
+}
+
+Result<void> AudioReader::openDecoder(const std::filesystem::path& file) {
+    auto opened = openMediaFile(file);
+    if (!opened)
+        return tl::unexpected(opened.error());
+    format = std::move(*opened);
+    const AVCodec* codec = nullptr;
+    stream = av_find_best_stream(format.get(), AVMEDIA_TYPE_AUDIO, -1, -1, &codec, 0);
+    if (stream < 0 || codec == nullptr) {
+        return fail(Cause::unsupported, file.string() + " has no sound that can be decoded.");
+    }
+    readOnlyStream(*format, stream);
+    decoder.reset(avcodec_alloc_context3(codec));
+    const AVStream& source = *format->streams[stream];
+    avcodec_parameters_to_context(decoder.get(), source.codecpar);
+    decoder->pkt_timebase = source.time_base;
+    decoder->thread_count = 1;
+    if (avcodec_open2(decoder.get(), codec, nullptr) < 0) {
+        return fail(Cause::unsupported, file.string() + " has no sound that can be decoded.");
+    }
+    frame.reset(av_frame_alloc());
+    packet.reset(av_packet_alloc());
+    return {};
+}
+
+double AudioReader::measureDuration() {
+    const AVStream& source = *format->streams[stream];
+    std::int64_t end = startOf(source);
+    while (av_read_frame(format.get(), packet.get()) >= 0) {
+        if (packet->stream_index == stream && packet->pts != AV_NOPTS_VALUE) {
+            end = std::max(end, packet->pts + std::max<std::int64_t>(packet->duration, 0));
+        }
+        av_packet_unref(packet.get());
+    }
+    double seconds = static_cast<double>(end - startOf(source)) * av_q2d(source.time_base);
+    // A header may know of padding that the packets do not tell; it never makes a file longer.
+    const bool isEstimate = format->duration_estimation_method == AVFMT_DURATION_FROM_BITRATE;
+    if (source.duration != AV_NOPTS_VALUE && source.duration > 0 && !isEstimate) {
+        const double told = static_cast<double>(source.duration) * av_q2d(source.time_base);
+        seconds = std::min(seconds, told);
+    }
+    return std::clamp(seconds, 0.0, kMaxSeconds);
+}
+
+void AudioReader::seek(double seconds) {
+    const double start = std::clamp(seconds, 0.0, kMaxSeconds);
+    target = std::llround(start * kSampleRate);
+    const AVStream& source = *format->streams[stream];
+    const double early = std::max(start - kRunUpSeconds, 0.0);
+    const auto offset = static_cast<std::int64_t>(std::floor(early / av_q2d(source.time_base)));
+    rewindTo(startOf(source) + offset);
+}
+
+void AudioReader::rewindTo(std::int64_t timestamp) {
+    if (av_seek_frame(format.get(), stream, timestamp, AVSEEK_FLAG_BACKWARD) < 0) {
+        // Files without an index are read again from their beginning.
+        av_seek_frame(format.get(), stream, 0, AVSEEK_FLAG_BYTE);
+    }
+    avcodec_flush_buffers(decoder.get());
+    converter.reset();
+    pending.clear();
+    pendingStart = 0;
+    toSkip = 0;
+    isAligned = false;
+    isAtEnd = false;
+}
+
+std::size_t AudioReader::read(std::span<float> interleaved) {
+    std::size_t filled = 0;
+    const std::size_t wanted = interleaved.size() - interleaved.size() % kChannels;
+    while (filled < wanted) {
+        if (pendingStart == pending.size()) {
+            if (isAtEnd)
+                break;
+            pending.clear();
+            pendingStart = 0;
+            decodeMore();
+            continue;
+        }
+        const std::size_t count = std::min(wanted - filled, pending.size() - pendingStart);
+        const auto from = pending.begin() + static_cast<std::ptrdiff_t>(pendingStart);
+        std::copy_n(from, count, interleaved.begin() + static_cast<std::ptrdiff_t>(filled));
+        pendingStart += count;
+        filled += count;
+    }
+    return filled / kChannels;
+}
+
+/// Decodes until there is something to read or the file ends.
+void AudioReader::decodeMore() {
+    while (pending.empty() && !isAtEnd) {
+        if (avcodec_receive_frame(decoder.get(), frame.get()) >= 0) {
+            takeFrame();
+            continue;
+        }
+        const int code = av_read_frame(format.get(), packet.get());
+        if (code >= 0) {
+            if (packet->stream_index == stream)
+                avcodec_send_packet(decoder.get(), packet.get());
+            av_packet_unref(packet.get());
+            continue;
+        }
+        avcodec_send_packet(decoder.get(), nullptr);
+        while (avcodec_receive_frame(decoder.get(), frame.get()) >= 0)
+            takeFrame();
+        if (converter)
+            convert(nullptr);
+        isAtEnd = true;
+    }
+}
+
+void AudioReader::takeFrame() {
+    const bool isUsable = frame->nb_samples > 0 && frame->nb_samples <= kMaxFrameSamples &&
+                          frame->sample_rate > 0 && frame->sample_rate <= kMaxSourceRate &&
+                          frame->ch_layout.nb_channels > 0 &&
+                          frame->ch_layout.nb_channels <= kMaxSourceChannels;
+    if (isUsable && prepareConverter(*frame)) {
+        if (!isAligned)
+            alignToTarget(*frame);
+        convert(frame.get());
+    }
+    av_frame_unref(frame.get());
+}
+
+bool AudioReader::prepareConverter(const AVFrame& source) {
+    const bool isSame = converter && sourceRate == source.sample_rate &&
+                        sourceFormat == source.format &&
+                        sourceChannels == source.ch_layout.nb_channels;
+    if (isSame)
+        return true;
+    if (converter)
+        convert(nullptr);
+    AVChannelLayout layout{};
+    if (source.ch_layout.order == AV_CHANNEL_ORDER_UNSPEC) {
+        av_channel_layout_default(&layout, source.ch_layout.nb_channels);
+    } else {
+        av_channel_layout_copy(&layout, &source.ch_layout);
+    }
+    AVChannelLayout stereo = AV_CHANNEL_LAYOUT_STEREO;
+    SwrContext* made = nullptr;
+    swr_alloc_set_opts2(
+        &made,
+        &stereo,
+        AV_SAMPLE_FMT_FLT,
+        kSampleRate,
+        &layout,
+        static_cast<AVSampleFormat>(source.format),
+        source.sample_rate,
+        0,
+        nullptr);
+    if (source.ch_layout.nb_channels == 1) {
+        // At full level on both sides; the library would take 3 dB off.
+        constexpr std::array<double, kChannels> kBothSides{1.0, 1.0};
+        swr_set_matrix(made, kBothSides.data(), 1);
+    }
+    av_channel_layout_uninit(&layout);
+    converter.reset(made);
+    if (!converter || swr_init(converter.get()) < 0) {
+        converter.reset();
+        return false;
+    }
+    sourceRate = source.sample_rate;
+    sourceFormat = source.format;
+    sourceChannels = source.ch_layout.nb_channels;
+    return true;
+}
+
+/// Where the first frame after a seek lies decides how much is dropped, or how much silence comes
+/// before it.
+void AudioReader::alignToTarget(const AVFrame& first) {
+    isAligned = true;
+    const AVStream& source = *format->streams[stream];
+    const std::int64_t pts = first.best_effort_timestamp;
+    if (pts == AV_NOPTS_VALUE) {
+        toSkip = target; // unknown place: only a file read from its beginning comes here
+        return;
+    }
+    const double seconds = static_cast<double>(pts - startOf(source)) * av_q2d(source.time_base);
+    const std::int64_t place = std::llround(std::clamp(seconds, 0.0, kMaxSeconds) * kSampleRate);
+    toSkip = std::max<std::int64_t>(target - place, 0);
+    const std::int64_t gap = std::clamp<std::int64_t>(place - target, 0, kSampleRate);
+    pending.insert(pending.end(), static_cast<std::size_t>(gap * kChannels), 0.0F);
+}
+
+/// Converts the frame, or with null what the converter still holds.
+void AudioReader::convert(const AVFrame* source) {
+    const int inSamples = source != nullptr ? source->nb_samples : 0;
+    const int room = swr_get_out_samples(converter.get(), inSamples);
+    if (room <= 0)
+        return;
+    std::vector<float> converted(static_cast<std::size_t>(room) * kChannels);
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): the library takes bytes
+    auto* out = reinterpret_cast<std::uint8_t*>(converted.data());
+    const auto* const* in =
+        source != nullptr ? const_cast<const std::uint8_t**>(source->extended_data) : nullptr;
+    const int made =
+        swr_convert(converter.get(), &out, room, const_cast<const std::uint8_t**>(in), inSamples);
+    if (made <= 0)
+        return;
+    const auto dropped = std::min<std::int64_t>(toSkip, made);
+    toSkip -= dropped;
+    for (std::int64_t i = dropped * kChannels; i < std::int64_t{made} * kChannels; ++i) {
+        const float value = converted[static_cast<std::size_t>(i)];
+        pending.push_back(std::isfinite(value) ? std::clamp(value, -1.0F, 1.0F) : 0.0F);
+    }
+}
+
+} // namespace zelvo::media

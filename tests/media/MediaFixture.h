@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace zelvo::media {
+
+/// A folder of its own for each test, gone afterwards.
+class MediaTest : public ::testing::Test {
+protected:
+    MediaTest();
+    ~MediaTest() override;
+
+    [[nodiscard]] std::filesystem::path file(const std::string& name) const {
+        return folder / name;
+    }
+
+    [[nodiscard]] std::vector<std::string> filesLeft() const;
+
+    std::filesystem::path folder;
+};
+
+using Bytes = std::vector<std::uint8_t>;
+
+[[nodiscard]] Bytes readBytes(const std::filesystem::path& file);
+void writeBytes(const std::filesystem::path& file, std::span<const std::uint8_t> bytes);
+
+/// Mono samples over time in seconds.
+using Wave = std::function<double(double)>;
+
+[[nodiscard]] Wave sine(double frequency, double amplitude);
+
+/// A 16-bit mono WAV file, put together by hand.
+void writeWav(const std::filesystem::path& file, int sampleRate, double seconds, const Wave& wave);
+
+/// The same through one of FFmpeg's encoders and muxers, by their names; false if this machine
+/// lacks them.
+[[nodiscard]] bool encodeSound(
+    const std::filesystem::path& file, const char* encoder, double seconds, const Wave& wave);
+
+/// A movie as FFmpeg shows it, decoded to the end.
+struct DecodedMovie {
+    std::string videoTag;
+    std::string audioCodec;
+    bool isBt709Limited = false;
+    std::vector<double> frameTimes;                   ///< seconds
+    std::vector<std::array<std::uint8_t, 3>> centres; ///< Y, Cb, Cr at the probe of each frame
+    std::vector<double> left;                         ///< sound, left channel, at 48 kHz
+    double soundStart = 0.0;                          ///< seconds
+
+    /// Root mean square of the sound between two movie times.
+    [[nodiscard]] double loudness(double from, double to) const;
+};
+
+/// `probeX`, `probeY`: where each frame's colour is taken.
+[[nodiscard]] DecodedMovie decodeMovie(const std::filesystem::path& file, int probeX, int probeY);
+
+/// The four-letter names of a QuickTime file's top-level atoms, in order.
+[[nodiscard]] std::vector<std::string> topAtoms(const std::filesystem::path& file);
+
+} // namespace zelvo::media

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "media/MediaFixture.h"
+#include "platform/media/AVAssetExportSession.h"
+#include "platform/media/AVAssetWriter.h"
+
+#include <future>
+#include <memory>
+
+namespace zelvo::media {
+
+/// Writes small movies: 160 x 90 with a green square of 40 x 40 in the middle, unless told
+/// otherwise.
+class MovieTest : public MediaTest {
+protected:
+    static constexpr VideoSettings kSmall{VideoCodec::h264, 160, 90};
+
+    [[nodiscard]] static PixelBuffer picture(int width, int height);
+
+    /// A writer with its input, started; fails the test if that fails.
+    struct Writing {
+        std::unique_ptr<AVAssetWriter> writer;
+        AVAssetWriterInput* input = nullptr;
+        std::unique_ptr<AVAssetWriterInputPixelBufferAdaptor> adaptor;
+    };
+
+    [[nodiscard]] Writing start(const std::filesystem::path& file, const VideoSettings& settings);
+    [[nodiscard]] static foundation::Result<void> append(Writing& writing, int frame);
+    static void finish(Writing& writing);
+    void writeMovie(const std::filesystem::path& file, int frames);
+
+    /// The stretch of music of an export, in seconds.
+    struct Music {
+        std::filesystem::path file;
+        double in = 0.0;
+        double duration = 0.0;
+        double at = 0.0;
+        AVMutableAudioMixInputParameters volume;
+    };
+
+    /// A session for the first `frames` of the movie, with music if its file is named.
+    [[nodiscard]] std::unique_ptr<AVAssetExportSession>
+    session(const std::filesystem::path& movie, int frames, const Music& music);
+    static void run(AVAssetExportSession& session);
+};
+
+} // namespace zelvo::media
