@@ -14,7 +14,7 @@ namespace zelvo::bake {
 
 namespace {
 
-constexpr int kGrid = 36;
+constexpr int kGrid = 30;
 constexpr std::array<glm::ivec2, 8> kSteps{
     {{1, 0}, {1, 1}, {0, 1}, {-1, 1}, {-1, 0}, {-1, -1}, {0, -1}, {1, -1}}
 };
@@ -26,7 +26,7 @@ public:
         , dice(81) {}
 
     [[nodiscard]] Field relief() {
-        for (int i = 0; i < 60 && chips < 7; ++i)
+        for (int i = 0; i < 60 && chips < 6; ++i)
             placeChip();
         for (int i = 0; i < 900; ++i)
             placeTrack();
@@ -143,18 +143,13 @@ private:
 Baked circuitNormal(int side, int) {
     const Field relief = combined(
         Board(side).relief(),
-        Field::of(
-            side,
-            side,
-            [](const glm::vec2& p) {
-                return gradientNoise(p, {120, 120}, 82);
-            }),
+        Field::of(side, side, [](const glm::vec2& p) { return gradientNoise(p, 120, 82); }),
         [](float height, float weave) { return height + 0.012f * weave; });
     return {normalPicture(blurred(relief, 0.0009f), 0.012f), {}};
 }
 
 constexpr auto kRecipes = std::to_array<Recipe>({
-    {"circuits_normal.jpg", 1024, 1024, circuitNormal},
+    {"circuits_normal.jpg", Repeats::bothWays, 1024, 1024, circuitNormal},
 });
 
 } // namespace

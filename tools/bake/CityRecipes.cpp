@@ -27,10 +27,13 @@ struct Street {
 
 // From the back to the front.
 constexpr auto kStreets = std::to_array<Street>({
-    {46, 8, 30, {6, 34}, 0.30f, 101},
-    {30, 4, 24, {6, 24}, 0.60f, 102},
-    {19, 0, 17, {7, 17}, 1.00f, 103},
+    {31, 12, 46, {6, 22}, 0.45f, 101},
+    {21, 6,  36, {6, 15}, 0.80f, 102},
+    {13, 1,  24, {7, 11}, 1.20f, 103},
 });
+
+/// Where the houses stand, degrees of elevation.
+constexpr float kStreetLevel = -3;
 
 float chance(int a, int b, std::uint32_t seed) {
     return Dice(
@@ -93,28 +96,40 @@ glm::vec3 traffic(float turn, float elevation) {
         const glm::vec3 colour = kind < 0.45f ? glm::vec3(1.0f, 0.62f, 0.22f)
                                               : (kind < 0.75f ? glm::vec3(1, 0.93f, 0.8f)
                                                               : glm::vec3(1.0f, 0.12f, 0.07f));
-        sum += colour * (1 - glm::smoothstep(radius * 0.85f, radius, distance)) * 0.38f;
+        sum += colour * (1 - glm::smoothstep(radius * 0.85f, radius, distance)) * 0.30f;
     }
     return sum;
 }
 
-glm::vec3 town(const glm::vec2& place) {
-    const float elevation = 90 - place.y * 180;
+/// All above the street's level.
+glm::vec3 skyline(float turn, float elevation) {
     const glm::vec3 night = glm::mix(
         glm::vec3(0.030f, 0.040f, 0.095f),
         glm::vec3(0.002f, 0.003f, 0.010f),
         glm::smoothstep(0.0f, 60.0f, elevation));
     glm::vec3 light =
-        night + glm::vec3(0.34f, 0.16f, 0.075f) * std::exp(-std::max(0.0f, elevation) / 11);
+        night + glm::vec3(0.34f, 0.16f, 0.075f) * std::exp(-std::max(0.0f, elevation) / 14);
     for (const Street& street : kStreets) {
-        if (const auto houses = streetLight(street, place.x, elevation))
+        if (const auto houses = streetLight(street, turn, elevation))
             light = *houses;
     }
-    if (elevation < -3) {
-        const float depth = std::exp((elevation + 3) / 14);
-        light = glm::vec3(0.10f, 0.06f, 0.035f) * depth + glm::vec3(0.008f, 0.009f, 0.013f);
-    }
-    return light + traffic(place.x, elevation);
+    return light;
+}
+
+glm::vec3 town(const glm::vec2& place) {
+    const float elevation = 90 - place.y * 180;
+    if (elevation >= kStreetLevel)
+        return skyline(place.x, elevation) + traffic(place.x, elevation);
+
+    // A wet street: the houses again, pulled down and broken by ripples.
+    const float depth = kStreetLevel - elevation;
+    const float ripple = fractal({place.x, place.y}, octaves(90, 3, 0.6f, 105));
+    const float turn = place.x + 0.004f * ripple;
+    const glm::vec3 mirrored =
+        skyline(turn - std::floor(turn), kStreetLevel + depth * 0.75f + ripple * 2.5f);
+    const glm::vec3 asphalt = glm::vec3(0.09f, 0.055f, 0.035f) * std::exp(-depth / 14) +
+                              glm::vec3(0.006f, 0.007f, 0.011f);
+    return asphalt + mirrored * 0.30f * std::exp(-depth / 30) + traffic(place.x, elevation);
 }
 
 Baked townAtNight(int width, int height) {
@@ -134,7 +149,7 @@ Baked townAtNight(int width, int height) {
 }
 
 constexpr auto kRecipes = std::to_array<Recipe>({
-    {"buildings_night.png", 1024, 512, townAtNight},
+    {"buildings_night.png", Repeats::sideways, 2048, 1024, townAtNight},
 });
 
 } // namespace

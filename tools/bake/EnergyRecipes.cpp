@@ -16,26 +16,9 @@ namespace {
 /// Glowing veins in dark clouds. The surface gains the red by four, so that most of it is dark.
 Baked veins(int side, int) {
     const Field glow = normalised(Field::of(side, side, [](const glm::vec2& p) {
-        const glm::vec2 bent = p + 0.05f * glm::vec2(
-                                               fractal(
-                                                   p,
-                                                   {
-                                                       {3, 3},
-                                                       4, 0.5f, 71
-        }),
-                                               fractal(p, {{3, 3}, 4, 0.5f, 72}));
-        const float vein = ridged(
-            bent,
-            {
-                {4, 4},
-                5, 0.45f, 73
-        });
-        const float cloud = 0.5f + 0.5f * fractal(
-                                              p,
-                                              {
-                                                  {2, 2},
-                                                  5, 0.5f, 74
-        });
+        const glm::vec2 bent = warped(p, 0.05f, octaves(3, 4, 0.5f, 71));
+        const float vein = ridged(bent, octaves(4, 5, 0.45f, 73));
+        const float cloud = 0.5f + 0.5f * fractal(p, octaves(2, 5, 0.5f, 74));
         return std::pow(vein, 3.0f) * (0.35f + 0.9f * cloud) + 0.12f * cloud;
     }));
     return {
@@ -58,20 +41,14 @@ Baked veins(int side, int) {
 
 /// Wide gentle swells as normals: red and green bend the lookup by a fraction of the tile.
 Baked swells(int side, int) {
-    const Field relief = Field::of(side, side, [](const glm::vec2& p) {
-        return fractal(
-            p,
-            {
-                {3, 3},
-                4, 0.42f, 75
-        });
-    });
+    const Field relief = Field::of(
+        side, side, [](const glm::vec2& p) { return fractal(p, octaves(3, 4, 0.42f, 75)); });
     return {normalPicture(relief, 0.10f), {}};
 }
 
 constexpr auto kRecipes = std::to_array<Recipe>({
-    {"QX_Noise_04.jpg",       1024, 1024, veins },
-    {"QX_NoiseNormal_05.jpg", 512,  512,  swells},
+    {"QX_Noise_04.jpg",       Repeats::bothWays, 1024, 1024, veins },
+    {"QX_NoiseNormal_05.jpg", Repeats::bothWays, 512,  512,  swells},
 });
 
 } // namespace

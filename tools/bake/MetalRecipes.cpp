@@ -18,43 +18,24 @@ namespace {
 /// A sheet beaten by hand: shallow round dents that run into each other.
 Baked beatenPlate(int side, int) {
     const Field relief = Field::of(side, side, [](const glm::vec2& p) {
-        const glm::vec2 bent = p + 0.006f * glm::vec2(
-                                                fractal(
-                                                    p,
-                                                    {
-                                                        {6, 6},
-                                                        3, 0.5f, 11
-        }),
-                                                fractal(p, {{6, 6}, 3, 0.5f, 12}));
+        const glm::vec2 bent = warped(p, 0.006f, octaves(6, 3, 0.5f, 11));
         const Scatter dents = scattered(bent, 9, 13);
         const float bowl = std::min(1.0f, dents.nearest * dents.nearest);
         const float depth = 0.6f + 0.4f * dents.chance;
-        return bowl * depth + 0.10f * fractal(
-                                          p,
-                                          {
-                                              {5, 5},
-                                              3, 0.5f, 14
-        });
+        return bowl * depth + 0.10f * fractal(p, octaves(5, 3, 0.5f, 14));
     });
-    return {normalPicture(blurred(relief, 0.004f), 0.020f), {}};
+    return {normalPicture(blurred(relief, 0.009f), 0.024f), {}};
 }
 
 /// The fine leather-like grain of moulded plastic.
 Baked plasticGrain(int side, int) {
     const Field relief = Field::of(side, side, [](const glm::vec2& p) {
-        const glm::vec2 bent = p + 0.008f * glm::vec2(
-                                                fractal(
-                                                    p,
-                                                    {
-                                                        {16, 16},
-                                                        2, 0.5f, 21
-        }),
-                                                fractal(p, {{16, 16}, 2, 0.5f, 22}));
+        const glm::vec2 bent = warped(p, 0.008f, octaves(16, 2, 0.5f, 21));
         const Scatter grain = scattered(bent, 44, 23);
-        const float pebble = std::min(1.0f, (grain.second - grain.nearest) * 2.2f);
+        const float pebble = std::min(1.0f, grain.border * 3.0f);
         return std::sqrt(pebble) * (0.75f + 0.25f * grain.chance);
     });
-    return {normalPicture(blurred(relief, 0.0025f), 0.0045f), {}};
+    return {normalPicture(blurred(relief, 0.0035f), 0.0060f), {}};
 }
 
 /// The worn metal that four maps share: hairlines in all directions, a few gouges, stains.
@@ -104,12 +85,7 @@ Wear wornMetal(int side) {
             dice.between(0.03f, 0.22f));
     }
     const Field stains = Field::of(side, side, [](const glm::vec2& p) {
-        const float cloud = fractal(
-            p,
-            {
-                {3, 3},
-                6, 0.55f, 32
-        });
+        const float cloud = fractal(p, octaves(3, 6, 0.55f, 32));
         return glm::smoothstep(-0.10f, 0.42f, cloud);
     });
     return {hairlines.field(), gouges.field(), stains};
@@ -118,12 +94,7 @@ Wear wornMetal(int side) {
 Baked scratchedRoughness(int side, int) {
     const Wear wear = wornMetal(side);
     Field rough = Field::of(side, side, [](const glm::vec2& p) {
-        return 0.24f + 0.06f * fractal(
-                                   p,
-                                   {
-                                       {8, 8},
-                                       5, 0.6f, 33
-        });
+        return 0.24f + 0.06f * fractal(p, octaves(8, 5, 0.6f, 33));
     });
     rough = combined(rough, wear.stains, [](float a, float stain) { return a + 0.24f * stain; });
     rough = combined(rough, wear.hairlines, [](float a, float line) { return a + 0.30f * line; });
@@ -163,14 +134,8 @@ Baked scratchedOcclusion(int side, int) {
 
 Baked scratchedNormal(int side, int) {
     const Wear wear = wornMetal(side);
-    Field relief = Field::of(side, side, [](const glm::vec2& p) {
-        return 0.5f * fractal(
-                          p,
-                          {
-                              {5, 5},
-                              5, 0.5f, 34
-        });
-    });
+    Field relief = Field::of(
+        side, side, [](const glm::vec2& p) { return 0.5f * fractal(p, octaves(5, 5, 0.5f, 34)); });
     relief = combined(relief, wear.hairlines, [](float a, float line) { return a - 0.14f * line; });
     relief = combined(relief, wear.gouges, [](float a, float line) { return a - 0.45f * line; });
     return {normalPicture(blurred(relief, 0.0008f), 0.016f), {}};
@@ -182,26 +147,20 @@ Baked grained(int side, int) {
         const Scatter grain = scattered(p, 60, 41);
         const float bump =
             std::max(0.0f, 1 - grain.nearest * grain.nearest * 1.8f) * (0.4f + 0.6f * grain.chance);
-        return bump +
-               0.5f * fractal(
-                          p,
-                          {
-                              {40, 40},
-                              2, 0.6f, 42
-        }) +
-               0.35f * fractal(p, {{7, 7}, 2, 0.5f, 43});
+        return bump + 0.5f * fractal(p, octaves(40, 2, 0.6f, 42)) +
+               0.35f * fractal(p, octaves(7, 2, 0.5f, 43));
     });
     return {normalPicture(blurred(relief, 0.002f), 0.0055f), {}};
 }
 
 constexpr auto kRecipes = std::to_array<Recipe>({
-    {"QX_NoiseNormal_21.jpg",          1024, 1024, beatenPlate       },
-    {"plastic_normal.png",             1024, 1024, plasticGrain      },
-    {"scratches_roughness.jpg",        1024, 1024, scratchedRoughness},
-    {"scratches_metal.jpg",            1024, 1024, scratchedMetal    },
-    {"scratches_ambientOcclusion.jpg", 1024, 1024, scratchedOcclusion},
-    {"scratches_normal.jpg",           1024, 1024, scratchedNormal   },
-    {"seamlesstexture14_500_NRM.png",  1024, 1024, grained           },
+    {"QX_NoiseNormal_21.jpg",          Repeats::bothWays, 1024, 1024, beatenPlate       },
+    {"plastic_normal.png",             Repeats::bothWays, 1024, 1024, plasticGrain      },
+    {"scratches_roughness.jpg",        Repeats::bothWays, 1024, 1024, scratchedRoughness},
+    {"scratches_metal.jpg",            Repeats::bothWays, 1024, 1024, scratchedMetal    },
+    {"scratches_ambientOcclusion.jpg", Repeats::bothWays, 1024, 1024, scratchedOcclusion},
+    {"scratches_normal.jpg",           Repeats::bothWays, 1024, 1024, scratchedNormal   },
+    {"seamlesstexture14_500_NRM.png",  Repeats::bothWays, 1024, 1024, grained           },
 });
 
 } // namespace

@@ -4,6 +4,8 @@
 #include <glm/common.hpp>
 #include <glm/geometric.hpp>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -46,7 +48,8 @@ float Dice::unit() {
     return static_cast<float>((z ^ (z >> 31U)) >> 40U) * 0x1p-24f;
 }
 
-float gradientNoise(const glm::vec2& place, const glm::ivec2& cells, std::uint32_t seed) {
+float gradientNoise(const glm::vec2& place, int count, std::uint32_t seed) {
+    const glm::ivec2 cells(count);
     const glm::vec2 p = place * glm::vec2(cells);
     const glm::vec2 low = glm::floor(p);
     const glm::vec2 part = p - low;
@@ -60,48 +63,65 @@ float gradientNoise(const glm::vec2& place, const glm::ivec2& cells, std::uint32
            std::numbers::sqrt2_v<float>;
 }
 
-float fractal(const glm::vec2& place, const Octaves& octaves) {
-    float sum = 0, weight = 1, weights = 0;
-    glm::ivec2 cells = octaves.cells;
-    for (int i = 0; i < octaves.count; ++i) {
-        sum += weight * gradientNoise(place, cells, octaves.seed + static_cast<std::uint32_t>(i));
+float fractal(const glm::vec2& place, const Octaves& sum) {
+    float total = 0, weight = 1, weights = 0;
+    int cells = sum.cells;
+    for (int i = 0; i < sum.count; ++i) {
+        total += weight * gradientNoise(place, cells, sum.seed + static_cast<std::uint32_t>(i));
         weights += weight;
-        weight *= octaves.gain;
+        weight *= sum.gain;
         cells *= 2;
     }
-    return sum / weights;
+    return total / weights;
 }
 
-float ridged(const glm::vec2& place, const Octaves& octaves) {
-    float sum = 0, weight = 1, weights = 0;
-    glm::ivec2 cells = octaves.cells;
-    for (int i = 0; i < octaves.count; ++i) {
-        const float noise =
-            gradientNoise(place, cells, octaves.seed + static_cast<std::uint32_t>(i));
+glm::vec2 warped(const glm::vec2& place, float reach, const Octaves& sum) {
+    constexpr std::uint32_t kOther = 1000;
+    const Octaves other = octaves(sum.cells, sum.count, sum.gain, sum.seed + kOther);
+    return place + reach * glm::vec2(fractal(place, sum), fractal(place, other));
+}
+
+float ridged(const glm::vec2& place, const Octaves& sum) {
+    float total = 0, weight = 1, weights = 0;
+    int cells = sum.cells;
+    for (int i = 0; i < sum.count; ++i) {
+        const float noise = gradientNoise(place, cells, sum.seed + static_cast<std::uint32_t>(i));
         const float crest = 1 - std::min(1.0f, std::abs(noise));
-        sum += weight * crest * crest;
+        total += weight * crest * crest;
         weights += weight;
-        weight *= octaves.gain;
+        weight *= sum.gain;
         cells *= 2;
     }
-    return sum / weights;
+    return total / weights;
 }
 
 Scatter scattered(const glm::vec2& place, int cells, std::uint32_t seed) {
     const glm::ivec2 whole(cells);
     const glm::vec2 p = place * glm::vec2(whole);
     const glm::ivec2 home(glm::floor(p));
-    Scatter result{9, 9, 0};
+    std::array<glm::vec2, 9> points{};
+    Scatter result{9, 9, 9, 0};
+    glm::vec2 owner{0};
     for (int i = 0; i < 9; ++i) {
         const glm::ivec2 cell = home + glm::ivec2(i % 3 - 1, i / 3 - 1);
         const std::uint32_t hash = cellHash(cell, whole, seed);
         const glm::vec2 point = glm::vec2(cell) + glm::vec2(unitOf(hash), unitOf(mixed(hash + 1)));
+        points.at(static_cast<std::size_t>(i)) = point;
         const float distance = glm::distance(p, point);
         if (distance < result.nearest) {
-            result = {distance, result.nearest, unitOf(mixed(hash + 2))};
+            result = {distance, result.nearest, 9, unitOf(mixed(hash + 2))};
+            owner = point;
         } else if (distance < result.second) {
             result.second = distance;
         }
+    }
+    for (const glm::vec2& point : points) {
+        const glm::vec2 apart = point - owner;
+        const float length = glm::length(apart);
+        if (length < 1e-4f)
+            continue;
+        const float border = glm::dot((point + owner) * 0.5f - p, apart / length);
+        result.border = std::min(result.border, border);
     }
     return result;
 }

@@ -30,27 +30,36 @@ private:
 };
 
 /// Gradient noise (Perlin 2002, "Improving Noise"), about -1 to 1, with `cells` waves a tile.
-[[nodiscard]] float
-gradientNoise(const glm::vec2& place, const glm::ivec2& cells, std::uint32_t seed);
+[[nodiscard]] float gradientNoise(const glm::vec2& place, int cells, std::uint32_t seed);
 
 /// A sum of octaves, each twice as fine as the one before.
 struct Octaves {
-    glm::ivec2 cells{4}; ///< of the first octave
-    int count = 5;
-    float gain = 0.5f; ///< an octave's height over that of the one before
-    std::uint32_t seed = 1;
+    int cells; ///< of the first octave, a tile
+    int count;
+    float gain; ///< an octave's height over that of the one before
+    std::uint32_t seed;
 };
 
+/// Reads better than braces within a formula.
+[[nodiscard]] constexpr Octaves octaves(int cells, int count, float gain, std::uint32_t seed) {
+    return {cells, count, gain, seed};
+}
+
 /// Rolling: about -1 to 1.
-[[nodiscard]] float fractal(const glm::vec2& place, const Octaves& octaves);
+[[nodiscard]] float fractal(const glm::vec2& place, const Octaves& sum);
+
+/// The place moved by rolling noise up to about `reach` in each direction: what is looked up there
+/// is bent.
+[[nodiscard]] glm::vec2 warped(const glm::vec2& place, float reach, const Octaves& sum);
 
 /// Sharp crests: 0 to 1, near 1 on thin lines.
-[[nodiscard]] float ridged(const glm::vec2& place, const Octaves& octaves);
+[[nodiscard]] float ridged(const glm::vec2& place, const Octaves& sum);
 
 /// Distances to scattered points, one a cell (Worley 1996), in cells.
 struct Scatter {
     float nearest = 0;
     float second = 0;
+    float border = 0; ///< to the edge of the nearest point's territory
     float chance = 0; ///< 0 to 1, the same all over the nearest point's territory
 };
 

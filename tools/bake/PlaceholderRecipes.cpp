@@ -65,7 +65,7 @@ Baked logoPlaceholder(int width, int height) {
 }
 
 constexpr auto kRecipes = std::to_array<Recipe>({
-    {"LogoPlaceholder.png", 1024, 1024, logoPlaceholder},
+    {"LogoPlaceholder.png", Repeats::never, 1024, 1024, logoPlaceholder},
 });
 
 } // namespace

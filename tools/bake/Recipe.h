@@ -17,10 +17,18 @@ struct Baked {
     std::optional<image::Radiance> light;
 };
 
+/// Whether a picture goes on at its rims as it does within.
+enum class Repeats {
+    bothWays, ///< a tile for surfaces
+    sideways, ///< a panorama
+    never,    ///< a drawing
+};
+
 /// How one resource is made. To add a resource, write a function and add its row to the table of
 /// its family.
 struct Recipe {
     std::string_view name; ///< of the file; a name in .jpg is stored as JPEG, all else as PNG
+    Repeats repeats;
     int width;
     int height;
     Baked (*make)(int width, int height); ///< the same picture at any size

@@ -16,39 +16,21 @@ namespace {
 /// Broken rock: ledges of two sizes, split by clefts, with a grain on top.
 Field rockRelief(int side) {
     return normalised(Field::of(side, side, [](const glm::vec2& p) {
-        const glm::vec2 bent = p + 0.035f * glm::vec2(
-                                                fractal(
-                                                    p,
-                                                    {
-                                                        {4, 4},
-                                                        5, 0.5f, 51
-        }),
-                                                fractal(p, {{4, 4}, 5, 0.5f, 52}));
+        const glm::vec2 bent = warped(p, 0.035f, octaves(4, 5, 0.5f, 51));
         const Scatter blocks = scattered(bent, 5, 53);
         const Scatter chips = scattered(bent + 0.37f, 13, 54);
-        const float cleft = glm::smoothstep(0.0f, 0.22f, blocks.second - blocks.nearest);
+        const float cleft = glm::smoothstep(0.0f, 0.12f, blocks.border);
         const float ledge = 0.55f * blocks.chance + 0.30f * chips.chance - 0.30f * chips.nearest;
-        const float grain = 0.55f * fractal(
-                                        p,
-                                        {
-                                            {6, 6},
-                                            7, 0.58f, 55
-        }) +
-                            0.25f * ridged(p, {{9, 9}, 4, 0.5f, 56});
+        const float grain = 0.55f * fractal(p, octaves(6, 7, 0.58f, 55)) +
+                            0.25f * ridged(p, octaves(9, 4, 0.5f, 56));
         return ledge + 0.40f * cleft + grain;
     }));
 }
 
 Baked rockRoughness(int side, int) {
     const Field relief = rockRelief(side);
-    const Field fine = Field::of(side, side, [](const glm::vec2& p) {
-        return fractal(
-            p,
-            {
-                {24, 24},
-                4, 0.6f, 57
-        });
-    });
+    const Field fine = Field::of(
+        side, side, [](const glm::vec2& p) { return fractal(p, octaves(24, 4, 0.6f, 57)); });
     return {
         greyPicture(combined(
             relief,
@@ -76,29 +58,15 @@ Baked rockOcclusion(int side, int) {
 /// Dried ground: how far a place lies from the nearest crack, in tile widths times about ten.
 Field crackDistance(int side) {
     return Field::of(side, side, [](const glm::vec2& p) {
-        const glm::vec2 bent = p + 0.030f * glm::vec2(
-                                                fractal(
-                                                    p,
-                                                    {
-                                                        {5, 5},
-                                                        5, 0.55f, 61
-        }),
-                                                fractal(p, {{5, 5}, 5, 0.55f, 62}));
+        const glm::vec2 bent = warped(p, 0.030f, octaves(5, 5, 0.55f, 61));
         const Scatter plates = scattered(bent, 5, 63);
         const Scatter shards = scattered(bent + 0.19f, 11, 64);
-        const float broken = glm::smoothstep(
-            0.05f,
-            0.5f,
-            fractal(
-                p,
-                {
-                    {3, 3},
-                    3, 0.5f, 65
-        }) +
-                0.25f);
-        const float main = plates.second - plates.nearest;
-        const float small = (shards.second - shards.nearest) * 0.5f / std::max(broken, 0.02f);
-        return std::min(main, small + 0.015f);
+        const float broken =
+            glm::smoothstep(0.05f, 0.5f, fractal(p, octaves(3, 3, 0.5f, 65)) + 0.25f);
+        const float main = plates.border * 1.8f;
+        const float small = shards.border * 0.9f / std::max(broken, 0.02f);
+        // Where the ground is whole the small cracks close.
+        return std::min(main, small + 0.015f + 0.12f * (1 - glm::smoothstep(0.05f, 0.35f, broken)));
     });
 }
 
@@ -106,12 +74,7 @@ Field crackRelief(int side) {
     const Field distance = crackDistance(side);
     const Field ground = Field::of(side, side, [](const glm::vec2& p) {
         const Scatter plates = scattered(p, 5, 66);
-        return 0.16f * plates.chance + 0.16f * fractal(
-                                                   p,
-                                                   {
-                                                       {6, 6},
-                                                       6, 0.55f, 67
-        });
+        return 0.16f * plates.chance + 0.16f * fractal(p, octaves(6, 6, 0.55f, 67));
     });
     return combined(distance, blurred(ground, 0.003f), [](float d, float height) {
         const float wall = glm::smoothstep(0.01f, 0.075f, d);
@@ -138,12 +101,7 @@ Baked crackSpecular(int side, int) {
     const Field depth =
         crackDistance(side).mapped([](float d) { return glm::smoothstep(0.02f, 0.10f, d); });
     const Field polish = Field::of(side, side, [](const glm::vec2& p) {
-        return 0.55f + 0.45f * fractal(
-                                   p,
-                                   {
-                                       {5, 5},
-                                       6, 0.6f, 68
-        });
+        return 0.55f + 0.45f * fractal(p, octaves(5, 6, 0.6f, 68));
     });
     return {
         greyPicture(
@@ -156,12 +114,12 @@ Baked crackNormal(int side, int) {
 }
 
 constexpr auto kRecipes = std::to_array<Recipe>({
-    {"rock.jpg",                    1024, 1024, rockRoughness },
-    {"rock_normal.jpg",             1024, 1024, rockNormal    },
-    {"rock_ambientOcclusion.jpg",   1024, 1024, rockOcclusion },
-    {"cracks_ambientocclusion.png", 1024, 1024, crackOcclusion},
-    {"cracks_specular.png",         1024, 1024, crackSpecular },
-    {"cracks_normal.png",           1024, 1024, crackNormal   },
+    {"rock.jpg",                    Repeats::bothWays, 1024, 1024, rockRoughness },
+    {"rock_normal.jpg",             Repeats::bothWays, 1024, 1024, rockNormal    },
+    {"rock_ambientOcclusion.jpg",   Repeats::bothWays, 1024, 1024, rockOcclusion },
+    {"cracks_ambientocclusion.png", Repeats::bothWays, 1024, 1024, crackOcclusion},
+    {"cracks_specular.png",         Repeats::bothWays, 1024, 1024, crackSpecular },
+    {"cracks_normal.png",           Repeats::bothWays, 1024, 1024, crackNormal   },
 });
 
 } // namespace

@@ -22,25 +22,27 @@ constexpr glm::vec3 kCool{0.92f, 0.98f, 1.08f};
 
 // azimuth, elevation, roll, half sides, edge, power, falloff, tint
 constexpr auto kProductLamps = std::to_array<Softbox>({
-    {196, 34,  -4, {1.05f, 0.46f},  0.05f, 2.6f,  0.85f, kWarm   }, // the large panel behind the camera
-    {160, 74,  0,  {1.10f, 0.42f},  0.06f, 5.0f,  0.25f, kNeutral}, // overhead
-    {264, 12,  3,  {0.10f, 1.05f},  0.02f, 13.0f, 0.10f, kWarm   }, // strip to the left
-    {245, 14,  3,  {0.025f, 0.90f}, 0.01f, 9.0f,  0.10f, kWarm   }, // its thin twin
-    {98,  10,  -3, {0.16f, 0.95f},  0.03f, 8.0f,  0.20f, kCool   }, // strip to the right
-    {116, 8,   -3, {0.02f, 0.80f},  0.01f, 7.0f,  0.20f, kCool   },
-    {318, 20,  0,  {0.14f, 0.55f},  0.03f, 10.0f, 0.0f,  kCool   }, // rim lights behind the letters
-    {44,  24,  0,  {0.12f, 0.50f},  0.03f, 9.0f,  0.0f,  kWarm   },
-    {180, -52, 0,  {0.80f, 0.16f},  0.08f, 1.1f,  0.0f,  kNeutral}, // a reflector on the floor
+    {200, 27,  -6, {0.85f, 0.42f},  0.04f,  1.5f,  0.92f, kWarm   }, // the large panel behind the camera
+    {168, 1,   32, {0.034f, 0.60f}, 0.010f, 2.4f,  0.20f, kNeutral}, // a slanting strip that glints on
+  // faces
+    {160, 76,  0,  {0.75f, 0.20f},  0.05f,  2.2f,  0.20f, kNeutral}, // overhead
+    {262, 12,  3,  {0.060f, 1.00f}, 0.012f, 6.5f,  0.10f, kWarm   }, // strip to the left
+    {248, 14,  3,  {0.014f, 0.90f}, 0.006f, 6.0f,  0.10f, kWarm   }, // its thin twin
+    {98,  10,  -3, {0.045f, 0.90f}, 0.012f, 3.6f,  0.20f, kCool   }, // strip to the right
+    {112, 8,   -3, {0.012f, 0.80f}, 0.006f, 4.5f,  0.20f, kCool   },
+    {318, 20,  0,  {0.060f, 0.55f}, 0.015f, 6.0f,  0.0f,  kCool   }, // rim lights behind the letters
+    {44,  24,  0,  {0.060f, 0.50f}, 0.015f, 5.0f,  0.0f,  kWarm   },
+    {180, -50, 0,  {0.70f, 0.12f},  0.08f,  0.25f, 0.0f,  kNeutral}, // a reflector on the floor
 });
 
 /// A dark room: walls that grow lighter upwards, a dark line at the horizon, a floor with a pool of
 /// light.
 glm::vec3 productRoom(const glm::vec3& direction) {
     const float elevation = elevationOf(direction);
-    const float wall = glm::mix(0.035f, 0.17f, glm::smoothstep(0.0f, 80.0f, elevation));
-    const float pool = 0.26f * glow(direction, directionOf(180, -30), 34) +
-                       0.10f * glow(direction, directionOf(0, -40), 60);
-    const float floor = 0.020f + 0.06f * glm::smoothstep(-2.0f, -30.0f, elevation) + pool;
+    const float wall = glm::mix(0.025f, 0.08f, glm::smoothstep(0.0f, 80.0f, elevation));
+    const float pool = 0.16f * glow(direction, directionOf(180, -20), 22) +
+                       0.04f * glow(direction, directionOf(0, -40), 60);
+    const float floor = 0.014f + 0.03f * glm::smoothstep(-2.0f, -30.0f, elevation) + pool;
     return glm::mix(glm::vec3(floor), wall * kCool, glm::smoothstep(-2.5f, 2.5f, elevation));
 }
 
@@ -52,19 +54,19 @@ Baked productStudio(int width, int height) {
 
 // The light of the plain stage is used at seven times its strength.
 constexpr auto kHorizonLamps = std::to_array<Softbox>({
-    {205, 40, -6, {0.80f, 0.42f}, 0.18f, 0.42f, 0.55f, kNeutral},
-    {272, 18, 2,  {0.20f, 0.85f}, 0.06f, 0.95f, 0.15f, kNeutral},
-    {80,  14, -2, {0.15f, 0.80f}, 0.05f, 0.60f, 0.15f, kNeutral},
-    {330, 30, 0,  {0.18f, 0.45f}, 0.06f, 0.80f, 0.0f,  kNeutral},
+    {205, 40, -6, {0.80f, 0.42f}, 0.18f, 0.24f, 0.55f, kNeutral},
+    {272, 18, 2,  {0.12f, 0.85f}, 0.04f, 0.75f, 0.15f, kNeutral},
+    {80,  14, -2, {0.08f, 0.80f}, 0.03f, 0.45f, 0.15f, kNeutral},
+    {330, 30, 0,  {0.10f, 0.45f}, 0.03f, 0.60f, 0.0f,  kNeutral},
 });
 
 /// Grey overcast: light at the zenith, a bright haze above the horizon, ground below.
 Baked greyHorizon(int width, int height) {
     return environment(width, height, [](const glm::vec3& direction) {
         const float elevation = elevationOf(direction);
-        const float sky = glm::mix(0.075f, 0.19f, glm::smoothstep(8.0f, 85.0f, elevation));
-        const float haze = 0.075f * std::exp(-std::max(0.0f, elevation) / 9.0f);
-        const float ground = glm::mix(0.020f, 0.055f, glm::smoothstep(-4.0f, -60.0f, elevation));
+        const float sky = glm::mix(0.034f, 0.10f, glm::smoothstep(8.0f, 85.0f, elevation));
+        const float haze = 0.040f * std::exp(-std::max(0.0f, elevation) / 9.0f);
+        const float ground = glm::mix(0.010f, 0.030f, glm::smoothstep(-4.0f, -60.0f, elevation));
         const float grey = glm::mix(ground, sky + haze, glm::smoothstep(-1.5f, 1.5f, elevation));
         return glm::vec3(grey) + lightOf(kHorizonLamps, direction);
     });
@@ -105,9 +107,9 @@ Baked tintableBackdrop(int width, int height) {
 }
 
 constexpr auto kRecipes = std::to_array<Recipe>({
-    {"Background001.png",  2048, 1024, tintableBackdrop},
-    {"Environment001.jpg", 2048, 1024, productStudio   },
-    {"grayHorizont.png",   1024, 512,  greyHorizon     },
+    {"Background001.png",  Repeats::sideways, 2048, 1024, tintableBackdrop},
+    {"Environment001.jpg", Repeats::sideways, 2048, 1024, productStudio   },
+    {"grayHorizont.png",   Repeats::sideways, 1024, 512,  greyHorizon     },
 });
 
 } // namespace

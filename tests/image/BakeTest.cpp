@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+#include "Recipe.h"
+#include "Surface.h"
+
+#include <glm/geometric.hpp>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <set>
+
+namespace zelvo::bake {
+namespace {
+
+int valueAt(const image::Image& picture, int x, int y, int component) {
+    return picture.pixels
+        [static_cast<std::size_t>(y * picture.width + x) * 4 + static_cast<std::size_t>(component)];
+}
+
+/// The mean difference between two columns (or rows), over all components.
+double step(const image::Image& picture, int first, int second, bool columns) {
+    const int length = columns ? picture.height : picture.width;
+    double sum = 0;
+    for (int i = 0; i < length; ++i) {
+        for (int c = 0; c < 4; ++c) {
+            const int a = columns ? valueAt(picture, first, i, c) : valueAt(picture, i, first, c);
+            const int b = columns ? valueAt(picture, second, i, c) : valueAt(picture, i, second, c);
+            sum += std::abs(a - b);
+        }
+    }
+    return sum / length;
+}
+
+/// The largest step between neighbours within; what the step over the rim must not exceed.
+double roughest(const image::Image& picture, bool columns) {
+    double most = 0;
+    const int count = columns ? picture.width : picture.height;
+    for (int i = 0; i + 1 < count; ++i)
+        most = std::max(most, step(picture, i, i + 1, columns));
+    return most;
+}
+
+Baked small(const Recipe& recipe) {
+    return recipe.make(recipe.width / 8, recipe.height / 8);
+}
+
+TEST(Bake, PicturesGoOnOverTheirRims) {
+    constexpr double kSlack = 1.1; // of fine grain, every step is as rough as any
+    for (const Recipe& recipe : allRecipes()) {
+        if (recipe.repeats == Repeats::never)
+            continue;
+        const image::Image picture = small(recipe).picture;
+        EXPECT_LE(step(picture, picture.width - 1, 0, true), kSlack * roughest(picture, true))
+            << recipe.name;
+        if (recipe.repeats == Repeats::sideways)
+            continue;
+        EXPECT_LE(step(picture, picture.height - 1, 0, false), kSlack * roughest(picture, false))
+            << recipe.name;
+    }
+}
+
+TEST(Bake, RecipesGiveTheSameBytesEachTime) {
+    for (const Recipe& recipe : allRecipes()) {
+        const Baked first = small(recipe);
+        const Baked second = small(recipe);
+        EXPECT_EQ(first.picture.pixels, second.picture.pixels) << recipe.name;
+        ASSERT_EQ(first.light.has_value(), second.light.has_value()) << recipe.name;
+        if (!first.light)
+            continue;
+        EXPECT_EQ(first.light->pixels, second.light->pixels) << recipe.name;
+    }
+}
+
+TEST(Bake, EveryNameIsMadeOnceAndShowsSomething) {
+    std::set<std::string_view> names;
+    for (const Recipe& recipe : allRecipes()) {
+        EXPECT_TRUE(names.insert(recipe.name).second) << recipe.name;
+        const image::Image picture = small(recipe).picture;
+        const std::set<std::uint8_t> values(picture.pixels.begin(), picture.pixels.end());
+        EXPECT_GT(values.size(), 20U) << recipe.name;
+    }
+}
+
+TEST(Bake, NormalsOfADomePointAwayFromItsTop) {
+    const Field dome =
+        Field::of(32, 32, [](const glm::vec2& p) { return 1 - 3 * glm::dot(p - 0.5f, p - 0.5f); });
+    const image::Image normals = normalPicture(dome, 0.2f);
+
+    struct Row {
+        int x, y;
+        int right, up; ///< the sign wanted
+    };
+
+    constexpr auto kRows = std::to_array<Row>({
+        {26, 16, 1,  0 },
+        {5,  16, -1, 0 },
+        {16, 5,  0,  1 },
+        {16, 26, 0,  -1}
+    });
+    for (const Row& row : kRows) {
+        const int red = valueAt(normals, row.x, row.y, 0) - 128;
+        const int green = valueAt(normals, row.x, row.y, 1) - 128;
+        EXPECT_TRUE(row.right == 0 ? std::abs(red) < 8 : red * row.right > 20)
+            << row.x << ' ' << row.y;
+        EXPECT_TRUE(row.up == 0 ? std::abs(green) < 8 : green * row.up > 20)
+            << row.x << ' ' << row.y;
+        EXPECT_GT(valueAt(normals, row.x, row.y, 2), 128);
+    }
+}
+
+TEST(Bake, BlurSpreadsAPointOverTheRimAndLosesNothing) {
+    Field point(64, 32);
+    point.at(0, 0) = 1;
+    const Field soft = blurred(point, 0.05f);
+    double sum = 0;
+    for (const float value : soft.values)
+        sum += value;
+    EXPECT_NEAR(sum, 1, 1e-4);
+    EXPECT_NEAR(soft.at(3, 0), soft.at(61, 0), 1e-6f);
+    EXPECT_NEAR(soft.at(0, 3), soft.at(3, 0), 1e-6f);
+    EXPECT_GT(soft.at(0, 0), soft.at(3, 0));
+}
+
+/// White plastic under each environment, at the strength it is used with.
+TEST(Bake, EnvironmentsModelLettersWithoutBurningThem) {
+    struct Row {
+        std::string_view name;
+        float strength;
+        float least, most; ///< reflected by a white face that looks at the camera
+    };
+
+    constexpr auto kRows = std::to_array<Row>({
+        {"Environment001.jpg", 1.75f, 0.5f, 0.76f},
+        {"grayHorizont.png",   7,     0.3f, 0.6f }
+    });
+    for (const Row& row : kRows) {
+        const auto recipes = allRecipes();
+        const auto found = std::ranges::find(recipes, row.name, &Recipe::name);
+        ASSERT_NE(found, recipes.end()) << row.name;
+        const Baked baked = small(*found);
+        ASSERT_TRUE(baked.light) << row.name;
+        const auto probe = image::LightProbe::filtered(*baked.light, 1);
+        const auto reflected = [&](const glm::vec3& normal) {
+            return probe.diffuse(normal).g * row.strength;
+        };
+        const float face = reflected({0, 0, 1});
+        EXPECT_GT(face, row.least) << row.name;
+        EXPECT_LT(face, row.most) << row.name;
+        EXPECT_GT(reflected({0, 1, 0}), 1.4f * face) << row.name;
+        EXPECT_LT(reflected({0, -1, 0}), 0.6f * face) << row.name;
+        EXPECT_GT(std::abs(reflected({1, 0, 0}) - reflected({-1, 0, 0})), 0.2f * face) << row.name;
+    }
+}
+
+} // namespace
+} // namespace zelvo::bake
