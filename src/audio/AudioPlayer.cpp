@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#include "audio/AudioPlayer.h"
+
+#include "platform/foundation/Check.h"
+#include "platform/foundation/Console.h"
+#include "platform/foundation/Folders.h"
+#include "platform/media/AVAudioSession.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace zelvo::audio {
+namespace {
+
+constexpr double kFrameSeconds = 0.016666666666667;
+
+} // namespace
+
+std::optional<FadeState> fadeStateOf(int rawValue) {
+    if (rawValue < 0 || rawValue > static_cast<int>(FadeState::fadeInOut))
+        return std::nullopt;
+    return static_cast<FadeState>(rawValue);
+}
+
+std::filesystem::path Track::url() const {
+    const auto dot = trackName.find('.');
+    CHECK(dot != std::string::npos, "the track name {} has no type", trackName);
+    const auto name = trackName.substr(0, trackName.find('.', dot + 1));
+    auto path = foundation::mainBundle().path(name);
+    CHECK(!path.empty(), "the track {} does not exist", name);
+    return path;
+}
+
+AudioPlayer::AudioPlayer(
+    const foundation::RunLoop& runLoop,
+    std::function<double()> durationOfMovie,
+    media::AudioOutputFactory outputFactory)
+    : loop(runLoop)
+    , movieDuration(std::move(durationOfMovie))
+    , makeOutput(std::move(outputFactory)) {}
+
+void AudioPlayer::loadSong(
+    std::optional<std::filesystem::path> url, std::optional<std::string> title) {
+    audioURL = std::move(url);
+    songTitle = std::move(title);
+    audioPreRoll = 0.0;
+    audioIn = 0.0;
+    audioEnd = 0.0;
+    totalDuration = 0.0;
+    if (!audioURL) {
+        avAudioPlayer.reset();
+        return;
+    }
+    auto opened = media::AVAudioPlayer::open(*audioURL, loop, makeOutput ? makeOutput() : nullptr);
+    if (opened)
+        avAudioPlayer = std::move(*opened);
+    if (!avAudioPlayer)
+        return;
+    totalDuration = avAudioPlayer->duration();
+    audioEnd = std::min(totalDuration, movieDuration());
+    avAudioPlayer->setNumberOfLoops(0);
+    avAudioPlayer->prepareToPlay();
+}
+
+void AudioPlayer::clearSong() {
+    loadSong(std::nullopt, std::nullopt);
+}
+
+void AudioPlayer::step(double t) {
+    const bool isInWindow = std::abs(t - audioPreRoll) < kFrameSeconds;
+    if (!isPlaying && isInWindow && avAudioPlayer && !avAudioPlayer->isPlaying())
+        startStretch();
+
+    const double fadeOutStart = songEnd() - fadeOutDuration - fadeOutBeginDelay;
+    if (hasFadeOut(fadeState) && !isFadingOut && fadeOutStart <= t) {
+        if (avAudioPlayer)
+            avAudioPlayer->setVolume(0.0F, fadeOutDuration);
+        isFadingOut = true;
+    }
+    if (t >= songEnd())
+        stop();
+}
+
+void AudioPlayer::startStretch() {
+    isFadingOut = false;
+    avAudioPlayer->prepareToPlay();
+    avAudioPlayer->setCurrentTime(audioIn);
+    avAudioPlayer->setVolume(0.0F);
+    avAudioPlayer->play();
+    avAudioPlayer->setVolume(1.0F, hasFadeIn(fadeState) ? fadeInDuration : 0.0);
+    isPlaying = true;
+}
+
+void AudioPlayer::stop() {
+    if (avAudioPlayer)
+        avAudioPlayer->pause();
+    isPlaying = false;
+}
+
+void setUpAudioSession() {
+    using media::AVAudioSession;
+    AVAudioSession session;
+    const auto category =
+        session.setCategory(AVAudioSession::kCategoryPlayback, AVAudioSession::kModeDefault);
+    const auto active = category ? session.activate() : category;
+    if (!active)
+        foundation::logLine(fmt::format("AudioSession Error: {}", active.error().message));
+}
+
+} // namespace zelvo::audio

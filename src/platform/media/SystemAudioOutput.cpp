@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "platform/foundation/Check.h"
+#include "platform/foundation/Console.h"
+#include "platform/media/AudioOutput.h"
+#include "platform/media/AudioReader.h"
+
+#include <QAudioDevice>
+#include <QAudioFormat>
+#include <QAudioSink>
+#include <QCoreApplication>
+#include <QIODevice>
+#include <QMediaDevices>
+
+#include <cstring>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace zelvo::media {
+namespace {
+
+/// How much lies ready in the device: no drop-outs while the interface draws, no lag that a fade
+/// would show.
+constexpr int kBufferMs = 80;
+
+constexpr qint64 kBytesPerFrame = qint64{AudioReader::kChannels} * qint64{sizeof(float)};
+
+QAudioFormat stereoFloat() {
+    QAudioFormat format;
+    format.setSampleRate(AudioReader::kSampleRate);
+    format.setChannelCount(AudioReader::kChannels);
+    format.setSampleFormat(QAudioFormat::Float);
+    return format;
+}
+
+/// The endless stream that the sink reads.
+class SourceDevice final : public QIODevice {
+public:
+    void setSource(AudioOutput::Source newSource) {
+        const std::lock_guard lock(mutex);
+        source = std::move(newSource);
+    }
+
+    [[nodiscard]] bool isSequential() const override { return true; }
+
+    [[nodiscard]] qint64 bytesAvailable() const override {
+        return AudioReader::kSampleRate * kBytesPerFrame + QIODevice::bytesAvailable();
+    }
+
+protected:
+    qint64 readData(char* data, qint64 bytes) override {
+        const std::lock_guard lock(mutex);
+        const qint64 whole = bytes - bytes % kBytesPerFrame;
+        block.assign(static_cast<std::size_t>(whole) / sizeof(float), 0.0F);
+        if (source)
+            source(block);
+        std::memcpy(data, block.data(), static_cast<std::size_t>(whole));
+        return whole;
+    }
+
+    qint64 writeData(const char* /*data*/, qint64 /*bytes*/) override { return -1; }
+
+private:
+    std::mutex mutex; // guards source and block
+    AudioOutput::Source source;
+    std::vector<float> block;
+};
+
+class SystemAudioOutput final : public AudioOutput {
+public:
+    explicit SystemAudioOutput(const QAudioDevice& device)
+        : sink(device, stereoFloat()) {
+        sink.setBufferSize(
+            static_cast<int>(kBytesPerFrame * AudioReader::kSampleRate * kBufferMs / 1000));
+        stream.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    }
+
+    ~SystemAudioOutput() override { sink.stop(); }
+
+    SystemAudioOutput(const SystemAudioOutput&) = delete;
+    SystemAudioOutput& operator=(const SystemAudioOutput&) = delete;
+
+    void start(Source source) override {
+        CHECK(!isStarted, "the sound device plays already");
+        isStarted = true;
+        stream.setSource(std::move(source));
+        sink.start(&stream);
+        if (sink.error() != QAudio::NoError)
+            foundation::logLine("The sound device does not start.");
+    }
+
+    void stop() override {
+        isStarted = false;
+        sink.reset(); // drops what is buffered: silence at once
+        stream.setSource({});
+    }
+
+private:
+    SourceDevice stream; // outlives the sink that reads it
+    QAudioSink sink;
+    bool isStarted = false;
+};
+
+} // namespace
+
+std::unique_ptr<AudioOutput> makeSystemAudioOutput() {
+    if (QCoreApplication::instance() == nullptr)
+        return nullptr;
+    const QAudioDevice device = QMediaDevices::defaultAudioOutput();
+    if (device.isNull() || !device.isFormatSupported(stereoFloat()))
+        return nullptr;
+    return std::make_unique<SystemAudioOutput>(device);
+}
+
+} // namespace zelvo::media

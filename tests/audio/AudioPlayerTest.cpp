@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+#include "audio/AudioPlayer.h"
+
+#include "media/MediaFixture.h"
+#include "platform/foundation/Folders.h"
+
+namespace zelvo::audio {
+namespace {
+
+constexpr double kFrame = 0.016666666666667;
+
+class AudioPlayerTest : public media::MediaTest {
+protected:
+    AudioPlayerTest() {
+        media::writeWav(file("song.wav"), 8000, 12.0, media::sine(440.0, 0.5));
+        media::writeWav(file("short.wav"), 8000, 3.0, media::sine(440.0, 0.5));
+    }
+
+    /// Steps as the frame clock does, both clocks side by side, up to and with the movie time; from
+    /// the count-in.
+    void play(double until, double from = -0.5) {
+        for (double t = from; t <= until + 1e-6; t += kFrame) {
+            player.step(std::abs(t) < 1e-6 ? 0.0 : t);
+            loop.runFor(kFrame);
+        }
+    }
+
+    [[nodiscard]] bool sounds() const { return player.avAudioPlayer->isPlaying(); }
+
+    foundation::VirtualRunLoop loop;
+    double movieDuration = 8.0;
+    AudioPlayer player{loop, [this] { return movieDuration; }, {}};
+};
+
+TEST_F(AudioPlayerTest, ASongIsTrimmedToTheMovieFromItsBeginning) {
+    player.audioPreRoll = 2.0;
+    player.audioIn = 1.0;
+    player.loadSong(file("song.wav"), "Song");
+    EXPECT_EQ(player.audioPreRoll, 0.0);
+    EXPECT_EQ(player.audioIn, 0.0);
+    EXPECT_DOUBLE_EQ(player.audioEnd, 8.0);
+    EXPECT_NEAR(player.totalDuration, 12.0, 1e-6);
+    player.loadSong(file("short.wav"), "Short");
+    EXPECT_NEAR(player.audioEnd, 3.0, 1e-6);
+    player.clearSong();
+    EXPECT_FALSE(player.avAudioPlayer);
+    EXPECT_FALSE(player.songTitle);
+    EXPECT_EQ(player.totalDuration, 0.0);
+}
+
+TEST_F(AudioPlayerTest, AFileThatCannotBeOpenedKeepsItsNameAndTheOldSound) {
+    player.loadSong(file("missing.wav"), "Missing");
+    EXPECT_FALSE(player.avAudioPlayer);
+    EXPECT_EQ(player.audioEnd, 0.0);
+    player.loadSong(file("short.wav"), "Short");
+    player.loadSong(file("missing.wav"), "Missing");
+    EXPECT_EQ(player.audioURL, file("missing.wav"));
+    EXPECT_EQ(player.songTitle, "Missing");
+    EXPECT_NEAR(player.totalDuration, 3.0, 1e-6);
+    play(0.5);
+    EXPECT_TRUE(sounds());
+}
+
+TEST_F(AudioPlayerTest, PlaysTheStretchBetweenPreRollAndSongEndAndAnewInEachPass) {
+    player.loadSong(file("song.wav"), "Song");
+    player.audioPreRoll = 1.0;
+    player.audioIn = 3.0;
+    player.audioEnd = 7.0;
+    for (int pass = 0; pass < 2; ++pass) {
+        play(0.9);
+        EXPECT_FALSE(sounds());
+        play(3.0, 0.95);
+        EXPECT_TRUE(sounds());
+        EXPECT_NEAR(player.avAudioPlayer->currentTime(), 5.0, 2.1 * kFrame);
+        play(4.9, 3.0 + kFrame);
+        EXPECT_TRUE(player.isPlaying);
+        EXPECT_TRUE(player.isFadingOut);
+        play(5.1, 4.9 + kFrame);
+        EXPECT_FALSE(player.isPlaying);
+        EXPECT_FALSE(sounds());
+    }
+    player.isFadingOut = true;
+    play(2.0);
+    player.stop();
+    EXPECT_FALSE(sounds());
+    EXPECT_NEAR(player.avAudioPlayer->currentTime(), 4.0, 2.1 * kFrame);
+}
+
+TEST_F(AudioPlayerTest, StaysSilentWhereTheClockJumpsOverTheBeginning) {
+    player.loadSong(file("song.wav"), "Song");
+    player.audioPreRoll = 1.0;
+    player.step(1.0 - kFrame);
+    player.step(1.0 + kFrame);
+    EXPECT_FALSE(player.isPlaying);
+    play(3.0, 1.5);
+    EXPECT_FALSE(sounds());
+    player.step(1.0 - 0.9 * kFrame);
+    EXPECT_TRUE(sounds());
+}
+
+TEST_F(AudioPlayerTest, VolumeFollowsTheFadeState) {
+    struct Row {
+        FadeState state;
+        double atBegin;   // one frame in
+        double inFadeIn;  // 0.8 s in
+        double inFadeOut; // 1.05 s before the end
+        double atEnd;
+        bool isFadingOut;
+    };
+
+    // A stretch of 8 s: fade-in over 1.6 s; fade-out from 6.0 over 1.9 s.
+    constexpr auto kRows = std::to_array<Row>({
+        {FadeState::noFade,    1.0, 1.0, 1.0, 1.0, false},
+        {FadeState::fadeIn,    0.0, 0.5, 1.0, 1.0, false},
+        {FadeState::fadeOut,   1.0, 1.0, 0.5, 0.0, true },
+        {FadeState::fadeInOut, 0.0, 0.5, 0.5, 0.0, true },
+    });
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(static_cast<int>(row.state));
+        player.loadSong(file("song.wav"), "Song");
+        player.fadeState = row.state;
+        play(0.0);
+        EXPECT_NEAR(player.avAudioPlayer->volume(), row.atBegin, 0.03);
+        play(0.8, kFrame);
+        EXPECT_NEAR(player.avAudioPlayer->volume(), row.inFadeIn, 0.03);
+        play(6.95, 0.8 + kFrame);
+        EXPECT_NEAR(player.avAudioPlayer->volume(), row.inFadeOut, 0.03);
+        EXPECT_EQ(player.isFadingOut, row.isFadingOut);
+        play(7.95, 6.95 + kFrame);
+        EXPECT_NEAR(player.avAudioPlayer->volume(), row.atEnd, 0.001);
+        EXPECT_TRUE(sounds());
+        player.stop();
+    }
+}
+
+TEST_F(AudioPlayerTest, AStretchShorterThanItsFadeOutFadesFromItsFirstTick) {
+    player.loadSong(file("song.wav"), "Song");
+    player.fadeState = FadeState::fadeOut;
+    player.audioEnd = 1.5;
+    player.step(0.0);
+    EXPECT_TRUE(player.isPlaying);
+    EXPECT_TRUE(player.isFadingOut);
+    loop.runFor(0.95);
+    EXPECT_NEAR(player.avAudioPlayer->volume(), 0.5, 0.01);
+}
+
+TEST_F(AudioPlayerTest, WithoutASongAStepChangesNothingToHear) {
+    play(2.0);
+    EXPECT_FALSE(player.isPlaying);
+    player.stop();
+}
+
+TEST_F(AudioPlayerTest, RawValuesBeyondTheListAreNoFadeState) {
+    EXPECT_EQ(fadeStateOf(3), FadeState::fadeInOut);
+    EXPECT_EQ(fadeStateOf(4), std::nullopt);
+    EXPECT_EQ(fadeStateOf(-1), std::nullopt);
+}
+
+TEST_F(AudioPlayerTest, ABuiltInTrackIsLookedUpByTheFirstTwoPartsOfItsName) {
+    media::writeBytes(file("tune.mp3"), media::Bytes{1});
+    foundation::setMainBundle(foundation::Bundle({folder}));
+    EXPECT_EQ((Track{"", "", "", "tune.mp3.old"}.url()), file("tune.mp3"));
+    EXPECT_DEATH(std::ignore = (Track{"", "", "", "none.mp3"}.url()), "none.mp3 does not exist");
+    foundation::setMainBundle(foundation::Bundle::standard());
+}
+
+} // namespace
+} // namespace zelvo::audio
