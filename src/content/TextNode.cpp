@@ -38,8 +38,8 @@ glm::mat4 translation(float x, float y) {
     return glm::translate(glm::mat4(1), {x, y, 0});
 }
 
-/// The advance of the whole line. It is where the measure stands, unless that was drawn into the
-/// last character, or stands left of the letters as in a line from right to left.
+/// The advance of the whole line. It is where the measure stands, unless that stands left of the
+/// letters, as in a line from right to left, or was drawn into the last character.
 float lineAdvance(const std::vector<TextCoords>& coordinates, std::size_t letterCount) {
     float end = 0;
     for (std::size_t i = 0; i < letterCount; ++i) {
@@ -50,6 +50,19 @@ float lineAdvance(const std::vector<TextCoords>& coordinates, std::size_t letter
     const TextCoords& measure = coordinates.back();
     const bool isLeftmost = letterCount > 0 && measure.x < coordinates.front().x;
     return isLeftmost ? measure.x + measure.width + end : measure.x;
+}
+
+std::vector<TextCoords>
+coordinatesOf(const std::string& line, const text::TextAttributes& attributes) {
+    std::vector<TextCoords> coordinates;
+    for (const text::PlacedCharacter& place : text::layoutLine(line, attributes)) {
+        const float below = static_cast<float>(place.descent) + static_cast<float>(place.leading);
+        coordinates.push_back(
+            {static_cast<float>(place.x),
+             std::ceil(below + 7.0f),
+             static_cast<float>(place.width)});
+    }
+    return coordinates;
 }
 
 } // namespace
@@ -161,26 +174,17 @@ text::TextAttributes TextNode::attributes() const {
     return attributes;
 }
 
-std::vector<TextCoords> TextNode::glyphCoordinates(const text::TextAttributes& attributes) const {
-    std::vector<TextCoords> coordinates;
-    for (const text::PlacedCharacter& place : text::layoutLine(text_ + kLineMeasure, attributes)) {
-        const float below = static_cast<float>(place.descent) + static_cast<float>(place.leading);
-        coordinates.push_back(
-            {static_cast<float>(place.x),
-             std::ceil(below + 7.0f),
-             static_cast<float>(place.width)});
-    }
-    return coordinates;
-}
-
 void TextNode::buildLetters() {
     const std::vector<scene::SCNNodePtr> former = contentNode->childNodes();
     for (const scene::SCNNodePtr& letter : former)
         letter->removeFromParentNode();
 
     const text::TextAttributes style = attributes();
-    const std::vector<TextCoords> coordinates = glyphCoordinates(style);
     const std::vector<std::string> characters = text::charactersOf(text_);
+    std::vector<TextCoords> coordinates = coordinatesOf(text_ + kLineMeasure, style);
+    // A few characters bind what follows them; such a line is measured by itself.
+    if (coordinates.size() == characters.size())
+        coordinates = coordinatesOf(text_, style);
     CHECK(
         coordinates.size() >= characters.size(),
         "{} characters, but only {} places on the line",

@@ -32,9 +32,9 @@ public:
     struct Options {
         glm::vec3 position{0};
         float scale = 1;
-        std::string text;
-        std::string fontName;
-        std::string shortName;
+        std::string text{};
+        std::string fontName{};
+        std::string shortName{};
     };
 
     [[nodiscard]] static std::shared_ptr<TextNode>
@@ -80,8 +80,6 @@ public:
 
 private:
     [[nodiscard]] text::TextAttributes attributes() const;
-    [[nodiscard]] std::vector<TextCoords>
-    glyphCoordinates(const text::TextAttributes& attributes) const;
     void buildLetters();
     [[nodiscard]] std::shared_ptr<scene::SCNText>
     makeSolid(const std::string& character, const text::TextAttributes& style) const;

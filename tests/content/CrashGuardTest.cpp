@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include "content/TextNode.h"
+#include "platform/geometry/Extrusion.h"
+#include "platform/scene/SCNShapes.h"
+#include "support/TemporaryFolder.h"
+#include "support/TestWorld.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+
+namespace {
+
+bool isBuilderDeadly = false;
+
+} // namespace
+
+// The linker sends every call of geometry::makeSkeleton here (see CMakeLists.txt).
+namespace zelvo::geometry {
+std::shared_ptr<const OutlineSkeleton> realSkeleton(const BezierPath& outline, float flatness) asm(
+    "__real__ZN5zelvo8geometry12makeSkeletonERKNS0_10BezierPathEf");
+std::shared_ptr<const OutlineSkeleton> wrappedSkeleton(
+    const BezierPath& outline,
+    float flatness) asm("__wrap__ZN5zelvo8geometry12makeSkeletonERKNS0_10BezierPathEf");
+
+std::shared_ptr<const OutlineSkeleton> wrappedSkeleton(const BezierPath& outline, float flatness) {
+    if (isBuilderDeadly)
+        std::raise(SIGKILL);
+    return realSkeleton(outline, flatness);
+}
+
+} // namespace zelvo::geometry
+
+namespace zelvo::content {
+namespace {
+
+using foundation::UserDefaults;
+using test::TestWorld;
+
+constexpr auto kDeadlyFont = "Monoton-Regular";
+constexpr auto kHarmlessFont = "Abel-Regular";
+
+class CrashGuardDeathTest : public testing::Test {
+protected:
+    [[nodiscard]] UserDefaults onDisk() const { return UserDefaults(file); }
+
+    /// A whole process that dies while it builds letters of the deadly font that nobody has built
+    /// before.
+    void killProcessInsideBuilder() const {
+        static int kills = 0;
+        const std::string fresh(1, static_cast<char>('a' + kills++));
+        EXPECT_EXIT(
+            {
+                TestWorld world(onDisk());
+                isBuilderDeadly = true;
+                const auto text =
+                    TextNode::make({.text = fresh, .fontName = kDeadlyFont}, world.surroundings());
+            },
+            testing::KilledBySignal(SIGKILL),
+            "");
+    }
+
+    static double chamferOf(const TextNode& text) {
+        return dynamic_cast<const scene::SCNText&>(*text.letters().front()->geometry)
+            .chamferRadius();
+    }
+
+    test::TemporaryFolder folder;
+    const std::filesystem::path file = folder.path() / "defaults.json";
+};
+
+TEST_F(CrashGuardDeathTest, ListsTheFontThatKilledTheProcess) {
+    killProcessInsideBuilder();
+    ASSERT_EQ(onDisk().string("PotentialCorruptFontName"), kDeadlyFont);
+
+    TestWorld world(onDisk());
+    const auto text = TextNode::make({.text = "B", .fontName = kDeadlyFont}, world.surroundings());
+    EXPECT_TRUE(world.alerts.empty()) << "the build does not wait for the alert";
+    world.runLoop.drain();
+    ASSERT_EQ(world.alerts.size(), 1U);
+    EXPECT_EQ(world.alerts[0].first, "Monoton-Regular Crashed");
+    EXPECT_EQ(
+        world.alerts[0].second,
+        "Font 'Monoton-Regular', or some characters of it, caused a crash in combination with a "
+        "bevel setted higher than 0. Bevel will be set to 0 when loading this font.");
+    EXPECT_EQ(onDisk().strings("CorruptFontNames"), (std::vector<std::string>{kDeadlyFont}));
+    EXPECT_EQ(onDisk().string("PotentialCorruptFontName"), std::nullopt);
+
+    EXPECT_TRUE(text->fileSeemsToBeCorrupt());
+    text->setBevelRadius(3);
+    EXPECT_EQ(chamferOf(*text), 0) << "whatever the radius says";
+    text->setFontName(kHarmlessFont);
+    EXPECT_EQ(chamferOf(*text), 3) << "the radius was kept for other fonts";
+}
+
+TEST_F(CrashGuardDeathTest, NeverMarksNorReportsAListedFontAgain) {
+    killProcessInsideBuilder();
+    {
+        TestWorld world(onDisk());
+        const auto text =
+            TextNode::make({.text = "B", .fontName = kHarmlessFont}, world.surroundings());
+        world.runLoop.drain();
+        ASSERT_EQ(world.alerts.size(), 1U) << "whichever font is built next";
+    }
+    killProcessInsideBuilder();
+    EXPECT_EQ(onDisk().string("PotentialCorruptFontName"), std::nullopt);
+    UserDefaults marked = onDisk();
+    marked.set("PotentialCorruptFontName", std::string(kDeadlyFont));
+
+    TestWorld world(onDisk());
+    const auto text = TextNode::make({.text = "B", .fontName = kDeadlyFont}, world.surroundings());
+    world.runLoop.drain();
+    EXPECT_TRUE(world.alerts.empty());
+    EXPECT_EQ(onDisk().strings("CorruptFontNames")->size(), 1U);
+    EXPECT_EQ(onDisk().string("PotentialCorruptFontName"), std::nullopt);
+}
+
+TEST_F(CrashGuardDeathTest, LeavesNoMarkBehindABuildThatEnds) {
+    TestWorld world(onDisk());
+    world.defaults.set("CorruptFontNames", 7.0); // not a list: counts as empty
+    const auto text =
+        TextNode::make({.text = "B", .fontName = kHarmlessFont}, world.surroundings());
+    EXPECT_EQ(onDisk().string("PotentialCorruptFontName"), std::nullopt);
+    EXPECT_FALSE(text->fileSeemsToBeCorrupt());
+
+    world.defaults.set("PotentialCorruptFontName", std::string("Left by hand"));
+    text->setCurrentMaterialName(std::nullopt);
+    EXPECT_EQ(onDisk().string("PotentialCorruptFontName"), std::nullopt);
+    EXPECT_EQ(onDisk().strings("CorruptFontNames"), std::nullopt)
+        << "a text without letters builds nothing";
+}
+
+} // namespace
+} // namespace zelvo::content

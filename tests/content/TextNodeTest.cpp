@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+#include "content/TextNode.h"
+
+#include "content/StylePresets.h"
+#include "platform/scene/SCNShapes.h"
+#include "support/TestWorld.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace zelvo::content {
+namespace {
+
+using image::Color;
+using look::XMATClasses;
+using test::TestWorld;
+
+constexpr auto kFont = "Audiowide-Regular";
+
+class TextNodeTest : public testing::Test {
+protected:
+    [[nodiscard]] TextNodePtr textOf(const std::string& string, const std::string& font = kFont) {
+        return TextNode::make(
+            {.text = string, .fontName = font, .shortName = "TX1"}, world.surroundings());
+    }
+
+    /// What is seen, in the space of the node: the content with its pivots, without the frame.
+    static geometry::Box seen(const TextNode& text) { return text.positionNode->boundingBox(); }
+
+    static float middle(const TextNode& text) {
+        const geometry::Box box = seen(text);
+        return (box.min.x + box.max.x) / 2;
+    }
+
+    static const scene::SCNText& solid(const TextNode& text) {
+        return dynamic_cast<const scene::SCNText&>(*text.letters().front()->geometry);
+    }
+
+    TestWorld world;
+};
+
+TEST_F(TextNodeTest, CentresTheStringOnTheNode) {
+    struct Row {
+        const char* text;
+        const char* font;
+    };
+
+    // Side bearings and the spacing behind the last letter are all that may pull it off.
+    constexpr float kTolerance = 6;
+    const auto rows = std::to_array<Row>({
+        {"TITLE",    "Audiowide-Regular"},
+        {"iiiiWWWW", "Audiowide-Regular"},
+        {"WWWWiiii", "DaysOne-Regular"  },
+        {"AVAVAV",   "Quicksand-Bold"   },
+        {"M",        "Bangers-Regular"  },
+    });
+    for (const Row& row : rows) {
+        const auto text = textOf(row.text, row.font);
+        const geometry::Box box = seen(*text);
+        EXPECT_GT(box.max.x - box.min.x, 40) << row.text;
+        EXPECT_NEAR(middle(*text), 0, kTolerance) << row.text << " in " << row.font;
+        EXPECT_NEAR(box.max.y, -box.min.y, 8) << row.text << ": capitals stand around the origin";
+    }
+}
+
+TEST_F(TextNodeTest, MeasuresBlanksAtBothEnds) {
+    const float blank = textOf("A A")->letters()[2]->originalPosition->x -
+                        textOf("AA")->letters()[1]->originalPosition->x;
+    ASSERT_GT(blank, 5);
+    const float plain = middle(*textOf("AB"));
+    EXPECT_NEAR(middle(*textOf("AB  ")), plain - blank, 0.5f);
+    EXPECT_NEAR(middle(*textOf("  AB")), plain + blank, 0.5f);
+
+    const auto blanks = textOf("   ");
+    EXPECT_EQ(blanks->letters().size(), 3U);
+    EXPECT_GT(blanks->contentNode->pivot[3].x, blank) << "the line's measure still centres them";
+}
+
+TEST_F(TextNodeTest, MakesOneLetterPerCharacterOfAnything) {
+    struct Row {
+        const char* what;
+        std::string text;
+        std::size_t letters;
+        float offMiddle; ///< at most
+    };
+
+    const std::string fiveHundred(500, 'n');
+    const auto rows = std::to_array<Row>({
+        {"empty",                                      "",                                           0,   0 },
+        {"combining mark",                             "e\u0301a",                                   2,   6 },
+        {"right to left",                              "\u05E9\u05DC\u05D5\u05DD",                   4,   6 },
+        {"a mark alone, which stands left of its pen", "\u0301",                                     1,   60},
+        {"a character that binds the next one",        "A\u0600",                                    2,   16},
+        {"a family",                                   "\U0001F468\u200D\U0001F469\u200D\U0001F467", 1,   10},
+        {"no UTF-8",                                   "A\xC3",                                      2,   16},
+        {"long",                                       fiveHundred,                                  500, 6 },
+    });
+    for (const Row& row : rows) {
+        const auto text = textOf(row.text);
+        EXPECT_EQ(text->letters().size(), row.letters) << row.what;
+        for (const CharNodePtr& letter : text->letters()) {
+            EXPECT_TRUE(std::isfinite(letter->originalPosition->x)) << row.what;
+            EXPECT_EQ(letter->wrapperNode.lock(), text) << row.what;
+        }
+        EXPECT_TRUE(std::isfinite(text->contentNode->pivot[3].x)) << row.what;
+        EXPECT_NEAR(middle(*text), 0, row.offMiddle) << row.what;
+    }
+    EXPECT_EQ(textOf("")->bgPlane->width(), 100);
+}
+
+TEST_F(TextNodeTest, TurnsAllLettersAboutOneCommonPoint) {
+    const auto text = textOf("iW.");
+    const auto letters = text->letters();
+    float widths = 0;
+    float highest = 0;
+    for (const CharNodePtr& letter : letters) {
+        const geometry::Box box = letter->boundingBox();
+        widths += box.max.x;
+        highest = std::max(highest, box.max.y);
+    }
+    for (const CharNodePtr& letter : letters) {
+        EXPECT_NEAR(letter->pivot[3].x, widths / 6, 1e-3f);
+        EXPECT_NEAR(letter->pivot[3].y, highest / 2, 1e-3f);
+    }
+}
+
+TEST_F(TextNodeTest, SpacesLettersByKerning) {
+    const auto text = textOf("HEH");
+    const float before = text->letters()[2]->originalPosition->x;
+    text->setKerning(9);
+    EXPECT_NEAR(text->letters()[2]->originalPosition->x - before, 20, 1e-3f)
+        << "twice from -1 to 9";
+}
+
+TEST_F(TextNodeTest, RebuildsLettersButForADepth) {
+    const auto text = textOf("AB");
+    const CharNodePtr first = text->letters().front();
+    text->setExtrusionDepth(0.2);
+    EXPECT_EQ(text->letters().front(), first);
+    EXPECT_EQ(solid(*text).extrusionDepth(), 1) << "a change of depth has a floor";
+    text->setBevelRadius(2);
+    EXPECT_NE(text->letters().front(), first);
+    EXPECT_EQ(first->parent(), nullptr);
+    EXPECT_NEAR(solid(*text).extrusionDepth(), 0.2, 1e-9) << "a rebuild has none";
+    text->setExtrusionDepth(0);
+    text->setBevelRadius(-1);
+    EXPECT_GT(solid(*text).extrusionDepth(), 0) << "nothing can be flat";
+    EXPECT_GE(solid(*text).chamferRadius(), 0);
+}
+
+TEST_F(TextNodeTest, TakesAWholeStyle) {
+    const auto text = textOf("AB");
+    TextStylePreset style;
+    style.frontColor = Color::white(0);
+    style.bandColor = Color::white(0);
+    style.material = XMATClasses::dynamicFlat;
+    style.fontName = "FugazOne-Regular";
+    style.bevelProfile = look::BevelProfile::rounded;
+    style.bevelRadius = 3;
+    style.bevelInnerOuter = look::BevelInnerOuter::outer;
+    style.extrusionDepth = 44;
+    text->applyStyle(style);
+    const scene::SCNText& letter = solid(*text);
+    EXPECT_EQ(letter.chamferRadius(), 3);
+    EXPECT_EQ(letter.extrusionDepth(), 44);
+    EXPECT_NEAR(letter.boundingBox().max.z, 22, 1e-3f);
+    ASSERT_EQ(letter.materials.size(), 5U);
+    EXPECT_EQ(letter.materials[0]->emission.colorOr({}), Color::white(0.1f)) << "the glow's floor";
+    EXPECT_EQ(letter.materials[4]->diffuse.colorOr({}), Color::white(0));
+    text->setBevelInnerOuter(look::BevelInnerOuter::inner);
+    EXPECT_EQ(solid(*text).materials.size(), 3U);
+}
+
+TEST_F(TextNodeTest, KeepsItsColoursAcrossPairs) {
+    const auto text = textOf("A");
+    const Color red{1, 0, 0, 1};
+    text->setFrontColor(red);
+    text->setCurrentMaterialName(XMATClasses::ironPlastic);
+    EXPECT_EQ(text->currentMaterial->name, XMATClasses::ironPlastic);
+    EXPECT_EQ(solid(*text).materials[0]->diffuse.colorOr({}), red);
+    text->setCurrentMaterialName(XMATClasses::bigBand);
+    EXPECT_EQ(text->currentMaterial->name, XMATClasses::flat) << "the first pair stands in";
+
+    text->setCurrentMaterialName(std::nullopt);
+    text->setText("XYZ");
+    EXPECT_EQ(text->letters().size(), 1U) << "no material, no rebuild";
+}
+
+TEST_F(TextNodeTest, SetsAnUnknownFontInTheFallback) {
+    const auto unknown = textOf("Q", "No Such Font");
+    const auto known = textOf("Q", "HelveticaNeue-Bold");
+    EXPECT_EQ(unknown->fontName(), "No Such Font");
+    EXPECT_FLOAT_EQ(solid(*unknown).boundingBox().max.x, solid(*known).boundingBox().max.x);
+}
+
+} // namespace
+} // namespace zelvo::content

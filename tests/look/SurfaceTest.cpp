@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "look/FlowingNoise.h"
+#include "look/SMAT.h"
+#include "platform/foundation/Folders.h"
+#include "platform/image/Image.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace zelvo::look {
+namespace {
+
+using image::Color;
+
+Color colorIn(const scene::SCNMaterialProperty& slot) {
+    return slot.colorOr(Color::clear());
+}
+
+TEST(Surface, FindsEveryPictureOfItsRecipe) {
+    for (const SurfaceRecipe& recipe : surfaceRecipes()) {
+        const SMATPtr surface = makeSurface(recipe.surface);
+        EXPECT_EQ(surface->name, recipe.name);
+        for (const SlotRecipe& slot : recipe.slots) {
+            const auto* const picture = std::get_if<std::string_view>(&slot.contents);
+            if (slot.slot == nullptr || picture == nullptr)
+                continue;
+            EXPECT_NE(((*surface).*slot.slot).image(), nullptr) << *picture;
+        }
+    }
+}
+
+TEST(Surface, RepeatsOnEverySlot) {
+    for (const SurfaceRecipe& recipe : surfaceRecipes()) {
+        const SMATPtr surface = makeSurface(recipe.surface);
+        for (const scene::SCNMaterialProperty* slot : surface->allProperties()) {
+            EXPECT_EQ(slot->wrapS, scene::SCNWrapMode::repeat) << recipe.name;
+            EXPECT_EQ(slot->wrapT, scene::SCNWrapMode::repeat) << recipe.name;
+        }
+    }
+}
+
+TEST(Surface, PutsTheColourOnDiffuseOnly) {
+    const Color red{1, 0, 0, 1};
+    SMAT plainBase;
+    plainBase.setColor(red);
+    EXPECT_EQ(plainBase.color(), red);
+    for (const scene::SCNMaterialProperty* slot : plainBase.allProperties()) {
+        EXPECT_TRUE(slot->isEmpty()) << "the base class places no colour";
+    }
+    for (const Surface kind : {Surface::flat, Surface::iron, Surface::reflecting}) {
+        const SMATPtr surface = makeSurface(kind);
+        EXPECT_TRUE(surface->diffuse.isEmpty()) << "until the first colour is given";
+        surface->setColor(red);
+        EXPECT_EQ(colorIn(surface->diffuse), red);
+        EXPECT_TRUE(surface->emission.isEmpty());
+    }
+}
+
+TEST(Surface, DynamicNeverGoesDead) {
+    struct Row {
+        const char* what;
+        Color given;
+        Color glows;
+    };
+
+    const Color floor = Color::white(0.1f);
+    const auto rows = std::to_array<Row>({
+        {"black",                                Color::white(0),          floor                   },
+        {"a blue that reads dark loses its hue", {0, 0, 0.5f, 1},          floor                   },
+        {"just below",                           Color::white(0.099f),     floor                   },
+        {"exactly the floor, half transparent",  {0.1f, 0.1f, 0.1f, 0.5f}, {0.1f, 0.1f, 0.1f, 0.5f}},
+        {"a saturated red",                      {1, 0, 0, 1},             {1, 0, 0, 1}            },
+    });
+    for (const Row& row : rows) {
+        SMAT_Dynamic surface;
+        surface.setColor(row.given);
+        EXPECT_EQ(colorIn(surface.emission), row.glows) << row.what;
+        EXPECT_EQ(surface.color(), row.given) << row.what;
+        EXPECT_NE(surface.diffuse.image(), nullptr) << "stays a sampler";
+    }
+}
+
+TEST(FlowingNoise, RunsTheOtherWayByOneSign) {
+    std::string turned = flowingNoise(Flow::backwards);
+    const auto sign = turned.find("- u_time");
+    ASSERT_NE(sign, std::string::npos);
+    turned[sign] = '+';
+    EXPECT_EQ(turned, flowingNoise(Flow::forwards));
+}
+
+} // namespace
+} // namespace zelvo::look
