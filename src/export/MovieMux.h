@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/MovieWriterOwner.h"
+#include "platform/foundation/Result.h"
+#include "platform/media/AVAssetExportSession.h"
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+namespace zelvo::movie {
+
+/// Puts the raw video, less its last three frames, together with the music. A song that cannot be
+/// read leaves the movie silent, which is said on the console. Errors: the raw video is no video.
+[[nodiscard]] foundation::Result<std::unique_ptr<media::AVAssetExportSession>> makeExportSession(
+    const std::filesystem::path& rawMovie,
+    const std::filesystem::path& output,
+    const std::optional<MusicStretch>& music);
+
+/// The volume over the movie's time. Where the two fades would overlap, the fade-in falls away.
+[[nodiscard]] media::AVMutableAudioMixInputParameters
+fadesOf(const MusicStretch& music, int trackID);
+
+} // namespace zelvo::movie

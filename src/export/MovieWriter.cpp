@@ -1,0 +1,284 @@
+// SPDX-License-Identifier: MIT
+#include "export/MovieWriter.h"
+
+#include "export/MovieMux.h"
+#include "platform/foundation/Check.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+#include <system_error>
+#include <utility>
+
+namespace zelvo::movie {
+
+using foundation::Cause;
+using foundation::Error;
+using foundation::Result;
+
+namespace {
+
+constexpr double kFramesPerSecond = 60.0;
+constexpr double kClockStep = 0.016666666666667;
+constexpr double kStartDelay = 0.1; ///< seconds; gives the scene's hand-over time to land
+
+Result<void> checkOutputFolder(const std::filesystem::path& output) {
+    const std::filesystem::path folder = std::filesystem::absolute(output).parent_path();
+    std::error_code error;
+    if (std::filesystem::is_directory(folder, error))
+        return {};
+    return foundation::fail(
+        Cause::unwritable,
+        fmt::format("there is no folder {} to put the movie into", folder.string()));
+}
+
+} // namespace
+
+MovieWriter::MovieWriter(
+    MovieWriterOwner& owningModel,
+    const foundation::Folders& folders,
+    FrameSourceFactory frameFactory)
+    : model(owningModel)
+    , files(folders)
+    , library(folders.videos)
+    , makeFrames(std::move(frameFactory)) {}
+
+MovieWriter::~MovieWriter() {
+    exportToken.reset();
+    releaseWriters();
+}
+
+Result<void> MovieWriter::start() {
+    if (state_ != State::idle) {
+        return foundation::fail(
+            Cause::unsupported, "a movie is being made; wait for it or cancel it");
+    }
+    if (auto made = makeRenderer(); !made)
+        return made;
+    if (auto prepared = prepareWriter(); !prepared) {
+        releaseWriters();
+        return prepared;
+    }
+    exportToken = std::make_shared<const bool>(true);
+    progress = {0, static_cast<int>(std::ceil(model.duration() / kClockStep)) + 1};
+    lastPresentationTime = media::CMTime::negativeInfinity();
+    encodingSeconds = 0;
+    frames->resetTimes();
+
+    model.stopAndReset();
+    model.attachScene(SceneHome::movieRenderer);
+    state_ = State::preparing;
+    const std::weak_ptr<const bool> token = exportToken;
+    model.runLoop().asyncAfter(kStartDelay, [this, token] {
+        if (!token.expired())
+            model.start();
+    });
+    return {};
+}
+
+Result<void> MovieWriter::makeRenderer() {
+    if (!frames) {
+        auto made = makeFrames();
+        if (!made)
+            return tl::unexpected(made.error());
+        frames = std::move(*made);
+    }
+    pipeline.emplace(*frames, [this](const render::FrameView& frame, const FrameStamp& stamp) {
+        return takeFrame(frame, stamp);
+    });
+    return {};
+}
+
+Result<void> MovieWriter::prepareWriter() {
+    if (!options.writesMovie)
+        return {};
+    if (auto placed = checkOutputFolder(outputPath()); !placed)
+        return placed;
+    files.deleteRawMovie();
+    using media::VideoCodec;
+    const VideoCodec codec = options.codec.value_or(
+        media::hasHardwareEncoder(VideoCodec::hevc) ? VideoCodec::hevc : VideoCodec::h264);
+    auto made = RawMovie::create(
+        files.rawMovie(), {codec, options.renderSize.width, options.renderSize.height});
+    if (!made)
+        return tl::unexpected(made.error());
+    rawMovie = std::move(*made);
+    return {};
+}
+
+std::filesystem::path MovieWriter::outputPath() const {
+    return options.output.value_or(files.finishedMovie());
+}
+
+void MovieWriter::renderFrame(double t) {
+    if (!isRecording())
+        return;
+    if (t >= 0)
+        state_ = State::rendering;
+    const media::CMTime presentationTime{
+        static_cast<std::int64_t>(std::trunc(t * kFramesPerSecond)), 60};
+    if (!isWanted(t, presentationTime)) {
+        frames->renderer().update(t);
+        return;
+    }
+    if (t >= 0)
+        lastPresentationTime = presentationTime;
+    const render::FrameRequest request{
+        .time = t,
+        .outputSize = options.renderSize,
+        .oversampling = options.oversampling,
+        .format = render::PixelFormat::rgba8,
+    };
+    if (auto drawn = pipeline->submit(request, {t, presentationTime}); !drawn)
+        fail(drawn.error());
+}
+
+/// Two ticks that fall on one presentation time give one frame.
+bool MovieWriter::isWanted(double t, media::CMTime presentationTime) const {
+    if (options.tap && options.tap->wants(t))
+        return true;
+    return options.writesMovie && t >= 0 && presentationTime != lastPresentationTime;
+}
+
+Result<void> MovieWriter::takeFrame(const render::FrameView& frame, const FrameStamp& stamp) {
+    if (options.tap && options.tap->wants(stamp.time)) {
+        if (auto taken = options.tap->take(stamp.time, frame); !taken)
+            return taken;
+    }
+    if (rawMovie && stamp.time >= 0) {
+        if (auto written = rawMovie->append(frame, stamp.presentationTime); !written) {
+            return written;
+        }
+    }
+    ++progress.framesDone;
+    progressSignal.fire(progress);
+    return {};
+}
+
+void MovieWriter::finish() {
+    if (!isRecording())
+        return;
+    if (auto drained = pipeline->drain(); !drained) {
+        fail(drained.error());
+        return;
+    }
+    leaveRun();
+    state_ = State::closing;
+    if (!rawMovie) {
+        end(MovieOutcome{progress.framesDone, {}, std::nullopt, {}});
+        return;
+    }
+    rawMovie->finish(queued(&MovieWriter::mux));
+    model.stopAndReset();
+}
+
+void MovieWriter::cancel() {
+    if (state_ == State::idle)
+        return;
+    if (isRecording())
+        leaveRun();
+    end(foundation::fail(Cause::cancelled, "the movie was cancelled"));
+}
+
+void MovieWriter::leaveRun() {
+    pipeline->discard();
+    model.stopAndReset();
+    model.attachScene(SceneHome::screen);
+}
+
+std::function<void()> MovieWriter::queued(void (MovieWriter::*call)()) {
+    return [this, call, token = std::weak_ptr(exportToken), &loop = model.runLoop()] {
+        loop.post([this, call, token] {
+            if (!token.expired())
+                (this->*call)();
+        });
+    };
+}
+
+void MovieWriter::mux() {
+    if (auto written = rawMovie->outcome(); !written) {
+        fail(written.error());
+        return;
+    }
+    encodingSeconds = rawMovie->encodingSeconds();
+    rawMovie.reset();
+    auto made = makeExportSession(files.rawMovie(), outputPath(), model.music());
+    if (!made) {
+        fail(made.error());
+        return;
+    }
+    session = std::move(*made);
+    session->exportAsynchronously(queued(&MovieWriter::finished));
+}
+
+void MovieWriter::finished() {
+    using Status = media::AVAssetExportSession::Status;
+    if (session->status() != Status::completed) {
+        const Error error = session->error();
+        showVideoSignal.fire(); // an earlier movie may be there to be shown
+        fail(error);
+        return;
+    }
+    showVideoSignal.fire();
+    MovieOutcome outcome{progress.framesDone, outputPath(), std::nullopt, {}};
+    if (!options.output)
+        outcome = savedToLibrary(std::move(outcome));
+    end(std::move(outcome));
+}
+
+MovieOutcome MovieWriter::savedToLibrary(MovieOutcome outcome) {
+    const auto saved = library.save(outcome.movie);
+    if (saved) {
+        outcome.savedCopy = *saved;
+        model.showAlert("Movie successfully saved to your Photo Library.", "");
+        return outcome;
+    }
+    outcome.saveFailure = saved.error().message;
+    if (saved.error().isDenied) {
+        model.showAlert(
+            "Access denied",
+            "The app needs your approval to access photo library. Please enable it in Settings.");
+    } else {
+        model.showAlert("Error", saved.error().message);
+    }
+    return outcome;
+}
+
+void MovieWriter::fail(const Error& error) {
+    if (isRecording())
+        leaveRun();
+    model.showAlert("Error", error.message);
+    end(tl::unexpected(error));
+}
+
+void MovieWriter::end(const Result<MovieOutcome>& outcome) {
+    exportToken.reset();
+    releaseWriters();
+    files.deleteRawMovie();
+    state_ = State::idle;
+    completedSignal.fire(outcome);
+}
+
+void MovieWriter::releaseWriters() {
+    if (session)
+        session->cancelExport();
+    session.reset();
+    if (rawMovie) {
+        rawMovie->cancel();
+        encodingSeconds = rawMovie->encodingSeconds();
+    }
+    rawMovie.reset();
+}
+
+scene::SCNSceneRenderer* MovieWriter::renderer() const {
+    return frames ? &frames->renderer() : nullptr;
+}
+
+MovieTimings MovieWriter::timings() const {
+    constexpr double kMsPerSecond = 1000.0;
+    return {
+        frames ? frames->times() : render::FrameTimes{},
+        kMsPerSecond * (rawMovie ? rawMovie->encodingSeconds() : encodingSeconds)};
+}
+
+} // namespace zelvo::movie

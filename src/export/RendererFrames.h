@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/FrameSource.h"
+
+namespace zelvo::movie {
+
+/// Frames drawn by the offscreen renderer. `stopwatch` (seconds, monotonic) is what its times are
+/// measured with; null leaves them 0.
+[[nodiscard]] foundation::Result<std::unique_ptr<FrameSource>>
+makeRendererFrames(double (*stopwatch)() = nullptr);
+
+} // namespace zelvo::movie
