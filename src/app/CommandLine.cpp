@@ -150,6 +150,7 @@ void addList(CLI::App& app, ListCommand& options) {
     auto& command = *app.add_subcommand("list", "Print the names a performance can use");
     command.footer(std::string(kListFooter));
     std::vector<std::string> names;
+    names.reserve(kListings.size());
     for (const auto& row : kListings)
         names.emplace_back(row.name);
     command

@@ -36,7 +36,7 @@ public:
             return {};
         }
         const auto* const list = root.find("cues", JsonValue::Kind::array);
-        if (!list)
+        if (list == nullptr)
             return {};
         if (list->items.size() > kMaxCues) {
             problems.add(
@@ -81,7 +81,7 @@ private:
             return 0;
         }
         const auto* const value = object.find("at", JsonValue::Kind::number);
-        if (!value)
+        if (value == nullptr)
             return 0;
         if (value->number >= -kCountIn && value->number < context.duration)
             return value->number;
@@ -101,18 +101,18 @@ private:
             if (object.has(key) && object.boolean(key) == false) {
                 problems.add(
                     object.lineOf(key),
-                    fmt::format("\"{0}\" in cue can only be true; leave the cue out", key));
+                    fmt::format(R"("{}" in cue can only be true; leave the cue out)", key));
             }
         }
         if (object.has("undo") && object.has("redo")) {
-            problems.add(object.lineOf("redo"), "a cue is either \"undo\" or \"redo\"");
+            problems.add(object.lineOf("redo"), R"(a cue is either "undo" or "redo")");
         }
         for (const auto* const key : {"tab", "press", "nodes", "speed"}) {
             if (!object.has(key))
                 continue;
             problems.add(
                 object.lineOf(key),
-                fmt::format("\"{}\" does not go with \"undo\" or \"redo\" in one cue", key));
+                fmt::format(R"("{}" does not go with "undo" or "redo" in one cue)", key));
         }
     }
 
@@ -123,7 +123,7 @@ private:
         if (!object.has("tab") || !object.has("press")) {
             problems.add(
                 object.lineOf(""),
-                "cue needs \"tab\" and \"press\", or \"undo\": true, or \"redo\": true");
+                R"(cue needs "tab" and "press", or "undo": true, or "redo": true)");
             return result;
         }
         Strings tabs;
@@ -161,7 +161,7 @@ private:
 
     [[nodiscard]] Strings affectedNodes(const ObjectReader& object) {
         const auto* const list = object.find("nodes", JsonValue::Kind::array);
-        if (!list)
+        if (list == nullptr)
             return {};
         if (list->items.empty()) {
             problems.add(
@@ -210,7 +210,7 @@ std::vector<Cue> readCues(const ObjectReader& root, const CueContext& context, P
 std::optional<std::string>
 readSpeed(const ObjectReader& object, const Names& names, Problems& problems) {
     const auto* const value = object.find("speed", JsonValue::Kind::string);
-    if (!value)
+    if (value == nullptr)
         return std::nullopt;
     for (const auto& title : names.speeds) {
         if (equalsIgnoringCase(title, value->string))

@@ -106,12 +106,12 @@ const JsonValue* ObjectReader::find(std::string_view key) const {
 
 int ObjectReader::lineOf(std::string_view key) const {
     const auto* const value = find(key);
-    return value ? value->line : object.line;
+    return value != nullptr ? value->line : object.line;
 }
 
 const JsonValue* ObjectReader::find(std::string_view key, JsonValue::Kind kind) const {
     const auto* const value = find(key);
-    if (!value || value->kind == kind)
+    if (value == nullptr || value->kind == kind)
         return value;
     problems.add(
         value->line,
@@ -122,7 +122,7 @@ const JsonValue* ObjectReader::find(std::string_view key, JsonValue::Kind kind) 
 
 std::optional<double> ObjectReader::number(std::string_view key, Range range) const {
     const auto* const value = find(key, JsonValue::Kind::number);
-    if (!value)
+    if (value == nullptr)
         return std::nullopt;
     if (value->number >= range.least && value->number <= range.most)
         return value->number;
@@ -140,24 +140,24 @@ std::optional<double> ObjectReader::number(std::string_view key, Range range) co
 
 std::optional<bool> ObjectReader::boolean(std::string_view key) const {
     const auto* const value = find(key, JsonValue::Kind::boolean);
-    return value ? std::optional(value->boolean) : std::nullopt;
+    return value != nullptr ? std::optional(value->boolean) : std::nullopt;
 }
 
 std::optional<std::string> ObjectReader::string(std::string_view key) const {
     const auto* const value = find(key, JsonValue::Kind::string);
-    return value ? std::optional(value->string) : std::nullopt;
+    return value != nullptr ? std::optional(value->string) : std::nullopt;
 }
 
 std::optional<image::Color> ObjectReader::color(std::string_view key) const {
     const auto* const value = find(key, JsonValue::Kind::string);
-    if (!value)
+    if (value == nullptr)
         return std::nullopt;
     const auto parsed = image::Color::parse(value->string);
     if (!parsed) {
         problems.add(
             value->line,
             fmt::format(
-                "\"{}\" in {} must be a colour like \"#194CE6\", not {}",
+                R"("{}" in {} must be a colour like "#194CE6", not {})",
                 key,
                 place,
                 quoted(value->string)));
@@ -167,7 +167,7 @@ std::optional<image::Color> ObjectReader::color(std::string_view key) const {
 
 std::optional<glm::dvec3> ObjectReader::vector(std::string_view key, Range range) const {
     const auto* const value = find(key, JsonValue::Kind::array);
-    if (!value)
+    if (value == nullptr)
         return std::nullopt;
     const auto isGood = [&](const JsonValue& item) {
         return item.kind == JsonValue::Kind::number && item.number >= range.least &&
@@ -190,7 +190,7 @@ std::optional<glm::dvec3> ObjectReader::vector(std::string_view key, Range range
 std::optional<std::string> ObjectReader::choice(
     std::string_view key, std::string_view what, std::span<const std::string> names) const {
     const auto* const value = find(key, JsonValue::Kind::string);
-    if (!value)
+    if (value == nullptr)
         return std::nullopt;
     if (std::ranges::find(names, value->string) != names.end())
         return value->string;

@@ -87,7 +87,7 @@ public:
 private:
     [[nodiscard]] std::optional<std::string> scene(const ObjectReader& object) {
         const auto* const value = object.find("scene");
-        if (value && value->kind == JsonValue::Kind::string &&
+        if (value != nullptr && value->kind == JsonValue::Kind::string &&
             std::ranges::find(names.laterScenes, value->string) != names.laterScenes.end()) {
             problems.add(
                 value->line, fmt::format("scene \"{}\" is not supported yet", value->string));

@@ -20,7 +20,7 @@ public:
     using Sink = std::function<void(const std::string&)>;
     enum class Kind { bar, lines };
 
-    Progress(Kind kind, Clock clock, Sink sink);
+    Progress(Kind shownAs, Clock time, Sink output);
 
     /// On stderr, by what it is.
     [[nodiscard]] static Progress onStandardError();

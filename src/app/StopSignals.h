@@ -13,7 +13,7 @@ namespace zelvo::app {
 /// Must be made before any other thread, as threads inherit which signals they leave alone.
 class StopSignals {
 public:
-    explicit StopSignals(std::function<void(int signal)> onStop);
+    explicit StopSignals(std::function<void(int signal)> callback);
     ~StopSignals();
     StopSignals(const StopSignals&) = delete;
     StopSignals& operator=(const StopSignals&) = delete;
