@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+
+// A foreign sound or movie file: opened, sought and decoded for some seconds.
+
+#include "platform/media/AVAsset.h"
+#include "platform/media/AudioReader.h"
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr std::size_t kMaxBytes = 1U << 20U;
+constexpr int kBlocksRead = 8;
+
+void readAll(const std::string& path) {
+    static_cast<void>(zelvo::media::AVAsset::open(path));
+    auto reader = zelvo::media::AudioReader::open(path);
+    if (!reader)
+        return;
+    std::vector<float> block(48000);
+    for (const double part : {0.0, 0.5, 1.0}) {
+        reader->seek(reader->duration() * part);
+        for (int i = 0; i < kBlocksRead && reader->read(block) > 0; ++i) {
+        }
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size > kMaxBytes)
+        return 0;
+    const int file = memfd_create("sound", 0);
+    if (file < 0)
+        return 0;
+    if (write(file, data, size) == static_cast<ssize_t>(size))
+        readAll("/proc/self/fd/" + std::to_string(file));
+    close(file);
+    return 0;
+}
