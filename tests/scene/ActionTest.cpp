@@ -33,77 +33,86 @@ struct Sample {
     float x;
 };
 
-struct MotionCase {
-    std::string name;
-    std::vector<SCNActionPtr> actions; ///< all started before the first sample, on a node at x = 10
-    std::vector<Sample> samples;       ///< one frame each
-};
-
-TEST(Action, MovesAsReckonedByHand) {
-    const auto seq = [](std::vector<SCNActionPtr> steps, TimingFunction timing = {}) {
-        return SCNAction::sequence(std::move(steps), std::move(timing));
-    };
-    const auto group = [](std::vector<SCNActionPtr> members, TimingFunction timing = {}) {
-        return SCNAction::group(std::move(members), std::move(timing));
-    };
-    const std::vector<MotionCase> cases{
-        {"linear",                                                      {moveToX(20, 1)},                       {{3, 10}, {3.25, 12.5f}, {3.5, 15}, {4, 20}, {9, 20}}},
-        {"bent step",                                                   {moveToX(20, 1, square)},               {{0, 10}, {0.5, 12.5f}, {1, 20}}                     },
-        {"bent beyond its end",
-         {moveToX(20, 1, [](float t) { return 1.5f * t; })},
-         {{0, 10}, {0.8, 22}, {1, 25}}                                                                                                                               },
-        {"from, pause, to",
-         {seq({moveToX(5, 0), SCNAction::wait(0.5), moveToX(15, 1)})},
-         {{0, 5}, {0.25, 5}, {0.75, 7.5f}, {1.5, 15}}                                                                                                                },
-        {"the rest of a frame goes to the next step",
-         {seq({moveToX(20, 0.5), moveToX(0, 0.5)})},
-         {{0, 10}, {0.9, 4}}                                                                                                                                         },
-        {"many steps in one frame",
-         {seq({moveToX(1, 0.1), moveByX(2, 0.1), moveToX(7, 0), moveByX(4, 1)})},
-         {{0, 10}, {0.7, 9}}                                                                                                                                         },
-        {"bent sequence",
-         {seq({moveToX(20, 1), moveToX(40, 1)}, square)},
-         {{0, 10}, {1, 15}, {1.5, 22.5f}, {2, 40}}                                                                                                                   },
-        {"bent sequence, there and back, done at the end",
-         {seq({moveToX(20, 1), moveToX(40, 1)}, thereAndBack)},
-         {{0, 10}, {1, 40}, {1.25, 30}, {1.75, 15}, {2, 40}}                                                                                                         },
-        {"a step relative to where the other left off, gone back over",
-         {seq({moveByX(10, 1), moveByX(20, 1)}, thereAndBack)},
-         {{0, 10}, {1, 40}, {1.75, 15}, {2, 40}}                                                                                                                     },
-        {"sequence bent past 1 waits at its end",
-         {seq({moveToX(20, 2)}, [](float t) { return 2 * t; })},
-         {{0, 10}, {0.5, 15}, {1.5, 20}}                                                                                                                             },
-        {"nested sequences pass rests on",
-         {seq({seq({moveToX(20, 0.25), SCNAction::wait(0.25)}), seq({moveToX(30, 1)})})},
-         {{0, 10}, {1, 25}}                                                                                                                                          },
-        {"group: the short member ends, the long one goes on",
-         {group({moveByX(10, 1), moveByX(20, 2)})},
-         {{0, 10}, {0.5, 20}, {1.5, 35}, {2, 40}}                                                                                                                    },
-        {"bent group",                                                  {group({moveToX(20, 2)}, square)},      {{0, 10}, {1, 12.5f}, {2, 20}}                       },
-        {"of two absolute moves the later stands",
-         {moveToX(20, 1), moveToX(0, 2)},
-         {{0, 10}, {1, 5}, {2, 0}}                                                                                                                                   },
-        {"an ended member leaves the property alone",
-         {moveToX(0, 2), seq({moveToX(50, 0), SCNAction::wait(5)})},
-         {{0, 50}, {1, 5}}                                                                                                                                           },
-        {"relative adds to absolute, whichever came first",
-         {moveByX(8, 2), moveToX(20, 1), moveByX(2, 1)},
-         {{0, 10}, {0.5, 18}, {1, 26}, {2, 30}}                                                                                                                      },
-        {"nothing at all",                                              {seq({}), group({}), seq({group({})})}, {{0, 10}, {1, 10}}                                   },
-    };
-    for (const MotionCase& row : cases) {
-        SCOPED_TRACE(row.name);
-        Stage stage;
-        stage.node->position = glm::vec3(10, 0, 0);
-        for (const SCNActionPtr& action : row.actions) {
-            stage.node->runAction(action);
-        }
-        for (const Sample& sample : row.samples) {
-            stage.scene.applyAnimations(sample.time);
-            EXPECT_NEAR(stage.node->position.value().x, sample.x, 1e-4f) << "at " << sample.time;
-        }
+/// Starts the actions on a node at x = 10 before the first sample; each sample is one frame.
+void expectMotion(
+    const std::string& what,
+    const std::vector<SCNActionPtr>& actions,
+    const std::vector<Sample>& samples) {
+    SCOPED_TRACE(what);
+    Stage stage;
+    stage.node->position = glm::vec3(10, 0, 0);
+    for (const SCNActionPtr& action : actions) {
+        stage.node->runAction(action);
+    }
+    for (const Sample& sample : samples) {
+        stage.scene.applyAnimations(sample.time);
+        EXPECT_NEAR(stage.node->position.value().x, sample.x, 1e-4f) << "at " << sample.time;
     }
 }
+
+SCNActionPtr seq(std::vector<SCNActionPtr> steps, TimingFunction timing = {}) {
+    return SCNAction::sequence(std::move(steps), std::move(timing));
+}
+
+SCNActionPtr group(std::vector<SCNActionPtr> members, TimingFunction timing = {}) {
+    return SCNAction::group(std::move(members), std::move(timing));
+}
+
+// A row a case.
+// clang-format off
+
+TEST(Action, MovesByItsTimeAndBend) {
+    const auto overshoot = [](float t) { return 1.5f * t; };
+    expectMotion("linear", {moveToX(20, 1)}, {{3, 10}, {3.25, 12.5f}, {3.5, 15}, {4, 20}, {9, 20}});
+    expectMotion("bent", {moveToX(20, 1, square)}, {{0, 10}, {0.5, 12.5f}, {1, 20}});
+    expectMotion("bent beyond its end", {moveToX(20, 1, overshoot)}, {{0, 10}, {0.8, 22}, {1, 25}});
+}
+
+TEST(Action, PassesOverTheStepsOfASequence) {
+    expectMotion("from, pause, to", {seq({moveToX(5, 0), SCNAction::wait(0.5), moveToX(15, 1)})},
+                 {{0, 5}, {0.25, 5}, {0.75, 7.5f}, {1.5, 15}});
+    expectMotion("the rest of a frame goes to the next step",
+                 {seq({moveToX(20, 0.5), moveToX(0, 0.5)})}, {{0, 10}, {0.9, 4}});
+    expectMotion("many steps in one frame",
+                 {seq({moveToX(1, 0.1), moveByX(2, 0.1), moveToX(7, 0), moveByX(4, 1)})},
+                 {{0, 10}, {0.7, 9}});
+    expectMotion("nested ones pass rests on",
+                 {seq({seq({moveToX(20, 0.25), SCNAction::wait(0.25)}), seq({moveToX(30, 1)})})},
+                 {{0, 10}, {1, 25}});
+    expectMotion("nothing at all", {seq({}), group({}), seq({group({})})}, {{0, 10}, {1, 10}});
+}
+
+TEST(Action, BendsTheWholeOfASequence) {
+    const auto doubled = [](float t) { return 2 * t; };
+    expectMotion("slow start", {seq({moveToX(20, 1), moveToX(40, 1)}, square)},
+                 {{0, 10}, {1, 15}, {1.5, 22.5f}, {2, 40}});
+    expectMotion("there and back, done at the end",
+                 {seq({moveToX(20, 1), moveToX(40, 1)}, thereAndBack)},
+                 {{0, 10}, {1, 40}, {1.25, 30}, {1.75, 15}, {2, 40}});
+    expectMotion("relative steps gone back over",
+                 {seq({moveByX(10, 1), moveByX(20, 1)}, thereAndBack)},
+                 {{0, 10}, {1, 40}, {1.75, 15}, {2, 40}});
+    expectMotion("past 1 it waits at its end", {seq({moveToX(20, 2)}, doubled)},
+                 {{0, 10}, {0.5, 15}, {1.5, 20}});
+}
+
+TEST(Action, CombinesWithOthersOnOneProperty) {
+    expectMotion("the short member ends, the long one goes on",
+                 {group({moveByX(10, 1), moveByX(20, 2)})},
+                 {{0, 10}, {0.5, 20}, {1.5, 35}, {2, 40}});
+    expectMotion("bent group", {group({moveToX(20, 2)}, square)}, {{0, 10}, {1, 12.5f}, {2, 20}});
+    expectMotion("of two absolute moves the later stands", {moveToX(20, 1), moveToX(0, 2)},
+                 {{0, 10}, {1, 5}, {2, 0}});
+    expectMotion("an ended step leaves the property alone",
+                 {moveToX(0, 2), seq({moveToX(50, 0), SCNAction::wait(5)})}, {{0, 50}, {1, 5}});
+    expectMotion("an ended member too",
+                 {moveToX(0, 2), group({moveToX(50, 0), SCNAction::wait(5)})}, {{0, 50}, {1, 5}});
+    expectMotion("relative adds to absolute, whichever came first",
+                 {moveByX(8, 2), moveToX(20, 1), moveByX(2, 1)},
+                 {{0, 10}, {0.5, 18}, {1, 26}, {2, 30}});
+}
+
+// clang-format on
 
 TEST(Action, EndsOnTheFrameItsDurationNames) {
     // Sixtieths and such durations have no exact binary form; the frame must be the same all over.
@@ -112,14 +121,15 @@ TEST(Action, EndsOnTheFrameItsDurationNames) {
         int frames;
     };
 
+    const std::vector<Row> rows{
+        {0.1,  6  },
+        {0.35, 21 },
+        {0.85, 51 },
+        {1.0,  60 },
+        {1.7,  102}
+    };
     for (const double start : {0.0, 1.0 / 3.0, 1234.5}) {
-        for (const Row row : {
-                 Row{0.1,  6  },
-                 {0.35, 21 },
-                 {0.85, 51 },
-                 {1.0,  60 },
-                 {1.7,  102}
-        }) {
+        for (const Row& row : rows) {
             SCOPED_TRACE(fmt::format("{} s from {}", row.duration, start));
             Stage stage;
             int blockFrame = -1;

@@ -11,7 +11,8 @@ namespace zelvo::scene {
 namespace {
 
 glm::vec3 apply(const glm::mat4& matrix, const glm::vec3& point) {
-    return glm::vec3(matrix * glm::vec4(point, 1));
+    const glm::vec4 result = matrix * glm::vec4(point, 1);
+    return {result.x, result.y, result.z};
 }
 
 TEST(Node, PutsPivotScaleRotationAndTranslationInThisOrder) {

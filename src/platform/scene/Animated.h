@@ -25,7 +25,11 @@ public:
     Animated(const Animated& other)
         : Animated(other.model) {}
 
-    Animated& operator=(const Animated& other) { return *this = other.model; }
+    Animated& operator=(const Animated& other) {
+        if (this != &other)
+            *this = other.model;
+        return *this;
+    }
 
     Animated& operator=(T value) {
         model = value;

@@ -40,8 +40,8 @@ struct Range {
 ///     object.finish();                      // "nodes[2].opcity: unknown key"
 class JsonObject {
 public:
-    /// The path is what faults call the object, empty for the document itself.
-    JsonObject(const rapidjson::Value& value, std::string path, JsonFault& fault);
+    /// `where` is what faults call the object, empty for the document itself.
+    JsonObject(const rapidjson::Value& value, std::string where, JsonFault& shared);
 
     [[nodiscard]] std::optional<double> number(std::string_view key, Range range);
     [[nodiscard]] std::optional<int> integer(std::string_view key, Range range);

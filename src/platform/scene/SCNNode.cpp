@@ -118,15 +118,14 @@ glm::vec3 SCNNode::worldScale() const {
         glm::length(glm::vec3(matrix[2]))};
 }
 
-void SCNNode::addChildNode(const SCNNodePtr& child) {
+void SCNNode::addChildNode(SCNNodePtr child) {
     CHECK(child != nullptr, "node \"{}\" gets a null child", name);
     for (const SCNNode* node = this; node != nullptr; node = node->parent_) {
         CHECK(node != child.get(), "node \"{}\" would stand below itself", child->name);
     }
-    const SCNNodePtr kept = child; // the reference may point into the former parent's list
-    kept->removeFromParentNode();
-    children.push_back(kept);
-    kept->parent_ = this;
+    child->removeFromParentNode();
+    child->parent_ = this;
+    children.push_back(std::move(child));
 }
 
 void SCNNode::removeFromParentNode() {

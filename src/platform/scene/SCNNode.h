@@ -79,15 +79,15 @@ public:
     [[nodiscard]] glm::vec3 worldScale() const;     ///< lengths of the world transform's axes
 
     // --- tree
-    void addChildNode(const SCNNodePtr& child); ///< takes it from its former parent; a circle is a
-                                                ///< programming error
+    void addChildNode(SCNNodePtr child); ///< takes it from its former parent; a circle is a
+                                         ///< programming error
     void removeFromParentNode();
 
     [[nodiscard]] const std::vector<SCNNodePtr>& childNodes() const { return children; }
 
     [[nodiscard]] SCNNode* parent() const { return parent_; }
     enum class Search { childrenOnly, recursively };
-    [[nodiscard]] SCNNodePtr childNodeWithName(const std::string& name, Search search) const;
+    [[nodiscard]] SCNNodePtr childNodeWithName(const std::string& wanted, Search search) const;
     /// Visits this node and all below, parents first.
     void enumerateHierarchy(const std::function<void(SCNNode&)>& visit);
 
@@ -118,6 +118,7 @@ public:
     [[nodiscard]] glm::vec3 addedEulerAngles() const { return addedEulerAngles_; }
 
     // --- keyframe animations: none exist yet, so there are no keys
+    // NOLINTNEXTLINE(readability-convert-member-functions-to-static): will ask the node
     [[nodiscard]] std::vector<std::string> animationKeys() const { return {}; }
 
     void removeAnimationForKey(const std::string& key, double blendOutDuration);

@@ -36,7 +36,7 @@ public:
     /// Animates the scene to the time and tells the delegate, without drawing.
     void update(double time);
 
-protected:
+private:
     SCNScenePtr scene_;
 };
 

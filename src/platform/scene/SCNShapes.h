@@ -15,10 +15,10 @@ namespace zelvo::scene {
 /// little.
 class SCNText final : public SCNGeometry {
 public:
-    SCNText(std::string string, text::TextAttributes attributes, double extrusionDepth);
+    SCNText(std::string letters, text::TextAttributes style, double extrusionDepth);
 
     void setExtrusionDepth(double depth);                        ///< scene units, > 0
-    void setFlatness(double flatness);                           ///< scene units, default 0.6
+    void setFlatness(double value);                              ///< scene units, default 0.6
     void setChamferRadius(double radius);                        ///< scene units, default 0
     void setChamferProfile(const geometry::BezierPath& profile); ///< unit square, (0, 1) to (1, 0)
 
@@ -41,7 +41,7 @@ private:
 /// A filled path as an extruded solid, elements as SCNText.
 class SCNShape final : public SCNGeometry {
 public:
-    SCNShape(geometry::BezierPath path, double extrusionDepth);
+    SCNShape(geometry::BezierPath outline, double extrusionDepth);
 
     void setExtrusionDepth(double depth);
     void setFlatness(double flatness);
@@ -79,7 +79,7 @@ private:
 
 class SCNBox final : public SCNGeometry {
 public:
-    SCNBox(double width, double height, double length, double chamferRadius);
+    SCNBox(double boxWidth, double boxHeight, double boxLength, double radius);
 
 protected:
     [[nodiscard]] geometry::Mesh build() const override;

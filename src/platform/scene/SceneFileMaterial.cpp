@@ -79,7 +79,7 @@ std::optional<image::Color> readColor(JsonObject& object, std::string_view key) 
         return {};
     const std::optional<image::Color> color = parseColor(*text);
     if (!color)
-        object.report(key, "must be a colour like \"#RRGGBB\" or \"#RRGGBBAA\"");
+        object.report(key, R"(must be a colour like "#RRGGBB" or "#RRGGBBAA")");
     return color;
 }
 
@@ -115,7 +115,7 @@ SCNMaterialProperty readProperty(JsonObject& object, std::string_view key, JsonF
         property.contentsTransform = glm::scale(glm::mat4(1), glm::vec3(*scale, 1));
     slot.finish();
     if (property.isEmpty())
-        object.report(key, "needs \"image\" or \"color\"");
+        object.report(key, R"(needs "image" or "color")");
     return property;
 }
 
