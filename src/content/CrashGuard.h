@@ -20,7 +20,7 @@ namespace zelvo::content {
 /// once.
 class CrashGuard {
 public:
-    CrashGuard(const core::Surroundings& surroundings, const std::string& fontName);
+    CrashGuard(const core::Surroundings& world, const std::string& fontName);
     ~CrashGuard();
     CrashGuard(const CrashGuard&) = delete;
     CrashGuard& operator=(const CrashGuard&) = delete;
@@ -28,7 +28,7 @@ public:
     [[nodiscard]] bool isFontCorrupt() const { return isListed; }
 
     /// Takes the mark away without a build.
-    static void removeMark(const core::Surroundings& surroundings);
+    static void removeMark(const core::Surroundings& world);
 
 private:
     const core::Surroundings& surroundings;

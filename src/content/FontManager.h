@@ -19,7 +19,7 @@ struct BuiltInFont {
 /// The store of fonts: the built-in list, made findable in the registry by name.
 class FontManager {
 public:
-    explicit FontManager(text::FontRegistry& registry);
+    explicit FontManager(text::FontRegistry& fonts);
 
     /// In the order of the list that the user sees before sorting.
     [[nodiscard]] static std::span<const BuiltInFont> builtInFonts();

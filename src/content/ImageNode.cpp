@@ -30,8 +30,8 @@ scene::SCNMaterialPtr makePictureMaterial() {
 } // namespace
 
 ImageNodePtr
-ImageNode::make(const glm::vec3& position, float scale, const core::Surroundings& surroundings) {
-    auto node = std::make_shared<ImageNode>(Key{}, position, scale, surroundings);
+ImageNode::make(const glm::vec3& home, float size, const core::Surroundings& surroundings) {
+    auto node = std::make_shared<ImageNode>(Key{}, home, size, surroundings);
     node->link();
     node->contentNode->addChildNode(node->imageNode);
     node->imageNode->wrapperNode = node;

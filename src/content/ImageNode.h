@@ -13,9 +13,8 @@ struct ImageStylePreset;
 class ImageNode final : public core::Node {
 public:
     [[nodiscard]] static std::shared_ptr<ImageNode>
-    make(const glm::vec3& position, float scale, const core::Surroundings& surroundings);
-    ImageNode(
-        Key key, const glm::vec3& position, float scale, const core::Surroundings& surroundings);
+    make(const glm::vec3& home, float size, const core::Surroundings& surroundings);
+    ImageNode(Key key, const glm::vec3& home, float size, const core::Surroundings& surroundings);
 
     static constexpr double kMaxDim = 355; ///< the plane's larger side, scene units
 
@@ -30,7 +29,7 @@ public:
     [[nodiscard]] const image::ImagePtr& image() const { return image_; }
 
     void setCurrentMask(ImageMaskPtr mask);
-    void setImage(image::ImagePtr image); ///< null shows an empty plane
+    void setImage(image::ImagePtr picture); ///< null shows an empty plane
     void applyStyle(const ImageStylePreset& preset);
 
     void updateContent() override;

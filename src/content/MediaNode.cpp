@@ -16,8 +16,8 @@ constexpr float kCustomNodeSide = 340; // scene units, the largest side of an im
 } // namespace
 
 MediaNodePtr
-MediaNode::make(const glm::vec3& position, float scale, const core::Surroundings& surroundings) {
-    auto node = std::make_shared<MediaNode>(Key{}, position, scale, surroundings);
+MediaNode::make(const glm::vec3& home, float size, const core::Surroundings& surroundings) {
+    auto node = std::make_shared<MediaNode>(Key{}, home, size, surroundings);
     node->link();
     node->updateContent();
     return node;

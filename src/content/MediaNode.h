@@ -12,12 +12,11 @@ struct MediaStylePreset;
 class MediaNode final : public core::Node {
 public:
     [[nodiscard]] static std::shared_ptr<MediaNode>
-    make(const glm::vec3& position, float scale, const core::Surroundings& surroundings);
-    MediaNode(
-        Key key, const glm::vec3& position, float scale, const core::Surroundings& surroundings);
+    make(const glm::vec3& home, float size, const core::Surroundings& surroundings);
+    MediaNode(Key key, const glm::vec3& home, float size, const core::Surroundings& surroundings);
 
     /// The first shape of that name; a new "None" if there is none.
-    [[nodiscard]] static MediaShapePtr shapeNamed(const std::string& name);
+    [[nodiscard]] static MediaShapePtr shapeNamed(const std::string& wanted);
 
     [[nodiscard]] const MediaShapePtr& currentShape() const { return currentShape_; }
 

@@ -66,7 +66,7 @@ public:
     [[nodiscard]] bool fileSeemsToBeCorrupt() const { return isFontCorrupt; }
 
     void setText(std::string text);
-    void setFontName(std::string name);
+    void setFontName(std::string wanted);
     void setBevelRadius(float radius);
     void setKerning(float kerning);
     void setBevelProfile(look::BevelProfile profile);

@@ -88,7 +88,7 @@ SMAT::SMAT() {
 }
 
 void SMAT::setColor(const image::Color& color) {
-    color_ = color;
+    keepColor(color);
 }
 
 std::span<const SurfaceRecipe> surfaceRecipes() {
@@ -108,7 +108,7 @@ RecipeSurface::RecipeSurface(Surface surface) {
 }
 
 void RecipeSurface::setColor(const image::Color& color) {
-    SMAT::setColor(color);
+    keepColor(color);
     diffuse.contents = color;
 }
 

@@ -23,6 +23,9 @@ public:
 
     virtual void setColor(const image::Color& color);
 
+protected:
+    void keepColor(const image::Color& color) { color_ = color; }
+
 private:
     image::Color color_ = image::Color::clear();
 };

@@ -40,7 +40,7 @@ enum class XMATClasses : std::uint8_t {
 /// another.
 class XMAT {
 public:
-    XMAT(XMATClasses name, std::string title, SMATPtr front, SMATPtr band);
+    XMAT(XMATClasses key, std::string label, SMATPtr faces, SMATPtr sides);
     virtual ~XMAT() = default;
     XMAT(const XMAT&) = delete;
     XMAT& operator=(const XMAT&) = delete;

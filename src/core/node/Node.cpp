@@ -33,8 +33,8 @@ float easeInOut(float t) {
 } // namespace
 
 std::shared_ptr<Node>
-Node::make(const glm::vec3& position, float scale, const Surroundings& surroundings) {
-    auto node = std::make_shared<Node>(Key{}, position, scale, surroundings);
+Node::make(const glm::vec3& home, float size, const Surroundings& surroundings) {
+    auto node = std::make_shared<Node>(Key{}, home, size, surroundings);
     node->link();
     return node;
 }

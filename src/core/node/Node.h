@@ -39,8 +39,8 @@ protected:
 
 public:
     [[nodiscard]] static std::shared_ptr<Node>
-    make(const glm::vec3& position, float scale, const Surroundings& surroundings);
-    Node(Key key, const glm::vec3& position, float scale, const Surroundings& surroundings);
+    make(const glm::vec3& home, float size, const Surroundings& surroundings);
+    Node(Key key, const glm::vec3& home, float size, const Surroundings& surroundings);
 
     std::string shortName; ///< in action titles
     bool isVisible = true; ///< shows with the next updateVisibility
@@ -76,9 +76,9 @@ public:
         return materialName;
     }
 
-    void setCurrentMaterialName(std::optional<look::XMATClasses> name);
+    void setCurrentMaterialName(std::optional<look::XMATClasses> wanted);
     /// The first pair of that name, or this node's first pair.
-    [[nodiscard]] const look::XMATPtr& materialNamed(look::XMATClasses name) const;
+    [[nodiscard]] const look::XMATPtr& materialNamed(look::XMATClasses wanted) const;
 
     [[nodiscard]] const image::Color& frontColor() const { return frontColor_; }
 

@@ -16,7 +16,7 @@ namespace zelvo::look {
 /// environment's own, and only the newest tint is shown.
 class SNE {
 public:
-    explicit SNE(foundation::RunLoop& runLoop);
+    explicit SNE(foundation::RunLoop& loop);
     virtual ~SNE();
     SNE(const SNE&) = delete;
     SNE& operator=(const SNE&) = delete;
