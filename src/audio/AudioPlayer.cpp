@@ -102,10 +102,9 @@ void AudioPlayer::stop() {
 
 void setUpAudioSession() {
     using media::AVAudioSession;
-    AVAudioSession session;
-    const auto category =
-        session.setCategory(AVAudioSession::kCategoryPlayback, AVAudioSession::kModeDefault);
-    const auto active = category ? session.activate() : category;
+    const auto category = AVAudioSession::setCategory(
+        AVAudioSession::kCategoryPlayback, AVAudioSession::kModeDefault);
+    const auto active = category ? AVAudioSession::activate() : category;
     if (!active)
         foundation::logLine(fmt::format("AudioSession Error: {}", active.error().message));
 }

@@ -51,9 +51,9 @@ public:
     /// `movieDuration` tells the movie's present length. Players are made with an output of the
     /// factory; an empty factory plays silently. The run loop outlives this.
     AudioPlayer(
-        const foundation::RunLoop& loop,
-        std::function<double()> movieDuration,
-        media::AudioOutputFactory makeOutput);
+        const foundation::RunLoop& runLoop,
+        std::function<double()> durationOfMovie,
+        media::AudioOutputFactory outputFactory);
 
     double fadeInDuration = 1.6;
     double fadeOutDuration = 1.9;

@@ -4,6 +4,10 @@
 #include "media/MediaFixture.h"
 #include "platform/foundation/Folders.h"
 
+#include <array>
+#include <cmath>
+#include <tuple>
+
 namespace zelvo::audio {
 namespace {
 
@@ -19,7 +23,9 @@ protected:
     /// Steps as the frame clock does, both clocks side by side, up to and with the movie time; from
     /// the count-in.
     void play(double until, double from = -0.5) {
-        for (double t = from; t <= until + 1e-6; t += kFrame) {
+        const long steps = std::lround(std::floor((until - from) / kFrame + 1e-4));
+        for (long i = 0; i <= steps; ++i) {
+            const double t = from + static_cast<double>(i) * kFrame;
             player.step(std::abs(t) < 1e-6 ? 0.0 : t);
             loop.runFor(kFrame);
         }

@@ -3,47 +3,18 @@
 
 #include "media/MovieFixture.h"
 #include "platform/media/AVAsset.h"
-#include "platform/media/ColorConversion.h"
-
-#include <sys/resource.h>
 
 #include <algorithm>
 #include <array>
-#include <cmath>
-#include <csignal>
-#include <numbers>
-#include <random>
+#include <atomic>
+#include <tuple>
 
 namespace zelvo::media {
 namespace {
 
 using Status = AVAssetWriter::Status;
 
-/// Files may grow to so many bytes only, while this lives; as on a full disk, writing fails beyond.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &before);
-        const rlimit small{bytes, before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-    }
-
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &before); }
-
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit before{};
-};
-
-/// Root mean square of sine(f, 0.5).
-constexpr double kToneLoudness = 0.5 / std::numbers::sqrt2;
-
 class AVAssetWriterTest : public MovieTest {};
-
-class AVAssetExportSessionTest : public MovieTest {};
 
 TEST_F(AVAssetWriterTest, KeepsEveryFrameAtItsExactTimeAndTagsTheMovie) {
     writeMovie(file("raw.mov"), 61);
@@ -108,51 +79,6 @@ TEST_F(AVAssetWriterTest, ShowsTheSquareWhereItWasDrawnWhateverThePicturesSizeAn
         expectColour(decodeMovie(file("square.mov"), 80, 44).centres.at(0), 173, 42, 26);
         expectColour(decodeMovie(file("square.mov"), 80, 82).centres.at(0), 24, 184, 123);
         expectColour(decodeMovie(file("square.mov"), 8, 8).centres.at(0), 235, 128, 128);
-    }
-}
-
-TEST(ColorConversionTest, IsWithinOneOfTheStandardsFormulaInBothByteOrders) {
-    std::mt19937 random(7);
-    constexpr int kWidth = 38;
-    constexpr int kHeight = 6;
-    for (const auto format : {PixelFormat::bgra, PixelFormat::rgba}) {
-        PixelBuffer source = PixelBuffer::allocate(kWidth, kHeight, format);
-        for (int y = 0; y < kHeight; ++y) {
-            std::generate_n(
-                source.row(y), 4 * kWidth, [&] { return static_cast<std::uint8_t>(random()); });
-        }
-        std::array<std::uint8_t, kWidth * kHeight> luma{};
-        std::array<std::uint8_t, kWidth * kHeight / 4> cb{};
-        std::array<std::uint8_t, kWidth * kHeight / 4> cr{};
-        convertToYuv420(source, {luma.data(), cb.data(), cr.data(), kWidth, kWidth / 2});
-
-        const auto ycc = [&](int x, int y) {
-            const std::uint8_t* p = source.row(y) + 4L * std::max(x, 0);
-            const bool isBgra = format == PixelFormat::bgra;
-            const double r = p[isBgra ? 2 : 0];
-            const double b = p[isBgra ? 0 : 2];
-            const double light = 0.2126 * r + 0.7152 * p[1] + 0.0722 * b;
-            return std::array{light, (b - light) / 1.8556, (r - light) / 1.5748};
-        };
-        for (int y = 0; y < kHeight; ++y) {
-            for (int x = 0; x < kWidth; ++x) {
-                const double expected = 16.0 + 219.0 * ycc(x, y)[0] / 255.0;
-                EXPECT_NEAR(luma[static_cast<std::size_t>(y * kWidth + x)], expected, 1.0);
-                if (x % 2 == 1 || y % 2 == 1)
-                    continue;
-                const auto mean = [&](std::size_t channel) {
-                    double sum = 0.0;
-                    for (const int row : {y, y + 1}) {
-                        sum += ycc(x - 1, row)[channel] + 2.0 * ycc(x, row)[channel] +
-                               ycc(x + 1, row)[channel];
-                    }
-                    return 128.0 + 224.0 * sum / 8.0 / 255.0;
-                };
-                const auto at = static_cast<std::size_t>(y / 2 * kWidth / 2 + x / 2);
-                EXPECT_NEAR(cb[at], mean(1), 1.0);
-                EXPECT_NEAR(cr[at], mean(2), 1.0);
-            }
-        }
     }
 }
 
@@ -223,10 +149,10 @@ TEST_F(AVAssetWriterTest, SaysWhyAFileCannotBeMade) {
         const char* why;
     };
 
-    const Row rows[] = {
+    const auto rows = std::to_array<Row>({
         {file("missing/raw.mov").string(), "folder does not exist"},
         {folder.string(),                  "folder of that name"  },
-    };
+    });
     for (const Row& row : rows) {
         const auto made = AVAssetWriter::create(row.path);
         ASSERT_FALSE(made) << row.path;
@@ -260,167 +186,6 @@ TEST_F(AVAssetWriterTest, FailsWithoutFrames) {
     finish(writing);
     EXPECT_EQ(writing.writer->status(), Status::failed);
     EXPECT_TRUE(filesLeft().empty());
-}
-
-TEST_F(AVAssetExportSessionTest, CutsTheLastFramesAndPutsTheIndexInFront) {
-    writeMovie(file("raw.mov"), 131);
-    const auto exporting = session(file("raw.mov"), 128, {});
-    run(*exporting);
-    ASSERT_EQ(exporting->status(), AVAssetExportSession::Status::completed)
-        << exporting->error().message;
-    EXPECT_DOUBLE_EQ(exporting->progress(), 1.0);
-    const DecodedMovie movie = decodeMovie(file("Movie.mov"), 80, 45);
-    ASSERT_EQ(movie.frameTimes.size(), 128U);
-    EXPECT_DOUBLE_EQ(movie.frameTimes.back(), 127.0 / 60.0);
-    EXPECT_EQ(movie.videoTag, "avc1");
-    EXPECT_TRUE(movie.isBt709Limited);
-    EXPECT_EQ(movie.audioCodec, "");
-    const auto atoms = topAtoms(file("Movie.mov"));
-    EXPECT_LT(std::ranges::find(atoms, "moov"), std::ranges::find(atoms, "mdat"));
-    const auto asset = AVAsset::open(file("Movie.mov"));
-    EXPECT_EQ(asset->duration(), (CMTime{128, 60}));
-    EXPECT_EQ(filesLeft(), (std::vector<std::string>{"Movie.mov", "raw.mov"}));
-}
-
-TEST_F(AVAssetExportSessionTest, FadesTheMusicAlongItsRampsAndCutsItWithTheMovie) {
-    writeMovie(file("raw.mov"), 243);
-    writeWav(file("song.wav"), 44100, 30.0, sine(1000.0, 0.5));
-    Music music{file("song.wav"), 3.0, 20.0, 0.5, {}};
-    music.volume.setVolume(0.0, {});
-    music.volume.setVolumeRamp(
-        0.0,
-        1.0,
-        {
-            {30, 60},
-            {60, 60}
-    });
-    music.volume.setVolumeRamp(
-        1.0,
-        0.0,
-        {
-            {150, 60},
-            {60,  60}
-    });
-    const auto exporting = session(file("raw.mov"), 240, music);
-    run(*exporting);
-    ASSERT_EQ(exporting->status(), AVAssetExportSession::Status::completed)
-        << exporting->error().message;
-    const DecodedMovie movie = decodeMovie(file("Movie.mov"), 80, 45);
-    EXPECT_EQ(movie.frameTimes.size(), 240U);
-    EXPECT_EQ(movie.audioCodec, "aac");
-    EXPECT_NEAR(movie.soundStart, 0.0, 1e-9);
-    EXPECT_NEAR(static_cast<double>(movie.left.size()) / 48000.0, 4.0, 1024.0 / 48000.0);
-    EXPECT_LT(movie.loudness(0.0, 0.48), 0.002);
-    for (double t = 0.5; t < 4.0; t += 0.1) {
-        const double middle = t + 0.05;
-        double expected = std::clamp(middle - 0.5, 0.0, 1.0);
-        if (middle > 2.5)
-            expected = std::clamp(3.5 - middle, 0.0, 1.0);
-        EXPECT_NEAR(movie.loudness(t, t + 0.1) / kToneLoudness, expected, 0.02) << t;
-    }
-}
-
-TEST_F(AVAssetExportSessionTest, CutsEveryFormatToTheMillisecond) {
-    writeMovie(file("raw.mov"), 63);
-    // The tone sets in at 12.25 s of the song.
-    const Wave tone = sine(1000.0, 0.5);
-    const Wave song = [&](double t) { return t < 12.25 ? 0.0 : tone(t); };
-
-    struct Row {
-        const char* name;
-        const char* encoder; // null: WAV by hand
-    };
-
-    const Row rows[] = {
-        {"song.wav",  nullptr     },
-        {"song.mp3",  "libmp3lame"},
-        {"song.m4a",  "aac"       },
-        {"song.flac", "flac"      },
-        {"song.ogg",  "libvorbis" },
-        {"song.opus", "libopus"   }
-    };
-    int heard = 0;
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
-        const auto path = file(row.name);
-        if (row.encoder == nullptr)
-            writeWav(path, 44100, 20.0, song);
-        if (row.encoder != nullptr && !encodeSound(path, row.encoder, 20.0, song))
-            continue;
-        run(*session(file("raw.mov"), 60, {path, 12.0, 5.0, 0.5, {}}));
-        const DecodedMovie movie = decodeMovie(file("Movie.mov"), 80, 45);
-        const auto loud = std::ranges::find_if(movie.left, [](double v) { return v > 0.25; });
-        const double onset = static_cast<double>(loud - movie.left.begin()) / 48000.0;
-        EXPECT_NEAR(onset, 0.75, 0.001);
-        EXPECT_NEAR(
-            movie.loudness(0.8, 0.95) / kToneLoudness, 1.0, 0.06); // lossy encoders take some
-        ++heard;
-    }
-    EXPECT_GE(heard, 3);
-}
-
-TEST_F(AVAssetExportSessionTest, ASongThatEndsEarlyOrBeginsBehindTheMovieIsSilentThere) {
-    writeMovie(file("raw.mov"), 123);
-    writeWav(file("song.wav"), 48000, 1.0, sine(440.0, 0.5));
-
-    struct Row {
-        double in;
-        double at;
-        double soundsFrom;
-        double soundsTo;
-    };
-
-    // Asked for 5 s of a song of 1 s.
-    const Row rows[] = {
-        {0.0, 0.0, 0.0, 1.0},
-        {0.5, 1.0, 1.0, 1.5},
-        {0.0, 3.0, 2.0, 2.0}
-    };
-    for (const Row& row : rows) {
-        const auto exporting =
-            session(file("raw.mov"), 120, {file("song.wav"), row.in, 5.0, row.at, {}});
-        run(*exporting);
-        const DecodedMovie movie = decodeMovie(file("Movie.mov"), 80, 45);
-        for (double t = 0.0; t < 2.0; t += 0.25) {
-            const bool isHeard = t >= row.soundsFrom && t + 0.25 <= row.soundsTo;
-            EXPECT_NEAR(movie.loudness(t + 0.05, t + 0.2), isHeard ? kToneLoudness : 0.0, 0.01)
-                << row.at << " at " << t;
-        }
-    }
-}
-
-TEST_F(AVAssetExportSessionTest, AFailureOrCancellingLeavesTheEarlierMovieUntouched) {
-    writeMovie(file("raw.mov"), 60);
-    writeWav(file("song.wav"), 48000, 2.0, sine(440.0, 0.5));
-    const Bytes earlier{1, 2, 3};
-    writeBytes(file("Movie.mov"), earlier);
-    const Music music{file("song.wav"), 0.0, 1.0, 0.0, {}};
-
-    const auto full = session(file("raw.mov"), 57, music);
-    {
-        const FileSizeLimit limit(3000);
-        run(*full);
-    }
-    EXPECT_EQ(full->status(), AVAssetExportSession::Status::failed);
-    EXPECT_EQ(full->error().cause, foundation::Cause::unwritable) << full->error().message;
-
-    const auto spoiled = session(file("raw.mov"), 57, music);
-    writeBytes(file("song.wav"), Bytes(5000, 0x55));
-    run(*spoiled);
-    EXPECT_EQ(spoiled->status(), AVAssetExportSession::Status::failed);
-
-    const auto stopped = session(file("raw.mov"), 57, {});
-    stopped->exportAsynchronously([] {});
-    stopped->cancelExport();
-    if (stopped->status() == AVAssetExportSession::Status::cancelled) {
-        EXPECT_EQ(readBytes(file("Movie.mov")), earlier);
-    }
-    EXPECT_EQ(filesLeft(), (std::vector<std::string>{"Movie.mov", "raw.mov", "song.wav"}));
-
-    const auto nowhere = session(file("raw.mov"), 57, {});
-    nowhere->outputURL = file("missing/Movie.mov");
-    run(*nowhere);
-    EXPECT_EQ(nowhere->error().cause, foundation::Cause::unwritable);
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "platform/media/AudioReader.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <random>
 
@@ -147,13 +148,13 @@ TEST_F(AVAudioPlayerTest, MusicThatIsNotMusicIsAnError) {
         Cause cause;
     };
 
-    const Row rows[] = {
+    const auto rows = std::to_array<Row>({
         {"noise.mp3",   Cause::malformed },
         {"empty.wav",   Cause::malformed },
         {"list.mp3",    Cause::malformed },
         {"folder.mp3",  Cause::unreadable},
         {"missing.mp3", Cause::notFound  },
-    };
+    });
     for (const Row& row : rows) {
         const auto opened = AVAudioPlayer::open(file(row.name), loop, nullptr);
         ASSERT_FALSE(opened) << row.name;
@@ -172,12 +173,12 @@ TEST_F(AVAudioPlayerTest, DamagedMusicPlaysAsFarAsItGoes) {
     EXPECT_NEAR(truncated->duration(), 1.0, 0.01);
 
     std::vector<std::string> names{"whole.wav"};
-    constexpr std::pair<const char*, const char*> kEncoded[] = {
+    constexpr auto kEncoded = std::to_array<std::pair<const char*, const char*>>({
         {"song.mp3",  "libmp3lame"},
         {"song.m4a",  "aac"       },
         {"song.flac", "flac"      },
         {"song.ogg",  "libvorbis" }
-    };
+    });
     for (const auto& [name, encoder] : kEncoded) {
         if (encodeSound(file(name), encoder, 2.0, sine(440.0, 0.5)))
             names.emplace_back(name);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "media/MovieFixture.h"
 
+#include <future>
+
 namespace zelvo::media {
 
 PixelBuffer MovieTest::picture(int width, int height) {

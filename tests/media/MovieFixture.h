@@ -5,10 +5,31 @@
 #include "platform/media/AVAssetExportSession.h"
 #include "platform/media/AVAssetWriter.h"
 
-#include <future>
+#include <sys/resource.h>
+
+#include <csignal>
 #include <memory>
 
 namespace zelvo::media {
+
+/// Files may grow to so many bytes only, while this lives; as on a full disk, writing fails beyond.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit small{bytes, before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+
+    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &before); }
+
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+private:
+    rlimit before{};
+};
 
 /// Writes small movies: 160 x 90 with a green square of 40 x 40 in the middle, unless told
 /// otherwise.
@@ -25,7 +46,8 @@ protected:
         std::unique_ptr<AVAssetWriterInputPixelBufferAdaptor> adaptor;
     };
 
-    [[nodiscard]] Writing start(const std::filesystem::path& file, const VideoSettings& settings);
+    [[nodiscard]] static Writing
+    start(const std::filesystem::path& file, const VideoSettings& settings);
     [[nodiscard]] static foundation::Result<void> append(Writing& writing, int frame);
     static void finish(Writing& writing);
     void writeMovie(const std::filesystem::path& file, int frames);

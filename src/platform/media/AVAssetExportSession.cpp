@@ -20,8 +20,15 @@ using foundation::Error;
 using foundation::fail;
 using foundation::Result;
 
+/// Next to the movie, so that putting it in place is one renaming on one disk.
+std::filesystem::path unfinishedPath(const std::filesystem::path& movie) {
+    return movie.parent_path() / fmt::format(".{}.part", movie.filename().string());
+}
+
+} // namespace
+
 /// The packets of a composition's video, up to its end.
-class VideoSource {
+class AVAssetExportSession::VideoSource {
 public:
     static Result<VideoSource>
     open(const AVMutableCompositionTrack::Segment& segment, CMTime length) {
@@ -73,13 +80,6 @@ private:
     int stream = 0;
     CMTime end;
 };
-
-/// Next to the movie, so that putting it in place is one renaming on one disk.
-std::filesystem::path unfinishedPath(const std::filesystem::path& movie) {
-    return movie.parent_path() / fmt::format(".{}.part", movie.filename().string());
-}
-
-} // namespace
 
 AVAssetExportSession::AVAssetExportSession(AVMutableComposition tracks)
     : composition(std::move(tracks)) {}
@@ -136,24 +136,16 @@ Result<void> AVAssetExportSession::exportMovie() {
 }
 
 Result<void> AVAssetExportSession::writeMovie(const std::filesystem::path& file) {
-    const auto* videoTrack = composition.firstTrack(MediaType::video);
-    if (videoTrack == nullptr || !videoTrack->segment() || timeRange.start != CMTime{}) {
+    const auto* track = composition.firstTrack(MediaType::video);
+    if (track == nullptr || !track->segment() || timeRange.start != CMTime{}) {
         return fail(Cause::unsupported, "A movie needs a video that begins at 0.");
     }
-    auto video = VideoSource::open(*videoTrack->segment(), timeRange.duration);
+    auto video = VideoSource::open(*track->segment(), timeRange.duration);
     if (!video)
         return tl::unexpected(video.error());
-    const double length = video->length().seconds();
-
-    std::optional<SoundTrack> sound;
-    const auto* soundTrack = composition.firstTrack(MediaType::audio);
-    if (soundTrack != nullptr && soundTrack->segment()) {
-        const auto volume = volumeOf(soundTrack->trackID());
-        auto opened = SoundTrack::open(*soundTrack->segment(), volume, length);
-        if (!opened)
-            return tl::unexpected(opened.error());
-        sound.emplace(std::move(*opened));
-    }
+    auto sound = openSound(video->length().seconds());
+    if (!sound)
+        return tl::unexpected(sound.error());
 
     using Layout = MovieFile::Layout;
     const auto layout = shouldOptimizeForNetworkUse ? Layout::indexFirst : Layout::indexLast;
@@ -161,34 +153,45 @@ Result<void> AVAssetExportSession::writeMovie(const std::filesystem::path& file)
     if (!movie)
         return tl::unexpected(movie.error());
     const AVStream& parameters = video->parameters();
-    const int track = movie->addTrack(*parameters.codecpar, parameters.time_base);
-    if (sound)
-        sound->addTo(*movie);
-    if (auto begun = movie->begin(); !begun)
-        return begun;
+    const int videoTrack = movie->addTrack(*parameters.codecpar, parameters.time_base);
+    if (*sound)
+        (*sound)->addTo(*movie);
+    return movie->begin()
+        .and_then([&] { return copyPackets(*video, sound->get(), *movie, videoTrack); })
+        .and_then([&] { return *sound ? (*sound)->finish(*movie) : Result<void>{}; })
+        .and_then([&] { return movie->finish(); });
+}
 
-    for (;;) {
-        if (isCancelled)
-            return fail(Cause::cancelled, "The export was cancelled.");
-        const auto packet = video->next();
+/// Null without music.
+Result<std::unique_ptr<SoundTrack>> AVAssetExportSession::openSound(double length) const {
+    const auto* track = composition.firstTrack(MediaType::audio);
+    if (track == nullptr || !track->segment())
+        return nullptr;
+    auto opened = SoundTrack::open(*track->segment(), volumeOf(track->trackID()), length);
+    if (!opened)
+        return tl::unexpected(opened.error());
+    return std::make_unique<SoundTrack>(std::move(*opened));
+}
+
+/// The video as it is, the sound alongside it.
+Result<void> AVAssetExportSession::copyPackets(
+    VideoSource& video, SoundTrack* sound, MovieFile& movie, int videoTrack) {
+    const double length = video.length().seconds();
+    while (!isCancelled) {
+        const auto packet = video.next();
         if (!packet)
             return tl::unexpected(packet.error());
         if (*packet == nullptr)
-            break;
-        const double seconds = video->timeOfPacket().seconds();
+            return {};
+        const double seconds = video.timeOfPacket().seconds();
         progress_ = std::min(seconds / length, 1.0);
-        if (sound) {
-            if (auto written = sound->writeUntil(seconds, *movie); !written)
-                return written;
-        }
-        if (auto written = movie->write(**packet, track); !written)
+        auto written = sound != nullptr ? sound->writeUntil(seconds, movie) : Result<void>{};
+        if (written)
+            written = movie.write(**packet, videoTrack);
+        if (!written)
             return written;
     }
-    if (sound) {
-        if (auto finished = sound->finish(*movie); !finished)
-            return finished;
-    }
-    return movie->finish();
+    return fail(Cause::cancelled, "The export was cancelled.");
 }
 
 AVMutableAudioMixInputParameters AVAssetExportSession::volumeOf(int trackID) const {

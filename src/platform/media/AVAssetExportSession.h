@@ -9,11 +9,15 @@
 #include <atomic>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <thread>
 
 namespace zelvo::media {
+
+class MovieFile;
+class SoundTrack;
 
 /// Writes a composition to a QuickTime movie, on a thread of its own. The video passes through as
 /// it was encoded; the sound is decoded, mixed and encoded as AAC. The movie is made beside its
@@ -26,7 +30,7 @@ class AVAssetExportSession {
 public:
     enum class Status { unknown, exporting, completed, failed, cancelled };
 
-    explicit AVAssetExportSession(AVMutableComposition composition);
+    explicit AVAssetExportSession(AVMutableComposition tracks);
     ~AVAssetExportSession();
     AVAssetExportSession(const AVAssetExportSession&) = delete;
     AVAssetExportSession& operator=(const AVAssetExportSession&) = delete;
@@ -54,9 +58,14 @@ public:
     [[nodiscard]] double progress() const { return progress_; }
 
 private:
+    class VideoSource;
+
     void run(const std::function<void()>& completion);
     [[nodiscard]] foundation::Result<void> exportMovie();
     [[nodiscard]] foundation::Result<void> writeMovie(const std::filesystem::path& file);
+    [[nodiscard]] foundation::Result<std::unique_ptr<SoundTrack>> openSound(double length) const;
+    [[nodiscard]] foundation::Result<void>
+    copyPackets(VideoSource& video, SoundTrack* sound, MovieFile& movie, int videoTrack);
     [[nodiscard]] AVMutableAudioMixInputParameters volumeOf(int trackID) const;
 
     const AVMutableComposition composition;

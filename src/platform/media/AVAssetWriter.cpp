@@ -23,9 +23,9 @@ void AVAssetWriterInput::waitUntilReady() const {
 }
 
 AVAssetWriterInputPixelBufferAdaptor::AVAssetWriterInputPixelBufferAdaptor(
-    AVAssetWriterInput& assetInput, const PixelBufferPool& picturePool)
+    AVAssetWriterInput& assetInput, PixelBufferPool picturePool)
     : input(assetInput)
-    , pool(picturePool) {}
+    , pool(std::move(picturePool)) {}
 
 Result<void> AVAssetWriterInputPixelBufferAdaptor::appendPixelBuffer(
     PixelBuffer picture, CMTime presentationTime) {

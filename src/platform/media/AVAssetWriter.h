@@ -42,7 +42,8 @@ class AVAssetWriterInputPixelBufferAdaptor {
 public:
     /// Pictures of the pool are of the given size; other pictures may be appended too, and any that
     /// are not of the movie's size are scaled to it.
-    AVAssetWriterInputPixelBufferAdaptor(AVAssetWriterInput& input, const PixelBufferPool& pool);
+    AVAssetWriterInputPixelBufferAdaptor(
+        AVAssetWriterInput& assetInput, PixelBufferPool picturePool);
 
     [[nodiscard]] PixelBufferPool& pixelBufferPool() { return pool; }
 

@@ -15,11 +15,11 @@ public:
     static constexpr const char* kModeDefault = "AVAudioSessionModeDefault";
 
     /// unsupported for any other category or mode.
-    [[nodiscard]] foundation::Result<void>
+    [[nodiscard]] static foundation::Result<void>
     setCategory(const std::string& category, const std::string& mode);
 
     /// unavailable if the machine has no sound device, or no event loop runs yet.
-    [[nodiscard]] foundation::Result<void> activate();
+    [[nodiscard]] static foundation::Result<void> activate();
 };
 
 } // namespace zelvo::media

@@ -25,7 +25,7 @@ struct CMTime {
 
     /// 1/2 equals 30/60. Negative infinity equals itself only.
     [[nodiscard]] friend constexpr bool operator==(const CMTime& a, const CMTime& b) {
-        return (a <=> b) == 0;
+        return std::is_eq(a <=> b);
     }
 
     [[nodiscard]] friend constexpr std::strong_ordering

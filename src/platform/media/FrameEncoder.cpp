@@ -89,16 +89,14 @@ Result<void> FrameEncoder::append(PixelBuffer picture, CMTime time) {
 }
 
 void FrameEncoder::finish(std::function<void()> whenDone) {
-    bool isOver = !thread.joinable(); // never started, failed at once, or cancelled
     {
         const std::lock_guard lock(mutex);
-        isOver = isOver || hasEnded;
-        if (!isOver)
-            completion = std::move(whenDone);
+        if (thread.joinable() && !hasEnded)
+            completion = std::exchange(whenDone, nullptr);
     }
     frames.close();
-    if (isOver)
-        whenDone();
+    if (whenDone)
+        whenDone(); // never started, failed at once, or over by now
 }
 
 void FrameEncoder::cancel() {

@@ -19,7 +19,7 @@ class FrameEncoder {
 public:
     using Status = AVAssetWriter::Status;
 
-    explicit FrameEncoder(MovieFile file);
+    explicit FrameEncoder(MovieFile movie);
     ~FrameEncoder();
     FrameEncoder(const FrameEncoder&) = delete;
     FrameEncoder& operator=(const FrameEncoder&) = delete;
@@ -30,7 +30,7 @@ public:
     [[nodiscard]] bool isReady() const;
     void waitUntilReady() const;
     [[nodiscard]] foundation::Result<void> append(PixelBuffer picture, CMTime time);
-    void finish(std::function<void()> completion);
+    void finish(std::function<void()> whenDone);
     void cancel();
 
     [[nodiscard]] Status status() const { return status_; }
@@ -49,7 +49,7 @@ private:
     void run();
     [[nodiscard]] foundation::Result<void> encodeAll();
     [[nodiscard]] foundation::Result<void> writePacket(AVPacket& packet);
-    void fail(foundation::Error error);
+    void fail(foundation::Error why);
 
     const std::filesystem::path path;
     std::optional<MovieFile> file; // the thread's while it runs

@@ -139,7 +139,7 @@ Result<void> SoundTrack::send(AVFrame* next, MovieFile& movie) {
         return fail(Cause::unavailable, "The sound encoder failed: " + describeAVError(code) + ".");
     }
     while (avcodec_receive_packet(encoder.get(), packet.get()) == 0) {
-        const auto written = movie.write(*packet, track);
+        auto written = movie.write(*packet, track);
         av_packet_unref(packet.get());
         if (!written)
             return written;

@@ -185,7 +185,7 @@ Result<void> VideoEncoder::send(AVFrame* next, const PacketSink& sink) {
     }
     while (avcodec_receive_packet(codec.get(), packet.get()) == 0) {
         packet->duration = kTimescale / kFramesPerSecond;
-        const auto written = sink(*packet);
+        auto written = sink(*packet);
         av_packet_unref(packet.get());
         if (!written)
             return written;

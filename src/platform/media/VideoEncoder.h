@@ -37,7 +37,7 @@ private:
     VideoEncoder() = default;
 
     [[nodiscard]] foundation::Result<void> prepareFrame(const PixelBuffer& picture);
-    [[nodiscard]] foundation::Result<void> send(AVFrame* frame, const PacketSink& sink);
+    [[nodiscard]] foundation::Result<void> send(AVFrame* next, const PacketSink& sink);
 
     FFmpegPtr<AVCodecContext> codec;
     FFmpegPtr<AVFrame> frame;
