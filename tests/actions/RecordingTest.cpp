@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+#include "actions/ControllerFixture.h"
+#include "ui/shared/Signal.h"
+
+#include <gmock/gmock.h>
+
+namespace zelvo::actions {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class RecordingTest : public test::ControllerTest {};
+
+TEST_F(RecordingTest, KeepsWhatIsDoneWhileTheTimelineRuns) {
+    int runs = 0;
+    add("preview", controller.newIdentifier(), [&] { ++runs; });
+    EXPECT_EQ(runs, 1);
+    EXPECT_THAT(recordedTitles(), IsEmpty()) << "a preview leaves no trace";
+    EXPECT_FALSE(controller.undoManager.canUndo());
+
+    plays = true;
+    clock = 3.5;
+    add("kept", controller.newIdentifier(), [&] { ++runs; });
+    EXPECT_EQ(runs, 2);
+    ASSERT_THAT(recordedTitles(), ElementsAre("kept"));
+    EXPECT_EQ(controller.recordedActions()[0]->time, 3.5);
+    EXPECT_EQ(controller.recordedActions()[0]->identifier, 2);
+    EXPECT_EQ(controller.undoManager.undoTitle(), "kept");
+}
+
+TEST_F(RecordingTest, ReplaysEachRecordOnceInEachRun) {
+    plays = true;
+    std::vector<int> order;
+    for (const double at : {4.0, 3.0, 0.0, 99.0}) {
+        clock = at;
+        add("a", controller.newIdentifier(), [&order, at] {
+            order.push_back(static_cast<int>(at));
+        });
+    }
+    order.clear();
+    for (int run = 0; run < 2; ++run) {
+        controller.markAllNotRun();
+        for (const double t : {0.0, 0.02, 2.99, 3.0, 3.5, 5.0, 6.0})
+            tick(t);
+    }
+    // The record of time 0 comes with the second tick, that of 99 never.
+    EXPECT_THAT(order, ElementsAre(0, 3, 4, 0, 3, 4));
+}
+
+TEST_F(RecordingTest, RunsWhatIsDueTogetherInTheOrderOfMakingBehindTheTick) {
+    plays = true;
+    clock = 2.5;
+    std::string order;
+    add("later made", 1, [&] { order += 'a'; });
+    clock = 2.4;
+    add("earlier time", 2, [&] { order += 'b'; });
+    order.clear();
+    controller.markAllNotRun();
+    controller.run(3.0);
+    controller.run(3.1);
+    EXPECT_EQ(order, "") << "callbacks wait for the tick to end";
+    world.runLoop.drain();
+    EXPECT_EQ(order, "ab");
+}
+
+TEST_F(RecordingTest, UndoesAndRedoesAsAMirror) {
+    std::vector<std::string> messages;
+    const auto listening = std::make_shared<const bool>(true);
+    ui::signals().messageSignal.subscribe(
+        listening, [&](const std::string& text) { messages.push_back(text); });
+    plays = true;
+    add("one", controller.newIdentifier());
+    add("", controller.newIdentifier());
+    controller.undo();
+    controller.undo();
+    controller.undo(); // nothing is left: no message
+    EXPECT_THAT(recordedTitles(), IsEmpty());
+    controller.redo();
+    EXPECT_THAT(recordedTitles(), ElementsAre("one"));
+    EXPECT_THAT(messages, ElementsAre("Undo Action", "Undo one", "Redo one"));
+    controller.undo();
+    controller.redo();
+    EXPECT_THAT(recordedTitles(), ElementsAre("one"));
+    add("new", controller.newIdentifier());
+    EXPECT_FALSE(controller.undoManager.canRedo()) << "a new action ends what could be redone";
+    controller.redo();
+    EXPECT_THAT(recordedTitles(), ElementsAre("one", "new"));
+}
+
+TEST_F(RecordingTest, UndoesAWholeGestureAndRedoesItsFirstRecord) {
+    plays = true;
+    const int pan = controller.newIdentifier();
+    add("pan", pan);
+    for (int i = 0; i < 3; ++i)
+        controller.addAction([] {}, pan, "pan", RegisterUndo::no);
+    add("other", controller.newIdentifier());
+    world.runLoop.drain();
+    ASSERT_EQ(controller.recordedActions().size(), 5U);
+
+    controller.undo(); // the other
+    controller.undo(); // the gesture, all of it
+    EXPECT_THAT(recordedTitles(), IsEmpty());
+    controller.redo();
+    EXPECT_THAT(recordedTitles(), ElementsAre("pan"));
+    EXPECT_EQ(controller.recordedActions()[0]->identifier, pan);
+}
+
+TEST_F(RecordingTest, ForgetsEverything) {
+    int signals = 0;
+    const auto listening = std::make_shared<const bool>(true);
+    ui::signals().undoStateSignal.subscribe(listening, [&] { ++signals; });
+    plays = true;
+    add("gone", controller.newIdentifier());
+    controller.addAction([] {}, controller.newIdentifier(), "under way", RegisterUndo::yes);
+    signals = 0;
+    controller.deleteAll();
+    world.runLoop.drain();
+    EXPECT_THAT(recordedTitles(), IsEmpty()) << "not even what was under way";
+    EXPECT_FALSE(controller.undoManager.canUndo());
+    EXPECT_EQ(controller.newIdentifier(), 1);
+    EXPECT_EQ(stops, 1);
+    EXPECT_EQ(signals, 2);
+
+    world.runLoop.runFor(0.02); // the opening fly-in
+    beginActions();
+    EXPECT_EQ(nodes.textNode1->position.value(), glm::vec3(0, 0, -800));
+    animateTo(0.5);
+    EXPECT_EQ(nodes.mediaNode->position.value(), glm::vec3(0));
+}
+
+TEST_F(RecordingTest, NamesTheNodesOfAnAction) {
+    EXPECT_EQ(
+        ActionController::describe("Left In", {nodes.textNode1, nodes.textNode2}),
+        "Left In (TX1, TX2)");
+    EXPECT_EQ(ActionController::describe("Left In", {}), "Left In ()");
+    EXPECT_EQ(ActionController::describe("[a] \"b\"", {nodes.textNode1}), "(a) b (TX1)");
+}
+
+} // namespace
+} // namespace zelvo::actions
