@@ -3,6 +3,7 @@
 
 #include "platform/foundation/Result.h"
 #include "platform/image/Image.h"
+#include "platform/render/Size.h"
 #include "platform/scene/SCNSceneRenderer.h"
 
 #include <cstdint>
@@ -11,13 +12,6 @@
 #include <string>
 
 namespace zelvo::render {
-
-struct Size {
-    int width = 0; ///< pixels
-    int height = 0;
-
-    friend bool operator==(const Size&, const Size&) = default;
-};
 
 /// How the bytes of a finished frame are laid out.
 enum class PixelFormat {
@@ -51,6 +45,10 @@ struct FrameTimes {
     int frames = 0;
 };
 
+/// Who scales the drawn picture down and converts it. On the CPU both are cheaper outside of a
+/// software driver's shaders; a graphics card does them before it sends the picture.
+enum class Downscaling { automatic, cpu, gpu };
+
 /// The offscreen renderer. Draws without a window system through EGL, on a graphics card or in
 /// software.
 ///
@@ -62,7 +60,8 @@ public:
     static constexpr int kFramesInFlight = 3;
 
     /// Errors: unavailable (no EGL display, no OpenGL 4.5) with what the driver said.
-    [[nodiscard]] static foundation::Result<std::unique_ptr<SCNRenderer>> make();
+    [[nodiscard]] static foundation::Result<std::unique_ptr<SCNRenderer>>
+    make(Downscaling downscaling = Downscaling::automatic);
     ~SCNRenderer() override;
 
     bool jitteringEnabled = false;

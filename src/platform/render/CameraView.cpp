@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/CameraView.h"
+
+#include <glm/geometric.hpp>
+#include <glm/matrix.hpp>
+#include <glm/trigonometric.hpp>
+
+#include <cmath>
+
+namespace zelvo::render {
+
+glm::mat4 reversedPerspective(float fieldOfView, float aspect, float zNear, float zFar) {
+    const float f = 1.0f / std::tan(fieldOfView * 0.5f);
+    glm::mat4 m(0);
+    m[0][0] = f / aspect;
+    m[1][1] = f;
+    m[2][2] = zNear / (zFar - zNear);
+    m[2][3] = -1;
+    m[3][2] = zNear * zFar / (zFar - zNear);
+    return m;
+}
+
+glm::mat4 reversedOrthographic(float halfWidth, float halfHeight, float zNear, float zFar) {
+    glm::mat4 m(1);
+    m[0][0] = 1.0f / halfWidth;
+    m[1][1] = 1.0f / halfHeight;
+    m[2][2] = 1.0f / (zFar - zNear);
+    m[3][2] = zFar / (zFar - zNear);
+    return m;
+}
+
+CameraView
+makeCameraView(const glm::mat4& nodeToWorld, const scene::SCNCamera& camera, float aspect) {
+    CameraView result;
+    result.position = glm::vec3(nodeToWorld[3]);
+    for (int axis = 0; axis < 3; ++axis) {
+        const glm::vec3 column(nodeToWorld[axis]);
+        const float length = glm::length(column);
+        if (length > 0)
+            result.axes[axis] = column / length;
+    }
+    glm::mat4 placed(result.axes);
+    placed[3] = glm::vec4(result.position, 1);
+    result.view = glm::inverse(placed);
+    result.projection = reversedPerspective(
+        static_cast<float>(glm::radians(camera.fieldOfView)),
+        aspect,
+        static_cast<float>(camera.zNear),
+        static_cast<float>(camera.zFar));
+    result.viewProjection = result.projection * result.view;
+    return result;
+}
+
+Frustum::Frustum(const glm::mat4& viewProjection) {
+    // Gribb and Hartmann 2001, "Fast Extraction of Viewing Frustum Planes from the
+    // World-View-Projection Matrix"
+    const glm::mat4 rows = glm::transpose(viewProjection);
+    planes = {
+        rows[3] + rows[0],
+        rows[3] - rows[0],
+        rows[3] + rows[1],
+        rows[3] - rows[1],
+        rows[2],
+        rows[3] - rows[2]};
+}
+
+bool Frustum::mayContain(const geometry::Box& box, const glm::mat4& toWorld) const {
+    const glm::vec3 center = glm::vec3(toWorld * glm::vec4((box.min + box.max) * 0.5f, 1));
+    const glm::mat3 half(
+        glm::vec3(toWorld[0]) * ((box.max.x - box.min.x) * 0.5f),
+        glm::vec3(toWorld[1]) * ((box.max.y - box.min.y) * 0.5f),
+        glm::vec3(toWorld[2]) * ((box.max.z - box.min.z) * 0.5f));
+    for (const glm::vec4& plane : planes) {
+        const glm::vec3 normal(plane);
+        const float reach = std::abs(glm::dot(normal, half[0])) +
+                            std::abs(glm::dot(normal, half[1])) +
+                            std::abs(glm::dot(normal, half[2]));
+        if (glm::dot(normal, center) + plane.w < -reach)
+            return false;
+    }
+    return true;
+}
+
+} // namespace zelvo::render

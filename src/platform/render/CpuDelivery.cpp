@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/AreaResampler.h"
+#include "platform/render/FrameDelivery.h"
+#include "platform/render/YuvRows.h"
+
+#include <epoxy/gl.h>
+
+namespace zelvo::render {
+namespace {
+
+/// For drivers that draw into main memory anyway: fetching the drawn picture is a copy, and plain
+/// loops scale it faster than a software shader.
+class CpuDelivery final : public FrameDelivery {
+public:
+    void queue(const DrawnFrame& /*frame*/, GraphicsState& /*state*/, UniformArena& /*uniforms*/)
+        override {}
+
+    [[nodiscard]] std::span<const std::uint8_t> fetch(const DrawnFrame& frame) override {
+        const Size size = frame.outputSize;
+        drawn.resize(byteCount(frame.drawnSize, PixelFormat::rgba8));
+        glBindFramebuffer(GL_READ_FRAMEBUFFER, frame.framebuffer);
+        glReadPixels(
+            0,
+            0,
+            frame.drawnSize.width,
+            frame.drawnSize.height,
+            GL_RGBA,
+            GL_UNSIGNED_BYTE,
+            drawn.data());
+        if (!resampler || resampledSize != frame.drawnSize || resampler->outputSize() != size) {
+            resampler.emplace(frame.drawnSize, size);
+            resampledSize = frame.drawnSize;
+        }
+        output.resize(byteCount(size, frame.format));
+        const std::size_t rowBytes = static_cast<std::size_t>(size.width) * 4;
+        if (frame.format == PixelFormat::rgba8) {
+            for (int y = 0; y < size.height; ++y) {
+                resampler->writeRow(
+                    drawn, y, output.data() + static_cast<std::size_t>(y) * rowBytes);
+            }
+            return output;
+        }
+        rows.resize(rowBytes * 2);
+        for (int y = 0; y < size.height; y += 2) {
+            resampler->writeRow(drawn, y, rows.data());
+            resampler->writeRow(drawn, y + 1, rows.data() + rowBytes);
+            writeYuvRows(rows.data(), y, size, output);
+        }
+        return output;
+    }
+
+private:
+    std::optional<AreaResampler> resampler;
+    Size resampledSize;
+    std::vector<std::uint8_t> drawn;
+    std::vector<std::uint8_t> rows; ///< two, while they are still hot in the cache
+    std::vector<std::uint8_t> output;
+};
+
+} // namespace
+
+std::unique_ptr<FrameDelivery> makeCpuDelivery() {
+    return std::make_unique<CpuDelivery>();
+}
+
+std::size_t byteCount(Size size, PixelFormat format) {
+    const auto pixels =
+        static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height);
+    return format == PixelFormat::rgba8 ? pixels * 4 : pixels * 3 / 2;
+}
+
+} // namespace zelvo::render

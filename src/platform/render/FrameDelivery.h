@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/render/GraphicsState.h"
+#include "platform/render/SCNRenderer.h"
+#include "platform/render/UniformArena.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace zelvo::render {
+
+/// A drawn picture on its way to the caller.
+struct DrawnFrame {
+    std::size_t slot = 0; ///< below SCNRenderer::kFramesInFlight; a slot's picture is fetched
+                          ///< before it is queued anew
+    std::uint32_t framebuffer = 0;
+    std::uint32_t texture = 0; ///< its colour
+    Size drawnSize;
+    Size outputSize;
+    PixelFormat format = PixelFormat::rgba8;
+};
+
+/// Scales drawn pictures down, brings them to their pixel format and to memory.
+class FrameDelivery {
+public:
+    virtual ~FrameDelivery() = default;
+
+    /// Right after the picture was drawn; does not wait for it.
+    virtual void queue(const DrawnFrame& frame, GraphicsState& state, UniformArena& uniforms) = 0;
+    /// Once the graphics side is done; the bytes are valid until the next call.
+    [[nodiscard]] virtual std::span<const std::uint8_t> fetch(const DrawnFrame& frame) = 0;
+};
+
+[[nodiscard]] std::unique_ptr<FrameDelivery> makeCpuDelivery();
+[[nodiscard]] std::unique_ptr<FrameDelivery> makeGpuDelivery();
+
+/// Of a picture in its pixel format.
+[[nodiscard]] std::size_t byteCount(Size size, PixelFormat format);
+
+} // namespace zelvo::render

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/GraphicsState.h"
+
+#include "platform/foundation/Check.h"
+
+#include <epoxy/gl.h>
+
+namespace zelvo::render {
+namespace {
+
+struct BlendRow {
+    GLenum equation;
+    GLenum source;
+    GLenum target;
+};
+
+/// In the order of Blend. Multiply: the shader has already mixed the colour with white by its
+/// alpha.
+constexpr auto kBlends = std::to_array<BlendRow>({
+    {GL_FUNC_ADD,              GL_ONE,       GL_ZERO               },
+    {GL_FUNC_ADD,              GL_ONE,       GL_ONE_MINUS_SRC_ALPHA},
+    {GL_FUNC_ADD,              GL_ONE,       GL_ONE                },
+    {GL_FUNC_REVERSE_SUBTRACT, GL_ONE,       GL_ONE                },
+    {GL_FUNC_ADD,              GL_DST_COLOR, GL_ZERO               },
+    {GL_FUNC_ADD,              GL_ONE,       GL_ONE_MINUS_SRC_COLOR}
+});
+
+constexpr auto kDepthFunctions =
+    std::to_array<GLenum>({GL_ALWAYS, GL_GREATER, GL_GEQUAL, GL_EQUAL});
+
+void toggle(GLenum capability, bool isOn) {
+    if (isOn) {
+        glEnable(capability);
+    } else {
+        glDisable(capability);
+    }
+}
+
+void setDepth(DepthTest test, DepthWrite write) {
+    toggle(GL_DEPTH_TEST, test != DepthTest::off);
+    glDepthFunc(kDepthFunctions.at(static_cast<std::size_t>(test)));
+    glDepthMask(write == DepthWrite::on ? GL_TRUE : GL_FALSE);
+}
+
+void setBlend(Blend blend) {
+    const BlendRow& row = kBlends.at(static_cast<std::size_t>(blend));
+    toggle(GL_BLEND, blend != Blend::off);
+    glBlendEquationSeparate(row.equation, GL_FUNC_ADD);
+    // The target stays opaque whatever is drawn.
+    glBlendFuncSeparate(row.source, row.target, GL_ZERO, GL_ONE);
+}
+
+} // namespace
+
+void GraphicsState::forget() {
+    *this = GraphicsState();
+    glClipControl(GL_UPPER_LEFT, GL_ZERO_TO_ONE);
+    glClearDepth(0);
+    glDisable(GL_SCISSOR_TEST);
+    glDisable(GL_STENCIL_TEST);
+    glDisable(GL_FRAMEBUFFER_SRGB);
+    glDisable(GL_DITHER);
+    glEnable(GL_TEXTURE_CUBE_MAP_SEAMLESS);
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    setDepthOffset(0, 0);
+    set({});
+}
+
+void GraphicsState::bindFramebuffer(std::uint32_t name, Size size) {
+    if (framebuffer != name)
+        glBindFramebuffer(GL_FRAMEBUFFER, name);
+    if (viewport != size)
+        glViewport(0, 0, size.width, size.height);
+    framebuffer = name;
+    viewport = size;
+}
+
+void GraphicsState::useProgram(std::uint32_t name) {
+    if (program == name)
+        return;
+    glUseProgram(name);
+    program = name;
+}
+
+void GraphicsState::bindVertexArray(std::uint32_t name) {
+    if (vertexArray == name)
+        return;
+    glBindVertexArray(name);
+    vertexArray = name;
+}
+
+void GraphicsState::bindTexture(std::uint32_t unit, std::uint32_t texture, std::uint32_t sampler) {
+    std::optional<Texture>& bound = textures.at(unit);
+    if (!bound || bound->texture != texture)
+        glBindTextureUnit(unit, texture);
+    if (!bound || bound->sampler != sampler)
+        glBindSampler(unit, sampler);
+    bound = Texture{texture, sampler};
+}
+
+void GraphicsState::bindUniforms( // NOLINT(readability-convert-member-functions-to-static): state
+                                  // of the context
+    std::uint32_t binding,
+    std::uint32_t buffer,
+    std::size_t offset,
+    std::size_t size) {
+    glBindBufferRange(
+        GL_UNIFORM_BUFFER,
+        binding,
+        buffer,
+        static_cast<GLintptr>(offset),
+        static_cast<GLsizeiptr>(size));
+}
+
+void GraphicsState::set(const RasterState& state) {
+    const bool all = !raster;
+    const RasterState old = raster.value_or(RasterState{});
+    raster = state;
+    if (!all && old == state)
+        return;
+    if (all || old.depthTest != state.depthTest || old.depthWrite != state.depthWrite) {
+        setDepth(state.depthTest, state.depthWrite);
+    }
+    if (all || old.culling != state.culling)
+        toggle(GL_CULL_FACE, state.culling == Culling::backFaces);
+    if (all || old.winding != state.winding) {
+        glFrontFace(state.winding == Winding::counterClockwise ? GL_CCW : GL_CW);
+    }
+    if (all || old.fill != state.fill) {
+        glPolygonMode(GL_FRONT_AND_BACK, state.fill == Fill::faces ? GL_FILL : GL_LINE);
+    }
+    if (all || old.colorWrite != state.colorWrite) {
+        const GLboolean on = state.colorWrite == ColorWrite::on ? GL_TRUE : GL_FALSE;
+        glColorMask(on, on, on, on);
+    }
+    if (all || old.blend != state.blend)
+        setBlend(state.blend);
+}
+
+void GraphicsState::setDepthOffset( // NOLINT(readability-convert-member-functions-to-static): state
+                                    // of the context
+    float units,
+    float slope) {
+    toggle(GL_POLYGON_OFFSET_FILL, units != 0 || slope != 0);
+    glPolygonOffset(-slope, -units); // depth is reversed
+}
+
+void GraphicsState::clearDepth() {
+    set({}); // clearing obeys the write masks
+    glClear(GL_DEPTH_BUFFER_BIT);
+}
+
+void GraphicsState::clearColor(float red, float green, float blue) {
+    set({});
+    glClearColor(red, green, blue, 1);
+    glClear(GL_COLOR_BUFFER_BIT);
+}
+
+void GraphicsState::forgetBindings() {
+    program.reset();
+    vertexArray.reset();
+    textures = {};
+}
+
+} // namespace zelvo::render

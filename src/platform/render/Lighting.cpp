@@ -1,0 +1,241 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/Lighting.h"
+
+#include "platform/render/MaterialBinding.h"
+
+#include <fmt/format.h>
+#include <glm/geometric.hpp>
+#include <glm/matrix.hpp>
+#include <glm/trigonometric.hpp>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zelvo::render {
+namespace {
+
+using scene::SCNLight;
+using scene::SCNLightType;
+
+constexpr float kNominalIntensity = 1000;
+constexpr float kLeastHalfExtent = 500; ///< scene units, of a directional light's map
+constexpr float kExtentStep = 1.1f;     ///< the map's extent grows in steps, lest its texels crawl
+constexpr int kLargestMap = 4096;
+
+/// Right, up, backwards of an eye that looks along the direction.
+glm::mat3 axesLooking(const glm::vec3& direction) {
+    const glm::vec3 up = std::abs(direction.y) > 0.99f ? glm::vec3(0, 0, 1) : glm::vec3(0, 1, 0);
+    const glm::vec3 right = glm::normalize(glm::cross(direction, up));
+    return {right, glm::cross(right, direction), -direction};
+}
+
+glm::mat4 viewFrom(const glm::mat3& axes, const glm::vec3& position) {
+    glm::mat4 placed(axes);
+    placed[3] = glm::vec4(position, 1);
+    return glm::inverse(placed);
+}
+
+/// Clip space to texture coordinates: row 0 of a map is the top one.
+glm::mat4 clipToTexture() {
+    glm::mat4 m(1);
+    m[0][0] = 0.5f;
+    m[1][1] = -0.5f;
+    m[3] = {0.5f, 0.5f, 0, 1};
+    return m;
+}
+
+/// The box around all casters in the space of the given axes.
+geometry::Box castersIn(const glm::mat3& axes, const Snapshot& snapshot) {
+    geometry::Box result;
+    for (const VisibleNode& node : snapshot.nodes()) {
+        if (!node.castsShadow)
+            continue;
+        const geometry::Box box = node.geometry->boundingBox();
+        for (unsigned corner = 0; corner < 8; ++corner) {
+            const glm::vec4 point(
+                (corner & 1U) != 0 ? box.max.x : box.min.x,
+                (corner & 2U) != 0 ? box.max.y : box.min.y,
+                (corner & 4U) != 0 ? box.max.z : box.min.z,
+                1);
+            result.include(glm::vec3(node.world * point) * axes);
+        }
+    }
+    return result;
+}
+
+float steppedUp(float extent) {
+    return std::pow(kExtentStep, std::ceil(std::log(extent) / std::log(kExtentStep)));
+}
+
+void setTaps(ShadowView& view, const SCNLight& light) {
+    view.mapSize = std::clamp(light.shadowMapSize, 16, kLargestMap);
+    view.tapsPerSide =
+        std::clamp(std::round(std::sqrt(static_cast<float>(light.shadowSampleCount))), 1.0f, 3.0f);
+    const float texels = std::max(1.0f, 2.0f * light.shadowRadius / view.tapsPerSide);
+    view.tapSpacing = texels / static_cast<float>(view.mapSize);
+}
+
+void fitDirectional(ShadowView& view, const PlacedLight& light, const Snapshot& snapshot) {
+    const glm::mat3 axes = axesLooking(light.direction);
+    geometry::Box box = castersIn(axes, snapshot);
+    if (box.isEmpty())
+        box = {glm::vec3(0), glm::vec3(0)};
+    const glm::vec3 half = (box.max - box.min) * 0.5f;
+    const float margin = 1.05f; // the soft edge needs some room
+    const float extent =
+        std::max(kLeastHalfExtent, steppedUp(std::max({half.x, half.y, 1.0f}) * margin));
+    const float texel = 2 * extent / static_cast<float>(view.mapSize);
+    const glm::vec3 middle = (box.max + box.min) * 0.5f;
+    const glm::vec3 eye(
+        std::round(middle.x / texel) * texel, std::round(middle.y / texel) * texel, box.max.z + 1);
+    view.viewProjection = reversedOrthographic(extent, extent, 0, box.max.z - box.min.z + 2) *
+                          viewFrom(axes, axes * eye);
+    view.receiverShift = 1.5f * texel;
+}
+
+void fitSpot(ShadowView& view, const PlacedLight& placed, const Snapshot& snapshot) {
+    const SCNLight& light = *placed.light;
+    const glm::mat3 axes = axesLooking(placed.direction);
+    const auto angle =
+        static_cast<float>(glm::radians(std::clamp(light.spotOuterAngle, 1.0, 170.0)));
+    view.viewProjection =
+        reversedPerspective(
+            angle, 1, static_cast<float>(light.zNear), static_cast<float>(light.zFar)) *
+        viewFrom(axes, placed.position);
+    const geometry::Box box = castersIn(axes, snapshot);
+    const float distance =
+        box.isEmpty() ? 1.0f : std::max(1.0f, glm::dot(placed.position, axes[2]) - box.min.z);
+    view.receiverShift =
+        3.0f * distance * std::tan(angle * 0.5f) / static_cast<float>(view.mapSize);
+}
+
+bool castsShadow(const SCNLight& light) {
+    const bool canCast =
+        light.type == SCNLightType::directional || light.type == SCNLightType::spot;
+    return light.castsShadow && canCast && light.shadowColor.alpha > 0;
+}
+
+/// The shadow view of a light; count of views if it has none.
+std::size_t viewOf(std::span<const ShadowView> shadows, std::uint32_t light) {
+    std::size_t i = 0;
+    while (i < shadows.size() && shadows[i].light != light) {
+        ++i;
+    }
+    return i;
+}
+
+/// Directional, omni, spot, in each those with shadows first; the order that the shader expects.
+int rank(SCNLightType type, bool hasShadow) {
+    const int kind = type == SCNLightType::directional ? 0 : type == SCNLightType::omni ? 1 : 2;
+    return kind * 2 + (hasShadow ? 0 : 1);
+}
+
+glm::vec3 radiance(const SCNLight& light) {
+    return linearColor(light.color) *
+           static_cast<float>(light.intensity.presented() / kNominalIntensity);
+}
+
+void writeLight(LightBlock& block, std::size_t i, const PlacedLight& placed) {
+    const SCNLight& light = *placed.light;
+    const bool isDirectional = light.type == SCNLightType::directional;
+    block.lightPosition.at(i) = glm::vec4(isDirectional ? -placed.direction : placed.position, 1);
+    block.lightColor.at(i) = glm::vec4(radiance(light), 0);
+    if (light.type != SCNLightType::spot)
+        return;
+    // Angles are those of the whole cone; the shader smoothsteps from the outer cosine to the inner
+    // one.
+    const double outer = std::cos(glm::radians(std::clamp(light.spotOuterAngle, 1.0, 359.0)) * 0.5);
+    const double inner =
+        std::cos(glm::radians(std::clamp(light.spotInnerAngle, 0.0, light.spotOuterAngle)) * 0.5);
+    const double scale = 1.0 / std::max(inner - outer, 1e-4);
+    block.lightAxis.at(i) = glm::vec4(placed.direction, static_cast<float>(scale));
+    block.lightColor.at(i).w = static_cast<float>(-outer * scale);
+}
+
+void writeShadow(LightBlock& block, std::size_t i, const ShadowView& view, const SCNLight& light) {
+    block.lightShadow.at(i) = {
+        light.shadowColor.alpha, view.tapSpacing, view.tapsPerSide, view.receiverShift};
+    block.shadowMatrix.at(i) = view.toTexture;
+}
+
+} // namespace
+
+std::vector<ShadowView> shadowViews(const Snapshot& snapshot) {
+    std::vector<ShadowView> views;
+    const std::span<const PlacedLight> lights = snapshot.lights();
+    for (std::uint32_t i = 0; i < lights.size() && views.size() < kMaxShadows; ++i) {
+        if (!castsShadow(*lights[i].light))
+            continue;
+        ShadowView view;
+        view.light = i;
+        setTaps(view, *lights[i].light);
+        if (lights[i].light->type == SCNLightType::directional) {
+            fitDirectional(view, lights[i], snapshot);
+        } else {
+            fitSpot(view, lights[i], snapshot);
+        }
+        view.toTexture = clipToTexture() * view.viewProjection;
+        views.push_back(view);
+    }
+    return views;
+}
+
+std::uint32_t LightCounts::key() const {
+    return static_cast<std::uint32_t>(
+        directional | directionalShadows << 4 | omni << 7 | spot << 11 | spotShadows << 15);
+}
+
+std::vector<std::string> LightCounts::defines() const {
+    return {
+        fmt::format("DIRECTIONAL_COUNT {}", directional),
+        fmt::format("DIRECTIONAL_SHADOWS {}", directionalShadows),
+        fmt::format("OMNI_COUNT {}", omni),
+        fmt::format("SPOT_COUNT {}", spot),
+        fmt::format("SPOT_SHADOWS {}", spotShadows)};
+}
+
+LightSet makeLightSet(
+    std::span<const PlacedLight> lights, std::span<const ShadowView> shadows, std::uint32_t mask) {
+    LightSet set;
+    set.mask = mask;
+    std::array<std::uint32_t, kMaxLights> chosen{};
+    std::size_t count = 0;
+    for (std::uint32_t i = 0; i < lights.size(); ++i) {
+        const SCNLight& light = *lights[i].light;
+        if ((light.categoryBitMask & mask) == 0)
+            continue;
+        if (light.type == SCNLightType::ambient) {
+            set.block.ambient += glm::vec4(radiance(light), 0);
+        } else if (count < chosen.size()) {
+            chosen.at(count++) = i;
+        }
+    }
+    const auto rankOf = [&](std::uint32_t i) {
+        return rank(lights[i].light->type, viewOf(shadows, i) < shadows.size());
+    };
+    std::stable_sort(
+        chosen.begin(), chosen.begin() + static_cast<std::ptrdiff_t>(count), [&](auto a, auto b) {
+            return rankOf(a) < rankOf(b);
+        });
+    std::size_t maps = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const PlacedLight& placed = lights[chosen.at(i)];
+        const std::size_t view = viewOf(shadows, chosen.at(i));
+        const int shadow = view < shadows.size() ? 1 : 0;
+        writeLight(set.block, i, placed);
+        if (shadow == 1) {
+            writeShadow(set.block, i, shadows[view], *placed.light);
+            set.shadowViews.at(maps++) = static_cast<std::uint32_t>(view);
+        }
+        const bool isDirectional = placed.light->type == SCNLightType::directional;
+        const bool isSpot = placed.light->type == SCNLightType::spot;
+        set.counts.directional += isDirectional ? 1 : 0;
+        set.counts.directionalShadows += isDirectional ? shadow : 0;
+        set.counts.spot += isSpot ? 1 : 0;
+        set.counts.spotShadows += isSpot ? shadow : 0;
+        set.counts.omni += isDirectional || isSpot ? 0 : 1;
+    }
+    return set;
+}
+
+} // namespace zelvo::render

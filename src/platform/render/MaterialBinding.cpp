@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/MaterialBinding.h"
+
+#include <glm/geometric.hpp>
+
+namespace zelvo::render {
+namespace {
+
+using scene::SCNLightingModel;
+using scene::SCNMaterial;
+using scene::SCNMaterialProperty;
+
+constexpr float kDielectric = 0.5f; ///< 4 % at normal incidence
+constexpr float kDefaultRoughness = 0.5f;
+
+struct SlotRow {
+    Unit unit;
+    SCNMaterialProperty SCNMaterial::*slot;
+    const char* define;
+};
+
+constexpr auto kSlots = std::to_array<SlotRow>({
+    {kDiffuseUnit,          &SCNMaterial::diffuse,          "HAS_DIFFUSE_PICTURE"          },
+    {kSpecularUnit,         &SCNMaterial::specular,         "HAS_SPECULAR_PICTURE"         },
+    {kEmissionUnit,         &SCNMaterial::emission,         "HAS_EMISSION_PICTURE"         },
+    {kTransparentUnit,      &SCNMaterial::transparent,      "HAS_TRANSPARENT_PICTURE"      },
+    {kReflectiveUnit,       &SCNMaterial::reflective,       "HAS_REFLECTIVE_PICTURE"       },
+    {kMultiplyUnit,         &SCNMaterial::multiply,         "HAS_MULTIPLY_PICTURE"         },
+    {kNormalUnit,           &SCNMaterial::normal,           "HAS_NORMAL_PICTURE"           },
+    {kAmbientOcclusionUnit, &SCNMaterial::ambientOcclusion, "HAS_AMBIENT_OCCLUSION_PICTURE"},
+    {kSelfIlluminationUnit, &SCNMaterial::selfIllumination, "HAS_SELF_ILLUMINATION_PICTURE"},
+    {kMetalnessUnit,        &SCNMaterial::metalness,        "HAS_METALNESS_PICTURE"        },
+    {kRoughnessUnit,        &SCNMaterial::roughness,        "HAS_ROUGHNESS_PICTURE"        },
+});
+static_assert(kSlots.size() == kSlotUnitCount);
+
+struct FeatureRow {
+    std::uint32_t feature;
+    const char* define;
+};
+
+constexpr auto kFeatures = std::to_array<FeatureRow>({
+    {kLit,             "LIT"                 },
+    {kPassThrough,     "PASS_THROUGH"        },
+    {kDiffuseHasHoles, "DIFFUSE_HAS_HOLES"   },
+    {kRgbZero,         "TRANSPARENT_RGB_ZERO"},
+    {kSlotTransforms,  "SLOT_TRANSFORMS"     },
+    {kDoubleSided,     "DOUBLE_SIDED"        },
+    {kTranslucent,     "TRANSLUCENT"         },
+    {kMultiplyBlend,   "MULTIPLY_BLEND"      },
+    {kEnvironment,     "HAS_ENVIRONMENT"     },
+    {kToneMap,         "TONE_MAP"            },
+});
+
+/// A colour slot's part in the shader: the linear colour, or white where a picture gives it, times
+/// the intensity.
+glm::vec4 colorFactor(const SCNMaterialProperty& slot, const glm::vec3& empty) {
+    if (slot.isEmpty())
+        return glm::vec4(empty, 0);
+    return glm::vec4(linearColor(slot.colorOr(image::Color::white(1))) * slot.intensity, 0);
+}
+
+/// A data slot's number: not encoded, a colour counts by its red.
+float dataFactor(const SCNMaterialProperty& slot, float empty) {
+    if (slot.isEmpty())
+        return empty;
+    return slot.colorOr(image::Color::white(1)).red * slot.intensity;
+}
+
+bool hasOneTransform(const MaterialBinding& binding) {
+    const SCNMaterialProperty* first = nullptr;
+    for (const SCNMaterialProperty* slot : binding.pictures) {
+        if (slot == nullptr)
+            continue;
+        if (first != nullptr && first->contentsTransform != slot->contentsTransform)
+            return false;
+        first = slot;
+    }
+    return true;
+}
+
+void bindPictures(MaterialBinding& binding, const SCNMaterial& material, PictureHoles& holes) {
+    for (const SlotRow& row : kSlots) {
+        const SCNMaterialProperty& slot = material.*row.slot;
+        if (!slot.image())
+            continue;
+        binding.pictures.at(row.unit) = &slot;
+        binding.features |= slotFeature(row.unit);
+        binding.item.uvTransform = slot.contentsTransform;
+    }
+    if (!hasOneTransform(binding))
+        binding.features |= kSlotTransforms;
+    if (holes.isIn(material.diffuse.image()))
+        binding.features |= kDiffuseHasHoles;
+}
+
+/// An unlit material of nothing but a diffuse colour or picture is drawn without leaving its
+/// encoding, which keeps every value exact.
+bool passesThrough(const MaterialBinding& binding, const SCNMaterial& material) {
+    constexpr std::uint32_t kAllowed = slotFeature(kDiffuseUnit) | slotFeature(kTransparentUnit);
+    constexpr std::uint32_t kSlotBits = (1U << kSlotUnitCount) - 1;
+    return material.lightingModelName == SCNLightingModel::constant &&
+           binding.modifier == nullptr && (binding.features & kSlotBits & ~kAllowed) == 0;
+}
+
+glm::vec3 encoded(const glm::vec3& linear) {
+    return {
+        image::sRGBFromLinear(linear.r),
+        image::sRGBFromLinear(linear.g),
+        image::sRGBFromLinear(linear.b)};
+}
+
+} // namespace
+
+std::vector<std::string> featureDefines(std::uint32_t features) {
+    std::vector<std::string> defines;
+    for (const SlotRow& row : kSlots) {
+        if ((features & slotFeature(row.unit)) != 0)
+            defines.emplace_back(row.define);
+    }
+    for (const FeatureRow& row : kFeatures) {
+        if ((features & row.feature) != 0)
+            defines.emplace_back(row.define);
+    }
+    return defines;
+}
+
+glm::vec3 linearColor(const image::Color& color) {
+    return {
+        image::linearFromSRGB(color.red),
+        image::linearFromSRGB(color.green),
+        image::linearFromSRGB(color.blue)};
+}
+
+float constantOpacity(const SCNMaterial& material) {
+    float opacity = material.transparency;
+    if (const auto* color = std::get_if<image::Color>(&material.diffuse.contents))
+        opacity *= color->alpha;
+    const SCNMaterialProperty& slot = material.transparent;
+    if (slot.isEmpty() || slot.image())
+        return opacity;
+    const image::Color color = slot.colorOr(image::Color::white(1));
+    if (material.transparencyMode == scene::SCNTransparencyMode::rgbZero) {
+        return opacity *
+               (1 - slot.intensity *
+                        glm::dot(linearColor(color), glm::vec3(0.2126f, 0.7152f, 0.0722f)));
+    }
+    const bool isNumber = std::holds_alternative<float>(slot.contents);
+    return opacity * glm::mix(1.0f, isNumber ? color.red : color.alpha, slot.intensity);
+}
+
+MaterialBinding bindMaterial(const SCNMaterial& material, PictureHoles& holes) {
+    MaterialBinding binding;
+    bindPictures(binding, material, holes);
+    const auto modifier =
+        material.shaderModifiers.find(scene::SCNShaderModifierEntryPoint::surface);
+    if (modifier != material.shaderModifiers.end())
+        binding.modifier = &modifier->second;
+
+    ItemBlock& item = binding.item;
+    item.diffuse = colorFactor(material.diffuse, glm::vec3(1));
+    item.emission = colorFactor(material.emission, glm::vec3(0));
+    item.emission.w = material.normal.intensity;
+    item.specular = colorFactor(material.specular, glm::vec3(kDielectric));
+    item.specular.w = material.reflective.intensity;
+    item.multiply = colorFactor(material.multiply, glm::vec3(1));
+    item.selfIllumination = colorFactor(material.selfIllumination, glm::vec3(0));
+    item.factors = {
+        dataFactor(material.roughness, kDefaultRoughness),
+        dataFactor(material.metalness, 0),
+        material.ambientOcclusion.image() ? material.ambientOcclusion.intensity
+                                          : dataFactor(material.ambientOcclusion, 1),
+        material.transparent.intensity};
+
+    if (material.lightingModelName == SCNLightingModel::physicallyBased)
+        binding.features |= kLit;
+    if (material.isDoubleSided)
+        binding.features |= kDoubleSided;
+    if (material.transparencyMode == scene::SCNTransparencyMode::rgbZero)
+        binding.features |= kRgbZero;
+    if (passesThrough(binding, material)) {
+        binding.features |= kPassThrough;
+        const glm::vec3 color(item.diffuse * (1.0f + item.selfIllumination) + item.emission);
+        item.diffuse =
+            glm::vec4(encoded(glm::clamp(color * glm::vec3(item.multiply), 0.0f, 1.0f)), 0);
+    }
+    return binding;
+}
+
+SlotBlock slotTransforms(const MaterialBinding& binding) {
+    SlotBlock block;
+    for (std::size_t unit = 0; unit < kSlotUnitCount; ++unit) {
+        const SCNMaterialProperty* slot = binding.pictures.at(unit);
+        block.slotTransform.at(unit) = slot != nullptr ? slot->contentsTransform : glm::mat4(1);
+    }
+    return block;
+}
+
+} // namespace zelvo::render

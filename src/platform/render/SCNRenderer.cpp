@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/SCNRenderer.h"
+
+#include "platform/foundation/Check.h"
+#include "platform/render/Context.h"
+#include "platform/render/FrameDelivery.h"
+#include "platform/render/FrameDrawer.h"
+
+#include <epoxy/gl.h>
+
+#include <array>
+#include <cmath>
+
+namespace zelvo::render {
+namespace {
+
+constexpr int kMaxDrawnSide = 8192;
+
+/// What a frame in flight has for itself.
+struct Slot {
+    explicit Slot(int uniformAlignment)
+        : uniforms(uniformAlignment) {}
+
+    TextureHandle color;
+    FramebufferHandle framebuffer;
+    UniformArena uniforms;
+    DrawnFrame frame;
+    GLsync done = nullptr;
+};
+
+TextureHandle makeTexture(GLenum format, Size size) {
+    GLuint name = 0;
+    glCreateTextures(GL_TEXTURE_2D, 1, &name);
+    glTextureStorage2D(name, 1, format, size.width, size.height);
+    return TextureHandle(name);
+}
+
+Size drawnSizeOf(const FrameRequest& request) {
+    const auto scaled = [&request](int side) {
+        return static_cast<int>(std::lround(side * request.oversampling));
+    };
+    return {scaled(request.outputSize.width), scaled(request.outputSize.height)};
+}
+
+void checkRequest(const FrameRequest& request) {
+    const Size size = request.outputSize;
+    CHECK(size.width > 0 && size.height > 0, "a picture of {} x {}", size.width, size.height);
+    CHECK(
+        request.oversampling >= 1 && request.oversampling <= 4,
+        "an oversampling of {}",
+        request.oversampling);
+    const Size drawn = drawnSizeOf(request);
+    CHECK(
+        drawn.width <= kMaxDrawnSide && drawn.height <= kMaxDrawnSide,
+        "a picture drawn at {} x {}",
+        drawn.width,
+        drawn.height);
+    const bool isEven = size.width % 2 == 0 && size.height % 2 == 0;
+    CHECK(
+        request.format == PixelFormat::rgba8 || isEven,
+        "odd planes of {} x {}",
+        size.width,
+        size.height);
+}
+
+double noTime() {
+    return 0;
+}
+
+} // namespace
+
+struct SCNRenderer::State {
+    State(std::unique_ptr<HeadlessContext> made, Downscaling downscaling)
+        : context(std::move(made))
+        , device(readDeviceInfo())
+        , drawer(device)
+        , slots{
+              Slot(device.uniformAlignment),
+              Slot(device.uniformAlignment),
+              Slot(device.uniformAlignment)} {
+        const bool onCpu = downscaling == Downscaling::automatic ? device.isSoftware
+                                                                 : downscaling == Downscaling::cpu;
+        delivery = onCpu ? makeCpuDelivery() : makeGpuDelivery();
+    }
+
+    void ensureTargets(Slot& slot, Size size);
+    static void await(Slot& slot);
+
+    std::unique_ptr<HeadlessContext> context; // first in, last out: all below lives in it
+    DeviceInfo device;
+    FrameDrawer drawer;
+    std::unique_ptr<FrameDelivery> delivery;
+    TextureHandle depth; ///< shared: the frames are drawn one after the other
+    Size depthSize;
+    std::array<Slot, kFramesInFlight> slots;
+    std::size_t begun = 0; ///< since the start; a frame's slot is its number modulo kFramesInFlight
+    std::size_t finished = 0;
+    FrameTimes times;
+    double (*stopwatch)() = noTime;
+};
+
+void SCNRenderer::State::ensureTargets(Slot& slot, Size size) {
+    const bool isFramebufferRight =
+        slot.framebuffer && slot.frame.drawnSize == size && depthSize == size;
+    if (isFramebufferRight)
+        return;
+    drawer.forgetState();
+    if (depthSize != size) {
+        depth = makeTexture(GL_DEPTH_COMPONENT32F, size);
+        depthSize = size;
+    }
+    if (!slot.color || slot.frame.drawnSize != size)
+        slot.color = makeTexture(GL_RGBA8, size);
+    GLuint name = 0;
+    glCreateFramebuffers(1, &name);
+    slot.framebuffer = FramebufferHandle(name);
+    glNamedFramebufferTexture(name, GL_COLOR_ATTACHMENT0, slot.color.name(), 0);
+    glNamedFramebufferTexture(name, GL_DEPTH_ATTACHMENT, depth.name(), 0);
+}
+
+void SCNRenderer::State::await(Slot& slot) {
+    constexpr GLuint64 kOneSecond = 1'000'000'000;
+    while (glClientWaitSync(slot.done, GL_SYNC_FLUSH_COMMANDS_BIT, kOneSecond) ==
+           GL_TIMEOUT_EXPIRED) {
+    }
+    glDeleteSync(slot.done);
+    slot.done = nullptr;
+}
+
+foundation::Result<std::unique_ptr<SCNRenderer>> SCNRenderer::make(Downscaling downscaling) {
+    auto context = HeadlessContext::make();
+    if (!context)
+        return tl::unexpected(context.error());
+    std::unique_ptr<SCNRenderer> renderer(new SCNRenderer());
+    renderer->state = std::make_unique<State>(std::move(*context), downscaling);
+    return renderer;
+}
+
+SCNRenderer::SCNRenderer() = default;
+
+SCNRenderer::~SCNRenderer() {
+    if (!state)
+        return;
+    state->context->makeCurrent();
+    glFinish();
+}
+
+void SCNRenderer::begin(const FrameRequest& request) {
+    checkRequest(request);
+    CHECK(scene() != nullptr, "no scene is attached to the renderer");
+    CHECK(framesInFlight() < kFramesInFlight, "{} frames are in flight already", framesInFlight());
+    const double start = state->stopwatch();
+    update(request.time);
+    const scene::SCNScenePtr drawn = scene();
+    if (delegate != nullptr)
+        delegate->rendererWillRenderScene(*this, *drawn, request.time);
+    const double animated = state->stopwatch();
+
+    state->context->makeCurrent();
+    const std::size_t index = state->begun % kFramesInFlight;
+    Slot& slot = state->slots.at(index);
+    const Size drawnSize = drawnSizeOf(request);
+    state->ensureTargets(slot, drawnSize);
+    slot.frame = {
+        index,
+        slot.framebuffer.name(),
+        slot.color.name(),
+        drawnSize,
+        request.outputSize,
+        request.format};
+    state->drawer.draw(
+        *drawn, pointOfView.get(), {slot.framebuffer.name(), drawnSize}, slot.uniforms);
+    state->delivery->queue(slot.frame, state->drawer.graphicsState(), slot.uniforms);
+    slot.done = glFenceSync(GL_SYNC_GPU_COMMANDS_COMPLETE, 0);
+    glFlush();
+    ++state->begun;
+    if (delegate != nullptr)
+        delegate->rendererDidRenderScene(*this, *drawn, request.time);
+    state->times.animateMs += 1000 * (animated - start);
+    state->times.drawMs += 1000 * (state->stopwatch() - animated);
+}
+
+FrameView SCNRenderer::finish() {
+    CHECK(framesInFlight() > 0, "no frame has been begun");
+    const double start = state->stopwatch();
+    state->context->makeCurrent();
+    Slot& slot = state->slots.at(state->finished % kFramesInFlight);
+    ++state->finished;
+    State::await(slot);
+    const double drawn = state->stopwatch();
+    const FrameView view{
+        slot.frame.outputSize, slot.frame.format, state->delivery->fetch(slot.frame)};
+    // A software driver draws on the same cores: waiting for it is drawing, not reading back.
+    double& waited = state->device.isSoftware ? state->times.drawMs : state->times.readBackMs;
+    waited += 1000 * (drawn - start);
+    state->times.readBackMs += 1000 * (state->stopwatch() - drawn);
+    ++state->times.frames;
+    return view;
+}
+
+int SCNRenderer::framesInFlight() const {
+    return static_cast<int>(state->begun - state->finished);
+}
+
+image::Image SCNRenderer::snapshotAtTime(double time, Size outputSize, double oversampling) {
+    CHECK(framesInFlight() == 0, "a snapshot in the middle of {} frames", framesInFlight());
+    begin({time, outputSize, oversampling, PixelFormat::rgba8});
+    const FrameView view = finish();
+    image::Image picture(outputSize.width, outputSize.height);
+    picture.pixels.assign(view.bytes.begin(), view.bytes.end());
+    return picture;
+}
+
+const FrameTimes& SCNRenderer::times() const {
+    return state->times;
+}
+
+void SCNRenderer::resetTimes() {
+    state->times = {};
+}
+
+std::string SCNRenderer::deviceName() const {
+    return state->device.name;
+}
+
+bool SCNRenderer::isSoftware() const {
+    return state->device.isSoftware;
+}
+
+void SCNRenderer::setStopwatch(double (*seconds)()) {
+    state->stopwatch = seconds != nullptr ? seconds : noTime;
+}
+
+} // namespace zelvo::render

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <glm/mat4x4.hpp>
+#include <glm/vec4.hpp>
+
+#include <array>
+#include <string>
+
+namespace zelvo::render {
+
+// What C++ and the shaders share. Each block is written once, as a list of its fields; the struct
+// and the GLSL text are both made of it. Only vec4 and mat4 are used, whose std140 layout is that
+// of glm.
+
+inline constexpr int kMaxLights = 8;  ///< a frame
+inline constexpr int kMaxShadows = 4; ///< lights of a frame that cast shadows
+
+/// Uniform block bindings.
+enum Binding : std::uint32_t {
+    kFrameBinding = 0,
+    kLightBinding = 1,
+    kItemBinding = 2,
+    kSlotBinding = 3
+};
+
+/// Texture units. The first eleven are material slots.
+enum Unit : std::uint32_t {
+    kDiffuseUnit = 0,
+    kSpecularUnit,
+    kEmissionUnit,
+    kTransparentUnit,
+    kReflectiveUnit,
+    kMultiplyUnit,
+    kNormalUnit,
+    kAmbientOcclusionUnit,
+    kSelfIlluminationUnit,
+    kMetalnessUnit,
+    kRoughnessUnit,
+    kSlotUnitCount,
+    kShadowUnit = 12, ///< and the three above
+    kProbeUnit = 16,
+    kPictureUnit = 17, ///< what a full-screen pass reads
+    kDepthUnit = 18,
+};
+
+template <class T> using PerLight = std::array<T, kMaxLights>;
+
+// clang-format off
+#define ZELVO_FRAME_BLOCK(ONE, LIST)                                                                      \
+    ONE(mat4, viewProjection)                                                                             \
+    ONE(mat4, view)                                                                                       \
+    ONE(vec4, cameraPosition)   /* xyz in the world */                                                    \
+    ONE(vec4, frame)            /* x scene seconds, y exposure factor, z environment's intensity */       \
+    LIST(vec4, irradiance, 9)   /* rgb, see image::LightProbe */
+
+#define ZELVO_LIGHT_BLOCK(ONE, LIST)                                                                      \
+    ONE(vec4, ambient)                /* rgb */                                                           \
+    LIST(vec4, lightPosition, 8)      /* xyz in the world; of a directional light, the unit way to it */  \
+    LIST(vec4, lightAxis, 8)          /* xyz unit, where a spot looks; w scale of its cone */             \
+    LIST(vec4, lightColor, 8)         /* rgb, 1 is nominal; w offset of the cone */                       \
+    LIST(vec4, lightShadow, 8)        /* x strength, y tap spacing, z taps a side, w receiver's shift */  \
+    LIST(mat4, shadowMatrix, 8)       /* world to shadow map, 0 to 1 */
+
+#define ZELVO_ITEM_BLOCK(ONE, LIST)                                                                       \
+    ONE(mat4, world)                                                                                      \
+    ONE(mat4, normalMatrix)                                                                               \
+    ONE(mat4, uvTransform)                                                                                \
+    ONE(vec4, diffuse)          /* rgb linear (or as encoded: PASS_THROUGH), a opacity */                 \
+    ONE(vec4, emission)         /* rgb linear, w intensity of the normal map */                           \
+    ONE(vec4, specular)         /* rgb, 0.5 is 4 % at normal incidence; w intensity of the reflection */  \
+    ONE(vec4, multiply)         /* rgb linear */                                                          \
+    ONE(vec4, selfIllumination) /* rgb linear */                                                          \
+    ONE(vec4, factors)          /* roughness, metalness, ambient occlusion, transparency */
+
+#define ZELVO_SLOT_BLOCK(ONE, LIST)                                                                       \
+    LIST(mat4, slotTransform, 11)
+// clang-format on
+
+#define ZELVO_ONE(type, name) glm::type name{};
+#define ZELVO_LIST(type, name, count) std::array<glm::type, count> name{};
+
+struct FrameBlock {
+    ZELVO_FRAME_BLOCK(ZELVO_ONE, ZELVO_LIST)
+};
+
+struct LightBlock {
+    ZELVO_LIGHT_BLOCK(ZELVO_ONE, ZELVO_LIST)
+};
+
+struct ItemBlock {
+    ZELVO_ITEM_BLOCK(ZELVO_ONE, ZELVO_LIST)
+};
+
+/// Bound only for materials whose slots have different contents transforms.
+struct SlotBlock {
+    ZELVO_SLOT_BLOCK(ZELVO_ONE, ZELVO_LIST)
+};
+
+#undef ZELVO_ONE
+#undef ZELVO_LIST
+
+static_assert(sizeof(LightBlock::lightColor) == sizeof(glm::vec4) * kMaxLights);
+static_assert(sizeof(SlotBlock::slotTransform) == sizeof(glm::mat4) * kSlotUnitCount);
+
+/// The GLSL text of all of the above; goes before every shader.
+[[nodiscard]] const std::string& sharedDeclarations();
+
+} // namespace zelvo::render

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/render/GraphicsState.h"
+#include "platform/render/Lighting.h"
+#include "platform/render/MeshStore.h"
+#include "platform/render/SurfaceShaders.h"
+#include "platform/render/UniformArena.h"
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+namespace zelvo::render {
+
+/// Draws the depth of all casters from each shadow view. A map whose view and casters are as they
+/// were last time is kept as it is.
+class ShadowPass {
+public:
+    struct Tools {
+        GraphicsState& state;
+        MeshStore& meshes;
+        SurfaceShaders& shaders;
+        UniformArena& uniforms;
+    };
+
+    void draw(const Tools& tools, const Snapshot& snapshot, std::span<const ShadowView> views);
+
+    /// The depth texture of a view.
+    [[nodiscard]] std::uint32_t texture(std::size_t view) const {
+        return maps.at(view).depth.name();
+    }
+
+private:
+    struct Map {
+        TextureHandle depth;
+        FramebufferHandle framebuffer;
+        int size = 0;
+        std::uint64_t content = 0; ///< hash of what was drawn
+    };
+
+    static void ensureSize(Map& map, int size, GraphicsState& state);
+    static void drawCasters(const Tools& tools, const Snapshot& snapshot, const ShadowView& view);
+
+    std::array<Map, kMaxShadows> maps;
+};
+
+} // namespace zelvo::render

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/Snapshot.h"
+
+#include "platform/render/MaterialBinding.h"
+
+#include <glm/geometric.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <tuple>
+
+namespace zelvo::render {
+namespace {
+
+using scene::SCNMaterial;
+using scene::SCNNode;
+
+const SCNMaterial& defaultMaterial() {
+    static const SCNMaterial kMaterial;
+    return kMaterial;
+}
+
+const SCNNode* firstWithCamera(const SCNNode& node) {
+    if (node.camera)
+        return &node;
+    for (const scene::SCNNodePtr& child : node.childNodes()) {
+        if (const SCNNode* found = firstWithCamera(*child))
+            return found;
+    }
+    return nullptr;
+}
+
+/// The node's place with its axes turned to the camera's, its size kept.
+glm::mat4 facing(const glm::mat4& world, const glm::mat3& axes) {
+    glm::mat4 result = world;
+    for (int axis = 0; axis < 3; ++axis) {
+        result[axis] = glm::vec4(axes[axis] * glm::length(glm::vec3(world[axis])), 0);
+    }
+    return result;
+}
+
+} // namespace
+
+bool Snapshot::isTranslucent(const SCNMaterial& material, float opacity) {
+    using scene::SCNBlendMode;
+    if (opacity * constantOpacity(material) < 1 - kInvisible)
+        return true;
+    if (material.blendMode != SCNBlendMode::alpha && material.blendMode != SCNBlendMode::replace)
+        return true;
+    return material.transparent.image() != nullptr || holes.isIn(material.diffuse.image());
+}
+
+void Snapshot::take(const scene::SCNScene& scene, const SCNNode* pointOfView, float aspect) {
+    nodes_.clear();
+    opaque_.clear();
+    translucent_.clear();
+    lights_.clear();
+    placeCamera(scene, pointOfView, aspect);
+    const Frustum frustum(camera_.viewProjection);
+    walk(*scene.rootNode(), {glm::mat4(1), 1}, frustum);
+    std::sort(opaque_.begin(), opaque_.end(), [](const DrawItem& a, const DrawItem& b) {
+        return std::tie(a.sortDepth, a.node, a.element) < std::tie(b.sortDepth, b.node, b.element);
+    });
+    std::sort(translucent_.begin(), translucent_.end(), [](const DrawItem& a, const DrawItem& b) {
+        return std::tie(b.sortDepth, a.node, a.element) < std::tie(a.sortDepth, b.node, b.element);
+    });
+}
+
+void Snapshot::placeCamera(const scene::SCNScene& scene, const SCNNode* pointOfView, float aspect) {
+    const SCNNode* node = pointOfView != nullptr ? pointOfView : firstWithCamera(*scene.rootNode());
+    sceneCamera_ = node != nullptr ? node->camera.get() : nullptr;
+    const scene::SCNCamera fallback;
+    camera_ = makeCameraView(
+        node != nullptr ? node->worldTransform() : glm::mat4(1),
+        sceneCamera_ != nullptr ? *sceneCamera_ : fallback,
+        aspect);
+}
+
+void Snapshot::walk(const SCNNode& node, const Inherited& inherited, const Frustum& frustum) {
+    if (node.isHidden)
+        return;
+    Inherited own{inherited.world * node.transform(), inherited.opacity * node.opacity.presented()};
+    if (node.isBillboard)
+        own.world = facing(own.world, camera_.axes);
+    if (node.light && node.light->intensity.presented() > 0) {
+        const glm::vec3 backwards(own.world[2]);
+        const float length = glm::length(backwards);
+        lights_.push_back(
+            {node.light.get(),
+             glm::vec3(own.world[3]),
+             length > 0 ? -backwards / length : glm::vec3(0, 0, -1)});
+    }
+    if (node.geometry && own.opacity >= kInvisible)
+        addNode(node, own, frustum);
+    for (const scene::SCNNodePtr& child : node.childNodes()) {
+        walk(*child, own, frustum);
+    }
+}
+
+void Snapshot::addNode(const SCNNode& node, const Inherited& own, const Frustum& frustum) {
+    const geometry::Mesh& mesh = node.geometry->mesh();
+    if (mesh.indices.empty())
+        return;
+    const geometry::Box box = node.geometry->boundingBox();
+    const bool isInView = frustum.mayContain(box, own.world);
+    if (!isInView && !node.castsShadow)
+        return;
+
+    VisibleNode visible{
+        own.world,
+        node.geometry.get(),
+        own.opacity,
+        node.categoryBitMask,
+        node.castsShadow,
+        isInView,
+        0,
+        0};
+    const glm::vec4 depthOf =
+        -glm::vec4(camera_.view[0][2], camera_.view[1][2], camera_.view[2][2], camera_.view[3][2]);
+    const glm::vec3 half = (box.max - box.min) * 0.5f;
+    visible.middle = glm::dot(depthOf, own.world * glm::vec4((box.min + box.max) * 0.5f, 1));
+    visible.farthest = visible.middle + std::abs(glm::dot(depthOf, own.world[0])) * half.x +
+                       std::abs(glm::dot(depthOf, own.world[1])) * half.y +
+                       std::abs(glm::dot(depthOf, own.world[2])) * half.z;
+    nodes_.push_back(visible);
+    if (isInView)
+        addItems(static_cast<std::uint32_t>(nodes_.size() - 1));
+}
+
+void Snapshot::addItems(std::uint32_t index) {
+    const VisibleNode& node = nodes_[index];
+    const geometry::Mesh& mesh = node.geometry->mesh();
+    for (std::uint32_t element = 0; element < mesh.elements.size(); ++element) {
+        if (mesh.elements[element].indexCount == 0)
+            continue;
+        const SCNMaterial* material = node.geometry->materialFor(element);
+        if (material == nullptr)
+            material = &defaultMaterial();
+        if (node.opacity * constantOpacity(*material) < kInvisible)
+            continue;
+        // Opaque by the farthest corner: a floor that reaches to the horizon comes after what
+        // stands on it.
+        if (isTranslucent(*material, node.opacity)) {
+            translucent_.push_back({index, element, material, node.middle, true});
+        } else {
+            opaque_.push_back({index, element, material, node.farthest, false});
+        }
+    }
+}
+
+} // namespace zelvo::render

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/render/Handles.h"
+#include "platform/render/Lighting.h"
+#include "platform/render/MaterialBinding.h"
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <unordered_map>
+
+namespace zelvo::render {
+
+/// The surface shader in as many shapes as materials and lights ask for; each is built when it is
+/// first needed.
+class SurfaceShaders {
+public:
+    /// A modifier that does not compile is said once on the console, and the material is drawn
+    /// without it.
+    [[nodiscard]] std::uint32_t
+    program(std::uint32_t features, const LightCounts& lights, const std::string* modifier);
+
+    enum class DepthOnly { whole, screenDoor };
+    [[nodiscard]] std::uint32_t depthProgram(DepthOnly kind);
+
+private:
+    [[nodiscard]] std::uint32_t modifierIndex(const std::string& text);
+
+    std::unordered_map<std::uint64_t, ProgramHandle> programs;
+    std::map<std::string, std::uint32_t>
+        modifiers; ///< to numbers from 1 on; 0 marks one that does not compile
+    ProgramHandle depth;
+    ProgramHandle screenDoor;
+};
+
+} // namespace zelvo::render

@@ -1,0 +1,254 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/TextureStore.h"
+
+#include <epoxy/gl.h>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+
+namespace zelvo::render {
+namespace {
+
+using image::Image;
+using image::ImagePtr;
+using image::LightProbe;
+using scene::SCNWrapMode;
+
+constexpr float kMaxAnisotropy = 8;
+
+GLint wrapOf(SCNWrapMode mode) {
+    switch (mode) {
+    case SCNWrapMode::clamp:
+        return GL_CLAMP_TO_EDGE;
+    case SCNWrapMode::repeat:
+        return GL_REPEAT;
+    case SCNWrapMode::clampToBorder:
+        return GL_CLAMP_TO_BORDER;
+    case SCNWrapMode::mirror:
+        return GL_MIRRORED_REPEAT;
+    }
+    return GL_REPEAT;
+}
+
+Image premultiplied(const Image& picture) {
+    Image result = picture;
+    for (std::size_t i = 0; i < result.pixels.size(); i += 4) {
+        const unsigned alpha = result.pixels[i + 3];
+        for (std::size_t c = i; c < i + 3; ++c) {
+            result.pixels[c] = static_cast<std::uint8_t>((result.pixels[c] * alpha + 127) / 255);
+        }
+    }
+    return result;
+}
+
+/// Bilinear, of pixels with their middles at half coordinates.
+Image resized(const Image& picture, int width, int height) {
+    if (picture.width == width && picture.height == height)
+        return picture;
+    Image result(width, height);
+    for (int y = 0; y < height; ++y) {
+        const double sy = (y + 0.5) * picture.height / height - 0.5;
+        const int y0 = std::clamp(static_cast<int>(std::floor(sy)), 0, picture.height - 1);
+        const int y1 = std::min(y0 + 1, picture.height - 1);
+        const double fy = std::clamp(sy - y0, 0.0, 1.0);
+        for (int x = 0; x < width; ++x) {
+            const double sx = (x + 0.5) * picture.width / width - 0.5;
+            const int x0 = std::clamp(static_cast<int>(std::floor(sx)), 0, picture.width - 1);
+            const int x1 = std::min(x0 + 1, picture.width - 1);
+            const double fx = std::clamp(sx - x0, 0.0, 1.0);
+            const auto at = [&picture](int column, int row, int c) {
+                return static_cast<double>(
+                    picture
+                        .pixels[static_cast<std::size_t>((row * picture.width + column) * 4 + c)]);
+            };
+            for (int c = 0; c < 4; ++c) {
+                const double top = std::lerp(at(x0, y0, c), at(x1, y0, c), fx);
+                const double bottom = std::lerp(at(x0, y1, c), at(x1, y1, c), fx);
+                result.pixels[static_cast<std::size_t>((y * width + x) * 4 + c)] =
+                    static_cast<std::uint8_t>(std::lround(std::lerp(top, bottom, fy)));
+            }
+        }
+    }
+    return result;
+}
+
+TextureHandle makeTexture(GLenum target) {
+    GLuint name = 0;
+    glCreateTextures(target, 1, &name);
+    return TextureHandle(name);
+}
+
+SamplerHandle makeSampler(GLint wrapS, GLint wrapT, GLint minify) {
+    GLuint name = 0;
+    glCreateSamplers(1, &name);
+    glSamplerParameteri(name, GL_TEXTURE_WRAP_S, wrapS);
+    glSamplerParameteri(name, GL_TEXTURE_WRAP_T, wrapT);
+    glSamplerParameteri(name, GL_TEXTURE_MIN_FILTER, minify);
+    glSamplerParameteri(name, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    return SamplerHandle(name);
+}
+
+int levelCount(int width, int height) {
+    return std::bit_width(static_cast<unsigned>(std::max(width, height)));
+}
+
+TextureHandle uploaded(const Image& picture, bool hasLevels) {
+    TextureHandle texture = makeTexture(GL_TEXTURE_2D);
+    const int levels = hasLevels ? levelCount(picture.width, picture.height) : 1;
+    glTextureStorage2D(texture.name(), levels, GL_RGBA8, picture.width, picture.height);
+    glTextureSubImage2D(
+        texture.name(),
+        0,
+        0,
+        0,
+        picture.width,
+        picture.height,
+        GL_RGBA,
+        GL_UNSIGNED_BYTE,
+        picture.pixels.data());
+    if (hasLevels)
+        glGenerateTextureMipmap(texture.name());
+    return texture;
+}
+
+template <class Map> bool dropExpired(Map& map) {
+    return std::erase_if(map, [](const auto& entry) { return entry.second.owner.expired(); }) > 0;
+}
+
+} // namespace
+
+TextureStore::TextureStore(const DeviceInfo& deviceInfo, PictureHoles& pictureHoles)
+    : device(deviceInfo)
+    , holes(pictureHoles) {}
+
+std::uint32_t TextureStore::picture(const ImagePtr& picture, PictureUse use) {
+    Kept<Image>& entry = pictures[{picture.get(), use}];
+    // An address may come back for another picture; the first one's weak pointer has then expired.
+    if (entry.texture && !entry.owner.expired())
+        return entry.texture.name();
+    entry.owner = picture;
+    const bool hasLevels = use != PictureUse::backdrop;
+    if (use != PictureUse::data && holes.isIn(picture)) {
+        entry.texture = uploaded(premultiplied(*picture), hasLevels);
+    } else {
+        entry.texture = uploaded(*picture, hasLevels);
+    }
+    return entry.texture.name();
+}
+
+std::uint32_t TextureStore::cube(const scene::CubeImages& faces) {
+    bool isSame = static_cast<bool>(cubeTexture);
+    int side = 1;
+    for (std::size_t i = 0; i < faces.size(); ++i) {
+        isSame = isSame && cubeFaces.at(i).lock() == faces.at(i);
+        if (faces.at(i))
+            side = std::max({side, faces.at(i)->width, faces.at(i)->height});
+    }
+    if (isSame)
+        return cubeTexture.name();
+    cubeTexture = makeTexture(GL_TEXTURE_CUBE_MAP);
+    glTextureStorage2D(cubeTexture.name(), 1, GL_RGBA8, side, side);
+    for (std::size_t i = 0; i < faces.size(); ++i) {
+        cubeFaces.at(i) = faces.at(i);
+        const Image face =
+            faces.at(i) ? resized(premultiplied(*faces.at(i)), side, side) : Image(side, side);
+        glTextureSubImage3D(
+            cubeTexture.name(),
+            0,
+            0,
+            0,
+            static_cast<GLint>(i),
+            side,
+            side,
+            1,
+            GL_RGBA,
+            GL_UNSIGNED_BYTE,
+            face.pixels.data());
+    }
+    return cubeTexture.name();
+}
+
+std::uint32_t TextureStore::probe(const std::shared_ptr<const LightProbe>& probe) {
+    Kept<LightProbe>& entry = probes[probe.get()];
+    if (entry.texture && !entry.owner.expired())
+        return entry.texture.name();
+    entry.owner = probe;
+    entry.texture = makeTexture(GL_TEXTURE_2D_ARRAY);
+    glTextureStorage3D(
+        entry.texture.name(),
+        1,
+        GL_RGB16F,
+        LightProbe::kSide,
+        LightProbe::kSide,
+        LightProbe::kLevels);
+    for (int level = 0; level < LightProbe::kLevels; ++level) {
+        glTextureSubImage3D(
+            entry.texture.name(),
+            0,
+            0,
+            0,
+            level,
+            LightProbe::kSide,
+            LightProbe::kSide,
+            1,
+            GL_RGB,
+            GL_HALF_FLOAT,
+            probe->specular.at(static_cast<std::size_t>(level)).data());
+    }
+    return entry.texture.name();
+}
+
+std::uint32_t TextureStore::white() {
+    if (!whiteTexture) {
+        Image pixel(1, 1);
+        std::fill(pixel.pixels.begin(), pixel.pixels.end(), std::uint8_t{255});
+        whiteTexture = uploaded(pixel, false);
+    }
+    return whiteTexture.name();
+}
+
+std::uint32_t TextureStore::sampler(SCNWrapMode wrapS, SCNWrapMode wrapT) {
+    SamplerHandle& sampler = samplers[{wrapS, wrapT}];
+    if (!sampler) {
+        // On the CPU every further fetch is dear: one level, four texels.
+        const GLint minify = device.isSoftware ? GL_LINEAR_MIPMAP_NEAREST : GL_LINEAR_MIPMAP_LINEAR;
+        sampler = makeSampler(wrapOf(wrapS), wrapOf(wrapT), minify);
+        if (device.maxAnisotropy > 1) {
+            glSamplerParameterf(
+                sampler.name(),
+                GL_TEXTURE_MAX_ANISOTROPY_EXT,
+                std::min(kMaxAnisotropy, device.maxAnisotropy));
+        }
+    }
+    return sampler.name();
+}
+
+std::uint32_t TextureStore::smoothSampler() {
+    if (!smooth)
+        smooth = makeSampler(GL_CLAMP_TO_EDGE, GL_CLAMP_TO_EDGE, GL_LINEAR);
+    return smooth.name();
+}
+
+std::uint32_t TextureStore::backdropSampler() {
+    if (!backdrop)
+        backdrop = makeSampler(GL_REPEAT, GL_CLAMP_TO_EDGE, GL_LINEAR);
+    return backdrop.name();
+}
+
+std::uint32_t TextureStore::shadowSampler() {
+    if (!shadow) {
+        shadow = makeSampler(GL_CLAMP_TO_EDGE, GL_CLAMP_TO_EDGE, GL_LINEAR);
+        glSamplerParameteri(shadow.name(), GL_TEXTURE_COMPARE_MODE, GL_COMPARE_REF_TO_TEXTURE);
+        glSamplerParameteri(shadow.name(), GL_TEXTURE_COMPARE_FUNC, GL_GEQUAL);
+    }
+    return shadow.name();
+}
+
+bool TextureStore::prune() {
+    const bool droppedPictures = dropExpired(pictures);
+    const bool droppedProbes = dropExpired(probes);
+    return droppedPictures || droppedProbes;
+}
+
+} // namespace zelvo::render

@@ -1,0 +1,53 @@
+// The physically based surface: Lambert and GGX in the metallic-roughness form. The same formulas stand in Shading.cpp.
+
+struct Shading {
+    vec3 N;
+    vec3 V;
+    float NoV;
+    vec3 albedo;
+    vec3 f0;
+    float roughness; // perceptual
+    float alpha;     // its square
+    vec3 energy;     // what reflecting more than once gives back
+};
+
+// Karis 2014, "Physically Based Shading on Mobile": scale and bias of f0, an analytic fit of the split sum's second part.
+vec2 environmentFit(float roughness, float NoV) {
+    const vec4 c0 = vec4(-1.0, -0.0275, -0.572, 0.022);
+    const vec4 c1 = vec4(1.0, 0.0425, 1.04, -0.04);
+    vec4 r = roughness * c0 + c1;
+    float a004 = min(r.x * r.x, exp2(-9.28 * NoV)) * r.x + r.y;
+    return vec2(-1.04, 1.04) * a004 + r.zw;
+}
+
+// Walter et al. 2007, "Microfacet Models for Refraction through Rough Surfaces" (GGX), times pi;
+// Hammon 2017, "PBR Diffuse Lighting for GGX+Smith Microsurfaces": fit of the height-correlated Smith visibility;
+// Schlick 1994, "An Inexpensive BRDF Model for Physically-based Rendering".
+vec3 specularLobe(Shading s, float NoL, float NoH, float LoH) {
+    float a2 = s.alpha * s.alpha;
+    float k = (NoH * a2 - NoH) * NoH + 1.0;
+    float q = 1.0 - LoH;
+    float q2 = q * q;
+    vec3 F = s.f0 + (1.0 - s.f0) * (q2 * q2 * q);
+    // alpha is at least 0.0036, so the divisor stays above 1e-10 wherever NoL > 0
+    float DV = a2 * 0.5 / max(k * k * mix(2.0 * NoL * s.NoV, NoL + s.NoV, s.alpha), 1e-10);
+    return F * DV;
+}
+
+// What light of irradiance 1 from L sends to the eye.
+vec3 reflected(Shading s, vec3 L) {
+    float NoL = clamp(dot(s.N, L), 0.0, 1.0);
+    vec3 H = normalize(s.V + L);
+    float NoH = clamp(dot(s.N, H), 0.0, 1.0);
+    float LoH = clamp(dot(L, H), 0.0, 1.0);
+    return NoL * (s.albedo + s.energy * specularLobe(s, NoL, NoH, LoH));
+}
+
+// Tokuyoshi and Kaplanyan 2019, "Improved Geometric Specular Antialiasing": where the normal turns within a pixel the
+// highlight is widened, so that narrow bevels do not sparkle.
+float widenedAlpha(vec3 N, float alpha) {
+    vec3 dx = dFdx(N);
+    vec3 dy = dFdy(N);
+    float kernel = min(0.5 * (dot(dx, dx) + dot(dy, dy)), 0.18);
+    return sqrt(min(alpha * alpha + kernel, 1.0));
+}

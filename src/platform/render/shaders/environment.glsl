@@ -1,0 +1,31 @@
+// Image-based light (Karis 2013, "Real Shading in Unreal Engine 4": split sum), from image::LightProbe.
+layout(binding = UNIT_PROBE) uniform sampler2DArray uProbe;
+
+const float kProbeInner = 128.0; // texels of a side without its border
+const float kProbeSide = 130.0;
+const float kProbeLevels = 7.0;
+
+// Ramamoorthi and Hanrahan 2001, "An Efficient Representation for Irradiance Environment Maps".
+vec3 irradianceAt(vec3 n) {
+    return max(
+        irradiance[0].rgb + irradiance[1].rgb * n.y + irradiance[2].rgb * n.z + irradiance[3].rgb * n.x
+            + irradiance[4].rgb * (n.x * n.y) + irradiance[5].rgb * (n.y * n.z)
+            + irradiance[6].rgb * (3.0 * n.z * n.z - 1.0) + irradiance[7].rgb * (n.x * n.z)
+            + irradiance[8].rgb * (n.x * n.x - n.y * n.y),
+        vec3(0.0));
+}
+
+vec3 prefiltered(vec3 direction, float roughness) {
+    vec2 uv = (octahedral(direction) * kProbeInner + 1.0) / kProbeSide;
+    float level = roughness * (kProbeLevels - 1.0);
+    float lower = floor(level);
+    vec3 a = textureLod(uProbe, vec3(uv, lower), 0.0).rgb;
+    vec3 b = textureLod(uProbe, vec3(uv, min(lower + 1.0, kProbeLevels - 1.0)), 0.0).rgb;
+    return mix(a, b, level - lower);
+}
+
+vec3 environmentAt(Shading s, vec2 fit, float ambientOcclusion) {
+    vec3 R = reflect(-s.V, s.N);
+    vec3 specularPart = prefiltered(R, s.roughness) * (s.f0 * fit.x + fit.y) * s.energy;
+    return (irradianceAt(s.N) * s.albedo + specularPart) * (ambientOcclusion * frame.z);
+}

@@ -1,0 +1,28 @@
+// Scales the drawn picture down: every output pixel is the mean of the area it covers, in linear light approximated by
+// the square of the encoded value (which keeps flat colours exact).
+layout(location = 0) in vec2 vScreen;
+layout(location = 0) out vec4 oColor;
+layout(binding = UNIT_PICTURE) uniform sampler2D uPicture;
+
+void main() {
+    // frame: drawn pixels per output pixel, horizontally and vertically
+    vec2 start = floor(gl_FragCoord.xy) * frame.xy;
+    vec2 end = start + frame.xy;
+    ivec2 first = ivec2(floor(start + 1e-3));
+    ivec2 last = ivec2(ceil(end - 1e-3)) - 1;
+    vec3 sum = vec3(0.0);
+    float weights = 0.0;
+    for (int y = first.y; y <= last.y; ++y) {
+        float h = min(end.y, float(y) + 1.0) - max(start.y, float(y));
+        for (int x = first.x; x <= last.x; ++x) {
+            float w = h * (min(end.x, float(x) + 1.0) - max(start.x, float(x)));
+            vec3 c = texelFetch(uPicture, ivec2(x, y), 0).rgb;
+            sum += w * c * c;
+            weights += w;
+        }
+    }
+    // ordered thresholds (Bayer 1973) instead of plain rounding: whole values stay, gradients do not band
+    ivec2 cell = ivec2(gl_FragCoord.xy) & 1;
+    float threshold = (float[4](0.0, 2.0, 3.0, 1.0)[cell.y * 2 + cell.x] - 1.5) * 0.25;
+    oColor = vec4(sqrt(sum / weights) + threshold / 255.0, 1.0);
+}

@@ -1,0 +1,93 @@
+// A surface's colour: slots, modifier, light.
+layout(location = 0) in vec3 vPosition;
+layout(location = 1) in vec3 vNormal;
+#ifdef HAS_NORMAL_PICTURE
+layout(location = 2) in vec4 vTangent;
+#endif
+#ifdef HAS_TEXCOORD
+layout(location = 3) in vec2 vTexcoord;
+#endif
+layout(location = 0) out vec4 oColor;
+
+#include "color.glsl"
+#include "slots.glsl"
+#include "brdf.glsl"
+#include "directions.glsl"
+#ifdef LIT
+#if DIRECTIONAL_SHADOWS + SPOT_SHADOWS > 0
+#include "shadows.glsl"
+#else
+float shadowAt(int light, int map, vec3 N, vec3 L) { return 1.0; }
+#endif
+#include "lights.glsl"
+#ifdef HAS_ENVIRONMENT
+#include "environment.glsl"
+#endif
+#endif
+
+#ifdef HAS_MODIFIER
+#define texture2D texture
+#define u_time frame.x
+void modifySurface(inout Surface _surface) {
+#include "MODIFIER"
+}
+#undef u_time
+#endif
+
+#ifdef LIT
+vec3 litColor(Surface surface) {
+    Shading s;
+    s.N = surface.normal;
+    s.V = normalize(cameraPosition.xyz - vPosition);
+    s.NoV = clamp(dot(s.N, s.V), 1e-3, 1.0);
+    float metalness = clamp(surface.metalness, 0.0, 1.0);
+    vec3 base = surface.diffuse.rgb;
+    s.albedo = base * (1.0 - metalness);
+    s.f0 = mix(0.08 * surface.specular.rgb, base, metalness);
+    float roughness = clamp(surface.roughness, 0.06, 1.0);
+    s.alpha = widenedAlpha(s.N, roughness * roughness);
+    s.roughness = sqrt(s.alpha);
+    vec2 fit = environmentFit(s.roughness, s.NoV);
+    // Lagarde and Golubev 2018, "Simulating Multiple Scattering": the fit's sum is what a white mirror keeps
+    s.energy = 1.0 + s.f0 * (1.0 / max(fit.x + fit.y, 0.1) - 1.0);
+
+    vec3 color = lightsAt(s, surface.ambientOcclusion);
+#ifdef HAS_ENVIRONMENT
+    color += environmentAt(s, fit, surface.ambientOcclusion);
+#endif
+    return color + base * surface.selfIllumination;
+}
+#else
+vec3 litColor(Surface surface) { return surface.diffuse.rgb + surface.selfIllumination * surface.diffuse.rgb; }
+#endif
+
+vec3 shadedColor(Surface surface) {
+    vec3 color = litColor(surface) + surface.emission.rgb;
+#ifdef HAS_REFLECTIVE_PICTURE
+    vec3 R = reflect(normalize(vPosition - cameraPosition.xyz), surface.normal);
+    color += linearFromSRGB(texture(uReflective, equirectangularWithoutSeam(R)).rgb) * specular.w;
+#endif
+    return color * surface.multiplied;
+}
+
+void main() {
+    Surface surface = sampledSurface();
+#ifdef HAS_MODIFIER
+    surface.normal = mat3(view) * surface.normal;
+    modifySurface(surface);
+    surface.normal = normalize(surface.normal * mat3(view));
+#endif
+    float alpha = clamp(surface.opacity * surface.diffuse.a, 0.0, 1.0);
+#ifdef PASS_THROUGH
+    vec3 color = surface.diffuse.rgb;
+#else
+    vec3 color = finished(shadedColor(surface));
+#endif
+#ifdef MULTIPLY_BLEND
+    oColor = vec4(mix(vec3(1.0), color, alpha), 1.0);
+#elif defined(TRANSLUCENT)
+    oColor = vec4(color * alpha, alpha);
+#else
+    oColor = vec4(color, 1.0);
+#endif
+}

@@ -1,0 +1,38 @@
+// The vertex stage of every surface. The position is computed in the same way with and without colour, so that a
+// surface drawn into depth first meets its own depth exactly.
+layout(location = 0) in vec3 aPosition;
+layout(location = 1) in vec3 aNormal;
+layout(location = 2) in vec4 aTangent;
+layout(location = 3) in vec2 aTexcoord;
+
+invariant gl_Position;
+
+#ifndef DEPTH_ONLY
+layout(location = 0) out vec3 vPosition;
+layout(location = 1) out vec3 vNormal;
+#ifdef HAS_NORMAL_PICTURE
+layout(location = 2) out vec4 vTangent;
+#endif
+#ifdef HAS_TEXCOORD
+layout(location = 3) out vec2 vTexcoord;
+#endif
+#endif
+
+void main() {
+    vec4 position = world * vec4(aPosition, 1.0);
+    gl_Position = viewProjection * position;
+#ifndef DEPTH_ONLY
+    vPosition = position.xyz;
+    vNormal = mat3(normalMatrix) * aNormal;
+#ifdef HAS_NORMAL_PICTURE
+    vTangent = vec4(mat3(world) * aTangent.xyz, aTangent.w);
+#endif
+#ifdef HAS_TEXCOORD
+#ifdef SLOT_TRANSFORMS
+    vTexcoord = aTexcoord;
+#else
+    vTexcoord = (uvTransform * vec4(aTexcoord, 0.0, 1.0)).xy;
+#endif
+#endif
+#endif
+}
