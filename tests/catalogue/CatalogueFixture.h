@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "actions/ControllerFixture.h"
+#include "catalogue/Catalogue.h"
+#include "support/ReferenceCurves.h"
+
+#include <glm/geometric.hpp>
+#include <glm/trigonometric.hpp>
+
+#include <algorithm>
+#include <stdexcept>
+#include <string_view>
+
+namespace zelvo::test {
+
+/// Presses buttons of the catalogue and looks at the stage some time later.
+class CatalogueTest : public ControllerTest {
+protected:
+    /// Presses and lets the actions begin; times are then told from here.
+    void press(std::string_view tabName, std::string_view title) {
+        const catalogue::Tab* tab = catalogue::tabNamed(tabName);
+        if (tab == nullptr)
+            throw std::runtime_error("no such tab");
+        const auto buttons = tab->buttons();
+        const auto button = std::ranges::find(buttons, title, &catalogue::Button::title);
+        if (button == buttons.end())
+            throw std::runtime_error("no such button");
+        button->beganFunc(controller);
+        world.runLoop.drain();
+        beginActions();
+        pressedAt = sceneTime;
+    }
+
+    void goTo(double secondsAfterPress) { animateTo(pressedAt + secondsAfterPress); }
+
+    static void expectAt(const scene::SCNNode& node, const glm::vec3& place) {
+        const glm::vec3 is = node.position;
+        EXPECT_LT(glm::distance(is, place), 0.001f * std::max(glm::length(place), 800.0f))
+            << is.x << ' ' << is.y << ' ' << is.z << " not " << place.x << ' ' << place.y << ' '
+            << place.z;
+    }
+
+    static void expectTurned(const scene::SCNNode& node, const glm::vec3& degrees) {
+        const glm::vec3 is = glm::degrees(node.eulerAngles());
+        EXPECT_LT(glm::distance(is, degrees), 1.5f)
+            << is.x << ' ' << is.y << ' ' << is.z << " not " << degrees.x << ' ' << degrees.y << ' '
+            << degrees.z;
+    }
+
+    double pressedAt = 0;
+};
+
+} // namespace zelvo::test

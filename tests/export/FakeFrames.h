@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/FrameSource.h"
+
+#include <cstdint>
+#include <deque>
+#include <vector>
+
+namespace zelvo::test {
+
+/// What a fake renderer was asked for.
+struct FakeRendering {
+    std::vector<double> drawn; ///< times, in order
+    int mostInFlight = 0;
+};
+
+/// Frames without a graphics card: all of one grey, which rises by 2 from frame to frame and starts
+/// again at 16.
+class FakeFrames final : public movie::FrameSource {
+public:
+    explicit FakeFrames(FakeRendering& log)
+        : rendering(log) {}
+
+    static int greyOf(double time) { return 16 + 2 * (static_cast<int>(time * 60 + 0.5) % 100); }
+
+    scene::SCNSceneRenderer& renderer() override { return view; }
+
+    void begin(const render::FrameRequest& request) override {
+        view.update(request.time);
+        rendering.drawn.push_back(request.time);
+        begun.push_back(request);
+        rendering.mostInFlight = std::max(rendering.mostInFlight, framesInFlight());
+    }
+
+    render::FrameView finish() override {
+        const render::FrameRequest request = begun.front();
+        begun.pop_front();
+        const auto [width, height] = request.outputSize;
+        pixels.assign(
+            4 * static_cast<std::size_t>(width) * static_cast<std::size_t>(height),
+            static_cast<std::uint8_t>(greyOf(request.time)));
+        return {request.outputSize, request.format, pixels};
+    }
+
+    [[nodiscard]] int framesInFlight() const override { return static_cast<int>(begun.size()); }
+
+    [[nodiscard]] render::FrameTimes times() const override { return {}; }
+
+    void resetTimes() override {}
+
+private:
+    FakeRendering& rendering;
+    scene::HeadlessView view;
+    std::deque<render::FrameRequest> begun;
+    std::vector<std::uint8_t> pixels;
+};
+
+} // namespace zelvo::test

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// The sound of a finished movie, measured.
+#include "export/MovieMux.h"
+#include "export/MovieWriterFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace zelvo::movie {
+namespace {
+
+class MovieMusicTest : public test::MovieWriterTest {
+protected:
+    MovieMusicTest() {
+        length = 6;
+        media::writeWav(folder.path() / "song.wav", 48'000, 9, media::sine(440, 0.5));
+        song = MusicStretch{
+            .file = folder.path() / "song.wav",
+            .audioPreRoll = 1,
+            .audioIn = 2,
+            .audioEnd = 6,
+            .fadeInDuration = 1,
+            .fadeOutDuration = 1,
+            .fadeOutBeginDelay = 0.1};
+    }
+
+    [[nodiscard]] media::DecodedMovie made() {
+        exportMovie();
+        EXPECT_TRUE(*outcome);
+        return media::decodeMovie(writer.movieURL(), 32, 18);
+    }
+
+    /// Of a sine of amplitude 0.5.
+    static constexpr double kFull = 0.353553;
+};
+
+TEST_F(MovieMusicTest, SoundsInItsStretch) {
+    const auto movie = made();
+    EXPECT_EQ(movie.audioCodec, "aac");
+    EXPECT_LT(movie.loudness(0.1, 0.9), 0.01) << "the pre-roll";
+    EXPECT_NEAR(movie.loudness(1.1, 4.9), kFull, 0.02);
+    EXPECT_LT(movie.loudness(5.1, 5.8), 0.01) << "after the stretch";
+}
+
+TEST_F(MovieMusicTest, FadesInAndOut) {
+    song->fadesIn = song->fadesOut = true;
+    const auto movie = made();
+    // In from 1 to 2; out from 3.9 to 4.9.
+    EXPECT_NEAR(movie.loudness(1.2, 1.3), 0.25 * kFull, 0.03);
+    EXPECT_NEAR(movie.loudness(1.7, 1.8), 0.75 * kFull, 0.03);
+    EXPECT_NEAR(movie.loudness(2.2, 3.8), kFull, 0.02);
+    EXPECT_NEAR(movie.loudness(4.35, 4.45), 0.5 * kFull, 0.03);
+    EXPECT_LT(movie.loudness(4.92, 5.0), 0.02) << "silence shortly before the stretch ends";
+}
+
+TEST_F(MovieMusicTest, DropsTheFadeInWhereTheFadesWouldOverlap) {
+    song->fadesIn = song->fadesOut = true;
+    song->fadeInDuration = song->fadeOutDuration = 2; // the stretch has 4, and a delay of 0.1
+    const auto movie = made();
+    EXPECT_NEAR(movie.loudness(1.1, 2.8), kFull, 0.02) << "loud at once";
+    EXPECT_NEAR(movie.loudness(3.85, 3.95), 0.5 * kFull, 0.03) << "out from 2.9 to 4.9";
+}
+
+TEST_F(MovieMusicTest, StaysSilentWithoutAUsableSong) {
+    testing::internal::CaptureStderr();
+    song->file = folder.path() / "noise.mp3";
+    std::ofstream(song->file) << std::string(3000, 'x');
+    const auto noise = made();
+    EXPECT_EQ(noise.audioCodec, "");
+    EXPECT_EQ(noise.frameTimes.size(), 358U);
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("stays silent"));
+
+    song->file = folder.path() / "song.wav";
+    song->audioPreRoll = 20; // outside the movie
+    EXPECT_LT(made().loudness(0, 5.9), 0.01);
+}
+
+} // namespace
+} // namespace zelvo::movie

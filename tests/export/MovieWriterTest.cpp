@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+#include "export/MovieWriterFixture.h"
+#include "media/MovieFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace zelvo::movie {
+namespace {
+
+using foundation::Cause;
+using testing::ElementsAre;
+using testing::Pair;
+
+class MovieWriterTest : public test::MovieWriterTest {};
+
+TEST_F(MovieWriterTest, MakesAMovieOfEveryFrameButTheLastThree) {
+    length = 8;
+    std::vector<int> progress;
+    writer.progressSignal.subscribe(listening, [&](const MovieProgress& state) {
+        EXPECT_EQ(state.framesTotal, 481);
+        progress.push_back(state.framesDone);
+    });
+    exportMovie();
+    ASSERT_TRUE(*outcome) << outcome->error().message;
+    EXPECT_EQ((*outcome)->frames, 481);
+    EXPECT_EQ(rendering.drawn.size(), 481U) << "the count-in is not drawn";
+    EXPECT_EQ(rendering.drawn[0], 0);
+    EXPECT_EQ(rendering.mostInFlight, 3) << "drawing and reading back overlap";
+    EXPECT_EQ(progress.back(), 481);
+    EXPECT_EQ(sceneHome, SceneHome::screen);
+    EXPECT_EQ(videosShown, 1);
+
+    const auto made = media::decodeMovie((*outcome)->movie, 32, 18);
+    ASSERT_EQ(made.frameTimes.size(), 478U);
+    EXPECT_EQ(made.videoTag, "avc1");
+    EXPECT_EQ(made.audioCodec, "") << "there was no music";
+    for (std::size_t n = 0; n < made.frameTimes.size(); ++n) {
+        const double time = static_cast<double>(n) / 60;
+        EXPECT_NEAR(made.frameTimes[n], time, 1e-9);
+        // A grey of full range in the range that video has, and a little loss.
+        EXPECT_NEAR(made.centres[n][0], 16 + test::FakeFrames::greyOf(time) * 219 / 255, 2) << n;
+    }
+    EXPECT_THAT(media::topAtoms((*outcome)->movie), testing::Contains("moov"));
+    EXPECT_THAT(filesIn(folders.documents / "Folder"), ElementsAre("Movie.mov"));
+}
+
+TEST_F(MovieWriterTest, CancelsAtAnyMomentAndStartsAgain) {
+    writeEarlierMovie();
+    ASSERT_TRUE(writer.start());
+    EXPECT_EQ(sceneHome, SceneHome::movieRenderer);
+    EXPECT_EQ(writer.start().error().cause, Cause::unsupported) << "one at a time";
+    for (const double moment :
+         {0.05, 0.15, 1.0, 3.0}) { // before the run, count-in, rendering, closing
+        SCOPED_TRACE(moment);
+        outcome.reset();
+        if (!writer.isRecording()) {
+            ASSERT_TRUE(writer.start());
+        }
+        loop.runFor(moment);
+        writer.cancel();
+        ASSERT_TRUE(outcome.has_value());
+        EXPECT_EQ(outcome->error().cause, Cause::cancelled);
+        EXPECT_EQ(writer.state(), MovieWriter::State::idle);
+        EXPECT_EQ(sceneHome, SceneHome::screen);
+        EXPECT_TRUE(hasEarlierMovie());
+        EXPECT_THAT(filesIn(folders.documents / "Folder"), ElementsAre("Movie.mov"));
+    }
+    EXPECT_TRUE(alerts.empty()) << "who cancels knows it";
+    exportMovie();
+    ASSERT_TRUE(*outcome);
+    EXPECT_EQ(media::decodeMovie(writer.movieURL(), 32, 18).frameTimes.size(), 118U);
+}
+
+TEST_F(MovieWriterTest, PutsTheMovieIntoTheLibrary) {
+    exportMovie();
+    exportMovie();
+    EXPECT_THAT(filesIn(folders.videos), ElementsAre("Zelvo Movie 2.mov", "Zelvo Movie.mov"));
+    EXPECT_EQ((*outcome)->savedCopy, folders.videos / "Zelvo Movie 2.mov");
+    EXPECT_EQ(
+        media::readBytes(folders.videos / "Zelvo Movie 2.mov"),
+        media::readBytes(writer.movieURL()));
+    ASSERT_EQ(alerts.size(), 2U);
+    EXPECT_THAT(alerts[1], Pair("Movie successfully saved to your Photo Library.", ""));
+}
+
+TEST_F(MovieWriterTest, KeepsTheMovieWhenTheLibraryIsDenied) {
+    std::filesystem::create_directories(folders.videos.parent_path());
+    std::ofstream(folders.videos) << "a file stands where the folder should be";
+    exportMovie();
+    ASSERT_TRUE(*outcome);
+    EXPECT_FALSE((*outcome)->savedCopy);
+    EXPECT_NE((*outcome)->saveFailure, "");
+    EXPECT_TRUE(std::filesystem::exists(writer.movieURL()));
+    EXPECT_EQ(videosShown, 1);
+    EXPECT_THAT(
+        alerts,
+        ElementsAre(Pair(
+            "Access denied",
+            "The app needs your approval to access photo library. Please "
+            "enable it in Settings.")));
+}
+
+TEST_F(MovieWriterTest, LeavesTheEarlierMovieWhenTheDiskIsFull) {
+    writeEarlierMovie();
+    length = 4;
+    for (const rlim_t bytes : {100U, 4000U}) { // while frames are written; later
+        SCOPED_TRACE(bytes);
+        alerts.clear();
+        const media::FileSizeLimit limit(bytes);
+        exportMovie();
+        ASSERT_FALSE(*outcome);
+        EXPECT_EQ(outcome->error().cause, Cause::unwritable);
+        EXPECT_THAT(alerts, ElementsAre(Pair("Error", outcome->error().message)));
+        EXPECT_EQ(writer.state(), MovieWriter::State::idle);
+        EXPECT_EQ(sceneHome, SceneHome::screen);
+        EXPECT_TRUE(hasEarlierMovie());
+        EXPECT_THAT(filesIn(folders.documents / "Folder"), ElementsAre("Movie.mov"));
+    }
+}
+
+TEST_F(MovieWriterTest, RefusesWhatCannotBegin) {
+    writer.options.output = folder.path() / "missing" / "out.mov";
+    EXPECT_EQ(writer.start().error().cause, Cause::unwritable);
+    MovieWriter blind(*this, folders, []() -> foundation::Result<std::unique_ptr<FrameSource>> {
+        return foundation::fail(Cause::unavailable, "no graphics");
+    });
+    EXPECT_EQ(blind.start().error().message, "no graphics");
+    EXPECT_EQ(blind.state(), MovieWriter::State::idle);
+    writer.options.output = folder.path() / "out.mov";
+    exportMovie();
+    EXPECT_EQ((*outcome)->movie, folder.path() / "out.mov");
+    EXPECT_TRUE(filesIn(folders.videos).empty()) << "a chosen place replaces the library";
+    EXPECT_FALSE(std::filesystem::exists(writer.movieURL()));
+}
+
+TEST_F(MovieWriterTest, ShowsItsPicturesToATap) {
+    std::vector<double> seen;
+    writer.options.writesMovie = false;
+    writer.options.tap = FrameTap{
+        .wants =
+            [](double t) { return std::abs(t + 0.05) < kStep / 2 || std::abs(t - 1) < kStep / 2; },
+        .take = [&](double t, const render::FrameView& frame) -> foundation::Result<void> {
+            seen.push_back(t);
+            EXPECT_EQ(frame.bytes[0], test::FakeFrames::greyOf(t));
+            return {};
+        }};
+    exportMovie();
+    ASSERT_TRUE(*outcome);
+    ASSERT_EQ(seen.size(), 2U);
+    EXPECT_LT(seen[0], 0) << "a moment of the count-in";
+    EXPECT_NEAR(seen[1], 1, kStep);
+    EXPECT_EQ(rendering.drawn, seen) << "nothing else is drawn";
+    EXPECT_TRUE(filesIn(folders.documents / "Folder").empty());
+
+    writer.options.tap->take = [](double, const render::FrameView&) -> foundation::Result<void> {
+        return foundation::fail(Cause::unwritable, "no room");
+    };
+    exportMovie();
+    EXPECT_EQ(outcome->error().message, "no room");
+    EXPECT_FALSE(ticks.isValid()) << "the run has ended with it";
+}
+
+} // namespace
+} // namespace zelvo::movie
