@@ -3,11 +3,13 @@
 
 #include "platform/foundation/Result.h"
 #include "platform/media/CMTime.h"
+#include "platform/media/EncoderChoice.h"
 #include "platform/media/FFmpeg.h"
 #include "platform/media/PixelBuffer.h"
 #include "platform/media/VideoSettings.h"
 
 #include <functional>
+#include <utility>
 
 namespace zelvo::media {
 
@@ -18,9 +20,8 @@ class VideoEncoder {
 public:
     using PacketSink = std::function<foundation::Result<void>(AVPacket&)>;
 
-    /// Times of packets are in parts of this.
-    static constexpr std::int32_t kTimescale = 600;
-    static constexpr std::int32_t kFramesPerSecond = 60;
+    static constexpr std::int32_t kTimescale = ChosenEncoder::kTimescale;
+    static constexpr std::int32_t kFramesPerSecond = ChosenEncoder::kFramesPerSecond;
 
     /// unavailable if no encoder for the codec works here.
     [[nodiscard]] static foundation::Result<VideoEncoder> open(const VideoSettings& settings);
@@ -31,15 +32,16 @@ public:
     /// Brings out what the encoder still holds.
     [[nodiscard]] foundation::Result<void> finish(const PacketSink& sink);
 
-    [[nodiscard]] const AVCodecContext& context() const { return *codec; }
+    [[nodiscard]] const AVCodecContext& context() const { return encoder.context(); }
 
 private:
-    VideoEncoder() = default;
+    explicit VideoEncoder(ChosenEncoder chosen)
+        : encoder(std::move(chosen)) {}
 
     [[nodiscard]] foundation::Result<void> prepareFrame(const PixelBuffer& picture);
     [[nodiscard]] foundation::Result<void> send(AVFrame* next, const PacketSink& sink);
 
-    FFmpegPtr<AVCodecContext> codec;
+    ChosenEncoder encoder;
     FFmpegPtr<AVFrame> frame;
     FFmpegPtr<AVPacket> packet;
     FFmpegPtr<SwsContext> scaler; // made when the first picture of another size comes
