@@ -36,7 +36,8 @@ public:
 private:
     [[nodiscard]] bool& taken(const glm::ivec2& cell) {
         const glm::ivec2 inside = ((cell % kGrid) + kGrid) % kGrid;
-        return occupied.at(static_cast<std::size_t>(inside.y * kGrid + inside.x));
+        const int index = inside.y * kGrid + inside.x;
+        return occupied.at(static_cast<std::size_t>(index));
     }
 
     [[nodiscard]] static glm::vec2 place(const glm::ivec2& cell) {

@@ -48,7 +48,7 @@ glm::vec3 windowLight(int column, int row, const Street& street, int house) {
     const float drawn = chance(house * 64 + column, row, street.seed + 7);
     const float busy = 0.25f + 0.45f * chance(house, 3, street.seed);
     if (drawn > busy)
-        return glm::vec3(0.012f, 0.016f, 0.026f);
+        return {0.012f, 0.016f, 0.026f};
     const float kind = chance(house * 64 + column, row, street.seed + 8);
     const glm::vec3 lamp = kind < 0.62f ? glm::vec3(1.0f, 0.72f, 0.36f)
                                         : (kind < 0.88f ? glm::vec3(0.85f, 0.92f, 1.0f)
@@ -133,17 +133,16 @@ glm::vec3 town(const glm::vec2& place) {
 }
 
 Baked townAtNight(int width, int height) {
-    // Four looks a pixel keep the windows' rims smooth.
     image::Radiance light{width, height, {}};
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) {
-            glm::vec3 sum{0};
-            for (int i = 0; i < 4; ++i) {
-                const glm::vec2 offset = glm::vec2(i % 2, i / 2) * 0.5f + 0.25f;
-                sum += town((glm::vec2(x, y) + offset) / glm::vec2(width, height));
-            }
-            light.pixels.push_back(sum * 0.25f);
+    for (int i = 0; i < width * height; ++i) {
+        // Four looks a pixel keep the windows' rims smooth.
+        const glm::vec2 pixel(i % width, i / width);
+        glm::vec3 sum{0};
+        for (int look = 0; look < 4; ++look) {
+            const glm::vec2 offset = glm::vec2(look % 2, look / 2) * 0.5f + 0.25f;
+            sum += town((pixel + offset) / glm::vec2(width, height));
         }
+        light.pixels.push_back(sum * 0.25f);
     }
     return {displayed(light), {}};
 }

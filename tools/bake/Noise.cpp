@@ -22,9 +22,9 @@ std::uint32_t mixed(std::uint32_t value) {
     return value ^ (value >> 16U);
 }
 
-std::uint32_t cellHash(const glm::ivec2& cell, const glm::ivec2& cells, std::uint32_t seed) {
-    const auto x = static_cast<std::uint32_t>(((cell.x % cells.x) + cells.x) % cells.x);
-    const auto y = static_cast<std::uint32_t>(((cell.y % cells.y) + cells.y) % cells.y);
+std::uint32_t cellHash(const glm::ivec2& cell, int cells, std::uint32_t seed) {
+    const auto x = static_cast<std::uint32_t>(((cell.x % cells) + cells) % cells);
+    const auto y = static_cast<std::uint32_t>(((cell.y % cells) + cells) % cells);
     return mixed(x + mixed(y + mixed(seed * 0x9E3779B9U + 1U)));
 }
 
@@ -32,8 +32,7 @@ float unitOf(std::uint32_t hash) {
     return static_cast<float>(hash >> 8U) * 0x1p-24f;
 }
 
-float corner(
-    const glm::ivec2& cell, const glm::vec2& offset, const glm::ivec2& cells, std::uint32_t seed) {
+float corner(const glm::ivec2& cell, const glm::vec2& offset, int cells, std::uint32_t seed) {
     const float angle = unitOf(cellHash(cell, cells, seed)) * 2 * std::numbers::pi_v<float>;
     return std::cos(angle) * offset.x + std::sin(angle) * offset.y;
 }
@@ -48,9 +47,8 @@ float Dice::unit() {
     return static_cast<float>((z ^ (z >> 31U)) >> 40U) * 0x1p-24f;
 }
 
-float gradientNoise(const glm::vec2& place, int count, std::uint32_t seed) {
-    const glm::ivec2 cells(count);
-    const glm::vec2 p = place * glm::vec2(cells);
+float gradientNoise(const glm::vec2& place, int cells, std::uint32_t seed) {
+    const glm::vec2 p = place * static_cast<float>(cells);
     const glm::vec2 low = glm::floor(p);
     const glm::vec2 part = p - low;
     const glm::ivec2 cell(low);
@@ -96,15 +94,14 @@ float ridged(const glm::vec2& place, const Octaves& sum) {
 }
 
 Scatter scattered(const glm::vec2& place, int cells, std::uint32_t seed) {
-    const glm::ivec2 whole(cells);
-    const glm::vec2 p = place * glm::vec2(whole);
+    const glm::vec2 p = place * static_cast<float>(cells);
     const glm::ivec2 home(glm::floor(p));
     std::array<glm::vec2, 9> points{};
     Scatter result{9, 9, 9, 0};
     glm::vec2 owner{0};
     for (int i = 0; i < 9; ++i) {
         const glm::ivec2 cell = home + glm::ivec2(i % 3 - 1, i / 3 - 1);
-        const std::uint32_t hash = cellHash(cell, whole, seed);
+        const std::uint32_t hash = cellHash(cell, cells, seed);
         const glm::vec2 point = glm::vec2(cell) + glm::vec2(unitOf(hash), unitOf(mixed(hash + 1)));
         points.at(static_cast<std::size_t>(i)) = point;
         const float distance = glm::distance(p, point);

@@ -29,7 +29,7 @@ std::vector<Recipe> allRecipes() {
 foundation::Result<void>
 store(const Baked& baked, std::string_view name, const std::filesystem::path& folder) {
     const auto file = folder / name;
-    const auto saved =
+    auto saved =
         name.ends_with(".jpg") ? saveJPEG(baked.picture, file) : savePNG(baked.picture, file);
     if (!saved || !baked.light)
         return saved;

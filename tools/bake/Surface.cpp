@@ -23,22 +23,29 @@ image::Image greyPicture(const Field& field) {
     return result;
 }
 
-image::Image normalPicture(const Field& relief, float depth) {
-    // Sobel's operator: the slope over two places, smoothed across.
+namespace {
+
+/// By Sobel's operator: the slope over two places, smoothed across.
+glm::vec3 normalAt(const Field& relief, int x, int y, float depth) {
+    const auto h = [&](int dx, int dy) { return relief.at(x + dx, y + dy); };
+    const float right = h(1, -1) + 2 * h(1, 0) + h(1, 1) - h(-1, -1) - 2 * h(-1, 0) - h(-1, 1);
+    const float up = h(-1, -1) + 2 * h(0, -1) + h(1, -1) - h(-1, 1) - 2 * h(0, 1) - h(1, 1);
     const float scale = depth * static_cast<float>(relief.width) / 8;
+    return glm::normalize(glm::vec3(-right * scale, -up * scale, 1));
+}
+
+} // namespace
+
+image::Image normalPicture(const Field& relief, float depth) {
     image::Image result(relief.width, relief.height);
-    std::size_t at = 0;
-    for (int y = 0; y < relief.height; ++y) {
-        for (int x = 0; x < relief.width; ++x) {
-            const auto h = [&](int dx, int dy) { return relief.at(x + dx, y + dy); };
-            const float right =
-                h(1, -1) + 2 * h(1, 0) + h(1, 1) - h(-1, -1) - 2 * h(-1, 0) - h(-1, 1);
-            const float up = h(-1, -1) + 2 * h(0, -1) + h(1, -1) - h(-1, 1) - 2 * h(0, 1) - h(1, 1);
-            const glm::vec3 normal = glm::normalize(glm::vec3(-right * scale, -up * scale, 1));
-            for (int i = 0; i < 3; ++i)
-                result.pixels[at++] = byteOf(normal[i] * 0.5f + 0.5f);
-            result.pixels[at++] = 255;
-        }
+    const int count = relief.width * relief.height;
+    for (int i = 0; i < count; ++i) {
+        const glm::vec3 normal = normalAt(relief, i % relief.width, i / relief.width, depth);
+        const auto at = static_cast<std::size_t>(i) * 4;
+        result.pixels[at] = byteOf(normal.x * 0.5f + 0.5f);
+        result.pixels[at + 1] = byteOf(normal.y * 0.5f + 0.5f);
+        result.pixels[at + 2] = byteOf(normal.z * 0.5f + 0.5f);
+        result.pixels[at + 3] = 255;
     }
     return result;
 }

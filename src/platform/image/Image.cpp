@@ -173,19 +173,19 @@ QImage viewOf(const Image& image) {
 
 } // namespace
 
-Result<ImagePtr> loadImage(const std::filesystem::path& path) {
+Result<ImagePtr> loadImage(const std::filesystem::path& file) {
     std::error_code error;
-    if (!std::filesystem::exists(path, error)) {
-        return fail(Cause::notFound, path.string() + ": there is no such file");
+    if (!std::filesystem::exists(file, error)) {
+        return fail(Cause::notFound, file.string() + ": there is no such file");
     }
-    QFile file(qPath(path));
-    if (!std::filesystem::is_regular_file(path, error) || !file.open(QIODevice::ReadOnly)) {
-        return fail(Cause::unreadable, path.string() + ": the file cannot be opened");
+    QFile device(qPath(file));
+    if (!std::filesystem::is_regular_file(file, error) || !device.open(QIODevice::ReadOnly)) {
+        return fail(Cause::unreadable, file.string() + ": the file cannot be opened");
     }
-    if (file.size() > kMaxFileBytes) {
-        return fail(Cause::tooLarge, path.string() + ": the file is larger than 512 MiB");
+    if (device.size() > kMaxFileBytes) {
+        return fail(Cause::tooLarge, file.string() + ": the file is larger than 512 MiB");
     }
-    return decode(file).map_error([&](const auto& failure) { return failure.in(path.string()); });
+    return decode(device).map_error([&](const auto& failure) { return failure.in(file.string()); });
 }
 
 Result<ImagePtr> decodeImage(std::span<const std::uint8_t> bytes) {

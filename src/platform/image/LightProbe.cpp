@@ -118,14 +118,14 @@ Result<LightProbe> LightProbe::load(const std::filesystem::path& file) {
 }
 
 Result<void> LightProbe::save(const std::filesystem::path& file) const {
+    const auto isWhole = [](const auto& level) { return level.size() == kLevelTexels * 3; };
+    CHECK(std::ranges::all_of(specular, isWhole), "{}: an unfinished light probe", file.string());
     std::ofstream out(file, std::ios::binary);
     write(out, kHeader);
     for (const glm::vec3& coefficient : irradiance)
         write(out, std::span(&coefficient.x, 3));
-    for (const auto& level : specular) {
-        CHECK(level.size() == kLevelTexels * 3, "a level has {} numbers", level.size());
+    for (const auto& level : specular)
         write(out, level);
-    }
     out.close();
     if (!out)
         return fail(Cause::unwritable, file.string() + ": the light probe cannot be written");

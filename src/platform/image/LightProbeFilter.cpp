@@ -78,19 +78,24 @@ private:
     std::vector<glm::vec3> texels;
 };
 
+/// The mean over one texel of the sharpest copy.
+glm::vec3 unfoldedTexel(const Radiance& radiance, int column, int row) {
+    constexpr int kCount = kSubsamples * kSubsamples;
+    constexpr float kStep = 1.0f / (kSourceSide * kSubsamples);
+    const glm::vec2 first = glm::vec2(column, row) / static_cast<float>(kSourceSide);
+    glm::vec3 sum{0};
+    for (int i = 0; i < kCount; ++i) {
+        const glm::vec2 offset = glm::vec2(i % kSubsamples, i / kSubsamples) + 0.5f;
+        sum += radiance.sample(octahedronPoint(first + offset * kStep));
+    }
+    return sum / static_cast<float>(kCount);
+}
+
 OctahedralMap unfolded(const Radiance& radiance) {
     OctahedralMap map(kSourceSide);
-    constexpr float kStep = 1.0f / (kSourceSide * kSubsamples);
-    constexpr int kCount = kSubsamples * kSubsamples;
     for (int row = 0; row < kSourceSide; ++row) {
         for (int column = 0; column < kSourceSide; ++column) {
-            const glm::vec2 first = glm::vec2(column, row) / static_cast<float>(kSourceSide);
-            glm::vec3 sum{0};
-            for (int i = 0; i < kCount; ++i) {
-                const glm::vec2 offset = glm::vec2(i % kSubsamples, i / kSubsamples) + 0.5f;
-                sum += radiance.sample(octahedronPoint(first + offset * kStep));
-            }
-            map.at(column, row) = sum / static_cast<float>(kCount);
+            map.at(column, row) = unfoldedTexel(radiance, column, row);
         }
     }
     map.fillBorder();
