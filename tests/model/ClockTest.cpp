@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "core/model/DistanceFade.h"
+#include "media/MediaFixture.h"
+#include "model/ModelFixture.h"
+
+#include <gmock/gmock.h>
+
+#include <array>
+#include <vector>
+
+namespace zelvo::core {
+namespace {
+
+using testing::ElementsAre;
+
+class ClockTest : public test::ModelTest {};
+
+TEST_F(ClockTest, CountsTheRunAndKeepsItsEnd) {
+    std::vector<bool> playing;
+    ui::signals().isPlayingSignal.subscribe(
+        listening, [&](bool plays) { playing.push_back(plays); });
+    int countIn = 0, performing = 0;
+    onTime([&](const ui::TimeState& state) {
+        if (state.time == 0)
+            return; // the reset
+        ++(state.isCountIn ? countIn : performing);
+        EXPECT_NEAR(state.wholeFraction, state.time / 10, 1e-12);
+        EXPECT_NEAR(
+            state.runFraction, state.isCountIn ? state.time / 2 : (state.time - 2) / 8, 1e-9);
+    });
+    model.start();
+    const double begin = world.runLoop.now();
+    runToTheEnd();
+    // 120 steps of slightly more than 1/60 s lie just behind the count-in's 2 s.
+    EXPECT_EQ(countIn, 119);
+    EXPECT_EQ(countIn + performing, 601);
+    EXPECT_NEAR(world.runLoop.now() - begin, 601.0 / 60, 1e-6);
+    EXPECT_NEAR(model.time(), 601.0 / 60, 1e-6) << "the readout stays at the end";
+    EXPECT_THAT(playing, ElementsAre(false, true, false));
+    EXPECT_TRUE(model.isBlocking());
+    world.runLoop.runFor(0.99);
+    EXPECT_TRUE(model.isBlocking());
+    world.runLoop.runFor(0.02);
+    EXPECT_FALSE(model.isBlocking());
+}
+
+TEST_F(ClockTest, StartsAnewFromEveryState) {
+    model.start();
+    runToTheEnd();
+    model.start(); // while blocking
+    EXPECT_FALSE(model.isBlocking());
+    world.runLoop.runFor(1.5);
+    EXPECT_NEAR(model.time(), 1.5, 0.02);
+    model.start(); // in the middle
+    EXPECT_EQ(model.time(), 0);
+    model.toggle();
+    EXPECT_FALSE(model.isPlaying());
+    EXPECT_EQ(model.time(), 0);
+    world.runLoop.runFor(1);
+    EXPECT_EQ(model.time(), 0);
+    model.toggle();
+    EXPECT_TRUE(model.isPlaying());
+}
+
+TEST_F(ClockTest, LimitsTheDuration) {
+    for (const auto& [asked, got] : {
+             std::pair(0.0, 2.0), {1.5,  2.0 },
+               {31.0, 31.0}
+    }) {
+        model.setDuration(asked);
+        EXPECT_EQ(model.duration(), got);
+    }
+}
+
+TEST_F(ClockTest, KnowsSevenSpeeds) {
+    for (const SpeedRow& row : kSpeeds) {
+        model.animationRatio = row.ratio;
+        EXPECT_NEAR(model.animationFactor(), row.rawValue * 0.85, 1e-12);
+        EXPECT_EQ(animationRatioOf(row.rawValue), row.ratio);
+    }
+    EXPECT_FALSE(animationRatioOf(0.85));
+}
+
+TEST_F(ClockTest, FadesWhatIsFarAway) {
+    struct Row {
+        glm::vec3 place;
+        float opacity;
+    };
+
+    constexpr auto kRows = std::to_array<Row>({
+        {{0, 0, 300},   1               },
+        {{0, -475, 0},  0.5f            },
+        {{0, 0, 650},   0               },
+        {{0, 0, 2000},  0               },
+        {{300, 400, 0}, 1 - 200.0f / 350},
+    });
+    view.update(1);
+    view.update(2); // the opening is over
+    for (const Row& row : kRows) {
+        nodes.imageNode->position = row.place;
+        view.update(3);
+        EXPECT_NEAR(nodes.imageNode->opacity.value(), row.opacity, 1e-6);
+    }
+    EXPECT_EQ(nodes.textNode1->opacity.value(), 1);
+}
+
+TEST_F(ClockTest, MovesTheStageFromSceneToScene) {
+    const scene::SCNScenePtr before = model.sceneData()->scene;
+    EXPECT_EQ(model.currentSceneIndex(), 2);
+    model.setScene(0);
+    world.runLoop.drain();
+    EXPECT_EQ(view.scene(), model.sceneData()->scene);
+    for (const scene::SCNNodePtr& holder : nodes.holders())
+        EXPECT_EQ(holder->parent(), model.sceneData()->scene->rootNode().get());
+    for (const scene::SCNNodePtr& child : before->rootNode()->childNodes())
+        EXPECT_NE(child, nodes.mediaHolderNode);
+    EXPECT_NE(nodes.cameraNode->camera, nullptr);
+}
+
+TEST_F(ClockTest, StepsTheMusicWithTheRun) {
+    media::writeWav(folder.path() / "song.wav", 8000, 20, media::sine(200, 0.2));
+    audio::AudioPlayer& player = model.audioPlayer();
+    player.loadSong(folder.path() / "song.wav", "Song");
+    EXPECT_EQ(player.audioEnd, 8) << "trimmed to the movie";
+    std::vector<std::pair<int, bool>> heard;
+    onTime([&](const ui::TimeState& state) {
+        const auto frame = static_cast<int>(std::lround((state.time - 2) * 60)) - 2;
+        if (frame == -1 || frame == 0 || frame == 60) // told of the tick before
+            heard.emplace_back(frame, player.isPlaying);
+    });
+    model.start();
+    runToTheEnd();
+    EXPECT_FALSE(player.isPlaying);
+    ASSERT_EQ(heard.size(), 3U);
+    EXPECT_TRUE(heard[2].second);
+}
+
+} // namespace
+} // namespace zelvo::core

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "core/model/HeadlessViewClock.h"
+#include "core/model/Model.h"
+#include "export/FakeFrames.h"
+#include "platform/foundation/Random.h"
+#include "support/TemporaryFolder.h"
+#include "support/TestWorld.h"
+#include "ui/shared/Signal.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <optional>
+
+namespace zelvo::test {
+
+/// The whole model on the virtual clock, with a view that nobody sees and frames that nobody draws.
+class ModelTest : public testing::Test {
+protected:
+    ModelTest() {
+        foundation::seedRandom(1);
+        model.setSceneView(&view);
+        model.movieWriter().options.renderSize = {64, 36};
+        model.movieWriter().completedSignal.subscribe(
+            listening,
+            [this](const foundation::Result<movie::MovieOutcome>& made) { outcome = made; });
+        world.runLoop.runFor(1); // the opening is over
+    }
+
+    void runToTheEnd() {
+        ASSERT_TRUE(world.runLoop.runUntil([this] { return !model.isPlaying(); }));
+    }
+
+    void exportMovie() {
+        outcome.reset();
+        ASSERT_TRUE(model.startMovie());
+        const foundation::Timer waiting = world.runLoop.expectPosts();
+        ASSERT_TRUE(world.runLoop.runUntil([this] { return outcome.has_value(); }));
+        ASSERT_TRUE(*outcome) << outcome->error().message;
+    }
+
+    /// Calls at every signal of the clock.
+    void onTime(std::function<void(const ui::TimeState&)> callback) {
+        ui::signals().timeSignal.subscribe(listening, std::move(callback));
+    }
+
+    TestWorld world;
+    TemporaryFolder folder;
+    core::Nodes nodes{world.surroundings()};
+    FakeRendering rendering;
+    scene::HeadlessView view;
+    core::Model model{
+        {.runLoop = world.runLoop,
+         .nodes = nodes,
+         .folders = foundation::Folders::below(folder.path()),
+         .makeFrames = [this] { return std::make_unique<FakeFrames>(rendering); },
+         .makeAudioOutput = {},
+         .showAlert = {}}
+    };
+    core::HeadlessViewClock viewClock{view};
+    std::optional<foundation::Result<movie::MovieOutcome>> outcome;
+    std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);
+};
+
+} // namespace zelvo::test
