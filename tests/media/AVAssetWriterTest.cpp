@@ -35,6 +35,31 @@ TEST_F(AVAssetWriterTest, KeepsEveryFrameAtItsExactTimeAndTagsTheMovie) {
     EXPECT_EQ(tracks[0].naturalTimeScale, 600);
 }
 
+/// The picture with its upper left corner white, which tells top from bottom.
+PixelBuffer withCorner(PixelBuffer picture) {
+    for (int y = 0; y < picture.height() / 4; ++y)
+        std::fill_n(picture.row(y), picture.width(), std::uint8_t{255});
+    return picture;
+}
+
+/// The same picture lying bottom-up in memory.
+PixelBuffer bottomUp(const PixelBuffer& picture) {
+    const int height = picture.height();
+    auto flipped = std::make_shared<PixelBuffer>(
+        PixelBuffer::allocate(picture.width(), height, PixelFormat::bgra));
+    for (int y = 0; y < height; ++y)
+        std::copy_n(picture.row(y), picture.bytesPerRow(), flipped->row(height - 1 - y));
+    const PixelBuffer::Layout layout{
+        picture.width(), height, -flipped->bytesPerRow(), PixelFormat::bgra};
+    return PixelBuffer::view(flipped->row(height - 1), layout, [flipped] {});
+}
+
+void expectColour(const std::array<std::uint8_t, 3>& found, int luma, int cb, int cr) {
+    EXPECT_NEAR(found[0], luma, 2);
+    EXPECT_NEAR(found[1], cb, 2);
+    EXPECT_NEAR(found[2], cr, 2);
+}
+
 TEST_F(AVAssetWriterTest, ShowsTheSquareWhereItWasDrawnWhateverThePicturesSizeAndDirection) {
     struct Row {
         const char* name;
@@ -49,33 +74,15 @@ TEST_F(AVAssetWriterTest, ShowsTheSquareWhereItWasDrawnWhateverThePicturesSizeAn
         {"bottom-up",         160, 90,  true },
         {"bottom-up, larger", 240, 134, true },
     });
-    // BT.709 (0, 255, 0): Y 173, Cb 42, Cr 26; (0, 0, 128): Y 24, Cb 184, Cr 123.
-    const auto expectColour = [](const std::array<std::uint8_t, 3>& found, int y, int cb, int cr) {
-        EXPECT_NEAR(found[0], y, 2);
-        EXPECT_NEAR(found[1], cb, 2);
-        EXPECT_NEAR(found[2], cr, 2);
-    };
     for (const Row& row : kRows) {
         SCOPED_TRACE(row.name);
         Writing writing = start(file("square.mov"), kSmall);
-        PixelBuffer drawn = picture(row.width, row.height);
-        // A mark in the upper left corner tells top from bottom.
-        for (int y = 0; y < row.height / 4; ++y) {
-            std::fill_n(drawn.row(y), row.width, std::uint8_t{255});
-        }
-        if (row.isBottomUp) {
-            PixelBuffer flipped = PixelBuffer::allocate(row.width, row.height, PixelFormat::bgra);
-            for (int y = 0; y < row.height; ++y) {
-                std::copy_n(drawn.row(y), 4L * row.width, flipped.row(row.height - 1 - y));
-            }
-            std::uint8_t* top = flipped.row(row.height - 1);
-            const PixelBuffer::Layout layout{
-                row.width, row.height, -flipped.bytesPerRow(), PixelFormat::bgra};
-            auto kept = std::make_shared<PixelBuffer>(std::move(flipped));
-            drawn = PixelBuffer::view(top, layout, [kept] {});
-        }
+        PixelBuffer drawn = withCorner(picture(row.width, row.height));
+        if (row.isBottomUp)
+            drawn = bottomUp(drawn);
         ASSERT_TRUE(writing.adaptor->appendPixelBuffer(std::move(drawn), {}));
         finish(writing);
+        // BT.709 of (0, 255, 0), (0, 0, 128) and the white corner.
         expectColour(decodeMovie(file("square.mov"), 80, 44).centres.at(0), 173, 42, 26);
         expectColour(decodeMovie(file("square.mov"), 80, 82).centres.at(0), 24, 184, 123);
         expectColour(decodeMovie(file("square.mov"), 8, 8).centres.at(0), 235, 128, 128);

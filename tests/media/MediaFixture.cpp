@@ -191,6 +191,13 @@ struct MovieDecoder {
     }
 };
 
+std::string lettersOf(unsigned tag) {
+    std::string letters;
+    for (unsigned shift = 0; shift < 32; shift += 8)
+        letters += static_cast<char>((tag >> shift) & 0xFFU);
+    return letters;
+}
+
 } // namespace
 
 DecodedMovie decodeMovie(const std::filesystem::path& file, int probeX, int probeY) {
@@ -207,9 +214,7 @@ DecodedMovie decodeMovie(const std::filesystem::path& file, int probeX, int prob
         if (codec.codec_type == AVMEDIA_TYPE_AUDIO) {
             reader.movie.audioCodec = avcodec_get_name(codec.codec_id);
         } else {
-            for (unsigned shift = 0; shift < 32; shift += 8) {
-                reader.movie.videoTag += static_cast<char>((codec.codec_tag >> shift) & 0xFFU);
-            }
+            reader.movie.videoTag = lettersOf(codec.codec_tag);
         }
     }
     const FFmpegPtr<AVPacket> packet(av_packet_alloc());
