@@ -23,7 +23,7 @@ constexpr int kWakeSignal = SIGUSR1;
 
 } // namespace
 
-StopSignals::StopSignals(std::function<void(int signal)> callback)
+StopSignals::StopSignals(std::function<void()> callback)
     : onStop(std::move(callback)) {
     const auto set = awaited();
     pthread_sigmask(SIG_BLOCK, &set, nullptr);
@@ -46,7 +46,7 @@ void StopSignals::wait() {
             continue;
         int none = 0;
         if (first.compare_exchange_strong(none, signal)) {
-            onStop(signal);
+            onStop();
             continue;
         }
         (void)std::signal(signal, SIG_DFL);

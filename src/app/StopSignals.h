@@ -13,7 +13,7 @@ namespace zelvo::app {
 /// Must be made before any other thread, as threads inherit which signals they leave alone.
 class StopSignals {
 public:
-    explicit StopSignals(std::function<void(int signal)> callback);
+    explicit StopSignals(std::function<void()> callback);
     ~StopSignals();
     StopSignals(const StopSignals&) = delete;
     StopSignals& operator=(const StopSignals&) = delete;
@@ -24,7 +24,7 @@ public:
 private:
     void wait();
 
-    std::function<void(int)> onStop;
+    std::function<void()> onStop;
     std::atomic<int> first = 0;
     std::atomic<bool> isEnding = false;
     std::thread waiter;

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "app/EngineNames.h"
+
+#include "catalogue/Catalogue.h"
+#include "content/FontManager.h"
+#include "content/ImageMask.h"
+#include "content/MediaShape.h"
+#include "core/model/AnimationRatio.h"
+#include "look/XMAT.h"
+#include "look/environments/SceneManager.h"
+#include "platform/foundation/Check.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <string_view>
+
+namespace zelvo::app {
+
+namespace {
+
+/// The environments that can be built; the rest of SceneManager's list follows.
+constexpr auto kBuiltScenes = std::to_array<std::string_view>({"Flat", "Plain", "Shiny", "Stage"});
+
+template <class Range, class Projection>
+[[nodiscard]] std::vector<std::string> collected(const Range& range, Projection nameOf) {
+    std::vector<std::string> names;
+    for (const auto& item : range)
+        names.emplace_back(nameOf(item));
+    return names;
+}
+
+[[nodiscard]] std::vector<std::string> tabLines() {
+    return collected(catalogue::tabs(), [](const auto& tab) { return tab.shortTitle; });
+}
+
+[[nodiscard]] std::vector<std::string> buttonLines() {
+    std::vector<std::string> lines;
+    for (const auto& tab : engineNames().tabs) {
+        for (const auto& title : tab.titles)
+            lines.push_back(tab.tab + "\t" + title);
+    }
+    return lines;
+}
+
+} // namespace
+
+Names engineNames() {
+    Names names;
+    names.fonts =
+        collected(content::FontManager::builtInFonts(), [](const auto& font) { return font.name; });
+    names.materials = collected(look::pairRows(), [](const auto& row) { return row.title; });
+    names.speeds = collected(core::kSpeeds, [](const auto& row) { return row.title; });
+    for (const auto& scene : look::SceneManager::sceneNames) {
+        const bool isBuilt = std::ranges::find(kBuiltScenes, scene) != kBuiltScenes.end();
+        (isBuilt ? names.scenes : names.laterScenes).emplace_back(scene);
+    }
+    for (const auto& tab : catalogue::tabs()) {
+        names.tabs.push_back(
+            {std::string(tab.shortTitle),
+             collected(tab.buttons(), [](const auto& button) { return button.title; })});
+    }
+    return names;
+}
+
+std::vector<std::string> listed(Listing what) {
+    switch (what) {
+    case Listing::tabs:
+        return tabLines();
+    case Listing::buttons:
+        return buttonLines();
+    case Listing::fonts:
+        return engineNames().fonts;
+    case Listing::materials:
+        return engineNames().materials;
+    case Listing::scenes:
+        return engineNames().scenes;
+    case Listing::speeds:
+        return engineNames().speeds;
+    case Listing::shapes:
+        return collected(content::mediaShapes(), [](const auto& shape) { return shape->name; });
+    case Listing::masks:
+        return collected(content::imageMasks(), [](const auto& mask) { return mask->name; });
+    }
+    FATAL("no listing {}", static_cast<int>(what));
+}
+
+int sceneIndexOf(const std::string& name) {
+    const auto& names = look::SceneManager::sceneNames;
+    const auto* const found = std::ranges::find(names, name);
+    CHECK(found != names.end(), "no scene is called {}", name);
+    return static_cast<int>(std::distance(names.begin(), found));
+}
+
+} // namespace zelvo::app

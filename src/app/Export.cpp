@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "app/Export.h"
+
+#include "app/Progress.h"
+#include "app/Stopwatch.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace zelvo::app {
+
+namespace {
+
+constexpr double kFramesPerSecond = 60;
+/// Frames that the mux cuts off at the end.
+constexpr int kCutFrames = 3;
+
+[[nodiscard]] std::string timingRow(const char* name, double milliseconds, const char* remark) {
+    return fmt::format("  {:<14}{:>9.2f}{}\n", name, milliseconds, remark);
+}
+
+} // namespace
+
+StoppableLoop::StoppableLoop()
+    : signals([this] {
+        runLoop.post([this] {
+            if (onStop)
+                onStop();
+        });
+    }) {}
+
+foundation::Result<ExportReport>
+exportMovie(Engine& engine, StoppableLoop& loop, const movie::MovieOptions& options) {
+    auto& model = engine.model();
+    auto& writer = model.movieWriter();
+    writer.options = options;
+
+    auto progress = Progress::onStandardError();
+    std::optional<foundation::Result<movie::MovieOutcome>> outcome;
+    const auto listening = std::make_shared<const bool>(true);
+    writer.progressSignal.subscribe(listening, [&](const movie::MovieProgress& state) {
+        progress.update(state.framesDone, state.framesTotal);
+    });
+    writer.completedSignal.subscribe(
+        listening, [&](const foundation::Result<movie::MovieOutcome>& made) { outcome = made; });
+
+    const double start = stopwatchSeconds();
+    if (auto started = model.startMovie(); !started)
+        return tl::unexpected(started.error());
+    loop.onStop = [&model] { model.cancelMovie(); };
+    const auto waiting = loop.runLoop.expectPosts();
+    (void)loop.runLoop.runUntil([&] { return outcome.has_value(); });
+    loop.onStop = {};
+    progress.finish();
+    if (!*outcome)
+        return tl::unexpected(outcome->error());
+    return ExportReport{**outcome, writer.timings(), stopwatchSeconds() - start};
+}
+
+int tickAt(double seconds) {
+    // A moment given in rounded seconds must not fall a frame short.
+    constexpr double kRounding = 1e-6;
+    return static_cast<int>(std::floor(seconds * kFramesPerSecond + kRounding));
+}
+
+int framesIn(double duration) {
+    const auto drawn = static_cast<int>(std::ceil(duration / core::Model::kStep)) + 1;
+    return drawn - kCutFrames;
+}
+
+std::string timingTable(const ExportReport& report) {
+    const auto& frames = report.timings.frames;
+    const double count = std::max(1, report.outcome.frames);
+    std::string table = fmt::format("milliseconds a frame, of {} frames\n", report.outcome.frames);
+    table += timingRow("animating", frames.animateMs / count, "");
+    table += timingRow("drawing", frames.drawMs / count, "");
+    table += timingRow("reading back", frames.readBackMs / count, "");
+    table += timingRow("encoding", report.timings.encodeMs / count, "  (beside the rest)");
+    table += timingRow("total", report.seconds * 1000 / count, "");
+    table += fmt::format("{:.2f} frames a second\n", count / report.seconds);
+    return table;
+}
+
+} // namespace zelvo::app

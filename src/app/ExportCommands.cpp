@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+#include "app/Commands.h"
+#include "app/EngineNames.h"
+#include "app/Export.h"
+#include "app/PerformanceFile.h"
+#include "app/Performer.h"
+#include "app/PictureFiles.h"
+#include "app/TemporaryFolder.h"
+#include "platform/foundation/Console.h"
+
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <functional>
+#include <optional>
+#include <system_error>
+
+namespace zelvo::app {
+
+namespace {
+
+/// What perform and frame have in common, up to the export.
+struct Task {
+    std::filesystem::path file;
+    std::uint64_t seed = 0;
+    foundation::Folders folders;
+    /// How the movie is made, once the performance is known. Errors: what is asked for cannot be.
+    std::function<foundation::Result<movie::MovieOptions>(core::Model&)> options;
+    std::function<void(const ExportReport&)> report;
+};
+
+int complain(const foundation::Error& error, int status) {
+    foundation::logLine("zelvo: " + error.message);
+    return status;
+}
+
+int stoppedBy(int signal) {
+    foundation::logLine("zelvo: stopped; no movie was made");
+    return ExitStatus::kStopped + signal;
+}
+
+int carryOut(const Task& task) {
+    const auto performance = loadPerformance(task.file, engineNames());
+    if (!performance) {
+        for (const auto& line : performance.error())
+            foundation::logLine(line);
+        return ExitStatus::kWrong;
+    }
+    StoppableLoop loop;
+    Engine engine(loop.runLoop, task.folders, task.seed);
+    if (auto ready = setUp(*performance, task.file.parent_path(), engine); !ready) {
+        foundation::logLine(fmt::format("{}:{}", task.file.string(), ready.error().message));
+        return ExitStatus::kWrong;
+    }
+    const auto options = task.options(engine.model());
+    if (!options)
+        return complain(options.error(), ExitStatus::kWrong);
+    perform(*performance, engine);
+    if (loop.stopSignal() != 0)
+        return stoppedBy(loop.stopSignal());
+    const auto report = exportMovie(engine, loop, *options);
+    if (report) {
+        task.report(*report);
+        return report->outcome.saveFailure.empty() ? ExitStatus::kDone : ExitStatus::kFailed;
+    }
+    if (report.error().cause == foundation::Cause::cancelled)
+        return stoppedBy(loop.stopSignal());
+    return complain(report.error(), ExitStatus::kFailed);
+}
+
+void printPath(const std::filesystem::path& path) {
+    (void)std::fputs((path.string() + "\n").c_str(), stdout);
+}
+
+void reportPerformance(const PerformCommand& command, const ExportReport& report) {
+    const auto& outcome = report.outcome;
+    if (!outcome.saveFailure.empty()) {
+        foundation::logLine(fmt::format(
+            "zelvo: {}; the movie lies at {}", outcome.saveFailure, outcome.movie.string()));
+    } else if (outcome.savedCopy) {
+        printPath(*outcome.savedCopy);
+    } else {
+        printPath(outcome.movie.empty() ? command.frames : outcome.movie);
+    }
+    if (command.showsTiming)
+        (void)std::fputs(timingTable(report).c_str(), stdout);
+}
+
+[[nodiscard]] movie::MovieOptions optionsFor(const PerformCommand& command, double duration) {
+    movie::MovieOptions options;
+    options.renderSize = {command.size.width, command.size.height};
+    options.codec = command.codec;
+    if (!command.movie.empty())
+        options.output = command.movie;
+    options.writesMovie = !command.movie.empty() || command.frames.empty();
+    if (!command.frames.empty())
+        options.tap = framesTap(command.frames, framesIn(duration));
+    return options;
+}
+
+/// The folders of a command that leaves nothing but what it was asked for.
+[[nodiscard]] foundation::Folders foldersIn(const TemporaryFolder& temporary) {
+    auto folders = foundation::Folders::standard();
+    folders.documents = temporary.path();
+    return folders;
+}
+
+} // namespace
+
+int run(const PerformCommand& command) {
+    const auto temporary = TemporaryFolder::make(foundation::Folders::standard().temporary);
+    if (!temporary)
+        return complain(temporary.error(), ExitStatus::kFailed);
+    const bool goesToLibrary = command.movie.empty() && command.frames.empty();
+    if (!command.frames.empty()) {
+        std::error_code error;
+        std::filesystem::create_directories(command.frames, error);
+        if (error) {
+            return complain(
+                {foundation::Cause::unwritable,
+                 fmt::format("{}: {}", command.frames.string(), error.message())},
+                ExitStatus::kFailed);
+        }
+    }
+    return carryOut(
+        {.file = command.file,
+         .seed = command.seed,
+         .folders = goesToLibrary ? foundation::Folders::standard() : foldersIn(*temporary),
+         .options = [&](core::Model& model) -> foundation::Result<movie::MovieOptions> {
+             return optionsFor(command, model.duration());
+         },
+         .report = [&](const ExportReport& report) { reportPerformance(command, report); }});
+}
+
+int run(const FrameCommand& command) {
+    const auto temporary = TemporaryFolder::make(foundation::Folders::standard().temporary);
+    if (!temporary)
+        return complain(temporary.error(), ExitStatus::kFailed);
+    const auto options = [&](core::Model& model) -> foundation::Result<movie::MovieOptions> {
+        const double earliest = -model.startCounter();
+        if (!(command.at >= earliest && command.at <= model.duration())) {
+            return foundation::fail(
+                foundation::Cause::malformed,
+                fmt::format(
+                    "--at must be {} to {} seconds for this performance, not {}",
+                    earliest,
+                    model.duration(),
+                    command.at));
+        }
+        movie::MovieOptions made;
+        made.renderSize = {command.size.width, command.size.height};
+        made.writesMovie = false;
+        made.tap = pictureTap(command.out, tickAt(command.at));
+        return made;
+    };
+    return carryOut(
+        {.file = command.file,
+         .seed = command.seed,
+         .folders = foldersIn(*temporary),
+         .options = options,
+         .report = [&](const ExportReport&) { printPath(command.out); }});
+}
+
+} // namespace zelvo::app

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "app/PerformanceFile.h"
+
+#include <fmt/format.h>
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <optional>
+#include <system_error>
+
+namespace zelvo::app {
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+/// Reads no more than the reader takes, whatever the file claims to hold.
+[[nodiscard]] tl::expected<std::string, std::string> bytesOf(const std::filesystem::path& file) {
+    std::error_code error;
+    if (!std::filesystem::exists(file, error))
+        return tl::unexpected(std::string("no such file"));
+    if (std::filesystem::is_directory(file, error)) {
+        return tl::unexpected(std::string("this is a folder, not a performance file"));
+    }
+    std::ifstream in(file, std::ios::binary);
+    if (!in)
+        return tl::unexpected(fmt::format("cannot be opened: {}", std::strerror(errno)));
+    std::string bytes(kMaxJsonBytes + 1, '\0');
+    in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    if (in.bad())
+        return tl::unexpected(std::string("cannot be read"));
+    bytes.resize(static_cast<std::size_t>(in.gcount()));
+    return bytes;
+}
+
+} // namespace
+
+tl::expected<Performance, Lines>
+loadPerformance(const std::filesystem::path& file, const Names& names) {
+    const auto bytes = bytesOf(file);
+    if (!bytes)
+        return tl::unexpected(Lines{fmt::format("{}: {}", file.string(), bytes.error())});
+    auto read = readPerformance(*bytes, names);
+    if (read)
+        return std::move(*read);
+    Lines lines;
+    for (const auto& problem : read.error()) {
+        lines.push_back(fmt::format("{}:{}: {}", file.string(), problem.line, problem.text));
+    }
+    return tl::unexpected(lines);
+}
+
+} // namespace zelvo::app

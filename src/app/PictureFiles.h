@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/MovieOptions.h"
+
+#include <filesystem>
+
+namespace zelvo::app {
+
+/// Writes the movie's first `count` frames into the folder: frame_00000.png, frame_00001.png …
+[[nodiscard]] movie::FrameTap framesTap(const std::filesystem::path& folder, int count);
+
+/// Writes the one frame of that tick (below 0 in the count-in).
+[[nodiscard]] movie::FrameTap pictureTap(const std::filesystem::path& file, int tick);
+
+} // namespace zelvo::app

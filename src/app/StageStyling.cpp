@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "app/StageStyling.h"
+
+#include "platform/foundation/Check.h"
+
+#include <algorithm>
+
+namespace zelvo::app {
+
+namespace {
+
+[[nodiscard]] look::XMATClasses materialTitled(std::string_view title) {
+    const auto rows = look::pairRows();
+    const auto row = std::ranges::find(rows, title, &look::PairRow::title);
+    CHECK(row != rows.end(), "no material is called {}", title);
+    return row->name;
+}
+
+void styleLayout(const TextStyle& style, content::TextNode& node) {
+    if (style.position)
+        node.setLayoutPosition(glm::vec3(*style.position));
+    if (style.scale) {
+        node.scale2D = static_cast<float>(*style.scale);
+        node.applyScale();
+    }
+    if (style.rotation) {
+        const glm::vec3 angles(*style.rotation);
+        node.rotXNode->setRotation({1, 0, 0, angles.x});
+        node.rotYNode->setRotation({0, 1, 0, angles.y});
+        node.rotZNode->setRotation({0, 0, 1, angles.z});
+    }
+    if (style.visible) {
+        node.isVisible = *style.visible;
+        node.updateVisibility();
+    }
+}
+
+void styleText(const TextStyle& style, content::TextNode& node) {
+    // Each of these rebuilds all letters, but a text without a material has none: so they are built
+    // once, at the end.
+    const auto material =
+        style.material ? materialTitled(*style.material) : node.currentMaterialName();
+    node.setCurrentMaterialName(std::nullopt);
+    if (style.text)
+        node.setText(*style.text);
+    if (style.font)
+        node.setFontName(*style.font);
+    if (style.frontColor)
+        node.setFrontColor(*style.frontColor);
+    if (style.bandColor)
+        node.setBandColor(*style.bandColor);
+    if (style.bevel)
+        node.setBevelRadius(static_cast<float>(*style.bevel));
+    if (style.profile) {
+        node.setBevelProfile(
+            *style.profile == "rounded" ? look::BevelProfile::rounded : look::BevelProfile::linear);
+    }
+    if (style.fill) {
+        node.setBevelInnerOuter(
+            *style.fill == "outer" ? look::BevelInnerOuter::outer : look::BevelInnerOuter::inner);
+    }
+    if (style.depth)
+        node.setExtrusionDepth(*style.depth);
+    node.setCurrentMaterialName(material);
+    styleLayout(style, node);
+}
+
+} // namespace
+
+void styleTexts(const Performance& performance, core::Nodes& stage) {
+    for (const auto& node : {stage.textNode1, stage.textNode2}) {
+        const auto style = performance.nodes.find(node->shortName);
+        if (style != performance.nodes.end())
+            styleText(style->second, *node);
+    }
+}
+
+core::NodePtr nodeNamed(std::string_view shortName, const core::Nodes& stage) {
+    for (const core::NodePtr& node :
+         {core::NodePtr(stage.textNode1),
+          core::NodePtr(stage.textNode2),
+          core::NodePtr(stage.imageNode),
+          core::NodePtr(stage.mediaNode)}) {
+        if (node->shortName == shortName)
+            return node;
+    }
+    FATAL("no node is called {}", shortName);
+}
+
+} // namespace zelvo::app
