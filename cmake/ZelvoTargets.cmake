@@ -1,7 +1,8 @@
 # How this project's targets are made: one static library a folder of src/, one test program a folder of tests/.
 
 add_library(zelvo_options INTERFACE)
-target_compile_options(zelvo_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Werror)
+target_compile_options(zelvo_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Werror
+                       "-fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=")
 if(ZELVO_SANITIZE)
     target_compile_options(zelvo_options INTERFACE -fsanitize=${ZELVO_SANITIZE} -fno-omit-frame-pointer
                            -fno-sanitize-recover=all)

@@ -6,8 +6,8 @@
 
 namespace zelvo::foundation {
 
-void failCheck(std::source_location where, std::string_view message) {
-    fmt::print(stderr, "{}:{}: {}\n", where.file_name(), where.line(), message);
+void failCheck(const char* file, int line, std::string_view message) {
+    fmt::print(stderr, "{}:{}: {}\n", file, line, message);
     std::fflush(stderr);
     std::abort();
 }

@@ -3,7 +3,6 @@
 
 #include <fmt/format.h>
 
-#include <source_location>
 #include <string_view>
 
 // Broken contracts. CHECK stays in release builds: a false condition prints one line with file,
@@ -15,17 +14,15 @@
 
 namespace zelvo::foundation {
 
-[[noreturn]] void failCheck(std::source_location where, std::string_view message);
+[[noreturn]] void failCheck(const char* file, int line, std::string_view message);
 
 } // namespace zelvo::foundation
 
 #define CHECK(condition, ...)                                                                      \
     do {                                                                                           \
         if (!(condition)) [[unlikely]] {                                                           \
-            ::zelvo::foundation::failCheck(                                                        \
-                std::source_location::current(), fmt::format(__VA_ARGS__));                        \
+            ::zelvo::foundation::failCheck(__FILE__, __LINE__, fmt::format(__VA_ARGS__));          \
         }                                                                                          \
     } while (false)
 
-#define FATAL(...)                                                                                 \
-    ::zelvo::foundation::failCheck(std::source_location::current(), fmt::format(__VA_ARGS__))
+#define FATAL(...) ::zelvo::foundation::failCheck(__FILE__, __LINE__, fmt::format(__VA_ARGS__))
