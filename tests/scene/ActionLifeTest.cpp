@@ -80,26 +80,26 @@ TEST(ActionLife, RemovingAllTakesThoseNotYetBegun) {
     expectNear(stage.node->position, {0, 2, 0});
 }
 
+/// Runs an action whose block takes all actions off the node: nothing after that may be done.
+void expectNothingAfterCancelling(const SCNActionPtr& action) {
+    Stage stage;
+    bool completed = false;
+    stage.node->runAction(SCNAction::wait(9));
+    stage.node->runAction(action, [&] { completed = true; });
+    stage.node->runAction(moveToX(77, 0));
+    stage.apply({0, 1});
+    EXPECT_FLOAT_EQ(stage.node->position.value().x, 0);
+    EXPECT_FALSE(completed);
+    EXPECT_FALSE(stage.node->hasActions());
+}
+
 TEST(ActionLife, ABlockMayCancelItsOwnActionInTheMiddle) {
-    for (const bool isGroup : {false, true}) {
-        Stage stage;
-        bool completed = false;
-        const std::vector<SCNActionPtr> parts{
-            SCNAction::run([](SCNNode& node) {
-                node.removeAllActions();
-                EXPECT_FALSE(node.hasActions());
-            }),
-            moveToX(99, 0)};
-        stage.node->runAction(SCNAction::wait(9));
-        stage.node->runAction(isGroup ? SCNAction::group(parts) : SCNAction::sequence(parts), [&] {
-            completed = true;
-        });
-        stage.node->runAction(moveToX(77, 0));
-        stage.apply({0, 1});
-        EXPECT_FLOAT_EQ(stage.node->position.value().x, 0);
-        EXPECT_FALSE(completed);
-        EXPECT_FALSE(stage.node->hasActions());
-    }
+    const auto cancel = SCNAction::run([](SCNNode& node) {
+        node.removeAllActions();
+        EXPECT_FALSE(node.hasActions());
+    });
+    expectNothingAfterCancelling(SCNAction::sequence({cancel, moveToX(99, 0)}));
+    expectNothingAfterCancelling(SCNAction::group({cancel, moveToX(99, 0)}));
 }
 
 TEST(ActionLife, ABlockIsCalledOnceEvenIfTimeRunsBackOverIt) {

@@ -4,8 +4,8 @@
 #include <fmt/format.h>
 #include <glm/gtc/constants.hpp>
 
-#include <array>
 #include <string>
+#include <utility>
 
 namespace zelvo::scene {
 namespace {
@@ -114,38 +114,27 @@ TEST(Action, CombinesWithOthersOnOneProperty) {
 
 // clang-format on
 
+/// The frames of 1/60 s on which a wait is over and, after another of the same length, the action.
+std::pair<int, int> framesOfTwoWaits(double duration, double start) {
+    Stage stage;
+    std::pair<int, int> frames{-1, -1};
+    int frame = 0;
+    const SCNActionPtr wait = SCNAction::wait(duration);
+    const auto note = SCNAction::run([&](SCNNode&) { frames.first = frame; });
+    stage.node->runAction(seq({wait, note, wait}), [&] { frames.second = frame; });
+    for (; stage.node->hasActions(); ++frame) {
+        stage.scene.applyAnimations(start + frame / 60.0);
+    }
+    return frames;
+}
+
 TEST(Action, EndsOnTheFrameItsDurationNames) {
     // Sixtieths and such durations have no exact binary form; the frame must be the same all over.
-    struct Row {
-        double duration;
-        int frames;
-    };
-
-    const std::vector<Row> rows{
-        {0.1,  6  },
-        {0.35, 21 },
-        {0.85, 51 },
-        {1.0,  60 },
-        {1.7,  102}
-    };
     for (const double start : {0.0, 1.0 / 3.0, 1234.5}) {
-        for (const Row& row : rows) {
-            SCOPED_TRACE(fmt::format("{} s from {}", row.duration, start));
-            Stage stage;
-            int blockFrame = -1;
-            int endFrame = -1;
-            int frame = 0;
-            const auto halves = SCNAction::sequence(
-                {SCNAction::wait(row.duration),
-                 SCNAction::run([&](SCNNode&) { blockFrame = frame; }),
-                 SCNAction::wait(row.duration)});
-            stage.node->runAction(halves, [&] { endFrame = frame; });
-            for (; frame <= 2 * row.frames + 1; ++frame) {
-                stage.scene.applyAnimations(start + frame / 60.0);
-            }
-            EXPECT_EQ(blockFrame, row.frames);
-            EXPECT_EQ(endFrame, 2 * row.frames);
-        }
+        EXPECT_EQ(framesOfTwoWaits(0.1, start), std::pair(6, 12));
+        EXPECT_EQ(framesOfTwoWaits(0.35, start), std::pair(21, 42));
+        EXPECT_EQ(framesOfTwoWaits(0.85, start), std::pair(51, 102));
+        EXPECT_EQ(framesOfTwoWaits(1.7, start), std::pair(102, 204));
     }
 }
 

@@ -118,22 +118,20 @@ TEST(SceneFile, NamesKeyAndRangeOfAWrongValue) {
 
 // clang-format on
 
-TEST(SceneFile, RefusesWhatIsTooDeepOrTooMuch) {
-    std::string deep = "{\"nodes\":[";
-    for (int i = 0; i < 100000; ++i) {
-        deep += "{\"children\":[";
+std::string repeated(const std::string& part, int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i) {
+        text += part;
     }
-    EXPECT_FALSE(SCNScene::fromJSON(deep, "deep.scn"));
-    for (int i = 0; i < 100000; ++i) {
-        deep += "]}";
-    }
-    EXPECT_FALSE(SCNScene::fromJSON(deep + "]}", "deep.scn"));
+    return text;
+}
 
-    std::string many = "{\"nodes\":[{}";
-    for (int i = 0; i < 5000; ++i) {
-        many += ",{}";
-    }
-    EXPECT_FALSE(SCNScene::fromJSON(many + "]}", "many.scn"));
+TEST(SceneFile, RefusesWhatIsTooDeepOrTooMuch) {
+    const std::string opened = "{\"nodes\":[" + repeated("{\"children\":[", 100000);
+    EXPECT_FALSE(SCNScene::fromJSON(opened, "unclosed.scn"));
+    EXPECT_FALSE(SCNScene::fromJSON(opened + repeated("]}", 100001), "deep.scn"));
+    EXPECT_FALSE(SCNScene::fromJSON("{\"nodes\":[{}" + repeated(",{}", 5000) + "]}", "many.scn"));
+    EXPECT_TRUE(SCNScene::fromJSON("{\"nodes\":[{}" + repeated(",{}", 500) + "]}", "some.scn"));
     const auto large = SCNScene::fromJSON(std::string(5U << 20U, ' '), "large.scn");
     ASSERT_FALSE(large);
     EXPECT_EQ(large.error().cause, foundation::Cause::tooLarge);

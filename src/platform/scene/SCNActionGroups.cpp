@@ -130,10 +130,8 @@ private:
 };
 
 void checkMembers(const std::vector<SCNActionPtr>& members) {
-    for (const SCNActionPtr& member : members) {
-        CHECK(
-            member != nullptr, "an action is made of {} others, one of them null", members.size());
-    }
+    const bool areAllThere = std::find(members.begin(), members.end(), nullptr) == members.end();
+    CHECK(areAllThere, "an action is made of {} others, one of them null", members.size());
 }
 
 } // namespace

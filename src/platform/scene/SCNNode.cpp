@@ -28,6 +28,14 @@ geometry::Box transformed(const geometry::Box& box, const glm::mat4& matrix) {
     return result;
 }
 
+bool isAtOrBelow(const SCNNode& node, const SCNNode& ancestor) {
+    for (const SCNNode* above = &node; above != nullptr; above = above->parent()) {
+        if (above == &ancestor)
+            return true;
+    }
+    return false;
+}
+
 /// As SCNNode::boundingBox, but empty when nothing is there.
 geometry::Box contentsBox(const SCNNode& node) {
     geometry::Box box;
@@ -120,9 +128,7 @@ glm::vec3 SCNNode::worldScale() const {
 
 void SCNNode::addChildNode(SCNNodePtr child) {
     CHECK(child != nullptr, "node \"{}\" gets a null child", name);
-    for (const SCNNode* node = this; node != nullptr; node = node->parent_) {
-        CHECK(node != child.get(), "node \"{}\" would stand below itself", child->name);
-    }
+    CHECK(!isAtOrBelow(*this, *child), "node \"{}\" would stand below itself", child->name);
     child->removeFromParentNode();
     child->parent_ = this;
     children.push_back(std::move(child));
