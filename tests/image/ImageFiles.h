@@ -6,6 +6,8 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -33,19 +35,17 @@ public:
 
 /// A quarter each, from the top left by rows: red, green, blue, half transparent white.
 inline Image quartered(int width, int height) {
-    constexpr std::uint8_t kColours[4][4] = {
-        {255, 0,   0,   255},
-        {0,   255, 0,   255},
-        {0,   0,   255, 255},
-        {255, 255, 255, 128}
+    using Pixel = std::array<std::uint8_t, 4>;
+    constexpr std::array<Pixel, 4> kColours{
+        {{255, 0, 0, 255}, {0, 255, 0, 255}, {0, 0, 255, 255}, {255, 255, 255, 128}}
     };
     Image image(width, height);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
-            const int quarter = (y * 2 >= height ? 2 : 0) + (x * 2 >= width ? 1 : 0);
-            const auto at = static_cast<std::size_t>(y * width + x) * 4;
-            std::copy_n(
-                std::begin(kColours[quarter]), 4, image.pixels.begin() + static_cast<int>(at));
+            const auto quarter =
+                static_cast<std::size_t>((y * 2 >= height ? 2 : 0) + (x * 2 >= width ? 1 : 0));
+            const int at = (y * width + x) * 4;
+            std::ranges::copy(kColours.at(quarter), image.pixels.begin() + at);
         }
     }
     return image;

@@ -103,7 +103,7 @@ TEST(Image, TintTakesTheColourAndKeepsTheAlpha) {
 
 TEST(Image, ResourcesAreFoundByNameAndKept) {
     const ScratchFolder folder;
-    const foundation::Bundle before = foundation::mainBundle();
+    auto before = foundation::mainBundle();
     foundation::setMainBundle(foundation::Bundle({folder.path}));
     ASSERT_TRUE(savePNG(quartered(4, 4), folder.path / "there.png"));
     std::ofstream(folder.path / "broken.png") << "no picture";
@@ -114,7 +114,7 @@ TEST(Image, ResourcesAreFoundByNameAndKept) {
     EXPECT_EQ(imageNamed("there.png"), first);
     EXPECT_EQ(imageNamed("absent.png"), nullptr);
     EXPECT_EQ(imageNamed("broken.png"), nullptr);
-    foundation::setMainBundle(before);
+    foundation::setMainBundle(std::move(before));
 }
 
 /// Foreign pictures lie in the folder that the environment names, where there is one.

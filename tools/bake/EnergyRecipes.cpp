@@ -31,7 +31,7 @@ Baked veins(int side, int) {
                     static_cast<int>(p.y * static_cast<float>(side)));
                 // Read as a colour, so that the stored value is about the root of the light.
                 return glm::vec4(
-                    0.92f * value,
+                    0.80f * std::pow(value, 1.6f),
                     0.85f * value * value + 0.04f,
                     0.8f * value * value * value + 0.05f,
                     1);
@@ -43,7 +43,7 @@ Baked veins(int side, int) {
 Baked swells(int side, int) {
     const Field relief = Field::of(
         side, side, [](const glm::vec2& p) { return fractal(p, octaves(3, 4, 0.42f, 75)); });
-    return {normalPicture(relief, 0.10f), {}};
+    return {normalPicture(relief, 0.032f), {}};
 }
 
 constexpr auto kRecipes = std::to_array<Recipe>({

@@ -48,7 +48,8 @@ glm::vec3 productRoom(const glm::vec3& direction) {
 
 Baked productStudio(int width, int height) {
     return environment(width, height, [](const glm::vec3& direction) {
-        return productRoom(direction) + lightOf(kProductLamps, direction);
+        constexpr float kExposure = 1.12f;
+        return kExposure * (productRoom(direction) + lightOf(kProductLamps, direction));
     });
 }
 
@@ -69,6 +70,22 @@ Baked greyHorizon(int width, int height) {
         const float ground = glm::mix(0.010f, 0.030f, glm::smoothstep(-4.0f, -60.0f, elevation));
         const float grey = glm::mix(ground, sky + haze, glm::smoothstep(-1.5f, 1.5f, elevation));
         return glm::vec3(grey) + lightOf(kHorizonLamps, direction);
+    });
+}
+
+// The dark stage: lamps stand only where the audience sits, so that faces mirror them and the floor
+// does not.
+constexpr auto kStageLamps = std::to_array<Softbox>({
+    {190, 26, -6, {0.70f, 0.34f},  0.05f,  1.2f, 0.90f, kWarm   },
+    {170, 2,  30, {0.040f, 0.60f}, 0.010f, 2.6f, 0.20f, kNeutral},
+    {128, 10, -3, {0.045f, 0.80f}, 0.012f, 4.0f, 0.20f, kCool   },
+    {234, 12, 3,  {0.055f, 0.85f}, 0.012f, 4.5f, 0.10f, kWarm   },
+});
+
+Baked darkStage(int width, int height) {
+    return environment(width, height, [](const glm::vec3& direction) {
+        const float hall = 0.008f + 0.10f * glow(direction, directionOf(180, -24), 30);
+        return glm::vec3(hall) + lightOf(kStageLamps, direction);
     });
 }
 
@@ -107,9 +124,10 @@ Baked tintableBackdrop(int width, int height) {
 }
 
 constexpr auto kRecipes = std::to_array<Recipe>({
-    {"Background001.png",  Repeats::sideways, 2048, 1024, tintableBackdrop},
-    {"Environment001.jpg", Repeats::sideways, 2048, 1024, productStudio   },
-    {"grayHorizont.png",   Repeats::sideways, 1024, 512,  greyHorizon     },
+    {"Background001.png",    Repeats::sideways, 2048, 1024, tintableBackdrop},
+    {"Environment001.jpg",   Repeats::sideways, 2048, 1024, productStudio   },
+    {"StageEnvironment.jpg", Repeats::sideways, 1024, 512,  darkStage       },
+    {"grayHorizont.png",     Repeats::sideways, 1024, 512,  greyHorizon     },
 });
 
 } // namespace
