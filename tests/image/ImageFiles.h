@@ -42,8 +42,7 @@ inline Image quartered(int width, int height) {
     Image image(width, height);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
-            const auto quarter =
-                static_cast<std::size_t>((y * 2 >= height ? 2 : 0) + (x * 2 >= width ? 1 : 0));
+            const std::size_t quarter = (y * 2 >= height ? 2U : 0U) + (x * 2 >= width ? 1U : 0U);
             const int at = (y * width + x) * 4;
             std::ranges::copy(kColours.at(quarter), image.pixels.begin() + at);
         }
