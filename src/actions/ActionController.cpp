@@ -107,7 +107,7 @@ void ActionController::removeActions(int identifier) {
         recordedActions_, [&](const XACPtr& xac) { return xac->identifier == identifier; });
 }
 
-void ActionController::resetAll(CameraHandles handles, const Homecoming& how) {
+void ActionController::resetAll(CameraHandles handles, const Homecoming& how) const {
     resetStage(nodes, handles, how);
 }
 

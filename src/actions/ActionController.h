@@ -69,7 +69,7 @@ public:
     /// All records of one user act.
     void removeActions(int identifier) override;
 
-    void resetAll(CameraHandles handles, const Homecoming& how = {});
+    void resetAll(CameraHandles handles, const Homecoming& how = {}) const;
     /// At once. Says so on the console if there are none.
     static void resetNodes(const std::vector<core::NodePtr>& which);
 

@@ -28,13 +28,17 @@ void runHomeMoves(scene::SCNNode& node, const glm::vec3& target, const Homecomin
 
 void resetLetters(const content::TextNode& text, const Homecoming& how) {
     for (const auto& letter : text.letters()) {
-        CHECK(letter->originalPosition.has_value(), "a letter has no place in its text");
         letter->removeAllActions();
-        runHomeMoves(*letter, *letter->originalPosition, how);
+        runHomeMoves(*letter, placeOf(*letter), how);
     }
 }
 
 } // namespace
+
+glm::vec3 placeOf(const content::CharNode& letter) {
+    CHECK(letter.originalPosition.has_value(), "a letter has no place in its text");
+    return *letter.originalPosition;
+}
 
 void resetSceneNode(scene::SCNNode& node, const glm::vec3& target, const Homecoming& how) {
     node.removeAllActions();

@@ -13,6 +13,9 @@
 
 namespace zelvo::actions {
 
+/// Where its text wants a letter. A letter without a place is a programming error.
+[[nodiscard]] glm::vec3 placeOf(const content::CharNode& letter);
+
 /// How fast things come home; at once by default.
 struct Homecoming {
     scene::TimingFunction timing{}; ///< of each of the moves; none means linear

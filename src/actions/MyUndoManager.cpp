@@ -38,7 +38,7 @@ void MyUndoManager::redo() {
     isRedoing = false;
 }
 
-void MyUndoManager::carryOut(Stack& from, Stack& to) {
+void MyUndoManager::carryOut(Stack& from, Stack& to) const {
     CHECK(!from.empty(), "there is nothing to undo or redo");
     const Entry entry = std::move(from.back());
     from.pop_back();

@@ -60,7 +60,7 @@ public:
     void redo();
 
 private:
-    void carryOut(Stack& from, Stack& to);
+    void carryOut(Stack& from, Stack& to) const;
 };
 
 } // namespace zelvo::actions

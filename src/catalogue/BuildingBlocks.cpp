@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "catalogue/BuildingBlocks.h"
 
-#include "platform/foundation/Check.h"
 #include "platform/foundation/Random.h"
 
 #include <cstdint>
@@ -63,7 +62,8 @@ Degrees randomTurn(int low, int high) {
 
 float randomOffset(int span) {
     const auto draw = static_cast<int>(arc4random_uniform(static_cast<std::uint32_t>(span)));
-    return static_cast<float>(draw - span / 2);
+    const int offset = draw - span / 2;
+    return static_cast<float>(offset);
 }
 
 Letters lettersOf(const std::vector<core::NodePtr>& nodes) {
@@ -98,11 +98,6 @@ Letters shuffled(Letters letters) {
         std::swap(letters[left - 1], letters[chosen]);
     }
     return letters;
-}
-
-glm::vec3 placeOf(const content::CharNode& letter) {
-    CHECK(letter.originalPosition.has_value(), "a letter has no place in its text");
-    return *letter.originalPosition;
 }
 
 } // namespace zelvo::catalogue

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "actions/HomePose.h"
 #include "content/TextNode.h"
 #include "core/node/Node.h"
 #include "platform/scene/SCNAction.h"
@@ -26,7 +27,7 @@ struct Degrees {
     float z = 0;
 
     [[nodiscard]] glm::vec3 radians() const {
-        return glm::vec3(glm::radians(x), glm::radians(y), glm::radians(z));
+        return {glm::radians(x), glm::radians(y), glm::radians(z)};
     }
 };
 
@@ -63,6 +64,8 @@ void rotateFromToKeyless(
 /// A uniform whole number in 0 to span - 1, less half the span.
 [[nodiscard]] float randomOffset(int span);
 
+using actions::placeOf;
+
 using Letters = std::vector<content::CharNodePtr>;
 
 /// The letters of the texts among the nodes, text by text. Made anew by every change of style:
@@ -71,7 +74,5 @@ using Letters = std::vector<content::CharNodePtr>;
 [[nodiscard]] std::vector<core::NodePtr> nonTextNodes(const std::vector<core::NodePtr>& nodes);
 [[nodiscard]] bool isText(const core::Node& node);
 [[nodiscard]] Letters shuffled(Letters letters);
-/// Where the text wants its letter. A letter without a place is a programming error.
-[[nodiscard]] glm::vec3 placeOf(const content::CharNode& letter);
 
 } // namespace zelvo::catalogue

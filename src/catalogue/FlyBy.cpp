@@ -52,6 +52,7 @@ void pass(const Take& take, const PassRow& row) {
 
 std::vector<Button> showFlyBy() {
     std::vector<Button> buttons;
+    buttons.reserve(kPasses.size());
     for (const PassRow& row : kPasses) {
         buttons.push_back(commonButton(
             {.face = {.label = row.label}, .title = row.title, .factor = row.factor},

@@ -37,7 +37,7 @@ public:
     MovieWriter(
         MovieWriterOwner& owningModel,
         const foundation::Folders& folders,
-        FrameSourceFactory makeFrames);
+        FrameSourceFactory frameFactory);
     ~MovieWriter();
     MovieWriter(const MovieWriter&) = delete;
     MovieWriter& operator=(const MovieWriter&) = delete;

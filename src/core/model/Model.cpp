@@ -230,11 +230,11 @@ bool Model::isRecordingMovie() const {
     return movieWriter().isRecording();
 }
 
-foundation::Result<void> Model::startMovie() {
+foundation::Result<void> Model::startMovie() const {
     return movieWriter().start();
 }
 
-void Model::cancelMovie() {
+void Model::cancelMovie() const {
     movieWriter().cancel();
 }
 

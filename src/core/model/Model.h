@@ -57,7 +57,7 @@ public:
     static constexpr double kStep = 0.016666666666667;
     static constexpr double kMinDuration = 2.0;
 
-    explicit Model(ModelServices services);
+    explicit Model(ModelServices given);
     ~Model() override;
     Model(const Model&) = delete;
     Model& operator=(const Model&) = delete;
@@ -137,8 +137,8 @@ public:
 
     // --- the movie
     [[nodiscard]] bool isRecordingMovie() const;
-    [[nodiscard]] foundation::Result<void> startMovie();
-    void cancelMovie();
+    [[nodiscard]] foundation::Result<void> startMovie() const;
+    void cancelMovie() const;
 
     [[nodiscard]] std::filesystem::path movieURL() const { return movieWriter().movieURL(); }
 
