@@ -1,0 +1,269 @@
+// SPDX-License-Identifier: MIT
+#include "app/ProgramRun.h"
+#include "media/MediaFixture.h"
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <csignal>
+#include <string>
+#include <vector>
+
+namespace zelvo::app {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kSize = "192x108";
+
+// A white I comes in from the left at 0.5 and stands 150 units left of the middle by 0.75; at this
+// size, of which 192 pixels show 708 units, that is column 96 - 150 / 3.69. Nothing else is to be
+// seen on the black stage.
+constexpr int kLetterX = 55;
+constexpr int kEmptyX = 137;
+constexpr int kMiddleY = 54;
+const std::string kLetter = R"({
+  "duration": 2, "speed": "fastest", "scene": "Flat", "background": "#000000",
+  "nodes": {
+    "TX1": {"text": "I", "font": "BowlbyOneSC-Regular", "material": "Flat", "frontColor": "#FFFFFF",
+            "bandColor": "#FFFFFF", "position": [-150, 0, 0], "scale": 1},
+    "TX2": {"text": ""}
+  },
+  "audio": {"file": "song.wav", "fade": "fadeIn"},
+  "cues": [{"at": 0.5, "tab": "IN1", "press": "Left In", "nodes": ["TX1"]}]
+})";
+
+/// A performance of two seconds around some members.
+[[nodiscard]] std::string performance(const std::string& members) {
+    return R"({"duration": 2, "scene": "Flat", )" + members + "}";
+}
+
+[[nodiscard]] std::string withText(const std::string& text) {
+    return performance(
+        R"("nodes": {"TX1": {"text": ")" + text +
+        R"("}}, "cues": [{"at": 0, "tab": "IN4", "press": "Dropping In"}])");
+}
+
+/// Every file below the folder, by its relative path.
+[[nodiscard]] std::vector<std::string> filesBelow(const fs::path& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+        if (entry.is_regular_file())
+            names.push_back(fs::relative(entry.path(), folder));
+    }
+    std::ranges::sort(names);
+    return names;
+}
+
+TEST(EndToEnd, makes_a_movie_with_the_letter_and_the_sound_where_they_belong) {
+    const Program program;
+    const auto file = program.write("letter.json", kLetter);
+    media::writeWav(program.path("song.wav"), 44100, 4, media::sine(440, 0.5));
+    const auto movie = program.path("letter.mov");
+    const auto made = program.run({"perform", file, "--movie", movie, "--size", kSize, "--timing"});
+    ASSERT_EQ(made.status, 0) << made.err;
+    EXPECT_TRUE(made.out.starts_with(movie + "\n")) << made.out;
+    EXPECT_NE(made.out.find("encoding"), std::string::npos) << made.out;
+
+    const auto seen = media::decodeMovie(movie, kLetterX, kMiddleY);
+    ASSERT_EQ(seen.frameTimes.size(), 118U);
+    for (std::size_t i = 0; i < seen.frameTimes.size(); ++i)
+        EXPECT_NEAR(seen.frameTimes[i], static_cast<double>(i) / 60, 1e-9);
+    for (std::size_t i = 0; i <= 30; ++i)
+        EXPECT_LT(seen.centres[i][0], 30) << "frame " << i;
+    for (std::size_t i = 45; i < seen.centres.size(); ++i)
+        EXPECT_GT(seen.centres[i][0], 180) << "frame " << i;
+    for (const auto& colour : media::decodeMovie(movie, kEmptyX, kMiddleY).centres)
+        EXPECT_LT(colour[0], 30);
+
+    // The fade-in takes 1.6 seconds; a sine of 0.5 measures 0.354.
+    EXPECT_LT(seen.loudness(0.0, 0.1), 0.03);
+    EXPECT_NEAR(seen.loudness(0.7, 0.9), 0.354 / 2, 0.03);
+    EXPECT_NEAR(seen.loudness(1.7, 1.9), 0.354, 0.03);
+}
+
+TEST(EndToEnd, draws_the_same_bytes_for_the_same_seed_and_the_same_moment) {
+    const Program program;
+    const auto file = program.write(
+        "random.json",
+        performance(
+            R"("cues": [{"at": 0, "tab": "IN3", "press": "Implode In"},
+                        {"at": 1, "tab": "OT3", "press": "Explo Out"}])"));
+    const auto framesOf = [&](const std::string& folder, const std::string& seed) {
+        const auto made = program.run(
+            {"perform", file, "--frames", program.path(folder), "--size", "96x54", "--seed", seed});
+        EXPECT_EQ(made.status, 0) << made.err;
+        std::vector<std::string> frames;
+        for (const auto& name : filesBelow(program.path(folder)))
+            frames.push_back(contentOf(program.home() / folder / name));
+        return frames;
+    };
+    const auto first = framesOf("first", "7");
+    EXPECT_EQ(first.size(), 118U);
+    EXPECT_TRUE(first == framesOf("again", "7"));
+    EXPECT_FALSE(first == framesOf("other", "8"));
+
+    const auto picture = program.path("one.png");
+    const auto made = program.run(
+        {"frame", file, "--at", "0.5", "--out", picture, "--size", "96x54", "--seed", "7"});
+    ASSERT_EQ(made.status, 0) << made.err;
+    EXPECT_TRUE(contentOf(picture) == first[30]);
+}
+
+TEST(EndToEnd, shows_an_empty_stage_in_the_count_in) {
+    const Program program;
+    const auto file = program.write("random.json", withText("A"));
+    const auto pictureAt = [&](const std::string& time, const std::string& name) {
+        const auto made = program.run(
+            {"frame", file, "--at", time, "--out", program.path(name), "--size", "96x54"});
+        EXPECT_EQ(made.status, 0) << made.err;
+        return contentOf(program.path(name));
+    };
+    const auto empty = pictureAt("-1", "empty.png");
+    EXPECT_TRUE(empty == pictureAt("-0.1", "later.png"));
+    EXPECT_FALSE(empty == pictureAt("1.5", "letters.png"));
+}
+
+TEST(EndToEnd, takes_an_undone_press_out_of_the_movie) {
+    const Program program;
+    const auto pictureOf = [&](const std::string& cues) {
+        const auto file = program.write("cues.json", performance(R"("cues": [)" + cues + "]"));
+        const auto picture = program.path("picture.png");
+        const auto made =
+            program.run({"frame", file, "--at", "1.9", "--out", picture, "--size", "96x54"});
+        EXPECT_EQ(made.status, 0) << made.err;
+        return contentOf(picture);
+    };
+    const std::string press = R"({"at": 0.2, "tab": "IN1", "press": "Left In"})";
+    const auto none = pictureOf("");
+    const auto pressed = pictureOf(press);
+    EXPECT_FALSE(none == pressed);
+    EXPECT_TRUE(none == pictureOf(press + R"(, {"at": 0.5, "undo": true})"));
+    EXPECT_TRUE(
+        pressed == pictureOf(press + R"(, {"at": 0.5, "undo": true}, {"at": 0.6, "redo": true})"));
+}
+
+TEST(EndToEnd, draws_any_text) {
+    const Program program;
+    std::string long500;
+    for (int i = 0; i < 250; ++i)
+        long500 += "Wi";
+    for (const std::string& text :
+         {std::string(),
+          std::string("   "),
+          std::string("שלום عَرَبِيّ"),
+          std::string("e\\u0301\\u0323 👩‍🚀 漢"),
+          long500}) {
+        const auto file = program.write("text.json", withText(text));
+        const auto made = program.run(
+            {"frame", file, "--at", "1", "--out", program.path("a.png"), "--size", "96x54"});
+        EXPECT_EQ(made.status, 0) << text << made.err;
+    }
+}
+
+TEST(EndToEnd, says_in_one_line_what_is_wrong_and_ends_with_its_status) {
+    const Program program;
+    const auto good = program.write("good.json", withText("A"));
+    program.write("noise.mp3", std::string(5000, '\x5A') + "noise");
+    const auto withSong = [](const std::string& audio) {
+        return performance("\"audio\": {" + audio + "}, \"cues\": []");
+    };
+    media::writeWav(program.path("song.wav"), 8000, 4, media::sine(440, 0.5));
+
+    struct Row {
+        Program::Arguments arguments;
+        int status;
+        const char* part;
+    };
+
+    const Row rows[] = {
+        {{"perform", "gone.json"},                                                                          2, "gone.json: no such file"                },
+        {{"perform", program.home()},                                                                       2, "folder"                                 },
+        {{"perform", good, "--colour"},                                                                     2, "--colour"                               },
+        {{"perform",
+          program.write(
+              "font.json",
+              performance("\n\"nodes\": {\"TX1\": {\"font\": \"Audiowide\"}}, \"cues\": []"))},
+         2,                                                                                                    "font.json:2: unknown font \"Audiowide\""},
+        {{"perform", program.write("noise.json", withSong("\"file\": \"noise.mp3\""))},
+         2,                                                                                                    "noise.mp3"                              },
+        {{"perform", program.write("gone-song.json", withSong("\"file\": \"gone.mp3\""))},
+         2,                                                                                                    "gone.mp3"                               },
+        {{"perform",
+          program.write("short.json", withSong("\"file\": \"song.wav\", \"in\": 3, \"end\": 9"))},
+         2,                                                                                                    "4.00 seconds"                           },
+        {{"frame", good, "--at", "2.1", "--out", program.path("a.png")},                                    2, "-2 to 2"                                },
+        {{"perform", good, "--movie", program.path("no/folder/a.mov"), "--size", kSize},
+         1,                                                                                                    "folder"                                 },
+        {{"frame", good, "--at", "0", "--out", program.path("no/a.png"), "--size", kSize},
+         1,                                                                                                    "a.png"                                  },
+        {{"perform", good, "--frames", good, "--size", kSize},                                              1, "good.json"                              },
+    };
+    for (const auto& row : rows) {
+        const auto ending = program.run(row.arguments);
+        EXPECT_EQ(ending.status, row.status) << row.part << ending.err;
+        EXPECT_NE(ending.err.find(row.part), std::string::npos) << ending.err;
+        EXPECT_EQ(std::ranges::count(ending.err, '\n'), 1) << ending.err;
+        EXPECT_EQ(ending.out, "");
+    }
+}
+
+TEST(EndToEnd, leaves_the_earlier_movie_untouched_where_none_is_finished) {
+    const Program program;
+    const auto file =
+        program.write("long.json", R"({"duration": 600, "scene": "Flat", "cues": []})");
+    const auto shortFile = program.write("short.json", withText("A"));
+    fs::create_directories(program.path("out"));
+    const auto target = program.write("out/a.mov", "earlier");
+
+    struct Row {
+        int signal;
+        int status;
+    };
+
+    for (const auto& row : {
+             Row{SIGINT,  130},
+             Row{SIGTERM, 143}
+    }) {
+        const auto frames = program.path(fmt::format("frames{}", row.signal));
+        const auto ending = program.runAndSignal(
+            {"perform", file, "--movie", target, "--frames", frames, "--size", kSize},
+            frames,
+            row.signal);
+        EXPECT_EQ(ending.status, row.status) << ending.err;
+        EXPECT_EQ(contentOf(target), "earlier");
+    }
+    const auto full =
+        program.run({"perform", shortFile, "--movie", target, "--size", "960x540"}, 2000);
+    EXPECT_EQ(full.status, 1) << full.err;
+    EXPECT_EQ(contentOf(target), "earlier");
+    EXPECT_EQ(filesBelow(program.path("out")), std::vector<std::string>{"a.mov"});
+    for (const auto& name : filesBelow(program.home()))
+        EXPECT_EQ(name.find("tmpMovie"), std::string::npos) << name;
+}
+
+TEST(EndToEnd, saves_to_the_videos_folder_unless_that_is_denied) {
+    const Program program;
+    const auto file = program.write("a.json", withText("A"));
+    fs::create_directories(program.path("Videos"));
+    const auto saved = program.run({"perform", file, "--size", kSize});
+    ASSERT_EQ(saved.status, 0) << saved.err;
+    const auto path = saved.out.substr(0, saved.out.find('\n'));
+    EXPECT_EQ(fs::path(path).parent_path(), program.home() / "Videos");
+    EXPECT_EQ(media::decodeMovie(path, 0, 0).frameTimes.size(), 118U);
+
+    fs::remove_all(program.path("Videos"));
+    program.write("Videos", "a file stands where the folder belongs");
+    const auto denied = program.run({"perform", file, "--size", kSize});
+    EXPECT_EQ(denied.status, 1);
+    const auto place = denied.err.find("lies at ");
+    ASSERT_NE(place, std::string::npos) << denied.err;
+    const auto kept = denied.err.substr(place + 8, denied.err.find('\n', place) - place - 8);
+    EXPECT_TRUE(fs::exists(kept)) << kept;
+}
+
+} // namespace
+
+} // namespace zelvo::app
