@@ -3,6 +3,8 @@
 #include "catalogue/CatalogueFixture.h"
 
 #include <array>
+#include <cmath>
+#include <numbers>
 #include <numeric>
 #include <optional>
 #include <vector>
@@ -40,6 +42,20 @@ protected:
             }
         }
         return starts;
+    }
+
+    /// As expectAt, allowing for the solver's five steps where a curve is steep.
+    static void expectNear(const scene::SCNNode& node, const vec3& place) {
+        EXPECT_LT(glm::distance(node.position.value(), place), 8)
+            << node.position.value().x << ' ' << node.position.value().y << ' '
+            << node.position.value().z;
+    }
+
+    /// A swing that grows towards its end, with a period of 1.25.
+    static double swelling(double t) {
+        const double left = t - 1;
+        const double swing = std::cos(2 * std::numbers::pi * left / 1.25);
+        return t == 0 ? 0 : std::pow(2, 10 * left) * swing;
     }
 
     static bool isUnseen(const content::CharNode& letter) { return letter.opacity.value() == 0; }
@@ -114,30 +130,90 @@ struct CompanyRow {
     const char* title;
     double wait; // seconds, for five letters
     double factor;
+    test::Reference curve;
     vec3 start, end;
 };
 
 TEST_F(LetterTest, HaveCompanyThatWaits) {
     const vec3 home(0);
+    const auto stepped = test::spring(55, 1.6, 480, 25);
+    const auto rising = test::spring(57, 1.3, 480, 25);
+    const auto dropping = test::spring(40, 1.2, 480, 25);
+    const auto falling = test::bezier(0.865, 0, 1, 0);
+    const auto leaving = test::bezier(0.72, -0.3, 0.66, 0.73);
     const auto rows = std::to_array<CompanyRow>({
-        {"IN3", "Stepped Right In", 6 * 0.05 * 0.54, 1.55,       {800, 0, 0},  home        },
-        {"IN4", "Falling In",       6 * 0.05 * 0.8,  1.65,       {0, -800, 0}, home        },
-        {"IN4", "Dropping In",      0,               1.45 * 1.5, {0, 0, 800},  home        },
-        {"OT2", "Falling Out",      5 * 0.09 * 0.48, 0.75,       home,         {0, -800, 0}},
-        {"OT2", "Accel 1 Out",      6 * 0.05,        0.79,       home,         {0, 0, 800} },
-        {"OT2", "Drop Left Out",    6 * 0.04 * 0.91, 0.7,        home,         {800, 0, 0} },
+        {"IN3", "Stepped Right In", 6 * 0.05 * 0.54, 1.55,       stepped,  {800, 0, 0},  home        },
+        {"IN4", "Falling In",       6 * 0.05 * 0.8,  1.65,       rising,   {0, -800, 0}, home        },
+        {"IN4", "Dropping In",      0,               1.45 * 1.5, dropping, {0, 0, 800},  home        },
+        {"OT2", "Falling Out",      5 * 0.09 * 0.48, 0.75,       falling,  home,         {0, -800, 0}},
+        {"OT2", "Accel 1 Out",      6 * 0.05,        0.79,       swelling, home,         {0, 0, 800} },
+        {"OT2", "Drop Left Out",    6 * 0.04 * 0.91, 0.7,        leaving,  home,         {800, 0, 0} },
     });
     for (const CompanyRow& row : rows) {
         SCOPED_TRACE(row.title);
         press(row.tab, row.title);
-        goTo(row.wait);
-        expectAt(*nodes.mediaNode, row.start);
-        goTo(row.wait + row.factor * 0.85 * 0.3);
-        EXPECT_NE(nodes.mediaNode->position.value(), row.start);
-        goTo(row.wait + row.factor * 0.85 + 0.001);
-        expectAt(*nodes.mediaNode, row.end);
+        for (const double share : {0.0, 0.25, 0.5, 1.0}) {
+            goTo(row.wait + share * row.factor * 0.85);
+            const auto done = static_cast<float>(row.curve(share));
+            expectNear(*nodes.mediaNode, glm::mix(row.start, row.end, done));
+        }
         if (std::string_view(row.title) == "Falling Out")
             expectTurned(*nodes.mediaNode, {0, 20, -30});
+    }
+}
+
+/// How one letter travels and fades, in shares of d from its start.
+struct TravelRow {
+    const char* tab;
+    const char* title;
+    double leadShare, factor;
+    test::Reference curve;
+    vec3 (*from)(vec3 place);
+    vec3 (*to)(vec3 place);
+    double fadeAt, fadeLength;
+    bool fadesIn;
+};
+
+TEST_F(LetterTest, FollowTheirCurves) {
+    nodes.textNode1->setText("A");
+    const auto own = [](vec3 place) { return place; };
+    const auto left = [](vec3 place) { return vec3(-800, place.y, place.z); };
+    const auto above = [](vec3 place) { return vec3(place.x, 800, place.z); };
+    const auto below = [](vec3 place) { return vec3(place.x, -800, place.z); };
+    const auto near = [](vec3 place) { return vec3(place.x, place.y, 800); };
+    const auto right = [](vec3 place) { return place + vec3(800, 0, 0); };
+    const auto stepped = test::spring(55, 1.6, 480, 25);
+    const auto dropping = test::spring(40, 1.2, 480, 25);
+    const auto falling = test::spring(37, 1.3, 480, 25);
+    const auto plunging = test::bezier(0.8, 0, 1, 0);
+    const auto leaving = test::bezier(0.82, -0.4, 0.66, 0.73);
+    const auto rows = std::to_array<TravelRow>({
+        {"IN3", "Stepped Left In", 0,     1.55, stepped,  left,  own,   0,    0.05, true },
+        {"IN4", "Dropping In",     0.076, 1.45, dropping, near,  own,   0,    0.1,  true },
+        {"IN4", "Falling In",      0,     1.65, falling,  above, own,   0,    0.07, true },
+        {"OT2", "Falling Out",     0,     0.75, plunging, own,   below, 0.85, 0.13, false},
+        {"OT2", "Accel 1 Out",     0,     0.79, swelling, own,   near,  0.85, 0.13, false},
+        {"OT2", "Drop Left Out",   0,     0.7,  leaving,  own,   right, 0.75, 0.22, false},
+    });
+    for (const double base : {0.85, 1.7}) {
+        factor = base;
+        for (const TravelRow& row : rows) {
+            SCOPED_TRACE(row.title);
+            const double d = row.factor * base;
+            press(row.tab, row.title);
+            const double start = row.leadShare * d;
+            goTo(start);
+            beginActions(); // the move, which the end of the wait has started
+            const content::CharNode& letter = *letters()[0];
+            const vec3 place = *letter.originalPosition;
+            for (const double share : {0.0, 0.03, 0.25, 0.5, 0.9, 1.0}) {
+                goTo(start + share * d);
+                const auto done = static_cast<float>(row.curve(share));
+                expectNear(letter, glm::mix(row.from(place), row.to(place), done));
+                const double faded = std::clamp((share - row.fadeAt) / row.fadeLength, 0.0, 1.0);
+                EXPECT_NEAR(letter.opacity.value(), row.fadesIn ? faded : 1 - faded, 0.02) << share;
+            }
+        }
     }
 }
 
