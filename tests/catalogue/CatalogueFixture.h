@@ -41,9 +41,10 @@ protected:
             << place.z;
     }
 
-    static void expectTurned(const scene::SCNNode& node, const glm::vec3& degrees) {
+    static void
+    expectTurned(const scene::SCNNode& node, const glm::vec3& degrees, float tolerance = 1.5f) {
         const glm::vec3 is = glm::degrees(node.eulerAngles());
-        EXPECT_LT(glm::distance(is, degrees), 1.5f)
+        EXPECT_LT(glm::distance(is, degrees), tolerance)
             << is.x << ' ' << is.y << ' ' << is.z << " not " << degrees.x << ' ' << degrees.y << ' '
             << degrees.z;
     }

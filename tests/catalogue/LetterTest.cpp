@@ -152,7 +152,7 @@ TEST_F(LetterTest, HaveCompanyThatWaits) {
     for (const CompanyRow& row : rows) {
         SCOPED_TRACE(row.title);
         press(row.tab, row.title);
-        for (const double share : {0.0, 0.25, 0.5, 1.0}) {
+        for (const double share : {0.0, 0.02, 0.25, 0.5, 1.0}) {
             goTo(row.wait + share * row.factor * 0.85);
             const auto done = static_cast<float>(row.curve(share));
             expectNear(*nodes.mediaNode, glm::mix(row.start, row.end, done));
