@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: MIT
+#include "platform/geometry/Extrusion.h"
+
+#include "geometry/SolidChecks.h"
+
+#include <glm/geometric.hpp>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <initializer_list>
+#include <limits>
+#include <numbers>
+#include <vector>
+
+namespace zelvo::geometry {
+
+namespace {
+
+constexpr double kPi = std::numbers::pi;
+using Corners = std::vector<glm::vec2>;
+
+BezierPath pathOf(std::initializer_list<Corners> contours) {
+    BezierPath path;
+    for (const Corners& corners : contours) {
+        path.moveTo(corners.front());
+        for (std::size_t i = 1; i < corners.size(); ++i) {
+            path.lineTo(corners[i]);
+        }
+        path.close();
+    }
+    return path;
+}
+
+Corners squareAt(float x, float y, float side) {
+    return {
+        {x,        y       },
+        {x + side, y       },
+        {x + side, y + side},
+        {x,        y + side}
+    };
+}
+
+BezierPath circle(float radius) {
+    const float k = 0.5522847F * radius;
+    BezierPath path;
+    path.moveTo({radius, 0});
+    path.cubicTo({radius, k}, {k, radius}, {0, radius});
+    path.cubicTo({-k, radius}, {-radius, k}, {-radius, 0});
+    path.cubicTo({-radius, -k}, {-k, -radius}, {0, -radius});
+    path.cubicTo({k, -radius}, {radius, -k}, {radius, 0});
+    path.close();
+    return path;
+}
+
+BezierPath roundedProfile() {
+    BezierPath path;
+    path.moveTo({0, 1});
+    path.quadTo({1, 1}, {1, 0});
+    return path;
+}
+
+ExtrusionOptions options(float depth, float radius, BezierPath profile = {}) {
+    ExtrusionOptions result;
+    result.depth = depth;
+    result.chamferRadius = radius;
+    result.chamferProfile = std::move(profile);
+    return result;
+}
+
+// The area drawn in by t is area - perimeter t + k t^2: 1 from each right-angled outer corner,
+// minus the sector of each reflex corner, round which the offset is an arc.
+struct KnownShape {
+    const char* name;
+    BezierPath path;
+    double area, perimeter, k;
+};
+
+std::vector<KnownShape> knownShapes() {
+    Corners hole = squareAt(30, 30, 40);
+    const float height = 50 * std::sqrt(3.0F);
+    return {
+        {"square",           pathOf({squareAt(0, 0, 100)}),                               10000, 400, 4                 },
+        {"clockwise square", pathOf({{{0, 0}, {0, 100}, {100, 100}, {100, 0}}}),          10000, 400, 4                 },
+        {"ring",             pathOf({squareAt(0, 0, 100), {hole.rbegin(), hole.rend()}}), 8400,  560, 4 - kPi           },
+        {"L",
+         pathOf({{{0, 0}, {100, 0}, {100, 40}, {40, 40}, {40, 100}, {0, 100}}}),
+         6400,                                                                                   400,
+         5 - kPi / 4                                                                                                    },
+        {"triangle",
+         pathOf({{{0, 0}, {100, 0}, {50, height}}}),
+         2500 * std::sqrt(3.0),
+         300,                                                                                         3 * std::sqrt(3.0)},
+    };
+}
+
+TEST(Extrusion, HasTheVolumeWorkedOutByHand) {
+    constexpr double kDepth = 24;
+    constexpr double r = 3;
+    for (const KnownShape& shape : knownShapes()) {
+        const double whole = shape.area * kDepth;
+        // Twice the integral of what the profile takes away over the height of a chamfer.
+        const double cutLinear = shape.perimeter * r * r - shape.k * r * r * r * 2 / 3;
+        const double cutRounded = shape.perimeter * r * r / 3 - shape.k * r * r * r * 2 / 15;
+        // The rounded profile's chords cut a little deeper than the curve.
+        const auto check = [&](const ExtrusionOptions& how, double cut, double tolerance) {
+            const Mesh solid = extrude(shape.path, how);
+            EXPECT_EQ(faultOf(solid), "") << shape.name;
+            EXPECT_NEAR(whole - inspect(solid).volume, cut, tolerance * cut + 1) << shape.name;
+            EXPECT_FLOAT_EQ(solid.bounds().max.z, kDepth / 2) << shape.name;
+            EXPECT_FLOAT_EQ(solid.bounds().min.z, -kDepth / 2) << shape.name;
+        };
+        check(options(kDepth, 0), 0, 0);
+        check(options(kDepth, r), cutLinear, 0.005);
+        check(options(kDepth, r, roundedProfile()), cutRounded, 0.06);
+    }
+}
+
+TEST(Extrusion, ThinStrokesEndInARidge) {
+    const Mesh bar = extrude(
+        pathOf({
+            {{0, 0}, {100, 0}, {100, 4}, {0, 4}}
+    }),
+        options(24, 4));
+    EXPECT_EQ(faultOf(bar), "");
+    // The wall is 16 high; on both sides a hip roof whose faces meet 2 from the outline.
+    EXPECT_NEAR(inspect(bar).volume, 400 * 16 + 2 * (800 - 416 + 32.0 / 3), 1);
+    EXPECT_NEAR(bar.bounds().max.z, 8 + 2, 1e-3);
+    EXPECT_EQ(bar.elements[0].indexCount, 0U);
+}
+
+TEST(Extrusion, ChamferTakesAtMostHalfTheDepth) {
+    const Mesh tile = extrude(pathOf({squareAt(0, 0, 100)}), options(2, 10));
+    EXPECT_EQ(faultOf(tile), "");
+    EXPECT_EQ(tile.elements.size(), 5U);
+    EXPECT_EQ(tile.elements[2].indexCount, 0U) << "nothing is left of the walls";
+    // Two frusta of height 1 between 100 x 100 and 80 x 80.
+    EXPECT_NEAR(inspect(tile).volume, 2 * (10000 + 8000 + 6400) / 3.0, 5);
+}
+
+TEST(Extrusion, CurvesAreSmoothAndCornersSharp) {
+    const Mesh disc = extrude(circle(30), options(10, 2, roundedProfile()));
+    EXPECT_EQ(faultOf(disc), "");
+    for (const Vertex& vertex : disc.vertices) {
+        const glm::vec2 outward(vertex.normal);
+        if (glm::length(outward) < 0.2F)
+            continue;
+        const float likeness =
+            glm::dot(glm::normalize(outward), glm::normalize(glm::vec2(vertex.position)));
+        EXPECT_GT(likeness, std::cos(kPi / 180)) << "more than a degree off the radius";
+    }
+    const Mesh cube = extrude(pathOf({squareAt(0, 0, 100)}), options(10, 2, roundedProfile()));
+    for (const Vertex& vertex : cube.vertices) {
+        EXPECT_LT(std::abs(vertex.normal.x * vertex.normal.y), 1e-5F) << "a corner went round";
+    }
+}
+
+// The tangent must run along growing u, the bitangent by its handedness along growing v, at one
+// scale all over.
+TEST(Extrusion, TexturesLieAtOneScaleAlongTheirTangents) {
+    for (const KnownShape& shape : knownShapes()) {
+        const Mesh mesh = extrude(shape.path, options(24, 3, roundedProfile()));
+        const glm::vec3 size = mesh.bounds().max - mesh.bounds().min;
+        const float scale = 1 / std::max(size.x, size.y);
+        // Chamfers lean inwards, so textures shear there; the flat elements come first.
+        const std::size_t flat = mesh.elements[3].firstIndex;
+        for (std::size_t i = 0; i < flat; i += 3) {
+            const Vertex& a = mesh.vertices[mesh.indices[i]];
+            for (const std::size_t other : {1U, 2U}) {
+                const Vertex& b = mesh.vertices[mesh.indices[i + other]];
+                const glm::vec3 tangent(a.tangent);
+                const glm::vec3 bitangent = glm::cross(a.normal, tangent) * a.tangent.w;
+                const glm::vec3 step = b.position - a.position;
+                EXPECT_NEAR(b.uv.x - a.uv.x, glm::dot(step, tangent) * scale, 1e-3) << shape.name;
+                EXPECT_NEAR(b.uv.y - a.uv.y, glm::dot(step, bitangent) * scale, 1e-3) << shape.name;
+            }
+        }
+    }
+}
+
+struct OddCase {
+    const char* name;
+    BezierPath path;
+    double area;
+};
+
+TEST(Extrusion, OddOutlinesGiveSoundSolidsOrNone) {
+    constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
+    const Corners square = squareAt(0, 0, 10);
+    const OddCase cases[] = {
+        {"empty",                            {},                                                               0  },
+        {"a point",                          pathOf({{{1, 1}, {1, 1}, {1, 1}}}),                               0  },
+        {"a line there and back",            pathOf({{{0, 0}, {10, 0}, {0, 0}}}),                              0  },
+        {"not a number",                     pathOf({{{0, 0}, {10, 0}, {kNan, 10}}}),                          0  },
+        {"too far away",                     pathOf({{{0, 0}, {1e30F, 0}, {0, 10}}}),                          0  },
+        {"a sound contour beside a bad one", pathOf({square, {{0, 0}, {kNan, 1}, {1, 0}}}),                    100},
+        {"points twice",                     pathOf({{{0, 0}, {0, 0}, {10, 0}, {10, 10}, {10, 10}, {0, 10}}}), 100},
+        {"a spike",                          pathOf({{{0, 0}, {10, 0}, {20, 0}, {10, 0}, {10, 10}, {0, 10}}}), 100},
+        {"figure of eight",                  pathOf({{{0, 0}, {10, 10}, {10, 0}, {0, 10}}}),                   50 },
+        {"the same contour twice",           pathOf({square, square}),                                         100},
+        {"overlapping",                      pathOf({square, squareAt(5, 5, 10)}),                             175},
+        {"touching corners",                 pathOf({square, squareAt(10, 10, 10)}),                           200},
+        {"a shared side",                    pathOf({square, squareAt(10, 0, 10)}),                            200},
+        {"a hole that touches",
+         pathOf({squareAt(0, 0, 20), {{10, 0}, {5, 10}, {15, 10}}}),
+         400 - 50                                                                                                 },
+        {"an unclosed contour",
+         [] {
+             BezierPath open;
+             open.moveTo({0, 0});
+             open.lineTo({10, 0});
+             open.lineTo({10, 10});
+             return open;
+         }(),
+         50                                                                                                       },
+    };
+    for (const OddCase& row : cases) {
+        const auto skeleton = makeSkeleton(row.path, 0.1F);
+        EXPECT_NEAR(areaOf(*skeleton), row.area, 0.2) << row.name;
+        for (const float radius : {0.0F, 0.005F, 0.7F, 4.0F}) {
+            const Mesh solid = extrude(*skeleton, options(8, radius));
+            EXPECT_EQ(faultOf(solid), "") << row.name << " at " << radius;
+            EXPECT_EQ(solid.elements.size(), radius > 0 ? 5U : 3U) << row.name;
+            EXPECT_EQ(solid.indices.empty(), row.area == 0) << row.name;
+        }
+    }
+}
+
+// Random scribbles cross themselves everywhere, at every angle.
+TEST(Extrusion, ScribblesStayClosed) {
+    std::uint32_t state = 1;
+    const auto draw = [&state] {
+        state = state * 1664525U + 1013904223U;
+        return static_cast<float>(state >> 8) / static_cast<float>(1U << 24) * 60;
+    };
+    for (int round = 0; round < 60; ++round) {
+        Corners corners(static_cast<std::size_t>(5 + round % 20));
+        for (glm::vec2& corner : corners) {
+            corner = {draw(), draw()};
+        }
+        const Mesh solid = extrude(pathOf({corners}), options(10, 0.5F + 0.05F * draw()));
+        EXPECT_EQ(inspect(solid).openSides, 0U) << "scribble " << round;
+        EXPECT_GT(inspect(solid).volume, 0) << "scribble " << round;
+    }
+}
+
+} // namespace
+
+} // namespace zelvo::geometry
