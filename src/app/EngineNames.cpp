@@ -25,6 +25,7 @@ constexpr auto kBuiltScenes = std::to_array<std::string_view>({"Flat", "Plain", 
 template <class Range, class Projection>
 [[nodiscard]] std::vector<std::string> collected(const Range& range, Projection nameOf) {
     std::vector<std::string> names;
+    names.reserve(std::size(range));
     for (const auto& item : range)
         names.emplace_back(nameOf(item));
     return names;

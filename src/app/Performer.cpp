@@ -43,6 +43,12 @@ constexpr auto kFades = std::to_array<FadeRow>({
     return row->ratio;
 }
 
+[[nodiscard]] audio::FadeState fadeNamed(std::string_view name) {
+    const auto* const row = std::ranges::find(kFades, name, &FadeRow::name);
+    CHECK(row != kFades.end(), "no fade is called {}", name);
+    return row->state;
+}
+
 [[nodiscard]] foundation::Result<void> checkSong(const std::filesystem::path& file) {
     const auto asset = media::AVAsset::open(file);
     if (!asset)
@@ -71,11 +77,8 @@ constexpr auto kFades = std::to_array<FadeRow>({
     player.audioIn = music.in;
     player.audioEnd = std::min(end, length);
     player.audioPreRoll = music.preRoll;
-    if (music.fade) {
-        const auto* const row = std::ranges::find(kFades, *music.fade, &FadeRow::name);
-        CHECK(row != kFades.end(), "no fade is called {}", *music.fade);
-        player.fadeState = row->state;
-    }
+    if (music.fade)
+        player.fadeState = fadeNamed(*music.fade);
     return {};
 }
 

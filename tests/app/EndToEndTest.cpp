@@ -168,7 +168,7 @@ TEST(EndToEnd, says_in_one_line_what_is_wrong_and_ends_with_its_status) {
     const auto good = program.write("good.json", withText("A"));
     program.write("noise.mp3", std::string(5000, '\x5A') + "noise");
     const auto withSong = [](const std::string& audio) {
-        return performance("\"audio\": {" + audio + "}, \"cues\": []");
+        return performance(R"("audio": {)" + audio + R"(}, "cues": [])");
     };
     media::writeWav(program.path("song.wav"), 8000, 4, media::sine(440, 0.5));
 
@@ -179,27 +179,28 @@ TEST(EndToEnd, says_in_one_line_what_is_wrong_and_ends_with_its_status) {
     };
 
     const Row rows[] = {
-        {{"perform", "gone.json"},                                                                          2, "gone.json: no such file"                },
-        {{"perform", program.home()},                                                                       2, "folder"                                 },
-        {{"perform", good, "--colour"},                                                                     2, "--colour"                               },
+        {{"perform", "gone.json"},                                                                     2, "gone.json: no such file"                 },
+        {{"perform", program.home()},                                                                  2, "folder"                                  },
+        {{"perform", good, "--colour"},                                                                2, "--colour"                                },
         {{"perform",
           program.write(
               "font.json",
-              performance("\n\"nodes\": {\"TX1\": {\"font\": \"Audiowide\"}}, \"cues\": []"))},
-         2,                                                                                                    "font.json:2: unknown font \"Audiowide\""},
+              performance("\n"
+                          R"("nodes": {"TX1": {"font": "Audiowide"}}, "cues": [])"))},
+         2,                                                                                               R"(font.json:2: unknown font "Audiowide")"},
         {{"perform", program.write("noise.json", withSong("\"file\": \"noise.mp3\""))},
-         2,                                                                                                    "noise.mp3"                              },
-        {{"perform", program.write("gone-song.json", withSong("\"file\": \"gone.mp3\""))},
-         2,                                                                                                    "gone.mp3"                               },
+         2,                                                                                               "noise.mp3"                               },
+        {{"perform", program.write("gone-song.json", withSong(R"("file": "gone.mp3")"))},
+         2,                                                                                               "gone.mp3"                                },
         {{"perform",
-          program.write("short.json", withSong("\"file\": \"song.wav\", \"in\": 3, \"end\": 9"))},
-         2,                                                                                                    "4.00 seconds"                           },
-        {{"frame", good, "--at", "2.1", "--out", program.path("a.png")},                                    2, "-2 to 2"                                },
+          program.write("short.json", withSong(R"("file": "song.wav", "in": 3, "end": 9)"))},
+         2,                                                                                               "4.00 seconds"                            },
+        {{"frame", good, "--at", "2.1", "--out", program.path("a.png")},                               2, "-2 to 2"                                 },
         {{"perform", good, "--movie", program.path("no/folder/a.mov"), "--size", kSize},
-         1,                                                                                                    "folder"                                 },
+         1,                                                                                               "folder"                                  },
         {{"frame", good, "--at", "0", "--out", program.path("no/a.png"), "--size", kSize},
-         1,                                                                                                    "a.png"                                  },
-        {{"perform", good, "--frames", good, "--size", kSize},                                              1, "good.json"                              },
+         1,                                                                                               "a.png"                                   },
+        {{"perform", good, "--frames", good, "--size", kSize},                                         1, "good.json"                               },
     };
     for (const auto& row : rows) {
         const auto ending = program.run(row.arguments);

@@ -2,6 +2,7 @@
 #include "app/ProgramRun.h"
 
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <sys/inotify.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -81,7 +82,8 @@ Ending Program::runAndSignal(
     inotify_add_watch(watch, watched.c_str(), IN_CREATE);
     const pid_t child = start(arguments, 0);
     std::array<char, 4096> event{};
-    (void)!read(watch, event.data(), event.size());
+    const auto seen = read(watch, event.data(), event.size());
+    EXPECT_GT(seen, 0);
     kill(child, signal);
     close(watch);
     return end(child);
