@@ -4,6 +4,10 @@
 
 #include <gmock/gmock.h>
 
+#include <QCoreApplication>
+
+#include <algorithm>
+
 namespace zelvo::actions {
 namespace {
 
@@ -135,6 +139,43 @@ TEST_F(RecordingTest, NamesTheNodesOfAnAction) {
         "Left In (TX1, TX2)");
     EXPECT_EQ(ActionController::describe("Left In", {}), "Left In ()");
     EXPECT_EQ(ActionController::describe("[a] \"b\"", {nodes.textNode1}), "(a) b (TX1)");
+}
+
+/// On the wall clock, where the serial queue has a thread of its own.
+class WallRecordingTest : public test::ControllerTest {
+protected:
+    WallRecordingTest() { queue = wall.makeSerialQueue("actions"); }
+
+    ~WallRecordingTest() override { queue.reset(); }
+
+    [[nodiscard]] foundation::RunLoop& runLoop() override { return wall; }
+
+    int argc = 1;
+    std::string name = "test";
+    std::vector<char*> argv{name.data()};
+    QCoreApplication application{argc, argv.data()}; // the wall loop lives on its event loop
+    foundation::WallRunLoop wall;
+};
+
+TEST_F(WallRecordingTest, KeepsTheOrderOfThePresses) {
+    plays = true;
+    std::vector<int> order;
+    std::vector<int> wanted;
+    for (int i = 1; i <= 200; ++i) {
+        wanted.push_back(i);
+        controller.addAction(
+            [&order, i] { order.push_back(i); },
+            controller.newIdentifier(),
+            "x",
+            RegisterUndo::yes);
+    }
+    EXPECT_TRUE(order.empty()) << "a press waits for nothing";
+    ASSERT_TRUE(wall.runUntil([&] { return order.size() == 200; }));
+    EXPECT_EQ(order, wanted);
+    const auto& records = controller.recordedActions();
+    EXPECT_TRUE(
+        std::ranges::is_sorted(records, {}, [](const XACPtr& xac) { return xac->identifier; }));
+    EXPECT_EQ(records.size(), 200U);
 }
 
 } // namespace

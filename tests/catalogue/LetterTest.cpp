@@ -33,7 +33,8 @@ protected:
 
     template <class Waiting> std::vector<Start> watchStarts(double until, Waiting isWaiting) {
         std::vector<Start> starts(letters().size());
-        for (double t = 0; t < until; t += kFrame) {
+        for (int frame = 0; frame * kFrame < until; ++frame) {
+            const double t = frame * kFrame;
             goTo(t);
             for (std::size_t i = 0; i < starts.size(); ++i) {
                 const CharNodePtr letter = letters()[i];
@@ -66,6 +67,7 @@ protected:
 
     static std::vector<double> sortedTimes(const std::vector<Start>& starts) {
         std::vector<double> times;
+        times.reserve(starts.size());
         for (const Start& start : starts)
             times.push_back(start.at);
         std::ranges::sort(times);
