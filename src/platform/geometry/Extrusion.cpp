@@ -136,17 +136,15 @@ private:
     // The picture on a face stands upright and unmirrored to whoever looks at the face.
     void writeFace(int side) {
         std::vector<std::uint32_t> vertexOf(front.chamfer.points.size(), UINT32_MAX);
-        for (const Triangle& triangle : front.face) {
-            Triangle corners{};
-            for (std::size_t i = 0; i < 3; ++i) {
-                std::uint32_t& vertex = vertexOf[triangle[i]];
-                if (vertex == UINT32_MAX) {
-                    vertex = vertexCount();
-                    mesh.vertices.push_back(faceVertex(front.chamfer.points[triangle[i]], side));
-                }
-                corners[i] = vertex;
+        const auto vertexAt = [&](std::uint32_t point) {
+            if (vertexOf[point] == UINT32_MAX) {
+                vertexOf[point] = vertexCount();
+                mesh.vertices.push_back(faceVertex(front.chamfer.points[point], side));
             }
-            addTriangle(corners, side);
+            return vertexOf[point];
+        };
+        for (const auto& [a, b, c] : front.face) {
+            addTriangle({vertexAt(a), vertexAt(b), vertexAt(c)}, side);
         }
     }
 

@@ -82,7 +82,7 @@ int pieceCount(Curve curve, double flatness) {
         turn += turnBetween(
             unitOrZero(curve[i + 1] - curve[i]), unitOrZero(curve[i + 2] - curve[i + 1]));
     }
-    const double degree = static_cast<double>(curve.size() - 1);
+    const auto degree = static_cast<double>(curve.size() - 1);
     const double byFlatness = std::sqrt(degree * (degree - 1) * largest / (8 * flatness));
     const double pieces = std::max(byFlatness, turn / kLargestTurn);
     return std::clamp(static_cast<int>(std::ceil(pieces)), 1, kMostPieces);

@@ -29,6 +29,10 @@ double angleBetween(glm::dvec2 a, glm::dvec2 b) {
     return std::abs(std::atan2(cross(a, b), glm::dot(a, b)));
 }
 
+glm::dvec2 positionOf(const Diagram::vertex_type* vertex) {
+    return glm::dvec2(vertex->x(), vertex->y()) / kGridSteps;
+}
+
 int clampPieces(double count) {
     return std::clamp(static_cast<int>(std::ceil(count)), 1, kMostPieces);
 }
@@ -73,10 +77,6 @@ std::uint32_t MedialMapBuilder::cornerOf(const Diagram::cell_type& cell) const {
     return isEnd ? outline.corners[piece].next : piece;
 }
 
-glm::dvec2 MedialMapBuilder::positionOf(const Vertex* vertex) const {
-    return glm::dvec2(vertex->x(), vertex->y()) / kGridSteps;
-}
-
 double MedialMapBuilder::distanceToSite(glm::dvec2 point, const Diagram::cell_type& cell) const {
     const OutlineCorner& corner = outline.corners[cornerOf(cell)];
     const glm::dvec2 arm = point - corner.position;
@@ -99,40 +99,33 @@ bool MedialMapBuilder::findCorner(const Diagram::cell_type& cell) {
     if (cell.is_degenerate())
         return false;
     const std::uint32_t corner = cornerOf(cell);
-    const glm::dvec2 position(outline.corners[corner].grid);
-    double least = 1; // grid step
+    const glm::dvec2 position = outline.corners[corner].position;
+    double least = 1 / kGridSteps;
     const Edge* edge = cell.incident_edge();
     do {
         const Vertex* vertex = edge->vertex0();
-        if (vertex != nullptr) {
-            const double distance = glm::distance(position, {vertex->x(), vertex->y()});
-            if (distance < least) {
-                least = distance;
-                vertexOfCorner[corner] = vertex;
-            }
-        }
         edge = edge->next();
+        if (vertex == nullptr)
+            continue;
+        const double distance = glm::distance(position, positionOf(vertex));
+        if (distance < least) {
+            least = distance;
+            vertexOfCorner[corner] = vertex;
+        }
     } while (edge != cell.incident_edge());
     return vertexOfCorner[corner] != nullptr;
 }
 
 bool MedialMapBuilder::findCells() {
-    for (const Diagram::cell_type& cell : diagram.cells()) {
-        const std::uint32_t corner = cornerOf(cell);
-        if (cell.contains_point()) {
-            if (outline.corners[corner].turn >= 0)
-                continue;
-            if (!addCell(MedialMap::Site::corner, corner, corner, cell.incident_edge()))
-                return false;
-        } else if (!addCell(
-                       MedialMap::Site::piece,
-                       corner,
-                       outline.corners[corner].next,
-                       cell.incident_edge())) {
-            return false;
-        }
-    }
-    return true;
+    return std::all_of(
+        diagram.cells().begin(), diagram.cells().end(), [this](const Diagram::cell_type& cell) {
+            const std::uint32_t corner = cornerOf(cell);
+            const OutlineCorner& start = outline.corners[corner];
+            const Edge* edge = cell.incident_edge();
+            if (!cell.contains_point())
+                return addCell(MedialMap::Site::piece, corner, start.next, edge);
+            return start.turn >= 0 || addCell(MedialMap::Site::corner, corner, corner, edge);
+        });
 }
 
 // Walks round the cell from the site's end to its start: on the inside, since the inside lies on

@@ -42,7 +42,6 @@ private:
     [[nodiscard]] std::size_t indexOf(const Edge* edge) const;
     [[nodiscard]] std::size_t indexOf(const Vertex* vertex) const;
     [[nodiscard]] std::uint32_t cornerOf(const Diagram::cell_type& cell) const;
-    [[nodiscard]] glm::dvec2 positionOf(const Vertex* vertex) const;
     [[nodiscard]] double distanceToSite(glm::dvec2 point, const Diagram::cell_type& cell) const;
 
     bool findCornerVertices();

@@ -41,24 +41,26 @@ bool isIdle(GridPoint before, GridPoint here, GridPoint after) {
            distanceToPiece(before, here, after) < kStraight;
 }
 
-void dropIdleCorners(GridLoop& loop) {
-    bool hasChanged = true;
-    while (hasChanged && loop.size() > 2) {
-        hasChanged = false;
-        GridLoop kept;
-        for (std::size_t i = 0; i < loop.size(); ++i) {
-            const GridPoint before = kept.empty() ? loop.back() : kept.back();
-            const GridPoint after = i + 1 < loop.size() ? loop[i + 1]
-                                    : kept.empty()      ? loop.front()
-                                                        : kept.front();
-            if (isIdle(before, loop[i], after)) {
-                hasChanged = true;
-            } else {
-                kept.push_back(loop[i]);
-            }
-        }
-        loop = std::move(kept);
+GridLoop withoutIdleCorners(const GridLoop& loop) {
+    GridLoop kept;
+    for (std::size_t i = 0; i < loop.size(); ++i) {
+        const GridPoint before = kept.empty() ? loop.back() : kept.back();
+        GridPoint after = kept.empty() ? loop.front() : kept.front();
+        if (i + 1 < loop.size())
+            after = loop[i + 1];
+        if (!isIdle(before, loop[i], after))
+            kept.push_back(loop[i]);
     }
+    return kept;
+}
+
+// A corner that goes can leave its neighbour idle.
+void dropIdleCorners(GridLoop& loop) {
+    std::size_t before = 0;
+    do {
+        before = loop.size();
+        loop = withoutIdleCorners(loop);
+    } while (loop.size() < before && loop.size() > 2);
 }
 
 // A loop's piece with its bounds, for the sweep.
@@ -89,7 +91,7 @@ std::vector<Piece> piecesByX(const std::vector<GridLoop>& loops) {
 bool doCross(const Piece& p, const Piece& q) {
     const auto side = [](const Piece& piece, GridPoint point) {
         const std::int64_t value = cross(piece.b - piece.a, point - piece.a);
-        return (value > 0) - (value < 0);
+        return std::clamp<std::int64_t>(value, -1, 1);
     };
     return side(p, q.a) * side(p, q.b) < 0 && side(q, p.a) * side(q, p.b) < 0;
 }

@@ -71,6 +71,7 @@ void lineTo(hb_draw_funcs_t*, void* pen, hb_draw_state_t*, float x, float y, voi
         penOf(pen).path.lineTo(penOf(pen).at(x, y));
 }
 
+// NOLINTNEXTLINE(readability-function-size): the library's own signature
 void quadTo(
     hb_draw_funcs_t*, void* pen, hb_draw_state_t*, float cx, float cy, float x, float y, void*) {
     Pen& p = penOf(pen);

@@ -58,8 +58,8 @@ FontRegistry::FontRegistry()
 
 FontRegistry::~FontRegistry() = default;
 
-Result<void>
-FontRegistry::registerFile(const std::filesystem::path& file, std::vector<std::string> aliases) {
+Result<void> FontRegistry::registerFile(
+    const std::filesystem::path& file, const std::vector<std::string>& aliases) {
     Result<Faces> faces = readFile(file);
     if (!faces)
         return tl::unexpected(faces.error());

@@ -43,7 +43,7 @@ public:
     /// Reads the names of a font file and makes it findable. Errors: notFound, unreadable,
     /// malformed, tooLarge (over 64 MiB).
     foundation::Result<void>
-    registerFile(const std::filesystem::path& file, std::vector<std::string> aliases = {});
+    registerFile(const std::filesystem::path& file, const std::vector<std::string>& aliases = {});
     void unregisterFile(const std::filesystem::path& file);
 
     /// Absent (null) if no font has the name.

@@ -93,10 +93,9 @@ std::vector<Run> runsOf(const std::vector<FacePtr>& faces, const std::vector<int
 // From the highest level down, every stretch of runs on that level or above is turned round (rule
 // L2).
 void orderVisually(std::vector<Run>& runs) {
-    for (int level = 2; level > 0; --level) {
-        auto from = runs.begin();
-        while (from != runs.end()) {
-            const auto isLower = [level](const Run& run) { return run.level < level; };
+    for (const int level : {2, 1}) {
+        const auto isLower = [level](const Run& run) { return run.level < level; };
+        for (auto from = runs.begin(); from != runs.end();) {
             from = std::find_if_not(from, runs.end(), isLower);
             const auto to = std::find_if(from, runs.end(), isLower);
             std::reverse(from, to);
