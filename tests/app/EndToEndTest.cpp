@@ -166,41 +166,38 @@ TEST(EndToEnd, draws_any_text) {
 TEST(EndToEnd, says_in_one_line_what_is_wrong_and_ends_with_its_status) {
     const Program program;
     const auto good = program.write("good.json", withText("A"));
-    program.write("noise.mp3", std::string(5000, '\x5A') + "noise");
-    const auto withSong = [](const std::string& audio) {
-        return performance(R"("audio": {)" + audio + R"(}, "cues": [])");
+    const auto withSong = [&](const std::string& name, const std::string& audio) {
+        return program.write(name, performance(R"("audio": {)" + audio + R"(}, "cues": [])"));
     };
+    program.write("noise.mp3", std::string(5000, '\x5A') + "noise");
     media::writeWav(program.path("song.wav"), 8000, 4, media::sine(440, 0.5));
+    const auto font = program.write("font.json", performance(R"(
+            "nodes": {"TX1": {"font": "Audiowide"}}, "cues": [])"));
+    const auto noise = withSong("noise.json", R"("file": "noise.mp3")");
+    const auto gone = withSong("gone-song.json", R"("file": "gone.mp3")");
+    const auto tooLong = withSong("long.json", R"("file": "song.wav", "in": 3, "end": 9)");
+    const auto picture = program.path("a.png");
+    const auto noMovie = program.path("no/folder/a.mov");
+    const auto noPicture = program.path("no/a.png");
 
     struct Row {
-        Program::Arguments arguments;
         int status;
-        const char* part;
+        std::string part;
+        Program::Arguments arguments;
     };
 
-    const Row rows[] = {
-        {{"perform", "gone.json"},                                                                     2, "gone.json: no such file"                 },
-        {{"perform", program.home()},                                                                  2, "folder"                                  },
-        {{"perform", good, "--colour"},                                                                2, "--colour"                                },
-        {{"perform",
-          program.write(
-              "font.json",
-              performance("\n"
-                          R"("nodes": {"TX1": {"font": "Audiowide"}}, "cues": [])"))},
-         2,                                                                                               R"(font.json:2: unknown font "Audiowide")"},
-        {{"perform", program.write("noise.json", withSong("\"file\": \"noise.mp3\""))},
-         2,                                                                                               "noise.mp3"                               },
-        {{"perform", program.write("gone-song.json", withSong(R"("file": "gone.mp3")"))},
-         2,                                                                                               "gone.mp3"                                },
-        {{"perform",
-          program.write("short.json", withSong(R"("file": "song.wav", "in": 3, "end": 9)"))},
-         2,                                                                                               "4.00 seconds"                            },
-        {{"frame", good, "--at", "2.1", "--out", program.path("a.png")},                               2, "-2 to 2"                                 },
-        {{"perform", good, "--movie", program.path("no/folder/a.mov"), "--size", kSize},
-         1,                                                                                               "folder"                                  },
-        {{"frame", good, "--at", "0", "--out", program.path("no/a.png"), "--size", kSize},
-         1,                                                                                               "a.png"                                   },
-        {{"perform", good, "--frames", good, "--size", kSize},                                         1, "good.json"                               },
+    const std::vector<Row> rows = {
+        {2, "gone.json: no such file",   {"perform", "gone.json"}                                         },
+        {2, "folder",                    {"perform", program.home()}                                      },
+        {2, "--colour",                  {"perform", good, "--colour"}                                    },
+        {2, "font.json:2: unknown font", {"perform", font}                                                },
+        {2, "noise.mp3",                 {"perform", noise}                                               },
+        {2, "gone.mp3",                  {"perform", gone}                                                },
+        {2, "4.00 seconds",              {"perform", tooLong}                                             },
+        {2, "-2 to 2",                   {"frame", good, "--at", "2.1", "--out", picture}                 },
+        {1, "no/folder",                 {"perform", good, "--movie", noMovie, "--size", kSize}           },
+        {1, "a.png",                     {"frame", good, "--at", "0", "--out", noPicture, "--size", kSize}},
+        {1, "good.json",                 {"perform", good, "--frames", good, "--size", kSize}             },
     };
     for (const auto& row : rows) {
         const auto ending = program.run(row.arguments);
