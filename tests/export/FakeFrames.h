@@ -3,6 +3,7 @@
 
 #include "export/FrameSource.h"
 
+#include <cmath>
 #include <cstdint>
 #include <deque>
 #include <vector>
@@ -22,7 +23,9 @@ public:
     explicit FakeFrames(FakeRendering& log)
         : rendering(log) {}
 
-    static int greyOf(double time) { return 16 + 2 * (static_cast<int>(time * 60 + 0.5) % 100); }
+    static int greyOf(double time) {
+        return 16 + 2 * static_cast<int>(std::lround(time * 60) % 100);
+    }
 
     scene::SCNSceneRenderer& renderer() override { return view; }
 

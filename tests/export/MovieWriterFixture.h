@@ -76,7 +76,7 @@ protected:
         return text == "earlier";
     }
 
-    [[nodiscard]] std::vector<std::string> filesIn(const std::filesystem::path& place) const {
+    [[nodiscard]] static std::vector<std::string> filesIn(const std::filesystem::path& place) {
         std::vector<std::string> names;
         std::error_code missing;
         for (const auto& entry : std::filesystem::directory_iterator(place, missing))

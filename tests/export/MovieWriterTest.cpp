@@ -38,7 +38,7 @@ TEST_F(MovieWriterTest, MakesAMovieOfEveryFrameButTheLastThree) {
         const double time = static_cast<double>(n) / 60;
         EXPECT_NEAR(made.frameTimes[n], time, 1e-9);
         // A grey of full range in the range that video has, and a little loss.
-        EXPECT_NEAR(made.centres[n][0], 16 + test::FakeFrames::greyOf(time) * 219 / 255, 2) << n;
+        EXPECT_NEAR(made.centres[n][0], 16 + test::FakeFrames::greyOf(time) * 219.0 / 255, 2) << n;
     }
     EXPECT_THAT(media::topAtoms((*outcome)->movie), testing::Contains("moov"));
     EXPECT_THAT(filesIn(folders.documents / "Folder"), ElementsAre("Movie.mov"));
