@@ -32,8 +32,8 @@ constexpr std::string_view kFooter =
 constexpr std::string_view kPerformFooter =
     "The performance is styled and performed as its file says, then drawn frame by frame at 60\n"
     "frames a second and written with its music. The same file and seed give the same frames.\n"
-    "Without --movie the finished movie goes to the videos folder, and its path is printed. A\n"
-    "movie that stood there before is replaced only by a finished one.";
+    "Without --movie the finished movie goes to the videos folder, and its path is printed; with\n"
+    "--frames alone no movie is made. An earlier movie is replaced only by a finished one.";
 
 constexpr std::string_view kFrameFooter =
     "The picture is the movie's own frame of that time. Times below 0 lie in the two seconds of\n"
@@ -105,7 +105,7 @@ void addSize(CLI::App& command, PictureSize& size) {
 
 void addSeed(CLI::App& command, std::uint64_t& seed) {
     command.add_option("--seed", seed, "Start of all random draws, 0 if not given")
-        ->check(CLI::NonNegativeNumber)
+        ->check(CLI::Validator(CLI::NonNegativeNumber).description(""))
         ->type_name("N");
 }
 
@@ -114,7 +114,8 @@ void addPerform(CLI::App& app, PerformCommand& options) {
     command.footer(std::string(kPerformFooter));
     addFile(command, options.file);
     command.add_option("--movie", options.movie, "Where the movie goes")->type_name("OUT.mov");
-    command.add_option("--frames", options.frames, "Also write each frame as a PNG file here")
+    command
+        .add_option("--frames", options.frames, "Write each frame as a PNG file into this folder")
         ->type_name("DIR");
     addSize(command, options.size);
     addSeed(command, options.seed);
@@ -128,7 +129,7 @@ void addPerform(CLI::App& app, PerformCommand& options) {
             [&options, codecs](const std::string& name) { options.codec = codecs.at(name); },
             "hevc or h264; if not given, HEVC where the machine encodes it in hardware")
         ->check(CLI::IsMember({"hevc", "h264"}))
-        ->type_name("hevc|h264");
+        ->type_name("CODEC");
     command.add_flag("--timing", options.showsTiming, "End with a table of milliseconds a frame");
 }
 
