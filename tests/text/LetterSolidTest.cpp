@@ -58,8 +58,8 @@ void expectSoundLetter(
     EXPECT_EQ(report.openSides, 0U) << name;
     EXPECT_LE(report.folded, kFoldsAllowed) << name;
     EXPECT_EQ(report.triangles == 0, areaOf(skeleton) == 0) << name;
-    const double depth = static_cast<double>(options.depth);
-    const double radius = static_cast<double>(options.chamferRadius);
+    const auto depth = static_cast<double>(options.depth);
+    const auto radius = static_cast<double>(options.chamferRadius);
     const double whole = static_cast<double>(areaOf(skeleton)) * depth;
     const double most = whole * (1 + 1e-4) + 1e-3;
     // The chamfers take less than two slanted strips along the whole outline.
