@@ -1,6 +1,8 @@
 # How this project's targets are made: one static library a folder of src/, one test program a folder of tests/.
 
 add_library(zelvo_options INTERFACE)
+# Qt's `signals` would be a macro otherwise, and ours is a function.
+target_compile_definitions(zelvo_options INTERFACE QT_NO_KEYWORDS)
 target_compile_options(zelvo_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Werror
                        "-fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=")
 if(ZELVO_SANITIZE)
