@@ -118,9 +118,16 @@ TEST(LineLayout, TakesWhatAFontLacksFromTheFallback) {
     }
     EXPECT_NE(widthOf("A", attributes), widthOf("A", other)) << "the font has an A of its own";
     EXPECT_TRUE(outlineOf(" ", attributes).isEmpty()) << "a blank is no lack";
-    // Nobody has it: the missing glyph stands in, or nothing, but the character keeps its place.
-    EXPECT_EQ(layoutLine("\u4E2D", attributes).size(), 1U);
+    EXPECT_EQ(layoutLine("\u4E2D", attributes).size(), 1U) << "the character keeps its place";
     EXPECT_EQ(layoutLine("abc", TextAttributes{}).size(), 3U);
+}
+
+TEST(LineLayout, ShowsThatALetterIsMissingInEveryFont) {
+    for (const auto& file : allFontFiles()) {
+        const TextAttributes attributes{.font = fontOf(file), .fallback = nullptr};
+        EXPECT_FALSE(outlineOf("\u4E2D", attributes).isEmpty()) << file;
+        EXPECT_TRUE(outlineOf(" ", attributes).isEmpty()) << file << ": a blank is not missing";
+    }
 }
 
 TEST(LineLayout, DigitsLineUpWhereOldStyleOnesWereNotAskedFor) {

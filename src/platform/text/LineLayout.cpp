@@ -32,6 +32,31 @@ void shareWidths(std::vector<PlacedCharacter>& characters, const std::vector<cha
     }
 }
 
+void appendBox(geometry::BezierPath& path, glm::dvec2 min, glm::dvec2 max) {
+    path.moveTo(min);
+    path.lineTo({max.x, min.y});
+    path.lineTo(max);
+    path.lineTo({min.x, max.y});
+    path.close();
+}
+
+// For fonts whose missing glyph is blank: a letter that cannot be drawn must still be seen to be
+// there.
+geometry::BezierPath missingGlyphFrame(double advance, double size) {
+    constexpr double kSide = 0.03;   // ems left and right of the frame
+    constexpr double kStroke = 0.09; // ems; stands a wide bevel
+    constexpr double kHeight = 0.7;  // ems
+    constexpr double kNarrow = 0.35; // ems; a blank glyph may have no advance at all
+    const glm::dvec2 stroke(kStroke * size);
+    const glm::dvec2 min{kSide * size, 0};
+    const glm::dvec2 max{(std::max(advance / size, kNarrow) - kSide) * size, kHeight * size};
+    geometry::BezierPath frame;
+    appendBox(frame, min, max);
+    // The hole runs the other way round, so that it stays open under the non-zero rule.
+    appendBox(frame, {max.x - stroke.x, min.y + stroke.y}, {min.x + stroke.x, max.y - stroke.y});
+    return frame;
+}
+
 } // namespace
 
 std::vector<std::string> charactersOf(std::string_view string) {
@@ -74,6 +99,8 @@ geometry::BezierPath outlineOf(std::string_view string, const TextAttributes& at
     geometry::BezierPath path;
     for (const ShapedGlyph& glyph : shapeLine(string, attributes).glyphs) {
         geometry::BezierPath outline = glyph.face->outline(glyph.glyph, attributes.size);
+        if (glyph.glyph == 0 && outline.isEmpty())
+            outline = missingGlyphFrame(glyph.advance, attributes.size);
         glm::mat3x2 shift(1.0f);
         shift[2] = {glyph.pen + glyph.offsetX, glyph.offsetY};
         outline.transform(shift);
