@@ -84,11 +84,7 @@ AreaResampler::AreaResampler(Size drawnSize, Size outputSize)
     , sums(static_cast<std::size_t>(drawn.width) * 4) {}
 
 AreaResampler::Axis AreaResampler::makeAxis(int from, int to) {
-    CHECK(
-        to > 0 && from >= to,
-        "{} drawn pixels cannot be scaled down to {}",
-        from,
-        to);
+    CHECK(to > 0 && from >= to, "{} drawn pixels cannot be scaled down to {}", from, to);
     const double ratio = static_cast<double>(from) / to;
     constexpr double kTiny = 1e-6;
     Axis axis;

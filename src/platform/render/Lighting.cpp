@@ -75,6 +75,11 @@ void setTaps(ShadowView& view, const SCNLight& light) {
     view.tapSpacing = texels / static_cast<float>(view.mapSize);
 }
 
+/// How far the taps look from the place itself, in texels; the outermost look one texel on.
+float tapReach(const ShadowView& view) {
+    return 1 + 0.5f * (view.tapsPerSide - 1) * view.tapSpacing * static_cast<float>(view.mapSize);
+}
+
 void fitDirectional(ShadowView& view, const PlacedLight& light, const Snapshot& snapshot) {
     const glm::mat3 axes = axesLooking(light.direction);
     geometry::Box box = castersIn(axes, snapshot);
@@ -90,7 +95,7 @@ void fitDirectional(ShadowView& view, const PlacedLight& light, const Snapshot& 
         std::round(middle.x / texel) * texel, std::round(middle.y / texel) * texel, box.max.z + 1);
     view.viewProjection = reversedOrthographic(extent, extent, 0, box.max.z - box.min.z + 2) *
                           viewFrom(axes, axes * eye);
-    view.receiverShift = 1.5f * texel;
+    view.receiverShift = texel * tapReach(view);
 }
 
 void fitSpot(ShadowView& view, const PlacedLight& placed, const Snapshot& snapshot) {
@@ -105,8 +110,8 @@ void fitSpot(ShadowView& view, const PlacedLight& placed, const Snapshot& snapsh
     const geometry::Box box = castersIn(axes, snapshot);
     const float distance =
         box.isEmpty() ? 1.0f : std::max(1.0f, glm::dot(placed.position, axes[2]) - box.min.z);
-    view.receiverShift =
-        3.0f * distance * std::tan(angle * 0.5f) / static_cast<float>(view.mapSize);
+    view.receiverShift = tapReach(view) * 2.0f * distance * std::tan(angle * 0.5f) /
+                         static_cast<float>(view.mapSize);
 }
 
 bool castsShadow(const SCNLight& light) {

@@ -27,6 +27,10 @@ float visibilityFit(float alpha, float NoL, float NoV) {
     return 0.5f / std::max(glm::mix(2.0f * NoL * NoV, NoL + NoV, alpha), 1e-7f);
 }
 
+float singleBounceEnergy(float roughness, float NoV) {
+    return 1.0f - roughness * roughness * (0.32f + 0.36f * NoV);
+}
+
 EnvironmentFit environmentFit(float roughness, float NoV) {
     const float x = 1.0f - roughness;
     const float y = 0.0425f - 0.0275f * roughness;

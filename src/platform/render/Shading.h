@@ -29,6 +29,9 @@ inline constexpr float kMinRoughness = 0.06f;
 /// The fit of the height-correlated Smith visibility: masking and shadowing over 4 NoL NoV.
 [[nodiscard]] float visibilityFit(float alpha, float NoL, float NoV);
 
+/// How much a white mirror reflects at the first bounce, of light from everywhere.
+[[nodiscard]] float singleBounceEnergy(float roughness, float NoV);
+
 /// Scale and bias of f0 under even light from everywhere.
 struct EnvironmentFit {
     float scale = 0;

@@ -20,6 +20,13 @@ vec2 environmentFit(float roughness, float NoV) {
     return vec2(-1.04, 1.04) * a004 + r.zw;
 }
 
+// How much a white mirror reflects at the first bounce: a fit of the lobe below, integrated numerically. At grazing
+// angles it is kept on the high side, which adds too little rather than too much. What is missing to 1 is given back
+// in the colour of f0 (Lagarde and Golubev 2018, "Simulating Multiple Scattering").
+float singleBounceEnergy(float roughness, float NoV) {
+    return 1.0 - roughness * roughness * (0.32 + 0.36 * NoV);
+}
+
 // Walter et al. 2007, "Microfacet Models for Refraction through Rough Surfaces" (GGX), times pi;
 // Hammon 2017, "PBR Diffuse Lighting for GGX+Smith Microsurfaces": fit of the height-correlated Smith visibility;
 // Schlick 1994, "An Inexpensive BRDF Model for Physically-based Rendering".

@@ -26,6 +26,7 @@ vec3 prefiltered(vec3 direction, float roughness) {
 
 vec3 environmentAt(Shading s, vec2 fit, float ambientOcclusion) {
     vec3 R = reflect(-s.V, s.N);
-    vec3 specularPart = prefiltered(R, s.roughness) * (s.f0 * fit.x + fit.y) * s.energy;
+    vec3 energy = 1.0 + s.f0 * (1.0 / (fit.x + fit.y) - 1.0); // the fit's own sum: an even room stays even
+    vec3 specularPart = prefiltered(R, s.roughness) * (s.f0 * fit.x + fit.y) * energy;
     return (irradianceAt(s.N) * s.albedo + specularPart) * (ambientOcclusion * frame.z);
 }

@@ -47,7 +47,7 @@ vec3 shadingNormal() {
 #endif
 #ifdef HAS_NORMAL_PICTURE
     vec3 T = normalize(vTangent.xyz - N * dot(N, vTangent.xyz));
-    vec3 B = cross(N, T) * vTangent.w;
+    vec3 B = cross(T, N) * vTangent.w; // up the picture, against growing v
     vec3 n = texture(uNormal, texcoord(UNIT_NORMAL)).xyz * 2.0 - 1.0;
     n.xy *= emission.w;
     N = normalize(T * n.x + B * n.y + N * max(n.z, 0.05));

@@ -48,8 +48,7 @@ vec3 litColor(Surface surface) {
     s.alpha = widenedAlpha(s.N, roughness * roughness);
     s.roughness = sqrt(s.alpha);
     vec2 fit = environmentFit(s.roughness, s.NoV);
-    // Lagarde and Golubev 2018, "Simulating Multiple Scattering": the fit's sum is what a white mirror keeps
-    s.energy = 1.0 + s.f0 * (1.0 / max(fit.x + fit.y, 0.1) - 1.0);
+    s.energy = 1.0 + s.f0 * (1.0 / singleBounceEnergy(s.roughness, s.NoV) - 1.0);
 
     vec3 color = lightsAt(s, surface.ambientOcclusion);
 #ifdef HAS_ENVIRONMENT

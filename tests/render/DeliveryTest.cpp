@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/AreaResampler.h"
+#include "platform/render/YuvRows.h"
+#include "render/StageFixture.h"
+
+#include <vector>
+
+namespace zelvo::render {
+namespace {
+
+TEST(AreaResampler, KeepsEveryFlatValueExactly) {
+    for (const Size drawn : {
+             Size{4,  4 },
+             {6,  6 },
+             {8,  8 },
+             {16, 16},
+             {7,  9 }
+    }) {
+        AreaResampler resampler(drawn, {4, 4});
+        for (int value = 0; value < 256; ++value) {
+            const std::vector<std::uint8_t> pixels(
+                static_cast<std::size_t>(drawn.width * drawn.height * 4),
+                static_cast<std::uint8_t>(value));
+            for (int y = 0; y < 4; ++y) {
+                std::array<std::uint8_t, 16> row{};
+                resampler.writeRow(pixels, y, row.data());
+                EXPECT_EQ(row[0], value) << drawn.width << " x " << drawn.height;
+                EXPECT_EQ(row[14], value);
+            }
+        }
+    }
+}
+
+// BT.709 in limited range, as test charts give it.
+TEST(YuvRows, GiveTheColoursOfATestChart) {
+    struct Row {
+        std::array<std::uint8_t, 3> rgb;
+        std::array<int, 3> yuv;
+    };
+
+    for (const Row& row : {
+             Row{{255, 255, 255}, {235, 128, 128}},
+             {{0, 0, 0},       {16, 128, 128} },
+             {{255, 0, 0},     {63, 102, 240} },
+             {{0, 255, 0},     {173, 42, 26}  },
+             {{0, 0, 255},     {32, 240, 118} }
+    }) {
+        std::vector<std::uint8_t> pixels;
+        for (int i = 0; i < 8; ++i) {
+            pixels.insert(pixels.end(), {row.rgb[0], row.rgb[1], row.rgb[2], 255});
+        }
+        std::array<std::uint8_t, 12> planes{};
+        writeYuvRows(pixels.data(), 0, {4, 2}, planes);
+        EXPECT_NEAR(planes[3], row.yuv[0], 1);
+        EXPECT_NEAR(planes[9], row.yuv[1], 1);
+        EXPECT_NEAR(planes[11], row.yuv[2], 1);
+    }
+}
+
+/// A picture with edges and colours in all directions.
+void fill(scene::SCNScene& scene) {
+    int i = 0;
+    for (const unsigned color : {0xE6194CU, 0x19E64CU, 0xFFFFFFU, 0x194CE6U}) {
+        auto node = std::make_shared<scene::SCNNode>();
+        node->geometry = std::make_shared<scene::SCNPlane>(0.7, 0.5);
+        node->position =
+            glm::vec3(-0.6f + 0.4f * static_cast<float>(i), 0.3f - 0.2f * static_cast<float>(i), i);
+        node->setEulerAngles({0, 0, 0.3f * static_cast<float>(++i)});
+        auto material = std::make_shared<scene::SCNMaterial>();
+        material->lightingModelName = scene::SCNLightingModel::constant;
+        material->diffuse.contents = image::Color::hex(color);
+        node->geometry->materials = {material};
+        scene.rootNode()->addChildNode(node);
+    }
+}
+
+using Delivery = Stage;
+
+std::vector<std::uint8_t> bytesOf(SCNRenderer& renderer, PixelFormat format) {
+    renderer.begin({
+        0, {64, 64},
+         1.5, format
+    });
+    const FrameView view = renderer.finish();
+    return {view.bytes.begin(), view.bytes.end()};
+}
+
+TEST_F(Delivery, OnTheCpuAndInShadersIsTheSame) {
+    fill(*scene);
+    auto made = SCNRenderer::make(Downscaling::gpu);
+    ASSERT_TRUE(made.has_value());
+    SCNRenderer& other = **made;
+    other.pointOfView = camera;
+    for (const PixelFormat format : {PixelFormat::rgba8, PixelFormat::i420}) {
+        other.setScene(nullptr);
+        renderer->setScene(scene);
+        const auto onCpu = bytesOf(*renderer, format);
+        renderer->setScene(nullptr);
+        other.setScene(scene);
+        const auto inShaders = bytesOf(other, format);
+        ASSERT_EQ(onCpu.size(), inShaders.size());
+        for (std::size_t i = 0; i < onCpu.size(); ++i) {
+            ASSERT_NEAR(onCpu[i], inShaders[i], 1) << "byte " << i;
+        }
+    }
+}
+
+TEST_F(Delivery, GivesTheSameBytesTwiceAndInOrder) {
+    fill(*scene);
+    const auto first = bytesOf(*renderer, PixelFormat::rgba8);
+    EXPECT_EQ(first, bytesOf(*renderer, PixelFormat::rgba8));
+    // A frame begun while an earlier one waits does not change that one.
+    renderer->begin({0, kSize, 1.5, PixelFormat::rgba8});
+    scene->background.contents = image::Color::hex(0x808080);
+    renderer->begin({0, kSize, 1.5, PixelFormat::rgba8});
+    const FrameView view = renderer->finish();
+    EXPECT_TRUE(std::ranges::equal(view.bytes, first));
+    EXPECT_EQ(renderer->finish().bytes[0], 0x80);
+}
+
+// A half plane whose edge runs at an angle: every pixel's brightness is the share that it covers.
+TEST_F(Delivery, OversamplingApproachesTheCoveredArea) {
+    constexpr float kSlope = 0.3f;
+    addSquare(makeMaterial(image::Color::white(1)), 0, 8)->position = glm::vec3(-4, 0, 0);
+    scene->rootNode()->childNodes().back()->setEulerAngles({0, 0, -std::atan(kSlope)});
+    const float across = std::sqrt(1 + kSlope * kSlope);
+    scene->rootNode()->childNodes().back()->position =
+        glm::vec3(-4 / across, 4 * kSlope / across, 0);
+    for (const double oversampling : {1.0, 1.5, 4.0}) {
+        const image::Image picture = draw(oversampling);
+        double worst = 0;
+        for (int y = 0; y < 64; ++y) {
+            for (int x = 0; x < 64; ++x) {
+                const double share = std::clamp((x + 0.5 - 32) + 0.0, -99.0, 99.0);
+                const double distance = (share - (32 - (y + 0.5)) * kSlope) / across;
+                const double covered =
+                    std::clamp(0.5 - distance / (std::abs(1 / across) + kSlope / across), 0.0, 1.0);
+                const double got = std::pow(at(picture, x, y)[0] / 255.0, 2);
+                worst = std::max(worst, std::abs(got - covered));
+            }
+        }
+        EXPECT_LT(worst, 0.6 / oversampling) << "oversampling " << oversampling;
+    }
+}
+
+} // namespace
+} // namespace zelvo::render

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/Lighting.h"
+#include "render/StageFixture.h"
+
+namespace zelvo::render {
+namespace {
+
+using image::Color;
+using scene::SCNLightType;
+using Lights = Stage;
+
+// The middle of the stage looks straight at each of these lights, which all are to be as bright
+// there: a directional light of 1000, and the square of the distance times that for lights that
+// fall off.
+TEST_F(Lights, OfEachKindShineAsTheirUnitSays) {
+    addSquare(makeMatte(Color::white(0.5f)));
+
+    struct Row {
+        SCNLightType type;
+        float distance;
+        double intensity;
+    };
+
+    for (const Row& row : {
+             Row{SCNLightType::ambient,     5,   1000},
+             {SCNLightType::directional, 5,   1000},
+             {SCNLightType::omni,        300, 9e7 },
+             {SCNLightType::spot,        300, 9e7 }
+    }) {
+        const auto light = addLight(row.type, {0, 0, row.distance}, row.intensity);
+        expectNear(middle(), {128, 128, 128}, 2); // the light gives back the surface's own colour
+        light->intensity = row.intensity / 4;
+        expectNear(middle(), {66, 66, 66}, 2); // a quarter of the light
+        scene->rootNode()->childNodes().back()->removeFromParentNode();
+    }
+}
+
+TEST_F(Lights, ShineOnNodesThatShareABitWithTheirMask) {
+    struct Row {
+        std::uint32_t light;
+        std::uint32_t node;
+        bool shines;
+    };
+
+    const auto square = addSquare(makeMatte());
+    const auto light = addLight(SCNLightType::directional, {}, 1000);
+    for (const Row& row : {
+             Row{2,          260, false},
+             {4,          260, true },
+             {0xFFFFFFFF, 1,   true },
+             {2,          3,   true },
+             {1,          2,   false}
+    }) {
+        light->categoryBitMask = row.light;
+        square->categoryBitMask = row.node;
+        EXPECT_EQ(middle()[0] > 0, row.shines) << row.light << " on " << row.node;
+    }
+}
+
+TEST_F(Lights, ASpotFadesFromItsInnerToItsOuterCone) {
+    addSquare(makeMatte());
+    const auto light = addLight(SCNLightType::spot, {0, 0, 1.5f}, 2250);
+    light->spotInnerAngle = 20; // radius 0.26 on the stage
+    light->spotOuterAngle = 60; // radius 0.87
+    const image::Image picture = draw();
+    EXPECT_NEAR(at(picture, 32, 32)[0], 128, 3);
+    const int between = at(picture, 32 + 16, 32)[0];
+    EXPECT_GT(between, 5);
+    EXPECT_LT(between, 110);
+    EXPECT_EQ(at(picture, 62, 32)[0], 0);
+}
+
+// The light comes from the upper right in front; the shadow of what stands there falls on the
+// stage's middle.
+TEST_F(Lights, ThrowAShadowWhereSomethingStandsInTheirWay) {
+    constexpr float kUnit = 200; // half the picture
+    camera->position = glm::vec3(0, 0, 10 * kUnit);
+    camera->camera->zFar = 20 * kUnit;
+    for (const SCNLightType type : {SCNLightType::directional, SCNLightType::spot}) {
+        addSquare(makeMatte(), 0, 4 * kUnit)->castsShadow = false;
+        const auto blocker = addSquare(makeMatte(), 0, 0.4f * kUnit);
+        blocker->position = glm::vec3(0.5f * kUnit);
+        const auto light =
+            addLight(type, glm::vec3(2 * kUnit), type == SCNLightType::spot ? 5e8 : 1000);
+        scene->rootNode()->childNodes().back()->setOrientation(
+            glm::quatLookAt(glm::normalize(glm::vec3(-1)), glm::vec3(0, 1, 0)));
+        light->spotOuterAngle = 100;
+        light->castsShadow = true;
+        light->shadowColor.alpha = 1;
+        light->zFar = 20 * kUnit;
+        const image::Image shadowed = draw();
+        blocker->castsShadow = false;
+        const image::Image free = draw();
+        blocker->castsShadow = true;
+        light->shadowColor.alpha = 0.5f;
+        const image::Image halfShadowed = draw();
+
+        EXPECT_LT(at(shadowed, 32, 32)[0], 3);
+        EXPECT_GT(at(free, 32, 32)[0], 60);
+        EXPECT_GT(at(halfShadowed, 32, 32)[0], 30);
+        EXPECT_LT(at(halfShadowed, 32, 32)[0], at(free, 32, 32)[0] - 10);
+        for (const int x :
+             {12, 48, 52}) { // stage without, blocker with light: nothing shadows itself
+            EXPECT_NEAR(at(shadowed, x, 64 - x)[0], at(free, x, 64 - x)[0], 1) << "at " << x;
+        }
+        while (scene->rootNode()->childNodes().size() > 1) {
+            scene->rootNode()->childNodes().back()->removeFromParentNode();
+        }
+    }
+}
+
+TEST(LightSet, OrdersLightsAsTheShaderComputesThem) {
+    scene::SCNLight omni;
+    scene::SCNLight directional;
+    directional.type = SCNLightType::directional;
+    scene::SCNLight spot;
+    spot.type = SCNLightType::spot;
+    spot.categoryBitMask = 4;
+    scene::SCNLight shadowing = directional;
+    shadowing.castsShadow = true;
+    const std::vector<PlacedLight> lights{{&spot}, {&omni}, {&directional}, {&shadowing}};
+    const std::vector<ShadowView> views{{.light = 3}};
+    const LightSet set = makeLightSet(lights, views, 1);
+    EXPECT_EQ(set.counts, (LightCounts{2, 1, 1, 0, 0}));
+    EXPECT_GT(set.block.lightShadow[0].x, 0) << "the one with a shadow comes first";
+    EXPECT_EQ(set.block.lightShadow[1].x, 0);
+}
+
+TEST(LightSet, TakesNoMoreLightsThanTheShaderHas) {
+    const scene::SCNLight light;
+    const std::vector<PlacedLight> lights(20, {&light});
+    EXPECT_EQ(makeLightSet(lights, {}, 1).counts.omni, kMaxLights);
+}
+
+} // namespace
+} // namespace zelvo::render

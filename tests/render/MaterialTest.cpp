@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+#include "render/StageFixture.h"
+
+namespace zelvo::render {
+namespace {
+
+using image::Color;
+using Materials = Stage;
+
+TEST_F(Materials, AConstantColourIsExactAtAnyOversampling) {
+    addSquare(makeMaterial(Color::hex(0x194CE6)), 0, 4);
+    camera->camera->wantsHDR = true;
+    for (const double oversampling : {1.0, 1.5, 2.0}) {
+        EXPECT_EQ(at(draw(oversampling), 31, 17), (Pixel{25, 76, 230}));
+    }
+}
+
+TEST_F(Materials, APictureStandsUpright) {
+    const auto material = makeMaterial(Color::white(1));
+    material->diffuse.setImage(sharePicture(
+        2,
+        2,
+        {
+            {255, 0,   0,   255},
+            {0,   255, 0,   255},
+            {0,   0,   255, 255},
+            {255, 255, 255, 255}
+    }));
+    addSquare(material);
+    const image::Image picture = draw();
+    expectNear(at(picture, 4, 4), {255, 0, 0}, 1);
+    expectNear(at(picture, 59, 4), {0, 255, 0}, 1);
+    expectNear(at(picture, 4, 59), {0, 0, 255}, 1);
+    expectNear(at(picture, 59, 59), {255, 255, 255}, 1);
+}
+
+TEST_F(Materials, ContentsRepeatAfterTheirTransform) {
+    const auto picture = sharePicture(
+        2,
+        1,
+        {
+            {255, 0, 0,   255},
+            {0,   0, 255, 255}
+    });
+    const auto material = makeMaterial(Color::white(1));
+    material->diffuse.setImage(picture);
+    material->diffuse.wrapS = scene::SCNWrapMode::repeat;
+    material->setContentsScale(2);
+    addSquare(material);
+    const image::Image drawn = draw();
+    expectNear(at(drawn, 8, 32), {255, 0, 0}, 40);
+    expectNear(at(drawn, 24, 32), {0, 0, 255}, 40);
+    expectNear(at(drawn, 40, 32), {255, 0, 0}, 40);
+}
+
+// Light from the right: a normal map that leans to the right is brighter than one that leans to the
+// left; from above the same with its green.
+TEST_F(Materials, NormalMapsLeanAsTheirColoursSay) {
+    struct Row {
+        glm::vec3 light;
+        std::array<std::uint8_t, 4> towards;
+        std::array<std::uint8_t, 4> away;
+    };
+
+    const auto material = makeMatte();
+    addSquare(material);
+    auto light = addLight(scene::SCNLightType::omni, {}, 100000);
+    const scene::SCNNodePtr node = scene->rootNode()->childNodes().back();
+    for (const Row& row : {
+             Row{{7, 0, 7}, {200, 128, 230, 255}, {56, 128, 230, 255}},
+             {{0, 7, 7}, {128, 200, 230, 255}, {128, 56, 230, 255}}
+    }) {
+        node->position = row.light;
+        material->normal.setImage(sharePicture(1, 1, {row.towards}));
+        const int towards = middle()[1];
+        material->normal.setImage(sharePicture(1, 1, {row.away}));
+        const int away = middle()[1];
+        material->normal.intensity = 0.2f;
+        const int awayALittle = middle()[1];
+        material->normal.intensity = 1;
+        EXPECT_GT(towards, away + 20);
+        EXPECT_GT(awayALittle, away + 10);
+        EXPECT_LT(awayALittle, towards);
+    }
+}
+
+TEST_F(Materials, SlotsChangeWhatTheyShould) {
+    struct Row {
+        const char* what;
+        scene::SCNMaterialProperty scene::SCNMaterial::*slot;
+        Color contents;
+        Pixel wanted;
+    };
+
+    // A white surface without light or tone map, changed by one slot.
+    using M = scene::SCNMaterial;
+    for (const Row& row : {
+             Row{"multiply",                  &M::multiply, Color::hex(0xFF8000), {255, 128, 0}     },
+             {"emission",                  &M::emission, Color::hex(0x00FF00), {255, 255, 255}   },
+             {"diffuse",                   &M::diffuse,  Color::hex(0x123456), {0x12, 0x34, 0x56}},
+             {"ambient follows diffuse",   &M::ambient,  Color::hex(0xFF0000), {255, 255, 255}   },
+             {"displacement is not drawn",
+                 &M::displacement,
+                 Color::hex(0xFF0000),
+                 {255, 255, 255}                                                                    }
+    }) {
+        const auto material = makeMaterial(Color::white(1));
+        ((*material).*row.slot).contents = row.contents;
+        const auto square = addSquare(material);
+        EXPECT_EQ(middle(), row.wanted) << row.what;
+        square->removeFromParentNode();
+    }
+}
+
+TEST_F(Materials, OpacityHidingAndTransparencyMix) {
+    scene->background.contents = Color::hex(0x0000FF);
+    const auto material = makeMaterial(Color::hex(0xFF0000));
+    const auto square = addSquare(material);
+    square->opacity = 0.5f;
+    expectNear(middle(), {128, 0, 127}, 1);
+    material->transparency = 0.5f;
+    expectNear(middle(), {64, 0, 191}, 1);
+    material->transparency = 1;
+    material->transparent.contents = Color{0, 0, 0, 0.25f};
+    expectNear(middle(), {32, 0, 223}, 1);
+    material->transparencyMode = scene::SCNTransparencyMode::rgbZero; // black is opaque
+    expectNear(middle(), {128, 0, 127}, 1);
+    square->opacity = 0.001f;
+    EXPECT_EQ(middle(), (Pixel{0, 0, 255}));
+    square->opacity = 1.0f;
+    square->isHidden = true;
+    EXPECT_EQ(middle(), (Pixel{0, 0, 255}));
+}
+
+TEST_F(Materials, TranslucentSurfacesMixFromBackToFrontWhateverTheTree) {
+    for (const bool isRedFirst : {true, false}) {
+        const auto first = addSquare(
+            makeMaterial(Color::hex(isRedFirst ? 0xFF0000 : 0x00FF00)), isRedFirst ? 0 : 1);
+        const auto second = addSquare(
+            makeMaterial(Color::hex(isRedFirst ? 0x00FF00 : 0xFF0000)), isRedFirst ? 1 : 0);
+        first->opacity = 0.5f;
+        second->opacity = 0.5f;
+        expectNear(middle(), {64, 128, 0}, 1); // green is in front
+        first->removeFromParentNode();
+        second->removeFromParentNode();
+    }
+}
+
+// A box at half opacity shows its front once and not its inside: all over the same.
+TEST_F(Materials, ASolidFadesAsAWhole) {
+    const auto node = addNode({0, 0, 0});
+    node->geometry = std::make_shared<scene::SCNBox>(1, 1, 1, 0.2);
+    const auto material = makeMaterial(Color::white(1));
+    material->isDoubleSided = true;
+    node->geometry->materials = {material};
+    node->setEulerAngles({0.4f, 0.5f, 0.1f});
+    node->opacity = 0.5f;
+    const image::Image picture = draw();
+    for (const int x : {28, 32, 36, 40}) {
+        expectNear(at(picture, x, 32), {128, 128, 128}, 1);
+    }
+}
+
+TEST_F(Materials, BlendModesCombineWithWhatIsBehind) {
+    using Mode = scene::SCNBlendMode;
+
+    struct Row {
+        Mode mode;
+        Pixel wanted;
+    };
+
+    addSquare(makeMaterial(Color::hex(0x808040)), -1, 4);
+    for (const Row& row : {
+             Row{Mode::add,      {0xC0, 0xA0, 0x40}},
+             {Mode::subtract, {0x40, 0x60, 0x40}},
+             {Mode::multiply, {0x20, 0x10, 0x00}},
+             {Mode::screen,   {0xA0, 0x90, 0x40}},
+             {Mode::replace,  {0x40, 0x20, 0x00}}
+    }) {
+        const auto material = makeMaterial(Color::hex(0x402000));
+        material->blendMode = row.mode;
+        const auto square = addSquare(material);
+        expectNear(middle(), row.wanted, 1);
+        square->removeFromParentNode();
+    }
+}
+
+TEST_F(Materials, AModifierChangesTheSurfaceAndABrokenOneDoesNoHarm) {
+    const auto entry = scene::SCNShaderModifierEntryPoint::surface;
+    const auto material = makeMaterial(Color::hex(0x0000FF));
+    material->specular.setImage(sharePicture(
+        1,
+        1,
+        {
+            {0, 255, 0, 255}
+    }));
+    material->shaderModifiers[entry] =
+        "vec4 other = texture2D(u_specularTexture, _surface.diffuseTexcoord);\n"
+        "_surface.diffuse = vec4(u_time, other.g, 0.0, 1.0);";
+    addSquare(material);
+    expectNear(middle(), {0, 255, 0}, 1);
+    material->shaderModifiers[entry] = "_surface.diffuse = nonsense;";
+    expectNear(middle(), {0, 0, 255}, 1);
+    expectNear(middle(), {0, 0, 255}, 1);
+}
+
+} // namespace
+} // namespace zelvo::render

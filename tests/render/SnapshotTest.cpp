@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/Snapshot.h"
+
+#include "platform/scene/SCNShapes.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace zelvo::render {
+namespace {
+
+class Snapshots : public testing::Test {
+protected:
+    scene::SCNNodePtr add(const glm::vec3& position, float opacity = 1) const {
+        auto node = std::make_shared<scene::SCNNode>();
+        node->position = position;
+        node->opacity = opacity;
+        node->geometry = std::make_shared<scene::SCNBox>(1, 1, 1, 0);
+        node->castsShadow = false;
+        scene.rootNode()->addChildNode(node);
+        return node;
+    }
+
+    /// x positions of the nodes drawn.
+    std::string order(std::span<const DrawItem> items) {
+        std::string result;
+        for (const DrawItem& item : items) {
+            const float x = snapshot.nodes()[item.node].world[3].x;
+            result += std::to_string(static_cast<int>(std::lround(x))) + " ";
+        }
+        return result;
+    }
+
+    scene::SCNScene scene;
+    Snapshot snapshot;
+};
+
+TEST_F(Snapshots, SortOpaqueFrontToBackAndTranslucentBackToFront) {
+    add({1, 0, -10});
+    add({2, 0, -30});
+    add({3, 0, -20});
+    add({4, 0, -10}, 0.5f);
+    add({5, 0, -30}, 0.5f);
+    add({6, 0, -20}, 0.5f);
+    snapshot.take(scene, nullptr, 2);
+    EXPECT_EQ(order(snapshot.opaque()), "1 3 2 ");
+    EXPECT_EQ(order(snapshot.translucent()), "5 6 4 ");
+}
+
+TEST_F(Snapshots, LeaveOutWhatCannotBeSeenButKeepWhatThrowsAShadow) {
+    add({1, 0, -10});
+    add({2, 0, 10});   // behind
+    add({90, 0, -10}); // beside
+    add({3, 0, -500}); // beyond zFar
+    add({4, 0, -10})->isHidden = true;
+    add({5, 0, -10}, 0.001f);
+    const auto parent = add({0, 50, 0}, 0.02f);
+    auto child = std::make_shared<scene::SCNNode>();
+    child->geometry = parent->geometry;
+    child->opacity = 0.02f;
+    child->position = glm::vec3(6, -50, -10);
+    parent->addChildNode(child); // together fainter than a pixel can show
+    snapshot.take(scene, nullptr, 1);
+    EXPECT_EQ(order(snapshot.opaque()) + order(snapshot.translucent()), "1 ");
+    add({7, 0, 10})->castsShadow = true;
+    snapshot.take(scene, nullptr, 1);
+    ASSERT_EQ(snapshot.nodes().size(), 2U);
+    EXPECT_FALSE(snapshot.nodes()[1].isInView);
+}
+
+TEST_F(Snapshots, TurnBillboardsToTheCameraAtTheirOwnSize) {
+    auto eye = std::make_shared<scene::SCNNode>();
+    eye->camera = std::make_shared<scene::SCNCamera>();
+    eye->setEulerAngles({0, 1, 0});
+    scene.rootNode()->addChildNode(eye);
+    const auto node = add({-10, 0, -6});
+    node->isBillboard = true;
+    node->scale = glm::vec3(3);
+    snapshot.take(scene, nullptr, 1);
+    ASSERT_EQ(snapshot.nodes().size(), 1U);
+    const glm::mat4 seen = snapshot.camera().view * snapshot.nodes()[0].world;
+    EXPECT_NEAR(seen[0].x, 3, 1e-4);
+    EXPECT_NEAR(seen[0].z, 0, 1e-4);
+}
+
+} // namespace
+} // namespace zelvo::render
