@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/Snapshot.h"
 
+#include "platform/render/DepthOfField.h"
 #include "platform/scene/SCNShapes.h"
 
 #include <gtest/gtest.h>
@@ -82,6 +83,24 @@ TEST_F(Snapshots, TurnBillboardsToTheCameraAtTheirOwnSize) {
     const glm::mat4 seen = snapshot.camera().view * snapshot.nodes()[0].world;
     EXPECT_NEAR(seen[0].x, 3, 1e-4);
     EXPECT_NEAR(seen[0].z, 0, 1e-4);
+}
+
+// Wanted values from the photographers' hyperfocal distance H = f^2 / (N c) + f: focused there,
+// infinity is just blurred by c. A lens of 50 mm, f/8 and c = 24 mm / 1000 (one pixel of a picture
+// 1000 high) has H = 13.07 m.
+TEST(DepthOfField, AgreesWithTheHyperfocalDistance) {
+    scene::SCNCamera camera;
+    camera.fieldOfView = 26.9915; // 2 atan(24 mm / (2 * 50 mm))
+    camera.fStop = 8;
+    camera.focusDistance = 13.07;
+    EXPECT_NEAR(largestBlur(camera, 1000), 1, 0.01);
+    camera.wantsDepthOfField = true;
+    EXPECT_TRUE(needsDepthOfField(camera, 1000));
+    // The stage's own camera at full size: nothing that an output pixel could show.
+    camera.fieldOfView = 60;
+    camera.fStop = 5.1;
+    camera.focusDistance = 10;
+    EXPECT_FALSE(needsDepthOfField(camera, 1080));
 }
 
 } // namespace

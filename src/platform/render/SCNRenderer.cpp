@@ -2,7 +2,9 @@
 #include "platform/render/SCNRenderer.h"
 
 #include "platform/foundation/Check.h"
+#include "platform/foundation/Console.h"
 #include "platform/render/Context.h"
+#include "platform/render/DepthOfField.h"
 #include "platform/render/FrameDelivery.h"
 #include "platform/render/FrameDrawer.h"
 
@@ -85,6 +87,7 @@ struct SCNRenderer::State {
 
     void ensureTargets(Slot& slot, Size size);
     static void await(Slot& slot);
+    void tellOfDepthOfField(const scene::SCNNode* pointOfView, int outputHeight);
 
     std::unique_ptr<HeadlessContext> context; // first in, last out: all below lives in it
     DeviceInfo device;
@@ -97,6 +100,7 @@ struct SCNRenderer::State {
     std::size_t finished = 0;
     FrameTimes times;
     double (*stopwatch)() = noTime;
+    bool hasSaidDepthOfField = false;
 };
 
 void SCNRenderer::State::ensureTargets(Slot& slot, Size size) {
@@ -125,6 +129,15 @@ void SCNRenderer::State::await(Slot& slot) {
     }
     glDeleteSync(slot.done);
     slot.done = nullptr;
+}
+
+void SCNRenderer::State::tellOfDepthOfField(const scene::SCNNode* pointOfView, int outputHeight) {
+    const bool isWanted = pointOfView != nullptr && pointOfView->camera &&
+                          needsDepthOfField(*pointOfView->camera, outputHeight);
+    if (!isWanted || hasSaidDepthOfField)
+        return;
+    hasSaidDepthOfField = true;
+    foundation::logLine("depth of field that can be seen is not drawn: everything stays sharp");
 }
 
 foundation::Result<std::unique_ptr<SCNRenderer>> SCNRenderer::make(Downscaling downscaling) {
@@ -173,6 +186,7 @@ void SCNRenderer::begin(const FrameRequest& request) {
     state->delivery->queue(slot.frame, state->drawer.graphicsState(), slot.uniforms);
     slot.done = glFenceSync(GL_SYNC_GPU_COMMANDS_COMPLETE, 0);
     glFlush();
+    state->tellOfDepthOfField(pointOfView.get(), request.outputSize.height);
     ++state->begun;
     if (delegate != nullptr)
         delegate->rendererDidRenderScene(*this, *drawn, request.time);
