@@ -20,7 +20,9 @@ using scene::SCNLightType;
 constexpr float kNominalIntensity = 1000;
 constexpr float kLeastHalfExtent = 500; ///< scene units, of a directional light's map
 constexpr float kExtentStep = 1.1f;     ///< the map's extent grows in steps, lest its texels crawl
+constexpr int kSmallestMap = 128;
 constexpr int kLargestMap = 4096;
+constexpr float kTapReach = 2; ///< texels from the middle that the shader's taps regard
 
 /// Right, up, backwards of an eye that looks along the direction.
 glm::mat3 axesLooking(const glm::vec3& direction) {
@@ -44,20 +46,25 @@ glm::mat4 clipToTexture() {
     return m;
 }
 
+std::array<glm::vec3, 8> cornersOf(const geometry::Box& box) {
+    std::array<glm::vec3, 8> corners{};
+    for (unsigned i = 0; i < corners.size(); ++i) {
+        corners.at(i) = {
+            (i & 1U) != 0 ? box.max.x : box.min.x,
+            (i & 2U) != 0 ? box.max.y : box.min.y,
+            (i & 4U) != 0 ? box.max.z : box.min.z};
+    }
+    return corners;
+}
+
 /// The box around all casters in the space of the given axes.
 geometry::Box castersIn(const glm::mat3& axes, const Snapshot& snapshot) {
     geometry::Box result;
     for (const VisibleNode& node : snapshot.nodes()) {
         if (!node.castsShadow)
             continue;
-        const geometry::Box box = node.geometry->boundingBox();
-        for (unsigned corner = 0; corner < 8; ++corner) {
-            const glm::vec4 point(
-                (corner & 1U) != 0 ? box.max.x : box.min.x,
-                (corner & 2U) != 0 ? box.max.y : box.min.y,
-                (corner & 4U) != 0 ? box.max.z : box.min.z,
-                1);
-            result.include(glm::vec3(node.world * point) * axes);
+        for (const glm::vec3& corner : cornersOf(node.geometry->boundingBox())) {
+            result.include(glm::vec3(node.world * glm::vec4(corner, 1)) * axes);
         }
     }
     return result;
@@ -68,16 +75,10 @@ float steppedUp(float extent) {
 }
 
 void setTaps(ShadowView& view, const SCNLight& light) {
-    view.mapSize = std::clamp(light.shadowMapSize, 16, kLargestMap);
-    view.tapsPerSide =
-        std::clamp(std::round(std::sqrt(static_cast<float>(light.shadowSampleCount))), 1.0f, 3.0f);
-    const float texels = std::max(1.0f, 2.0f * light.shadowRadius / view.tapsPerSide);
-    view.tapSpacing = texels / static_cast<float>(view.mapSize);
-}
-
-/// How far the taps look from the place itself, in texels; the outermost look one texel on.
-float tapReach(const ShadowView& view) {
-    return 1 + 0.5f * (view.tapsPerSide - 1) * view.tapSpacing * static_cast<float>(view.mapSize);
+    const float softness = std::max(light.shadowRadius, 1.0f) / kTapReach;
+    const float size = static_cast<float>(light.shadowMapSize) / softness;
+    view.mapSize = std::clamp(static_cast<int>(std::lround(size)), kSmallestMap, kLargestMap);
+    view.tapSpacing = 1.0f / static_cast<float>(view.mapSize);
 }
 
 void fitDirectional(ShadowView& view, const PlacedLight& light, const Snapshot& snapshot) {
@@ -95,7 +96,7 @@ void fitDirectional(ShadowView& view, const PlacedLight& light, const Snapshot& 
         std::round(middle.x / texel) * texel, std::round(middle.y / texel) * texel, box.max.z + 1);
     view.viewProjection = reversedOrthographic(extent, extent, 0, box.max.z - box.min.z + 2) *
                           viewFrom(axes, axes * eye);
-    view.receiverShift = texel * tapReach(view);
+    view.receiverShift = texel * (kTapReach + 1);
 }
 
 void fitSpot(ShadowView& view, const PlacedLight& placed, const Snapshot& snapshot) {
@@ -110,8 +111,31 @@ void fitSpot(ShadowView& view, const PlacedLight& placed, const Snapshot& snapsh
     const geometry::Box box = castersIn(axes, snapshot);
     const float distance =
         box.isEmpty() ? 1.0f : std::max(1.0f, glm::dot(placed.position, axes[2]) - box.min.z);
-    view.receiverShift = tapReach(view) * 2.0f * distance * std::tan(angle * 0.5f) /
+    view.receiverShift = (kTapReach + 1) * 2.0f * distance * std::tan(angle * 0.5f) /
                          static_cast<float>(view.mapSize);
+}
+
+/// Where the casters lie in the map; all of it where one of them reaches behind the light.
+glm::vec4 boundsInMap(const ShadowView& view, const Snapshot& snapshot) {
+    geometry::Box box;
+    for (const VisibleNode& node : snapshot.nodes()) {
+        if (!node.castsShadow)
+            continue;
+        const glm::mat4 toMap = view.toTexture * node.world;
+        for (const glm::vec3& corner : cornersOf(node.geometry->boundingBox())) {
+            const glm::vec4 point = toMap * glm::vec4(corner, 1);
+            if (point.w <= 0)
+                return {0, 0, 1, 1};
+            box.include(glm::vec3(point) / point.w);
+        }
+    }
+    if (box.isEmpty())
+        return glm::vec4(0);
+    const float reach = (kTapReach + 1) / static_cast<float>(view.mapSize);
+    return glm::clamp(
+        glm::vec4(box.min.x - reach, box.min.y - reach, box.max.x + reach, box.max.y + reach),
+        0.0f,
+        1.0f);
 }
 
 bool castsShadow(const SCNLight& light) {
@@ -158,8 +182,8 @@ void writeLight(LightBlock& block, std::size_t i, const PlacedLight& placed) {
 }
 
 void writeShadow(LightBlock& block, std::size_t i, const ShadowView& view, const SCNLight& light) {
-    block.lightShadow.at(i) = {
-        light.shadowColor.alpha, view.tapSpacing, view.tapsPerSide, view.receiverShift};
+    block.lightShadow.at(i) = {light.shadowColor.alpha, view.tapSpacing, 0, view.receiverShift};
+    block.shadowBounds.at(i) = view.bounds;
     block.shadowMatrix.at(i) = view.toTexture;
 }
 
@@ -180,6 +204,7 @@ std::vector<ShadowView> shadowViews(const Snapshot& snapshot) {
             fitSpot(view, lights[i], snapshot);
         }
         view.toTexture = clipToTexture() * view.viewProjection;
+        view.bounds = boundsInMap(view, snapshot);
         views.push_back(view);
     }
     return views;

@@ -17,8 +17,9 @@ struct ShadowView {
     std::uint32_t light = 0;     ///< index into Snapshot::lights()
     glm::mat4 viewProjection{1}; ///< reversed depth, as everywhere
     glm::mat4 toTexture{1};      ///< world to 0 .. 1 in the map
-    float tapSpacing = 0;        ///< in the map's 0 .. 1
-    float tapsPerSide = 3;
+    glm::vec4 bounds{
+        0, 0, 1, 1}; ///< left, top, right, bottom of all casters in the map, with room for the taps
+    float tapSpacing = 0;    ///< in the map's 0 .. 1
     float receiverShift = 0; ///< scene units along the normal, against self-shadowing
     int mapSize = 1024;      ///< texels
 };
@@ -26,8 +27,10 @@ struct ShadowView {
 /// Views of the first kMaxShadows lights that cast shadows: spots by their cone, directional ones
 /// fitted around all that casts. Omni lights cast none.
 ///
-/// shadowRadius counts texels of the map, which covers a spot's cone, and of a directional light
-/// 1000 scene units or, if that is more, all casters.
+/// shadowRadius counts texels of a map of shadowMapSize, which covers a spot's cone, and of a
+/// directional light 1000 scene units or, if that is more, all casters. The map that is drawn is as
+/// much coarser as the edge is softer, so that four taps always do; shadowSampleCount is not
+/// regarded.
 [[nodiscard]] std::vector<ShadowView> shadowViews(const Snapshot& snapshot);
 
 /// How many lights of each kind a shader computes.

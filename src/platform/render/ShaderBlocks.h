@@ -59,7 +59,8 @@ template <class T> using PerLight = std::array<T, kMaxLights>;
     LIST(vec4, lightPosition, 8)      /* xyz in the world; of a directional light, the unit way to it */  \
     LIST(vec4, lightAxis, 8)          /* xyz unit, where a spot looks; w scale of its cone */             \
     LIST(vec4, lightColor, 8)         /* rgb, 1 is nominal; w offset of the cone */                       \
-    LIST(vec4, lightShadow, 8)        /* x strength, y tap spacing, z taps a side, w receiver's shift */  \
+    LIST(vec4, lightShadow, 8)        /* x strength, y tap spacing, w receiver's shift */              \
+    LIST(vec4, shadowBounds, 8)       /* where the map has anything: left, top, right, bottom, 0 to 1 */   \
     LIST(mat4, shadowMatrix, 8)       /* world to shadow map, 0 to 1 */
 
 #define ZELVO_ITEM_BLOCK(ONE, LIST)                                                                       \
