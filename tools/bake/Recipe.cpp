@@ -20,7 +20,8 @@ std::vector<Recipe> allRecipes() {
           circuitRecipes(),
           energyRecipes(),
           cityRecipes(),
-          placeholderRecipes()}) {
+          placeholderRecipes(),
+          maskRecipes()}) {
         all.insert(all.end(), family.begin(), family.end());
     }
     return all;

@@ -41,6 +41,7 @@ struct Recipe {
 [[nodiscard]] std::span<const Recipe> cityRecipes();
 [[nodiscard]] std::span<const Recipe> studioRecipes();
 [[nodiscard]] std::span<const Recipe> placeholderRecipes();
+[[nodiscard]] std::span<const Recipe> maskRecipes();
 
 /// Every recipe, family by family.
 [[nodiscard]] std::vector<Recipe> allRecipes();
