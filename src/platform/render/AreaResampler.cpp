@@ -124,10 +124,11 @@ void AreaResampler::writeRow(std::span<const std::uint8_t> pixels, int y, std::u
         for (int k = 0; k < columns.count; ++k) {
             Pixel value;
             std::memcpy(
-                &value,
-                sums.data() + static_cast<std::ptrdiff_t>(columns.first + k) * 4,
-                sizeof(value));
-            sum += value * horizontal.weights[static_cast<std::size_t>(columns.firstWeight + k)];
+                &value, sums.data() + (std::ptrdiff_t{columns.first} + k) * 4, sizeof(value));
+            sum +=
+                value *
+                horizontal.weights
+                    [static_cast<std::size_t>(columns.firstWeight) + static_cast<std::size_t>(k)];
         }
         const float threshold =
             kThresholds[static_cast<std::size_t>(y & 1)][static_cast<std::size_t>(x & 1)];

@@ -5,6 +5,7 @@
 #include <glm/matrix.hpp>
 #include <glm/trigonometric.hpp>
 
+#include <algorithm>
 #include <cmath>
 
 namespace zelvo::render {
@@ -70,15 +71,13 @@ bool Frustum::mayContain(const geometry::Box& box, const glm::mat4& toWorld) con
         glm::vec3(toWorld[0]) * ((box.max.x - box.min.x) * 0.5f),
         glm::vec3(toWorld[1]) * ((box.max.y - box.min.y) * 0.5f),
         glm::vec3(toWorld[2]) * ((box.max.z - box.min.z) * 0.5f));
-    for (const glm::vec4& plane : planes) {
+    return std::ranges::all_of(planes, [&](const glm::vec4& plane) {
         const glm::vec3 normal(plane);
         const float reach = std::abs(glm::dot(normal, half[0])) +
                             std::abs(glm::dot(normal, half[1])) +
                             std::abs(glm::dot(normal, half[2]));
-        if (glm::dot(normal, center) + plane.w < -reach)
-            return false;
-    }
-    return true;
+        return glm::dot(normal, center) + plane.w >= -reach;
+    });
 }
 
 } // namespace zelvo::render

@@ -107,14 +107,15 @@ DeviceInfo readDeviceInfo() {
 }
 
 Result<std::unique_ptr<HeadlessContext>> HeadlessContext::make() {
-    if (!wantsSoftware()) {
-        for (EGLDisplay display : hardwareDisplays()) {
-            auto context = openOn(display);
-            if (context) {
-                return std::unique_ptr<HeadlessContext>(
-                    new HeadlessContext(std::make_unique<Names>(Names{display, *context})));
-            }
-        }
+    const auto owning = [](EGLDisplay display, EGLContext context) {
+        return std::unique_ptr<HeadlessContext>(
+            new HeadlessContext(std::make_unique<Names>(Names{display, context})));
+    };
+    const std::vector<EGLDisplay> displays =
+        wantsSoftware() ? std::vector<EGLDisplay>() : hardwareDisplays();
+    for (EGLDisplay display : displays) {
+        if (const auto context = openOn(display))
+            return owning(display, *context);
     }
     // The entry point of EGL 1.5 is missing where EGL is older; the extension's is there in both.
     EGLDisplay display =
@@ -127,8 +128,7 @@ Result<std::unique_ptr<HeadlessContext>> HeadlessContext::make() {
                 "no graphics: {}; install a driver with OpenGL 4.5, such as Mesa",
                 context.error().message));
     }
-    return std::unique_ptr<HeadlessContext>(
-        new HeadlessContext(std::make_unique<Names>(Names{display, *context})));
+    return owning(display, *context);
 }
 
 HeadlessContext::HeadlessContext(std::unique_ptr<Names> made)

@@ -44,9 +44,9 @@ public:
 
     void forget();
 
-    void bindFramebuffer(std::uint32_t framebuffer, Size size);
-    void useProgram(std::uint32_t program);
-    void bindVertexArray(std::uint32_t vertexArray);
+    void bindFramebuffer(std::uint32_t name, Size size);
+    void useProgram(std::uint32_t name);
+    void bindVertexArray(std::uint32_t name);
     void bindTexture(std::uint32_t unit, std::uint32_t texture, std::uint32_t sampler);
     void
     bindUniforms(std::uint32_t binding, std::uint32_t buffer, std::size_t offset, std::size_t size);

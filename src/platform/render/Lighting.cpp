@@ -187,6 +187,30 @@ void writeShadow(LightBlock& block, std::size_t i, const ShadowView& view, const
     block.shadowMatrix.at(i) = view.toTexture;
 }
 
+/// Puts a light at its place in the set, with its shadow if it has a view.
+void addLight(
+    LightSet& set,
+    std::size_t place,
+    const PlacedLight& placed,
+    std::size_t view,
+    std::span<const ShadowView> shadows) {
+    LightCounts& counts = set.counts;
+    const bool hasShadow = view < shadows.size();
+    writeLight(set.block, place, placed);
+    if (hasShadow) {
+        writeShadow(set.block, place, shadows[view], *placed.light);
+        const int map = counts.directionalShadows + counts.spotShadows;
+        set.shadowViews.at(static_cast<std::size_t>(map)) = static_cast<std::uint32_t>(view);
+    }
+    if (placed.light->type == SCNLightType::omni) {
+        ++counts.omni;
+        return;
+    }
+    const bool isSpot = placed.light->type == SCNLightType::spot;
+    ++(isSpot ? counts.spot : counts.directional);
+    (isSpot ? counts.spotShadows : counts.directionalShadows) += hasShadow ? 1 : 0;
+}
+
 } // namespace
 
 std::vector<ShadowView> shadowViews(const Snapshot& snapshot) {
@@ -247,23 +271,8 @@ LightSet makeLightSet(
         chosen.begin(), chosen.begin() + static_cast<std::ptrdiff_t>(count), [&](auto a, auto b) {
             return rankOf(a) < rankOf(b);
         });
-    std::size_t maps = 0;
     for (std::size_t i = 0; i < count; ++i) {
-        const PlacedLight& placed = lights[chosen.at(i)];
-        const std::size_t view = viewOf(shadows, chosen.at(i));
-        const int shadow = view < shadows.size() ? 1 : 0;
-        writeLight(set.block, i, placed);
-        if (shadow == 1) {
-            writeShadow(set.block, i, shadows[view], *placed.light);
-            set.shadowViews.at(maps++) = static_cast<std::uint32_t>(view);
-        }
-        const bool isDirectional = placed.light->type == SCNLightType::directional;
-        const bool isSpot = placed.light->type == SCNLightType::spot;
-        set.counts.directional += isDirectional ? 1 : 0;
-        set.counts.directionalShadows += isDirectional ? shadow : 0;
-        set.counts.spot += isSpot ? 1 : 0;
-        set.counts.spotShadows += isSpot ? shadow : 0;
-        set.counts.omni += isDirectional || isSpot ? 0 : 1;
+        addLight(set, i, lights[chosen.at(i)], viewOf(shadows, chosen.at(i)), shadows);
     }
     return set;
 }

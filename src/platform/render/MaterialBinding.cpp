@@ -56,8 +56,8 @@ constexpr auto kFeatures = std::to_array<FeatureRow>({
 /// the intensity.
 glm::vec4 colorFactor(const SCNMaterialProperty& slot, const glm::vec3& empty) {
     if (slot.isEmpty())
-        return glm::vec4(empty, 0);
-    return glm::vec4(linearColor(slot.colorOr(image::Color::white(1))) * slot.intensity, 0);
+        return {empty, 0};
+    return {linearColor(slot.colorOr(image::Color::white(1))) * slot.intensity, 0};
 }
 
 /// A data slot's number: not encoded, a colour counts by its red.

@@ -78,8 +78,11 @@ template <class T> using PerLight = std::array<T, kMaxLights>;
     LIST(mat4, slotTransform, 11)
 // clang-format on
 
+// NOLINTBEGIN(bugprone-macro-parentheses): types and names bear no parentheses
 #define ZELVO_ONE(type, name) glm::type name{};
 #define ZELVO_LIST(type, name, count) std::array<glm::type, count> name{};
+
+// NOLINTEND(bugprone-macro-parentheses)
 
 struct FrameBlock {
     ZELVO_FRAME_BLOCK(ZELVO_ONE, ZELVO_LIST)

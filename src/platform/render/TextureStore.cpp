@@ -42,33 +42,43 @@ Image premultiplied(const Image& picture) {
     return result;
 }
 
-/// Bilinear, of pixels with their middles at half coordinates.
+/// Where a pixel of a resized row or column lies between two of the source.
+struct Between {
+    std::size_t lower;
+    std::size_t upper;
+    double share;
+};
+
+Between between(int index, int from, int to) {
+    const double position = std::clamp((index + 0.5) * from / to - 0.5, 0.0, from - 1.0);
+    const auto lower = static_cast<std::size_t>(position);
+    const auto last = static_cast<std::size_t>(from) - 1;
+    return {lower, std::min(lower + 1, last), position - static_cast<double>(lower)};
+}
+
+/// One channel, bilinear.
+double mixed(const Image& picture, const Between& column, const Between& row, std::size_t channel) {
+    const auto width = static_cast<std::size_t>(picture.width);
+    const auto at = [&](std::size_t x, std::size_t y) {
+        return static_cast<double>(picture.pixels[(y * width + x) * 4 + channel]);
+    };
+    const double top =
+        std::lerp(at(column.lower, row.lower), at(column.upper, row.lower), column.share);
+    const double bottom =
+        std::lerp(at(column.lower, row.upper), at(column.upper, row.upper), column.share);
+    return std::lerp(top, bottom, row.share);
+}
+
 Image resized(const Image& picture, int width, int height) {
     if (picture.width == width && picture.height == height)
         return picture;
     Image result(width, height);
-    for (int y = 0; y < height; ++y) {
-        const double sy = (y + 0.5) * picture.height / height - 0.5;
-        const int y0 = std::clamp(static_cast<int>(std::floor(sy)), 0, picture.height - 1);
-        const int y1 = std::min(y0 + 1, picture.height - 1);
-        const double fy = std::clamp(sy - y0, 0.0, 1.0);
-        for (int x = 0; x < width; ++x) {
-            const double sx = (x + 0.5) * picture.width / width - 0.5;
-            const int x0 = std::clamp(static_cast<int>(std::floor(sx)), 0, picture.width - 1);
-            const int x1 = std::min(x0 + 1, picture.width - 1);
-            const double fx = std::clamp(sx - x0, 0.0, 1.0);
-            const auto at = [&picture](int column, int row, int c) {
-                return static_cast<double>(
-                    picture
-                        .pixels[static_cast<std::size_t>((row * picture.width + column) * 4 + c)]);
-            };
-            for (int c = 0; c < 4; ++c) {
-                const double top = std::lerp(at(x0, y0, c), at(x1, y0, c), fx);
-                const double bottom = std::lerp(at(x0, y1, c), at(x1, y1, c), fx);
-                result.pixels[static_cast<std::size_t>((y * width + x) * 4 + c)] =
-                    static_cast<std::uint8_t>(std::lround(std::lerp(top, bottom, fy)));
-            }
-        }
+    for (std::size_t i = 0; i < result.pixels.size(); ++i) {
+        const auto pixel = static_cast<int>(i / 4);
+        const Between column = between(pixel % width, picture.width, width);
+        const Between row = between(pixel / width, picture.height, height);
+        result.pixels[i] =
+            static_cast<std::uint8_t>(std::lround(mixed(picture, column, row, i % 4)));
     }
     return result;
 }
@@ -118,8 +128,8 @@ template <class Map> bool dropExpired(Map& map) {
 
 } // namespace
 
-TextureStore::TextureStore(const DeviceInfo& deviceInfo, PictureHoles& pictureHoles)
-    : device(deviceInfo)
+TextureStore::TextureStore(DeviceInfo deviceInfo, PictureHoles& pictureHoles)
+    : device(std::move(deviceInfo))
     , holes(pictureHoles) {}
 
 std::uint32_t TextureStore::picture(const ImagePtr& picture, PictureUse use) {

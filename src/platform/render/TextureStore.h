@@ -23,7 +23,7 @@ enum class PictureUse {
 /// Pictures, cubes and light probes on the graphics side, for as long as their owners keep them.
 class TextureStore {
 public:
-    TextureStore(const DeviceInfo& deviceInfo, PictureHoles& pictureHoles);
+    TextureStore(DeviceInfo deviceInfo, PictureHoles& pictureHoles);
 
     [[nodiscard]] std::uint32_t picture(const image::ImagePtr& picture, PictureUse use);
     /// Faces of different sizes are brought to the size of the largest.
