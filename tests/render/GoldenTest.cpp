@@ -74,7 +74,7 @@ protected:
     static image::ImagePtr makeRipples(bool asNormals) {
         image::Image picture(64, 64);
         for (std::size_t i = 0; i < 64UL * 64UL; ++i) {
-            const double phase = static_cast<double>(i % 64 + i / 64) * std::numbers::pi / 16;
+            const double phase = static_cast<double>(i % 64 + (i >> 6U)) * std::numbers::pi / 16;
             const auto height = static_cast<std::uint8_t>(127.5 + 100 * std::sin(phase));
             const auto lean = static_cast<std::uint8_t>(127.5 + 60 * std::cos(phase));
             picture.pixels[i * 4] = asNormals ? lean : height;

@@ -80,7 +80,7 @@ protected:
     }
 
     static Pixel at(const image::Image& picture, int x, int y) {
-        const auto i = static_cast<std::size_t>((y * picture.width + x) * 4);
+        const auto i = static_cast<std::size_t>(y * picture.width + x) * 4;
         return {picture.pixels[i], picture.pixels[i + 1], picture.pixels[i + 2]};
     }
 
