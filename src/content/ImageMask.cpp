@@ -1,12 +1,47 @@
 // SPDX-License-Identifier: MIT
 #include "content/ImageMask.h"
 
+#include "platform/foundation/Check.h"
+#include "platform/foundation/Folders.h"
+
+#include <fmt/format.h>
+
+#include <utility>
+
 namespace zelvo::content {
+namespace {
+
+constexpr int kMaskCount = 22;
+
+} // namespace
+
+ImageMask::ImageMask(std::string maskName, image::ImagePtr picture)
+    : name(std::move(maskName))
+    , own(std::move(picture)) {}
+
+ImageMask::ImageMask(std::string maskName, std::string resourceName)
+    : name(std::move(maskName))
+    , resource(std::move(resourceName)) {
+    CHECK(!foundation::mainBundle().path(resource).empty(), "the mask {} is missing", resource);
+}
+
+image::ImagePtr ImageMask::image() const {
+    if (resource.empty())
+        return own;
+    image::ImagePtr picture = image::imageNamed(resource);
+    CHECK(picture != nullptr, "the mask {} cannot be read", resource);
+    return picture;
+}
 
 const std::vector<ImageMaskPtr>& imageMasks() {
-    static const std::vector<ImageMaskPtr> masks = {
-        std::make_shared<ImageMask>(ImageMask{"None", nullptr}),
-    };
+    static const std::vector<ImageMaskPtr> masks = [] {
+        std::vector<ImageMaskPtr> all{std::make_shared<ImageMask>("None", image::ImagePtr())};
+        for (int n = 1; n <= kMaskCount; ++n) {
+            all.push_back(std::make_shared<ImageMask>(
+                fmt::format("Mask {}", n), fmt::format("Mask{}.png", n)));
+        }
+        return all;
+    }();
     return masks;
 }
 

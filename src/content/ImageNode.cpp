@@ -73,8 +73,8 @@ void ImageNode::applyStyle(const ImageStylePreset& preset) {
 
 void ImageNode::updateContent() {
     material->diffuse.setImage(image_);
-    if (currentMask_ && currentMask_->image) {
-        material->transparent.setImage(currentMask_->image);
+    if (const image::ImagePtr mask = currentMask_ ? currentMask_->image() : nullptr) {
+        material->transparent.setImage(mask);
     } else {
         material->transparent.contents = kBlack;
     }

@@ -40,14 +40,14 @@ TEST_F(ImageNodeTest, KeepsThePicturesProportions) {
 }
 
 TEST_F(ImageNodeTest, MirrorsThePictureUnderAMaskThatStays) {
-    const auto mask = std::make_shared<const ImageMask>(ImageMask{"Half", picture(10, 10)});
+    const auto mask = std::make_shared<const ImageMask>("Half", picture(10, 10));
     node->applyStyle({picture(40, 20), mask, true});
     node->hFlipped = true;
     node->updateContent();
     EXPECT_EQ(node->material->diffuse.contentsTransform[0][0], -1);
     EXPECT_EQ(node->material->diffuse.contentsTransform[1][1], 1);
     EXPECT_EQ(node->material->transparent.contentsTransform, glm::mat4(1));
-    EXPECT_EQ(node->material->transparent.image(), mask->image);
+    EXPECT_EQ(node->material->transparent.image(), mask->image());
 
     node->resetLayout();
     EXPECT_FALSE(node->hFlipped);

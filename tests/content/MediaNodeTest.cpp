@@ -64,6 +64,16 @@ TEST_F(MediaNodeTest, FitsAnImportedObjectAndKeepsItsMaterials) {
     EXPECT_EQ(object->parent(), nullptr);
 }
 
+TEST_F(MediaNodeTest, ShowsOneShapeAtATimeInItsMaterial) {
+    const MediaShapePtr heart = MediaNode::shapeNamed("Heart");
+    media->setShape(MediaNode::shapeNamed("Star 1"));
+    media->setShape(heart);
+    ASSERT_EQ(media->contentNode->childNodes(), (std::vector<scene::SCNNodePtr>{heart->node}));
+    const auto& materials = heart->node->childNodes().front()->geometry->materials;
+    EXPECT_EQ(materials, std::vector{media->currentMaterial->materials.front()});
+    EXPECT_EQ(heart->node->wrapperNode.lock(), media) << "a touch finds the node";
+}
+
 TEST_F(MediaNodeTest, LeavesAnImportForAShapeInThePlainMaterial) {
     media->setCustomNode(importedObject());
     media->setShape(MediaNode::shapeNamed("None"));

@@ -49,6 +49,17 @@ TEST(SceneFile, BuildsTheTreeItDescribes) {
     EXPECT_TRUE((*scene)->lightingEnvironment.isEmpty());
 }
 
+TEST(SceneFile, ExtrudesAPathWithYDown) {
+    const auto scene = SCNScene::fromJSON(
+        R"({"nodes": [{"name": "roof", "geometry": {"type": "shape", "path": "M0,0L40,0L20,-30Z", "depth": 6,
+            "chamferRadius": 10, "chamferProfile": "rounded", "flatness": 0.5}}]})",
+        "roof.scn");
+    ASSERT_TRUE(scene) << scene.error().message;
+    const geometry::Box box = (*scene)->rootNode()->childNodes().front()->boundingBox();
+    expectNear(box.min, {0, 0, -3});
+    EXPECT_FLOAT_EQ(box.max.y, 30);
+}
+
 struct BadFile {
     std::string text;
     std::string message;
@@ -112,6 +123,12 @@ TEST(SceneFile, NamesKeyAndRangeOfAWrongValue) {
          "nodes[0].geometry.segments: must be a whole number, 3 to 512"},
         {inNode(R"("geometry":{"type":"plane"},"material":{"diffuse":{"image":"none.png"}})"),
          R"(nodes[0].material.diffuse.image: no picture is named "none.png")"},
+        {inNode(R"("geometry":{"type":"shape","depth":2})"),
+         "nodes[0].geometry.path: must be path data of up to 20000 bytes"},
+        {inNode(R"("geometry":{"type":"shape","path":"M1e9,0L1,1L2,9Z"})"),
+         "nodes[0].geometry.path: encloses nothing"},
+        {inNode(R"("geometry":{"type":"shape","path":"M0,0L1,0L1,1Z","chamferProfile":"round"})"),
+         "nodes[0].geometry.chamferProfile: must be one of linear, rounded"},
         {R"({"background":[]})", "background: must be a colour, a number or an object"},
     });
 }

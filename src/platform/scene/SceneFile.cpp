@@ -3,6 +3,8 @@
 
 #include "platform/foundation/Check.h"
 #include "platform/foundation/Folders.h"
+#include "platform/geometry/Flatten.h"
+#include "platform/geometry/SVGPath.h"
 #include "platform/scene/SCNScene.h"
 #include "platform/scene/SCNShapes.h"
 
@@ -21,6 +23,8 @@ namespace {
 constexpr int kMaxDepth = 32;
 constexpr int kMaxNodes = 4096;
 constexpr double kMost = 1e6; ///< scene units
+constexpr std::size_t kMaxPathLength = 20'000;
+constexpr double kShapeFlatness = 0.1; ///< scene units
 constexpr Range kLength{0.001, kMost};
 constexpr Range kLengthOrNone{0, kMost};
 constexpr Range kFraction{0, 1};
@@ -35,13 +39,21 @@ constexpr auto kLightTypes = std::to_array<Named<SCNLightType>>({
     {"spot",        SCNLightType::spot       }
 });
 
-enum class ShapeKind { plane, box, sphere, torus };
+enum class ShapeKind { plane, box, sphere, torus, shape };
+
+enum class ChamferKind { linear, rounded };
+
+constexpr auto kChamfers = std::to_array<Named<ChamferKind>>({
+    {"linear",  ChamferKind::linear },
+    {"rounded", ChamferKind::rounded}
+});
 
 constexpr auto kShapes = std::to_array<Named<ShapeKind>>({
     {"plane",  ShapeKind::plane },
     {"box",    ShapeKind::box   },
     {"sphere", ShapeKind::sphere},
-    {"torus",  ShapeKind::torus }
+    {"torus",  ShapeKind::torus },
+    {"shape",  ShapeKind::shape }
 });
 
 struct Context {
@@ -91,6 +103,13 @@ SCNLightPtr readLight(const rapidjson::Value& value, const std::string& path, Js
     return light;
 }
 
+geometry::BezierPath roundedProfile() {
+    geometry::BezierPath profile;
+    profile.moveTo({0, 1});
+    profile.quadTo({1, 1}, {1, 0});
+    return profile;
+}
+
 SCNGeometryPtr readPlaneOrBox(JsonObject& object, ShapeKind kind) {
     const double width = object.number("width", kLength).value_or(1);
     const double height = object.number("height", kLength).value_or(1);
@@ -111,6 +130,33 @@ SCNGeometryPtr readRound(JsonObject& object, ShapeKind kind) {
     return sphere;
 }
 
+/// An outline as SVG path data, y down, as a solid.
+SCNGeometryPtr readShape(JsonObject& object) {
+    const std::optional<std::string> data = object.text("path");
+    const double depth = object.number("depth", kLength).value_or(1);
+    const double chamfer = object.number("chamferRadius", kLengthOrNone).value_or(0);
+    const double flatness = object.number("flatness", kLength).value_or(kShapeFlatness);
+    const auto profile = object.oneOf("chamferProfile", kChamfers);
+    if (!data || data->size() > kMaxPathLength) {
+        object.report("path", fmt::format("must be path data of up to {} bytes", kMaxPathLength));
+        return nullptr;
+    }
+    geometry::BezierPath path = geometry::bezierPath(*data);
+    path.transform({
+        {1, 0 },
+        {0, -1},
+        {0, 0 }
+    });
+    if (geometry::flatten(path, flatness).empty())
+        object.report("path", "encloses nothing");
+    auto shape = std::make_shared<SCNShape>(std::move(path), depth);
+    shape->setChamferRadius(chamfer);
+    shape->setFlatness(flatness);
+    if (profile == ChamferKind::rounded)
+        shape->setChamferProfile(roundedProfile());
+    return shape;
+}
+
 SCNGeometryPtr
 readGeometry(const rapidjson::Value& value, const std::string& path, JsonFault& fault) {
     JsonObject object(value, path, fault);
@@ -120,7 +166,9 @@ readGeometry(const rapidjson::Value& value, const std::string& path, JsonFault& 
         return nullptr;
     }
     const bool isFlat = *kind == ShapeKind::plane || *kind == ShapeKind::box;
-    SCNGeometryPtr geometry = isFlat ? readPlaneOrBox(object, *kind) : readRound(object, *kind);
+    SCNGeometryPtr geometry = *kind == ShapeKind::shape ? readShape(object)
+                              : isFlat                  ? readPlaneOrBox(object, *kind)
+                                                        : readRound(object, *kind);
     object.finish();
     return geometry;
 }
