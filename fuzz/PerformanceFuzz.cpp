@@ -8,10 +8,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const zelvo::app::Names kNames{
         .fonts = {"Abel-Regular", "Bungee"},
         .materials = {"Iron",         "Plain" },
-        .scenes = {"Plain",        "Stage" },
-        .laterScenes = {"Flares"      },
-        .speeds = {"Normal",        "Fast"        },
-        .tabs = {{"IN1", {"Left In", "Right In"}},   {"CAM", {}}}
+        .objectMaterials = {"Plain"       },
+        .shapes = {"None",       "Heart"        },
+        .masks = {"None",      "Mask 1"},
+        .scenes = {"Plain",       "Stage"        },
+        .laterScenes = {"Flares"             },
+        .speeds = {"Normal",              "Fast"},
+        .tabs = {{"IN1", {"Left In", "Right In"}},              {"CAM", {}} }
     };
     const auto* const chars =
         reinterpret_cast<const char*>(data); // NOLINT(cppcoreguidelines-pro-type-reinterpret-cast)

@@ -185,11 +185,8 @@ private:
             return fmt::format(
                 "\"nodes\" in cue must be a list of node names, not {}", kindName(item.kind));
         }
-        if (std::ranges::find(laterNodeNames(), item.string) != laterNodeNames().end()) {
-            return fmt::format("node \"{}\" in cue is not supported yet", item.string);
-        }
-        if (std::ranges::find(textNodeNames(), item.string) == textNodeNames().end()) {
-            return unknownName("node", item.string, textNodeNames());
+        if (std::ranges::find(nodeNames(), item.string) == nodeNames().end()) {
+            return unknownName("node", item.string, nodeNames());
         }
         if (std::ranges::find(before, item.string) != before.end()) {
             return fmt::format("node \"{}\" stands twice in one cue", item.string);
@@ -220,13 +217,8 @@ readSpeed(const ObjectReader& object, const Names& names, Problems& problems) {
     return std::nullopt;
 }
 
-const std::vector<std::string>& textNodeNames() {
-    static const Strings kNames{"TX1", "TX2"};
-    return kNames;
-}
-
-const std::vector<std::string>& laterNodeNames() {
-    static const Strings kNames{"IMG", "OBJ"};
+const std::vector<std::string>& nodeNames() {
+    static const Strings kNames{"TX1", "TX2", "IMG", "OBJ"};
     return kNames;
 }
 

@@ -24,8 +24,7 @@ readCues(const ObjectReader& root, const CueContext& context, Problems& problems
 [[nodiscard]] std::optional<std::string>
 readSpeed(const ObjectReader& object, const Names& names, Problems& problems);
 
-/// Short names of the nodes that can be named, and of those that are reserved.
-[[nodiscard]] const std::vector<std::string>& textNodeNames();
-[[nodiscard]] const std::vector<std::string>& laterNodeNames();
+/// Short names of the nodes that can be named.
+[[nodiscard]] const std::vector<std::string>& nodeNames();
 
 } // namespace zelvo::app

@@ -51,6 +51,12 @@ Names engineNames() {
     names.fonts =
         collected(content::FontManager::builtInFonts(), [](const auto& font) { return font.name; });
     names.materials = collected(look::pairRows(), [](const auto& row) { return row.title; });
+    for (const auto& row : look::pairRows()) {
+        if (row.use == look::PairUse::everyNode)
+            names.objectMaterials.emplace_back(row.title);
+    }
+    names.shapes = collected(content::mediaShapes(), [](const auto& shape) { return shape->name; });
+    names.masks = collected(content::imageMasks(), [](const auto& mask) { return mask->name; });
     names.speeds = collected(core::kSpeeds, [](const auto& row) { return row.title; });
     for (const auto& scene : look::SceneManager::sceneNames) {
         const bool isBuilt = std::ranges::find(kBuiltScenes, scene) != kBuiltScenes.end();

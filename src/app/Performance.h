@@ -16,8 +16,16 @@ namespace zelvo::app {
 // A performance as written down: how the stage is styled and what is pressed when. Absent fields
 // leave the stage as the program starts with it. All values have been checked by the reader.
 
+/// Where a node stands before anything is played: the layout's, not the performance's.
+struct LayoutStyle {
+    std::optional<glm::dvec3> position; ///< scene units
+    std::optional<double> scale;        ///< 0.15 to 5
+    std::optional<glm::dvec3> rotation; ///< radians about x, y, z (degrees in the file)
+    std::optional<bool> visible;
+};
+
 /// The style of a text node.
-struct TextStyle {
+struct TextStyle : LayoutStyle {
     std::optional<std::string> text;     ///< one line, at most kMaxTextLength characters
     std::optional<std::string> font;     ///< one of the built-in names
     std::optional<std::string> material; ///< title of a material pair
@@ -27,10 +35,23 @@ struct TextStyle {
     std::optional<double> bevel;        ///< 0 to 4 scene units
     std::optional<std::string> profile; ///< "linear" or "rounded"
     std::optional<std::string> fill;    ///< "inner" or "outer"
-    std::optional<glm::dvec3> position; ///< scene units; the layout's, not the performance's
-    std::optional<double> scale;        ///< 0.15 to 5
-    std::optional<glm::dvec3> rotation; ///< radians about x, y, z (degrees in the file)
-    std::optional<bool> visible;
+};
+
+/// The style of the image node. A picture or a mask shows the node unless `visible` says otherwise.
+struct ImageStyle : LayoutStyle {
+    int line = 1;                     ///< where the picture's name stands
+    std::optional<std::string> image; ///< a picture file as written; relative to the performance
+    std::optional<std::string> mask;  ///< name of a mask
+    std::optional<bool> flipH;
+    std::optional<bool> flipV;
+    std::optional<int> quarterTurns; ///< 0 to 3, clockwise
+};
+
+/// The style of the media node.
+struct MediaStyle : LayoutStyle {
+    std::optional<std::string> shape;    ///< name of a shape
+    std::optional<std::string> material; ///< title of a material pair
+    std::optional<image::Color> color;
 };
 
 /// The stretch of music, in seconds, and its fades.
@@ -66,7 +87,9 @@ struct Performance {
     std::optional<std::string> speed; ///< title of a speed
     std::optional<std::string> scene; ///< title of a scene
     std::optional<image::Color> background;
-    std::map<std::string, TextStyle> nodes; ///< by short name
+    std::map<std::string, TextStyle> nodes; ///< the texts, by short name
+    std::optional<ImageStyle> picture;      ///< "IMG"
+    std::optional<MediaStyle> object;       ///< "OBJ"
     std::optional<Music> music;
     std::vector<Cue> cues; ///< in order of time; those of one time in the order of the file
 };

@@ -2,10 +2,10 @@
 #include "app/PerformanceReader.h"
 
 #include "app/CueReader.h"
+#include "app/NodeStyleReader.h"
 #include "app/ObjectReader.h"
 
 #include <fmt/format.h>
-#include <glm/trigonometric.hpp>
 
 #include <algorithm>
 #include <utility>
@@ -14,12 +14,6 @@ namespace zelvo::app {
 
 namespace {
 
-// What the controls of the style and layout menus can reach.
-constexpr Range kDepth{1, 150};
-constexpr Range kBevel{0, 4};
-constexpr Range kScale{0.15, 5};
-constexpr Range kPosition{-1000, 1000};
-constexpr Range kDegrees{-180, 180};
 constexpr Range kDuration{2, 3599};
 constexpr Range kSongTime{0, 86'400};
 /// The shortest stretch of music, seconds.
@@ -27,36 +21,16 @@ constexpr double kMinStretch = 2.0;
 
 using Strings = std::vector<std::string>;
 
-const Strings kProfiles{"linear", "rounded"};
-const Strings kFills{"inner", "outer"};
 const Strings kFades{"noFade", "fadeIn", "fadeOut", "fadeInOut"};
 
 const ObjectReader::Keys kRootKeys{
     .known = {"cues",        "duration", "speed", "scene", "background", "nodes", "audio", "$schema"},
     .later = {}
 };
-const ObjectReader::Keys kStyleKeys{
-    .known =
-        {"text",
-                "font", "material",
-                "frontColor", "bandColor",
-                "depth", "bevel",
-                "profile", "fill",
-                "position", "scale",
-                "rotation", "visible"},
-    .later = {}
-};
-const ObjectReader::Keys kNodesKeys{.known = textNodeNames(), .later = laterNodeNames()};
 const ObjectReader::Keys kAudioKeys{
     .known = {"file",  "in", "end", "preRoll", "fade"},
       .later = {}
 };
-
-/// Code points of UTF-8 that is known to be valid.
-[[nodiscard]] std::size_t characterCount(std::string_view text) {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
-}
 
 /// Reads the parts of one file. Every function gives what could be read and reports the rest.
 class Reader {
@@ -73,8 +47,12 @@ public:
         result.speed = readSpeed(object, names, problems);
         result.scene = scene(object);
         result.background = object.color("background");
-        if (const auto* const nodes = object.find("nodes"))
-            result.nodes = styles(*nodes);
+        if (const auto* const nodes = object.find("nodes")) {
+            NodeStyles styles = readNodeStyles(*nodes, names, problems);
+            result.nodes = std::move(styles.texts);
+            result.picture = std::move(styles.picture);
+            result.object = std::move(styles.object);
+        }
         if (const auto* const audio = object.find("audio"))
             result.music = music(*audio);
         result.cues =
@@ -94,67 +72,6 @@ private:
             return std::nullopt;
         }
         return object.choice("scene", "scene", names.scenes);
-    }
-
-    [[nodiscard]] std::map<std::string, TextStyle> styles(const JsonValue& value) {
-        const ObjectReader object(value, "nodes", kNodesKeys, problems);
-        std::map<std::string, TextStyle> result;
-        for (const auto& name : textNodeNames()) {
-            if (const auto* const node = object.find(name)) {
-                result.emplace(name, style(*node, "node " + name));
-            }
-        }
-        return result;
-    }
-
-    [[nodiscard]] TextStyle style(const JsonValue& value, const std::string& place) {
-        const ObjectReader object(value, place, kStyleKeys, problems);
-        TextStyle result;
-        result.text = text(object, place);
-        result.font = object.choice("font", "font", names.fonts);
-        result.material = object.choice("material", "material", names.materials);
-        result.frontColor = object.color("frontColor");
-        result.bandColor = object.color("bandColor");
-        result.depth = object.number("depth", kDepth);
-        result.bevel = object.number("bevel", kBevel);
-        result.profile = object.choice("profile", "profile", kProfiles);
-        result.fill = object.choice("fill", "fill", kFills);
-        result.position = object.vector("position", kPosition);
-        result.scale = object.number("scale", kScale);
-        if (const auto degrees = object.vector("rotation", kDegrees)) {
-            result.rotation = glm::radians(*degrees);
-        }
-        result.visible = object.boolean("visible");
-        return result;
-    }
-
-    [[nodiscard]] std::optional<std::string>
-    text(const ObjectReader& object, const std::string& place) {
-        auto result = object.string("text");
-        if (!result)
-            return result;
-        const auto count = characterCount(*result);
-        if (count > kMaxTextLength) {
-            problems.add(
-                object.lineOf("text"),
-                fmt::format(
-                    "\"text\" in {} has {} characters; at most {} are allowed",
-                    place,
-                    count,
-                    kMaxTextLength));
-            return std::nullopt;
-        }
-        const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20U; };
-        if (std::ranges::any_of(*result, isControl)) {
-            problems.add(
-                object.lineOf("text"),
-                fmt::format(
-                    "\"text\" in {} must be a single line without tabs; use TX2 for the "
-                    "second line",
-                    place));
-            return std::nullopt;
-        }
-        return result;
     }
 
     [[nodiscard]] std::optional<Music> music(const JsonValue& value) {

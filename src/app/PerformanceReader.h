@@ -23,6 +23,9 @@ struct TabNames {
 struct Names {
     std::vector<std::string> fonts;
     std::vector<std::string> materials;
+    std::vector<std::string> objectMaterials; ///< those that the media node has
+    std::vector<std::string> shapes;
+    std::vector<std::string> masks;
     std::vector<std::string> scenes;
     std::vector<std::string> laterScenes; ///< known, but not built yet
     std::vector<std::string> speeds;      ///< accepted in any case of letters

@@ -142,7 +142,8 @@ private:
 foundation::Result<void>
 setUp(const Performance& performance, const std::filesystem::path& folder, Engine& engine) {
     auto& model = engine.model();
-    styleTexts(performance, engine.stage());
+    if (auto styled = styleContent(performance, folder, engine.stage()); !styled)
+        return styled;
     if (performance.duration)
         model.setDuration(*performance.duration);
     if (performance.scene)

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/StageStyling.h"
 
+#include "content/ImageMask.h"
 #include "platform/foundation/Check.h"
+#include "platform/image/Image.h"
+
+#include <glm/gtc/constants.hpp>
 
 #include <algorithm>
 
@@ -16,7 +20,7 @@ namespace {
     return row->name;
 }
 
-void styleLayout(const TextStyle& style, content::TextNode& node) {
+void styleLayout(const LayoutStyle& style, core::Node& node) {
     if (style.position)
         node.setLayoutPosition(glm::vec3(*style.position));
     if (style.scale) {
@@ -65,7 +69,43 @@ void styleText(const TextStyle& style, content::TextNode& node) {
     styleLayout(style, node);
 }
 
-} // namespace
+foundation::Result<void>
+styleImage(const ImageStyle& style, const std::filesystem::path& folder, content::ImageNode& node) {
+    if (style.image) {
+        auto picture = image::loadImage(folder / *style.image);
+        if (!picture)
+            return tl::unexpected(picture.error().in(std::to_string(style.line)));
+        node.setImage(std::move(*picture));
+    }
+    if (style.mask) {
+        const auto& masks = content::imageMasks();
+        const auto mask = std::ranges::find(masks, *style.mask, &content::ImageMask::name);
+        CHECK(mask != masks.end(), "no mask is called {}", *style.mask);
+        node.setCurrentMask(*mask);
+    }
+    node.hFlipped = style.flipH.value_or(node.hFlipped);
+    node.vFlipped = style.flipV.value_or(node.vFlipped);
+    node.updateContent();
+    if (style.quarterTurns) {
+        node.orientationRotationNode->setEulerAngles(
+            {0, 0, -glm::half_pi<float>() * static_cast<float>(*style.quarterTurns)});
+    }
+    // As in the menu: whatever is changed on the picture shows it.
+    LayoutStyle layout = style;
+    layout.visible = style.visible.value_or(true);
+    styleLayout(layout, node);
+    return {};
+}
+
+void styleMedia(const MediaStyle& style, content::MediaNode& node) {
+    if (style.material)
+        node.setCurrentMaterialName(materialTitled(*style.material));
+    if (style.color)
+        node.setFrontColor(*style.color);
+    if (style.shape)
+        node.setShape(content::MediaNode::shapeNamed(*style.shape));
+    styleLayout(style, node);
+}
 
 void styleTexts(const Performance& performance, core::Nodes& stage) {
     for (const auto& node : {stage.textNode1, stage.textNode2}) {
@@ -73,6 +113,18 @@ void styleTexts(const Performance& performance, core::Nodes& stage) {
         if (style != performance.nodes.end())
             styleText(style->second, *node);
     }
+}
+
+} // namespace
+
+foundation::Result<void> styleContent(
+    const Performance& performance, const std::filesystem::path& folder, core::Nodes& stage) {
+    styleTexts(performance, stage);
+    if (performance.object)
+        styleMedia(*performance.object, *stage.mediaNode);
+    if (!performance.picture)
+        return {};
+    return styleImage(*performance.picture, folder, *stage.imageNode);
 }
 
 core::NodePtr nodeNamed(std::string_view shortName, const core::Nodes& stage) {

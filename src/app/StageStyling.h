@@ -3,13 +3,18 @@
 
 #include "app/Performance.h"
 #include "core/stage/Nodes.h"
+#include "platform/foundation/Result.h"
 
+#include <filesystem>
 #include <string_view>
 
 namespace zelvo::app {
 
-/// Gives the stage's texts the styles of the performance. What a style leaves out stays as it is.
-void styleTexts(const Performance& performance, core::Nodes& stage);
+/// Gives the stage's content the styles of the performance, a picture being looked for below the
+/// folder. What a style leaves out stays as it is. Fails for a picture that cannot be loaded; the
+/// message begins with the line that names it.
+[[nodiscard]] foundation::Result<void> styleContent(
+    const Performance& performance, const std::filesystem::path& folder, core::Nodes& stage);
 
 /// The content node of that short name; a name without one is a programming error.
 [[nodiscard]] core::NodePtr nodeNamed(std::string_view shortName, const core::Nodes& stage);

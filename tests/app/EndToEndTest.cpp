@@ -176,6 +176,8 @@ TEST(EndToEnd, says_in_one_line_what_is_wrong_and_ends_with_its_status) {
     const auto noise = withSong("noise.json", R"("file": "noise.mp3")");
     const auto gone = withSong("gone-song.json", R"("file": "gone.mp3")");
     const auto tooLong = withSong("long.json", R"("file": "song.wav", "in": 3, "end": 9)");
+    const auto noLogo = program.write("logo.json", performance(R"(
+            "nodes": {"IMG": {"image": "noise.mp3"}}, "cues": [])"));
     const auto picture = program.path("a.png");
     const auto noMovie = program.path("no/folder/a.mov");
     const auto noPicture = program.path("no/a.png");
@@ -193,6 +195,7 @@ TEST(EndToEnd, says_in_one_line_what_is_wrong_and_ends_with_its_status) {
         {2, "font.json:2: unknown font", {"perform", font}                                                },
         {2, "noise.mp3",                 {"perform", noise}                                               },
         {2, "gone.mp3",                  {"perform", gone}                                                },
+        {2, "logo.json:2: ",             {"perform", noLogo}                                              },
         {2, "4.00 seconds",              {"perform", tooLong}                                             },
         {2, "-2 to 2",                   {"frame", good, "--at", "2.1", "--out", picture}                 },
         {1, "no/folder",                 {"perform", good, "--movie", noMovie, "--size", kSize}           },

@@ -62,6 +62,8 @@ TEST(EngineNames, are_the_names_that_the_schema_allows) {
     EXPECT_EQ(allowed(schema, "/$defs/textStyle/properties/font/enum"), names.fonts);
     EXPECT_EQ(allowed(schema, "/$defs/textStyle/properties/material/enum"), names.materials);
     EXPECT_EQ(allowed(schema, "/$defs/speed/examples"), names.speeds);
+    EXPECT_EQ(allowed(schema, "/$defs/mediaStyle/properties/shape/enum"), names.shapes);
+    EXPECT_EQ(allowed(schema, "/$defs/mediaStyle/properties/material/enum"), names.objectMaterials);
     Strings tabs;
     for (const auto& tab : names.tabs) {
         if (tab.titles.empty())

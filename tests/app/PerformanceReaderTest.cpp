@@ -22,7 +22,10 @@ const std::string kWhole = R"({
   "nodes": {
     "TX1": {"text": "NIGHT", "font": "Audiowide-Regular", "material": "Iron", "frontColor": "#FFFFFF",
             "bandColor": "#000000", "depth": 150, "bevel": 0, "profile": "rounded", "fill": "outer",
-            "position": [0, 32.5, -1], "scale": 0.15, "rotation": [180, -90, 0], "visible": false}
+            "position": [0, 32.5, -1], "scale": 0.15, "rotation": [180, -90, 0], "visible": false},
+    "IMG": {"image": "a b.png", "mask": "Mask 12", "flipH": false, "flipV": true, "quarterTurns": 3,
+            "position": [1, 2, 3], "visible": false},
+    "OBJ": {"shape": "Heart", "material": "Iron", "color": "#E6B219", "scale": 2, "rotation": [0, 0, 180]}
   },
   "audio": {"file": "a b.mp3", "in": 3.0, "end": 5.0, "preRoll": 0.5, "fade": "fadeInOut"},
   "cues": [
@@ -65,8 +68,26 @@ TEST(PerformanceReader, takes_every_field_to_its_place) {
     EXPECT_EQ(style.visible, false);
     EXPECT_NEAR(style.rotation->y, -std::numbers::pi / 2, 1e-12);
     EXPECT_EQ(read->music->file, "a b.mp3");
-    EXPECT_EQ(read->music->line, 9);
+    EXPECT_EQ(read->music->line, 12);
     EXPECT_EQ(read->music->fade, "fadeInOut");
+}
+
+TEST(PerformanceReader, takes_the_picture_and_the_object) {
+    const auto read = readPerformance(kWhole, testNames());
+    ASSERT_TRUE(read && read->picture && read->object) << problemsOf(kWhole);
+    EXPECT_EQ(read->picture->image, "a b.png");
+    EXPECT_EQ(read->picture->line, 8);
+    EXPECT_EQ(read->picture->mask, "Mask 12");
+    EXPECT_EQ(read->picture->flipH, false);
+    EXPECT_EQ(read->picture->flipV, true);
+    EXPECT_EQ(read->picture->quarterTurns, 3);
+    EXPECT_EQ(read->picture->position, glm::dvec3(1, 2, 3));
+    EXPECT_EQ(read->picture->visible, false);
+    EXPECT_EQ(read->object->shape, "Heart");
+    EXPECT_EQ(read->object->material, "Iron");
+    EXPECT_EQ(read->object->color, image::Color::hex(0xE6B219));
+    EXPECT_EQ(read->object->scale, 2.0);
+    EXPECT_NEAR(read->object->rotation->z, std::numbers::pi, 1e-12);
 }
 
 TEST(PerformanceReader, sorts_cues_by_time_and_keeps_the_order_of_equal_times) {

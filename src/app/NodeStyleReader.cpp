@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+#include "app/NodeStyleReader.h"
+
+#include "app/CueReader.h"
+
+#include <fmt/format.h>
+#include <glm/trigonometric.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace zelvo::app {
+
+namespace {
+
+// What the controls of the style and layout menus can reach.
+constexpr Range kDepth{1, 150};
+constexpr Range kBevel{0, 4};
+constexpr Range kScale{0.15, 5};
+constexpr Range kPosition{-1000, 1000};
+constexpr Range kDegrees{-180, 180};
+constexpr Range kQuarterTurns{0, 3};
+
+using Strings = std::vector<std::string>;
+
+const Strings kProfiles{"linear", "rounded"};
+const Strings kFills{"inner", "outer"};
+
+const ObjectReader::Keys kTextKeys{
+    .known =
+        {"text",
+                "font", "material",
+                "frontColor", "bandColor",
+                "depth", "bevel",
+                "profile", "fill",
+                "position", "scale",
+                "rotation", "visible"},
+    .later = {}
+};
+const ObjectReader::Keys kImageKeys{
+    .known =
+        {"image",
+                "mask", "flipH",
+                "flipV", "quarterTurns",
+                "position", "scale",
+                "rotation", "visible"},
+    .later = {}
+};
+const ObjectReader::Keys kMediaKeys{
+    .known = {"shape",  "material", "color", "position", "scale", "rotation"},
+      .later = {}
+};
+
+/// Code points of UTF-8 that is known to be valid.
+[[nodiscard]] std::size_t characterCount(std::string_view text) {
+    return static_cast<std::size_t>(std::ranges::count_if(
+        text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+}
+
+[[nodiscard]] LayoutStyle readLayout(const ObjectReader& object) {
+    LayoutStyle layout;
+    layout.position = object.vector("position", kPosition);
+    layout.scale = object.number("scale", kScale);
+    if (const auto degrees = object.vector("rotation", kDegrees))
+        layout.rotation = glm::radians(*degrees);
+    return layout;
+}
+
+[[nodiscard]] std::optional<std::string>
+readText(const ObjectReader& object, const std::string& place, Problems& problems) {
+    auto result = object.string("text");
+    if (!result)
+        return result;
+    const auto count = characterCount(*result);
+    if (count > kMaxTextLength) {
+        problems.add(
+            object.lineOf("text"),
+            fmt::format(
+                "\"text\" in {} has {} characters; at most {} are allowed",
+                place,
+                count,
+                kMaxTextLength));
+        return std::nullopt;
+    }
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20U; };
+    if (std::ranges::any_of(*result, isControl)) {
+        problems.add(
+            object.lineOf("text"),
+            fmt::format(
+                "\"text\" in {} must be a single line without tabs; use TX2 for the second line",
+                place));
+        return std::nullopt;
+    }
+    return result;
+}
+
+[[nodiscard]] TextStyle readTextStyle(
+    const JsonValue& value, const std::string& place, const Names& names, Problems& problems) {
+    const ObjectReader object(value, place, kTextKeys, problems);
+    TextStyle result;
+    result.text = readText(object, place, problems);
+    result.font = object.choice("font", "font", names.fonts);
+    result.material = object.choice("material", "material", names.materials);
+    result.frontColor = object.color("frontColor");
+    result.bandColor = object.color("bandColor");
+    result.depth = object.number("depth", kDepth);
+    result.bevel = object.number("bevel", kBevel);
+    result.profile = object.choice("profile", "profile", kProfiles);
+    result.fill = object.choice("fill", "fill", kFills);
+    static_cast<LayoutStyle&>(result) = readLayout(object);
+    result.visible = object.boolean("visible");
+    return result;
+}
+
+[[nodiscard]] ImageStyle
+readImageStyle(const JsonValue& value, const Names& names, Problems& problems) {
+    const ObjectReader object(value, "node IMG", kImageKeys, problems);
+    ImageStyle result;
+    result.line = object.lineOf("image");
+    result.image = object.string("image");
+    if (result.image == "")
+        problems.add(result.line, "\"image\" in node IMG must be the path of a picture file");
+    result.mask = object.choice("mask", "mask", names.masks);
+    result.flipH = object.boolean("flipH");
+    result.flipV = object.boolean("flipV");
+    if (const auto turns = object.number("quarterTurns", kQuarterTurns)) {
+        result.quarterTurns = static_cast<int>(*turns);
+        if (std::floor(*turns) != *turns) {
+            problems.add(
+                object.lineOf("quarterTurns"), "\"quarterTurns\" in node IMG must be 0, 1, 2 or 3");
+        }
+    }
+    static_cast<LayoutStyle&>(result) = readLayout(object);
+    result.visible = object.boolean("visible");
+    return result;
+}
+
+[[nodiscard]] MediaStyle
+readMediaStyle(const JsonValue& value, const Names& names, Problems& problems) {
+    const ObjectReader object(value, "node OBJ", kMediaKeys, problems);
+    MediaStyle result;
+    result.shape = object.choice("shape", "shape", names.shapes);
+    result.material = object.choice("material", "material", names.objectMaterials);
+    result.color = object.color("color");
+    static_cast<LayoutStyle&>(result) = readLayout(object);
+    return result;
+}
+
+} // namespace
+
+NodeStyles readNodeStyles(const JsonValue& value, const Names& names, Problems& problems) {
+    const ObjectReader object(value, "nodes", {.known = nodeNames(), .later = {}}, problems);
+    NodeStyles result;
+    for (const std::string name : {"TX1", "TX2"}) {
+        if (const auto* const node = object.find(name))
+            result.texts.emplace(name, readTextStyle(*node, "node " + name, names, problems));
+    }
+    if (const auto* const node = object.find("IMG"))
+        result.picture = readImageStyle(*node, names, problems);
+    if (const auto* const node = object.find("OBJ"))
+        result.object = readMediaStyle(*node, names, problems);
+    return result;
+}
+
+} // namespace zelvo::app
