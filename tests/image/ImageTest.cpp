@@ -117,6 +117,24 @@ TEST(Image, ResourcesAreFoundByNameAndKept) {
     foundation::setMainBundle(std::move(before));
 }
 
+TEST(Image, WebPLoads) {
+    constexpr auto kRedAndBlue = std::to_array<std::uint8_t>(
+        {0x52, 0x49, 0x46, 0x46, 0x1E, 0x00, 0x00, 0x00, 0x57, 0x45, 0x42, 0x50, 0x56,
+         0x50, 0x38, 0x4C, 0x11, 0x00, 0x00, 0x00, 0x2F, 0x01, 0x00, 0x00, 0x00, 0x0F,
+         0x10, 0xF3, 0xBF, 0xFF, 0xF3, 0x1F, 0x0E, 0x32, 0xA2, 0xFF, 0x01, 0x00});
+    const auto picture = decodeImage(kRedAndBlue);
+    ASSERT_TRUE(picture) << picture.error().message;
+    EXPECT_EQ((*picture)->pixels, (std::vector<std::uint8_t>{255, 0, 0, 255, 0, 0, 255, 255}));
+}
+
+TEST(Image, OtherKindsOfFilesThatQtCouldDrawAreNoPictures) {
+    const std::string drawing =
+        "/* XPM */ static char* a[] = {\"1 1 1 1\", \"x c #FF0000\", \"x\"};";
+    const auto picture = decodeImage(std::vector<std::uint8_t>(drawing.begin(), drawing.end()));
+    ASSERT_FALSE(picture);
+    EXPECT_EQ(picture.error().cause, foundation::Cause::malformed);
+}
+
 /// Foreign pictures lie in the folder that the environment names, where there is one.
 TEST(Image, ForeignSamplesLoad) {
     const char* const samples = std::getenv("ZELVO_SAMPLES");

@@ -16,6 +16,7 @@
 #include <cmath>
 #include <cstring>
 #include <mutex>
+#include <string_view>
 #include <system_error>
 
 namespace zelvo::image {
@@ -33,7 +34,7 @@ constexpr int kJPEGQuality = 95;
 /// What people's pictures come as, as far as the decoders are there. Qt would also try icons,
 /// vector files and text.
 constexpr auto kFormats =
-    std::to_array<const char*>({"png", "jpeg", "gif", "bmp", "webp", "tiff", "heic", "heif"});
+    std::to_array<std::string_view>({"png", "jpeg", "gif", "bmp", "webp", "tiff", "heic", "heif"});
 
 QString qPath(const std::filesystem::path& path) {
     return QString::fromStdString(path.string());
@@ -42,7 +43,7 @@ QString qPath(const std::filesystem::path& path) {
 Result<ImagePtr> failDecode(const QImageReader& reader) {
     switch (reader.error()) {
     case QImageReader::UnsupportedFormatError:
-        return fail(Cause::malformed, "this is no picture; use a PNG or JPEG file");
+        return fail(Cause::malformed, "this is no picture; use a PNG, JPEG or WebP file");
     case QImageReader::DeviceError:
         return fail(Cause::unreadable, "the picture cannot be read");
     default:
@@ -98,6 +99,9 @@ Result<ImagePtr> decode(QIODevice& device) {
     reader.setAutoTransform(true);
     if (!reader.canRead())
         return failDecode(reader);
+    const std::string format = reader.format().toStdString();
+    if (std::ranges::find(kFormats, format) == kFormats.end())
+        return fail(Cause::malformed, "this is no picture; use a PNG, JPEG or WebP file");
 
     const QSize size = reader.size();
     if (size.isValid()) {
