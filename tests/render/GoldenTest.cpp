@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/image/LightProbe.h"
 #include "render/StageFixture.h"
+#include "support/GoldenPicture.h"
 
 #include <cmath>
-#include <cstdlib>
-#include <filesystem>
 #include <numbers>
 
-// Pictures of everything together. ZELVO_UPDATE_GOLDEN=1 in the environment writes them anew; look
-// at them before they are committed.
+// Pictures of everything together.
 
 namespace zelvo::render {
 namespace {
@@ -16,8 +14,6 @@ namespace {
 using image::Color;
 
 constexpr Size kPicture{160, 90};
-constexpr int kLargestDifference = 8;         ///< of a channel that counts as the same
-constexpr double kShareAllowedBeyond = 0.004; ///< of all channels
 
 class Golden : public Stage {
 protected:
@@ -27,30 +23,6 @@ protected:
         camera->camera->fieldOfView = 60;
         camera->camera->zFar = 3000;
         camera->camera->wantsHDR = true;
-    }
-
-    static void expectLike(const image::Image& picture, const std::string& name) {
-        const auto file =
-            std::filesystem::path(ZELVO_TEST_SOURCE_DIR) / "render/golden" / (name + ".png");
-        if (std::getenv("ZELVO_UPDATE_GOLDEN") != nullptr) {
-            ASSERT_TRUE(image::savePNG(picture, file).has_value());
-        }
-        const auto wanted = image::loadImage(file);
-        ASSERT_TRUE(wanted.has_value()) << wanted.error().message;
-        ASSERT_EQ((*wanted)->pixels.size(), picture.pixels.size());
-        std::size_t different = 0;
-        for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
-            different +=
-                std::abs(picture.pixels[i] - (*wanted)->pixels[i]) > kLargestDifference ? 1U : 0U;
-        }
-        const double share =
-            static_cast<double>(different) / static_cast<double>(picture.pixels.size());
-        if (share > kShareAllowedBeyond) {
-            const auto seen = std::filesystem::temp_directory_path() / ("zelvo-" + name + ".png");
-            ADD_FAILURE() << name << " differs in " << share * 100 << " % of its channels, see "
-                          << seen;
-            EXPECT_TRUE(image::savePNG(picture, seen).has_value());
-        }
     }
 
     /// A row of solids, each of another material.
@@ -135,7 +107,7 @@ TEST_F(Golden, SolidsOnADarkStage) {
     spot->shadowColor.alpha = 0.9f;
     addLight(scene::SCNLightType::omni, {100, 40, -220}, 5e7)->color = Color::hex(0x194CE6);
     addLight(scene::SCNLightType::ambient, {}, 60);
-    expectLike(renderer->snapshotAtTime(0, kPicture), "stage");
+    test::expectLikeGolden(renderer->snapshotAtTime(0, kPicture), "render/golden/stage");
 }
 
 TEST_F(Golden, SolidsInABrightRoom) {
@@ -157,7 +129,7 @@ TEST_F(Golden, SolidsInABrightRoom) {
     scene->background.setImage(panorama);
     scene->lightingEnvironment.setImage(panorama);
     scene->lightingEnvironment.intensity = 1.2f;
-    expectLike(renderer->snapshotAtTime(0, kPicture), "room");
+    test::expectLikeGolden(renderer->snapshotAtTime(0, kPicture), "render/golden/room");
 }
 
 } // namespace

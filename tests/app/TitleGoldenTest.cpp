@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "app/ProgramRun.h"
+#include "platform/image/Image.h"
+#include "support/GoldenPicture.h"
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <array>
+
+namespace zelvo::app {
+namespace {
+
+/// One title a row: between them every environment and each kind of surface.
+struct Title {
+    const char* scene;
+    const char* background;
+    const char* front; ///< material of the first line
+    const char* other; ///< and of the second
+    const char* font;
+};
+
+constexpr auto kTitles = std::to_array<Title>({
+    {"Flat",  "#6CE71E", "Flat",           "Reflecting",           "Bungee-Regular"   },
+    {"Plain", "#E6B219", "Plain",          "Cracked",              "Philosopher-Bold" },
+    {"Shiny", "#194CE6", "Iron",           "Plastic / Reflecting", "Audiowide-Regular"},
+    {"Stage", "#E61919", "Iron / Circuit", "Dynamic / Flat",       "Shrikhand-Regular"},
+});
+
+TEST(TitleGolden, EachEnvironmentShowsItsTitleAsBefore) {
+    const Program program;
+    for (const Title& title : kTitles) {
+        const std::string style = fmt::format(
+            R"("font": "{}", "profile": "rounded", "bevel": 2.5, "fill": "outer", "depth": 30)",
+            title.font);
+        const std::string file = program.write(
+            "title.json",
+            fmt::format(
+                R"({{"duration": 2, "scene": "{}", "background": "{}", "nodes": {{
+                    "TX1": {{"text": "Rag8", "material": "{}", "scale": 1.5, "frontColor": "#FFFFFF",
+                             "bandColor": "#E67F19", {}}},
+                    "TX2": {{"text": "BOWL&", "material": "{}", "frontColor": "#19CCE6", {}}}}},
+                    "cues": [{{"at": 0, "tab": "OT3", "press": "Tilt 2 Out", "nodes": ["TX2"]}},
+                             {{"at": 0, "tab": "IN1", "press": "Left In", "nodes": ["TX1"]}}]}})",
+                title.scene,
+                title.background,
+                title.front,
+                style,
+                title.other,
+                style));
+        const std::string picture = program.path("title.png");
+        const Ending ending =
+            program.run({"frame", file, "--at", "0.4", "--out", picture, "--size", "192x108"});
+        ASSERT_EQ(ending.status, 0) << ending.err;
+        const auto loaded = image::loadImage(picture);
+        ASSERT_TRUE(loaded.has_value()) << loaded.error().message;
+        test::expectLikeGolden(**loaded, fmt::format("app/golden/{}", title.scene));
+    }
+}
+
+} // namespace
+} // namespace zelvo::app

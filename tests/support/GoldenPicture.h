@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/image/Image.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+namespace zelvo::test {
+
+/// Holds a picture against the one kept under tests/<name>.png. Channels may differ a little, and a
+/// small share of them by more: drivers round edges differently. ZELVO_UPDATE_GOLDEN=1 in the
+/// environment writes the kept pictures anew; look at them before they are committed.
+inline void expectLikeGolden(const image::Image& picture, const std::string& name) {
+    constexpr int kLargestDifference = 8;         // of a channel that counts as the same
+    constexpr double kShareAllowedBeyond = 0.004; // of all channels
+    const auto file = std::filesystem::path(ZELVO_TEST_SOURCE_DIR) / (name + ".png");
+    if (std::getenv("ZELVO_UPDATE_GOLDEN") != nullptr) {
+        std::filesystem::create_directories(file.parent_path());
+        ASSERT_TRUE(image::savePNG(picture, file).has_value());
+    }
+    const auto wanted = image::loadImage(file);
+    ASSERT_TRUE(wanted.has_value()) << wanted.error().message;
+    ASSERT_EQ((*wanted)->pixels.size(), picture.pixels.size());
+    std::size_t different = 0;
+    for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
+        different +=
+            std::abs(picture.pixels[i] - (*wanted)->pixels[i]) > kLargestDifference ? 1U : 0U;
+    }
+    const double share =
+        static_cast<double>(different) / static_cast<double>(picture.pixels.size());
+    if (share <= kShareAllowedBeyond)
+        return;
+    const auto seen =
+        std::filesystem::temp_directory_path() / ("zelvo-" + file.filename().string());
+    ADD_FAILURE() << name << " differs in " << share * 100 << " % of its channels, see " << seen;
+    EXPECT_TRUE(image::savePNG(picture, seen).has_value());
+}
+
+} // namespace zelvo::test
