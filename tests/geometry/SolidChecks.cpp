@@ -16,6 +16,8 @@ namespace zelvo::geometry {
 
 namespace {
 
+constexpr double kLeastFold = 3e-4; // scene units across; less is lost in single precision
+
 using Side = std::array<std::uint32_t, 2>;
 using Triangle = std::array<std::uint32_t, 3>;
 
@@ -87,21 +89,21 @@ bool isSane(const Vertex& vertex) {
            std::abs(glm::dot(tangent, vertex.normal)) < 1e-3F && std::abs(vertex.tangent.w) == 1;
 }
 
+// Faces and chamfers lie over the outline without hiding any of themselves, so none of their
+// triangles is reversed in plan, however small.
 bool isFolded(const Mesh& mesh, std::size_t firstIndex) {
     const auto corner = [&](std::size_t i) -> const Vertex& {
         return mesh.vertices[mesh.indices[firstIndex + i]];
     };
-    const glm::dvec3 a(corner(0).position);
-    const glm::dvec3 cross =
-        glm::cross(glm::dvec3(corner(1).position) - a, glm::dvec3(corner(2).position) - a);
-    const double twiceArea = glm::length(cross);
-    if (twiceArea < 2e-3)
-        return false;
-    for (std::size_t i = 0; i < 3; ++i) {
-        if (glm::dot(cross / twiceArea, glm::dvec3(corner(i).normal)) < 0.3)
-            return true;
-    }
-    return false;
+    const glm::dvec3 ab = corner(1).position - corner(0).position;
+    const glm::dvec3 ac = corner(2).position - corner(0).position;
+    const glm::dvec3 cross = glm::cross(ab, ac);
+    const glm::dvec3 normal = corner(0).normal + corner(1).normal + corner(2).normal;
+    const double longest = std::max({glm::length(ab), glm::length(ac), glm::length(ab - ac)});
+    if (std::abs(normal.z) > 1e-3 && cross.z * normal.z < 0)
+        return std::abs(cross.z) > kLeastFold * longest;
+    return glm::length(cross) > 2e-3 &&
+           glm::dot(cross, normal) < 0.3 * glm::length(cross) * glm::length(normal);
 }
 
 } // namespace

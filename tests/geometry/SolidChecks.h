@@ -16,7 +16,7 @@ struct SolidReport {
     std::size_t badNumbers =
         0; ///< vertices with a number that is not finite, or a normal or tangent not of length 1
     std::size_t folded =
-        0;             ///< triangles of visible size that face away from their vertices' normals
+        0; ///< triangles reversed in plan, or that face away from their vertices' normals
     double volume = 0; ///< by the divergence theorem; positive if the triangles face outwards
     long euler = 0;    ///< corners - sides + triangles: 2 for a ball, 0 for a ring
 };

@@ -15,7 +15,8 @@ namespace {
 constexpr std::uint32_t kNone = UINT32_MAX;
 constexpr double kSnap = 1e-3;     // scene units; points this near a level stand on it
 constexpr double kArcError = 0.03; // scene units between an arc and its chords
-constexpr double kLargestArcStep = std::numbers::pi / 8;
+constexpr double kLargestWedge = std::numbers::pi / 8;
+constexpr double kClearOfFace = 1.1;    // widths; chords of two wedges' arcs stay below this
 constexpr float kSameNormal = 0.99999f; // cosine
 constexpr float kSameTexture = 1e-4f;
 
@@ -51,9 +52,20 @@ ChamferMesher::ChamferMesher(
 ChamferMesh ChamferMesher::build(Faces faces_) {
     faces = faces_;
     rankPoints();
-    cutLinks();
+    for (const auto& [a, b] : map.links) {
+        cutLink(a, b);
+    }
     for (const MedialMap::Cell& cell : map.cells) {
-        cutCell(cell);
+        frame = frameOf(cell);
+        const auto steps =
+            std::span<const MedialMap::Step>(map.steps).subspan(cell.firstStep, cell.stepCount);
+        if (cell.site == MedialMap::Site::piece) {
+            chain.clear();
+            appendSteps(steps);
+            cutChain();
+        } else {
+            cutFan(steps);
+        }
     }
     return std::move(mesh);
 }
@@ -88,18 +100,18 @@ void ChamferMesher::rankPoints() {
     }
 }
 
-void ChamferMesher::cutLinks() {
-    for (const auto& [a, b] : map.links) {
-        firstCrossing.push_back(static_cast<std::uint32_t>(mesh.points.size()));
-        const auto [low, high] = std::minmax(ranks[a], ranks[b]);
-        for (std::uint32_t rank = low + 1; rank < high; ++rank) {
-            if (rank % 2 != 0)
-                continue;
-            const double distance = profile.distanceOf(rank / 2);
-            const double t = (distance - distances[a]) / (distances[b] - distances[a]);
-            addPoint(glm::mix(mesh.points[a], mesh.points[b], t), distance);
-        }
+// Adds the points where a link crosses levels; answers its number.
+std::uint32_t ChamferMesher::cutLink(std::uint32_t a, std::uint32_t b) {
+    firstCrossing.push_back(static_cast<std::uint32_t>(mesh.points.size()));
+    const auto [low, high] = std::minmax(ranks[a], ranks[b]);
+    for (std::uint32_t rank = low + 1; rank < high; ++rank) {
+        if (rank % 2 != 0)
+            continue;
+        const double distance = profile.distanceOf(rank / 2);
+        const double t = (distance - distances[a]) / (distances[b] - distances[a]);
+        addPoint(glm::mix(mesh.points[a], mesh.points[b], t), distance);
     }
+    return static_cast<std::uint32_t>(firstCrossing.size() - 1);
 }
 
 void ChamferMesher::appendCrossings(std::uint32_t from, std::uint32_t to, std::uint32_t link) {
@@ -116,15 +128,51 @@ void ChamferMesher::appendCrossings(std::uint32_t from, std::uint32_t to, std::u
     }
 }
 
-void ChamferMesher::loadChain(const MedialMap::Cell& cell) {
-    chain.clear();
-    for (std::uint32_t i = 0; i < cell.stepCount; ++i) {
-        const MedialMap::Step& step = map.steps[cell.firstStep + i];
-        chain.push_back({step.point, ranks[step.point]});
-        if (step.link == MedialMap::kNoLink)
-            break;
-        appendCrossings(step.point, map.steps[cell.firstStep + i + 1].point, step.link);
+// The steps and the crossings between them.
+void ChamferMesher::appendSteps(std::span<const MedialMap::Step> steps) {
+    for (std::size_t i = 0; i < steps.size(); ++i) {
+        chain.push_back({steps[i].point, ranks[steps[i].point]});
+        if (i + 1 < steps.size())
+            appendCrossings(steps[i].point, steps[i + 1].point, steps[i].link);
     }
+}
+
+// Arcs and the chords of the cell's curved links would cross where a level runs close to a link.
+// So the fan is cut into wedges, in each of which the distance grows evenly from the corner to the
+// link: levels are straight there and never meet.
+void ChamferMesher::cutFan(std::span<const MedialMap::Step> steps) {
+    const std::uint32_t corner = steps.front().point;
+    const std::size_t last = steps.size() - 2;
+    std::uint32_t left = steps.front().link;
+    std::size_t first = 1;
+    for (std::size_t i = std::min<std::size_t>(2, last); i <= last; ++i) {
+        if (i < last && isWedge(steps.subspan(first, i + 2 - first)))
+            continue;
+        const std::uint32_t right = i < last ? cutLink(corner, steps[i].point) : steps[last].link;
+        chain.assign(1, {corner, 0});
+        appendCrossings(corner, steps[first].point, left);
+        appendSteps(steps.subspan(first, i + 1 - first));
+        appendCrossings(steps[i].point, corner, right);
+        chain.push_back({corner, 0});
+        cutChain();
+        left = right;
+        first = i;
+    }
+}
+
+// Whether one wedge may reach over all of the steps: where these stand well inside the face, levels
+// need only be as fine as an arc.
+bool ChamferMesher::isWedge(std::span<const MedialMap::Step> steps) const {
+    if (faces == Faces::fromCells)
+        return false;
+    const double radius = profile.width();
+    const bool isClear = std::all_of(steps.begin(), steps.end(), [&](const auto& step) {
+        return distances[step.point] > radius * kClearOfFace;
+    });
+    const double most =
+        std::min(kLargestWedge, 2 * std::acos(1 - std::min(1.0, kArcError / radius)));
+    const double from = fanAngle(mesh.points[steps.front().point]);
+    return isClear && fanAngle(mesh.points[steps.back().point]) - from < most;
 }
 
 ChamferMesher::Frame ChamferMesher::frameOf(const MedialMap::Cell& cell) const {
@@ -145,9 +193,7 @@ ChamferMesher::Frame ChamferMesher::frameOf(const MedialMap::Cell& cell) const {
 // Follows the chain from left to right. On each level that the chain rises above, a run is open
 // until the chain comes back down to it; what lies between the run and the next level, or the chain
 // where that is lower, is one piece.
-void ChamferMesher::cutCell(const MedialMap::Cell& cell) {
-    frame = frameOf(cell);
-    loadChain(cell);
+void ChamferMesher::cutChain() {
     for (std::size_t i = 0; i < chain.size(); ++i) {
         const Knot& knot = chain[i];
         const std::size_t level = knot.rank / 2;
@@ -168,11 +214,8 @@ void ChamferMesher::cutCell(const MedialMap::Cell& cell) {
 void ChamferMesher::closeRun(std::size_t level, std::uint32_t end) {
     const std::uint32_t start = runStart[level];
     run.assign(1, start);
-    if (start != end) {
-        if (frame.isRound)
-            appendArc(level, start, end);
+    if (start != end)
         run.push_back(end);
-    }
     if (level == lastLevel) {
         fillFace();
     } else if (run.size() == 1) {
@@ -183,23 +226,6 @@ void ChamferMesher::closeRun(std::size_t level, std::uint32_t end) {
     tops[level].clear();
     if (level > 0) {
         tops[level - 1].insert(tops[level - 1].end(), run.begin() + 1, run.end());
-    }
-}
-
-// The points inside a level's arc around a corner.
-void ChamferMesher::appendArc(std::size_t level, std::uint32_t start, std::uint32_t end) {
-    const double radius = profile.distanceOf(level);
-    const double from = fanAngle(mesh.points[start]);
-    const double angle = fanAngle(mesh.points[end]) - from;
-    const double step =
-        std::min(kLargestArcStep, 2 * std::acos(1 - std::min(1.0, kArcError / radius)));
-    const int count = std::max(1, static_cast<int>(std::ceil(angle / step)));
-    const glm::dvec2 along = outline.corners[frame.corner->previous].direction;
-    const glm::dvec2 inward(-along.y, along.x);
-    for (int i = 1; i < count; ++i) {
-        const double a = from + angle * i / count;
-        const glm::dvec2 arm = inward * std::cos(a) + along * std::sin(a);
-        run.push_back(addPoint(frame.corner->position + arm * radius, radius));
     }
 }
 
@@ -217,7 +243,7 @@ glm::dvec2 ChamferMesher::cellPosition(std::uint32_t point) const {
     if (frame.site == MedialMap::Site::corner)
         return {fanAngle(position), distances[point]};
     const glm::dvec2 arm = position - frame.corner->position;
-    return {glm::dot(arm, frame.corner->direction), distances[point]};
+    return {glm::dot(arm, frame.corner->direction), cross(frame.corner->direction, arm)};
 }
 
 std::span<const MonotoneCorner> ChamferMesher::place(

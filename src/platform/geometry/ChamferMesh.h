@@ -70,13 +70,14 @@ private:
     };
 
     void rankPoints();
-    void cutLinks();
-    void cutCell(const MedialMap::Cell& cell);
+    std::uint32_t cutLink(std::uint32_t a, std::uint32_t b);
     [[nodiscard]] Frame frameOf(const MedialMap::Cell& cell) const;
-    void loadChain(const MedialMap::Cell& cell);
     void appendCrossings(std::uint32_t from, std::uint32_t to, std::uint32_t link);
+    void appendSteps(std::span<const MedialMap::Step> steps);
+    void cutFan(std::span<const MedialMap::Step> steps);
+    [[nodiscard]] bool isWedge(std::span<const MedialMap::Step> steps) const;
+    void cutChain();
     void closeRun(std::size_t level, std::uint32_t end);
-    void appendArc(std::size_t level, std::uint32_t start, std::uint32_t end);
     void fillBand(std::size_t band);
     void fillFan();
     void fillFace();
@@ -98,13 +99,14 @@ private:
     std::size_t lastLevel;
     Faces faces = Faces::rimOnly;
 
-    // By point: those of the map, then crossings, then points on arcs.
+    // By point: those of the map, then crossings.
     std::vector<double> distances;
     std::vector<std::uint32_t> ranks; // of the map's points only
     std::vector<std::uint32_t> vertexOf;
 
-    std::vector<std::uint32_t>
-        firstCrossing; // by link: the crossing of the lowest level that it crosses
+    // By link, those of the map and then the sides of wedges: the crossing of the lowest level that
+    // it crosses.
+    std::vector<std::uint32_t> firstCrossing;
 
     Frame frame;
     std::vector<Knot> chain;

@@ -187,13 +187,14 @@ std::uint32_t MedialMapBuilder::addPoint(glm::dvec2 position, double distance) {
     return static_cast<std::uint32_t>(map.points.size() - 1);
 }
 
-std::uint32_t MedialMapBuilder::pointOf(const Vertex* vertex, const Edge* edge) {
+std::uint32_t MedialMapBuilder::pointOf(const Vertex* vertex) {
     const std::size_t root = rootOf(indexOf(vertex));
     if (pointOfVertex[root] == kNone) {
-        const glm::dvec2 position = positionOf(&diagram.vertices()[root]);
-        // Only where vertices were merged does the edge's site not belong to the root.
-        const glm::dvec2 own = positionOf(vertex);
-        pointOfVertex[root] = addPoint(position, distanceToSite(own, *edge->cell()));
+        const Vertex& kept = diagram.vertices()[root];
+        const glm::dvec2 position = positionOf(&kept);
+        // Where vertices were merged, the edge's site need not be the root's.
+        const Edge* own = kept.incident_edge();
+        pointOfVertex[root] = addPoint(position, distanceToSite(position, *own->cell()));
     }
     return pointOfVertex[root];
 }
@@ -261,8 +262,8 @@ const MedialMapBuilder::Polyline& MedialMapBuilder::polylineOf(const Edge* edge)
     const Edge* even = &diagram.edges()[indexOf(edge) & ~std::size_t{1}];
     line.firstPoint = static_cast<std::uint32_t>(polylinePoints.size());
     line.firstLink = static_cast<std::uint32_t>(map.links.size());
-    const std::uint32_t start = pointOf(even->vertex0(), even);
-    const std::uint32_t end = pointOf(even->vertex1(), even);
+    const std::uint32_t start = pointOf(even->vertex0());
+    const std::uint32_t end = pointOf(even->vertex1());
     polylinePoints.push_back(start);
     if (start != end) {
         appendInnerPoints(even);

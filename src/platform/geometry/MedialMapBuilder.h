@@ -50,7 +50,7 @@ private:
     bool addCell(MedialMap::Site site, std::uint32_t from, std::uint32_t to, const Edge* start);
     void mergeNearVertices();
     [[nodiscard]] std::size_t rootOf(std::size_t vertex);
-    [[nodiscard]] std::uint32_t pointOf(const Vertex* vertex, const Edge* edge);
+    [[nodiscard]] std::uint32_t pointOf(const Vertex* vertex);
     [[nodiscard]] const Polyline& polylineOf(const Edge* edge);
     void appendInnerPoints(const Edge* edge);
     void appendParabola(const Edge* edge, std::uint32_t corner, std::uint32_t piece);
