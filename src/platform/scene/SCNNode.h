@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/scene/Animated.h"
+#include "platform/scene/ParticleEmitter.h"
 #include "platform/scene/SCNAction.h"
 #include "platform/scene/SCNCamera.h"
 #include "platform/scene/SCNGeometry.h"
@@ -117,6 +118,19 @@ public:
 
     [[nodiscard]] glm::vec3 addedEulerAngles() const { return addedEulerAngles_; }
 
+    // --- particles
+    /// It begins with the next evaluation. Added twice, it runs twice.
+    void addParticleSystem(SCNParticleSystemPtr system);
+    void removeParticleSystem(const SCNParticleSystemPtr& system);
+    void removeAllParticleSystems();
+    /// In the order of adding.
+    [[nodiscard]] std::vector<SCNParticleSystemPtr> particleSystems() const;
+
+    /// The systems at work, with their particles.
+    [[nodiscard]] const std::vector<std::unique_ptr<ParticleEmitter>>& emitters() const {
+        return emitters_;
+    }
+
     // --- keyframe animations: none exist yet, so there are no keys
     // NOLINTNEXTLINE(readability-convert-member-functions-to-static): will ask the node
     [[nodiscard]] std::vector<std::string> animationKeys() const { return {}; }
@@ -134,6 +148,7 @@ private:
     /// Cancels what the key names, all for an empty key.
     void cancelActions(const std::string& key);
     void dropFinishedActions();
+    void advanceParticles(double step);
 
     static std::uint64_t evaluationsBegun; ///< over all scenes
 
@@ -144,6 +159,7 @@ private:
     glm::vec3 addedPosition_{0};
     glm::vec3 addedEulerAngles_{0};
     std::vector<std::unique_ptr<RunningAction>> running; ///< in the order of starting
+    std::vector<std::unique_ptr<ParticleEmitter>> emitters_;
     bool isAdvancing = false; ///< while true, cancelled actions are marked and stay in the list
 };
 

@@ -24,6 +24,9 @@ void SCNScene::applyAnimations(double time) {
     for (const SCNNodePtr& node : active) {
         node->advanceActions(step, evaluation, completions);
     }
+    for (const SCNNodePtr& node : active) {
+        node->advanceParticles(step);
+    }
     active.clear();
     isApplying = false;
 
@@ -40,7 +43,7 @@ void SCNScene::applyAnimations(double time) {
 }
 
 void SCNScene::collectActive(const SCNNodePtr& node) {
-    if (!node->running.empty())
+    if (!node->running.empty() || !node->emitters_.empty())
         active.push_back(node);
     for (const SCNNodePtr& child : node->childNodes()) {
         collectActive(child);

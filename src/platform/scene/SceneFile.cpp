@@ -5,6 +5,7 @@
 #include "platform/foundation/Folders.h"
 #include "platform/geometry/Flatten.h"
 #include "platform/geometry/SVGPath.h"
+#include "platform/scene/ParticleFile.h"
 #include "platform/scene/SCNScene.h"
 #include "platform/scene/SCNShapes.h"
 
@@ -220,6 +221,7 @@ void readNodes(
         JsonObject object(value, path, context.fault);
         readPlacement(object, *node);
         readContents(object, *node, context.fault);
+        readParticles(object, *node, context.fault);
         readNodes(object, "children", *node, depth + 1, context);
         object.finish();
         parent.addChildNode(node);

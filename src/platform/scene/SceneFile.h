@@ -13,7 +13,10 @@ template <class T> struct Named {
     T value;
 };
 
-/// "#RRGGBB" or "#RRGGBBAA"; faults anything else.
+/// "#RRGGBB" or "#RRGGBBAA"; nothing for anything else.
+[[nodiscard]] std::optional<image::Color> parseColor(std::string_view text);
+
+/// The same of a key; faults anything else.
 [[nodiscard]] std::optional<image::Color> readColor(JsonObject& object, std::string_view key);
 
 /// A slot: "#RRGGBB", a number of 0 to 1, or {"image": name, "intensity": number, "scale": [u, v]}

@@ -45,20 +45,6 @@ constexpr auto kSlots = std::to_array<Named<SCNMaterialProperty SCNMaterial::*>>
     {"roughness",        &SCNMaterial::roughness       }
 });
 
-std::optional<image::Color> parseColor(std::string_view text) {
-    constexpr std::size_t kOpaque = 7; // "#RRGGBB"
-    std::optional<image::Color> color = image::Color::parse(text.substr(0, kOpaque));
-    if (!color || text.size() == kOpaque)
-        return color;
-    unsigned alpha = 0;
-    const char* end = text.data() + text.size();
-    const auto read = std::from_chars(text.data() + kOpaque, end, alpha, 16);
-    if (text.size() != kOpaque + 2 || read.ec != std::errc() || read.ptr != end)
-        return {};
-    color->alpha = static_cast<float>(alpha) / 255.0f;
-    return color;
-}
-
 void readPicture(JsonObject& slot, SCNMaterialProperty& property) {
     const std::optional<std::string> name = slot.text("image");
     if (!name)
@@ -72,6 +58,20 @@ void readPicture(JsonObject& slot, SCNMaterialProperty& property) {
 }
 
 } // namespace
+
+std::optional<image::Color> parseColor(std::string_view text) {
+    constexpr std::size_t kOpaque = 7; // "#RRGGBB"
+    std::optional<image::Color> color = image::Color::parse(text.substr(0, kOpaque));
+    if (!color || text.size() == kOpaque)
+        return color;
+    unsigned alpha = 0;
+    const char* end = text.data() + text.size();
+    const auto read = std::from_chars(text.data() + kOpaque, end, alpha, 16);
+    if (text.size() != kOpaque + 2 || read.ec != std::errc() || read.ptr != end)
+        return {};
+    color->alpha = static_cast<float>(alpha) / 255.0f;
+    return color;
+}
 
 std::optional<image::Color> readColor(JsonObject& object, std::string_view key) {
     const std::optional<std::string> text = object.text(key);

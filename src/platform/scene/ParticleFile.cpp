@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: MIT
+#include "platform/scene/ParticleFile.h"
+
+#include "platform/foundation/Check.h"
+#include "platform/foundation/Folders.h"
+#include "platform/scene/SCNParticleSystem.h"
+#include "platform/scene/SceneFile.h"
+
+#include <fmt/format.h>
+#include <glm/geometric.hpp>
+
+#include <array>
+#include <fstream>
+#include <iterator>
+
+namespace zelvo::scene {
+
+namespace {
+
+constexpr Range kRate{0, 20'000};
+constexpr Range kSeconds{0, 600};
+constexpr Range kSpan{0.001, 60};
+constexpr Range kLength{0, 1e5};
+constexpr Range kAny{-1e6, 1e6};
+constexpr Range kFactor{0, 100};
+constexpr Range kSeed{0, 1e9};
+constexpr std::size_t kMostKeys = 16;
+
+struct NumberRow {
+    std::string_view key;
+    float SCNParticleSystem::*field;
+    Range range;
+};
+
+using S = SCNParticleSystem;
+
+constexpr auto kNumbers = std::to_array<NumberRow>({
+    {"birthRate",                        &S::birthRate,                        kRate   },
+    {"birthRateVariation",               &S::birthRateVariation,               kRate   },
+    {"warmupDuration",                   &S::warmupDuration,                   kSeconds},
+    {"emissionDuration",                 &S::emissionDuration,                 kSpan   },
+    {"idleDuration",                     &S::idleDuration,                     kSeconds},
+    {"speedFactor",                      &S::speedFactor,                      kFactor },
+    {"spreadingAngle",                   &S::spreadingAngle,                   {0, 360}},
+    {"particleLifeSpan",                 &S::particleLifeSpan,                 kSpan   },
+    {"particleLifeSpanVariation",        &S::particleLifeSpanVariation,        kSpan   },
+    {"particleVelocity",                 &S::particleVelocity,                 kAny    },
+    {"particleVelocityVariation",        &S::particleVelocityVariation,        kLength },
+    {"dampingFactor",                    &S::dampingFactor,                    kFactor },
+    {"wander",                           &S::wander,                           kLength },
+    {"wanderFrequency",                  &S::wanderFrequency,                  kFactor },
+    {"particleMass",                     &S::particleMass,                     kLength },
+    {"particleSize",                     &S::particleSize,                     kLength },
+    {"particleSizeVariation",            &S::particleSizeVariation,            kLength },
+    {"particleAngle",                    &S::particleAngle,                    kAny    },
+    {"particleAngleVariation",           &S::particleAngleVariation,           kAny    },
+    {"particleAngularVelocity",          &S::particleAngularVelocity,          kAny    },
+    {"particleAngularVelocityVariation", &S::particleAngularVelocityVariation, kAny    },
+    {"stretchFactor",                    &S::stretchFactor,                    kFactor },
+});
+
+struct FlagRow {
+    std::string_view key;
+    bool SCNParticleSystem::*field;
+};
+
+constexpr auto kFlags = std::to_array<FlagRow>({
+    {"loops",                   &S::loops                  },
+    {"isLocal",                 &S::isLocal                },
+    {"affectedByGravity",       &S::affectedByGravity      },
+    {"affectedByPhysicsFields", &S::affectedByPhysicsFields},
+    {"lightingEnabled",         &S::lightingEnabled        },
+    {"blackPassEnabled",        &S::blackPassEnabled       },
+});
+
+constexpr auto kShapeKinds = std::to_array<Named<ParticleShapeKind>>({
+    {"point",    ParticleShapeKind::point   },
+    {"sphere",   ParticleShapeKind::sphere  },
+    {"box",      ParticleShapeKind::box     },
+    {"plane",    ParticleShapeKind::plane   },
+    {"cylinder", ParticleShapeKind::cylinder},
+});
+
+constexpr auto kLocations = std::to_array<Named<ParticleBirthLocation>>({
+    {"volume",  ParticleBirthLocation::volume },
+    {"surface", ParticleBirthLocation::surface},
+});
+
+constexpr auto kDirections = std::to_array<Named<ParticleBirthDirection>>({
+    {"constant", ParticleBirthDirection::constant},
+    {"outwards", ParticleBirthDirection::outwards},
+});
+
+constexpr auto kBlendModes = std::to_array<Named<ParticleBlendMode>>({
+    {"alpha",    ParticleBlendMode::alpha   },
+    {"additive", ParticleBlendMode::additive},
+});
+
+glm::vec4 vectorOf(const image::Color& color) {
+    return {color.red, color.green, color.blue, color.alpha};
+}
+
+void readShape(JsonObject& object, SCNParticleSystem& system, JsonFault& fault) {
+    const rapidjson::Value* value = object.value("emitterShape");
+    if (value == nullptr)
+        return;
+    JsonObject shape(*value, object.pathOf("emitterShape"), fault);
+    const auto kind = shape.oneOf("type", kShapeKinds);
+    if (!kind) {
+        shape.report("type", "is missing");
+        return;
+    }
+    const auto half = [&shape](std::string_view key) {
+        return static_cast<float>(shape.number(key, kLength).value_or(0)) / 2;
+    };
+    system.emitterShape.kind = *kind;
+    system.emitterShape.half = {half("width"), half("height"), half("length")};
+    if (const auto radius = shape.number("radius", kLength))
+        system.emitterShape.half.x = static_cast<float>(*radius);
+    shape.finish();
+}
+
+/// Keys of a curve must go forwards.
+template <class T> void addKey(JsonObject& key, ParticleCurve<T>& curve, const T& value) {
+    const auto at = static_cast<float>(key.number("at", {0, 1}).value_or(0));
+    if (curve.size() >= kMostKeys || (!curve.empty() && at <= curve.back().at))
+        key.report("at", fmt::format("must be after the one before, {} keys at most", kMostKeys));
+    curve.push_back({at, value});
+    key.finish();
+}
+
+void readCurves(JsonObject& object, SCNParticleSystem& system, JsonFault& fault) {
+    object.forEach("sizeOverLife", [&](const rapidjson::Value& value, const std::string& path) {
+        JsonObject key(value, path, fault);
+        const auto size = key.number("size", kFactor);
+        addKey(key, system.sizeOverLife, static_cast<float>(size.value_or(1)));
+    });
+    object.forEach("colorOverLife", [&](const rapidjson::Value& value, const std::string& path) {
+        JsonObject key(value, path, fault);
+        const auto color = readColor(key, "color");
+        addKey(key, system.colorOverLife, vectorOf(color.value_or(image::Color::white(1))));
+    });
+}
+
+void readColors(JsonObject& object, SCNParticleSystem& system, JsonFault& fault) {
+    std::vector<glm::vec4> colors;
+    object.forEach("particleColors", [&](const rapidjson::Value& value, const std::string& path) {
+        const auto color = value.IsString()
+                               ? parseColor({value.GetString(), value.GetStringLength()})
+                               : std::nullopt;
+        if (!color || colors.size() >= kMostKeys)
+            fault.report(path, R"(must be a colour like "#RRGGBB" or "#RRGGBBAA")");
+        colors.push_back(vectorOf(color.value_or(image::Color::white(1))));
+    });
+    if (!colors.empty())
+        system.particleColors = std::move(colors);
+}
+
+void readLook(JsonObject& object, SCNParticleSystem& system, JsonFault& fault) {
+    if (const auto mode = object.oneOf("blendMode", kBlendModes))
+        system.blendMode = *mode;
+    readColors(object, system, fault);
+    readCurves(object, system, fault);
+    const auto name = object.text("particleImage");
+    if (!name)
+        return;
+    system.particleImage = image::imageNamed(*name);
+    if (!system.particleImage)
+        object.report("particleImage", fmt::format("no picture is named \"{}\"", *name));
+}
+
+SCNParticleSystemPtr readSystem(JsonObject& object, JsonFault& fault) {
+    auto system = std::make_shared<SCNParticleSystem>();
+    for (const NumberRow& row : kNumbers) {
+        if (const auto number = object.number(row.key, row.range))
+            (*system).*row.field = static_cast<float>(*number);
+    }
+    for (const FlagRow& row : kFlags) {
+        if (const auto flag = object.boolean(row.key))
+            (*system).*row.field = *flag;
+    }
+    if (const auto location = object.oneOf("birthLocation", kLocations))
+        system->birthLocation = *location;
+    if (const auto direction = object.oneOf("birthDirection", kDirections))
+        system->birthDirection = *direction;
+    if (const auto direction = object.vector3("emittingDirection"))
+        system->emittingDirection = *direction;
+    if (glm::length(system->emittingDirection) < 1e-3f)
+        object.report("emittingDirection", "must point somewhere");
+    if (const auto acceleration = object.vector3("acceleration"))
+        system->acceleration = *acceleration;
+    if (const auto seed = object.integer("seed", kSeed))
+        system->seed = static_cast<std::uint64_t>(*seed);
+    readShape(object, *system, fault);
+    readLook(object, *system, fault);
+    if (system->mostAlive() > kMostParticles)
+        object.report("birthRate", fmt::format("makes over {} particles", kMostParticles));
+    object.finish();
+    return system;
+}
+
+} // namespace
+
+void readParticles(JsonObject& object, SCNNode& node, JsonFault& fault) {
+    constexpr std::size_t kMostSystems = 64;
+    object.forEach("particles", [&](const rapidjson::Value& value, const std::string& path) {
+        JsonObject entry(value, path, fault);
+        const SCNParticleSystemPtr system = readSystem(entry, fault);
+        if (fault.error())
+            return;
+        if (node.particleSystems().size() >= kMostSystems) {
+            fault.report(path, fmt::format("over {} systems on a node", kMostSystems));
+            return;
+        }
+        node.addParticleSystem(system);
+    });
+}
+
+foundation::Result<SCNParticleSystemPtr>
+SCNParticleSystem::fromJSON(const std::string& text, const std::string& name) {
+    const foundation::Result<rapidjson::Document> document = parseJson(text);
+    if (!document)
+        return tl::unexpected(document.error().in(name));
+    JsonFault fault;
+    JsonObject object(*document, "", fault);
+    SCNParticleSystemPtr system = readSystem(object, fault);
+    if (const auto& error = fault.error())
+        return tl::unexpected(error->in(name));
+    return system;
+}
+
+SCNParticleSystemPtr SCNParticleSystem::named(const std::string& name) {
+    const std::filesystem::path file = foundation::mainBundle().path(name);
+    CHECK(!file.empty(), "no particle file is named \"{}\"", name);
+    std::ifstream in(file, std::ios::binary);
+    CHECK(in.good(), "{} cannot be read", file.string());
+    const std::string text{std::istreambuf_iterator<char>(in), {}};
+    auto system = fromJSON(text, file.filename().string());
+    CHECK(system.has_value(), "{}", system.error().message);
+    return std::move(*system);
+}
+
+} // namespace zelvo::scene
