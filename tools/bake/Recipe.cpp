@@ -21,7 +21,8 @@ std::vector<Recipe> allRecipes() {
           energyRecipes(),
           cityRecipes(),
           placeholderRecipes(),
-          maskRecipes()}) {
+          maskRecipes(),
+          particleRecipes()}) {
         all.insert(all.end(), family.begin(), family.end());
     }
     return all;

@@ -42,6 +42,7 @@ struct Recipe {
 [[nodiscard]] std::span<const Recipe> studioRecipes();
 [[nodiscard]] std::span<const Recipe> placeholderRecipes();
 [[nodiscard]] std::span<const Recipe> maskRecipes();
+[[nodiscard]] std::span<const Recipe> particleRecipes();
 
 /// Every recipe, family by family.
 [[nodiscard]] std::vector<Recipe> allRecipes();

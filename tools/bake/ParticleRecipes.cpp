@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+#include "Noise.h"
+#include "Recipe.h"
+#include "Surface.h"
+
+#include <glm/common.hpp>
+#include <glm/geometric.hpp>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
+
+// Pictures of single particles: white, shaped by their alpha, coloured when drawn. Places run from
+// the middle, x to the right and y up, -1 to 1; all fade out before the rim.
+
+namespace zelvo::bake {
+
+namespace {
+
+constexpr float kPi = std::numbers::pi_v<float>;
+
+/// A picture from the cover (0 to 1) of each place.
+Baked sprite(int width, int height, float (*cover)(const glm::vec2& place)) {
+    return {
+        picture(
+            width,
+            height,
+            [cover](const glm::vec2& share) {
+                const glm::vec2 place{share.x * 2 - 1, 1 - share.y * 2};
+                return glm::vec4(1, 1, 1, std::clamp(cover(place), 0.0f, 1.0f));
+            }),
+        {}};
+}
+
+float bell(float distance, float width) {
+    return std::exp(-distance * distance / (width * width));
+}
+
+/// 1 within, 0 at the rim.
+float vignette(const glm::vec2& p) {
+    return 1 - glm::smoothstep(0.75f, 1.0f, std::max(std::abs(p.x), std::abs(p.y)));
+}
+
+float dot(const glm::vec2& p) {
+    const float r = glm::length(p);
+    return (0.75f * bell(r, 0.30f) + 0.4f * bell(r, 0.12f) + 0.2f * bell(r, 0.55f)) *
+           (1 - glm::smoothstep(0.6f, 1.0f, r));
+}
+
+/// A four-pointed glint.
+float glint(const glm::vec2& p) {
+    const float cross = bell(p.y, 0.035f + 0.02f * (1 - std::abs(p.x))) * bell(p.x, 0.42f) +
+                        bell(p.x, 0.035f + 0.02f * (1 - std::abs(p.y))) * bell(p.y, 0.42f);
+    return (cross + bell(glm::length(p), 0.16f) + 0.25f * bell(glm::length(p), 0.4f)) * vignette(p);
+}
+
+/// A comet along y, its head up.
+float spark(const glm::vec2& p) {
+    const float along = (p.y + 1) / 2;
+    const float width = 0.06f + 0.22f * along * along;
+    const float tail = along * along * (1 - glm::smoothstep(0.72f, 0.98f, along));
+    return (bell(p.x, width) + 0.8f * bell(p.x, 0.4f * width)) * tail;
+}
+
+/// A long ray along y, bright in the middle.
+float beam(const glm::vec2& p) {
+    const float fade = std::pow(std::max(0.0f, 1 - p.y * p.y), 1.6f);
+    return (0.45f * bell(p.x, 0.42f) + 0.75f * bell(p.x, 0.12f)) * fade *
+           (1 - glm::smoothstep(0.7f, 1.0f, std::abs(p.x)));
+}
+
+float smoke(const glm::vec2& p) {
+    const glm::vec2 tile = p * 0.5f + 0.5f;
+    const glm::vec2 bent = warped(tile, 0.10f, octaves(3, 3, 0.5f, 71));
+    const float billows = 0.5f + 0.62f * fractal(bent, octaves(3, 5, 0.55f, 17));
+    const float r = glm::length(p) + 0.24f * fractal(tile, octaves(3, 3, 0.5f, 91));
+    return (1 - glm::smoothstep(0.10f, 0.88f, r)) * std::clamp(billows, 0.0f, 1.0f) * vignette(p);
+}
+
+/// A tongue of fire: ragged, hot in the middle.
+float flame(const glm::vec2& p) {
+    const glm::vec2 tile = p * 0.5f + 0.5f;
+    const float licks =
+        ridged(warped(tile, 0.16f, octaves(2, 3, 0.5f, 5)), octaves(2, 4, 0.5f, 23));
+    const float r = glm::length(p * glm::vec2(1.1f, 0.95f)) + 0.3f * (0.5f - licks);
+    const float body = 1 - glm::smoothstep(0.05f, 0.8f, r);
+    return body * (0.35f + 0.85f * licks) * vignette(p);
+}
+
+/// An even outline of the given width around where a distance is 0, with a faint glow.
+float outline(float distance, float width) {
+    const float line = 1 - glm::smoothstep(width, width + 0.03f, std::abs(distance));
+    return line + 0.3f * bell(distance, 0.11f);
+}
+
+float triangle(const glm::vec2& p) {
+    float distance = -10;
+    for (int side = 0; side < 3; ++side) {
+        const float turn = kPi / 2 + kPi + static_cast<float>(side) * 2 * kPi / 3;
+        distance = std::max(distance, glm::dot(p, {std::cos(turn), std::sin(turn)}) - 0.36f);
+    }
+    return outline(distance, 0.035f) * vignette(p);
+}
+
+float ring(const glm::vec2& p) {
+    return outline(glm::length(p) - 0.7f, 0.035f) * vignette(p);
+}
+
+float square(const glm::vec2& p) {
+    return outline(std::max(std::abs(p.x), std::abs(p.y)) - 0.6f, 0.035f) * vignette(p);
+}
+
+float hexagon(const glm::vec2& p) {
+    float distance = -10;
+    for (int side = 0; side < 6; ++side) {
+        const float turn = static_cast<float>(side) * kPi / 3;
+        distance = std::max(distance, glm::dot(p, {std::cos(turn), std::sin(turn)}) - 0.6f);
+    }
+    const float filled = distance < 0 ? 0.16f : 0.0f;
+    return (filled + outline(distance, 0.02f)) * vignette(p);
+}
+
+/// A wave that runs outwards: sharp outside, soft within.
+float shock(const glm::vec2& p) {
+    const float r = glm::length(p);
+    const float wave = r < 0.84f ? bell(r - 0.84f, 0.17f) : bell(r - 0.84f, 0.035f);
+    const float turn = std::atan2(p.y, p.x) / (2 * kPi) + 0.5f;
+    const float grain = 0.72f + 0.45f * fractal({turn, 0.3f}, octaves(9, 4, 0.6f, 41));
+    return wave * grain * (1 - glm::smoothstep(0.93f, 1.0f, r));
+}
+
+/// How far a lightning's course strays at a height.
+float course(float y, std::uint32_t seed) {
+    const float share = (y + 1) / 2;
+    return 1.5f * fractal({share, 0.5f}, octaves(4, 5, 0.62f, seed)) * (1 - y * y);
+}
+
+float bolt(const glm::vec2& p) {
+    const float off = std::abs(p.x - course(p.y, 3));
+    const float branchOff =
+        std::abs(p.x - course(p.y, 3) - 0.45f * (0.25f - p.y) - 0.5f * course(p.y, 29));
+    const float branch = p.y < 0.25f ? 1 - glm::smoothstep(-0.65f, 0.1f, -p.y - 0.25f) : 0.0f;
+    const float core = bell(off, 0.022f) + 0.38f * bell(off, 0.10f) + 0.12f * bell(off, 0.28f);
+    const float twig = bell(branchOff, 0.014f) + 0.22f * bell(branchOff, 0.07f);
+    return (core + 0.6f * branch * twig) * (1 - glm::smoothstep(0.8f, 1.0f, std::abs(p.y))) *
+           vignette({p.x, 0});
+}
+
+/// A drop with a rim of light.
+float drop(const glm::vec2& p) {
+    const float r = glm::length(p);
+    const float body = 1 - glm::smoothstep(0.62f, 0.70f, r);
+    const float shine = bell(glm::length(p - glm::vec2(-0.22f, 0.26f)), 0.16f);
+    return body * (0.25f + 0.6f * glm::smoothstep(0.2f, 0.66f, r)) + shine;
+}
+
+/// The sweeping streak: a thin white-hot line with a wide glow, run out at both ends, over
+/// finer lines of light.
+float streak(const glm::vec2& p) {
+    const float ends = std::pow(std::max(0.0f, 1 - p.x * p.x), 1.5f);
+    const float core = bell(p.y, 0.018f + 0.05f * ends);
+    const float glow = 0.34f * bell(p.y, 0.32f * ends + 0.02f);
+    const float lines = fractal({(p.x + 1) / 2 * 0.06f, (p.y + 1) / 2}, octaves(16, 3, 0.6f, 57));
+    const float fibres = 0.5f * std::max(0.0f, lines) * bell(p.y, 0.36f);
+    return (core + glow + fibres) * ends * (1 - glm::smoothstep(0.7f, 1.0f, std::abs(p.y)));
+}
+
+template <float (*cover)(const glm::vec2&)> Baked made(int width, int height) {
+    return sprite(width, height, cover);
+}
+
+constexpr auto kRecipes = std::to_array<Recipe>({
+    {"particle_beam.png",     Repeats::never, 32,   256, made<beam>    },
+    {"particle_bolt.png",     Repeats::never, 128,  256, made<bolt>    },
+    {"particle_dot.png",      Repeats::never, 64,   64,  made<dot>     },
+    {"particle_drop.png",     Repeats::never, 64,   64,  made<drop>    },
+    {"particle_flame.png",    Repeats::never, 128,  128, made<flame>   },
+    {"particle_glint.png",    Repeats::never, 128,  128, made<glint>   },
+    {"particle_hexagon.png",  Repeats::never, 128,  128, made<hexagon> },
+    {"particle_ring.png",     Repeats::never, 128,  128, made<ring>    },
+    {"particle_shock.png",    Repeats::never, 512,  512, made<shock>   },
+    {"particle_smoke.png",    Repeats::never, 256,  256, made<smoke>   },
+    {"particle_spark.png",    Repeats::never, 32,   128, made<spark>   },
+    {"particle_square.png",   Repeats::never, 128,  128, made<square>  },
+    {"particle_triangle.png", Repeats::never, 128,  128, made<triangle>},
+    {"Streak_1.png",          Repeats::never, 1024, 128, made<streak>  },
+});
+
+} // namespace
+
+std::span<const Recipe> particleRecipes() {
+    return kRecipes;
+}
+
+} // namespace zelvo::bake
