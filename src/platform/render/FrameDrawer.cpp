@@ -91,6 +91,7 @@ void FrameDrawer::draw(
         drawItem(frame, item, DepthTest::nearer);
     }
     drawTranslucent(frame);
+    particles.draw({state, textures}, snapshot);
     const bool hasDroppedTextures = textures.prune();
     if (meshes.prune() || hasDroppedTextures)
         state.forgetBindings();

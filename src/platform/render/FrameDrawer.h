@@ -6,6 +6,7 @@
 #include "platform/render/GraphicsState.h"
 #include "platform/render/Lighting.h"
 #include "platform/render/MeshStore.h"
+#include "platform/render/ParticlePass.h"
 #include "platform/render/ShadowPass.h"
 #include "platform/render/Snapshot.h"
 #include "platform/render/SurfaceShaders.h"
@@ -25,7 +26,7 @@ struct DrawTarget {
 
 /// Draws scenes with the OpenGL context that is current on this thread, whoever made it. The
 /// passes, each left out when it adds nothing: shadow maps, background, opaque items front to back,
-/// translucent items back to front.
+/// translucent items back to front, particles.
 ///
 /// Colours are lit in linear light and tone mapped and encoded at once in the surface's shader, so
 /// that the target needs no more than 8 bits. Blending and the background work on encoded values;
@@ -68,6 +69,7 @@ private:
     SurfaceShaders shaders;
     ShadowPass shadows;
     BackgroundPass background;
+    ParticlePass particles;
     Snapshot snapshot;
     std::vector<ShadowView> views;
     std::vector<LightSet> lightSets;

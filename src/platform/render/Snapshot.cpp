@@ -55,6 +55,7 @@ void Snapshot::take(const scene::SCNScene& scene, const SCNNode* pointOfView, fl
     opaque_.clear();
     translucent_.clear();
     lights_.clear();
+    emitters_.clear();
     placeCamera(scene, pointOfView, aspect);
     const Frustum frustum(camera_.viewProjection);
     walk(*scene.rootNode(), {glm::mat4(1), 1}, frustum);
@@ -92,6 +93,10 @@ void Snapshot::walk(const SCNNode& node, const Inherited& inherited, const Frust
     }
     if (node.geometry && own.opacity >= kInvisible)
         addNode(node, own, frustum);
+    for (const auto& emitter : node.emitters()) {
+        if (!emitter->live().empty())
+            emitters_.push_back({emitter.get(), own.opacity});
+    }
     for (const scene::SCNNodePtr& child : node.childNodes()) {
         walk(*child, own, frustum);
     }

@@ -39,6 +39,12 @@ struct PlacedLight {
     glm::vec3 direction{0, 0, -1}; ///< unit, where it shines
 };
 
+/// Particles at work on a node that is not hidden.
+struct PlacedEmitter {
+    const scene::ParticleEmitter* emitter = nullptr;
+    float opacity = 1; ///< of the node, with those above
+};
+
 /// What is to be drawn of a scene at this moment, flat and sorted. Taken anew each frame without
 /// allocating once its lists have grown; it points into the scene and so is read before the scene
 /// changes again.
@@ -67,6 +73,9 @@ public:
     /// Those that shine, in tree order.
     [[nodiscard]] std::span<const PlacedLight> lights() const { return lights_; }
 
+    /// Those with live particles, in tree order.
+    [[nodiscard]] std::span<const PlacedEmitter> emitters() const { return emitters_; }
+
 private:
     struct Inherited {
         glm::mat4 world;
@@ -86,6 +95,7 @@ private:
     std::vector<DrawItem> opaque_;
     std::vector<DrawItem> translucent_;
     std::vector<PlacedLight> lights_;
+    std::vector<PlacedEmitter> emitters_;
     PictureHoles holes;
 };
 

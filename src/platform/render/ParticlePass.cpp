@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/ParticlePass.h"
+
+#include "platform/foundation/Check.h"
+#include "platform/render/ShaderBlocks.h"
+#include "platform/render/ShaderProgram.h"
+
+#include <epoxy/gl.h>
+#include <glm/common.hpp>
+#include <glm/geometric.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace zelvo::render {
+namespace {
+
+using scene::Particle;
+using scene::ParticleBlendMode;
+
+constexpr float kGone = 20;      ///< scene units before the camera: nothing nearer is drawn
+constexpr float kUntouched = 90; ///< from here on nothing fades
+constexpr float kFaintest = 1.0f / 255;
+constexpr std::size_t kLeastCapacity = 1024;
+
+/// 8 bits a channel, premultiplied.
+std::uint32_t packed(const glm::vec4& color) {
+    const glm::vec4 solid(glm::vec3(color) * color.a, color.a);
+    std::uint32_t bytes = 0;
+    for (int i = 3; i >= 0; --i) {
+        const float level = std::clamp(solid[i], 0.0f, 1.0f) * 255 + 0.5f;
+        bytes = (bytes << 8U) | static_cast<std::uint32_t>(level);
+    }
+    return bytes;
+}
+
+struct Sides {
+    glm::vec3 right;
+    glm::vec3 up;
+};
+
+Sides facingSides(const Particle& particle, const CameraView& camera) {
+    const float half = particle.size / 2;
+    const float c = std::cos(particle.angle) * half;
+    const float s = std::sin(particle.angle) * half;
+    return {camera.axes[0] * c + camera.axes[1] * s, camera.axes[1] * c - camera.axes[0] * s};
+}
+
+/// Along the velocity as seen; seen from its end, a square.
+Sides stretchedSides(const Particle& particle, const CameraView& camera, float seconds) {
+    const float half = particle.size / 2;
+    const glm::vec3 view = particle.position - camera.position;
+    const glm::vec3 across = glm::cross(particle.velocity, view);
+    const float speed = glm::length(particle.velocity);
+    const float length = glm::length(across);
+    if (speed <= 0 || length <= 1e-4f * speed)
+        return {camera.axes[0] * half, camera.axes[1] * half};
+    const glm::vec3 up = particle.velocity * (seconds / 2 + half / speed);
+    return {across * (half / length), up};
+}
+
+} // namespace
+
+void ParticlePass::draw(const Tools& tools, const Snapshot& snapshot) {
+    if (snapshot.emitters().empty())
+        return;
+    instances.clear();
+    batches.clear();
+    gather(snapshot, ParticleBlendMode::alpha);
+    gather(snapshot, ParticleBlendMode::additive);
+    if (batches.empty())
+        return;
+    ensureReady();
+    upload();
+    tools.state.useProgram(program.name());
+    tools.state.bindVertexArray(array.name());
+    for (const Batch& batch : batches) {
+        const image::ImagePtr& picture = batch.system->particleImage;
+        tools.state.bindTexture(
+            kPictureUnit,
+            picture ? tools.textures.picture(picture, PictureUse::color) : tools.textures.white(),
+            tools.textures.sampler(scene::SCNWrapMode::clamp, scene::SCNWrapMode::clamp));
+        tools.state.set(
+            {.depthTest = DepthTest::nearer,
+             .depthWrite = DepthWrite::off,
+             .culling = Culling::none,
+             .blend = batch.system->blendMode == ParticleBlendMode::additive ? Blend::add
+                                                                             : Blend::over});
+        glDrawArraysInstancedBaseInstance(
+            GL_TRIANGLE_STRIP,
+            0,
+            4,
+            static_cast<GLsizei>(batch.count),
+            static_cast<GLuint>(batch.first));
+    }
+}
+
+void ParticlePass::gather(const Snapshot& snapshot, ParticleBlendMode mode) {
+    for (const PlacedEmitter& placed : snapshot.emitters()) {
+        if (placed.emitter->system()->blendMode == mode)
+            addBatch(placed, snapshot.camera(), mode);
+    }
+}
+
+void ParticlePass::addBatch(
+    const PlacedEmitter& placed, const CameraView& camera, ParticleBlendMode mode) {
+    const std::span<const Particle> particles = placed.emitter->live();
+    const glm::vec3 ahead = -camera.axes[2];
+    order.clear();
+    for (std::uint32_t i = 0; i < particles.size(); ++i) {
+        const float depth = glm::dot(particles[i].position - camera.position, ahead);
+        if (depth > kGone)
+            order.emplace_back(-depth, i);
+    }
+    if (mode == ParticleBlendMode::alpha)
+        std::ranges::sort(order);
+
+    const scene::SCNParticleSystem& system = *placed.emitter->system();
+    const std::size_t first = instances.size();
+    for (const auto& [minusDepth, i] : order) {
+        const Particle& particle = particles[i];
+        glm::vec4 color = particle.color;
+        color.a *= placed.opacity * glm::smoothstep(kGone, kUntouched, -minusDepth);
+        if (color.a < kFaintest || particle.size <= 0)
+            continue;
+        const Sides sides = system.stretchFactor > 0
+                                ? stretchedSides(particle, camera, system.stretchFactor)
+                                : facingSides(particle, camera);
+        instances.push_back({particle.position, sides.right, sides.up, packed(color)});
+    }
+    if (instances.size() > first)
+        batches.push_back({&system, first, instances.size() - first});
+}
+
+void ParticlePass::ensureReady() {
+    if (program)
+        return;
+    auto built = buildProgram({"particles.vert", "particles.frag"});
+    CHECK(built.has_value(), "{}", built.error().message);
+    program = std::move(*built);
+    GLuint name = 0;
+    glCreateVertexArrays(1, &name);
+    array = VertexArrayHandle(name);
+    glCreateBuffers(1, &name);
+    buffer = BufferHandle(name);
+    glVertexArrayVertexBuffer(array.name(), 0, buffer.name(), 0, sizeof(Instance));
+    glVertexArrayBindingDivisor(array.name(), 0, 1);
+    for (GLuint location = 0; location < 4; ++location) {
+        glEnableVertexArrayAttrib(array.name(), location);
+        glVertexArrayAttribBinding(array.name(), location, 0);
+    }
+    glVertexArrayAttribFormat(array.name(), 0, 3, GL_FLOAT, GL_FALSE, offsetof(Instance, middle));
+    glVertexArrayAttribFormat(array.name(), 1, 3, GL_FLOAT, GL_FALSE, offsetof(Instance, right));
+    glVertexArrayAttribFormat(array.name(), 2, 3, GL_FLOAT, GL_FALSE, offsetof(Instance, up));
+    glVertexArrayAttribFormat(
+        array.name(), 3, 4, GL_UNSIGNED_BYTE, GL_TRUE, offsetof(Instance, color));
+}
+
+void ParticlePass::upload() {
+    // New storage each time: frames under way keep theirs.
+    capacity = std::max({capacity, kLeastCapacity, instances.size()});
+    glNamedBufferData(
+        buffer.name(),
+        static_cast<GLsizeiptr>(capacity * sizeof(Instance)),
+        nullptr,
+        GL_STREAM_DRAW);
+    glNamedBufferSubData(
+        buffer.name(),
+        0,
+        static_cast<GLsizeiptr>(instances.size() * sizeof(Instance)),
+        instances.data());
+}
+
+} // namespace zelvo::render
