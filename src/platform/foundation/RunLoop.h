@@ -46,7 +46,7 @@ public:
 enum class Pacing {
     realTime, ///< as the wall clock does (the virtual clock has no such wait and always jumps)
     unpaced,  ///< the next due timer is taken at once and time jumps to it: an export, in which one
-             ///< frame of the loop's clock passes per frame written, however long it took to make
+              ///< frame of the loop's clock passes per frame written, however long it took to make
 };
 
 /// The main queue, delayed calls and timers, behind one interface with two clocks: the wall clock
