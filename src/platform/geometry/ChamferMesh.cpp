@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::uint32_t kNone = UINT32_MAX;
 constexpr double kSnap = 1e-3;     // scene units; points this near a level stand on it
-constexpr double kArcError = 0.03; // scene units between an arc and its chords
+constexpr double kArcError = 0.05; // scene units between an arc and its chords
 constexpr double kLargestWedge = std::numbers::pi / 8;
 constexpr double kClearOfFace = 1.1;    // widths; chords of two wedges' arcs stay below this
 constexpr float kSameNormal = 0.99999f; // cosine

@@ -15,7 +15,7 @@ namespace {
 
 constexpr double kMergeDistance = 3e-4; // scene units; nearer vertices are one
 constexpr double kChordError =
-    0.03; // scene units, of curved edges and of the distance along straight ones
+    0.05; // scene units, of curved edges and of the distance along straight ones
 constexpr double kLargestFanAngle =
     std::numbers::pi / 10; // that one link may cover, seen from a reflex corner
 constexpr int kMostPieces = 24;
