@@ -7,6 +7,7 @@
 #include "platform/render/DepthOfField.h"
 #include "platform/render/FrameDelivery.h"
 #include "platform/render/FrameDrawer.h"
+#include "platform/render/TechniquePasses.h"
 
 #include <epoxy/gl.h>
 
@@ -92,6 +93,7 @@ struct SCNRenderer::State {
     std::unique_ptr<HeadlessContext> context; // first in, last out: all below lives in it
     DeviceInfo device;
     FrameDrawer drawer;
+    TechniquePasses techniques;
     std::unique_ptr<FrameDelivery> delivery;
     TextureHandle depth; ///< shared: the frames are drawn one after the other
     Size depthSize;
@@ -183,6 +185,12 @@ void SCNRenderer::begin(const FrameRequest& request) {
         request.format};
     state->drawer.draw(
         *drawn, pointOfView.get(), {slot.framebuffer.name(), drawnSize}, slot.uniforms);
+    if (technique)
+        state->techniques.draw(
+            *technique,
+            {slot.color.name(), slot.framebuffer.name(), drawnSize},
+            drawn->time(),
+            state->drawer.graphicsState());
     state->delivery->queue(slot.frame, state->drawer.graphicsState(), slot.uniforms);
     slot.done = glFenceSync(GL_SYNC_GPU_COMMANDS_COMPLETE, 0);
     glFlush();

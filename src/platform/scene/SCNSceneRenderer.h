@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/scene/SCNScene.h"
+#include "platform/scene/SCNTechnique.h"
 
 namespace zelvo::scene {
 
@@ -32,6 +33,7 @@ public:
 
     SCNSceneRendererDelegate* delegate = nullptr;
     SCNNodePtr pointOfView; ///< null: the first node below the root that has a camera
+    SCNTechniquePtr technique; ///< drawn over the finished picture; null: none
 
     /// Animates the scene to the time and tells the delegate, without drawing.
     void update(double time);
