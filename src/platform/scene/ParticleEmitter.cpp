@@ -303,7 +303,8 @@ void ParticleEmitter::addParticle(std::uint32_t number, double bornAt) {
     const glm::vec3 gravity{0, s.affectedByGravity ? -kGravity : 0.0f, 0};
     const Motion motion =
         moved(glm::mat3(world) * way * speed, s.acceleration + gravity, s.dampingFactor, seconds);
-    glm::vec3 position = glm::vec3(world * glm::vec4(birth, 1)) + motion.position;
+    glm::vec3 position =
+        glm::vec3(world * glm::vec4(s.emitterPosition + birth, 1)) + motion.position;
     if (s.wander > 0)
         position += strayed(draws, s, seconds);
     live_.push_back({position, motion.velocity, size, glm::radians(angle), color});

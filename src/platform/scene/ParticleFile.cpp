@@ -187,6 +187,8 @@ SCNParticleSystemPtr readSystem(JsonObject& object, JsonFault& fault) {
         system->emittingDirection = *direction;
     if (glm::length(system->emittingDirection) < 1e-3f)
         object.report("emittingDirection", "must point somewhere");
+    if (const auto position = object.vector3("emitterPosition"))
+        system->emitterPosition = *position;
     if (const auto acceleration = object.vector3("acceleration"))
         system->acceleration = *acceleration;
     if (const auto seed = object.integer("seed", kSeed))

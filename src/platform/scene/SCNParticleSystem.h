@@ -59,6 +59,7 @@ public:
     float speedFactor = 1;      ///< of all time below
 
     ParticleShape emitterShape;
+    glm::vec3 emitterPosition{0}; ///< of the shape's middle, in the node's space
     ParticleBirthLocation birthLocation = ParticleBirthLocation::volume;
     ParticleBirthDirection birthDirection = ParticleBirthDirection::constant;
     glm::vec3 emittingDirection{0, 1, 0};
