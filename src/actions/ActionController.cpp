@@ -22,6 +22,7 @@ constexpr double kOpeningDelay = 0.01;             ///< seconds
 ActionController::ActionController(ActionControllerOwner& model, core::Nodes& stage)
     : nodes(stage)
     , undoManager(this)
+    , techniques(*this)
     , owner(model) {}
 
 const std::vector<XACPtr>& ActionController::recordedActions() const {
@@ -79,6 +80,7 @@ void ActionController::run(double time) {
     if (std::abs(time) < kNearZero) {
         resetAll(CameraHandles::include);
         parkNodes(nodes);
+        techniques.endAll();
         return;
     }
     for (const XACPtr& xac : recordedActions_) {

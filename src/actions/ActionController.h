@@ -4,6 +4,7 @@
 #include "actions/ActionControllerOwner.h"
 #include "actions/HomePose.h"
 #include "actions/MyUndoManager.h"
+#include "actions/Techniques.h"
 #include "actions/XAC.h"
 #include "core/stage/Nodes.h"
 
@@ -36,6 +37,7 @@ public:
 
     core::Nodes& nodes;
     MyUndoManager undoManager;
+    Techniques techniques;
     int currentIdentifier = 0; ///< the last one given out
 
     [[nodiscard]] ActionControllerOwner& model() const { return owner; }

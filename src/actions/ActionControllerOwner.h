@@ -3,6 +3,7 @@
 
 #include "core/node/Node.h"
 #include "platform/foundation/RunLoop.h"
+#include "platform/scene/SCNSceneRenderer.h"
 
 #include <vector>
 
@@ -22,6 +23,9 @@ public:
     [[nodiscard]] virtual const std::vector<core::NodePtr>& affectedNodes() const = 0;
     /// The base duration of every catalogue action at the present speed, seconds.
     [[nodiscard]] virtual double animationFactor() const = 0;
+
+    /// The one that shows the scene; null if none does.
+    [[nodiscard]] virtual scene::SCNSceneRenderer* currentRenderer() const { return nullptr; }
 
     /// Ends a run and takes the clock back to 0.
     virtual void stopAndReset() = 0;

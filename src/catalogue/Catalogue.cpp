@@ -20,7 +20,7 @@ constexpr auto kTabs = std::to_array<Tab>({
     {"TXT", "MID", "letter actions for the middle of a movie", nullptr  },
     {"ROT", "ROT", "rotations of the whole stage",             nullptr  },
     {"CAM", "CAM", "camera actions",                           nullptr  },
-    {"FX1", "FX1", "post-processing and hide",                 nullptr  },
+    {"FX1", "FX1", "post-processing and hide",                 showFX1  },
     {"FX2", "FX2", "explosions with light",                    nullptr  },
     {"FX3", "FX3", "particle and light effects",               nullptr  },
     {"OT1", "OT1", "straight exits",                           showOut1 },

@@ -119,7 +119,7 @@ public:
     /// Which renderer shows the scene; done with the next turn of the run loop.
     void attachScene(movie::SceneHome home) override;
     /// The one that shows a scene at the moment; null if none does.
-    [[nodiscard]] scene::SCNSceneRenderer* currentRenderer() const;
+    [[nodiscard]] scene::SCNSceneRenderer* currentRenderer() const override;
 
     // --- speed
     AnimationRatio animationRatio = AnimationRatio::normal;

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+// Tab FX1: full-frame effects and hiding, all of them held. Also the one such effect of tab FX3.
+#include "catalogue/FullFrame.h"
+
+#include "actions/ActionController.h"
+#include "catalogue/BuildingBlocks.h"
+#include "catalogue/Tabs.h"
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace zelvo::catalogue {
+
+namespace {
+
+using actions::ActionController;
+using actions::RegisterUndo;
+using actions::Techniques;
+
+struct TechniqueRow {
+    std::string_view label;
+    std::string_view technique;
+    std::string_view title;
+};
+
+constexpr auto kTechniques = std::to_array<TechniqueRow>({
+    {"Blur",     "Blur",       "Blur"      },
+    {"Invert",   "Invert",     "Invert"    },
+    {"Expo",     "Exposure",   "Exposure"  },
+    {"Tiles",    "Tiles",      "Tiles"     },
+    {"ColShift", "ColorShift", "ColorShift"},
+});
+
+constexpr glm::vec3 kOutOfView{10000, 10000, 0};
+
+Button techniqueButton(const Face& face, std::string_view technique, std::string_view title) {
+    const auto box = std::make_shared<std::optional<Techniques::Hold>>();
+    return {
+        .face = face,
+        .title = title,
+        .beganFunc =
+            [=](ActionController& controller) {
+                *box = controller.techniques.beginTechnique(technique, title);
+            },
+        .endFunc =
+            [=](ActionController& controller) {
+                if (*box)
+                    controller.techniques.endTechnique(**box);
+                box->reset();
+            }};
+}
+
+/// An action that brings what of the nodes is shy to a place at once.
+std::function<void()> shyTo(const std::vector<core::NodePtr>& nodes, const glm::vec3& place) {
+    return [nodes, place] {
+        for (const core::NodePtr& node : nodes)
+            node->shyNode->runAction(moveTo(place));
+    };
+}
+
+Button hideButton() {
+    const auto box = std::make_shared<int>(0);
+    return {
+        .face = {.label = "Hide"},
+        .title = "Hide",
+        .beganFunc =
+            [box](ActionController& controller) {
+                *box = controller.newIdentifier();
+                const auto& nodes = controller.model().affectedNodes();
+                if (nodes.empty())
+                    return;
+                controller.addAction(
+                    shyTo(nodes, kOutOfView),
+                    *box,
+                    ActionController::describe("Hide", nodes),
+                    RegisterUndo::yes);
+            },
+        .endFunc =
+            [box](ActionController& controller) {
+                controller.addAction(
+                    shyTo(controller.model().affectedNodes(), kHome), *box, "", RegisterUndo::no);
+            }};
+}
+
+} // namespace
+
+Button glitchButton(const Face& face) {
+    return techniqueButton(face, "Glitch", "Wobble");
+}
+
+std::vector<Button> showFX1() {
+    std::vector<Button> buttons;
+    for (const TechniqueRow& row : kTechniques)
+        buttons.push_back(techniqueButton({.label = row.label}, row.technique, row.title));
+    buttons.push_back(hideButton());
+    return buttons;
+}
+
+} // namespace zelvo::catalogue
