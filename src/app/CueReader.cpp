@@ -13,9 +13,12 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
+constexpr double kShortestHold = 0.02; ///< seconds: a frame and a little
+constexpr double kLongestHold = 3600;
+
 const ObjectReader::Keys kCueKeys{
-    .known = {"at",    "tab", "press", "nodes", "speed", "undo", "redo"},
-    .later = {"hold", "for",      "pan",        "pinch",          "doubleTap"      }
+    .known = {"at",   "tab",   "press", "hold", "for", "nodes", "speed", "undo", "redo"},
+    .later = {"pan", "pinch", "doubleTap"}
 };
 
 [[nodiscard]] bool equalsIgnoringCase(std::string_view a, std::string_view b) {
@@ -107,7 +110,7 @@ private:
         if (object.has("undo") && object.has("redo")) {
             problems.add(object.lineOf("redo"), R"(a cue is either "undo" or "redo")");
         }
-        for (const auto* const key : {"tab", "press", "nodes", "speed"}) {
+        for (const auto* const key : {"tab", "press", "hold", "for", "nodes", "speed"}) {
             if (!object.has(key))
                 continue;
             problems.add(
@@ -120,23 +123,55 @@ private:
         Press result;
         result.speed = readSpeed(object, context.names, problems);
         result.nodes = affectedNodes(object);
-        if (!object.has("tab") || !object.has("press")) {
+        const bool isHeld = object.has("hold");
+        const char* const key = isHeld ? "hold" : "press";
+        if (!object.has("tab") || !object.has(key)) {
             problems.add(
                 object.lineOf(""),
-                R"(cue needs "tab" and "press", or "undo": true, or "redo": true)");
+                R"(cue needs "tab" and "press" or "hold", or "undo": true, or "redo": true)");
             return result;
         }
+        if (isHeld && object.has("press"))
+            problems.add(object.lineOf("press"), R"(a cue is either "press" or "hold")");
+        result.held = holdTime(object);
         Strings tabs;
         for (const auto& row : context.names.tabs)
             tabs.push_back(row.tab);
         const auto tab = object.choice("tab", "tab", tabs);
-        const auto title = object.string("press");
+        const auto title = object.string(key);
         if (!tab || !title)
             return result;
-        checkButton(*tab, *title, object.lineOf("press"));
+        checkButton(*tab, *title, object.lineOf(key));
+        checkHand(*tab, *title, object);
         result.tab = *tab;
         result.title = *title;
         return result;
+    }
+
+    /// Seconds; none for a cue that only presses.
+    [[nodiscard]] std::optional<double> holdTime(const ObjectReader& object) {
+        const bool isHeld = object.has("hold");
+        if (isHeld != object.has("for")) {
+            problems.add(
+                object.lineOf(isHeld ? "hold" : "for"),
+                R"("hold" and "for", how many seconds, go together)");
+            return std::nullopt;
+        }
+        return isHeld ? object.number("for", {kShortestHold, kLongestHold}) : std::nullopt;
+    }
+
+    /// Whether the button is pressed or held as its kind asks.
+    void checkHand(const std::string& tab, const std::string& title, const ObjectReader& object) {
+        const auto row = std::ranges::find(context.names.tabs, tab, &TabNames::tab);
+        if (std::ranges::find(row->titles, title) == row->titles.end())
+            return;
+        const bool lasts = std::ranges::find(row->held, title) != row->held.end();
+        if (lasts == object.has("hold"))
+            return;
+        problems.add(
+            object.lineOf(lasts ? "press" : "hold"),
+            lasts ? fmt::format(R"(button "{}" is held: write "hold" and "for")", title)
+                  : fmt::format(R"(button "{}" cannot be held: write "press")", title));
     }
 
     void checkButton(const std::string& tab, const std::string& title, int line) {

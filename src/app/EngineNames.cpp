@@ -63,9 +63,13 @@ Names engineNames() {
         (isBuilt ? names.scenes : names.laterScenes).emplace_back(scene);
     }
     for (const auto& tab : catalogue::tabs()) {
-        names.tabs.push_back(
-            {std::string(tab.shortTitle),
-             collected(tab.buttons(), [](const auto& button) { return button.title; })});
+        TabNames row{.tab = std::string(tab.shortTitle), .titles = {}};
+        for (const auto& button : tab.buttons()) {
+            row.titles.emplace_back(button.title);
+            if (button.isHold())
+                row.held.emplace_back(button.title);
+        }
+        names.tabs.push_back(std::move(row));
     }
     return names;
 }

@@ -71,6 +71,7 @@ struct Press {
     std::string title;                ///< in the history
     std::vector<std::string> nodes;   ///< short names; empty: all
     std::optional<std::string> speed; ///< title of a speed, for this press only
+    std::optional<double> held;       ///< of a button that is held: seconds from press to lift-off
 };
 
 struct Undo {};

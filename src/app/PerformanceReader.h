@@ -17,6 +17,7 @@ namespace zelvo::app {
 struct TabNames {
     std::string tab;
     std::vector<std::string> titles;
+    std::vector<std::string> held{}; ///< those of them that last as long as they are held
 };
 
 /// The names a performance may use. Handed in, so that the reader knows nothing of the engine.

@@ -95,6 +95,8 @@ public:
         const auto& cues = performance.cues;
         const double movieTime = time - engine.model().startCounter();
         while (next < cues.size() && cues[next].at - kNear <= movieTime) {
+            liftOffDue(cues[next].at);
+            now = cues[next].at;
             const auto& act = cues[next++].act;
             if (const auto* const what = std::get_if<Press>(&act)) {
                 press(*what);
@@ -104,9 +106,28 @@ public:
                 engine.model().actionController().redo();
             }
         }
+        liftOffDue(movieTime);
     }
 
 private:
+    /// A button that the hand has not let go of yet.
+    struct Held {
+        double until = 0; ///< seconds of the movie
+        catalogue::Button button;
+        std::vector<core::NodePtr> nodes;
+    };
+
+    /// In the order of their times; those of one time in the order of pressing.
+    void liftOffDue(double movieTime) {
+        std::ranges::stable_sort(held, {}, &Held::until);
+        while (!held.empty() && held.front().until - kNear <= movieTime) {
+            const Held done = std::move(held.front());
+            held.erase(held.begin());
+            engine.model().setAffectedNodes(done.nodes);
+            done.button.endFunc(engine.model().actionController());
+        }
+    }
+
     void press(const Press& cue) {
         auto& model = engine.model();
         model.setAffectedNodes(nodesOf(cue));
@@ -117,6 +138,8 @@ private:
         const auto button = std::ranges::find(buttons, cue.title, &catalogue::Button::title);
         CHECK(button != buttons.end(), "no button of tab {} is called {}", cue.tab, cue.title);
         button->beganFunc(model.actionController());
+        if (cue.held)
+            held.push_back({now + *cue.held, *button, model.affectedNodes()});
         model.animationRatio = usualSpeed;
     }
 
@@ -134,6 +157,8 @@ private:
     const Performance& performance;
     Engine& engine;
     core::AnimationRatio usualSpeed;
+    std::vector<Held> held;
+    double now = 0; ///< of the cue at hand, seconds of the movie
     std::size_t next = 0;
 };
 

@@ -32,6 +32,7 @@ const std::string kWhole = R"({
     {"at": 5.9, "undo": true},
     {"at": 0.5, "tab": "OT2", "press": "Falling Out"},
     {"at": 0.5, "tab": "IN1", "press": "Left In", "nodes": ["TX2", "TX1"], "speed": "SLOW"},
+    {"at": 1.0, "tab": "FX1", "hold": "Blur", "for": 1.5},
     {"at": -2.0, "redo": true}
   ]
 })";
@@ -93,13 +94,15 @@ TEST(PerformanceReader, takes_the_picture_and_the_object) {
 TEST(PerformanceReader, sorts_cues_by_time_and_keeps_the_order_of_equal_times) {
     const auto read = readPerformance(kWhole, testNames());
     ASSERT_TRUE(read);
-    ASSERT_EQ(read->cues.size(), 4U);
+    ASSERT_EQ(read->cues.size(), 5U);
     EXPECT_TRUE(std::holds_alternative<Redo>(read->cues[0].act));
     EXPECT_EQ(std::get<Press>(read->cues[1].act).title, "Falling Out");
     const auto& press = std::get<Press>(read->cues[2].act);
     EXPECT_EQ(press.nodes, (std::vector<std::string>{"TX2", "TX1"}));
     EXPECT_EQ(press.speed, "Slow");
-    EXPECT_TRUE(std::holds_alternative<Undo>(read->cues[3].act));
+    EXPECT_FALSE(press.held);
+    EXPECT_EQ(std::get<Press>(read->cues[3].act).held, 1.5);
+    EXPECT_TRUE(std::holds_alternative<Undo>(read->cues[4].act));
 }
 
 /// A text, and all that is wrong with it.

@@ -7,7 +7,7 @@ namespace zelvo::app {
 
 /// A few names of each kind.
 inline Names testNames() {
-    return {
+    Names names{
         .fonts = {"Abel-Regular",                   "Audiowide-Regular",                                                  "Bungee"        },
         .materials = {"Plain",                          "Iron",                                                               "Iron / Plastic"},
         .objectMaterials = {"Plain",                          "Iron"                                                              },
@@ -19,6 +19,8 @@ inline Names testNames() {
         .tabs = {
                   {"IN1", {"Left In", "Right In"}},                                 {"OT2", {"Falling Out", "Fade Out"}}, {"CAM", {}}         }
     };
+    names.tabs.push_back({"FX1", {"Blur"}, {"Blur"}});
+    return names;
 }
 
 } // namespace zelvo::app
