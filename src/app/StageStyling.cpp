@@ -69,6 +69,13 @@ void styleText(const TextStyle& style, content::TextNode& node) {
     styleLayout(style, node);
 }
 
+const content::ImageMaskPtr& maskNamed(const std::string& name) {
+    const auto& masks = content::imageMasks();
+    const auto mask = std::ranges::find(masks, name, &content::ImageMask::name);
+    CHECK(mask != masks.end(), "no mask is called {}", name);
+    return *mask;
+}
+
 foundation::Result<void>
 styleImage(const ImageStyle& style, const std::filesystem::path& folder, content::ImageNode& node) {
     if (style.image) {
@@ -77,12 +84,8 @@ styleImage(const ImageStyle& style, const std::filesystem::path& folder, content
             return tl::unexpected(picture.error().in(std::to_string(style.line)));
         node.setImage(std::move(*picture));
     }
-    if (style.mask) {
-        const auto& masks = content::imageMasks();
-        const auto mask = std::ranges::find(masks, *style.mask, &content::ImageMask::name);
-        CHECK(mask != masks.end(), "no mask is called {}", *style.mask);
-        node.setCurrentMask(*mask);
-    }
+    if (style.mask)
+        node.setCurrentMask(maskNamed(*style.mask));
     node.hFlipped = style.flipH.value_or(node.hFlipped);
     node.vFlipped = style.flipV.value_or(node.vFlipped);
     node.updateContent();

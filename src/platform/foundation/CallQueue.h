@@ -40,8 +40,10 @@ public:
         auto node = entries.extract(entries.begin());
         Entry entry = std::move(node.mapped());
         entry.call();
-        if (entry.interval > 0 && !isCancelled(entry))
-            add(now + entry.interval, std::move(entry));
+        if (entry.interval <= 0 || isCancelled(entry))
+            return;
+        const double due = now + entry.interval;
+        add(due, std::move(entry));
     }
 
 private:

@@ -21,7 +21,7 @@ public:
     /// Kept in memory only.
     UserDefaults() = default;
     /// Kept in the given file (JSON), which is read now.
-    explicit UserDefaults(std::filesystem::path file);
+    explicit UserDefaults(std::filesystem::path path);
 
     /// Absent if the key was never written or holds a value of another type.
     [[nodiscard]] std::optional<std::string> string(const std::string& key) const;
