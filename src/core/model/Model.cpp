@@ -165,6 +165,7 @@ void Model::fireTimeSignal() const {
 
 void Model::removeEffects() {
     scene::SCNTransaction::begin();
+    services.nodes.particleAndParticleLightHolder->removeAllParticleSystems();
     const auto effects = services.nodes.particleAndParticleLightHolder->childNodes();
     for (const scene::SCNNodePtr& effect : effects) {
         effect->removeFromParentNode();

@@ -5,6 +5,7 @@
 #include "content/MediaNode.h"
 #include "content/TextNode.h"
 #include "core/stage/MediaholderNode.h"
+#include "core/stage/ParticleNodes.h"
 
 #include <vector>
 
@@ -44,6 +45,20 @@ public:
 
     const DefaultSCNNodePtr fxHolderNode;                   ///< overlay effects; faces the camera
     const DefaultSCNNodePtr particleAndParticleLightHolder; ///< emptied by every stop
+
+    // Particle resources, all read at start-up, so that no effect pays for its loading.
+    const ParticleList fireExplo = ParticleNodes::load("FireExplo.scn");
+    const scene::SCNParticleSystemPtr wosherSparkles = ParticleNodes::sparkles();
+    const ParticleList particleBigDropExpo = ParticleNodes::load("DropExplo.scn");
+    const ParticleList particleExplo2 = ParticleNodes::load("Explo2.scn");
+    const ParticleList particleExplo3 = ParticleNodes::load("Explo3.scn");
+    const ParticleList particleClouds = ParticleNodes::load("Clouds.scn");
+    const ParticleList lightBeams = ParticleNodes::load("LightBeams.scn");
+    const ParticleList geometryParticles = ParticleNodes::load("GeometryParticles.scn");
+    const ParticleList colorfulBeams = ParticleNodes::load("ColorfulBeams.scn");
+    const ParticleList particleVoltage = ParticleNodes::load("Voltage.scn");
+    const ParticleList particleWosh = ParticleNodes::load("Wosh.scn");
+    const ParticleList particleXWosh = ParticleNodes::load("XWosh.scn");
 
     /// What a scene's root holds, in the order of adding: fxHolderNode,
     /// particleAndParticleLightHolder, cameraJittery, mediaHolderNode.
