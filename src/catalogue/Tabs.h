@@ -10,6 +10,8 @@ namespace zelvo::catalogue {
 
 [[nodiscard]] std::vector<Button> showFlyBy();
 [[nodiscard]] std::vector<Button> showFX1();
+[[nodiscard]] std::vector<Button> showFX2();
+[[nodiscard]] std::vector<Button> showFX3();
 [[nodiscard]] std::vector<Button> showIn1();
 [[nodiscard]] std::vector<Button> showIn2();
 [[nodiscard]] std::vector<Button> showIn3();

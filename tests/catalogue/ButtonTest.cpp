@@ -25,7 +25,7 @@ TEST_F(ButtonTest, StandInFourteenTabs) {
         }
     }
     EXPECT_EQ(row, "FLY IN1 IN2 IN3 IN4 TXT ROT CAM FX1 FX2 FX3 OT1 OT2 OT3 ");
-    EXPECT_GE(titles.size(), 9U * 6U);
+    EXPECT_GE(titles.size(), 11U * 6U);
     EXPECT_EQ(tabNamed("TXT")->field, "MID");
     EXPECT_EQ(tabNamed("MID"), nullptr);
 }
