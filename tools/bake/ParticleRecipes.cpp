@@ -170,6 +170,18 @@ template <float (*cover)(const glm::vec2&)> Baked made(int width, int height) {
     return sprite(width, height, cover);
 }
 
+/// As its slot wants it: what is black covers, what is white is clear.
+Baked streakCover(int width, int height) {
+    Baked baked = made<streak>(width, height);
+    for (std::size_t i = 0; i < baked.picture.pixels.size(); i += 4) {
+        std::uint8_t* pixel = &baked.picture.pixels[i];
+        const float clear = 1 - static_cast<float>(pixel[3]) / 255;
+        std::fill_n(pixel, 3, byteOf(image::sRGBFromLinear(clear)));
+        pixel[3] = 255;
+    }
+    return baked;
+}
+
 constexpr auto kRecipes = std::to_array<Recipe>({
     {"particle_beam.png",     Repeats::never, 32,   256, made<beam>    },
     {"particle_bolt.png",     Repeats::never, 128,  256, made<bolt>    },
@@ -184,7 +196,7 @@ constexpr auto kRecipes = std::to_array<Recipe>({
     {"particle_spark.png",    Repeats::never, 32,   128, made<spark>   },
     {"particle_square.png",   Repeats::never, 128,  128, made<square>  },
     {"particle_triangle.png", Repeats::never, 128,  128, made<triangle>},
-    {"Streak_1.png",          Repeats::never, 1024, 128, made<streak>  },
+    {"Streak_1.png",          Repeats::never, 1024, 128, streakCover   },
 });
 
 } // namespace

@@ -19,8 +19,9 @@ namespace {
 using scene::Particle;
 using scene::ParticleBlendMode;
 
-constexpr float kGone = 20;      ///< scene units before the camera: nothing nearer is drawn
-constexpr float kUntouched = 90; ///< from here on nothing fades
+constexpr float kGone = 20;       ///< scene units before the camera: nothing nearer is drawn
+constexpr float kUntouched = 90;  ///< from here on nothing fades
+constexpr float kMostLift = 0.6f; ///< share of the way to the camera
 constexpr float kFaintest = 1.0f / 255;
 constexpr std::size_t kLeastCapacity = 1024;
 
@@ -127,7 +128,10 @@ void ParticlePass::addBatch(
         const Sides sides = system.stretchFactor > 0
                                 ? stretchedSides(particle, camera, system.stretchFactor)
                                 : facingSides(particle, camera);
-        instances.push_back({particle.position, sides.right, sides.up, packed(color)});
+        const float lift = mode == ParticleBlendMode::additive
+                               ? std::min(particle.size / 2, kMostLift * -minusDepth)
+                               : 0.0f;
+        instances.push_back({particle.position, sides.right, sides.up, lift, packed(color)});
     }
     if (instances.size() > first)
         batches.push_back({&system, first, instances.size() - first});
@@ -146,15 +150,16 @@ void ParticlePass::ensureReady() {
     buffer = BufferHandle(name);
     glVertexArrayVertexBuffer(array.name(), 0, buffer.name(), 0, sizeof(Instance));
     glVertexArrayBindingDivisor(array.name(), 0, 1);
-    for (GLuint location = 0; location < 4; ++location) {
+    for (GLuint location = 0; location < 5; ++location) {
         glEnableVertexArrayAttrib(array.name(), location);
         glVertexArrayAttribBinding(array.name(), location, 0);
     }
     glVertexArrayAttribFormat(array.name(), 0, 3, GL_FLOAT, GL_FALSE, offsetof(Instance, middle));
     glVertexArrayAttribFormat(array.name(), 1, 3, GL_FLOAT, GL_FALSE, offsetof(Instance, right));
     glVertexArrayAttribFormat(array.name(), 2, 3, GL_FLOAT, GL_FALSE, offsetof(Instance, up));
+    glVertexArrayAttribFormat(array.name(), 3, 1, GL_FLOAT, GL_FALSE, offsetof(Instance, lift));
     glVertexArrayAttribFormat(
-        array.name(), 3, 4, GL_UNSIGNED_BYTE, GL_TRUE, offsetof(Instance, color));
+        array.name(), 4, 4, GL_UNSIGNED_BYTE, GL_TRUE, offsetof(Instance, color));
 }
 
 void ParticlePass::upload() {

@@ -12,7 +12,9 @@ namespace zelvo::render {
 
 /// Draws particles over what stands in the target, behind what is nearer: one draw call an
 /// emitter, all from one buffer. Those that cover come first, back to front; those that shine add
-/// up in any order. Particles near the camera fade, so that none ever fills the picture.
+/// up in any order. Particles near the camera fade, so that none ever fills the picture. What
+/// shines counts as a ball, not as a disc: half its size before its middle, so that no floor cuts
+/// it off.
 ///
 /// They are drawn as encoded values, neither lit nor tone mapped. The frame's uniforms are bound.
 class ParticlePass {
@@ -31,6 +33,7 @@ private:
         glm::vec3 middle;
         glm::vec3 right; ///< half of the square's side
         glm::vec3 up;
+        float lift; ///< by which it counts as nearer than it is
         std::uint32_t color;
     };
 
