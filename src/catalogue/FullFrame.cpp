@@ -92,6 +92,7 @@ Button glitchButton(const Face& face) {
 
 std::vector<Button> showFX1() {
     std::vector<Button> buttons;
+    buttons.reserve(kTechniques.size() + 1);
     for (const TechniqueRow& row : kTechniques)
         buttons.push_back(techniqueButton({.label = row.label}, row.technique, row.title));
     buttons.push_back(hideButton());

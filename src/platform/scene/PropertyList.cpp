@@ -87,7 +87,7 @@ private:
             auto entry = value(depth + 1);
             if (!entry)
                 return entry;
-            result.values.emplace_back(key, std::move(*entry));
+            result.values.push_back({key, std::move(*entry)});
         }
         if (xml.hasError())
             return fault(Cause::malformed, xml.errorString().toStdString());
@@ -120,20 +120,19 @@ PropertyValue PropertyValue::string(std::string text) {
 
 PropertyValue PropertyValue::array(std::vector<PropertyValue> items) {
     PropertyValue result{.kind = Kind::array, .text = {}, .values = {}};
+    result.values.reserve(items.size());
     for (PropertyValue& item : items)
-        result.values.emplace_back(std::string(), std::move(item));
+        result.values.push_back({{}, std::move(item)});
     return result;
 }
 
-PropertyValue
-PropertyValue::dictionary(std::vector<std::pair<std::string, PropertyValue>> entries) {
+PropertyValue PropertyValue::dictionary(std::vector<Entry> entries) {
     return {.kind = Kind::dictionary, .text = {}, .values = std::move(entries)};
 }
 
 const PropertyValue* PropertyValue::find(std::string_view key) const {
-    const auto found = std::ranges::find(
-        values, key, [](const auto& entry) { return std::string_view(entry.first); });
-    return kind != Kind::dictionary || found == values.end() ? nullptr : &found->second;
+    const auto found = std::ranges::find(values, key, &Entry::key);
+    return kind != Kind::dictionary || found == values.end() ? nullptr : &found->value;
 }
 
 Result<PropertyValue> readPropertyList(std::string_view xml) {
