@@ -1,0 +1,1 @@
+zelvo_benchmark(particles_bench SOURCES ParticlesBench.cpp LINK zelvo_render zelvo_scene)
