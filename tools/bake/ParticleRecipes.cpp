@@ -133,7 +133,7 @@ float shock(const glm::vec2& p) {
 /// How far a lightning's course strays at a height.
 float course(float y, std::uint32_t seed) {
     const float share = (y + 1) / 2;
-    return 1.5f * fractal({share, 0.5f}, octaves(4, 5, 0.62f, seed)) * (1 - y * y);
+    return 0.9f * fractal({share, 0.5f}, octaves(4, 5, 0.62f, seed)) * (1 - y * y);
 }
 
 float bolt(const glm::vec2& p) {
