@@ -178,7 +178,7 @@ float SCNParticleSystem::longestLife() const {
 double SCNParticleSystem::mostAlive() const {
     const double rate =
         static_cast<double>(birthRate) + static_cast<double>(birthRateVariation) / 2;
-    const double life = static_cast<double>(longestLife());
+    const auto life = static_cast<double>(longestLife());
     return rate * (loops ? life : std::min(life, static_cast<double>(emissionDuration)));
 }
 

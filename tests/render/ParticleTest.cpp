@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "StageFixture.h"
+
+namespace zelvo::render {
+namespace {
+
+using scene::ParticleBlendMode;
+
+class ParticleTest : public Stage {
+protected:
+    /// One motionless square of 1 unit before the middle of a grey wall.
+    scene::SCNNodePtr addParticle(const glm::vec4& color, ParticleBlendMode mode, float z = 0) {
+        auto system = std::make_shared<scene::SCNParticleSystem>();
+        system->birthRate = 1;
+        system->loops = false;
+        system->warmupDuration = 1;
+        system->particleLifeSpan = 60;
+        system->particleColors = {color};
+        system->blendMode = mode;
+        const scene::SCNNodePtr node = addNode({0, 0, z});
+        node->addParticleSystem(system);
+        return node;
+    }
+
+    void SetUp() override {
+        // A tenth of the angle from ten times as far: particles fade close to the camera.
+        camera->position = glm::vec3(0, 0, 100);
+        camera->camera->fieldOfView = 1.145877; // 2 atan(1 / 100)
+        camera->camera->zFar = 1000;
+        addSquare(makeMaterial(image::Color::hex(0x404040)), -1);
+    }
+};
+
+TEST_F(ParticleTest, CoversOrAddsByItsAlpha) {
+    struct Row {
+        glm::vec4 color;
+        ParticleBlendMode mode;
+        Pixel wanted;
+    };
+
+    for (const Row& row : std::initializer_list<Row>{
+             {{1, 0, 0, 1},       ParticleBlendMode::alpha,    {255, 0, 0}   },
+             {{1, 0, 0, 0.5f},    ParticleBlendMode::alpha,    {160, 32, 32} },
+             {{1, 0.5f, 0, 0.5f}, ParticleBlendMode::additive, {192, 128, 64}}
+    }) {
+        const scene::SCNNodePtr node = addParticle(row.color, row.mode);
+        expectNear(middle(), row.wanted, 2);
+        expectNear(at(draw(), 10, 32), {64, 64, 64}, 1); // beside it
+        node->opacity = 0.0f;
+        expectNear(middle(), {64, 64, 64}, 1);
+        node->removeFromParentNode();
+    }
+}
+
+TEST_F(ParticleTest, StandsBehindWhatIsNearer) {
+    addParticle({1, 0, 0, 1}, ParticleBlendMode::alpha, -3);
+    addParticle({0, 1, 0, 1}, ParticleBlendMode::additive, -3);
+    expectNear(middle(), {64, 64, 64}, 1);
+}
+
+TEST_F(ParticleTest, FadesBeforeTheCamera) {
+    const scene::SCNNodePtr node = addParticle({1, 1, 1, 1}, ParticleBlendMode::additive, 45);
+    const int half = middle()[0]; // 55 units away: half way between 20 and 90
+    EXPECT_NEAR(half, 64 + 128, 3);
+    node->removeFromParentNode();
+    addParticle({1, 1, 1, 1}, ParticleBlendMode::additive, 85);
+    expectNear(middle(), {64, 64, 64}, 1);
+}
+
+} // namespace
+} // namespace zelvo::render
