@@ -19,9 +19,6 @@ namespace zelvo::app {
 
 namespace {
 
-/// The environments that can be built; the rest of SceneManager's list follows.
-constexpr auto kBuiltScenes = std::to_array<std::string_view>({"Flat", "Plain", "Shiny", "Stage"});
-
 template <class Range, class Projection>
 [[nodiscard]] std::vector<std::string> collected(const Range& range, Projection nameOf) {
     std::vector<std::string> names;
@@ -58,10 +55,8 @@ Names engineNames() {
     names.shapes = collected(content::mediaShapes(), [](const auto& shape) { return shape->name; });
     names.masks = collected(content::imageMasks(), [](const auto& mask) { return mask->name; });
     names.speeds = collected(core::kSpeeds, [](const auto& row) { return row.title; });
-    for (const auto& scene : look::SceneManager::sceneNames) {
-        const bool isBuilt = std::ranges::find(kBuiltScenes, scene) != kBuiltScenes.end();
-        (isBuilt ? names.scenes : names.laterScenes).emplace_back(scene);
-    }
+    names.scenes.assign(
+        look::SceneManager::sceneNames.begin(), look::SceneManager::sceneNames.end());
     for (const auto& tab : catalogue::tabs()) {
         TabNames row{.tab = std::string(tab.shortTitle), .titles = {}};
         for (const auto& button : tab.buttons()) {

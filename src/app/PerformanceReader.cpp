@@ -45,7 +45,7 @@ public:
             return result;
         result.duration = object.number("duration", kDuration);
         result.speed = readSpeed(object, names, problems);
-        result.scene = scene(object);
+        result.scene = object.choice("scene", "scene", names.scenes);
         result.background = object.color("background");
         if (const auto* const nodes = object.find("nodes")) {
             NodeStyles styles = readNodeStyles(*nodes, names, problems);
@@ -63,17 +63,6 @@ public:
     Problems problems;
 
 private:
-    [[nodiscard]] std::optional<std::string> scene(const ObjectReader& object) {
-        const auto* const value = object.find("scene");
-        if (value != nullptr && value->kind == JsonValue::Kind::string &&
-            std::ranges::find(names.laterScenes, value->string) != names.laterScenes.end()) {
-            problems.add(
-                value->line, fmt::format("scene \"{}\" is not supported yet", value->string));
-            return std::nullopt;
-        }
-        return object.choice("scene", "scene", names.scenes);
-    }
-
     [[nodiscard]] std::optional<Music> music(const JsonValue& value) {
         const ObjectReader object(value, "audio", kAudioKeys, problems);
         Music result;

@@ -28,8 +28,7 @@ struct Names {
     std::vector<std::string> shapes;
     std::vector<std::string> masks;
     std::vector<std::string> scenes;
-    std::vector<std::string> laterScenes; ///< known, but not built yet
-    std::vector<std::string> speeds;      ///< accepted in any case of letters
+    std::vector<std::string> speeds; ///< accepted in any case of letters
     std::vector<TabNames> tabs;
 };
 

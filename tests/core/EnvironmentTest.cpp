@@ -14,7 +14,20 @@ constexpr Color kRed{1, 0, 0, 1};
 constexpr Color kGreen{0, 1, 0, 1};
 constexpr Color kBlue{0, 0, 1, 1};
 
-enum Index { flat = 0, plain = 1, shiny = 2, stage = 6 };
+enum Index {
+    flat = 0,
+    plain = 1,
+    shiny = 2,
+    ancient = 4,
+    backlight = 5,
+    stage = 6,
+    spaceBox = 7,
+    brilliance = 8,
+    subtle = 9,
+    flares = 10
+};
+
+constexpr int kCount = static_cast<int>(SceneManager::sceneNames.size());
 
 class EnvironmentTest : public testing::Test {
 protected:
@@ -29,11 +42,16 @@ protected:
         return lights;
     }
 
+    static scene::SCNNodePtr nodeOf(const SNE& environment, const std::string& name) {
+        return environment.scene->rootNode()->childNodeWithName(
+            name, scene::SCNNode::Search::recursively);
+    }
+
     foundation::VirtualRunLoop runLoop;
 };
 
 TEST_F(EnvironmentTest, AreMadeByNumber) {
-    for (const int index : {flat, plain, shiny, stage}) {
+    for (int index = 0; index < kCount; ++index) {
         const SNEPtr one = environment(index);
         ASSERT_NE(one, nullptr) << SceneManager::sceneNames.at(static_cast<std::size_t>(index));
         EXPECT_NE(one->scene, environment(index)->scene) << "never kept";
@@ -43,12 +61,12 @@ TEST_F(EnvironmentTest, AreMadeByNumber) {
                 nullptr);
         }
     }
-    for (const int index : {-1, 3, 4, 5, 7, 8, 9, 10, 11})
+    for (const int index : {-1, kCount})
         EXPECT_EQ(environment(index), nullptr) << index;
 }
 
 TEST_F(EnvironmentTest, LightTheContent) {
-    for (const int index : {flat, plain, shiny, stage}) {
+    for (int index = 0; index < kCount; ++index) {
         const SNEPtr one = environment(index);
         bool isLit = one->scene->lightingEnvironment.image() != nullptr;
         for (const auto& light : lightsOf(*one)) {
@@ -114,6 +132,90 @@ TEST_F(EnvironmentTest, ATintMayOutliveItsEnvironment) {
     one.reset();
     runLoop.drain();
     EXPECT_EQ(left->background.image(), before);
+}
+
+TEST_F(EnvironmentTest, SpreadTheColourOverTheirLamps) {
+    struct Row {
+        int index;
+        const char* lamp;
+        float shift;        ///< of the hue, turns; red is given
+        std::uint32_t mask; ///< of the light; 0: every node's
+    };
+
+    const auto rows = std::to_array<Row>({
+        {ancient,    "light3",      0,      0},
+        {ancient,    "light5",      0,      0},
+        {ancient,    "light4",      0,      2},
+        {ancient,    "shadowLight", 0,      2},
+        {backlight,  "shadowLight", 0,      0},
+        {brilliance, "spotLight1",  0.06f,  4},
+        {brilliance, "spotLight2",  0.12f,  4},
+        {brilliance, "spotLight3",  -0.12f, 4},
+        {brilliance, "spotLight4",  -0.06f, 4},
+        {subtle,     "colorLight",  0,      0},
+        {flares,     "omni1",       0,      0},
+        {flares,     "omni2",       0,      0},
+        {flares,     "omni3",       0.3f,   0},
+        {flares,     "omni4",       0.3f,   0},
+    });
+    for (const Row& row : rows) {
+        const SNEPtr one = environment(row.index);
+        one->setBackground(kRed);
+        const auto node = nodeOf(*one, row.lamp);
+        ASSERT_TRUE(node && node->light) << row.lamp;
+        const float turns = row.shift < 0 ? row.shift + 1 : row.shift;
+        EXPECT_NEAR(image::toHSB(node->light->color).hue, turns, 1e-4f) << row.lamp;
+        if (row.mask != 0) {
+            EXPECT_EQ(node->light->categoryBitMask, row.mask) << row.lamp;
+        } else {
+            EXPECT_NE(node->light->categoryBitMask & core::kContentMask, 0U) << row.lamp;
+        }
+    }
+}
+
+TEST_F(EnvironmentTest, KeepLampsThatAreNotTheColours) {
+    const SNEPtr showroom = environment(backlight);
+    const SNEPtr space = environment(spaceBox);
+    showroom->setBackground(kRed);
+    space->setBackground(kRed);
+    for (const char* const lamp : {"light3", "light4", "light5"}) {
+        ASSERT_NE(nodeOf(*showroom, lamp), nullptr) << lamp;
+        EXPECT_NE(nodeOf(*showroom, lamp)->light->color, kRed) << lamp;
+    }
+    ASSERT_NE(nodeOf(*space, "light1"), nullptr);
+    EXPECT_NE(nodeOf(*space, "light1")->light->color, kRed);
+    EXPECT_EQ(nodeOf(*space, "light1")->light->categoryBitMask, 2U);
+    EXPECT_EQ(nodeOf(*environment(ancient), "plane")->categoryBitMask, 2U);
+}
+
+TEST_F(EnvironmentTest, TintCubesFaceByFace) {
+    struct Row {
+        int index;
+        const char* faces; ///< by letter, in the cube's order; the same letter is the same picture
+        std::size_t untinted; ///< a face that keeps its own colours; 6 is none
+    };
+
+    for (const Row& row : {
+             Row{backlight, "aaaaba", 6},
+             Row{spaceBox,  "aabbaa", 2}
+    }) {
+        const SNEPtr one = environment(row.index);
+        for (const Color& color : {kRed, kGreen, kBlue})
+            one->setBackground(color);
+        EXPECT_FALSE(std::holds_alternative<scene::CubeImages>(one->scene->background.contents));
+        EXPECT_EQ(
+            one->scene->background.colorOr({}), row.index == backlight ? kBlue : Color::white(0));
+        runLoop.drain();
+        const auto* const faces = std::get_if<scene::CubeImages>(&one->scene->background.contents);
+        ASSERT_NE(faces, nullptr);
+        for (std::size_t i = 0; i < faces->size(); ++i) {
+            const image::Image& face = *faces->at(i);
+            EXPECT_EQ(faces->at(i) == faces->front(), row.faces[i] == 'a') << i;
+            EXPECT_EQ(face.pixels.at(0), 0) << "neither red nor green is left";
+            EXPECT_EQ(face.pixels.at(1), 0);
+            EXPECT_EQ(face.pixels.at(2) == 0, i == row.untinted || i == row.untinted + 1) << i;
+        }
+    }
 }
 
 TEST_F(EnvironmentTest, ShiftsHuesWithTheSumsOwnSign) {

@@ -20,6 +20,7 @@ std::vector<Recipe> allRecipes() {
           circuitRecipes(),
           energyRecipes(),
           cityRecipes(),
+          environmentRecipes(),
           placeholderRecipes(),
           maskRecipes(),
           particleRecipes()}) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "look/environments/SNE.h"
 
+#include "core/node/DefaultSCNNode.h"
 #include "platform/image/Image.h"
 #include "platform/scene/SCNTransaction.h"
 #include "ui/shared/Palette.h"
@@ -10,6 +11,7 @@
 namespace zelvo::look {
 namespace {
 
+constexpr float kParticleReach = 2300;
 constexpr auto kPlaceholderPicture = "LogoPlaceholder.png";
 
 content::TextStylePreset defaultTextStyle() {
@@ -32,6 +34,16 @@ SNE::SNE(foundation::RunLoop& loop)
 
 SNE::~SNE() {
     cancelOperations();
+}
+
+void SNE::setParticleSystem(const scene::SCNParticleSystemPtr& system) {
+    particleSystem_ = system;
+    if (!system)
+        return;
+    system->emitterShape = scene::ParticleShape::sphere(kParticleReach);
+    const auto emitter = std::make_shared<core::DefaultSCNNode>();
+    emitter->addParticleSystem(system);
+    scene->rootNode()->addChildNode(emitter);
 }
 
 void SNE::setBackground(const image::Color& color) {
@@ -61,23 +73,31 @@ void SNE::tintBackground() {
     if (!picture)
         return;
 
+    // A picture that was tinted before serves as well as the first one, since only its alpha
+    // counts.
+    paintBackground([picture](const image::Color& color) -> scene::SCNMaterialProperty::Contents {
+        return std::make_shared<const image::Image>(image::tinted(*picture, color));
+    });
+}
+
+void SNE::paintBackground(Painter painter) {
+    cancelOperations();
     // The work knows the scene weakly: it neither keeps a scene that was left nor ends one on its
-    // own thread. A picture that was tinted before serves as well as the first one, since only its
-    // alpha counts.
+    // own thread.
     isNewestCancelled = std::make_shared<std::atomic<bool>>(false);
-    operationQueue->async([picture,
+    operationQueue->async([painter = std::move(painter),
                            color = backgroundColor_,
                            isCancelled = isNewestCancelled,
                            stage = std::weak_ptr(scene),
                            &loop = runLoop] {
         if (*isCancelled)
             return;
-        const auto result = std::make_shared<const image::Image>(image::tinted(*picture, color));
+        auto result = painter(color);
         if (*isCancelled)
             return;
-        loop.post([result, stage] {
+        loop.post([result = std::move(result), stage] {
             if (const auto shown = stage.lock())
-                shown->background.setImage(result);
+                shown->background.contents = result;
         });
     });
 }

@@ -3,9 +3,11 @@
 
 #include "content/StylePresets.h"
 #include "platform/foundation/RunLoop.h"
+#include "platform/scene/SCNParticleSystem.h"
 #include "platform/scene/SCNScene.h"
 
 #include <atomic>
+#include <functional>
 #include <memory>
 
 namespace zelvo::look {
@@ -30,6 +32,15 @@ public:
     /// The last colour given; the platform's blue at first.
     [[nodiscard]] const image::Color& backgroundColor() const { return backgroundColor_; }
 
+    /// The particles that float all around; null if there are none.
+    [[nodiscard]] const scene::SCNParticleSystemPtr& particleSystem() const {
+        return particleSystem_;
+    }
+
+    /// Lets them be born in a ball around the whole stage. Once for each environment: an earlier
+    /// emitter stays.
+    void setParticleSystem(const scene::SCNParticleSystemPtr& system);
+
     /// Keeps the colour; each environment goes on from there by its own rule.
     virtual void setBackground(const image::Color& color);
     [[nodiscard]] virtual scene::SCNCameraPtr makeCamera() const;
@@ -38,6 +49,11 @@ protected:
     /// Brings backgroundColor to the scene's background: a colour at once, a picture as a mask that
     /// is filled with it and shown when it is ready.
     void tintBackground();
+
+    /// Brings what is made of backgroundColor on the queue to the scene's background, unless a
+    /// newer work has been started by then.
+    using Painter = std::function<scene::SCNMaterialProperty::Contents(const image::Color&)>;
+    void paintBackground(Painter painter);
 
     /// Loads a resource scene in place of the empty one and takes out its authoring aids.
     void loadScene(const std::string& name);
@@ -49,6 +65,7 @@ private:
 
     foundation::RunLoop& runLoop;
     image::Color backgroundColor_{0, 0, 1, 1};
+    scene::SCNParticleSystemPtr particleSystem_;
     std::unique_ptr<foundation::SerialQueue> operationQueue;
     std::shared_ptr<std::atomic<bool>>
         isNewestCancelled; ///< of the newest operation; null before the first

@@ -12,19 +12,19 @@ template <class Environment> SNEPtr make(foundation::RunLoop& runLoop) {
     return std::make_shared<Environment>(runLoop);
 }
 
-// In the order of sceneNames; null where an environment is still to be built.
+// In the order of sceneNames.
 constexpr std::array<Factory, SceneManager::sceneNames.size()> kFactories = {
     &make<SNE_Flat>,
     &make<SNE_Plain>,
     &make<SNE_Shiny>,
-    nullptr, // Spherical
-    nullptr, // Ancient
-    nullptr, // Backlight
+    &make<SNE_Spherical>,
+    &make<SNE_Ancient>,
+    &make<SNE_Backlight>,
     &make<SNE_Stage>,
-    nullptr, // SpaceBox
-    nullptr, // Brilliance
-    nullptr, // Subtle
-    nullptr, // Flares
+    &make<SNE_SpaceBox>,
+    &make<SNE_Brilliance>,
+    &make<SNE_Subtle>,
+    &make<SNE_Flares>,
 };
 
 } // namespace
@@ -32,8 +32,7 @@ constexpr std::array<Factory, SceneManager::sceneNames.size()> kFactories = {
 SNEPtr SceneManager::sceneData(int index, foundation::RunLoop& runLoop) {
     if (index < 0 || index >= static_cast<int>(kFactories.size()))
         return nullptr;
-    const Factory factory = kFactories[static_cast<std::size_t>(index)];
-    return factory == nullptr ? nullptr : factory(runLoop);
+    return kFactories[static_cast<std::size_t>(index)](runLoop);
 }
 
 } // namespace zelvo::look
