@@ -21,10 +21,17 @@ struct Title {
 };
 
 constexpr auto kTitles = std::to_array<Title>({
-    {"Flat",  "#6CE71E", "Flat",           "Reflecting",           "Bungee-Regular"   },
-    {"Plain", "#E6B219", "Plain",          "Cracked",              "Philosopher-Bold" },
-    {"Shiny", "#194CE6", "Iron",           "Plastic / Reflecting", "Audiowide-Regular"},
-    {"Stage", "#E61919", "Iron / Circuit", "Dynamic / Flat",       "Shrikhand-Regular"},
+    {"Flat",       "#6CE71E", "Flat",           "Reflecting",           "Bungee-Regular"   },
+    {"Plain",      "#E6B219", "Plain",          "Cracked",              "Philosopher-Bold" },
+    {"Shiny",      "#194CE6", "Iron",           "Plastic / Reflecting", "Audiowide-Regular"},
+    {"Stage",      "#E61919", "Iron / Circuit", "Dynamic / Flat",       "Shrikhand-Regular"},
+    {"Spherical",  "#E67F19", "Plain",          "Iron",                 "Bungee-Regular"   },
+    {"Ancient",    "#E6B219", "Rock",           "Plain",                "Philosopher-Bold" },
+    {"Backlight",  "#19B2E6", "Iron",           "Plain",                "Audiowide-Regular"},
+    {"SpaceBox",   "#194CE6", "Old Metal",      "Plain",                "Audiowide-Regular"},
+    {"Brilliance", "#E61980", "Iron",           "Plain",                "Shrikhand-Regular"},
+    {"Subtle",     "#19E6E6", "Plastic",        "Iron",                 "Philosopher-Bold" },
+    {"Flares",     "#E61919", "Iron",           "Plain",                "Bungee-Regular"   },
 });
 
 TEST(TitleGolden, EachEnvironmentShowsItsTitleAsBefore) {
