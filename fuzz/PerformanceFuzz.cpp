@@ -12,7 +12,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         .shapes = {"None",       "Heart"        },
         .masks = {"None",      "Mask 1"},
         .scenes = {"Plain",       "Stage"        },
-        .laterScenes = {"Flares"             },
         .speeds = {"Normal",              "Fast"},
         .tabs = {{"IN1", {"Left In", "Right In"}},              {"CAM", {}} }
     };
