@@ -10,11 +10,6 @@ namespace {
 constexpr float kPlainLight = 7.0f;
 constexpr float kShinyLight = 1.75f;
 
-void setLighting(scene::SCNScene& scene, const std::string& picture, float intensity) {
-    scene.lightingEnvironment.setImage(image::imageNamed(picture));
-    scene.lightingEnvironment.intensity = intensity;
-}
-
 } // namespace
 
 SNE_Flat::SNE_Flat(foundation::RunLoop& loop)
@@ -34,7 +29,7 @@ void SNE_Flat::setBackground(const image::Color& color) {
 SNE_Plain::SNE_Plain(foundation::RunLoop& loop)
     : SNE(loop) {
     loadScene("Plain.scn");
-    setLighting(*scene, "grayHorizont.png", kPlainLight);
+    setLighting("grayHorizont.png", kPlainLight);
 }
 
 void SNE_Plain::setBackground(const image::Color& color) {
@@ -45,7 +40,7 @@ void SNE_Plain::setBackground(const image::Color& color) {
 SNE_Shiny::SNE_Shiny(foundation::RunLoop& loop)
     : SNE(loop) {
     scene->background.setImage(image::imageNamed("Background001.png"));
-    setLighting(*scene, "Environment001.jpg", kShinyLight);
+    setLighting("Environment001.jpg", kShinyLight);
 }
 
 void SNE_Shiny::setBackground(const image::Color& color) {

@@ -119,6 +119,11 @@ void SNE::loadScene(const std::string& name) {
     scene::SCNTransaction::commit();
 }
 
+void SNE::setLighting(const std::string& picture, float intensity) {
+    scene->lightingEnvironment.setImage(image::imageNamed(picture));
+    scene->lightingEnvironment.intensity = intensity;
+}
+
 scene::SCNNodePtr SNE::nodeNamed(const std::string& name) const {
     return scene->rootNode()->childNodeWithName(name, scene::SCNNode::Search::recursively);
 }

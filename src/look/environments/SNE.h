@@ -57,6 +57,8 @@ protected:
 
     /// Loads a resource scene in place of the empty one and takes out its authoring aids.
     void loadScene(const std::string& name);
+    /// Lights the scene with a resource picture of all around; a missing one gives no light.
+    void setLighting(const std::string& picture, float intensity);
     /// The node of that name anywhere below the root; null if there is none.
     [[nodiscard]] scene::SCNNodePtr nodeNamed(const std::string& name) const;
 

@@ -23,11 +23,6 @@ constexpr float kFlaresLight = 7.0f;
 constexpr std::array<float, 4> kBrillianceShifts = {0.06f, 0.12f, -0.12f, -0.06f};
 constexpr float kFlaresShift = 0.3f;
 
-void setLighting(scene::SCNScene& scene, const std::string& picture, float intensity) {
-    scene.lightingEnvironment.setImage(image::imageNamed(picture));
-    scene.lightingEnvironment.intensity = intensity;
-}
-
 image::ImagePtr neededImage(const std::string& name) {
     image::ImagePtr picture = image::imageNamed(name);
     CHECK(picture != nullptr, "the resource picture \"{}\" is missing", name);
@@ -58,7 +53,7 @@ SNE_Spherical::SNE_Spherical(foundation::RunLoop& loop)
     : SNE(loop) {
     constexpr auto kClouds = "cloud_layers_mirror.png";
     scene->background.setImage(image::imageNamed(kClouds));
-    setLighting(*scene, kClouds, kCloudLight);
+    setLighting(kClouds, kCloudLight);
     scene->rootNode()->addChildNode(
         core::LightNodes::omniLight(image::Color::white(1), {0, 10, 10}));
     setParticleSystem(scene::SCNParticleSystem::named("Particles.scnp"));
@@ -135,7 +130,7 @@ SNE_Brilliance::SNE_Brilliance(foundation::RunLoop& loop)
     : SNE(loop) {
     loadScene("Brilliance.scn");
     scene->background.contents = image::Color::white(0);
-    setLighting(*scene, "Environment002.jpg", kBrillianceLight);
+    setLighting("Environment002.jpg", kBrillianceLight);
     spotLightNodes = {
         nodeNamed("spotLight1"),
         nodeNamed("spotLight2"),
@@ -155,7 +150,7 @@ void SNE_Brilliance::setBackground(const image::Color& color) {
 SNE_Subtle::SNE_Subtle(foundation::RunLoop& loop)
     : SNE(loop) {
     loadScene("Subtle.scn");
-    setLighting(*scene, "Environment003.jpg", kSubtleLight);
+    setLighting("Environment003.jpg", kSubtleLight);
     colorLight = nodeNamed("colorLight");
 }
 
@@ -167,7 +162,7 @@ void SNE_Subtle::setBackground(const image::Color& color) {
 SNE_Flares::SNE_Flares(foundation::RunLoop& loop)
     : SNE(loop) {
     loadScene("Flares.scn");
-    setLighting(*scene, "Environment003.jpg", kFlaresLight);
+    setLighting("Environment003.jpg", kFlaresLight);
     omniLight1 = nodeNamed("omni1");
     omniLight2 = nodeNamed("omni2");
     omniLight3 = nodeNamed("omni3");
