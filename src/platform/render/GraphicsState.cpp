@@ -59,12 +59,42 @@ void GraphicsState::forget() {
     glDisable(GL_SCISSOR_TEST);
     glDisable(GL_STENCIL_TEST);
     glDisable(GL_FRAMEBUFFER_SRGB);
+    glDisable(GL_PRIMITIVE_RESTART);
+    glDisable(GL_RASTERIZER_DISCARD);
+    glDisable(GL_SAMPLE_ALPHA_TO_COVERAGE);
     glDisable(GL_DITHER);
     glEnable(GL_TEXTURE_CUBE_MAP_SEAMLESS);
     glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
     glPixelStorei(GL_PACK_ALIGNMENT, 1);
     setDepthOffset(0, 0);
     set({});
+}
+
+void GraphicsState::handBack() {
+    *this = GraphicsState();
+    glClipControl(GL_LOWER_LEFT, GL_NEGATIVE_ONE_TO_ONE);
+    glClearDepth(1);
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
+    glPixelStorei(GL_PACK_ALIGNMENT, 4);
+    setDepthOffset(0, 0);
+    glDisable(GL_DEPTH_TEST);
+    glDepthFunc(GL_LESS);
+    glDepthMask(GL_TRUE);
+    glDisable(GL_CULL_FACE);
+    glFrontFace(GL_CCW);
+    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    glDisable(GL_BLEND);
+    glBlendEquation(GL_FUNC_ADD);
+    glBlendFunc(GL_ONE, GL_ZERO);
+    glDisable(GL_TEXTURE_CUBE_MAP_SEAMLESS);
+    glEnable(GL_DITHER);
+    glUseProgram(0);
+    glBindVertexArray(0);
+    for (GLuint unit = 0; unit < kUnits; ++unit) {
+        glBindTextureUnit(unit, 0);
+        glBindSampler(unit, 0);
+    }
 }
 
 void GraphicsState::bindFramebuffer(std::uint32_t name, Size size) {

@@ -44,6 +44,10 @@ public:
 
     void forget();
 
+    /// Leaves the context in OpenGL's initial state, as far as this class has touched it. `forget`
+    /// comes before the next use.
+    void handBack();
+
     void bindFramebuffer(std::uint32_t name, Size size);
     void useProgram(std::uint32_t name);
     void bindVertexArray(std::uint32_t name);

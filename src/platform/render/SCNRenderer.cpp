@@ -5,6 +5,7 @@
 #include "platform/foundation/Console.h"
 #include "platform/render/Context.h"
 #include "platform/render/DepthOfField.h"
+#include "platform/render/Fence.h"
 #include "platform/render/FrameDelivery.h"
 #include "platform/render/FrameDrawer.h"
 #include "platform/render/TechniquePasses.h"
@@ -28,7 +29,7 @@ struct Slot {
     FramebufferHandle framebuffer;
     UniformArena uniforms;
     DrawnFrame frame;
-    GLsync done = nullptr;
+    Fence done;
 };
 
 TextureHandle makeTexture(GLenum format, Size size) {
@@ -87,7 +88,6 @@ struct SCNRenderer::State {
     }
 
     void ensureTargets(Slot& slot, Size size);
-    static void await(Slot& slot);
     void tellOfDepthOfField(const scene::SCNNode* pointOfView, int outputHeight);
 
     std::unique_ptr<HeadlessContext> context; // first in, last out: all below lives in it
@@ -122,15 +122,6 @@ void SCNRenderer::State::ensureTargets(Slot& slot, Size size) {
     slot.framebuffer = FramebufferHandle(name);
     glNamedFramebufferTexture(name, GL_COLOR_ATTACHMENT0, slot.color.name(), 0);
     glNamedFramebufferTexture(name, GL_DEPTH_ATTACHMENT, depth.name(), 0);
-}
-
-void SCNRenderer::State::await(Slot& slot) {
-    constexpr GLuint64 kOneSecond = 1'000'000'000;
-    while (glClientWaitSync(slot.done, GL_SYNC_FLUSH_COMMANDS_BIT, kOneSecond) ==
-           GL_TIMEOUT_EXPIRED) {
-    }
-    glDeleteSync(slot.done);
-    slot.done = nullptr;
 }
 
 void SCNRenderer::State::tellOfDepthOfField(const scene::SCNNode* pointOfView, int outputHeight) {
@@ -192,7 +183,7 @@ void SCNRenderer::begin(const FrameRequest& request) {
             drawn->time(),
             state->drawer.graphicsState());
     state->delivery->queue(slot.frame, state->drawer.graphicsState(), slot.uniforms);
-    slot.done = glFenceSync(GL_SYNC_GPU_COMMANDS_COMPLETE, 0);
+    slot.done.set();
     glFlush();
     state->tellOfDepthOfField(pointOfView.get(), request.outputSize.height);
     ++state->begun;
@@ -208,7 +199,7 @@ FrameView SCNRenderer::finish() {
     state->context->makeCurrent();
     Slot& slot = state->slots.at(state->finished % kFramesInFlight);
     ++state->finished;
-    State::await(slot);
+    slot.done.await();
     const double drawn = state->stopwatch();
     const FrameView view{
         slot.frame.outputSize, slot.frame.format, state->delivery->fetch(slot.frame)};

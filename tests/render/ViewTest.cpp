@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/Context.h"
+#include "platform/render/SCNView.h"
+#include "render/StageFixture.h"
+
+#include <epoxy/gl.h>
+
+#include <cstdlib>
+
+namespace zelvo::render {
+namespace {
+
+constexpr Size kWindow{48, 32};
+
+/// A window's graphics, as a toolkit would bring them.
+class View : public Stage {
+protected:
+    View() {
+        auto made = HeadlessContext::make();
+        if (!made) {
+            ADD_FAILURE() << made.error().message;
+            std::abort();
+        }
+        context = std::move(*made);
+        glCreateTextures(GL_TEXTURE_2D, 1, &texture);
+        glTextureStorage2D(texture, 1, GL_RGBA8, kWindow.width, kWindow.height);
+        glCreateFramebuffers(1, &framebuffer);
+        glNamedFramebufferTexture(framebuffer, GL_COLOR_ATTACHMENT0, texture, 0);
+        view = *SCNView::make();
+        view->setScene(scene);
+        view->pointOfView = camera;
+        addSquare(makeMaterial(image::Color::hex(0xE6194C)), 0, 0.7f)->position = {0.2f, 0.4f, 0};
+        scene->background.contents = image::Color::hex(0x194CE6);
+    }
+
+    ~View() override {
+        context->makeCurrent();
+        view.reset();
+    }
+
+    [[nodiscard]] image::Image drawnInto(RowOrder rows) const {
+        context->makeCurrent();
+        view->drawAtTime(0, {framebuffer, kWindow, rows});
+        image::Image picture(kWindow.width, kWindow.height);
+        glBindFramebuffer(GL_READ_FRAMEBUFFER, framebuffer);
+        glReadPixels(
+            0, 0, kWindow.width, kWindow.height, GL_RGBA, GL_UNSIGNED_BYTE, picture.pixels.data());
+        return picture;
+    }
+
+    std::unique_ptr<HeadlessContext> context;
+    std::unique_ptr<SCNView> view;
+    GLuint texture = 0;
+    GLuint framebuffer = 0;
+};
+
+image::Image upsideDown(const image::Image& picture) {
+    image::Image turned(picture.width, picture.height);
+    const auto rowBytes = static_cast<std::ptrdiff_t>(picture.width) * 4;
+    for (std::ptrdiff_t y = 0; y < picture.height; ++y) {
+        std::copy_n(
+            picture.pixels.begin() + (picture.height - 1 - y) * rowBytes,
+            rowBytes,
+            turned.pixels.begin() + y * rowBytes);
+    }
+    return turned;
+}
+
+TEST_F(View, ShowsWhatTheOffscreenRendererShowsInEitherOrderOfRows) {
+    view->quality.oversampling = 1;
+    const image::Image topFirst = drawnInto(RowOrder::topFirst);
+    const image::Image bottomFirst = drawnInto(RowOrder::bottomFirst);
+    const image::Image offscreen = renderer->snapshotAtTime(0, kWindow, 1);
+    EXPECT_EQ(topFirst.pixels, offscreen.pixels);
+    EXPECT_EQ(upsideDown(bottomFirst).pixels, offscreen.pixels);
+    EXPECT_NE(topFirst.pixels, bottomFirst.pixels);
+}
+
+TEST_F(View, OversamplingMakesTheStepsOfEdgesSmall) {
+    camera->setEulerAngles({0, 0, 0.1f});
+    const auto mixedPixels = [this](double oversampling) {
+        view->quality.oversampling = oversampling;
+        const image::Image picture = drawnInto(RowOrder::topFirst);
+        int count = 0;
+        for (std::size_t i = 0; i < picture.pixels.size(); i += 4) {
+            const int red = picture.pixels[i];
+            count += red > 0x30 && red < 0xD0 ? 1 : 0;
+        }
+        return count;
+    };
+    EXPECT_EQ(mixedPixels(1), 0);
+    EXPECT_GT(mixedPixels(1.5), 20);
+}
+
+TEST_F(View, ToleratesAnyStateAndLeavesOpenGLsOwn) {
+    const image::Image before = drawnInto(RowOrder::topFirst);
+    // what a toolkit may have left
+    glEnable(GL_SCISSOR_TEST);
+    glScissor(3, 3, 4, 4);
+    glEnable(GL_STENCIL_TEST);
+    glStencilFunc(GL_NEVER, 1, 1);
+    glColorMask(GL_FALSE, GL_TRUE, GL_FALSE, GL_TRUE);
+    glDepthMask(GL_FALSE);
+    glEnable(GL_BLEND);
+    glBlendEquation(GL_FUNC_REVERSE_SUBTRACT);
+    glFrontFace(GL_CW);
+    EXPECT_EQ(drawnInto(RowOrder::topFirst).pixels, before.pixels);
+
+    struct StateRow {
+        GLenum name;
+        GLint value;
+    };
+
+    constexpr auto kInitial = std::to_array<StateRow>({
+        {GL_CLIP_ORIGIN,          GL_LOWER_LEFT         },
+        {GL_CLIP_DEPTH_MODE,      GL_NEGATIVE_ONE_TO_ONE},
+        {GL_FRONT_FACE,           GL_CCW                },
+        {GL_DEPTH_FUNC,           GL_LESS               },
+        {GL_DEPTH_WRITEMASK,      GL_TRUE               },
+        {GL_DEPTH_TEST,           GL_FALSE              },
+        {GL_CULL_FACE,            GL_FALSE              },
+        {GL_BLEND,                GL_FALSE              },
+        {GL_BLEND_EQUATION_RGB,   GL_FUNC_ADD           },
+        {GL_CURRENT_PROGRAM,      0                     },
+        {GL_VERTEX_ARRAY_BINDING, 0                     },
+        {GL_UNPACK_ALIGNMENT,     4                     },
+    });
+    for (const StateRow& row : kInitial) {
+        GLint value = -1;
+        glGetIntegerv(row.name, &value);
+        EXPECT_EQ(value, row.value) << "state " << std::hex << row.name;
+    }
+    for (GLuint unit = 0; unit < 24; ++unit) {
+        glActiveTexture(GL_TEXTURE0 + unit);
+        GLint sampler = -1;
+        glGetIntegerv(GL_SAMPLER_BINDING, &sampler);
+        EXPECT_EQ(sampler, 0) << "unit " << unit;
+    }
+}
+
+} // namespace
+} // namespace zelvo::render
