@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+// What the environments cost, each with a title of two lines: an export of 1920 x 1080, a frame of
+// the view on screen, and putting the stage up anew.
+#include "app/EngineNames.h"
+#include "app/Export.h"
+#include "app/Performer.h"
+#include "app/TemporaryFolder.h"
+#include "look/environments/SceneManager.h"
+#include "platform/foundation/Check.h"
+#include "platform/render/Context.h"
+#include "platform/render/SCNView.h"
+
+#include <benchmark/benchmark.h>
+#include <epoxy/gl.h>
+#include <fmt/format.h>
+
+#include <cmath>
+#include <filesystem>
+
+namespace {
+
+using namespace zelvo;
+
+constexpr auto kTitle = R"({{"duration": 2, "scene": "{}", "background": "#194CE6", "nodes": {{
+    "TX1": {{"text": "MIDNIGHT", "font": "Audiowide-Regular", "material": "Iron", "depth": 26,
+             "bevel": 2.0, "profile": "rounded", "fill": "outer", "frontColor": "#FFFFFF",
+             "position": [0, 44, 0], "scale": 1.1}},
+    "TX2": {{"text": "EXPRESS", "font": "Audiowide-Regular", "material": "Plain", "depth": 24,
+             "bevel": 1.8, "profile": "rounded", "fill": "outer", "frontColor": "#E6B219",
+             "position": [0, -44, 0]}}}},
+    "cues": [{{"at": 0, "tab": "IN1", "press": "Left In", "nodes": ["TX1"]}},
+             {{"at": 0.2, "tab": "IN1", "press": "Right In", "nodes": ["TX2"]}}]}})";
+
+app::TemporaryFolder temporaryFolder() {
+    auto made = app::TemporaryFolder::make(std::filesystem::temp_directory_path());
+    CHECK(made.has_value(), "{}", made.error().message);
+    return std::move(*made);
+}
+
+/// The title in one of the environments, recorded.
+class Title {
+public:
+    explicit Title(int scene)
+        : folder(temporaryFolder())
+        , engine(loop.runLoop, foundation::Folders::below(folder.path()), 0) {
+        const auto& name = look::SceneManager::sceneNames.at(static_cast<std::size_t>(scene));
+        const auto title = app::readPerformance(fmt::format(kTitle, name), app::engineNames());
+        CHECK(title.has_value(), "{}", title.error().front().text);
+        CHECK(app::setUp(*title, {}, engine).has_value(), "no music is asked for");
+        app::perform(*title, engine);
+    }
+
+    app::TemporaryFolder folder;
+    app::StoppableLoop loop;
+    app::Engine engine;
+};
+
+void nameAfter(benchmark::State& state, int scene) {
+    state.SetLabel(std::string(look::SceneManager::sceneNames.at(static_cast<std::size_t>(scene))));
+}
+
+/// Goal: no environment below 4 frames a second.
+void exportMovie(benchmark::State& state) {
+    const auto scene = static_cast<int>(state.range(0));
+    nameAfter(state, scene);
+    Title title(scene);
+    movie::MovieOptions options;
+    options.output = title.folder.path() / "title.mov";
+    double frames = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        const auto report = app::exportMovie(title.engine, title.loop, options);
+        CHECK(report.has_value(), "{}", report.error().message);
+        frames += report->outcome.frames;
+    }
+    state.counters["frames/s"] = benchmark::Counter(frames, benchmark::Counter::kIsRate);
+}
+
+/// A view on screen without a window.
+class Window {
+public:
+    Window() {
+        auto made = render::HeadlessContext::make();
+        CHECK(made.has_value(), "{}", made.error().message);
+        context = std::move(*made);
+        glCreateTextures(GL_TEXTURE_2D, 1, &texture);
+        glTextureStorage2D(texture, 1, GL_RGBA8, kSize.width, kSize.height);
+        glCreateFramebuffers(1, &framebuffer);
+        glNamedFramebufferTexture(framebuffer, GL_COLOR_ATTACHMENT0, texture, 0);
+        auto drawing = render::SCNView::make();
+        CHECK(drawing.has_value(), "{}", drawing.error().message);
+        view = std::move(*drawing);
+    }
+
+    void draw(double time) const {
+        view->drawAtTime(time, {framebuffer, kSize});
+        glFinish();
+    }
+
+    static constexpr render::Size kSize{960, 540};
+    std::unique_ptr<render::HeadlessContext> context;
+    std::unique_ptr<render::SCNView> view;
+    GLuint texture = 0;
+    GLuint framebuffer = 0;
+};
+
+void shown(Title& title, Window& window) {
+    title.engine.model().setSceneView(window.view.get());
+    title.engine.model().attachScene(movie::SceneHome::screen);
+    title.loop.runLoop.runFor(0.5);
+}
+
+/// 960 x 540 with both lines in motion. Goal: Shiny above 30 frames a second.
+void viewFrame(benchmark::State& state, double oversampling) {
+    const auto scene = static_cast<int>(state.range(0));
+    nameAfter(state, scene);
+    Window window;
+    Title title(scene);
+    window.view->quality.oversampling = oversampling;
+    shown(title, window);
+    auto& stage = title.engine.stage();
+    double time = 10;
+    for ([[maybe_unused]] auto _ : state) {
+        time += core::Model::kStep;
+        const auto angle = static_cast<float>(0.3 * std::sin(3 * time));
+        stage.textNode1->setEulerAngles({0, angle, 0});
+        stage.textNode2->setEulerAngles({0, -angle, 0});
+        window.draw(time);
+    }
+    state.counters["frames/s"] =
+        benchmark::Counter(static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
+}
+
+void viewFrameSmooth(benchmark::State& state) {
+    viewFrame(state, 1.5);
+}
+
+void viewFramePlain(benchmark::State& state) {
+    viewFrame(state, 1);
+}
+
+/// From the call to the first finished frame on screen with the stage in its colour: loading,
+/// tinting, uploading, building shaders. Goal: 400 ms.
+void swapEnvironment(benchmark::State& state) {
+    const auto scene = static_cast<int>(state.range(0));
+    nameAfter(state, scene);
+    Window window;
+    Title title(scene == 0 ? 1 : 0);
+    shown(title, window);
+    window.draw(10);
+    for ([[maybe_unused]] auto _ : state) {
+        title.engine.model().setScene(scene);
+        title.loop.runLoop.drain();
+        window.draw(10);
+    }
+}
+
+void eachEnvironment(benchmark::internal::Benchmark* benchmark) {
+    benchmark->Unit(benchmark::kMillisecond)->UseRealTime();
+    benchmark->DenseRange(0, static_cast<int>(look::SceneManager::sceneNames.size()) - 1);
+}
+
+BENCHMARK(exportMovie)->Apply(eachEnvironment)->Iterations(1);
+BENCHMARK(viewFrameSmooth)->Apply(eachEnvironment)->MinTime(1);
+BENCHMARK(viewFramePlain)->Apply(eachEnvironment)->MinTime(1);
+BENCHMARK(swapEnvironment)->Apply(eachEnvironment)->Iterations(1);
+
+} // namespace
