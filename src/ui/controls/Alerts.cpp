@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "ui/controls/Alerts.h"
+
+#include <QVariantMap>
+
+#include <algorithm>
+
+namespace zelvo::ui {
+
+namespace {
+
+QString nameOf(AlertRole role) {
+    switch (role) {
+    case AlertRole::standard:
+        return QStringLiteral("standard");
+    case AlertRole::cancel:
+        return QStringLiteral("cancel");
+    case AlertRole::destructive:
+        return QStringLiteral("destructive");
+    }
+    return {};
+}
+
+} // namespace
+
+void Alerts::show(Alert alert) {
+    if (alert.actions.empty())
+        alert.actions.push_back({.title = "Ok", .role = AlertRole::cancel});
+    alerts.push_back(std::move(alert));
+    if (alerts.size() == 1)
+        Q_EMIT changed();
+}
+
+void Alerts::showAlert(const std::string& title, const std::string& message) {
+    show({.title = title, .message = message, .actions = {}});
+}
+
+QString Alerts::title() const {
+    return isShowing() ? QString::fromStdString(alerts.front().title) : QString();
+}
+
+QString Alerts::message() const {
+    return isShowing() ? QString::fromStdString(alerts.front().message) : QString();
+}
+
+QVariantList Alerts::actions() const {
+    QVariantList list;
+    if (!isShowing())
+        return list;
+    for (const AlertAction& action : alerts.front().actions) {
+        QVariantMap entry{
+            {"title", QString::fromStdString(action.title)},
+            {"role",  nameOf(action.role)                 }
+        };
+        if (action.titleColor.isValid())
+            entry.insert("color", action.titleColor);
+        list.append(entry);
+    }
+    return list;
+}
+
+QObject* Alerts::content() const {
+    return isShowing() ? alerts.front().content : nullptr;
+}
+
+QString Alerts::contentView() const {
+    return isShowing() ? QString::fromStdString(alerts.front().contentView) : QString();
+}
+
+void Alerts::choose(int index) {
+    if (!isShowing() || index < 0 ||
+        static_cast<std::size_t>(index) >= alerts.front().actions.size())
+        return;
+    const auto handler = std::move(alerts.front().actions[static_cast<std::size_t>(index)].handler);
+    alerts.pop_front();
+    Q_EMIT changed();
+    if (handler)
+        handler();
+}
+
+void Alerts::escape() {
+    if (!isShowing())
+        return;
+    const auto& offered = alerts.front().actions;
+    const auto cancelling = std::ranges::find(offered, AlertRole::cancel, &AlertAction::role);
+    if (cancelling != offered.end())
+        choose(static_cast<int>(cancelling - offered.begin()));
+    else if (offered.size() == 1)
+        choose(0);
+}
+
+} // namespace zelvo::ui

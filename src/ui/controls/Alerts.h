@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+#include <QObject>
+#include <QString>
+#include <QVariantList>
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace zelvo::ui {
+
+enum class AlertRole {
+    standard,
+    cancel, ///< what Escape chooses
+    destructive
+};
+
+struct AlertAction {
+    std::string title;
+    AlertRole role = AlertRole::standard;
+    std::function<void()> handler{}; ///< after the alert has gone
+    QColor titleColor{};             ///< invalid: the theme's
+};
+
+/// A question or a message over everything else.
+struct Alert {
+    std::string title;
+    std::string message{}; ///< empty: the title alone
+    std::vector<AlertAction> actions;
+    /// What stands between message and actions: a controller and the name of the QML file that
+    /// shows it, with the controller as its property `controller`. Not owned; outlives the alert.
+    QObject* content = nullptr;
+    std::string contentView{};
+};
+
+/// Alerts from anywhere in the program, one on show at a time, the others in the order of coming.
+class Alerts final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(bool isShowing READ isShowing NOTIFY changed)
+    Q_PROPERTY(QString title READ title NOTIFY changed)
+    Q_PROPERTY(QString message READ message NOTIFY changed)
+    /// Maps of "title", "role" ("standard", "cancel", "destructive") and "color" (may be absent).
+    Q_PROPERTY(QVariantList actions READ actions NOTIFY changed)
+    Q_PROPERTY(QObject* content READ content NOTIFY changed)
+    Q_PROPERTY(QString contentView READ contentView NOTIFY changed)
+
+public:
+    using QObject::QObject;
+
+    /// An alert without an action gets "Ok".
+    void show(Alert alert);
+    /// One action "Ok".
+    void showAlert(const std::string& title, const std::string& message);
+
+    [[nodiscard]] bool isShowing() const { return !alerts.empty(); }
+
+    [[nodiscard]] QString title() const;
+    [[nodiscard]] QString message() const;
+    [[nodiscard]] QVariantList actions() const;
+    [[nodiscard]] QObject* content() const;
+    [[nodiscard]] QString contentView() const;
+
+    /// The user chose an action of the alert on show. Out of range: nothing happens.
+    Q_INVOKABLE void choose(int index);
+    /// Escape: the cancelling action, else the only one; with several and none that cancels,
+    /// nothing.
+    Q_INVOKABLE void escape();
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    std::deque<Alert> alerts;
+};
+
+} // namespace zelvo::ui

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+#include <QObject>
+#include <QString>
+
+namespace zelvo::ui {
+
+/// The colours, radii and typefaces of the interface, for the views; in QML the singleton `Theme`.
+/// Lengths are device-independent pixels.
+class Theme final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QColor accent MEMBER accent CONSTANT)
+    Q_PROPERTY(QColor record MEMBER record CONSTANT)
+    Q_PROPERTY(QColor buttonFill MEMBER buttonFill CONSTANT)
+    Q_PROPERTY(QColor buttonFillClear MEMBER buttonFillClear CONSTANT)
+    Q_PROPERTY(QColor background MEMBER background CONSTANT)
+    Q_PROPERTY(QColor bar MEMBER bar CONSTANT)
+    Q_PROPERTY(QColor dimmedPanel MEMBER dimmedPanel CONSTANT)
+    Q_PROPERTY(QColor separator MEMBER separator CONSTANT)
+    Q_PROPERTY(QColor row MEMBER row CONSTANT)
+    Q_PROPERTY(QColor ringTrack MEMBER ringTrack CONSTANT)
+    Q_PROPERTY(QColor text MEMBER text CONSTANT)
+    Q_PROPERTY(QColor mutedText MEMBER mutedText CONSTANT)
+    Q_PROPERTY(QColor hint MEMBER hint CONSTANT)
+    Q_PROPERTY(QColor howto MEMBER howto CONSTANT)
+    Q_PROPERTY(qreal radius MEMBER radius CONSTANT)
+    Q_PROPERTY(QString digitsFamily MEMBER digitsFamily CONSTANT)
+
+public:
+    explicit Theme(QObject* parent = nullptr);
+
+    const QColor accent{0x24, 0x5C, 0xF0};
+    const QColor record{0xE2, 0x47, 0x42};
+    const QColor buttonFill = QColor::fromRgbF(0.2231f, 0.2254f, 0.2438f);
+    const QColor buttonFillClear = QColor::fromRgbF(0.2231f, 0.2254f, 0.2438f, 0.58f);
+    const QColor background = QColor::fromRgbF(0.01261f, 0.01274f, 0.01378f);
+    const QColor bar = QColor::fromRgbF(0.01261f, 0.01274f, 0.01378f, 0.7f);
+    const QColor dimmedPanel = QColor::fromRgbF(0.01261f, 0.01274f, 0.01378f, 0.4f);
+    const QColor separator = QColor::fromRgbF(0.194f, 0.196f, 0.212f);
+    const QColor row = QColor::fromRgbF(0.0388f, 0.0392f, 0.0424f);
+    const QColor ringTrack = QColor::fromRgbF(0.1455f, 0.147f, 0.159f);
+    const QColor text = QColor::fromRgbF(0.95f, 0.95f, 0.95f);
+    const QColor mutedText = QColor::fromRgbF(0.485f, 0.49f, 0.53f);
+    const QColor hint{0xF7, 0xCF, 0x50};
+    const QColor howto{0xC8, 0x8E, 0x01};
+    const qreal radius = 6;
+    const QString digitsFamily; ///< the system's face with digits of one width
+};
+
+} // namespace zelvo::ui
