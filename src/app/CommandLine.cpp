@@ -23,6 +23,7 @@ constexpr std::string_view kFooter =
     "Examples:\n"
     "  zelvo perform night.json --movie night.mov\n"
     "  zelvo frame night.json --at 2.5 --out still.png --size 1280x720\n"
+    "  zelvo strip night.json --from 0 --to 2 --count 8 --out strip.png\n"
     "  zelvo list buttons\n"
     "\n"
     "Exit status:\n"
@@ -38,6 +39,12 @@ constexpr std::string_view kPerformFooter =
 constexpr std::string_view kFrameFooter =
     "The picture is the movie's own frame of that time. Times below 0 lie in the two seconds of\n"
     "count-in, which a movie does not show.";
+
+constexpr std::string_view kStripFooter =
+    "The moments are spread evenly from the first to the last, both included, and stand in rows "
+    "of\n"
+    "at most four, each a frame of the movie with its time below it. Times below 0 lie in the\n"
+    "count-in; --size is that of one moment.";
 
 constexpr std::string_view kListFooter =
     "One name a line; buttons as tab, a tab stop, and the title that a performance file uses.";
@@ -83,6 +90,7 @@ void addFile(CLI::App& command, std::filesystem::path& file) {
     command.add_option("FILE", file, "The performance file (JSON)")->required();
 }
 
+/// `size` holds what stands if none is given.
 void addSize(CLI::App& command, PictureSize& size) {
     command
         .add_option_function<std::string>(
@@ -99,7 +107,7 @@ void addSize(CLI::App& command, PictureSize& size) {
                 }
                 size = *parsed;
             },
-            "Size in pixels, 1920x1080 if not given")
+            fmt::format("Size in pixels, {}x{} if not given", size.width, size.height))
         ->type_name("WxH");
 }
 
@@ -107,6 +115,12 @@ void addSeed(CLI::App& command, std::uint64_t& seed) {
     command.add_option("--seed", seed, "Start of all random draws, 0 if not given")
         ->check(CLI::Validator(CLI::NonNegativeNumber).description(""))
         ->type_name("N");
+}
+
+void addOut(CLI::App& command, std::filesystem::path& out) {
+    command.add_option("--out", out, "Where the picture goes")
+        ->required()
+        ->type_name("PICTURE.png");
 }
 
 void addPerform(CLI::App& app, PerformCommand& options) {
@@ -140,9 +154,34 @@ void addFrame(CLI::App& app, FrameCommand& options) {
     command.add_option("--at", options.at, "Seconds of the movie; the count-in is below 0")
         ->required()
         ->type_name("SECONDS");
-    command.add_option("--out", options.out, "Where the picture goes")
+    addOut(command, options.out);
+    addSize(command, options.size);
+    addSeed(command, options.seed);
+}
+
+void addStrip(CLI::App& app, StripCommand& options) {
+    auto& command =
+        *app.add_subcommand("strip", "Make a picture of several moments of a performance");
+    command.footer(std::string(kStripFooter));
+    addFile(command, options.file);
+    command.add_option("--from", options.from, "The first moment, seconds of the movie")
         ->required()
-        ->type_name("PICTURE.png");
+        ->type_name("SECONDS");
+    command.add_option("--to", options.to, "The last moment, not before the first")
+        ->required()
+        ->type_name("SECONDS");
+    command
+        .add_option(
+            "--count",
+            options.count,
+            fmt::format(
+                "How many moments, {} to {}",
+                StripCommand::kLeastMoments,
+                StripCommand::kMostMoments))
+        ->required()
+        ->check(CLI::Range(StripCommand::kLeastMoments, StripCommand::kMostMoments).description(""))
+        ->type_name("N");
+    addOut(command, options.out);
     addSize(command, options.size);
     addSeed(command, options.seed);
 }
@@ -180,9 +219,11 @@ foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments)
     app.require_subcommand(0, 1);
     PerformCommand perform;
     FrameCommand frame;
+    StripCommand strip;
     ListCommand list;
     addPerform(app, perform);
     addFrame(app, frame);
+    addStrip(app, strip);
     addList(app, list);
 
     // The library speaks in exceptions; none leaves this function.
@@ -201,6 +242,8 @@ foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments)
         return perform;
     if (app.got_subcommand("frame"))
         return frame;
+    if (app.got_subcommand("strip"))
+        return strip;
     if (app.got_subcommand("list"))
         return list;
     return TextCommand{app.help()};

@@ -44,6 +44,20 @@ struct FrameCommand {
     std::uint64_t seed = 0;
 };
 
+/// zelvo strip
+struct StripCommand {
+    std::filesystem::path file;
+    double from = 0; ///< seconds of the movie, the count-in below 0
+    double to = 0;   ///< not before `from`
+    int count = kLeastMoments;
+    std::filesystem::path out;
+    PictureSize size{384, 216}; ///< of each moment
+    std::uint64_t seed = 0;
+
+    static constexpr int kLeastMoments = 1;
+    static constexpr int kMostMoments = 100;
+};
+
 enum class Listing { tabs, buttons, fonts, materials, scenes, shapes, masks, speeds };
 
 /// zelvo list
@@ -56,7 +70,7 @@ struct TextCommand {
     std::string text;
 };
 
-using Command = std::variant<PerformCommand, FrameCommand, ListCommand, TextCommand>;
+using Command = std::variant<PerformCommand, FrameCommand, StripCommand, ListCommand, TextCommand>;
 
 /// What the arguments (without the program's name) ask for. The error is one line.
 [[nodiscard]] foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments);

@@ -17,6 +17,7 @@ struct ExitStatus {
 /// Each prints what it makes on stdout, and what is wrong on stderr, and gives the exit status.
 [[nodiscard]] int run(const PerformCommand& command);
 [[nodiscard]] int run(const FrameCommand& command);
+[[nodiscard]] int run(const StripCommand& command);
 [[nodiscard]] int run(const ListCommand& command);
 [[nodiscard]] int run(const TextCommand& command);
 

@@ -5,6 +5,7 @@
 #include "app/PerformanceFile.h"
 #include "app/Performer.h"
 #include "app/PictureFiles.h"
+#include "app/Strip.h"
 #include "app/TemporaryFolder.h"
 #include "platform/foundation/Console.h"
 
@@ -13,7 +14,9 @@
 #include <cstdio>
 #include <functional>
 #include <optional>
+#include <string_view>
 #include <system_error>
+#include <utility>
 
 namespace zelvo::app {
 
@@ -98,6 +101,47 @@ void reportPerformance(const PerformCommand& command, const ExportReport& report
     return options;
 }
 
+[[nodiscard]] movie::MovieOptions optionsForTap(const PictureSize& size, movie::FrameTap tap) {
+    movie::MovieOptions options;
+    options.renderSize = {size.width, size.height};
+    options.writesMovie = false;
+    options.tap = std::move(tap);
+    return options;
+}
+
+[[nodiscard]] foundation::Result<void>
+checkMoment(std::string_view option, double at, const core::Model& model) {
+    const double earliest = -model.startCounter();
+    if (at >= earliest && at <= model.duration())
+        return {};
+    return foundation::fail(
+        foundation::Cause::malformed,
+        fmt::format(
+            "{} must be {} to {} seconds for this performance, not {}",
+            option,
+            earliest,
+            model.duration(),
+            at));
+}
+
+[[nodiscard]] foundation::Result<movie::MovieOptions>
+optionsFor(const StripCommand& command, const core::Model& model) {
+    for (const auto& within :
+         {checkMoment("--from", command.from, model), checkMoment("--to", command.to, model)}) {
+        if (!within)
+            return tl::unexpected(within.error());
+    }
+    if (command.to < command.from) {
+        return foundation::fail(
+            foundation::Cause::malformed,
+            fmt::format("--to must not lie before --from, {} seconds", command.from));
+    }
+    auto tap = stripTap(command);
+    if (!tap)
+        return tl::unexpected(tap.error());
+    return optionsForTap(command.size, std::move(*tap));
+}
+
 /// The folders of a command that leaves nothing but what it was asked for.
 [[nodiscard]] foundation::Folders foldersIn(const TemporaryFolder& temporary) {
     auto folders = foundation::Folders::standard();
@@ -136,28 +180,27 @@ int run(const FrameCommand& command) {
     const auto temporary = TemporaryFolder::make(foundation::Folders::standard().temporary);
     if (!temporary)
         return complain(temporary.error(), ExitStatus::kFailed);
-    const auto options = [&](core::Model& model) -> foundation::Result<movie::MovieOptions> {
-        const double earliest = -model.startCounter();
-        if (!(command.at >= earliest && command.at <= model.duration())) {
-            return foundation::fail(
-                foundation::Cause::malformed,
-                fmt::format(
-                    "--at must be {} to {} seconds for this performance, not {}",
-                    earliest,
-                    model.duration(),
-                    command.at));
-        }
-        movie::MovieOptions made;
-        made.renderSize = {command.size.width, command.size.height};
-        made.writesMovie = false;
-        made.tap = pictureTap(command.out, tickAt(command.at));
-        return made;
-    };
     return carryOut(
         {.file = command.file,
          .seed = command.seed,
          .folders = foldersIn(*temporary),
-         .options = options,
+         .options = [&](core::Model& model) -> foundation::Result<movie::MovieOptions> {
+             if (auto within = checkMoment("--at", command.at, model); !within)
+                 return tl::unexpected(within.error());
+             return optionsForTap(command.size, pictureTap(command.out, tickAt(command.at)));
+         },
+         .report = [&](const ExportReport&) { printPath(command.out); }});
+}
+
+int run(const StripCommand& command) {
+    const auto temporary = TemporaryFolder::make(foundation::Folders::standard().temporary);
+    if (!temporary)
+        return complain(temporary.error(), ExitStatus::kFailed);
+    return carryOut(
+        {.file = command.file,
+         .seed = command.seed,
+         .folders = foldersIn(*temporary),
+         .options = [&](core::Model& model) { return optionsFor(command, model); },
          .report = [&](const ExportReport&) { printPath(command.out); }});
 }
 

@@ -14,10 +14,6 @@ namespace {
 
 constexpr double kFramesPerSecond = 60;
 
-[[nodiscard]] int tickOf(double time) {
-    return static_cast<int>(std::lround(time * kFramesPerSecond));
-}
-
 [[nodiscard]] foundation::Result<void>
 save(const render::FrameView& frame, image::Image& scratch, const std::filesystem::path& file) {
     scratch.width = frame.size.width;
@@ -27,6 +23,10 @@ save(const render::FrameView& frame, image::Image& scratch, const std::filesyste
 }
 
 } // namespace
+
+int tickOf(double time) {
+    return static_cast<int>(std::lround(time * kFramesPerSecond));
+}
 
 movie::FrameTap framesTap(const std::filesystem::path& folder, int count) {
     const auto scratch = std::make_shared<image::Image>();

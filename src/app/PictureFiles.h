@@ -7,6 +7,9 @@
 
 namespace zelvo::app {
 
+/// The tick that a frame's time (seconds of the movie) stands for.
+[[nodiscard]] int tickOf(double time);
+
 /// Writes the movie's first `count` frames into the folder: frame_00000.png, frame_00001.png …
 [[nodiscard]] movie::FrameTap framesTap(const std::filesystem::path& folder, int count);
 

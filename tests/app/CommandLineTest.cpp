@@ -44,6 +44,14 @@ TEST(CommandLine, takes_every_option_to_its_place) {
     EXPECT_EQ(std::get<FrameCommand>(*frame).out, "p.png");
     EXPECT_EQ(std::get<FrameCommand>(*frame).size, (PictureSize{1920, 1080}));
 
+    const auto strip = parseCommandLine(
+        {"strip", "f.json", "--from", "-1", "--to", "2.5", "--count", "7", "--out", "s.png"});
+    ASSERT_TRUE(strip) << strip.error().message;
+    EXPECT_EQ(std::get<StripCommand>(*strip).from, -1);
+    EXPECT_EQ(std::get<StripCommand>(*strip).to, 2.5);
+    EXPECT_EQ(std::get<StripCommand>(*strip).count, 7);
+    EXPECT_EQ(std::get<StripCommand>(*strip).size, (PictureSize{384, 216}));
+
     const auto list = parseCommandLine({"list", "speeds"});
     ASSERT_TRUE(list) << list.error().message;
     EXPECT_EQ(std::get<ListCommand>(*list).what, Listing::speeds);

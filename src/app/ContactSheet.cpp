@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "app/ContactSheet.h"
+
+#include "platform/foundation/Check.h"
+#include "platform/foundation/Folders.h"
+#include "platform/text/FontRegistry.h"
+#include "platform/text/LineLayout.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cstring>
+
+namespace zelvo::app {
+
+namespace {
+
+constexpr auto kCaptionFile = "fonts/NunitoSans-Medium.ttf";
+constexpr auto kCaptionFont = "NunitoSans-Medium";
+constexpr double kCaptionSize = 15;     // em, pixels
+constexpr double kCaptionBaseline = 20; // pixels below the picture
+
+const QColor kGround(24, 25, 28);
+const QColor kInk(214, 216, 220);
+
+[[nodiscard]] QPointF pointAt(glm::vec2 point) {
+    return {point.x, -point.y}; // outlines have y up
+}
+
+[[nodiscard]] QPainterPath painterPath(const geometry::BezierPath& outline) {
+    using Verb = geometry::BezierPath::Verb;
+    QPainterPath path;
+    path.setFillRule(Qt::WindingFill);
+    for (const auto& element : outline.elements()) {
+        const QPointF end = pointAt(element.point);
+        switch (element.verb) {
+        case Verb::move:
+            path.moveTo(end);
+            break;
+        case Verb::line:
+            path.lineTo(end);
+            break;
+        case Verb::quad:
+            path.quadTo(pointAt(element.control1), end);
+            break;
+        case Verb::cubic:
+            path.cubicTo(pointAt(element.control1), pointAt(element.control2), end);
+            break;
+        case Verb::close:
+            path.closeSubpath();
+            break;
+        }
+    }
+    return path;
+}
+
+/// The caption, narrowed where it is wider than its tile. Glyph outlines need no application
+/// object, which Qt's own fonts would.
+void drawCaption(QPainter& painter, const Tile& tile, const text::FontPtr& font) {
+    const auto path = painterPath(text::outlineOf(
+        tile.caption, {.font = font, .fallback = font, .size = kCaptionSize, .kern = 0.2}));
+    const double width = path.boundingRect().right();
+    const double narrowing = std::min(1.0, tile.picture.width / std::max(width, 1.0));
+    painter.save();
+    painter.translate(0, tile.picture.height + kCaptionBaseline);
+    painter.scale(narrowing, narrowing);
+    painter.fillPath(path, kInk);
+    painter.restore();
+}
+
+[[nodiscard]] QImage wrapped(const image::Image& picture) {
+    return {
+        picture.pixels.data(),
+        picture.width,
+        picture.height,
+        4 * picture.width,
+        QImage::Format_RGBX8888};
+}
+
+[[nodiscard]] image::Image copied(const QImage& canvas) {
+    image::Image made(canvas.width(), canvas.height());
+    const auto rowBytes = static_cast<std::size_t>(4 * canvas.width());
+    for (int y = 0; y < canvas.height(); ++y) {
+        std::memcpy(
+            made.pixels.data() + static_cast<std::size_t>(y) * rowBytes,
+            canvas.constScanLine(y),
+            rowBytes);
+    }
+    return made;
+}
+
+} // namespace
+
+SheetLayout layoutFor(std::size_t count, int mostColumns, int tileWidth, int tileHeight) {
+    CHECK(count > 0 && mostColumns > 0, "{} tiles in {} columns", count, mostColumns);
+    const int tiles = static_cast<int>(count);
+    const int rows = (tiles + mostColumns - 1) / mostColumns;
+    return {
+        .tileWidth = tileWidth,
+        .tileHeight = tileHeight,
+        .columns = (tiles + rows - 1) / rows,
+        .rows = rows};
+}
+
+foundation::Result<image::Image>
+contactSheet(const std::vector<Tile>& tiles, const SheetLayout& layout) {
+    text::FontRegistry fonts;
+    const auto registered = fonts.registerFile(
+        foundation::mainBundle().path(kCaptionFile), {std::string(kCaptionFont)});
+    if (!registered)
+        return tl::unexpected(registered.error());
+    const auto font = fonts.find(kCaptionFont);
+
+    QImage canvas(layout.width(), layout.height(), QImage::Format_RGBX8888);
+    canvas.fill(kGround);
+    QPainter painter(&canvas);
+    painter.setRenderHint(QPainter::Antialiasing);
+    int place = 0;
+    for (const auto& tile : tiles) {
+        CHECK(
+            tile.picture.width == layout.tileWidth && tile.picture.height == layout.tileHeight,
+            "a tile of {} x {} on a sheet of others",
+            tile.picture.width,
+            tile.picture.height);
+        const int column = place % layout.columns, row = place / layout.columns;
+        ++place;
+        painter.save();
+        painter.translate(
+            SheetLayout::kGap + column * (layout.tileWidth + SheetLayout::kGap),
+            SheetLayout::kGap +
+                row * (layout.tileHeight + SheetLayout::kCaption + SheetLayout::kGap));
+        painter.drawImage(0, 0, wrapped(tile.picture));
+        drawCaption(painter, tile, font);
+        painter.restore();
+    }
+    painter.end();
+    return copied(canvas);
+}
+
+} // namespace zelvo::app
