@@ -23,6 +23,7 @@ ActionController::ActionController(ActionControllerOwner& model, core::Nodes& st
     : nodes(stage)
     , undoManager(this)
     , techniques(*this)
+    , gestures(*this)
     , owner(model) {}
 
 const std::vector<XACPtr>& ActionController::recordedActions() const {

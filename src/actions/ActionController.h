@@ -2,6 +2,7 @@
 #pragma once
 
 #include "actions/ActionControllerOwner.h"
+#include "actions/Gestures.h"
 #include "actions/HomePose.h"
 #include "actions/MyUndoManager.h"
 #include "actions/Techniques.h"
@@ -38,6 +39,7 @@ public:
     core::Nodes& nodes;
     MyUndoManager undoManager;
     Techniques techniques;
+    Gestures gestures;
     int currentIdentifier = 0; ///< the last one given out
 
     [[nodiscard]] ActionControllerOwner& model() const { return owner; }

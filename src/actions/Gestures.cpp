@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+#include "actions/Gestures.h"
+
+#include "actions/ActionController.h"
+#include "actions/TimingCurves.h"
+#include "platform/foundation/Console.h"
+#include "platform/scene/SCNAction.h"
+
+#include <cmath>
+#include <utility>
+
+namespace zelvo::actions {
+
+namespace {
+
+using scene::SCNAction;
+
+constexpr glm::vec3 kHome{0, 0, 0};
+
+// Radians a point. A drag sideways turns more than one up or down.
+constexpr float kTurnAboutY = -0.03f;
+constexpr float kTurnAboutX = -0.02f;
+constexpr double kTurnDuration = 0.4;
+
+constexpr double kReleaseFactor = 0.8; ///< times the base duration
+
+// A velocity of 0.15 is a step of 1.5 units.
+constexpr float kPinchVelocity = 0.15f;
+constexpr float kPinchUnits = 1.5f;
+constexpr float kFallbackVelocity = 0.1f;
+constexpr double kPinchDuration = 0.1;
+
+constexpr double kCenterDuration = 0.5;
+constexpr float kCenterPeriod = 1.0f;
+
+scene::TimingFunction glide() {
+    return bezierTiming(0.1f, 0.7f, 0.5f, 0.98f);
+}
+
+/// A handle and the one axis that it turns about.
+struct Handle {
+    scene::SCNNode& node;
+    glm::vec3 axis;
+    const char* nanLine;
+};
+
+/// An orientation beyond a quarter turn has a second reading in Euler angles, half a turn about the
+/// two other axes, and a return by the shortest arc may leave the handle with that one. A relative
+/// turn has to start from the angle about the handle's own axis.
+void readAboutOwnAxis(const Handle& handle) {
+    const glm::quat q = handle.node.orientation();
+    const float along = q.x * handle.axis.x + q.y * handle.axis.y + q.z * handle.axis.z;
+    float angle = 2 * std::atan2(along, q.w);
+    if (std::isnan(angle)) {
+        foundation::logLine(handle.nanLine);
+        angle = 0;
+    }
+    handle.node.setEulerAngles(handle.axis * angle);
+}
+
+void turnHandle(const Handle& handle, float radians) {
+    readAboutOwnAxis(handle);
+    handle.node.runAction(SCNAction::rotateBy(handle.axis * radians, kTurnDuration, glide()));
+}
+
+void turnCamera(const core::Nodes& stage, const glm::vec2& d) {
+    turnHandle(
+        {
+            *stage.cameraYHandle, {0, 1, 0},
+             "camYHandleRotW.isNaN"
+    },
+        d.x * kTurnAboutY);
+    turnHandle(
+        {
+            *stage.cameraXHandle, {1, 0, 0},
+             "camXHandleRotW.isNaN"
+    },
+        d.y * kTurnAboutX);
+}
+
+void stopHandles(const core::Nodes& stage) {
+    stage.cameraYHandle->removeAllActions();
+    stage.cameraXHandle->removeAllActions();
+}
+
+void straightenCamera(const core::Nodes& stage, double duration) {
+    stopHandles(stage);
+    const auto straighten = SCNAction::rotateTo(kHome, duration, glide(), scene::UnitArc::shortest);
+    stage.cameraYHandle->runAction(straighten);
+    stage.cameraXHandle->runAction(straighten);
+}
+
+void pushCameraIn(const core::Nodes& stage, float units) {
+    const glm::vec3 from = stage.cameraPinchNode->position;
+    const auto easeOut = bezierTiming(0, 0, 0.58f, 1);
+    stage.cameraPinchNode->runAction(
+        SCNAction::moveTo({from.x, from.y, from.z - units}, kPinchDuration, easeOut));
+}
+
+} // namespace
+
+Gestures::Gestures(ActionController& owner)
+    : controller(owner) {}
+
+void Gestures::pan(GestureState state, const glm::vec2& location) {
+    if (state == GestureState::began) {
+        beginPan();
+        previousLocation = location;
+    } else if (state == GestureState::changed) {
+        const glm::vec2 d = location - std::exchange(previousLocation, location);
+        controller.addAction(
+            [&stage = controller.nodes, d] { turnCamera(stage, d); },
+            panningActionIdentifier,
+            "",
+            RegisterUndo::no);
+    } else {
+        releasePan();
+    }
+}
+
+void Gestures::beginPan() {
+    panningActionIdentifier = controller.newIdentifier();
+    controller.addAction(
+        [&stage = controller.nodes] { stopHandles(stage); },
+        panningActionIdentifier,
+        "Camera Move",
+        RegisterUndo::yes);
+}
+
+void Gestures::releasePan() {
+    const double duration = controller.model().animationFactor() * kReleaseFactor;
+    controller.addAction(
+        [&stage = controller.nodes, duration] { straightenCamera(stage, duration); },
+        panningActionIdentifier,
+        "",
+        RegisterUndo::no);
+}
+
+void Gestures::pinch(GestureState state, float velocity) {
+    const bool isFirst = state == GestureState::began;
+    if (isFirst)
+        pinchActionIdentifier = controller.newIdentifier();
+    if (state == GestureState::ended) {
+        releasePinch();
+        return;
+    }
+    if (std::isnan(velocity)) {
+        foundation::logLine("isNan");
+        velocity = kFallbackVelocity;
+    }
+    pinchCamera(
+        velocity / kPinchVelocity * kPinchUnits,
+        pinchActionIdentifier,
+        isFirst ? RegisterUndo::yes : RegisterUndo::no);
+}
+
+void Gestures::pinchCamera(float value, int identifier, RegisterUndo registerUndo) {
+    controller.addAction(
+        [&stage = controller.nodes, value] { pushCameraIn(stage, value); },
+        identifier,
+        "Camera Pinch",
+        registerUndo);
+}
+
+void Gestures::releasePinch() {
+    const double duration = controller.model().animationFactor() * kReleaseFactor;
+    controller.addAction(
+        [&stage = controller.nodes, duration] {
+            stage.cameraPinchNode->runAction(SCNAction::moveTo(kHome, duration, glide()));
+        },
+        pinchActionIdentifier,
+        "",
+        RegisterUndo::no);
+}
+
+void Gestures::doubleTap() {
+    controller.addAction(
+        [&stage = controller.nodes] {
+            resetStage(
+                stage,
+                CameraHandles::leave,
+                {.timing = elasticOut(kCenterPeriod), .duration = kCenterDuration});
+        },
+        controller.newIdentifier(),
+        "Center",
+        RegisterUndo::yes);
+}
+
+} // namespace zelvo::actions
