@@ -2,6 +2,7 @@
 #include "platform/scene/SCNNode.h"
 
 #include "platform/foundation/Check.h"
+#include "platform/scene/KeyframeRun.h"
 #include "platform/scene/RunningAction.h"
 
 #include <glm/geometric.hpp>
@@ -100,13 +101,17 @@ void SCNNode::setRotation(const glm::vec4& axisAngle) {
     setOrientation(glm::angleAxis(axisAngle.w, axis / length));
 }
 
+glm::vec4 SCNNode::rotation() const {
+    return axisAngleFromOrientation(orientation_);
+}
+
 glm::mat4 SCNNode::transform() const {
-    glm::mat4 matrix = glm::mat4_cast(orientation_);
+    glm::mat4 matrix = glm::mat4_cast(presentedOrientation());
     const glm::vec3& factors = scale.presented();
     matrix[0] *= factors.x;
     matrix[1] *= factors.y;
     matrix[2] *= factors.z;
-    matrix[3] = glm::vec4(position.presented(), 1);
+    matrix[3] = glm::vec4(presentedPosition(), 1);
     return pivot == glm::mat4(1) ? matrix : matrix * glm::inverse(pivot);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/scene/Animated.h"
+#include "platform/scene/CAKeyframeAnimation.h"
 #include "platform/scene/ParticleEmitter.h"
 #include "platform/scene/SCNAction.h"
 #include "platform/scene/SCNCamera.h"
@@ -74,6 +75,8 @@ public:
     void setOrientation(const glm::quat& orientation);
     /// Axis (need not be unit) and angle in radians; a zero axis means no rotation.
     void setRotation(const glm::vec4& axisAngle);
+    /// The same, of unit axis; all zero for no rotation.
+    [[nodiscard]] glm::vec4 rotation() const;
 
     [[nodiscard]] glm::mat4 transform() const;      ///< to the parent, of the presented values
     [[nodiscard]] glm::mat4 worldTransform() const; ///< to the root, of the presented values
@@ -131,11 +134,20 @@ public:
         return emitters_;
     }
 
-    // --- keyframe animations: none exist yet, so there are no keys
-    // NOLINTNEXTLINE(readability-convert-member-functions-to-static): will ask the node
-    [[nodiscard]] std::vector<std::string> animationKeys() const { return {}; }
-
+    // --- keyframe animations: evaluated after the actions, they change what is drawn and no value
+    // --- of the node
+    /// Begins with the next evaluation, at 0. What ran under the key blends out while this one
+    /// fades in.
+    void addAnimation(CAKeyframeAnimation animation, const std::string& key);
+    /// In the order of adding, of those that run.
+    [[nodiscard]] std::vector<std::string> animationKeys() const;
+    /// Takes `blendOutDuration` seconds to leave the node to its own value; the key is free at
+    /// once.
     void removeAnimationForKey(const std::string& key, double blendOutDuration);
+
+    /// With the keyframe animations; what transforms are made of.
+    [[nodiscard]] glm::vec3 presentedPosition() const;
+    [[nodiscard]] glm::quat presentedOrientation() const;
 
 private:
     friend class SCNScene;
@@ -148,6 +160,9 @@ private:
     /// Cancels what the key names, all for an empty key.
     void cancelActions(const std::string& key);
     void dropFinishedActions();
+    struct KeyframeRun;
+    void advanceAnimations(double step, std::uint64_t evaluation);
+    void dropFinishedAnimations();
     void advanceParticles(double step);
 
     static std::uint64_t evaluationsBegun; ///< over all scenes
@@ -158,7 +173,8 @@ private:
     glm::quat orientation_{1, 0, 0, 0};
     glm::vec3 addedPosition_{0};
     glm::vec3 addedEulerAngles_{0};
-    std::vector<std::unique_ptr<RunningAction>> running; ///< in the order of starting
+    std::vector<std::unique_ptr<RunningAction>> running;  ///< in the order of starting
+    std::vector<std::unique_ptr<KeyframeRun>> animations; ///< in the order of adding
     std::vector<std::unique_ptr<ParticleEmitter>> emitters_;
     bool isAdvancing = false; ///< while true, cancelled actions are marked and stay in the list
 };

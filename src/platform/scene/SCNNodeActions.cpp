@@ -47,8 +47,6 @@ void SCNNode::addToEulerAngles(const glm::vec3& delta) {
     setEulerAngles(eulerAngles_ + delta);
 }
 
-void SCNNode::removeAnimationForKey(const std::string&, double) {}
-
 void SCNNode::cancelActions(const std::string& key) {
     for (const auto& entry : running) {
         if (key.empty() || entry->key == key)

@@ -25,6 +25,7 @@ void SCNScene::applyAnimations(double time) {
         node->advanceActions(step, evaluation, completions);
     }
     for (const SCNNodePtr& node : active) {
+        node->advanceAnimations(step, evaluation);
         node->advanceParticles(step);
     }
     active.clear();
@@ -43,7 +44,7 @@ void SCNScene::applyAnimations(double time) {
 }
 
 void SCNScene::collectActive(const SCNNodePtr& node) {
-    if (!node->running.empty() || !node->emitters_.empty())
+    if (!node->running.empty() || !node->animations.empty() || !node->emitters_.empty())
         active.push_back(node);
     for (const SCNNodePtr& child : node->childNodes()) {
         collectActive(child);

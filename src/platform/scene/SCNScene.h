@@ -54,7 +54,8 @@ public:
     [[nodiscard]] double time() const { return time_; }
 
 private:
-    /// Appends the nodes with actions or particles at and below a node to `active`, parents first.
+    /// Appends the nodes with actions, animations or particles at and below a node to `active`,
+    /// parents first.
     void collectActive(const SCNNodePtr& node);
 
     SCNNodePtr rootNode_;
