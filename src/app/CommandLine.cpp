@@ -24,6 +24,7 @@ constexpr std::string_view kFooter =
     "  zelvo perform night.json --movie night.mov\n"
     "  zelvo frame night.json --at 2.5 --out still.png --size 1280x720\n"
     "  zelvo strip night.json --from 0 --to 2 --count 8 --out strip.png\n"
+    "  zelvo sheet materials --out materials.png\n"
     "  zelvo list buttons\n"
     "\n"
     "Exit status:\n"
@@ -46,6 +47,10 @@ constexpr std::string_view kStripFooter =
     "at most four, each a frame of the movie with its time below it. Times below 0 lie in the\n"
     "count-in; --size is that of one moment.";
 
+constexpr std::string_view kSheetFooter =
+    "Each is drawn on the stage as a movie would show it, with the name that a performance file\n"
+    "uses below it, in the order of zelvo list.";
+
 constexpr std::string_view kListFooter =
     "One name a line; buttons as tab, a tab stop, and the title that a performance file uses.";
 
@@ -63,6 +68,19 @@ constexpr auto kListings = std::to_array<ListingName>({
     {"shapes",    Listing::shapes   },
     {"masks",     Listing::masks    },
     {"speeds",    Listing::speeds   },
+});
+
+struct SheetName {
+    std::string_view name;
+    SheetKind kind;
+};
+
+constexpr auto kSheets = std::to_array<SheetName>({
+    {"materials", SheetKind::materials},
+    {"scenes",    SheetKind::scenes   },
+    {"shapes",    SheetKind::shapes   },
+    {"masks",     SheetKind::masks    },
+    {"fonts",     SheetKind::fonts    },
 });
 
 [[nodiscard]] std::optional<int> sideFrom(std::string_view text) {
@@ -186,23 +204,45 @@ void addStrip(CLI::App& app, StripCommand& options) {
     addSeed(command, options.seed);
 }
 
-void addList(CLI::App& app, ListCommand& options) {
-    auto& command = *app.add_subcommand("list", "Print the names a performance can use");
-    command.footer(std::string(kListFooter));
+/// The positional that takes one of the table's names.
+template <class Rows, class Take>
+void addWhat(CLI::App& command, const Rows& rows, const std::string& description, Take take) {
     std::vector<std::string> names;
-    names.reserve(kListings.size());
-    for (const auto& row : kListings)
+    names.reserve(rows.size());
+    for (const auto& row : rows)
         names.emplace_back(row.name);
     command
         .add_option_function<std::string>(
             "WHAT",
-            [&options](const std::string& name) {
-                options.what = std::ranges::find(kListings, name, &ListingName::name)->what;
+            [&rows, take](const std::string& name) {
+                take(*std::ranges::find(rows, name, [](const auto& row) { return row.name; }));
             },
-            "tabs, buttons, fonts, materials, scenes, shapes, masks or speeds")
+            description)
         ->required()
         ->check(CLI::IsMember(names))
         ->type_name("");
+}
+
+void addSheet(CLI::App& app, SheetCommand& options) {
+    auto& command =
+        *app.add_subcommand("sheet", "Make a picture that shows all a performance can use");
+    command.footer(std::string(kSheetFooter));
+    addWhat(
+        command,
+        kSheets,
+        "materials, scenes, shapes, masks or fonts",
+        [&options](const SheetName& row) { options.what = row.kind; });
+    addOut(command, options.out);
+}
+
+void addList(CLI::App& app, ListCommand& options) {
+    auto& command = *app.add_subcommand("list", "Print the names a performance can use");
+    command.footer(std::string(kListFooter));
+    addWhat(
+        command,
+        kListings,
+        "tabs, buttons, fonts, materials, scenes, shapes, masks or speeds",
+        [&options](const ListingName& row) { options.what = row.what; });
 }
 
 [[nodiscard]] std::string oneLine(std::string text) {
@@ -220,10 +260,12 @@ foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments)
     PerformCommand perform;
     FrameCommand frame;
     StripCommand strip;
+    SheetCommand sheet;
     ListCommand list;
     addPerform(app, perform);
     addFrame(app, frame);
     addStrip(app, strip);
+    addSheet(app, sheet);
     addList(app, list);
 
     // The library speaks in exceptions; none leaves this function.
@@ -244,6 +286,8 @@ foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments)
         return frame;
     if (app.got_subcommand("strip"))
         return strip;
+    if (app.got_subcommand("sheet"))
+        return sheet;
     if (app.got_subcommand("list"))
         return list;
     return TextCommand{app.help()};

@@ -58,6 +58,14 @@ struct StripCommand {
     static constexpr int kMostMoments = 100;
 };
 
+enum class SheetKind { materials, scenes, shapes, masks, fonts };
+
+/// zelvo sheet
+struct SheetCommand {
+    SheetKind what = SheetKind::materials;
+    std::filesystem::path out;
+};
+
 enum class Listing { tabs, buttons, fonts, materials, scenes, shapes, masks, speeds };
 
 /// zelvo list
@@ -70,7 +78,8 @@ struct TextCommand {
     std::string text;
 };
 
-using Command = std::variant<PerformCommand, FrameCommand, StripCommand, ListCommand, TextCommand>;
+using Command = std::
+    variant<PerformCommand, FrameCommand, StripCommand, SheetCommand, ListCommand, TextCommand>;
 
 /// What the arguments (without the program's name) ask for. The error is one line.
 [[nodiscard]] foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments);

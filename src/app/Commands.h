@@ -18,6 +18,7 @@ struct ExitStatus {
 [[nodiscard]] int run(const PerformCommand& command);
 [[nodiscard]] int run(const FrameCommand& command);
 [[nodiscard]] int run(const StripCommand& command);
+[[nodiscard]] int run(const SheetCommand& command);
 [[nodiscard]] int run(const ListCommand& command);
 [[nodiscard]] int run(const TextCommand& command);
 

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "app/ProgramRun.h"
 #include "platform/image/Image.h"
+#include "support/GoldenPicture.h"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -120,6 +124,117 @@ TEST(Strip, SaysInOneLineWhatIsWrongWithItsMoments) {
         EXPECT_NE(ending.status, 0) << row.part;
         EXPECT_NE(ending.err.find(row.part), std::string::npos) << ending.err;
     }
+}
+
+/// The names of `zelvo list`, one a tile.
+[[nodiscard]] std::vector<std::string> namesOf(const Program& program, const std::string& kind) {
+    std::istringstream lines(program.run({"list", kind}).out);
+    std::vector<std::string> names;
+    for (std::string name; std::getline(lines, name);)
+        names.push_back(name);
+    return names;
+}
+
+/// Every third pixel's neighbourhood as one pixel.
+[[nodiscard]] image::Image smaller(const Pixels& pixels, int width, int height) {
+    constexpr int kTimes = 3;
+    image::Image small(width / kTimes, height / kTimes);
+    for (int i = 0; i < 4 * small.width * small.height; ++i) {
+        const int channel = i % 4, x = i / 4 % small.width, y = i / 4 / small.width;
+        int sum = 0;
+        for (int j = 0; j < kTimes * kTimes; ++j) {
+            const int column = kTimes * x + j % kTimes, row = kTimes * y + j / kTimes;
+            sum += pixels[static_cast<std::size_t>(4 * (row * width + column) + channel)];
+        }
+        small.pixels[static_cast<std::size_t>(i)] =
+            static_cast<std::uint8_t>(sum / (kTimes * kTimes));
+    }
+    return small;
+}
+
+/// Holds each tile, made smaller, against the one of its name in the kept atlas: tiles below each
+/// other in a column. ZELVO_UPDATE_GOLDEN=1 writes the atlas anew.
+void expectTilesLikeGolden(
+    const std::vector<image::Image>& tiles,
+    const std::vector<std::string>& names,
+    const std::string& kind) {
+    const auto file =
+        std::filesystem::path(ZELVO_TEST_SOURCE_DIR) / fmt::format("app/golden/all-{}.png", kind);
+    const int width = tiles.front().width, height = tiles.front().height;
+    if (std::getenv("ZELVO_UPDATE_GOLDEN") != nullptr) {
+        image::Image atlas(width, 0);
+        for (const auto& tile : tiles) {
+            atlas.pixels.insert(atlas.pixels.end(), tile.pixels.begin(), tile.pixels.end());
+            atlas.height += height;
+        }
+        ASSERT_TRUE(image::savePNG(atlas, file).has_value());
+    }
+    const auto atlas = loaded(file);
+    ASSERT_EQ(atlas->width, width);
+    ASSERT_EQ(atlas->height, height * static_cast<int>(tiles.size()));
+    for (std::size_t i = 0; i < tiles.size(); ++i) {
+        image::Image wanted(width, height);
+        wanted.pixels = cutOut(*atlas, 0, height * static_cast<int>(i), width, height);
+        EXPECT_LE(test::differingShare(tiles[i], wanted), test::kGoldenShare)
+            << kind << ": " << names[i];
+    }
+}
+
+struct Sheet {
+    const char* kind;
+    int columns, width, height; ///< of the tiles
+    bool hasGolden; ///< those without are kept elsewhere, or are the fonts' own business
+};
+
+class SheetShows : public testing::TestWithParam<Sheet> {};
+
+TEST_P(SheetShows, EachNameOfItsKindAsItLooked) {
+    const Sheet& sheet = GetParam();
+    const Program program;
+    const auto names = namesOf(program, sheet.kind);
+    const int count = static_cast<int>(names.size());
+    const std::string file = program.path("sheet.png");
+    const Ending made = program.run({"sheet", sheet.kind, "--out", file});
+    ASSERT_EQ(made.status, 0) << made.err;
+    EXPECT_EQ(made.out, file + "\n");
+    const auto picture = loaded(file);
+    const int rows = (count + sheet.columns - 1) / sheet.columns;
+    ASSERT_EQ(picture->width, kGap + sheet.columns * (sheet.width + kGap));
+    ASSERT_EQ(picture->height, kGap + rows * (sheet.height + kCaption + kGap));
+
+    const Grid grid{sheet.columns, sheet.width, sheet.height};
+    std::vector<Pixels> pictures;
+    std::vector<Pixels> captions;
+    std::vector<image::Image> tiles;
+    for (int i = 0; i < count; ++i) {
+        const auto& name = names[static_cast<std::size_t>(i)];
+        pictures.push_back(grid.picture(*picture, i));
+        captions.push_back(grid.caption(*picture, i));
+        EXPECT_EQ(std::ranges::count(pictures, pictures.back()), 1) << name << " is there twice";
+        EXPECT_EQ(std::ranges::count(captions, captions.back()), 1) << name << " is named twice";
+        tiles.push_back(smaller(pictures.back(), sheet.width, sheet.height));
+    }
+    if (sheet.hasGolden)
+        expectTilesLikeGolden(tiles, names, sheet.kind);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Kinds,
+    SheetShows,
+    testing::Values(
+        Sheet{"materials", 4, 384, 216, true},
+        Sheet{"scenes", 4, 384, 216, false},
+        Sheet{"shapes", 6, 252, 168, true},
+        Sheet{"masks", 6, 252, 168, true},
+        Sheet{"fonts", 6, 252, 126, false}),
+    [](const auto& each) { return std::string(each.param.kind); });
+
+TEST(Sheet, SaysWhereItCannotBeWritten) {
+    const Program program;
+    const Ending ending = program.run({"sheet", "scenes", "--out", program.path("no/sheet.png")});
+    EXPECT_EQ(ending.status, 1);
+    EXPECT_NE(ending.err.find("no/sheet.png"), std::string::npos) << ending.err;
+    EXPECT_EQ(program.run({"sheet", "tabs", "--out", "a.png"}).status, 2);
 }
 
 } // namespace

@@ -11,12 +11,21 @@
 
 namespace zelvo::test {
 
+inline constexpr double kGoldenShare = 0.004; ///< of all channels that may differ by more
+
+/// The share of channels (0 to 1) in which two pictures of one size differ by more than drivers do.
+inline double differingShare(const image::Image& one, const image::Image& other) {
+    constexpr int kLargestDifference = 8; // of a channel that counts as the same
+    std::size_t different = 0;
+    for (std::size_t i = 0; i < one.pixels.size(); ++i)
+        different += std::abs(one.pixels[i] - other.pixels[i]) > kLargestDifference ? 1U : 0U;
+    return static_cast<double>(different) / static_cast<double>(one.pixels.size());
+}
+
 /// Holds a picture against the one kept under tests/<name>.png. Channels may differ a little, and a
 /// small share of them by more: drivers round edges differently. ZELVO_UPDATE_GOLDEN=1 in the
 /// environment writes the kept pictures anew; look at them before they are committed.
 inline void expectLikeGolden(const image::Image& picture, const std::string& name) {
-    constexpr int kLargestDifference = 8;         // of a channel that counts as the same
-    constexpr double kShareAllowedBeyond = 0.004; // of all channels
     const auto file = std::filesystem::path(ZELVO_TEST_SOURCE_DIR) / (name + ".png");
     if (std::getenv("ZELVO_UPDATE_GOLDEN") != nullptr) {
         std::filesystem::create_directories(file.parent_path());
@@ -25,14 +34,8 @@ inline void expectLikeGolden(const image::Image& picture, const std::string& nam
     const auto wanted = image::loadImage(file);
     ASSERT_TRUE(wanted.has_value()) << wanted.error().message;
     ASSERT_EQ((*wanted)->pixels.size(), picture.pixels.size());
-    std::size_t different = 0;
-    for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
-        different +=
-            std::abs(picture.pixels[i] - (*wanted)->pixels[i]) > kLargestDifference ? 1U : 0U;
-    }
-    const double share =
-        static_cast<double>(different) / static_cast<double>(picture.pixels.size());
-    if (share <= kShareAllowedBeyond)
+    const double share = differingShare(picture, **wanted);
+    if (share <= kGoldenShare)
         return;
     const auto seen =
         std::filesystem::temp_directory_path() / ("zelvo-" + file.filename().string());

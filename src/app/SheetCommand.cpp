@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "app/Commands.h"
+#include "app/ContactSheet.h"
+#include "app/Engine.h"
+#include "app/Performer.h"
+#include "app/SheetViews.h"
+#include "app/StageStyling.h"
+#include "app/TemporaryFolder.h"
+#include "platform/foundation/Check.h"
+#include "platform/foundation/Console.h"
+#include "platform/render/SCNRenderer.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+
+namespace zelvo::app {
+
+namespace {
+
+constexpr double kStep = 1.0 / 30;  // seconds between the pictures that lead to a tile's
+constexpr double kLeadIn = 1.5;     // seconds; changes of style have settled, particles are about
+constexpr double kOversampling = 2; // tiles are small
+
+constexpr double kDepthShare = 0.6;
+
+/// The size at which the node fills the format's space.
+void fit(core::Node& node, const SheetFormat& format) {
+    const auto box = node.contentNode->boundingBox();
+    const double depth = box.max.z - box.min.z;
+    // What reaches towards the camera is seen larger.
+    const double width = box.max.x - box.min.x + kDepthShare * depth;
+    const double height = box.max.y - box.min.y + kDepthShare * depth;
+    if (!(width > 0 && height > 0))
+        return; // nothing to be seen
+    node.scale2D = static_cast<float>(std::min(format.fitWidth / width, format.fitHeight / height));
+    node.applyScale();
+}
+
+/// Draws the views one after the other on one stage.
+class SheetPainter {
+public:
+    SheetPainter(Engine& performing, render::SCNRenderer& drawing, const SheetFormat& wanted)
+        : engine(performing)
+        , renderer(drawing)
+        , format(wanted) {
+        engine.model().setSceneView(&renderer);
+    }
+
+    [[nodiscard]] foundation::Result<Tile> paint(const SheetView& view) {
+        if (auto ready = setUp(view.stage, {}, engine); !ready)
+            return tl::unexpected(ready.error());
+        if (view.fitted)
+            fit(*nodeNamed(*view.fitted, engine.stage()), format);
+        engine.runLoop.runFor(kLeadIn);
+        for (double end = time + kLeadIn; time < end; time += kStep)
+            renderer.update(time);
+        return Tile{
+            view.caption,
+            renderer.snapshotAtTime(time, {format.tile.width, format.tile.height}, kOversampling)};
+    }
+
+private:
+    Engine& engine;
+    render::SCNRenderer& renderer;
+    SheetFormat format;
+    double time = 0; ///< of the scenes, seconds
+};
+
+[[nodiscard]] foundation::Result<image::Image>
+drawSheet(SheetKind kind, const foundation::Folders& folders) {
+    auto renderer = render::SCNRenderer::make();
+    if (!renderer)
+        return tl::unexpected(renderer.error());
+    foundation::VirtualRunLoop loop;
+    Engine engine(loop, folders, 0);
+    const auto format = formatOf(kind);
+    SheetPainter painter(engine, **renderer, format);
+    std::vector<Tile> tiles;
+    for (const auto& view : viewsOf(kind)) {
+        auto tile = painter.paint(view);
+        if (!tile)
+            return tl::unexpected(tile.error());
+        tiles.push_back(std::move(*tile));
+    }
+    return contactSheet(
+        tiles, layoutFor(tiles.size(), format.columns, format.tile.width, format.tile.height));
+}
+
+} // namespace
+
+int run(const SheetCommand& command) {
+    const auto drawn = [&]() -> foundation::Result<void> {
+        const auto temporary = TemporaryFolder::make(foundation::Folders::standard().temporary);
+        if (!temporary)
+            return tl::unexpected(temporary.error());
+        // Everything the engine keeps belongs to the sheet alone.
+        const auto sheet = drawSheet(command.what, foundation::Folders::below(temporary->path()));
+        if (!sheet)
+            return tl::unexpected(sheet.error());
+        return image::savePNG(*sheet, command.out);
+    }();
+    if (!drawn) {
+        foundation::logLine("zelvo: " + drawn.error().message);
+        return ExitStatus::kFailed;
+    }
+    (void)std::fputs((command.out.string() + "\n").c_str(), stdout);
+    return ExitStatus::kDone;
+}
+
+} // namespace zelvo::app
