@@ -17,9 +17,9 @@ constexpr auto kTabs = std::to_array<Tab>({
     {"IN2", "IN2", "mixed entrances",                          showIn2  },
     {"IN3", "IN3", "letter and random entrances",              showIn3  },
     {"IN4", "IN4", "eased and letter entrances",               showIn4  },
-    {"TXT", "MID", "letter actions for the middle of a movie", nullptr  },
-    {"ROT", "ROT", "rotations of the whole stage",             nullptr  },
-    {"CAM", "CAM", "camera actions",                           nullptr  },
+    {"TXT", "MID", "letter actions for the middle of a movie", showTXT  },
+    {"ROT", "ROT", "rotations of the whole stage",             showRot  },
+    {"CAM", "CAM", "camera actions",                           showCam  },
     {"FX1", "FX1", "post-processing and hide",                 showFX1  },
     {"FX2", "FX2", "explosions with light",                    showFX2  },
     {"FX3", "FX3", "particle and light effects",               showFX3  },
@@ -29,10 +29,6 @@ constexpr auto kTabs = std::to_array<Tab>({
 });
 
 } // namespace
-
-std::vector<Button> Tab::buttons() const {
-    return operation == nullptr ? std::vector<Button>() : operation();
-}
 
 std::span<const Tab> tabs() {
     return kTabs;

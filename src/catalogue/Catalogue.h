@@ -30,15 +30,15 @@ struct Button {
     [[nodiscard]] bool isHold() const { return static_cast<bool>(endFunc); }
 };
 
-/// A tab of the catalogue. A tab without an operation has no buttons yet.
+/// A tab of the catalogue.
 struct Tab {
     std::string_view shortTitle; ///< what the tab's button shows
     std::string_view field;      ///< its name in the program
     std::string_view contents;
-    std::vector<Button> (*operation)() = nullptr;
+    std::vector<Button> (*operation)();
 
     /// Made anew by each call.
-    [[nodiscard]] std::vector<Button> buttons() const;
+    [[nodiscard]] std::vector<Button> buttons() const { return operation(); }
 };
 
 /// The fourteen tabs in the order of the row.

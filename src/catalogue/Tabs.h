@@ -8,6 +8,7 @@
 
 namespace zelvo::catalogue {
 
+[[nodiscard]] std::vector<Button> showCam();
 [[nodiscard]] std::vector<Button> showFlyBy();
 [[nodiscard]] std::vector<Button> showFX1();
 [[nodiscard]] std::vector<Button> showFX2();
@@ -19,5 +20,7 @@ namespace zelvo::catalogue {
 [[nodiscard]] std::vector<Button> showOut1();
 [[nodiscard]] std::vector<Button> showOut2();
 [[nodiscard]] std::vector<Button> showOut3();
+[[nodiscard]] std::vector<Button> showRot();
+[[nodiscard]] std::vector<Button> showTXT();
 
 } // namespace zelvo::catalogue

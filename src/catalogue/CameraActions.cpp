@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+// Tab CAM: moves of the camera's rig. What is held comes back when it is let go.
+#include "actions/ActionController.h"
+#include "actions/TimingCurves.h"
+#include "catalogue/BuildingBlocks.h"
+#include "catalogue/CameraMoves.h"
+#include "catalogue/Tabs.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace zelvo::catalogue {
+
+namespace {
+
+using actions::ActionController;
+using actions::RegisterUndo;
+using scene::SCNAction;
+
+constexpr auto kBackKey = "camBackToNormal";
+
+using Press = std::function<void(ActionController&, int identifier)>;
+
+/// A press and a release that are one user act.
+Button heldButton(std::string_view label, std::string_view title, Press press, Press release) {
+    const auto box = std::make_shared<int>(0);
+    return {
+        .face = {.label = label},
+        .title = title,
+        .beganFunc =
+            [box, press = std::move(press)](ActionController& controller) {
+                *box = controller.newIdentifier();
+                press(controller, *box);
+            },
+        .endFunc = [box, release = std::move(release)](
+                       ActionController& controller) { release(controller, *box); }};
+}
+
+Button firedButton(
+    std::string_view label, std::string_view title, std::function<void(ActionController&)> fire) {
+    return {.face = {.label = label}, .title = title, .beganFunc = std::move(fire), .endFunc = {}};
+}
+
+void camBackToNormal(ActionController& controller, int identifier, const Pace& pace) {
+    const Pace back{0.3 * pace.duration, pace.timing};
+    controller.addAction(
+        [node = controller.nodes.cameraSpecialPerspectiveNode, back] {
+            node->runAction(
+                SCNAction::group({moveTo({0, 0, 0}, back), rotateTo({0, 0, 0}, back)}), kBackKey);
+        },
+        identifier,
+        "",
+        RegisterUndo::no);
+}
+
+Button zoomButton() {
+    constexpr auto kTitle = "Zoom Cam";
+    return heldButton(
+        "Zoom",
+        kTitle,
+        [](ActionController& controller, int identifier) {
+            const Pace pace{0.15 * controller.model().animationFactor(), actions::linearTiming};
+            controller.addAction(
+                [node = controller.nodes.cameraSpecialPerspectiveNode, pace] {
+                    node->removeActionForKey(kBackKey);
+                    node->runAction(moveTo({0, 2, -105}, pace));
+                },
+                identifier,
+                kTitle,
+                RegisterUndo::yes);
+        },
+        [](ActionController& controller, int identifier) {
+            camBackToNormal(
+                controller,
+                identifier,
+                {controller.model().animationFactor(),
+                 actions::bezierTiming(0.44f, 0.66f, 0.22f, 0.99f)});
+        });
+}
+
+/// A cut to another view and back.
+struct HalfView {
+    std::string_view label;
+    std::string_view title;
+    float a; ///< degrees about y
+    float x;
+};
+
+constexpr HalfView kHalfLeft{"Half Left", "Half Left Cam", -30, 24};
+constexpr HalfView kHalfRight{"Half Right", "Half Right Cam", 30, -24};
+
+Button halfButton(const HalfView& view) {
+    return heldButton(
+        view.label,
+        view.title,
+        [view](ActionController& controller, int identifier) {
+            controller.addAction(
+                [node = controller.nodes.cameraSpecialPerspectiveNode, view] {
+                    node->removeActionForKey(kBackKey);
+                    node->runAction(rotateTo({20, view.a, 0}));
+                    node->runAction(moveTo({view.x, 18, -82}));
+                },
+                identifier,
+                std::string(view.title),
+                RegisterUndo::yes);
+        },
+        [](ActionController& controller, int identifier) {
+            camBackToNormal(controller, identifier, {0, actions::linearTiming});
+        });
+}
+
+} // namespace
+
+std::vector<Button> showCam() {
+    constexpr auto kQuake = "Quake Cam";
+    constexpr auto kTurbulence = "Turbulence Cam";
+    constexpr auto kShake = "Shake Cam";
+    return {
+        zoomButton(),
+        firedButton(
+            "Quake",
+            kQuake,
+            [](ActionController& controller) {
+                quakeCam(controller, controller.model().animationFactor(), kQuake);
+            }),
+        firedButton(
+            "Turb",
+            kTurbulence,
+            [](ActionController& controller) { turbulence(controller, kTurbulence); }),
+        firedButton(
+            "Shake",
+            kShake,
+            [](ActionController& controller) {
+                shortZoomWiggle(controller, controller.model().animationFactor(), kShake);
+            }),
+        halfButton(kHalfLeft),
+        halfButton(kHalfRight),
+    };
+}
+
+} // namespace zelvo::catalogue
