@@ -2,11 +2,20 @@
 #include "ui/controls/Theme.h"
 
 #include <QFontDatabase>
+#include <QFontInfo>
+#include <QGuiApplication>
 
 namespace zelvo::ui {
 
+namespace {
+
+constexpr qreal kUsualFontPixels = 12;
+
+} // namespace
+
 Theme::Theme(QObject* parent)
     : QObject(parent)
-    , digitsFamily(QFontDatabase::systemFont(QFontDatabase::FixedFont).family()) {}
+    , digitsFamily(QFontDatabase::systemFont(QFontDatabase::FixedFont).family())
+    , textScale(QFontInfo(QGuiApplication::font()).pixelSize() / kUsualFontPixels) {}
 
 } // namespace zelvo::ui

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/controls/InterfaceColors.h"
+
 #include <QColor>
 #include <QObject>
 #include <QString>
@@ -31,22 +33,29 @@ class Theme final : public QObject {
 public:
     explicit Theme(QObject* parent = nullptr);
 
-    const QColor accent{0x24, 0x5C, 0xF0};
-    const QColor record{0xE2, 0x47, 0x42};
-    const QColor buttonFill = QColor::fromRgbF(0.2231f, 0.2254f, 0.2438f);
-    const QColor buttonFillClear = QColor::fromRgbF(0.2231f, 0.2254f, 0.2438f, 0.58f);
+    /// The pixels of text that is `size` pixels where the application's font is 12 pixels, the
+    /// usual size: so text grows with the system's.
+    Q_INVOKABLE [[nodiscard]] int px(qreal size) const { return qRound(size * textScale); }
+
+    const QColor accent = kAccentColor;
+    const QColor record = kRecordColor;
+    const QColor buttonFill = kButtonColor;
+    const QColor buttonFillClear = kClearButtonColor;
     const QColor background = QColor::fromRgbF(0.01261f, 0.01274f, 0.01378f);
     const QColor bar = QColor::fromRgbF(0.01261f, 0.01274f, 0.01378f, 0.7f);
     const QColor dimmedPanel = QColor::fromRgbF(0.01261f, 0.01274f, 0.01378f, 0.4f);
     const QColor separator = QColor::fromRgbF(0.194f, 0.196f, 0.212f);
     const QColor row = QColor::fromRgbF(0.0388f, 0.0392f, 0.0424f);
     const QColor ringTrack = QColor::fromRgbF(0.1455f, 0.147f, 0.159f);
-    const QColor text = QColor::fromRgbF(0.95f, 0.95f, 0.95f);
+    const QColor text = kTextColor;
     const QColor mutedText = QColor::fromRgbF(0.485f, 0.49f, 0.53f);
     const QColor hint{0xF7, 0xCF, 0x50};
     const QColor howto{0xC8, 0x8E, 0x01};
     const qreal radius = 6;
     const QString digitsFamily; ///< the system's face with digits of one width
+
+private:
+    qreal textScale;
 };
 
 } // namespace zelvo::ui

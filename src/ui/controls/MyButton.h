@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/controls/InterfaceColors.h"
+
+#include <QColor>
+#include <QObject>
+#include <QSizeF>
+#include <QString>
+
+#include <functional>
+
+namespace zelvo::ui {
+
+/// What a button shows and how it is spoken of.
+struct ButtonFace {
+    QString image{}; ///< name of an icon; empty: none
+    QString title{}; ///< empty: none
+    QString name{};  ///< in the tooltip and for screen readers; empty: the title
+    QString
+        key{}; ///< the key that does the same, as the tooltip writes it ("Ctrl+Z"); may be empty
+};
+
+/// A button that answers when it is released inside. Two pairs of colours: those of the selected
+/// state and the others.
+class MyButton : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString image READ image NOTIFY changed)
+    Q_PROPERTY(QString title READ title NOTIFY changed)
+    Q_PROPERTY(QString name READ name NOTIFY changed)
+    Q_PROPERTY(QString key READ key NOTIFY changed)
+    Q_PROPERTY(bool isEnabled READ isEnabled NOTIFY changed)
+    Q_PROPERTY(bool isMySelected READ isMySelected NOTIFY changed)
+    Q_PROPERTY(QColor fill READ fill NOTIFY changed)
+    Q_PROPERTY(QColor textColor READ textColor NOTIFY changed)
+    Q_PROPERTY(qreal width READ width CONSTANT)
+    Q_PROPERTY(qreal height READ height CONSTANT)
+    Q_PROPERTY(qreal cornerRadius READ cornerRadius CONSTANT)
+
+public:
+    MyButton(ButtonFace shown, std::function<void()> targetFunc, QObject* parent = nullptr);
+
+    // How it looks: set once after it is made, unless a setter is there.
+    QColor selectedColor = Qt::transparent;
+    QColor unselectedColor = Qt::transparent;
+    QColor normalTextColor = kTextColor;
+    QColor highlightTextColor = kTextColor;
+    QString selectedImage; ///< instead of the image while selected; empty: the same
+    /// Device-independent pixels; a width of 0 is that of the content.
+    QSizeF size{40, 36};
+    qreal radius = 6;
+
+    std::function<void()> target; ///< touch-up inside; may be empty
+
+    [[nodiscard]] QString image() const;
+
+    [[nodiscard]] QString title() const { return face.title; }
+
+    [[nodiscard]] QString name() const { return face.name.isEmpty() ? face.title : face.name; }
+
+    [[nodiscard]] QString key() const { return face.key; }
+
+    [[nodiscard]] bool isEnabled() const { return enabled; }
+
+    [[nodiscard]] bool isMySelected() const { return selected; }
+
+    [[nodiscard]] QColor fill() const { return selected ? selectedColor : unselectedColor; }
+
+    [[nodiscard]] QColor textColor() const {
+        return selected ? highlightTextColor : normalTextColor;
+    }
+
+    [[nodiscard]] qreal width() const { return size.width(); }
+
+    [[nodiscard]] qreal height() const { return size.height(); }
+
+    [[nodiscard]] qreal cornerRadius() const { return radius; }
+
+    void setFace(ButtonFace shown);
+    void setEnabled(bool isUsable);
+    void setMySelected(bool isOn);
+
+    /// A finger, mouse button or key was let go on it. Nothing happens while it is disabled.
+    Q_INVOKABLE void click();
+
+Q_SIGNALS:
+    void changed();
+
+protected:
+    /// Before the target.
+    virtual void didTouch() {}
+
+    ButtonFace face;
+
+private:
+    bool enabled = true;
+    bool selected = false;
+};
+
+/// A button with a picture and a text that both stand in its fill.
+class MyLabelButton : public MyButton {
+    Q_OBJECT
+    Q_PROPERTY(QString myImageView READ image NOTIFY changed)
+
+public:
+    using MyButton::MyButton;
+};
+
+} // namespace zelvo::ui

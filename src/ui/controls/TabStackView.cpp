@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "ui/controls/TabStackView.h"
+
+#include <algorithm>
+
+namespace zelvo::ui {
+
+TabStackView::TabStackView(QObject* parent)
+    : TabStackView(Look{}, parent) {}
+
+TabStackView::TabStackView(Look given, QObject* parent)
+    : QObject(parent)
+    , look(std::move(given)) {}
+
+TabStackView::~TabStackView() {
+    leaveAll();
+}
+
+void TabStackView::addArrangedSubview(MyButton& button) {
+    enter(button);
+    Q_EMIT changed();
+}
+
+void TabStackView::removeArrangedSubviews() {
+    leaveAll();
+    Q_EMIT changed();
+}
+
+void TabStackView::setArrangedSubviews(const QList<MyButton*>& buttons) {
+    leaveAll();
+    for (MyButton* const button : buttons)
+        enter(*button);
+    Q_EMIT changed();
+}
+
+void TabStackView::select(qsizetype index) {
+    const auto all = tabs();
+    if (index >= 0 && index < all.size())
+        all[index]->didTouch();
+}
+
+qsizetype TabStackView::selectedIndex() const {
+    const auto all = tabs();
+    const auto lit = std::ranges::find_if(
+        all, [](const MySegmentedStackButton* tab) { return tab->isMySelected(); });
+    return lit == all.end() ? -1 : lit - all.begin();
+}
+
+QList<QObject*> TabStackView::arrangedObjects() const {
+    return {row.begin(), row.end()};
+}
+
+void TabStackView::enter(MyButton& button) {
+    if (auto* const highlighting = qobject_cast<HighlightButton*>(&button))
+        highlighting->setSuperView(this);
+    row.append(&button);
+    connect(&button, &QObject::destroyed, this, [this, gone = &button] {
+        if (row.removeAll(gone) > 0)
+            Q_EMIT changed();
+    });
+}
+
+void TabStackView::leaveAll() {
+    for (MyButton* const button : std::as_const(row)) {
+        button->disconnect(this);
+        if (auto* const highlighting = qobject_cast<HighlightButton*>(button))
+            highlighting->setSuperView(nullptr);
+    }
+    row.clear();
+}
+
+QList<MySegmentedStackButton*> TabStackView::tabs() const {
+    QList<MySegmentedStackButton*> found;
+    for (MyButton* const button : row) {
+        if (auto* const tab = qobject_cast<MySegmentedStackButton*>(button))
+            found.append(tab);
+    }
+    return found;
+}
+
+} // namespace zelvo::ui

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/controls/HighlightButton.h"
+
+#include <QColor>
+#include <QList>
+#include <QMarginsF>
+#include <QObject>
+
+namespace zelvo::ui {
+
+/// A row of buttons on a common rounded ground. It owns none of them: they outlive their standing
+/// in it.
+class TabStackView : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QList<QObject*> arrangedSubviews READ arrangedObjects NOTIFY changed)
+    Q_PROPERTY(qreal leftInset READ leftInset NOTIFY changed)
+    Q_PROPERTY(qreal rightInset READ rightInset NOTIFY changed)
+    Q_PROPERTY(qreal spacing READ spacing NOTIFY changed)
+    Q_PROPERTY(qreal cornerRadius READ cornerRadius NOTIFY changed)
+    Q_PROPERTY(QColor strokeColor READ strokeColor NOTIFY changed)
+    Q_PROPERTY(QColor bgColor READ bgColor NOTIFY changed)
+    Q_PROPERTY(bool fillsEqually READ fillsEqually NOTIFY changed)
+
+public:
+    enum class Distribution {
+        fill, ///< each button as wide as its content asks
+        fillEqually
+    };
+
+    struct Look {
+        QMarginsF buttonEdgeInsets{8, 0, 8, 0}; ///< around what a button shows
+        qreal spacing = 1;
+        qreal cornerRadius = 6;
+        QColor strokeColor = Qt::transparent;
+        QColor bgColor = Qt::transparent;
+        Distribution distribution = Distribution::fill;
+    };
+
+    explicit TabStackView(QObject* parent = nullptr);
+    explicit TabStackView(Look given, QObject* parent = nullptr);
+    ~TabStackView() override;
+    TabStackView(const TabStackView&) = delete;
+    TabStackView& operator=(const TabStackView&) = delete;
+
+    void addArrangedSubview(MyButton& button);
+    void removeArrangedSubviews();
+    /// Replaces the whole row in one go.
+    void setArrangedSubviews(const QList<MyButton*>& buttons);
+
+    [[nodiscard]] const QList<MyButton*>& arranged() const { return row; }
+
+    /// As if the tab at that place among the row's MySegmentedStackButtons were touched, without
+    /// its target. Past the end: nothing happens.
+    void select(qsizetype index);
+    /// The place of the selected one among the row's MySegmentedStackButtons; -1: none.
+    [[nodiscard]] qsizetype selectedIndex() const;
+
+    [[nodiscard]] QList<QObject*> arrangedObjects() const;
+
+    [[nodiscard]] qreal leftInset() const { return look.buttonEdgeInsets.left(); }
+
+    [[nodiscard]] qreal rightInset() const { return look.buttonEdgeInsets.right(); }
+
+    [[nodiscard]] qreal spacing() const { return look.spacing; }
+
+    [[nodiscard]] qreal cornerRadius() const { return look.cornerRadius; }
+
+    [[nodiscard]] QColor strokeColor() const { return look.strokeColor; }
+
+    [[nodiscard]] QColor bgColor() const { return look.bgColor; }
+
+    [[nodiscard]] bool fillsEqually() const {
+        return look.distribution == Distribution::fillEqually;
+    }
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    void enter(MyButton& button);
+    void leaveAll();
+    [[nodiscard]] QList<MySegmentedStackButton*> tabs() const;
+
+    Look look;
+    QList<MyButton*> row;
+};
+
+} // namespace zelvo::ui

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/RunLoop.h"
+
+#include <QMarginsF>
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <string>
+
+namespace zelvo::ui {
+
+/// Shows each message of `messageSignal` for a moment. Hidden at first; a further message begins
+/// the moment anew, with a short gap by which one sees that it is another.
+class ValueLabel final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString text READ text NOTIFY changed)
+    Q_PROPERTY(bool isHidden READ isHidden NOTIFY changed)
+    Q_PROPERTY(qreal horizontalInset READ horizontalInset CONSTANT)
+    Q_PROPERTY(qreal verticalInset READ verticalInset CONSTANT)
+
+public:
+    static constexpr double kGap = 0.1;         ///< seconds
+    static constexpr double kDisplayTime = 2.2; ///< seconds
+
+    explicit ValueLabel(foundation::RunLoop& loop, QObject* parent = nullptr);
+
+    [[nodiscard]] QString text() const { return text_; }
+
+    [[nodiscard]] bool isHidden() const { return hidden; }
+
+    [[nodiscard]] qreal horizontalInset() const { return edgeInsets.left(); }
+
+    [[nodiscard]] qreal verticalInset() const { return edgeInsets.top(); }
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    void showMessage(const std::string& message);
+    void showLabel();
+    void hideLabel();
+
+    foundation::RunLoop& runLoop;
+    QMarginsF edgeInsets{19, 8, 19, 8};
+    foundation::Timer gapTimer;
+    foundation::Timer displayTimer;
+    QString text_;
+    bool hidden = true;
+    std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);
+};
+
+} // namespace zelvo::ui
