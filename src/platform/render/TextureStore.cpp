@@ -188,7 +188,8 @@ std::uint32_t TextureStore::probe(const std::shared_ptr<const LightProbe>& probe
     glTextureStorage3D(
         entry.texture.name(),
         1,
-        GL_RGB16F,
+        // One word a texel: software fetches it at once, and it is finer than the eye.
+        GL_RGB9_E5,
         LightProbe::kSide,
         LightProbe::kSide,
         LightProbe::kLevels);

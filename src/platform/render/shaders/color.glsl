@@ -5,9 +5,12 @@ vec3 linearFromSRGB(vec3 c) {
     return c * (c * (c * 0.305306011 + 0.682171111) + 0.012522878);
 }
 
-// IEC 61966-2-1. Wants c >= 0.
+// IEC 61966-2-1, the power fitted by roots, which cost a tenth of it in software: within a tenth of an 8-bit step.
+// Wants c from 0 to 1.
 vec3 sRGBFromLinear(vec3 c) {
-    return mix(1.055 * pow(c, vec3(1.0 / 2.4)) - 0.055, 12.92 * c, lessThan(c, vec3(0.0031308)));
+    vec3 root = sqrt(c);
+    vec3 fitted = 0.833755721 * root + 0.298106044 * sqrt(root) - 0.055318022 * c - 0.076903131;
+    return mix(fitted, 12.92 * c, lessThan(c, vec3(0.0031308)));
 }
 
 // Khronos Group 2024, "PBR Neutral Tone Mapper": colours up to 0.8 keep their hue and saturation, what is brighter is

@@ -5,16 +5,6 @@ const float kProbeInner = 128.0; // texels of a side without its border
 const float kProbeSide = 130.0;
 const float kProbeLevels = 7.0;
 
-// Ramamoorthi and Hanrahan 2001, "An Efficient Representation for Irradiance Environment Maps".
-vec3 irradianceAt(vec3 n) {
-    return max(
-        irradiance[0].rgb + irradiance[1].rgb * n.y + irradiance[2].rgb * n.z + irradiance[3].rgb * n.x
-            + irradiance[4].rgb * (n.x * n.y) + irradiance[5].rgb * (n.y * n.z)
-            + irradiance[6].rgb * (3.0 * n.z * n.z - 1.0) + irradiance[7].rgb * (n.x * n.z)
-            + irradiance[8].rgb * (n.x * n.x - n.y * n.y),
-        vec3(0.0));
-}
-
 vec3 prefiltered(vec3 direction, float roughness) {
     vec2 uv = (octahedral(direction) * kProbeInner + 1.0) / kProbeSide;
     float level = roughness * (kProbeLevels - 1.0);
@@ -28,5 +18,10 @@ vec3 environmentAt(Shading s, vec2 fit, float ambientOcclusion) {
     vec3 R = reflect(-s.V, s.N);
     vec3 energy = 1.0 + s.f0 * (1.0 / (fit.x + fit.y) - 1.0); // the fit's own sum: an even room stays even
     vec3 specularPart = prefiltered(R, s.roughness) * (s.f0 * fit.x + fit.y) * energy;
-    return (irradianceAt(s.N) * s.albedo + specularPart) * (ambientOcclusion * frame.z);
+#ifdef VERTEX_IRRADIANCE
+    vec3 irradianceHere = vIrradiance;
+#else
+    vec3 irradianceHere = irradianceAt(s.N);
+#endif
+    return (irradianceHere * s.albedo + specularPart) * (ambientOcclusion * frame.z);
 }

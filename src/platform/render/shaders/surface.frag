@@ -7,6 +7,10 @@ layout(location = 2) in vec4 vTangent;
 #ifdef HAS_TEXCOORD
 layout(location = 3) in vec2 vTexcoord;
 #endif
+#include "irradiance.glsl"
+#ifdef VERTEX_IRRADIANCE
+layout(location = 4) in vec3 vIrradiance;
+#endif
 layout(location = 0) out vec4 oColor;
 
 #include "color.glsl"

@@ -5,6 +5,8 @@ layout(location = 1) in vec3 aNormal;
 layout(location = 2) in vec4 aTangent;
 layout(location = 3) in vec2 aTexcoord;
 
+#include "irradiance.glsl"
+
 invariant gl_Position;
 
 #ifndef DEPTH_ONLY
@@ -16,6 +18,9 @@ layout(location = 2) out vec4 vTangent;
 #ifdef HAS_TEXCOORD
 layout(location = 3) out vec2 vTexcoord;
 #endif
+#ifdef VERTEX_IRRADIANCE
+layout(location = 4) out vec3 vIrradiance;
+#endif
 #endif
 
 void main() {
@@ -24,6 +29,9 @@ void main() {
 #ifndef DEPTH_ONLY
     vPosition = position.xyz;
     vNormal = mat3(normalMatrix) * aNormal;
+#ifdef VERTEX_IRRADIANCE
+    vIrradiance = irradianceAt(normalize(vNormal));
+#endif
 #ifdef HAS_NORMAL_PICTURE
     vTangent = vec4(mat3(world) * aTangent.xyz, aTangent.w);
 #endif
