@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/MovieOptions.h"
+#include "platform/foundation/Result.h"
+#include "ui/controls/Services.h"
+#include "ui/screens/BlurCover.h"
+#include "ui/screens/ExportProgressView.h"
+#include "ui/screens/Poster.h"
+#include "ui/screens/PreviewViewController.h"
+#include "ui/screens/Sharing.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+namespace zelvo::ui {
+
+/// The screen of an export: ring and percentage while the movie is made, then the preview.
+///
+///     waiting ──0.3 s──> exporting ──"ShowVideo"──> preview ──Cancel──> dismissed
+///        └───────close────────┴─────────────────────────────────────────^
+///
+/// Only closing cancels an export. That the user looks at another window, or minimises this one,
+/// does not: on a desktop programs work on behind each other.
+class ExportViewController final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString progressLabel READ progressLabel NOTIFY currentPercChanged)
+    Q_PROPERTY(QString status READ status NOTIFY statusChanged)
+    Q_PROPERTY(QObject* progressView READ progressView CONSTANT)
+    Q_PROPERTY(QObject* preview READ preview NOTIFY previewChanged)
+
+public:
+    /// The cover outlives the screen; it is shown by whoever presents the screen, hidden by this.
+    ExportViewController(
+        const Services& given, BlurCover& presenterCover, Sharing sharing = Sharing::desktop());
+    ~ExportViewController() override;
+
+    int currentPerc = 0; ///< the highest shown so far
+
+    /// "12 %"
+    [[nodiscard]] QString progressLabel() const;
+
+    /// What goes on, in a few words.
+    [[nodiscard]] QString status() const { return status_; }
+
+    [[nodiscard]] QObject* progressView() { return &ring; }
+
+    /// On top of this screen once the movie is there; null before.
+    [[nodiscard]] PreviewViewController* preview() const { return preview_.get(); }
+
+    /// Ends the export, if it still draws, and the screen.
+    Q_INVOKABLE void dismissViewController();
+    /// The system puts the program to sleep, which ends the export. Not for a window that merely
+    /// loses the focus.
+    void applicationWillResignActive();
+
+Q_SIGNALS:
+    void currentPercChanged();
+    void statusChanged();
+    void previewChanged();
+    void dismissed();
+
+private:
+    void subscribe();
+    void startMovie();
+    void setStatus(const QString& text);
+    void follow(double wholeFraction);
+    void showVideo();
+    void finished(const foundation::Result<movie::MovieOutcome>& outcome);
+
+    Services services;
+    BlurCover& cover;
+    Sharing desk;
+    ExportProgressView ring;
+    std::shared_ptr<Poster> poster = std::make_shared<Poster>();
+    std::unique_ptr<PreviewViewController> preview_;
+    QString status_;
+    bool isDismissed = false;
+    std::shared_ptr<const bool> alive = std::make_shared<const bool>(true); ///< also listens
+};
+
+} // namespace zelvo::ui

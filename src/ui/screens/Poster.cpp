@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#include "ui/screens/Poster.h"
+
+#include <QBuffer>
+#include <QImage>
+
+#include <algorithm>
+
+namespace zelvo::ui {
+
+namespace {
+
+QString dataUrl(const render::FrameView& frame) {
+    const QImage::Format format =
+        frame.format == render::PixelFormat::rgba8 ? QImage::Format_RGBX8888 : QImage::Format_RGB32;
+    const QImage whole(frame.bytes.data(), frame.size.width, frame.size.height, format);
+    const int width = std::min(frame.size.width, kPosterWidth);
+    QBuffer file;
+    file.open(QIODevice::WriteOnly);
+    if (!whole.scaledToWidth(width, Qt::SmoothTransformation).save(&file, "JPG"))
+        return {};
+    return QStringLiteral("data:image/jpeg;base64,") + QString::fromLatin1(file.data().toBase64());
+}
+
+} // namespace
+
+movie::FrameTap posterTap(const std::shared_ptr<Poster>& poster, double at) {
+    return {
+        .wants = [poster, at](double time) { return !poster->isTaken && time >= at; },
+        .take = [poster](double, const render::FrameView& frame) -> foundation::Result<void> {
+            poster->isTaken = true;
+            poster->source = dataUrl(frame);
+            return {};
+        }};
+}
+
+} // namespace zelvo::ui

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "ui/screens/PreviewViewController.h"
+
+#include "core/model/Model.h"
+#include "ui/controls/Alerts.h"
+#include "ui/shared/Signal.h"
+
+#include <fmt/format.h>
+
+#include <system_error>
+#include <utility>
+
+namespace zelvo::ui {
+
+namespace {
+
+constexpr double kReviewDelay = 0.01; ///< seconds
+
+QString shown(const std::filesystem::path& path) {
+    return QString::fromStdString(path.string());
+}
+
+} // namespace
+
+PreviewViewController::PreviewViewController(
+    const Services& given, QString posterSource, Sharing sharing)
+    : moviePath(given.model.movieURL())
+    , poster(std::move(posterSource))
+    , services(given)
+    , desk(std::move(sharing))
+    , copying(given.runLoop.makeSerialQueue("moviecopy")) {}
+
+QUrl PreviewViewController::movieUrl() const {
+    return QUrl::fromLocalFile(shown(moviePath));
+}
+
+QString PreviewViewController::place() const {
+    return shown(savedCopy.empty() ? moviePath : savedCopy);
+}
+
+void PreviewViewController::setSavedCopy(const std::filesystem::path& copy) {
+    savedCopy = copy;
+    Q_EMIT placeChanged();
+}
+
+void PreviewViewController::togglePlaying() {
+    setPlaying(!isPlaying_);
+}
+
+void PreviewViewController::reachedEnd() {
+    setPlaying(false);
+}
+
+void PreviewViewController::setPlaying(bool plays) {
+    if (plays == isPlaying_ || (plays && !failure_.isEmpty()))
+        return;
+    isPlaying_ = plays;
+    Q_EMIT isPlayingChanged();
+}
+
+void PreviewViewController::playbackFailed(const QString& reason) {
+    setPlaying(false);
+    std::error_code error;
+    failure_ = std::filesystem::exists(moviePath, error)
+                   ? QStringLiteral("This movie cannot be played here (%1). Choose Share, then "
+                                    "Open in Player, to watch it.")
+                         .arg(reason.isEmpty() ? QStringLiteral("no decoder") : reason)
+                   : QStringLiteral("There is no movie here yet.");
+    Q_EMIT failureChanged();
+}
+
+void PreviewViewController::share() {
+    isSharing_ = !isSharing_;
+    Q_EMIT isSharingChanged();
+}
+
+void PreviewViewController::endSharing() {
+    if (isSharing_)
+        share();
+}
+
+void PreviewViewController::openInPlayer() {
+    setPlaying(false); // two players with one sound
+    open(place().toStdString());
+}
+
+void PreviewViewController::openFolder() {
+    open(std::filesystem::path(place().toStdString()).parent_path());
+}
+
+void PreviewViewController::open(const std::filesystem::path& what) {
+    endSharing();
+    if (desk.open(QUrl::fromLocalFile(shown(what))))
+        return;
+    services.alerts.showAlert(
+        "Error", fmt::format("No program was found to open {}.", what.string()));
+}
+
+void PreviewViewController::copyPath() {
+    endSharing();
+    desk.copyText(place());
+    signals().messageSignal.fire("Path copied");
+}
+
+void PreviewViewController::saveCopy(const QUrl& target) {
+    endSharing();
+    const std::filesystem::path to = target.toLocalFile().toStdString();
+    if (to.empty())
+        return;
+    copying->async([this, to, from = moviePath, guard = std::weak_ptr(alive), given = services] {
+        std::error_code error;
+        std::filesystem::copy_file(
+            from, to, std::filesystem::copy_options::overwrite_existing, error);
+        given.runLoop.post([this, to, error, guard, given] {
+            if (error) {
+                given.alerts.showAlert(
+                    "Error", fmt::format("{} was not written: {}", to.string(), error.message()));
+            } else if (!guard.expired()) {
+                setSavedCopy(to);
+                signals().messageSignal.fire("Copy saved");
+            }
+        });
+    });
+}
+
+void PreviewViewController::dismissController() {
+    setPlaying(false);
+    if (desk.requestReview)
+        services.runLoop.asyncAfter(kReviewDelay, desk.requestReview);
+    Q_EMIT dismissed();
+}
+
+} // namespace zelvo::ui

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/RunLoop.h"
+#include "ui/controls/Services.h"
+#include "ui/screens/Sharing.h"
+
+#include <QObject>
+#include <QString>
+#include <QUrl>
+
+#include <filesystem>
+#include <memory>
+
+namespace zelvo::ui {
+
+/// The player that shows the finished movie, and what can be done with it. The view plays; this
+/// says what is to be played, and whether. It does not start by itself.
+class PreviewViewController final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString title MEMBER title CONSTANT)
+    Q_PROPERTY(QUrl movieUrl READ movieUrl CONSTANT)
+    Q_PROPERTY(bool isPlaying READ isPlaying NOTIFY isPlayingChanged)
+    Q_PROPERTY(QString failure READ failure NOTIFY failureChanged)
+    Q_PROPERTY(QString poster MEMBER poster CONSTANT)
+    Q_PROPERTY(QString place READ place NOTIFY placeChanged)
+    Q_PROPERTY(bool isSharing READ isSharing NOTIFY isSharingChanged)
+
+public:
+    PreviewViewController(const Services& given, QString posterSource, Sharing sharing);
+
+    const QString title = QStringLiteral("Movie");
+    const std::filesystem::path moviePath; ///< "Movie.mov"
+    const QString poster;                  ///< a picture of the movie; may be empty
+
+    [[nodiscard]] QUrl movieUrl() const;
+
+    [[nodiscard]] bool isPlaying() const { return isPlaying_; }
+
+    /// Why the movie does not play here, with what to do; empty: it does.
+    [[nodiscard]] QString failure() const { return failure_; }
+
+    /// Where the user finds the movie: the copy that was saved among the videos, else `moviePath`,
+    /// which the next export overwrites.
+    [[nodiscard]] QString place() const;
+    void setSavedCopy(const std::filesystem::path& copy);
+
+    /// The choices of sharing are on show.
+    [[nodiscard]] bool isSharing() const { return isSharing_; }
+
+    Q_INVOKABLE void togglePlaying();
+    /// The view has come to the movie's end.
+    Q_INVOKABLE void reachedEnd();
+    /// The view's player cannot show the movie.
+    Q_INVOKABLE void playbackFailed(const QString& reason);
+    /// Shows or hides the choices.
+    Q_INVOKABLE void share();
+    Q_INVOKABLE void openInPlayer();
+    Q_INVOKABLE void openFolder();
+    Q_INVOKABLE void copyPath();
+    /// Copies the movie to a file of the user's choice, beside the main thread.
+    Q_INVOKABLE void saveCopy(const QUrl& target);
+    Q_INVOKABLE void dismissController();
+
+Q_SIGNALS:
+    void isPlayingChanged();
+    void failureChanged();
+    void placeChanged();
+    void isSharingChanged();
+    void dismissed();
+
+private:
+    void setPlaying(bool plays);
+    void endSharing();
+    void open(const std::filesystem::path& what);
+
+    Services services;
+    Sharing desk;
+    std::filesystem::path savedCopy;
+    QString failure_;
+    bool isPlaying_ = false;
+    bool isSharing_ = false;
+    std::unique_ptr<foundation::SerialQueue> copying;
+    std::shared_ptr<const bool> alive =
+        std::make_shared<const bool>(true); ///< queued calls may outlive this
+};
+
+} // namespace zelvo::ui

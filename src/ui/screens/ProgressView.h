@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/controls/Services.h"
+#include "ui/controls/Theme.h"
+
+#include <QColor>
+#include <QObject>
+
+#include <memory>
+
+namespace zelvo::ui {
+
+enum class PreparingStage { preparing = 0, recording = 1 };
+
+/// The thin time bar of the editing screen: it shrinks during the count-in and grows during the
+/// run. It stands still during an export.
+class ProgressView final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(double fill READ fill NOTIFY changed)
+    Q_PROPERTY(QColor color READ color NOTIFY changed)
+
+public:
+    explicit ProgressView(const Services& given);
+
+    QColor preparingColor = Theme().accent;
+    QColor progressColor = Theme().record;
+    PreparingStage state = PreparingStage::preparing;
+    float value = 0; ///< fraction of the count-in or of the run
+
+    /// How much of the bar is filled, from the left, 0 to 1.
+    [[nodiscard]] double fill() const;
+
+    [[nodiscard]] QColor color() const {
+        return state == PreparingStage::preparing ? preparingColor : progressColor;
+    }
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    Services services;
+    std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);
+};
+
+} // namespace zelvo::ui
