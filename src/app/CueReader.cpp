@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/CueReader.h"
 
+#include "app/GestureReader.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <utility>
 
@@ -17,9 +20,47 @@ constexpr double kShortestHold = 0.02; ///< seconds: a frame and a little
 constexpr double kLongestHold = 3600;
 
 const ObjectReader::Keys kCueKeys{
-    .known = {"at",   "tab",   "press", "hold", "for", "nodes", "speed", "undo", "redo"},
-    .later = {"pan", "pinch", "doubleTap"}
+    .known =
+        {"at",
+                "tab", "press",
+                "hold", "for",
+                "nodes", "speed",
+                "pan", "pinch",
+                "doubleTap", "undo",
+                "redo"},
+    .later = {  }
 };
+
+using Act = decltype(Cue::act);
+
+/// A cue that presses no button, known by its key.
+struct BareCue {
+    const char* key;
+    const char* other; ///< the key that it needs besides; null if none
+    Act (*read)(const ObjectReader& cue, const char* key, Problems& problems);
+};
+
+/// A cue whose key can only be true.
+template <class What> Act readTrue(const ObjectReader& cue, const char* key, Problems& problems) {
+    if (cue.boolean(key) == false) {
+        problems.add(
+            cue.lineOf(key),
+            fmt::format(R"("{}" in cue can only be true; leave the cue out)", key));
+    }
+    return What{};
+}
+
+template <auto kRead> Act readGesture(const ObjectReader& cue, const char*, Problems& problems) {
+    return kRead(cue, problems);
+}
+
+constexpr auto kBareCues = std::to_array<BareCue>({
+    {"undo",      nullptr, readTrue<Undo>        },
+    {"redo",      nullptr, readTrue<Redo>        },
+    {"doubleTap", nullptr, readTrue<DoubleTap>   },
+    {"pan",       "for",   readGesture<readPan>  },
+    {"pinch",     "for",   readGesture<readPinch>},
+});
 
 [[nodiscard]] bool equalsIgnoringCase(std::string_view a, std::string_view b) {
     return std::ranges::equal(
@@ -62,17 +103,13 @@ private:
         if (value.kind != JsonValue::Kind::object)
             return result;
         result.at = time(object);
-        const bool hasUndo = object.has("undo");
-        const bool hasRedo = object.has("redo");
-        if (hasUndo || hasRedo) {
-            checkUndoRedo(object);
-            if (hasUndo) {
-                result.act = Undo{};
-            } else {
-                result.act = Redo{};
-            }
-        } else {
+        const auto* const bare = std::ranges::find_if(
+            kBareCues, [&](const BareCue& row) { return object.has(row.key); });
+        if (bare == kBareCues.end()) {
             result.act = press(object);
+        } else {
+            checkAlone(object, *bare);
+            result.act = bare->read(object, bare->key, problems);
         }
         return result;
     }
@@ -99,23 +136,15 @@ private:
         return 0;
     }
 
-    void checkUndoRedo(const ObjectReader& object) {
-        for (const auto* const key : {"undo", "redo"}) {
-            if (object.has(key) && object.boolean(key) == false) {
-                problems.add(
-                    object.lineOf(key),
-                    fmt::format(R"("{}" in cue can only be true; leave the cue out)", key));
-            }
-        }
-        if (object.has("undo") && object.has("redo")) {
-            problems.add(object.lineOf("redo"), R"(a cue is either "undo" or "redo")");
-        }
-        for (const auto* const key : {"tab", "press", "hold", "for", "nodes", "speed"}) {
-            if (!object.has(key))
+    void checkAlone(const ObjectReader& object, const BareCue& bare) {
+        for (const std::string& key : kCueKeys.known) {
+            if (key == "at" || key == bare.key || !object.has(key))
+                continue;
+            if (bare.other != nullptr && key == bare.other)
                 continue;
             problems.add(
                 object.lineOf(key),
-                fmt::format(R"("{}" does not go with "undo" or "redo" in one cue)", key));
+                fmt::format(R"("{}" does not go with "{}" in one cue)", key, bare.key));
         }
     }
 
@@ -128,7 +157,7 @@ private:
         if (!object.has("tab") || !object.has(key)) {
             problems.add(
                 object.lineOf(""),
-                R"(cue needs "tab" and "press" or "hold", or "undo": true, or "redo": true)");
+                R"(cue needs "tab" and "press" or "hold", or a gesture, or "undo": true, or "redo": true)");
             return result;
         }
         if (isHeld && object.has("press"))

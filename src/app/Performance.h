@@ -3,6 +3,7 @@
 
 #include "platform/image/Color.h"
 
+#include <glm/vec2.hpp>
 #include <glm/vec3.hpp>
 
 #include <map>
@@ -74,13 +75,28 @@ struct Press {
     std::optional<double> held;       ///< of a button that is held: seconds from press to lift-off
 };
 
+/// A finger drawn over the picture: the touches, spread evenly over the time, and lift-off with the
+/// last one.
+struct Pan {
+    std::vector<glm::dvec2> points; ///< at least two; x to the right, y down
+    double lasts = 0;               ///< seconds
+};
+
+/// Two fingers moved apart or together: how fast at each touch, spread evenly over the time.
+struct Pinch {
+    std::vector<double> velocities; ///< at least one; scale factors per second
+    double lasts = 0;               ///< seconds, then lift-off
+};
+
+struct DoubleTap {};
+
 struct Undo {};
 
 struct Redo {};
 
 struct Cue {
     double at = 0; ///< seconds of the movie; the count-in is below 0
-    std::variant<Press, Undo, Redo> act;
+    std::variant<Press, Pan, Pinch, DoubleTap, Undo, Redo> act;
 };
 
 struct Performance {

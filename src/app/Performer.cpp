@@ -12,6 +12,8 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
+#include <map>
 #include <memory>
 #include <string_view>
 #include <utility>
@@ -19,6 +21,8 @@
 namespace zelvo::app {
 
 namespace {
+
+using actions::GestureState;
 
 /// Times of cues that lie this far behind a tick still belong to it; seconds.
 constexpr double kNear = core::Model::kStep / 3;
@@ -95,40 +99,59 @@ public:
         const auto& cues = performance.cues;
         const double movieTime = time - engine.model().startCounter();
         while (next < cues.size() && cues[next].at - kNear <= movieTime) {
-            liftOffDue(cues[next].at);
+            goOn(cues[next].at);
             now = cues[next].at;
-            const auto& act = cues[next++].act;
-            if (const auto* const what = std::get_if<Press>(&act)) {
-                press(*what);
-            } else if (std::holds_alternative<Undo>(act)) {
-                engine.model().actionController().undo();
-            } else {
-                engine.model().actionController().redo();
-            }
+            std::visit([this](const auto& what) { act(what); }, cues[next++].act);
         }
-        liftOffDue(movieTime);
+        goOn(movieTime);
     }
 
 private:
-    /// A button that the hand has not let go of yet.
-    struct Held {
-        double until = 0; ///< seconds of the movie
-        catalogue::Button button;
-        std::vector<core::NodePtr> nodes;
-    };
-
-    /// In the order of their times; those of one time in the order of pressing.
-    void liftOffDue(double movieTime) {
-        std::ranges::stable_sort(held, {}, &Held::until);
-        while (!held.empty() && held.front().until - kNear <= movieTime) {
-            const Held done = std::move(held.front());
-            held.erase(held.begin());
-            engine.model().setAffectedNodes(done.nodes);
-            done.button.endFunc(engine.model().actionController());
-        }
+    /// What the hand does in the course of a cue, up to a time of the movie.
+    void goOn(double movieTime) {
+        while (!later.empty() && later.begin()->first - kNear <= movieTime)
+            later.extract(later.begin()).mapped()();
     }
 
-    void press(const Press& cue) {
+    void act(const Undo&) { controller().undo(); }
+
+    void act(const Redo&) { controller().redo(); }
+
+    void act(const DoubleTap&) { gestures().doubleTap(); }
+
+    void act(const Pan& cue) {
+        const std::size_t last = cue.points.size() - 1;
+        for (std::size_t i = 0; i <= last; ++i) {
+            const auto state = i == 0 ? GestureState::began : GestureState::changed;
+            later.emplace(stepTime(i, last, cue.lasts), [this, state, at = cue.points[i]] {
+                gestures().pan(state, glm::vec2(at));
+            });
+        }
+        later.emplace(now + cue.lasts, [this, at = cue.points[last]] {
+            gestures().pan(GestureState::ended, glm::vec2(at));
+        });
+    }
+
+    void act(const Pinch& cue) {
+        const std::size_t last = cue.velocities.size() - 1;
+        for (std::size_t i = 0; i <= last; ++i) {
+            const auto state = i == 0 ? GestureState::began : GestureState::changed;
+            const auto velocity = static_cast<float>(cue.velocities[i]);
+            later.emplace(stepTime(i, last, cue.lasts), [this, state, velocity] {
+                gestures().pinch(state, velocity);
+            });
+        }
+        later.emplace(now + cue.lasts, [this] { gestures().pinch(GestureState::ended, 0); });
+    }
+
+    /// The touches of a gesture are spread evenly from its beginning to its end.
+    [[nodiscard]] double stepTime(std::size_t number, std::size_t last, double lasts) const {
+        const double share =
+            last == 0 ? 0 : static_cast<double>(number) / static_cast<double>(last);
+        return now + share * lasts;
+    }
+
+    void act(const Press& cue) {
         auto& model = engine.model();
         model.setAffectedNodes(nodesOf(cue));
         model.animationRatio = cue.speed ? speedTitled(*cue.speed) : usualSpeed;
@@ -137,9 +160,13 @@ private:
         const auto buttons = tab->buttons();
         const auto button = std::ranges::find(buttons, cue.title, &catalogue::Button::title);
         CHECK(button != buttons.end(), "no button of tab {} is called {}", cue.tab, cue.title);
-        button->beganFunc(model.actionController());
-        if (cue.held)
-            held.push_back({now + *cue.held, *button, model.affectedNodes()});
+        button->beganFunc(controller());
+        if (cue.held) {
+            later.emplace(now + *cue.held, [this, held = *button, nodes = model.affectedNodes()] {
+                engine.model().setAffectedNodes(nodes);
+                held.endFunc(controller());
+            });
+        }
         model.animationRatio = usualSpeed;
     }
 
@@ -154,10 +181,17 @@ private:
         return nodes;
     }
 
+    [[nodiscard]] actions::ActionController& controller() const {
+        return engine.model().actionController();
+    }
+
+    [[nodiscard]] actions::Gestures& gestures() const { return controller().gestures; }
+
     const Performance& performance;
     Engine& engine;
     core::AnimationRatio usualSpeed;
-    std::vector<Held> held;
+    /// By seconds of the movie; what comes at one time, in the order of the cues.
+    std::multimap<double, std::function<void()>> later;
     double now = 0; ///< of the cue at hand, seconds of the movie
     std::size_t next = 0;
 };

@@ -33,6 +33,9 @@ const std::string kWhole = R"({
     {"at": 0.5, "tab": "OT2", "press": "Falling Out"},
     {"at": 0.5, "tab": "IN1", "press": "Left In", "nodes": ["TX2", "TX1"], "speed": "SLOW"},
     {"at": 1.0, "tab": "FX1", "hold": "Blur", "for": 1.5},
+    {"at": 2.0, "pan": [[640, 360], [700, 380], [760.5, -3]], "for": 0.6},
+    {"at": 3.0, "pinch": [0.5, -1], "for": 0.4},
+    {"at": 3.5, "doubleTap": true},
     {"at": -2.0, "redo": true}
   ]
 })";
@@ -94,7 +97,7 @@ TEST(PerformanceReader, takes_the_picture_and_the_object) {
 TEST(PerformanceReader, sorts_cues_by_time_and_keeps_the_order_of_equal_times) {
     const auto read = readPerformance(kWhole, testNames());
     ASSERT_TRUE(read);
-    ASSERT_EQ(read->cues.size(), 5U);
+    ASSERT_EQ(read->cues.size(), 8U);
     EXPECT_TRUE(std::holds_alternative<Redo>(read->cues[0].act));
     EXPECT_EQ(std::get<Press>(read->cues[1].act).title, "Falling Out");
     const auto& press = std::get<Press>(read->cues[2].act);
@@ -102,7 +105,25 @@ TEST(PerformanceReader, sorts_cues_by_time_and_keeps_the_order_of_equal_times) {
     EXPECT_EQ(press.speed, "Slow");
     EXPECT_FALSE(press.held);
     EXPECT_EQ(std::get<Press>(read->cues[3].act).held, 1.5);
-    EXPECT_TRUE(std::holds_alternative<Undo>(read->cues[4].act));
+    EXPECT_TRUE(std::holds_alternative<DoubleTap>(read->cues[6].act));
+    EXPECT_TRUE(std::holds_alternative<Undo>(read->cues[7].act));
+}
+
+TEST(PerformanceReader, takes_gestures_touch_by_touch) {
+    const auto read = readPerformance(kWhole, testNames());
+    ASSERT_TRUE(read);
+    const auto& pan = std::get<Pan>(read->cues[4].act);
+    EXPECT_EQ(
+        pan.points,
+        (std::vector<glm::dvec2>{
+            {640,   360},
+            {700,   380},
+            {760.5, -3 }
+    }));
+    EXPECT_EQ(pan.lasts, 0.6);
+    const auto& pinch = std::get<Pinch>(read->cues[5].act);
+    EXPECT_EQ(pinch.velocities, (std::vector<double>{0.5, -1}));
+    EXPECT_EQ(pinch.lasts, 0.4);
 }
 
 /// A text, and all that is wrong with it.
