@@ -28,22 +28,55 @@ struct SceneStyle {
 };
 
 constexpr auto kSceneStyles = std::to_array<SceneStyle>({
-    {"Flat",       0x19B2E6, "Flat",      "Flat",      0xE6E619},
-    {"Plain",      0xE6B219, "Plain",     "Plain",     0xE61919},
-    {"Shiny",      0x194CE6, "Iron",      "Plate",     0xFFC83C},
-    {"Spherical",  0xE67F19, "Iron",      "Plain",     0xFFD9A0},
-    {"Ancient",    0xE6B219, "Rock",      "Old Metal", 0xFFC070},
-    {"Backlight",  0x19B2E6, "Iron",      "Plastic",   0xFF4C9F},
-    {"Stage",      0xE61919, "Old Metal", "Iron",      0xFFD27A},
-    {"SpaceBox",   0x194CE6, "Old Metal", "Circuits",  0x9FE8FF},
-    {"Brilliance", 0xE6197F, "Iron",      "Dynamic",   0xE619BF},
-    {"Subtle",     0x19E6E6, "Grained",   "Iron",      0xFFB366},
-    {"Flares",     0xE61919, "Plastic",   "Iron",      0xFFE680},
+    {"Flat",       0x19B2E6, "Flat",      "Flat",     0xE6E619},
+    {"Plain",      0xE6B219, "Plain",     "Plain",    0xE61919},
+    {"Shiny",      0x194CE6, "Iron",      "Plate",    0xFFC83C},
+    {"Spherical",  0xE67F19, "Iron",      "Grained",  0xFFB85C},
+    {"Ancient",    0xE6B219, "Rock",      "Grained",  0xFFD9A0},
+    {"Backlight",  0x19B2E6, "Iron",      "Plastic",  0xFF4C9F},
+    {"Stage",      0xE61919, "Old Metal", "Plain",    0xFFC83C},
+    {"SpaceBox",   0x194CE6, "Old Metal", "Circuits", 0x9FE8FF},
+    {"Brilliance", 0xE6197F, "Iron",      "Dynamic",  0xE619BF},
+    {"Subtle",     0x19E6E6, "Grained",   "Plate",    0xFFA64C},
+    {"Flares",     0xE61919, "Plastic",   "Plate",    0xFFE680},
 });
 
 [[nodiscard]] const SceneStyle& styleOf(std::string_view scene) {
     const auto* const row = std::ranges::find(kSceneStyles, scene, &SceneStyle::scene);
     return row == kSceneStyles.end() ? kSceneStyles.front() : *row;
+}
+
+/// Each material in colours that it is likely to be used with.
+struct MaterialColours {
+    std::string_view material;
+    std::uint32_t front;
+    std::uint32_t band;
+};
+
+constexpr auto kMaterialColours = std::to_array<MaterialColours>({
+    {"Flat",                 0xE6B219, 0xE64C19},
+    {"Plain",                0xF2EFE8, 0xE64C19},
+    {"Plastic",              0xE6194C, 0xE6B219},
+    {"Iron",                 0xDDE2E8, 0xB8C4D6},
+    {"Plate",                0xE6A03C, 0xB06A28},
+    {"Dynamic",              0xFF7A19, 0xE62A19},
+    {"Circuits",             0x2FB37A, 0xE6B219},
+    {"Rock",                 0xB9A48C, 0x8C7A66},
+    {"Grained",              0x9C5821, 0x4A3222},
+    {"Old Metal",            0xC89A5A, 0x8A5A30},
+    {"Cracked",              0xD0713E, 0x6E4630},
+    {"Reflecting",           0x16357C, 0x0C1C44},
+    {"Iron / Circuit",       0xDDE2E8, 0x2FB37A},
+    {"Iron / Plastic",       0xDDE2E8, 0xE6194C},
+    {"Plastic / Reflecting", 0xE6B219, 0x16357C},
+    {"Dynamic / Flat",       0x19CCE6, 0x0C1C44},
+    {"Flat / Dynamic",       0x14141C, 0xE619BF},
+});
+
+[[nodiscard]] const MaterialColours& coloursOf(std::string_view material) {
+    const auto* const row =
+        std::ranges::find(kMaterialColours, material, &MaterialColours::material);
+    return row == kMaterialColours.end() ? kMaterialColours.front() : *row;
 }
 
 [[nodiscard]] bool isForShapes(const std::string& material) {
@@ -89,10 +122,11 @@ constexpr auto kSceneStyles = std::to_array<SceneStyle>({
 [[nodiscard]] SheetView materialView(const std::string& material) {
     SheetView view{.caption = material, .stage = emptyStage("Subtle"), .fitted = {}};
     view.stage.background = image::Color::hex(0x197FE6);
+    const auto& colours = coloursOf(material);
     const bool hasBall = isForShapes(material);
     auto& text = view.stage.nodes["TX1"] = shownText(hasBall ? "R8" : "Rag", kHeavyFont, material);
-    text.frontColor = image::Color::hex(0xE6B219);
-    text.bandColor = image::Color::hex(0xE64C19);
+    text.frontColor = image::Color::hex(colours.front);
+    text.bandColor = image::Color::hex(colours.band);
     text.position = glm::dvec3(hasBall ? -105 : 0, 10, 0);
     text.scale = 2.0;
     text.rotation = glm::dvec3(-0.15, 0.25, 0);
@@ -114,12 +148,12 @@ constexpr auto kSceneStyles = std::to_array<SceneStyle>({
     auto& first = view.stage.nodes["TX1"] = shownText("OPEN", kHeavyFont, style.first);
     first.frontColor = image::Color::white(1);
     first.bandColor = image::Color::hex(style.background);
-    first.position = glm::dvec3(0, 48, 0);
-    first.scale = 1.3;
+    first.position = glm::dvec3(0, 52, 0);
+    first.scale = 1.25;
     auto& second = view.stage.nodes["TX2"] = shownText("TONIGHT", kHeavyFont, style.second);
     second.frontColor = image::Color::hex(style.accent);
     second.bandColor = image::Color::white(0.2F);
-    second.position = glm::dvec3(0, -50, 0);
+    second.position = glm::dvec3(0, -52, 0);
     second.scale = 0.95;
     return view;
 }
@@ -129,7 +163,7 @@ constexpr auto kSceneStyles = std::to_array<SceneStyle>({
     auto& object = *view.stage.object;
     object.shape = shape;
     object.material = "Iron";
-    object.color = image::Color::hex(0xE6B219);
+    object.color = image::Color::hex(0xFFD98C);
     object.position = glm::dvec3(0, 12, 0);
     object.rotation = glm::dvec3(-0.2, 0.45, 0);
     object.visible = true;

@@ -107,8 +107,10 @@ glm::vec3 skyline(float turn, float elevation) {
         glm::vec3(0.030f, 0.040f, 0.095f),
         glm::vec3(0.002f, 0.003f, 0.010f),
         glm::smoothstep(0.0f, 60.0f, elevation));
-    glm::vec3 light =
-        night + glm::vec3(0.34f, 0.16f, 0.075f) * std::exp(-std::max(0.0f, elevation) / 14);
+    // The town's own glow on the haze, warm below and violet above.
+    const float height = std::max(0.0f, elevation);
+    glm::vec3 light = night + glm::vec3(1.10f, 0.42f, 0.16f) * std::exp(-height / 10) +
+                      glm::vec3(0.30f, 0.10f, 0.42f) * std::exp(-height / 34);
     for (const Street& street : kStreets) {
         if (const auto houses = streetLight(street, turn, elevation))
             light = *houses;

@@ -4,6 +4,8 @@
 #include "Recipe.h"
 #include "Surface.h"
 
+#include <glm/geometric.hpp>
+
 #include <array>
 #include <cmath>
 #include <numbers>
@@ -27,15 +29,21 @@ Baked beatenPlate(int side, int) {
     return {normalPicture(blurred(relief, 0.009f), 0.024f), {}};
 }
 
-/// The fine leather-like grain of moulded plastic.
-Baked plasticGrain(int side, int) {
+/// The grip of moulded plastic: low round studs in staggered rows, all alike, as only a mould makes
+/// them.
+Baked plasticGrip(int side, int) {
+    constexpr float kColumns = 28,
+                    kRows = 32; // even, so that the stagger closes; about six to seven
     const Field relief = Field::of(side, side, [](const glm::vec2& p) {
-        const glm::vec2 bent = warped(p, 0.008f, octaves(16, 2, 0.5f, 21));
-        const Scatter grain = scattered(bent, 44, 23);
-        const float pebble = std::min(1.0f, grain.border * 3.0f);
-        return std::sqrt(pebble) * (0.75f + 0.25f * grain.chance);
+        const float row = std::floor(p.y * kRows);
+        const float shift = std::fmod(row, 2.0f) * 0.5f;
+        const glm::vec2 cell{
+            p.x * kColumns + shift - std::floor(p.x * kColumns + shift) - 0.5f,
+            p.y * kRows - row - 0.5f};
+        const float away = glm::length(cell / glm::vec2(kColumns, kRows)) * kColumns;
+        return 1 - glm::smoothstep(0.12f, 0.40f, away);
     });
-    return {normalPicture(blurred(relief, 0.0035f), 0.0060f), {}};
+    return {normalPicture(blurred(relief, 0.0022f), 0.0062f), {}};
 }
 
 /// The worn metal that four maps share: hairlines in all directions, a few gouges, stains.
@@ -94,10 +102,10 @@ Wear wornMetal(int side) {
 Baked scratchedRoughness(int side, int) {
     const Wear wear = wornMetal(side);
     Field rough = Field::of(side, side, [](const glm::vec2& p) {
-        return 0.24f + 0.06f * fractal(p, octaves(8, 5, 0.6f, 33));
+        return 0.27f + 0.05f * fractal(p, octaves(8, 5, 0.6f, 33));
     });
-    rough = combined(rough, wear.stains, [](float a, float stain) { return a + 0.24f * stain; });
-    rough = combined(rough, wear.hairlines, [](float a, float line) { return a + 0.30f * line; });
+    rough = combined(rough, wear.stains, [](float a, float stain) { return a + 0.07f * stain; });
+    rough = combined(rough, wear.hairlines, [](float a, float line) { return a + 0.34f * line; });
     return {
         greyPicture(
             combined(rough, wear.gouges, [](float a, float line) { return a + 0.25f * line; })),
@@ -113,7 +121,7 @@ Baked scratchedMetal(int side, int) {
         greyPicture(combined(
             wear.stains,
             bare,
-            [](float stain, float line) { return 1 - 0.35f * stain * (1 - line); })),
+            [](float stain, float line) { return 1 - 0.12f * stain * (1 - line); })),
         {}};
 }
 
@@ -127,18 +135,27 @@ Baked scratchedOcclusion(int side, int) {
             wear.stains,
             dirt,
             [](float stain, float line) {
-                return (1 - 0.28f * stain) * (1 - 0.55f * std::min(1.0f, line));
+                return (1 - 0.14f * stain) * (1 - 0.65f * std::min(1.0f, line));
             })),
         {}};
 }
 
+/// Deep, for it is shown at a third of its strength: what has been knocked about for years is
+/// dented and pitted as well as scratched.
 Baked scratchedNormal(int side, int) {
     const Wear wear = wornMetal(side);
-    Field relief = Field::of(
-        side, side, [](const glm::vec2& p) { return 0.5f * fractal(p, octaves(5, 5, 0.5f, 34)); });
-    relief = combined(relief, wear.hairlines, [](float a, float line) { return a - 0.14f * line; });
-    relief = combined(relief, wear.gouges, [](float a, float line) { return a - 0.45f * line; });
-    return {normalPicture(blurred(relief, 0.0008f), 0.016f), {}};
+    Field relief = Field::of(side, side, [](const glm::vec2& p) {
+        const glm::vec2 bent = warped(p, 0.02f, octaves(5, 3, 0.5f, 35));
+        const Scatter dents = scattered(bent, 6, 36);
+        const float dent = std::max(0.0f, 1 - dents.nearest * dents.nearest * 2.4f) * dents.chance;
+        const Scatter pits = scattered(p, 34, 37);
+        const float pit =
+            pits.chance > 0.72f ? std::max(0.0f, 1 - pits.nearest * pits.nearest * 9) : 0.0f;
+        return 0.6f * fractal(p, octaves(4, 5, 0.5f, 34)) - 0.9f * dent - 0.16f * pit;
+    });
+    relief = combined(relief, wear.hairlines, [](float a, float line) { return a - 0.10f * line; });
+    relief = combined(relief, wear.gouges, [](float a, float line) { return a - 0.40f * line; });
+    return {normalPicture(blurred(relief, 0.0008f), 0.055f), {}};
 }
 
 /// Cast metal: dense small grains.
@@ -155,7 +172,7 @@ Baked grained(int side, int) {
 
 constexpr auto kRecipes = std::to_array<Recipe>({
     {"QX_NoiseNormal_21.jpg",          Repeats::bothWays, 1024, 1024, beatenPlate       },
-    {"plastic_normal.png",             Repeats::bothWays, 1024, 1024, plasticGrain      },
+    {"plastic_normal.png",             Repeats::bothWays, 1024, 1024, plasticGrip       },
     {"scratches_roughness.jpg",        Repeats::bothWays, 1024, 1024, scratchedRoughness},
     {"scratches_metal.jpg",            Repeats::bothWays, 1024, 1024, scratchedMetal    },
     {"scratches_ambientOcclusion.jpg", Repeats::bothWays, 1024, 1024, scratchedOcclusion},

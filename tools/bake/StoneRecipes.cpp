@@ -13,17 +13,16 @@ namespace zelvo::bake {
 
 namespace {
 
-/// Broken rock: ledges of two sizes, split by clefts, with a grain on top.
+/// Hewn rock: facets as a chisel breaks them, slanted each its own way, with crags and grain over
+/// them.
 Field rockRelief(int side) {
     return normalised(Field::of(side, side, [](const glm::vec2& p) {
-        const glm::vec2 bent = warped(p, 0.035f, octaves(4, 5, 0.5f, 51));
-        const Scatter blocks = scattered(bent, 5, 53);
-        const Scatter chips = scattered(bent + 0.37f, 13, 54);
-        const float cleft = glm::smoothstep(0.0f, 0.12f, blocks.border);
-        const float ledge = 0.55f * blocks.chance + 0.30f * chips.chance - 0.30f * chips.nearest;
-        const float grain = 0.55f * fractal(p, octaves(6, 7, 0.58f, 55)) +
-                            0.25f * ridged(p, octaves(9, 4, 0.5f, 56));
-        return ledge + 0.40f * cleft + grain;
+        const glm::vec2 bent = warped(p, 0.05f, octaves(4, 5, 0.5f, 51));
+        const float facets = scattered(bent, 5, 53).nearest;
+        const float chips = scattered(bent + 0.37f, 12, 54).nearest;
+        const float crags = ridged(bent, octaves(3, 5, 0.55f, 52));
+        const float grain = fractal(p, octaves(10, 6, 0.62f, 55));
+        return 0.55f * facets + 0.20f * chips + 0.45f * crags + 0.28f * grain;
     }));
 }
 
@@ -42,7 +41,7 @@ Baked rockRoughness(int side, int) {
 }
 
 Baked rockNormal(int side, int) {
-    return {normalPicture(blurred(rockRelief(side), 0.0012f), 0.055f), {}};
+    return {normalPicture(blurred(rockRelief(side), 0.0012f), 0.075f), {}};
 }
 
 Baked rockOcclusion(int side, int) {
