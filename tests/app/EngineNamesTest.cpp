@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -86,6 +87,24 @@ TEST(Performances, that_come_with_the_program_are_right_by_schema_and_reader) {
         ++count;
     }
     EXPECT_GE(count, 3);
+}
+
+TEST(Performances, include_one_that_uses_every_tab_and_gesture) {
+    const auto everything =
+        loadPerformance(resource("performances/everything.json"), engineNames());
+    ASSERT_TRUE(everything) << everything.error().front();
+    std::set<std::string> used;
+    for (const auto& cue : everything->cues) {
+        if (const auto* const press = std::get_if<Press>(&cue.act))
+            used.insert(press->tab);
+        used.insert(std::holds_alternative<Pan>(cue.act) ? "pan" : "");
+        used.insert(std::holds_alternative<Pinch>(cue.act) ? "pinch" : "");
+        used.insert(std::holds_alternative<DoubleTap>(cue.act) ? "double tap" : "");
+    }
+    for (const auto& tab : engineNames().tabs)
+        EXPECT_TRUE(used.contains(tab.tab)) << tab.tab;
+    for (const char* const gesture : {"pan", "pinch", "double tap"})
+        EXPECT_TRUE(used.contains(gesture)) << gesture;
 }
 
 } // namespace
