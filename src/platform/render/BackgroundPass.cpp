@@ -2,11 +2,14 @@
 #include "platform/render/BackgroundPass.h"
 
 #include "platform/foundation/Check.h"
+#include "platform/render/Hash.h"
 #include "platform/render/MaterialBinding.h"
 #include "platform/render/ShaderProgram.h"
 
 #include <epoxy/gl.h>
 #include <glm/matrix.hpp>
+
+#include <array>
 
 namespace zelvo::render {
 namespace {
@@ -48,12 +51,12 @@ void BackgroundPass::draw(
             color.red * color.alpha, color.green * color.alpha, color.blue * color.alpha);
         return;
     }
-    const glm::mat4 view = directionsOf(camera);
-    if (keptSize != size || keptView != view || keptContents != background.contents) {
+    if (!isKept(background, camera, size)) {
+        ++drawings;
         ensureSize(size, tools.state);
         tools.state.bindFramebuffer(keptFramebuffer.name(), size);
         drawPicture(tools, background, camera);
-        keptView = view;
+        keptView = directionsOf(camera);
         keptContents = background.contents;
     }
     glBlitNamedFramebuffer(
@@ -70,6 +73,22 @@ void BackgroundPass::draw(
         GL_COLOR_BUFFER_BIT,
         GL_NEAREST);
     tools.state.bindFramebuffer(framebuffer, size);
+}
+
+std::uint64_t BackgroundPass::key(
+    const SCNMaterialProperty& background, const CameraView& camera, Size size) const {
+    if (isPicture(background))
+        return drawings + (isKept(background, camera, size) ? 0 : 1);
+    const image::Color color = background.colorOr(image::Color::white(0));
+    Hash hash;
+    hash.addBlock(std::array{color.red, color.green, color.blue, color.alpha});
+    return hash.result();
+}
+
+bool BackgroundPass::isKept(
+    const SCNMaterialProperty& background, const CameraView& camera, Size size) const {
+    return keptSize == size && keptView == directionsOf(camera) &&
+           keptContents == background.contents;
 }
 
 void BackgroundPass::drawPicture(

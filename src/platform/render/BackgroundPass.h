@@ -29,10 +29,16 @@ public:
         std::uint32_t framebuffer,
         Size size);
 
+    /// Of what the next draw puts there: another whenever that is another.
+    [[nodiscard]] std::uint64_t
+    key(const scene::SCNMaterialProperty& background, const CameraView& camera, Size size) const;
+
 private:
     void drawPicture(
         const Tools& tools, const scene::SCNMaterialProperty& background, const CameraView& camera);
     void ensureSize(Size wanted, GraphicsState& state);
+    [[nodiscard]] bool
+    isKept(const scene::SCNMaterialProperty& background, const CameraView& camera, Size size) const;
 
     ProgramHandle equirectangular;
     ProgramHandle cube;
@@ -42,6 +48,7 @@ private:
     Size keptSize;
     scene::SCNMaterialProperty::Contents keptContents;
     glm::mat4 keptView{0};
+    std::uint64_t drawings = 0;
 };
 
 } // namespace zelvo::render

@@ -1,60 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/FrameDrawer.h"
 
-#include <epoxy/gl.h>
-#include <glm/matrix.hpp>
+#include "platform/render/Hash.h"
+#include "platform/render/ShadowReach.h"
 
 #include <cmath>
 
 namespace zelvo::render {
 namespace {
 
-using scene::SCNBlendMode;
-
-Blend blendOf(SCNBlendMode mode) {
-    switch (mode) {
-    case SCNBlendMode::alpha:
-        return Blend::over;
-    case SCNBlendMode::add:
-        return Blend::add;
-    case SCNBlendMode::subtract:
-        return Blend::subtract;
-    case SCNBlendMode::multiply:
-        return Blend::multiply;
-    case SCNBlendMode::screen:
-        return Blend::screen;
-    case SCNBlendMode::replace:
-        return Blend::off;
-    }
-    return Blend::over;
-}
-
-constexpr bool isData(std::size_t unit) {
-    return unit == kNormalUnit || unit == kAmbientOcclusionUnit || unit == kMetalnessUnit ||
-           unit == kRoughnessUnit;
-}
-
-/// A solid that only its opacity makes translucent: its inside must not show while it fades.
-bool fadesAsAWhole(const scene::SCNMaterial& material, const MaterialBinding& binding) {
-    constexpr std::uint32_t kHoles = kDiffuseHasHoles | slotFeature(kTransparentUnit);
-    return material.blendMode == SCNBlendMode::alpha && (binding.features & kHoles) == 0;
-}
-
-Winding windingOf(const glm::mat4& world) {
-    return glm::determinant(glm::mat3(world)) < 0 ? Winding::clockwise : Winding::counterClockwise;
-}
+/// The share of the picture that must be spared the look for shadows before an item is drawn in
+/// two parts.
+constexpr double kWorthDividing = 0.08;
 
 } // namespace
 
-/// What the parts of one frame's drawing share.
-struct FrameDrawer::Frame {
-    UniformArena& uniforms;
-    std::uint32_t features = 0; ///< of every material: tone map, environment
-    std::size_t boundLights = SIZE_MAX;
-};
-
 FrameDrawer::FrameDrawer(const DeviceInfo& device)
-    : textures(device, holes) {
+    : textures(device, holes)
+    , painter({state, meshes, textures, shaders, holes, shadows}) {
     state.forget();
 }
 
@@ -68,33 +31,69 @@ void FrameDrawer::draw(
     snapshot.take(scene, pointOfView, aspect);
     uniforms.reset();
     views = shadowViews(snapshot);
-    lightSets.clear();
     shadows.draw({state, meshes, shaders, uniforms}, snapshot, views);
-    background.draw(
-        {state, textures, uniforms},
-        scene.background,
-        snapshot.camera(),
-        target.framebuffer,
-        target.size);
-    state.clearDepth();
 
-    Frame frame{uniforms};
-    const scene::SCNCamera* camera = snapshot.sceneCamera();
-    if (camera != nullptr && camera->wantsHDR)
-        frame.features |= kToneMap;
-    if (const std::shared_ptr<const image::LightProbe> probe = probeOf(scene)) {
-        frame.features |= kEnvironment;
-        state.bindTexture(kProbeUnit, textures.probe(probe), textures.smoothSampler());
-    }
-    uniforms.bind(state, kFrameBinding, frameBlock(scene));
+    const ItemPainter::Frame frame{snapshot, views, uniforms, frameFeatures(scene)};
+    const FrameBlock block = frameBlock(scene);
+    painter.begin();
+    opaques.clear();
+    keys.clear();
     for (const DrawItem& item : snapshot.opaque()) {
-        drawItem(frame, item, DepthTest::nearer);
+        opaques.push_back(planned(frame, item, target.size));
+        keys.push_back(painter.key(frame, item, opaques.back().lights));
+    }
+    const StillLayer::Step step =
+        layer.plan(keys, surroundingsKey(scene, block, frame.features, target.size), target.size);
+
+    const auto drawBackground = [&](std::uint32_t framebuffer) {
+        background.draw(
+            {state, textures, uniforms},
+            scene.background,
+            snapshot.camera(),
+            framebuffer,
+            target.size);
+        state.clearDepth();
+        uniforms.bind(state, kFrameBinding, block);
+    };
+    if (step == StillLayer::Step::build) {
+        keepWhatTheLayerShows(scene);
+        layer.bind(state);
+        drawBackground(layer.framebuffer());
+        for (std::size_t i = 0; i < opaques.size(); ++i) {
+            if (layer.holds(keys[i]))
+                drawWhole(frame, opaques[i]);
+        }
+    }
+    if (step == StillLayer::Step::without) {
+        drawBackground(target.framebuffer);
+    } else {
+        layer.copyTo(target.framebuffer, state);
+        uniforms.bind(state, kFrameBinding, block);
+    }
+    for (std::size_t i = 0; i < opaques.size(); ++i) {
+        if (layer.holds(keys[i])) {
+            drawShadowed(frame, opaques[i], DepthTest::nearerOrEqual);
+        } else {
+            // What is drawn with shadows first need not be drawn again without.
+            drawShadowed(frame, opaques[i], DepthTest::nearer);
+            drawWhole(frame, opaques[i]);
+        }
     }
     drawTranslucent(frame);
     particles.draw({state, textures}, snapshot);
-    const bool hasDroppedTextures = textures.prune();
-    if (meshes.prune() || hasDroppedTextures)
-        state.forgetBindings();
+    prune();
+}
+
+std::uint32_t FrameDrawer::frameFeatures(const scene::SCNScene& scene) {
+    std::uint32_t features = 0;
+    const scene::SCNCamera* camera = snapshot.sceneCamera();
+    if (camera != nullptr && camera->wantsHDR)
+        features |= kToneMap;
+    if (const std::shared_ptr<const image::LightProbe> probe = probeOf(scene)) {
+        features |= kEnvironment;
+        state.bindTexture(kProbeUnit, textures.probe(probe), textures.smoothSampler());
+    }
+    return features;
 }
 
 std::shared_ptr<const image::LightProbe> FrameDrawer::probeOf(const scene::SCNScene& scene) {
@@ -123,92 +122,71 @@ FrameBlock FrameDrawer::frameBlock(const scene::SCNScene& scene) const {
     return block;
 }
 
-std::size_t FrameDrawer::lightSetFor(std::uint32_t mask) {
-    for (std::size_t i = 0; i < lightSets.size(); ++i) {
-        if (lightSets[i].mask == mask)
-            return i;
-    }
-    lightSets.push_back(makeLightSet(snapshot.lights(), views, mask));
-    return lightSets.size() - 1;
+std::uint64_t FrameDrawer::surroundingsKey(
+    const scene::SCNScene& scene,
+    const FrameBlock& block,
+    std::uint32_t features,
+    Size size) const {
+    FrameBlock timeless = block;
+    timeless.frame.x = 0; // only modifiers look at it, and those never stand still
+    Hash hash;
+    hash.addBlock(timeless);
+    hash.add(features);
+    hash.addAddress(probeOf(scene).get());
+    hash.add(background.key(scene.background, snapshot.camera(), size));
+    return hash.result();
 }
 
-void FrameDrawer::bindLights(Frame& frame, std::size_t index) {
-    if (frame.boundLights == index)
-        return;
-    frame.boundLights = index;
-    const LightSet& set = lightSets[index];
-    frame.uniforms.bind(state, kLightBinding, set.block);
+FrameDrawer::OpaqueItem
+FrameDrawer::planned(const ItemPainter::Frame& frame, const DrawItem& item, Size picture) {
+    using Shadows = ItemPainter::Shadows;
+    const VisibleNode& node = snapshot.nodes()[item.node];
+    const ItemPainter::Lights all = painter.lightsFor(frame, node.categoryBitMask, Shadows::cast);
+    const LightSet& set = painter.lightSet(all);
     const int maps = set.counts.directionalShadows + set.counts.spotShadows;
-    for (std::uint32_t i = 0; i < static_cast<std::uint32_t>(maps); ++i) {
-        state.bindTexture(
-            kShadowUnit + i, shadows.texture(set.shadowViews.at(i)), textures.shadowSampler());
+    if (maps == 0)
+        return {&item, all, all};
+
+    const CameraView& camera = snapshot.camera();
+    PixelRect shadowed;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(maps); ++i) {
+        shadowed =
+            shadowed.united(shadowOnScreen(node, views[set.shadowViews.at(i)], camera, picture));
     }
+    const PixelRect bounds = boundsOnScreen(node, camera, picture);
+    shadowed = shadowed.intersected(bounds);
+    const double spared = bounds.area() - shadowed.area();
+    if (!shadowed.isEmpty() && spared < kWorthDividing * PixelRect::whole(picture).area())
+        return {&item, all, all};
+    return {&item, painter.lightsFor(frame, node.categoryBitMask, Shadows::none), all, shadowed};
 }
 
-void FrameDrawer::bindPictures(const MaterialBinding& binding) {
-    for (std::uint32_t unit = 0; unit < kSlotUnitCount; ++unit) {
-        const scene::SCNMaterialProperty* slot = binding.pictures.at(unit);
-        if (slot != nullptr) {
-            const PictureUse use = isData(unit) ? PictureUse::data : PictureUse::color;
-            const scene::SCNWrapMode wrapS =
-                unit == kReflectiveUnit ? scene::SCNWrapMode::repeat : slot->wrapS;
-            state.bindTexture(
-                unit, textures.picture(slot->image(), use), textures.sampler(wrapS, slot->wrapT));
-        } else if (binding.modifier != nullptr && unit <= kEmissionUnit) {
-            state.bindTexture(unit, textures.white(), textures.smoothSampler());
+void FrameDrawer::keepWhatTheLayerShows(const scene::SCNScene& scene) {
+    layerOwners.clear();
+    layerOwners.push_back(probeOf(scene));
+    for (std::size_t i = 0; i < opaques.size(); ++i) {
+        if (!layer.holds(keys[i]))
+            continue;
+        for (image::ImagePtr& picture : painter.pictures(*opaques[i].item)) {
+            layerOwners.push_back(std::move(picture));
         }
     }
 }
 
-void FrameDrawer::drawItem(Frame& frame, const DrawItem& item, DepthTest depthTest) {
-    const VisibleNode& node = snapshot.nodes()[item.node];
-    MaterialBinding binding = bindMaterial(*item.material, holes);
-    const SCNBlendMode mode = item.material->blendMode;
-    const bool isTranslucent = depthTest == DepthTest::equal || item.isTranslucent;
-    binding.features |= frame.features;
-    if ((binding.features & kLit) == 0)
-        binding.features &= ~static_cast<std::uint32_t>(kEnvironment);
-    if (isTranslucent)
-        binding.features |= kTranslucent;
-    if (mode == SCNBlendMode::multiply)
-        binding.features |= kMultiplyBlend;
-    binding.item.world = node.world;
-    binding.item.normalMatrix = glm::mat4(glm::transpose(glm::inverse(glm::mat3(node.world))));
-    binding.item.diffuse.a = node.opacity * constantOpacity(*item.material);
-
-    const std::size_t lights = lightSetFor(node.categoryBitMask);
-    state.useProgram(shaders.program(binding.features, lightSets[lights].counts, binding.modifier));
-    if ((binding.features & kLit) != 0)
-        bindLights(frame, lights);
-    bindPictures(binding);
-    if ((binding.features & kSlotTransforms) != 0) {
-        frame.uniforms.bind(state, kSlotBinding, slotTransforms(binding));
-    }
-    frame.uniforms.bind(state, kItemBinding, binding.item);
-    state.set(
-        {.depthTest = depthTest,
-         .depthWrite = isTranslucent ? DepthWrite::off : DepthWrite::on,
-         .culling = item.material->isDoubleSided ? Culling::none : Culling::backFaces,
-         .winding = windingOf(node.world),
-         .fill = item.material->fillMode == scene::SCNFillMode::lines ? Fill::lines : Fill::faces,
-         .blend = isTranslucent ? blendOf(mode) : Blend::off});
-    submit(item);
+void FrameDrawer::drawWhole(const ItemPainter::Frame& frame, const OpaqueItem& opaque) {
+    painter.draw(frame, *opaque.item, opaque.lights, DepthTest::nearer);
 }
 
-void FrameDrawer::drawDepth(Frame& frame, const DrawItem& item) {
-    const VisibleNode& node = snapshot.nodes()[item.node];
-    ItemBlock block;
-    block.world = node.world;
-    state.useProgram(shaders.depthProgram(SurfaceShaders::DepthOnly::whole));
-    frame.uniforms.bind(state, kItemBinding, block);
-    state.set(
-        {.culling = item.material->isDoubleSided ? Culling::none : Culling::backFaces,
-         .winding = windingOf(node.world),
-         .colorWrite = ColorWrite::off});
-    submit(item);
+void FrameDrawer::drawShadowed(
+    const ItemPainter::Frame& frame, const OpaqueItem& opaque, DepthTest depthTest) {
+    if (opaque.shadowed.isEmpty())
+        return;
+    state.setScissor(opaque.shadowed);
+    painter.draw(frame, *opaque.item, opaque.shadowLights, depthTest);
+    state.setScissor(std::nullopt);
 }
 
-void FrameDrawer::drawTranslucent(Frame& frame) {
+void FrameDrawer::drawTranslucent(const ItemPainter::Frame& frame) {
     const std::span<const DrawItem> items = snapshot.translucent();
     for (std::size_t first = 0; first < items.size();) {
         std::size_t end = first;
@@ -219,27 +197,25 @@ void FrameDrawer::drawTranslucent(Frame& frame) {
         // A fading solid: its depth alone, then the colour of what is in front, so that it fades as
         // a whole.
         for (const DrawItem& item : ofNode) {
-            if (fadesAsAWhole(*item.material, bindMaterial(*item.material, holes)))
-                drawDepth(frame, item);
+            if (painter.fadesAsAWhole(*item.material))
+                painter.drawDepth(frame, item);
         }
         for (const DrawItem& item : ofNode) {
-            const bool isWhole = fadesAsAWhole(*item.material, bindMaterial(*item.material, holes));
-            drawItem(frame, item, isWhole ? DepthTest::equal : DepthTest::nearer);
+            const std::uint32_t mask = snapshot.nodes()[item.node].categoryBitMask;
+            painter.draw(
+                frame,
+                item,
+                painter.lightsFor(frame, mask, ItemPainter::Shadows::cast),
+                painter.fadesAsAWhole(*item.material) ? DepthTest::equal : DepthTest::nearer);
         }
         first = end;
     }
 }
 
-void FrameDrawer::submit(const DrawItem& item) {
-    const scene::SCNGeometry& geometry = *snapshot.nodes()[item.node].geometry;
-    const geometry::MeshElement& element = geometry.mesh().elements[item.element];
-    state.bindVertexArray(meshes.vertexArray(geometry));
-    const std::uintptr_t offset = std::uintptr_t{element.firstIndex} * sizeof(std::uint32_t);
-    glDrawElements(
-        GL_TRIANGLES,
-        static_cast<GLsizei>(element.indexCount),
-        GL_UNSIGNED_INT,
-        reinterpret_cast<const void*>(offset)); // NOLINT: OpenGL passes offsets as pointers
+void FrameDrawer::prune() {
+    const bool hasDroppedTextures = textures.prune();
+    if (meshes.prune() || hasDroppedTextures)
+        state.forgetBindings();
 }
 
 } // namespace zelvo::render

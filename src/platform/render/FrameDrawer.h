@@ -4,11 +4,12 @@
 #include "platform/render/BackgroundPass.h"
 #include "platform/render/Context.h"
 #include "platform/render/GraphicsState.h"
-#include "platform/render/Lighting.h"
-#include "platform/render/MeshStore.h"
+#include "platform/render/ItemPainter.h"
 #include "platform/render/ParticlePass.h"
+#include "platform/render/PixelRect.h"
 #include "platform/render/ShadowPass.h"
 #include "platform/render/Snapshot.h"
+#include "platform/render/StillLayer.h"
 #include "platform/render/SurfaceShaders.h"
 #include "platform/render/TextureStore.h"
 #include "platform/render/UniformArena.h"
@@ -25,8 +26,8 @@ struct DrawTarget {
 };
 
 /// Draws scenes with the OpenGL context that is current on this thread, whoever made it. The
-/// passes, each left out when it adds nothing: shadow maps, background, opaque items front to back,
-/// translucent items back to front, particles.
+/// passes, each left out when it adds nothing: shadow maps, background, opaque items front to back
+/// (those that stand still as one picture), translucent items back to front, particles.
 ///
 /// Colours are lit in linear light and tone mapped and encoded at once in the surface's shader, so
 /// that the target needs no more than 8 bits. Blending and the background work on encoded values;
@@ -48,19 +49,33 @@ public:
     [[nodiscard]] GraphicsState& graphicsState() { return state; }
 
 private:
-    struct Frame;
+    /// An opaque item and how it is to be drawn: where shadows can fall on a part of it only,
+    /// twice.
+    struct OpaqueItem {
+        const DrawItem* item = nullptr;
+        ItemPainter::Lights lights = 0; ///< of the whole item
+        ItemPainter::Lights shadowLights = 0;
+        PixelRect shadowed{}; ///< where it is drawn with shadowLights; empty: nowhere
+    };
 
     /// Null: the scene has no image-based light.
     [[nodiscard]] static std::shared_ptr<const image::LightProbe>
     probeOf(const scene::SCNScene& scene);
     [[nodiscard]] FrameBlock frameBlock(const scene::SCNScene& scene) const;
-    [[nodiscard]] std::size_t lightSetFor(std::uint32_t mask);
-    void bindLights(Frame& frame, std::size_t index);
-    void bindPictures(const MaterialBinding& binding);
-    void drawTranslucent(Frame& frame);
-    void drawItem(Frame& frame, const DrawItem& item, DepthTest depthTest);
-    void drawDepth(Frame& frame, const DrawItem& item);
-    void submit(const DrawItem& item);
+    [[nodiscard]] std::uint32_t frameFeatures(const scene::SCNScene& scene);
+    [[nodiscard]] OpaqueItem
+    planned(const ItemPainter::Frame& frame, const DrawItem& item, Size picture);
+    [[nodiscard]] std::uint64_t surroundingsKey(
+        const scene::SCNScene& scene,
+        const FrameBlock& block,
+        std::uint32_t features,
+        Size size) const;
+    void keepWhatTheLayerShows(const scene::SCNScene& scene);
+    void drawWhole(const ItemPainter::Frame& frame, const OpaqueItem& opaque);
+    void
+    drawShadowed(const ItemPainter::Frame& frame, const OpaqueItem& opaque, DepthTest depthTest);
+    void drawTranslucent(const ItemPainter::Frame& frame);
+    void prune();
 
     GraphicsState state;
     PictureHoles holes;
@@ -70,9 +85,14 @@ private:
     ShadowPass shadows;
     BackgroundPass background;
     ParticlePass particles;
+    StillLayer layer;
+    ItemPainter painter;
     Snapshot snapshot;
     std::vector<ShadowView> views;
-    std::vector<LightSet> lightSets;
+    std::vector<OpaqueItem> opaques;
+    std::vector<std::uint64_t> keys; ///< of the opaques
+    std::vector<std::shared_ptr<const void>>
+        layerOwners; ///< so that no address in the layer's keys comes back for another
 };
 
 } // namespace zelvo::render

@@ -176,6 +176,14 @@ void GraphicsState::setDepthOffset( // NOLINT(readability-convert-member-functio
     glPolygonOffset(-slope, -units); // depth is reversed
 }
 
+void GraphicsState::setScissor( // NOLINT(readability-convert-member-functions-to-static): state of
+                                // the context
+    const std::optional<PixelRect>& part) {
+    toggle(GL_SCISSOR_TEST, part.has_value());
+    if (part)
+        glScissor(part->left, part->top, part->right - part->left, part->bottom - part->top);
+}
+
 void GraphicsState::clearDepth() {
     set({}); // clearing obeys the write masks
     glClear(GL_DEPTH_BUFFER_BIT);

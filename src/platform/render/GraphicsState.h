@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/render/Handles.h"
+#include "platform/render/PixelRect.h"
 #include "platform/render/Size.h"
 
 #include <array>
@@ -58,6 +59,8 @@ public:
     /// Depth is drawn this much farther away (units and slope as OpenGL defines them); 0 turns it
     /// off.
     void setDepthOffset(float units, float slope);
+    /// Nothing is drawn outside of the part; absent: everywhere.
+    void setScissor(const std::optional<PixelRect>& part);
     void clearDepth();
     void clearColor(float red, float green, float blue);
 

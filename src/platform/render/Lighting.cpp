@@ -115,8 +115,8 @@ void fitSpot(ShadowView& view, const PlacedLight& placed, const Snapshot& snapsh
                          static_cast<float>(view.mapSize);
 }
 
-/// Where the casters lie in the map; all of it where one of them reaches behind the light.
-glm::vec4 boundsInMap(const ShadowView& view, const Snapshot& snapshot) {
+/// Finds where the casters lie in the map; all of it where one of them reaches behind the light.
+void boundCasters(ShadowView& view, const Snapshot& snapshot) {
     geometry::Box box;
     for (const VisibleNode& node : snapshot.nodes()) {
         if (!node.castsShadow)
@@ -125,17 +125,20 @@ glm::vec4 boundsInMap(const ShadowView& view, const Snapshot& snapshot) {
         for (const glm::vec3& corner : cornersOf(node.geometry->boundingBox())) {
             const glm::vec4 point = toMap * glm::vec4(corner, 1);
             if (point.w <= 0)
-                return {0, 0, 1, 1};
+                return;
             box.include(glm::vec3(point) / point.w);
         }
     }
-    if (box.isEmpty())
-        return glm::vec4(0);
+    if (box.isEmpty()) {
+        view.bounds = glm::vec4(0);
+        return;
+    }
     const float reach = (kTapReach + 1) / static_cast<float>(view.mapSize);
-    return glm::clamp(
+    view.bounds = glm::clamp(
         glm::vec4(box.min.x - reach, box.min.y - reach, box.max.x + reach, box.max.y + reach),
         0.0f,
         1.0f);
+    view.nearest = std::min(box.max.z, 1.0f);
 }
 
 bool castsShadow(const SCNLight& light) {
@@ -228,7 +231,7 @@ std::vector<ShadowView> shadowViews(const Snapshot& snapshot) {
             fitSpot(view, lights[i], snapshot);
         }
         view.toTexture = clipToTexture() * view.viewProjection;
-        view.bounds = boundsInMap(view, snapshot);
+        boundCasters(view, snapshot);
         views.push_back(view);
     }
     return views;

@@ -19,6 +19,7 @@ struct ShadowView {
     glm::mat4 toTexture{1};      ///< world to 0 .. 1 in the map
     glm::vec4 bounds{
         0, 0, 1, 1}; ///< left, top, right, bottom of all casters in the map, with room for the taps
+    float nearest = 1;       ///< depth in the map of the caster next to the light, reversed
     float tapSpacing = 0;    ///< in the map's 0 .. 1
     float receiverShift = 0; ///< scene units along the normal, against self-shadowing
     int mapSize = 1024;      ///< texels

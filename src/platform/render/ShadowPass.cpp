@@ -1,41 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/ShadowPass.h"
 
-#include <epoxy/gl.h>
+#include "platform/render/Hash.h"
 
-#include <bit>
+#include <epoxy/gl.h>
 
 namespace zelvo::render {
 namespace {
 
-/// FNV-1a over 32-bit words (Fowler, Noll, Vo 1991).
-class Hash {
-public:
-    void add(std::uint64_t word) { value = (value ^ word) * 0x100000001B3ULL; }
-
-    void add(const glm::mat4& matrix) {
-        for (int column = 0; column < 4; ++column) {
-            for (int row = 0; row < 4; ++row) {
-                add(std::bit_cast<std::uint32_t>(matrix[column][row]));
-            }
-        }
-    }
-
-    [[nodiscard]] std::uint64_t result() const { return value; }
-
-private:
-    std::uint64_t value = 0xCBF29CE484222325ULL;
-};
-
 std::uint64_t contentOf(const Snapshot& snapshot, const ShadowView& view) {
     Hash hash;
-    hash.add(view.viewProjection);
+    hash.addBlock(view.viewProjection);
     for (const VisibleNode& node : snapshot.nodes()) {
         if (!node.castsShadow)
             continue;
         hash.add(node.geometry->revision());
-        hash.add(node.world);
-        hash.add(std::bit_cast<std::uint32_t>(node.opacity));
+        hash.addBlock(node.world);
+        hash.addBlock(node.opacity);
     }
     return hash.result();
 }

@@ -31,6 +31,9 @@ public:
         return maps.at(view).depth.name();
     }
 
+    /// The same as long as the map is.
+    [[nodiscard]] std::uint64_t content(std::size_t view) const { return maps.at(view).content; }
+
 private:
     struct Map {
         TextureHandle depth;

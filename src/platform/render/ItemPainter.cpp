@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/ItemPainter.h"
+
+#include "platform/render/Hash.h"
+#include "platform/render/StillLayer.h"
+
+#include <epoxy/gl.h>
+#include <glm/matrix.hpp>
+
+namespace zelvo::render {
+namespace {
+
+using scene::SCNBlendMode;
+
+Blend blendOf(SCNBlendMode mode) {
+    switch (mode) {
+    case SCNBlendMode::alpha:
+        return Blend::over;
+    case SCNBlendMode::add:
+        return Blend::add;
+    case SCNBlendMode::subtract:
+        return Blend::subtract;
+    case SCNBlendMode::multiply:
+        return Blend::multiply;
+    case SCNBlendMode::screen:
+        return Blend::screen;
+    case SCNBlendMode::replace:
+        return Blend::off;
+    }
+    return Blend::over;
+}
+
+constexpr bool isData(std::size_t unit) {
+    return unit == kNormalUnit || unit == kAmbientOcclusionUnit || unit == kMetalnessUnit ||
+           unit == kRoughnessUnit;
+}
+
+Winding windingOf(const glm::mat4& world) {
+    return glm::determinant(glm::mat3(world)) < 0 ? Winding::clockwise : Winding::counterClockwise;
+}
+
+std::uint64_t keyOf(const LightSet& set, const ShadowPass& shadows) {
+    Hash hash;
+    hash.addBlock(set.block);
+    hash.add(set.counts.key());
+    const int maps = set.counts.directionalShadows + set.counts.spotShadows;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(maps); ++i) {
+        hash.add(shadows.content(set.shadowViews.at(i)));
+    }
+    return hash.result();
+}
+
+void addPicture(Hash& hash, const scene::SCNMaterialProperty& slot) {
+    hash.addAddress(slot.image().get());
+    hash.addBlock(slot.contentsTransform);
+    hash.add(static_cast<std::uint64_t>(slot.wrapS));
+    hash.add(static_cast<std::uint64_t>(slot.wrapT));
+}
+
+} // namespace
+
+void ItemPainter::begin() {
+    sets.clear();
+    boundLights = SIZE_MAX;
+}
+
+ItemPainter::Lights
+ItemPainter::lightsFor(const Frame& frame, std::uint32_t mask, Shadows shadows) {
+    for (Lights i = 0; i < sets.size(); ++i) {
+        if (sets[i].set.mask == mask && sets[i].shadows == shadows)
+            return i;
+    }
+    const auto views = shadows == Shadows::cast ? frame.views : std::span<const ShadowView>();
+    KeyedSet made{makeLightSet(frame.snapshot.lights(), views, mask), shadows};
+    made.key = keyOf(made.set, tools.shadows);
+    sets.push_back(made);
+    return sets.size() - 1;
+}
+
+bool ItemPainter::fadesAsAWhole(const scene::SCNMaterial& material) const {
+    constexpr std::uint32_t kHoles = kDiffuseHasHoles | slotFeature(kTransparentUnit);
+    return material.blendMode == SCNBlendMode::alpha &&
+           (bindMaterial(material, tools.holes).features & kHoles) == 0;
+}
+
+MaterialBinding ItemPainter::bound(const Frame& frame, const DrawItem& item) const {
+    const VisibleNode& node = frame.snapshot.nodes()[item.node];
+    MaterialBinding binding = bindMaterial(*item.material, tools.holes);
+    binding.features |= frame.features;
+    if ((binding.features & kLit) == 0)
+        binding.features &= ~static_cast<std::uint32_t>(kEnvironment);
+    if (item.material->blendMode == SCNBlendMode::multiply)
+        binding.features |= kMultiplyBlend;
+    binding.item.world = node.world;
+    binding.item.normalMatrix = glm::mat4(glm::transpose(glm::inverse(glm::mat3(node.world))));
+    binding.item.diffuse.a = node.opacity * constantOpacity(*item.material);
+    return binding;
+}
+
+std::uint64_t
+ItemPainter::key(const Frame& frame, const DrawItem& item, const Lights lights) const {
+    const MaterialBinding binding = bound(frame, item);
+    // A modifier may look at the time.
+    if (binding.modifier != nullptr)
+        return StillLayer::kMoving;
+    Hash hash;
+    hash.add(frame.snapshot.nodes()[item.node].geometry->revision());
+    hash.add(item.element);
+    hash.add(binding.features);
+    hash.addBlock(binding.item);
+    for (const scene::SCNMaterialProperty* slot : binding.pictures) {
+        if (slot != nullptr)
+            addPicture(hash, *slot);
+    }
+    hash.add(static_cast<std::uint64_t>(item.material->fillMode));
+    if ((binding.features & kLit) != 0)
+        hash.add(sets[lights].key);
+    return hash.result();
+}
+
+std::vector<image::ImagePtr> ItemPainter::pictures(const DrawItem& item) const {
+    std::vector<image::ImagePtr> result;
+    for (const scene::SCNMaterialProperty* slot :
+         bindMaterial(*item.material, tools.holes).pictures) {
+        if (slot != nullptr)
+            result.push_back(slot->image());
+    }
+    return result;
+}
+
+void ItemPainter::bindLights(const Frame& frame, Lights lights) {
+    if (boundLights == lights)
+        return;
+    boundLights = lights;
+    const LightSet& set = sets[lights].set;
+    frame.uniforms.bind(tools.state, kLightBinding, set.block);
+    const int maps = set.counts.directionalShadows + set.counts.spotShadows;
+    for (std::uint32_t i = 0; i < static_cast<std::uint32_t>(maps); ++i) {
+        tools.state.bindTexture(
+            kShadowUnit + i,
+            tools.shadows.texture(set.shadowViews.at(i)),
+            tools.textures.shadowSampler());
+    }
+}
+
+void ItemPainter::bindPictures(const MaterialBinding& binding) {
+    TextureStore& textures = tools.textures;
+    for (std::uint32_t unit = 0; unit < kSlotUnitCount; ++unit) {
+        const scene::SCNMaterialProperty* slot = binding.pictures.at(unit);
+        if (slot != nullptr) {
+            const PictureUse use = isData(unit) ? PictureUse::data : PictureUse::color;
+            const scene::SCNWrapMode wrapS =
+                unit == kReflectiveUnit ? scene::SCNWrapMode::repeat : slot->wrapS;
+            tools.state.bindTexture(
+                unit, textures.picture(slot->image(), use), textures.sampler(wrapS, slot->wrapT));
+        } else if (binding.modifier != nullptr && unit <= kEmissionUnit) {
+            tools.state.bindTexture(unit, textures.white(), textures.smoothSampler());
+        }
+    }
+}
+
+void ItemPainter::draw(
+    const Frame& frame, const DrawItem& item, Lights lights, DepthTest depthTest) {
+    MaterialBinding binding = bound(frame, item);
+    const bool isTranslucent = depthTest == DepthTest::equal || item.isTranslucent;
+    if (isTranslucent)
+        binding.features |= kTranslucent;
+    tools.state.useProgram(
+        tools.shaders.program(binding.features, sets[lights].set.counts, binding.modifier));
+    if ((binding.features & kLit) != 0)
+        bindLights(frame, lights);
+    bindPictures(binding);
+    if ((binding.features & kSlotTransforms) != 0) {
+        frame.uniforms.bind(tools.state, kSlotBinding, slotTransforms(binding));
+    }
+    frame.uniforms.bind(tools.state, kItemBinding, binding.item);
+    const scene::SCNMaterial& material = *item.material;
+    tools.state.set(
+        {.depthTest = depthTest,
+         .depthWrite = isTranslucent ? DepthWrite::off : DepthWrite::on,
+         .culling = material.isDoubleSided ? Culling::none : Culling::backFaces,
+         .winding = windingOf(binding.item.world),
+         .fill = material.fillMode == scene::SCNFillMode::lines ? Fill::lines : Fill::faces,
+         .blend = isTranslucent ? blendOf(material.blendMode) : Blend::off});
+    submit(frame, item);
+}
+
+void ItemPainter::drawDepth(const Frame& frame, const DrawItem& item) {
+    const VisibleNode& node = frame.snapshot.nodes()[item.node];
+    ItemBlock block;
+    block.world = node.world;
+    tools.state.useProgram(tools.shaders.depthProgram(SurfaceShaders::DepthOnly::whole));
+    frame.uniforms.bind(tools.state, kItemBinding, block);
+    tools.state.set(
+        {.culling = item.material->isDoubleSided ? Culling::none : Culling::backFaces,
+         .winding = windingOf(node.world),
+         .colorWrite = ColorWrite::off});
+    submit(frame, item);
+}
+
+void ItemPainter::submit(const Frame& frame, const DrawItem& item) {
+    const scene::SCNGeometry& geometry = *frame.snapshot.nodes()[item.node].geometry;
+    const geometry::MeshElement& element = geometry.mesh().elements[item.element];
+    tools.state.bindVertexArray(tools.meshes.vertexArray(geometry));
+    const std::uintptr_t offset = std::uintptr_t{element.firstIndex} * sizeof(std::uint32_t);
+    glDrawElements(
+        GL_TRIANGLES,
+        static_cast<GLsizei>(element.indexCount),
+        GL_UNSIGNED_INT,
+        reinterpret_cast<const void*>(offset)); // NOLINT: OpenGL passes offsets as pointers
+}
+
+} // namespace zelvo::render

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/render/Size.h"
+
+#include <algorithm>
+
+namespace zelvo::render {
+
+/// A part of a picture, row 0 at the top: from (left, top) up to but not including (right, bottom).
+struct PixelRect {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+
+    [[nodiscard]] static PixelRect whole(Size size) { return {0, 0, size.width, size.height}; }
+
+    [[nodiscard]] bool isEmpty() const { return right <= left || bottom <= top; }
+
+    [[nodiscard]] double area() const {
+        return isEmpty() ? 0.0 : static_cast<double>(right - left) * (bottom - top);
+    }
+
+    [[nodiscard]] PixelRect intersected(const PixelRect& other) const {
+        return {
+            std::max(left, other.left),
+            std::max(top, other.top),
+            std::min(right, other.right),
+            std::min(bottom, other.bottom)};
+    }
+
+    /// The least one around both.
+    [[nodiscard]] PixelRect united(const PixelRect& other) const {
+        if (isEmpty() || other.isEmpty())
+            return isEmpty() ? other : *this;
+        return {
+            std::min(left, other.left),
+            std::min(top, other.top),
+            std::max(right, other.right),
+            std::max(bottom, other.bottom)};
+    }
+
+    friend bool operator==(const PixelRect&, const PixelRect&) = default;
+};
+
+} // namespace zelvo::render

@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/ShadowReach.h"
+
+#include <glm/common.hpp>
+#include <glm/geometric.hpp>
+#include <glm/matrix.hpp>
+
+#include <array>
+#include <cmath>
+
+namespace zelvo::render {
+namespace {
+
+constexpr float kLeastDistance = 1e-3f; ///< from the eye's plane, scene units
+
+using Corners = std::array<glm::vec3, 8>;
+
+/// A face cut by planes: each cut adds a corner at most.
+struct Polygon {
+    std::array<glm::vec3, 16> points{};
+    std::size_t count = 0;
+
+    void add(const glm::vec3& point) { points.at(count++) = point; }
+};
+
+Corners cornersOf(const VisibleNode& node) {
+    const geometry::Box box = node.geometry->boundingBox();
+    Corners corners{};
+    for (unsigned i = 0; i < corners.size(); ++i) {
+        const glm::vec3 corner(
+            (i & 1U) != 0 ? box.max.x : box.min.x,
+            (i & 2U) != 0 ? box.max.y : box.min.y,
+            (i & 4U) != 0 ? box.max.z : box.min.z);
+        corners.at(i) = glm::vec3(node.world * glm::vec4(corner, 1));
+    }
+    return corners;
+}
+
+/// By their numbers in cornersOf, around each face.
+constexpr auto kFaces = std::to_array<std::array<std::size_t, 4>>({
+    {0, 1, 3, 2},
+    {4, 5, 7, 6},
+    {0, 1, 5, 4},
+    {2, 3, 7, 6},
+    {0, 2, 6, 4},
+    {1, 3, 7, 5}
+});
+
+Polygon polygonOf(const Corners& corners, const std::array<std::size_t, 4>& face) {
+    Polygon polygon;
+    for (const std::size_t corner : face) {
+        polygon.add(corners.at(corner));
+    }
+    return polygon;
+}
+
+glm::vec4 rowOf(const glm::mat4& matrix, int row) {
+    return {matrix[0][row], matrix[1][row], matrix[2][row], matrix[3][row]};
+}
+
+/// Sutherland and Hodgman 1974, "Reentrant Polygon Clipping": what lies before the plane stays.
+Polygon clipped(const Polygon& polygon, const glm::vec4& plane) {
+    Polygon result;
+    for (std::size_t i = 0; i < polygon.count; ++i) {
+        const glm::vec3& a = polygon.points.at(i);
+        const glm::vec3& b = polygon.points.at((i + 1) % polygon.count);
+        const float beforeA = glm::dot(plane, glm::vec4(a, 1));
+        const float beforeB = glm::dot(plane, glm::vec4(b, 1));
+        if (beforeA >= 0)
+            result.add(a);
+        if ((beforeA >= 0) != (beforeB >= 0))
+            result.add(glm::mix(a, b, beforeA / (beforeA - beforeB)));
+    }
+    return result;
+}
+
+/// Gathers what is seen of polygons.
+class ScreenBounds {
+public:
+    ScreenBounds(const CameraView& cameraView, Size pictureSize)
+        : camera(cameraView)
+        , picture(pictureSize)
+        , eye(rowOf(camera.viewProjection, 3) - glm::vec4(0, 0, 0, kLeastDistance)) {}
+
+    void include(const Polygon& polygon) {
+        const Polygon seen = clipped(polygon, eye);
+        for (std::size_t i = 0; i < seen.count; ++i) {
+            const glm::vec3& point = seen.points.at(i);
+            const glm::vec4 clip = camera.viewProjection * glm::vec4(point, 1);
+            const glm::vec2 at(
+                (clip.x / clip.w + 1) * 0.5f * static_cast<float>(picture.width),
+                (1 - clip.y / clip.w) * 0.5f * static_cast<float>(picture.height));
+            least = glm::min(least, at);
+            most = glm::max(most, at);
+        }
+    }
+
+    [[nodiscard]] PixelRect rect() const {
+        if (least.x > most.x)
+            return {};
+        // Bounded before it is rounded: what lies near the eye's plane is seen very far out.
+        const glm::vec2 end(picture.width, picture.height);
+        const glm::vec2 first = glm::clamp(glm::floor(least) - 1.0f, glm::vec2(0), end);
+        const glm::vec2 last = glm::clamp(glm::ceil(most) + 1.0f, glm::vec2(0), end);
+        return {
+            static_cast<int>(first.x),
+            static_cast<int>(first.y),
+            static_cast<int>(last.x),
+            static_cast<int>(last.y)};
+    }
+
+private:
+    const CameraView& camera;
+    Size picture;
+    glm::vec4 eye;
+    glm::vec2 least{INFINITY};
+    glm::vec2 most{-INFINITY};
+};
+
+/// The planes around all that the casters can shade, inside before them, moved out by as much as
+/// the lookup is moved.
+std::array<glm::vec4, 6> planesOf(const ShadowView& view) {
+    const glm::vec4 x = rowOf(view.toTexture, 0);
+    const glm::vec4 y = rowOf(view.toTexture, 1);
+    const glm::vec4 z = rowOf(view.toTexture, 2);
+    const glm::vec4 w = rowOf(view.toTexture, 3);
+    std::array<glm::vec4, 6> planes{
+        x - view.bounds.x * w,
+        view.bounds.z * w - x,
+        y - view.bounds.y * w,
+        view.bounds.w * w - y,
+        view.nearest * w - z, // depth is reversed
+        w};
+    for (glm::vec4& plane : planes) {
+        plane.w += view.receiverShift * glm::length(glm::vec3(plane));
+    }
+    return planes;
+}
+
+} // namespace
+
+PixelRect boundsOnScreen(const VisibleNode& node, const CameraView& camera, Size picture) {
+    const Corners corners = cornersOf(node);
+    ScreenBounds seen(camera, picture);
+    for (const auto& face : kFaces) {
+        seen.include(polygonOf(corners, face));
+    }
+    return seen.rect();
+}
+
+PixelRect shadowOnScreen(
+    const VisibleNode& node, const ShadowView& view, const CameraView& camera, Size picture) {
+    if (view.bounds.z <= view.bounds.x || view.bounds.w <= view.bounds.y)
+        return {};
+    const Corners corners = cornersOf(node);
+    const std::array<glm::vec4, 6> planes = planesOf(view);
+    ScreenBounds seen(camera, picture);
+    for (const auto& face : kFaces) {
+        Polygon polygon = polygonOf(corners, face);
+        for (const glm::vec4& plane : planes) {
+            polygon = clipped(polygon, plane);
+        }
+        seen.include(polygon);
+    }
+    // The rays' own beginning, where a deep box holds it.
+    const glm::mat4 fromMap = glm::inverse(view.toTexture);
+    Polygon beginning;
+    for (const glm::vec2 corner :
+         {glm::vec2(view.bounds.x, view.bounds.y),
+          glm::vec2(view.bounds.z, view.bounds.y),
+          glm::vec2(view.bounds.z, view.bounds.w),
+          glm::vec2(view.bounds.x, view.bounds.w)}) {
+        const glm::vec4 point = fromMap * glm::vec4(corner, view.nearest, 1);
+        beginning.add(glm::vec3(point) / point.w);
+    }
+    const glm::mat4 toNode = glm::inverse(node.world);
+    const geometry::Box box = node.geometry->boundingBox();
+    for (int axis = 0; axis < 3; ++axis) {
+        const glm::vec4 along = rowOf(toNode, axis);
+        beginning = clipped(beginning, along - glm::vec4(0, 0, 0, box.min[axis]));
+        beginning = clipped(beginning, glm::vec4(0, 0, 0, box.max[axis]) - along);
+    }
+    seen.include(beginning);
+    return seen.rect();
+}
+
+} // namespace zelvo::render

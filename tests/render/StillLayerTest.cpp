@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/StillLayer.h"
+
+#include "platform/render/ShadowReach.h"
+#include "render/StageFixture.h"
+
+#include <functional>
+
+namespace zelvo::render {
+namespace {
+
+using image::Color;
+using Step = StillLayer::Step;
+using Keys = std::vector<std::uint64_t>;
+
+TEST(StillLayer, HoldsWhatStandsStillAsLongAsNothingAroundItChanges) {
+    StillLayer layer;
+    const auto plan = [&layer](const Keys& keys, std::uint64_t surroundings = 1) {
+        return layer.plan(keys, surroundings, {64, 64});
+    };
+    EXPECT_EQ(plan({7, 8, 100}), Step::without);
+    EXPECT_EQ(plan({7, 8, 101}), Step::without);
+    EXPECT_EQ(plan({8, 7, 102}), Step::build) << "in whatever order";
+    EXPECT_EQ(plan({7, 8, 103, StillLayer::kMoving}), Step::use);
+    EXPECT_TRUE(layer.holds(7) && layer.holds(8));
+    EXPECT_FALSE(layer.holds(103) || layer.holds(StillLayer::kMoving));
+    EXPECT_EQ(plan({7, 9, 103}), Step::without) << "one of the items has gone";
+    EXPECT_EQ(plan({7, 9, 104}), Step::without);
+    EXPECT_EQ(plan({7, 9, 105}), Step::build);
+    EXPECT_EQ(plan({7, 9, 106}, 2), Step::without) << "the camera has moved";
+}
+
+TEST(StillLayer, TakesInWhatHasComeToRest) {
+    StillLayer layer;
+    int builds = 0;
+    for (std::uint64_t frame = 0; frame < 60; ++frame) {
+        const std::uint64_t comesToRest = std::min<std::uint64_t>(frame, 20);
+        builds += layer.plan(Keys{1, 1000 + comesToRest}, 1, {8, 8}) == Step::build ? 1 : 0;
+    }
+    EXPECT_TRUE(layer.holds(1020));
+    EXPECT_EQ(builds, 2);
+}
+
+/// A floor in the light of a spot that casts shadows, a box that stands and one that moves.
+class StillStage : public Stage {
+protected:
+    StillStage() {
+        camera->position = glm::vec3(0, 60, 330);
+        camera->setEulerAngles({-0.25f, 0, 0});
+        camera->camera->fieldOfView = 60;
+        camera->camera->zFar = 3000;
+        floor = addSquare(lit(0x808088), 0, 1600);
+        floor->setEulerAngles({-1.5707963f, 0, 0});
+        floor->position = glm::vec3(0, -60, 0);
+        floor->castsShadow = false;
+        standing = addBox(-60, lit(0xE6194C));
+        moving = addBox(60, lit(0xFFFFFF));
+        light = addLight(scene::SCNLightType::spot, {-150, 350, 200}, 2.5e8);
+        scene->rootNode()->childNodes().back()->setOrientation(
+            glm::quatLookAt(glm::normalize(glm::vec3(150, -380, -200)), glm::vec3(0, 1, 0)));
+        light->spotOuterAngle = 80;
+        light->castsShadow = true;
+        light->shadowColor.alpha = 0.9f;
+    }
+
+    static scene::SCNMaterialPtr lit(unsigned color) {
+        return makeMaterial(Color::hex(color), scene::SCNLightingModel::physicallyBased);
+    }
+
+    [[nodiscard]] scene::SCNNodePtr addBox(float x, const scene::SCNMaterialPtr& material) const {
+        const auto node = addNode({x, -20, 0});
+        node->geometry = std::make_shared<scene::SCNBox>(50, 50, 50, 4);
+        node->geometry->materials = {material};
+        return node;
+    }
+
+    /// Drawn by a renderer that has seen nothing before.
+    [[nodiscard]] image::Image drawnAnew() const {
+        auto fresh = *SCNRenderer::make();
+        fresh->setScene(scene);
+        fresh->pointOfView = camera;
+        return fresh->snapshotAtTime(0, kPicture, 1);
+    }
+
+    static constexpr Size kPicture{160, 90};
+    scene::SCNNodePtr floor;
+    scene::SCNNodePtr standing;
+    scene::SCNNodePtr moving;
+    scene::SCNLightPtr light;
+};
+
+TEST_F(StillStage, ChangesShowAtOnce) {
+    struct Change {
+        const char* name;
+        std::function<void()> make;
+    };
+
+    const auto paint = [this](std::array<std::uint8_t, 4> pixel) {
+        floor->geometry->materials[0]->diffuse.setImage(sharePicture(1, 1, {pixel}));
+    };
+    std::vector<Change> changes;
+    const auto add = [&changes](const char* name, std::function<void()> make) {
+        changes.push_back({name, std::move(make)});
+    };
+    add("nothing", [] {});
+    add("a box moves", [this] { moving->position = glm::vec3(80, 10, 20); });
+    add("a light", [this] { light->color = Color::hex(0x19E64C); });
+    add("the background", [this] { scene->background.contents = Color::hex(0x194CE6); });
+    add("a number", [this] { floor->geometry->materials[0]->roughness.contents = 0.1f; });
+    add("a picture", [paint] { paint({9, 99, 199, 255}); });
+    add("another picture", [paint] { paint({199, 99, 9, 255}); });
+    add("the camera", [this] { camera->position = glm::vec3(10, 60, 330); });
+    add("a solid", [this] { standing->geometry = std::make_shared<scene::SCNBox>(90, 40, 9, 0); });
+    add("hiding", [this] { standing->isHidden = true; });
+    add("the exposure", [this] { camera->camera->exposureOffset = -1; });
+    image::Image last(1, 1);
+    for (const Change& change : changes) {
+        change.make();
+        const image::Image wanted = drawnAnew();
+        EXPECT_NE(wanted.pixels, last.pixels) << change.name << " is not to be seen";
+        last = wanted;
+        for (int frame = 0; frame < 15; ++frame) {
+            ASSERT_EQ(renderer->snapshotAtTime(0, kPicture, 1).pixels, wanted.pixels)
+                << change.name << ", frame " << frame;
+        }
+    }
+}
+
+TEST_F(StillStage, ShadowsAreLookedUpWhereTheyFallAndNowhereElse) {
+    const image::Image shaded = drawnAnew();
+    light->shadowColor.alpha = 0.001f;
+    const image::Image unshaded = drawnAnew();
+    Snapshot snapshot;
+    const float aspect = static_cast<float>(kPicture.width) / static_cast<float>(kPicture.height);
+    snapshot.take(*scene, camera.get(), aspect);
+    const std::vector<ShadowView> views = shadowViews(snapshot);
+    PixelRect reach;
+    for (const VisibleNode& node : snapshot.nodes())
+        reach = reach.united(shadowOnScreen(node, views.at(0), snapshot.camera(), kPicture));
+
+    PixelRect changed;
+    for (int y = 0; y < kPicture.height; ++y) {
+        for (int x = 0; x < kPicture.width; ++x) {
+            if (std::abs(at(shaded, x, y)[0] - at(unshaded, x, y)[0]) > 2)
+                changed = changed.united({x, y, x + 1, y + 1});
+        }
+    }
+    EXPECT_EQ(changed.intersected(reach), changed) << "a shadow would be cut off";
+    EXPECT_GT(changed.area(), 200);
+    EXPECT_LT(reach.area(), 0.6 * PixelRect::whole(kPicture).area());
+}
+
+} // namespace
+} // namespace zelvo::render
