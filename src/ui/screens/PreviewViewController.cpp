@@ -3,6 +3,7 @@
 
 #include "core/model/Model.h"
 #include "ui/controls/Alerts.h"
+#include "ui/shared/FormatTime.h"
 #include "ui/shared/Signal.h"
 
 #include <fmt/format.h>
@@ -41,6 +42,10 @@ QString PreviewViewController::place() const {
 void PreviewViewController::setSavedCopy(const std::filesystem::path& copy) {
     savedCopy = copy;
     Q_EMIT placeChanged();
+}
+
+QString PreviewViewController::timeText(double milliseconds) const {
+    return QString::fromStdString(formatTime(milliseconds / 1000));
 }
 
 void PreviewViewController::togglePlaying() {

@@ -48,6 +48,8 @@ public:
     /// The choices of sharing are on show.
     [[nodiscard]] bool isSharing() const { return isSharing_; }
 
+    /// A time of the player, given in milliseconds.
+    Q_INVOKABLE [[nodiscard]] QString timeText(double milliseconds) const;
     Q_INVOKABLE void togglePlaying();
     /// The view has come to the movie's end.
     Q_INVOKABLE void reachedEnd();

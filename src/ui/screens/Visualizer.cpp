@@ -26,11 +26,15 @@ void Visualizer::start(const TouchVisualizerConfiguration& configuration) {
 
 void Visualizer::stop() {
     enabled = false;
+    endAll();
+    Q_EMIT enabledChanged();
+}
+
+void Visualizer::endAll() {
     for (const auto& view : touchViews) {
         if (view->isShown())
             view->end();
     }
-    Q_EMIT enabledChanged();
 }
 
 void Visualizer::toggle() {
@@ -42,8 +46,11 @@ void Visualizer::toggle() {
 }
 
 bool Visualizer::eventFilter(QObject*, QEvent* event) {
-    if (enabled)
-        handleEvent(touchesOf(*event));
+    if (!enabled)
+        return false;
+    if (event->type() == QEvent::TouchCancel)
+        endAll(); // it need not name the fingers
+    handleEvent(touchesOf(*event));
     return false;
 }
 

@@ -54,6 +54,7 @@ Q_SIGNALS:
     void touchViewsChanged();
 
 private:
+    void endAll();
     void handle(const Touch& touch);
     [[nodiscard]] TouchView* viewOf(int touch) const;
     [[nodiscard]] TouchView& freeView();

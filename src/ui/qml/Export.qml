@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Zelvo
+
+// The screen of an ExportViewController: ring and percentage on a sheet, then the preview over all.
+FocusScope {
+    id: root
+
+    required property var controller
+
+    focus: true
+    Keys.onEscapePressed: controller.dismissViewController()
+    Component.onCompleted: forceActiveFocus()
+
+    MouseArea { // nothing goes through to what lies behind
+        anchors.fill: parent
+        hoverEnabled: true
+        onWheel: wheel => wheel.accepted = true
+    }
+    Rectangle {
+        anchors.centerIn: parent
+        width: Math.min(540, parent.width - 48)
+        height: Math.min(480, parent.height - 48)
+        radius: 12
+        color: Theme.background
+        border.color: Theme.separator
+        visible: !preview.active
+
+        ScreenButton {
+            x: 6
+            y: 6
+            image: "CloseButton_Gray"
+            name: "Cancel the export"
+            key: "Esc"
+            onClicked: root.controller.dismissViewController()
+        }
+        Column {
+            anchors.centerIn: parent
+            spacing: 14
+
+            ExportRing {
+                anchors.horizontalCenter: parent.horizontalCenter
+                width: Math.min(280, root.height * 0.46)
+                height: width
+                controller: root.controller.progressView
+
+                Text {
+                    anchors.centerIn: parent
+                    text: root.controller.progressLabel
+                    color: Theme.text
+                    font.family: Theme.digitsFamily
+                    font.pixelSize: Theme.px(20)
+                    font.weight: Font.Medium
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
+                }
+            }
+            Text {
+                anchors.horizontalCenter: parent.horizontalCenter
+                text: root.controller.status
+                color: Theme.mutedText
+                font.pixelSize: Theme.px(14)
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+        }
+    }
+    Loader {
+        id: preview
+
+        anchors.fill: parent
+        active: root.controller.preview !== null
+        onActiveChanged: if (active) setSource("qrc:/zelvo/Preview.qml", { controller: root.controller.preview })
+        onLoaded: item.forceActiveFocus()
+    }
+}

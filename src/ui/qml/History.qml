@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
+import QtQuick
+import Zelvo
+
+// The screen of a HistoryController: what the performance holds, a row for each act.
+FocusScope {
+    id: root
+
+    required property var controller
+
+    focus: true
+    Keys.onEscapePressed: controller.dismissViewController()
+    Component.onCompleted: {
+        list.forceActiveFocus();
+        controller.viewDidAppear();
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.row
+    }
+    MouseArea { // nothing goes through to what lies behind
+        anchors.fill: parent
+        hoverEnabled: true
+        onWheel: wheel => wheel.accepted = true
+    }
+
+    Item {
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: Math.min(parent.width, 860)
+        height: parent.height
+
+        ScreenBar {
+            id: bar
+
+            width: parent.width
+            title: root.controller.title
+            titleColor: root.controller.showsHint ? Theme.hint : Theme.mutedText
+
+            leading: ScreenButton {
+                image: "CloseButton_Gray"
+                name: "Close"
+                key: "Esc"
+                onClicked: root.controller.dismissViewController()
+            }
+            trailing: ScreenButton {
+                text: root.controller.sortTitle
+                tint: Theme.mutedText
+                onClicked: root.controller.sortFunction()
+            }
+        }
+        Rectangle {
+            anchors.top: bar.bottom
+            width: parent.width
+            height: 1
+            color: Theme.separator
+        }
+        ListView {
+            id: list
+
+            property int openRow: -1
+
+            anchors.fill: parent
+            anchors.topMargin: bar.height + 6
+            anchors.bottomMargin: 18
+            clip: true
+            model: root.controller.rows
+            activeFocusOnTab: true
+            keyNavigationEnabled: true
+            highlightMoveDuration: 0
+            boundsBehavior: Flickable.StopAtBounds
+            Accessible.role: Accessible.List
+            Accessible.name: "Actions"
+
+            Keys.onDeletePressed: root.controller.deleteRow(currentIndex)
+            Keys.onPressed: event => {
+                if (event.key === Qt.Key_Backspace)
+                    root.controller.deleteRow(currentIndex);
+            }
+            onMovementStarted: openRow = -1
+
+            delegate: HistoryRow {
+                required property int index
+
+                width: ListView.view.width
+                height: Math.max(root.controller.cellHeight, implicitHeight)
+                isCurrent: ListView.isCurrentItem && list.activeFocus
+                isOpen: list.openRow === index
+                onPicked: list.currentIndex = index
+                onOpened: list.openRow = index
+                onClosed: if (list.openRow === index) list.openRow = -1
+                onDeleted: {
+                    list.openRow = -1;
+                    root.controller.deleteRow(index);
+                }
+            }
+            remove: Transition {
+                NumberAnimation { property: "opacity"; to: 0; duration: 120 }
+            }
+            displaced: Transition {
+                NumberAnimation { property: "y"; duration: 160; easing.type: Easing.OutCubic }
+                NumberAnimation { property: "opacity"; to: 1; duration: 0 }
+            }
+        }
+        Text {
+            anchors.centerIn: parent
+            visible: list.count === 0
+            text: "No actions"
+            color: Theme.mutedText
+            font.pixelSize: Theme.px(14)
+            font.weight: Font.Medium
+        }
+    }
+}

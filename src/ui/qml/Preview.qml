@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+import QtMultimedia
+import QtQuick
+import Zelvo
+
+// The screen of a PreviewViewController: the movie with its controls, and what to do with it.
+FocusScope {
+    id: root
+
+    required property var controller
+
+    focus: true
+    Keys.onEscapePressed: controller.isSharing ? controller.share() : controller.dismissController()
+    Keys.onSpacePressed: controller.togglePlaying()
+    Keys.onLeftPressed: player.setPosition(Math.max(0, player.position - 1000))
+    Keys.onRightPressed: player.setPosition(Math.min(player.duration, player.position + 1000))
+
+    Rectangle {
+        anchors.fill: parent
+        color: "black"
+    }
+    MouseArea {
+        anchors.fill: parent
+        hoverEnabled: true
+        onWheel: wheel => wheel.accepted = true
+    }
+    ScreenBar {
+        id: bar
+
+        width: parent.width
+        title: root.controller.title
+
+        leading: ScreenButton {
+            text: "Cancel"
+            name: "Close the preview"
+            key: "Esc"
+            fill: Theme.separator
+            onClicked: root.controller.dismissController()
+        }
+        trailing: ScreenButton {
+            id: shareButton
+
+            text: "Share"
+            fill: Theme.accent
+            onClicked: root.controller.share()
+        }
+    }
+    Item {
+        id: screen
+
+        anchors.top: bar.bottom
+        anchors.bottom: controls.top
+        width: parent.width
+
+        VideoOutput {
+            id: output
+
+            anchors.fill: parent
+            visible: root.controller.failure === ""
+        }
+        Image {
+            anchors.fill: parent
+            fillMode: Image.PreserveAspectFit
+            visible: !output.visible || (player.mediaStatus !== MediaPlayer.BufferedMedia && player.mediaStatus !== MediaPlayer.EndOfMedia)
+            source: root.controller.poster
+        }
+        Rectangle {
+            anchors.centerIn: parent
+            width: Math.min(parent.width - 48, reason.implicitWidth + 40)
+            height: reason.implicitHeight + 28
+            visible: root.controller.failure !== ""
+            radius: Theme.radius
+            color: Theme.background
+            opacity: 0.9
+
+            Text {
+                id: reason
+
+                anchors.fill: parent
+                anchors.margins: 14
+                text: root.controller.failure
+                color: Theme.text
+                font.pixelSize: Theme.px(14)
+                wrapMode: Text.Wrap
+                horizontalAlignment: Text.AlignHCenter
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+        }
+        TapHandler {
+            onTapped: root.controller.isSharing ? root.controller.share() : root.controller.togglePlaying()
+        }
+    }
+    PreviewControls {
+        id: controls
+
+        anchors.bottom: parent.bottom
+        width: parent.width
+        controller: root.controller
+        player: player
+    }
+    SharePanel {
+        anchors.top: bar.bottom
+        anchors.right: parent.right
+        anchors.rightMargin: 8
+        visible: root.controller.isSharing
+        controller: root.controller
+    }
+
+    MediaPlayer {
+        id: player
+
+        source: root.controller.movieUrl
+        videoOutput: output
+        audioOutput: AudioOutput {}
+        onErrorOccurred: (error, text) => root.controller.playbackFailed(text)
+        onMediaStatusChanged: {
+            if (mediaStatus === MediaPlayer.LoadedMedia && !root.controller.isPlaying)
+                pause(); // shows the first picture
+            else if (mediaStatus === MediaPlayer.EndOfMedia)
+                root.controller.reachedEnd();
+        }
+    }
+    Connections {
+        target: root.controller
+
+        function onIsPlayingChanged() {
+            if (root.controller.isPlaying)
+                player.play();
+            else if (player.mediaStatus !== MediaPlayer.EndOfMedia)
+                player.pause();
+        }
+    }
+}

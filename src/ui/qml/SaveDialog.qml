@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+import QtQuick.Dialogs
+
+// Asks where a copy of the movie goes.
+FileDialog {
+    title: "Save a Copy"
+    fileMode: FileDialog.SaveFile
+    defaultSuffix: "mov"
+    nameFilters: ["QuickTime movies (*.mov)"]
+}

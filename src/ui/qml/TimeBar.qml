@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+// The thin time bar of a ProgressView.
+Item {
+    id: root
+
+    required property var controller
+
+    implicitHeight: 3
+
+    Rectangle {
+        width: root.width * root.controller.fill
+        height: root.height
+        color: root.controller.color
+    }
+}
