@@ -2,6 +2,8 @@
 #include "platform/image/Image.h"
 
 #include "platform/foundation/Check.h"
+#include "platform/image/AreaScaler.h"
+#include "platform/image/PNGRows.h"
 
 #include <QBuffer>
 #include <QColorSpace>
@@ -53,19 +55,10 @@ Result<ImagePtr> failDecode(const QImageReader& reader) {
     }
 }
 
-/// RGBA in sRGB, whatever the file held.
-QImage normalised(const QImage& decoded) {
-    QImage image = decoded.convertToFormat(QImage::Format_RGBA8888);
-    if (image.colorSpace().isValid() && image.colorSpace() != QColorSpace(QColorSpace::SRgb)) {
-        image.convertToColorSpace(QColorSpace(QColorSpace::SRgb));
-        image.convertTo(QImage::Format_RGBA8888);
-    }
-    const int side = std::max(image.width(), image.height());
-    if (side > kMaxSide) {
-        image = image.scaled(kMaxSide, kMaxSide, Qt::KeepAspectRatio, Qt::SmoothTransformation)
-                    .convertToFormat(QImage::Format_RGBA8888);
-    }
-    return image;
+tl::unexpected<foundation::Error> failSize(Extent extent, std::string_view advice) {
+    return fail(
+        Cause::tooLarge,
+        fmt::format("the picture claims {} x {} pixels; {}", extent.width, extent.height, advice));
 }
 
 ImagePtr copied(const QImage& source) {
@@ -80,17 +73,100 @@ ImagePtr copied(const QImage& source) {
     return image;
 }
 
-/// Asks the decoder itself for a small picture, so that a huge one is never held whole where it can
-/// be helped.
-void limitSize(QImageReader& reader, const QSize& size) {
-    const int side = std::max(size.width(), size.height());
-    if (side <= kMaxSide)
-        return;
-    const QSize scaled = size.scaled(kMaxSide, kMaxSide, Qt::KeepAspectRatio);
-    reader.setScaledSize(scaled.expandedTo(QSize(1, 1)));
+QImage viewOf(const Image& image) {
+    CHECK(
+        image.pixels.size() ==
+            4U * static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height),
+        "a picture of {} x {} has {} bytes",
+        image.width,
+        image.height,
+        image.pixels.size());
+    return {
+        image.pixels.data(),
+        image.width,
+        image.height,
+        static_cast<qsizetype>(image.width) * 4,
+        QImage::Format_RGBA8888};
 }
 
-Result<ImagePtr> decode(QIODevice& device) {
+/// The picture, whatever its pixels are, as RGBA of at most kMaxSide: converted in strips, so that
+/// it is not held twice.
+QImage limited(const QImage& decoded) {
+    const Extent extent{decoded.width(), decoded.height()};
+    const Extent result = limitedExtent(extent);
+    if (result.width == extent.width && result.height == extent.height)
+        return decoded.convertToFormat(QImage::Format_RGBA8888);
+    AreaScaler scaler(extent, result);
+    constexpr int kStrip = 64;
+    for (int top = 0; top < extent.height; top += kStrip) {
+        const int rows = std::min(kStrip, extent.height - top);
+        const QImage strip =
+            decoded.copy(0, top, extent.width, rows).convertToFormat(QImage::Format_RGBA8888);
+        for (int row = 0; row < rows; ++row) {
+            scaler.addRow({strip.constScanLine(row), static_cast<std::size_t>(extent.width) * 4});
+        }
+    }
+    const Image scaled = scaler.take();
+    QImage image = viewOf(scaled).copy();
+    image.setColorSpace(decoded.colorSpace());
+    return image;
+}
+
+/// RGBA in sRGB, for a picture in another colour space.
+ImagePtr inSRGB(QImage image) {
+    const QColorSpace sRGB(QColorSpace::SRgb);
+    if (image.colorSpace().isValid() && image.colorSpace() != sRGB) {
+        image.convertToColorSpace(sRGB);
+        image.convertTo(QImage::Format_RGBA8888);
+    }
+    return copied(image);
+}
+
+/// Asks the decoder itself for a small picture where it can, so that a huge one is never held
+/// whole.
+void limitSize(QImageReader& reader, Extent extent) {
+    const Extent result = limitedExtent(extent);
+    if (result.width != extent.width && reader.supportsOption(QImageIOHandler::ScaledSize))
+        reader.setScaledSize({result.width, result.height});
+}
+
+QColorSpace colorSpaceOf(const LimitedPNG& picture) {
+    if (!picture.profile.empty()) {
+        return QColorSpace::fromIccProfile(QByteArray(
+            reinterpret_cast<const char*>(picture.profile.data()),
+            static_cast<qsizetype>(picture.profile.size())));
+    }
+    constexpr double kLeastGamma = 0.1;
+    if (picture.gamma.value_or(0) < kLeastGamma)
+        return {};
+    return {QColorSpace::Primaries::SRgb, static_cast<float>(1 / *picture.gamma)};
+}
+
+Result<ImagePtr> decodePNGRows(QIODevice& device) {
+    const auto read = [&device](std::span<std::uint8_t> bytes) {
+        const qint64 count =
+            device.read(reinterpret_cast<char*>(bytes.data()), static_cast<qint64>(bytes.size()));
+        return static_cast<std::size_t>(std::max<qint64>(count, 0));
+    };
+    auto picture = readLimitedPNG(read);
+    if (!picture)
+        return tl::unexpected(picture.error());
+    const QColorSpace colorSpace = colorSpaceOf(*picture);
+    if (!colorSpace.isValid())
+        return std::make_shared<const Image>(std::move(picture->image));
+    QImage image = viewOf(picture->image);
+    image.setColorSpace(colorSpace);
+    return inSRGB(std::move(image));
+}
+
+Result<void> checkSize(Extent extent) {
+    if (static_cast<std::int64_t>(extent.width) * extent.height <= kMaxPixels)
+        return {};
+    return failSize(extent, fmt::format("use one of at most {} million", kMaxPixels / 1'000'000));
+}
+
+/// Qt's decoder takes any format, but holds the picture whole, and refuses to from a size on.
+Result<ImagePtr> decodeWithQt(QIODevice& device) {
     static std::once_flag once;
     std::call_once(once, [] { QImageReader::setAllocationLimit(kAllocationMegabytes); });
 
@@ -105,22 +181,32 @@ Result<ImagePtr> decode(QIODevice& device) {
 
     const QSize size = reader.size();
     if (size.isValid()) {
-        const auto count = static_cast<std::int64_t>(size.width()) * size.height();
-        if (count > kMaxPixels) {
-            return fail(
-                Cause::tooLarge,
-                fmt::format(
-                    "the picture claims {} x {} pixels; use one of at most {} million",
-                    size.width(),
-                    size.height(),
-                    kMaxPixels / 1'000'000));
-        }
-        limitSize(reader, size);
+        const Extent extent{size.width(), size.height()};
+        if (const auto fits = checkSize(extent); !fits)
+            return tl::unexpected(fits.error());
+        limitSize(reader, extent);
     }
     const QImage decoded = reader.read();
     if (decoded.isNull())
         return failDecode(reader);
-    return copied(normalised(decoded));
+    return inSRGB(limited(decoded));
+}
+
+Result<ImagePtr> decode(QIODevice& device) {
+    const QByteArray start = device.peek(kPNGHeaderBytes);
+    const auto header = pngHeaderOf(
+        {reinterpret_cast<const std::uint8_t*>(start.data()),
+         static_cast<std::size_t>(start.size())});
+    if (!header || std::max(header->extent.width, header->extent.height) <= kMaxSide)
+        return decodeWithQt(device);
+    if (const auto fits = checkSize(header->extent); !fits)
+        return tl::unexpected(fits.error());
+    if (!header->isInterlaced)
+        return decodePNGRows(device);
+    constexpr std::int64_t kMaxInterlaced = (std::int64_t{kAllocationMegabytes} << 20U) / 8;
+    if (static_cast<std::int64_t>(header->extent.width) * header->extent.height > kMaxInterlaced)
+        return failSize(header->extent, "save it without interlacing");
+    return decodeWithQt(device);
 }
 
 /// Puts a file in place whole or not at all; anything else that can be written to (a device, a
@@ -157,22 +243,6 @@ Result<void> save(const QImage& image, const std::filesystem::path& path, const 
         writer.setQuality(kJPEGQuality);
     CHECK(writer.write(image), "{}: {}", path.string(), writer.errorString().toStdString());
     return writeFile(path, bytes);
-}
-
-QImage viewOf(const Image& image) {
-    CHECK(
-        image.pixels.size() ==
-            4U * static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height),
-        "a picture of {} x {} has {} bytes",
-        image.width,
-        image.height,
-        image.pixels.size());
-    return {
-        image.pixels.data(),
-        image.width,
-        image.height,
-        static_cast<qsizetype>(image.width) * 4,
-        QImage::Format_RGBA8888};
 }
 
 } // namespace
