@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "SceneSupport.h"
+#include "platform/foundation/Random.h"
 
 #include <glm/geometric.hpp>
 
@@ -56,6 +57,12 @@ TEST(Particles, StandInTheSamePlacesInWhateverStepsTheTimeIsReached) {
     const auto others = reached({0, 1.25}, 7);
     ASSERT_FALSE(others.empty());
     EXPECT_GT(glm::distance(inFrames.front().position, others.front().position), 0.01f);
+    foundation::seedRandom(5);
+    const auto ofAnotherRun = reached({0, 1.25});
+    static_cast<void>(foundation::arc4random());
+    expectSame(ofAnotherRun, reached({0, 1.25}));
+    foundation::seedRandom(0);
+    EXPECT_GT(glm::distance(inFrames.front().position, ofAnotherRun.front().position), 0.01f);
 }
 
 TEST(Particles, AreAsManyAsRateTimesLife) {

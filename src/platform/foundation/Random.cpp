@@ -14,11 +14,21 @@ std::mt19937& source() {
     return engine;
 }
 
+std::uint64_t& startedWith() {
+    static std::uint64_t seed = 0;
+    return seed;
+}
+
 } // namespace
 
 void seedRandom(std::uint64_t seed) {
+    startedWith() = seed;
     std::seed_seq words{static_cast<std::uint32_t>(seed), static_cast<std::uint32_t>(seed >> 32U)};
     source().seed(words);
+}
+
+std::uint64_t randomSeed() {
+    return startedWith();
 }
 
 std::uint32_t arc4random() {

@@ -2,6 +2,7 @@
 #include "platform/scene/ParticleEmitter.h"
 
 #include "platform/foundation/Check.h"
+#include "platform/foundation/Random.h"
 
 #include <glm/common.hpp>
 #include <glm/geometric.hpp>
@@ -26,6 +27,10 @@ std::uint32_t scrambled(std::uint32_t value) {
     const std::uint32_t state = value * 747796405U + 2891336453U;
     const std::uint32_t word = ((state >> ((state >> 28U) + 4U)) ^ state) * 277803737U;
     return (word >> 22U) ^ word;
+}
+
+std::uint32_t folded(std::uint64_t value) {
+    return static_cast<std::uint32_t>(value ^ (value >> 32U));
 }
 
 /// The random numbers of one particle, in a fixed order.
@@ -194,7 +199,9 @@ ParticleEmitter::ParticleEmitter(SCNParticleSystemPtr given)
     if (system_->atWork.use_count() == 1)
         *system_->atWork = 0;
     place = system_->atWork;
-    const auto own = static_cast<std::uint32_t>(system_->seed ^ (system_->seed >> 32U));
+    // No draws of the common source: a replay has to show the same particles.
+    constexpr std::uint32_t kSpread = 0x9E3779B1U; // odd, so that no seed is lost
+    const std::uint32_t own = folded(system_->seed) ^ folded(foundation::randomSeed()) * kSpread;
     seed = scrambled(own ^ scrambled(static_cast<std::uint32_t>((*place)++)));
     age = static_cast<double>(system_->warmupDuration);
 }

@@ -21,7 +21,7 @@ struct Particle {
 
 /// A particle system at work on a node. Emitters of one system are told apart by how many of it
 /// were added since none of it was at work: so a run that starts on an empty stage shows the same
-/// particles each time.
+/// particles each time. Another seed of the process's random source (seedRandom) gives others.
 class ParticleEmitter {
 public:
     explicit ParticleEmitter(SCNParticleSystemPtr given);
