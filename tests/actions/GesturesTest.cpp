@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "actions/ControllerFixture.h"
+#include "actions/PanDirections.h"
 #include "support/ReferenceCurves.h"
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <cmath>
 #include <limits>
 #include <set>
@@ -171,6 +173,38 @@ TEST_F(GesturesTest, AreUndoneWholeAndRedoneByTheirFirstRecord) {
     EXPECT_THAT(recordedTitles(), ElementsAre("Camera Move"));
     controller.redo();
     EXPECT_THAT(recordedTitles(), ElementsAre("Camera Move", "Camera Pinch"));
+}
+
+TEST(PanDirections, FollowTheFasterAxis) {
+    using Direction = UIPanGestureRecognizerDirection;
+    using Orientation = TransitionOrientation;
+
+    struct Row {
+        glm::vec2 velocity;
+        Direction direction;
+        Orientation swipe; ///< unknown: not quick
+    };
+
+    for (const Row& row : std::to_array<Row>({
+             {{10, 20},      Direction::topToBottom, Orientation::unknown    },
+             {{10, -1001},   Direction::bottomToTop, Orientation::bottomToTop},
+             {{-999, 1001},  Direction::topToBottom, Orientation::topToBottom},
+             {{1001, 1000},  Direction::leftToRight, Orientation::leftToRight},
+             {{-2000, -900}, Direction::rightToLeft, Orientation::rightToLeft},
+             {{-5, 5},       Direction::rightToLeft, Orientation::unknown    },
+             {{1000, 0},     Direction::leftToRight, Orientation::unknown    },
+    })) {
+        EXPECT_EQ(direction(row.velocity), row.direction);
+        for (const auto orientation :
+             {Orientation::unknown,
+              Orientation::topToBottom,
+              Orientation::bottomToTop,
+              Orientation::leftToRight,
+              Orientation::rightToLeft}) {
+            const bool isTheOne = row.swipe != Orientation::unknown && row.swipe == orientation;
+            EXPECT_EQ(isQuickSwipe(row.velocity, orientation), isTheOne);
+        }
+    }
 }
 
 TEST_F(GesturesTest, AreReplayedExactly) {
