@@ -24,13 +24,14 @@ constexpr const char* kSize = "192x108";
 constexpr int kLetterX = 55;
 constexpr int kEmptyX = 137;
 constexpr int kMiddleY = 54;
-const std::string kLetter = R"({
+const std::string kStage = R"(
   "duration": 2, "speed": "fastest", "scene": "Flat", "background": "#000000",
   "nodes": {
     "TX1": {"text": "I", "font": "BowlbyOneSC-Regular", "material": "Flat", "frontColor": "#FFFFFF",
             "bandColor": "#FFFFFF", "position": [-150, 0, 0], "scale": 1},
     "TX2": {"text": ""}
-  },
+  })";
+const std::string kLetter = "{" + kStage + R"(,
   "audio": {"file": "song.wav", "fade": "fadeIn"},
   "cues": [{"at": 0.5, "tab": "IN1", "press": "Left In", "nodes": ["TX1"]}]
 })";
@@ -82,6 +83,27 @@ TEST(EndToEnd, makes_a_movie_with_the_letter_and_the_sound_where_they_belong) {
     EXPECT_LT(seen.loudness(0.0, 0.1), 0.03);
     EXPECT_NEAR(seen.loudness(0.7, 0.9), 0.354 / 2, 0.03);
     EXPECT_NEAR(seen.loudness(1.7, 1.9), 0.354, 0.03);
+}
+
+TEST(EndToEnd, moves_the_camera_by_the_fingers_of_the_performance) {
+    const Program program;
+    // The second touch comes at 0.6 and turns the camera by 1.2, so that the letter leaves its
+    // column; lift-off comes at 1.0, and all is home 0.34 later. Then the same by a zoom.
+    const auto file = program.write("fingers.json", "{" + kStage + R"(, "cues": [
+        {"at": -1, "tab": "IN1", "press": "Left In", "nodes": ["TX1"]},
+        {"at": 0.2, "pan": [[640, 360], [680, 360], [680, 360]], "for": 0.8},
+        {"at": 1.5, "tab": "CAM", "hold": "Zoom Cam", "for": 0.2}]})");
+    const auto movie = program.path("fingers.mov");
+    const auto made = program.run({"perform", file, "--movie", movie, "--size", kSize});
+    ASSERT_EQ(made.status, 0) << made.err;
+    const auto seen = media::decodeMovie(movie, kLetterX, kMiddleY);
+    ASSERT_EQ(seen.centres.size(), 118U);
+    const auto isLit = [&](std::size_t frame) { return seen.centres[frame][0] > 100; };
+    EXPECT_TRUE(isLit(0) && isLit(35)) << "only touches turn the camera";
+    EXPECT_FALSE(isLit(55) || isLit(60));
+    EXPECT_TRUE(isLit(81) && isLit(89));
+    EXPECT_FALSE(isLit(95) || isLit(101));
+    EXPECT_TRUE(isLit(110));
 }
 
 TEST(EndToEnd, draws_the_same_bytes_for_the_same_seed_and_the_same_moment) {
