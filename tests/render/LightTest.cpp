@@ -91,6 +91,11 @@ TEST_F(Lights, ThrowAShadowWhereSomethingStandsInTheirWay) {
         const image::Image shadowed = draw();
         blocker->castsShadow = false;
         const image::Image free = draw();
+        blocker->categoryBitMask = 1 | 4;
+        light->shadowCasterMask = 2 | 4;
+        EXPECT_EQ(draw().pixels, shadowed.pixels) << "the light asks for it";
+        light->shadowCasterMask = 2;
+        EXPECT_EQ(draw().pixels, free.pixels);
         blocker->castsShadow = true;
         light->shadowColor.alpha = 0.5f;
         const image::Image halfShadowed = draw();

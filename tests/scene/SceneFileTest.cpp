@@ -14,7 +14,7 @@ const std::string kGoodScene = R"({
     {"name": "key", "position": [1, 2, 3], "eulerAngles": [-90, 0, 45], "scale": [1, 2, 1], "opacity": 0.5,
      "hidden": true, "castsShadow": false, "categoryBitMask": 260,
      "light": {"type": "spot", "color": "#FF0000", "intensity": 2.5e7, "castsShadow": true, "shadowRadius": 4,
-               "shadowSampleCount": 8, "shadowMapSize": 512, "shadowColor": "#00000080", "spotInnerAngle": 10,
+               "shadowCasterMask": 4, "shadowSampleCount": 8, "shadowMapSize": 512, "shadowColor": "#00000080", "spotInnerAngle": 10,
                "spotOuterAngle": 60, "zNear": 5, "zFar": 900, "categoryBitMask": 2}},
     {"name": "floor", "geometry": {"type": "box", "width": 20, "height": 2, "length": 10, "chamferRadius": 0},
      "material": {"lightingModel": "constant", "diffuse": "#00FF00", "roughness": 0.25, "doubleSided": true},
@@ -36,6 +36,7 @@ TEST(SceneFile, BuildsTheTreeItDescribes) {
     EXPECT_DOUBLE_EQ(key->light->intensity, 2.5e7);
     EXPECT_NEAR(key->light->shadowColor.alpha, 0.502f, 1e-3f);
     EXPECT_DOUBLE_EQ(key->light->spotOuterAngle, 60);
+    EXPECT_EQ(key->light->shadowCasterMask, 4U);
 
     const SCNNodePtr floor = root.childNodeWithName("floor", SCNNode::Search::childrenOnly);
     ASSERT_TRUE(floor && floor->geometry);

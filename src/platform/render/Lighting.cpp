@@ -58,10 +58,10 @@ std::array<glm::vec3, 8> cornersOf(const geometry::Box& box) {
 }
 
 /// The box around all casters in the space of the given axes.
-geometry::Box castersIn(const glm::mat3& axes, const Snapshot& snapshot) {
+geometry::Box castersIn(const glm::mat3& axes, const SCNLight& light, const Snapshot& snapshot) {
     geometry::Box result;
     for (const VisibleNode& node : snapshot.nodes()) {
-        if (!node.castsShadow)
+        if (!casts(node, light))
             continue;
         for (const glm::vec3& corner : cornersOf(node.geometry->boundingBox())) {
             result.include(glm::vec3(node.world * glm::vec4(corner, 1)) * axes);
@@ -81,9 +81,10 @@ void setTaps(ShadowView& view, const SCNLight& light) {
     view.tapSpacing = 1.0f / static_cast<float>(view.mapSize);
 }
 
-void fitDirectional(ShadowView& view, const PlacedLight& light, const Snapshot& snapshot) {
-    const glm::mat3 axes = axesLooking(light.direction);
-    geometry::Box box = castersIn(axes, snapshot);
+void fitDirectional(ShadowView& view, const PlacedLight& placed, const Snapshot& snapshot) {
+    const SCNLight& light = *placed.light;
+    const glm::mat3 axes = axesLooking(placed.direction);
+    geometry::Box box = castersIn(axes, light, snapshot);
     if (box.isEmpty())
         box = {glm::vec3(0), glm::vec3(0)};
     const glm::vec3 half = (box.max - box.min) * 0.5f;
@@ -108,7 +109,7 @@ void fitSpot(ShadowView& view, const PlacedLight& placed, const Snapshot& snapsh
         reversedPerspective(
             angle, 1, static_cast<float>(light.zNear), static_cast<float>(light.zFar)) *
         viewFrom(axes, placed.position);
-    const geometry::Box box = castersIn(axes, snapshot);
+    const geometry::Box box = castersIn(axes, light, snapshot);
     const float distance =
         box.isEmpty() ? 1.0f : std::max(1.0f, glm::dot(placed.position, axes[2]) - box.min.z);
     view.receiverShift = (kTapReach + 1) * 2.0f * distance * std::tan(angle * 0.5f) /
@@ -116,10 +117,10 @@ void fitSpot(ShadowView& view, const PlacedLight& placed, const Snapshot& snapsh
 }
 
 /// Finds where the casters lie in the map; all of it where one of them reaches behind the light.
-void boundCasters(ShadowView& view, const Snapshot& snapshot) {
+void boundCasters(ShadowView& view, const SCNLight& light, const Snapshot& snapshot) {
     geometry::Box box;
     for (const VisibleNode& node : snapshot.nodes()) {
-        if (!node.castsShadow)
+        if (!casts(node, light))
             continue;
         const glm::mat4 toMap = view.toTexture * node.world;
         for (const glm::vec3& corner : cornersOf(node.geometry->boundingBox())) {
@@ -216,6 +217,10 @@ void addLight(
 
 } // namespace
 
+bool casts(const VisibleNode& node, const scene::SCNLight& light) {
+    return node.castsShadow || (node.categoryBitMask & light.shadowCasterMask) != 0;
+}
+
 std::vector<ShadowView> shadowViews(const Snapshot& snapshot) {
     std::vector<ShadowView> views;
     const std::span<const PlacedLight> lights = snapshot.lights();
@@ -231,7 +236,7 @@ std::vector<ShadowView> shadowViews(const Snapshot& snapshot) {
             fitSpot(view, lights[i], snapshot);
         }
         view.toTexture = clipToTexture() * view.viewProjection;
-        boundCasters(view, snapshot);
+        boundCasters(view, *lights[i].light, snapshot);
         views.push_back(view);
     }
     return views;

@@ -25,6 +25,9 @@ struct ShadowView {
     int mapSize = 1024;      ///< texels
 };
 
+/// Whether the node stands in the light's way.
+[[nodiscard]] bool casts(const VisibleNode& node, const scene::SCNLight& light);
+
 /// Views of the first kMaxShadows lights that cast shadows: spots by their cone, directional ones
 /// fitted around all that casts. Omni lights cast none.
 ///

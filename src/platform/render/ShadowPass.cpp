@@ -9,10 +9,11 @@ namespace zelvo::render {
 namespace {
 
 std::uint64_t contentOf(const Snapshot& snapshot, const ShadowView& view) {
+    const scene::SCNLight& light = *snapshot.lights()[view.light].light;
     Hash hash;
     hash.addBlock(view.viewProjection);
     for (const VisibleNode& node : snapshot.nodes()) {
-        if (!node.castsShadow)
+        if (!casts(node, light))
             continue;
         hash.add(node.geometry->revision());
         hash.addBlock(node.world);
@@ -58,6 +59,7 @@ void ShadowPass::ensureSize(Map& map, int size, GraphicsState& state) {
 }
 
 void ShadowPass::drawCasters(const Tools& tools, const Snapshot& snapshot, const ShadowView& view) {
+    const scene::SCNLight& light = *snapshot.lights()[view.light].light;
     FrameBlock frame;
     frame.viewProjection = view.viewProjection;
     tools.state.clearDepth();
@@ -66,7 +68,7 @@ void ShadowPass::drawCasters(const Tools& tools, const Snapshot& snapshot, const
     tools.state.set({.culling = Culling::none});
     tools.state.setDepthOffset(kDepthOffset, kSlopeOffset);
     for (const VisibleNode& node : snapshot.nodes()) {
-        if (!node.castsShadow)
+        if (!casts(node, light))
             continue;
         const bool isFading = node.opacity < 1;
         tools.state.useProgram(tools.shaders.depthProgram(

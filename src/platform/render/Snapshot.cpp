@@ -108,9 +108,7 @@ void Snapshot::addNode(const SCNNode& node, const Inherited& own, const Frustum&
         return;
     const geometry::Box box = node.geometry->boundingBox();
     const bool isInView = frustum.mayContain(box, own.world);
-    if (!isInView && !node.castsShadow)
-        return;
-
+    // What is out of view is kept: its shadow may be in it.
     VisibleNode visible{
         own.world,
         node.geometry.get(),

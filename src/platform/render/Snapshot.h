@@ -19,7 +19,7 @@ struct VisibleNode {
     float opacity = 1; ///< with those of the nodes above
     std::uint32_t categoryBitMask = 1;
     bool castsShadow = true;
-    bool isInView = true; ///< false: kept for its shadow alone
+    bool isInView = true; ///< false: kept for its shadow alone, if it casts one
     float farthest = 0;   ///< scene units along the view, of the farthest corner of its box
     float middle = 0;     ///< the same of the box's middle
 };

@@ -25,6 +25,9 @@ public:
     std::uint32_t categoryBitMask = 0xFFFFFFFFU;
 
     bool castsShadow = false;
+    /// Nodes whose mask shares a bit with this one cast shadows in this light even where their own
+    /// castsShadow is off: so a stage can ground what knows nothing of it.
+    std::uint32_t shadowCasterMask = 0;
     SCNShadowMode shadowMode = SCNShadowMode::forward;
     image::Color shadowColor{
         0, 0, 0, 0.5f};     ///< alpha is how much of the light a full shadow takes away

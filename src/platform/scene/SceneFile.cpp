@@ -65,6 +65,8 @@ struct Context {
 void readShadow(JsonObject& object, SCNLight& light) {
     if (const auto casts = object.boolean("castsShadow"))
         light.castsShadow = *casts;
+    if (const auto mask = object.integer("shadowCasterMask", kMask))
+        light.shadowCasterMask = static_cast<std::uint32_t>(*mask);
     if (const auto color = readColor(object, "shadowColor"))
         light.shadowColor = *color;
     if (const auto radius = object.number("shadowRadius", {0, 100}))
