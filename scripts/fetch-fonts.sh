@@ -1,16 +1,17 @@
 #!/usr/bin/env bash
 # Lays the built-in fonts of resources/fonts.tsv, and the licence texts that come with them, into
-# build/resources/fonts. Does nothing when that has been done for the same table before.
+# build/resources/fonts. Does nothing when that has been done for the same tables before.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 readonly table=resources/fonts.tsv
+readonly statements=resources/font-licences.tsv
 readonly modules=build/npm
 readonly fonts=build/resources/fonts
 readonly licences="$fonts/licences"
 readonly stamp="$fonts/.stamp"
 
-key=$(cat "$table" "$0" | sha256sum | cut -d' ' -f1)
+key=$(cat "$table" "$statements" "$0" | sha256sum | cut -d' ' -f1)
 if [[ -f "$stamp" && "$(cat "$stamp")" == "$key" ]]; then
     exit 0
 fi
@@ -72,6 +73,54 @@ keep_licence() {
     done
 }
 
+# text_of LICENCE: the text itself, out of what the packages brought.
+text_of() {
+    case $1 in
+        OFL-1.1)
+            sed -n '/^SIL OPEN FONT LICENSE Version 1.1/,$p' "$licences/abel.txt"
+            ;;
+        Apache-2.0)
+            cat "$licences/luckiest-guy.txt"
+            ;;
+        *)
+            echo "fetch-fonts: no text of the licence $1" >&2
+            return 1
+            ;;
+    esac
+}
+
+# For packages without a licence text: what their fonts state, and the text of the licence named there.
+write_stated_licences() {
+    local name licence copyright
+    while IFS=$'\t' read -r name licence copyright; do
+        {
+            printf '%s\n\nLicensed under %s:\n\n' "$copyright" "$licence"
+            text_of "$licence"
+        } >"$licences/$name.txt"
+    done < <(grep -v -e '^#' -e '^package' "$statements")
+}
+
+# A Debian copyright file may point to a text that only Debian systems have.
+complete_debian_licences() {
+    local file text
+    for file in "$licences"/fonts-*.txt; do
+        if grep -q /usr/share/common-licenses/Apache-2.0 "$file"; then
+            text=$(text_of Apache-2.0)
+            printf '\n%s\n' "$text" >>"$file"
+        fi
+    done
+}
+
+check_licences() {
+    local package
+    while read -r package; do
+        if [[ ! -s "$licences/$(basename "$package").txt" ]]; then
+            echo "fetch-fonts: $package has no licence text; state it in $statements" >&2
+            exit 1
+        fi
+    done < <({ rows npm; rows debian; } | cut -f3)
+}
+
 need woff2_decompress woff2
 need npm nodejs npm
 mkdir -p "$modules" "$fonts" "$licences"
@@ -90,4 +139,7 @@ while IFS=$'\t' read -r _ _ package _ file target; do
     keep_licence "/usr/share/doc/$package" "$package"
 done < <(rows debian)
 
+write_stated_licences
+complete_debian_licences
+check_licences
 echo "$key" >"$stamp"

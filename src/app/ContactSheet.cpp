@@ -60,7 +60,7 @@ const QColor kInk(214, 216, 220);
 /// object, which Qt's own fonts would.
 void drawCaption(QPainter& painter, const Tile& tile, const text::FontPtr& font) {
     const auto path = painterPath(text::outlineOf(
-        tile.caption, {.font = font, .fallback = font, .size = kCaptionSize, .kern = 0.2}));
+        tile.caption, {.font = font, .fallbacks = {}, .size = kCaptionSize, .kern = 0.2}));
     const double width = path.boundingRect().right();
     const double narrowing = std::min(1.0, tile.picture.width / std::max(width, 1.0));
     painter.save();
@@ -68,6 +68,14 @@ void drawCaption(QPainter& painter, const Tile& tile, const text::FontPtr& font)
     painter.scale(narrowing, narrowing);
     painter.fillPath(path, kInk);
     painter.restore();
+}
+
+void checkSize(const image::Image& picture, const SheetLayout& layout) {
+    CHECK(
+        picture.width == layout.tileWidth && picture.height == layout.tileHeight,
+        "a tile of {} x {} on a sheet of others",
+        picture.width,
+        picture.height);
 }
 
 [[nodiscard]] QImage wrapped(const image::Image& picture) {
@@ -81,7 +89,7 @@ void drawCaption(QPainter& painter, const Tile& tile, const text::FontPtr& font)
 
 [[nodiscard]] image::Image copied(const QImage& canvas) {
     image::Image made(canvas.width(), canvas.height());
-    const auto rowBytes = static_cast<std::size_t>(4 * canvas.width());
+    const auto rowBytes = std::size_t{4} * static_cast<std::size_t>(canvas.width());
     for (int y = 0; y < canvas.height(); ++y) {
         std::memcpy(
             made.pixels.data() + static_cast<std::size_t>(y) * rowBytes,
@@ -106,6 +114,8 @@ SheetLayout layoutFor(std::size_t count, int mostColumns, int tileWidth, int til
 
 foundation::Result<image::Image>
 contactSheet(const std::vector<Tile>& tiles, const SheetLayout& layout) {
+    for (const auto& tile : tiles)
+        checkSize(tile.picture, layout);
     text::FontRegistry fonts;
     const auto registered = fonts.registerFile(
         foundation::mainBundle().path(kCaptionFile), {std::string(kCaptionFont)});
@@ -119,21 +129,12 @@ contactSheet(const std::vector<Tile>& tiles, const SheetLayout& layout) {
     painter.setRenderHint(QPainter::Antialiasing);
     int place = 0;
     for (const auto& tile : tiles) {
-        CHECK(
-            tile.picture.width == layout.tileWidth && tile.picture.height == layout.tileHeight,
-            "a tile of {} x {} on a sheet of others",
-            tile.picture.width,
-            tile.picture.height);
-        const int column = place % layout.columns, row = place / layout.columns;
-        ++place;
         painter.save();
-        painter.translate(
-            SheetLayout::kGap + column * (layout.tileWidth + SheetLayout::kGap),
-            SheetLayout::kGap +
-                row * (layout.tileHeight + SheetLayout::kCaption + SheetLayout::kGap));
+        painter.translate(layout.left(place), layout.top(place));
         painter.drawImage(0, 0, wrapped(tile.picture));
         drawCaption(painter, tile, font);
         painter.restore();
+        ++place;
     }
     painter.end();
     return copied(canvas);

@@ -166,9 +166,9 @@ text::TextAttributes TextNode::attributes() const {
     const text::FontRegistry& fonts = *surroundings().fonts;
     text::TextAttributes attributes;
     attributes.font = fonts.find(fontName_);
-    attributes.fallback = fonts.fallback();
+    attributes.fallbacks = fonts.fallbacks();
     if (!attributes.font)
-        attributes.font = attributes.fallback;
+        attributes.font = fonts.fallback();
     attributes.size = kFontSize;
     attributes.kern = kerning_;
     return attributes;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "content/FontManager.h"
 
+#include "platform/text/LineLayout.h"
 #include "support/TestWorld.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +34,8 @@ TEST(FontManager, NamesTheFilesThatTheSetUpFetches) {
             continue;
         const auto parts = columns(line);
         ASSERT_EQ(parts.size(), 6U) << line;
-        fetched.emplace_back(parts[0], parts[5]);
+        if (parts[0] != "-")
+            fetched.emplace_back(parts[0], parts[5]);
     }
     std::vector<std::pair<std::string, std::string>> listed;
     for (const BuiltInFont& font : FontManager::builtInFonts()) {
@@ -52,6 +54,24 @@ TEST(FontManager, MakesEveryBuiltInFontFindableByItsName) {
     }
     EXPECT_NE(fonts.fallback(), nullptr);
     EXPECT_EQ(fonts.find("Nobody's Font"), nullptr);
+}
+
+TEST(FontManager, LendsLettersOfOtherScriptsToEveryFont) {
+    const text::FontRegistry& fonts = test::TestWorld::fonts();
+    const text::TextAttributes attributes{
+        .font = fonts.find("FugazOne-Regular"), .fallbacks = fonts.fallbacks()};
+    const text::TextAttributes alone{.font = attributes.font};
+    const std::size_t frame = text::outlineOf("\u4E2D", alone).elements().size();
+    std::set<std::size_t> drawings{frame};
+    for (const char* letter : {"\u05D0", "\u0634", "\u6C38", "\u3042", "\uD55C"}) {
+        const std::size_t drawn = text::outlineOf(letter, attributes).elements().size();
+        EXPECT_TRUE(drawings.insert(drawn).second) << letter << " looks like another";
+    }
+    // Drawn one by one, Arabic letters stand apart: as wide together as alone.
+    const auto word = text::layoutLine("\u0634\u0645\u0633", attributes);
+    for (const text::PlacedCharacter& letter : word)
+        EXPECT_NEAR(letter.width, text::layoutLine(letter.text, attributes).front().width, 1e-6);
+    EXPECT_GT(word.front().x, word.back().x);
 }
 
 TEST(FontManager, GoesOnWithoutFilesThatAreMissing) {

@@ -87,7 +87,7 @@ TEST(LetterSolid, IsClosedInEveryFontAtEveryBevel) {
                 file.stem().string() + " " + string + " " + std::to_string(turn % all.size()));
         }
     }
-    EXPECT_EQ(fonts, 54U);
+    EXPECT_EQ(fonts, 56U);
 }
 
 // Faces that narrow to nothing between a curve and a reflex corner: chords of their rims cross

@@ -15,7 +15,7 @@ TextAttributes attributesOf(const std::string& font, const std::string& fallback
     TextAttributes attributes;
     attributes.font = fontOf(fontFile(font));
     if (!fallback.empty())
-        attributes.fallback = fontOf(fontFile(fallback));
+        attributes.fallbacks = {fontOf(fontFile(fallback))};
     return attributes;
 }
 
@@ -124,7 +124,7 @@ TEST(LineLayout, TakesWhatAFontLacksFromTheFallback) {
 
 TEST(LineLayout, ShowsThatALetterIsMissingInEveryFont) {
     for (const auto& file : allFontFiles()) {
-        const TextAttributes attributes{.font = fontOf(file), .fallback = nullptr};
+        const TextAttributes attributes{.font = fontOf(file)};
         EXPECT_FALSE(outlineOf("\u4E2D", attributes).isEmpty()) << file;
         EXPECT_TRUE(outlineOf(" ", attributes).isEmpty()) << file << ": a blank is not missing";
     }
@@ -140,7 +140,7 @@ TEST(LineLayout, MeasuresEveryBuiltInFontWithAnUnderscore) {
     const FontPtr fallback = fontOf(fontFile("NunitoSans-Medium"));
     const std::string longText(500, 'W');
     for (const auto& file : allFontFiles()) {
-        TextAttributes attributes{.font = fontOf(file), .fallback = fallback};
+        TextAttributes attributes{.font = fontOf(file), .fallbacks = {fallback}};
         const auto placed = layoutLine(longText + "_", attributes);
         ASSERT_EQ(placed.size(), 501U) << file;
         EXPECT_NEAR(placed.back().x, 500 * placed.front().width, 1e-3 * placed.back().x) << file;

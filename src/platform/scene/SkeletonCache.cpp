@@ -5,6 +5,7 @@
 #include <map>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 namespace zelvo::scene {
 
@@ -13,7 +14,8 @@ namespace {
 using Skeleton = std::shared_ptr<const geometry::OutlineSkeleton>;
 
 /// The fonts are held, not only named, so that no other font can come to stand at their address.
-using Key = std::tuple<text::FontPtr, text::FontPtr, std::string, double, double, double>;
+using Key =
+    std::tuple<text::FontPtr, std::vector<text::FontPtr>, std::string, double, double, double>;
 
 struct Cache {
     struct Entry {
@@ -31,7 +33,7 @@ Skeleton
 skeletonOf(const std::string& string, const text::TextAttributes& attributes, double flatness) {
     static Cache cache;
     Key key{
-        attributes.font, attributes.fallback, string, attributes.size, attributes.kern, flatness};
+        attributes.font, attributes.fallbacks, string, attributes.size, attributes.kern, flatness};
     if (const auto found = cache.byKey.find(key); found != cache.byKey.end()) {
         cache.entries.splice(cache.entries.begin(), cache.entries, found->second);
         return found->second->skeleton;

@@ -50,7 +50,7 @@ struct Entry {
 
 struct FontRegistry::State {
     std::vector<Entry> entries;
-    FontPtr fallback;
+    std::vector<FontPtr> fallbacks;
 };
 
 FontRegistry::FontRegistry()
@@ -100,14 +100,20 @@ FontPtr FontRegistry::find(std::string_view name) const {
     return nullptr;
 }
 
-FontPtr FontRegistry::fallback() const {
-    if (state->fallback != nullptr || state->entries.empty())
-        return state->fallback;
-    return state->entries.front().face;
+std::vector<FontPtr> FontRegistry::fallbacks() const {
+    if (!state->fallbacks.empty() || state->entries.empty())
+        return state->fallbacks;
+    return {state->entries.front().face};
 }
 
-void FontRegistry::setFallback(FontPtr font) {
-    state->fallback = std::move(font);
+void FontRegistry::setFallbacks(std::vector<FontPtr> fonts) {
+    std::erase(fonts, nullptr);
+    state->fallbacks = std::move(fonts);
+}
+
+FontPtr FontRegistry::fallback() const {
+    const std::vector<FontPtr> fonts = fallbacks();
+    return fonts.empty() ? nullptr : fonts.front();
 }
 
 Result<std::string> fullNameOfFile(const std::filesystem::path& file) {

@@ -49,10 +49,14 @@ public:
     /// Absent (null) if no font has the name.
     [[nodiscard]] FontPtr find(std::string_view name) const;
 
-    /// The font for what has none: text without a known font, glyphs a font lacks. Null before one
-    /// was registered.
+    /// The fonts for what has none, in the order in which they are tried: the first for text
+    /// without a known font, all for letters that a font lacks. Where none was set, the first font
+    /// that was registered.
+    [[nodiscard]] std::vector<FontPtr> fallbacks() const;
+    void setFallbacks(std::vector<FontPtr> fonts);
+
+    /// The first of them; null before a font was registered.
     [[nodiscard]] FontPtr fallback() const;
-    void setFallback(FontPtr font);
 
 private:
     struct State;

@@ -9,12 +9,13 @@
 
 namespace zelvo::text {
 
-/// How a whole string is set: one font, no ligatures, the font's own kerning, plus `kern` behind
-/// every glyph.
+/// How a whole string is set: one font, no ligatures and no joined letters, the font's own kerning,
+/// plus `kern` behind every glyph.
 struct TextAttributes {
-    FontPtr font; ///< null sets in the registry's fallback
-    FontPtr
-        fallback; ///< used for characters that `font` lacks; null shows the font's missing glyph
+    FontPtr font; ///< null sets in the first fallback
+    /// Tried in turn for characters that `font` lacks; where all lack it, the font's missing glyph
+    /// shows.
+    std::vector<FontPtr> fallbacks{};
     double size = 94; ///< em, scene units
     double kern = 0;  ///< scene units
 };

@@ -16,11 +16,16 @@ namespace zelvo::text {
 
 namespace {
 
-// Letters are drawn one by one, so none may melt into its neighbour.
+// Letters are drawn one by one, so none may melt into its neighbour, nor reach out for it as Arabic
+// ones do.
 constexpr auto kFeatures = std::to_array<hb_feature_t>({
     {HB_TAG('l', 'i', 'g', 'a'), 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
     {HB_TAG('c', 'l', 'i', 'g'), 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
     {HB_TAG('c', 'a', 'l', 't'), 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
+    {HB_TAG('r', 'l', 'i', 'g'), 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
+    {HB_TAG('i', 'n', 'i', 't'), 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
+    {HB_TAG('m', 'e', 'd', 'i'), 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
+    {HB_TAG('f', 'i', 'n', 'a'), 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
     {HB_TAG('k', 'e', 'r', 'n'), 1, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
 });
 
@@ -142,13 +147,20 @@ public:
 
 private:
     void chooseFaces() {
-        const auto font = std::dynamic_pointer_cast<const FontFace>(attributes.font);
-        const auto fallback = std::dynamic_pointer_cast<const FontFace>(attributes.fallback);
-        const FacePtr first = font != nullptr ? font : fallback;
+        std::vector<FacePtr> faces;
+        const auto add = [&faces](const FontPtr& font) {
+            if (auto face = std::dynamic_pointer_cast<const FontFace>(font))
+                faces.push_back(std::move(face));
+        };
+        add(attributes.font);
+        std::for_each(attributes.fallbacks.begin(), attributes.fallbacks.end(), add);
+        if (faces.empty())
+            faces.push_back(nullptr);
         for (const std::u32string& character : characters) {
-            const bool isBetter = first != nullptr && fallback != nullptr && first != fallback &&
-                                  !canSet(*first, character) && canSet(*fallback, character);
-            line.faces.push_back(isBetter ? fallback : first);
+            const auto first = std::find_if(faces.begin(), faces.end(), [&](const FacePtr& face) {
+                return face != nullptr && canSet(*face, character);
+            });
+            line.faces.push_back(first != faces.end() ? *first : faces.front());
         }
     }
 
