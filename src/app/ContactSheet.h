@@ -32,6 +32,13 @@ struct SheetLayout {
     static constexpr int kGap = 12;     ///< pixels, around and between tiles
     static constexpr int kCaption = 30; ///< pixels below each picture
 
+    /// Where a tile's picture begins; tiles are counted from 0, row by row.
+    [[nodiscard]] int left(int tile) const { return kGap + tile % columns * (tileWidth + kGap); }
+
+    [[nodiscard]] int top(int tile) const {
+        return kGap + tile / columns * (tileHeight + kCaption + kGap);
+    }
+
     [[nodiscard]] int width() const { return kGap + columns * (tileWidth + kGap); }
 
     [[nodiscard]] int height() const { return kGap + rows * (tileHeight + kCaption + kGap); }

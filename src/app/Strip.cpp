@@ -42,6 +42,7 @@ struct Gathering {
 
 std::vector<double> momentsOf(const StripCommand& command) {
     std::vector<double> moments;
+    moments.reserve(static_cast<std::size_t>(command.count));
     const int last = std::max(1, command.count - 1);
     for (int i = 0; i < command.count; ++i)
         moments.push_back(command.from + (command.to - command.from) * i / last);
