@@ -38,8 +38,9 @@ Result<MovieFile> MovieFile::create(const std::filesystem::path& path, Layout la
     file.path_ = path;
     file.layout = layout;
     AVFormatContext* context = nullptr;
-    avformat_alloc_output_context2(&context, nullptr, "mov", path.c_str());
-    CHECK(context != nullptr, "FFmpeg has no QuickTime writer");
+    const char* const container = path.extension() == ".mp4" ? "mp4" : "mov";
+    avformat_alloc_output_context2(&context, nullptr, container, path.c_str());
+    CHECK(context != nullptr, "FFmpeg has no writer for {}", container);
     file.format.reset(context);
     if (const int code = avio_open(&context->pb, path.c_str(), AVIO_FLAG_WRITE); code < 0) {
         file.path_.clear(); // what stands there is not ours to remove

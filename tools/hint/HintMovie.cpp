@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "HintMovie.h"
+
+#include "HintPainter.h"
+#include "HintScript.h"
+#include "app/EngineNames.h"
+#include "app/Export.h"
+#include "app/PerformanceFile.h"
+#include "app/Performer.h"
+#include "app/PictureFiles.h"
+#include "app/TemporaryFolder.h"
+#include "catalogue/Catalogue.h"
+#include "export/RawMovie.h"
+#include "platform/foundation/Check.h"
+
+#include <QFontDatabase>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <memory>
+#include <utility>
+
+namespace zelvo::hint {
+
+using foundation::Cause;
+using foundation::Result;
+
+namespace {
+
+constexpr int kTicksPerFrame = 2; ///< of 60 a second
+constexpr double kTicksPerSecond = 60;
+constexpr const char* kTab = "IN2"; ///< the catalogue's tab on show
+
+/// The stage's pictures by their ticks.
+using Pictures = std::map<int, QImage>;
+
+std::vector<std::string> titles() {
+    std::vector<std::string> all;
+    for (const auto& button : catalogue::tabNamed(kTab)->buttons())
+        all.emplace_back(button.title);
+    return all;
+}
+
+std::vector<std::string> labels() {
+    std::vector<std::string> all;
+    for (const auto& button : catalogue::tabNamed(kTab)->buttons())
+        all.emplace_back(button.face.label);
+    return all;
+}
+
+Result<QString> loadFont() {
+    const auto file = foundation::mainBundle().path("fonts/NunitoSans-Medium.ttf");
+    const int id = QFontDatabase::addApplicationFont(QString::fromStdString(file.string()));
+    if (id < 0) {
+        return foundation::fail(
+            Cause::notFound, "the built-in fonts are missing; run scripts/fetch-fonts.sh");
+    }
+    return QFontDatabase::applicationFontFamilies(id).constFirst();
+}
+
+movie::FrameTap gather(const std::shared_ptr<Pictures>& pictures) {
+    return {
+        .wants = [](double time) { return time >= 0 && app::tickOf(time) % kTicksPerFrame == 0; },
+        .take = [pictures](double time, const render::FrameView& frame) -> Result<void> {
+            const auto [width, height] = frame.size;
+            (*pictures)[app::tickOf(time)] =
+                QImage(frame.bytes.data(), width, height, QImage::Format_RGBX8888).copy();
+            return {};
+        }};
+}
+
+Result<std::shared_ptr<Pictures>>
+drawStage(const app::Performance& performance, const std::filesystem::path& folder) {
+    const auto temporary = app::TemporaryFolder::make(foundation::Folders::standard().temporary);
+    if (!temporary)
+        return tl::unexpected(temporary.error());
+    app::StoppableLoop loop;
+    app::Engine engine(loop.runLoop, foundation::Folders::below(temporary->path()), 0);
+    if (auto ready = app::setUp(performance, folder, engine); !ready)
+        return tl::unexpected(ready.error());
+    app::perform(performance, engine);
+
+    auto pictures = std::make_shared<Pictures>();
+    movie::MovieOptions options;
+    options.renderSize = {HintPainter::kWidth, HintPainter::kHeight};
+    options.writesMovie = false;
+    options.tap = gather(pictures);
+    if (auto drawn = app::exportMovie(engine, loop, options); !drawn)
+        return tl::unexpected(drawn.error());
+    return pictures;
+}
+
+/// The last picture up to that moment.
+const QImage& pictureAt(const Pictures& pictures, double stageTime) {
+    const auto after =
+        pictures.upper_bound(static_cast<int>(std::lround(stageTime * kTicksPerSecond)));
+    CHECK(after != pictures.begin(), "the stage was not drawn at {} s", stageTime);
+    return std::prev(after)->second;
+}
+
+Result<void> close(movie::RawMovie& file) {
+    foundation::VirtualRunLoop loop;
+    bool isClosed = false;
+    const auto waiting = loop.expectPosts();
+    file.finish([&] { loop.post([&] { isClosed = true; }); });
+    (void)loop.runUntil([&] { return isClosed; });
+    return file.outcome();
+}
+
+Result<void> write(
+    const HintScript& script,
+    const HintPainter& painter,
+    const Pictures& pictures,
+    const std::filesystem::path& movie) {
+    const render::Size size{HintPainter::kWidth, HintPainter::kHeight};
+    auto file = movie::RawMovie::create(movie, {media::VideoCodec::h264, size.width, size.height});
+    if (!file)
+        return tl::unexpected(file.error());
+    const int frames = static_cast<int>(script.length() * kTicksPerSecond) / kTicksPerFrame;
+    for (int i = 0; i < frames; ++i) {
+        const int tick = i * kTicksPerFrame;
+        const Moment moment = script.at(tick / kTicksPerSecond);
+        QImage picture = pictureAt(pictures, moment.stageTime);
+        painter.paint(picture, moment);
+        const render::FrameView frame{
+            size,
+            render::PixelFormat::rgba8,
+            {picture.constBits(), static_cast<std::size_t>(picture.sizeInBytes())}
+        };
+        if (auto written = (*file)->append(frame, {tick, 60}); !written)
+            return written;
+    }
+    return close(**file);
+}
+
+} // namespace
+
+Result<void>
+makeHintMovie(const std::filesystem::path& performanceFile, const std::filesystem::path& movie) {
+    const auto performance = app::loadPerformance(performanceFile, app::engineNames());
+    if (!performance)
+        return foundation::fail(Cause::malformed, performance.error().front());
+    const auto family = loadFont();
+    if (!family)
+        return tl::unexpected(family.error());
+    const auto pictures = drawStage(*performance, performanceFile.parent_path());
+    if (!pictures)
+        return tl::unexpected(pictures.error());
+    return write(
+        HintScript(*performance, titles()), HintPainter(labels(), *family), **pictures, movie);
+}
+
+} // namespace zelvo::hint
