@@ -11,7 +11,7 @@
 namespace zelvo::media {
 
 /// A QuickTime file being written, or an MPEG-4 one where the name ends in ".mp4". A file that is
-/// not finished is removed when this goes. not finished is removed when this goes.
+/// not finished is removed when this goes.
 class MovieFile {
 public:
     enum class Layout {
