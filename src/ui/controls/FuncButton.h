@@ -31,7 +31,7 @@ class FuncButton final : public QObject {
     Q_PROPERTY(QColor selectedColor MEMBER selectedColor CONSTANT)
     Q_PROPERTY(QColor unselectedColor MEMBER unselectedColor CONSTANT)
     Q_PROPERTY(bool isHold READ isHold CONSTANT)
-    Q_PROPERTY(Glow glow READ glow NOTIFY glowChanged)
+    Q_PROPERTY(QString glow READ glowName NOTIFY glowChanged)
 
 public:
     enum class Glow {
@@ -75,6 +75,8 @@ public:
     [[nodiscard]] bool isPressed() const { return pressStartTime.has_value(); }
 
     [[nodiscard]] Glow glow() const { return glow_; }
+
+    [[nodiscard]] QString glowName() const;
 
     Q_INVOKABLE void press();
     Q_INVOKABLE void release();

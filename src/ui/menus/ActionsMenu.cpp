@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: MIT
+#include "ui/menus/ActionsMenu.h"
+
+#include "core/model/Model.h"
+#include "platform/foundation/Check.h"
+#include "platform/foundation/UserDefaults.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace zelvo::ui {
+
+namespace {
+
+constexpr auto kSpeedMenuVisibleKey = "SpeedMenuVisibleKey";
+constexpr qsizetype kFirstTabOfFullRow = 1; // IN1
+
+struct FieldRow {
+    std::string_view name;
+    ActionsMenu::TabButton ActionsMenu::*button;
+};
+
+constexpr auto kFields = std::to_array<FieldRow>({
+    {"FLY", &ActionsMenu::FLY},
+    {"IN1", &ActionsMenu::IN1},
+    {"IN2", &ActionsMenu::IN2},
+    {"IN3", &ActionsMenu::IN3},
+    {"IN4", &ActionsMenu::IN4},
+    {"MID", &ActionsMenu::MID},
+    {"ROT", &ActionsMenu::ROT},
+    {"CAM", &ActionsMenu::CAM},
+    {"FX1", &ActionsMenu::FX1},
+    {"FX2", &ActionsMenu::FX2},
+    {"FX3", &ActionsMenu::FX3},
+    {"OT1", &ActionsMenu::OT1},
+    {"OT2", &ActionsMenu::OT2},
+    {"OT3", &ActionsMenu::OT3},
+});
+
+QString toQString(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+} // namespace
+
+ActionsMenu::ActionsMenu(const Services& given, QObject* parent)
+    : QObject(parent)
+    , speedButton(
+          {
+              .image = "Controls_off", .name = tr("Speed and objects"), .key = "S"
+},
+          [this] { speedButtonClicked(); })
+    , stackView({.buttonEdgeInsets = {8, 0, 8, 0}, .spacing = 1, .bgColor = kClearButtonColor})
+    , services(given) {
+    for (const catalogue::Tab& tab : catalogue::tabs())
+        field(tab.field) = makeTabButton(tab);
+    arrowLeft = makeArrow("ArrowLeft", &ActionsMenu::buttonStack1);
+    arrowRight = makeArrow("ArrowRight", &ActionsMenu::buttonStack2);
+    speedButton.selectedImage = "Controls_on";
+    speedButton.size = {34, 34};
+}
+
+ActionsMenu::~ActionsMenu() = default;
+
+ActionsMenu::TabButton& ActionsMenu::field(std::string_view name) {
+    const auto* const row = std::ranges::find(kFields, name, &FieldRow::name);
+    CHECK(row != kFields.end(), "the catalogue has a tab {} that the menu has not", name);
+    return this->*row->button;
+}
+
+ActionsMenu::TabButton ActionsMenu::makeTabButton(const catalogue::Tab& tab) {
+    auto button = std::make_unique<MySegmentedStackButton>(
+        ButtonFace{.title = toQString(tab.shortTitle), .name = toQString(tab.contents)},
+        [this, &tab] { show(tab); });
+    button->size = {0, 34};
+    return button;
+}
+
+ActionsMenu::TabButton ActionsMenu::makeArrow(const QString& image, void (ActionsMenu::*page)()) {
+    return std::make_unique<MySegmentedStackButton>(
+        ButtonFace{.image = image, .name = tr("More actions")}, [this, page] { (this->*page)(); });
+}
+
+void ActionsMenu::viewWillAppear() {
+    isOnShow = true;
+    if (rowKind == RowKind::full) {
+        showFullRow();
+        stackView.select(kFirstTabOfFullRow);
+        show(*catalogue::tabNamed("IN1"));
+    } else {
+        buttonStack1();
+    }
+    updateSpeedButton();
+}
+
+void ActionsMenu::setWidths(qreal available, qreal fullRow) {
+    const RowKind fitting = fullRow <= available ? RowKind::full : RowKind::pages;
+    if (std::exchange(rowKind, fitting) == fitting || !isOnShow)
+        return;
+    const MySegmentedStackButton* const lit = litTab();
+    if (fitting == RowKind::full)
+        showFullRow();
+    else
+        showPage(pageOf(lit == nullptr ? *OT1 : *lit));
+    if (lit != nullptr)
+        stackView.select(stackView.arranged().indexOf(lit));
+}
+
+void ActionsMenu::showFullRow() {
+    QList<MyButton*> row;
+    for (const FieldRow& tab : kFields)
+        row.append((this->*tab.button).get());
+    stackView.setArrangedSubviews(row);
+}
+
+void ActionsMenu::showPage(const QList<MyButton*>& page) {
+    const bool isFirst = page.contains(arrowRight.get());
+    arrowLeft->setEnabled(!isFirst);
+    arrowRight->setEnabled(isFirst);
+    stackView.setArrangedSubviews(page);
+}
+
+QList<MyButton*> ActionsMenu::pageOf(const MySegmentedStackButton& tab) const {
+    const QList<MyButton*> one = {
+        OT1.get(),
+        OT2.get(),
+        OT3.get(),
+        FLY.get(),
+        IN1.get(),
+        IN2.get(),
+        IN3.get(),
+        IN4.get(),
+        arrowRight.get()};
+    const QList<MyButton*> two = {
+        arrowLeft.get(), MID.get(), ROT.get(), CAM.get(), FX1.get(), FX2.get(), FX3.get()};
+    return one.contains(&tab) ? one : two;
+}
+
+void ActionsMenu::buttonStack1() {
+    showPage(pageOf(*OT1));
+    stackView.select(0);
+    show(*catalogue::tabNamed("FLY")); // while OT1 is lit: so it is meant
+}
+
+void ActionsMenu::buttonStack2() {
+    showPage(pageOf(*MID));
+    stackView.select(1);
+    show(*catalogue::tabNamed("TXT"));
+}
+
+void ActionsMenu::show(const catalogue::Tab& tab) {
+    std::vector<std::unique_ptr<FuncButton>> made;
+    for (const catalogue::Button& button : tab.buttons())
+        made.push_back(makeActionButton(button, static_cast<int>(made.size())));
+    setActionButtons(std::move(made));
+}
+
+void ActionsMenu::showFX4() {
+    setActionButtons({});
+}
+
+void ActionsMenu::setActionButtons(std::vector<std::unique_ptr<FuncButton>> buttons) {
+    // The former ones live until the view has let go of them; one that is held ends there.
+    const auto former = std::exchange(actionsStackView, std::move(buttons));
+    Q_EMIT actionsChanged();
+}
+
+std::unique_ptr<FuncButton>
+ActionsMenu::makeActionButton(const catalogue::Button& button, int place) {
+    actions::ActionController& controller = services.model.actionController();
+    FuncButton::Action action{
+        .beganFunc = [began = button.beganFunc, &controller] { began(controller); }};
+    if (button.isHold())
+        action.endFunc = [end = button.endFunc, &controller](auto) { end(controller); };
+    return std::make_unique<FuncButton>(
+        services.runLoop,
+        ButtonFace{
+            .image = toQString(button.face.image),
+            .title = toQString(button.face.label),
+            .name = toQString(button.title),
+            .key = QString::number(place + 1)},
+        std::move(action));
+}
+
+QList<QObject*> ActionsMenu::actionObjects() const {
+    QList<QObject*> objects;
+    for (const auto& button : actionsStackView)
+        objects.append(button.get());
+    return objects;
+}
+
+void ActionsMenu::pressButton(int index) {
+    if (index >= 0 && static_cast<std::size_t>(index) < actionsStackView.size())
+        actionsStackView[static_cast<std::size_t>(index)]->press();
+}
+
+void ActionsMenu::releaseButton(int index) {
+    if (index >= 0 && static_cast<std::size_t>(index) < actionsStackView.size())
+        actionsStackView[static_cast<std::size_t>(index)]->release();
+}
+
+void ActionsMenu::nextTab() {
+    step(1);
+}
+
+void ActionsMenu::previousTab() {
+    step(-1);
+}
+
+void ActionsMenu::step(qsizetype by) {
+    const auto order = tabsInOrder();
+    if (order.isEmpty())
+        return; // not on show yet
+    const auto here = std::max<qsizetype>(order.indexOf(litTab()), 0);
+    auto* const next = order[(here + by + order.size()) % order.size()];
+    if (!stackView.arranged().contains(next))
+        showPage(pageOf(static_cast<const MySegmentedStackButton&>(*next)));
+    next->click();
+}
+
+QList<MyButton*> ActionsMenu::tabsInOrder() const {
+    if (rowKind == RowKind::full)
+        return stackView.arranged();
+    auto order = pageOf(*OT1) + pageOf(*MID);
+    order.removeAll(arrowRight.get());
+    order.removeAll(arrowLeft.get());
+    return order;
+}
+
+const MySegmentedStackButton* ActionsMenu::litTab() const {
+    const auto& row = stackView.arranged();
+    const auto lit = std::ranges::find_if(row, &MyButton::isMySelected);
+    return lit == row.end() ? nullptr : qobject_cast<const MySegmentedStackButton*>(*lit);
+}
+
+void ActionsMenu::speedButtonClicked() {
+    services.defaults.set(kSpeedMenuVisibleKey, !speedButton.isMySelected());
+    updateSpeedButton();
+}
+
+void ActionsMenu::updateSpeedButton() {
+    const auto kept = services.defaults.boolean(kSpeedMenuVisibleKey);
+    if (!kept)
+        services.defaults.set(kSpeedMenuVisibleKey, false);
+    speedButton.setMySelected(kept.value_or(false));
+    if (speedClosure)
+        speedClosure(kept.value_or(false));
+}
+
+} // namespace zelvo::ui

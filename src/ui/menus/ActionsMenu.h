@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "catalogue/Catalogue.h"
+#include "ui/controls/FuncButton.h"
+#include "ui/controls/HighlightButton.h"
+#include "ui/controls/Services.h"
+#include "ui/controls/TabStackView.h"
+
+#include <QObject>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace zelvo::ui {
+
+/// The catalogue as one plays it: a row of tabs and the six buttons of the tab that is open.
+///
+/// Where the window is wide enough the row holds all fourteen tabs; else it has two pages with an
+/// arrow between them:
+///
+///     page one   OT1 OT2 OT3 FLY IN1 IN2 IN3 IN4  >
+///     page two   <  TXT ROT CAM FX1 FX2 FX3
+///
+/// It comes on show with IN1 open, or on page one with OT1 lit over the buttons of FLY.
+class ActionsMenu final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QObject* stackView READ stackObject CONSTANT)
+    Q_PROPERTY(QList<QObject*> actionsStackView READ actionObjects NOTIFY actionsChanged)
+    Q_PROPERTY(QObject* speedButton READ speedObject CONSTANT)
+
+public:
+    explicit ActionsMenu(const Services& given, QObject* parent = nullptr);
+    ~ActionsMenu() override;
+    ActionsMenu(const ActionsMenu&) = delete;
+    ActionsMenu& operator=(const ActionsMenu&) = delete;
+
+    // The tabs, in the order of the row.
+    using TabButton = std::unique_ptr<MySegmentedStackButton>;
+    // clang-format off
+    TabButton FLY, IN1, IN2, IN3, IN4, MID, ROT, CAM, FX1, FX2, FX3, OT1, OT2, OT3;
+    // clang-format on
+    TabButton arrowLeft;
+    TabButton arrowRight;
+    MyButton speedButton;
+    TabStackView stackView;
+
+    /// Told whether the strip of speed and nodes is to show; may be empty.
+    std::function<void(bool)> speedClosure;
+
+    /// Comes on show: chooses the row, opens its first tab, brings the speed button up to date.
+    Q_INVOKABLE void viewWillAppear();
+    /// The view's width changed, or what all fourteen tabs would take up: turns to the other kind
+    /// of row where it has to, with the tab that is open kept.
+    Q_INVOKABLE void setWidths(qreal available, qreal fullRow);
+
+    /// The button at that place of the open tab, by a key. The same rules as by a finger: what is
+    /// pressed already is not pressed again. No button there: nothing happens.
+    Q_INVOKABLE void pressButton(int index);
+    Q_INVOKABLE void releaseButton(int index);
+    /// Opens the neighbour of the lit tab, across pages, around the ends.
+    Q_INVOKABLE void nextTab();
+    Q_INVOKABLE void previousTab();
+
+    void buttonStack1();
+    void buttonStack2();
+    void updateSpeedButton();
+    /// Has no tab: an empty row.
+    void showFX4();
+
+    [[nodiscard]] const std::vector<std::unique_ptr<FuncButton>>& actionButtons() const {
+        return actionsStackView;
+    }
+
+    [[nodiscard]] QObject* stackObject() { return &stackView; }
+
+    [[nodiscard]] QObject* speedObject() { return &speedButton; }
+
+    [[nodiscard]] QList<QObject*> actionObjects() const;
+
+Q_SIGNALS:
+    void actionsChanged();
+
+private:
+    enum class RowKind { full, pages };
+
+    [[nodiscard]] TabButton makeTabButton(const catalogue::Tab& tab);
+    [[nodiscard]] TabButton makeArrow(const QString& image, void (ActionsMenu::*page)());
+    [[nodiscard]] std::unique_ptr<FuncButton>
+    makeActionButton(const catalogue::Button& button, int place);
+    /// The member that belongs to a tab of the catalogue, by the name of its field.
+    [[nodiscard]] TabButton& field(std::string_view name);
+    [[nodiscard]] QList<MyButton*> pageOf(const MySegmentedStackButton& tab) const;
+    [[nodiscard]] QList<MyButton*> tabsInOrder() const;
+    [[nodiscard]] const MySegmentedStackButton* litTab() const;
+    void show(const catalogue::Tab& tab);
+    void setActionButtons(std::vector<std::unique_ptr<FuncButton>> buttons);
+    void showFullRow();
+    void showPage(const QList<MyButton*>& page);
+    void step(qsizetype by);
+    void speedButtonClicked();
+
+    Services services;
+    std::vector<std::unique_ptr<FuncButton>> actionsStackView;
+    RowKind rowKind = RowKind::full;
+    bool isOnShow = false;
+};
+
+} // namespace zelvo::ui

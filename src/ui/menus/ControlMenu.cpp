@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include "ui/menus/ControlMenu.h"
+
+#include "core/model/Model.h"
+#include "ui/controls/Alerts.h"
+#include "ui/menus/TimePickerView.h"
+#include "ui/shared/Signal.h"
+
+namespace zelvo::ui {
+
+ControlMenu::ControlMenu(const Services& given, QObject* parent)
+    : QObject(parent)
+    , services(given)
+    , recordButton(services.model, services.runLoop, [this] { recordButtonAction(); })
+    , durationButton(
+          {.image = "DurationButton", .name = tr("Duration"), .key = "Ctrl+D"},
+          [this] { durationButtonAction(); })
+    , undoButton(
+          {.image = "Undo", .name = tr("Undo"), .key = "Ctrl+Z"}, [this] { undoButtonAction(); })
+    , redoButton(
+          {.image = "Redo", .name = tr("Redo"), .key = "Ctrl+Shift+Z"},
+          [this] { redoButtonAction(); })
+    , historyButton(
+          {.image = "EditHistory", .name = tr("History"), .key = "Ctrl+H"},
+          [this] { historyButtonAction(); })
+    , deleteAllButton({.image = "Trashcan", .name = tr("Delete all"), .key = {}}, [this] {
+        deleteAllButtonAction();
+    }) {
+    const std::weak_ptr<const bool> alive = listening;
+    signals().undoStateSignal.subscribe(listening, [this, alive] {
+        services.runLoop.post([this, alive] {
+            if (!alive.expired())
+                showUndoState();
+        });
+    });
+    showUndoState();
+}
+
+ControlMenu::~ControlMenu() = default;
+
+void ControlMenu::setButtonsEnabled(bool isUsable) {
+    if (enabled == isUsable)
+        return;
+    enabled = isUsable;
+    Q_EMIT changed();
+}
+
+QList<QObject*> ControlMenu::buttonObjects() {
+    return {&durationButton, &undoButton, &redoButton, &historyButton, &deleteAllButton};
+}
+
+void ControlMenu::showUndoState() {
+    const actions::ActionController& controller = services.model.actionController();
+    const bool hasActions = !controller.recordedActions().empty();
+    undoButton.setEnabled(controller.undoManager.canUndo());
+    redoButton.setEnabled(controller.undoManager.canRedo());
+    historyButton.setEnabled(hasActions);
+    deleteAllButton.setEnabled(hasActions);
+}
+
+void ControlMenu::pressIfUsable(MyButton& button) const {
+    if (enabled)
+        button.click();
+}
+
+void ControlMenu::record() {
+    pressIfUsable(recordButton);
+}
+
+void ControlMenu::undo() {
+    pressIfUsable(undoButton);
+}
+
+void ControlMenu::redo() {
+    pressIfUsable(redoButton);
+}
+
+void ControlMenu::showHistory() {
+    pressIfUsable(historyButton);
+}
+
+void ControlMenu::askForDuration() {
+    pressIfUsable(durationButton);
+}
+
+void ControlMenu::askToDeleteAll() {
+    pressIfUsable(deleteAllButton);
+}
+
+void ControlMenu::recordButtonAction() const {
+    if (playAction)
+        playAction(true);
+}
+
+void ControlMenu::durationButtonAction() {
+    services.model.stop(core::Reset::toStart);
+    picker = std::make_shared<TimePickerView>(services.model.duration());
+    const auto setDuration = [&runLoop = services.runLoop, &model = services.model, own = picker] {
+        runLoop.post([&model, own] { model.setDuration(own->duration()); });
+    };
+    services.alerts.show({
+        .title = "Duration",
+        .message = {                                             },
+        .actions =
+            { {.title = "Ok", .handler = setDuration},
+                    {.title = "Cancel", .role = AlertRole::cancel}},
+        .content = picker.get(),
+        .contentView = "TimePicker.qml"
+    });
+}
+
+void ControlMenu::undoButtonAction() const {
+    if (undoAction)
+        undoAction();
+}
+
+void ControlMenu::redoButtonAction() const {
+    if (redoAction)
+        redoAction();
+}
+
+void ControlMenu::historyButtonAction() const {
+    if (showHistoryAction)
+        showHistoryAction();
+}
+
+void ControlMenu::deleteAllButtonAction() const {
+    services.alerts.show({
+        .title = "Delete all recorded actions?",
+        .message = {                                             },
+        .actions = {
+                    {.title = "Delete", .role = AlertRole::destructive, .handler = deleteAllActions},
+                    {.title = "Cancel", .role = AlertRole::cancel}}
+    });
+}
+
+} // namespace zelvo::ui

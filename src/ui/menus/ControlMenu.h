@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/controls/MyButton.h"
+#include "ui/controls/Services.h"
+#include "ui/menus/RecordButton.h"
+
+#include <QObject>
+
+#include <functional>
+#include <memory>
+
+namespace zelvo::ui {
+
+class TimePickerView;
+
+/// The transport of the performance: start and stop, duration, undo, redo, history, delete all.
+/// What a press does is set by the screen around it.
+class ControlMenu final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QObject* recordButton READ recordObject CONSTANT)
+    Q_PROPERTY(QList<QObject*> buttons READ buttonObjects CONSTANT)
+    Q_PROPERTY(bool buttonsEnabled READ buttonsEnabled WRITE setButtonsEnabled NOTIFY changed)
+    Q_PROPERTY(qreal alpha READ alpha NOTIFY changed)
+
+public:
+    explicit ControlMenu(const Services& given, QObject* parent = nullptr);
+    ~ControlMenu() override;
+    ControlMenu(const ControlMenu&) = delete;
+    ControlMenu& operator=(const ControlMenu&) = delete;
+
+    // Each may be empty.
+    std::function<void(bool)> playAction; ///< true from the record button
+    std::function<void()> showHistoryAction;
+    std::function<void()> deleteAllActions; ///< after the user has said yes
+    std::function<void()> undoAction;
+    std::function<void()> redoAction;
+
+private:
+    Services services;
+
+public:
+    RecordButton recordButton;
+    MyButton durationButton;
+    MyButton undoButton;
+    MyButton redoButton;
+    MyButton historyButton;
+    MyButton deleteAllButton;
+
+    /// The whole menu is usable; false also dims it.
+    [[nodiscard]] bool buttonsEnabled() const { return enabled; }
+
+    void setButtonsEnabled(bool isUsable);
+
+    /// Opacity of the whole menu.
+    [[nodiscard]] qreal alpha() const { return enabled ? 1.0 : 0.1; }
+
+    [[nodiscard]] QObject* recordObject() { return &recordButton; }
+
+    /// Those behind the record button, in the order of the bar.
+    [[nodiscard]] QList<QObject*> buttonObjects();
+
+    // What the buttons do, for keys as well. Nothing happens where the button is disabled or the
+    // menu is not usable.
+    Q_INVOKABLE void record();
+    Q_INVOKABLE void undo();
+    Q_INVOKABLE void redo();
+    Q_INVOKABLE void showHistory();
+    Q_INVOKABLE void askForDuration();
+    Q_INVOKABLE void askToDeleteAll();
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    void recordButtonAction() const;
+    void durationButtonAction();
+    void undoButtonAction() const;
+    void redoButtonAction() const;
+    void historyButtonAction() const;
+    void deleteAllButtonAction() const;
+    void showUndoState();
+    void pressIfUsable(MyButton& button) const;
+
+    bool enabled = false;
+    std::shared_ptr<TimePickerView> picker; ///< of the last duration dialog, which may be on show
+    std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);
+};
+
+} // namespace zelvo::ui

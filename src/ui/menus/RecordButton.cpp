@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "ui/menus/RecordButton.h"
+
+#include "core/model/Model.h"
+#include "ui/shared/FormatTime.h"
+#include "ui/shared/Signal.h"
+
+#include <cmath>
+#include <utility>
+
+namespace zelvo::ui {
+
+namespace {
+
+ButtonFace faceOf(const QString& image, const QString& title, const QString& name) {
+    return {.image = image, .title = title, .name = name, .key = QStringLiteral("Space")};
+}
+
+} // namespace
+
+RecordButton::RecordButton(
+    core::Model& given, foundation::RunLoop& loop, std::function<void()> targetFunc)
+    : MyLabelButton(
+          faceOf(QStringLiteral("RecordButton"), QStringLiteral("0:00.00"), tr("Record")),
+          std::move(targetFunc))
+    , model(given)
+    , runLoop(loop) {
+    size = {120, 36};
+    unselectedColor = kClearButtonColor;
+    selectedColor = kRecordColor;
+    normalTextColor = kRecordColor;
+    highlightTextColor = Qt::white;
+    const std::weak_ptr<const bool> alive = listening;
+    signals().timeSignal.subscribe(listening, [this, alive](const TimeState& state) {
+        if (model.isRecordingMovie())
+            return;
+        runLoop.post([this, alive, time = state.time] {
+            if (!alive.expired())
+                showTime(time);
+        });
+    });
+    signals().isPlayingSignal.subscribe(listening, [this, alive](bool isPlaying) {
+        runLoop.post([this, alive, isPlaying] {
+            if (!alive.expired())
+                showPlaying(isPlaying && !model.isRecordingMovie());
+        });
+    });
+}
+
+void RecordButton::showTime(double time) {
+    const double rel = time - model.startCounter();
+    const QString sign = rel < 0 ? QStringLiteral("-") : QString();
+    setFace(
+        faceOf(face.image, sign + QString::fromStdString(formatTime(std::abs(rel))), face.name));
+}
+
+void RecordButton::showPlaying(bool isPlaying) {
+    setMySelected(isPlaying);
+    if (isPlaying)
+        setFace(faceOf(QStringLiteral("PauseButton"), face.title, tr("Stop")));
+    else
+        setFace(faceOf(QStringLiteral("RecordButton"), face.title, tr("Record")));
+}
+
+} // namespace zelvo::ui

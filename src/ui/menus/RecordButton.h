@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/RunLoop.h"
+#include "ui/controls/MyButton.h"
+
+#include <memory>
+
+namespace zelvo::core {
+class Model;
+}
+
+namespace zelvo::ui {
+
+/// At once the start button and the running time: counts down through the count-in, then up. Keeps
+/// still while a movie is written.
+class RecordButton final : public MyLabelButton {
+    Q_OBJECT
+
+public:
+    RecordButton(core::Model& given, foundation::RunLoop& loop, std::function<void()> targetFunc);
+
+private:
+    void showTime(double time);
+    void showPlaying(bool isPlaying);
+
+    core::Model& model;
+    foundation::RunLoop& runLoop;
+    std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);
+};
+
+} // namespace zelvo::ui

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
+import QtQuick
+import Zelvo
+
+// An ActionsMenu: six buttons to perform on, and under them the tabs.
+Item {
+    id: root
+
+    required property var controller
+    readonly property real share: (width - 3 * (actions.count - 1)) / Math.max(1, actions.count)
+
+    implicitHeight: 78
+    Component.onCompleted: {
+        measure.report();
+        controller.viewWillAppear();
+    }
+    onWidthChanged: measure.report()
+
+    Row {
+        width: parent.width
+        height: 36
+        spacing: 3
+
+        Repeater {
+            id: actions
+
+            model: root.controller.actionsStackView
+            delegate: FuncButton {
+                required property var modelData
+
+                controller: modelData
+                width: root.share
+                height: 36
+            }
+        }
+    }
+    TabStack {
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        controller: root.controller.stackView
+    }
+    MyButton {
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        horizontalInset: 5
+        controller: root.controller.speedButton
+    }
+
+    // What all tabs side by side would take up, with the speed button's place free on both sides.
+    TextMetrics {
+        id: measure
+
+        text: "FLY IN1 IN2 IN3 IN4 TXT ROT CAM FX1 FX2 FX3 OT1 OT2 OT3"
+        font.pixelSize: Theme.px(13)
+        font.weight: Font.DemiBold
+        onAdvanceWidthChanged: report()
+
+        function report(): void {
+            root.controller.setWidths(root.width, advanceWidth + 14 * 17 + 2 * 40);
+        }
+    }
+}

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
+import QtQuick
+
+// A ControlMenu: the record button and what goes with it, in a row.
+Row {
+    id: root
+
+    required property var controller
+
+    spacing: 2
+    enabled: controller.buttonsEnabled
+    opacity: controller.alpha
+
+    RecordButton {
+        controller: root.controller.recordButton
+    }
+    Item {
+        width: 6
+        height: 1
+    }
+    Repeater {
+        model: root.controller.buttons
+        delegate: MyButton {
+            required property var modelData
+
+            controller: modelData
+        }
+    }
+}

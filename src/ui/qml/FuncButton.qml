@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Zelvo
+
+// A FuncButton: acts when it is touched, by finger, mouse or key.
+Rectangle {
+    id: root
+
+    required property var controller
+
+    implicitWidth: 90
+    implicitHeight: 36
+    radius: Theme.radius
+    color: controller.unselectedColor
+    activeFocusOnTab: true
+
+    Accessible.role: Accessible.Button
+    Accessible.name: controller.name
+    Accessible.focusable: true
+    Accessible.onPressAction: {
+        controller.press();
+        controller.release();
+    }
+    Component.onDestruction: if (controller) controller.cancel()
+
+    function isPressKey(event): bool {
+        return event.key === Qt.Key_Space || event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
+    }
+
+    Keys.onShortcutOverride: event => event.accepted = isPressKey(event)
+    Keys.onPressed: event => {
+        event.accepted = isPressKey(event);
+        if (event.accepted && !event.isAutoRepeat)
+            controller.press();
+    }
+    Keys.onReleased: event => {
+        event.accepted = isPressKey(event);
+        if (event.accepted && !event.isAutoRepeat)
+            controller.release();
+    }
+    onActiveFocusChanged: if (!activeFocus) controller.cancel()
+
+    Rectangle {
+        anchors.fill: parent
+        radius: parent.radius
+        color: Theme.text
+        opacity: hover.hovered ? 0.09 : 0
+    }
+    Rectangle {
+        id: light
+
+        anchors.fill: parent
+        radius: parent.radius
+        color: root.controller.selectedColor
+        opacity: 0
+        state: root.controller.glow
+        states: [
+            State { name: "flash"; PropertyChanges { light.opacity: 1 } },
+            State { name: "lit"; PropertyChanges { light.opacity: 1 } }
+        ]
+        transitions: Transition {
+            to: "flash"
+            NumberAnimation { property: "opacity"; duration: 80 }
+        }
+
+        SequentialAnimation on opacity {
+            running: root.controller.glow === "pulse"
+            loops: Animation.Infinite
+            NumberAnimation { to: 1; duration: 80 }
+            NumberAnimation { to: 0; duration: 80 }
+        }
+    }
+    Icon {
+        anchors.fill: parent
+        anchors.margins: 5
+        visible: name !== ""
+        name: root.controller.image
+    }
+    Text {
+        anchors.fill: parent
+        anchors.margins: 3
+        text: root.controller.title
+        color: Theme.text
+        font.pixelSize: Theme.px(13)
+        font.weight: Font.DemiBold
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: Theme.px(9)
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
+    }
+    FocusRing {
+        shown: root.activeFocus
+    }
+
+    HoverHandler {
+        id: hover
+    }
+    MultiPointTouchArea {
+        anchors.fill: parent
+        maximumTouchPoints: 1
+        onPressed: root.controller.press()
+        onReleased: root.controller.release()
+        onCanceled: root.controller.cancel()
+    }
+    Tip {
+        name: root.controller.name
+        key: root.controller.key
+        visible: hover.hovered && root.controller.glow === "none"
+    }
+}

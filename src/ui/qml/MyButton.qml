@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+import Zelvo
+
+// A MyButton: a picture or a text on its fill.
+T.AbstractButton {
+    id: root
+
+    required property var controller
+    property real horizontalInset: 6
+    property int fontWeight: Font.DemiBold
+    property real fontSize: 13
+    property int role: Accessible.Button
+
+    implicitWidth: Math.max(controller.width, label.implicitWidth + 2 * horizontalInset)
+    implicitHeight: controller.height
+    enabled: controller.isEnabled
+    focusPolicy: Qt.TabFocus
+    hoverEnabled: true
+    opacity: enabled ? 1 : 0.3
+
+    Accessible.role: role
+    Accessible.name: controller.name
+    Accessible.selected: controller.isMySelected
+    Accessible.onPressAction: controller.click()
+    Keys.onReturnPressed: controller.click()
+    Keys.onEnterPressed: controller.click()
+    onClicked: controller.click()
+
+    background: Rectangle {
+        color: root.controller.fill
+        radius: root.controller.cornerRadius
+
+        Rectangle {
+            anchors.fill: parent
+            radius: parent.radius
+            color: Theme.text
+            opacity: root.down ? 0.22 : root.hovered ? 0.09 : 0
+        }
+        FocusRing {
+            shown: root.visualFocus
+        }
+    }
+    contentItem: Item {
+        Icon {
+            anchors.fill: parent
+            anchors.leftMargin: root.horizontalInset
+            anchors.rightMargin: root.horizontalInset
+            anchors.topMargin: 6
+            anchors.bottomMargin: 6
+            visible: name !== ""
+            name: root.controller.image
+        }
+        Text {
+            id: label
+
+            anchors.centerIn: parent
+            visible: root.controller.image === ""
+            text: root.controller.title
+            color: root.controller.textColor
+            font.pixelSize: Theme.px(root.fontSize)
+            font.weight: root.fontWeight
+        }
+    }
+
+    Tip {
+        name: root.controller.name
+        key: root.controller.key
+        visible: root.hovered && !root.down && (key !== "" || root.controller.image !== "" || name !== label.text)
+    }
+}

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Zelvo
+
+// A RecordButton: picture and running time side by side.
+MyButton {
+    id: root
+
+    implicitWidth: Math.max(controller.width, content.implicitWidth + 16)
+
+    contentItem: Item {
+        Row {
+            id: content
+
+            anchors.centerIn: parent
+            spacing: 7
+
+            Icon {
+                width: 20
+                height: 20
+                anchors.verticalCenter: parent.verticalCenter
+                name: root.controller.image
+            }
+            Text {
+                anchors.verticalCenter: parent.verticalCenter
+                // As wide as the longest time, so that nothing moves while it runs.
+                width: widest.advanceWidth
+                text: root.controller.title
+                color: root.controller.textColor
+                font: widest.font
+                horizontalAlignment: Text.AlignRight
+            }
+        }
+        TextMetrics {
+            id: widest
+
+            text: "-0:00.00"
+            font.pixelSize: Theme.px(13.5)
+            font.weight: Font.DemiBold
+            font.family: Theme.digitsFamily
+        }
+    }
+}

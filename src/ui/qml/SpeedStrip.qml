@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
+import QtQuick
+
+// A SpeedViewController: the nodes on the left, the speeds on the right.
+Item {
+    id: root
+
+    required property var controller
+
+    implicitWidth: nodes.implicitWidth + 24 + speeds.implicitWidth
+    implicitHeight: 36
+    visible: !controller.isHidden
+
+    Row {
+        id: nodes
+
+        anchors.left: parent.left
+        spacing: 3
+
+        Repeater {
+            model: root.controller.nodesStackView
+            delegate: MyButton {
+                required property var modelData
+
+                controller: modelData
+                role: Accessible.CheckBox
+            }
+        }
+    }
+    TabStack {
+        id: speeds
+
+        anchors.right: parent.right
+        height: parent.height
+        controller: root.controller.speedStackView
+    }
+}
