@@ -146,8 +146,8 @@ TEST_F(CameraTest, QuakesWithinItsWidthForSecondsOfItsOwnAndTheSameInEachReplay)
             for (int axis = 0; axis < 3; ++axis)
                 EXPECT_NEAR(first[axis], std::round(first[axis]), 1e-3);
             float farthest = 0;
-            for (double t = 0; t < 5.4; t += kFrame) {
-                goTo(t);
+            for (int frame = 0; frame < 324; ++frame) {
+                goTo(frame * kFrame);
                 way.push_back(wiggle.position);
                 farthest = std::max(farthest, glm::length(way.back()));
             }
@@ -170,8 +170,8 @@ TEST_F(CameraTest, FliesThroughTurbulenceThatEachReplayDrawsAnew) {
         EXPECT_EQ(wiggle.presentedPosition(), vec3(0));
         vec3 least(0), most(0);
         float widest = 0;
-        for (double t = 0; t < 3.99; t += kFrame) {
-            goTo(t);
+        for (int frame = 0; frame < 240; ++frame) {
+            goTo(frame * kFrame);
             way.push_back(wiggle.presentedPosition());
             least = glm::min(least, way.back());
             most = glm::max(most, way.back());

@@ -28,7 +28,8 @@ CAKeyframeAnimation journey() {
 }
 
 glm::vec3 drawnPlace(const SCNNode& node) {
-    return glm::vec3(node.worldTransform()[3]);
+    const glm::vec4 place = node.worldTransform()[3];
+    return {place.x, place.y, place.z};
 }
 
 TEST(TimingCurve, IsSolvedForTime) {
