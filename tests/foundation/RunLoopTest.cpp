@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "platform/foundation/CallQueue.h"
 #include "platform/foundation/RunLoop.h"
 
 #include <gtest/gtest.h>
@@ -25,6 +26,15 @@ TEST(VirtualRunLoop, CallsComeByDueTimeThenByOrderOfMaking) {
     EXPECT_TRUE(loop.runUntil([&] { return order.size() == 4; }));
     EXPECT_EQ(order, "abpc");
     EXPECT_DOUBLE_EQ(loop.now(), 2.0);
+}
+
+TEST(CallQueue, ALateCallComesBackToItsMeasureAndLeavesOutWhatItMissed) {
+    CallQueue queue;
+    queue.add(1, {[] {}, 1, nullptr});
+    queue.runNext(1.25);
+    EXPECT_EQ(queue.nextDue(), 2);
+    queue.runNext(4.5);
+    EXPECT_EQ(queue.nextDue(), 5);
 }
 
 TEST(VirtualRunLoop, ARepeatingTimerKeepsItsIntervalAndMayEndItself) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -34,15 +35,18 @@ public:
         return entries.begin()->first.first;
     }
 
-    /// Takes the next call out, runs it, and puts a repeating one back an interval after the given
-    /// time.
+    /// Takes the next call out, runs it, and puts a repeating one back to its next beat after the
+    /// given time; beats that were missed are left out.
     void runNext(double now) {
         auto node = entries.extract(entries.begin());
         Entry entry = std::move(node.mapped());
         entry.call();
         if (entry.interval <= 0 || isCancelled(entry))
             return;
-        const double due = now + entry.interval;
+        // The next beat of its own measure: being late does not push all later beats back.
+        double due = node.key().first + entry.interval;
+        if (due <= now)
+            due += entry.interval * std::ceil((now - due) / entry.interval);
         add(due, std::move(entry));
     }
 
