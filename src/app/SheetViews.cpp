@@ -212,8 +212,12 @@ SheetFormat formatOf(SheetKind kind) {
             .columns = 4, .tile = {384, 216},
                  .fitWidth = 560, .fitHeight = 250
         };
-    case SheetKind::shapes:
     case SheetKind::masks:
+        return {
+            .columns = 6, .tile = {252, 168},
+                 .fitWidth = 500, .fitHeight = 330
+        };
+    case SheetKind::shapes:
         return {
             .columns = 6, .tile = {252, 168},
                  .fitWidth = 440, .fitHeight = 270

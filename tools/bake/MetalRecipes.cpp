@@ -105,7 +105,7 @@ Baked scratchedRoughness(int side, int) {
         return 0.27f + 0.05f * fractal(p, octaves(8, 5, 0.6f, 33));
     });
     rough = combined(rough, wear.stains, [](float a, float stain) { return a + 0.07f * stain; });
-    rough = combined(rough, wear.hairlines, [](float a, float line) { return a + 0.34f * line; });
+    rough = combined(rough, wear.hairlines, [](float a, float line) { return a + 0.24f * line; });
     return {
         greyPicture(
             combined(rough, wear.gouges, [](float a, float line) { return a + 0.25f * line; })),
