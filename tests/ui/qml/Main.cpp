@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#include "ui/qml/Views.h"
+
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    zelvo::ui::installViews();
+    return RUN_ALL_TESTS();
+}
