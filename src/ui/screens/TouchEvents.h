@@ -20,7 +20,7 @@ struct Touch {
 
     int id = 0;
     TouchPhase phase = TouchPhase::began;
-    QPointF location; ///< of the window, device-independent pixels
+    QPointF location{}; ///< of the window, device-independent pixels
     double radius = 0;
 };
 

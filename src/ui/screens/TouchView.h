@@ -16,9 +16,9 @@ namespace zelvo::ui {
 
 /// How touches are shown.
 struct TouchVisualizerConfiguration {
-    std::optional<QColor> color; ///< absent: a bluish white
-    std::optional<QUrl> image;   ///< absent: a drawn disc
-    QSizeF defaultSize{56, 56};  ///< device-independent pixels
+    std::optional<QColor> color{}; ///< absent: a bluish white
+    std::optional<QUrl> image{};   ///< absent: a drawn disc
+    QSizeF defaultSize{56, 56};    ///< device-independent pixels
     bool showsTimer = false;
     bool showsTouchRadius = false;
     bool showsLog = false;

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+#include "ScreensFixture.h"
+#include "ui/screens/ExportViewController.h"
+
+#include <QGuiApplication>
+
+#include <fstream>
+#include <memory>
+
+namespace zelvo::test {
+
+namespace {
+
+using ui::BlurCover;
+using ui::ExportViewController;
+
+class ExportScreenTest : public ScreenTest {
+protected:
+    ExportScreenTest() { model.setDuration(2); }
+
+    void open() {
+        cover.show();
+        screen = std::make_unique<ExportViewController>(services, cover, ui::Sharing{});
+        QObject::connect(screen.get(), &ExportViewController::dismissed, [this] { ++dismissals; });
+    }
+
+    /// Lets the export go on until the percentage is reached.
+    void runToPercent(int percent) {
+        ASSERT_TRUE(loop().runUntil([&] { return screen->currentPerc >= percent; }));
+    }
+
+    void runToOutcome() {
+        const foundation::Timer waiting = loop().expectPosts();
+        ASSERT_TRUE(loop().runUntil([this] { return outcome.has_value(); }));
+        loop().drain();
+    }
+
+    void writeEarlierMovie() { std::ofstream(model.movieURL()) << "earlier"; }
+
+    [[nodiscard]] bool isEarlierMovie() const {
+        std::string text;
+        std::ifstream(model.movieURL()) >> text;
+        return text == "earlier";
+    }
+
+    [[nodiscard]] double ring() const {
+        return screen->progressView()->property("currentProgress").toDouble();
+    }
+
+    BlurCover cover{world.runLoop};
+    std::unique_ptr<ExportViewController> screen;
+    int dismissals = 0;
+};
+
+TEST_F(ExportScreenTest, RingAndPercentageRiseToTheEndAndThePreviewFollows) {
+    open();
+    loop().runFor(0.29);
+    EXPECT_FALSE(model.isRecordingMovie()) << "the screen is to appear first";
+    int highest = 0;
+    double fullest = 0;
+    onTime([&](const ui::TimeState&) {
+        EXPECT_GE(screen->currentPerc, highest);
+        EXPECT_GE(ring(), fullest);
+        highest = screen->currentPerc;
+        fullest = ring();
+    });
+    runToPercent(1); // the count-in counts
+    EXPECT_EQ(screen->progressLabel(), "1 %");
+    EXPECT_EQ(screen->preview(), nullptr);
+    runToOutcome();
+
+    ASSERT_TRUE(*outcome) << outcome->error().message;
+    EXPECT_GE(screen->currentPerc, 99);
+    EXPECT_NEAR(ring(), 1, 0.01);
+    ASSERT_NE(screen->preview(), nullptr);
+    EXPECT_EQ(screen->preview()->moviePath, model.movieURL());
+    EXPECT_EQ(screen->preview()->place().toStdString(), (*outcome)->savedCopy->string());
+    EXPECT_TRUE(screen->preview()->poster.startsWith("data:image/jpeg;base64,"));
+    loop().runFor(0.1);
+    EXPECT_FALSE(cover.isPresent());
+    EXPECT_EQ(dismissals, 0);
+    screen->preview()->dismissController();
+    EXPECT_EQ(dismissals, 1);
+}
+
+TEST_F(ExportScreenTest, ClosingHalfwayLeavesTheEarlierMovie) {
+    writeEarlierMovie();
+    open();
+    runToPercent(50);
+    screen->dismissViewController();
+    screen->dismissViewController();
+    EXPECT_EQ(dismissals, 1);
+    EXPECT_FALSE(model.isRecordingMovie());
+    ASSERT_TRUE(outcome.has_value());
+    EXPECT_EQ(outcome->error().cause, foundation::Cause::cancelled);
+    loop().runFor(5);
+    EXPECT_TRUE(isEarlierMovie());
+    EXPECT_EQ(screen->preview(), nullptr);
+    EXPECT_FALSE(cover.isPresent());
+}
+
+TEST_F(ExportScreenTest, ClosingWhileTheMovieIsPutTogetherDoesNotLoseIt) {
+    writeEarlierMovie();
+    open();
+    const foundation::Timer waiting = loop().expectPosts();
+    ASSERT_TRUE(loop().runUntil(
+        [this] { return model.movieWriter().state() == movie::MovieWriter::State::closing; }));
+    screen->dismissViewController();
+    runToOutcome();
+    ASSERT_TRUE(*outcome) << outcome->error().message;
+    EXPECT_TRUE((*outcome)->savedCopy.has_value());
+    EXPECT_FALSE(isEarlierMovie());
+    EXPECT_EQ(screen->preview(), nullptr) << "there is no screen any more to show it on";
+}
+
+TEST_F(ExportScreenTest, NothingIsMadeOfAScreenThatGoesAtOnce) {
+    open();
+    screen->dismissViewController();
+    loop().runFor(1);
+    EXPECT_FALSE(model.isRecordingMovie());
+
+    open();
+    screen.reset();
+    loop().runFor(1);
+    EXPECT_FALSE(model.isRecordingMovie());
+    EXPECT_FALSE(cover.isPresent()) << "the cover goes with the screen";
+}
+
+TEST_F(ExportScreenTest, OnlySleepEndsAnExportNotLookingAway) {
+    open();
+    runToPercent(20);
+    Q_EMIT qApp->applicationStateChanged(Qt::ApplicationInactive);
+    Q_EMIT qApp->applicationStateChanged(Qt::ApplicationHidden);
+    EXPECT_TRUE(model.isRecordingMovie());
+    Q_EMIT qApp->applicationStateChanged(Qt::ApplicationSuspended);
+    EXPECT_FALSE(model.isRecordingMovie());
+    EXPECT_EQ(dismissals, 1);
+}
+
+TEST_F(ExportScreenTest, WhatCannotBeginIsSaidAndTheScreenStays) {
+    ASSERT_TRUE(model.startMovie()); // another export stands in the way
+    open();
+    loop().runFor(0.3);
+    EXPECT_EQ(alerts.title(), "Error");
+    EXPECT_TRUE(alerts.message().contains("a movie is being made"));
+    EXPECT_EQ(dismissals, 0);
+}
+
+TEST_F(ExportScreenTest, TheCoverIsOneAndFadesBeforeItGoes) {
+    cover.show();
+    EXPECT_EQ(cover.alpha(), 1);
+    cover.hide();
+    EXPECT_EQ(cover.alpha(), 0);
+    loop().runFor(0.05);
+    EXPECT_TRUE(cover.isPresent());
+    cover.show(); // one is still there
+    EXPECT_EQ(cover.alpha(), 0);
+    loop().runFor(0.05);
+    EXPECT_FALSE(cover.isPresent());
+    cover.show();
+    EXPECT_TRUE(cover.isPresent());
+
+    struct Row {
+        core::DeviceIdiom idiom;
+        double height;
+        bool isCovered;
+    };
+
+    for (const Row& row : {
+             Row{core::DeviceIdiom::tablet, 0,    true },
+             Row{core::DeviceIdiom::phone,  1920, true },
+             Row{core::DeviceIdiom::phone,  2208, true },
+             Row{core::DeviceIdiom::phone,  2436, false},
+    }) {
+        BlurCover other(world.runLoop, row.idiom, row.height);
+        other.show();
+        EXPECT_EQ(other.isPresent(), row.isCovered) << row.height;
+    }
+}
+
+} // namespace
+
+} // namespace zelvo::test

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "ScreensFixture.h"
+#include "ui/screens/PreviewViewController.h"
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+#include <sstream>
+
+namespace zelvo::test {
+
+namespace {
+
+class PreviewTest : public ScreenTest {
+protected:
+    PreviewTest() { std::ofstream(model.movieURL()) << "frames"; }
+
+    [[nodiscard]] std::filesystem::path file(const char* name) const {
+        return folder.path() / name;
+    }
+
+    std::vector<std::string> opened;
+    std::string copied;
+    bool hasProgram = true;
+    int reviews = 0;
+    ui::PreviewViewController preview{
+        services,
+        "poster",
+        {.open =
+             [this](const QUrl& what) {
+                 opened.push_back(what.toLocalFile().toStdString());
+                 return hasProgram;
+             }, .copyText = [this](const QString& text) { copied = text.toStdString(); },
+          .requestReview = [this] { ++reviews; }}
+    };
+};
+
+TEST_F(PreviewTest, SharesTheCopyThatStaysWithTheUser) {
+    const std::filesystem::path copy = file("videos/Zelvo Movie 2.mov");
+    preview.openInPlayer();
+    preview.setSavedCopy(copy);
+    preview.togglePlaying();
+    preview.share();
+    preview.openInPlayer();
+    EXPECT_FALSE(preview.isPlaying()) << "the other player plays now";
+    EXPECT_FALSE(preview.isSharing());
+    preview.openFolder();
+    EXPECT_THAT(
+        opened,
+        testing::ElementsAre(
+            model.movieURL().string(), copy.string(), copy.parent_path().string()));
+    preview.copyPath();
+    EXPECT_EQ(copied, copy.string());
+    EXPECT_FALSE(alerts.isShowing());
+
+    hasProgram = false;
+    preview.openFolder();
+    EXPECT_TRUE(alerts.message().contains(QString::fromStdString(copy.parent_path().string())));
+}
+
+TEST_F(PreviewTest, SavesACopyOrSaysWhyNot) {
+    std::ofstream(file("mine.mov")) << "something longer that was there before";
+    preview.saveCopy(QUrl::fromLocalFile(QString::fromStdString(file("mine.mov").string())));
+    loop().drain();
+    std::ostringstream text;
+    text << std::ifstream(file("mine.mov")).rdbuf();
+    EXPECT_EQ(text.str(), "frames");
+    EXPECT_EQ(preview.place().toStdString(), file("mine.mov").string());
+    EXPECT_FALSE(alerts.isShowing());
+
+    preview.saveCopy(QUrl());
+    loop().drain();
+    EXPECT_FALSE(alerts.isShowing()) << "the user chose no file";
+    preview.saveCopy(QUrl::fromLocalFile(QString::fromStdString(file("no/such/x.mov").string())));
+    loop().drain();
+    EXPECT_EQ(alerts.title(), "Error");
+    EXPECT_TRUE(alerts.message().contains("x.mov"));
+    EXPECT_EQ(preview.place().toStdString(), file("mine.mov").string());
+}
+
+TEST_F(PreviewTest, DoesNotPlayByItselfNorWhatCannotBePlayed) {
+    EXPECT_FALSE(preview.isPlaying());
+    preview.togglePlaying();
+    EXPECT_TRUE(preview.isPlaying());
+    preview.playbackFailed("no decoder for this");
+    EXPECT_FALSE(preview.isPlaying());
+    EXPECT_TRUE(preview.failure().contains("no decoder for this"));
+    EXPECT_TRUE(preview.failure().contains("Share"));
+    preview.togglePlaying();
+    EXPECT_FALSE(preview.isPlaying());
+
+    std::filesystem::remove(model.movieURL());
+    preview.playbackFailed("not found");
+    EXPECT_FALSE(preview.failure().contains("Share")) << "there is nothing to share";
+}
+
+TEST_F(PreviewTest, AsksForAReviewOnceTheScreenHasGone) {
+    bool isGone = false;
+    QObject::connect(&preview, &ui::PreviewViewController::dismissed, [&] { isGone = true; });
+    preview.togglePlaying();
+    preview.dismissController();
+    EXPECT_TRUE(isGone);
+    EXPECT_FALSE(preview.isPlaying());
+    loop().runFor(0.009);
+    EXPECT_EQ(reviews, 0);
+    loop().runFor(0.002);
+    EXPECT_EQ(reviews, 1);
+}
+
+} // namespace
+
+} // namespace zelvo::test

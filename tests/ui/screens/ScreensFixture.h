@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "model/ModelFixture.h"
+#include "ui/controls/Alerts.h"
+#include "ui/controls/Services.h"
+
+#include <string>
+
+namespace zelvo::test {
+
+/// The model with what the screens are built of.
+class ScreenTest : public ModelTest {
+protected:
+    /// Puts a record into the performance.
+    void record(const std::string& title, double time, int identifier, bool isRow = true) {
+        const auto xac = std::make_shared<actions::XAC>();
+        xac->time = time;
+        xac->xacFunc = [] {};
+        xac->identifier = identifier;
+        xac->title = title;
+        xac->registerUndo = isRow;
+        model.actionController().append(xac);
+    }
+
+    [[nodiscard]] foundation::VirtualRunLoop& loop() { return world.runLoop; }
+
+    ui::Alerts alerts;
+    ui::Services services{model, world.runLoop, world.defaults, alerts};
+};
+
+} // namespace zelvo::test
