@@ -3,6 +3,7 @@
 
 #include "ui/controls/Theme.h"
 
+#include <QLoggingCategory>
 #include <QQmlEngine>
 
 // The macro names a function of the global namespace.
@@ -12,8 +13,23 @@ static void initResources() {
 
 namespace zelvo::ui {
 
+namespace {
+
+/// Movies are shown with the libraries that also write them; the toolkit's other player would need
+/// plugins of its own. It reports its search for decoders on the console, which nobody asked for.
+void chooseMoviePlayer() {
+    constexpr const char* kBackend = "QT_MEDIA_BACKEND";
+    if (!qEnvironmentVariableIsSet(kBackend))
+        qputenv(kBackend, "ffmpeg");
+    if (!qEnvironmentVariableIsSet("QT_LOGGING_RULES"))
+        QLoggingCategory::setFilterRules("default.debug=false\nqt.multimedia.*.debug=false");
+}
+
+} // namespace
+
 void installViews() {
     initResources();
+    chooseMoviePlayer();
     static Theme theme;
     QQmlEngine::setObjectOwnership(&theme, QQmlEngine::CppOwnership);
     qmlRegisterSingletonInstance("Zelvo", 1, 0, "Theme", &theme);
