@@ -74,8 +74,8 @@ glm::vec3 Radiance::sample(const glm::vec3& direction) const {
     return glm::mix(upper, lower, row - static_cast<float>(y0));
 }
 
-glm::vec3 LightProbe::diffuse(const glm::vec3& n) const {
-    const std::array<float, 9> basis{
+std::array<float, 9> harmonicsAt(const glm::vec3& n) {
+    return {
         1,
         n.y,
         n.z,
@@ -85,6 +85,10 @@ glm::vec3 LightProbe::diffuse(const glm::vec3& n) const {
         3 * n.z * n.z - 1,
         n.z * n.x,
         n.x * n.x - n.y * n.y};
+}
+
+glm::vec3 LightProbe::diffuse(const glm::vec3& n) const {
+    const std::array<float, 9> basis = harmonicsAt(n);
     glm::vec3 sum{0};
     for (std::size_t i = 0; i < basis.size(); ++i)
         sum += irradiance.at(i) * basis.at(i);

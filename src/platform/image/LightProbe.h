@@ -24,13 +24,16 @@ struct Radiance {
     sample(const glm::vec3& direction) const; ///< bilinear; direction of any length
 };
 
+/// The first nine spherical harmonics at a unit vector, without their constants: 1, y, z, x, xy,
+/// yz, 3z2-1, zx, x2-y2.
+[[nodiscard]] std::array<float, 9> harmonicsAt(const glm::vec3& n);
+
 /// Image-based light ready for drawing, so that no filtering is left for the program's start.
 ///
 /// Diffuse: nine spherical-harmonics coefficients of irradiance, already convolved with the cosine
 /// lobe and divided by pi, so that evaluating them at a normal gives what a white diffuse surface
 /// reflects (Ramamoorthi and Hanrahan 2001, "An Efficient Representation for Irradiance Environment
-/// Maps"). Order: 1, y, z, x, xy, yz, 3z2-1, zx, x2-y2, with the basis' constants already
-/// multiplied in.
+/// Maps"), in the order of harmonicsAt(), whose constants are already multiplied in.
 ///
 /// Specular: kLevels octahedral maps (Cigolle et al. 2014, "A Survey of Efficient Representations
 /// for Independent Unit Vectors"), level i prefiltered with GGX for perceptual roughness i /

@@ -252,16 +252,7 @@ std::array<glm::vec3, 9> irradianceOf(const OctahedralMap& map) {
             const float angle = 1 / (length * length * length); // in proportion to the solid angle
             const glm::vec3 light = map.at(column, row) * angle;
             sphere += angle;
-            const std::array<float, 9> basis{
-                1,
-                d.y,
-                d.z,
-                d.x,
-                d.x * d.y,
-                d.y * d.z,
-                3 * d.z * d.z - 1,
-                d.z * d.x,
-                d.x * d.x - d.y * d.y};
+            const std::array<float, 9> basis = harmonicsAt(d);
             for (std::size_t i = 0; i < sums.size(); ++i)
                 sums.at(i) += light * basis.at(i);
         }

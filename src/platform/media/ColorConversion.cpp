@@ -2,19 +2,12 @@
 #include "platform/media/ColorConversion.h"
 
 #include "platform/foundation/Check.h"
+#include "platform/foundation/WideLoop.h"
 
 #include <bit>
 #include <vector>
 
-// The loops below are written for the compiler's vectoriser: whole 32-bit words, no byte shuffles.
-// Each is compiled for the wider instruction sets too and picked at start; sanitizers do not bear
-// the resolver that picks.
-#if defined(__x86_64__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) &&      \
-    !defined(__clang__)
-#define ZELVO_WIDE_LOOP __attribute__((target_clones("avx2", "default"), optimize("O3")))
-#else
-#define ZELVO_WIDE_LOOP
-#endif
+// The loops below work on whole 32-bit words, without byte shuffles, for the vectoriser's sake.
 
 namespace zelvo::media {
 namespace {

@@ -2,20 +2,12 @@
 #include "platform/render/AreaResampler.h"
 
 #include "platform/foundation/Check.h"
+#include "platform/foundation/WideLoop.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstring>
-
-// Written for the compiler's vectoriser, compiled for wider instruction sets too and picked at
-// start; sanitizers do not bear the resolver that picks.
-#if defined(__x86_64__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) &&      \
-    !defined(__clang__)
-#define ZELVO_WIDE_LOOP __attribute__((target_clones("avx2", "default"), optimize("O3")))
-#else
-#define ZELVO_WIDE_LOOP
-#endif
 
 namespace zelvo::render {
 namespace {

@@ -1,14 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/YuvRows.h"
 
-#include <cstddef>
+#include "platform/foundation/WideLoop.h"
 
-#if defined(__x86_64__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) &&      \
-    !defined(__clang__)
-#define ZELVO_WIDE_LOOP __attribute__((target_clones("avx2", "default"), optimize("O3")))
-#else
-#define ZELVO_WIDE_LOOP
-#endif
+#include <cstddef>
 
 namespace zelvo::render {
 namespace {
