@@ -131,12 +131,12 @@ bool isBlank(char32_t character) {
 
 } // namespace
 
-void FontFace::FontDeleter::operator()(hb_font_t* font) const {
-    hb_font_destroy(font);
+void FontFace::FontDeleter::operator()(hb_font_t* handle) const {
+    hb_font_destroy(handle);
 }
 
-void FontFace::FaceDeleter::operator()(hb_face_t* face) const {
-    hb_face_destroy(face);
+void FontFace::FaceDeleter::operator()(hb_face_t* handle) const {
+    hb_face_destroy(handle);
 }
 
 FontFace::FontFace(hb_face_t* face_)

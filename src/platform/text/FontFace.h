@@ -49,11 +49,11 @@ public:
 
 private:
     struct FontDeleter {
-        void operator()(hb_font_t* font) const;
+        void operator()(hb_font_t* handle) const;
     };
 
     struct FaceDeleter {
-        void operator()(hb_face_t* face) const;
+        void operator()(hb_face_t* handle) const;
     };
 
     std::unique_ptr<hb_face_t, FaceDeleter> face;
