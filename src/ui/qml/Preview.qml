@@ -61,7 +61,7 @@ FocusScope {
         Image {
             anchors.fill: parent
             fillMode: Image.PreserveAspectFit
-            visible: !output.visible || (player.mediaStatus !== MediaPlayer.BufferedMedia && player.mediaStatus !== MediaPlayer.EndOfMedia)
+            visible: !output.visible || (player.position === 0 && !root.controller.isPlaying)
             source: root.controller.poster
         }
         Rectangle {
