@@ -11,8 +11,7 @@ namespace zelvo::render {
 /// to the eye than that is not regarded.
 [[nodiscard]] double largestBlur(const scene::SCNCamera& camera, int outputHeight);
 
-/// Whether the blur can be seen: from half an output pixel on. What is asked for beyond that is not
-/// drawn yet; the renderer says so once.
+/// Whether the blur can be seen: from half an output pixel on. Below that the pass is skipped.
 [[nodiscard]] bool needsDepthOfField(const scene::SCNCamera& camera, int outputHeight);
 
 } // namespace zelvo::render

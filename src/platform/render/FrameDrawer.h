@@ -48,6 +48,9 @@ public:
 
     [[nodiscard]] GraphicsState& graphicsState() { return state; }
 
+    /// The camera that the last frame was seen with; null if it was none of the scene's.
+    [[nodiscard]] const scene::SCNCamera* sceneCamera() const { return snapshot.sceneCamera(); }
+
 private:
     /// An opaque item and how it is to be drawn: where shadows can fall on a part of it only,
     /// twice.

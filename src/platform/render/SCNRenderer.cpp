@@ -2,9 +2,9 @@
 #include "platform/render/SCNRenderer.h"
 
 #include "platform/foundation/Check.h"
-#include "platform/foundation/Console.h"
 #include "platform/render/Context.h"
 #include "platform/render/DepthOfField.h"
+#include "platform/render/DepthOfFieldPass.h"
 #include "platform/render/Fence.h"
 #include "platform/render/FrameDelivery.h"
 #include "platform/render/FrameDrawer.h"
@@ -88,11 +88,12 @@ struct SCNRenderer::State {
     }
 
     void ensureTargets(Slot& slot, Size size);
-    void tellOfDepthOfField(const scene::SCNNode* pointOfView, int outputHeight);
+    void blurWhatIsOutOfFocus(Slot& slot);
 
     std::unique_ptr<HeadlessContext> context; // first in, last out: all below lives in it
     DeviceInfo device;
     FrameDrawer drawer;
+    DepthOfFieldPass depthOfField;
     TechniquePasses techniques;
     std::unique_ptr<FrameDelivery> delivery;
     TextureHandle depth; ///< shared: the frames are drawn one after the other
@@ -102,7 +103,6 @@ struct SCNRenderer::State {
     std::size_t finished = 0;
     FrameTimes times;
     double (*stopwatch)() = noTime;
-    bool hasSaidDepthOfField = false;
 };
 
 void SCNRenderer::State::ensureTargets(Slot& slot, Size size) {
@@ -124,13 +124,15 @@ void SCNRenderer::State::ensureTargets(Slot& slot, Size size) {
     glNamedFramebufferTexture(name, GL_DEPTH_ATTACHMENT, depth.name(), 0);
 }
 
-void SCNRenderer::State::tellOfDepthOfField(const scene::SCNNode* pointOfView, int outputHeight) {
-    const bool isWanted = pointOfView != nullptr && pointOfView->camera &&
-                          needsDepthOfField(*pointOfView->camera, outputHeight);
-    if (!isWanted || hasSaidDepthOfField)
+void SCNRenderer::State::blurWhatIsOutOfFocus(Slot& slot) {
+    const scene::SCNCamera* camera = drawer.sceneCamera();
+    if (camera == nullptr || !needsDepthOfField(*camera, slot.frame.outputSize.height))
         return;
-    hasSaidDepthOfField = true;
-    foundation::logLine("depth of field that can be seen is not drawn: everything stays sharp");
+    depthOfField.draw(
+        *camera,
+        {slot.color.name(), depth.name(), slot.framebuffer.name(), slot.frame.drawnSize},
+        drawer.graphicsState(),
+        slot.uniforms);
 }
 
 foundation::Result<std::unique_ptr<SCNRenderer>> SCNRenderer::make(Downscaling downscaling) {
@@ -176,6 +178,7 @@ void SCNRenderer::begin(const FrameRequest& request) {
         request.format};
     state->drawer.draw(
         *drawn, pointOfView.get(), {slot.framebuffer.name(), drawnSize}, slot.uniforms);
+    state->blurWhatIsOutOfFocus(slot);
     if (technique)
         state->techniques.draw(
             *technique,
@@ -185,7 +188,6 @@ void SCNRenderer::begin(const FrameRequest& request) {
     state->delivery->queue(slot.frame, state->drawer.graphicsState(), slot.uniforms);
     slot.done.set();
     glFlush();
-    state->tellOfDepthOfField(pointOfView.get(), request.outputSize.height);
     ++state->begun;
     if (delegate != nullptr)
         delegate->rendererDidRenderScene(*this, *drawn, request.time);

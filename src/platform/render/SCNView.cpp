@@ -2,6 +2,8 @@
 #include "platform/render/SCNView.h"
 
 #include "platform/foundation/Check.h"
+#include "platform/render/DepthOfField.h"
+#include "platform/render/DepthOfFieldPass.h"
 #include "platform/render/Fence.h"
 #include "platform/render/FrameDrawer.h"
 #include "platform/render/TechniquePasses.h"
@@ -97,6 +99,7 @@ struct SCNView::State {
 
     DeviceInfo device;
     FrameDrawer drawer;
+    DepthOfFieldPass depthOfField;
     TechniquePasses techniques;
     Canvas canvas;
     std::array<FrameMemory, kFrames> frames;
@@ -154,6 +157,17 @@ void SCNView::draw(const ViewTarget& target) {
         pointOfView.get(),
         {state->canvas.framebuffer.name(), state->canvas.size},
         frame.uniforms);
+    const scene::SCNCamera* camera = state->drawer.sceneCamera();
+    if (camera != nullptr && needsDepthOfField(*camera, target.size.height)) {
+        state->depthOfField.draw(
+            *camera,
+            {state->canvas.color.name(),
+             state->canvas.depth.name(),
+             state->canvas.framebuffer.name(),
+             state->canvas.size},
+            state->drawer.graphicsState(),
+            frame.uniforms);
+    }
     if (technique) {
         state->techniques.draw(
             *technique,

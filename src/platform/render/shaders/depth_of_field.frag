@@ -1,0 +1,41 @@
+// Gathers, for each pixel, the circles of confusion that reach it. Circles of what is nearer spread over what is sharp;
+// those of what is farther end at the edge of what stands before it.
+layout(location = 0) out vec4 oColor;
+layout(binding = UNIT_PICTURE) uniform sampler2D uPicture;
+layout(binding = UNIT_DEPTH) uniform sampler2D uDepth;
+
+// frame: x near times far plane, y far minus near, z near, w the widest radius that is drawn, pixels
+// cameraPosition: x radius of what is infinitely far, pixels; y focus distance
+
+const int kTaps = 64;
+const float kGoldenAngle = 2.39996323;
+
+float distanceAt(ivec2 p) { return frame.x / (texelFetch(uDepth, p, 0).r * frame.y + frame.z); }
+float radiusAt(float d) { return min(cameraPosition.x * abs(d - cameraPosition.y) / d, frame.w); }
+
+// The mean over a disc is taken in linear light, approximated by the square of the encoded value.
+vec3 squared(ivec2 p) {
+    vec3 c = texelFetch(uPicture, p, 0).rgb;
+    return c * c;
+}
+
+void main() {
+    ivec2 here = ivec2(gl_FragCoord.xy);
+    ivec2 last = textureSize(uPicture, 0) - 1;
+    float middle = distanceAt(here);
+    float ownRadius = radiusAt(middle);
+    vec3 sum = squared(here);
+    float weights = 1.0;
+    // Vogel 1979: points of a sunflower cover a disc evenly.
+    for (int i = 0; i < kTaps; ++i) {
+        float reach = frame.w * sqrt((float(i) + 0.5) / float(kTaps));
+        float angle = float(i) * kGoldenAngle;
+        ivec2 p = clamp(here + ivec2(round(reach * vec2(cos(angle), sin(angle)))), ivec2(0), last);
+        float d = distanceAt(p);
+        float radius = d > middle ? min(radiusAt(d), ownRadius) : radiusAt(d);
+        float weight = clamp(radius - reach + 0.5, 0.0, 1.0);
+        sum += weight * squared(p);
+        weights += weight;
+    }
+    oColor = vec4(sqrt(sum / weights), 1.0);
+}
