@@ -142,9 +142,17 @@ optionsFor(const StripCommand& command, const core::Model& model) {
     return optionsForTap(command.size, std::move(*tap));
 }
 
+/// The user's folders but for the settings: a movie depends on its performance and seed alone, and
+/// commands that run side by side must not read each other's marks.
+[[nodiscard]] foundation::Folders foldersWithoutSettings(const TemporaryFolder& temporary) {
+    auto folders = foundation::Folders::standard();
+    folders.config = temporary.path();
+    return folders;
+}
+
 /// The folders of a command that leaves nothing but what it was asked for.
 [[nodiscard]] foundation::Folders foldersIn(const TemporaryFolder& temporary) {
-    auto folders = foundation::Folders::standard();
+    auto folders = foldersWithoutSettings(temporary);
     folders.documents = temporary.path();
     return folders;
 }
@@ -169,7 +177,7 @@ int run(const PerformCommand& command) {
     return carryOut(
         {.file = command.file,
          .seed = command.seed,
-         .folders = goesToLibrary ? foundation::Folders::standard() : foldersIn(*temporary),
+         .folders = goesToLibrary ? foldersWithoutSettings(*temporary) : foldersIn(*temporary),
          .options = [&](core::Model& model) -> foundation::Result<movie::MovieOptions> {
              return optionsFor(command, model.duration());
          },

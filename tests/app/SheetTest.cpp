@@ -126,6 +126,27 @@ TEST(Strip, SaysInOneLineWhatIsWrongWithItsMoments) {
     }
 }
 
+TEST(Strip, DependsOnNothingThatEarlierRunsLeft) {
+    const Program program;
+    const std::string file = program.write("bevel.json", R"({"duration": 2, "scene": "Plain",
+        "nodes": {"TX1": {"text": "B", "font": "Bungee-Regular", "bevel": 4, "fill": "outer"}},
+        "cues": [{"at": 0, "tab": "IN1", "press": "Left In"}]})");
+    const auto strip = [&] {
+        const std::string out = program.path("strip.png");
+        const Ending made = program.run(
+            {"strip", file, "--from", "1", "--to", "1.5", "--count", "2", "--out", out});
+        EXPECT_EQ(made.status, 0) << made.err;
+        return contentOf(out);
+    };
+    const auto fresh = strip();
+    // As if a run had been killed while it built letters.
+    std::filesystem::create_directories(program.home() / "zelvo");
+    program.write(
+        "zelvo/defaults.json",
+        R"({"CorruptFontNames": ["Bungee-Regular"], "PotentialCorruptFontName": "Abel-Regular"})");
+    EXPECT_TRUE(strip() == fresh);
+}
+
 /// The names of `zelvo list`, one a tile.
 [[nodiscard]] std::vector<std::string> namesOf(const Program& program, const std::string& kind) {
     std::istringstream lines(program.run({"list", kind}).out);
