@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "core/node/DefaultSCNNode.h"
 #include "look/environments/SceneManager.h"
+#include "platform/foundation/Folders.h"
 #include "platform/image/Image.h"
+#include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
+
+#include <fstream>
 
 namespace zelvo::look {
 namespace {
@@ -186,6 +190,35 @@ TEST_F(EnvironmentTest, KeepLampsThatAreNotTheColours) {
     EXPECT_NE(nodeOf(*space, "light1")->light->color, kRed);
     EXPECT_EQ(nodeOf(*space, "light1")->light->categoryBitMask, 2U);
     EXPECT_EQ(nodeOf(*environment(ancient), "plane")->categoryBitMask, 2U);
+}
+
+TEST_F(EnvironmentTest, TakeTheColourWithoutTheNodesOfTheirRecipes) {
+    const test::TemporaryFolder folder;
+    for (const char* const file :
+         {"Plain",
+          "AncientScene",
+          "Backlight",
+          "StageScene",
+          "SpaceBox",
+          "Brilliance",
+          "Subtle",
+          "Flares"}) {
+        std::ofstream(folder.path() / (std::string(file) + ".scn"))
+            << R"({"nodes": [{"name": "omni1"}, {"name": "bystander"}]})";
+    }
+    const foundation::Bundle whole = foundation::mainBundle();
+    std::vector<std::filesystem::path> roots = whole.roots();
+    roots.insert(roots.begin(), folder.path());
+    foundation::setMainBundle(foundation::Bundle(roots));
+    for (int index = 0; index < kCount; ++index) {
+        const SNEPtr one = environment(index);
+        one->setBackground(kGreen);
+        runLoop.drain();
+        EXPECT_EQ(one->backgroundColor(), kGreen);
+        EXPECT_TRUE(index <= 3 || nodeOf(*one, "bystander"))
+            << SceneManager::sceneNames.at(static_cast<std::size_t>(index));
+    }
+    foundation::setMainBundle(whole);
 }
 
 TEST_F(EnvironmentTest, TintCubesFaceByFace) {
