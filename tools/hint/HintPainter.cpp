@@ -69,9 +69,9 @@ const char* captionOf(Act act) {
 
 } // namespace
 
-HintPainter::HintPainter(std::vector<std::string> buttonLabels, const QString& fontFamily)
+HintPainter::HintPainter(std::vector<std::string> buttonLabels, QString fontFamily)
     : labels(std::move(buttonLabels))
-    , family(fontFamily) {}
+    , family(std::move(fontFamily)) {}
 
 void HintPainter::paint(QImage& picture, const Moment& moment) const {
     QPainter painter(&picture);

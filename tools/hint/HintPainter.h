@@ -20,7 +20,7 @@ public:
     static constexpr int kHeight = 360;
 
     /// `labels` stand on the catalogue's buttons. Needs a QGuiApplication.
-    HintPainter(std::vector<std::string> labels, const QString& fontFamily);
+    HintPainter(std::vector<std::string> labels, QString fontFamily);
 
     /// Paints over the stage's picture of that moment, which is kWidth x kHeight.
     void paint(QImage& picture, const Moment& moment) const;

@@ -10,6 +10,7 @@ FocusScope {
     required property var controller
 
     focus: true
+    Component.onDestruction: player.stop() // before the picture goes
     Keys.onEscapePressed: controller.isSharing ? controller.share() : controller.dismissController()
     Keys.onSpacePressed: controller.togglePlaying()
     Keys.onLeftPressed: player.setPosition(Math.max(0, player.position - 1000))
@@ -111,7 +112,7 @@ FocusScope {
         id: player
 
         source: root.controller.movieUrl
-        videoOutput: output
+        videoOutput: colors
         audioOutput: AudioOutput {}
         onErrorOccurred: (error, text) => root.controller.playbackFailed(text)
         onMediaStatusChanged: {
@@ -120,6 +121,11 @@ FocusScope {
             else if (mediaStatus === MediaPlayer.EndOfMedia)
                 root.controller.reachedEnd();
         }
+    }
+    TrueColorSink {
+        id: colors
+
+        target: output.videoSink
     }
     Connections {
         target: root.controller

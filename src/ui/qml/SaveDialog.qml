@@ -5,6 +5,7 @@ import QtQuick.Dialogs
 FileDialog {
     title: "Save a Copy"
     fileMode: FileDialog.SaveFile
+    acceptLabel: "Save"
     defaultSuffix: "mov"
     nameFilters: ["QuickTime movies (*.mov)"]
 }

@@ -2,6 +2,7 @@
 #include "ui/qml/Views.h"
 
 #include "ui/controls/Theme.h"
+#include "ui/qml/TrueColorSink.h"
 
 #include <QLoggingCategory>
 #include <QQmlEngine>
@@ -33,6 +34,7 @@ void installViews() {
     static Theme theme;
     QQmlEngine::setObjectOwnership(&theme, QQmlEngine::CppOwnership);
     qmlRegisterSingletonInstance("Zelvo", 1, 0, "Theme", &theme);
+    qmlRegisterType<TrueColorSink>("Zelvo", 1, 0, "TrueColorSink");
 }
 
 } // namespace zelvo::ui

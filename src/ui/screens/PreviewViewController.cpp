@@ -21,6 +21,17 @@ QString shown(const std::filesystem::path& path) {
     return QString::fromStdString(path.string());
 }
 
+std::error_code copyMovie(const std::filesystem::path& from, const std::filesystem::path& to) {
+    std::error_code error;
+    std::filesystem::copy_file(from, to, std::filesystem::copy_options::overwrite_existing, error);
+    return error;
+}
+
+void tell(Alerts& alerts, const std::filesystem::path& file, const std::error_code& error) {
+    alerts.showAlert(
+        "Error", fmt::format("{} was not written: {}", file.string(), error.message()));
+}
+
 } // namespace
 
 PreviewViewController::PreviewViewController(
@@ -44,7 +55,7 @@ void PreviewViewController::setSavedCopy(const std::filesystem::path& copy) {
     Q_EMIT placeChanged();
 }
 
-QString PreviewViewController::timeText(double milliseconds) const {
+QString PreviewViewController::timeText(double milliseconds) {
     return QString::fromStdString(formatTime(milliseconds / 1000));
 }
 
@@ -113,19 +124,19 @@ void PreviewViewController::saveCopy(const QUrl& target) {
     if (to.empty())
         return;
     copying->async([this, to, from = moviePath, guard = std::weak_ptr(alive), given = services] {
-        std::error_code error;
-        std::filesystem::copy_file(
-            from, to, std::filesystem::copy_options::overwrite_existing, error);
+        const std::error_code error = copyMovie(from, to);
         given.runLoop.post([this, to, error, guard, given] {
-            if (error) {
-                given.alerts.showAlert(
-                    "Error", fmt::format("{} was not written: {}", to.string(), error.message()));
-            } else if (!guard.expired()) {
-                setSavedCopy(to);
-                signals().messageSignal.fire("Copy saved");
-            }
+            if (error)
+                tell(given.alerts, to, error);
+            else if (!guard.expired())
+                copied(to);
         });
     });
+}
+
+void PreviewViewController::copied(const std::filesystem::path& to) {
+    setSavedCopy(to);
+    signals().messageSignal.fire("Copy saved");
 }
 
 void PreviewViewController::dismissController() {

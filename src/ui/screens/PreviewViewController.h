@@ -49,7 +49,7 @@ public:
     [[nodiscard]] bool isSharing() const { return isSharing_; }
 
     /// A time of the player, given in milliseconds.
-    Q_INVOKABLE [[nodiscard]] QString timeText(double milliseconds) const;
+    Q_INVOKABLE [[nodiscard]] static QString timeText(double milliseconds);
     Q_INVOKABLE void togglePlaying();
     /// The view has come to the movie's end.
     Q_INVOKABLE void reachedEnd();
@@ -75,6 +75,7 @@ private:
     void setPlaying(bool plays);
     void endSharing();
     void open(const std::filesystem::path& what);
+    void copied(const std::filesystem::path& to);
 
     Services services;
     Sharing desk;

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ScreensFixture.h"
+#include "ui/qml/TrueColorSink.h"
 #include "ui/screens/PreviewViewController.h"
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <fstream>
 #include <sstream>
 
@@ -105,6 +107,57 @@ TEST_F(PreviewTest, AsksForAReviewOnceTheScreenHasGone) {
     EXPECT_EQ(reviews, 0);
     loop().runFor(0.002);
     EXPECT_EQ(reviews, 1);
+}
+
+/// A picture of 4 x 2 pixels in one colour, as a player hands it out.
+QVideoFrame pictureOf(
+    std::array<int, 3> yuv,
+    QVideoFrameFormat::PixelFormat layout,
+    QVideoFrameFormat::ColorSpace space = QVideoFrameFormat::ColorSpace_BT709) {
+    QVideoFrameFormat format({4, 2}, layout);
+    format.setColorSpace(space);
+    QVideoFrame frame(format);
+    frame.map(QVideoFrame::WriteOnly);
+    for (int plane = 0; plane < frame.planeCount(); ++plane) {
+        for (int i = 0; i < frame.mappedBytes(plane); ++i) {
+            const bool isSecondOfTwo = frame.planeCount() == 2 && plane == 1 && i % 2 == 1;
+            frame.bits(plane)[i] = static_cast<uchar>(
+                yuv.at(static_cast<std::size_t>(plane) + (isSecondOfTwo ? 1 : 0)));
+        }
+    }
+    frame.unmap();
+    return frame;
+}
+
+TEST_F(PreviewTest, TheColourBarsOfTheStandardComeOutAsTheyAre) {
+    struct Bar {
+        std::array<int, 3> yuv; // 8 bits, BT.709
+        std::array<int, 3> rgb;
+    };
+
+    for (const auto layout : {QVideoFrameFormat::Format_YUV420P, QVideoFrameFormat::Format_NV12}) {
+        for (const Bar& bar : {
+                 Bar{{235, 128, 128}, {255, 255, 255}},
+                 Bar{{219, 16, 138},  {255, 255, 0}  },
+                 Bar{{188, 154, 16},  {0, 255, 255}  },
+                 Bar{{173, 42, 26},   {0, 255, 0}    },
+                 Bar{{78, 214, 230},  {255, 0, 255}  },
+                 Bar{{63, 102, 240},  {255, 0, 0}    },
+                 Bar{{32, 240, 118},  {0, 0, 255}    },
+                 Bar{{16, 128, 128},  {0, 0, 0}      },
+        }) {
+            QVideoFrame shown = ui::withTrueColors(pictureOf(bar.yuv, layout));
+            ASSERT_TRUE(shown.map(QVideoFrame::ReadOnly));
+            const int lastPixel = shown.bytesPerLine(0) + 4 * 3;
+            for (int c = 0; c < 3; ++c) {
+                EXPECT_NEAR(
+                    shown.bits(0)[lastPixel + c], bar.rgb.at(static_cast<std::size_t>(c)), 3);
+            }
+        }
+    }
+    const QVideoFrame foreign = pictureOf(
+        {63, 102, 240}, QVideoFrameFormat::Format_YUV420P, QVideoFrameFormat::ColorSpace_BT601);
+    EXPECT_EQ(ui::withTrueColors(foreign), foreign) << "others are left to the toolkit";
 }
 
 } // namespace
