@@ -165,7 +165,8 @@ TEST(Strip, DependsOnNothingThatEarlierRunsLeft) {
         int sum = 0;
         for (int j = 0; j < kTimes * kTimes; ++j) {
             const int column = kTimes * x + j % kTimes, row = kTimes * y + j / kTimes;
-            sum += pixels[static_cast<std::size_t>(4 * (row * width + column) + channel)];
+            const int at = 4 * (row * width + column) + channel;
+            sum += pixels[static_cast<std::size_t>(at)];
         }
         small.pixels[static_cast<std::size_t>(i)] =
             static_cast<std::uint8_t>(sum / (kTimes * kTimes));
@@ -252,7 +253,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(Sheet, SaysWhereItCannotBeWritten) {
     const Program program;
-    const Ending ending = program.run({"sheet", "scenes", "--out", program.path("no/sheet.png")});
+    const Ending ending = program.run({"sheet", "masks", "--out", program.path("no/sheet.png")});
     EXPECT_EQ(ending.status, 1);
     EXPECT_NE(ending.err.find("no/sheet.png"), std::string::npos) << ending.err;
     EXPECT_EQ(program.run({"sheet", "tabs", "--out", "a.png"}).status, 2);
