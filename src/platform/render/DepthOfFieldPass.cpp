@@ -36,7 +36,8 @@ void DepthOfFieldPass::draw(
     const Picture& picture,
     GraphicsState& state,
     UniformArena& uniforms) {
-    ensureReady(picture.size, state);
+    ensureTools();
+    ensureSize(picture.size, state);
     uniforms.bind(state, kFrameBinding, lensOf(camera, picture.size));
     state.set(
         {.depthTest = DepthTest::off, .depthWrite = DepthWrite::off, .culling = Culling::none});
@@ -62,22 +63,26 @@ void DepthOfFieldPass::draw(
     state.bindFramebuffer(picture.framebuffer, size);
 }
 
-void DepthOfFieldPass::ensureReady(Size wanted, GraphicsState& state) {
+void DepthOfFieldPass::ensureTools() {
+    if (program)
+        return;
+    auto built = buildProgram({"technique.vert", "depth_of_field.frag"});
+    CHECK(built.has_value(), "{}", built.error().message);
+    program = std::move(*built);
     GLuint name = 0;
-    if (!program) {
-        auto built = buildProgram({"technique.vert", "depth_of_field.frag"});
-        CHECK(built.has_value(), "{}", built.error().message);
-        program = std::move(*built);
-        glCreateVertexArrays(1, &name);
-        noVertices = VertexArrayHandle(name);
-        glCreateSamplers(1, &name);
-        nearest = SamplerHandle(name);
-        glSamplerParameteri(name, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
-        glSamplerParameteri(name, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
-    }
+    glCreateVertexArrays(1, &name);
+    noVertices = VertexArrayHandle(name);
+    glCreateSamplers(1, &name);
+    nearest = SamplerHandle(name);
+    glSamplerParameteri(name, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+    glSamplerParameteri(name, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
+}
+
+void DepthOfFieldPass::ensureSize(Size wanted, GraphicsState& state) {
     if (size == wanted)
         return;
     state.forgetBindings();
+    GLuint name = 0;
     glCreateTextures(GL_TEXTURE_2D, 1, &name);
     blurred = TextureHandle(name);
     glTextureStorage2D(name, 1, GL_RGBA8, wanted.width, wanted.height);

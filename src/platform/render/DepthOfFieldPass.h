@@ -28,7 +28,8 @@ public:
         UniformArena& uniforms);
 
 private:
-    void ensureReady(Size wanted, GraphicsState& state);
+    void ensureTools();
+    void ensureSize(Size wanted, GraphicsState& state);
 
     ProgramHandle program;
     VertexArrayHandle noVertices;
