@@ -70,7 +70,7 @@ void TrueColorSink::setTarget(QVideoSink* sink) {
     Q_EMIT targetChanged();
 }
 
-void TrueColorSink::pass(const QVideoFrame& frame) {
+void TrueColorSink::pass(const QVideoFrame& frame) const {
     if (QVideoSink* const sink = target(); sink != nullptr)
         sink->setVideoFrame(withTrueColors(frame));
 }

@@ -31,7 +31,7 @@ Q_SIGNALS:
     void targetChanged();
 
 private:
-    void pass(const QVideoFrame& frame);
+    void pass(const QVideoFrame& frame) const;
 
     mutable std::mutex mutex; ///< guards target_
     QVideoSink* target_ = nullptr;
