@@ -17,10 +17,13 @@ namespace {
 
 constexpr std::string_view kDescription =
     "Makes short three-dimensional title movies from a performance: a stage of two texts, and the\n"
-    "buttons that are pressed on it while the clock runs.";
+    "buttons that are pressed on it while the clock runs. Without a command a window opens, in "
+    "which\n"
+    "one performs by hand.";
 
 constexpr std::string_view kFooter =
     "Examples:\n"
+    "  zelvo\n"
     "  zelvo perform night.json --movie night.mov\n"
     "  zelvo frame night.json --at 2.5 --out still.png --size 1280x720\n"
     "  zelvo strip night.json --from 0 --to 2 --count 8 --out strip.png\n"
@@ -28,7 +31,8 @@ constexpr std::string_view kFooter =
     "  zelvo list buttons\n"
     "\n"
     "Exit status:\n"
-    "  0 done; 1 the export failed; 2 the command line or a file it names is wrong;\n"
+    "  0 done; 1 the export failed, or no window could be opened; 2 the command line or a file it "
+    "names is wrong;\n"
     "  130 or 143 stopped by SIGINT or SIGTERM.";
 
 constexpr std::string_view kPerformFooter =
@@ -245,6 +249,12 @@ void addList(CLI::App& app, ListCommand& options) {
         [&options](const ListingName& row) { options.what = row.what; });
 }
 
+void addFiles(CLI::App& app, std::vector<std::filesystem::path>& files) {
+    app.add_option("FILES", files, "Files to open in the window")
+        ->check(CLI::ExistingPath.description(""))
+        ->type_name("");
+}
+
 [[nodiscard]] std::string oneLine(std::string text) {
     std::ranges::replace(text, '\n', ' ');
     return text;
@@ -262,6 +272,8 @@ foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments)
     StripCommand strip;
     SheetCommand sheet;
     ListCommand list;
+    WindowCommand window;
+    addFiles(app, window.files);
     addPerform(app, perform);
     addFrame(app, frame);
     addStrip(app, strip);
@@ -290,7 +302,7 @@ foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments)
         return sheet;
     if (app.got_subcommand("list"))
         return list;
-    return TextCommand{app.help()};
+    return window;
 }
 
 } // namespace zelvo::app

@@ -73,13 +73,24 @@ struct ListCommand {
     Listing what = Listing::tabs;
 };
 
+/// zelvo without a command: the application's window.
+struct WindowCommand {
+    std::vector<std::filesystem::path> files; ///< to be opened, as the file manager would
+};
+
 /// --help, --version: a text to print.
 struct TextCommand {
     std::string text;
 };
 
-using Command = std::
-    variant<PerformCommand, FrameCommand, StripCommand, SheetCommand, ListCommand, TextCommand>;
+using Command = std::variant<
+    PerformCommand,
+    FrameCommand,
+    StripCommand,
+    SheetCommand,
+    ListCommand,
+    WindowCommand,
+    TextCommand>;
 
 /// What the arguments (without the program's name) ask for. The error is one line.
 [[nodiscard]] foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments);

@@ -9,7 +9,7 @@ namespace zelvo::app {
 /// number.
 struct ExitStatus {
     static constexpr int kDone = 0;
-    static constexpr int kFailed = 1; ///< the export
+    static constexpr int kFailed = 1; ///< the export, or the window
     static constexpr int kWrong = 2;  ///< the command line, or a file it names
     static constexpr int kStopped = 128;
 };
@@ -20,6 +20,7 @@ struct ExitStatus {
 [[nodiscard]] int run(const StripCommand& command);
 [[nodiscard]] int run(const SheetCommand& command);
 [[nodiscard]] int run(const ListCommand& command);
+[[nodiscard]] int run(const WindowCommand& command);
 [[nodiscard]] int run(const TextCommand& command);
 
 /// The whole program: parses the arguments (without the program's name) and runs what they ask for.

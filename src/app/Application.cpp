@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "app/Application.h"
+
+#include "app/Commands.h"
+#include "app/Stopwatch.h"
+#include "content/FontManager.h"
+#include "export/RendererFrames.h"
+#include "platform/foundation/Console.h"
+#include "platform/foundation/Random.h"
+#include "platform/media/AVAudioSession.h"
+#include "platform/media/AudioOutput.h"
+#include "ui/main/StageItem.h"
+#include "ui/qml/Views.h"
+
+#include <QGuiApplication>
+#include <QQuickWindow>
+#include <QScreen>
+#include <QSurfaceFormat>
+
+#include <cstdlib>
+#include <random>
+#include <string>
+
+namespace zelvo::app {
+
+namespace {
+
+constexpr const char* kWindowKey = "WindowPlace"; ///< x, y, width, height, "window" or "full"
+constexpr int kLeastWidth = 960;
+constexpr int kLeastHeight = 540;
+
+/// Without sound the program goes on.
+[[nodiscard]] bool activateSound() {
+    using media::AVAudioSession;
+    auto session = AVAudioSession::setCategory(
+        AVAudioSession::kCategoryPlayback, AVAudioSession::kModeDefault);
+    if (session)
+        session = AVAudioSession::activate();
+    if (!session)
+        foundation::logLine("AudioSession Error: " + session.error().message);
+    return session.has_value();
+}
+
+[[nodiscard]] QRect placeFrom(const std::vector<std::string>& kept) {
+    if (kept.size() != 5)
+        return {};
+    const auto number = [&kept](std::size_t i) { return QString::fromStdString(kept[i]).toInt(); };
+    return {number(0), number(1), number(2), number(3)};
+}
+
+} // namespace
+
+Application::Application(const foundation::Folders& folders)
+    : defaults(folders.config / "defaults.json")
+    , nodes(surroundings())
+    , model_(modelServices(folders))
+    , hasSound(activateSound())
+    , main({model_, runLoop_, defaults, alerts}) {
+    foundation::seedRandom(std::random_device{}());
+    ui::installViews();
+    ui::installStageItem();
+    engine.setInitialProperties({
+        {"main", QVariant::fromValue<QObject*>(&main)}
+    });
+    engine.load(QUrl("qrc:/zelvo/Main.qml"));
+    if (QQuickWindow* shown = window())
+        main.visualizer.watch(shown);
+}
+
+Application::~Application() {
+    keepWindowPlace();
+}
+
+core::Surroundings Application::surroundings() {
+    content::FontManager(fonts).registerBuiltIns(foundation::mainBundle());
+    return {
+        &fonts,
+        &defaults,
+        &runLoop_,
+        [this](const std::string& title, const std::string& message) {
+            alerts.showAlert(title, message);
+        },
+        core::DeviceIdiom::tablet};
+}
+
+core::ModelServices Application::modelServices(const foundation::Folders& folders) {
+    return {
+        .runLoop = runLoop_,
+        .nodes = nodes,
+        .folders = folders,
+        .makeFrames = [] { return movie::makeRendererFrames(&stopwatchSeconds); },
+        .makeAudioOutput = &media::makeSystemAudioOutput,
+        .showAlert =
+            [this](const std::string& title, const std::string& message) {
+                alerts.showAlert(title, message);
+            }};
+}
+
+QQuickWindow* Application::window() const {
+    const auto roots = engine.rootObjects();
+    return roots.isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(roots.first());
+}
+
+void Application::show() {
+    QQuickWindow* shown = window();
+    if (shown == nullptr)
+        return;
+    const auto kept = defaults.strings(kWindowKey).value_or(std::vector<std::string>{});
+    const QRect place = placeFrom(kept);
+    const bool isVisible = QGuiApplication::screenAt(place.center()) != nullptr;
+    if (isVisible && place.width() >= kLeastWidth && place.height() >= kLeastHeight)
+        shown->setGeometry(place);
+    if (!kept.empty() && kept.back() == "full") {
+        shown->showFullScreen();
+    } else {
+        shown->show();
+    }
+}
+
+void Application::keepWindowPlace() {
+    const QQuickWindow* shown = window();
+    if (shown == nullptr)
+        return;
+    const QRect place = shown->geometry();
+    const bool isFull = shown->windowState() == Qt::WindowFullScreen;
+    if (isFull) { // the place it goes back to is not known: only that it is full
+        defaults.set(kWindowKey, std::vector<std::string>{"full"});
+        return;
+    }
+    defaults.set(
+        kWindowKey,
+        std::vector<std::string>{
+            std::to_string(place.x()),
+            std::to_string(place.y()),
+            std::to_string(place.width()),
+            std::to_string(place.height()),
+            "window"});
+}
+
+void Application::open(const std::vector<std::filesystem::path>& files) {
+    for (const auto& file : files)
+        (void)main.openURL(QUrl::fromLocalFile(QString::fromStdString(file.string())));
+}
+
+void prepareGraphics() {
+    QSurfaceFormat format = QSurfaceFormat::defaultFormat();
+    format.setVersion(4, 5);
+    format.setProfile(QSurfaceFormat::CoreProfile);
+    QSurfaceFormat::setDefaultFormat(format);
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::OpenGL);
+}
+
+} // namespace zelvo::app

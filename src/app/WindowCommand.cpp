@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "app/Application.h"
+#include "app/Commands.h"
+#include "platform/foundation/Console.h"
+
+#include <QGuiApplication>
+#include <QQuickWindow>
+
+#include <cstdlib>
+
+namespace zelvo::app {
+
+namespace {
+
+[[noreturn]] void endWithoutWindow(const std::string& why) {
+    foundation::logLine("zelvo: " + why);
+    std::_Exit(ExitStatus::kFailed);
+}
+
+[[nodiscard]] bool hasDisplay() {
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
+/// Qt ends the process where the display cannot be reached; this says why in our words.
+void endAtFatal(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type != QtFatalMsg)
+        return;
+    const auto why = message.section('\n', 0, 0).toStdString();
+    endWithoutWindow("the window cannot be opened: " + why);
+}
+
+void endWithoutGraphics(const QString& why) {
+    endWithoutWindow(
+        "the window has no OpenGL 4.5, which the stage is drawn with (" + why.toStdString() +
+        "). Movies can still be made with zelvo perform.");
+}
+
+} // namespace
+
+int run(const WindowCommand& command) {
+    if (!hasDisplay()) {
+        endWithoutWindow(
+            "there is no display to open a window on. To make a movie without one, use zelvo "
+            "perform FILE (see zelvo --help).");
+    }
+    prepareGraphics();
+    int argumentCount = 1;
+    char name[] = "zelvo";
+    char* arguments[] = {name, nullptr};
+    const auto before = qInstallMessageHandler(&endAtFatal);
+    const QGuiApplication process(argumentCount, arguments);
+    qInstallMessageHandler(before);
+    QGuiApplication::setApplicationDisplayName("Zelvo");
+    QGuiApplication::setDesktopFileName("zelvo");
+
+    Application application(foundation::Folders::standard());
+    QQuickWindow* window = application.window();
+    if (window == nullptr)
+        endWithoutWindow("the views of the window are damaged; install the program anew");
+    QObject::connect(
+        window,
+        &QQuickWindow::sceneGraphError,
+        [](QQuickWindow::SceneGraphError, const QString& why) { endWithoutGraphics(why); });
+    QObject::connect(&application.main.stage, &ui::Stage::graphicsFailed, &endWithoutGraphics);
+    application.show();
+    application.open(command.files);
+    return QGuiApplication::exec();
+}
+
+} // namespace zelvo::app

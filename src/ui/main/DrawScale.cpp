@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/DrawScale.h"
+
+#include <algorithm>
+
+namespace zelvo::ui {
+
+namespace {
+
+constexpr double kStep = 0.85;    ///< a step is about a quarter of the pixels
+constexpr double kNewest = 0.15;  ///< weight of the newest frame in the mean
+constexpr int kBeforeFalling = 6; ///< frames; the first after a change make new pictures
+constexpr int kBeforeRising = 90;
+constexpr double kHangup = 0.25; ///< seconds: that was no drawing
+
+} // namespace
+
+void DrawScale::frameTook(double seconds) {
+    if (seconds > kHangup)
+        return;
+    ++frames;
+    mean = frames == 1 ? seconds : mean + (seconds - mean) * kNewest;
+    if (mean > kLongFrame && frames >= kBeforeFalling && scale > kLeast) {
+        most = std::max(scale * kStep, kLeast);
+        change(most);
+    } else if (mean < kShortFrame && frames >= kBeforeRising && scale < most) {
+        change(std::min(scale / kStep, most));
+    }
+}
+
+void DrawScale::change(double wanted) {
+    scale = wanted;
+    frames = 0;
+}
+
+} // namespace zelvo::ui

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/FileSystem.h"
+
+#include "ui/controls/Alerts.h"
+
+namespace zelvo::ui {
+
+bool FileSystem::open(const std::filesystem::path& file, Alerts& alerts) {
+    // Objects (archives) and fonts are what would be imported; neither import is built.
+    alerts.showAlert("Unsupported file.", file.filename().string());
+    return false;
+}
+
+} // namespace zelvo::ui

@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/MainViewController.h"
+
+#include "core/model/Model.h"
+#include "platform/foundation/Folders.h"
+#include "ui/controls/Alerts.h"
+#include "ui/main/FileSystem.h"
+#include "ui/menus/ActionsMenu.h"
+#include "ui/menus/VideoAlertViewController.h"
+#include "ui/screens/ExportViewController.h"
+#include "ui/screens/HistoryController.h"
+
+#include <utility>
+
+namespace zelvo::ui {
+
+namespace {
+
+constexpr double kTopHeight = 45;
+constexpr double kBottomHeight = 94;   ///< of a tablet, as which this screen counts
+constexpr double kHintShare = 1 / 1.5; ///< of the window's width
+constexpr double kHintAspect = 9.0 / 16;
+constexpr const char* kHintMovie = "HintRecordAction.mp4";
+
+} // namespace
+
+MainViewController::MainViewController(const Services& given)
+    : services(given)
+    , shareButton(
+          {.image = "Export", .name = tr("Export a movie"), .key = "Ctrl+E"},
+          [this] { shareAction(); })
+    , controlMenu(services)
+    , speedViewController(services)
+    , stage(services, *this)
+    , visualizer(services.runLoop)
+    , cameraGestures(services.model.actionController().gestures)
+    , valueLabel(services.runLoop)
+    , blurCover(services.runLoop) {
+    wire();
+    viewDidLoad();
+}
+
+MainViewController::~MainViewController() {
+    services.model.setSceneView(nullptr);
+}
+
+void MainViewController::wire() {
+    core::Model& model = services.model;
+    actions::ActionController& controller = model.actionController();
+    controlMenu.playAction = [toggle = posted([&model] { model.toggle(); })](bool) { toggle(); };
+    controlMenu.deleteAllActions = posted([&controller] { controller.deleteAll(); });
+    controlMenu.undoAction = posted([&controller] { controller.undo(); });
+    controlMenu.redoAction = posted([&controller] { controller.redo(); });
+    controlMenu.showHistoryAction = posted([this] { showHistory(); });
+    mainMenu.animClosure = posted([this] { showAnim(); });
+    mainMenu.layoutClosure = posted([this] { showLayouterMenu(); });
+}
+
+void MainViewController::viewDidLoad() {
+    services.model.setSceneView(&stage.view);
+    showLayouterMenu();
+    fade = services.runLoop.scheduleOnce(kFadeDelay, [this] { fadeScene(1, kFadeDuration); });
+}
+
+std::function<void()> MainViewController::posted(std::function<void()> call) const {
+    const std::weak_ptr<const bool> guard = alive;
+    return [&loop = services.runLoop, guard, call = std::move(call)] {
+        loop.post([guard, call] {
+            if (!guard.expired())
+                call();
+        });
+    };
+}
+
+void MainViewController::setPanel(QObject* controller, const char* view) {
+    const LaterPtr<QObject> old =
+        std::exchange(currentBottomViewController, LaterPtr<QObject>(controller));
+    panelView_ = QString::fromLatin1(view);
+    Q_EMIT panelChanged();
+}
+
+void MainViewController::showAnim() {
+    services.model.stop(core::Reset::toStart);
+    auto menu = std::make_unique<ActionsMenu>(services);
+    const std::weak_ptr<const bool> guard = alive;
+    menu->speedClosure = [this, guard](bool isShown) {
+        services.runLoop.post([this, guard, isShown] {
+            if (!guard.expired())
+                speedViewController.setHidden(!isShown);
+        });
+    };
+    setPanel(menu.release(), "ActionsMenu");
+    gestureDelegate = &cameraGestures;
+    setEditing(true);
+    mainMenu.light(MainMenu::Tab::animation);
+}
+
+void MainViewController::showLayouterMenu() {
+    services.model.stop(core::Reset::toStart);
+    gestureDelegate = nullptr;
+    setPanel(std::make_unique<QObject>().release(), "");
+    setEditing(false);
+    speedViewController.setHidden(true);
+    mainMenu.light(MainMenu::Tab::layout);
+}
+
+void MainViewController::setEditing(bool enabled) {
+    controlMenu.setButtonsEnabled(enabled);
+    shareButton.setEnabled(enabled);
+    Q_EMIT editingChanged();
+}
+
+void MainViewController::share() {
+    shareButton.click();
+}
+
+void MainViewController::shareAction() {
+    services.model.stop(core::Reset::toStart);
+    if (services.model.actionController().recordedActions().empty()) {
+        askForActions();
+    } else {
+        showExport();
+    }
+}
+
+void MainViewController::askForActions() {
+    services.alerts.show({
+        .title = "No recorded actions",
+        .message = "Before exporting a movie, you have to record at least one action.",
+        .actions =
+            {
+                      {.title = "Howto",
+                 .handler = [this] { showHint(); },
+                 .titleColor = QColor(0xC8, 0x8E, 0x01)},
+                      {.title = "OK", .role = AlertRole::cancel},
+                      },
+    });
+}
+
+void MainViewController::showHint() {
+    const auto movie = foundation::mainBundle().path(kHintMovie);
+    if (movie.empty())
+        return;
+    const double width = viewSize.width() * kHintShare;
+    hint_.reset(std::make_unique<VideoAlertViewController>(
+                    movie,
+                    QSizeF(width, width * kHintAspect),
+                    tr("Press the record button, then the buttons of the actions while the clock "
+                       "runs."))
+                    .release());
+    connect(hint_.get(), &VideoAlertViewController::dismissed, this, [this] {
+        const auto old = std::exchange(hint_, nullptr);
+        Q_EMIT hintChanged();
+    });
+    Q_EMIT hintChanged();
+}
+
+QObject* MainViewController::hint() const {
+    return hint_.get();
+}
+
+void MainViewController::present(QObject* controller, const char* view) {
+    const LaterPtr<QObject> old = std::exchange(screen_, LaterPtr<QObject>(controller));
+    screenView_ = QString::fromLatin1(view);
+    Q_EMIT screenChanged();
+}
+
+void MainViewController::dismissScreen() {
+    present(nullptr, "");
+}
+
+void MainViewController::showHistory() {
+    if (screen_)
+        return;
+    auto history = std::make_unique<HistoryController>(services);
+    connect(history.get(), &HistoryController::dismissed, this, &MainViewController::dismissScreen);
+    present(history.release(), "History");
+}
+
+void MainViewController::showExport() {
+    if (screen_)
+        return;
+    blurCover.show();
+    auto sheet = std::make_unique<ExportViewController>(services, blurCover);
+    connect(
+        sheet.get(), &ExportViewController::dismissed, this, &MainViewController::dismissScreen);
+    present(sheet.release(), "Export");
+}
+
+bool MainViewController::openURL(const QUrl& url) {
+    return FileSystem::open(url.toLocalFile().toStdString(), services.alerts);
+}
+
+void MainViewController::handlePinch(const PinchGesture& pinch) {
+    if (gestureDelegate != nullptr)
+        gestureDelegate->handlePinch(pinch);
+}
+
+void MainViewController::handlePan(const PanGesture& pan) {
+    if (gestureDelegate != nullptr)
+        gestureDelegate->handlePan(pan);
+}
+
+void MainViewController::handleTap(const TapGesture& tap) {
+    if (gestureDelegate != nullptr)
+        gestureDelegate->handleTap(tap);
+}
+
+void MainViewController::handleDoubleTap(const TapGesture& tap) {
+    if (gestureDelegate != nullptr)
+        gestureDelegate->handleDoubleTap(tap);
+}
+
+QObject* MainViewController::alertsObject() const {
+    return &services.alerts;
+}
+
+int MainViewController::sceneFadeMilliseconds() const {
+    return static_cast<int>(sceneFade * 1000);
+}
+
+void MainViewController::fadeScene(double alpha, double seconds) {
+    sceneFade = seconds;
+    sceneAlpha_ = alpha;
+    Q_EMIT sceneAlphaChanged();
+}
+
+double MainViewController::topHeight() {
+    return kTopHeight;
+}
+
+double MainViewController::bottomHeight() {
+    return kBottomHeight;
+}
+
+} // namespace zelvo::ui

@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/controls/GestureDelegate.h"
+#include "ui/controls/MyButton.h"
+#include "ui/controls/Services.h"
+#include "ui/controls/ValueLabel.h"
+#include "ui/main/CameraGestures.h"
+#include "ui/main/MainMenu.h"
+#include "ui/main/Stage.h"
+#include "ui/menus/ControlMenu.h"
+#include "ui/menus/SpeedViewController.h"
+#include "ui/screens/BlurCover.h"
+#include "ui/screens/Visualizer.h"
+
+#include <QObject>
+#include <QSizeF>
+#include <QString>
+#include <QUrl>
+
+#include <functional>
+#include <memory>
+
+namespace zelvo::ui {
+
+class VideoAlertViewController;
+
+/// The program's one lasting screen: the stage, the bar above it, and below it one of two panels,
+/// which are built anew on every switch. A switch stops a run.
+///
+///     ┌ mainMenu  controlMenu ─────────────────── shareButton ┐  topHeight
+///     │                        stage                          │
+///     │ speedViewController                                   │
+///     └ panel: LayouterMenu or ActionsMenu ───────────────────┘  bottomHeight
+///
+/// Screens lie over all of it, one at a time.
+class MainViewController final : public QObject, private GestureDelegate {
+    Q_OBJECT
+    Q_PROPERTY(QObject* mainMenu READ mainMenuObject CONSTANT)
+    Q_PROPERTY(QObject* controlMenu READ controlMenuObject CONSTANT)
+    Q_PROPERTY(QObject* speedViewController READ speedObject CONSTANT)
+    Q_PROPERTY(QObject* shareButton READ shareObject CONSTANT)
+    Q_PROPERTY(double shareAlpha READ shareAlpha NOTIFY editingChanged)
+    Q_PROPERTY(QObject* stage READ stageObject CONSTANT)
+    Q_PROPERTY(double sceneAlpha READ sceneAlpha NOTIFY sceneAlphaChanged)
+    Q_PROPERTY(int sceneFadeMilliseconds READ sceneFadeMilliseconds NOTIFY sceneAlphaChanged)
+    Q_PROPERTY(double topHeight READ topHeight CONSTANT)
+    Q_PROPERTY(double bottomHeight READ bottomHeight CONSTANT)
+    Q_PROPERTY(QObject* panel READ panel NOTIFY panelChanged)
+    Q_PROPERTY(QString panelView READ panelView NOTIFY panelChanged)
+    Q_PROPERTY(QObject* screen READ screen NOTIFY screenChanged)
+    Q_PROPERTY(QString screenView READ screenView NOTIFY screenChanged)
+    Q_PROPERTY(QObject* hint READ hint NOTIFY hintChanged)
+    Q_PROPERTY(QObject* alerts READ alertsObject CONSTANT)
+    Q_PROPERTY(QObject* valueLabel READ valueLabelObject CONSTANT)
+    Q_PROPERTY(QObject* blurCover READ blurCoverObject CONSTANT)
+    Q_PROPERTY(QObject* visualizer READ visualizerObject CONSTANT)
+
+public:
+    static constexpr double kFadeDelay = 0.8;    ///< seconds until the stage appears
+    static constexpr double kFadeDuration = 1.9; ///< seconds it takes to
+
+    explicit MainViewController(const Services& given);
+    ~MainViewController() override;
+    MainViewController(const MainViewController&) = delete;
+    MainViewController& operator=(const MainViewController&) = delete;
+
+private:
+    Services services; // before what is built from it
+
+public:
+    MyButton shareButton;
+    MainMenu mainMenu;
+    ControlMenu controlMenu;
+    SpeedViewController speedViewController;
+    Stage stage;
+    GestureDelegate* gestureDelegate = nullptr; ///< of the panel on show; null: gestures go nowhere
+
+    Q_INVOKABLE void showAnim();
+    Q_INVOKABLE void showLayouterMenu();
+    /// Opens the export screen, or tells what is missing. Nothing happens where the button is off.
+    Q_INVOKABLE void share();
+    void shareAction();
+    /// Recording and export are possible from the catalogue alone.
+    void setEditing(bool enabled);
+    /// Whether the program took the file.
+    Q_INVOKABLE bool openURL(const QUrl& url);
+
+    /// The window's size, device-independent pixels.
+    Q_INVOKABLE void setViewSize(QSizeF size) { viewSize = size; }
+
+    Q_INVOKABLE void toggleVisualizer() { visualizer.toggle(); }
+
+    [[nodiscard]] QObject* panel() const { return currentBottomViewController.get(); }
+
+    [[nodiscard]] QString panelView() const { return panelView_; }
+
+    [[nodiscard]] QObject* screen() const { return screen_.get(); }
+
+    [[nodiscard]] QString screenView() const { return screenView_; }
+
+    [[nodiscard]] QObject* hint() const;
+
+    [[nodiscard]] double shareAlpha() const { return shareButton.isEnabled() ? 1.0 : 0.1; }
+
+    /// What the stage's opacity goes to.
+    [[nodiscard]] double sceneAlpha() const { return sceneAlpha_; }
+
+    [[nodiscard]] int sceneFadeMilliseconds() const;
+    /// Brings the stage's opacity there within that many seconds.
+    void fadeScene(double alpha, double seconds);
+    [[nodiscard]] static double topHeight();
+    [[nodiscard]] static double bottomHeight();
+
+    [[nodiscard]] QObject* mainMenuObject() { return &mainMenu; }
+
+    [[nodiscard]] QObject* controlMenuObject() { return &controlMenu; }
+
+    [[nodiscard]] QObject* speedObject() { return &speedViewController; }
+
+    [[nodiscard]] QObject* shareObject() { return &shareButton; }
+
+    [[nodiscard]] QObject* stageObject() { return &stage; }
+
+    [[nodiscard]] QObject* alertsObject() const;
+
+    [[nodiscard]] QObject* valueLabelObject() { return &valueLabel; }
+
+    [[nodiscard]] QObject* blurCoverObject() { return &blurCover; }
+
+    [[nodiscard]] QObject* visualizerObject() { return &visualizer; }
+
+    Visualizer visualizer;
+
+Q_SIGNALS:
+    void panelChanged();
+    void screenChanged();
+    void hintChanged();
+    void editingChanged();
+    void sceneAlphaChanged();
+
+private:
+    // What lies under QML goes with the next turn of the loop, when no view shows it any more.
+    struct Later {
+        void operator()(QObject* object) const { object->deleteLater(); }
+    };
+    template <class T> using LaterPtr = std::unique_ptr<T, Later>;
+
+    void handlePinch(const PinchGesture& pinch) override;
+    void handlePan(const PanGesture& pan) override;
+    void handleTap(const TapGesture& tap) override;
+    void handleDoubleTap(const TapGesture& tap) override;
+
+    void wire();
+    void viewDidLoad();
+    void setPanel(QObject* controller, const char* view);
+    void present(QObject* controller, const char* view);
+    void dismissScreen();
+    void showHistory();
+    void showExport();
+    void askForActions();
+    void showHint();
+    /// Runs it with the next turn of the loop, unless this is gone by then.
+    [[nodiscard]] std::function<void()> posted(std::function<void()> call) const;
+
+    CameraGestures cameraGestures;
+    ValueLabel valueLabel;
+    BlurCover blurCover;
+    LaterPtr<QObject> currentBottomViewController;
+    QString panelView_;
+    LaterPtr<QObject> screen_;
+    QString screenView_;
+    LaterPtr<VideoAlertViewController> hint_;
+    QSizeF viewSize{1280, 720};
+    double sceneAlpha_ = 0;
+    double sceneFade = 0; ///< seconds
+    foundation::Timer fade;
+    std::shared_ptr<const bool> alive =
+        std::make_shared<const bool>(true); ///< queued calls may outlive this
+};
+
+} // namespace zelvo::ui

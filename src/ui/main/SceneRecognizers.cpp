@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/SceneRecognizers.h"
+
+#include <glm/geometric.hpp>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zelvo::ui {
+
+namespace {
+
+using actions::GestureState;
+
+constexpr float kLeastDistance = 1; ///< points: fingers on one spot have no ratio
+constexpr float kLeastScale = 0.01f;
+constexpr float kScaleADegree = 0.0125f; ///< a notch of the wheel, 15 degrees, is about a fifth
+/// Seconds that a change of the scale takes at least: two events of one moment are no infinite
+/// speed.
+constexpr double kLeastTime = 1.0 / 120;
+
+} // namespace
+
+SceneRecognizers::SceneRecognizers(foundation::RunLoop& loop, GestureDelegate& receiver)
+    : runLoop(loop)
+    , delegate(receiver) {}
+
+void SceneRecognizers::press(int finger, const glm::vec2& place) {
+    if (fingers.size() >= 2)
+        return;
+    fingers[finger] = place;
+    if (fingers.size() == 1) {
+        start = place;
+        mayBeTap = true;
+        return;
+    }
+    mayBeTap = false;
+    if (isPanning)
+        pan(GestureState::ended, place);
+    beginFingersPinch();
+}
+
+void SceneRecognizers::move(int finger, const glm::vec2& place) {
+    const auto found = fingers.find(finger);
+    if (found == fingers.end())
+        return;
+    found->second = place;
+    if (fingers.size() == 2) {
+        pinchPlace = fingersMiddle();
+        scaleTo(fingersDistance() / startDistance);
+        return;
+    }
+    if (isPanning) {
+        pan(GestureState::changed, place);
+    } else if (mayBeTap && glm::distance(place, start) >= kSlop) {
+        mayBeTap = false;
+        pan(GestureState::began, place);
+    }
+}
+
+void SceneRecognizers::release(int finger, const glm::vec2& place) {
+    if (fingers.erase(finger) == 0)
+        return;
+    if (isPinching)
+        endPinch();
+    if (isPanning)
+        pan(GestureState::ended, place);
+    if (mayBeTap)
+        tap(place);
+    mayBeTap = false;
+}
+
+void SceneRecognizers::cancel() {
+    fingers.clear();
+    mayBeTap = false;
+    if (isPinching)
+        endPinch();
+    if (isPanning)
+        pan(GestureState::cancelled, start);
+}
+
+void SceneRecognizers::beginPinch(const glm::vec2& place) {
+    if (isPanning)
+        pan(GestureState::ended, place);
+    mayBeTap = false;
+    scale = 1;
+    velocity = 0;
+    scaleTime = runLoop.now();
+    pinchPlace = place;
+    isPinching = true;
+    pinch(GestureState::began);
+}
+
+void SceneRecognizers::growPinch(float growth, const glm::vec2& place) {
+    if (!isPinching)
+        beginPinch(place);
+    pinchPlace = place;
+    scaleTo(scale * (1 + growth));
+}
+
+void SceneRecognizers::endPinch() {
+    if (!isPinching)
+        return;
+    wheelEnd.invalidate();
+    isPinching = false;
+    pinch(GestureState::ended);
+}
+
+void SceneRecognizers::turnWheel(float degrees, const glm::vec2& place) {
+    growPinch(std::exp(degrees * kScaleADegree) - 1, place);
+    wheelEnd = runLoop.scheduleOnce(kWheelPause, [this] { endPinch(); });
+}
+
+void SceneRecognizers::pan(GestureState state, const glm::vec2& place) {
+    isPanning = state == GestureState::began || state == GestureState::changed;
+    delegate.handlePan({state, place, viewSize});
+}
+
+void SceneRecognizers::pinch(GestureState state) {
+    delegate.handlePinch({state, scale, velocity, pinchPlace, viewSize});
+}
+
+void SceneRecognizers::scaleTo(float wanted) {
+    if (!isPinching)
+        return;
+    const float next = std::max(wanted, kLeastScale);
+    const double now = runLoop.now();
+    velocity = (next - scale) / static_cast<float>(std::max(now - scaleTime, kLeastTime));
+    scale = next;
+    scaleTime = now;
+    pinch(GestureState::changed);
+}
+
+void SceneRecognizers::tap(const glm::vec2& place) {
+    const double now = runLoop.now();
+    const bool isSecond = lastTap && now - lastTap->time <= kTapTime &&
+                          glm::distance(place, lastTap->place) <= kTapDistance;
+    delegate.handleTap({place, viewSize});
+    if (isSecond) {
+        lastTap.reset(); // a third one begins anew
+        delegate.handleDoubleTap({place, viewSize});
+    } else {
+        lastTap = Tap{now, place};
+    }
+}
+
+void SceneRecognizers::beginFingersPinch() {
+    startDistance = fingersDistance();
+    beginPinch(fingersMiddle());
+}
+
+float SceneRecognizers::fingersDistance() const {
+    return std::max(
+        glm::distance(fingers.begin()->second, fingers.rbegin()->second), kLeastDistance);
+}
+
+glm::vec2 SceneRecognizers::fingersMiddle() const {
+    return (fingers.begin()->second + fingers.rbegin()->second) * 0.5f;
+}
+
+} // namespace zelvo::ui

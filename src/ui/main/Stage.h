@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/foundation/RunLoop.h"
+#include "platform/scene/SCNSceneRenderer.h"
+#include "ui/controls/Services.h"
+#include "ui/main/DrawScale.h"
+#include "ui/main/SceneRecognizers.h"
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+namespace zelvo::ui {
+
+/// The live stage without its window: the view that the model knows, its clock, its pace, and the
+/// fingers on it.
+///
+///     askForFrame ──> animates, asks the window ──> frameShown ── rest of the interval ──┐
+///         ^──────────────────────────────────────────────────────────────────────────────┘
+///
+/// The scene's clock follows the run loop's, whether a window shows it or not. Full pace while
+/// something is performed or touched, half of it else. The scene changes on the main thread alone.
+class Stage final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(double drawScale READ drawScale NOTIFY frameTaken)
+    Q_PROPERTY(int framesShown READ framesShown NOTIFY frameTaken)
+
+public:
+    static constexpr double kFullPace = 1.0 / 60; ///< seconds a frame
+    static constexpr double kRestPace = 1.0 / 30;
+    static constexpr double kWithoutWindow = 0.1; ///< until the next frame where nothing is shown
+    /// The most that the scene's clock goes on by in one frame: after a standstill nothing leaps.
+    static constexpr double kMostStep = 0.25;
+
+    Stage(const Services& given, GestureDelegate& delegate);
+
+    /// What the model shows its scene on. It draws nothing itself.
+    scene::HeadlessView view;
+    SceneRecognizers recognizers;
+
+    /// Asks a window for a picture of the scene as it stands; empty: there is none.
+    void setWindow(std::function<void()> requestFrame);
+    /// The picture that was asked for is on the screen.
+    void frameShown();
+    /// The window cannot draw. Said once.
+    void failGraphics(const QString& why);
+
+    [[nodiscard]] double drawScale() const { return scale.value(); }
+
+    [[nodiscard]] int framesShown() const { return shown; }
+
+Q_SIGNALS:
+    void frameTaken();
+    void graphicsFailed(const QString& why);
+
+private:
+    void askForFrame();
+    void animate();
+    [[nodiscard]] double interval() const;
+
+    Services services;
+    DrawScale scale;
+    std::function<void()> requestFrame;
+    foundation::Timer next;
+    double asked = 0;    ///< when the last picture was asked for
+    double animated = 0; ///< when the scene was last animated
+    bool isWaiting = false;
+    int shown = 0;
+};
+
+} // namespace zelvo::ui

@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/StageItem.h"
+
+#include "platform/render/SCNView.h"
+#include "ui/main/Stage.h"
+
+#include <QNativeGestureEvent>
+#include <QOpenGLContext>
+#include <QOpenGLFramebufferObject>
+#include <QOpenGLFunctions>
+#include <QPointer>
+#include <QQuickWindow>
+#include <qqml.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <utility>
+
+namespace zelvo::ui {
+
+namespace {
+
+constexpr int kMouse = -1; ///< as a finger
+constexpr float kDegreesADelta = 1.0f / 8;
+
+[[nodiscard]] glm::vec2 vec(QPointF place) {
+    return {static_cast<float>(place.x()), static_cast<float>(place.y())};
+}
+
+std::unique_ptr<QOpenGLFramebufferObject> makeTarget(QSize size) {
+    // Without alpha: the stage covers what lies behind it.
+    constexpr unsigned kRgb8 = 0x8051;
+    QOpenGLFramebufferObjectFormat format;
+    format.setInternalTextureFormat(kRgb8);
+    return std::make_unique<QOpenGLFramebufferObject>(size, format);
+}
+
+/// Draws while the main thread waits, into a picture of its own; what comes to the window is that
+/// picture, which stays when the scene has gone into an export.
+class StageRenderer final : public QQuickFramebufferObject::Renderer {
+protected:
+    void synchronize(QQuickFramebufferObject* item) override {
+        const auto* shown = static_cast<StageItem*>(item);
+        Stage* stage = shown->stage();
+        if (stage == nullptr || !stage->view.scene() || hasFailed || !ensureView(*stage))
+            return;
+        const double scale = stage->drawScale();
+        const double pixels = item->window()->effectiveDevicePixelRatio() * std::min(scale, 1.0);
+        const QSize size(
+            std::max(1, static_cast<int>(std::lround(item->width() * pixels))),
+            std::max(1, static_cast<int>(std::lround(item->height() * pixels))));
+        if (!picture || picture->size() != size)
+            picture = makeTarget(size);
+        view->setScene(stage->view.scene());
+        view->pointOfView = stage->view.pointOfView;
+        view->technique = stage->view.technique;
+        view->quality.oversampling = std::max(scale, 1.0);
+        view->draw({
+            .framebuffer = picture->handle(), .size = {size.width(), size.height()}
+        });
+    }
+
+    QOpenGLFramebufferObject* createFramebufferObject(const QSize& size) override {
+        return makeTarget(size).release(); // the caller owns it
+    }
+
+    void render() override {
+        QOpenGLFunctions& gl = *QOpenGLContext::currentContext()->functions();
+        if (picture) {
+            QOpenGLFramebufferObject::blitFramebuffer(
+                framebufferObject(), picture.get(), GL_COLOR_BUFFER_BIT, GL_LINEAR);
+            framebufferObject()->bind();
+            return;
+        }
+        gl.glClearColor(0, 0, 0, 1);
+        gl.glClear(GL_COLOR_BUFFER_BIT);
+    }
+
+private:
+    bool ensureView(Stage& stage) {
+        if (view)
+            return true;
+        auto made = render::SCNView::make();
+        if (made) {
+            view = std::move(*made);
+            return true;
+        }
+        hasFailed = true;
+        QMetaObject::invokeMethod(
+            &stage,
+            [&stage, why = QString::fromStdString(made.error().message)] {
+                stage.failGraphics(why);
+            },
+            Qt::QueuedConnection);
+        return false;
+    }
+
+    std::unique_ptr<render::SCNView> view;
+    std::unique_ptr<QOpenGLFramebufferObject> picture;
+    bool hasFailed = false;
+};
+
+} // namespace
+
+StageItem::StageItem(QQuickItem* parent)
+    : QQuickFramebufferObject(parent) {
+    setAcceptedMouseButtons(Qt::LeftButton);
+    setAcceptTouchEvents(true);
+}
+
+StageItem::~StageItem() {
+    if (stage_ != nullptr)
+        stage_->setWindow({});
+}
+
+QObject* StageItem::stageObject() const {
+    return stage_;
+}
+
+void StageItem::setStage(QObject* stage) {
+    auto* wanted = qobject_cast<Stage*>(stage);
+    if (wanted == stage_)
+        return;
+    stage_ = wanted;
+    if (stage_ != nullptr) {
+        stage_->setWindow([this] { update(); });
+        stage_->recognizers.setViewSize(vec({width(), height()}));
+    }
+    Q_EMIT stageChanged();
+}
+
+QQuickFramebufferObject::Renderer* StageItem::createRenderer() const {
+    return std::make_unique<StageRenderer>().release(); // the scene graph owns it
+}
+
+void StageItem::itemChange(ItemChange change, const ItemChangeData& data) {
+    QQuickFramebufferObject::itemChange(change, data);
+    if (change != ItemSceneChange || data.window == nullptr)
+        return;
+    // The window tells it on its drawing thread; what follows belongs to this one.
+    connect(
+        data.window,
+        &QQuickWindow::frameSwapped,
+        this,
+        [this] {
+            if (stage_ != nullptr)
+                stage_->frameShown();
+        },
+        Qt::QueuedConnection);
+}
+
+void StageItem::geometryChange(const QRectF& now, const QRectF& before) {
+    QQuickFramebufferObject::geometryChange(now, before);
+    if (stage_ != nullptr)
+        stage_->recognizers.setViewSize(vec({now.width(), now.height()}));
+}
+
+bool StageItem::event(QEvent* event) {
+    if (event->type() != QEvent::NativeGesture || stage_ == nullptr)
+        return QQuickFramebufferObject::event(event);
+    const auto& gesture = static_cast<const QNativeGestureEvent&>(*event);
+    SceneRecognizers& recognizers = stage_->recognizers;
+    switch (gesture.gestureType()) {
+    case Qt::BeginNativeGesture:
+        recognizers.beginPinch(vec(gesture.position()));
+        return true;
+    case Qt::ZoomNativeGesture:
+        recognizers.growPinch(static_cast<float>(gesture.value()), vec(gesture.position()));
+        return true;
+    case Qt::EndNativeGesture:
+        recognizers.endPinch();
+        return true;
+    default:
+        return QQuickFramebufferObject::event(event);
+    }
+}
+
+void StageItem::touchEvent(QTouchEvent* event) {
+    if (stage_ == nullptr)
+        return;
+    SceneRecognizers& recognizers = stage_->recognizers;
+    if (event->type() == QEvent::TouchCancel) {
+        recognizers.cancel();
+        return;
+    }
+    for (const QEventPoint& point : event->points()) {
+        const glm::vec2 place = vec(point.position());
+        switch (point.state()) {
+        case QEventPoint::Pressed:
+            recognizers.press(point.id(), place);
+            break;
+        case QEventPoint::Updated:
+            recognizers.move(point.id(), place);
+            break;
+        case QEventPoint::Released:
+            recognizers.release(point.id(), place);
+            break;
+        default:
+            break;
+        }
+    }
+    event->accept();
+}
+
+void StageItem::mousePressEvent(QMouseEvent* event) {
+    if (stage_ != nullptr)
+        stage_->recognizers.press(kMouse, vec(event->position()));
+}
+
+void StageItem::mouseMoveEvent(QMouseEvent* event) {
+    if (stage_ != nullptr)
+        stage_->recognizers.move(kMouse, vec(event->position()));
+}
+
+void StageItem::mouseReleaseEvent(QMouseEvent* event) {
+    if (stage_ != nullptr)
+        stage_->recognizers.release(kMouse, vec(event->position()));
+}
+
+void StageItem::mouseUngrabEvent() {
+    if (stage_ != nullptr)
+        stage_->recognizers.cancel();
+}
+
+void StageItem::touchUngrabEvent() {
+    if (stage_ != nullptr)
+        stage_->recognizers.cancel();
+}
+
+void StageItem::wheelEvent(QWheelEvent* event) {
+    const bool isPinch = stage_ != nullptr && event->modifiers().testFlag(Qt::ControlModifier);
+    if (!isPinch) {
+        event->ignore();
+        return;
+    }
+    stage_->recognizers.turnWheel(
+        static_cast<float>(event->angleDelta().y()) * kDegreesADelta, vec(event->position()));
+    event->accept();
+}
+
+void installStageItem() {
+    qmlRegisterType<StageItem>("Zelvo", 1, 0, "StageItem");
+}
+
+} // namespace zelvo::ui

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Window
+
+// The keys of the main screen. A button that has the focus keeps its own.
+FocusScope {
+    id: root
+
+    required property var main
+    required property var window
+
+    readonly property var catalogue: main.panelView === "ActionsMenu" ? main.panel : null
+
+    // The digits play the six buttons, as long as they are held.
+    function digit(event): int {
+        return event.modifiers & ~Qt.KeypadModifier || event.isAutoRepeat ? -1 : event.key - Qt.Key_1;
+    }
+    function isPlayed(event): bool {
+        return catalogue !== null && digit(event) >= 0 && digit(event) < 6;
+    }
+    function toggleFullScreen(): void {
+        window.visibility = window.visibility === Window.FullScreen ? Window.Windowed : Window.FullScreen;
+    }
+
+    Keys.onPressed: event => {
+        if (isPlayed(event))
+            catalogue.pressButton(digit(event));
+        else if (event.key === Qt.Key_Space && !event.isAutoRepeat)
+            main.controlMenu.record();
+        else if (event.key === Qt.Key_Escape && window.visibility === Window.FullScreen)
+            window.visibility = Window.Windowed;
+        else
+            return;
+        event.accepted = true;
+    }
+    Keys.onReleased: event => {
+        if (isPlayed(event))
+            catalogue.releaseButton(digit(event));
+    }
+
+    Shortcut { sequence: "Ctrl+Z"; enabled: root.enabled; onActivated: root.main.controlMenu.undo() }
+    Shortcut { sequence: "Ctrl+Shift+Z"; enabled: root.enabled; onActivated: root.main.controlMenu.redo() }
+    Shortcut { sequence: "Ctrl+H"; enabled: root.enabled; onActivated: root.main.controlMenu.showHistory() }
+    Shortcut { sequence: "Ctrl+D"; enabled: root.enabled; onActivated: root.main.controlMenu.askForDuration() }
+    Shortcut { sequence: "Ctrl+E"; enabled: root.enabled; onActivated: root.main.share() }
+    Shortcut { sequence: "F2"; enabled: root.enabled; onActivated: root.main.showLayouterMenu() }
+    Shortcut { sequence: "F3"; enabled: root.enabled; onActivated: root.main.showAnim() }
+    Shortcut { sequence: "Ctrl+Right"; enabled: root.enabled && root.catalogue; onActivated: root.catalogue.nextTab() }
+    Shortcut { sequence: "Ctrl+Left"; enabled: root.enabled && root.catalogue; onActivated: root.catalogue.previousTab() }
+    Shortcut { sequence: "F11"; onActivated: root.toggleFullScreen() }
+    Shortcut { sequence: "Ctrl+Shift+T"; onActivated: root.main.toggleVisualizer() }
+}

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Zelvo
+
+// What lies over the stage: the bar on top, the strip of speed and nodes, the panel.
+Item {
+    id: root
+
+    required property var main
+
+    Rectangle {
+        id: top
+
+        width: parent.width
+        height: root.main.topHeight
+        color: Theme.bar
+
+        Solid {}
+        TabStack {
+            id: tabs
+
+            x: 9
+            y: 6
+            height: 36
+            controller: root.main.mainMenu.stackView
+        }
+        ControlMenu {
+            x: tabs.x + tabs.width + 15
+            y: 6
+            controller: root.main.controlMenu
+        }
+        MyButton {
+            anchors.right: parent.right
+            anchors.rightMargin: 3
+            y: 6
+            width: 40
+            height: 36
+            controller: root.main.shareButton
+            opacity: root.main.shareAlpha
+        }
+    }
+    SpeedStrip {
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.bottom: bottom.top
+        anchors.leftMargin: 6
+        anchors.rightMargin: 6
+        anchors.bottomMargin: 7
+        controller: root.main.speedViewController
+    }
+    Rectangle {
+        id: bottom
+
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: root.main.bottomHeight
+        color: Theme.dimmedPanel
+
+        Solid {}
+        Rectangle {
+            width: parent.width
+            height: 1
+            color: Theme.separator
+        }
+        Place {
+            anchors.fill: parent
+            anchors.margins: 6
+            anchors.topMargin: 3
+            anchors.bottomMargin: 3
+            controller: root.main.panel
+            view: root.main.panelView
+        }
+    }
+
+    // What is pressed beside a button is no gesture on the stage below.
+    component Solid: MultiPointTouchArea {
+        anchors.fill: parent
+    }
+}

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Zelvo
+
+// The live stage, as large as it goes at 16 to 9.
+Item {
+    id: root
+
+    required property var main
+
+    StageItem {
+        anchors.centerIn: parent
+        width: Math.min(parent.width, Math.round(parent.height * 16 / 9))
+        height: Math.min(parent.height, Math.round(parent.width * 9 / 16))
+        stage: root.main.stage
+        opacity: root.main.sceneAlpha
+        Accessible.role: Accessible.Graphic
+        Accessible.name: "The stage"
+
+        Behavior on opacity {
+            NumberAnimation { duration: root.main.sceneFadeMilliseconds }
+        }
+    }
+}
