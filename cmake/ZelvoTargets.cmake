@@ -10,6 +10,11 @@ if(ZELVO_SANITIZE)
                            -fno-sanitize-recover=all)
     target_link_options(zelvo_options INTERFACE -fsanitize=${ZELVO_SANITIZE})
 endif()
+if(ZELVO_FUZZ)
+    # The libraries tell libFuzzer which way an input took through them, without which it searches blindly.
+    target_compile_options(zelvo_options INTERFACE -fsanitize=fuzzer-no-link
+                           "-fsanitize-ignorelist=${CMAKE_SOURCE_DIR}/fuzz/sanitizers.ignore")
+endif()
 
 # zelvo_library(name SOURCES a.cpp … [PUBLIC libs…] [PRIVATE libs…])
 # PUBLIC names what the headers need, PRIVATE what only the sources need.
