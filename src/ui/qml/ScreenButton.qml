@@ -17,6 +17,7 @@ T.AbstractButton {
     implicitHeight: 44
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
+    opacity: enabled ? 1 : 0.3
 
     Accessible.role: Accessible.Button
     Accessible.name: name
