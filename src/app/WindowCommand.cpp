@@ -23,11 +23,12 @@ namespace {
 }
 
 /// Qt ends the process where the display cannot be reached; this says why in our words.
-void endAtFatal(QtMsgType type, const QMessageLogContext&, const QString& message) {
+void endAtFatal(QtMsgType type, const QMessageLogContext&, const QString&) {
     if (type != QtFatalMsg)
         return;
-    const auto why = message.section('\n', 0, 0).toStdString();
-    endWithoutWindow("the window cannot be opened: " + why);
+    endWithoutWindow(
+        "the display cannot be reached: DISPLAY or WAYLAND_DISPLAY names one that does not "
+        "answer. To make a movie without a display, use zelvo perform FILE.");
 }
 
 void endWithoutGraphics(const QString& why) {

@@ -64,8 +64,7 @@ TEST(CommandLine, prints_help_and_version) {
     };
 
     const Row rows[] = {
-        {{},                    "Exit status:"},
-        {{"--help"},            "perform"     },
+        {{"--help"},            "Exit status:"},
         {{"perform", "--help"}, "--timing"    },
         {{"--version"},         "zelvo 0."    },
     };
@@ -74,6 +73,20 @@ TEST(CommandLine, prints_help_and_version) {
         ASSERT_TRUE(parsed) << parsed.error().message;
         EXPECT_NE(std::get<TextCommand>(*parsed).text.find(row.part), std::string::npos);
     }
+}
+
+TEST(CommandLine, opens_the_window_where_no_command_is_given) {
+    const std::string file = ZELVO_TEST_SOURCE_DIR "/CMakeLists.txt";
+    for (const Arguments& files : {
+             Arguments{},
+             Arguments{     file},
+             Arguments{ file, file}
+    }) {
+        const auto parsed = parseCommandLine(files);
+        ASSERT_TRUE(parsed) << parsed.error().message;
+        EXPECT_EQ(std::get<WindowCommand>(*parsed).files.size(), files.size());
+    }
+    EXPECT_FALSE(parseCommandLine({file + ".missing"}));
 }
 
 TEST(CommandLine, refuses_in_one_line_what_it_does_not_know) {

@@ -56,9 +56,12 @@ protected:
         view->pointOfView = stage->view.pointOfView;
         view->technique = stage->view.technique;
         view->quality.oversampling = std::max(scale, 1.0);
-        view->draw({
-            .framebuffer = picture->handle(), .size = {size.width(), size.height()}
-        });
+        const render::ViewTarget target{
+            .framebuffer = picture->handle(),
+            .size = {size.width(), size.height()},
+            .rows = render::RowOrder::topFirst
+        };
+        view->draw(target);
     }
 
     QOpenGLFramebufferObject* createFramebufferObject(const QSize& size) override {
