@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "content/ImageNode.h"
+#include "ui/controls/MyButton.h"
+
+#include <QList>
+#include <QObject>
+
+namespace zelvo::ui {
+
+/// Shows or hides the picture, mirrors it and turns it by quarters. All but the first show it.
+class ImagePanel final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QList<QObject*> buttons READ buttonObjects CONSTANT)
+
+public:
+    explicit ImagePanel(content::ImageNodePtr edited, QObject* parent = nullptr);
+
+    MyLabelButton toggleImageVisibilityButton;
+    MyLabelButton flipH;
+    MyLabelButton flipV;
+    MyLabelButton rotate;
+
+    void toggleVisibility();
+    void changeFlipH();
+    void changeFlipV();
+    void changeRotation();
+
+    [[nodiscard]] QList<QObject*> buttonObjects();
+
+private:
+    void show();
+    void refresh();
+
+    content::ImageNodePtr node;
+};
+
+} // namespace zelvo::ui

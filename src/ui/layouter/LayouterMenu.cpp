@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "ui/layouter/LayouterMenu.h"
+
+#include "core/model/Model.h"
+
+#include <array>
+#include <utility>
+
+namespace zelvo::ui {
+
+namespace {
+
+std::array<core::NodePtr, 4> nodesInOrder(const core::Nodes& nodes) {
+    return {nodes.textNode1, nodes.textNode2, nodes.imageNode, nodes.mediaNode};
+}
+
+bool isText(const core::NodePtr& node) {
+    return std::dynamic_pointer_cast<content::TextNode>(node) != nullptr;
+}
+
+/// Stays on show when nothing is in hand any more.
+bool outlivesNode(CurrentOption option) {
+    return option >= CurrentOption::audio && option <= CurrentOption::mask;
+}
+
+} // namespace
+
+LayouterMenu::LayouterMenu(const Services& given, QObject* parent)
+    : QObject(parent)
+    , services(given)
+    , inspirator(services)
+    , stackView({
+          .buttonEdgeInsets = {9, 0, 9, 0},
+            .spacing = 3, .bgColor = kClearButtonColor
+})
+    , backButton({.image = "LargeLayoutBackButton", .name = tr("Back"), .key = "Esc"}, [this] {
+        backButtonClicked();
+    }) {
+    backButton.size = {34, 0};
+    services.model.actionController().resetAll(actions::CameraHandles::include);
+    refresh();
+}
+
+LayouterMenu::~LayouterMenu() {
+    for (const core::NodePtr& node : nodesInOrder(services.model.nodes()))
+        node->showOutline(core::Outline::hidden, core::Transition::animated);
+}
+
+void LayouterMenu::setCurrentNode(core::NodePtr node) {
+    if (isText(currentNode_))
+        cachedTextOption = currentOption_;
+    currentNode_ = std::move(node);
+    endWriting();
+    if (isText(currentNode_)) {
+        setCurrentOption(cachedTextOption);
+    } else if (std::dynamic_pointer_cast<content::MediaNode>(currentNode_)) {
+        setCurrentOption(CurrentOption::shape);
+    } else if (std::dynamic_pointer_cast<content::ImageNode>(currentNode_)) {
+        setCurrentOption(CurrentOption::image);
+    } else if (!outlivesNode(currentOption_)) {
+        setCurrentOption(CurrentOption::none);
+    }
+}
+
+void LayouterMenu::setCurrentNodeFromButton(int tag) {
+    const auto nodes = nodesInOrder(services.model.nodes());
+    const auto place = static_cast<std::size_t>(tag);
+    setCurrentNode(place < nodes.size() ? nodes[place] : nullptr);
+}
+
+void LayouterMenu::setCurrentOption(CurrentOption option) {
+    currentOption_ = option;
+    refresh();
+}
+
+void LayouterMenu::backButtonClicked() {
+    setCurrentNode(nullptr);
+    setCurrentOption(CurrentOption::none);
+}
+
+void LayouterMenu::writeAction() {
+    writing = isText(currentNode_);
+    Q_EMIT writingChanged();
+}
+
+void LayouterMenu::textFieldDidChange(const QString& text) {
+    if (const auto node = std::dynamic_pointer_cast<content::TextNode>(currentNode_))
+        node->setText(text.toStdString());
+}
+
+void LayouterMenu::endWriting() {
+    if (std::exchange(writing, false))
+        Q_EMIT writingChanged();
+}
+
+QString LayouterMenu::writtenText() const {
+    const auto node = std::dynamic_pointer_cast<content::TextNode>(currentNode_);
+    return node ? QString::fromStdString(node->text()) : QString();
+}
+
+bool LayouterMenu::isBackVisible() const {
+    return currentNode_ != nullptr || currentOption_ != CurrentOption::none;
+}
+
+QString LayouterMenu::note() const {
+    return currentOption_ == CurrentOption::audio
+               ? tr("The movie has no music. This version cannot add any yet.")
+               : QString();
+}
+
+void LayouterMenu::refresh() {
+    const LaterPtr<QObject> formerStrip = std::exchange(strip, makeStrip());
+    rebuildTabs();
+    Q_EMIT refreshed();
+}
+
+void LayouterMenu::showOutlines() const {
+    for (const core::NodePtr& node : nodesInOrder(services.model.nodes()))
+        node->showOutline(node == currentNode_ ? core::Outline::highlighted : core::Outline::plain);
+}
+
+} // namespace zelvo::ui

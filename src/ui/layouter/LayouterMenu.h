@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "core/node/Node.h"
+#include "ui/controls/HighlightButton.h"
+#include "ui/controls/Services.h"
+#include "ui/controls/TabStackView.h"
+#include "ui/layouter/Inspirator.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace zelvo::ui {
+
+/// What the style panel's strip shows.
+enum class CurrentOption {
+    write,
+    material,
+    frontColor,
+    bandColor,
+    font,
+    form,
+    shape,
+    image,
+    transform,
+    audio,
+    backgroundColor,
+    backgroundScenes,
+    mask,
+    none
+};
+
+/// The style editor: what stands on the stage is picked by a tab, a strip above the tabs offers
+/// what fits it. Nothing of this is recorded.
+///
+///     root ──tab of a node──> its tabs and strips ──back──> root
+///       └──Background, Audio──> theirs ──back──> root
+///
+/// The root's strip is the inspirator.
+class LayouterMenu final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QObject* stackView READ stackObject CONSTANT)
+    Q_PROPERTY(QObject* backButton READ backObject CONSTANT)
+    Q_PROPERTY(QObject* inspirator READ inspiratorObject CONSTANT)
+    Q_PROPERTY(bool isBackVisible READ isBackVisible NOTIFY refreshed)
+    Q_PROPERTY(QString stripView READ stripView NOTIFY refreshed)
+    Q_PROPERTY(QObject* strip READ stripObject NOTIFY refreshed)
+    Q_PROPERTY(QString note READ note NOTIFY refreshed)
+    Q_PROPERTY(bool isWriting READ isWriting NOTIFY writingChanged)
+    Q_PROPERTY(QString writtenText READ writtenText NOTIFY writingChanged)
+
+public:
+    /// Brings everything on the stage home and outlines it; its end takes the outlines away.
+    explicit LayouterMenu(const Services& given, QObject* parent = nullptr);
+    ~LayouterMenu() override;
+    LayouterMenu(const LayouterMenu&) = delete;
+    LayouterMenu& operator=(const LayouterMenu&) = delete;
+
+private:
+    Services services; // before what is built from it
+
+public:
+    Inspirator inspirator;
+    TabStackView stackView;
+    MyButton backButton;
+
+    [[nodiscard]] const core::NodePtr& currentNode() const { return currentNode_; }
+
+    [[nodiscard]] CurrentOption currentOption() const { return currentOption_; }
+
+    /// Takes a node in hand, with the option that fits it; null: none.
+    void setCurrentNode(core::NodePtr node);
+    /// 0 to 3: first text, second text, image, object.
+    void setCurrentNodeFromButton(int tag);
+    void setCurrentOption(CurrentOption option);
+    Q_INVOKABLE void backButtonClicked();
+
+    /// Opens the text field on the text in hand.
+    void writeAction();
+    Q_INVOKABLE void textFieldDidChange(const QString& text);
+    Q_INVOKABLE void endWriting();
+
+    [[nodiscard]] bool isWriting() const { return writing; }
+
+    [[nodiscard]] QString writtenText() const;
+
+    [[nodiscard]] bool isBackVisible() const;
+
+    /// "inspirator", "buttons", "colors", "image", "transform" or "note".
+    [[nodiscard]] QString stripView() const { return stripView_; }
+
+    [[nodiscard]] QObject* stripObject() const { return strip.get(); }
+
+    /// A sentence in place of a strip.
+    [[nodiscard]] QString note() const;
+
+    [[nodiscard]] QObject* stackObject() { return &stackView; }
+
+    [[nodiscard]] QObject* inspiratorObject() { return &inspirator; }
+
+    [[nodiscard]] QObject* backObject() { return &backButton; }
+
+Q_SIGNALS:
+    void refreshed();
+    void writingChanged();
+
+private:
+    // What lies under QML, or is just being clicked, goes with the next turn of the loop.
+    struct Later {
+        void operator()(QObject* object) const { object->deleteLater(); }
+    };
+    template <class T> using LaterPtr = std::unique_ptr<T, Later>;
+
+    struct TabRow;
+
+    void refresh();
+    void rebuildTabs();
+    void showOutlines() const;
+    [[nodiscard]] std::vector<TabRow> tabsNow();
+    [[nodiscard]] std::vector<TabRow> rootTabs();
+    [[nodiscard]] TabRow optionTab(const char* title, CurrentOption option);
+
+    [[nodiscard]] LaterPtr<QObject> makeStrip();
+    [[nodiscard]] LaterPtr<QObject> makeMaterialStrip();
+    [[nodiscard]] LaterPtr<QObject> makeShapeStrip();
+    [[nodiscard]] LaterPtr<QObject> makeMaskStrip();
+    [[nodiscard]] LaterPtr<QObject> makeSceneStrip();
+    [[nodiscard]] LaterPtr<QObject> makeColorStrip();
+    void assignColor(const image::Color& color);
+
+    core::NodePtr currentNode_;
+    CurrentOption currentOption_ = CurrentOption::none;
+    CurrentOption cachedTextOption = CurrentOption::material; ///< a text comes back to its tab
+    LaterPtr<QObject> strip;
+    QString stripView_;
+    std::vector<LaterPtr<MySegmentedStackButton>> tabs;
+    bool writing = false;
+    std::shared_ptr<const bool> alive =
+        std::make_shared<const bool>(true); ///< queued calls may outlive this
+};
+
+} // namespace zelvo::ui

@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: MIT
+// The style panel's rows: which tabs and which strip belong to what is in hand.
+#include "core/model/Model.h"
+#include "look/environments/SceneManager.h"
+#include "platform/foundation/RunLoop.h"
+#include "ui/layouter/ImagePanel.h"
+#include "ui/layouter/LayouterMenu.h"
+#include "ui/layouter/Strips.h"
+#include "ui/layouter/TransformPanel.h"
+#include "ui/shared/Palette.h"
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+namespace zelvo::ui {
+
+namespace {
+
+constexpr double kSceneDelay = 0.15; ///< seconds: the strip has scrolled by then
+
+/// The place of the first for which the predicate holds; -1: none.
+template <class List, class Predicate> int placeOf(const List& list, Predicate isCurrent) {
+    const auto found = std::find_if(list.begin(), list.end(), isCurrent);
+    return found == list.end() ? -1 : static_cast<int>(found - list.begin());
+}
+
+template <class List, class Title> QList<QString> titlesOf(const List& list, Title title) {
+    QList<QString> titles;
+    for (const auto& entry : list)
+        titles.append(QString::fromStdString(std::string(title(entry))));
+    return titles;
+}
+
+const auto kNameOf = [](const auto& entry) { return entry->name; };
+
+} // namespace
+
+struct LayouterMenu::TabRow {
+    QString title;
+    std::function<void()> action;
+    CurrentOption option = CurrentOption::none; ///< lit while this is the current one
+    bool isHighlighting = true;
+};
+
+LayouterMenu::TabRow LayouterMenu::optionTab(const char* title, CurrentOption option) {
+    return {QString::fromUtf8(title), [this, option] { setCurrentOption(option); }, option};
+}
+
+std::vector<LayouterMenu::TabRow> LayouterMenu::rootTabs() {
+    std::vector<TabRow> rows;
+    for (const char* const title : {"Text 1", "Text 2", "Image", "Object"}) {
+        const auto tag = static_cast<int>(rows.size());
+        rows.push_back({QString::fromUtf8(title), [this, tag] { setCurrentNodeFromButton(tag); }});
+    }
+    rows.push_back(optionTab("Background", CurrentOption::backgroundScenes));
+    rows.push_back(optionTab("Audio", CurrentOption::audio));
+    for (TabRow& row : rows)
+        row.option = CurrentOption::write; // none of them is lit
+    return rows;
+}
+
+std::vector<LayouterMenu::TabRow> LayouterMenu::tabsNow() {
+    using enum CurrentOption;
+    if (currentOption_ == backgroundColor || currentOption_ == backgroundScenes)
+        return {optionTab("Environment", backgroundScenes), optionTab("Color", backgroundColor)};
+    if (currentOption_ == audio)
+        return {
+            {tr("No music"), [] {}, audio}
+        };
+    if (std::dynamic_pointer_cast<content::TextNode>(currentNode_)) {
+        return {
+            {tr("Write"), [this] { writeAction(); }, write, false},
+            optionTab("Material", material),
+            optionTab("Frontcolor", frontColor),
+            optionTab("Sidecolor", bandColor),
+            optionTab("Transform", transform)
+        };
+    }
+    if (std::dynamic_pointer_cast<content::MediaNode>(currentNode_)) {
+        return {
+            optionTab("Shape", shape),
+            optionTab("Material", material),
+            optionTab("Color", frontColor),
+            optionTab("Transform", transform)};
+    }
+    if (std::dynamic_pointer_cast<content::ImageNode>(currentNode_))
+        return {
+            optionTab("Image", image), optionTab("Mask", mask), optionTab("Transform", transform)};
+    return rootTabs();
+}
+
+void LayouterMenu::rebuildTabs() {
+    showOutlines();
+    std::vector<LaterPtr<MySegmentedStackButton>> made;
+    QList<MyButton*> row;
+    int lit = -1;
+    for (TabRow& tab : tabsNow()) {
+        if (tab.option == currentOption_)
+            lit = static_cast<int>(made.size());
+        made.emplace_back(std::make_unique<MySegmentedStackButton>(
+                              ButtonFace{.title = tab.title}, std::move(tab.action))
+                              .release());
+        made.back()->highlightingEnabled = tab.isHighlighting;
+        made.back()->size = {0, 34};
+        row.append(made.back().get());
+    }
+    stackView.setArrangedSubviews(row);
+    stackView.select(lit);
+    tabs = std::move(made);
+}
+
+LayouterMenu::LaterPtr<QObject> LayouterMenu::makeStrip() {
+    using enum CurrentOption;
+    const auto shown = [this](const char* view, LaterPtr<QObject> made) {
+        stripView_ = QString::fromLatin1(view);
+        return made;
+    };
+    const auto imageNode = std::dynamic_pointer_cast<content::ImageNode>(currentNode_);
+    switch (currentOption_) {
+    case material:
+        return shown("buttons", currentNode_ ? makeMaterialStrip() : nullptr);
+    case shape:
+        return shown("buttons", makeShapeStrip());
+    case mask:
+        return shown("buttons", makeMaskStrip());
+    case backgroundScenes:
+        return shown("buttons", makeSceneStrip());
+    case frontColor:
+    case bandColor:
+    case backgroundColor:
+        return shown("colors", makeColorStrip());
+    case image:
+        return shown("image", imageNode ? LaterPtr<QObject>(new ImagePanel(imageNode)) : nullptr);
+    case transform:
+        return shown(
+            "transform",
+            currentNode_ ? LaterPtr<QObject>(new TransformPanel(currentNode_)) : nullptr);
+    case none:
+        return shown("inspirator", nullptr);
+    default:
+        return shown("note", nullptr);
+    }
+}
+
+LayouterMenu::LaterPtr<QObject> LayouterMenu::makeMaterialStrip() {
+    const auto& pairs = currentNode_->allMaterials;
+    const auto titles = titlesOf(pairs, [](const look::XMATPtr& pair) { return pair->title; });
+    LaterPtr<ButtonStrip> made(new ButtonStrip(titles, [node = currentNode_](std::size_t tag) {
+        node->setCurrentMaterialName(node->allMaterials.at(tag)->name);
+    }));
+    made->select(
+        placeOf(
+            pairs,
+            [this](const look::XMATPtr& pair) {
+                return pair->name == currentNode_->currentMaterialName();
+            }),
+        Strip::Motion::atOnce);
+    return made;
+}
+
+LayouterMenu::LaterPtr<QObject> LayouterMenu::makeShapeStrip() {
+    const auto& shapes = content::mediaShapes();
+    const content::MediaNodePtr node = services.model.nodes().mediaNode;
+    LaterPtr<ButtonStrip> made(
+        new ButtonStrip(titlesOf(shapes, kNameOf), [node, &shapes](std::size_t tag) {
+            node->setShape(shapes.at(tag));
+        }));
+    const content::MediaShapePtr& current = node->currentShape();
+    made->select(
+        placeOf(
+            shapes,
+            [&](const content::MediaShapePtr& one) {
+                return current && one->name == current->name;
+            }),
+        Strip::Motion::atOnce);
+    return made;
+}
+
+LayouterMenu::LaterPtr<QObject> LayouterMenu::makeMaskStrip() {
+    const auto& masks = content::imageMasks();
+    const content::ImageNodePtr node = services.model.nodes().imageNode;
+    LaterPtr<ButtonStrip> made(
+        new ButtonStrip(titlesOf(masks, kNameOf), [node, &masks](std::size_t tag) {
+            node->setCurrentMask(masks.at(tag));
+            node->isVisible = true;
+            node->updateVisibility();
+        }));
+    const content::ImageMaskPtr& current = node->currentMask();
+    made->select(
+        placeOf(
+            masks,
+            [&](const content::ImageMaskPtr& one) {
+                return current && one->name == current->name;
+            }),
+        Strip::Motion::atOnce);
+    return made;
+}
+
+LayouterMenu::LaterPtr<QObject> LayouterMenu::makeSceneStrip() {
+    const std::weak_ptr<const bool> guard = alive;
+    LaterPtr<ButtonStrip> made(new ButtonStrip(
+        titlesOf(look::SceneManager::sceneNames, [](std::string_view name) { return name; }),
+        [this, guard](std::size_t tag) {
+            services.runLoop.asyncAfter(kSceneDelay, [this, guard, tag] {
+                if (!guard.expired())
+                    services.model.setScene(static_cast<int>(tag));
+            });
+        }));
+    made->select(services.model.currentSceneIndex(), Strip::Motion::atOnce);
+    return made;
+}
+
+LayouterMenu::LaterPtr<QObject> LayouterMenu::makeColorStrip() {
+    const auto& background = services.model.currentBackgroundColor();
+    const bool isNodes = currentOption_ != CurrentOption::backgroundColor && currentNode_;
+    const image::Color current = !isNodes ? background
+                                 : currentOption_ == CurrentOption::frontColor
+                                     ? currentNode_->frontColor()
+                                     : currentNode_->bandColor();
+    LaterPtr<SimpleColorPicker> made(new SimpleColorPicker(kPalette, current));
+    made->didChangeColor = [this](const image::Color& color) { assignColor(color); };
+    return made;
+}
+
+void LayouterMenu::assignColor(const image::Color& color) {
+    if (currentOption_ == CurrentOption::frontColor && currentNode_) {
+        currentNode_->setFrontColor(color);
+    } else if (currentOption_ == CurrentOption::bandColor && currentNode_) {
+        currentNode_->setBandColor(color);
+    } else {
+        services.model.setCurrentBackgroundColor(color);
+    }
+}
+
+} // namespace zelvo::ui

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "ui/layouter/RandomStyle.h"
+
+#include "core/model/Model.h"
+#include "look/environments/SceneManager.h"
+#include "platform/foundation/Random.h"
+#include "platform/scene/SCNTransaction.h"
+#include "ui/shared/Palette.h"
+
+namespace zelvo::ui {
+
+namespace {
+
+constexpr int kFirstSceneWithOwnGround = 2; ///< "Flat" and "Plain" before it are all background
+constexpr std::uint32_t kBevelSteps = 40;
+constexpr double kBevelStep = 0.1;
+constexpr std::uint32_t kDepths = 60;
+constexpr auto kFont = "Audiowide-Regular";
+
+using foundation::arc4random_uniform;
+
+/// All but the last of a list.
+std::uint32_t lastButOne(std::size_t count) {
+    return static_cast<std::uint32_t>(count - 1);
+}
+
+/// Black on white and white on black; else any, which may come out as the ground's own.
+std::size_t textColorOn(std::size_t background) {
+    if (background == kWhiteIndex)
+        return kBlackIndex;
+    if (background == kBlackIndex)
+        return kWhiteIndex;
+    return arc4random_uniform(lastButOne(kPalette.size()));
+}
+
+} // namespace
+
+RandomStyle drawRandomStyle(const core::Nodes& nodes) {
+    RandomStyle style;
+    style.scene =
+        static_cast<int>(arc4random_uniform(lastButOne(look::SceneManager::sceneNames.size())));
+    style.background = arc4random_uniform(lastButOne(kPalette.size()));
+    style.text =
+        style.scene < kFirstSceneWithOwnGround ? textColorOn(style.background) : style.background;
+    const auto& pairs = nodes.textNode1->allMaterials;
+    style.material = pairs[arc4random_uniform(lastButOne(pairs.size()))]->name;
+    style.bevelRadius = arc4random_uniform(kBevelSteps) * kBevelStep;
+    style.extrusionDepth = arc4random_uniform(kDepths);
+    return style;
+}
+
+void applyRandomStyle(core::Model& model, const RandomStyle& style) {
+    const core::Nodes& nodes = model.nodes();
+    content::TextStylePreset text;
+    text.frontColor = kPalette[style.text];
+    text.bandColor = kPalette[style.text];
+    text.material = style.material;
+    text.fontName = kFont;
+    text.bevelProfile = look::BevelProfile::rounded;
+    text.bevelRadius = style.bevelRadius;
+    text.bevelInnerOuter = look::BevelInnerOuter::outer;
+    text.extrusionDepth = style.extrusionDepth;
+
+    scene::SCNTransaction::begin();
+    nodes.textNode1->applyStyle(text);
+    nodes.textNode2->applyStyle(text);
+    const bool showsOwnMaterials =
+        nodes.mediaNode->customNode() && !nodes.mediaNode->currentMaterialName();
+    if (!showsOwnMaterials)
+        nodes.mediaNode->setCurrentMaterialName(style.material);
+    model.setCurrentBackgroundColor(kPalette[style.background]);
+    model.setScene(style.scene);
+    scene::SCNTransaction::commit();
+}
+
+} // namespace zelvo::ui

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/controls/MyButton.h"
+
+#include <QColor>
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace zelvo::image {
+struct Color;
+}
+
+namespace zelvo::ui {
+
+/// A row that scrolls, so that what is chosen stands in its middle.
+class Strip : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(int currentIndex READ currentIndex NOTIFY selected)
+    Q_PROPERTY(bool isAnimated READ isAnimated NOTIFY selected)
+
+public:
+    enum class Motion { atOnce, animated };
+
+    static constexpr int kScrollMilliseconds = 150;
+
+    explicit Strip(int length, QObject* parent = nullptr);
+
+    /// None for an index outside.
+    virtual void select(int index, Motion motion);
+
+    /// -1: none.
+    [[nodiscard]] int currentIndex() const { return currentIndex_; }
+
+    [[nodiscard]] bool isAnimated() const { return motion_ == Motion::animated; }
+
+Q_SIGNALS:
+    void selected();
+
+private:
+    int count;
+    int currentIndex_ = -1;
+    Motion motion_ = Motion::atOnce;
+};
+
+/// A strip of one button an entry. A press selects the button and tells its place.
+class ButtonStrip final : public Strip {
+    Q_OBJECT
+    Q_PROPERTY(QList<QObject*> buttons READ buttonObjects CONSTANT)
+
+public:
+    ButtonStrip(
+        const QList<QString>& titles,
+        std::function<void(std::size_t)> chosenFunc,
+        QObject* parent = nullptr);
+
+    void select(int index, Motion motion) override;
+
+    [[nodiscard]] const std::vector<std::unique_ptr<MyButton>>& buttons() const { return row; }
+
+    [[nodiscard]] QList<QObject*> buttonObjects() const;
+
+private:
+    std::function<void(std::size_t)> chosen;
+    std::vector<std::unique_ptr<MyButton>> row;
+};
+
+/// A strip of one swatch a colour.
+class SimpleColorPicker final : public Strip {
+    Q_OBJECT
+    Q_PROPERTY(QList<QColor> colors READ colors CONSTANT)
+
+public:
+    /// A colour that is none of the palette's marks nothing.
+    SimpleColorPicker(
+        std::span<const image::Color> palette,
+        const image::Color& current,
+        QObject* parent = nullptr);
+
+    std::function<void(const image::Color&)> didChangeColor; ///< by the user; may be empty
+
+    /// A swatch was touched.
+    Q_INVOKABLE void buttonAction(int tag);
+
+    [[nodiscard]] QList<QColor> colors() const;
+
+private:
+    std::span<const image::Color> palette_;
+};
+
+} // namespace zelvo::ui

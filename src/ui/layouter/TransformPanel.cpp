@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "ui/layouter/TransformPanel.h"
+
+#include "ui/shared/Signal.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <numbers>
+#include <string>
+#include <utility>
+
+namespace zelvo::ui {
+
+namespace {
+
+constexpr double kPi = std::numbers::pi_v<float>; // as coarse as the angles that are kept
+
+struct Row {
+    const char* title;
+    double limit; ///< of the slider, both ways
+    const char* label;
+    const char* unit;
+    core::DefaultSCNNodePtr const core::Node::*axisNode; ///< null: the place in depth
+    glm::vec3 axis;
+};
+
+constexpr auto kRows = std::to_array<Row>({
+    {"Z Pos", 250, "PositionZ", "",    nullptr,               {0, 0, 0}},
+    {"X Rot", 180, "RotationX", " °", &core::Node::rotXNode, {1, 0, 0}},
+    {"Y Rot", 180, "RotationY", " °", &core::Node::rotYNode, {0, 1, 0}},
+    {"Z Rot", 180, "RotationZ", " °", &core::Node::rotZNode, {0, 0, 1}},
+});
+
+const Row& rowOf(int tag) {
+    return kRows.at(static_cast<std::size_t>(tag));
+}
+
+} // namespace
+
+TransformPanel::TransformPanel(core::NodePtr edited, QObject* parent)
+    : QObject(parent)
+    , stackView({
+          .buttonEdgeInsets = {4, 0, 4, 0},
+          .spacing = 3,
+          .distribution = TabStackView::Distribution::fillEqually
+})
+    , node(std::move(edited)) {
+    for (int tag = 0; tag < static_cast<int>(kRows.size()); ++tag) {
+        auto button = std::make_unique<HighlightButton>(
+            ButtonFace{.title = QString::fromUtf8(rowOf(tag).title)},
+            [this, tag] { setUpSlider(tag); });
+        button->unselectedColor = kButtonColor;
+        stackView.addArrangedSubview(*button);
+        buttons.push_back(std::move(button));
+    }
+    buttons.front()->didTouch();
+    setUpSlider(0);
+}
+
+void TransformPanel::setUpSlider(int tag) {
+    const Row& row = rowOf(tag);
+    auto made = std::make_unique<MySlider>(
+        QString::fromUtf8(row.label), MySlider::Range{-row.limit, row.limit});
+    made->defaultValue = tag == 0 ? node->initialPosition.z : 0.0;
+    made->setValue(valueOf(tag));
+    made->valueChanged = [this, tag](double value) { assign(tag, value); };
+    const auto former = std::exchange(posRotSlider, std::move(made));
+    Q_EMIT sliderChanged(); // before the former one goes, which the view still shows
+}
+
+double TransformPanel::valueOf(int tag) const {
+    const Row& row = rowOf(tag);
+    if (row.axisNode == nullptr)
+        return node->layoutPosition().z;
+    // About the fixed axis: a negative angle reads as a positive one about the turned axis.
+    const glm::vec4 rotation = (*node.*row.axisNode)->rotation();
+    const float sense = glm::dot(glm::vec3(rotation), row.axis) < 0 ? -1.0f : 1.0f;
+    return static_cast<double>(sense * rotation.w) * 180 / kPi;
+}
+
+void TransformPanel::assign(int tag, double value) {
+    const Row& row = rowOf(tag);
+    if (row.axisNode == nullptr) {
+        glm::vec3 place = node->layoutPosition();
+        place.z = static_cast<float>(value);
+        node->setLayoutPosition(place);
+    } else {
+        (*node.*row.axisNode)->setRotation(glm::vec4(row.axis, value * kPi / 180));
+    }
+    node->isVisible = true;
+    node->updateVisibility();
+    signals().messageSignal.fire(fmt::format("{} {:.0f}{}", row.label, value, row.unit));
+}
+
+} // namespace zelvo::ui

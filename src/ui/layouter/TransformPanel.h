@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "core/node/Node.h"
+#include "ui/controls/HighlightButton.h"
+#include "ui/controls/MySlider.h"
+#include "ui/controls/TabStackView.h"
+
+#include <QObject>
+
+#include <memory>
+#include <vector>
+
+namespace zelvo::ui {
+
+/// A node's place in depth and its three angles: four buttons choose which of them the slider
+/// moves. Each move shows the node and says the new value.
+class TransformPanel final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QObject* stackView READ stackObject CONSTANT)
+    Q_PROPERTY(QObject* posRotSlider READ sliderObject NOTIFY sliderChanged)
+
+public:
+    explicit TransformPanel(core::NodePtr edited, QObject* parent = nullptr);
+
+    TabStackView stackView;
+
+    /// 0: place in depth, 1 to 3: angle about x, y and z.
+    void setUpSlider(int tag);
+
+    [[nodiscard]] MySlider& slider() const { return *posRotSlider; }
+
+    [[nodiscard]] QObject* stackObject() { return &stackView; }
+
+    [[nodiscard]] QObject* sliderObject() const { return posRotSlider.get(); }
+
+Q_SIGNALS:
+    void sliderChanged();
+
+private:
+    [[nodiscard]] double valueOf(int tag) const;
+    void assign(int tag, double value);
+
+    core::NodePtr node;
+    std::vector<std::unique_ptr<HighlightButton>> buttons;
+    std::unique_ptr<MySlider> posRotSlider;
+};
+
+} // namespace zelvo::ui

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+import Zelvo
+
+// A SimpleColorPicker.
+StripView {
+    id: root
+
+    entries: swatches
+
+    Repeater {
+        id: swatches
+
+        model: root.controller.colors
+        delegate: T.AbstractButton {
+            id: swatch
+
+            required property color modelData
+            required property int index
+            readonly property bool isChosen: root.controller.currentIndex === index
+
+            width: 40
+            height: 36
+            focusPolicy: Qt.TabFocus
+            hoverEnabled: true
+            onPressed: root.controller.buttonAction(index)
+            Keys.onReturnPressed: root.controller.buttonAction(index)
+            Keys.onSpacePressed: root.controller.buttonAction(index)
+            onVisualFocusChanged: if (visualFocus) root.centre(true, this)
+
+            Accessible.role: Accessible.ListItem
+            Accessible.name: qsTr("Color %1").arg(modelData.toString())
+            Accessible.selected: isChosen
+            Accessible.onPressAction: root.controller.buttonAction(index)
+
+            background: Item {
+                Rectangle {
+                    anchors.centerIn: parent
+                    width: 35
+                    height: 36
+                    radius: 6
+                    scale: swatch.isChosen ? 1 : swatch.hovered ? 0.92 : 0.84
+                    color: swatch.modelData
+                    // A dark colour still stands out from the ground.
+                    border.width: swatch.isChosen ? 2.5 : 1
+                    border.color: swatch.isChosen ? "white" : Theme.separator
+
+                    Behavior on scale {
+                        NumberAnimation {
+                            duration: 100
+                        }
+                    }
+                    FocusRing {
+                        shown: swatch.visualFocus
+                    }
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Zelvo
+
+// An Inspirator: its title goes and comes back on its own while it is off.
+Item {
+    id: root
+
+    required property var controller
+
+    MyButton {
+        id: button
+
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: 200
+        height: 36
+        opacity: 1
+        controller: root.controller.button
+
+        contentItem: Text {
+            text: button.controller.title
+            color: button.controller.textColor
+            font.pixelSize: Theme.px(13)
+            font.weight: Font.DemiBold
+            horizontalAlignment: Text.AlignHCenter
+            verticalAlignment: Text.AlignVCenter
+            opacity: root.controller.titleAlpha
+
+            Behavior on opacity {
+                NumberAnimation {
+                    duration: root.controller.titleFadeMilliseconds
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Zelvo
+
+// A LayouterMenu: what there is to choose, and under it the tabs of what is in hand.
+Item {
+    id: root
+
+    required property var controller
+
+    implicitHeight: 88
+    Keys.onEscapePressed: event => {
+        event.accepted = controller.isBackVisible;
+        controller.backButtonClicked();
+    }
+
+    MyButton {
+        width: 34
+        height: parent.height
+        horizontalInset: 7
+        visible: root.controller.isBackVisible
+        controller: root.controller.backButton
+    }
+    Item {
+        x: 37
+        width: parent.width - 2 * 37
+        height: 36
+
+        Loader {
+            id: strip
+
+            readonly property var views: ({
+                    buttons: "ButtonStrip.qml",
+                    colors: "ColorStrip.qml",
+                    image: "ImagePanel.qml",
+                    transform: "TransformPanel.qml"
+                })
+
+            anchors.fill: parent
+            visible: !root.controller.isWriting
+            Component.onCompleted: show()
+
+            // The view is given its strip and not bound to it: the next strip may be of another
+            // kind.
+            function show(): void {
+                const view = views[root.controller.stripView];
+                source = "";
+                if (view && root.controller.strip)
+                    setSource(view, {controller: root.controller.strip});
+            }
+
+            Connections {
+                target: root.controller
+
+                function onRefreshed(): void {
+                    strip.show();
+                }
+            }
+        }
+        InspiratorButton {
+            anchors.fill: parent
+            visible: root.controller.stripView === "inspirator"
+            controller: root.controller.inspirator
+        }
+        Text {
+            anchors.fill: parent
+            visible: text !== ""
+            text: root.controller.note
+            color: Theme.mutedText
+            font.pixelSize: Theme.px(13)
+            horizontalAlignment: Text.AlignHCenter
+            verticalAlignment: Text.AlignVCenter
+            elide: Text.ElideRight
+        }
+        Loader {
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: Math.min(parent.width, 560)
+            height: parent.height
+            active: root.controller.isWriting
+            sourceComponent: field
+        }
+    }
+    TabStack {
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        controller: root.controller.stackView
+    }
+
+    Component {
+        id: field
+
+        WritingField {
+            controller: root.controller
+        }
+    }
+}

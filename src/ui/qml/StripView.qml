@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+// The scrolling of a Strip: half the width stands free at both ends, so that the first and the
+// last entry can stand in the middle.
+Flickable {
+    id: root
+
+    required property var controller
+    property alias spacing: row.spacing
+    property Repeater entries
+    default property alias content: row.data
+
+    contentWidth: row.width + width
+    contentHeight: height
+    flickableDirection: Flickable.HorizontalFlick
+    boundsBehavior: Flickable.StopAtBounds
+    clip: true
+
+    Accessible.role: Accessible.List
+
+    onWidthChanged: Qt.callLater(centre, false)
+    Component.onCompleted: Qt.callLater(centre, false)
+
+    // Brings the chosen entry, or that one, to the middle.
+    function centre(animated: bool, entry: Item): void {
+        if (!controller)
+            return;
+        const item = entry ?? entries?.itemAt(Math.max(0, controller.currentIndex)) ?? null;
+        if (!item)
+            return;
+        scroll.stop();
+        const target = item.x + item.width / 2;
+        if (!animated) {
+            contentX = target;
+            return;
+        }
+        scroll.to = target;
+        scroll.start();
+    }
+
+    Row {
+        id: row
+
+        x: root.width / 2
+        height: root.height
+    }
+    Connections {
+        target: root.controller
+
+        function onSelected(): void {
+            root.centre(root.controller.isAnimated);
+        }
+    }
+    NumberAnimation {
+        id: scroll
+
+        target: root
+        property: "contentX"
+        duration: 150
+        easing.type: Easing.InOutQuad
+    }
+    WheelHandler {
+        acceptedDevices: PointerDevice.Mouse
+        onWheel: event => {
+            const step = event.angleDelta.y !== 0 ? event.angleDelta.y : event.angleDelta.x;
+            root.contentX = Math.max(0, Math.min(root.contentWidth - root.width, root.contentX - step));
+        }
+    }
+}

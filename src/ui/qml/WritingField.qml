@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+import Zelvo
+
+// Where a LayouterMenu's text is written; each edit shows on the stage at once.
+T.TextField {
+    id: root
+
+    required property var controller
+
+    leftPadding: 12
+    rightPadding: 12
+    color: Theme.text
+    selectionColor: Theme.accent
+    selectedTextColor: Theme.text
+    font.pixelSize: Theme.px(15)
+    horizontalAlignment: Text.AlignHCenter
+    verticalAlignment: Text.AlignVCenter
+    selectByMouse: true
+    maximumLength: 200
+
+    Accessible.name: qsTr("Text")
+
+    onTextEdited: controller.textFieldDidChange(text)
+    onAccepted: controller.endWriting()
+    Keys.onEscapePressed: controller.endWriting()
+    Component.onCompleted: {
+        text = controller.writtenText;
+        forceActiveFocus();
+        selectAll();
+    }
+
+    background: Rectangle {
+        radius: Theme.radius
+        color: Theme.buttonFill
+        border.width: root.activeFocus ? 2 : 0
+        border.color: Theme.accent
+    }
+}

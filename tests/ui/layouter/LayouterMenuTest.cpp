@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: MIT
+#include "ui/layouter/LayouterMenu.h"
+
+#include "model/ModelFixture.h"
+#include "ui/controls/Alerts.h"
+#include "ui/layouter/ImagePanel.h"
+#include "ui/layouter/Strips.h"
+#include "ui/layouter/TransformPanel.h"
+#include "ui/shared/Palette.h"
+
+#include <gmock/gmock.h>
+
+#include <string>
+#include <vector>
+
+namespace zelvo::ui {
+namespace {
+
+using testing::ElementsAre;
+
+class LayouterMenuTest : public test::ModelTest {
+protected:
+    [[nodiscard]] std::vector<std::string> titles() const {
+        std::vector<std::string> found;
+        for (const MyButton* const tab : menu.stackView.arranged())
+            found.push_back(tab->title().toStdString());
+        return found;
+    }
+
+    void press(const std::string& title) {
+        for (MyButton* const tab : menu.stackView.arranged()) {
+            if (tab->title().toStdString() == title)
+                return tab->click();
+        }
+        FAIL() << "there is no tab " << title;
+    }
+
+    /// The title of the tab that is lit; empty: none.
+    [[nodiscard]] std::string lit() const {
+        for (const MyButton* const tab : menu.stackView.arranged()) {
+            if (tab->isMySelected())
+                return tab->title().toStdString();
+        }
+        return {};
+    }
+
+    template <class Kind> Kind& strip() { return *qobject_cast<Kind*>(menu.stripObject()); }
+
+    void choose(const std::string& title) {
+        for (const auto& button : strip<ButtonStrip>().buttons()) {
+            if (button->title().toStdString() == title)
+                return button->click();
+        }
+        FAIL() << "the strip has no " << title;
+    }
+
+    [[nodiscard]] std::string chosen() {
+        const auto& row = strip<ButtonStrip>();
+        return row.currentIndex() < 0 ? std::string()
+                                      : row.buttons()
+                                            .at(static_cast<std::size_t>(row.currentIndex()))
+                                            ->title()
+                                            .toStdString();
+    }
+
+    Alerts alerts;
+    Services services{model, world.runLoop, world.defaults, alerts};
+    LayouterMenu menu{services};
+};
+
+TEST_F(LayouterMenuTest, EveryTabLeadsSomewhereAndBack) {
+    const auto root = titles();
+    EXPECT_THAT(root, ElementsAre("Text 1", "Text 2", "Image", "Object", "Background", "Audio"));
+    EXPECT_EQ(menu.stripView(), "inspirator");
+    EXPECT_FALSE(menu.isBackVisible());
+    for (const std::string& title : root) {
+        press(title);
+        EXPECT_TRUE(menu.isBackVisible()) << title;
+        EXPECT_NE(lit(), "") << title;
+        for (const std::string& inner : titles()) {
+            press(inner);
+            EXPECT_TRUE(menu.stripObject() != nullptr || !menu.note().isEmpty())
+                << title << " " << inner;
+        }
+        menu.backButton.click();
+        EXPECT_EQ(titles(), root);
+        EXPECT_EQ(menu.stripView(), "inspirator");
+        EXPECT_EQ(lit(), "");
+    }
+}
+
+TEST_F(LayouterMenuTest, TextsKeepTheirTabOverAVisitElsewhere) {
+    press("Text 1");
+    EXPECT_EQ(lit(), "Material");
+    press("Sidecolor");
+    menu.setCurrentNodeFromButton(2);
+    EXPECT_EQ(lit(), "Image");
+    menu.setCurrentNodeFromButton(1);
+    EXPECT_EQ(lit(), "Sidecolor");
+    menu.setCurrentNode(nullptr);
+    EXPECT_EQ(menu.currentOption(), CurrentOption::none);
+}
+
+TEST_F(LayouterMenuTest, TheBackgroundStaysWhenNothingIsInHand) {
+    press("Background");
+    press("Color");
+    menu.setCurrentNode(nullptr); // empty space was touched
+    EXPECT_EQ(menu.currentOption(), CurrentOption::backgroundColor);
+}
+
+TEST_F(LayouterMenuTest, StripsShowWhatIsAndSetWhatIsChosen) {
+    press("Text 2");
+    EXPECT_EQ(chosen(), "Plain");
+    choose("Rock");
+    EXPECT_EQ(nodes.textNode2->currentMaterialName(), look::XMATClasses::rock);
+    EXPECT_EQ(nodes.textNode1->currentMaterialName(), look::XMATClasses::plain);
+    EXPECT_TRUE(strip<ButtonStrip>().isAnimated());
+    press("Frontcolor");
+    EXPECT_EQ(strip<SimpleColorPicker>().currentIndex(), static_cast<int>(kWhiteIndex));
+    strip<SimpleColorPicker>().buttonAction(7);
+    press("Sidecolor");
+    strip<SimpleColorPicker>().buttonAction(8);
+    strip<SimpleColorPicker>().buttonAction(40); // there is none
+    EXPECT_EQ(nodes.textNode2->frontColor(), kPalette[7]);
+    EXPECT_EQ(nodes.textNode2->bandColor(), kPalette[8]);
+
+    menu.setCurrentNodeFromButton(3);
+    EXPECT_EQ(chosen(), "None");
+    choose("Sphere");
+    EXPECT_EQ(nodes.mediaNode->currentShape()->name, "Sphere");
+
+    menu.setCurrentNodeFromButton(2);
+    EXPECT_FALSE(nodes.imageNode->isVisible);
+    press("Mask");
+    EXPECT_EQ(chosen(), "None");
+    strip<ButtonStrip>().buttons().at(1)->click();
+    EXPECT_EQ(nodes.imageNode->currentMask(), content::imageMasks().at(1));
+    EXPECT_TRUE(nodes.imageNode->isVisible);
+}
+
+TEST_F(LayouterMenuTest, ScenesChangeWhenTheStripHasScrolled) {
+    press("Background");
+    EXPECT_EQ(chosen(), "Shiny");
+    choose("Stage");
+    EXPECT_EQ(model.currentSceneIndex(), 2);
+    world.runLoop.runFor(0.2);
+    EXPECT_EQ(model.currentSceneIndex(), 6);
+    press("Color");
+    strip<SimpleColorPicker>().buttonAction(13);
+    EXPECT_EQ(model.currentBackgroundColor(), kPalette[13]);
+}
+
+TEST_F(LayouterMenuTest, ImagePanelMirrorsTurnsAndShows) {
+    press("Image");
+    auto& panel = strip<ImagePanel>();
+    EXPECT_EQ(panel.toggleImageVisibilityButton.title(), "Show");
+    panel.flipH.click();
+    EXPECT_TRUE(nodes.imageNode->hFlipped);
+    EXPECT_TRUE(nodes.imageNode->isVisible);
+    EXPECT_EQ(panel.toggleImageVisibilityButton.title(), "Hide");
+    EXPECT_EQ(panel.flipH.image(), "FlipH_2");
+    panel.toggleImageVisibilityButton.click();
+    EXPECT_FALSE(nodes.imageNode->isVisible);
+    panel.flipV.click();
+    panel.flipH.click();
+    EXPECT_TRUE(nodes.imageNode->vFlipped);
+    EXPECT_FALSE(nodes.imageNode->hFlipped);
+}
+
+TEST_F(LayouterMenuTest, TheSliderMovesWhatIsChosenAndSaysSo) {
+    std::vector<std::string> said;
+    signals().messageSignal.subscribe(
+        listening, [&](const std::string& message) { said.push_back(message); });
+    press("Object");
+    press("Transform");
+    auto& panel = strip<TransformPanel>();
+    panel.slider().moveTo(-120.4);
+    EXPECT_FLOAT_EQ(nodes.mediaNode->layoutPosition().z, -120.4f);
+    for (const int tag : {1, 2, 3}) {
+        panel.setUpSlider(tag);
+        EXPECT_DOUBLE_EQ(panel.slider().value(), 0);
+        panel.slider().moveTo(-90.0 + tag);
+        panel.setUpSlider(tag);
+        EXPECT_NEAR(panel.slider().value(), -90.0 + tag, 1e-3) << tag;
+    }
+    EXPECT_THAT(
+        said,
+        ElementsAre("PositionZ -120", "RotationX -89 °", "RotationY -88 °", "RotationZ -87 °"));
+}
+
+TEST_F(LayouterMenuTest, WritesOnTheTextInHandAlone) {
+    press("Text 1");
+    press("Write");
+    EXPECT_TRUE(menu.isWriting());
+    EXPECT_EQ(menu.writtenText(), "TITLE");
+    EXPECT_EQ(lit(), "Material") << "writing is no tab of its own";
+    menu.textFieldDidChange(QString::fromUtf8("Grüße"));
+    EXPECT_EQ(nodes.textNode1->text(), "Grüße");
+    menu.setCurrentNodeFromButton(3);
+    EXPECT_FALSE(menu.isWriting());
+    menu.textFieldDidChange("nobody's");
+    menu.writeAction();
+    EXPECT_FALSE(menu.isWriting()) << "an object has no text";
+}
+
+} // namespace
+} // namespace zelvo::ui
