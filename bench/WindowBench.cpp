@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: MIT
+// How the application feels: start to first picture, switch of panels, answer to a press, frames a
+// second of the live stage, and whether it grows. A program of its own, since it needs a display:
+//   xvfb-run -a -s "-screen 0 1280x720x24" build/release/bench/window_bench [--soak] [PICTURES]
+#include "app/Application.h"
+#include "app/Stopwatch.h"
+#include "ui/menus/ActionsMenu.h"
+
+#include <fmt/format.h>
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QQuickWindow>
+
+#include <algorithm>
+#include <fstream>
+#include <string>
+
+namespace {
+
+using namespace zelvo;
+
+constexpr int kRuns = 50;
+constexpr int kSwaps = 20;
+constexpr int kScenes = 11;
+constexpr double kShortRun = 2;
+
+class Session {
+public:
+    explicit Session(QString pictureFolder)
+        : start(app::stopwatchSeconds())
+        , application(foundation::Folders::below("/tmp/zelvo-window-bench"))
+        , pictures(std::move(pictureFolder)) {
+        application.window()->resize(960, 540);
+        application.window()->show();
+    }
+
+    void measure() {
+        wait([this] { return stage().framesShown() > 0; });
+        report("start to first picture", since(start) * 1000, "ms");
+        waitFor(3);
+        picture("style");
+        report("resting", framesASecond(3), "frames/s");
+        measurePanel();
+        waitFor(1);
+        picture("catalogue");
+        measureRun();
+        measurePress();
+        application.main.controlMenu.showHistory();
+        waitFor(1);
+        picture("history");
+    }
+
+    void soak() {
+        wait([this] { return stage().framesShown() > 0; });
+        application.main.showAnim();
+        core::Model& model = application.model();
+        model.setDuration(kShortRun);
+        swapScenes(); // what is kept for the next time is there after the first
+        run();
+        const double before = residentMiB();
+        for (int i = 0; i < kRuns; ++i)
+            run();
+        report("growth over 50 runs", residentMiB() - before, "MiB");
+        const double between = residentMiB();
+        for (int i = 0; i < kSwaps; ++i)
+            swap(i);
+        report("growth over 20 swaps", residentMiB() - between, "MiB");
+        report("resident", residentMiB(), "MiB");
+    }
+
+private:
+    [[nodiscard]] ui::Stage& stage() { return application.main.stage; }
+
+    [[nodiscard]] ui::ActionsMenu* catalogue() {
+        return qobject_cast<ui::ActionsMenu*>(application.main.panel());
+    }
+
+    static double since(double moment) { return app::stopwatchSeconds() - moment; }
+
+    template <class Done> void wait(Done done) { (void)application.runLoop().runUntil(done); }
+
+    void waitFor(double seconds) {
+        bool isOver = false;
+        const auto timer =
+            application.runLoop().scheduleOnce(seconds, [&isOver] { isOver = true; });
+        wait([&isOver] { return isOver; });
+    }
+
+    double framesASecond(double seconds) {
+        const int before = stage().framesShown();
+        const double began = app::stopwatchSeconds();
+        waitFor(seconds);
+        return (stage().framesShown() - before) / since(began);
+    }
+
+    void measurePanel() {
+        double worst = 0;
+        for (int i = 0; i < 6; ++i) {
+            const double began = app::stopwatchSeconds();
+            if (i % 2 == 0) {
+                application.main.showAnim();
+            } else {
+                application.main.showLayouterMenu();
+            }
+            QCoreApplication::processEvents();
+            worst = std::max(worst, since(began));
+            waitFor(0.3);
+        }
+        report("switch of panels, worst", worst * 1000, "ms");
+        application.main.showAnim();
+    }
+
+    void measureRun() {
+        core::Model& model = application.model();
+        const double began = app::stopwatchSeconds();
+        model.start();
+        waitFor(model.startCounter());
+        catalogue()->pressButton(0);
+        catalogue()->releaseButton(0);
+        report("performing", framesASecond(4), "frames/s");
+        picture("run");
+        wait([&model] { return !model.isPlaying(); });
+        report("a run of 2 + 8 seconds", since(began), "s");
+        report("drawn at a scale of", stage().drawScale(), "");
+    }
+
+    void measurePress() {
+        const int before = stage().framesShown();
+        const double began = app::stopwatchSeconds();
+        catalogue()->pressButton(1);
+        catalogue()->releaseButton(1);
+        wait([this, before] { return stage().framesShown() > before; });
+        report("press to next picture", since(began) * 1000, "ms");
+    }
+
+    void run() {
+        core::Model& model = application.model();
+        model.start();
+        for (int button = 0; button < 3; ++button) {
+            waitFor(1);
+            catalogue()->pressButton(button);
+            catalogue()->releaseButton(button);
+        }
+        wait([&model] { return !model.isPlaying(); });
+        model.actionController().deleteAll();
+    }
+
+    void swapScenes() {
+        for (int i = 0; i < kScenes; ++i)
+            swap(i);
+    }
+
+    void swap(int index) {
+        application.model().setScene(index % kScenes);
+        const int before = stage().framesShown();
+        wait([this, before] { return stage().framesShown() > before + 3; });
+    }
+
+    static double residentMiB() {
+        std::ifstream statm("/proc/self/statm");
+        double total = 0;
+        double resident = 0;
+        statm >> total >> resident;
+        return resident * 4096 / (1024 * 1024);
+    }
+
+    static void report(const char* what, double value, const char* unit) {
+        fmt::print("{:<26}{:>9.2f} {}\n", what, value, unit);
+        std::fflush(stdout);
+    }
+
+    void picture(const char* name) {
+        if (!pictures.isEmpty())
+            application.window()->grabWindow().save(pictures + "/" + name + ".png");
+    }
+
+    double start;
+    app::Application application;
+    QString pictures;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    zelvo::app::prepareGraphics();
+    const QGuiApplication process(argc, argv);
+    QStringList arguments = QGuiApplication::arguments().mid(1);
+    const bool isSoak = arguments.removeAll("--soak") > 0;
+    Session session(arguments.value(0));
+    if (isSoak) {
+        session.soak();
+    } else {
+        session.measure();
+    }
+    return 0;
+}
