@@ -11,11 +11,8 @@ Item {
     readonly property real share: (width - 3 * (actions.count - 1)) / Math.max(1, actions.count)
 
     implicitHeight: 78
-    Component.onCompleted: {
-        measure.report();
-        controller.viewWillAppear();
-    }
     onWidthChanged: measure.report()
+    Component.onCompleted: measure.report()
 
     Row {
         width: parent.width
@@ -56,8 +53,15 @@ Item {
         font.weight: Font.DemiBold
         onAdvanceWidthChanged: report()
 
+        property bool isOnShow: false
+
         function report(): void {
+            if (root.width <= 0 || !root.controller)
+                return;
             root.controller.setWidths(root.width, advanceWidth + 14 * 17 + 2 * 40);
+            if (!isOnShow)
+                root.controller.viewWillAppear();
+            isOnShow = true;
         }
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 pragma ComponentBehavior: Bound
 import QtQuick
+import Zelvo
 
 // A SpeedViewController: the nodes on the left, the speeds on the right.
 Item {
@@ -8,7 +9,7 @@ Item {
 
     required property var controller
 
-    implicitWidth: nodes.implicitWidth + 24 + speeds.implicitWidth
+    implicitWidth: nodes.implicitWidth + 24 + speeds.width
     implicitHeight: 36
     visible: !controller.isHidden
 
@@ -32,6 +33,7 @@ Item {
         id: speeds
 
         anchors.right: parent.right
+        width: Math.max(298, Theme.px(298))
         height: parent.height
         controller: root.controller.speedStackView
     }
