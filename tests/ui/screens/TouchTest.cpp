@@ -16,7 +16,6 @@ namespace zelvo::test {
 
 namespace {
 
-using ui::Touch;
 using ui::TouchPhase;
 
 class TouchTest : public testing::Test {
