@@ -26,7 +26,8 @@ TEST(HintScript, TheHandIsOnTheButtonWhenTheStageShowsItsCue) {
     const HintScript script(twoPresses(), {"Fade", "Copter", "Flip"});
     int presses = 0;
     double before = 0;
-    for (double t = 0; t < script.length(); t += 0.01) {
+    for (int i = 0; i < 100 * script.length(); ++i) {
+        const double t = 0.01 * i;
         const Moment now = script.at(t);
         if (now.press > before && now.from.button != Target::kRecord) {
             const double cue = presses == 0 ? 0.8 : 2.1;
@@ -46,7 +47,8 @@ TEST(HintScript, TheHandNeverJumpsAndTheClockNeverRunsBack) {
     const HintScript script(twoPresses(), {"Fade", "Copter", "Flip"});
     Moment before = script.at(0);
     EXPECT_EQ(before.act, Act::pressRecord);
-    for (double t = 0.01; t < script.length(); t += 0.01) {
+    for (int i = 1; i < 100 * script.length(); ++i) {
+        const double t = 0.01 * i;
         const Moment now = script.at(t);
         if (now.to == before.to && now.from == before.from) {
             EXPECT_GE(now.way, before.way);
