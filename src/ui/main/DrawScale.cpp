@@ -21,10 +21,9 @@ void DrawScale::frameTook(double seconds) {
     ++frames;
     mean = frames == 1 ? seconds : mean + (seconds - mean) * kNewest;
     if (mean > kLongFrame && frames >= kBeforeFalling && scale > kLeast) {
-        most = std::max(scale * kStep, kLeast);
-        change(most);
-    } else if (mean < kShortFrame && frames >= kBeforeRising && scale < most) {
-        change(std::min(scale / kStep, most));
+        change(std::max(scale * kStep, kLeast));
+    } else if (mean < kShortFrame && frames >= kBeforeRising && scale < kMost) {
+        change(std::min(scale / kStep, kMost));
     }
 }
 

@@ -25,7 +25,6 @@ private:
     double scale = kStart;
     double mean = 0;     ///< of the frames since the last change, the newest count most
     int frames = 0;      ///< since then
-    double most = kMost; ///< falls for good to what has once proved too much
 };
 
 } // namespace zelvo::ui

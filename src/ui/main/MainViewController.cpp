@@ -4,6 +4,7 @@
 #include "core/model/Model.h"
 #include "platform/foundation/Folders.h"
 #include "ui/controls/Alerts.h"
+#include "ui/layouter/LayouterMenu.h"
 #include "ui/main/FileSystem.h"
 #include "ui/menus/ActionsMenu.h"
 #include "ui/menus/VideoAlertViewController.h"
@@ -98,7 +99,13 @@ void MainViewController::showAnim() {
 void MainViewController::showLayouterMenu() {
     services.model.stop(core::Reset::toStart);
     gestureDelegate = nullptr;
-    setPanel(std::make_unique<QObject>().release(), "");
+    auto menu = std::make_unique<LayouterMenu>(services);
+    const std::weak_ptr<const bool> guard = alive;
+    menu->inspirator.fadeScene = [this, guard](double alpha, double seconds) {
+        if (!guard.expired())
+            fadeScene(alpha, seconds);
+    };
+    setPanel(menu.release(), "LayouterMenu");
     setEditing(false);
     speedViewController.setHidden(true);
     mainMenu.light(MainMenu::Tab::layout);
