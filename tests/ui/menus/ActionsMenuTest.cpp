@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include "ui/menus/ActionsMenu.h"
+
+#include "MenusFixture.h"
+#include "platform/foundation/UserDefaults.h"
+#include "ui/menus/VideoAlertViewController.h"
+
+#include <gmock/gmock.h>
+
+namespace zelvo::test {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class ActionsMenuTest : public MenusTest {
+protected:
+    /// The tabs of the row, arrows as "<" and ">", the lit one in brackets.
+    [[nodiscard]] std::string row() const {
+        std::string text;
+        for (const ui::MyButton* const button : menu.stackView.arranged()) {
+            std::string face = button->title().toStdString();
+            if (button == menu.arrowLeft.get())
+                face = "<";
+            if (button == menu.arrowRight.get())
+                face = ">";
+            if (!button->isEnabled())
+                face = "-";
+            text += (text.empty() ? "" : " ") + (button->isMySelected() ? "[" + face + "]" : face);
+        }
+        return text;
+    }
+
+    /// What the first action button stands for.
+    [[nodiscard]] std::string firstAction() const {
+        return menu.actionButtons().empty() ? ""
+                                            : menu.actionButtons().front()->name().toStdString();
+    }
+
+    void appear(qreal width) {
+        menu.setWidths(width, 700);
+        menu.viewWillAppear();
+    }
+
+    ui::ActionsMenu menu{services};
+};
+
+constexpr qreal kWide = 1280;
+constexpr qreal kNarrow = 600;
+
+TEST_F(ActionsMenuTest, AWideWindowShowsEveryTabAndOpensTheSecond) {
+    appear(kWide);
+    EXPECT_EQ(row(), "FLY [IN1] IN2 IN3 IN4 TXT ROT CAM FX1 FX2 FX3 OT1 OT2 OT3");
+    EXPECT_EQ(firstAction(), "Left In");
+    EXPECT_THAT(menu.actionButtons(), SizeIs(6));
+}
+
+TEST_F(ActionsMenuTest, ANarrowWindowShowsPagesOfWhichTheFirstLightsAnotherTabThanItOpens) {
+    appear(kNarrow);
+    EXPECT_EQ(row(), "[OT1] OT2 OT3 FLY IN1 IN2 IN3 IN4 >");
+    EXPECT_EQ(firstAction(), "Pass Right");
+    menu.arrowRight->click();
+    EXPECT_EQ(row(), "< [TXT] ROT CAM FX1 FX2 FX3");
+    menu.CAM->click();
+    menu.arrowLeft->click();
+    EXPECT_EQ(row(), "[OT1] OT2 OT3 FLY IN1 IN2 IN3 IN4 >");
+    EXPECT_EQ(firstAction(), "Pass Right");
+}
+
+TEST_F(ActionsMenuTest, ResizingKeepsTheTabThatIsOpen) {
+    appear(kWide);
+    menu.FX1->click();
+    const std::string open = firstAction();
+    menu.setWidths(kNarrow, 700);
+    EXPECT_EQ(row(), "< TXT ROT CAM [FX1] FX2 FX3");
+    EXPECT_EQ(firstAction(), open);
+    menu.setWidths(kWide, 700);
+    EXPECT_EQ(row(), "FLY IN1 IN2 IN3 IN4 TXT ROT CAM [FX1] FX2 FX3 OT1 OT2 OT3");
+}
+
+TEST_F(ActionsMenuTest, KeysStepThroughTheTabsAcrossPagesAndAroundTheEnds) {
+    appear(kNarrow);
+    menu.previousTab();
+    EXPECT_EQ(row(), "< TXT ROT CAM FX1 FX2 [FX3]");
+    menu.nextTab();
+    EXPECT_EQ(row(), "[OT1] OT2 OT3 FLY IN1 IN2 IN3 IN4 >");
+    EXPECT_EQ(firstAction(), "Left Out") << "by key the lit tab is the open one";
+    for (int i = 0; i < 8; ++i)
+        menu.nextTab();
+    EXPECT_EQ(row(), "< [TXT] ROT CAM FX1 FX2 FX3");
+    menu.setWidths(kWide, 700);
+    for (int i = 0; i < 9; ++i)
+        menu.nextTab();
+    EXPECT_EQ(row(), "[FLY] IN1 IN2 IN3 IN4 TXT ROT CAM FX1 FX2 FX3 OT1 OT2 OT3");
+}
+
+TEST_F(ActionsMenuTest, AKeyRecordsItsButtonsAction) {
+    appear(kWide);
+    model.start();
+    loop().runFor(3);
+    menu.pressButton(0);
+    menu.releaseButton(0);
+    menu.pressButton(6); // there is no seventh
+    menu.pressButton(-1);
+    loop().drain();
+    ASSERT_THAT(controller().recordedActions(), SizeIs(1));
+    EXPECT_THAT(controller().recordedActions()[0]->title, testing::StartsWith("Left In ("));
+}
+
+TEST_F(ActionsMenuTest, WithoutNodesNoButtonOfTheMovesTakesAnIdentifier) {
+    appear(kWide);
+    model.start();
+    loop().runFor(3);
+    model.setAffectedNodes({});
+    const int before = controller().currentIdentifier;
+    for (auto* const tab :
+         {&menu.FLY,
+          &menu.IN1,
+          &menu.IN2,
+          &menu.IN3,
+          &menu.IN4,
+          &menu.MID,
+          &menu.OT1,
+          &menu.OT2,
+          &menu.OT3}) {
+        (*tab)->click();
+        for (int i = 0; i < 6; ++i) {
+            menu.pressButton(i);
+            menu.releaseButton(i);
+        }
+    }
+    loop().drain();
+    EXPECT_EQ(controller().currentIdentifier, before);
+    EXPECT_THAT(controller().recordedActions(), IsEmpty());
+}
+
+TEST_F(ActionsMenuTest, ChangingTheTabEndsAHeldButton) {
+    appear(kWide);
+    menu.FX1->click();
+    model.start();
+    loop().runFor(3);
+    menu.pressButton(0);
+    loop().runFor(0.5);
+    const auto during = controller().recordedActions().size();
+    menu.nextTab();
+    loop().drain();
+    EXPECT_GT(controller().recordedActions().size(), during) << "the end was not recorded";
+}
+
+TEST_F(ActionsMenuTest, AnOperationWithoutATabEmptiesTheRow) {
+    appear(kWide);
+    menu.showFX4();
+    EXPECT_THAT(menu.actionObjects(), IsEmpty());
+}
+
+TEST_F(ActionsMenuTest, TheSpeedMenuIsOffAtFirstAndItsStateIsKept) {
+    std::vector<bool> told;
+    menu.speedClosure = [&](bool isOn) { told.push_back(isOn); };
+    appear(kWide);
+    EXPECT_EQ(world.defaults.boolean("SpeedMenuVisibleKey"), false);
+    menu.speedButton.click();
+    EXPECT_EQ(menu.speedButton.image(), "Controls_on");
+    EXPECT_EQ(world.defaults.boolean("SpeedMenuVisibleKey"), true);
+    menu.viewWillAppear();
+    menu.speedButton.click();
+    EXPECT_THAT(told, ElementsAre(false, true, true, false));
+}
+
+TEST(VideoAlert, StandsInTheMiddleWithItsButtonBelowTheMovie) {
+    const ui::VideoAlertViewController alert("/nowhere/Hint.mp4", {800, 450});
+    EXPECT_EQ(alert.frameIn(1280, 720), QRectF(240, 113, 800, 494));
+    EXPECT_TRUE(alert.movie().isEmpty());
+}
+
+} // namespace
+
+} // namespace zelvo::test

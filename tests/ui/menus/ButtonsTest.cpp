@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "platform/foundation/RunLoop.h"
+#include "ui/controls/FuncButton.h"
+#include "ui/controls/HighlightButton.h"
+#include "ui/controls/MySlider.h"
+#include "ui/controls/TabStackView.h"
+#include "ui/controls/ValueLabel.h"
+#include "ui/shared/Signal.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace zelvo::ui {
+
+namespace {
+
+using Glow = FuncButton::Glow;
+using testing::DoubleNear;
+using testing::ElementsAre;
+using testing::Optional;
+
+class FuncButtonTest : public testing::Test {
+protected:
+    [[nodiscard]] FuncButton::Action fire(bool timed = false) {
+        return {.beganFunc = [this] { ++began; }, .timed = timed};
+    }
+
+    [[nodiscard]] FuncButton::Action hold() {
+        return {
+            .beganFunc = [this] { ++began; },
+            .endFunc = [this](std::optional<double> held) { ended.push_back(held); }};
+    }
+
+    foundation::VirtualRunLoop loop;
+    int began = 0;
+    std::vector<std::optional<double>> ended;
+};
+
+TEST_F(FuncButtonTest, AFireButtonActsAtOnceAndFlashesHoweverLongItIsHeld) {
+    FuncButton button(loop, {.title = "Left In"}, fire());
+    button.press();
+    EXPECT_EQ(began, 1);
+    EXPECT_EQ(button.glow(), Glow::flash);
+    loop.runFor(FuncButton::kFlashDuration);
+    EXPECT_EQ(button.glow(), Glow::none);
+    loop.runFor(5);
+    button.release();
+    EXPECT_EQ(began, 1);
+}
+
+TEST_F(FuncButtonTest, AShortTapStillFlashesInFullAndAQuickSecondOneAnew) {
+    FuncButton button(loop, {.title = "Left In"}, fire());
+    button.press();
+    button.release();
+    loop.runFor(0.05);
+    button.press();
+    button.release();
+    loop.runFor(0.05);
+    EXPECT_EQ(button.glow(), Glow::flash) << "the first flash's end has cut the second short";
+    loop.runFor(0.05);
+    EXPECT_EQ(button.glow(), Glow::none);
+    EXPECT_EQ(began, 2);
+}
+
+TEST_F(FuncButtonTest, ATimedButtonRepeatsWhileItIsHeld) {
+    FuncButton button(loop, {.title = "Random"}, fire(true));
+    button.press();
+    loop.runFor(0.35);
+    EXPECT_EQ(began, 1 + 3);
+    EXPECT_EQ(button.glow(), Glow::pulse);
+    button.release();
+    loop.runFor(1);
+    EXPECT_EQ(began, 1 + 3);
+    EXPECT_EQ(button.glow(), Glow::none);
+}
+
+TEST_F(FuncButtonTest, AHoldButtonEndsOnceWithTheHeldTime) {
+    FuncButton button(loop, {.title = "Blur"}, hold());
+    button.release();
+    button.press();
+    loop.runFor(0.75);
+    button.press(); // a key while a finger is on it
+    EXPECT_EQ(button.glow(), Glow::lit);
+    button.release();
+    button.release();
+    EXPECT_EQ(began, 1);
+    EXPECT_THAT(ended, ElementsAre(Optional(DoubleNear(0.75, 1e-9))));
+    EXPECT_EQ(button.glow(), Glow::none);
+}
+
+TEST_F(FuncButtonTest, APressThatIsTakenAwayEndsLikeALiftOff) {
+    {
+        FuncButton button(loop, {.title = "Blur"}, hold());
+        button.press();
+        button.cancel();
+        EXPECT_EQ(ended.size(), 1u);
+        button.press();
+    }
+    EXPECT_EQ(ended.size(), 2u) << "the effect of a button that has gone goes on for ever";
+}
+
+TEST(SegmentedSelection, IsOnePerStack) {
+    MySegmentedStackButton a({.title = "IN1"}, {});
+    MySegmentedStackButton b({.title = "IN2"}, {});
+    MySegmentedStackButton namesake({.title = "IN1"}, {});
+    MySegmentedStackButton plain({.title = "IN3"}, {});
+    plain.highlightingEnabled = false;
+    TabStackView here;
+    here.setArrangedSubviews({&a, &b, &plain});
+    TabStackView elsewhere;
+    elsewhere.addArrangedSubview(namesake);
+
+    namesake.click();
+    b.click();
+    a.click();
+    plain.click();
+    EXPECT_TRUE(a.isMySelected());
+    EXPECT_FALSE(b.isMySelected());
+    EXPECT_FALSE(plain.isMySelected());
+    EXPECT_TRUE(namesake.isMySelected()) << "another stack's touch has reached it";
+}
+
+TEST(SegmentedSelection, ByIndexCountsOnlyTabsAndEndsAtTheLast) {
+    int touched = 0;
+    MyButton label({.title = "Title"}, {});
+    MySegmentedStackButton a({.title = "IN1"}, [&] { ++touched; });
+    MySegmentedStackButton b({.title = "IN2"}, [&] { ++touched; });
+    TabStackView stack;
+    stack.setArrangedSubviews({&label, &a, &b});
+    stack.select(0);
+    EXPECT_TRUE(a.isMySelected());
+    stack.select(2);
+    EXPECT_TRUE(a.isMySelected());
+    stack.removeArrangedSubviews();
+    b.click();
+    EXPECT_TRUE(a.isMySelected()) << "buttons out of the stack are no group";
+    EXPECT_EQ(touched, 1) << "selecting by index is no press";
+}
+
+TEST(TabStackView, ForgetsAButtonThatHasGone) {
+    TabStackView stack;
+    auto gone = std::make_unique<MySegmentedStackButton>(ButtonFace{.title = "A"}, nullptr);
+    MySegmentedStackButton stays({.title = "B"}, {});
+    stack.setArrangedSubviews({gone.get(), &stays});
+    gone.reset();
+    EXPECT_THAT(stack.arrangedObjects(), ElementsAre(&stays));
+    stack.select(0);
+    EXPECT_TRUE(stays.isMySelected());
+}
+
+TEST(MySlider, GoesBackToItsDefaultOnlyIfItHasOne) {
+    std::vector<double> told;
+    MySlider slider("Depth", {.minimum = 0, .maximum = 10});
+    slider.valueChanged = [&](double value) { told.push_back(value); };
+    slider.setValue(4);
+    slider.sliderTapped();
+    EXPECT_EQ(slider.value(), 4);
+    slider.defaultValue = 6;
+    slider.sliderTapped();
+    slider.moveTo(12);
+    EXPECT_THAT(told, ElementsAre(6, 10));
+}
+
+TEST(ValueLabel, ShowsAMessageAfterAGapAndASecondOneAnew) {
+    foundation::VirtualRunLoop loop;
+    const ValueLabel label(loop);
+    EXPECT_TRUE(label.isHidden());
+    signals().messageSignal.fire("Speed: Slow");
+    EXPECT_TRUE(label.isHidden());
+    loop.runFor(0.11);
+    EXPECT_FALSE(label.isHidden());
+    loop.runFor(2.0);
+    signals().messageSignal.fire("Speed: Fast");
+    EXPECT_TRUE(label.isHidden());
+    loop.runFor(2.0);
+    EXPECT_FALSE(label.isHidden()) << "hidden by the first message's timer";
+    EXPECT_EQ(label.text(), "Speed: Fast");
+    loop.runFor(0.31);
+    EXPECT_TRUE(label.isHidden());
+}
+
+} // namespace
+
+} // namespace zelvo::ui

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "model/ModelFixture.h"
+#include "ui/controls/Alerts.h"
+#include "ui/controls/Services.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace zelvo::test {
+
+/// The model with what the menus are built of.
+class MenusTest : public ModelTest {
+protected:
+    [[nodiscard]] foundation::VirtualRunLoop& loop() { return world.runLoop; }
+
+    [[nodiscard]] actions::ActionController& controller() const { return model.actionController(); }
+
+    /// The user's answer to the alert on show, by its title.
+    void answer(const QString& title) {
+        const QVariantList offered = alerts.actions();
+        for (int i = 0; i < offered.size(); ++i) {
+            if (offered[i].toMap()["title"] == title)
+                return alerts.choose(i);
+        }
+        ADD_FAILURE() << "no " << title.toStdString();
+    }
+
+    ui::Alerts alerts;
+    ui::Services services{model, world.runLoop, world.defaults, alerts};
+};
+
+} // namespace zelvo::test
