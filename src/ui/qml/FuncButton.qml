@@ -96,9 +96,8 @@ Rectangle {
     HoverHandler {
         id: hover
     }
-    MultiPointTouchArea {
+    PressArea {
         anchors.fill: parent
-        maximumTouchPoints: 1
         onPressed: root.controller.press()
         onReleased: root.controller.release()
         onCanceled: root.controller.cancel()

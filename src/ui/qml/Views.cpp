@@ -2,6 +2,7 @@
 #include "ui/qml/Views.h"
 
 #include "ui/controls/Theme.h"
+#include "ui/qml/PressArea.h"
 #include "ui/qml/TrueColorSink.h"
 
 #include <QLoggingCategory>
@@ -34,6 +35,7 @@ void installViews() {
     static Theme theme;
     QQmlEngine::setObjectOwnership(&theme, QQmlEngine::CppOwnership);
     qmlRegisterSingletonInstance("Zelvo", 1, 0, "Theme", &theme);
+    qmlRegisterType<PressArea>("Zelvo", 1, 0, "PressArea");
     qmlRegisterType<TrueColorSink>("Zelvo", 1, 0, "TrueColorSink");
 }
 

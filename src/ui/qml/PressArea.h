@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QQuickItem>
+
+#include <optional>
+
+namespace zelvo::ui {
+
+/// Follows one finger, or the left mouse button, from where it comes down on the item to where it
+/// is let go, wherever it wanders. A second finger on it is taken and ignored; fingers on other
+/// items are none of its business.
+class PressArea : public QQuickItem {
+    Q_OBJECT
+
+public:
+    explicit PressArea(QQuickItem* parent = nullptr);
+
+Q_SIGNALS:
+    void pressed();
+    void released();
+    void canceled(); ///< somebody else took the finger
+
+protected:
+    void touchEvent(QTouchEvent* event) override;
+    void touchUngrabEvent() override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseUngrabEvent() override;
+
+private:
+    static constexpr int kMouse = -1;
+
+    void begin(int point);
+    void cancel();
+
+    std::optional<int> held; ///< id of the finger, or kMouse
+};
+
+} // namespace zelvo::ui
