@@ -39,6 +39,7 @@ public:
     // The tabs, in the order of the row.
     using TabButton = std::unique_ptr<MySegmentedStackButton>;
     // clang-format off
+    // NOLINTNEXTLINE(readability-identifier-naming): the tabs' own names
     TabButton FLY, IN1, IN2, IN3, IN4, MID, ROT, CAM, FX1, FX2, FX3, OT1, OT2, OT3;
     // clang-format on
     TabButton arrowLeft;

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "ui/qml/Views.h"
+
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
@@ -8,5 +10,6 @@ int main(int argc, char** argv) {
     qputenv("QT_QUICK_BACKEND", "software");
     testing::InitGoogleTest(&argc, argv);
     const QGuiApplication application(argc, argv);
+    zelvo::ui::installViews();
     return RUN_ALL_TESTS();
 }

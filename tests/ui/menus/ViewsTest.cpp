@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The views on their controllers, with events as a window gets them.
-#include "ui/qml/Views.h"
 
 #include "MenusFixture.h"
 #include "ui/controls/ValueLabel.h"
@@ -58,10 +57,7 @@ protected:
 
     /// One for all: the theme belongs to the engine that asks for it first.
     [[nodiscard]] static QQmlEngine* engine() {
-        static QQmlEngine* const shared = [] {
-            ui::installViews();
-            return new QQmlEngine(QCoreApplication::instance());
-        }();
+        static auto* const shared = new QQmlEngine(QCoreApplication::instance());
         return shared;
     }
 
