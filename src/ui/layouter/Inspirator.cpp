@@ -28,6 +28,11 @@ Inspirator::Inspirator(const Services& given, QObject* parent)
     button.unselectedColor = kButtonColor;
 }
 
+Inspirator::~Inspirator() {
+    if (!button.isEnabled())
+        fade(1, kFadeIn);
+}
+
 void Inspirator::inspiratorAction() {
     button.setEnabled(false);
     fade(0, kFadeOut);

@@ -27,6 +27,10 @@ public:
     static constexpr double kFadeIn = 0.4;  ///< of the scene, then of the title
 
     explicit Inspirator(const Services& given, QObject* parent = nullptr);
+    /// Never leaves the scene dark.
+    ~Inspirator() override;
+    Inspirator(const Inspirator&) = delete;
+    Inspirator& operator=(const Inspirator&) = delete;
 
     MyButton button;
     /// Brings the scene's opacity there within that many seconds; may be empty.

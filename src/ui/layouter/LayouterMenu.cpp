@@ -14,6 +14,9 @@ std::array<core::NodePtr, 4> nodesInOrder(const core::Nodes& nodes) {
     return {nodes.textNode1, nodes.textNode2, nodes.imageNode, nodes.mediaNode};
 }
 
+/// A panel goes some time after the next one has come, which has outlines of its own by then.
+const LayouterMenu* outliner = nullptr;
+
 bool isText(const core::NodePtr& node) {
     return std::dynamic_pointer_cast<content::TextNode>(node) != nullptr;
 }
@@ -37,11 +40,15 @@ LayouterMenu::LayouterMenu(const Services& given, QObject* parent)
         backButtonClicked();
     }) {
     backButton.size = {34, 0};
+    outliner = this;
     services.model.actionController().resetAll(actions::CameraHandles::include);
     refresh();
 }
 
 LayouterMenu::~LayouterMenu() {
+    if (outliner != this)
+        return;
+    outliner = nullptr;
     for (const core::NodePtr& node : nodesInOrder(services.model.nodes()))
         node->showOutline(core::Outline::hidden, core::Transition::animated);
 }

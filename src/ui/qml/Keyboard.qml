@@ -10,6 +10,7 @@ FocusScope {
     required property var window
 
     readonly property var catalogue: main.panelView === "ActionsMenu" ? main.panel : null
+    readonly property var layouter: main.panelView === "LayouterMenu" ? main.panel : null
 
     // The digits play the six buttons, as long as they are held.
     function digit(event): int {
@@ -27,6 +28,10 @@ FocusScope {
             catalogue.pressButton(digit(event));
         else if (event.key === Qt.Key_Space && !event.isAutoRepeat)
             main.controlMenu.record();
+        else if (event.key === Qt.Key_I && layouter && !layouter.isBackVisible && !event.modifiers)
+            layouter.inspirator.button.click();
+        else if (event.key === Qt.Key_Escape && layouter && layouter.isBackVisible)
+            layouter.backButtonClicked();
         else if (event.key === Qt.Key_Escape && window.visibility === Window.FullScreen)
             window.visibility = Window.Windowed;
         else

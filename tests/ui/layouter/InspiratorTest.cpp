@@ -111,10 +111,14 @@ TEST_F(InspiratorTest, CountsDotsChangesUnseenAndComesBack) {
 }
 
 TEST_F(InspiratorTest, MayGoWhileItCounts) {
+    double sceneAlpha = 1;
     {
         Inspirator inspirator(services);
+        inspirator.fadeScene = [&](double alpha, double) { sceneAlpha = alpha; };
         inspirator.button.click();
+        EXPECT_EQ(sceneAlpha, 0);
     }
+    EXPECT_EQ(sceneAlpha, 1) << "nobody brings the scene back";
     const look::SNEPtr before = model.sceneData();
     world.runLoop.runFor(2);
     EXPECT_EQ(model.sceneData(), before);
