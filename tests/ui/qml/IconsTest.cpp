@@ -30,7 +30,8 @@ QSet<QString> namesInCatalogue() {
 
 /// What the sources of the interface call an image, be it in C++ or in QML.
 QSet<QString> namesInSources() {
-    static const QRegularExpression imageLine(R"(\b(image|selectedImage|setFace|faceOf)\b.*)");
+    static const QRegularExpression imageLine(
+        R"(\b(?:image|selectedImage)\s*[=:].*|\b(?:faceOf|makeArrow)\(.*)");
     static const QRegularExpression name(R"re("([A-Z][A-Za-z]+(?:[-_][A-Za-z0-9]+)*)")re");
     static const QRegularExpression translated(R"(\b(tr|qsTr)\("[^"]*"\))");
     static const QRegularExpression other(
