@@ -4,6 +4,7 @@
 #include "platform/foundation/Console.h"
 
 #include <QGuiApplication>
+#include <QIcon>
 #include <QQuickWindow>
 
 #include <cstdlib>
@@ -56,6 +57,7 @@ int run(const WindowCommand& command) {
     QGuiApplication::setDesktopFileName("zelvo");
 
     Application application(foundation::Folders::standard());
+    QGuiApplication::setWindowIcon(QIcon(":/zelvo/icons/Zelvo.svg"));
     QQuickWindow* window = application.window();
     if (window == nullptr)
         endWithoutWindow("the views of the window are damaged; install the program anew");

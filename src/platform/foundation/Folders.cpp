@@ -40,7 +40,14 @@ Bundle::Bundle(std::vector<std::filesystem::path> roots)
 Bundle Bundle::standard() {
     if (const char* given = std::getenv("ZELVO_RESOURCES"))
         return Bundle({given});
-    return Bundle({ZELVO_BAKED_RESOURCES, ZELVO_SOURCE_RESOURCES, ZELVO_INSTALLED_RESOURCES});
+    // Beside the program first: an installed one may have been moved, and its build tree may stand.
+    std::error_code ignored;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored);
+    return Bundle(
+        {program.parent_path().parent_path() / "share/zelvo",
+         ZELVO_BAKED_RESOURCES,
+         ZELVO_SOURCE_RESOURCES,
+         ZELVO_INSTALLED_RESOURCES});
 }
 
 std::filesystem::path Bundle::path(const std::string& name) const {

@@ -22,8 +22,8 @@ struct Folders {
 };
 
 /// The resource files that come with the program, looked up by name ("Environment001.jpg",
-/// "fonts/Abel-Regular.ttf"). Search order: $ZELVO_RESOURCES (one folder), the build tree's baked
-/// and source resources, the installed share.
+/// "fonts/Abel-Regular.ttf"). Search order: $ZELVO_RESOURCES (one folder), ../share/zelvo as
+/// seen from the program, the build tree's baked and source resources, the installed share.
 class Bundle {
 public:
     explicit Bundle(std::vector<std::filesystem::path> roots);

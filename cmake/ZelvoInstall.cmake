@@ -1,0 +1,12 @@
+# cmake --install: the program, what it reads while it runs, and what a desktop has to know of it.
+include(GNUInstallDirs)
+
+install(TARGETS zelvo RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+# The program looks for them in ../share/zelvo, wherever it stands.
+install(DIRECTORY "${CMAKE_SOURCE_DIR}/resources/" "${ZELVO_BAKED_DIR}/" DESTINATION "share/zelvo")
+install(FILES "${CMAKE_SOURCE_DIR}/LICENSE" DESTINATION "share/doc/zelvo")
+install(FILES "${CMAKE_SOURCE_DIR}/packaging/zelvo.desktop" DESTINATION "share/applications")
+install(FILES "${CMAKE_SOURCE_DIR}/packaging/zelvo-mime.xml" DESTINATION "share/mime/packages" RENAME zelvo.xml)
+install(FILES "${CMAKE_SOURCE_DIR}/packaging/zelvo.metainfo.xml" DESTINATION "share/metainfo")
+install(FILES "${CMAKE_SOURCE_DIR}/src/ui/qml/icons/Zelvo.svg" DESTINATION "share/icons/hicolor/scalable/apps"
+        RENAME zelvo.svg)
