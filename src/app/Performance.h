@@ -75,17 +75,18 @@ struct Press {
     std::optional<double> held;       ///< of a button that is held: seconds from press to lift-off
 };
 
-/// A finger drawn over the picture: the touches, spread evenly over the time, and lift-off with the
-/// last one.
+/// A finger drawn from point to point over the picture, the same time from each to the next, and
+/// lifted at the last one.
 struct Pan {
     std::vector<glm::dvec2> points; ///< at least two; x to the right, y down
     double lasts = 0;               ///< seconds
 };
 
-/// Two fingers moved apart or together: how fast at each touch, spread evenly over the time.
+/// Two fingers moved apart or together and then lifted. Their velocity goes from each value to the
+/// next in the same time.
 struct Pinch {
     std::vector<double> velocities; ///< at least one; scale factors per second
-    double lasts = 0;               ///< seconds, then lift-off
+    double lasts = 0;               ///< seconds
 };
 
 struct DoubleTap {};

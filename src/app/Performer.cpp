@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <functional>
 #include <map>
 #include <memory>
@@ -24,8 +25,9 @@ namespace {
 
 using actions::GestureState;
 
+constexpr double kStep = core::Model::kStep;
 /// Times of cues that lie this far behind a tick still belong to it; seconds.
-constexpr double kNear = core::Model::kStep / 3;
+constexpr double kNear = kStep / 3;
 /// The shortest stretch of music, seconds.
 constexpr double kMinStretch = 2.0;
 
@@ -86,6 +88,15 @@ constexpr auto kFades = std::to_array<FadeRow>({
     return {};
 }
 
+/// A share of the way along values that are the same time apart.
+template <class Value> Value along(const std::vector<Value>& values, double share) {
+    const double place = share * static_cast<double>(values.size() - 1);
+    const auto before = static_cast<std::size_t>(place);
+    if (before + 1 >= values.size())
+        return values.back();
+    return values[before] + (values[before + 1] - values[before]) * (place - std::floor(place));
+}
+
 /// Presses the cues in the course of a run.
 class Hand {
 public:
@@ -120,35 +131,40 @@ private:
     void act(const DoubleTap&) { gestures().doubleTap(); }
 
     void act(const Pan& cue) {
-        const std::size_t last = cue.points.size() - 1;
-        for (std::size_t i = 0; i <= last; ++i) {
-            const auto state = i == 0 ? GestureState::began : GestureState::changed;
-            later.emplace(stepTime(i, last, cue.lasts), [this, state, at = cue.points[i]] {
-                gestures().pan(state, glm::vec2(at));
-            });
-        }
-        later.emplace(now + cue.lasts, [this, at = cue.points[last]] {
-            gestures().pan(GestureState::ended, glm::vec2(at));
-        });
+        touch({now, cue.lasts, [this, points = cue.points](GestureState state, double share) {
+                   gestures().pan(state, glm::vec2(along(points, share)));
+               }});
     }
 
     void act(const Pinch& cue) {
-        const std::size_t last = cue.velocities.size() - 1;
-        for (std::size_t i = 0; i <= last; ++i) {
-            const auto state = i == 0 ? GestureState::began : GestureState::changed;
-            const auto velocity = static_cast<float>(cue.velocities[i]);
-            later.emplace(stepTime(i, last, cue.lasts), [this, state, velocity] {
-                gestures().pinch(state, velocity);
-            });
-        }
-        later.emplace(now + cue.lasts, [this] { gestures().pinch(GestureState::ended, 0); });
+        touch(
+            {now, cue.lasts, [this, velocities = cue.velocities](GestureState state, double share) {
+                 gestures().pinch(state, static_cast<float>(along(velocities, share)));
+             }});
     }
 
-    /// The touches of a gesture are spread evenly from its beginning to its end.
-    [[nodiscard]] double stepTime(std::size_t number, std::size_t last, double lasts) const {
-        const double share =
-            last == 0 ? 0 : static_cast<double>(number) / static_cast<double>(last);
-        return now + share * lasts;
+    /// Fingers that have come down and are moving.
+    struct Fingers {
+        double cameDown = 0; ///< seconds of the movie
+        double lasts = 0;
+        std::function<void(GestureState, double share)> touch;
+
+        [[nodiscard]] long lastNumber() const { return std::max(1L, std::lround(lasts / kStep)); }
+    };
+
+    /// Touches come with every tick, as from a screen; with the last one the fingers are lifted.
+    /// Each asks for the next, so that a gesture of an hour waits as one entry.
+    void touch(const Fingers& fingers, long number = 0) {
+        const long last = fingers.lastNumber();
+        const double share = static_cast<double>(number) / static_cast<double>(last);
+        later.emplace(fingers.cameDown + share * fingers.lasts, [=, this] {
+            fingers.touch(number == 0 ? GestureState::began : GestureState::changed, share);
+            if (number < last) {
+                touch(fingers, number + 1);
+            } else {
+                fingers.touch(GestureState::ended, share);
+            }
+        });
     }
 
     void act(const Press& cue) {
