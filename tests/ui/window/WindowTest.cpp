@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+// One performance by hand in the real window, with real events: from the start to the preview.
+// With ZELVO_WINDOW_PICTURES naming a folder, pictures of the screens are left there.
+#include "app/Application.h"
+#include "support/TemporaryFolder.h"
+#include "ui/layouter/LayouterMenu.h"
+#include "ui/menus/ActionsMenu.h"
+#include "ui/screens/ExportViewController.h"
+#include "ui/screens/HistoryController.h"
+
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+#include <functional>
+
+namespace zelvo::app {
+namespace {
+
+constexpr int kPatience = 60'000; ///< milliseconds; software graphics on a busy machine
+
+/// The view of a controller, or one with that property's value, anywhere below.
+QQuickItem* viewOf(QQuickItem* below, const QObject* controller) {
+    const QVariant shown = below->property("controller");
+    if (below->isVisible() && shown.isValid() && shown.value<QObject*>() == controller)
+        return below;
+    for (QQuickItem* const child : below->childItems()) {
+        if (QQuickItem* const found = viewOf(child, controller))
+            return found;
+    }
+    return nullptr;
+}
+
+class WindowTest : public testing::Test {
+protected:
+    WindowTest() {
+        model.setDuration(2);
+        model.movieWriter().options.renderSize = {160, 90};
+        window.resize(1280, 720);
+        application.show();
+        window.requestActivate();
+    }
+
+    [[nodiscard]] static bool soon(const std::function<bool()>& happens) {
+        return QTest::qWaitFor(happens, kPatience);
+    }
+
+    [[nodiscard]] QPoint placeOf(const QObject* controller) {
+        QQuickItem* view = nullptr;
+        if (!soon([&] { return (view = viewOf(window.contentItem(), controller)) != nullptr; })) {
+            ADD_FAILURE() << "a control is not shown";
+            return {};
+        }
+        return view->mapToScene({view->width() / 2, view->height() / 2}).toPoint();
+    }
+
+    void click(const QObject* controller) {
+        QTest::mouseClick(&window, Qt::LeftButton, {}, placeOf(controller));
+    }
+
+    void picture(const QString& name) {
+        const QString pictures = qEnvironmentVariable("ZELVO_WINDOW_PICTURES");
+        if (pictures.isEmpty())
+            return;
+        QTest::qWait(500); // what moves has come to rest
+        EXPECT_TRUE(window.grabWindow().save(pictures + "/" + name + ".png"));
+    }
+
+    [[nodiscard]] std::size_t records() const {
+        std::size_t rows = 0;
+        for (const auto& action : model.actionController().recordedActions())
+            rows += action->registerUndo ? 1 : 0;
+        return rows;
+    }
+
+    template <class Kind> Kind* panel() { return qobject_cast<Kind*>(application.main.panel()); }
+
+    template <class Kind> Kind* screen() { return qobject_cast<Kind*>(application.main.screen()); }
+
+    void openCatalogue();
+    void record();
+    void replayAndUndo();
+    void deleteFromHistory();
+    void exportMovie();
+
+    test::TemporaryFolder folder;
+    Application application{foundation::Folders::below(folder.path())};
+    QQuickWindow& window = *application.window();
+    core::Model& model = application.model();
+    std::unique_ptr<QPointingDevice> finger{QTest::createTouchDevice()};
+};
+
+void WindowTest::openCatalogue() {
+    ASSERT_TRUE(soon([&] { return application.main.stage.framesShown() > 0; }));
+    ASSERT_NE(panel<ui::LayouterMenu>(), nullptr);
+    EXPECT_FALSE(application.main.shareButton.isEnabled());
+    EXPECT_TRUE(soon([&] { return application.main.sceneAlpha() == 1; }));
+    picture("1-style");
+    QTest::keyClick(&window, Qt::Key_F3);
+    ASSERT_TRUE(soon([&] { return panel<ui::ActionsMenu>() != nullptr; }));
+    picture("2-catalogue");
+}
+
+void WindowTest::record() {
+    ui::ActionsMenu& menu = *panel<ui::ActionsMenu>();
+    click(&application.main.controlMenu.recordButton);
+    ASSERT_TRUE(soon([&] { return model.isPlaying() && model.time() > 2; }));
+
+    click(menu.actionButtons().at(0).get());
+    EXPECT_TRUE(soon([&] { return records() == 1; })) << "by mouse";
+    QTest::keyPress(&window, Qt::Key_2);
+    QTest::keyRelease(&window, Qt::Key_2);
+    EXPECT_TRUE(soon([&] { return records() == 2; })) << "by keyboard";
+    const QPoint place = placeOf(menu.actionButtons().at(2).get());
+    QTest::touchEvent(&window, finger.get()).press(0, place, &window);
+    EXPECT_TRUE(soon([&] { return records() == 3; })) << "by touch, before the finger is lifted";
+    QTest::touchEvent(&window, finger.get()).release(0, place, &window);
+
+    QTest::keyClick(&window, Qt::Key_Space);
+    ASSERT_TRUE(soon([&] { return !model.isPlaying(); }));
+    EXPECT_EQ(model.time(), 0);
+}
+
+void WindowTest::replayAndUndo() {
+    click(&application.main.controlMenu.recordButton);
+    ASSERT_TRUE(soon([&] { return model.isPlaying() && model.time() > 2.5; }));
+    picture("3-replay");
+    ASSERT_TRUE(soon([&] { return !model.isPlaying() && !model.isBlocking(); }));
+    EXPECT_EQ(records(), 3U) << "a replay records nothing";
+    QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(soon([&] { return records() == 2; }));
+    click(&application.main.controlMenu.redoButton);
+    EXPECT_TRUE(soon([&] { return records() == 3; }));
+}
+
+void WindowTest::deleteFromHistory() {
+    click(&application.main.controlMenu.historyButton);
+    ASSERT_TRUE(soon([&] { return screen<ui::HistoryController>() != nullptr; }));
+    picture("4-history");
+    ASSERT_TRUE(soon([&] { return window.activeFocusItem() != nullptr; }));
+    QTest::keyClick(&window, Qt::Key_Delete);
+    EXPECT_TRUE(soon([&] { return records() == 2; }));
+    QTest::keyClick(&window, Qt::Key_Escape);
+    ASSERT_TRUE(soon([&] { return application.main.screen() == nullptr; }));
+}
+
+void WindowTest::exportMovie() {
+    QTest::keyClick(&window, Qt::Key_E, Qt::ControlModifier);
+    ASSERT_TRUE(soon([&] { return screen<ui::ExportViewController>() != nullptr; }));
+    picture("5-export");
+    ASSERT_TRUE(soon([&] {
+        const auto* const sheet = screen<ui::ExportViewController>();
+        return sheet == nullptr || sheet->preview() != nullptr;
+    }));
+    ASSERT_NE(screen<ui::ExportViewController>(), nullptr) << "the export failed";
+    EXPECT_GT(std::filesystem::file_size(model.movieURL()), 1000U);
+    picture("6-preview");
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_TRUE(soon([&] { return application.main.screen() == nullptr; }));
+}
+
+TEST_F(WindowTest, APerformanceFromTheStartToThePreview) {
+    ASSERT_NO_FATAL_FAILURE(openCatalogue());
+    ASSERT_NO_FATAL_FAILURE(record());
+    ASSERT_NO_FATAL_FAILURE(replayAndUndo());
+    ASSERT_NO_FATAL_FAILURE(deleteFromHistory());
+    ASSERT_NO_FATAL_FAILURE(exportMovie());
+}
+
+} // namespace
+} // namespace zelvo::app
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    zelvo::app::prepareGraphics();
+    const QGuiApplication process(argc, argv);
+    return RUN_ALL_TESTS();
+}
