@@ -125,8 +125,8 @@ private:
 
     [[nodiscard]] LaterPtr<QObject> makeStrip();
     [[nodiscard]] LaterPtr<QObject> makeMaterialStrip();
-    [[nodiscard]] LaterPtr<QObject> makeShapeStrip();
-    [[nodiscard]] LaterPtr<QObject> makeMaskStrip();
+    [[nodiscard]] LaterPtr<QObject> makeShapeStrip() const;
+    [[nodiscard]] LaterPtr<QObject> makeMaskStrip() const;
     [[nodiscard]] LaterPtr<QObject> makeSceneStrip();
     [[nodiscard]] LaterPtr<QObject> makeColorStrip();
     void assignColor(const image::Color& color);

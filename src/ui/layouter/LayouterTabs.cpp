@@ -159,7 +159,7 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeMaterialStrip() {
     return made;
 }
 
-LayouterMenu::LaterPtr<QObject> LayouterMenu::makeShapeStrip() {
+LayouterMenu::LaterPtr<QObject> LayouterMenu::makeShapeStrip() const {
     const auto& shapes = content::mediaShapes();
     const content::MediaNodePtr node = services.model.nodes().mediaNode;
     LaterPtr<ButtonStrip> made(
@@ -177,7 +177,7 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeShapeStrip() {
     return made;
 }
 
-LayouterMenu::LaterPtr<QObject> LayouterMenu::makeMaskStrip() {
+LayouterMenu::LaterPtr<QObject> LayouterMenu::makeMaskStrip() const {
     const auto& masks = content::imageMasks();
     const content::ImageNodePtr node = services.model.nodes().imageNode;
     LaterPtr<ButtonStrip> made(
