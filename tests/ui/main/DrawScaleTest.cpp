@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/DrawScale.h"
+
+#include <gtest/gtest.h>
+
+namespace zelvo::ui {
+
+namespace {
+
+/// A machine whose frames take that many seconds at a scale of 1.
+double settle(DrawScale& scale, double atWhole) {
+    for (int i = 0; i < 2000; ++i)
+        scale.frameTook(atWhole * scale.value() * scale.value());
+    return scale.value();
+}
+
+TEST(DrawScale, gives_up_sharpness_for_time_and_takes_it_back) {
+    DrawScale scale;
+    EXPECT_EQ(settle(scale, 0.2), DrawScale::kLeast);
+    const double middle = settle(scale, 0.04);
+    EXPECT_LT(0.04 * middle * middle, 1.0 / 30);
+    EXPECT_GT(middle, 0.6);
+    EXPECT_EQ(settle(scale, 0.002), DrawScale::kMost);
+}
+
+TEST(DrawScale, takes_a_standstill_for_no_drawing) {
+    DrawScale scale;
+    for (int i = 0; i < 100; ++i)
+        scale.frameTook(3);
+    EXPECT_EQ(scale.value(), DrawScale::kStart);
+}
+
+} // namespace
+
+} // namespace zelvo::ui

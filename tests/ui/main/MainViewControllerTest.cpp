@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/MainViewController.h"
+
+#include "../screens/ScreensFixture.h"
+#include "ui/screens/HistoryController.h"
+
+#include <gtest/gtest.h>
+
+namespace zelvo::ui {
+
+namespace {
+
+class MainScreenTest : public test::ScreenTest {
+protected:
+    MainViewController main{services};
+
+    void settle() { loop().runFor(0.2); }
+};
+
+TEST_F(MainScreenTest, opens_on_the_style_panel_where_nothing_can_be_recorded) {
+    EXPECT_EQ(main.panelView(), "LayouterMenu");
+    EXPECT_FALSE(main.controlMenu.buttonsEnabled());
+    EXPECT_DOUBLE_EQ(main.shareAlpha(), 0.1);
+    main.controlMenu.record();
+    main.share();
+    settle();
+    EXPECT_FALSE(model.isPlaying());
+    EXPECT_FALSE(alerts.isShowing());
+    main.mainMenu.animButton.click();
+    settle();
+    EXPECT_EQ(main.panelView(), "ActionsMenu");
+    main.controlMenu.record();
+    settle();
+    EXPECT_TRUE(model.isPlaying());
+}
+
+TEST_F(MainScreenTest, stops_a_run_when_the_panel_changes_and_when_a_movie_is_asked_for) {
+    main.showAnim();
+    for (const auto act :
+         {&MainViewController::showAnim,
+          &MainViewController::share,
+          &MainViewController::showLayouterMenu}) {
+        model.start();
+        loop().runFor(1);
+        (main.*act)();
+        EXPECT_FALSE(model.isPlaying());
+        EXPECT_EQ(model.time(), 0);
+    }
+}
+
+TEST_F(MainScreenTest, sends_gestures_to_the_camera_while_the_catalogue_shows_alone) {
+    const auto panTurns = [this] {
+        auto& handle = *model.nodes().cameraYHandle;
+        main.stage.recognizers.press(1, {0, 0});
+        main.stage.recognizers.move(1, {30, 0});
+        main.stage.recognizers.move(1, {60, 0});
+        settle();
+        const bool hasTurned = std::abs(handle.eulerAngles().y) > 0.01;
+        main.stage.recognizers.release(1, {60, 0});
+        loop().runFor(2);
+        return hasTurned;
+    };
+    settle();
+    EXPECT_FALSE(panTurns());
+    main.showAnim();
+    settle();
+    EXPECT_TRUE(panTurns());
+    main.showLayouterMenu();
+    settle();
+    EXPECT_FALSE(panTurns());
+}
+
+TEST_F(MainScreenTest, asks_for_an_action_before_a_movie) {
+    main.showAnim();
+    main.share();
+    EXPECT_EQ(alerts.title(), "No recorded actions");
+    EXPECT_EQ(main.screen(), nullptr);
+    alerts.escape();
+    record("Left In", 2, 1);
+    main.share();
+    EXPECT_EQ(main.screenView(), "Export");
+}
+
+TEST_F(MainScreenTest, shows_one_screen_at_a_time_until_it_is_dismissed) {
+    main.showAnim();
+    record("Left In", 2, 1);
+    settle();
+    main.controlMenu.showHistoryAction();
+    settle();
+    ASSERT_EQ(main.screenView(), "History");
+    main.controlMenu.showHistoryAction();
+    settle();
+    qobject_cast<HistoryController*>(main.screen())->dismissViewController();
+    settle();
+    EXPECT_EQ(main.screen(), nullptr);
+}
+
+TEST_F(MainScreenTest, refuses_files_that_it_cannot_import) {
+    EXPECT_FALSE(main.openURL(QUrl::fromLocalFile("/tmp/a.txt")));
+    EXPECT_EQ(alerts.title(), "Unsupported file.");
+}
+
+} // namespace
+
+} // namespace zelvo::ui

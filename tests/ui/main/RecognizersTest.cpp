@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/SceneRecognizers.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace zelvo::ui {
+
+namespace {
+
+/// Writes down what is recognised, a letter for each event.
+class Notes final : public GestureDelegate {
+public:
+    std::string text;
+    PinchGesture lastPinch;
+
+    void handlePinch(const PinchGesture& pinch) override {
+        text += "pinch " + name(pinch.state);
+        lastPinch = pinch;
+    }
+
+    void handlePan(const PanGesture& pan) override { text += "pan " + name(pan.state); }
+
+    void handleTap(const TapGesture&) override { text += "tap "; }
+
+    void handleDoubleTap(const TapGesture&) override { text += "double "; }
+
+private:
+    static std::string name(actions::GestureState state) {
+        constexpr const char* kNames[] = {"began ", "changed ", "ended ", "cancelled "};
+        return kNames[static_cast<int>(state)];
+    }
+};
+
+struct Step {
+    enum Kind { press, move, release, wait, cancel } kind;
+
+    int finger = 0;
+    float x = 0;
+};
+
+TEST(Recognizers, tell_pans_pinches_and_taps_apart) {
+    using enum Step::Kind;
+
+    struct Row {
+        std::vector<Step> steps;
+        const char* recognised;
+    };
+
+    const Row rows[] = {
+        {{{press, 1, 0}, {move, 1, 4}, {release, 1, 4}},                                    "tap "                    },
+        {{{press, 1, 0}, {release, 1, 0}, {press, 1, 5}, {release, 1, 5}},                  "tap tap double "         },
+        {{{press, 1, 0}, {release, 1, 0}, {wait}, {press, 1, 0}, {release, 1, 0}},          "tap tap "                },
+        {{{press, 1, 0}, {release, 1, 0}, {press, 1, 90}, {release, 1, 90}},                "tap tap "                },
+        {{{press, 1, 0}, {move, 1, 20}, {move, 1, 30}, {release, 1, 30}},
+         "pan began pan changed pan ended "                                                                           },
+        {{{press, 1, 0}, {move, 1, 20}, {cancel}},                                          "pan began pan cancelled "},
+        {{{press, 1, 0}, {press, 2, 50}, {move, 2, 60}, {release, 1, 0}, {release, 2, 60}},
+         "pinch began pinch changed pinch ended "                                                                     },
+        {{{press, 1, 0}, {move, 1, 20}, {press, 2, 50}, {release, 2, 50}, {move, 1, 80}},
+         "pan began pan ended pinch began pinch ended "                                                               },
+        {{{press, 1, 0}, {press, 2, 50}, {press, 3, 70}, {move, 3, 90}, {release, 3, 90}},
+         "pinch began "                                                                                               },
+    };
+    for (const Row& row : rows) {
+        foundation::VirtualRunLoop loop;
+        Notes notes;
+        SceneRecognizers recognizers(loop, notes);
+        for (const Step& step : row.steps) {
+            switch (step.kind) {
+            case press:
+                recognizers.press(step.finger, {step.x, 0});
+                break;
+            case move:
+                recognizers.move(step.finger, {step.x, 0});
+                break;
+            case release:
+                recognizers.release(step.finger, {step.x, 0});
+                break;
+            case wait:
+                loop.runFor(1);
+                break;
+            case cancel:
+                recognizers.cancel();
+                break;
+            }
+        }
+        EXPECT_EQ(notes.text, row.recognised);
+    }
+}
+
+TEST(Recognizers, measure_how_fast_two_fingers_part) {
+    foundation::VirtualRunLoop loop;
+    Notes notes;
+    SceneRecognizers recognizers(loop, notes);
+    recognizers.press(1, {0, 0});
+    recognizers.press(2, {100, 0});
+    loop.runFor(0.1);
+    recognizers.move(2, {150, 0});
+    EXPECT_NEAR(notes.lastPinch.scale, 1.5, 1e-5);
+    EXPECT_NEAR(notes.lastPinch.velocity, 5, 1e-3);
+}
+
+TEST(Recognizers, end_the_pinch_of_a_wheel_when_it_rests) {
+    foundation::VirtualRunLoop loop;
+    Notes notes;
+    SceneRecognizers recognizers(loop, notes);
+    recognizers.turnWheel(15, {0, 0});
+    loop.runFor(0.1);
+    recognizers.turnWheel(-15, {0, 0});
+    EXPECT_NEAR(notes.lastPinch.scale, 1, 1e-5);
+    loop.runFor(1);
+    EXPECT_EQ(notes.text, "pinch began pinch changed pinch changed pinch ended ");
+}
+
+} // namespace
+
+} // namespace zelvo::ui

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/Stage.h"
+
+#include "../screens/ScreensFixture.h"
+
+#include <gtest/gtest.h>
+
+namespace zelvo::ui {
+
+namespace {
+
+class NoGestures final : public GestureDelegate {
+    void handlePinch(const PinchGesture&) override {}
+
+    void handlePan(const PanGesture&) override {}
+
+    void handleTap(const TapGesture&) override {}
+
+    void handleDoubleTap(const TapGesture&) override {}
+};
+
+class StageTest : public test::ScreenTest {
+protected:
+    StageTest() { model.setSceneView(&stage.view); }
+
+    ~StageTest() override { model.setSceneView(nullptr); }
+
+    /// A display that shows each picture so many seconds after it was asked for.
+    void showAfter(double seconds) {
+        stage.setWindow(
+            [this, seconds] { loop().asyncAfter(seconds, [this] { stage.frameShown(); }); });
+    }
+
+    NoGestures nobody;
+    Stage stage{services, nobody};
+};
+
+TEST_F(StageTest, draws_at_full_pace_in_a_run_and_at_half_of_it_else) {
+    showAfter(0.005);
+    loop().runFor(0.1);
+    const int before = stage.framesShown();
+    loop().runFor(1);
+    const int resting = stage.framesShown();
+    EXPECT_NEAR(resting - before, 30, 1);
+    model.start();
+    loop().runFor(1);
+    EXPECT_NEAR(stage.framesShown() - resting, 60, 2);
+}
+
+TEST_F(StageTest, lets_the_scene_go_on_in_time_however_long_frames_take_and_without_a_window) {
+    loop().runFor(0.5);
+    for (const double taken : {0.0, 0.005, 0.06}) {
+        if (taken > 0)
+            showAfter(taken);
+        const double before = stage.view.scene()->time();
+        loop().runFor(2);
+        EXPECT_NEAR(stage.view.scene()->time() - before, 2, 0.11) << taken;
+    }
+}
+
+} // namespace
+
+} // namespace zelvo::ui
