@@ -2,26 +2,31 @@
 #include "ui/main/DrawScale.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace zelvo::ui {
 
 namespace {
 
-constexpr double kStep = 0.85;    ///< a step is about a quarter of the pixels
+constexpr double kStep = 0.85; ///< a step is about a quarter of the pixels
+constexpr double kWidestStep = 0.5;
 constexpr double kNewest = 0.15;  ///< weight of the newest frame in the mean
 constexpr int kBeforeFalling = 6; ///< frames; the first after a change make new pictures
 constexpr int kBeforeRising = 90;
-constexpr double kHangup = 0.25; ///< seconds: that was no drawing
+constexpr double kHangup = 0.25; ///< seconds: once, that was no drawing
 
 } // namespace
 
 void DrawScale::frameTook(double seconds) {
-    if (seconds > kHangup)
+    hangups = seconds > kHangup ? hangups + 1 : 0;
+    if (hangups == 1)
         return;
     ++frames;
     mean = frames == 1 ? seconds : mean + (seconds - mean) * kNewest;
     if (mean > kLongFrame && frames >= kBeforeFalling && scale > kLeast) {
-        change(std::max(scale * kStep, kLeast));
+        // The time goes with the pixels, so with the square.
+        const double fitting = std::sqrt(kLongFrame / mean);
+        change(std::max(scale * std::clamp(fitting, kWidestStep, kStep), kLeast));
     } else if (mean < kShortFrame && frames >= kBeforeRising && scale < kMost) {
         change(std::min(scale / kStep, kMost));
     }

@@ -23,8 +23,9 @@ private:
     void change(double wanted);
 
     double scale = kStart;
-    double mean = 0;     ///< of the frames since the last change, the newest count most
-    int frames = 0;      ///< since then
+    double mean = 0; ///< of the frames since the last change, the newest count most
+    int frames = 0;  ///< since then
+    int hangups = 0; ///< one after another, up to now
 };
 
 } // namespace zelvo::ui

@@ -23,11 +23,14 @@ TEST(DrawScale, gives_up_sharpness_for_time_and_takes_it_back) {
     EXPECT_EQ(settle(scale, 0.002), DrawScale::kMost);
 }
 
-TEST(DrawScale, takes_a_standstill_for_no_drawing) {
+TEST(DrawScale, takes_one_standstill_for_no_drawing_but_not_many) {
     DrawScale scale;
-    for (int i = 0; i < 100; ++i)
+    for (int i = 0; i < 100; ++i) {
         scale.frameTook(3);
+        scale.frameTook(0.02);
+    }
     EXPECT_EQ(scale.value(), DrawScale::kStart);
+    EXPECT_EQ(settle(scale, 2), DrawScale::kLeast);
 }
 
 } // namespace
