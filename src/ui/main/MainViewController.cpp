@@ -43,6 +43,11 @@ MainViewController::MainViewController(const Services& given)
 
 MainViewController::~MainViewController() {
     services.model.setSceneView(nullptr);
+    // No turn of the loop may come any more: what was left to the next one goes now.
+    (void)currentBottomViewController.release();
+    (void)screen_.release();
+    (void)hint_.release();
+    qDeleteAll(findChildren<QObject*>(QString(), Qt::FindDirectChildrenOnly));
 }
 
 void MainViewController::wire() {
@@ -76,6 +81,7 @@ std::function<void()> MainViewController::posted(std::function<void()> call) con
 void MainViewController::setPanel(QObject* controller, const char* view) {
     const LaterPtr<QObject> old =
         std::exchange(currentBottomViewController, LaterPtr<QObject>(controller));
+    controller->setParent(this);
     panelView_ = QString::fromLatin1(view);
     Q_EMIT panelChanged();
 }
@@ -155,6 +161,7 @@ void MainViewController::showHint() {
                     tr("Press the record button, then the buttons of the actions while the clock "
                        "runs."))
                     .release());
+    hint_->setParent(this);
     connect(hint_.get(), &VideoAlertViewController::dismissed, this, [this] {
         const auto old = std::exchange(hint_, nullptr);
         Q_EMIT hintChanged();
@@ -168,6 +175,8 @@ QObject* MainViewController::hint() const {
 
 void MainViewController::present(QObject* controller, const char* view) {
     const LaterPtr<QObject> old = std::exchange(screen_, LaterPtr<QObject>(controller));
+    if (controller != nullptr)
+        controller->setParent(this);
     screenView_ = QString::fromLatin1(view);
     Q_EMIT screenChanged();
 }
