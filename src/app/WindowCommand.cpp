@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/Application.h"
 #include "app/Commands.h"
+#include "app/StopSignals.h"
 #include "platform/foundation/Console.h"
 
 #include <QGuiApplication>
@@ -32,6 +33,12 @@ void endAtFatal(QtMsgType type, const QMessageLogContext&, const QString&) {
         "answer. To make a movie without a display, use zelvo perform FILE.");
 }
 
+/// Ends the application as closing its window does. Comes on a thread of its own.
+void quitFromOutside() {
+    if (auto* const process = QCoreApplication::instance())
+        QMetaObject::invokeMethod(process, &QCoreApplication::quit, Qt::QueuedConnection);
+}
+
 void endWithoutGraphics(const QString& why) {
     endWithoutWindow(
         "the window has no OpenGL 4.5, which the stage is drawn with (" + why.toStdString() +
@@ -46,6 +53,7 @@ int run(const WindowCommand& command) {
             "there is no display to open a window on. To make a movie without one, use zelvo "
             "perform FILE (see zelvo --help).");
     }
+    const StopSignals signals(&quitFromOutside);
     prepareGraphics();
     int argumentCount = 1;
     char name[] = "zelvo";
@@ -68,7 +76,8 @@ int run(const WindowCommand& command) {
     QObject::connect(&application.main.stage, &ui::Stage::graphicsFailed, &endWithoutGraphics);
     application.show();
     application.open(command.files);
-    return QGuiApplication::exec();
+    const int status = QGuiApplication::exec();
+    return signals.received() == 0 ? status : ExitStatus::kStopped + signals.received();
 }
 
 } // namespace zelvo::app

@@ -15,6 +15,8 @@
 #include <QQuickWindow>
 #include <QTest>
 
+#include <algorithm>
+#include <filesystem>
 #include <functional>
 
 namespace zelvo::app {
@@ -176,6 +178,33 @@ TEST_F(WindowTest, APerformanceFromTheStartToThePreview) {
     ASSERT_NO_FATAL_FAILURE(replayAndUndo());
     ASSERT_NO_FATAL_FAILURE(deleteFromHistory());
     ASSERT_NO_FATAL_FAILURE(exportMovie());
+}
+
+TEST(WindowClosing, LeavesNoHalfMovieBehind) {
+    const test::TemporaryFolder folder;
+    const auto hasMovies = [&folder] {
+        const std::filesystem::recursive_directory_iterator all(folder.path());
+        return std::any_of(begin(all), end(all), [](const auto& file) {
+            return file.path().extension() == ".mov";
+        });
+    };
+    {
+        Application application{foundation::Folders::below(folder.path())};
+        application.show();
+        const auto soon = [](const auto& happens) { return QTest::qWaitFor(happens, kPatience); };
+        ASSERT_TRUE(soon([&] { return application.main.stage.framesShown() > 0; }));
+        application.main.showAnim();
+        core::Model& model = application.model();
+        model.movieWriter().options.renderSize = {160, 90};
+        model.setDuration(kLongRun);
+        model.start();
+        ASSERT_TRUE(soon([&] { return model.isPlaying() && model.time() > 0; }));
+        qobject_cast<ui::ActionsMenu*>(application.main.panel())->pressButton(0);
+        ASSERT_TRUE(soon([&] { return !model.actionController().recordedActions().empty(); }));
+        application.main.share();
+        ASSERT_TRUE(soon([&] { return model.isRecordingMovie() && hasMovies(); }));
+    }
+    EXPECT_FALSE(hasMovies());
 }
 
 } // namespace
