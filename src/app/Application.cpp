@@ -110,6 +110,8 @@ void Application::show() {
     const bool isVisible = QGuiApplication::screenAt(place.center()) != nullptr;
     if (isVisible && place.width() >= kLeastWidth && place.height() >= kLeastHeight)
         shown->setGeometry(place);
+    else if (const QScreen* const screen = shown->screen())
+        shown->resize(shown->size().boundedTo(screen->availableSize()));
     if (!kept.empty() && kept.back() == "full") {
         shown->showFullScreen();
     } else {

@@ -11,7 +11,7 @@ namespace {
 
 /// The share of the picture that must be spared the look for shadows before an item is drawn in
 /// two parts.
-constexpr double kWorthDividing = 0.08;
+constexpr double kWorthDividing = 0.002;
 
 } // namespace
 
@@ -144,7 +144,7 @@ FrameDrawer::planned(const ItemPainter::Frame& frame, const DrawItem& item, Size
     const ItemPainter::Lights all = painter.lightsFor(frame, node.categoryBitMask, Shadows::cast);
     const LightSet& set = painter.lightSet(all);
     const int maps = set.counts.directionalShadows + set.counts.spotShadows;
-    if (maps == 0)
+    if (maps == 0 || item.material->lightingModel == scene::SCNLightingModel::constant)
         return {&item, all, all};
 
     const CameraView& camera = snapshot.camera();
@@ -155,6 +155,7 @@ FrameDrawer::planned(const ItemPainter::Frame& frame, const DrawItem& item, Size
     }
     const PixelRect bounds = boundsOnScreen(node, camera, picture);
     shadowed = shadowed.intersected(bounds);
+    if (getenv("DBG")) fprintf(stderr, "%s b %d,%d,%d,%d s %d,%d,%d,%d empty %d\n", node.geometry->name.c_str(), bounds.left,bounds.top,bounds.right,bounds.bottom, shadowed.left,shadowed.top,shadowed.right,shadowed.bottom,(int)shadowed.isEmpty());
     const double spared = bounds.area() - shadowed.area();
     if (!shadowed.isEmpty() && spared < kWorthDividing * PixelRect::whole(picture).area())
         return {&item, all, all};

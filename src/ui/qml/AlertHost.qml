@@ -10,6 +10,8 @@ Item {
 
     required property var alerts
 
+    signal closed
+
     function focusDefault(): void {
         const first = actions.itemAt(0);
         const last = actions.itemAt(actions.count - 1);
@@ -38,6 +40,7 @@ Item {
         closePolicy: T.Popup.NoAutoClose
         visible: root.alerts.isShowing
         onOpened: root.focusDefault()
+        onClosed: root.closed()
 
         T.Overlay.modal: Rectangle {
             color: "#99000000"

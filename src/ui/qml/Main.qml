@@ -19,6 +19,11 @@ Window {
     onWidthChanged: main.setViewSize(Qt.size(width, height))
     onHeightChanged: main.setViewSize(Qt.size(width, height))
 
+    // Keys belong to what lies on top; each keeps which of its own has the focus.
+    function focusTop(): void {
+        (hint.item ?? screen.item ?? keyboard).forceActiveFocus();
+    }
+
     Item {
         id: everything
 
@@ -50,11 +55,15 @@ Window {
         source: everything
     }
     Place {
+        id: screen
+
         anchors.fill: parent
         controller: root.main.screen
         view: root.main.screenView
     }
     Place {
+        id: hint
+
         anchors.fill: parent
         controller: root.main.hint
         view: root.main.hint ? "VideoAlert" : ""
@@ -68,6 +77,7 @@ Window {
     AlertHost {
         anchors.fill: parent
         alerts: root.main.alerts
+        onClosed: root.focusTop()
     }
     TouchVisualizer {
         anchors.fill: parent

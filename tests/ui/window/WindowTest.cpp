@@ -3,6 +3,7 @@
 // With ZELVO_WINDOW_PICTURES naming a folder, pictures of the screens are left there.
 #include "app/Application.h"
 #include "support/TemporaryFolder.h"
+#include "ui/controls/Alerts.h"
 #include "ui/layouter/LayouterMenu.h"
 #include "ui/menus/ActionsMenu.h"
 #include "ui/screens/ExportViewController.h"
@@ -89,6 +90,7 @@ protected:
     template <class Kind> Kind* screen() { return qobject_cast<Kind*>(application.main.screen()); }
 
     void openCatalogue();
+    void shareTooEarly();
     void record();
     void replayAndUndo();
     void deleteFromHistory();
@@ -112,10 +114,19 @@ void WindowTest::openCatalogue() {
     picture("2-catalogue");
 }
 
+void WindowTest::shareTooEarly() {
+    const auto& alerts = *qobject_cast<ui::Alerts*>(application.main.alertsObject());
+    click(&application.main.shareButton);
+    ASSERT_TRUE(soon([&] { return alerts.isShowing(); }));
+    ASSERT_TRUE(soon([&] { return window.activeFocusItem() != nullptr; }));
+    QTest::keyClick(&window, Qt::Key_Escape);
+    ASSERT_TRUE(soon([&] { return !alerts.isShowing(); }));
+}
+
 void WindowTest::record() {
     ui::ActionsMenu& menu = *panel<ui::ActionsMenu>();
     model.setDuration(kLongRun);
-    click(&application.main.controlMenu.recordButton);
+    QTest::keyClick(&window, Qt::Key_Space);
     ASSERT_TRUE(soon([&] { return model.isPlaying() && model.time() > 2; }));
 
     click(menu.actionButtons().at(0).get());
@@ -174,6 +185,7 @@ void WindowTest::exportMovie() {
 
 TEST_F(WindowTest, APerformanceFromTheStartToThePreview) {
     ASSERT_NO_FATAL_FAILURE(openCatalogue());
+    ASSERT_NO_FATAL_FAILURE(shareTooEarly());
     ASSERT_NO_FATAL_FAILURE(record());
     ASSERT_NO_FATAL_FAILURE(replayAndUndo());
     ASSERT_NO_FATAL_FAILURE(deleteFromHistory());
