@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace zelvo::render {
 namespace {
@@ -116,30 +117,51 @@ void fitSpot(ShadowView& view, const PlacedLight& placed, const Snapshot& snapsh
                          static_cast<float>(view.mapSize);
 }
 
-/// Finds where the casters lie in the map; all of it where one of them reaches behind the light.
-void boundCasters(ShadowView& view, const SCNLight& light, const Snapshot& snapshot) {
-    geometry::Box box;
-    for (const VisibleNode& node : snapshot.nodes()) {
-        if (!casts(node, light))
-            continue;
-        const glm::mat4 toMap = view.toTexture * node.world;
-        for (const glm::vec3& corner : cornersOf(node.geometry->boundingBox())) {
-            const glm::vec4 point = toMap * glm::vec4(corner, 1);
-            if (point.w <= 0)
-                return;
-            box.include(glm::vec3(point) / point.w);
-        }
-    }
-    if (box.isEmpty()) {
+/// Bounds the view by a box in the map; by none, which reaches behind the light, not at all.
+void setBounds(ShadowView& view, const std::optional<geometry::Box>& box) {
+    view.bounds = {0, 0, 1, 1};
+    view.nearest = 1;
+    if (!box)
+        return;
+    if (box->isEmpty()) {
         view.bounds = glm::vec4(0);
         return;
     }
     const float reach = (kTapReach + 1) / static_cast<float>(view.mapSize);
     view.bounds = glm::clamp(
-        glm::vec4(box.min.x - reach, box.min.y - reach, box.max.x + reach, box.max.y + reach),
+        glm::vec4(box->min.x - reach, box->min.y - reach, box->max.x + reach, box->max.y + reach),
         0.0f,
         1.0f);
-    view.nearest = std::min(box.max.z, 1.0f);
+    view.nearest = std::min(box->max.z, 1.0f);
+}
+
+/// Where a caster lies in the map; none if it reaches behind the light.
+std::optional<geometry::Box> boxInMap(const VisibleNode& caster, const ShadowView& view) {
+    const glm::mat4 toMap = view.toTexture * caster.world;
+    geometry::Box box;
+    for (const glm::vec3& corner : cornersOf(caster.geometry->boundingBox())) {
+        const glm::vec4 point = toMap * glm::vec4(corner, 1);
+        if (point.w <= 0)
+            return std::nullopt;
+        box.include(glm::vec3(point) / point.w);
+    }
+    return box;
+}
+
+/// Where all the casters lie in the map.
+std::optional<geometry::Box>
+castersInMap(const ShadowView& view, const SCNLight& light, const Snapshot& snapshot) {
+    geometry::Box all;
+    for (const VisibleNode& node : snapshot.nodes()) {
+        if (!casts(node, light))
+            continue;
+        const std::optional<geometry::Box> box = boxInMap(node, view);
+        if (!box)
+            return std::nullopt;
+        all.include(box->min);
+        all.include(box->max);
+    }
+    return all;
 }
 
 bool castsShadow(const SCNLight& light) {
@@ -236,10 +258,16 @@ std::vector<ShadowView> shadowViews(const Snapshot& snapshot) {
             fitSpot(view, lights[i], snapshot);
         }
         view.toTexture = clipToTexture() * view.viewProjection;
-        boundCasters(view, *lights[i].light, snapshot);
+        setBounds(view, castersInMap(view, *lights[i].light, snapshot));
         views.push_back(view);
     }
     return views;
+}
+
+ShadowView boundedTo(const VisibleNode& caster, const ShadowView& view) {
+    ShadowView bounded = view;
+    setBounds(bounded, boxInMap(caster, view));
+    return bounded;
 }
 
 std::uint32_t LightCounts::key() const {

@@ -37,6 +37,9 @@ struct ShadowView {
 /// regarded.
 [[nodiscard]] std::vector<ShadowView> shadowViews(const Snapshot& snapshot);
 
+/// The same view, its bounds and its nearest depth those of one caster alone.
+[[nodiscard]] ShadowView boundedTo(const VisibleNode& caster, const ShadowView& view);
+
 /// How many lights of each kind a shader computes.
 struct LightCounts {
     int directional = 0;

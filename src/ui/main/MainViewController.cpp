@@ -97,6 +97,7 @@ void MainViewController::showAnim() {
         });
     };
     setPanel(menu.release(), "ActionsMenu");
+    idleTimer.setDisabled(true);
     gestureDelegate = &cameraGestures;
     setEditing(true);
     mainMenu.light(MainMenu::Tab::animation);
@@ -112,6 +113,7 @@ void MainViewController::showLayouterMenu() {
             fadeScene(alpha, seconds);
     };
     setPanel(menu.release(), "LayouterMenu");
+    idleTimer.setDisabled(false);
     setEditing(false);
     speedViewController.setHidden(true);
     mainMenu.light(MainMenu::Tab::layout);

@@ -6,6 +6,7 @@
 #include "ui/controls/Services.h"
 #include "ui/controls/ValueLabel.h"
 #include "ui/main/CameraGestures.h"
+#include "ui/main/IdleTimer.h"
 #include "ui/main/MainMenu.h"
 #include "ui/main/Stage.h"
 #include "ui/menus/ControlMenu.h"
@@ -164,6 +165,7 @@ private:
     [[nodiscard]] std::function<void()> posted(std::function<void()> call) const;
 
     CameraGestures cameraGestures;
+    IdleTimer idleTimer;
     ValueLabel valueLabel;
     BlurCover blurCover;
     LaterPtr<QObject> currentBottomViewController;

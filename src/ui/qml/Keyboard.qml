@@ -28,6 +28,8 @@ FocusScope {
             catalogue.pressButton(digit(event));
         else if (event.key === Qt.Key_Space && !event.isAutoRepeat)
             main.controlMenu.record();
+        else if (event.key === Qt.Key_S && catalogue && !event.modifiers)
+            catalogue.speedButton.click();
         else if (event.key === Qt.Key_I && layouter && !layouter.isBackVisible && !event.modifiers)
             layouter.inspirator.button.click();
         else if (event.key === Qt.Key_Escape && layouter && layouter.isBackVisible)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtMultimedia
+import Zelvo
 
 // A movie that begins again when it has ended. Apart from its users, so that these load where there
 // is no player.
@@ -14,8 +15,14 @@ VideoOutput {
         id: player
 
         source: root.movie
-        videoOutput: root
+        videoOutput: colors
         loops: MediaPlayer.Infinite
         onSourceChanged: play()
     }
+    TrueColorSink {
+        id: colors
+
+        target: root.videoSink
+    }
+    Component.onDestruction: player.stop() // before the picture goes
 }

@@ -112,6 +112,12 @@ void WindowTest::openCatalogue() {
     QTest::keyClick(&window, Qt::Key_F3);
     ASSERT_TRUE(soon([&] { return panel<ui::ActionsMenu>() != nullptr; }));
     picture("2-catalogue");
+    for (const bool isShown : {true, false}) {
+        QTest::keyClick(&window, Qt::Key_S);
+        EXPECT_TRUE(
+            soon([&] { return panel<ui::ActionsMenu>()->speedButton.isMySelected() == isShown; }));
+        picture("2-speed");
+    }
 }
 
 void WindowTest::shareTooEarly() {
