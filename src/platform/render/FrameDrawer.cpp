@@ -9,15 +9,11 @@
 namespace zelvo::render {
 namespace {
 
-/// The share of the picture that must be spared the look for shadows before an item is drawn in
-/// two parts.
-constexpr double kWorthDividing = 0.08;
-
 /// The share of the picture that a shadow must seem to reach for its casters to be told apart.
 constexpr double kWorthASecondLook = 0.02;
 
-/// Where shadows can fall on a node. All casters are regarded as one at first, which is quick; where
-/// that reaches far, as the rays past a row that lies athwart the map do, each by itself.
+/// Where shadows can fall on a node. All casters are regarded as one at first, which is quick;
+/// where that reaches far, as the rays past a row that lies athwart the map do, each by itself.
 PixelRect shadowReach(
     const Snapshot& snapshot, const ShadowView& view, const VisibleNode& node, Size picture) {
     const CameraView& camera = snapshot.camera();
@@ -166,16 +162,17 @@ FrameDrawer::planned(const ItemPainter::Frame& frame, const DrawItem& item, Size
     if (maps == 0 || item.material->lightingModelName == scene::SCNLightingModel::constant)
         return {&item, all, all};
 
-    const CameraView& camera = snapshot.camera();
     PixelRect shadowed;
+    bool isCaster = false;
     for (std::size_t i = 0; i < static_cast<std::size_t>(maps); ++i) {
-        shadowed =
-            shadowed.united(shadowReach(snapshot, views[set.shadowViews.at(i)], node, picture));
+        const ShadowView& view = views[set.shadowViews.at(i)];
+        isCaster = isCaster || casts(node, *snapshot.lights()[view.light].light);
+        shadowed = shadowed.united(shadowReach(snapshot, view, node, picture));
     }
-    const PixelRect bounds = boundsOnScreen(node, camera, picture);
-    shadowed = shadowed.intersected(bounds);
-    const double spared = bounds.area() - shadowed.area();
-    if (!shadowed.isEmpty() && spared < kWorthDividing * PixelRect::whole(picture).area())
+    shadowed = shadowed.intersected(boundsOnScreen(node, snapshot.camera(), picture));
+    // What casts lies in its own shadow all over. Everything else keeps the same key whether or not
+    // a shadow passes over it, and so its place in the still layer.
+    if (isCaster && !shadowed.isEmpty())
         return {&item, all, all};
     return {&item, painter.lightsFor(frame, node.categoryBitMask, Shadows::none), all, shadowed};
 }
