@@ -249,10 +249,14 @@ void addList(CLI::App& app, ListCommand& options) {
         [&options](const ListingName& row) { options.what = row.what; });
 }
 
-void addFiles(CLI::App& app, std::vector<std::filesystem::path>& files) {
-    app.add_option("FILES", files, "Files to open in the window")
+void addWindow(CLI::App& app, WindowCommand& options) {
+    app.add_option("FILES", options.files, "Files to open in the window")
         ->check(CLI::ExistingPath.description(""))
         ->type_name("");
+    app.add_flag(
+        "--show-touches",
+        options.showsTouches,
+        "Mark each finger, and the pressed mouse, in the window; Ctrl+Shift+T turns it on and off");
 }
 
 [[nodiscard]] std::string oneLine(std::string text) {
@@ -273,7 +277,7 @@ foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments)
     SheetCommand sheet;
     ListCommand list;
     WindowCommand window;
-    addFiles(app, window.files);
+    addWindow(app, window);
     addPerform(app, perform);
     addFrame(app, frame);
     addStrip(app, strip);

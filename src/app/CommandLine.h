@@ -76,6 +76,7 @@ struct ListCommand {
 /// zelvo without a command: the application's window.
 struct WindowCommand {
     std::vector<std::filesystem::path> files; ///< to be opened, as the file manager would
+    bool showsTouches = false;                ///< each finger leaves a mark, from the start
 };
 
 /// --help, --version: a text to print.

@@ -74,7 +74,11 @@ int run(const WindowCommand& command) {
         &QQuickWindow::sceneGraphError,
         [](QQuickWindow::SceneGraphError, const QString& why) { endWithoutGraphics(why); });
     QObject::connect(&application.main.stage, &ui::Stage::graphicsFailed, &endWithoutGraphics);
+    if (command.showsTouches)
+        application.main.toggleVisualizer();
     application.show();
+    if (command.showsTouches)
+        application.main.toggleVisualizer();
     application.open(command.files);
     const int status = QGuiApplication::exec();
     return signals.received() == 0 ? status : ExitStatus::kStopped + signals.received();

@@ -87,6 +87,14 @@ TEST(CommandLine, opens_the_window_where_no_command_is_given) {
         EXPECT_EQ(std::get<WindowCommand>(*parsed).files.size(), files.size());
     }
     EXPECT_FALSE(parseCommandLine({file + ".missing"}));
+    for (const bool shows : {false, true}) {
+        const auto parsed = parseCommandLine(shows ? Arguments{"--show-touches"} : Arguments{});
+        ASSERT_TRUE(parsed) << parsed.error().message;
+        EXPECT_EQ(std::get<WindowCommand>(*parsed).showsTouches, shows);
+    }
+    const auto marked = parseCommandLine({file, "--show-touches"});
+    ASSERT_TRUE(marked) << marked.error().message;
+    EXPECT_TRUE(std::get<WindowCommand>(*marked).showsTouches);
 }
 
 TEST(CommandLine, refuses_in_one_line_what_it_does_not_know) {
