@@ -7,28 +7,6 @@
 #include <cmath>
 
 namespace zelvo::render {
-namespace {
-
-/// The share of the picture that a shadow must seem to reach for its casters to be told apart.
-constexpr double kWorthASecondLook = 0.02;
-
-/// Where shadows can fall on a node. All casters are regarded as one at first, which is quick;
-/// where that reaches far, as the rays past a row that lies athwart the map do, each by itself.
-PixelRect shadowReach(
-    const Snapshot& snapshot, const ShadowView& view, const VisibleNode& node, Size picture) {
-    const CameraView& camera = snapshot.camera();
-    const PixelRect rough = shadowOnScreen(node, view, camera, picture);
-    if (rough.area() < kWorthASecondLook * PixelRect::whole(picture).area())
-        return rough;
-    PixelRect close;
-    for (const VisibleNode& caster : snapshot.nodes()) {
-        if (casts(caster, *snapshot.lights()[view.light].light))
-            close = close.united(shadowOnScreen(node, boundedTo(caster, view), camera, picture));
-    }
-    return close.intersected(rough);
-}
-
-} // namespace
 
 FrameDrawer::FrameDrawer(const DeviceInfo& device)
     : textures(device, holes)
@@ -167,7 +145,7 @@ FrameDrawer::planned(const ItemPainter::Frame& frame, const DrawItem& item, Size
     for (std::size_t i = 0; i < static_cast<std::size_t>(maps); ++i) {
         const ShadowView& view = views[set.shadowViews.at(i)];
         isCaster = isCaster || casts(node, *snapshot.lights()[view.light].light);
-        shadowed = shadowed.united(shadowReach(snapshot, view, node, picture));
+        shadowed = shadowed.united(shadowReach(node, view, snapshot, picture));
     }
     shadowed = shadowed.intersected(boundsOnScreen(node, snapshot.camera(), picture));
     // What casts lies in its own shadow all over. Everything else keeps the same key whether or not

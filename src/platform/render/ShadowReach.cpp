@@ -11,6 +11,8 @@
 namespace zelvo::render {
 namespace {
 
+/// The share of the picture that a shadow must seem to reach for its casters to be told apart.
+constexpr double kWorthASecondLook = 0.02;
 constexpr float kLeastDistance = 1e-3f; ///< from the eye's plane, scene units
 
 using Corners = std::array<glm::vec3, 8>;
@@ -182,6 +184,20 @@ PixelRect shadowOnScreen(
     }
     seen.include(beginning);
     return seen.rect();
+}
+
+PixelRect shadowReach(
+    const VisibleNode& node, const ShadowView& view, const Snapshot& snapshot, Size picture) {
+    const CameraView& camera = snapshot.camera();
+    const PixelRect rough = shadowOnScreen(node, view, camera, picture);
+    if (rough.area() < kWorthASecondLook * PixelRect::whole(picture).area())
+        return rough;
+    PixelRect close;
+    for (const VisibleNode& caster : snapshot.nodes()) {
+        if (casts(caster, *snapshot.lights()[view.light].light))
+            close = close.united(shadowOnScreen(node, boundedTo(caster, view), camera, picture));
+    }
+    return close.intersected(rough);
 }
 
 } // namespace zelvo::render

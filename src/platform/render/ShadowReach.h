@@ -21,4 +21,9 @@ boundsOnScreen(const VisibleNode& node, const CameraView& camera, Size picture);
 [[nodiscard]] PixelRect shadowOnScreen(
     const VisibleNode& node, const ShadowView& view, const CameraView& camera, Size picture);
 
+/// The same, closer: where the rays past all casters reach far, as those past a row that lies
+/// athwart the map do, they are told apart.
+[[nodiscard]] PixelRect shadowReach(
+    const VisibleNode& node, const ShadowView& view, const Snapshot& snapshot, Size picture);
+
 } // namespace zelvo::render
