@@ -16,8 +16,24 @@ FocusScope {
     function digit(event): int {
         return event.modifiers & ~Qt.KeypadModifier || event.isAutoRepeat ? -1 : event.key - Qt.Key_1;
     }
+    // By what the key is on the keyboard: a modifier that comes in between changes its name.
+    property var held: ({})
+
+    function idOf(event): int {
+        return event.nativeScanCode || event.key;
+    }
     function isPlayed(event): bool {
         return catalogue !== null && digit(event) >= 0 && digit(event) < 6;
+    }
+    function hold(event): void {
+        held[idOf(event)] = digit(event);
+        catalogue.pressButton(digit(event));
+    }
+    function letGo(key): void {
+        const place = held[key];
+        delete held[key];
+        if (catalogue && place !== undefined)
+            catalogue.releaseButton(place);
     }
     function toggleFullScreen(): void {
         window.visibility = window.visibility === Window.FullScreen ? Window.Windowed : Window.FullScreen;
@@ -25,7 +41,7 @@ FocusScope {
 
     Keys.onPressed: event => {
         if (isPlayed(event))
-            catalogue.pressButton(digit(event));
+            hold(event);
         else if (event.key === Qt.Key_Space && !event.isAutoRepeat)
             main.controlMenu.record();
         else if (event.key === Qt.Key_S && catalogue && !event.modifiers)
@@ -41,9 +57,11 @@ FocusScope {
         event.accepted = true;
     }
     Keys.onReleased: event => {
-        if (isPlayed(event))
-            catalogue.releaseButton(digit(event));
+        if (!event.isAutoRepeat)
+            letGo(idOf(event));
     }
+    // Another window does not tell when its keys are released.
+    onActiveFocusChanged: if (!activeFocus) Object.keys(held).forEach(letGo)
 
     Shortcut { sequence: "Ctrl+Z"; enabled: root.enabled; onActivated: root.main.controlMenu.undo() }
     Shortcut { sequence: "Ctrl+Shift+Z"; enabled: root.enabled; onActivated: root.main.controlMenu.redo() }
