@@ -31,6 +31,9 @@ FocusScope {
         WheelHandler {
             acceptedDevices: PointerDevice.AllDevices
         }
+        HoverHandler { // what lies below shows no tooltips
+            blocking: true
+        }
     }
     Rectangle {
         x: root.frame.x
