@@ -70,9 +70,12 @@ void Node::showOutline(Outline outline, Transition transition) {
             outlineNode->isHidden = true;
             return;
         }
-        outlineNode->runAction(scene::SCNAction::fadeOut(kFadeDuration), [frame = outlineNode] {
-            frame->isHidden = true;
-        });
+        // Weakly: the action is the frame's own and may never come to its end.
+        outlineNode->runAction(
+            scene::SCNAction::fadeOut(kFadeDuration), [own = std::weak_ptr(outlineNode)] {
+                if (const auto frame = own.lock())
+                    frame->isHidden = true;
+            });
         return;
     }
     outlineNode->removeAllActions();
