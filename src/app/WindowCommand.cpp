@@ -74,8 +74,6 @@ int run(const WindowCommand& command) {
         &QQuickWindow::sceneGraphError,
         [](QQuickWindow::SceneGraphError, const QString& why) { endWithoutGraphics(why); });
     QObject::connect(&application.main.stage, &ui::Stage::graphicsFailed, &endWithoutGraphics);
-    if (command.showsTouches)
-        application.main.toggleVisualizer();
     application.show();
     if (command.showsTouches)
         application.main.toggleVisualizer();
