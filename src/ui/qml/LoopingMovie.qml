@@ -24,5 +24,8 @@ VideoOutput {
 
         target: root.videoSink
     }
-    Component.onDestruction: player.stop() // before the picture goes
+    Component.onDestruction: { // pictures come on a thread of their own: none may find its screen gone
+        colors.target = null;
+        player.stop();
+    }
 }

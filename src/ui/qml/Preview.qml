@@ -10,7 +10,10 @@ FocusScope {
     required property var controller
 
     focus: true
-    Component.onDestruction: player.stop() // before the picture goes
+    Component.onDestruction: { // pictures come on a thread of their own: none may find its screen gone
+        colors.target = null;
+        player.stop();
+    }
     Keys.onEscapePressed: controller.isSharing ? controller.share() : controller.dismissController()
     Keys.onSpacePressed: controller.togglePlaying()
     Keys.onLeftPressed: player.setPosition(Math.max(0, player.position - 1000))

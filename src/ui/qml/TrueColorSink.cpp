@@ -71,8 +71,11 @@ void TrueColorSink::setTarget(QVideoSink* sink) {
 }
 
 void TrueColorSink::pass(const QVideoFrame& frame) const {
-    if (QVideoSink* const sink = target(); sink != nullptr)
-        sink->setVideoFrame(withTrueColors(frame));
+    const QVideoFrame shown = withTrueColors(frame);
+    // Locked until it is handed over: who takes the target away waits for it.
+    const std::scoped_lock lock(mutex);
+    if (target_ != nullptr)
+        target_->setVideoFrame(shown);
 }
 
 QVideoFrame withTrueColors(const QVideoFrame& frame) {
