@@ -6,8 +6,10 @@
 #include <gmock/gmock.h>
 
 #include <array>
+#include <atomic>
 #include <fstream>
 #include <sstream>
+#include <thread>
 
 namespace zelvo::test {
 
@@ -158,6 +160,42 @@ TEST_F(PreviewTest, TheColourBarsOfTheStandardComeOutAsTheyAre) {
     const QVideoFrame foreign = pictureOf(
         {63, 102, 240}, QVideoFrameFormat::Format_YUV420P, QVideoFrameFormat::ColorSpace_BT601);
     EXPECT_EQ(ui::withTrueColors(foreign), foreign) << "others are left to the toolkit";
+}
+
+TEST_F(PreviewTest, NoPictureIsHandedToAScreenThatWent) {
+    ui::TrueColorSink colors;
+    std::atomic<bool> isOver = false;
+    std::atomic<int> passed = 0;
+    std::thread player([&] {
+        QVideoFrameFormat format({640, 360}, QVideoFrameFormat::Format_YUV420P);
+        format.setColorSpace(QVideoFrameFormat::ColorSpace_BT709);
+        while (!isOver) {
+            colors.setVideoFrame(QVideoFrame(format));
+            ++passed;
+        }
+    });
+    std::atomic<int> late = 0;
+    for (int screens = 0; screens < 100; ++screens) {
+        std::atomic<bool> hasGone = false;
+        const int before = passed;
+        QVideoSink target;
+        QObject::connect(
+            &target,
+            &QVideoSink::videoFrameChanged,
+            &target,
+            [&] { late += hasGone ? 1 : 0; },
+            Qt::DirectConnection);
+        colors.setTarget(&target);
+        while (passed < before + 1)
+            std::this_thread::yield();
+        colors.setTarget(nullptr);
+        hasGone = true;
+        while (passed < before + 3)
+            std::this_thread::yield();
+    }
+    isOver = true;
+    player.join();
+    EXPECT_EQ(late, 0);
 }
 
 } // namespace
