@@ -7,6 +7,7 @@
 #include "ui/menus/ActionsMenu.h"
 
 #include <fmt/format.h>
+#include <malloc.h>
 
 #include <QGuiApplication>
 #include <QImage>
@@ -21,8 +22,8 @@ namespace {
 using namespace zelvo;
 
 constexpr int kRuns = 50;
-constexpr int kSwaps = 22; ///< two rounds: they end on the environment they began with
 constexpr int kScenes = 11;
+constexpr int kRounds = 4; ///< through all of them
 constexpr double kShortRun = 2;
 
 class Session {
@@ -58,15 +59,16 @@ public:
         model.setDuration(kShortRun);
         swapScenes(); // what is kept for the next time is there after the first
         run();
-        const double before = residentMiB();
-        for (int i = 0; i < kRuns; ++i)
-            run();
-        report("growth over 50 runs", residentMiB() - before, "MiB");
-        const double between = residentMiB();
-        for (int i = 0; i < kSwaps; ++i)
-            swap(i);
-        report("growth over 22 swaps", residentMiB() - between, "MiB");
-        report("resident", residentMiB(), "MiB");
+        reportMemory("at first");
+        for (int runs = 10; runs <= kRuns; runs += 10) {
+            for (int i = 0; i < 10; ++i)
+                run();
+            reportMemory(fmt::format("after {} runs", runs));
+        }
+        for (int rounds = 1; rounds <= kRounds; ++rounds) {
+            swapScenes();
+            reportMemory(fmt::format("after {} swaps", rounds * kScenes));
+        }
     }
 
 private:
@@ -155,6 +157,21 @@ private:
         application.model().setScene(index % kScenes);
         const int before = stage().framesShown();
         wait([this, before] { return stage().framesShown() > before + 3; });
+    }
+
+    /// Of the heap, what is in use; of all memory, what stays resident once unused heap is handed
+    /// back, so that the peak of one swap does not pass for growth.
+    void reportMemory(const std::string& moment) {
+        waitFor(1.5); // what was begun is done
+        malloc_trim(0);
+        fmt::print(
+            "{:<20} heap {:7.1f} MiB, resident {:7.1f} MiB\n", moment, heapMiB(), residentMiB());
+        std::fflush(stdout);
+    }
+
+    static double heapMiB() {
+        const auto heap = mallinfo2();
+        return static_cast<double>(heap.uordblks + heap.hblkhd) / (1024 * 1024);
     }
 
     static double residentMiB() {
