@@ -128,6 +128,7 @@ void ActionController::deleteAll() {
     undoManager.clear();
     currentIdentifier = 0;
     recordedActions_.clear();
+    techniques.endAll();
     ++performanceNumber;
     ui::signals().undoStateSignal.fire();
 

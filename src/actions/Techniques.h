@@ -30,7 +30,7 @@ public:
     [[nodiscard]] std::optional<Hold> beginTechnique(std::string_view name, std::string_view title);
     /// Records that it goes.
     void endTechnique(const Hold& hold);
-    /// At the beginning of a run: nothing is held.
+    /// At the beginning of a run, and when the performance is forgotten: nothing is held.
     void endAll();
 
     [[nodiscard]] const std::vector<scene::SCNTechniquePtr>& currentTechniques() const {

@@ -90,6 +90,8 @@ TEST_F(FullFrameTest, ComeAndGoAgainInAReplayThatBeginsWithoutThem) {
     EXPECT_THAT(drawn(), ElementsAre("exposureFragmentShader"));
     controller.undo();
     EXPECT_EQ(controller.recordedActions().size(), 2U);
+    controller.deleteAll();
+    EXPECT_EQ(view.technique, nullptr) << "a forgotten performance leaves nothing on";
 }
 
 TEST_F(FullFrameTest, HideWhatIsChosenAtThePressAndShowWhatIsAtTheRelease) {
