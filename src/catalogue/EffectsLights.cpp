@@ -175,16 +175,19 @@ void pressWoosh(ActionController& controller) {
     recordEffect(controller, kWosher, [&controller, streak] { sweepStreak(controller, streak); });
 }
 
+Button firedButton(const char* label, const char* title, void (*fire)(ActionController&)) {
+    return {.face = {.label = label}, .title = title, .beganFunc = fire, .endFunc = {}};
+}
+
 } // namespace
 
 std::vector<Button> showFX3() {
     return {
         particleButton(kColorBeams, &core::Nodes::colorfulBeams),
         particleButton(kClouds, &core::Nodes::particleClouds),
-        {.face = {.label = kBeacon}, .title = kBeacon, .beganFunc = pressBeacon, .endFunc = {}},
-        {.face = {.label = "Woosh"},  .title = kWosher, .beganFunc = pressWoosh, .endFunc = {}},
-        glitchButton({.label = "Glitch"                         }
-         ),
+        firedButton(kBeacon, kBeacon, pressBeacon),
+        firedButton("Woosh", kWosher, pressWoosh),
+        glitchButton(Face{.label = "Glitch"}),
         particleButton(kVoltage, &core::Nodes::particleVoltage),
     };
 }

@@ -94,12 +94,12 @@ constexpr Curve kFlip = bezier(0.25f, 0.1f, 0.24f, 1.0f);
 constexpr Curve kScrew = bezier(0.36f, 0.6f, 0.45f, 1.0f);
 
 constexpr auto kRows = std::to_array<Row>({
-    {{"", "Diff Hor"}, "Diff. Directions Horizontal In", 1.0,  kDiff,        diffHorizontalIn},
-    {{"", "Diff Ver"}, "Diff. Directions Vertical In",   0.86, kDiff,        diffVerticalIn  },
-    {{"", "Flip"},     "Flip In",                        1.63, kFlip,        flipIn          },
-    {{"", "Copter"},   "Copter In",                      1.0,  kSwift,       copterIn        },
-    {{"", "Screw"},    "Screw In",                       1.1,  bezier(0.36f, 0.6f,             0.45f, 1.0f), screwIn},
-    {{"", "Fade"},           "Fade In",                                    0.92,                                        kSwift,                                         fadeIn                                     },
+    {{"", "Diff Hor"}, "Diff. Directions Horizontal In", 1.0,  kDiff,  diffHorizontalIn},
+    {{"", "Diff Ver"}, "Diff. Directions Vertical In",   0.86, kDiff,  diffVerticalIn  },
+    {{"", "Flip"},     "Flip In",                        1.63, kFlip,  flipIn          },
+    {{"", "Copter"},   "Copter In",                      1.0,  kSwift, copterIn        },
+    {{"", "Screw"},    "Screw In",                       1.1,  kScrew, screwIn         },
+    {{"", "Fade"},     "Fade In",                        0.92, kSwift, fadeIn          },
 });
 
 } // namespace
