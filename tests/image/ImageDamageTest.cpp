@@ -4,6 +4,10 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
 namespace zelvo::image {
 namespace {
 
@@ -104,6 +108,39 @@ Bytes lyingBMP(std::uint32_t side) {
     return bytes;
 }
 
+/// A progressive JPEG of three components that ends where its squares should begin.
+Bytes lyingJPEG(std::uint32_t side) {
+    const auto high = static_cast<std::uint8_t>(side >> 8U);
+    const auto low = static_cast<std::uint8_t>(side);
+    Bytes bytes{0xFF, 0xD8};
+    const auto append = [&bytes](std::uint8_t marker, const Bytes& data, const Bytes& rest) {
+        bytes.push_back(0xFF);
+        bytes.push_back(marker);
+        bytes.push_back(0);
+        bytes.push_back(static_cast<std::uint8_t>(2 + data.size() + rest.size()));
+        std::ranges::copy(data, std::back_inserter(bytes));
+        std::ranges::copy(rest, std::back_inserter(bytes));
+    };
+    append(0xDB, {0}, Bytes(64, 8));
+    append(0xC2, {8, high, low, high, low, 3, 1, 0x11, 0, 2, 0x11, 0, 3, 0x11, 0}, {});
+    append(0xC4, {0, 1}, Bytes(16, 0));
+    append(0xDA, {3, 1, 0, 2, 0, 3, 0, 0, 0, 0}, {});
+    bytes.push_back(0xFF);
+    bytes.push_back(0xD9);
+    return bytes;
+}
+
+/// A WebP that claims 16384 x 16384 pixels, more than its decoder may hold.
+Bytes lyingWebP() {
+    Bytes bytes;
+    std::ranges::copy(
+        std::string_view("RIFF\x1E\0\0\0WEBPVP8L\x12\0\0\0", 20), std::back_inserter(bytes));
+    append32(bytes, 0x2FFFFFFF);
+    append32(bytes, 0x0F000000);
+    bytes.resize(38);
+    return bytes;
+}
+
 long peakKilobytes() {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
@@ -120,12 +157,16 @@ TEST(ImageDamage, SizesThatLieAreRefusedWithoutTakingTheMemory) {
           lyingPNG(0, 5),
           lyingPNG(20'000, 20'000),
           lyingPNG(400'000'000, 1),
+          lyingJPEG(20'000),
           lyingBMP(20'000),
           lyingBMP(100'000),
           lyingBMP(0x7FFFFFFF)}) {
         EXPECT_FALSE(decodeImage(bytes));
     }
     EXPECT_LT(peakKilobytes() - before, 200'000);
+    EXPECT_TRUE(decodeImage(lyingJPEG(64))) << "but for its length it is sound";
+    EXPECT_EQ(decodeImage(lyingWebP()).error().cause, foundation::Cause::tooLarge)
+        << "which is not called damaged";
 }
 
 } // namespace

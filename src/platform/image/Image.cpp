@@ -165,6 +165,29 @@ Result<void> checkSize(Extent extent) {
     return failSize(extent, fmt::format("use one of at most {} million", kMaxPixels / 1'000'000));
 }
 
+/// What a file claims before it is decoded: a few bytes must not take gigabytes.
+Result<void> checkClaim(const QImageReader& reader, Extent extent) {
+    if (const auto fits = checkSize(extent); !fits)
+        return fits;
+    const std::int64_t pixels = static_cast<std::int64_t>(extent.width) * extent.height;
+    constexpr std::int64_t kPixelsPerByte = 64 * 8; // each square of 8 x 8 takes a bit at least
+    if (reader.format() == "jpeg" && pixels / kPixelsPerByte > reader.device()->size())
+        return fail(
+            Cause::malformed,
+            fmt::format(
+                "the picture is damaged (it ends long before {} x {} pixels)",
+                extent.width,
+                extent.height));
+    if (reader.supportsOption(QImageIOHandler::ScaledSize))
+        return {};
+    const QImage::Format format = reader.imageFormat();
+    const std::int64_t bits =
+        format == QImage::Format_Invalid ? 32 : QImage::toPixelFormat(format).bitsPerPixel();
+    if (pixels * bits / 8 > std::int64_t{kAllocationMegabytes} << 20U)
+        return failSize(extent, "save it as a PNG or JPEG file");
+    return {};
+}
+
 /// Qt's decoder takes any format, but holds the picture whole, and refuses to from a size on.
 Result<ImagePtr> decodeWithQt(QIODevice& device) {
     static std::once_flag once;
@@ -182,7 +205,7 @@ Result<ImagePtr> decodeWithQt(QIODevice& device) {
     const QSize size = reader.size();
     if (size.isValid()) {
         const Extent extent{size.width(), size.height()};
-        if (const auto fits = checkSize(extent); !fits)
+        if (const auto fits = checkClaim(reader, extent); !fits)
             return tl::unexpected(fits.error());
         limitSize(reader, extent);
     }
