@@ -167,7 +167,7 @@ Result<void> checkSize(Extent extent) {
 
 /// What a file claims before it is decoded: a few bytes must not take gigabytes.
 Result<void> checkClaim(const QImageReader& reader, Extent extent) {
-    if (const auto fits = checkSize(extent); !fits)
+    if (auto fits = checkSize(extent); !fits)
         return fits;
     const std::int64_t pixels = static_cast<std::int64_t>(extent.width) * extent.height;
     constexpr std::int64_t kPixelsPerByte = 64 * 8; // each square of 8 x 8 takes a bit at least
