@@ -18,11 +18,13 @@ T.AbstractButton {
     enabled: controller.isEnabled
     focusPolicy: Qt.TabFocus
     hoverEnabled: true
-    opacity: enabled ? 1 : 0.3
+    opacity: controller.isEnabled ? 1 : 0.3 // a row that is off as a whole is dimmed as a whole
 
     Accessible.role: role
     Accessible.name: controller.name
     Accessible.selected: controller.isMySelected
+    Accessible.checkable: role === Accessible.CheckBox
+    Accessible.checked: controller.isMySelected
     Accessible.onPressAction: controller.click()
     Keys.onReturnPressed: controller.click()
     Keys.onEnterPressed: controller.click()

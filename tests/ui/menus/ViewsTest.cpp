@@ -141,6 +141,12 @@ TEST_F(MenuViewsTest, TheDurationDialogIsWorkedByKeys) {
     EXPECT_FALSE(alerts.isShowing());
 }
 
+TEST_F(MenuViewsTest, AMenuThatIsOffIsDimmedOnce) {
+    show("ControlMenu.qml", "controller", &control);
+    const QQuickItem* const menuView = view.rootObject();
+    EXPECT_DOUBLE_EQ(menuView->opacity() * menuView->childItems().constFirst()->opacity(), 0.1);
+}
+
 TEST_F(MenuViewsTest, TheOthersStandUpWithoutAWarning) {
     ui::SpeedViewController speed(services);
     ui::ValueLabel label(loop());
