@@ -40,7 +40,7 @@ SpeedViewController::SpeedViewController(const Services& given, QObject* parent)
     , services(given) {
     for (MyButton* const button : nodeButtons()) {
         button->selectedColor = kAccentColor;
-        button->unselectedColor = kButtonColor;
+        button->unselectedColor = kClearButtonColor;
     }
     for (int tag = 0; tag < static_cast<int>(kSpeedTitles.size()); ++tag) {
         const auto index = static_cast<std::size_t>(tag);
@@ -49,7 +49,7 @@ SpeedViewController::SpeedViewController(const Services& given, QObject* parent)
             ButtonFace{
                 .title = QString::fromUtf8(kSpeedTitles[index]), .name = tr("Speed: ") + spoken},
             [this, tag] { speedAction(tag); });
-        button->unselectedColor = kButtonColor;
+        button->unselectedColor = kClearButtonColor;
         speedStackView.addArrangedSubview(*button);
         speedButtons.push_back(std::move(button));
     }

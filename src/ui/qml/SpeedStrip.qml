@@ -13,6 +13,12 @@ Item {
     implicitHeight: 36
     visible: !controller.isHidden
 
+    Ground {
+        anchors.fill: nodes
+    }
+    Ground {
+        anchors.fill: speeds
+    }
     Row {
         id: nodes
 
@@ -36,5 +42,11 @@ Item {
         width: Math.max(298, Theme.px(298))
         height: parent.height
         controller: root.controller.speedStackView
+    }
+
+    // Keeps the buttons, which let the stage shine through, legible on a bright one.
+    component Ground: Rectangle {
+        radius: Theme.radius
+        color: Theme.dimmedPanel
     }
 }
