@@ -9,6 +9,7 @@ T.ToolTip {
 
     property string name
     property string key
+    property bool isBelow // where there is no room above
 
     text: name
     delay: 600
@@ -16,10 +17,11 @@ T.ToolTip {
     margins: 6
     padding: 7
     x: parent ? (parent.width - implicitWidth) / 2 : 0
-    y: parent && parent.mapToItem(null, 0, 0).y < 60 ? parent.height + 6 : -implicitHeight - 6
+    y: parent && isBelow ? parent.height + 6 : -implicitHeight - 6
     implicitWidth: contentItem.implicitWidth + 2 * padding
     implicitHeight: contentItem.implicitHeight + 2 * padding
     closePolicy: T.Popup.NoAutoClose
+    onAboutToShow: isBelow = parent.mapToItem(null, 0, 0).y < 60 // by now the button has its place
 
     contentItem: Row {
         spacing: 8
