@@ -36,6 +36,7 @@ MainViewController::MainViewController(const Services& given)
     , visualizer(services.runLoop)
     , cameraGestures(services.model.actionController().gestures)
     , valueLabel(services.runLoop)
+    , progressView(services)
     , blurCover(services.runLoop) {
     wire();
     viewDidLoad();
@@ -92,7 +93,7 @@ void MainViewController::showAnim() {
     const std::weak_ptr<const bool> guard = alive;
     menu->speedClosure = [this, guard](bool isShown) {
         services.runLoop.post([this, guard, isShown] {
-            if (!guard.expired())
+            if (!guard.expired() && panelView_ == "ActionsMenu")
                 speedViewController.setHidden(!isShown);
         });
     };
@@ -190,6 +191,8 @@ void MainViewController::dismissScreen() {
 void MainViewController::showHistory() {
     if (screen_)
         return;
+    if (services.model.isPlaying()) // the screen shows what stands, and has no button to stop
+        services.model.stop(core::Reset::toStart);
     auto history = std::make_unique<HistoryController>(services);
     connect(history.get(), &HistoryController::dismissed, this, &MainViewController::dismissScreen);
     present(history.release(), "History");

@@ -12,6 +12,7 @@
 #include "ui/menus/ControlMenu.h"
 #include "ui/menus/SpeedViewController.h"
 #include "ui/screens/BlurCover.h"
+#include "ui/screens/ProgressView.h"
 #include "ui/screens/Visualizer.h"
 
 #include <QObject>
@@ -40,6 +41,7 @@ class MainViewController final : public QObject, private GestureDelegate {
     Q_PROPERTY(QObject* mainMenu READ mainMenuObject CONSTANT)
     Q_PROPERTY(QObject* controlMenu READ controlMenuObject CONSTANT)
     Q_PROPERTY(QObject* speedViewController READ speedObject CONSTANT)
+    Q_PROPERTY(QObject* progressView READ progressObject CONSTANT)
     Q_PROPERTY(QObject* shareButton READ shareObject CONSTANT)
     Q_PROPERTY(double shareAlpha READ shareAlpha NOTIFY editingChanged)
     Q_PROPERTY(QObject* stage READ stageObject CONSTANT)
@@ -119,6 +121,8 @@ public:
 
     [[nodiscard]] QObject* speedObject() { return &speedViewController; }
 
+    [[nodiscard]] QObject* progressObject() { return &progressView; }
+
     [[nodiscard]] QObject* shareObject() { return &shareButton; }
 
     [[nodiscard]] QObject* stageObject() { return &stage; }
@@ -167,6 +171,7 @@ private:
     CameraGestures cameraGestures;
     IdleTimer idleTimer;
     ValueLabel valueLabel;
+    ProgressView progressView;
     BlurCover blurCover;
     LaterPtr<QObject> currentBottomViewController;
     QString panelView_;

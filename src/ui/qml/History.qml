@@ -73,9 +73,10 @@ FocusScope {
             Accessible.role: Accessible.List
             Accessible.name: "Actions"
 
-            Keys.onDeletePressed: root.controller.deleteRow(currentIndex)
+            // A row a press: what is deleted here does not come back.
             Keys.onPressed: event => {
-                if (event.key === Qt.Key_Backspace)
+                event.accepted = event.key === Qt.Key_Delete || event.key === Qt.Key_Backspace;
+                if (event.accepted && !event.isAutoRepeat)
                     root.controller.deleteRow(currentIndex);
             }
             onMovementStarted: openRow = -1

@@ -38,6 +38,11 @@ Item {
             controller: root.main.shareButton
             opacity: root.main.shareAlpha
         }
+        TimeBar {
+            anchors.bottom: parent.bottom
+            width: parent.width
+            controller: root.main.progressView
+        }
     }
     SpeedStrip {
         anchors.left: parent.left

@@ -90,6 +90,7 @@ FocusScope {
             onClicked: root.controller.dismissAction()
             Accessible.role: Accessible.Button
             Accessible.name: text
+            Accessible.onPressAction: clicked()
             Keys.onReturnPressed: clicked()
             Keys.onEnterPressed: clicked()
 

@@ -2,6 +2,7 @@
 #include "ui/main/MainViewController.h"
 
 #include "../screens/ScreensFixture.h"
+#include "ui/menus/ActionsMenu.h"
 #include "ui/screens/HistoryController.h"
 
 #include <gtest/gtest.h>
@@ -48,6 +49,18 @@ TEST_F(MainScreenTest, stops_a_run_when_the_panel_changes_and_when_a_movie_is_as
     }
 }
 
+TEST_F(MainScreenTest, leaves_no_strip_of_speeds_above_the_style_panel) {
+    main.showAnim();
+    auto& menu = *qobject_cast<ActionsMenu*>(main.panel());
+    menu.speedButton.click();
+    settle();
+    EXPECT_FALSE(main.speedViewController.isHidden());
+    menu.updateSpeedButton(); // still on its way when the panel goes
+    main.showLayouterMenu();
+    settle();
+    EXPECT_TRUE(main.speedViewController.isHidden());
+}
+
 TEST_F(MainScreenTest, sends_gestures_to_the_camera_while_the_catalogue_shows_alone) {
     const auto panTurns = [this] {
         auto& handle = *model.nodes().cameraYHandle;
@@ -85,9 +98,11 @@ TEST_F(MainScreenTest, shows_one_screen_at_a_time_until_it_is_dismissed) {
     main.showAnim();
     record("Left In", 2, 1);
     settle();
+    model.start();
     main.controlMenu.showHistoryAction();
     settle();
     ASSERT_EQ(main.screenView(), "History");
+    EXPECT_FALSE(model.isPlaying());
     main.controlMenu.showHistoryAction();
     settle();
     qobject_cast<HistoryController*>(main.screen())->dismissViewController();

@@ -153,6 +153,7 @@ void WindowTest::record() {
 void WindowTest::replayAndUndo() {
     click(&application.main.controlMenu.recordButton);
     ASSERT_TRUE(soon([&] { return model.isPlaying() && model.time() > 2.5; }));
+    EXPECT_GT(placeOf(application.main.progressObject()).y(), 0);
     picture("3-replay");
     model.setDuration(core::Model::kMinDuration); // from here on the end comes by itself
     ASSERT_TRUE(soon([&] { return !model.isPlaying() && !model.isBlocking(); }));
@@ -170,8 +171,10 @@ void WindowTest::deleteFromHistory() {
     ASSERT_TRUE(soon([&] { return takesKeys(application.main.screen()); }));
     QTest::keyClick(&window, Qt::Key_Delete);
     EXPECT_TRUE(soon([&] { return records() == 2; }));
+    QTest::simulateEvent(&window, true, Qt::Key_Delete, {}, {}, true);
     QTest::keyClick(&window, Qt::Key_Escape);
     ASSERT_TRUE(soon([&] { return application.main.screen() == nullptr; }));
+    EXPECT_EQ(records(), 2U) << "a key that is held deletes on and on";
 }
 
 void WindowTest::exportMovie() {
