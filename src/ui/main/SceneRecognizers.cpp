@@ -71,10 +71,13 @@ void SceneRecognizers::release(int finger, const glm::vec2& place) {
 }
 
 void SceneRecognizers::cancel() {
+    const bool isOfFingers = isPinching && fingers.size() == 2;
     fingers.clear();
     mayBeTap = false;
-    if (isPinching)
-        endPinch();
+    if (isOfFingers) {
+        isPinching = false;
+        pinch(GestureState::cancelled);
+    }
     if (isPanning)
         pan(GestureState::cancelled, start);
 }

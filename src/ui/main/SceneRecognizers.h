@@ -33,11 +33,11 @@ public:
     void press(int finger, const glm::vec2& place);
     void move(int finger, const glm::vec2& place);
     void release(int finger, const glm::vec2& place);
-    /// The system takes all fingers away.
+    /// The system takes all fingers away; a pinch of the wheel or a touchpad goes on.
     void cancel();
 
-    /// A touchpad's own pinch: `growth` is what the scale grew by since the last call.
-    void beginPinch(const glm::vec2& place);
+    /// A touchpad's own pinch: `growth` is what the scale grew by since the last call. The first
+    /// one begins it.
     void growPinch(float growth, const glm::vec2& place);
     void endPinch();
     /// A step of the wheel with Ctrl, in degrees; the first one begins a pinch.
@@ -51,6 +51,7 @@ private:
     void pinch(actions::GestureState state);
     void scaleTo(float wanted);
     void tap(const glm::vec2& place);
+    void beginPinch(const glm::vec2& place);
     void beginFingersPinch();
     [[nodiscard]] float fingersDistance() const;
     [[nodiscard]] glm::vec2 fingersMiddle() const;

@@ -165,8 +165,7 @@ bool StageItem::event(QEvent* event) {
     const auto& gesture = static_cast<const QNativeGestureEvent&>(*event);
     SceneRecognizers& recognizers = stage_->recognizers;
     switch (gesture.gestureType()) {
-    case Qt::BeginNativeGesture:
-        recognizers.beginPinch(vec(gesture.position()));
+    case Qt::BeginNativeGesture: // a swipe begins likewise: a pinch begins as it grows
         return true;
     case Qt::ZoomNativeGesture:
         recognizers.growPinch(static_cast<float>(gesture.value()), vec(gesture.position()));

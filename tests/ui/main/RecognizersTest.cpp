@@ -50,19 +50,20 @@ TEST(Recognizers, tell_pans_pinches_and_taps_apart) {
     };
 
     const Row rows[] = {
-        {{{press, 1, 0}, {move, 1, 4}, {release, 1, 4}},                                    "tap "                    },
-        {{{press, 1, 0}, {release, 1, 0}, {press, 1, 5}, {release, 1, 5}},                  "tap tap double "         },
-        {{{press, 1, 0}, {release, 1, 0}, {wait}, {press, 1, 0}, {release, 1, 0}},          "tap tap "                },
-        {{{press, 1, 0}, {release, 1, 0}, {press, 1, 90}, {release, 1, 90}},                "tap tap "                },
+        {{{press, 1, 0}, {move, 1, 4}, {release, 1, 4}},                                    "tap "                        },
+        {{{press, 1, 0}, {release, 1, 0}, {press, 1, 5}, {release, 1, 5}},                  "tap tap double "             },
+        {{{press, 1, 0}, {release, 1, 0}, {wait}, {press, 1, 0}, {release, 1, 0}},          "tap tap "                    },
+        {{{press, 1, 0}, {release, 1, 0}, {press, 1, 90}, {release, 1, 90}},                "tap tap "                    },
         {{{press, 1, 0}, {move, 1, 20}, {move, 1, 30}, {release, 1, 30}},
-         "pan began pan changed pan ended "                                                                           },
-        {{{press, 1, 0}, {move, 1, 20}, {cancel}},                                          "pan began pan cancelled "},
+         "pan began pan changed pan ended "                                                                               },
+        {{{press, 1, 0}, {move, 1, 20}, {cancel}},                                          "pan began pan cancelled "    },
         {{{press, 1, 0}, {press, 2, 50}, {move, 2, 60}, {release, 1, 0}, {release, 2, 60}},
-         "pinch began pinch changed pinch ended "                                                                     },
+         "pinch began pinch changed pinch ended "                                                                         },
         {{{press, 1, 0}, {move, 1, 20}, {press, 2, 50}, {release, 2, 50}, {move, 1, 80}},
-         "pan began pan ended pinch began pinch ended "                                                               },
+         "pan began pan ended pinch began pinch ended "                                                                   },
+        {{{press, 1, 0}, {press, 2, 50}, {cancel}, {move, 2, 60}},                          "pinch began pinch cancelled "},
         {{{press, 1, 0}, {press, 2, 50}, {press, 3, 70}, {move, 3, 90}, {release, 3, 90}},
-         "pinch began "                                                                                               },
+         "pinch began "                                                                                                   },
     };
     for (const Row& row : rows) {
         foundation::VirtualRunLoop loop;
@@ -109,6 +110,7 @@ TEST(Recognizers, end_the_pinch_of_a_wheel_when_it_rests) {
     SceneRecognizers recognizers(loop, notes);
     recognizers.turnWheel(15, {0, 0});
     loop.runFor(0.1);
+    recognizers.cancel(); // as a mouse button does when it is let go
     recognizers.turnWheel(-15, {0, 0});
     EXPECT_NEAR(notes.lastPinch.scale, 1, 1e-5);
     loop.runFor(1);
