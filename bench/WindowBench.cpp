@@ -8,6 +8,7 @@
 
 #include <fmt/format.h>
 #include <malloc.h>
+#include <sys/resource.h>
 
 #include <QGuiApplication>
 #include <QImage>
@@ -41,7 +42,7 @@ public:
         report("start to first picture", since(start) * 1000, "ms");
         waitFor(3);
         picture("style");
-        report("resting", framesASecond(3), "frames/s");
+        measureRest();
         measurePanel();
         waitFor(1);
         picture("catalogue");
@@ -94,6 +95,21 @@ private:
         const double began = app::stopwatchSeconds();
         waitFor(seconds);
         return (stage().framesShown() - before) / since(began);
+    }
+
+    void measureRest() {
+        const double before = processorSeconds();
+        waitFor(4);
+        report("processor at rest", (processorSeconds() - before) / 4 * 100, "%");
+    }
+
+    static double processorSeconds() {
+        rusage use{};
+        getrusage(RUSAGE_SELF, &use);
+        const auto seconds = [](const timeval& time) {
+            return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
+        };
+        return seconds(use.ru_utime) + seconds(use.ru_stime);
     }
 
     void measurePanel() {

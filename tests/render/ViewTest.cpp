@@ -6,6 +6,7 @@
 #include <epoxy/gl.h>
 
 #include <cstdlib>
+#include <functional>
 
 namespace zelvo::render {
 namespace {
@@ -136,6 +137,76 @@ TEST_F(View, ToleratesAnyStateAndLeavesOpenGLsOwn) {
         glGetIntegerv(GL_SAMPLER_BINDING, &sampler);
         EXPECT_EQ(sampler, 0) << "unit " << unit;
     }
+}
+
+/// A wall in the light of a spot, and what throws a shadow on it from out of the picture.
+class ViewOfAWall : public View {
+protected:
+    ViewOfAWall() {
+        wall->normal.intensity = 0;
+        addSquare(wall, -1, 4);
+        light->castsShadow = true;
+        light->zFar = 40;
+        caster->position = glm::vec3(0, 2.2f, 2);
+        caster->castsShadow = true;
+        glass->transparency = 0.5f;
+        addSquare(glass, 1, 0.5f)->position = glm::vec3(-0.6f, -0.6f, 1);
+    }
+
+    [[nodiscard]] std::optional<std::uint64_t> key() const { return view->pictureKey(1.5); }
+
+    static image::ImagePtr plain(const std::array<std::uint8_t, 4>& color) {
+        return sharePicture(1, 1, {color});
+    }
+
+    void expectTold(const char* what, const std::function<void()>& change) const {
+        const image::Image before = drawnInto(RowOrder::topFirst);
+        const std::optional<std::uint64_t> keyBefore = key();
+        EXPECT_TRUE(keyBefore.has_value()) << what;
+        EXPECT_EQ(key(), keyBefore) << what;
+        change();
+        EXPECT_NE(key(), keyBefore) << what;
+        EXPECT_NE(drawnInto(RowOrder::topFirst).pixels, before.pixels) << what;
+    }
+
+    scene::SCNMaterialPtr wall = makeMatte();
+    scene::SCNMaterialPtr glass = makeMaterial(image::Color::hex(0x20A040));
+    scene::SCNLightPtr light = addLight(scene::SCNLightType::spot, {0, 4, 6}, 4e4);
+    scene::SCNNodePtr lamp = scene->rootNode()->childNodes().back();
+    scene::SCNNodePtr caster = addSquare(makeMaterial(image::Color::white(1)), 0, 1.5f);
+};
+
+TEST_F(ViewOfAWall, KeysTellEveryChangeOfThePicture) {
+    lamp->setOrientation(glm::quatLookAt(glm::normalize(glm::vec3(0, -4, -7)), glm::vec3(0, 1, 0)));
+    scene::SCNCamera& lens = *camera->camera;
+    expectTold("a caster out of view", [&] { caster->position = glm::vec3(0.8f, 2.2f, 2); });
+    expectTold("no caster", [&] { caster->castsShadow = false; });
+    caster->castsShadow = true;
+    expectTold("shadow's strength", [&] { light->shadowColor.alpha = 0.9f; });
+    expectTold("light's strength", [&] { light->intensity = 4e5; });
+    expectTold("light's colour", [&] { light->color = image::Color::hex(0xFFC060); });
+    expectTold("a colour", [&] { wall->diffuse.contents = image::Color::hex(0x6080A0); });
+    expectTold("a picture", [&] { wall->diffuse.contents = plain({255, 0, 0, 255}); });
+    expectTold("another", [&] { wall->diffuse.contents = plain({0, 0, 255, 255}); });
+    expectTold("how glass mixes", [&] { glass->blendMode = scene::SCNBlendMode::add; });
+    expectTold("glass", [&] { glass->transparency = 0.8f; });
+    expectTold("exposure", [&] { lens.exposureOffset = 3; });
+    expectTold("tone", [&] { lens.wantsHDR = true; });
+    expectTold("angle of view", [&] { lens.fieldOfView = 60; });
+    expectTold("place", [&] { camera->position = glm::vec3(0.5f, 0, 10); });
+    expectTold("background", [&] { scene->background.contents = plain({255, 0, 0, 255}); });
+    expectTold("its picture", [&] { scene->background.contents = plain({0, 255, 0, 255}); });
+    expectTold("shape", [&] { caster->geometry = std::make_shared<scene::SCNPlane>(0.5, 9.0); });
+    expectTold("something gone", [&] { caster->isHidden = true; });
+}
+
+TEST_F(ViewOfAWall, WhatMayMoveByItselfHasNoKey) {
+    EXPECT_TRUE(key().has_value());
+    view->technique = std::make_shared<scene::SCNTechnique>();
+    EXPECT_FALSE(key().has_value());
+    view->technique = nullptr;
+    wall->shaderModifiers[scene::SCNShaderModifierEntryPoint::surface] = "";
+    EXPECT_FALSE(key().has_value());
 }
 
 } // namespace

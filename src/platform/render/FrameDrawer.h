@@ -6,6 +6,7 @@
 #include "platform/render/GraphicsState.h"
 #include "platform/render/ItemPainter.h"
 #include "platform/render/ParticlePass.h"
+#include "platform/render/PictureKey.h"
 #include "platform/render/PixelRect.h"
 #include "platform/render/ShadowPass.h"
 #include "platform/render/Snapshot.h"
@@ -15,6 +16,7 @@
 #include "platform/render/UniformArena.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace zelvo::render {
@@ -42,6 +44,12 @@ public:
         const scene::SCNNode* pointOfView,
         const DrawTarget& target,
         UniformArena& uniforms);
+
+    /// Of what `draw` would draw, without drawing it. Empty: that never stands still.
+    [[nodiscard]] std::optional<std::uint64_t>
+    pictureKey(const scene::SCNScene& scene, const scene::SCNNode* pointOfView, float aspect) {
+        return pictures.of(scene, pointOfView, aspect, painter);
+    }
 
     /// After others have used the context.
     void forgetState() { state.forget(); }
@@ -90,6 +98,7 @@ private:
     ParticlePass particles;
     StillLayer layer;
     ItemPainter painter;
+    PictureKey pictures;
     Snapshot snapshot;
     std::vector<ShadowView> views;
     std::vector<OpaqueItem> opaques;

@@ -183,6 +183,13 @@ void SCNView::draw(const ViewTarget& target) {
     frame.done.set();
 }
 
+std::optional<std::uint64_t> SCNView::pictureKey(double aspect) {
+    CHECK(scene() != nullptr, "no scene is attached to the view");
+    if (technique)
+        return std::nullopt;
+    return state->drawer.pictureKey(*scene(), pointOfView.get(), static_cast<float>(aspect));
+}
+
 std::string SCNView::deviceName() const {
     return state->device.name;
 }

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace zelvo::render {
@@ -48,6 +49,11 @@ public:
     void drawAtTime(double time, const ViewTarget& target);
     /// Draws the scene as it stands, as after `update`.
     void draw(const ViewTarget& target);
+
+    /// Of the picture that `draw` would make now of a target so many times as wide as high: equal
+    /// ones, one after the other, are equal pictures, which need not be drawn again. Empty: the
+    /// picture is never the same, as with particles or a technique.
+    [[nodiscard]] std::optional<std::uint64_t> pictureKey(double aspect);
 
     [[nodiscard]] std::string deviceName() const;
 

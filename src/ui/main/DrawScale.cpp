@@ -14,10 +14,22 @@ constexpr double kNewest = 0.15;  ///< weight of the newest frame in the mean
 constexpr int kBeforeFalling = 6; ///< frames; the first after a change make new pictures
 constexpr int kBeforeRising = 90;
 constexpr double kHangup = 0.25; ///< seconds: once, that was no drawing
+constexpr double kFinerAtRest = 2;
 
 } // namespace
 
+void DrawScale::nextShows(std::optional<std::uint64_t> picture) {
+    repeats = picture && picture == shown ? repeats + 1 : 0;
+    shown = picture;
+}
+
+double DrawScale::value() const {
+    return isAtRest() ? std::min(scale * kFinerAtRest, kMostAtRest) : scale;
+}
+
 void DrawScale::frameTook(double seconds) {
+    if (isAtRest()) // tells nothing of what a moving picture takes
+        return;
     hangups = seconds > kHangup ? hangups + 1 : 0;
     if (hangups == 1)
         return;

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
+#include <optional>
+
 namespace zelvo::ui {
 
 /// How finely the live stage is drawn: drawn pixels over the view's, along each side. Falls while
 /// frames take long, so that a slow machine loses sharpness before it loses time, and rises again
-/// where there is room. Above 1 the surplus smooths edges.
+/// where there is room. Above 1 the surplus smooths edges. What stands still is drawn once more,
+/// twice as finely, and then left alone.
 class DrawScale {
 public:
     static constexpr double kMost = 1.5;
@@ -14,13 +18,27 @@ public:
     static constexpr double kLongFrame = 0.028;   ///< seconds; 30 frames a second with some room
     static constexpr double kShortFrame = 0.0175; ///< a display of 60 Hz leaves no shorter ones
 
-    [[nodiscard]] double value() const { return scale; }
+    static constexpr double kMostAtRest = 2.0;
+    static constexpr int kBeforeRest = 10; ///< frames that show the same
+
+    /// What the next frame shows (SCNView::pictureKey); empty: something new.
+    void nextShows(std::optional<std::uint64_t> picture);
+
+    [[nodiscard]] double value() const;
+
+    /// Whether the next frame is as the one before, picture and scale.
+    [[nodiscard]] bool isDrawn() const { return repeats > kBeforeRest; }
 
     /// What a frame took from its asking to the screen, seconds.
     void frameTook(double seconds);
 
 private:
+    [[nodiscard]] bool isAtRest() const { return repeats >= kBeforeRest; }
+
     void change(double wanted);
+
+    std::optional<std::uint64_t> shown;
+    int repeats = 0; ///< frames in a row that showed the same as the one before
 
     double scale = kStart;
     double mean = 0; ///< of the frames since the last change, the newest count most

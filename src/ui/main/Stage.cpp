@@ -15,18 +15,30 @@ Stage::Stage(const Services& given, GestureDelegate& delegate)
     next = services.runLoop.scheduleOnce(0, [this] { askForFrame(); });
 }
 
-void Stage::setWindow(std::function<void()> request) {
-    requestFrame = std::move(request);
+void Stage::setWindow(Window shownBy) {
+    window = std::move(shownBy);
 }
 
 void Stage::askForFrame() {
     animate();
     asked = services.runLoop.now();
-    if (requestFrame && view.scene()) {
-        isWaiting = true;
-        requestFrame();
+    double patience = kWithoutWindow;
+    if (window.requestFrame && view.scene()) {
+        isWaiting = needsFrame();
+        if (isWaiting) {
+            window.requestFrame();
+        } else {
+            patience = kRestPace;
+        }
     }
-    next = services.runLoop.scheduleOnce(kWithoutWindow, [this] { askForFrame(); });
+    next = services.runLoop.scheduleOnce(patience, [this] { askForFrame(); });
+}
+
+bool Stage::needsFrame() {
+    // Amid a performance no frame may take long, though nothing moves just then.
+    const bool mayRest = window.pictureKey && !isBusy();
+    scale.nextShows(mayRest ? window.pictureKey() : std::nullopt);
+    return !scale.isDrawn();
 }
 
 void Stage::frameShown() {
@@ -36,13 +48,13 @@ void Stage::frameShown() {
     ++shown;
     const double took = services.runLoop.now() - asked;
     scale.frameTook(took);
-    next =
-        services.runLoop.scheduleOnce(std::max(0.0, interval() - took), [this] { askForFrame(); });
+    const double interval = isBusy() ? kFullPace : kRestPace;
+    next = services.runLoop.scheduleOnce(std::max(0.0, interval - took), [this] { askForFrame(); });
     Q_EMIT frameTaken();
 }
 
 void Stage::failGraphics(const QString& why) {
-    requestFrame = nullptr;
+    window = {};
     Q_EMIT graphicsFailed(why);
 }
 
@@ -55,9 +67,8 @@ void Stage::animate() {
         view.update(scene->time() + passed);
 }
 
-double Stage::interval() const {
-    const bool isBusy = services.model.isPlaying() || recognizers.isActive();
-    return isBusy ? kFullPace : kRestPace;
+bool Stage::isBusy() const {
+    return services.model.isPlaying() || recognizers.isActive();
 }
 
 } // namespace zelvo::ui

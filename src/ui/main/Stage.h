@@ -21,6 +21,8 @@ namespace zelvo::ui {
 ///     askForFrame ──> animates, asks the window ──> frameShown ── rest of the interval ──┐
 ///         ^──────────────────────────────────────────────────────────────────────────────┘
 ///
+/// What stands still is not drawn again and again, which leaves the machine to others.
+///
 /// The scene's clock follows the run loop's, whether a window shows it or not. Full pace while
 /// something is performed or touched, half of it else. The scene changes on the main thread alone.
 class Stage final : public QObject {
@@ -41,8 +43,21 @@ public:
     scene::HeadlessView view;
     SceneRecognizers recognizers;
 
-    /// Asks a window for a picture of the scene as it stands; empty: there is none.
-    void setWindow(std::function<void()> requestFrame);
+    struct Window {
+        /// Asks for a picture of the scene as it stands; empty: there is no window.
+        std::function<void()> requestFrame;
+        /// What that would show (SCNView::pictureKey); empty: always something new.
+        std::function<std::optional<std::uint64_t>()> pictureKey;
+    };
+
+    void setWindow(Window shownBy);
+
+    /// The window's size is another: what stands still is to be drawn anew.
+    void windowResized() { scale.nextShows(std::nullopt); }
+
+    /// Whether the last picture shows the scene as it stands, as finely as it will be.
+    [[nodiscard]] bool isDrawn() const { return scale.isDrawn(); }
+
     /// The picture that was asked for is on the screen.
     void frameShown();
     /// The window cannot draw. Said once.
@@ -59,11 +74,12 @@ Q_SIGNALS:
 private:
     void askForFrame();
     void animate();
-    [[nodiscard]] double interval() const;
+    [[nodiscard]] bool isBusy() const;
+    [[nodiscard]] bool needsFrame();
 
     Services services;
     DrawScale scale;
-    std::function<void()> requestFrame;
+    Window window;
     foundation::Timer next;
     double asked = 0;    ///< when the last picture was asked for
     double animated = 0; ///< when the scene was last animated

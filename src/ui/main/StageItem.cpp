@@ -36,25 +36,34 @@ std::unique_ptr<QOpenGLFramebufferObject> makeTarget(QSize size) {
     return std::make_unique<QOpenGLFramebufferObject>(size, format);
 }
 
+/// What the model shows becomes what is drawn.
+void attach(render::SCNView& drawn, const scene::HeadlessView& shown) {
+    drawn.setScene(shown.scene());
+    drawn.pointOfView = shown.pointOfView;
+    drawn.technique = shown.technique;
+}
+
 /// Draws while the main thread waits, into a picture of its own; what comes to the window is that
 /// picture, which stays when the scene has gone into an export.
 class StageRenderer final : public QQuickFramebufferObject::Renderer {
 protected:
     void synchronize(QQuickFramebufferObject* item) override {
-        const auto* shown = static_cast<StageItem*>(item);
+        auto* shown = static_cast<StageItem*>(item);
         Stage* stage = shown->stage();
         if (stage == nullptr || !stage->view.scene() || hasFailed || !ensureView(*stage))
             return;
+        attach(*view, stage->view);
+        shown->setDrawnBy(view);
         const double scale = stage->drawScale();
         const double pixels = item->window()->effectiveDevicePixelRatio() * std::min(scale, 1.0);
         const QSize size(
             std::max(1, static_cast<int>(std::lround(item->width() * pixels))),
             std::max(1, static_cast<int>(std::lround(item->height() * pixels))));
-        if (!picture || picture->size() != size)
+        const bool hasSize = picture && picture->size() == size;
+        if (hasSize && stage->isDrawn())
+            return;
+        if (!hasSize)
             picture = makeTarget(size);
-        view->setScene(stage->view.scene());
-        view->pointOfView = stage->view.pointOfView;
-        view->technique = stage->view.technique;
         view->quality.oversampling = std::max(scale, 1.0);
         const render::ViewTarget target{
             .framebuffer = picture->handle(),
@@ -99,7 +108,7 @@ private:
         return false;
     }
 
-    std::unique_ptr<render::SCNView> view;
+    std::shared_ptr<render::SCNView> view;
     std::unique_ptr<QOpenGLFramebufferObject> picture;
     bool hasFailed = false;
 };
@@ -127,7 +136,8 @@ void StageItem::setStage(QObject* stage) {
         return;
     stage_ = wanted;
     if (stage_ != nullptr) {
-        stage_->setWindow([this] { update(); });
+        stage_->setWindow(
+            {.requestFrame = [this] { update(); }, .pictureKey = [this] { return pictureKey(); }});
         stage_->recognizers.setViewSize(vec({width(), height()}));
     }
     Q_EMIT stageChanged();
@@ -139,6 +149,8 @@ QQuickFramebufferObject::Renderer* StageItem::createRenderer() const {
 
 void StageItem::itemChange(ItemChange change, const ItemChangeData& data) {
     QQuickFramebufferObject::itemChange(change, data);
+    if (change == ItemDevicePixelRatioHasChanged && stage_ != nullptr)
+        stage_->windowResized();
     if (change != ItemSceneChange || data.window == nullptr)
         return;
     // The window tells it on its drawing thread; what follows belongs to this one.
@@ -155,8 +167,18 @@ void StageItem::itemChange(ItemChange change, const ItemChangeData& data) {
 
 void StageItem::geometryChange(const QRectF& now, const QRectF& before) {
     QQuickFramebufferObject::geometryChange(now, before);
-    if (stage_ != nullptr)
-        stage_->recognizers.setViewSize(vec({now.width(), now.height()}));
+    if (stage_ == nullptr)
+        return;
+    stage_->recognizers.setViewSize(vec({now.width(), now.height()}));
+    stage_->windowResized();
+}
+
+std::optional<std::uint64_t> StageItem::pictureKey() const {
+    const std::shared_ptr<render::SCNView> view = drawnBy.lock();
+    if (!view || height() <= 0)
+        return std::nullopt;
+    attach(*view, stage_->view);
+    return view->pictureKey(width() / height());
 }
 
 bool StageItem::event(QEvent* event) {

@@ -3,6 +3,14 @@
 
 #include <QQuickFramebufferObject>
 
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+namespace zelvo::render {
+class SCNView;
+}
+
 namespace zelvo::ui {
 
 class Stage;
@@ -24,6 +32,10 @@ public:
 
     [[nodiscard]] Renderer* createRenderer() const override;
 
+    /// What draws the stage. It is used by either thread while the other one waits or has no part
+    /// in it: commands are given in synchronize alone.
+    void setDrawnBy(const std::shared_ptr<render::SCNView>& view) { drawnBy = view; }
+
 Q_SIGNALS:
     void stageChanged();
 
@@ -40,7 +52,10 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    [[nodiscard]] std::optional<std::uint64_t> pictureKey() const;
+
     Stage* stage_ = nullptr;
+    std::weak_ptr<render::SCNView> drawnBy;
 };
 
 /// Makes StageItem known to `import Zelvo`.

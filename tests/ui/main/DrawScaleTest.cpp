@@ -33,6 +33,28 @@ TEST(DrawScale, takes_one_standstill_for_no_drawing_but_not_many) {
     EXPECT_EQ(settle(scale, 2), DrawScale::kLeast);
 }
 
+TEST(DrawScale, draws_what_stands_still_once_more_and_finer_until_it_moves) {
+    DrawScale scale;
+    for (int i = 0; i < DrawScale::kBeforeRest; ++i) {
+        scale.nextShows(7);
+        EXPECT_EQ(scale.value(), DrawScale::kStart);
+    }
+    scale.nextShows(7);
+    EXPECT_EQ(scale.value(), 2 * DrawScale::kStart);
+    EXPECT_FALSE(scale.isDrawn());
+    for (int i = 0; i < 1000; ++i) {
+        scale.frameTook(i == 0 ? 0.2 : 0.0001); // neither tells what moving would take
+        scale.nextShows(7);
+        EXPECT_TRUE(scale.isDrawn());
+    }
+    scale.nextShows(8);
+    EXPECT_EQ(scale.value(), DrawScale::kStart);
+    EXPECT_FALSE(scale.isDrawn());
+    for (int i = 0; i < 100; ++i)
+        scale.nextShows(std::nullopt);
+    EXPECT_EQ(scale.value(), DrawScale::kStart) << "nothing is known to stand still";
+}
+
 } // namespace
 
 } // namespace zelvo::ui

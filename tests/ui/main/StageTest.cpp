@@ -28,9 +28,12 @@ protected:
     /// A display that shows each picture so many seconds after it was asked for.
     void showAfter(double seconds) {
         stage.setWindow(
-            [this, seconds] { loop().asyncAfter(seconds, [this] { stage.frameShown(); }); });
+            {.requestFrame =
+                 [this, seconds] { loop().asyncAfter(seconds, [this] { stage.frameShown(); }); },
+             .pictureKey = [this] { return picture; }});
     }
 
+    std::optional<std::uint64_t> picture; ///< none: always another
     NoGestures nobody;
     Stage stage{services, nobody};
 };
@@ -45,6 +48,27 @@ TEST_F(StageTest, draws_at_full_pace_in_a_run_and_at_half_of_it_else) {
     model.start();
     loop().runFor(1);
     EXPECT_NEAR(stage.framesShown() - resting, 60, 2);
+}
+
+TEST_F(StageTest, draws_nothing_while_nothing_moves_and_at_once_when_it_does) {
+    showAfter(0.005);
+    picture = 1;
+    loop().runFor(1);
+    const int finest = stage.framesShown();
+    EXPECT_EQ(stage.drawScale(), 2 * DrawScale::kStart);
+    loop().runFor(10);
+    EXPECT_EQ(stage.framesShown(), finest);
+    picture = 2;
+    loop().runFor(Stage::kRestPace + 0.006);
+    EXPECT_EQ(stage.framesShown(), finest + 1);
+    EXPECT_EQ(stage.drawScale(), DrawScale::kStart);
+    loop().runFor(1);
+    stage.windowResized();
+    EXPECT_FALSE(stage.isDrawn());
+
+    model.start();
+    loop().runFor(1);
+    EXPECT_EQ(stage.drawScale(), DrawScale::kStart) << "no frame takes long in a run";
 }
 
 TEST_F(StageTest, lets_the_scene_go_on_in_time_however_long_frames_take_and_without_a_window) {
