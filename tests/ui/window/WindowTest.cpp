@@ -90,6 +90,7 @@ protected:
     template <class Kind> Kind* screen() { return qobject_cast<Kind*>(application.main.screen()); }
 
     void openCatalogue();
+    void pinchCamera();
     void shareTooEarly();
     void record();
     void replayAndUndo();
@@ -118,6 +119,20 @@ void WindowTest::openCatalogue() {
             soon([&] { return panel<ui::ActionsMenu>()->speedButton.isMySelected() == isShown; }));
         picture("2-speed");
     }
+}
+
+void WindowTest::pinchCamera() {
+    const auto depth = [&] { return glm::vec3(model.nodes().cameraPinchNode->position).z; };
+    const QPoint middle(640, 300);
+    auto fingers = QTest::touchEvent(&window, finger.get(), false);
+    fingers.press(0, middle - QPoint(40, 0)).commit();
+    fingers.stationary(0).press(1, middle + QPoint(40, 0)).commit();
+    for (int apart = 60; apart <= 200; apart += 20)
+        fingers.stationary(0).move(1, middle + QPoint(apart, 0)).commit();
+    EXPECT_TRUE(soon([&] { return depth() < -1; })) << "two fingers that part";
+    fingers.stationary(0).release(1, middle + QPoint(200, 0)).commit();
+    fingers.release(0, middle - QPoint(40, 0)).commit();
+    EXPECT_TRUE(soon([&] { return depth() > -0.01; })) << "it springs back";
 }
 
 void WindowTest::shareTooEarly() {
@@ -194,6 +209,7 @@ void WindowTest::exportMovie() {
 
 TEST_F(WindowTest, APerformanceFromTheStartToThePreview) {
     ASSERT_NO_FATAL_FAILURE(openCatalogue());
+    ASSERT_NO_FATAL_FAILURE(pinchCamera());
     ASSERT_NO_FATAL_FAILURE(shareTooEarly());
     ASSERT_NO_FATAL_FAILURE(record());
     ASSERT_NO_FATAL_FAILURE(replayAndUndo());
