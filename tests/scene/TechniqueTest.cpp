@@ -52,6 +52,22 @@ TEST(Technique, ReadsADescription) {
     EXPECT_EQ(pass.uniforms.at(2).value, 0.5F);
 }
 
+TEST(Technique, SharesTargetsOfOneSizeWithWhatComesBeforeAndAfter) {
+    const auto writing = [](std::vector<double> targets) {
+        SCNTechnique technique{.targets = std::move(targets), .passes = {}};
+        for (int i = 0; i < static_cast<int>(technique.targets.size()); ++i)
+            technique.passes.push_back({"shrinkFragmentShader", SCNTechnique::kColor, i});
+        return technique.copy();
+    };
+    const auto all = SCNTechnique::techniqueBySequencingTechniques(
+        std::vector{writing({0.25, 0.5}), writing({0.5, 0.5, 0.25}), writing({0.25, 0.5})});
+    std::string written;
+    for (const auto& pass : all->passes)
+        written += std::to_string(pass.output);
+    EXPECT_EQ(written, "0112001");
+    EXPECT_EQ(all->targets, (std::vector{0.25, 0.5, 0.5}));
+}
+
 TEST(Technique, NamesWhatIsWrong) {
     struct Row {
         std::string from, to, word;

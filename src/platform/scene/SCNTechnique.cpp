@@ -207,19 +207,37 @@ Result<SCNTechniquePtr> SCNTechnique::techniqueWithDictionary(const PropertyValu
     return Builder(description).build();
 }
 
+std::vector<int> SCNTechnique::placesFor(std::span<const double> wanted) {
+    std::vector<int> places;
+    for (const double scale : wanted) {
+        int place = 0;
+        const auto isAnothers = [&] {
+            return targets[static_cast<std::size_t>(place)] != scale ||
+                   std::ranges::find(places, place) != places.end();
+        };
+        const int count = static_cast<int>(targets.size());
+        while (place < count && isAnothers())
+            ++place;
+        if (place == count)
+            targets.push_back(scale);
+        places.push_back(place);
+    }
+    return places;
+}
+
 SCNTechniquePtr
 SCNTechnique::techniqueBySequencingTechniques(std::span<const SCNTechniquePtr> techniques) {
     if (techniques.empty())
         return nullptr;
     auto all = std::make_shared<SCNTechnique>();
     for (const SCNTechniquePtr& technique : techniques) {
-        const int first = static_cast<int>(all->targets.size());
-        all->targets.insert(
-            all->targets.end(), technique->targets.begin(), technique->targets.end());
-        const auto shifted = [&](int index) { return index == kColor ? kColor : first + index; };
+        const std::vector<int> places = all->placesFor(technique->targets);
+        const auto placed = [&](int index) {
+            return index == kColor ? kColor : places[static_cast<std::size_t>(index)];
+        };
         for (Pass pass : technique->passes) {
-            pass.input = shifted(pass.input);
-            pass.output = shifted(pass.output);
+            pass.input = placed(pass.input);
+            pass.output = placed(pass.output);
             all->passes.push_back(std::move(pass));
         }
     }

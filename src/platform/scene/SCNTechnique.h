@@ -44,12 +44,17 @@ struct SCNTechnique {
     [[nodiscard]] static foundation::Result<SCNTechniquePtr>
     techniqueWithDictionary(const PropertyValue& description);
 
-    /// One after the other; null for none.
+    /// One after the other; null for none. They share targets of equal size: each is done with its
+    /// own when the next begins, and so however many are held take no more memory than one.
     [[nodiscard]] static SCNTechniquePtr
     techniqueBySequencingTechniques(std::span<const SCNTechniquePtr> techniques);
 
     /// A new object: techniques are told apart by their identity.
     [[nodiscard]] SCNTechniquePtr copy() const { return std::make_shared<SCNTechnique>(*this); }
+
+private:
+    /// Where targets of these scales stand, each for itself; adds those that are missing.
+    [[nodiscard]] std::vector<int> placesFor(std::span<const double> wanted);
 };
 
 } // namespace zelvo::scene
