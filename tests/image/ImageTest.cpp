@@ -34,13 +34,28 @@ std::string cornersOf(const Image& image) {
         colourAt(image, 1, 1), colourAt(image, 3, 1), colourAt(image, 1, 3), colourAt(image, 3, 3)};
 }
 
-/// A JPEG with an Exif segment that says nothing but the orientation.
-std::vector<std::uint8_t> oriented(std::vector<std::uint8_t> jpeg, std::uint8_t orientation) {
-    const std::vector<std::uint8_t> segment{
-        0xFF, 0xE1, 0,    34,   'E', 'x', 'i', 'f', 0, 0, 'M', 'M',         0, 42, 0, 0, 0, 8,
-        0,    1,    0x01, 0x12, 0,   3,   0,   0,   0, 1, 0,   orientation, 0, 0,  0, 0, 0, 0};
-    jpeg.insert(jpeg.begin() + 2, segment.begin(), segment.end());
-    return jpeg;
+using Bytes = std::vector<std::uint8_t>;
+
+/// Exif that says nothing but the orientation.
+Bytes exifOf(std::uint8_t orientation) {
+    return {'M', 'M', 0, 42, 0, 0, 0,           8, 0, 1, 0x01, 0x12, 0,
+            3,   0,   0, 0,  1, 0, orientation, 0, 0, 0, 0,    0,    0};
+}
+
+Bytes inserted(Bytes file, std::ptrdiff_t at, const Bytes& head, const Bytes& data) {
+    file.insert(file.begin() + at, data.begin(), data.end());
+    file.insert(file.begin() + at, head.begin(), head.end());
+    return file;
+}
+
+Bytes orientedJPEG(const Bytes& jpeg, std::uint8_t orientation) {
+    return inserted(jpeg, 2, {0xFF, 0xE1, 0, 34, 'E', 'x', 'i', 'f', 0, 0}, exifOf(orientation));
+}
+
+Bytes orientedPNG(const Bytes& png, std::uint8_t orientation) {
+    Bytes exif = exifOf(orientation);
+    exif.insert(exif.end(), 4, 0); // no one looks at the checksum
+    return inserted(png, 33, {0, 0, 0, 26, 'e', 'X', 'I', 'f'}, exif);
 }
 
 TEST(Image, PNGKeepsEveryByteWithStraightAlpha) {
@@ -58,17 +73,29 @@ TEST(Image, PNGKeepsEveryByteWithStraightAlpha) {
 TEST(Image, ExifOrientationIsApplied) {
     const ScratchFolder folder;
     ASSERT_TRUE(saveJPEG(quartered(64, 32), folder.path / "a.jpg"));
-    const auto jpeg = bytesOf(folder.path / "a.jpg");
+    ASSERT_TRUE(savePNG(quartered(64, 32), folder.path / "a.png"));
+    const Bytes jpeg = bytesOf(folder.path / "a.jpg");
+    const Bytes png = bytesOf(folder.path / "a.png");
     // Where the stored corners red, green, blue, white must stand, by the tag's definition in
     // Exif 2.3.
     constexpr auto kCorners = std::to_array<const char*>(
         {"rgbw", "grwb", "wbgr", "bwrg", "rbgw", "brwg", "wgbr", "gwrb"});
     for (std::size_t i = 0; i < kCorners.size(); ++i) {
-        const auto loaded = decodeImage(oriented(jpeg, static_cast<std::uint8_t>(i + 1)));
-        ASSERT_TRUE(loaded) << loaded.error().message;
-        EXPECT_EQ(cornersOf(**loaded), kCorners.at(i)) << "orientation " << i + 1;
-        EXPECT_EQ((*loaded)->width, i < 4 ? 64 : 32);
+        const auto number = static_cast<std::uint8_t>(i + 1);
+        for (const Bytes& file : {orientedJPEG(jpeg, number), orientedPNG(png, number)}) {
+            const auto loaded = decodeImage(file);
+            ASSERT_TRUE(loaded) << loaded.error().message;
+            EXPECT_EQ(cornersOf(**loaded), kCorners.at(i)) << "orientation " << i + 1;
+            EXPECT_EQ((*loaded)->width, i < 4 ? 64 : 32);
+        }
     }
+    ASSERT_TRUE(savePNG(quartered(kMaxSide + 4, 32), folder.path / "wide.png"));
+    const auto turned = decodeImage(orientedPNG(bytesOf(folder.path / "wide.png"), 6));
+    ASSERT_TRUE(turned) << turned.error().message;
+    EXPECT_EQ((*turned)->height, kMaxSide) << "turned where it is scaled down row by row, too";
+    const auto unknown = decodeImage(orientedPNG(png, 9));
+    ASSERT_TRUE(unknown) << unknown.error().message;
+    EXPECT_EQ(cornersOf(**unknown), kCorners.front());
 }
 
 TEST(Image, LargePicturesAreScaledDownWithTheirShape) {
@@ -124,7 +151,24 @@ TEST(Image, WebPLoads) {
          0x10, 0xF3, 0xBF, 0xFF, 0xF3, 0x1F, 0x0E, 0x32, 0xA2, 0xFF, 0x01, 0x00});
     const auto picture = decodeImage(kRedAndBlue);
     ASSERT_TRUE(picture) << picture.error().message;
-    EXPECT_EQ((*picture)->pixels, (std::vector<std::uint8_t>{255, 0, 0, 255, 0, 0, 255, 255}));
+    EXPECT_EQ((*picture)->pixels, (Bytes{255, 0, 0, 255, 0, 0, 255, 255}));
+
+    // The same as an extended file with Exif: turned left, so that the right end comes up.
+    Bytes turned = inserted(
+        Bytes(kRedAndBlue.begin(), kRedAndBlue.end()),
+        12,
+        {'V', 'P', '8', 'X', 10, 0, 0, 0, 8, 0},
+        {0, 0, 1, 0, 0, 0, 0, 0});
+    turned = inserted(
+        turned,
+        static_cast<std::ptrdiff_t>(turned.size()),
+        {'E', 'X', 'I', 'F', 26, 0, 0, 0},
+        exifOf(8));
+    turned[4] = static_cast<std::uint8_t>(turned.size() - 8);
+    const auto upright = decodeImage(turned);
+    ASSERT_TRUE(upright) << upright.error().message;
+    EXPECT_EQ((*upright)->height, 2);
+    EXPECT_EQ((*upright)->pixels, (Bytes{0, 0, 255, 255, 255, 0, 0, 255}));
 }
 
 TEST(Image, OtherKindsOfFilesThatQtCouldDrawAreNoPictures) {

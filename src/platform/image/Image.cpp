@@ -4,6 +4,7 @@
 #include "platform/foundation/Check.h"
 #include "platform/image/AreaScaler.h"
 #include "platform/image/PNGRows.h"
+#include "platform/image/StoredOrientation.h"
 
 #include <QBuffer>
 #include <QColorSpace>
@@ -215,7 +216,7 @@ Result<ImagePtr> decodeWithQt(QIODevice& device) {
     return inSRGB(limited(decoded));
 }
 
-Result<ImagePtr> decode(QIODevice& device) {
+Result<ImagePtr> decodeStored(QIODevice& device) {
     const QByteArray start = device.peek(kPNGHeaderBytes);
     const auto header = pngHeaderOf(
         {reinterpret_cast<const std::uint8_t*>(start.data()),
@@ -230,6 +231,21 @@ Result<ImagePtr> decode(QIODevice& device) {
     if (static_cast<std::int64_t>(header->extent.width) * header->extent.height > kMaxInterlaced)
         return failSize(header->extent, "save it without interlacing");
     return decodeWithQt(device);
+}
+
+Result<ImagePtr> decode(QIODevice& device) {
+    const auto read = [&device](std::int64_t at, std::size_t count) {
+        const QByteArray bytes =
+            device.seek(at) ? device.read(static_cast<qint64>(count)) : QByteArray();
+        return std::vector<std::uint8_t>(bytes.begin(), bytes.end());
+    };
+    // Qt turns other formats' pictures itself.
+    const unsigned orientation = storedOrientation(read);
+    device.seek(0);
+    auto picture = decodeStored(device);
+    if (!picture || orientation == 1)
+        return picture;
+    return std::make_shared<const Image>(upright(**picture, orientation));
 }
 
 /// Puts a file in place whole or not at all; anything else that can be written to (a device, a

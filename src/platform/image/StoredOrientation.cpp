@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "platform/image/StoredOrientation.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+
+namespace zelvo::image {
+
+namespace {
+
+using namespace std::string_view_literals;
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr unsigned kUpright = 1;
+constexpr int kMostChunks = 4096;
+constexpr std::size_t kMostExif = 1U << 16U;
+
+enum class ByteOrder { bigEndian, littleEndian };
+
+/// A whole number of up to four bytes; what lies beyond the end is 0.
+std::uint32_t numberAt(const Bytes& bytes, std::size_t at, std::size_t length, ByteOrder order) {
+    std::uint32_t number = 0;
+    for (std::size_t i = 0; i < length; ++i) {
+        const std::size_t place = at + (order == ByteOrder::bigEndian ? i : length - 1 - i);
+        number = (number << 8U) | (place < bytes.size() ? bytes[place] : 0U);
+    }
+    return number;
+}
+
+bool hasAt(const Bytes& bytes, std::size_t at, std::string_view text) {
+    return bytes.size() >= at + text.size() &&
+           std::equal(
+               text.begin(),
+               text.end(),
+               bytes.begin() + static_cast<std::ptrdiff_t>(at),
+               [](char letter, std::uint8_t byte) {
+                   return static_cast<std::uint8_t>(letter) == byte;
+               });
+}
+
+/// Both formats are a list of chunks, each with its length and a name of four letters.
+struct Container {
+    std::size_t first; ///< where the chunks begin
+    std::size_t lengthAt;
+    std::size_t nameAt;
+    ByteOrder order;
+    std::string_view exifName;
+    std::string_view lastName; ///< behind which nothing is looked for
+    std::size_t tail;          ///< bytes behind each chunk's data
+    std::size_t alignment;     ///< of that data
+};
+
+constexpr Container kPNG{8, 0, 4, ByteOrder::bigEndian, "eXIf", "IEND", 4, 1};
+constexpr Container kWebP{12, 4, 0, ByteOrder::littleEndian, "EXIF", "", 0, 2};
+
+std::optional<Container> containerOf(const Bytes& start) {
+    if (hasAt(start, 0, "\x89PNG\r\n\x1A\n"sv))
+        return kPNG;
+    if (hasAt(start, 0, "RIFF") && hasAt(start, 8, "WEBP"))
+        return kWebP;
+    return {};
+}
+
+Bytes exifOf(const FileReader& file, const Container& container) {
+    constexpr std::size_t kHead = 8;
+    auto at = static_cast<std::int64_t>(container.first);
+    for (int i = 0; i < kMostChunks; ++i) {
+        const Bytes head = file(at, kHead);
+        if (head.size() < kHead)
+            break;
+        const std::size_t length = numberAt(head, container.lengthAt, 4, container.order);
+        if (hasAt(head, container.nameAt, container.exifName))
+            return file(at + static_cast<std::int64_t>(kHead), std::min(length, kMostExif));
+        if (!container.lastName.empty() && hasAt(head, container.nameAt, container.lastName))
+            break;
+        const std::size_t padded = (length + container.alignment - 1) / container.alignment;
+        at += static_cast<std::int64_t>(kHead + padded * container.alignment + container.tail);
+    }
+    return {};
+}
+
+/// The tag in the first directory of an Exif block (Exif 2.3, 4.5: TIFF's header and directories).
+unsigned orientationIn(Bytes exif) {
+    if (hasAt(exif, 0, "Exif\0\0"sv))
+        exif.erase(exif.begin(), exif.begin() + 6);
+    const bool isBig = hasAt(exif, 0, "MM\0*"sv);
+    if (!isBig && !hasAt(exif, 0, "II*\0"sv))
+        return kUpright;
+    const ByteOrder order = isBig ? ByteOrder::bigEndian : ByteOrder::littleEndian;
+    constexpr std::size_t kEntry = 12;
+    constexpr std::uint32_t kOrientationTag = 274;
+    const std::size_t directory = numberAt(exif, 4, 4, order);
+    const std::size_t count = numberAt(exif, directory, 2, order);
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t entry = directory + 2 + i * kEntry;
+        if (numberAt(exif, entry, 2, order) != kOrientationTag)
+            continue;
+        const std::uint32_t value = numberAt(exif, entry + 8, 2, order);
+        return value >= 1 && value <= 8 ? value : kUpright;
+    }
+    return kUpright;
+}
+
+/// How a picture is read: along its columns instead of its rows, and from which ends.
+struct Turn {
+    bool swapsSides;
+    bool fromRight;
+    bool fromBottom;
+};
+
+/// By Exif's number.
+constexpr auto kTurns = std::to_array<Turn>({
+    {false, false, false},
+    {false, false, false},
+    {false, true,  false},
+    {false, true,  true },
+    {false, false, true },
+    {true,  false, false},
+    {true,  false, true },
+    {true,  true,  true },
+    {true,  true,  false},
+});
+
+} // namespace
+
+unsigned storedOrientation(const FileReader& file) {
+    constexpr std::size_t kStart = 12;
+    const auto container = containerOf(file(0, kStart));
+    return container ? orientationIn(exifOf(file, *container)) : kUpright;
+}
+
+Image upright(const Image& stored, unsigned orientation) {
+    const Turn turn = kTurns.at(orientation);
+    Image result =
+        turn.swapsSides ? Image(stored.height, stored.width) : Image(stored.width, stored.height);
+    std::uint8_t* pixel = result.pixels.data();
+    for (int row = 0; row < result.height; ++row) {
+        for (int column = 0; column < result.width; ++column) {
+            const int across = turn.swapsSides ? row : column;
+            const int down = turn.swapsSides ? column : row;
+            const int x = turn.fromRight ? stored.width - 1 - across : across;
+            const int y = turn.fromBottom ? stored.height - 1 - down : down;
+            const auto at = (static_cast<std::size_t>(y) * static_cast<std::size_t>(stored.width) +
+                             static_cast<std::size_t>(x)) *
+                            4;
+            pixel = std::copy_n(stored.pixels.data() + at, 4, pixel);
+        }
+    }
+    return result;
+}
+
+} // namespace zelvo::image
