@@ -196,9 +196,12 @@ TEST_F(Materials, AModifierChangesTheSurfaceAndABrokenOneDoesNoHarm) {
     }));
     material->shaderModifiers[entry] =
         "vec4 other = texture2D(u_specularTexture, _surface.diffuseTexcoord);\n"
-        "_surface.diffuse = vec4(u_time, other.g, 0.0, 1.0);";
-    addSquare(material);
+        "_surface.diffuse = vec4(u_time, other.g, 0.0, 0.2);";
+    const auto square = addSquare(material);
     expectNear(middle(), {0, 255, 0}, 1);
+    square->opacity = 0.5f;
+    expectNear(middle(), {0, 128, 0}, 1); // its alpha is of no account when the square fades either
+    square->opacity = 1;
     material->shaderModifiers[entry] = "_surface.diffuse = nonsense;";
     expectNear(middle(), {0, 0, 255}, 1);
     expectNear(middle(), {0, 0, 255}, 1);

@@ -60,7 +60,7 @@ enum class SCNShaderModifierEntryPoint { surface };
 /// linear), `.normal` (vec3, view space),
 /// `.roughness`, `.metalness`, `.ambientOcclusion` (float), `.diffuseTexcoord` (vec2), and may
 /// sample `u_diffuseTexture`, `u_specularTexture`, `u_emissionTexture` with texture2D, and read
-/// `u_time` (scene seconds).
+/// `u_time` (scene seconds). How opaque the surface is, the slots alone decide.
 class SCNMaterial {
 public:
     static constexpr std::size_t kSlotCount = 13;

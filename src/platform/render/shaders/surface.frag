@@ -75,12 +75,12 @@ vec3 shadedColor(Surface surface) {
 
 void main() {
     Surface surface = sampledSurface();
+    float alpha = clamp(surface.opacity * surface.diffuse.a, 0.0, 1.0);
 #ifdef HAS_MODIFIER
     surface.normal = mat3(view) * surface.normal;
     modifySurface(surface);
     surface.normal = normalize(surface.normal * mat3(view));
 #endif
-    float alpha = clamp(surface.opacity * surface.diffuse.a, 0.0, 1.0);
 #ifdef PASS_THROUGH
     vec3 color = surface.diffuse.rgb;
 #else
