@@ -39,17 +39,17 @@ movie::FrameTap framesTap(const std::filesystem::path& folder, int count) {
         .take =
             [folder, scratch](double time, const render::FrameView& frame) {
                 return save(frame, *scratch, folder / fmt::format("frame_{:05}.png", tickOf(time)));
-            }};
+            },
+        .count = count};
 }
 
 movie::FrameTap pictureTap(const std::filesystem::path& file, int tick) {
     const auto scratch = std::make_shared<image::Image>();
     return {
         .wants = [tick](double time) { return tickOf(time) == tick; },
-        .take =
-            [file, scratch](double, const render::FrameView& frame) {
-                return save(frame, *scratch, file);
-            }};
+        .take = [file, scratch](
+                    double, const render::FrameView& frame) { return save(frame, *scratch, file); },
+        .count = 1};
 }
 
 } // namespace zelvo::app

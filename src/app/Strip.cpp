@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <set>
 
 namespace zelvo::app {
 
@@ -80,7 +81,8 @@ foundation::Result<movie::FrameTap> stripTap(const StripCommand& command) {
             if (!sheet)
                 return tl::unexpected(sheet.error());
             return image::savePNG(*sheet, file);
-        }};
+        },
+        .count = static_cast<int>(std::set(strip->ticks.begin(), strip->ticks.end()).size())};
 }
 
 } // namespace zelvo::app

@@ -19,6 +19,8 @@ struct FrameTap {
     std::function<bool(double time)> wants;
     /// The picture, 4 bytes a pixel, valid during the call. An error ends the export with it.
     std::function<foundation::Result<void>(double time, const render::FrameView& frame)> take;
+    /// How many it wants, for the progress of an export that draws nothing else.
+    int count = 0;
 };
 
 /// How the next export is made.
@@ -40,7 +42,7 @@ struct MovieOptions {
 
 struct MovieProgress {
     int framesDone = 0;
-    int framesTotal = 0; ///< drawn in all, those cut off at the end included
+    int framesTotal = 0; ///< to be drawn, those cut off at the end included
 };
 
 /// What an export has left behind.

@@ -60,7 +60,7 @@ Result<void> MovieWriter::start() {
         return prepared;
     }
     exportToken = std::make_shared<const bool>(true);
-    progress = {0, static_cast<int>(std::ceil(model.duration() / kClockStep)) + 1};
+    progress = {0, framesToDraw()};
     lastPresentationTime = media::CMTime::negativeInfinity();
     encodingSeconds = 0;
     frames->resetTimes();
@@ -74,6 +74,12 @@ Result<void> MovieWriter::start() {
             model.start();
     });
     return {};
+}
+
+int MovieWriter::framesToDraw() const {
+    if (options.tap && !options.writesMovie)
+        return options.tap->count;
+    return static_cast<int>(std::ceil(model.duration() / kClockStep)) + 1;
 }
 
 Result<void> MovieWriter::makeRenderer() {

@@ -83,6 +83,7 @@ private:
     [[nodiscard]] foundation::Result<void> makeRenderer();
     [[nodiscard]] foundation::Result<void> prepareWriter();
     [[nodiscard]] std::filesystem::path outputPath() const;
+    [[nodiscard]] int framesToDraw() const;
     [[nodiscard]] bool isWanted(double t, media::CMTime presentationTime) const;
     [[nodiscard]] foundation::Result<void>
     takeFrame(const render::FrameView& frame, const FrameStamp& stamp);

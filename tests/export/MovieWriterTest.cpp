@@ -135,6 +135,8 @@ TEST_F(MovieWriterTest, RefusesWhatCannotBegin) {
 
 TEST_F(MovieWriterTest, ShowsItsPicturesToATap) {
     std::vector<double> seen;
+    MovieProgress last;
+    writer.progressSignal.subscribe(listening, [&last](const MovieProgress& p) { last = p; });
     writer.options.writesMovie = false;
     writer.options.tap = FrameTap{
         .wants =
@@ -143,10 +145,13 @@ TEST_F(MovieWriterTest, ShowsItsPicturesToATap) {
             seen.push_back(t);
             EXPECT_EQ(frame.bytes[0], test::FakeFrames::greyOf(t));
             return {};
-        }};
+        },
+        .count = 2};
     exportMovie();
     ASSERT_TRUE(*outcome);
     ASSERT_EQ(seen.size(), 2U);
+    EXPECT_EQ(last.framesDone, 2);
+    EXPECT_EQ(last.framesTotal, 2) << "of those that are drawn";
     EXPECT_LT(seen[0], 0) << "a moment of the count-in";
     EXPECT_NEAR(seen[1], 1, kStep);
     EXPECT_EQ(rendering.drawn, seen) << "nothing else is drawn";
