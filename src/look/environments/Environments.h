@@ -118,6 +118,7 @@ private:
     scene::SCNNodePtr omniLight2;
     scene::SCNNodePtr omniLight3;
     scene::SCNNodePtr omniLight4;
+    scene::SCNNodePtr floor; ///< to be hidden under white light; the scene has none that is
 };
 
 } // namespace zelvo::look

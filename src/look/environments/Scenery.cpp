@@ -3,6 +3,7 @@
 #include "look/environments/Environments.h"
 #include "platform/foundation/Check.h"
 #include "platform/image/Image.h"
+#include "ui/shared/Palette.h"
 
 #include <glm/vec3.hpp>
 
@@ -171,6 +172,8 @@ SNE_Flares::SNE_Flares(foundation::RunLoop& loop)
 
 void SNE_Flares::setBackground(const image::Color& color) {
     SNE::setBackground(color);
+    if (floor)
+        floor->opacity = color == ui::kPalette.front() ? 0.0f : 1.0f;
     setLight(omniLight1, color);
     setLight(omniLight2, color);
     setLight(omniLight3, shifted(color, kFlaresShift));
