@@ -15,11 +15,12 @@ public:
     static constexpr double kMost = 1.5;
     static constexpr double kLeast = 0.5;
     static constexpr double kStart = 1.0;
-    static constexpr double kLongFrame = 0.028;   ///< seconds; 30 frames a second with some room
+    static constexpr double kLongFrame =
+        0.022; ///< seconds; 30 frames a second with room for the rest
     static constexpr double kShortFrame = 0.0175; ///< a display of 60 Hz leaves no shorter ones
 
     static constexpr double kMostAtRest = 2.0;
-    static constexpr int kBeforeRest = 10; ///< frames that show the same
+    static constexpr int kBeforeRest = 15; ///< frames that show the same
 
     /// What the next frame shows (SCNView::pictureKey); empty: something new.
     void nextShows(std::optional<std::uint64_t> picture);
