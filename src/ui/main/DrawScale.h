@@ -15,8 +15,7 @@ public:
     static constexpr double kMost = 1.5;
     static constexpr double kLeast = 0.5;
     static constexpr double kStart = 1.0;
-    static constexpr double kLongFrame =
-        0.022; ///< seconds; 30 frames a second with room for the rest
+    static constexpr double kLongFrame = 0.022;   ///< seconds; leaves 30 a second much room
     static constexpr double kShortFrame = 0.0175; ///< a display of 60 Hz leaves no shorter ones
 
     static constexpr double kMostAtRest = 2.0;
