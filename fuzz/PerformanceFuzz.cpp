@@ -12,8 +12,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         .shapes = {"None",       "Heart"        },
         .masks = {"None",      "Mask 1"},
         .scenes = {"Plain",       "Stage"        },
-        .speeds = {"Normal",              "Fast"},
-        .tabs = {{"IN1", {"Left In", "Right In"}},              {"CAM", {}} }
+        .speeds = {"Normal",        "Fast"},
+        .tabs = {{"IN1", {"Left In", "Right In"}},   {"CAM", {}}        }
     };
     const auto* const chars =
         reinterpret_cast<const char*>(data); // NOLINT(cppcoreguidelines-pro-type-reinterpret-cast)

@@ -24,8 +24,8 @@ public:
     /// In the order of the list that the user sees before sorting.
     [[nodiscard]] static std::span<const BuiltInFont> builtInFonts();
 
-    /// Registers every built-in font that the bundle holds and sets the registry's fallbacks. A font
-    /// that is missing or broken is said on the console; texts that name it are set in the
+    /// Registers every built-in font that the bundle holds and sets the registry's fallbacks. A
+    /// font that is missing or broken is said on the console; texts that name it are set in the
     /// fallback.
     void registerBuiltIns(const foundation::Bundle& bundle);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "platform/foundation/CallQueue.h"
 #include "platform/foundation/RunLoop.h"
+
+#include "platform/foundation/CallQueue.h"
 
 #include <gtest/gtest.h>
 

@@ -32,7 +32,7 @@ public:
     virtual void setScene(SCNScenePtr scene) { scene_ = std::move(scene); }
 
     SCNSceneRendererDelegate* delegate = nullptr;
-    SCNNodePtr pointOfView; ///< null: the first node below the root that has a camera
+    SCNNodePtr pointOfView;    ///< null: the first node below the root that has a camera
     SCNTechniquePtr technique; ///< drawn over the finished picture; null: none
 
     /// Animates the scene to the time and tells the delegate, without drawing.
