@@ -75,7 +75,7 @@ public:
 private:
     [[nodiscard]] ui::Stage& stage() { return application.main.stage; }
 
-    [[nodiscard]] ui::ActionsMenu* catalogue() {
+    [[nodiscard]] ui::ActionsMenu* catalogue() const {
         return qobject_cast<ui::ActionsMenu*>(application.main.panel());
     }
 

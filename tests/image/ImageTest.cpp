@@ -172,8 +172,7 @@ TEST(Image, WebPLoads) {
 }
 
 TEST(Image, OtherKindsOfFilesThatQtCouldDrawAreNoPictures) {
-    const std::string drawing =
-        "/* XPM */ static char* a[] = {\"1 1 1 1\", \"x c #FF0000\", \"x\"};";
+    const std::string drawing = R"(/* XPM */ static char* a[] = {"1 1 1 1", "x c #FF0000", "x"};)";
     const auto picture = decodeImage(std::vector<std::uint8_t>(drawing.begin(), drawing.end()));
     ASSERT_FALSE(picture);
     EXPECT_EQ(picture.error().cause, foundation::Cause::malformed);

@@ -61,7 +61,7 @@ public:
     /// The picture that was asked for is on the screen.
     void frameShown();
     /// The window cannot draw. Said once.
-    void failGraphics(const QString& why);
+    Q_INVOKABLE void failGraphics(const QString& why);
 
     [[nodiscard]] double drawScale() const { return scale.value(); }
 

@@ -101,10 +101,9 @@ private:
         hasFailed = true;
         QMetaObject::invokeMethod(
             &stage,
-            [&stage, why = QString::fromStdString(made.error().message)] {
-                stage.failGraphics(why);
-            },
-            Qt::QueuedConnection);
+            "failGraphics",
+            Qt::QueuedConnection,
+            Q_ARG(QString, QString::fromStdString(made.error().message)));
         return false;
     }
 
