@@ -20,6 +20,12 @@ void ValueLabel::showMessage(const std::string& message) {
     gapTimer = runLoop.scheduleOnce(kGap, [this] { showLabel(); });
 }
 
+void ValueLabel::dismiss() {
+    gapTimer.invalidate();
+    displayTimer.invalidate();
+    hideLabel();
+}
+
 void ValueLabel::showLabel() {
     hidden = false;
     Q_EMIT changed();

@@ -35,6 +35,9 @@ public:
 
     [[nodiscard]] qreal verticalInset() const { return edgeInsets.top(); }
 
+    /// Takes a message away that is of no concern any more, shown or still to be shown.
+    void dismiss();
+
 Q_SIGNALS:
     void changed();
 

@@ -181,6 +181,7 @@ void MainViewController::present(QObject* controller, const char* view) {
     if (controller != nullptr)
         controller->setParent(this);
     screenView_ = QString::fromLatin1(view);
+    valueLabel.dismiss(); // what it tells is of the screen before
     Q_EMIT screenChanged();
 }
 

@@ -99,9 +99,13 @@ TEST_F(MainScreenTest, shows_one_screen_at_a_time_until_it_is_dismissed) {
     record("Left In", 2, 1);
     settle();
     model.start();
+    signals().messageSignal.fire("Undo Left In");
     main.controlMenu.showHistoryAction();
     settle();
     ASSERT_EQ(main.screenView(), "History");
+    loop().runFor(0.5);
+    const auto* const label = main.property("valueLabel").value<QObject*>();
+    EXPECT_TRUE(label->property("isHidden").toBool()) << "a message of the screen below";
     EXPECT_FALSE(model.isPlaying());
     main.controlMenu.showHistoryAction();
     settle();
