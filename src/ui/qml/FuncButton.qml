@@ -7,6 +7,7 @@ Rectangle {
     id: root
 
     required property var controller
+    property bool isKnown: false // pressed since the pointer came: it needs no telling any more
 
     implicitWidth: 90
     implicitHeight: 36
@@ -95,6 +96,15 @@ Rectangle {
 
     HoverHandler {
         id: hover
+
+        onHoveredChanged: root.isKnown = false
+    }
+    Connections {
+        target: root.controller
+
+        function onGlowChanged() {
+            root.isKnown = true;
+        }
     }
     PressArea {
         anchors.fill: parent
@@ -105,6 +115,6 @@ Rectangle {
     Tip {
         name: root.controller.name
         key: root.controller.key
-        visible: hover.hovered && root.controller.glow === "none"
+        visible: hover.hovered && !root.isKnown
     }
 }
