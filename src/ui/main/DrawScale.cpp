@@ -14,7 +14,9 @@ constexpr double kNewest = 0.15;  ///< weight of the newest frame in the mean
 constexpr int kBeforeFalling = 6; ///< frames; the first after a change make new pictures
 constexpr int kBeforeRising = 90;
 constexpr double kHangup = 0.25; ///< seconds: once, that was no drawing
-constexpr double kFinerAtRest = 2;
+// A frame that just fits takes a tenth of a second twice as fine, a fifth three times.
+constexpr double kFiner = 2;
+constexpr double kFinest = 3;
 
 } // namespace
 
@@ -24,7 +26,14 @@ void DrawScale::nextShows(std::optional<std::uint64_t> picture) {
 }
 
 double DrawScale::value() const {
-    return isAtRest() ? std::min(scale * kFinerAtRest, kMostAtRest) : scale;
+    if (!isAtRest())
+        return scale;
+    return std::min(scale * (repeats < kBeforeFinest ? kFiner : kFinest), kMostAtRest);
+}
+
+bool DrawScale::isDrawn() const {
+    const bool growsFiner = repeats == kBeforeFinest && scale * kFiner < kMostAtRest;
+    return repeats > kBeforeRest && !growsFiner;
 }
 
 void DrawScale::frameTook(double seconds) {

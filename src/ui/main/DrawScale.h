@@ -8,8 +8,8 @@ namespace zelvo::ui {
 
 /// How finely the live stage is drawn: drawn pixels over the view's, along each side. Falls while
 /// frames take long, so that a slow machine loses sharpness before it loses time, and rises again
-/// where there is room. Above 1 the surplus smooths edges. What stands still is drawn once more,
-/// twice as finely, and then left alone.
+/// where there is room. Above 1 the surplus smooths edges. What stands still is drawn more
+/// finely, in two steps, and then left alone.
 class DrawScale {
 public:
     static constexpr double kMost = 1.5;
@@ -19,7 +19,8 @@ public:
     static constexpr double kShortFrame = 0.0175; ///< a display of 60 Hz leaves no shorter ones
 
     static constexpr double kMostAtRest = 2.0;
-    static constexpr int kBeforeRest = 15; ///< frames that show the same
+    static constexpr int kBeforeRest = 15;   ///< frames that show the same
+    static constexpr int kBeforeFinest = 45; ///< of them, until the last step
 
     /// What the next frame shows (SCNView::pictureKey); empty: something new.
     void nextShows(std::optional<std::uint64_t> picture);
@@ -27,7 +28,7 @@ public:
     [[nodiscard]] double value() const;
 
     /// Whether the next frame is as the one before, picture and scale.
-    [[nodiscard]] bool isDrawn() const { return repeats > kBeforeRest; }
+    [[nodiscard]] bool isDrawn() const;
 
     /// What a frame took from its asking to the screen, seconds.
     void frameTook(double seconds);

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace zelvo::ui {
 
 namespace {
@@ -33,7 +35,7 @@ TEST(DrawScale, takes_one_standstill_for_no_drawing_but_not_many) {
     EXPECT_EQ(settle(scale, 2), DrawScale::kLeast);
 }
 
-TEST(DrawScale, draws_what_stands_still_once_more_and_finer_until_it_moves) {
+TEST(DrawScale, draws_what_stands_still_finer_until_it_moves) {
     DrawScale scale;
     for (int i = 0; i < DrawScale::kBeforeRest; ++i) {
         scale.nextShows(7);
@@ -53,6 +55,18 @@ TEST(DrawScale, draws_what_stands_still_once_more_and_finer_until_it_moves) {
     for (int i = 0; i < 100; ++i)
         scale.nextShows(std::nullopt);
     EXPECT_EQ(scale.value(), DrawScale::kStart) << "nothing is known to stand still";
+}
+
+TEST(DrawScale, comes_to_the_finest_in_two_steps_where_drawing_takes_long) {
+    DrawScale scale;
+    settle(scale, 0.2);
+    std::vector<double> drawn;
+    for (int i = 0; i < 1000; ++i) {
+        scale.nextShows(7);
+        if (i >= DrawScale::kBeforeRest && !scale.isDrawn())
+            drawn.push_back(scale.value() / DrawScale::kLeast);
+    }
+    EXPECT_EQ(drawn, (std::vector<double>{2, 3}));
 }
 
 } // namespace
