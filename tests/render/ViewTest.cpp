@@ -143,7 +143,6 @@ TEST_F(View, ToleratesAnyStateAndLeavesOpenGLsOwn) {
 class ViewOfAWall : public View {
 protected:
     ViewOfAWall() {
-        wall->normal.intensity = 0;
         addSquare(wall, -1, 4);
         light->castsShadow = true;
         light->zFar = 40;

@@ -118,7 +118,7 @@ private:
     scene::SCNNodePtr omniLight2;
     scene::SCNNodePtr omniLight3;
     scene::SCNNodePtr omniLight4;
-    scene::SCNNodePtr floor; ///< to be hidden under white light; the scene has none that is
+    scene::SCNNodePtr floor; ///< hidden under white light; absent until the scene has one to hide
 };
 
 } // namespace zelvo::look
