@@ -5,7 +5,7 @@
 #include "app/Export.h"
 #include "app/Performer.h"
 #include "app/TemporaryFolder.h"
-#include "look/environments/SceneManager.h"
+#include "environments/SceneManager.h"
 #include "platform/foundation/Check.h"
 #include "platform/render/Context.h"
 #include "platform/render/SCNView.h"

@@ -2,8 +2,8 @@
 // A tick of the clock with a long performance: the model looks at every record, the scene moves on
 // a frame.
 #include "content/FontManager.h"
-#include "core/model/HeadlessViewClock.h"
-#include "core/model/Model.h"
+#include "model/HeadlessViewClock.h"
+#include "model/Model.h"
 #include "platform/foundation/UserDefaults.h"
 #include "platform/scene/SCNAction.h"
 

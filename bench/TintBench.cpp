@@ -3,7 +3,7 @@
 // the last one is on the stage. A tint that is overtaken before it began is left out, so that the
 // wait at the end is that of two tints at most and not of a hundred; the calls alone are what the
 // interface waits for.
-#include "look/environments/SceneManager.h"
+#include "environments/SceneManager.h"
 #include "platform/foundation/Check.h"
 #include "platform/foundation/RunLoop.h"
 

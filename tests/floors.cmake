@@ -24,6 +24,20 @@ function(folder_of file result)
 endfunction()
 
 set(faults 0)
+
+# A top-level folder is one floor: were its folders apart, others between them would climb into it.
+set(passed "")
+set(last "")
+foreach(folder IN LISTS folders)
+    string(REGEX REPLACE "/.*" "" top "${folder}")
+    if(NOT top STREQUAL last AND top IN_LIST passed)
+        message("${folder} stands apart from the rest of ${top}/ in src/CMakeLists.txt")
+        math(EXPR faults "${faults} + 1")
+    endif()
+    list(APPEND passed "${top}")
+    set(last "${top}")
+endforeach()
+
 file(GLOB_RECURSE files RELATIVE "${SRC}" "${SRC}/*.h" "${SRC}/*.cpp")
 foreach(file IN LISTS files)
     folder_of("${file}" own)

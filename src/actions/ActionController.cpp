@@ -3,7 +3,7 @@
 
 #include "platform/foundation/Check.h"
 #include "platform/foundation/Console.h"
-#include "ui/shared/Signal.h"
+#include "shared/Signal.h"
 
 #include <fmt/format.h>
 

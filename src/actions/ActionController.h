@@ -7,7 +7,7 @@
 #include "actions/MyUndoManager.h"
 #include "actions/Techniques.h"
 #include "actions/XAC.h"
-#include "core/stage/Nodes.h"
+#include "stage/Nodes.h"
 
 #include <functional>
 #include <memory>

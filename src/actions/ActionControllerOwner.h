@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/node/Node.h"
+#include "node/Node.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/scene/SCNSceneRenderer.h"
 

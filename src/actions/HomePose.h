@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/stage/Nodes.h"
 #include "platform/scene/SCNNode.h"
 #include "platform/scene/Timing.h"
+#include "stage/Nodes.h"
 
 #include <glm/vec3.hpp>
 

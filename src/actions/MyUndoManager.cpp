@@ -2,7 +2,7 @@
 #include "actions/MyUndoManager.h"
 
 #include "platform/foundation/Check.h"
-#include "ui/shared/Signal.h"
+#include "shared/Signal.h"
 
 namespace zelvo::actions {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/model/Model.h"
-#include "core/stage/Nodes.h"
+#include "model/Model.h"
 #include "platform/foundation/Folders.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/foundation/UserDefaults.h"
 #include "platform/text/FontRegistry.h"
+#include "stage/Nodes.h"
 #include "ui/controls/Alerts.h"
 #include "ui/main/MainViewController.h"
 

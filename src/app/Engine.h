@@ -2,14 +2,14 @@
 #pragma once
 
 #include "content/FontManager.h"
-#include "core/model/HeadlessViewClock.h"
-#include "core/model/Model.h"
-#include "core/stage/Nodes.h"
+#include "model/HeadlessViewClock.h"
+#include "model/Model.h"
 #include "platform/foundation/Folders.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/foundation/UserDefaults.h"
 #include "platform/scene/SCNSceneRenderer.h"
 #include "platform/text/FontRegistry.h"
+#include "stage/Nodes.h"
 
 #include <cstdint>
 

@@ -5,9 +5,9 @@
 #include "content/FontManager.h"
 #include "content/ImageMask.h"
 #include "content/MediaShape.h"
-#include "core/model/AnimationRatio.h"
+#include "environments/SceneManager.h"
 #include "look/XMAT.h"
-#include "look/environments/SceneManager.h"
+#include "model/AnimationRatio.h"
 #include "platform/foundation/Check.h"
 
 #include <algorithm>

@@ -6,7 +6,7 @@
 #include "catalogue/Catalogue.h"
 #include "platform/foundation/Check.h"
 #include "platform/media/AVAsset.h"
-#include "ui/shared/Signal.h"
+#include "shared/Signal.h"
 
 #include <fmt/format.h>
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "app/Performance.h"
-#include "core/stage/Nodes.h"
 #include "platform/foundation/Result.h"
+#include "stage/Nodes.h"
 
 #include <filesystem>
 #include <string_view>

@@ -3,7 +3,7 @@
 
 #include "actions/HomePose.h"
 #include "content/TextNode.h"
-#include "core/node/Node.h"
+#include "node/Node.h"
 #include "platform/scene/SCNAction.h"
 
 #include <glm/trigonometric.hpp>

@@ -3,7 +3,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/Curve.h"
-#include "core/stage/Nodes.h"
+#include "stage/Nodes.h"
 
 #include <functional>
 #include <span>

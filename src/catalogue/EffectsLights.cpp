@@ -5,7 +5,7 @@
 #include "catalogue/EffectsRecord.h"
 #include "catalogue/FullFrame.h"
 #include "catalogue/Tabs.h"
-#include "core/node/LightNodes.h"
+#include "node/LightNodes.h"
 #include "platform/foundation/Random.h"
 #include "platform/image/Image.h"
 #include "platform/scene/SCNShapes.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "catalogue/Catalogue.h"
-#include "core/stage/Nodes.h"
+#include "stage/Nodes.h"
 
 #include <functional>
 #include <memory>

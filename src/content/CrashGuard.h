@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/node/Surroundings.h"
+#include "node/Surroundings.h"
 
 #include <string>
 

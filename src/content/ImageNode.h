@@ -2,7 +2,7 @@
 #pragma once
 
 #include "content/ImageMask.h"
-#include "core/node/Node.h"
+#include "node/Node.h"
 
 namespace zelvo::content {
 

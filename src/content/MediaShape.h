@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/node/DefaultSCNNode.h"
+#include "node/DefaultSCNNode.h"
 
 #include <memory>
 #include <string>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "content/CharNode.h"
-#include "core/node/Node.h"
+#include "node/Node.h"
 #include "platform/text/LineLayout.h"
 
 #include <string>

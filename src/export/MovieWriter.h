@@ -9,7 +9,7 @@
 #include "export/RawMovie.h"
 #include "export/VideoLibrary.h"
 #include "platform/media/AVAssetExportSession.h"
-#include "ui/shared/Signal.h"
+#include "shared/Signal.h"
 
 #include <filesystem>
 #include <memory>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "actions/ControllerFixture.h"
-#include "ui/shared/Signal.h"
+#include "shared/Signal.h"
 
 #include <gmock/gmock.h>
 

@@ -2,7 +2,7 @@
 #include "app/EngineNames.h"
 
 #include "app/PerformanceFile.h"
-#include "look/environments/SceneManager.h"
+#include "environments/SceneManager.h"
 #include "platform/foundation/RunLoop.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "core/model/DistanceFade.h"
 #include "media/MediaFixture.h"
+#include "model/DistanceFade.h"
 #include "model/ModelFixture.h"
 
 #include <gmock/gmock.h>

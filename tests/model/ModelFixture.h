@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/model/HeadlessViewClock.h"
-#include "core/model/Model.h"
 #include "export/FakeFrames.h"
+#include "model/HeadlessViewClock.h"
+#include "model/Model.h"
 #include "platform/foundation/Random.h"
+#include "shared/Signal.h"
 #include "support/TemporaryFolder.h"
 #include "support/TestWorld.h"
-#include "ui/shared/Signal.h"
 
 #include <gtest/gtest.h>
 

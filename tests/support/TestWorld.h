@@ -2,7 +2,7 @@
 #pragma once
 
 #include "content/FontManager.h"
-#include "core/node/Surroundings.h"
+#include "node/Surroundings.h"
 #include "platform/foundation/Folders.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/foundation/UserDefaults.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "HintPainter.h"
 
+#include "shared/FormatTime.h"
 #include "ui/controls/Theme.h"
-#include "ui/shared/FormatTime.h"
 
 #include <QPainter>
 

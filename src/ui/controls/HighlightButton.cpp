@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/HighlightButton.h"
 
-#include "ui/shared/Signal.h"
+#include "shared/Signal.h"
 
 #include <QUuid>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/ValueLabel.h"
 
-#include "ui/shared/Signal.h"
+#include "shared/Signal.h"
 
 namespace zelvo::ui {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/layouter/Inspirator.h"
 
-#include "core/model/Model.h"
+#include "model/Model.h"
 #include "platform/foundation/RunLoop.h"
 #include "ui/layouter/RandomStyle.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/layouter/LayouterMenu.h"
 
-#include "core/model/Model.h"
+#include "model/Model.h"
 
 #include <array>
 #include <utility>

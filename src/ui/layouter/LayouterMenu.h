@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/node/Node.h"
+#include "node/Node.h"
 #include "ui/controls/HighlightButton.h"
 #include "ui/controls/Services.h"
 #include "ui/controls/TabStackView.h"

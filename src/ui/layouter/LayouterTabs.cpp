@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The style panel's rows: which tabs and which strip belong to what is in hand.
-#include "core/model/Model.h"
-#include "look/environments/SceneManager.h"
+#include "environments/SceneManager.h"
+#include "model/Model.h"
 #include "platform/foundation/RunLoop.h"
+#include "shared/Palette.h"
 #include "ui/layouter/ImagePanel.h"
 #include "ui/layouter/LayouterMenu.h"
 #include "ui/layouter/Strips.h"
 #include "ui/layouter/TransformPanel.h"
-#include "ui/shared/Palette.h"
 
 #include <algorithm>
 #include <functional>

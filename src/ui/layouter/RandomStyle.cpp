@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/layouter/RandomStyle.h"
 
-#include "core/model/Model.h"
-#include "look/environments/SceneManager.h"
+#include "environments/SceneManager.h"
+#include "model/Model.h"
 #include "platform/foundation/Random.h"
 #include "platform/scene/SCNTransaction.h"
-#include "ui/shared/Palette.h"
+#include "shared/Palette.h"
 
 namespace zelvo::ui {
 

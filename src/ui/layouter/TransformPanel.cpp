@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/layouter/TransformPanel.h"
 
-#include "ui/shared/Signal.h"
+#include "shared/Signal.h"
 
 #include <fmt/format.h>
 

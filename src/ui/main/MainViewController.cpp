@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/MainViewController.h"
 
-#include "core/model/Model.h"
+#include "model/Model.h"
 #include "platform/foundation/Folders.h"
 #include "ui/controls/Alerts.h"
 #include "ui/layouter/LayouterMenu.h"

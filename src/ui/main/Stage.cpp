@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/Stage.h"
 
-#include "core/model/Model.h"
+#include "model/Model.h"
 
 #include <algorithm>
 #include <utility>

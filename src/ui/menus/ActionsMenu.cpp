@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/menus/ActionsMenu.h"
 
-#include "core/model/Model.h"
+#include "model/Model.h"
 #include "platform/foundation/Check.h"
 #include "platform/foundation/UserDefaults.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/menus/ControlMenu.h"
 
-#include "core/model/Model.h"
+#include "model/Model.h"
+#include "shared/Signal.h"
 #include "ui/controls/Alerts.h"
 #include "ui/menus/TimePickerView.h"
-#include "ui/shared/Signal.h"
 
 namespace zelvo::ui {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/menus/RecordButton.h"
 
-#include "core/model/Model.h"
-#include "ui/shared/FormatTime.h"
-#include "ui/shared/Signal.h"
+#include "model/Model.h"
+#include "shared/FormatTime.h"
+#include "shared/Signal.h"
 
 #include <cmath>
 #include <utility>

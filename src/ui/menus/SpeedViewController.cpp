@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/menus/SpeedViewController.h"
 
-#include "core/model/Model.h"
-#include "ui/shared/Signal.h"
+#include "model/Model.h"
+#include "shared/Signal.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 #include "ui/screens/ExportProgressView.h"
 
 #include "platform/foundation/RunLoop.h"
-#include "ui/shared/Signal.h"
+#include "shared/Signal.h"
 
 namespace zelvo::ui {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/screens/ExportViewController.h"
 
-#include "core/model/Model.h"
+#include "model/Model.h"
+#include "shared/Signal.h"
 #include "ui/controls/Alerts.h"
-#include "ui/shared/Signal.h"
 
 #include <QGuiApplication>
 

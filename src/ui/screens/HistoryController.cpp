@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/screens/HistoryController.h"
 
-#include "core/model/Model.h"
+#include "model/Model.h"
 #include "platform/foundation/Check.h"
 #include "ui/controls/Hints.h"
 

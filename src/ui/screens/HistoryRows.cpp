@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/screens/HistoryRows.h"
 
-#include "ui/shared/FormatTime.h"
+#include "shared/FormatTime.h"
 
 #include <algorithm>
 

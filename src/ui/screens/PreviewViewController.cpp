@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/screens/PreviewViewController.h"
 
-#include "core/model/Model.h"
+#include "model/Model.h"
+#include "shared/FormatTime.h"
+#include "shared/Signal.h"
 #include "ui/controls/Alerts.h"
-#include "ui/shared/FormatTime.h"
-#include "ui/shared/Signal.h"
 
 #include <fmt/format.h>
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/layouter/Inspirator.h"
 
-#include "look/environments/SceneManager.h"
+#include "environments/SceneManager.h"
 #include "model/ModelFixture.h"
+#include "shared/Palette.h"
 #include "ui/controls/Alerts.h"
 #include "ui/layouter/RandomStyle.h"
-#include "ui/shared/Palette.h"
 
 #include <gmock/gmock.h>
 

@@ -2,11 +2,11 @@
 #include "ui/layouter/LayouterMenu.h"
 
 #include "model/ModelFixture.h"
+#include "shared/Palette.h"
 #include "ui/controls/Alerts.h"
 #include "ui/layouter/ImagePanel.h"
 #include "ui/layouter/Strips.h"
 #include "ui/layouter/TransformPanel.h"
-#include "ui/shared/Palette.h"
 
 #include <gmock/gmock.h>
 

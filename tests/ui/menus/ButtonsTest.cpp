@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/foundation/RunLoop.h"
+#include "shared/Signal.h"
 #include "ui/controls/FuncButton.h"
 #include "ui/controls/HighlightButton.h"
 #include "ui/controls/MySlider.h"
 #include "ui/controls/TabStackView.h"
 #include "ui/controls/ValueLabel.h"
-#include "ui/shared/Signal.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

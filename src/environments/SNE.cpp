@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include "environments/SNE.h"
+
+#include "node/DefaultSCNNode.h"
+#include "platform/image/Image.h"
+#include "platform/scene/SCNTransaction.h"
+#include "shared/Palette.h"
+
+#include <cmath>
+
+namespace zelvo::look {
+namespace {
+
+constexpr float kParticleReach = 2300;
+constexpr auto kPlaceholderPicture = "LogoPlaceholder.png";
+
+content::TextStylePreset defaultTextStyle() {
+    content::TextStylePreset style;
+    style.frontColor = ui::kPalette[ui::kWhiteIndex];
+    style.bandColor = ui::kPalette[ui::kBlackIndex];
+    return style;
+}
+
+} // namespace
+
+SNE::SNE(foundation::RunLoop& loop)
+    : scene(std::make_shared<scene::SCNScene>())
+    , t1TextStylePreset(defaultTextStyle())
+    , t2TextStylePreset(defaultTextStyle())
+    , imageStylePreset{image::imageNamed(kPlaceholderPicture), content::imageMasks().front(), false}
+    , mediaNodeStylePreset{content::mediaShapes().front(), ui::kPalette[ui::kWhiteIndex], XMATClasses::oldMetal}
+    , runLoop(loop)
+    , operationQueue(loop.makeSerialQueue("environment tint")) {}
+
+SNE::~SNE() {
+    cancelOperations();
+}
+
+void SNE::setParticleSystem(const scene::SCNParticleSystemPtr& system) {
+    particleSystem_ = system;
+    if (!system)
+        return;
+    system->emitterShape = scene::ParticleShape::sphere(kParticleReach);
+    const auto emitter = std::make_shared<core::DefaultSCNNode>();
+    emitter->addParticleSystem(system);
+    scene->rootNode()->addChildNode(emitter);
+}
+
+void SNE::setBackground(const image::Color& color) {
+    backgroundColor_ = color;
+}
+
+scene::SCNCameraPtr SNE::makeCamera() const {
+    auto camera = std::make_shared<scene::SCNCamera>();
+    camera->zFar = 20000;
+    camera->fStop = 5.1;
+    camera->wantsDepthOfField = true;
+    camera->focusDistance = 10;
+    camera->motionBlurIntensity = 0;
+    camera->wantsExposureAdaptation = false;
+    camera->wantsHDR = true;
+    return camera;
+}
+
+void SNE::tintBackground() {
+    cancelOperations();
+    scene::SCNMaterialProperty& background = scene->background;
+    if (std::holds_alternative<image::Color>(background.contents)) {
+        background.contents = backgroundColor_;
+        return;
+    }
+    const image::ImagePtr picture = background.image();
+    if (!picture)
+        return;
+
+    // A picture that was tinted before serves as well as the first one, since only its alpha
+    // counts.
+    paintBackground([picture](const image::Color& color) -> scene::SCNMaterialProperty::Contents {
+        return std::make_shared<const image::Image>(image::tinted(*picture, color));
+    });
+}
+
+void SNE::paintBackground(Painter painter) {
+    cancelOperations();
+    // The work knows the scene weakly: it neither keeps a scene that was left nor ends one on its
+    // own thread.
+    isNewestCancelled = std::make_shared<std::atomic<bool>>(false);
+    operationQueue->async([painter = std::move(painter),
+                           color = backgroundColor_,
+                           isCancelled = isNewestCancelled,
+                           stage = std::weak_ptr(scene),
+                           &loop = runLoop] {
+        if (*isCancelled)
+            return;
+        auto result = painter(color);
+        if (*isCancelled)
+            return;
+        loop.post([result = std::move(result), stage] {
+            if (const auto shown = stage.lock())
+                shown->background.contents = result;
+        });
+    });
+}
+
+void SNE::cancelOperations() {
+    if (isNewestCancelled)
+        *isNewestCancelled = true;
+}
+
+void SNE::loadScene(const std::string& name) {
+    scene = scene::SCNScene::sceneNamed(name);
+    // A camera and a sample text help whoever draws the stage; the rig and the content are the
+    // system's own.
+    scene::SCNTransaction::begin();
+    for (const char* const aid : {"camera", "testText"}) {
+        if (const auto node = nodeNamed(aid))
+            node->removeFromParentNode();
+    }
+    scene::SCNTransaction::commit();
+}
+
+void SNE::setLighting(const std::string& picture, float intensity) {
+    scene->lightingEnvironment.setImage(image::imageNamed(picture));
+    scene->lightingEnvironment.intensity = intensity;
+}
+
+scene::SCNNodePtr SNE::nodeNamed(const std::string& name) const {
+    return scene->rootNode()->childNodeWithName(name, scene::SCNNode::Search::recursively);
+}
+
+image::HSBColor hueShifted(const image::Color& color, float offset) {
+    image::HSBColor shifted = image::toHSB(color);
+    shifted.hue = std::fmod(shifted.hue + offset, 1.0f);
+    return shifted;
+}
+
+} // namespace zelvo::look

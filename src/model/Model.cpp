@@ -1,0 +1,275 @@
+// SPDX-License-Identifier: MIT
+#include "model/Model.h"
+
+#include "environments/SceneManager.h"
+#include "model/DistanceFade.h"
+#include "platform/foundation/Check.h"
+#include "platform/scene/SCNTransaction.h"
+#include "shared/Palette.h"
+#include "shared/Signal.h"
+
+#include <glm/geometric.hpp>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+
+namespace zelvo::core {
+
+namespace {
+
+constexpr double kNearZero = 0.005555555555555667; ///< a third of the step
+constexpr double kBlockingTime = 1.0;              ///< seconds
+constexpr int kFirstScene = 2;
+
+Model*& sharedModel() {
+    static Model* model = nullptr;
+    return model;
+}
+
+} // namespace
+
+Model& Model::makeShared(ModelServices services) {
+    CHECK(sharedModel() == nullptr, "the model is made once");
+    // Lives as long as the process: there is no orderly shutdown, and nothing is saved at exit.
+    sharedModel() = std::make_unique<Model>(std::move(services)).release();
+    return *sharedModel();
+}
+
+Model& Model::shared() {
+    CHECK(sharedModel() != nullptr, "the model is asked for before start-up made it");
+    return *sharedModel();
+}
+
+Model::Model(ModelServices given)
+    : services(std::move(given))
+    , serialQueue_(services.runLoop.makeSerialQueue("queuename"))
+    , currentBackgroundColor_(ui::kPalette[ui::kDefaultBackgroundIndex])
+    , audioPlayer_(
+          services.runLoop, [this] { return duration_; }, services.makeAudioOutput)
+    , affectedNodes_(
+          {services.nodes.textNode1,
+           services.nodes.textNode2,
+           services.nodes.imageNode,
+           services.nodes.mediaNode}) {
+    actionController_ = std::make_unique<actions::ActionController>(*this, services.nodes);
+    movieWriter_ =
+        std::make_unique<movie::MovieWriter>(*this, services.folders, services.makeFrames);
+    audioPlayer_.clearSong();
+    setScene(kFirstScene);
+    actionController_->deleteAll();
+}
+
+Model::~Model() {
+    if (sceneView_ != nullptr)
+        sceneView_->delegate = nullptr;
+    serialQueue_.reset(); // what it has under way reads the clock
+}
+
+actions::ActionController& Model::actionController() const {
+    CHECK(actionController_ != nullptr, "the model has no action controller");
+    return *actionController_;
+}
+
+movie::MovieWriter& Model::movieWriter() const {
+    CHECK(movieWriter_ != nullptr, "the model has no movie writer");
+    return *movieWriter_;
+}
+
+void Model::setDuration(double seconds) {
+    duration_ = std::max(seconds, kMinDuration);
+}
+
+void Model::start() {
+    actionController().markAllNotRun();
+    blockingTimer.invalidate();
+    blocking = false;
+    stop(Reset::toStart);
+    setPlaying(true);
+    // An export's ticks come as fast as frames can be made, each a step of the run loop's clock.
+    services.runLoop.setPacing(
+        isRecordingMovie() ? foundation::Pacing::unpaced : foundation::Pacing::realTime);
+    timer = services.runLoop.scheduleRepeating(kStep, [this] { runTimedCode(); });
+}
+
+void Model::stop(Reset reset) {
+    setPlaying(false);
+    timer.invalidate();
+    services.runLoop.setPacing(foundation::Pacing::realTime);
+    if (reset == Reset::toStart) {
+        time_ = 0;
+        fireTimeSignal();
+    }
+    audioPlayer_.stop();
+    actionController().resetAll(actions::CameraHandles::include);
+    removeEffects();
+}
+
+void Model::toggle() {
+    if (timer.isValid()) {
+        stop(Reset::toStart);
+    } else {
+        start();
+    }
+}
+
+void Model::runTimedCode() {
+    const double t = time_;
+    actionController().run(t);
+    time_ = t + kStep;
+    fireTimeSignal();
+
+    double rel = t - startCounter_;
+    if (std::abs(rel) < kNearZero)
+        rel = 0;
+    if (isRecordingMovie()) {
+        movieWriter().renderFrame(rel);
+        if (!isRecordingMovie())
+            return; // the export has failed and stopped the run
+    } else {
+        audioPlayer_.step(rel);
+    }
+    if (duration_ <= rel)
+        reachEnd();
+}
+
+void Model::reachEnd() {
+    if (isRecordingMovie()) {
+        movieWriter().finish();
+        stop(Reset::toStart);
+        return;
+    }
+    stop(Reset::keepTime);
+    blocking = true;
+    blockingTimer = services.runLoop.scheduleOnce(kBlockingTime, [this] { blocking = false; });
+}
+
+void Model::setPlaying(bool plays) {
+    isPlaying_ = plays;
+    ui::signals().isPlayingSignal.fire(plays);
+}
+
+void Model::fireTimeSignal() const {
+    const double t = time_;
+    const bool isCountIn = t <= startCounter_;
+    ui::signals().timeSignal.fire({
+        .time = t,
+        .wholeFraction = t / (startCounter_ + duration_),
+        .runFraction =
+            isCountIn ? std::clamp(t / startCounter_, 0.0, 1.0) : (t - startCounter_) / duration_,
+        .isCountIn = isCountIn,
+        .startCounter = startCounter_,
+    });
+}
+
+void Model::removeEffects() {
+    scene::SCNTransaction::begin();
+    services.nodes.particleAndParticleLightHolder->removeAllParticleSystems();
+    const auto effects = services.nodes.particleAndParticleLightHolder->childNodes();
+    for (const scene::SCNNodePtr& effect : effects) {
+        effect->removeFromParentNode();
+    }
+    scene::SCNTransaction::commit();
+}
+
+void Model::setCurrentBackgroundColor(const image::Color& color) {
+    currentBackgroundColor_ = color;
+    CHECK(sceneData_ != nullptr, "there is no scene to give a background");
+    sceneData_->setBackground(color);
+}
+
+void Model::setScene(int index) {
+    sceneData_ = look::SceneManager::sceneData(index, services.runLoop);
+    CHECK(sceneData_ != nullptr, "no scene has index {}", index);
+    sceneData_->setBackground(currentBackgroundColor_);
+    scene::SCNScene& scene = *sceneData_->scene;
+    scene.setAttribute(60, "frameRate");
+    scene.setAttribute(startCounter_, "startTime");
+    for (const scene::SCNNodePtr& holder : services.nodes.holders()) {
+        scene.rootNode()->addChildNode(holder);
+    }
+    services.nodes.cameraNode->camera = sceneData_->makeCamera();
+    attachScene(movie::SceneHome::screen);
+    currentSceneIndex_ = index;
+}
+
+void Model::setSceneView(scene::SCNSceneRenderer* view) {
+    if (sceneView_ != nullptr)
+        sceneView_->delegate = nullptr;
+    sceneView_ = view;
+    if (view == nullptr)
+        return;
+    view->delegate = this;
+    if (!isRecordingMovie())
+        attachScene(movie::SceneHome::screen);
+}
+
+void Model::attachScene(movie::SceneHome home) {
+    const std::weak_ptr<const bool> guard = alive;
+    services.runLoop.post([this, guard, home] {
+        if (guard.expired())
+            return;
+        const bool isOnScreen = home == movie::SceneHome::screen;
+        if (sceneView_ != nullptr)
+            sceneView_->setScene(isOnScreen ? sceneData_->scene : nullptr);
+        if (scene::SCNSceneRenderer* renderer = movieWriter().renderer(); renderer != nullptr) {
+            renderer->delegate = this;
+            renderer->setScene(isOnScreen ? nullptr : sceneData_->scene);
+        }
+    });
+}
+
+scene::SCNSceneRenderer* Model::currentRenderer() const {
+    scene::SCNSceneRenderer* renderer = movieWriter().renderer();
+    if (renderer != nullptr && renderer->scene())
+        return renderer;
+    return sceneView_ != nullptr && sceneView_->scene() ? sceneView_ : nullptr;
+}
+
+bool Model::isRecordingMovie() const {
+    return movieWriter().isRecording();
+}
+
+foundation::Result<void> Model::startMovie() const {
+    return movieWriter().start();
+}
+
+void Model::cancelMovie() const {
+    movieWriter().cancel();
+}
+
+std::optional<movie::MusicStretch> Model::music() const {
+    if (!audioPlayer_.audioURL)
+        return std::nullopt;
+    return movie::MusicStretch{
+        .file = *audioPlayer_.audioURL,
+        .audioPreRoll = audioPlayer_.audioPreRoll,
+        .audioIn = audioPlayer_.audioIn,
+        .audioEnd = audioPlayer_.audioEnd,
+        .fadeInDuration = audioPlayer_.fadeInDuration,
+        .fadeOutDuration = audioPlayer_.fadeOutDuration,
+        .fadeOutBeginDelay = audioPlayer_.fadeOutBeginDelay,
+        .fadesIn = audio::hasFadeIn(audioPlayer_.fadeState),
+        .fadesOut = audio::hasFadeOut(audioPlayer_.fadeState),
+    };
+}
+
+void Model::showAlert(const std::string& title, const std::string& message) {
+    if (services.showAlert)
+        services.showAlert(title, message);
+}
+
+void Model::rendererDidApplyAnimationsAtTime(scene::SCNSceneRenderer&, double) {
+    const Nodes& stage = services.nodes;
+    for (const scene::SCNNodePtr& node : std::array<scene::SCNNodePtr, 5>{
+             stage.mediaHolderNode,
+             stage.textNode1,
+             stage.textNode2,
+             stage.mediaNode,
+             stage.imageNode}) {
+        node->opacity = opacityAtDistance(glm::length(node->position.value()));
+    }
+}
+
+} // namespace zelvo::core

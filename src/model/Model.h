@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "actions/ActionController.h"
+#include "actions/ActionControllerOwner.h"
+#include "audio/AudioPlayer.h"
+#include "environments/SNE.h"
+#include "export/MovieWriter.h"
+#include "export/MovieWriterOwner.h"
+#include "model/AnimationRatio.h"
+#include "platform/foundation/Folders.h"
+#include "platform/foundation/RunLoop.h"
+#include "platform/scene/SCNSceneRenderer.h"
+#include "stage/Nodes.h"
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace zelvo::core {
+
+/// What the model needs of the world around it. The run loop and the nodes outlive it.
+struct ModelServices {
+    foundation::RunLoop& runLoop;
+    Nodes& nodes;
+    foundation::Folders folders;
+    movie::FrameSourceFactory makeFrames;      ///< called when the first movie is asked for
+    media::AudioOutputFactory makeAudioOutput; ///< empty: music plays silently
+    std::function<void(const std::string& title, const std::string& message)>
+        showAlert; ///< empty: nobody is told
+};
+
+enum class Reset {
+    keepTime, ///< the readout stays where the run ended
+    toStart
+};
+
+/// The hub: owns a project's state and its clock. There is no project file, a performance lives
+/// here.
+///
+/// The clock is counted, not measured: each tick of a run adds one step, however late it comes. A
+/// run begins with a count-in of `startCounter` seconds; the performance's own time is the clock's
+/// less that. The same ticks drive the live run and the export, which differ only in how fast they
+/// come and in who consumes them.
+///
+///     idle ──start──> count-in ──> performing ──end──> ran out (for 1 s blocking)
+///       └───────────────toggle, stop────┘
+///
+/// Main thread only, except `time` and `isPlaying`.
+class Model final : public actions::ActionControllerOwner,
+                    public movie::MovieWriterOwner,
+                    public scene::SCNSceneRendererDelegate {
+public:
+    /// The length of a frame and of a tick, seconds.
+    static constexpr double kStep = 0.016666666666667;
+    static constexpr double kMinDuration = 2.0;
+
+    explicit Model(ModelServices given);
+    ~Model() override;
+    Model(const Model&) = delete;
+    Model& operator=(const Model&) = delete;
+
+    /// The process's model. `makeShared` is called once at start-up; it then lives as long as the
+    /// process.
+    static Model& makeShared(ModelServices services);
+    [[nodiscard]] static Model& shared();
+
+    // --- the run
+    void start() override;
+    void stop(Reset reset);
+    /// Starts where nothing runs, else stops and goes back to the start.
+    void toggle();
+    /// One tick of the clock.
+    void runTimedCode();
+
+    [[nodiscard]] double time() const override { return time_; }
+
+    [[nodiscard]] bool isPlaying() const override { return isPlaying_; }
+
+    /// Of the performance, count-in not included; 8.0 at first, never below 2.0.
+    [[nodiscard]] double duration() const override { return duration_; }
+
+    void setDuration(double seconds);
+
+    [[nodiscard]] double startCounter() const { return startCounter_; }
+
+    /// For one second after a live run ran out.
+    [[nodiscard]] bool isBlocking() const { return blocking; }
+
+    // --- the stage
+    [[nodiscard]] Nodes& nodes() const { return services.nodes; }
+
+    [[nodiscard]] const std::vector<NodePtr>& affectedNodes() const override {
+        return affectedNodes_;
+    }
+
+    void setAffectedNodes(std::vector<NodePtr> nodes) { affectedNodes_ = std::move(nodes); }
+
+    [[nodiscard]] const image::Color& currentBackgroundColor() const {
+        return currentBackgroundColor_;
+    }
+
+    void setCurrentBackgroundColor(const image::Color& color);
+    /// Builds the environment and puts the stage's permanent nodes into it. An index without one is
+    /// a programming error.
+    void setScene(int index);
+
+    [[nodiscard]] int currentSceneIndex() const { return currentSceneIndex_; }
+
+    [[nodiscard]] const look::SNEPtr& sceneData() const { return sceneData_; }
+
+    /// The on-screen view, or what stands for it. Not owned; null takes it away.
+    void setSceneView(scene::SCNSceneRenderer* view);
+
+    [[nodiscard]] scene::SCNSceneRenderer* sceneView() const { return sceneView_; }
+
+    /// Which renderer shows the scene; done with the next turn of the run loop.
+    void attachScene(movie::SceneHome home) override;
+    /// The one that shows a scene at the moment; null if none does.
+    [[nodiscard]] scene::SCNSceneRenderer* currentRenderer() const override;
+
+    // --- speed
+    AnimationRatio animationRatio = AnimationRatio::normal;
+
+    [[nodiscard]] double animationFactor() const override {
+        return speedOf(animationRatio).animationFactor;
+    }
+
+    // --- what it owns
+    [[nodiscard]] actions::ActionController& actionController() const;
+
+    [[nodiscard]] audio::AudioPlayer& audioPlayer() { return audioPlayer_; }
+
+    [[nodiscard]] movie::MovieWriter& movieWriter() const;
+
+    // --- the movie
+    [[nodiscard]] bool isRecordingMovie() const;
+    [[nodiscard]] foundation::Result<void> startMovie() const;
+    void cancelMovie() const;
+
+    [[nodiscard]] std::filesystem::path movieURL() const { return movieWriter().movieURL(); }
+
+    // --- for what it owns
+    void stopAndReset() override { stop(Reset::toStart); }
+
+    [[nodiscard]] foundation::SerialQueue& serialQueue() override { return *serialQueue_; }
+
+    [[nodiscard]] foundation::RunLoop& runLoop() override { return services.runLoop; }
+
+    [[nodiscard]] std::optional<movie::MusicStretch> music() const override;
+    void showAlert(const std::string& title, const std::string& message) override;
+
+    // --- for the renderers: fades what is far from the stage's middle
+    void rendererUpdateAtTime(scene::SCNSceneRenderer&, double) override {}
+
+    void rendererDidApplyAnimationsAtTime(scene::SCNSceneRenderer&, double) override;
+
+    void rendererWillRenderScene(scene::SCNSceneRenderer&, scene::SCNScene&, double) override {}
+
+    void rendererDidRenderScene(scene::SCNSceneRenderer&, scene::SCNScene&, double) override {}
+
+private:
+    void setPlaying(bool plays);
+    void fireTimeSignal() const;
+    void reachEnd();
+    void removeEffects();
+
+    ModelServices services;
+    std::unique_ptr<foundation::SerialQueue> serialQueue_;
+    image::Color currentBackgroundColor_;
+    double duration_ = 8.0;
+    double startCounter_ = 2.0;
+    std::unique_ptr<actions::ActionController> actionController_;
+    audio::AudioPlayer audioPlayer_;
+    std::unique_ptr<movie::MovieWriter> movieWriter_;
+    std::vector<NodePtr> affectedNodes_;
+    look::SNEPtr sceneData_;
+    foundation::Timer timer; ///< its presence means that a run is under way
+    foundation::Timer blockingTimer;
+    int currentSceneIndex_ = 0;
+    bool blocking = false;
+    scene::SCNSceneRenderer* sceneView_ = nullptr;
+    std::atomic<double> time_ = 0;
+    std::atomic<bool> isPlaying_ = false;
+    std::shared_ptr<const bool> alive =
+        std::make_shared<const bool>(true); ///< queued calls may outlive this
+};
+
+} // namespace zelvo::core

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+// The editing frame of a node and its touch target.
+#include "node/Node.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace zelvo::core {
+namespace {
+
+constexpr float kSmallestSide = 100;   // scene units
+constexpr float kPadding = 8;          // scene units, both sides together
+constexpr double kFadeDuration = 0.16; // s
+constexpr image::Color kAccent = image::Color::hex(0x245CF0);
+constexpr image::Color kQuiet = image::Color::white(0.4f);
+
+scene::SCNMaterialPtr blackMaterial() {
+    auto material = std::make_shared<scene::SCNMaterial>();
+    material->diffuse.contents = image::Color::white(0);
+    return material;
+}
+
+float paddedSide(float low, float high) {
+    return std::max(kSmallestSide, std::abs(low) + std::abs(high) + kPadding);
+}
+
+void setSize(scene::SCNPlane& plane, double width, double height) {
+    plane.setWidth(width);
+    plane.setHeight(height);
+}
+
+} // namespace
+
+std::vector<Node::Bar> Node::bars() const {
+    return {
+        {topPlane.get(),    topPlaneNode.get()   },
+        {rightPlane.get(),  rightPlaneNode.get() },
+        {bottomPlane.get(), bottomPlaneNode.get()},
+        {leftPlane.get(),   leftPlaneNode.get()  }
+    };
+}
+
+void Node::linkOutline() {
+    bgNode->wrapperNode = std::static_pointer_cast<Node>(shared_from_this());
+    bgNode->geometry = bgPlane;
+    bgNode->categoryBitMask = kTouchMask;
+    const auto background = blackMaterial();
+    background->emission.contents = image::Color::white(0.5f);
+    bgPlane->materials = {background};
+    bgNode->opacity = 0.0f;
+    outlineNode->addChildNode(bgNode);
+
+    topPlaneNode->geometry = topPlane;
+    rightPlaneNode->geometry = rightPlane;
+    bottomPlaneNode->geometry = bottomPlane;
+    leftPlaneNode->geometry = leftPlane;
+    for (const Bar& bar : bars()) {
+        const auto material = blackMaterial();
+        material->isDoubleSided = true;
+        bar.plane->materials = {material};
+        bar.node->categoryBitMask = kTouchMask;
+        outlineNode->addChildNode(bar.node->shared_from_this());
+    }
+    outlineNode->isHidden = true;
+}
+
+void Node::showOutline(Outline outline, Transition transition) {
+    if (outline == Outline::hidden) {
+        if (transition == Transition::immediate) {
+            outlineNode->isHidden = true;
+            return;
+        }
+        // Weakly: the action is the frame's own and may never come to its end.
+        outlineNode->runAction(
+            scene::SCNAction::fadeOut(kFadeDuration), [own = std::weak_ptr(outlineNode)] {
+                if (const auto frame = own.lock())
+                    frame->isHidden = true;
+            });
+        return;
+    }
+    outlineNode->removeAllActions();
+    updateOutline();
+    outlineNode->opacity = 1.0f;
+    outlineNode->isHidden = false;
+    for (const Bar& bar : bars()) {
+        bar.plane->materials.front()->emission.contents =
+            outline == Outline::highlighted ? kAccent : kQuiet;
+    }
+}
+
+void Node::updateOutline() {
+    const bool wasHidden = contentNode->isHidden;
+    contentNode->isHidden = false; // a hidden content has a frame, too
+    const geometry::Box box = contentNode->boundingBox();
+    contentNode->isHidden = wasHidden;
+
+    const float w = paddedSide(box.min.x, box.max.x);
+    const float h = paddedSide(box.min.y, box.max.y);
+    // The bars stay equally thick on screen while the node is scaled.
+    const glm::vec3 rootScale = scale;
+    const double bw = std::abs(borderMargin / static_cast<double>(rootScale.x));
+    const double bh = std::abs(borderMargin / static_cast<double>(rootScale.y));
+    setSize(*bgPlane, w, h);
+    for (scene::SCNPlane* plane : {topPlane.get(), bottomPlane.get()})
+        setSize(*plane, w + bw, bh);
+    for (scene::SCNPlane* plane : {rightPlane.get(), leftPlane.get()})
+        setSize(*plane, bw, h + bh);
+
+    topPlaneNode->position = glm::vec3(0, h / 2, 0);
+    rightPlaneNode->position = glm::vec3(w / 2, 0, 0);
+    bottomPlaneNode->position = glm::vec3(0, -h / 2, 0);
+    leftPlaneNode->position = glm::vec3(-w / 2, 0, 0);
+    outlineNode->position = contentNode->position.value() + glm::vec3(0, 0, 1);
+}
+
+} // namespace zelvo::core

@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: MIT
+#include "node/Node.h"
+
+#include "node/LightNodes.h"
+#include "platform/scene/SCNScene.h"
+#include "shared/Signal.h"
+#include "support/TestWorld.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace zelvo::core {
+namespace {
+
+using image::Color;
+
+class NodeTest : public testing::Test {
+protected:
+    /// A plane of that size as the content, its middle at `middle`.
+    void fill(double width, double height, const glm::vec3& middle = glm::vec3(0)) const {
+        const auto child = std::make_shared<DefaultSCNNode>();
+        child->geometry = std::make_shared<scene::SCNPlane>(width, height);
+        child->position = middle;
+        node->contentNode->addChildNode(child);
+    }
+
+    test::TestWorld world;
+    NodePtr node = Node::make({0, 32, 0}, 0.76f, world.surroundings());
+};
+
+TEST_F(NodeTest, NestsOneLevelForEachConcern) {
+    std::vector<const scene::SCNNode*> chain;
+    for (const scene::SCNNode* level = node->contentNode.get(); level != nullptr;
+         level = level->parent()) {
+        chain.insert(chain.begin(), level);
+    }
+    const std::vector<const scene::SCNNode*> wanted = {
+        node.get(),
+        node->positionNode.get(),
+        node->orientationRotationNode.get(),
+        node->wiggleNode.get(),
+        node->shyNode.get(),
+        node->rotXNode.get(),
+        node->rotYNode.get(),
+        node->rotZNode.get(),
+        node->xAxisNode.get(),
+        node->yAxisNode.get(),
+        node->zAxisNode.get(),
+        node->contentNode.get()};
+    EXPECT_EQ(chain, wanted);
+    EXPECT_EQ(node->zAxisNode->childNodes().front(), node->outlineNode) << "before the content";
+    node->enumerateHierarchy([](const scene::SCNNode& level) { EXPECT_FALSE(level.castsShadow); });
+}
+
+TEST_F(NodeTest, FramesItsContent) {
+    struct Row {
+        const char* what;
+        glm::vec3 size;
+        glm::vec3 middle;
+        double width;
+        double height;
+    };
+
+    const auto rows = std::to_array<Row>({
+        {"small",                     {10, 20, 0},       {0, 0, 0},  100, 100  },
+        {"just below the least size", {91.5f, 92.5f, 0}, {0, 0, 0},  100, 100.5},
+        {"wide, off the middle",      {300, 40, 0},      {25, 0, 0}, 308, 100  },
+    });
+    for (const Row& row : rows) {
+        node = Node::make({0, 0, 0}, 1, world.surroundings());
+        fill(row.size.x, row.size.y, row.middle);
+        node->contentNode->position = glm::vec3(1, 2, 3);
+        node->updateOutline();
+        EXPECT_DOUBLE_EQ(node->bgPlane->width(), row.width) << row.what;
+        EXPECT_DOUBLE_EQ(node->bgPlane->height(), row.height) << row.what;
+        EXPECT_EQ(node->outlineNode->position.value(), glm::vec3(1, 2, 4));
+        EXPECT_FLOAT_EQ(
+            node->leftPlaneNode->position.value().x, static_cast<float>(-row.width / 2));
+        EXPECT_FLOAT_EQ(
+            node->bottomPlaneNode->position.value().y, static_cast<float>(-row.height / 2));
+    }
+}
+
+TEST_F(NodeTest, KeepsItsFrameEquallyThickUnderAScale) {
+    struct Row {
+        DeviceIdiom idiom;
+        glm::vec3 scale;
+        double thickX;
+        double thickY;
+    };
+
+    const auto rows = std::to_array<Row>({
+        {DeviceIdiom::tablet, {1, 1, 1},     1.5, 1.5},
+        {DeviceIdiom::phone,  {1, 1, 1},     2.6, 2.6},
+        {DeviceIdiom::tablet, {-0.5f, 3, 1}, 3,   0.5},
+    });
+    for (const Row& row : rows) {
+        Surroundings surroundings = world.surroundings();
+        surroundings.idiom = row.idiom;
+        node = Node::make({0, 0, 0}, 1, surroundings);
+        node->scale = row.scale;
+        node->updateOutline();
+        EXPECT_DOUBLE_EQ(node->leftPlane->width(), row.thickX);
+        EXPECT_DOUBLE_EQ(node->topPlane->height(), row.thickY);
+        EXPECT_DOUBLE_EQ(node->topPlane->width(), 100 + row.thickX)
+            << "the bars overlap at the corners";
+        EXPECT_DOUBLE_EQ(node->leftPlane->height(), 100 + row.thickY);
+    }
+    node->scale = glm::vec3(0);
+    node->updateOutline();
+    EXPECT_TRUE(std::isinf(node->leftPlane->width())) << "harmless while nobody looks";
+}
+
+TEST_F(NodeTest, ShowsItsFrameWhileContentStaysHidden) {
+    fill(300, 300);
+    node->isVisible = false;
+    node->updateVisibility();
+    node->showOutline(Outline::highlighted);
+    EXPECT_TRUE(node->contentNode->isHidden);
+    EXPECT_DOUBLE_EQ(node->bgPlane->width(), 308) << "a hidden content has a size";
+    EXPECT_FALSE(node->outlineNode->isHidden);
+    EXPECT_EQ(node->topPlane->materials[0]->emission.colorOr({}), Color::hex(0x245CF0));
+    node->showOutline(Outline::plain);
+    EXPECT_EQ(node->leftPlane->materials[0]->emission.colorOr({}), Color::white(0.4f));
+
+    scene::SCNScene scene;
+    scene.rootNode()->addChildNode(node);
+    scene.applyAnimations(0);
+    node->showOutline(Outline::hidden, Transition::animated);
+    scene.applyAnimations(0.05);
+    scene.applyAnimations(0.15);
+    EXPECT_FALSE(node->outlineNode->isHidden);
+    EXPECT_LT(node->outlineNode->opacity.presented(), 1);
+    scene.applyAnimations(0.3);
+    EXPECT_TRUE(node->outlineNode->isHidden);
+    node->showOutline(Outline::plain);
+    node->showOutline(Outline::hidden);
+    EXPECT_TRUE(node->outlineNode->isHidden) << "at once";
+}
+
+TEST_F(NodeTest, SaysItsSizeInWholePercent) {
+    std::string said;
+    const auto listener = std::make_shared<int>();
+    ui::signals().messageSignal.subscribe(
+        listener, [&said](const std::string& message) { said = message; });
+
+    struct Row {
+        float scale;
+        const char* message;
+    };
+
+    const auto rows = std::to_array<Row>({
+        {0.76f,  "Size 76 %" }, // in doubles it would read 75
+        {0.999f, "Size 99 %" },
+        {2.5f,   "Size 250 %"},
+    });
+    for (const Row& row : rows) {
+        node->scale2D = row.scale;
+        node->applyScale();
+        EXPECT_EQ(said, row.message);
+        EXPECT_EQ(node->positionNode->scale.value(), glm::vec3(row.scale));
+    }
+}
+
+TEST_F(NodeTest, ResetsTheLayoutAndNothingElse) {
+    scene::SCNScene scene;
+    scene.rootNode()->addChildNode(node);
+    node->position = glm::vec3(1);
+    node->wiggleNode->position = glm::vec3(2);
+    node->contentNode->setEulerAngles({0, 1, 0});
+    node->setLayoutPosition({9, 9, 9});
+    node->scale2D = 3;
+    node->applyScale();
+    node->rotYNode->setRotation({0, 1, 0, 1});
+    scene.applyAnimations(0);
+    node->quarterTurn();
+    for (const double time : {0.01, 0.1, 0.3})
+        scene.applyAnimations(time);
+    EXPECT_NEAR(node->orientationRotationNode->eulerAngles().z, -M_PI / 2, 1e-5);
+
+    node->resetLayout();
+    scene.applyAnimations(0.4);
+    EXPECT_EQ(node->layoutPosition(), glm::vec3(0, 32, 0));
+    EXPECT_EQ(node->positionNode->scale.value(), glm::vec3(0.76f));
+    EXPECT_EQ(node->rotYNode->orientation(), glm::quat(1, 0, 0, 0));
+    EXPECT_NEAR(node->orientationRotationNode->eulerAngles().z, 0, 1e-6);
+    EXPECT_EQ(node->position.value(), glm::vec3(1));
+    EXPECT_EQ(node->wiggleNode->position.value(), glm::vec3(2));
+    EXPECT_EQ(node->contentNode->eulerAngles(), glm::vec3(0, 1, 0));
+}
+
+TEST_F(NodeTest, FallsBackOnItsFirstPair) {
+    EXPECT_EQ(node->materialNamed(look::XMATClasses::rock)->title, "Rock");
+    for (const auto missing : {look::XMATClasses::bigBand, look::XMATClasses::dynamicFlat}) {
+        EXPECT_EQ(node->materialNamed(missing), node->allMaterials.front());
+    }
+    const Color red{1, 0, 0, 1};
+    ASSERT_EQ(node->currentMaterial, nullptr);
+    node->setFrontColor(red);
+    EXPECT_EQ(node->frontColor(), red);
+    node->currentMaterial = node->materialNamed(look::XMATClasses::iron);
+    node->setBandColor(red);
+    EXPECT_EQ(node->currentMaterial->band->color(), red);
+    EXPECT_NE(node->currentMaterial->front->color(), red) << "shows with the next rebuild";
+}
+
+TEST(LightNodes, LightTheContentOrTheStageAlone) {
+    EXPECT_NE(LightNodes::spotLight()->light->categoryBitMask & kContentMask, 0U);
+    const auto lamp = LightNodes::omniLight(Color::white(1), {0, 10, 10});
+    EXPECT_EQ(lamp->light->categoryBitMask & kContentMask, 0U);
+    EXPECT_EQ(lamp->position.value(), glm::vec3(0, 10, 10));
+}
+
+} // namespace
+} // namespace zelvo::core
