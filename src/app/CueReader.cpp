@@ -14,22 +14,28 @@ namespace zelvo::app {
 
 namespace {
 
+using foundation::JsonObject;
+using foundation::JsonValue;
+using foundation::Problems;
+using foundation::unknownName;
 using Strings = std::vector<std::string>;
 
 constexpr double kShortestHold = 0.02; ///< seconds: a frame and a little
 constexpr double kLongestHold = 3600;
 
-const ObjectReader::Keys kCueKeys{
-    .known =
-        {"at",
-                "tab", "press",
-                "hold", "for",
-                "nodes", "speed",
-                "pan", "pinch",
-                "doubleTap", "undo",
-                "redo"},
-    .later = {  }
-};
+constexpr auto kCueKeys = std::to_array<std::string_view>(
+    {"at",
+     "tab",
+     "press",
+     "hold",
+     "for",
+     "nodes",
+     "speed",
+     "pan",
+     "pinch",
+     "doubleTap",
+     "undo",
+     "redo"});
 
 using Act = decltype(Cue::act);
 
@@ -37,11 +43,11 @@ using Act = decltype(Cue::act);
 struct BareCue {
     const char* key;
     const char* other; ///< the key that it needs besides; null if none
-    Act (*read)(const ObjectReader& cue, const char* key, Problems& problems);
+    Act (*read)(JsonObject& cue, const char* key, Problems& problems);
 };
 
 /// A cue whose key can only be true.
-template <class What> Act readTrue(const ObjectReader& cue, const char* key, Problems& problems) {
+template <class What> Act readTrue(JsonObject& cue, const char* key, Problems& problems) {
     if (cue.boolean(key) == false) {
         problems.add(
             cue.lineOf(key),
@@ -50,7 +56,7 @@ template <class What> Act readTrue(const ObjectReader& cue, const char* key, Pro
     return What{};
 }
 
-template <auto kRead> Act readGesture(const ObjectReader& cue, const char*, Problems& problems) {
+template <auto kRead> Act readGesture(JsonObject& cue, const char*, Problems& problems) {
     return kRead(cue, problems);
 }
 
@@ -73,7 +79,7 @@ public:
         : context(given)
         , problems(found) {}
 
-    [[nodiscard]] std::vector<Cue> cues(const ObjectReader& root) {
+    [[nodiscard]] std::vector<Cue> cues(JsonObject& root) {
         if (!root.has("cues")) {
             problems.add(
                 root.lineOf("cues"), "\"cues\" is missing: the list of what is pressed when");
@@ -90,18 +96,23 @@ public:
             return {};
         }
         std::vector<Cue> result;
-        for (const auto& item : list->items)
+        for (const auto& item : list->items) {
+            if (problems.isFull())
+                break;
             result.push_back(cue(item));
+        }
         std::ranges::stable_sort(result, {}, &Cue::at);
         return result;
     }
 
 private:
     [[nodiscard]] Cue cue(const JsonValue& value) {
-        const ObjectReader object(value, "cue", kCueKeys, problems);
+        JsonObject object(value, "cue", problems);
         Cue result;
         if (value.kind != JsonValue::Kind::object)
             return result;
+        for (const auto key : kCueKeys)
+            (void)object.has(key); // whatever the cue does, these are known
         result.at = time(object);
         const auto* const bare = std::ranges::find_if(
             kBareCues, [&](const BareCue& row) { return object.has(row.key); });
@@ -111,10 +122,11 @@ private:
             checkAlone(object, *bare);
             result.act = bare->read(object, bare->key, problems);
         }
+        object.finish();
         return result;
     }
 
-    [[nodiscard]] double time(const ObjectReader& object) {
+    [[nodiscard]] double time(JsonObject& object) {
         if (!object.has("at")) {
             problems.add(
                 object.lineOf("at"), "cue needs \"at\": the second of the movie when it comes");
@@ -136,8 +148,8 @@ private:
         return 0;
     }
 
-    void checkAlone(const ObjectReader& object, const BareCue& bare) {
-        for (const std::string& key : kCueKeys.known) {
+    void checkAlone(JsonObject& object, const BareCue& bare) {
+        for (const std::string_view key : kCueKeys) {
             if (key == "at" || key == bare.key || !object.has(key))
                 continue;
             if (bare.other != nullptr && key == bare.other)
@@ -148,7 +160,7 @@ private:
         }
     }
 
-    [[nodiscard]] Press press(const ObjectReader& object) {
+    [[nodiscard]] Press press(JsonObject& object) {
         Press result;
         result.speed = readSpeed(object, context.names, problems);
         result.nodes = affectedNodes(object);
@@ -178,7 +190,7 @@ private:
     }
 
     /// Seconds; none for a cue that only presses.
-    [[nodiscard]] std::optional<double> holdTime(const ObjectReader& object) {
+    [[nodiscard]] std::optional<double> holdTime(JsonObject& object) {
         const bool isHeld = object.has("hold");
         if (isHeld != object.has("for")) {
             problems.add(
@@ -190,7 +202,7 @@ private:
     }
 
     /// Whether the button is pressed or held as its kind asks.
-    void checkHand(const std::string& tab, const std::string& title, const ObjectReader& object) {
+    void checkHand(const std::string& tab, const std::string& title, JsonObject& object) {
         const auto row = std::ranges::find(context.names.tabs, tab, &TabNames::tab);
         if (std::ranges::find(row->titles, title) == row->titles.end())
             return;
@@ -223,7 +235,7 @@ private:
                       "unknown button \"{}\" in tab {}; it is in tab {}", title, tab, other->tab));
     }
 
-    [[nodiscard]] Strings affectedNodes(const ObjectReader& object) {
+    [[nodiscard]] Strings affectedNodes(JsonObject& object) {
         const auto* const list = object.find("nodes", JsonValue::Kind::array);
         if (list == nullptr)
             return {};
@@ -234,6 +246,8 @@ private:
         }
         Strings result;
         for (const auto& item : list->items) {
+            if (problems.isFull())
+                break;
             if (const auto problem = nodeProblem(item, result)) {
                 problems.add(item.line, *problem);
             } else {
@@ -264,12 +278,11 @@ private:
 
 } // namespace
 
-std::vector<Cue> readCues(const ObjectReader& root, const CueContext& context, Problems& problems) {
+std::vector<Cue> readCues(JsonObject& root, const CueContext& context, Problems& problems) {
     return CueReader(context, problems).cues(root);
 }
 
-std::optional<std::string>
-readSpeed(const ObjectReader& object, const Names& names, Problems& problems) {
+std::optional<std::string> readSpeed(JsonObject& object, const Names& names, Problems& problems) {
     const auto* const value = object.find("speed", JsonValue::Kind::string);
     if (value == nullptr)
         return std::nullopt;

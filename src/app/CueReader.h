@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/ObjectReader.h"
 #include "app/PerformanceReader.h"
+#include "platform/foundation/JsonObject.h"
 
 #include <optional>
 #include <string>
@@ -18,11 +18,11 @@ struct CueContext {
 
 /// The member "cues" of a performance, in order of time.
 [[nodiscard]] std::vector<Cue>
-readCues(const ObjectReader& root, const CueContext& context, Problems& problems);
+readCues(foundation::JsonObject& root, const CueContext& context, foundation::Problems& problems);
 
 /// The member "speed" of the object, as the speed's own title.
 [[nodiscard]] std::optional<std::string>
-readSpeed(const ObjectReader& object, const Names& names, Problems& problems);
+readSpeed(foundation::JsonObject& object, const Names& names, foundation::Problems& problems);
 
 /// Short names of the nodes that can be named.
 [[nodiscard]] const std::vector<std::string>& nodeNames();

@@ -10,6 +10,10 @@ namespace zelvo::app {
 
 namespace {
 
+using foundation::JsonObject;
+using foundation::JsonValue;
+using foundation::Problems;
+
 struct StepCount {
     std::size_t least;
     const char* noun;
@@ -22,7 +26,7 @@ constexpr StepCount kPinchSteps{1, "velocities"};
     return value.kind == JsonValue::Kind::number && std::abs(value.number) <= limit;
 }
 
-[[nodiscard]] double lastingTime(const ObjectReader& cue, const char* key, Problems& problems) {
+[[nodiscard]] double lastingTime(JsonObject& cue, const char* key, Problems& problems) {
     if (!cue.has("for")) {
         problems.add(
             cue.lineOf(key), fmt::format(R"("{}" needs "for": how many seconds it takes)", key));
@@ -33,7 +37,7 @@ constexpr StepCount kPinchSteps{1, "velocities"};
 
 /// The items of the list if their number is right.
 [[nodiscard]] std::span<const JsonValue>
-steps(const ObjectReader& cue, const char* key, const StepCount& count, Problems& problems) {
+steps(JsonObject& cue, const char* key, const StepCount& count, Problems& problems) {
     const auto* const list = cue.find(key, JsonValue::Kind::array);
     if (list == nullptr)
         return {};
@@ -52,7 +56,7 @@ steps(const ObjectReader& cue, const char* key, const StepCount& count, Problems
 
 } // namespace
 
-Pan readPan(const ObjectReader& cue, Problems& problems) {
+Pan readPan(JsonObject& cue, Problems& problems) {
     Pan pan;
     pan.lasts = lastingTime(cue, "pan", problems);
     const auto isCoordinate = [](const JsonValue& value) {
@@ -73,7 +77,7 @@ Pan readPan(const ObjectReader& cue, Problems& problems) {
     return pan;
 }
 
-Pinch readPinch(const ObjectReader& cue, Problems& problems) {
+Pinch readPinch(JsonObject& cue, Problems& problems) {
     Pinch pinch;
     pinch.lasts = lastingTime(cue, "pinch", problems);
     for (const JsonValue& item : steps(cue, "pinch", kPinchSteps, problems)) {

@@ -14,6 +14,11 @@ namespace zelvo::app {
 
 namespace {
 
+using foundation::JsonObject;
+using foundation::JsonValue;
+using foundation::Problems;
+using foundation::Range;
+
 // What the controls of the style and layout menus can reach.
 constexpr Range kDepth{1, 150};
 constexpr Range kBevel{0, 4};
@@ -27,48 +32,23 @@ using Strings = std::vector<std::string>;
 const Strings kProfiles{"linear", "rounded"};
 const Strings kFills{"inner", "outer"};
 
-const ObjectReader::Keys kTextKeys{
-    .known =
-        {"text",
-                "font", "material",
-                "frontColor", "bandColor",
-                "depth", "bevel",
-                "profile", "fill",
-                "position", "scale",
-                "rotation", "visible"},
-    .later = {}
-};
-const ObjectReader::Keys kImageKeys{
-    .known =
-        {"image",
-                "mask", "flipH",
-                "flipV", "quarterTurns",
-                "position", "scale",
-                "rotation", "visible"},
-    .later = {}
-};
-const ObjectReader::Keys kMediaKeys{
-    .known = {"shape",  "material", "color", "position", "scale", "rotation"},
-      .later = {}
-};
-
 /// Code points of UTF-8 that is known to be valid.
 [[nodiscard]] std::size_t characterCount(std::string_view text) {
     return static_cast<std::size_t>(std::ranges::count_if(
         text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
 }
 
-[[nodiscard]] LayoutStyle readLayout(const ObjectReader& object) {
+[[nodiscard]] LayoutStyle readLayout(JsonObject& object) {
     LayoutStyle layout;
-    layout.position = object.vector("position", kPosition);
+    layout.position = object.vector3("position", kPosition);
     layout.scale = object.number("scale", kScale);
-    if (const auto degrees = object.vector("rotation", kDegrees))
+    if (const auto degrees = object.vector3("rotation", kDegrees))
         layout.rotation = glm::radians(*degrees);
     return layout;
 }
 
 [[nodiscard]] std::optional<std::string>
-readText(const ObjectReader& object, const std::string& place, Problems& problems) {
+readText(JsonObject& object, const std::string& place, Problems& problems) {
     auto result = object.string("text");
     if (!result)
         return result;
@@ -97,25 +77,26 @@ readText(const ObjectReader& object, const std::string& place, Problems& problem
 
 [[nodiscard]] TextStyle readTextStyle(
     const JsonValue& value, const std::string& place, const Names& names, Problems& problems) {
-    const ObjectReader object(value, place, kTextKeys, problems);
+    JsonObject object(value, place, problems);
     TextStyle result;
     result.text = readText(object, place, problems);
     result.font = object.choice("font", "font", names.fonts);
     result.material = object.choice("material", "material", names.materials);
-    result.frontColor = object.color("frontColor");
-    result.bandColor = object.color("bandColor");
+    result.frontColor = readColor(object, "frontColor");
+    result.bandColor = readColor(object, "bandColor");
     result.depth = object.number("depth", kDepth);
     result.bevel = object.number("bevel", kBevel);
     result.profile = object.choice("profile", "profile", kProfiles);
     result.fill = object.choice("fill", "fill", kFills);
     static_cast<LayoutStyle&>(result) = readLayout(object);
     result.visible = object.boolean("visible");
+    object.finish();
     return result;
 }
 
 [[nodiscard]] ImageStyle
 readImageStyle(const JsonValue& value, const Names& names, Problems& problems) {
-    const ObjectReader object(value, "node IMG", kImageKeys, problems);
+    JsonObject object(value, "node IMG", problems);
     ImageStyle result;
     result.line = object.lineOf("image");
     result.image = object.string("image");
@@ -133,24 +114,26 @@ readImageStyle(const JsonValue& value, const Names& names, Problems& problems) {
     }
     static_cast<LayoutStyle&>(result) = readLayout(object);
     result.visible = object.boolean("visible");
+    object.finish();
     return result;
 }
 
 [[nodiscard]] MediaStyle
 readMediaStyle(const JsonValue& value, const Names& names, Problems& problems) {
-    const ObjectReader object(value, "node OBJ", kMediaKeys, problems);
+    JsonObject object(value, "node OBJ", problems);
     MediaStyle result;
     result.shape = object.choice("shape", "shape", names.shapes);
     result.material = object.choice("material", "material", names.objectMaterials);
-    result.color = object.color("color");
+    result.color = readColor(object, "color");
     static_cast<LayoutStyle&>(result) = readLayout(object);
+    object.finish();
     return result;
 }
 
 } // namespace
 
 NodeStyles readNodeStyles(const JsonValue& value, const Names& names, Problems& problems) {
-    const ObjectReader object(value, "nodes", {.known = nodeNames(), .later = {}}, problems);
+    JsonObject object(value, "nodes", problems);
     NodeStyles result;
     for (const std::string name : {"TX1", "TX2"}) {
         if (const auto* const node = object.find(name))
@@ -160,7 +143,22 @@ NodeStyles readNodeStyles(const JsonValue& value, const Names& names, Problems& 
         result.picture = readImageStyle(*node, names, problems);
     if (const auto* const node = object.find("OBJ"))
         result.object = readMediaStyle(*node, names, problems);
+    object.finish();
     return result;
+}
+
+std::optional<image::Color> readColor(JsonObject& object, std::string_view key) {
+    const auto* const value = object.find(key, JsonValue::Kind::string);
+    if (value == nullptr)
+        return std::nullopt;
+    const auto parsed = image::Color::parse(value->string);
+    if (!parsed) {
+        object.report(
+            key,
+            fmt::format(
+                R"(must be a colour like "#194CE6", not {})", foundation::quoted(value->string)));
+    }
+    return parsed;
 }
 
 } // namespace zelvo::app

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/ObjectReader.h"
 #include "app/PerformanceReader.h"
+#include "platform/foundation/JsonObject.h"
 
 #include <map>
 #include <optional>
@@ -17,7 +17,11 @@ struct NodeStyles {
     std::optional<MediaStyle> object;
 };
 
-[[nodiscard]] NodeStyles
-readNodeStyles(const JsonValue& value, const Names& names, Problems& problems);
+[[nodiscard]] NodeStyles readNodeStyles(
+    const foundation::JsonValue& value, const Names& names, foundation::Problems& problems);
+
+/// "#194CE6"; anything else is a problem.
+[[nodiscard]] std::optional<image::Color>
+readColor(foundation::JsonObject& object, std::string_view key);
 
 } // namespace zelvo::app

@@ -26,7 +26,7 @@ using Lines = std::vector<std::string>;
     std::ifstream in(file, std::ios::binary);
     if (!in)
         return tl::unexpected(fmt::format("cannot be opened: {}", std::strerror(errno)));
-    std::string bytes(kMaxJsonBytes + 1, '\0');
+    std::string bytes(foundation::kMaxJsonBytes + 1, '\0');
     in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     if (in.bad())
         return tl::unexpected(std::string("cannot be read"));

@@ -3,7 +3,6 @@
 
 #include "app/CueReader.h"
 #include "app/NodeStyleReader.h"
-#include "app/ObjectReader.h"
 
 #include <fmt/format.h>
 
@@ -14,6 +13,12 @@ namespace zelvo::app {
 
 namespace {
 
+using foundation::JsonObject;
+using foundation::JsonValue;
+using foundation::Problem;
+using foundation::Problems;
+using foundation::Range;
+
 constexpr Range kDuration{2, 3599};
 constexpr Range kSongTime{0, 86'400};
 /// The shortest stretch of music, seconds.
@@ -23,15 +28,6 @@ using Strings = std::vector<std::string>;
 
 const Strings kFades{"noFade", "fadeIn", "fadeOut", "fadeInOut"};
 
-const ObjectReader::Keys kRootKeys{
-    .known = {"cues",        "duration", "speed", "scene", "background", "nodes", "audio", "$schema"},
-    .later = {}
-};
-const ObjectReader::Keys kAudioKeys{
-    .known = {"file",  "in", "end", "preRoll", "fade"},
-      .later = {}
-};
-
 /// Reads the parts of one file. Every function gives what could be read and reports the rest.
 class Reader {
 public:
@@ -39,14 +35,14 @@ public:
         : names(allowed) {}
 
     [[nodiscard]] Performance performance(const JsonValue& root) {
-        const ObjectReader object(root, "the performance", kRootKeys, problems);
+        JsonObject object(root, "the performance", problems);
         Performance result;
         if (root.kind != JsonValue::Kind::object)
             return result;
         result.duration = object.number("duration", kDuration);
         result.speed = readSpeed(object, names, problems);
         result.scene = object.choice("scene", "scene", names.scenes);
-        result.background = object.color("background");
+        result.background = readColor(object, "background");
         if (const auto* const nodes = object.find("nodes")) {
             NodeStyles styles = readNodeStyles(*nodes, names, problems);
             result.nodes = std::move(styles.texts);
@@ -57,6 +53,8 @@ public:
             result.music = music(*audio);
         result.cues =
             readCues(object, {names, result.duration.value_or(kDefaultDuration)}, problems);
+        (void)object.has("$schema"); // for editors
+        object.finish();
         return result;
     }
 
@@ -64,7 +62,7 @@ public:
 
 private:
     [[nodiscard]] std::optional<Music> music(const JsonValue& value) {
-        const ObjectReader object(value, "audio", kAudioKeys, problems);
+        JsonObject object(value, "audio", problems);
         Music result;
         const auto file = object.string("file");
         if (value.kind == JsonValue::Kind::object && (!object.has("file") || file == "")) {
@@ -85,6 +83,7 @@ private:
                     kMinStretch,
                     result.in + kMinStretch));
         }
+        object.finish();
         return result;
     }
 
@@ -95,7 +94,7 @@ private:
 
 tl::expected<Performance, std::vector<Problem>>
 readPerformance(std::string_view text, const Names& names) {
-    const auto root = parseJson(text);
+    const auto root = foundation::parseJson(text);
     if (!root)
         return tl::unexpected(std::vector{root.error()});
     Reader reader(names);

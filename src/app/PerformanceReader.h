@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/JsonTree.h"
 #include "app/Performance.h"
+#include "platform/foundation/Json.h"
 
 #include <tl/expected.hpp>
 
@@ -40,7 +40,7 @@ inline constexpr double kCountIn = 2.0; ///< seconds before the movie in which c
 
 /// Reads a performance from JSON text. All problems are collected, in the order of the text, up to
 /// kMaxProblems; each says what would be right.
-[[nodiscard]] tl::expected<Performance, std::vector<Problem>>
+[[nodiscard]] tl::expected<Performance, std::vector<foundation::Problem>>
 readPerformance(std::string_view text, const Names& names);
 
 } // namespace zelvo::app

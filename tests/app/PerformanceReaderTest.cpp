@@ -173,10 +173,14 @@ TEST(PerformanceReader, keeps_to_its_limits) {
     EXPECT_EQ(
         problemsOf(R"({"cues": [)" + repeated(10'000, "0,") + "0]}"),
         "1: 10001 cues are too many; at most 10000 are allowed");
-    EXPECT_EQ(problemsOf(std::string(kMaxJsonBytes + 1, ' ')), "1: the file is larger than 16 MiB");
+    EXPECT_EQ(
+        problemsOf(std::string(foundation::kMaxJsonBytes + 1, ' ')),
+        "1: the file is larger than 16 MiB");
     const auto many = problemsOf(R"({"cues": [)" + repeated(24, "\n0,") + "\n0]}");
     EXPECT_TRUE(many.ends_with("21: cue must be an object {…}, not a number\n21: and 5 more"))
         << many;
+    const auto endless = problemsOf(R"({"cues": [)" + repeated(9'999, R"({"tba":0},)") + "0]}");
+    EXPECT_TRUE(endless.ends_with("and many more")) << endless;
 
     const auto withText = [](const std::string& text) {
         return R"({"cues": [], "nodes": {"TX1": {"text": ")" + text + R"("}}})";

@@ -206,16 +206,16 @@ TEST(ParticleFiles, TellWhatIsWrong) {
     };
 
     for (const Row& row : std::vector<Row>{
-             {R"({"birthRat": 5})",                                                    "birthRat: unknown key"     },
-             {R"({"birthRate": "many"})",                                              "birthRate"                 },
-             {R"({"birthRate": 20000, "particleLifeSpan": 50})",                       "makes over 20000 particles"},
-             {R"({"emittingDirection": [0, 0, 0]})",                                   "must point somewhere"      },
-             {R"({"emitterShape": {"type": "cone"}})",                                 "must be one of point"      },
-             {R"({"particleColors": ["red"]})",                                        "particleColors[0]"         },
-             {R"({"particleImage": "none.png"})",                                      "no picture is named"       },
+             {R"({"birthRat": 5})",                                                    R"(did you mean "birthRate"?)"          },
+             {R"({"birthRate": "many"})",                                              "birthRate"                             },
+             {R"({"birthRate": 20000, "particleLifeSpan": 50})",                       "makes over 20000 particles"            },
+             {R"({"emittingDirection": [0, 0, 0]})",                                   "must point somewhere"                  },
+             {R"({"emitterShape": {"type": "cone"}})",                                 R"(unknown type "cone"; there is point)"},
+             {R"({"particleColors": ["red"]})",                                        "particleColors[0]"                     },
+             {R"({"particleImage": "none.png"})",                                      "names no picture"                      },
              {R"({"sizeOverLife": [{"at": 0.5, "size": 1}, {"at": 0.2, "size": 1}]})",
-              "after the one before"                                                                               },
-             {"[",                                                                     "line 1"                    }
+              "after the one before"                                                                                           },
+             {"[",                                                                     "line 1"                                }
     }) {
         const auto system = SCNParticleSystem::fromJSON(row.text, "x.scnp");
         ASSERT_FALSE(system.has_value()) << row.text;

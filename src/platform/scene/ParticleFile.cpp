@@ -100,11 +100,11 @@ glm::vec4 vectorOf(const image::Color& color) {
     return {color.red, color.green, color.blue, color.alpha};
 }
 
-void readShape(JsonObject& object, SCNParticleSystem& system, JsonFault& fault) {
-    const rapidjson::Value* value = object.value("emitterShape");
+void readShape(JsonObject& object, SCNParticleSystem& system, Problems& problems) {
+    const JsonValue* value = object.find("emitterShape");
     if (value == nullptr)
         return;
-    JsonObject shape(*value, object.pathOf("emitterShape"), fault);
+    JsonObject shape(*value, object.placeOf("emitterShape"), problems);
     const auto kind = shape.oneOf("type", kShapeKinds);
     if (!kind) {
         shape.report("type", "is missing");
@@ -129,47 +129,51 @@ template <class T> void addKey(JsonObject& key, ParticleCurve<T>& curve, const T
     key.finish();
 }
 
-void readCurves(JsonObject& object, SCNParticleSystem& system, JsonFault& fault) {
-    object.forEach("sizeOverLife", [&](const rapidjson::Value& value, const std::string& path) {
-        JsonObject key(value, path, fault);
+void readCurves(JsonObject& object, SCNParticleSystem& system, Problems& problems) {
+    object.forEach("sizeOverLife", [&](const JsonValue& value, const std::string& place) {
+        JsonObject key(value, place, problems);
         const auto size = key.number("size", kFactor);
         addKey(key, system.sizeOverLife, static_cast<float>(size.value_or(1)));
     });
-    object.forEach("colorOverLife", [&](const rapidjson::Value& value, const std::string& path) {
-        JsonObject key(value, path, fault);
+    object.forEach("colorOverLife", [&](const JsonValue& value, const std::string& place) {
+        JsonObject key(value, place, problems);
         const auto color = readColor(key, "color");
         addKey(key, system.colorOverLife, vectorOf(color.value_or(image::Color::white(1))));
     });
 }
 
-void readColors(JsonObject& object, SCNParticleSystem& system, JsonFault& fault) {
+void readColors(JsonObject& object, SCNParticleSystem& system, Problems& problems) {
     std::vector<glm::vec4> colors;
-    object.forEach("particleColors", [&](const rapidjson::Value& value, const std::string& path) {
-        const auto color = value.IsString()
-                               ? parseColor({value.GetString(), value.GetStringLength()})
-                               : std::nullopt;
+    object.forEach("particleColors", [&](const JsonValue& value, const std::string& place) {
+        const auto color =
+            value.kind == JsonValue::Kind::string ? parseColor(value.string) : std::nullopt;
         if (!color || colors.size() >= kMostKeys)
-            fault.report(path, R"(must be a colour like "#RRGGBB" or "#RRGGBBAA")");
+            problems.add(
+                value.line,
+                fmt::format(
+                    R"({} must be a colour like "#RRGGBB" or "#RRGGBBAA", and there are {} at most)",
+                    place,
+                    kMostKeys));
         colors.push_back(vectorOf(color.value_or(image::Color::white(1))));
     });
     if (!colors.empty())
         system.particleColors = std::move(colors);
 }
 
-void readLook(JsonObject& object, SCNParticleSystem& system, JsonFault& fault) {
+void readLook(JsonObject& object, SCNParticleSystem& system, Problems& problems) {
     if (const auto mode = object.oneOf("blendMode", kBlendModes))
         system.blendMode = *mode;
-    readColors(object, system, fault);
-    readCurves(object, system, fault);
-    const auto name = object.text("particleImage");
+    readColors(object, system, problems);
+    readCurves(object, system, problems);
+    const auto name = object.string("particleImage");
     if (!name)
         return;
     system.particleImage = image::imageNamed(*name);
     if (!system.particleImage)
-        object.report("particleImage", fmt::format("no picture is named \"{}\"", *name));
+        object.report("particleImage", "names no picture: " + foundation::quoted(*name));
 }
 
-SCNParticleSystemPtr readSystem(JsonObject& object, JsonFault& fault) {
+SCNParticleSystemPtr readSystem(JsonObject& object, Problems& problems) {
     auto system = std::make_shared<SCNParticleSystem>();
     for (const NumberRow& row : kNumbers) {
         if (const auto number = object.number(row.key, row.range))
@@ -183,18 +187,18 @@ SCNParticleSystemPtr readSystem(JsonObject& object, JsonFault& fault) {
         system->birthLocation = *location;
     if (const auto direction = object.oneOf("birthDirection", kDirections))
         system->birthDirection = *direction;
-    if (const auto direction = object.vector3("emittingDirection"))
+    if (const auto direction = object.vector3("emittingDirection", kCoordinate))
         system->emittingDirection = *direction;
     if (glm::length(system->emittingDirection) < 1e-3f)
         object.report("emittingDirection", "must point somewhere");
-    if (const auto position = object.vector3("emitterPosition"))
+    if (const auto position = object.vector3("emitterPosition", kCoordinate))
         system->emitterPosition = *position;
-    if (const auto acceleration = object.vector3("acceleration"))
+    if (const auto acceleration = object.vector3("acceleration", kCoordinate))
         system->acceleration = *acceleration;
     if (const auto seed = object.integer("seed", kSeed))
         system->seed = static_cast<std::uint64_t>(*seed);
-    readShape(object, *system, fault);
-    readLook(object, *system, fault);
+    readShape(object, *system, problems);
+    readLook(object, *system, problems);
     if (system->mostAlive() > kMostParticles)
         object.report("birthRate", fmt::format("makes over {} particles", kMostParticles));
     object.finish();
@@ -203,15 +207,15 @@ SCNParticleSystemPtr readSystem(JsonObject& object, JsonFault& fault) {
 
 } // namespace
 
-void readParticles(JsonObject& object, SCNNode& node, JsonFault& fault) {
+void readParticles(JsonObject& object, SCNNode& node, Problems& problems) {
     constexpr std::size_t kMostSystems = 64;
-    object.forEach("particles", [&](const rapidjson::Value& value, const std::string& path) {
-        JsonObject entry(value, path, fault);
-        const SCNParticleSystemPtr system = readSystem(entry, fault);
-        if (fault.error())
+    object.forEach("particles", [&](const JsonValue& value, const std::string& place) {
+        JsonObject entry(value, place, problems);
+        const SCNParticleSystemPtr system = readSystem(entry, problems);
+        if (!problems.isEmpty())
             return;
         if (node.particleSystems().size() >= kMostSystems) {
-            fault.report(path, fmt::format("over {} systems on a node", kMostSystems));
+            problems.add(value.line, fmt::format("over {} systems on a node", kMostSystems));
             return;
         }
         node.addParticleSystem(system);
@@ -220,14 +224,14 @@ void readParticles(JsonObject& object, SCNNode& node, JsonFault& fault) {
 
 foundation::Result<SCNParticleSystemPtr>
 SCNParticleSystem::fromJSON(const std::string& text, const std::string& name) {
-    const foundation::Result<rapidjson::Document> document = parseJson(text);
+    const auto document = foundation::parseJson(text);
     if (!document)
-        return tl::unexpected(document.error().in(name));
-    JsonFault fault;
-    JsonObject object(*document, "", fault);
-    SCNParticleSystemPtr system = readSystem(object, fault);
-    if (const auto& error = fault.error())
-        return tl::unexpected(error->in(name));
+        return failureOf(document.error(), name);
+    Problems problems;
+    JsonObject object(*document, "the particles", problems);
+    SCNParticleSystemPtr system = readSystem(object, problems);
+    if (!problems.isEmpty())
+        return failureOf(problems.sorted(1).front(), name);
     return system;
 }
 

@@ -21,13 +21,11 @@ namespace zelvo::scene {
 
 namespace {
 
-constexpr int kMaxDepth = 32;
 constexpr int kMaxNodes = 4096;
-constexpr double kMost = 1e6; ///< scene units
 constexpr std::size_t kMaxPathLength = 20'000;
 constexpr double kShapeFlatness = 0.1; ///< scene units
-constexpr Range kLength{0.001, kMost};
-constexpr Range kLengthOrNone{0, kMost};
+constexpr Range kLength{0.001, kMaxCoordinate};
+constexpr Range kLengthOrNone{0, kMaxCoordinate};
 constexpr Range kFraction{0, 1};
 constexpr Range kAngleDegrees{0, 180};
 constexpr Range kMask{0, std::numeric_limits<int>::max()};
@@ -58,7 +56,7 @@ constexpr auto kShapes = std::to_array<Named<ShapeKind>>({
 });
 
 struct Context {
-    JsonFault fault;
+    Problems problems;
     int nodes = 0;
 };
 
@@ -83,9 +81,9 @@ void readShadow(JsonObject& object, SCNLight& light) {
         object.report("zFar", "must be beyond zNear");
 }
 
-SCNLightPtr readLight(const rapidjson::Value& value, const std::string& path, JsonFault& fault) {
+SCNLightPtr readLight(const JsonValue& value, const std::string& place, Problems& problems) {
     auto light = std::make_shared<SCNLight>();
-    JsonObject object(value, path, fault);
+    JsonObject object(value, place, problems);
     if (const auto type = object.oneOf("type", kLightTypes)) {
         light->type = *type;
     } else {
@@ -135,7 +133,7 @@ SCNGeometryPtr readRound(JsonObject& object, ShapeKind kind) {
 
 /// An outline as SVG path data, y down, as a solid.
 SCNGeometryPtr readShape(JsonObject& object) {
-    const std::optional<std::string> data = object.text("path");
+    const std::optional<std::string> data = object.string("path");
     const double depth = object.number("depth", kLength).value_or(1);
     const double chamfer = object.number("chamferRadius", kLengthOrNone).value_or(0);
     const double flatness = object.number("flatness", kLength).value_or(kShapeFlatness);
@@ -160,9 +158,8 @@ SCNGeometryPtr readShape(JsonObject& object) {
     return shape;
 }
 
-SCNGeometryPtr
-readGeometry(const rapidjson::Value& value, const std::string& path, JsonFault& fault) {
-    JsonObject object(value, path, fault);
+SCNGeometryPtr readGeometry(const JsonValue& value, const std::string& place, Problems& problems) {
+    JsonObject object(value, place, problems);
     const std::optional<ShapeKind> kind = object.oneOf("type", kShapes);
     if (!kind) {
         object.report("type", "is missing");
@@ -177,13 +174,13 @@ readGeometry(const rapidjson::Value& value, const std::string& path, JsonFault& 
 }
 
 void readPlacement(JsonObject& object, SCNNode& node) {
-    if (const auto name = object.text("name"))
+    if (const auto name = object.string("name"))
         node.name = *name;
-    if (const auto position = object.vector3("position"))
+    if (const auto position = object.vector3("position", kCoordinate))
         node.position = *position;
-    if (const auto degrees = object.vector3("eulerAngles"))
-        node.setEulerAngles(glm::radians(*degrees));
-    if (const auto scale = object.vector3("scale"))
+    if (const auto degrees = object.vector3("eulerAngles", kCoordinate))
+        node.setEulerAngles(glm::radians(glm::vec3(*degrees)));
+    if (const auto scale = object.vector3("scale", kCoordinate))
         node.scale = *scale;
     if (const auto opacity = object.number("opacity", kFraction))
         node.opacity = static_cast<float>(*opacity);
@@ -195,15 +192,15 @@ void readPlacement(JsonObject& object, SCNNode& node) {
         node.categoryBitMask = static_cast<std::uint32_t>(*mask);
 }
 
-void readContents(JsonObject& object, SCNNode& node, JsonFault& fault) {
-    if (const auto* light = object.value("light"))
-        node.light = readLight(*light, object.pathOf("light"), fault);
-    if (const auto* geometry = object.value("geometry"))
-        node.geometry = readGeometry(*geometry, object.pathOf("geometry"), fault);
-    const rapidjson::Value* material = object.value("material");
+void readContents(JsonObject& object, SCNNode& node, Problems& problems) {
+    if (const auto* light = object.find("light"))
+        node.light = readLight(*light, object.placeOf("light"), problems);
+    if (const auto* geometry = object.find("geometry"))
+        node.geometry = readGeometry(*geometry, object.placeOf("geometry"), problems);
+    const JsonValue* material = object.find("material");
     if (material == nullptr)
         return;
-    const SCNMaterialPtr read = readMaterial(*material, object.pathOf("material"), fault);
+    const SCNMaterialPtr read = readMaterial(*material, object.placeOf("material"), problems);
     if (node.geometry) {
         node.geometry->materials = {read};
     } else {
@@ -211,20 +208,19 @@ void readContents(JsonObject& object, SCNNode& node, JsonFault& fault) {
     }
 }
 
-void readNodes(
-    JsonObject& owner, std::string_view key, SCNNode& parent, int depth, Context& context) {
-    owner.forEach(key, [&](const rapidjson::Value& value, const std::string& path) {
-        if (depth > kMaxDepth || ++context.nodes > kMaxNodes) {
-            context.fault.report(
-                path, fmt::format("over {} levels or {} nodes", kMaxDepth, kMaxNodes));
+void readNodes(JsonObject& owner, std::string_view key, SCNNode& parent, Context& context) {
+    owner.forEach(key, [&](const JsonValue& value, const std::string& place) {
+        if (++context.nodes > kMaxNodes) {
+            if (context.nodes == kMaxNodes + 1)
+                context.problems.add(value.line, fmt::format("over {} nodes", kMaxNodes));
             return;
         }
         const auto node = std::make_shared<SCNNode>();
-        JsonObject object(value, path, context.fault);
+        JsonObject object(value, place, context.problems);
         readPlacement(object, *node);
-        readContents(object, *node, context.fault);
-        readParticles(object, *node, context.fault);
-        readNodes(object, "children", *node, depth + 1, context);
+        readContents(object, *node, context.problems);
+        readParticles(object, *node, context.problems);
+        readNodes(object, "children", *node, context);
         object.finish();
         parent.addChildNode(node);
     });
@@ -232,20 +228,27 @@ void readNodes(
 
 } // namespace
 
+tl::unexpected<foundation::Error>
+failureOf(const foundation::Problem& problem, const std::string& file) {
+    return foundation::fail(
+        foundation::Cause::malformed,
+        fmt::format("{}: line {}: {}", file, problem.line, problem.text));
+}
+
 foundation::Result<SCNScenePtr>
 SCNScene::fromJSON(const std::string& text, const std::string& name) {
-    const foundation::Result<rapidjson::Document> document = parseJson(text);
+    const auto document = foundation::parseJson(text);
     if (!document)
-        return tl::unexpected(document.error().in(name));
+        return failureOf(document.error(), name);
     auto scene = std::make_shared<SCNScene>();
     Context context;
-    JsonObject object(*document, "", context.fault);
-    readNodes(object, "nodes", *scene->rootNode(), 1, context);
-    scene->background = readProperty(object, "background", context.fault);
-    scene->lightingEnvironment = readProperty(object, "lightingEnvironment", context.fault);
+    JsonObject object(*document, "the scene", context.problems);
+    readNodes(object, "nodes", *scene->rootNode(), context);
+    scene->background = readProperty(object, "background", context.problems);
+    scene->lightingEnvironment = readProperty(object, "lightingEnvironment", context.problems);
     object.finish();
-    if (const auto& error = context.fault.error())
-        return tl::unexpected(error->in(name));
+    if (!context.problems.isEmpty())
+        return failureOf(context.problems.sorted(1).front(), name);
     return scene;
 }
 

@@ -46,12 +46,12 @@ constexpr auto kSlots = std::to_array<Named<SCNMaterialProperty SCNMaterial::*>>
 });
 
 void readPicture(JsonObject& slot, SCNMaterialProperty& property) {
-    const std::optional<std::string> name = slot.text("image");
+    const std::optional<std::string> name = slot.string("image");
     if (!name)
         return;
     const image::ImagePtr picture = image::imageNamed(*name);
     if (!picture)
-        slot.report("image", fmt::format("no picture is named \"{}\"", *name));
+        slot.report("image", "names no picture: " + foundation::quoted(*name));
     property.setImage(picture);
     property.wrapS = SCNWrapMode::repeat;
     property.wrapT = SCNWrapMode::repeat;
@@ -74,7 +74,7 @@ std::optional<image::Color> parseColor(std::string_view text) {
 }
 
 std::optional<image::Color> readColor(JsonObject& object, std::string_view key) {
-    const std::optional<std::string> text = object.text(key);
+    const std::optional<std::string> text = object.string(key);
     if (!text)
         return {};
     const std::optional<image::Color> color = parseColor(*text);
@@ -83,26 +83,26 @@ std::optional<image::Color> readColor(JsonObject& object, std::string_view key) 
     return color;
 }
 
-SCNMaterialProperty readProperty(JsonObject& object, std::string_view key, JsonFault& fault) {
+SCNMaterialProperty readProperty(JsonObject& object, std::string_view key, Problems& problems) {
     SCNMaterialProperty property;
-    const rapidjson::Value* value = object.value(key);
+    const JsonValue* value = object.find(key);
     if (value == nullptr)
         return property;
-    if (value->IsString()) {
+    if (value->kind == JsonValue::Kind::string) {
         if (const auto color = readColor(object, key))
             property.contents = *color;
         return property;
     }
-    if (value->IsNumber()) {
+    if (value->kind == JsonValue::Kind::number) {
         if (const auto number = object.number(key, kFraction))
             property.contents = static_cast<float>(*number);
         return property;
     }
-    if (!value->IsObject()) {
+    if (value->kind != JsonValue::Kind::object) {
         object.report(key, "must be a colour, a number or an object");
         return property;
     }
-    JsonObject slot(*value, object.pathOf(key), fault);
+    JsonObject slot(*value, object.placeOf(key), problems);
     readPicture(slot, property);
     if (const auto color = readColor(slot, "color")) {
         if (!property.isEmpty())
@@ -111,18 +111,17 @@ SCNMaterialProperty readProperty(JsonObject& object, std::string_view key, JsonF
     }
     if (const auto intensity = slot.number("intensity", kIntensity))
         property.intensity = static_cast<float>(*intensity);
-    if (const auto scale = slot.vector2("scale"))
-        property.contentsTransform = glm::scale(glm::mat4(1), glm::vec3(*scale, 1));
+    if (const auto scale = slot.vector2("scale", kCoordinate))
+        property.contentsTransform = glm::scale(glm::mat4(1), glm::vec3(glm::vec2(*scale), 1));
     slot.finish();
     if (property.isEmpty())
         object.report(key, R"(needs "image" or "color")");
     return property;
 }
 
-SCNMaterialPtr
-readMaterial(const rapidjson::Value& value, const std::string& path, JsonFault& fault) {
+SCNMaterialPtr readMaterial(const JsonValue& value, const std::string& place, Problems& problems) {
     auto material = std::make_shared<SCNMaterial>();
-    JsonObject object(value, path, fault);
+    JsonObject object(value, place, problems);
     if (const auto model = object.oneOf("lightingModel", kLightingModels))
         material->lightingModelName = *model;
     if (const auto mode = object.oneOf("blendMode", kBlendModes))
@@ -132,7 +131,7 @@ readMaterial(const rapidjson::Value& value, const std::string& path, JsonFault& 
     if (const auto doubleSided = object.boolean("doubleSided"))
         material->isDoubleSided = *doubleSided;
     for (const auto& slot : kSlots) {
-        (*material).*slot.value = readProperty(object, slot.name, fault);
+        (*material).*slot.value = readProperty(object, slot.name, problems);
     }
     object.finish();
     return material;

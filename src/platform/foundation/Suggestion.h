@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace zelvo::app {
+namespace zelvo::foundation {
 
 /// How many single edits (insert, delete, replace, swap of neighbours) lead from one text to the
 /// other; the case of ASCII letters does not count. The restricted Damerau-Levenshtein distance.
@@ -16,4 +16,4 @@ namespace zelvo::app {
 [[nodiscard]] std::optional<std::string>
 nearest(std::string_view given, std::span<const std::string> candidates);
 
-} // namespace zelvo::app
+} // namespace zelvo::foundation

@@ -1,20 +1,22 @@
 // SPDX-License-Identifier: MIT
-#include "app/JsonTree.h"
+#include "platform/foundation/Json.h"
 
 #include <fmt/format.h>
-#include <rapidjson/memorystream.h>
 #include <rapidjson/reader.h>
+
+#include <QLocale>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 #include <utility>
 
-namespace zelvo::app {
+namespace zelvo::foundation {
 
 namespace {
 
-using Stream = rapidjson::MemoryStream;
+using Stream = rapidjson::InsituStringStream;
 
 /// Lines of a text by offset. Asked for rising offsets, it walks the text once.
 class LineCounter {
@@ -44,7 +46,7 @@ private:
 /// and not ended; they are moved into their parents when they end, so that no address is kept.
 class TreeBuilder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, TreeBuilder> {
 public:
-    TreeBuilder(const Stream& source, LineCounter& counter)
+    TreeBuilder(Stream& source, LineCounter& counter)
         : stream(source)
         , lines(counter) {}
 
@@ -58,19 +60,13 @@ public:
         return add(std::move(made));
     }
 
-    bool Double(double value) {
+    /// The library's own reading of numbers is not exact, or not defined for some zeros.
+    bool RawNumber(const char* chars, rapidjson::SizeType length, bool) {
         auto made = make(JsonValue::Kind::number);
-        made.number = value;
-        return add(std::move(made));
+        made.number = QLocale::c().toDouble(QLatin1String(chars, static_cast<qsizetype>(length)));
+        return std::isinf(made.number) ? refuse("not JSON: a number is too big")
+                                       : add(std::move(made));
     }
-
-    bool Int(int value) { return Double(value); }
-
-    bool Uint(unsigned value) { return Double(value); }
-
-    bool Int64(std::int64_t value) { return Double(static_cast<double>(value)); }
-
-    bool Uint64(std::uint64_t value) { return Double(static_cast<double>(value)); }
 
     bool String(const char* chars, rapidjson::SizeType length, bool) {
         auto made = make(JsonValue::Kind::string);
@@ -79,7 +75,10 @@ public:
     }
 
     bool Key(const char* chars, rapidjson::SizeType length, bool) {
-        open.back().members.push_back({std::string(chars, length), currentLine(), {}});
+        auto& members = open.back().members;
+        if (members.size() == kMaxJsonKeys)
+            return refuse(fmt::format("an object has more than {} keys", kMaxJsonKeys));
+        members.push_back({std::string(chars, length), currentLine(), {}});
         return true;
     }
 
@@ -94,8 +93,14 @@ public:
     // NOLINTEND(readability-identifier-naming)
 
     JsonValue root;
+    std::string refusal; ///< why parsing was stopped, if it was not for its grammar
 
 private:
+    bool refuse(std::string why) {
+        refusal = std::move(why);
+        return false;
+    }
+
     [[nodiscard]] int currentLine() { return lines.at(stream.Tell()); }
 
     [[nodiscard]] JsonValue make(JsonValue::Kind kind) {
@@ -107,7 +112,7 @@ private:
 
     bool begin(JsonValue::Kind kind) {
         if (open.size() >= kMaxJsonDepth)
-            return false;
+            return refuse(fmt::format("brackets are nested more than {} deep", kMaxJsonDepth));
         open.push_back(make(kind));
         return true;
     }
@@ -119,6 +124,8 @@ private:
     }
 
     bool add(JsonValue value) {
+        if (++count > kMaxJsonValues)
+            return refuse(fmt::format("the file has more than {} values", kMaxJsonValues));
         if (open.empty()) {
             root = std::move(value);
         } else if (open.back().kind == JsonValue::Kind::array) {
@@ -129,9 +136,10 @@ private:
         return true;
     }
 
-    const Stream& stream;
+    Stream& stream;
     LineCounter& lines;
     std::vector<JsonValue> open;
+    std::size_t count = 0;
 };
 
 struct Explanation {
@@ -163,9 +171,6 @@ constexpr auto kExplanations = std::to_array<Explanation>({
 });
 
 [[nodiscard]] std::string explain(rapidjson::ParseErrorCode code) {
-    if (code == rapidjson::kParseErrorTermination) {
-        return fmt::format("brackets are nested more than {} deep", kMaxJsonDepth);
-    }
     const auto* const found =
         std::find_if(kExplanations.begin(), kExplanations.end(), [&](const auto& row) {
             return row.code == code;
@@ -185,16 +190,23 @@ tl::expected<JsonValue, Problem> parseJson(std::string_view text) {
     if (text.starts_with(kByteOrderMark))
         text.remove_prefix(kByteOrderMark.size());
 
-    constexpr unsigned kFlags =
-        rapidjson::kParseFullPrecisionFlag | rapidjson::kParseValidateEncodingFlag;
-    Stream stream(text.data(), text.size());
+    // In place: the library then needs no stack of its own, whose arithmetic begins at null.
+    constexpr unsigned kFlags = rapidjson::kParseInsituFlag |
+                                rapidjson::kParseNumbersAsStringsFlag |
+                                rapidjson::kParseValidateEncodingFlag;
+    std::string scratch(text);
+    Stream stream(scratch.data());
     LineCounter lines(text);
     TreeBuilder builder(stream, lines);
     rapidjson::Reader reader;
     if (reader.Parse<kFlags>(stream, builder).IsError()) {
-        return tl::unexpected(
-            Problem{lines.at(reader.GetErrorOffset()), explain(reader.GetParseErrorCode())});
+        return tl::unexpected(Problem{
+            lines.at(reader.GetErrorOffset()),
+            builder.refusal.empty() ? explain(reader.GetParseErrorCode()) : builder.refusal});
     }
+    if (stream.Tell() < text.size()) // at a zero byte, which it takes for the end
+        return tl::unexpected(Problem{
+            lines.at(stream.Tell()), explain(rapidjson::kParseErrorDocumentRootNotSingular)});
     return std::move(builder.root);
 }
 
@@ -204,4 +216,4 @@ std::string_view kindName(JsonValue::Kind kind) {
     return kNames.at(static_cast<std::size_t>(kind));
 }
 
-} // namespace zelvo::app
+} // namespace zelvo::foundation

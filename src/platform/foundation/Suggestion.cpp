@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "app/Suggestion.h"
+#include "platform/foundation/Suggestion.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <vector>
 
-namespace zelvo::app {
+namespace zelvo::foundation {
 
 namespace {
 
@@ -61,4 +61,4 @@ nearest(std::string_view given, std::span<const std::string> candidates) {
     return best;
 }
 
-} // namespace zelvo::app
+} // namespace zelvo::foundation

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace zelvo::app {
+namespace zelvo::foundation {
 
 struct JsonMember;
 
@@ -39,14 +39,18 @@ struct Problem {
     friend bool operator==(const Problem&, const Problem&) = default;
 };
 
-/// Limits on foreign text.
+/// Limits on foreign text: far above any performance or scene, and few enough to be read in no
+/// time.
 inline constexpr std::size_t kMaxJsonBytes = 16UL * 1024 * 1024;
-inline constexpr int kMaxJsonDepth = 32;
+inline constexpr int kMaxJsonDepth = 32; ///< of brackets
+inline constexpr std::size_t kMaxJsonValues = 500'000;
+inline constexpr std::size_t kMaxJsonKeys = 1000; ///< of one object
 
 /// Reads strict JSON (RFC 8259) in UTF-8. What breaks its grammar or a limit is one problem.
+/// Numbers are read exactly; one too small for a double is 0.
 [[nodiscard]] tl::expected<JsonValue, Problem> parseJson(std::string_view text);
 
 /// "a number", "an object" …
 [[nodiscard]] std::string_view kindName(JsonValue::Kind kind);
 
-} // namespace zelvo::app
+} // namespace zelvo::foundation
