@@ -1,5 +1,5 @@
 # Includes run downwards only, between folders and between files. Run as: cmake -DSRC=<src> -P floors.cmake
-# The order of the folders is read from src/CMakeLists.txt, the one place where it stands.
+# The order of the folders is read from src/CMakeLists.txt, and the picture of docs/house.md is held to it.
 
 cmake_minimum_required(VERSION 3.25)
 file(READ "${SRC}/CMakeLists.txt" order)
@@ -24,6 +24,28 @@ function(folder_of file result)
 endfunction()
 
 set(faults 0)
+
+# The picture of the house: a room's line in it, from the top down. Every top-level folder has one.
+file(STRINGS "${SRC}/../docs/house.md" page)
+set(at 0)
+foreach(line IN LISTS page)
+    math(EXPR at "${at} + 1")
+    if(line STREQUAL "## Where does it go?")
+        break()
+    endif()
+    string(REGEX MATCHALL "[a-z]+/( |$)" rooms "${line}")
+    foreach(room IN LISTS rooms)
+        string(REGEX REPLACE "/.*" "" room "${room}")
+        set(line_of_${room} ${at})
+    endforeach()
+endforeach()
+foreach(folder IN LISTS folders)
+    string(REGEX REPLACE "/.*" "" top "${folder}")
+    if(NOT line_of_${top})
+        message("${top}/ is missing in the picture of docs/house.md")
+        math(EXPR faults "${faults} + 1")
+    endif()
+endforeach()
 
 # A top-level folder is one floor: were its folders apart, others between them would climb into it.
 set(passed "")
@@ -55,6 +77,12 @@ foreach(file IN LISTS files)
             continue() # generated
         endif()
         list(APPEND includes_${file} "${target}")
+        string(REGEX REPLACE "/.*" "" own_room "${own}")
+        string(REGEX REPLACE "/.*" "" room "${target}")
+        if(NOT room STREQUAL own_room AND NOT line_of_${own_room} LESS line_of_${room})
+            message("${file} includes ${target}, which docs/house.md does not draw below it")
+            math(EXPR faults "${faults} + 1")
+        endif()
         folder_of("${target}" other)
         list(FIND folders "${other}" other_floor)
         if(other_floor GREATER own_floor)
