@@ -1,20 +1,28 @@
 // SPDX-License-Identifier: MIT
 // How the application feels: start to first picture, switch of panels, answer to a press, frames a
 // second of the live stage, and whether it grows. A program of its own, since it needs a display:
-//   xvfb-run -a -s "-screen 0 1280x720x24" build/release/bench/window_bench [--soak] [PICTURES]
+//   xvfb-run -a -s "-screen 0 1280x720x24" build/release/bench/window_bench [OPTION] [PICTURES]
+// --soak  fifty runs and many changes of the environment: what stays of their memory
+// --busy  how long a run takes, and how long a press, beside four processes that never rest
 #include "app/Application.h"
 #include "app/Stopwatch.h"
 #include "ui/menus/ActionsMenu.h"
 
 #include <fmt/format.h>
 #include <malloc.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <QGuiApplication>
 #include <QImage>
 #include <QQuickWindow>
 
 #include <algorithm>
+#include <array>
+#include <csignal>
+#include <cstdlib>
 #include <fstream>
 #include <string>
 
@@ -26,6 +34,35 @@ constexpr int kRuns = 50;
 constexpr int kScenes = 11;
 constexpr int kRounds = 4; ///< through all of them
 constexpr double kShortRun = 2;
+constexpr double kPressPace = 0.1;
+
+/// Four processes that never rest, for as long as it lives.
+class BusyMachine {
+public:
+    BusyMachine() {
+        for (pid_t& process : processes) {
+            process = fork();
+            if (process != 0)
+                continue;
+            prctl(PR_SET_PDEATHSIG, SIGKILL);
+            for (volatile bool isBusy = true; isBusy;) {
+            }
+        }
+    }
+
+    ~BusyMachine() {
+        for (const pid_t process : processes) {
+            kill(process, SIGKILL);
+            waitpid(process, nullptr, 0);
+        }
+    }
+
+    BusyMachine(const BusyMachine&) = delete;
+    BusyMachine& operator=(const BusyMachine&) = delete;
+
+private:
+    std::array<pid_t, 4> processes{};
+};
 
 class Session {
 public:
@@ -69,6 +106,17 @@ public:
         for (int rounds = 1; rounds <= kRounds; ++rounds) {
             swapScenes();
             reportMemory(fmt::format("after {} swaps", rounds * kScenes));
+        }
+    }
+
+    /// Plays the catalogue in every environment.
+    void measureClock() {
+        wait([this] { return stage().framesShown() > 0; });
+        application.main.showAnim();
+        for (int scene = 0; scene < kScenes; ++scene) {
+            application.model().setScene(scene);
+            waitFor(1);
+            measureClockIn(scene);
         }
     }
 
@@ -141,6 +189,37 @@ private:
         wait([&model] { return !model.isPlaying(); });
         report("a run of 2 + 8 seconds", since(began), "s");
         report("drawn at a scale of", stage().drawScale(), "");
+    }
+
+    void measureClockIn(int scene) {
+        core::Model& model = application.model();
+        const int before = stage().framesShown();
+        const double began = app::stopwatchSeconds();
+        double longest = 0;
+        model.start();
+        for (int presses = 0; model.isPlaying(); ++presses) {
+            const double due = app::stopwatchSeconds() + kPressPace;
+            waitFor(kPressPace);
+            longest = std::max(longest, since(due));
+            if (presses % 10 == 9) {
+                catalogue()->pressButton(presses / 10 % 3);
+                catalogue()->releaseButton(presses / 10 % 3);
+            }
+        }
+        const double took = since(began);
+        std::array<double, 1> load{};
+        (void)getloadavg(load.data(), 1);
+        fmt::print(
+            "environment {:2}: a run of 2 + 8 s takes {:5.2f} s, {:4.1f} frames/s at a scale of "
+            "{:4.2f}, a press waits {:3.0f} ms at most, load {:.1f}\n",
+            scene,
+            took,
+            (stage().framesShown() - before) / took,
+            stage().drawScale(),
+            longest * 1000,
+            load[0]);
+        std::fflush(stdout);
+        model.actionController().deleteAll();
     }
 
     void measurePress() {
@@ -220,9 +299,13 @@ int main(int argc, char** argv) {
     const QGuiApplication process(argc, argv);
     QStringList arguments = QGuiApplication::arguments().mid(1);
     const bool isSoak = arguments.removeAll("--soak") > 0;
+    const bool isBusy = arguments.removeAll("--busy") > 0;
     Session session(arguments.value(0));
     if (isSoak) {
         session.soak();
+    } else if (isBusy) {
+        const BusyMachine others;
+        session.measureClock();
     } else {
         session.measure();
     }

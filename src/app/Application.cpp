@@ -63,8 +63,10 @@ Application::Application(const foundation::Folders& folders)
         {"main", QVariant::fromValue<QObject*>(&main)}
     });
     engine.load(QUrl("qrc:/zelvo/Main.qml"));
-    if (QQuickWindow* shown = window())
+    if (QQuickWindow* shown = window()) {
         main.visualizer.watch(shown);
+        gate = std::make_unique<ui::FrameGate>(*shown, runLoop_);
+    }
 }
 
 Application::~Application() {

@@ -8,11 +8,13 @@
 #include "platform/text/FontRegistry.h"
 #include "stage/Nodes.h"
 #include "ui/controls/Alerts.h"
+#include "ui/main/FrameGate.h"
 #include "ui/main/MainViewController.h"
 
 #include <QQmlApplicationEngine>
 
 #include <filesystem>
+#include <memory>
 #include <vector>
 
 class QQuickWindow;
@@ -57,6 +59,7 @@ private:
     [[nodiscard]] core::ModelServices modelServices(const foundation::Folders& folders);
     void keepWindowPlace();
 
+    std::unique_ptr<ui::FrameGate> gate;
     QQmlApplicationEngine engine;
 };
 

@@ -11,10 +11,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTest>
+#include <QThread>
 
 #include <algorithm>
 #include <filesystem>
@@ -215,6 +217,24 @@ TEST_F(WindowTest, APerformanceFromTheStartToThePreview) {
     ASSERT_NO_FATAL_FAILURE(replayAndUndo());
     ASSERT_NO_FATAL_FAILURE(deleteFromHistory());
     ASSERT_NO_FATAL_FAILURE(exportMovie());
+}
+
+TEST_F(WindowTest, ARunKeepsItsTimeHoweverLongAPictureTakes) {
+    ASSERT_TRUE(soon([&] { return application.main.stage.framesShown() > 0; }));
+    application.main.showAnim();
+    const auto take = [&](auto moment, unsigned long milliseconds) {
+        QObject::connect(
+            &window, moment, &window, [=] { QThread::msleep(milliseconds); }, Qt::DirectConnection);
+    };
+    take(&QQuickWindow::afterSynchronizing, 25); // the main thread waits
+    take(&QQuickWindow::afterRendering, 100);
+    model.setDuration(core::Model::kMinDuration);
+    QElapsedTimer watch;
+    watch.start();
+    model.start();
+    application.runLoop().runUntil([&] { return !model.isPlaying(); });
+    const double whole = model.startCounter() + model.duration();
+    EXPECT_LT(static_cast<double>(watch.elapsed()) / 1000, 1.5 * whole);
 }
 
 TEST(WindowClosing, LeavesNoHalfMovieBehind) {

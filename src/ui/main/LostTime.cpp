@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/LostTime.h"
+
+#include "model/Model.h"
+
+#include <algorithm>
+
+namespace zelvo::ui {
+
+void LostTime::runBegan(double now) {
+    runs = true;
+    lastTick = now;
+    lost = 0;
+}
+
+void LostTime::ticked(double now) {
+    const double passed = now - lastTick;
+    lastTick = now;
+    const double late = passed - core::Model::kStep; // below 0 after a late one
+    lost = std::clamp(lost + late - kAllowedShare * passed, 0.0, kMostKept);
+}
+
+void LostTime::runEnded() {
+    runs = false;
+}
+
+double LostTime::drawsFrom(double last) const {
+    // One beat late is in time: the next one comes when it should.
+    if (!runs || lost <= core::Model::kStep)
+        return last;
+    return std::min(lastTick + lost / kAllowedShare, last + kLongestRest);
+}
+
+} // namespace zelvo::ui

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main/FrameGate.h"
+
+#include "model/Model.h"
+#include "shared/Signal.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QQuickWindow>
+
+namespace zelvo::ui {
+
+namespace {
+
+constexpr double kStep = core::Model::kStep;
+
+/// A run in which every tick comes so many steps after the one before; how often a picture is
+/// drawn.
+double picturesASecond(double steps) {
+    LostTime time;
+    double now = 0;
+    double last = 0;
+    int pictures = 0;
+    time.runBegan(now);
+    for (int i = 0; i < 600; ++i) {
+        now += steps * kStep;
+        time.ticked(now);
+        if (now < time.drawsFrom(last))
+            continue;
+        last = now;
+        ++pictures;
+    }
+    return pictures / now;
+}
+
+TEST(LostTime, leaves_pictures_out_while_a_run_loses_time_but_not_all) {
+    EXPECT_NEAR(picturesASecond(1), 60, 0.1);
+    EXPECT_NEAR(picturesASecond(1 + LostTime::kAllowedShare), 60, 4);
+    EXPECT_NEAR(picturesASecond(2), 1 / LostTime::kLongestRest, 1);
+
+    LostTime time;
+    time.runBegan(0);
+    time.ticked(5); // somebody held the window
+    EXPECT_GT(time.drawsFrom(5), 5.1);
+    for (double now = 5; now < 5 + LostTime::kMostKept / LostTime::kAllowedShare; now += kStep)
+        time.ticked(now);
+    EXPECT_EQ(time.drawsFrom(7), 7) << "and let go of it";
+    time.ticked(12);
+    time.runEnded();
+    EXPECT_EQ(time.drawsFrom(12), 12) << "where no clock runs, none is late";
+}
+
+TEST(FrameGate, keeps_the_main_thread_from_waiting_for_the_drawing_one) {
+    foundation::VirtualRunLoop loop;
+    QQuickWindow window;
+
+    struct Passed : QObject {
+        int frames = 0;
+
+        bool eventFilter(QObject*, QEvent* event) override {
+            frames += event->type() == QEvent::UpdateRequest ? 1 : 0;
+            return event->type() == QEvent::UpdateRequest;
+        }
+    } passed;
+
+    window.installEventFilter(&passed);
+    FrameGate gate(window, loop);
+    const auto ask = [&] {
+        QEvent request(QEvent::UpdateRequest);
+        QCoreApplication::sendEvent(&window, &request);
+        return passed.frames;
+    };
+    EXPECT_EQ(ask(), 1);
+    Q_EMIT window.beforeFrameBegin();
+    EXPECT_EQ(ask(), 1) << "the last one is being drawn";
+    Q_EMIT window.afterFrameEnd();
+    EXPECT_EQ(ask(), 2);
+
+    signals().isPlayingSignal.fire(true);
+    loop.runFor(1);
+    signals().timeSignal.fire({});
+    EXPECT_EQ(ask(), 3) << "a picture now and then";
+    EXPECT_EQ(ask(), 3) << "the clock lost a second";
+    signals().isPlayingSignal.fire(false);
+    EXPECT_EQ(ask(), 4);
+}
+
+} // namespace
+
+} // namespace zelvo::ui
