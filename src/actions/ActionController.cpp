@@ -39,27 +39,42 @@ void ActionController::addAction(
     xac->title = std::move(title);
     xac->registerUndo = registerUndo == RegisterUndo::yes;
 
+    const auto isInRun = std::make_shared<bool>(false);
+    send(
+        [this, xac, isInRun] {
+            xac->time = owner.time();
+            xac->hasRun = true;
+            *isInRun = owner.isPlaying();
+        },
+        [this, xac, isInRun, performance = performanceNumber] {
+            if (*isInRun && performance == performanceNumber)
+                keep(xac);
+            if (!*isInRun || owner.isPlaying())
+                xac->xacFunc();
+        });
+}
+
+void ActionController::send(std::function<void()> onQueue, std::function<void()> onLoop) {
+    ++underWay;
     // The owner outlives its serial queue's work; what waits on the run loop may outlive this
     // controller.
     const std::weak_ptr<const bool> guard = alive;
-    owner.serialQueue().async([this, guard, xac, performance = performanceNumber] {
-        xac->time = owner.time();
-        xac->hasRun = true;
-        const bool isKept = owner.isPlaying();
-        owner.runLoop().post([this, guard, xac, isKept, performance] {
-            if (!guard.expired())
-                keepAndExecute(xac, isKept, performance);
+    owner.serialQueue().async(
+        [this, guard, onQueue = std::move(onQueue), onLoop = std::move(onLoop)] {
+            onQueue();
+            owner.runLoop().post([this, guard, onLoop] {
+                if (guard.expired())
+                    return;
+                --underWay;
+                onLoop();
+            });
         });
-    });
 }
 
-void ActionController::keepAndExecute(const XACPtr& xac, bool isKept, int performance) {
-    if (isKept && performance == performanceNumber) {
-        append(xac);
-        if (xac->registerUndo)
-            undoManager.add(MyUndoManagerActionType::remove, xac);
-    }
-    xac->xacFunc();
+void ActionController::keep(const XACPtr& xac) {
+    append(xac);
+    if (xac->registerUndo)
+        undoManager.add(MyUndoManagerActionType::remove, xac);
 }
 
 std::string
@@ -88,8 +103,19 @@ void ActionController::run(double time) {
         if (xac->hasRun || xac->time > time)
             continue;
         xac->hasRun = true; // before the callback, so that no later tick runs it a second time
-        owner.runLoop().post([xac] { xac->xacFunc(); });
+        const std::weak_ptr<const bool> guard = alive;
+        owner.runLoop().post([this, guard, xac, run = runNumber] {
+            if (!guard.expired() && run == runNumber)
+                xac->xacFunc();
+        });
     }
+}
+
+void ActionController::endRun() {
+    checkOwnerThread();
+    ++runNumber;
+    resetAll(CameraHandles::include);
+    techniques.endAll();
 }
 
 void ActionController::markAllNotRun() {
@@ -140,19 +166,36 @@ void ActionController::deleteAll() {
 }
 
 void ActionController::undo() {
-    if (!undoManager.canUndo())
-        return;
-    const std::string title = undoManager.undoTitle();
-    ui::signals().messageSignal.fire(title.empty() ? "Undo Action" : "Undo " + title);
-    undoManager.undo();
+    behindPresses([this] {
+        if (!undoManager.canUndo())
+            return;
+        const std::string title = undoManager.undoTitle();
+        ui::signals().messageSignal.fire(title.empty() ? "Undo Action" : "Undo " + title);
+        undoManager.undo();
+    });
 }
 
 void ActionController::redo() {
-    if (!undoManager.canRedo())
+    behindPresses([this] {
+        if (!undoManager.canRedo())
+            return;
+        const std::string title = undoManager.redoTitle();
+        ui::signals().messageSignal.fire(title.empty() ? "Redo Action" : "Redo " + title);
+        undoManager.redo();
+    });
+}
+
+void ActionController::behindPresses(const std::function<void()>& step) {
+    if (underWay == 0) {
+        step();
         return;
-    const std::string title = undoManager.redoTitle();
-    ui::signals().messageSignal.fire(title.empty() ? "Redo Action" : "Redo " + title);
-    undoManager.redo();
+    }
+    send(
+        [] {},
+        [this, step, performance = performanceNumber] {
+            if (performance == performanceNumber)
+                step();
+        });
 }
 
 void ActionController::checkOwnerThread() const {

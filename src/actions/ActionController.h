@@ -69,6 +69,10 @@ public:
     /// A new run begins: every record is to be executed again.
     void markAllNotRun();
 
+    /// A run is over: the stage comes home, nothing is held any more, and what was released but has
+    /// not been executed yet never is.
+    void endRun();
+
     void append(const XACPtr& xac) override;
     /// All records of one user act.
     void removeActions(int identifier) override;
@@ -81,17 +85,23 @@ public:
     void deleteAll();
 
     /// With a message that names what is undone or redone; nothing happens where there is nothing.
+    /// At once, or behind the presses that are still on their way into the list.
     void undo();
     void redo();
 
 private:
-    void keepAndExecute(const XACPtr& xac, bool isKept, int performance);
+    /// Over the serial queue back to the run loop, in the order of sending.
+    void send(std::function<void()> onQueue, std::function<void()> onLoop);
+    void behindPresses(const std::function<void()>& step);
+    void keep(const XACPtr& xac);
     void checkOwnerThread() const;
 
     ActionControllerOwner& owner;
     std::vector<XACPtr> recordedActions_;
+    int underWay = 0; ///< what was sent and has not come back
     int performanceNumber =
-        0; ///< raised by deleteAll: what was under way then is not kept any more
+        0;             ///< raised by deleteAll: what was under way then is not kept any more
+    int runNumber = 0; ///< raised by the end of each run
     std::thread::id ownerThread = std::this_thread::get_id();
     std::shared_ptr<const bool> alive =
         std::make_shared<const bool>(true); ///< queued calls may outlive this

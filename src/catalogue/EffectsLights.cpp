@@ -52,7 +52,7 @@ Button particleButton(const char* title, core::ParticleList const core::Nodes::*
 void sweepBeacon(ActionController& controller, double d) {
     const NodePtr node = core::LightNodes::spotLight();
     node->position = kBeaconStart;
-    controller.nodes.cameraNode->addChildNode(node);
+    controller.nodes.addEffect(*controller.nodes.cameraNode, node);
     const std::weak_ptr<core::DefaultSCNNode> weak = node;
     node->runAction(SCNAction::moveTo(kBeaconEnd, d), [weak, &controller] {
         if (const NodePtr ended = weak.lock())
@@ -156,7 +156,7 @@ void sweepStreak(ActionController& controller, const Streak& streak) {
     carrier->position = glm::vec3(streak.start.x, streak.start.y, -streak.start.z);
     carrier->categoryBitMask = kStreakMask;
     carrier->addChildNode(plane);
-    controller.nodes.mediaHolderNode->addChildNode(carrier);
+    controller.nodes.addEffect(*controller.nodes.mediaHolderNode, carrier);
 
     const std::weak_ptr<core::DefaultSCNNode> weakPlane = plane;
     plane->runAction(streak.wait, [weakPlane, &controller] {

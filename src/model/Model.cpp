@@ -4,7 +4,6 @@
 #include "environments/SceneManager.h"
 #include "model/DistanceFade.h"
 #include "platform/foundation/Check.h"
-#include "platform/scene/SCNTransaction.h"
 #include "shared/Palette.h"
 #include "shared/Signal.h"
 
@@ -102,8 +101,9 @@ void Model::stop(Reset reset) {
         fireTimeSignal();
     }
     audioPlayer_.stop();
-    actionController().resetAll(actions::CameraHandles::include);
-    removeEffects();
+    clearTechniques();
+    actionController().endRun();
+    services.nodes.removeEffects();
 }
 
 void Model::toggle() {
@@ -163,14 +163,12 @@ void Model::fireTimeSignal() const {
     });
 }
 
-void Model::removeEffects() {
-    scene::SCNTransaction::begin();
-    services.nodes.particleAndParticleLightHolder->removeAllParticleSystems();
-    const auto effects = services.nodes.particleAndParticleLightHolder->childNodes();
-    for (const scene::SCNNodePtr& effect : effects) {
-        effect->removeFromParentNode();
+/// On both, whichever shows the scene: an effect stays with the renderer that it was held on.
+void Model::clearTechniques() const {
+    for (scene::SCNSceneRenderer* renderer : {sceneView_, movieWriter().renderer()}) {
+        if (renderer != nullptr)
+            renderer->technique = nullptr;
     }
-    scene::SCNTransaction::commit();
 }
 
 void Model::setCurrentBackgroundColor(const image::Color& color) {

@@ -165,7 +165,7 @@ private:
     void setPlaying(bool plays);
     void fireTimeSignal() const;
     void reachEnd();
-    void removeEffects();
+    void clearTechniques() const;
 
     ModelServices services;
     std::unique_ptr<foundation::SerialQueue> serialQueue_;

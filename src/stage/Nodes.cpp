@@ -4,7 +4,10 @@
 #include "content/StylePresets.h"
 #include "platform/foundation/Check.h"
 #include "platform/image/Image.h"
+#include "platform/scene/SCNTransaction.h"
 #include "shared/Palette.h"
+
+#include <utility>
 
 namespace zelvo::core {
 namespace {
@@ -105,6 +108,29 @@ void Nodes::applyDefaultStyles() {
 
 std::vector<scene::SCNNodePtr> Nodes::holders() const {
     return {fxHolderNode, particleAndParticleLightHolder, cameraJittery, mediaHolderNode};
+}
+
+void Nodes::addEffect(scene::SCNNode& parent, const scene::SCNNodePtr& effect) {
+    std::erase_if(effects, [](const auto& earlier) { return earlier.expired(); });
+    effects.push_back(effect);
+    parent.addChildNode(effect);
+}
+
+void Nodes::removeEffects() {
+    std::vector<scene::SCNNodePtr> all = particleAndParticleLightHolder->childNodes();
+    for (const auto& effect : std::exchange(effects, {})) {
+        if (scene::SCNNodePtr standing = effect.lock())
+            all.push_back(std::move(standing));
+    }
+    scene::SCNTransaction::begin();
+    particleAndParticleLightHolder->removeAllParticleSystems();
+    for (const scene::SCNNodePtr& effect : all) {
+        // Somebody may hold the node a moment longer. Particles still at work would make the next
+        // run count its emitters from there and show others.
+        effect->enumerateHierarchy([](scene::SCNNode& node) { node.removeAllParticleSystems(); });
+        effect->removeFromParentNode();
+    }
+    scene::SCNTransaction::commit();
 }
 
 } // namespace zelvo::core

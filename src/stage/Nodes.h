@@ -7,6 +7,7 @@
 #include "stage/MediaholderNode.h"
 #include "stage/ParticleNodes.h"
 
+#include <memory>
 #include <vector>
 
 namespace zelvo::core {
@@ -64,9 +65,16 @@ public:
     /// particleAndParticleLightHolder, cameraJittery, mediaHolderNode.
     [[nodiscard]] std::vector<scene::SCNNodePtr> holders() const;
 
+    /// Hangs an effect on a node that holds other things too.
+    void addEffect(scene::SCNNode& parent, const scene::SCNNodePtr& effect);
+    /// Takes all effects off the stage, with their particles.
+    void removeEffects();
+
 private:
     void linkCameraRig();
     void applyDefaultStyles();
+
+    std::vector<std::weak_ptr<scene::SCNNode>> effects; ///< outside particleAndParticleLightHolder
 };
 
 } // namespace zelvo::core

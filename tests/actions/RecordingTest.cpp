@@ -90,6 +90,14 @@ TEST_F(RecordingTest, UndoesAndRedoesAsAMirror) {
     EXPECT_FALSE(controller.undoManager.canRedo()) << "a new action ends what could be redone";
     controller.redo();
     EXPECT_THAT(recordedTitles(), ElementsAre("one", "new"));
+
+    controller.addAction([] {}, controller.newIdentifier(), "newest", RegisterUndo::yes);
+    controller.undo(); // while the press is still on its way
+    controller.undo();
+    controller.redo();
+    world.runLoop.drain();
+    EXPECT_THAT(messages, testing::Contains("Undo newest"));
+    EXPECT_THAT(recordedTitles(), ElementsAre("one", "new"));
 }
 
 TEST_F(RecordingTest, UndoesAWholeGestureAndRedoesItsFirstRecord) {

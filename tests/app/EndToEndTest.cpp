@@ -162,7 +162,7 @@ TEST(EndToEnd, takes_an_undone_press_out_of_the_movie) {
     const auto none = pictureOf("");
     const auto pressed = pictureOf(press);
     EXPECT_FALSE(none == pressed);
-    EXPECT_TRUE(none == pictureOf(press + R"(, {"at": 0.5, "undo": true})"));
+    EXPECT_TRUE(none == pictureOf(press + R"(, {"at": 0.2, "undo": true})"));
     EXPECT_TRUE(
         pressed == pictureOf(press + R"(, {"at": 0.5, "undo": true}, {"at": 0.6, "redo": true})"));
 }

@@ -170,6 +170,56 @@ TEST_F(PerformanceTest, GoesHomeWhenARunIsStopped) {
     EXPECT_TRUE(nodes.particleAndParticleLightHolder->childNodes().empty());
 }
 
+TEST_F(PerformanceTest, LeavesNothingOfARunBehind) {
+    const auto onCamera = nodes.cameraNode->childNodes();
+    const auto onHolder = nodes.mediaHolderNode->childNodes();
+    const auto expectBare = [&] {
+        world.runLoop.runFor(0.05);
+        view.update(world.runLoop.now());
+        EXPECT_EQ(view.technique, nullptr);
+        EXPECT_TRUE(model.actionController().techniques.currentTechniques().empty());
+        EXPECT_EQ(nodes.cameraNode->childNodes(), onCamera);
+        EXPECT_EQ(nodes.mediaHolderNode->childNodes(), onHolder);
+        EXPECT_EQ(nodes.textNode1->position.value(), glm::vec3(0)) << "released with the last tick";
+    };
+    perform({
+        {6,   "FX1", "Invert" }, // still held when the run ends
+        {7.8, "FX3", "Beacon" }, // still under way
+        {7.9, "FX3", "Wosher" },
+        {8,   "IN1", "Left In"}
+    });
+    ASSERT_EQ(model.actionController().recordedActions().size(), 4U);
+    expectBare();
+    model.start();
+    runToTheEnd();
+    expectBare();
+    exportMovie();
+    EXPECT_EQ(model.movieWriter().renderer()->technique, nullptr);
+    expectBare();
+}
+
+TEST_F(PerformanceTest, ShowsTheSameParticlesInEveryRun) {
+    const auto particlesOfARun = [this] {
+        std::vector<glm::vec3> places;
+        model.start();
+        world.runLoop.runFor(2.7); // the flash of 0.3 s up and down has just ended
+        for (const auto& burst : nodes.particleAndParticleLightHolder->childNodes()) {
+            for (const auto& emitter : burst->emitters()) {
+                for (const scene::Particle& particle : emitter->live())
+                    places.push_back(particle.position);
+            }
+        }
+        return places;
+    };
+    perform({
+        {-1.97, "FX2", "Hit 2"},
+        {0.1,   "FX2", "Hit 2"}
+    });
+    const auto first = particlesOfARun();
+    EXPECT_FALSE(first.empty());
+    EXPECT_EQ(particlesOfARun(), first) << "also where one run follows at once upon another";
+}
+
 TEST_F(PerformanceTest, StopsAnExportFromOutside) {
     ASSERT_TRUE(model.startMovie());
     world.runLoop.runFor(4);
