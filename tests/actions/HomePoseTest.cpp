@@ -26,6 +26,8 @@ protected:
         std::vector<scene::SCNNode*> all = {
             nodes.mediaHolderNode.get(),
             nodes.mediaHolderNode->yAxisNode.get(),
+            nodes.cameraPinchNode.get(),
+            nodes.cameraSpecialPerspectiveNode.get(),
             nodes.cameraSuperNode.get(),
             nodes.cameraWiggle.get()};
         for (const core::NodePtr& node : affected) {

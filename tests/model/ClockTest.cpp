@@ -115,6 +115,21 @@ TEST_F(ClockTest, MovesTheStageFromSceneToScene) {
     for (const scene::SCNNodePtr& child : before->rootNode()->childNodes())
         EXPECT_NE(child, nodes.mediaHolderNode);
     EXPECT_NE(nodes.cameraNode->camera, nullptr);
+
+    // Another view comes while a movie is made.
+    scene::HeadlessView other;
+    ASSERT_TRUE(model.startMovie());
+    world.runLoop.drain();
+    model.setSceneView(&other);
+    world.runLoop.drain();
+    EXPECT_EQ(view.delegate, nullptr);
+    EXPECT_EQ(other.delegate, &model);
+    EXPECT_EQ(model.currentRenderer(), model.movieWriter().renderer());
+    EXPECT_EQ(other.scene(), nullptr) << "one renderer has the scene";
+    model.cancelMovie();
+    world.runLoop.drain();
+    EXPECT_EQ(other.scene(), model.sceneData()->scene);
+    model.setSceneView(&view);
 }
 
 TEST_F(ClockTest, StepsTheMusicWithTheRun) {

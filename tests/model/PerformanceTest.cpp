@@ -199,11 +199,13 @@ TEST_F(PerformanceTest, LeavesNothingOfARunBehind) {
 }
 
 TEST_F(PerformanceTest, ShowsTheSameParticlesInEveryRun) {
-    const auto particlesOfARun = [this] {
+    std::vector<scene::SCNNodePtr> held; // as a burst that is about to go holds its node
+    const auto particlesOfARun = [&] {
         std::vector<glm::vec3> places;
         model.start();
-        world.runLoop.runFor(2.7); // the flash of 0.3 s up and down has just ended
-        for (const auto& burst : nodes.particleAndParticleLightHolder->childNodes()) {
+        world.runLoop.runFor(2.5);
+        held = nodes.particleAndParticleLightHolder->childNodes();
+        for (const auto& burst : held) {
             for (const auto& emitter : burst->emitters()) {
                 for (const scene::Particle& particle : emitter->live())
                     places.push_back(particle.position);
@@ -212,12 +214,12 @@ TEST_F(PerformanceTest, ShowsTheSameParticlesInEveryRun) {
         return places;
     };
     perform({
-        {-1.97, "FX2", "Hit 2"},
-        {0.1,   "FX2", "Hit 2"}
+        {0,   "FX2", "Hit 2"},
+        {0.1, "FX2", "Hit 2"}
     });
     const auto first = particlesOfARun();
     EXPECT_FALSE(first.empty());
-    EXPECT_EQ(particlesOfARun(), first) << "also where one run follows at once upon another";
+    EXPECT_EQ(particlesOfARun(), first);
 }
 
 TEST_F(PerformanceTest, StopsAnExportFromOutside) {
