@@ -1,23 +1,29 @@
 // SPDX-License-Identifier: MIT
+// What a press records, and how presses and releases meet.
 #include "catalogue/CatalogueFixture.h"
 
 #include <gmock/gmock.h>
 
-#include <array>
 #include <set>
 
 namespace zelvo::catalogue {
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
-class ButtonTest : public test::CatalogueTest {};
+class ButtonTest : public test::CatalogueTest {
+protected:
+    ButtonTest() {
+        plays = true;
+        clock = 1;
+    }
+};
 
-TEST_F(ButtonTest, StandInFourteenTabs) {
-    std::string row;
+TEST_F(ButtonTest, HaveFacesAndTitlesOfTheirOwn) {
     std::set<std::string_view> titles;
     for (const Tab& tab : tabs()) {
-        row += std::string(tab.shortTitle) + ' ';
+        EXPECT_EQ(tabNamed(tab.shortTitle), &tab) << "two tabs are named " << tab.shortTitle;
         const auto buttons = tab.buttons();
         EXPECT_EQ(buttons.size(), 6U) << tab.shortTitle;
         for (const Button& button : buttons) {
@@ -25,28 +31,27 @@ TEST_F(ButtonTest, StandInFourteenTabs) {
             EXPECT_TRUE(titles.insert(button.title).second) << button.title;
         }
     }
-    EXPECT_EQ(row, "FLY IN1 IN2 IN3 IN4 TXT ROT CAM FX1 FX2 FX3 OT1 OT2 OT3 ");
-    EXPECT_EQ(titles.size(), 84U);
     EXPECT_EQ(tabNamed("TXT")->field, "MID");
     EXPECT_EQ(tabNamed("MID"), nullptr);
 }
 
-TEST_F(ButtonTest, DoNothingWithoutNodes) {
-    plays = true;
-    affected.clear();
+TEST_F(ButtonTest, NeedNoLetters) {
+    nodes.textNode1->setText("");
+    nodes.textNode2->setText("");
     for (const Tab& tab : tabs()) {
-        if (std::ranges::count(std::to_array({"ROT", "CAM", "FX1", "FX2", "FX3"}), tab.shortTitle))
-            continue; // the stage, the camera and the whole picture are always there
-        for (const Button& button : tab.buttons())
+        for (const Button& button : tab.buttons()) {
             press(tab.shortTitle, button.title);
+            goTo(0.5);
+        }
     }
-    EXPECT_TRUE(controller.recordedActions().empty());
-    EXPECT_EQ(controller.currentIdentifier, 0);
+    press("IN3", "Stepped Left In"); // with no letters the others wait for one stagger
+    goTo(0.05 * 0.54);
+    expectAt(*nodes.mediaNode, {-800, 0, 0});
+    goTo(0.05 * 0.54 + 1.55 * factor + 0.001);
+    expectAt(*nodes.mediaNode, glm::vec3(0));
 }
 
 TEST_F(ButtonTest, RecordWhatWasChosenAtThePress) {
-    plays = true;
-    clock = 3;
     affected = {nodes.textNode1, nodes.textNode2};
     press("IN1", "Left In");
     EXPECT_THAT(recordedTitles(), ElementsAre("Left In (TX1, TX2)"));
@@ -56,10 +61,7 @@ TEST_F(ButtonTest, RecordWhatWasChosenAtThePress) {
     // A replay at another speed, with other nodes chosen, is the same action.
     factor = 0.2125;
     affected = {nodes.mediaNode};
-    controller.markAllNotRun();
-    tick(3.01);
-    beginActions();
-    pressedAt = sceneTime;
+    replay();
     expectAt(*nodes.textNode2, {-800, 0, 0});
     goTo(0.85 * 0.9);
     EXPECT_LT(nodes.textNode2->position.value().x, -1);
@@ -68,15 +70,58 @@ TEST_F(ButtonTest, RecordWhatWasChosenAtThePress) {
     expectAt(*nodes.mediaNode, glm::vec3(0));
 }
 
-TEST_F(ButtonTest, SupersedeWhatStillRuns) {
-    affected = {nodes.textNode1};
-    press("IN2", "Screw In");
-    goTo(0.3);
-    press("IN1", "Up In");
-    expectAt(*nodes.textNode1, {0, -800, 0});
-    expectTurned(*nodes.textNode1, glm::vec3(0));
-    goTo(2);
-    expectAt(*nodes.textNode1, glm::vec3(0));
+TEST_F(ButtonTest, LookTheirLettersUpInEachReplay) {
+    press("IN3", "Stepped Left In");
+    const std::weak_ptr<content::CharNode> former = nodes.textNode1->letters()[0];
+    nodes.textNode1->setText("XY");
+    EXPECT_TRUE(former.expired()) << "neither the record nor a waiting letter keeps letters alive";
+    replay();
+    EXPECT_EQ(nodes.textNode1->letters()[1]->opacity.value(), 0);
+}
+
+TEST_F(ButtonTest, HoldAndLetGoAreOneActOfTheUser) {
+    for (const Tab& tab : tabs()) {
+        for (const Button& button : tab.buttons()) {
+            if (!button.isHold())
+                continue;
+            for (int i = 0; i < 2; ++i) {
+                begin(button);
+                clock += 1;
+                end(button);
+            }
+            const auto& records = controller.recordedActions();
+            ASSERT_EQ(records.size(), 4U) << button.title;
+            EXPECT_EQ(records[2]->identifier, records[3]->identifier) << button.title;
+            EXPECT_NE(records[0]->identifier, records[2]->identifier) << button.title;
+            EXPECT_THAT(recordedTitles()[3], IsEmpty()) << button.title;
+            controller.undo();
+            EXPECT_EQ(records.size(), 2U) << button.title;
+            controller.undo();
+        }
+    }
+}
+
+TEST_F(ButtonTest, ZoomInFromWhereTheWayBackIs) {
+    const Button zoom = tabNamed("CAM")->buttons().front();
+    const scene::SCNNode& special = *nodes.cameraSpecialPerspectiveNode;
+    begin(zoom);
+    goTo(1);
+    end(zoom);
+    goTo(0.1);
+    const glm::vec3 onTheWay = special.position;
+    begin(zoom);
+    goTo(0.5 * 0.15 * factor);
+    expectAt(special, (onTheWay + glm::vec3(0, 2, -105)) / 2.0f);
+    goTo(1);
+    expectAt(special, {0, 2, -105}); // the way back is given up
+}
+
+TEST_F(ButtonTest, BeginANewRunInStillAir) {
+    press("CAM", "Turbulence Cam");
+    goTo(1);
+    EXPECT_EQ(nodes.cameraWiggle->position.value(), glm::vec3(0)) << "it only shows";
+    controller.resetAll(actions::CameraHandles::include);
+    EXPECT_THAT(nodes.cameraWiggle->animationKeys(), IsEmpty());
 }
 
 } // namespace

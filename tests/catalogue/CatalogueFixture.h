@@ -3,7 +3,6 @@
 
 #include "actions/ControllerFixture.h"
 #include "catalogue/Catalogue.h"
-#include "support/ReferenceCurves.h"
 
 #include <glm/geometric.hpp>
 #include <glm/trigonometric.hpp>
@@ -17,6 +16,8 @@ namespace zelvo::test {
 /// Presses buttons of the catalogue and looks at the stage some time later.
 class CatalogueTest : public ControllerTest {
 protected:
+    [[nodiscard]] scene::SCNSceneRenderer* currentRenderer() const override { return &view; }
+
     /// Presses and lets the actions begin; times are then told from here.
     void press(std::string_view tabName, std::string_view title) {
         const catalogue::Tab* tab = catalogue::tabNamed(tabName);
@@ -26,10 +27,24 @@ protected:
         const auto button = std::ranges::find(buttons, title, &catalogue::Button::title);
         if (button == buttons.end())
             throw std::runtime_error("no such button");
-        button->beganFunc(controller);
-        world.runLoop.drain();
-        beginActions();
-        pressedAt = sceneTime;
+        begin(*button);
+    }
+
+    void begin(const catalogue::Button& button) {
+        button.beganFunc(controller);
+        settle();
+    }
+
+    void end(const catalogue::Button& held) {
+        held.endFunc(controller);
+        settle();
+    }
+
+    /// What is recorded from 0 to the present.
+    void replay() {
+        controller.markAllNotRun();
+        controller.run(clock);
+        settle();
     }
 
     void goTo(double secondsAfterPress) { animateTo(pressedAt + secondsAfterPress); }
@@ -42,7 +57,7 @@ protected:
     }
 
     static void
-    expectTurned(const scene::SCNNode& node, const glm::vec3& degrees, float tolerance = 1.5f) {
+    expectTurned(const scene::SCNNode& node, const glm::vec3& degrees, float tolerance = 0.1f) {
         const glm::vec3 is = glm::degrees(node.eulerAngles());
         EXPECT_LT(glm::distance(is, degrees), tolerance)
             << is.x << ' ' << is.y << ' ' << is.z << " not " << degrees.x << ' ' << degrees.y << ' '
@@ -50,6 +65,14 @@ protected:
     }
 
     double pressedAt = 0;
+    mutable scene::HeadlessView view;
+
+private:
+    void settle() {
+        world.runLoop.drain();
+        beginActions();
+        pressedAt = sceneTime;
+    }
 };
 
 } // namespace zelvo::test

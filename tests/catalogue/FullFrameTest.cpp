@@ -17,23 +17,6 @@ protected:
         clock = 3;
     }
 
-    [[nodiscard]] scene::SCNSceneRenderer* currentRenderer() const override { return &view; }
-
-    void begin(const Button& button) {
-        button.beganFunc(controller);
-        settle();
-    }
-
-    void end(const Button& button) {
-        button.endFunc(controller);
-        settle();
-    }
-
-    void settle() {
-        world.runLoop.drain();
-        beginActions();
-    }
-
     /// The functions of the passes that the view draws.
     [[nodiscard]] std::vector<std::string> drawn() const {
         std::vector<std::string> functions;
@@ -44,11 +27,7 @@ protected:
         return functions;
     }
 
-    mutable scene::HeadlessView view;
-    std::vector<Button> buttons = showButtons();
-
-private:
-    static std::vector<Button> showButtons() { return tabNamed("FX1")->buttons(); }
+    std::vector<Button> buttons = tabNamed("FX1")->buttons();
 };
 
 TEST_F(FullFrameTest, LastAsLongAsTheyAreHeldInTheOrderOfPressing) {

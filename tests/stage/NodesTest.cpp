@@ -96,6 +96,15 @@ TEST_F(NodesTest, MovesToTheNextSceneWithAllItsActions) {
     EXPECT_FLOAT_EQ(nodes.textNode1->position.value().x, 100);
 }
 
+TEST(ParticleNodes, KeepTheAirOfAnEnvironmentInMotion) {
+    for (const char* file : {"Particles.scnp", "GTParticles.scnp"}) {
+        const auto list = ParticleNodes::load(file);
+        ASSERT_EQ(list.size(), 1U);
+        EXPECT_TRUE(list.front()->loops);
+        EXPECT_LE(list.front()->mostAlive(), 2000);
+    }
+}
+
 TEST(SharedNodesDeathTest, AreOneForTheProcess) {
     EXPECT_DEATH(static_cast<void>(Nodes::shared()), "before it was made");
     static test::TestWorld world; // outlives the shared stage
