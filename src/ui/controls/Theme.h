@@ -20,6 +20,7 @@ class Theme final : public QObject {
     Q_PROPERTY(QColor background MEMBER background CONSTANT)
     Q_PROPERTY(QColor bar MEMBER bar CONSTANT)
     Q_PROPERTY(QColor dimmedPanel MEMBER dimmedPanel CONSTANT)
+    Q_PROPERTY(QColor ground MEMBER ground CONSTANT)
     Q_PROPERTY(QColor separator MEMBER separator CONSTANT)
     Q_PROPERTY(QColor row MEMBER row CONSTANT)
     Q_PROPERTY(QColor ringTrack MEMBER ringTrack CONSTANT)
@@ -27,6 +28,7 @@ class Theme final : public QObject {
     Q_PROPERTY(QColor mutedText MEMBER mutedText CONSTANT)
     Q_PROPERTY(QColor hint MEMBER hint CONSTANT)
     Q_PROPERTY(QColor howto MEMBER howto CONSTANT)
+    Q_PROPERTY(qreal dimmed MEMBER dimmed CONSTANT)
     Q_PROPERTY(qreal radius MEMBER radius CONSTANT)
     Q_PROPERTY(QString digitsFamily MEMBER digitsFamily CONSTANT)
 
@@ -44,6 +46,8 @@ public:
     const QColor background = QColor::fromRgbF(0.01261f, 0.01274f, 0.01378f);
     const QColor bar = QColor::fromRgbF(0.01261f, 0.01274f, 0.01378f, 0.7f);
     const QColor dimmedPanel = QColor::fromRgbF(0.01261f, 0.01274f, 0.01378f, 0.4f);
+    /// Under the bars and panels: white stages must not shine through to their texts.
+    const QColor ground = QColor::fromRgbF(0.01261f, 0.01274f, 0.01378f, 0.7f);
     const QColor separator = QColor::fromRgbF(0.194f, 0.196f, 0.212f);
     const QColor row = QColor::fromRgbF(0.0388f, 0.0392f, 0.0424f);
     const QColor ringTrack = QColor::fromRgbF(0.1455f, 0.147f, 0.159f);
@@ -51,6 +55,7 @@ public:
     const QColor mutedText = QColor::fromRgbF(0.485f, 0.49f, 0.53f);
     const QColor hint{0xF7, 0xCF, 0x50};
     const QColor howto{0xC8, 0x8E, 0x01};
+    const qreal dimmed = 0.45; ///< opacity of what is off, and still to be found
     const qreal radius = 6;
     const QString digitsFamily; ///< the system's face with digits of one width
 

@@ -10,9 +10,9 @@ Row {
 
     spacing: 2
     enabled: controller.buttonsEnabled
-    opacity: controller.alpha
 
     RecordButton {
+        alpha: root.controller.alpha
         controller: root.controller.recordButton
     }
     Item {
@@ -25,6 +25,7 @@ Row {
             required property var modelData
 
             controller: modelData
+            alpha: root.controller.alpha
         }
     }
 }

@@ -14,21 +14,22 @@ Item {
         anchors.horizontalCenter: parent.horizontalCenter
         width: 200
         height: 36
-        opacity: 1
+        dimmed: 1
         controller: root.controller.button
 
-        contentItem: Text {
-            text: button.controller.title
-            color: button.controller.textColor
-            font.pixelSize: Theme.px(13)
-            font.weight: Font.DemiBold
-            horizontalAlignment: Text.AlignHCenter
-            verticalAlignment: Text.AlignVCenter
-            opacity: root.controller.titleAlpha
+        contentItem: Item {
+            Text {
+                anchors.centerIn: parent
+                text: button.controller.title
+                color: button.controller.textColor
+                font.pixelSize: Theme.px(13)
+                font.weight: Font.DemiBold
+                opacity: root.controller.titleAlpha
 
-            Behavior on opacity {
-                NumberAnimation {
-                    duration: root.controller.titleFadeMilliseconds
+                Behavior on opacity {
+                    NumberAnimation {
+                        duration: root.controller.titleFadeMilliseconds
+                    }
                 }
             }
         }

@@ -66,7 +66,7 @@ Item {
             anchors.fill: parent
             visible: text !== ""
             text: root.controller.note
-            color: Theme.mutedText
+            color: Theme.text
             font.pixelSize: Theme.px(13)
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter

@@ -15,6 +15,7 @@ Item {
         height: root.main.topHeight
         color: Theme.bar
 
+        Ground {}
         Solid {}
         TabStack {
             id: tabs
@@ -36,7 +37,7 @@ Item {
             width: 40
             height: 36
             controller: root.main.shareButton
-            opacity: root.main.shareAlpha
+            alpha: root.main.shareAlpha
         }
         TimeBar {
             anchors.bottom: parent.bottom
@@ -61,6 +62,7 @@ Item {
         height: root.main.bottomHeight
         color: Theme.dimmedPanel
 
+        Ground {}
         Solid {}
         Rectangle {
             width: parent.width
@@ -75,6 +77,11 @@ Item {
             controller: root.main.panel
             view: root.main.panelView
         }
+    }
+
+    component Ground: Rectangle {
+        anchors.fill: parent
+        color: Theme.ground
     }
 
     // What is pressed beside a button is no gesture on the stage below.

@@ -12,13 +12,14 @@ T.AbstractButton {
     property int fontWeight: Font.DemiBold
     property real fontSize: 13
     property int role: Accessible.Button
+    property real alpha: 1 // of the row it stands in; its marks stay legible
+    property real dimmed: Theme.dimmed
 
     implicitWidth: Math.max(controller.width, label.implicitWidth + 2 * horizontalInset)
     implicitHeight: controller.height
     enabled: controller.isEnabled
     focusPolicy: Qt.TabFocus
     hoverEnabled: true
-    opacity: controller.isEnabled ? 1 : 0.3 // a row that is off as a whole is dimmed as a whole
 
     Accessible.role: role
     Accessible.name: controller.name
@@ -31,6 +32,7 @@ T.AbstractButton {
     onClicked: controller.click()
 
     background: Rectangle {
+        opacity: root.alpha * (root.controller.isEnabled ? 1 : root.dimmed)
         color: root.controller.fill
         radius: root.controller.cornerRadius
 
@@ -66,6 +68,11 @@ T.AbstractButton {
         }
     }
 
+    Binding {
+        target: root.contentItem
+        property: "opacity"
+        value: root.alpha < 1 || !root.controller.isEnabled ? root.dimmed : 1
+    }
     Tip {
         name: root.controller.name
         key: root.controller.key

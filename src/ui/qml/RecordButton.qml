@@ -8,7 +8,16 @@ MyButton {
 
     implicitWidth: Math.max(controller.width, content.implicitWidth + 16)
 
+    dimmed: 0.8 // red is darker than white
+
     contentItem: Item {
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: 3
+            radius: Theme.radius - 2
+            color: Theme.background
+            opacity: root.controller.isMySelected ? 0.25 : 0.85
+        }
         Row {
             id: content
 

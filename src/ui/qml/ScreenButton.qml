@@ -17,7 +17,7 @@ T.AbstractButton {
     implicitHeight: 44
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
-    opacity: enabled ? 1 : 0.3
+    opacity: enabled ? 1 : Theme.dimmed
 
     Accessible.role: Accessible.Button
     Accessible.name: name

@@ -47,6 +47,6 @@ Item {
     // Keeps the buttons, which let the stage shine through, legible on a bright one.
     component Ground: Rectangle {
         radius: Theme.radius
-        color: Theme.dimmedPanel
+        color: Theme.bar
     }
 }

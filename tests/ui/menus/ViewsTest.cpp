@@ -144,7 +144,9 @@ TEST_F(MenuViewsTest, TheDurationDialogIsWorkedByKeys) {
 TEST_F(MenuViewsTest, AMenuThatIsOffIsDimmedOnce) {
     show("ControlMenu.qml", "controller", &control);
     const QQuickItem* const menuView = view.rootObject();
-    EXPECT_DOUBLE_EQ(menuView->opacity() * menuView->childItems().constFirst()->opacity(), 0.1);
+    const QQuickItem* const record = menuView->childItems().constFirst();
+    const auto* const fill = record->property("background").value<QQuickItem*>();
+    EXPECT_DOUBLE_EQ(menuView->opacity() * record->opacity() * fill->opacity(), 0.1);
 }
 
 TEST_F(MenuViewsTest, TheOthersStandUpWithoutAWarning) {

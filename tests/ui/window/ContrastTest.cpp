@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+// Whether texts and icons can be read whatever the stage shows, measured in the real window.
+// ZELVO_WINDOW_PICTURES names a folder for pictures of what was measured.
+#include "app/Application.h"
+#include "support/TemporaryFolder.h"
+#include "ui/layouter/LayouterMenu.h"
+#include "ui/menus/ActionsMenu.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+namespace zelvo::app {
+namespace {
+
+constexpr int kPatience = 60'000; // ms; software graphics on a busy machine
+constexpr double kLegible = 4.5;
+constexpr double kDimmed = 3; ///< what is off, and still to be found
+
+/// Relative luminance as WCAG 2.1 has it.
+double luminance(QRgb color) {
+    const auto linear = [](int byte) {
+        const double part = byte / 255.0;
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) +
+           0.0722 * linear(qBlue(color));
+}
+
+double contrast(QRgb one, QRgb other) {
+    const double first = luminance(one);
+    const double second = luminance(other);
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+/// Of the ink, where it is thickest, to the colour around it, which is the most frequent one.
+double contrastIn(const QImage& picture, const QRect& place) {
+    std::map<QRgb, int> counts;
+    for (int y = place.top(); y <= place.bottom(); ++y) {
+        for (int x = place.left(); x <= place.right(); ++x)
+            ++counts[picture.pixel(x, y)];
+    }
+    const auto ground =
+        std::ranges::max_element(counts, {}, [](const auto& count) { return count.second; });
+    double best = 1;
+    for (const auto& [color, count] : counts)
+        best = std::max(best, contrast(color, ground->first));
+    return best;
+}
+
+class ContrastTest : public testing::Test {
+protected:
+    ContrastTest() {
+        window.resize(1280, 720);
+        application.show();
+    }
+
+    [[nodiscard]] static bool soon(const std::function<bool()>& happens) {
+        return QTest::qWaitFor(happens, kPatience);
+    }
+
+    [[nodiscard]] QQuickItem* stageItem(QQuickItem* below) {
+        if (below->property("stage").value<QObject*>() == &application.main.stage)
+            return below;
+        for (QQuickItem* const child : below->childItems()) {
+            if (QQuickItem* const found = stageItem(child))
+                return found;
+        }
+        return nullptr;
+    }
+
+    /// A sheet of one colour over all that the stage shows: no environment is brighter or darker.
+    void coverStage() {
+        QQuickItem* const stage = stageItem(window.contentItem());
+        ASSERT_NE(stage, nullptr);
+        QQmlComponent component(qmlEngine(stage));
+        component.setData("import QtQuick; Rectangle { anchors.fill: parent }", {});
+        sheet.reset(qobject_cast<QQuickItem*>(component.create()));
+        sheet->setParentItem(stage->parentItem());
+    }
+
+    /// Measures every text and icon that is on show, on each colour of the stage.
+    void measure(const char* screen) {
+        for (const char* const color : {"white", "black", "#777777", "#ffff00"}) {
+            sheet->setProperty("color", QColor(color));
+            QTest::qWait(250); // what fades has come to rest
+            const QImage picture = window.grabWindow();
+            const QString pictures = qEnvironmentVariable("ZELVO_WINDOW_PICTURES");
+            if (!pictures.isEmpty())
+                picture.save(
+                    QString("%1/%2-%3.png").arg(pictures, screen, QString(color).remove('#')));
+            measured = 0;
+            measureBelow(
+                *window.contentItem(), picture, kLegible, std::string(screen) + " on " + color);
+            EXPECT_GT(measured, 6) << screen;
+        }
+    }
+
+    void
+    measureBelow(QQuickItem& item, const QImage& picture, double least, const std::string& where) {
+        if (!item.isVisible())
+            return;
+        const auto* const button = item.property("controller").value<QObject*>();
+        const QVariant isOn = button != nullptr ? button->property("isEnabled") : QVariant();
+        if (!item.isEnabled() || (isOn.isValid() && !isOn.toBool()))
+            least = kDimmed;
+        if (item.inherits("QQuickText") || item.inherits("QQuickImage"))
+            measureItem(item, picture, least, where);
+        for (QQuickItem* const child : item.childItems())
+            measureBelow(*child, picture, least, where);
+    }
+
+    void
+    measureItem(QQuickItem& item, const QImage& picture, double least, const std::string& where) {
+        const bool isText = item.inherits("QQuickText");
+        const QString shown = item.property(isText ? "text" : "name").toString();
+        const QRect place = item.mapRectToScene(item.boundingRect()).toRect();
+        if (shown.isEmpty() || !shownPart(item).contains(place))
+            return;
+        ++measured;
+        EXPECT_GE(contrastIn(picture, place), least) << where << ": " << shown.toStdString();
+    }
+
+    /// What no strip cuts off.
+    [[nodiscard]] QRect shownPart(QQuickItem& item) {
+        QRect part(QPoint(0, 0), window.size());
+        for (QQuickItem* around = &item; around != nullptr; around = around->parentItem()) {
+            if (around->clip())
+                part &= around->mapRectToScene(around->boundingRect()).toRect();
+        }
+        return part;
+    }
+
+    test::TemporaryFolder folder;
+    Application application{foundation::Folders::below(folder.path())};
+    QQuickWindow& window = *application.window();
+    std::unique_ptr<QQuickItem> sheet;
+    int measured = 0;
+};
+
+TEST_F(ContrastTest, TextsAndIconsAreLegibleWhateverTheStageShows) {
+    ASSERT_TRUE(soon([&] { return application.main.stage.framesShown() > 0; }));
+    ASSERT_NO_FATAL_FAILURE(coverStage());
+    measure("style");
+    qobject_cast<ui::LayouterMenu*>(application.main.panel())->setCurrentNodeFromButton(0);
+    measure("text");
+    application.main.showAnim();
+    auto& menu = *qobject_cast<ui::ActionsMenu*>(application.main.panel());
+    menu.speedButton.click();
+    measure("catalogue");
+    application.model().setDuration(600);
+    application.model().start();
+    measure("run");
+    sheet.reset();
+}
+
+} // namespace
+} // namespace zelvo::app
