@@ -5,6 +5,8 @@
 #include "platform/media/AVAsset.h"
 #include "platform/media/AudioReader.h"
 
+#include <sys/resource.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -141,6 +143,8 @@ TEST_F(AVAudioPlayerTest, MusicThatIsNotMusicIsAnError) {
     const std::string list = "#EXTM3U\n" + file("ramp.wav").string() + "\n";
     writeBytes(file("list.mp3"), Bytes(list.begin(), list.end()));
     std::filesystem::create_directory(file("folder.mp3"));
+    writeWav(file("slow.wav"), 1, 2000.0, sine(0.1, 0.5));
+    writeWav(file("low.wav"), 999, 1.0, sine(100.0, 0.5));
     using foundation::Cause;
 
     struct Row {
@@ -149,11 +153,13 @@ TEST_F(AVAudioPlayerTest, MusicThatIsNotMusicIsAnError) {
     };
 
     const auto rows = std::to_array<Row>({
-        {"noise.mp3",   Cause::malformed },
-        {"empty.wav",   Cause::malformed },
-        {"list.mp3",    Cause::malformed },
-        {"folder.mp3",  Cause::unreadable},
-        {"missing.mp3", Cause::notFound  },
+        {"noise.mp3",   Cause::malformed  },
+        {"empty.wav",   Cause::malformed  },
+        {"list.mp3",    Cause::malformed  },
+        {"folder.mp3",  Cause::unreadable },
+        {"missing.mp3", Cause::notFound   },
+        {"slow.wav",    Cause::unsupported},
+        {"low.wav",     Cause::unsupported},
     });
     for (const Row& row : rows) {
         const auto opened = AVAudioPlayer::open(file(row.name), loop, nullptr);
@@ -161,6 +167,24 @@ TEST_F(AVAudioPlayerTest, MusicThatIsNotMusicIsAnError) {
         EXPECT_EQ(opened.error().cause, row.cause) << row.name << ": " << opened.error().message;
         EXPECT_NE(opened.error().message.find(row.name), std::string::npos);
     }
+}
+
+TEST_F(AVAudioPlayerTest, AHoleOfGigabytesInASongTakesNoMemory) {
+    if (!encodeSound(file("song.mp3"), "libmp3lame", 2.0, sine(440.0, 0.5)))
+        GTEST_SKIP() << "no MP3 encoder";
+    std::filesystem::resize_file(file("song.mp3"), 3LL << 30U);
+
+    struct rusage before {};
+
+    getrusage(RUSAGE_SELF, &before);
+    const auto reader = AudioReader::open(file("song.mp3"));
+
+    struct rusage after {};
+
+    getrusage(RUSAGE_SELF, &after);
+    ASSERT_TRUE(reader) << reader.error().message;
+    EXPECT_NEAR(reader->duration(), 2.0, 0.1);
+    EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 400L << 10U) << "KiB";
 }
 
 TEST_F(AVAudioPlayerTest, DamagedMusicPlaysAsFarAsItGoes) {

@@ -57,7 +57,7 @@ public:
     /// The next packet before the end; null when there is none. It stands until the next call.
     Result<AVPacket*> next() {
         av_packet_unref(packet.get());
-        while (av_read_frame(format.get(), packet.get()) >= 0) {
+        while (readPacket(*format, *packet)) {
             const bool isWanted = packet->stream_index == stream && packet->pts != AV_NOPTS_VALUE;
             if (isWanted && packet->pts != packet->dts) {
                 return fail(Cause::unsupported, "A video with reordered frames cannot be cut.");

@@ -3,6 +3,8 @@
 
 #include "platform/media/MediaFile.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -15,6 +17,7 @@ using foundation::fail;
 using foundation::Result;
 
 constexpr double kMaxSeconds = 24.0 * 60.0 * 60.0;
+constexpr int kMinSourceRate = 1000; ///< below it, a few bytes would become hours
 constexpr int kMaxSourceRate = 768000;
 constexpr int kMaxSourceChannels = 16;
 
@@ -22,7 +25,7 @@ constexpr int kMaxSourceChannels = 16;
 constexpr double kRunUpSeconds = 0.25;
 
 /// One decoded frame longer than this is damage.
-constexpr int kMaxFrameSamples = 1 << 22;
+constexpr int kMaxFrameSamples = 1 << 17;
 
 std::int64_t startOf(const AVStream& stream) {
     return stream.start_time == AV_NOPTS_VALUE ? 0 : stream.start_time;
@@ -54,8 +57,17 @@ Result<void> AudioReader::openDecoder(const std::filesystem::path& file) {
         return fail(Cause::unsupported, file.string() + " has no sound that can be decoded.");
     }
     readOnlyStream(*format, stream);
-    decoder.reset(avcodec_alloc_context3(codec));
     const AVStream& source = *format->streams[stream];
+    if (source.codecpar->sample_rate < kMinSourceRate) {
+        return fail(
+            Cause::unsupported,
+            fmt::format(
+                "{} has a sound of {} Hz, at which nothing is to be heard; save it with 8000 Hz or "
+                "more.",
+                file.string(),
+                source.codecpar->sample_rate));
+    }
+    decoder.reset(avcodec_alloc_context3(codec));
     avcodec_parameters_to_context(decoder.get(), source.codecpar);
     decoder->pkt_timebase = source.time_base;
     decoder->thread_count = 1;
@@ -70,7 +82,7 @@ Result<void> AudioReader::openDecoder(const std::filesystem::path& file) {
 double AudioReader::measureDuration() {
     const AVStream& source = *format->streams[stream];
     std::int64_t end = startOf(source);
-    while (av_read_frame(format.get(), packet.get()) >= 0) {
+    while (readPacket(*format, *packet)) {
         if (packet->stream_index == stream && packet->pts != AV_NOPTS_VALUE) {
             end = std::max(end, packet->pts + std::max<std::int64_t>(packet->duration, 0));
         }
@@ -137,8 +149,7 @@ void AudioReader::decodeMore() {
             takeFrame();
             continue;
         }
-        const int code = av_read_frame(format.get(), packet.get());
-        if (code >= 0) {
+        if (readPacket(*format, *packet)) {
             if (packet->stream_index == stream)
                 avcodec_send_packet(decoder.get(), packet.get());
             av_packet_unref(packet.get());
@@ -154,10 +165,10 @@ void AudioReader::decodeMore() {
 }
 
 void AudioReader::takeFrame() {
-    const bool isUsable = frame->nb_samples > 0 && frame->nb_samples <= kMaxFrameSamples &&
-                          frame->sample_rate > 0 && frame->sample_rate <= kMaxSourceRate &&
-                          frame->ch_layout.nb_channels > 0 &&
-                          frame->ch_layout.nb_channels <= kMaxSourceChannels;
+    const bool isUsable =
+        frame->nb_samples > 0 && frame->nb_samples <= kMaxFrameSamples &&
+        frame->sample_rate >= kMinSourceRate && frame->sample_rate <= kMaxSourceRate &&
+        frame->ch_layout.nb_channels > 0 && frame->ch_layout.nb_channels <= kMaxSourceChannels;
     if (isUsable && prepareConverter(*frame)) {
         if (!isAligned)
             alignToTarget(*frame);

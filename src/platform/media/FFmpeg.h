@@ -24,8 +24,11 @@ extern "C" {
 
 namespace zelvo::media {
 
+/// Closes a file that is read, by openMediaFile or by FFmpeg itself.
+void closeMediaFile(AVFormatContext* context);
+
 struct FFmpegDelete {
-    void operator()(AVFormatContext* context) const { avformat_close_input(&context); }
+    void operator()(AVFormatContext* context) const { closeMediaFile(context); }
 
     void operator()(AVCodecContext* context) const { avcodec_free_context(&context); }
 

@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/media/MediaFile.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <memory>
 #include <system_error>
 
 namespace zelvo::media {
@@ -17,6 +23,70 @@ constexpr std::uintmax_t kMaxBytes = 8ULL << 30U;
 constexpr const char* kFormats =
     "aac,ac3,aiff,amr,ape,asf,au,avi,caf,eac3,flac,flv,matroska,webm,mov,mp4,m4a,mp3,mpc,mpc8,mpeg,"
     "mpegts,ogg,tak,tta,voc,w64,wav,wv";
+
+/// What the demuxer may read from one packet to the next, or until it has found the streams.
+constexpr std::int64_t kMaxBytesAtOnce = 64LL << 20U;
+
+/// A file open for reading, with what may still be read of it at once.
+class Input {
+public:
+    explicit Input(const std::filesystem::path& path)
+        : file(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
+
+    ~Input() {
+        if (isOpen())
+            ::close(file);
+    }
+
+    Input(const Input&) = delete;
+    Input& operator=(const Input&) = delete;
+
+    [[nodiscard]] bool isOpen() const { return file >= 0; }
+
+    std::int64_t left = kMaxBytesAtOnce;
+
+    static int read(void* opaque, std::uint8_t* target, int count) {
+        auto& input = *static_cast<Input*>(opaque);
+        if (input.left <= 0)
+            return AVERROR_EOF;
+        const ssize_t done = ::read(input.file, target, static_cast<std::size_t>(count));
+        if (done < 0)
+            return AVERROR(errno);
+        input.left -= done;
+        return done == 0 ? AVERROR_EOF : static_cast<int>(done);
+    }
+
+    static std::int64_t seek(void* opaque, std::int64_t offset, int from) {
+        const auto& input = *static_cast<Input*>(opaque);
+        const bool asksSize = (from & AVSEEK_SIZE) != 0;
+        const off_t before = lseek(input.file, 0, SEEK_CUR);
+        const off_t place = asksSize ? lseek(input.file, 0, SEEK_END)
+                                     : lseek(input.file, offset, from & ~AVSEEK_FORCE);
+        if (asksSize)
+            lseek(input.file, before, SEEK_SET);
+        return place < 0 ? AVERROR(errno) : place;
+    }
+
+private:
+    int file;
+};
+
+/// A context that reads the input through our functions and owns it.
+AVFormatContext* formatReading(std::unique_ptr<Input> input) {
+    constexpr int kBufferBytes = 32 * 1024;
+    AVFormatContext* const format = avformat_alloc_context();
+    auto* const buffer = static_cast<unsigned char*>(av_malloc(kBufferBytes));
+    format->pb = avio_alloc_context(
+        buffer, kBufferBytes, 0, input.release(), &Input::read, nullptr, &Input::seek);
+    format->flags |= AVFMT_FLAG_CUSTOM_IO;
+    return format;
+}
+
+void closeInput(AVIOContext* io) {
+    delete static_cast<Input*>(io->opaque); // NOLINT: the C interface keeps no owners
+    av_freep(static_cast<void*>(&io->buffer));
+    avio_context_free(&io);
+}
 
 Result<void> checkFile(const std::filesystem::path& path) {
     std::error_code code;
@@ -59,10 +129,15 @@ Result<FFmpegPtr<AVFormatContext>> openMediaFile(const std::filesystem::path& pa
         {"probesize",          "5000000" },
         {"analyzeduration",    "10000000"}
     };
-    AVFormatContext* opened = nullptr;
+    auto input = std::make_unique<Input>(path);
+    if (!input->isOpen())
+        return openingError(AVERROR(errno), path);
+    AVFormatContext* opened = formatReading(std::move(input));
+    AVIOContext* const io = opened->pb;
     const std::string url = "file:" + path.string(); // a name with a colon is no protocol
     if (const int code = avformat_open_input(&opened, url.c_str(), nullptr, options.get());
         code < 0) {
+        closeInput(io);
         return openingError(code, path);
     }
     FFmpegPtr<AVFormatContext> format(opened);
@@ -70,6 +145,19 @@ Result<FFmpegPtr<AVFormatContext>> openMediaFile(const std::filesystem::path& pa
         return openingError(code, path);
     }
     return format;
+}
+
+bool readPacket(AVFormatContext& format, AVPacket& packet) {
+    static_cast<Input*>(format.pb->opaque)->left = kMaxBytesAtOnce;
+    return av_read_frame(&format, &packet) >= 0;
+}
+
+void closeMediaFile(AVFormatContext* context) {
+    // Only what openMediaFile has opened has an input of ours.
+    AVIOContext* const io = (context->flags & AVFMT_FLAG_CUSTOM_IO) != 0 ? context->pb : nullptr;
+    avformat_close_input(&context);
+    if (io != nullptr)
+        closeInput(io);
 }
 
 void readOnlyStream(AVFormatContext& format, int stream) {

@@ -14,6 +14,10 @@ namespace zelvo::media {
 [[nodiscard]] foundation::Result<FFmpegPtr<AVFormatContext>>
 openMediaFile(const std::filesystem::path& path);
 
+/// The next packet, of whichever stream; false at the end, and where 64 MiB of the file hold none: a
+/// damaged file must not be gathered in memory.
+[[nodiscard]] bool readPacket(AVFormatContext& format, AVPacket& packet);
+
 /// Lets the demuxer skip every stream but this one (-1 for none).
 void readOnlyStream(AVFormatContext& format, int stream);
 
