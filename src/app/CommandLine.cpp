@@ -139,9 +139,20 @@ void addSeed(CLI::App& command, std::uint64_t& seed) {
         ->type_name("N");
 }
 
+/// An empty name, as an unset variable of a script leaves it, is no wish for the usual place.
+[[nodiscard]] CLI::Validator named() {
+    return {
+        [](const std::string& given) {
+            return given.empty() ? std::string("must not be empty: name a file or a folder")
+                                 : std::string();
+        },
+        ""};
+}
+
 void addOut(CLI::App& command, std::filesystem::path& out) {
     command.add_option("--out", out, "Where the picture goes")
         ->required()
+        ->check(named())
         ->type_name("PICTURE.png");
 }
 
@@ -149,9 +160,12 @@ void addPerform(CLI::App& app, PerformCommand& options) {
     auto& command = *app.add_subcommand("perform", "Make a movie of a performance");
     command.footer(std::string(kPerformFooter));
     addFile(command, options.file);
-    command.add_option("--movie", options.movie, "Where the movie goes")->type_name("OUT.mov");
+    command.add_option("--movie", options.movie, "Where the movie goes")
+        ->check(named())
+        ->type_name("OUT.mov");
     command
         .add_option("--frames", options.frames, "Write each frame as a PNG file into this folder")
+        ->check(named())
         ->type_name("DIR");
     addSize(command, options.size);
     addSeed(command, options.seed);

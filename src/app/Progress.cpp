@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <string_view>
@@ -36,6 +37,7 @@ constexpr std::string_view kClearLine = "\x1B[K";
 } // namespace
 
 std::string progressText(int done, int total, double seconds, int barWidth) {
+    done = std::min(done, total);
     const double share = total > 0 ? static_cast<double>(done) / total : 0;
     auto text = bar(share, barWidth) + fmt::format("{}/{} frames", done, total);
     if (done == 0 || seconds <= 0)

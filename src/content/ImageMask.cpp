@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "content/ImageMask.h"
 
-#include "platform/foundation/Check.h"
 #include "platform/foundation/Folders.h"
+#include "platform/foundation/Process.h"
 
 #include <fmt/format.h>
 
@@ -22,14 +22,16 @@ ImageMask::ImageMask(std::string maskName, image::ImagePtr picture)
 ImageMask::ImageMask(std::string maskName, std::string resourceName)
     : name(std::move(maskName))
     , resource(std::move(resourceName)) {
-    CHECK(!foundation::mainBundle().path(resource).empty(), "the mask {} is missing", resource);
+    if (foundation::mainBundle().path(resource).empty())
+        foundation::endWithoutResource(resource + " is missing");
 }
 
 image::ImagePtr ImageMask::image() const {
     if (resource.empty())
         return own;
     image::ImagePtr picture = image::imageNamed(resource);
-    CHECK(picture != nullptr, "the mask {} cannot be read", resource);
+    if (picture == nullptr)
+        foundation::endWithoutResource(resource + " cannot be read");
     return picture;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "environments/Environments.h"
 #include "node/LightNodes.h"
-#include "platform/foundation/Check.h"
+#include "platform/foundation/Process.h"
 #include "platform/image/Image.h"
 #include "shared/Palette.h"
 
@@ -26,7 +26,8 @@ constexpr float kFlaresShift = 0.3f;
 
 image::ImagePtr neededImage(const std::string& name) {
     image::ImagePtr picture = image::imageNamed(name);
-    CHECK(picture != nullptr, "the resource picture \"{}\" is missing", name);
+    if (picture == nullptr)
+        foundation::endWithoutResource(name + " is missing");
     return picture;
 }
 

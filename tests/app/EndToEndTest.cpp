@@ -211,6 +211,7 @@ TEST(EndToEnd, says_in_one_line_what_is_wrong_and_ends_with_its_status) {
     };
 
     const std::vector<Row> rows = {
+        {2, "--movie: must not be empty", {"perform", good, "--movie", ""}},
         {2, "gone.json: no such file",   {"perform", "gone.json"}                                         },
         {2, "folder",                    {"perform", program.home()}                                      },
         {2, "--colour",                  {"perform", good, "--colour"}                                    },

@@ -14,6 +14,7 @@ TEST(Progress, tells_rate_and_time_left) {
     EXPECT_EQ(progressText(0, 360, 2, 0), "  0/360 frames");
     EXPECT_EQ(progressText(1, 4, 1, 4), "█░░░  1/4 frames  1.0 fps  0:03 left");
     EXPECT_EQ(progressText(1, 100, 1, 0), "  1/100 frames  1.0 fps  1:39 left");
+    EXPECT_EQ(progressText(133, 130, 13, 0), "  130/130 frames  10.0 fps  0:00 left");
 }
 
 TEST(Progress, is_not_drawn_more_often_than_a_person_can_read) {

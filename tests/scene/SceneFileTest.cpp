@@ -153,6 +153,13 @@ TEST(SceneFile, RefusesWhatIsTooDeepOrTooMuch) {
     EXPECT_TRUE(SCNScene::fromJSON("{\"nodes\":[{}" + repeated(",{}", 500) + "]}", "some.scn"));
 }
 
+TEST(SceneFile, OfTheProgramThatIsMissingEndsItWithItsName) {
+    EXPECT_EXIT(
+        std::ignore = SCNScene::sceneNamed("none.scn"),
+        testing::ExitedWithCode(1),
+        "^zelvo: none.scn is missing");
+}
+
 TEST(SceneFile, SurvivesDamageAnywhere) {
     for (std::size_t i = 0; i < kGoodScene.size(); ++i) {
         EXPECT_FALSE(SCNScene::fromJSON(kGoodScene.substr(0, i), "cut")) << "cut at " << i;

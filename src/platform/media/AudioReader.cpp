@@ -41,7 +41,10 @@ Result<AudioReader> AudioReader::open(const std::filesystem::path& file) {
     reader.seek(0.0);
     reader.decodeMore();
     if (reader.pending.empty() || reader.duration_ <= 0.0) {
-        return fail(Cause::malformed, file.string() + " holds no sound that can be decoded.");
+        return fail(
+            Cause::malformed,
+            file.string() +
+                " holds no sound that can be decoded; save it as a WAV, MP3 or M4A file.");
     }
     return reader;
 }
@@ -54,7 +57,10 @@ Result<void> AudioReader::openDecoder(const std::filesystem::path& file) {
     const AVCodec* codec = nullptr;
     stream = av_find_best_stream(format.get(), AVMEDIA_TYPE_AUDIO, -1, -1, &codec, 0);
     if (stream < 0 || codec == nullptr) {
-        return fail(Cause::unsupported, file.string() + " has no sound that can be decoded.");
+        return fail(
+            Cause::unsupported,
+            file.string() +
+                " has no sound that can be decoded; save it as a WAV, MP3 or M4A file.");
     }
     readOnlyStream(*format, stream);
     const AVStream& source = *format->streams[stream];
@@ -72,7 +78,10 @@ Result<void> AudioReader::openDecoder(const std::filesystem::path& file) {
     decoder->pkt_timebase = source.time_base;
     decoder->thread_count = 1;
     if (avcodec_open2(decoder.get(), codec, nullptr) < 0) {
-        return fail(Cause::unsupported, file.string() + " has no sound that can be decoded.");
+        return fail(
+            Cause::unsupported,
+            file.string() +
+                " has no sound that can be decoded; save it as a WAV, MP3 or M4A file.");
     }
     frame.reset(av_frame_alloc());
     packet.reset(av_packet_alloc());

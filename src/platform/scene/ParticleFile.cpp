@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/scene/ParticleFile.h"
 
-#include "platform/foundation/Check.h"
 #include "platform/foundation/Folders.h"
+#include "platform/foundation/Process.h"
 #include "platform/scene/SCNParticleSystem.h"
 #include "platform/scene/SceneFile.h"
 
@@ -237,12 +237,13 @@ SCNParticleSystem::fromJSON(const std::string& text, const std::string& name) {
 
 SCNParticleSystemPtr SCNParticleSystem::named(const std::string& name) {
     const std::filesystem::path file = foundation::mainBundle().path(name);
-    CHECK(!file.empty(), "no particle file is named \"{}\"", name);
     std::ifstream in(file, std::ios::binary);
-    CHECK(in.good(), "{} cannot be read", file.string());
+    if (file.empty() || !in.good())
+        foundation::endWithoutResource(name + " is missing");
     const std::string text{std::istreambuf_iterator<char>(in), {}};
     auto system = fromJSON(text, file.filename().string());
-    CHECK(system.has_value(), "{}", system.error().message);
+    if (!system)
+        foundation::endWithoutResource(system.error().message);
     return std::move(*system);
 }
 

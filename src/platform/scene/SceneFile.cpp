@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/scene/SceneFile.h"
 
-#include "platform/foundation/Check.h"
 #include "platform/foundation/Folders.h"
+#include "platform/foundation/Process.h"
 #include "platform/geometry/Flatten.h"
 #include "platform/geometry/SVGPath.h"
 #include "platform/scene/ParticleFile.h"
@@ -254,12 +254,13 @@ SCNScene::fromJSON(const std::string& text, const std::string& name) {
 
 SCNScenePtr SCNScene::sceneNamed(const std::string& name) {
     const std::filesystem::path file = foundation::mainBundle().path(name);
-    CHECK(!file.empty(), "no resource scene is named \"{}\"", name);
     std::ifstream in(file, std::ios::binary);
-    CHECK(in.good(), "{} cannot be read", file.string());
+    if (file.empty() || !in.good())
+        foundation::endWithoutResource(name + " is missing");
     const std::string text{std::istreambuf_iterator<char>(in), {}};
     foundation::Result<SCNScenePtr> scene = fromJSON(text, file.filename().string());
-    CHECK(scene.has_value(), "{}", scene.error().message);
+    if (!scene)
+        foundation::endWithoutResource(scene.error().message);
     return std::move(*scene);
 }
 
