@@ -9,6 +9,7 @@
 #include "platform/foundation/Check.h"
 #include "platform/render/Context.h"
 #include "platform/render/SCNView.h"
+#include "shared/FrameClock.h"
 
 #include <benchmark/benchmark.h>
 #include <epoxy/gl.h>
@@ -120,7 +121,7 @@ void viewFrame(benchmark::State& state, double oversampling) {
     auto& stage = title.engine.stage();
     double time = 10;
     for ([[maybe_unused]] auto _ : state) {
-        time += core::Model::kStep;
+        time += shared::FrameClock::kStep;
         const auto angle = static_cast<float>(0.3 * std::sin(3 * time));
         stage.textNode1->setEulerAngles({0, angle, 0});
         stage.textNode2->setEulerAngles({0, -angle, 0});

@@ -3,6 +3,7 @@
 
 #include "platform/foundation/Check.h"
 #include "platform/foundation/Console.h"
+#include "shared/FrameClock.h"
 #include "shared/Signal.h"
 
 #include <fmt/format.h>
@@ -14,8 +15,7 @@ namespace zelvo::actions {
 
 namespace {
 
-constexpr double kNearZero = 0.005555555555555667; ///< a third of the clock's step
-constexpr double kOpeningDelay = 0.01;             ///< seconds
+constexpr double kOpeningDelay = 0.01; ///< seconds
 
 } // namespace
 
@@ -93,7 +93,7 @@ ActionController::describe(std::string_view title, const std::vector<core::NodeP
 
 void ActionController::run(double time) {
     checkOwnerThread();
-    if (std::abs(time) < kNearZero) {
+    if (std::abs(time) < shared::FrameClock::kNearZero) {
         resetAll(CameraHandles::include);
         parkNodes(nodes);
         techniques.endAll();

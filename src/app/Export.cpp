@@ -3,10 +3,11 @@
 
 #include "app/Progress.h"
 #include "app/Stopwatch.h"
+#include "export/MovieMux.h"
+#include "shared/FrameClock.h"
 
 #include <fmt/format.h>
 
-#include <cmath>
 #include <memory>
 #include <optional>
 #include <string>
@@ -14,10 +15,6 @@
 namespace zelvo::app {
 
 namespace {
-
-constexpr double kFramesPerSecond = 60;
-/// Frames that the mux cuts off at the end.
-constexpr int kCutFrames = 3;
 
 [[nodiscard]] std::string timingRow(const char* name, double milliseconds, const char* remark) {
     return fmt::format("  {:<14}{:>9.2f}{}\n", name, milliseconds, remark);
@@ -61,15 +58,8 @@ exportMovie(Engine& engine, StoppableLoop& loop, const movie::MovieOptions& opti
     return ExportReport{**outcome, writer.timings(), stopwatchSeconds() - start};
 }
 
-int tickAt(double seconds) {
-    // A moment given in rounded seconds must not fall a frame short.
-    constexpr double kRounding = 1e-6;
-    return static_cast<int>(std::floor(seconds * kFramesPerSecond + kRounding));
-}
-
 int framesIn(double duration) {
-    const auto drawn = static_cast<int>(std::ceil(duration / core::Model::kStep)) + 1;
-    return drawn - kCutFrames;
+    return shared::FrameClock::framesDrawnIn(duration) - movie::kCutFrames;
 }
 
 std::string timingTable(const ExportReport& report) {

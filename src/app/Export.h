@@ -38,10 +38,6 @@ struct ExportReport {
 [[nodiscard]] foundation::Result<ExportReport>
 exportMovie(Engine& engine, StoppableLoop& loop, const movie::MovieOptions& options);
 
-/// The export's tick at which a moment of the movie is seen (seconds), counted from the movie's
-/// beginning.
-[[nodiscard]] int tickAt(double seconds);
-
 /// How many frames a movie of that duration (seconds) holds.
 [[nodiscard]] int framesIn(double duration);
 

@@ -8,6 +8,7 @@
 #include "app/Strip.h"
 #include "app/TemporaryFolder.h"
 #include "platform/foundation/Console.h"
+#include "shared/FrameClock.h"
 
 #include <fmt/format.h>
 
@@ -195,7 +196,9 @@ int run(const FrameCommand& command) {
          .options = [&](core::Model& model) -> foundation::Result<movie::MovieOptions> {
              if (auto within = checkMoment("--at", command.at, model); !within)
                  return tl::unexpected(within.error());
-             return optionsForTap(command.size, pictureTap(command.out, tickAt(command.at)));
+             return optionsForTap(
+                 command.size,
+                 pictureTap(command.out, shared::FrameClock::frameSeenAt(command.at)));
          },
          .report = [&](const ExportReport&) { printPath(command.out); }});
 }

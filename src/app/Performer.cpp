@@ -6,6 +6,7 @@
 #include "catalogue/Catalogue.h"
 #include "platform/foundation/Check.h"
 #include "platform/media/AVAsset.h"
+#include "shared/FrameClock.h"
 #include "shared/Signal.h"
 
 #include <fmt/format.h>
@@ -24,10 +25,8 @@ namespace zelvo::app {
 namespace {
 
 using actions::GestureState;
+using shared::FrameClock;
 
-constexpr double kStep = core::Model::kStep;
-/// Times of cues that lie this far behind a tick still belong to it; seconds.
-constexpr double kNear = kStep / 3;
 /// The shortest stretch of music, seconds.
 constexpr double kMinStretch = 2.0;
 
@@ -109,7 +108,7 @@ public:
     void pressDue(double time) {
         const auto& cues = performance.cues;
         const double movieTime = time - engine.model().startCounter();
-        while (next < cues.size() && cues[next].at - kNear <= movieTime) {
+        while (next < cues.size() && FrameClock::hasCome(cues[next].at, movieTime)) {
             goOn(cues[next].at);
             now = cues[next].at;
             std::visit([this](const auto& what) { act(what); }, cues[next++].act);
@@ -120,7 +119,7 @@ public:
 private:
     /// What the hand does in the course of a cue, up to a time of the movie.
     void goOn(double movieTime) {
-        while (!later.empty() && later.begin()->first - kNear <= movieTime)
+        while (!later.empty() && FrameClock::hasCome(later.begin()->first, movieTime))
             later.extract(later.begin()).mapped()();
     }
 
@@ -149,14 +148,16 @@ private:
         double lasts = 0;
         std::function<void(GestureState, double share)> touch;
 
-        [[nodiscard]] long lastNumber() const { return std::max(1L, std::lround(lasts / kStep)); }
+        [[nodiscard]] int lastNumber() const {
+            return std::max(1, FrameClock::nearestFrame(lasts));
+        }
     };
 
     /// Touches come with every tick, as from a screen; with the last one the fingers are lifted.
     /// Each asks for the next, so that a gesture of an hour waits as one entry.
-    void touch(const Fingers& fingers, long number = 0) {
-        const long last = fingers.lastNumber();
-        const double share = static_cast<double>(number) / static_cast<double>(last);
+    void touch(const Fingers& fingers, int number = 0) {
+        const int last = fingers.lastNumber();
+        const double share = static_cast<double>(number) / last;
         later.emplace(fingers.cameDown + share * fingers.lasts, [=, this] {
             fingers.touch(number == 0 ? GestureState::began : GestureState::changed, share);
             if (number < last) {

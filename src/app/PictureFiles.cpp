@@ -5,14 +5,11 @@
 
 #include <fmt/format.h>
 
-#include <cmath>
 #include <memory>
 
 namespace zelvo::app {
 
 namespace {
-
-constexpr double kFramesPerSecond = 60;
 
 [[nodiscard]] foundation::Result<void>
 save(const render::FrameView& frame, image::Image& scratch, const std::filesystem::path& file) {
@@ -24,31 +21,25 @@ save(const render::FrameView& frame, image::Image& scratch, const std::filesyste
 
 } // namespace
 
-int tickOf(double time) {
-    return static_cast<int>(std::lround(time * kFramesPerSecond));
-}
-
 movie::FrameTap framesTap(const std::filesystem::path& folder, int count) {
     const auto scratch = std::make_shared<image::Image>();
     return {
-        .wants =
-            [count](double time) {
-                const int tick = tickOf(time);
-                return tick >= 0 && tick < count;
-            },
+        .wants = [count](int frame) { return frame >= 0 && frame < count; },
         .take =
-            [folder, scratch](double time, const render::FrameView& frame) {
-                return save(frame, *scratch, folder / fmt::format("frame_{:05}.png", tickOf(time)));
+            [folder, scratch](int frame, const render::FrameView& picture) {
+                return save(picture, *scratch, folder / fmt::format("frame_{:05}.png", frame));
             },
         .count = count};
 }
 
-movie::FrameTap pictureTap(const std::filesystem::path& file, int tick) {
+movie::FrameTap pictureTap(const std::filesystem::path& file, int frame) {
     const auto scratch = std::make_shared<image::Image>();
     return {
-        .wants = [tick](double time) { return tickOf(time) == tick; },
-        .take = [file, scratch](
-                    double, const render::FrameView& frame) { return save(frame, *scratch, file); },
+        .wants = [frame](int drawn) { return drawn == frame; },
+        .take =
+            [file, scratch](int, const render::FrameView& picture) {
+                return save(picture, *scratch, file);
+            },
         .count = 1};
 }
 

@@ -7,13 +7,10 @@
 
 namespace zelvo::app {
 
-/// The tick that a frame's time (seconds of the movie) stands for.
-[[nodiscard]] int tickOf(double time);
-
 /// Writes the movie's first `count` frames into the folder: frame_00000.png, frame_00001.png …
 [[nodiscard]] movie::FrameTap framesTap(const std::filesystem::path& folder, int count);
 
-/// Writes the one frame of that tick (below 0 in the count-in).
-[[nodiscard]] movie::FrameTap pictureTap(const std::filesystem::path& file, int tick);
+/// Writes that one frame (below 0 in the count-in).
+[[nodiscard]] movie::FrameTap pictureTap(const std::filesystem::path& file, int frame);
 
 } // namespace zelvo::app

@@ -2,8 +2,7 @@
 #include "app/Strip.h"
 
 #include "app/ContactSheet.h"
-#include "app/Export.h"
-#include "app/PictureFiles.h"
+#include "shared/FrameClock.h"
 
 #include <fmt/format.h>
 
@@ -22,18 +21,18 @@ constexpr std::int64_t kMostPixels = 100'000'000;
 /// A strip whose tiles come one after the other.
 struct Gathering {
     SheetLayout layout;
-    std::vector<int> ticks; ///< of each tile
+    std::vector<int> moments; ///< frame of each tile
     std::vector<Tile> tiles;
     std::size_t missing = 0;
 
-    void put(int tick, const render::FrameView& frame) {
-        for (std::size_t i = 0; i < ticks.size(); ++i) {
+    void put(int frame, const render::FrameView& drawn) {
+        for (std::size_t i = 0; i < moments.size(); ++i) {
             auto& picture = tiles[i].picture;
-            if (ticks[i] != tick || !picture.pixels.empty())
+            if (moments[i] != frame || !picture.pixels.empty())
                 continue;
-            picture.width = frame.size.width;
-            picture.height = frame.size.height;
-            picture.pixels.assign(frame.bytes.begin(), frame.bytes.end());
+            picture.width = drawn.size.width;
+            picture.height = drawn.size.height;
+            picture.pixels.assign(drawn.bytes.begin(), drawn.bytes.end());
             --missing;
         }
     }
@@ -53,7 +52,7 @@ std::vector<double> momentsOf(const StripCommand& command) {
 foundation::Result<movie::FrameTap> stripTap(const StripCommand& command) {
     const auto strip = std::make_shared<Gathering>();
     for (const double moment : momentsOf(command)) {
-        strip->ticks.push_back(tickAt(moment));
+        strip->moments.push_back(shared::FrameClock::frameSeenAt(moment));
         strip->tiles.push_back({fmt::format("{:.2f} s", moment), {}});
     }
     strip->missing = strip->tiles.size();
@@ -68,13 +67,12 @@ foundation::Result<movie::FrameTap> stripTap(const StripCommand& command) {
                 strip->layout.height()));
     }
     return movie::FrameTap{
-        .wants =
-            [strip](double time) { return std::ranges::count(strip->ticks, tickOf(time)) > 0; },
+        .wants = [strip](int frame) { return std::ranges::count(strip->moments, frame) > 0; },
         .take = [strip, file = command.out](
-                    double time, const render::FrameView& frame) -> foundation::Result<void> {
+                    int frame, const render::FrameView& drawn) -> foundation::Result<void> {
             if (strip->missing == 0)
                 return {};
-            strip->put(tickOf(time), frame);
+            strip->put(frame, drawn);
             if (strip->missing > 0)
                 return {};
             const auto sheet = contactSheet(strip->tiles, strip->layout);
@@ -82,7 +80,7 @@ foundation::Result<movie::FrameTap> stripTap(const StripCommand& command) {
                 return tl::unexpected(sheet.error());
             return image::savePNG(*sheet, file);
         },
-        .count = static_cast<int>(std::set(strip->ticks.begin(), strip->ticks.end()).size())};
+        .count = static_cast<int>(std::set(strip->moments.begin(), strip->moments.end()).size())};
 }
 
 } // namespace zelvo::app

@@ -2,17 +2,17 @@
 #pragma once
 
 #include "export/FrameSource.h"
-#include "platform/media/CMTime.h"
 
 #include <deque>
 #include <functional>
 
 namespace zelvo::movie {
 
-/// When a frame is seen.
+/// Which frame a picture is, and who has asked for it.
 struct FrameStamp {
-    double time = 0; ///< seconds of the movie; below 0 in the count-in
-    media::CMTime presentationTime;
+    int frame = 0; ///< of the movie; below 0 in the count-in
+    bool isForTap = false;
+    bool isForMovie = false;
 };
 
 /// Keeps as many frames under way as the source allows: a frame comes out when the one three

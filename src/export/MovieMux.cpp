@@ -4,6 +4,7 @@
 #include "platform/foundation/Check.h"
 #include "platform/foundation/Console.h"
 #include "platform/media/AVAsset.h"
+#include "shared/FrameClock.h"
 
 #include <fmt/format.h>
 
@@ -18,11 +19,10 @@ using foundation::Result;
 using media::CMTime;
 using media::CMTimeRange;
 using media::MediaType;
-
-constexpr double kCutFrames = 3;
+using shared::FrameClock;
 
 CMTime sixtieths(double seconds) {
-    return CMTime::makeWithSeconds(seconds, 60);
+    return FrameClock::presentationTime(FrameClock::nearestFrame(seconds));
 }
 
 std::optional<media::AVAssetTrack> firstTrack(const media::AVAsset& asset, MediaType type) {

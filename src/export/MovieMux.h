@@ -11,6 +11,9 @@
 
 namespace zelvo::movie {
 
+/// Frames that are cut off at the end of the raw movie.
+inline constexpr int kCutFrames = 3;
+
 /// Puts the raw video, less its last three frames, together with the music. A song that cannot be
 /// read leaves the movie silent, which is said on the console. Errors: the raw video is no video.
 [[nodiscard]] foundation::Result<std::unique_ptr<media::AVAssetExportSession>> makeExportSession(

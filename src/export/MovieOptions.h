@@ -14,11 +14,11 @@ namespace zelvo::movie {
 
 /// Looks at the pictures of an export as they are finished, in their order.
 struct FrameTap {
-    /// Whether the picture at that time (seconds of the movie, below 0 in the count-in) is to be
-    /// drawn for the tap.
-    std::function<bool(double time)> wants;
+    /// Whether that frame (of the movie, below 0 in the count-in) is to be drawn for the tap. Asked
+    /// once a frame.
+    std::function<bool(int frame)> wants;
     /// The picture, 4 bytes a pixel, valid during the call. An error ends the export with it.
-    std::function<foundation::Result<void>(double time, const render::FrameView& frame)> take;
+    std::function<foundation::Result<void>(int frame, const render::FrameView& picture)> take;
     /// How many it wants, for the progress of an export that draws nothing else.
     int count = 0;
 };

@@ -3,10 +3,10 @@
 
 #include "export/MovieMux.h"
 #include "platform/foundation/Check.h"
+#include "shared/FrameClock.h"
 
 #include <fmt/format.h>
 
-#include <cmath>
 #include <system_error>
 #include <utility>
 
@@ -15,11 +15,10 @@ namespace zelvo::movie {
 using foundation::Cause;
 using foundation::Error;
 using foundation::Result;
+using shared::FrameClock;
 
 namespace {
 
-constexpr double kFramesPerSecond = 60.0;
-constexpr double kClockStep = 0.016666666666667;
 constexpr double kStartDelay = 0.1; ///< seconds; gives the scene's hand-over time to land
 
 Result<void> checkOutputFolder(const std::filesystem::path& output) {
@@ -61,7 +60,6 @@ Result<void> MovieWriter::start() {
     }
     exportToken = std::make_shared<const bool>(true);
     progress = {0, framesToDraw()};
-    lastPresentationTime = media::CMTime::negativeInfinity();
     encodingSeconds = 0;
     frames->resetTimes();
 
@@ -79,7 +77,7 @@ Result<void> MovieWriter::start() {
 int MovieWriter::framesToDraw() const {
     if (options.tap && !options.writesMovie)
         return options.tap->count;
-    return static_cast<int>(std::ceil(model.duration() / kClockStep)) + 1;
+    return FrameClock::framesDrawnIn(model.duration());
 }
 
 Result<void> MovieWriter::makeRenderer() {
@@ -116,45 +114,40 @@ std::filesystem::path MovieWriter::outputPath() const {
     return options.output.value_or(files.finishedMovie());
 }
 
-void MovieWriter::renderFrame(double t) {
+void MovieWriter::renderFrame(int frame) {
     if (!isRecording())
         return;
-    if (t >= 0)
+    if (frame >= 0)
         state_ = State::rendering;
-    const media::CMTime presentationTime{
-        static_cast<std::int64_t>(std::trunc(t * kFramesPerSecond)), 60};
-    if (!isWanted(t, presentationTime)) {
-        frames->renderer().update(t);
+    const double time = FrameClock::secondsOf(frame);
+    const FrameStamp stamp{
+        .frame = frame,
+        .isForTap = options.tap && options.tap->wants(frame),
+        .isForMovie = rawMovie && frame >= 0,
+    };
+    if (!stamp.isForTap && !stamp.isForMovie) {
+        frames->renderer().update(time);
         return;
     }
-    if (t >= 0)
-        lastPresentationTime = presentationTime;
     const render::FrameRequest request{
-        .time = t,
+        .time = time,
         .outputSize = options.renderSize,
         .oversampling = options.oversampling,
         .format = render::PixelFormat::rgba8,
     };
-    if (auto drawn = pipeline->submit(request, {t, presentationTime}); !drawn)
+    if (auto drawn = pipeline->submit(request, stamp); !drawn)
         fail(drawn.error());
 }
 
-/// Two ticks that fall on one presentation time give one frame.
-bool MovieWriter::isWanted(double t, media::CMTime presentationTime) const {
-    if (options.tap && options.tap->wants(t))
-        return true;
-    return options.writesMovie && t >= 0 && presentationTime != lastPresentationTime;
-}
-
 Result<void> MovieWriter::takeFrame(const render::FrameView& frame, const FrameStamp& stamp) {
-    if (options.tap && options.tap->wants(stamp.time)) {
-        if (auto taken = options.tap->take(stamp.time, frame); !taken)
+    if (stamp.isForTap) {
+        if (auto taken = options.tap->take(stamp.frame, frame); !taken)
             return taken;
     }
-    if (rawMovie && stamp.time >= 0) {
-        if (auto written = rawMovie->append(frame, stamp.presentationTime); !written) {
+    if (stamp.isForMovie) {
+        const auto at = FrameClock::presentationTime(stamp.frame);
+        if (auto written = rawMovie->append(frame, at); !written)
             return written;
-        }
     }
     ++progress.framesDone;
     progressSignal.fire(progress);

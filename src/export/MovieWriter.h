@@ -61,9 +61,8 @@ public:
     /// has changed.
     [[nodiscard]] foundation::Result<void> start();
 
-    /// One tick of an export's run, t seconds into the movie. The count-in, below 0, is animated
-    /// without being drawn.
-    void renderFrame(double t);
+    /// One tick of an export's run. The count-in, below 0, is animated without being drawn.
+    void renderFrame(int frame);
 
     /// The run has reached its end: closes the file and makes the movie of it.
     void finish();
@@ -84,7 +83,6 @@ private:
     [[nodiscard]] foundation::Result<void> prepareWriter();
     [[nodiscard]] std::filesystem::path outputPath() const;
     [[nodiscard]] int framesToDraw() const;
-    [[nodiscard]] bool isWanted(double t, media::CMTime presentationTime) const;
     [[nodiscard]] foundation::Result<void>
     takeFrame(const render::FrameView& frame, const FrameStamp& stamp);
     void leaveRun();
@@ -107,7 +105,6 @@ private:
     std::unique_ptr<RawMovie> rawMovie;
     std::unique_ptr<media::AVAssetExportSession> session;
     State state_ = State::idle;
-    media::CMTime lastPresentationTime = media::CMTime::negativeInfinity();
     MovieProgress progress;
     double encodingSeconds = 0;
     /// Made anew by each export; calls that come late from other threads hold it weakly.

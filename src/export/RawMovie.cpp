@@ -2,6 +2,7 @@
 #include "export/RawMovie.h"
 
 #include "platform/foundation/Check.h"
+#include "shared/FrameClock.h"
 
 #include <cstring>
 #include <utility>
@@ -68,7 +69,7 @@ Result<void> RawMovie::append(const render::FrameView& frame, media::CMTime pres
 Result<void> RawMovie::startSession() {
     if (auto started = assetWriter->startWriting(); !started)
         return started;
-    assetWriter->startSessionAtSourceTime({0, 60});
+    assetWriter->startSessionAtSourceTime(shared::FrameClock::presentationTime(0));
     writerHasStarted = true;
     return {};
 }

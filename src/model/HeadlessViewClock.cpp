@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "model/HeadlessViewClock.h"
 
-#include "model/Model.h"
+#include "shared/FrameClock.h"
 #include "shared/Signal.h"
 
 namespace zelvo::core {
@@ -10,8 +10,10 @@ HeadlessViewClock::HeadlessViewClock(scene::SCNSceneRenderer& view) {
     ui::signals().timeSignal.subscribe(subscription, [&view](const ui::TimeState& state) {
         // The signal tells the next tick's time; the frame to be seen is that of the tick under
         // way.
-        if (view.scene())
-            view.update(state.time - Model::kStep - state.startCounter);
+        if (!view.scene())
+            return;
+        const int next = shared::FrameClock::nearestFrame(state.time - state.startCounter);
+        view.update(shared::FrameClock::secondsOf(next - 1));
     });
 }
 

@@ -11,15 +11,15 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <utility>
 
 namespace zelvo::core {
 
+using shared::FrameClock;
+
 namespace {
 
-constexpr double kNearZero = 0.005555555555555667; ///< a third of the step
-constexpr double kBlockingTime = 1.0;              ///< seconds
+constexpr double kBlockingTime = 1.0; ///< seconds
 constexpr int kFirstScene = 2;
 
 Model*& sharedModel() {
@@ -89,7 +89,7 @@ void Model::start() {
     // An export's ticks come as fast as frames can be made, each a step of the run loop's clock.
     services.runLoop.setPacing(
         isRecordingMovie() ? foundation::Pacing::unpaced : foundation::Pacing::realTime);
-    timer = services.runLoop.scheduleRepeating(kStep, [this] { runTimedCode(); });
+    timer = services.runLoop.scheduleRepeating(FrameClock::kStep, [this] { runTimedCode(); });
 }
 
 void Model::stop(Reset reset) {
@@ -97,7 +97,7 @@ void Model::stop(Reset reset) {
     timer.invalidate();
     services.runLoop.setPacing(foundation::Pacing::realTime);
     if (reset == Reset::toStart) {
-        time_ = 0;
+        clock.reset();
         fireTimeSignal();
     }
     audioPlayer_.stop();
@@ -115,22 +115,19 @@ void Model::toggle() {
 }
 
 void Model::runTimedCode() {
-    const double t = time_;
-    actionController().run(t);
-    time_ = t + kStep;
+    const int frame = clock.frame();
+    actionController().run(clock.time());
+    clock.advance();
     fireTimeSignal();
 
-    double rel = t - startCounter_;
-    if (std::abs(rel) < kNearZero)
-        rel = 0;
     if (isRecordingMovie()) {
-        movieWriter().renderFrame(rel);
+        movieWriter().renderFrame(frame);
         if (!isRecordingMovie())
             return; // the export has failed and stopped the run
     } else {
-        audioPlayer_.step(rel);
+        audioPlayer_.step(FrameClock::secondsOf(frame));
     }
-    if (duration_ <= rel)
+    if (frame >= FrameClock::frameReaching(duration_))
         reachEnd();
 }
 
@@ -151,7 +148,7 @@ void Model::setPlaying(bool plays) {
 }
 
 void Model::fireTimeSignal() const {
-    const double t = time_;
+    const double t = clock.time();
     const bool isCountIn = t <= startCounter_;
     ui::signals().timeSignal.fire({
         .time = t,
@@ -182,7 +179,7 @@ void Model::setScene(int index) {
     CHECK(sceneData_ != nullptr, "no scene has index {}", index);
     sceneData_->setBackground(currentBackgroundColor_);
     scene::SCNScene& scene = *sceneData_->scene;
-    scene.setAttribute(60, "frameRate");
+    scene.setAttribute(FrameClock::kFramesPerSecond, "frameRate");
     scene.setAttribute(startCounter_, "startTime");
     for (const scene::SCNNodePtr& holder : services.nodes.holders()) {
         scene.rootNode()->addChildNode(holder);

@@ -11,6 +11,7 @@
 #include "platform/foundation/Folders.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/scene/SCNSceneRenderer.h"
+#include "shared/FrameClock.h"
 #include "stage/Nodes.h"
 
 #include <atomic>
@@ -53,8 +54,6 @@ class Model final : public actions::ActionControllerOwner,
                     public movie::MovieWriterOwner,
                     public scene::SCNSceneRendererDelegate {
 public:
-    /// The length of a frame and of a tick, seconds.
-    static constexpr double kStep = 0.016666666666667;
     static constexpr double kMinDuration = 2.0;
 
     explicit Model(ModelServices given);
@@ -75,7 +74,7 @@ public:
     /// One tick of the clock.
     void runTimedCode();
 
-    [[nodiscard]] double time() const override { return time_; }
+    [[nodiscard]] double time() const override { return clock.time(); }
 
     [[nodiscard]] bool isPlaying() const override { return isPlaying_; }
 
@@ -172,6 +171,7 @@ private:
     image::Color currentBackgroundColor_;
     double duration_ = 8.0;
     double startCounter_ = 2.0;
+    shared::FrameClock clock{startCounter_};
     std::unique_ptr<actions::ActionController> actionController_;
     audio::AudioPlayer audioPlayer_;
     std::unique_ptr<movie::MovieWriter> movieWriter_;
@@ -182,7 +182,6 @@ private:
     int currentSceneIndex_ = 0;
     bool blocking = false;
     scene::SCNSceneRenderer* sceneView_ = nullptr;
-    std::atomic<double> time_ = 0;
     std::atomic<bool> isPlaying_ = false;
     std::shared_ptr<const bool> alive =
         std::make_shared<const bool>(true); ///< queued calls may outlive this

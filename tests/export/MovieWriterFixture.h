@@ -4,6 +4,7 @@
 #include "export/FakeFrames.h"
 #include "export/MovieWriter.h"
 #include "media/MediaFixture.h"
+#include "shared/FrameClock.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -31,12 +32,12 @@ protected:
 
     // --- what the writer asks of its owner
     void start() override {
-        double t = -0.1;
-        ticks = loop.scheduleRepeating(kStep, [this, t]() mutable {
-            writer.renderFrame(std::abs(t) < kStep / 3 ? 0 : t);
-            if (writer.isRecording() && length <= t)
+        int frame = -6;
+        ticks = loop.scheduleRepeating(FrameClock::kStep, [this, frame]() mutable {
+            writer.renderFrame(frame);
+            if (writer.isRecording() && frame >= FrameClock::frameReaching(length))
                 writer.finish();
-            t += kStep;
+            ++frame;
         });
     }
 
@@ -85,7 +86,7 @@ protected:
         return names;
     }
 
-    static constexpr double kStep = 0.016666666666667;
+    using FrameClock = shared::FrameClock;
 
     TemporaryFolder folder;
     foundation::Folders folders = foundation::Folders::below(folder.path());

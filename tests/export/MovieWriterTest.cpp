@@ -14,31 +14,39 @@ using testing::Pair;
 class MovieWriterTest : public test::MovieWriterTest {};
 
 TEST_F(MovieWriterTest, MakesAMovieOfEveryFrameButTheLastThree) {
-    length = 8;
+    length = 24; // long enough for sums of steps to fall below sixtieths
+    const int drawn = 24 * 60 + 1;
     std::vector<int> progress;
     writer.progressSignal.subscribe(listening, [&](const MovieProgress& state) {
-        EXPECT_EQ(state.framesTotal, 481);
+        EXPECT_EQ(state.framesTotal, drawn);
         progress.push_back(state.framesDone);
     });
+    std::vector<int> greys; // of the same frames as a tap sees them
+    writer.options.tap = FrameTap{
+        .wants = [](int frame) { return frame >= 0; },
+        .take = [&](int frame, const render::FrameView& picture) -> foundation::Result<void> {
+            EXPECT_EQ(frame, static_cast<int>(greys.size()));
+            greys.push_back(picture.bytes[0]);
+            return {};
+        }};
     exportMovie();
     ASSERT_TRUE(*outcome) << outcome->error().message;
-    EXPECT_EQ((*outcome)->frames, 481);
-    EXPECT_EQ(rendering.drawn.size(), 481U) << "the count-in is not drawn";
+    EXPECT_EQ((*outcome)->frames, drawn);
+    EXPECT_EQ(rendering.drawn.size(), drawn) << "the count-in is not drawn";
     EXPECT_EQ(rendering.drawn[0], 0);
     EXPECT_EQ(rendering.mostInFlight, 3) << "drawing and reading back overlap";
-    EXPECT_EQ(progress.back(), 481);
+    EXPECT_EQ(progress.back(), drawn);
     EXPECT_EQ(sceneHome, SceneHome::screen);
     EXPECT_EQ(videosShown, 1);
 
     const auto made = media::decodeMovie((*outcome)->movie, 32, 18);
-    ASSERT_EQ(made.frameTimes.size(), 478U);
+    ASSERT_EQ(made.frameTimes.size(), drawn - 3);
     EXPECT_EQ(made.videoTag, "avc1");
     EXPECT_EQ(made.audioCodec, "") << "there was no music";
     for (std::size_t n = 0; n < made.frameTimes.size(); ++n) {
-        const double time = static_cast<double>(n) / 60;
-        EXPECT_NEAR(made.frameTimes[n], time, 1e-9);
+        EXPECT_NEAR(made.frameTimes[n], static_cast<double>(n) / 60, 1e-9);
         // A grey of full range in the range that video has, and a little loss.
-        EXPECT_NEAR(made.centres[n][0], 16 + test::FakeFrames::greyOf(time) * 219.0 / 255, 2) << n;
+        EXPECT_NEAR(made.centres[n][0], 16 + greys[n] * 219.0 / 255, 2) << n;
     }
     EXPECT_THAT(media::topAtoms((*outcome)->movie), testing::Contains("moov"));
     EXPECT_THAT(filesIn(folders.documents / "Folder"), ElementsAre("Movie.mov"));
@@ -134,30 +142,27 @@ TEST_F(MovieWriterTest, RefusesWhatCannotBegin) {
 }
 
 TEST_F(MovieWriterTest, ShowsItsPicturesToATap) {
-    std::vector<double> seen;
+    std::vector<int> seen;
     MovieProgress last;
     writer.progressSignal.subscribe(listening, [&last](const MovieProgress& p) { last = p; });
     writer.options.writesMovie = false;
     writer.options.tap = FrameTap{
-        .wants =
-            [](double t) { return std::abs(t + 0.05) < kStep / 2 || std::abs(t - 1) < kStep / 2; },
-        .take = [&](double t, const render::FrameView& frame) -> foundation::Result<void> {
-            seen.push_back(t);
-            EXPECT_EQ(frame.bytes[0], test::FakeFrames::greyOf(t));
+        .wants = [](int frame) { return frame == -3 || frame == 60; },
+        .take = [&](int frame, const render::FrameView& picture) -> foundation::Result<void> {
+            seen.push_back(frame);
+            EXPECT_EQ(picture.bytes[0], test::FakeFrames::greyOf(frame / 60.0));
             return {};
         },
         .count = 2};
     exportMovie();
     ASSERT_TRUE(*outcome);
-    ASSERT_EQ(seen.size(), 2U);
+    EXPECT_THAT(seen, ElementsAre(-3, 60)) << "one of the count-in, too";
     EXPECT_EQ(last.framesDone, 2);
     EXPECT_EQ(last.framesTotal, 2) << "of those that are drawn";
-    EXPECT_LT(seen[0], 0) << "a moment of the count-in";
-    EXPECT_NEAR(seen[1], 1, kStep);
-    EXPECT_EQ(rendering.drawn, seen) << "nothing else is drawn";
+    EXPECT_EQ(rendering.drawn.size(), 2U) << "nothing else is drawn";
     EXPECT_TRUE(filesIn(folders.documents / "Folder").empty());
 
-    writer.options.tap->take = [](double, const render::FrameView&) -> foundation::Result<void> {
+    writer.options.tap->take = [](int, const render::FrameView&) -> foundation::Result<void> {
         return foundation::fail(Cause::unwritable, "no room");
     };
     exportMovie();

@@ -61,10 +61,10 @@ Result<QString> loadFont() {
 
 movie::FrameTap gather(const std::shared_ptr<Pictures>& pictures) {
     return {
-        .wants = [](double time) { return time >= 0 && app::tickOf(time) % kTicksPerFrame == 0; },
-        .take = [pictures](double time, const render::FrameView& frame) -> Result<void> {
+        .wants = [](int frame) { return frame >= 0 && frame % kTicksPerFrame == 0; },
+        .take = [pictures](int number, const render::FrameView& frame) -> Result<void> {
             const auto [width, height] = frame.size;
-            (*pictures)[app::tickOf(time)] =
+            (*pictures)[number] =
                 QImage(frame.bytes.data(), width, height, QImage::Format_RGBX8888).copy();
             return {};
         }};

@@ -16,7 +16,7 @@ class ChosenEncoder {
 public:
     /// Times of packets are in parts of this.
     static constexpr std::int32_t kTimescale = 600;
-    static constexpr std::int32_t kFramesPerSecond = 60;
+    static constexpr std::int32_t kFramesPerSecond = VideoSettings::kFramesPerSecond;
 
     /// A hardware encoder where one works and the codec is HEVC, else a software one. unavailable
     /// if there is none.

@@ -5,8 +5,10 @@ namespace zelvo::media {
 
 enum class VideoCodec { h264, hevc };
 
-/// What a movie's video is to be: 4:2:0, BT.709 in video range, 60 frames a second.
+/// What a movie's video is to be: 4:2:0, BT.709 in video range.
 struct VideoSettings {
+    static constexpr int kFramesPerSecond = 60;
+
     VideoCodec codec = VideoCodec::h264;
     int width = 1920; ///< even, 16 to 8192
     int height = 1080;

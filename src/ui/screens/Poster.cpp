@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/screens/Poster.h"
 
+#include "shared/FrameClock.h"
+
 #include <QBuffer>
 #include <QImage>
 
@@ -26,8 +28,9 @@ QString dataUrl(const render::FrameView& frame) {
 
 movie::FrameTap posterTap(const std::shared_ptr<Poster>& poster, double at) {
     return {
-        .wants = [poster, at](double time) { return !poster->isTaken && time >= at; },
-        .take = [poster](double, const render::FrameView& frame) -> foundation::Result<void> {
+        .wants = [frame =
+                      shared::FrameClock::frameReaching(at)](int drawn) { return drawn == frame; },
+        .take = [poster](int, const render::FrameView& frame) -> foundation::Result<void> {
             poster->isTaken = true;
             poster->source = dataUrl(frame);
             return {};
