@@ -5,19 +5,16 @@
 #include "platform/foundation/Console.h"
 #include "platform/foundation/Folders.h"
 #include "platform/media/AVAudioSession.h"
+#include "shared/FrameClock.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace zelvo::audio {
-namespace {
 
-constexpr double kFrameSeconds = 0.016666666666667;
-
-} // namespace
+using shared::FrameClock;
 
 std::optional<FadeState> fadeStateOf(int rawValue) {
     if (rawValue < 0 || rawValue > static_cast<int>(FadeState::fadeInOut))
@@ -70,7 +67,9 @@ void AudioPlayer::clearSong() {
 }
 
 void AudioPlayer::step(double t) {
-    const bool isInWindow = std::abs(t - audioPreRoll) < kFrameSeconds;
+    // The movie puts the beginning on the nearest frame; an earlier tick waits for that one.
+    const bool isInWindow = FrameClock::nearestFrame(t) >= FrameClock::nearestFrame(audioPreRoll) &&
+                            t - audioPreRoll < FrameClock::kStep;
     if (!isPlaying && isInWindow && avAudioPlayer && !avAudioPlayer->isPlaying())
         startStretch();
 
@@ -87,7 +86,9 @@ void AudioPlayer::step(double t) {
 void AudioPlayer::startStretch() {
     isFadingOut = false;
     avAudioPlayer->prepareToPlay();
-    avAudioPlayer->setCurrentTime(audioIn);
+    // As the movie cuts it.
+    avAudioPlayer->setCurrentTime(
+        FrameClock::presentationTime(FrameClock::nearestFrame(audioIn)).seconds());
     avAudioPlayer->setVolume(0.0F);
     avAudioPlayer->play();
     avAudioPlayer->setVolume(1.0F, hasFadeIn(fadeState) ? fadeInDuration : 0.0);

@@ -44,8 +44,9 @@ struct Track {
 ///     song   0 ........ audioIn ============== audioEnd .... totalDuration
 ///     movie       0 ... audioPreRoll ========= songEnd()
 ///
-/// All times are seconds. The stretch starts only if a step falls within a frame of audioPreRoll: a
-/// clock that jumps over it, or starts behind it, leaves the pass silent. Main thread only.
+/// All times are seconds. The stretch starts with the step of the frame that is nearest to
+/// audioPreRoll, on the same sample as in the movie, or up to a frame later: a clock that jumps
+/// over that, or starts behind it, leaves the pass silent. Main thread only.
 class AudioPlayer {
 public:
     /// `movieDuration` tells the movie's present length. Players are made with an output of the

@@ -3,6 +3,7 @@
 
 #include "media/MediaFixture.h"
 #include "platform/foundation/Folders.h"
+#include "shared/FrameClock.h"
 
 #include <array>
 #include <cmath>
@@ -11,7 +12,7 @@
 namespace zelvo::audio {
 namespace {
 
-constexpr double kFrame = 0.016666666666667;
+constexpr double kFrame = shared::FrameClock::kStep;
 
 class AudioPlayerTest : public media::MediaTest {
 protected:
@@ -101,6 +102,8 @@ TEST_F(AudioPlayerTest, StaysSilentWhereTheClockJumpsOverTheBeginning) {
     play(3.0, 1.5);
     EXPECT_FALSE(sounds());
     player.step(1.0 - 0.9 * kFrame);
+    EXPECT_FALSE(sounds()) << "the next tick is nearer";
+    player.step(1.0 + 0.9 * kFrame);
     EXPECT_TRUE(sounds());
 }
 

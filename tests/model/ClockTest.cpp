@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -132,22 +133,74 @@ TEST_F(ClockTest, MovesTheStageFromSceneToScene) {
     model.setSceneView(&view);
 }
 
-TEST_F(ClockTest, StepsTheMusicWithTheRun) {
-    media::writeWav(folder.path() / "song.wav", 8000, 20, media::sine(200, 0.2));
+TEST_F(ClockTest, StartsTheMusicOnTheSameSampleLiveAndInTheMovie) {
+    constexpr double kCue = 4; // seconds of silence before the song's first sound
+    media::writeWav(folder.path() / "song.wav", 48'000, 20, [](double t) {
+        return t < kCue ? 0 : media::sine(1000, 0.5)(t);
+    });
+    model.setDuration(5);
     audio::AudioPlayer& player = model.audioPlayer();
     player.loadSong(folder.path() / "song.wav", "Song");
-    EXPECT_EQ(player.audioEnd, 8) << "trimmed to the movie";
-    std::vector<std::pair<int, bool>> heard;
-    onTime([&](const ui::TimeState& state) {
-        const auto frame = static_cast<int>(std::lround((state.time - 2) * 60)) - 2;
-        if (frame == -1 || frame == 0 || frame == 60) // told of the tick before
-            heard.emplace_back(frame, player.isPlaying);
-    });
-    model.start();
-    runToTheEnd();
-    EXPECT_FALSE(player.isPlaying);
-    ASSERT_EQ(heard.size(), 3U);
-    EXPECT_TRUE(heard[2].second);
+    EXPECT_EQ(player.audioEnd, 5) << "trimmed to the movie";
+    player.fadeState = audio::FadeState::noFade;
+
+    struct Row {
+        double preRoll, in;
+        int firstFrame;
+    };
+
+    for (const auto& [preRoll, in, firstFrame] : {
+             Row{0,      2,     0 },
+             Row{0,      2.507, 0 },
+             Row{1,      2,     60},
+             Row{1.0085, 1.993, 61}
+    }) {
+        SCOPED_TRACE(preRoll);
+        player.audioPreRoll = preRoll;
+        player.audioIn = in;
+        std::optional<int> first;
+        double heard = 0; // the first sound, seconds of the movie
+        const auto once = std::make_shared<const bool>(true);
+        ui::signals().timeSignal.subscribe(once, [&](const ui::TimeState& state) {
+            if (first || !player.isPlaying)
+                return;
+            // The signal of a tick comes before its step, and tells the time of the next.
+            const int frame = static_cast<int>(std::lround((state.time - 2) * 60)) - 1;
+            first = frame - 1;
+            heard = frame / 60.0 + kCue - player.avAudioPlayer->currentTime();
+        });
+        model.start();
+        runToTheEnd();
+        EXPECT_FALSE(player.isPlaying);
+        EXPECT_EQ(first, firstFrame);
+        exportMovie();
+        const media::DecodedMovie movie = media::decodeMovie(model.movieURL(), 9, 9);
+        const auto loud = std::ranges::find_if(movie.left, [](double v) { return v > 0.1; });
+        EXPECT_NEAR(heard, static_cast<double>(loud - movie.left.begin()) / 48'000, 0.001);
+    }
+}
+
+TEST_F(ClockTest, CountsTheFramesOfALongMovieOneByOne) {
+    model.setDuration(12 * 60);
+    model.movieWriter().options.writesMovie = false;
+    std::vector<int> frames;
+    model.movieWriter().options.tap = movie::FrameTap{
+        .wants = [](int frame) { return frame >= 0; },
+        .take = [&](int frame, const render::FrameView&) -> foundation::Result<void> {
+            frames.push_back(frame);
+            return {};
+        }};
+    exportMovie();
+    ASSERT_EQ(frames.size(), 12U * 60 * 60 + 1);
+    for (std::size_t n = 0; n < frames.size(); ++n) {
+        const double time = static_cast<double>(n) / 60;
+        ASSERT_EQ(frames[n], n);
+        ASSERT_GE(rendering.drawn[n], time);
+        ASSERT_NEAR(rendering.drawn[n], time, 1e-9);
+        ASSERT_EQ(shared::FrameClock::frameSeenAt(time), n);
+        ASSERT_EQ(shared::FrameClock::frameReaching(time), n);
+        ASSERT_EQ(shared::FrameClock::nearestFrame(rendering.drawn[n]), n);
+    }
 }
 
 } // namespace
