@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/LostTime.h"
 
-#include "model/Model.h"
+#include "shared/FrameClock.h"
 
 #include <algorithm>
 
@@ -16,7 +16,7 @@ void LostTime::runBegan(double now) {
 void LostTime::ticked(double now) {
     const double passed = now - lastTick;
     lastTick = now;
-    const double late = passed - core::Model::kStep; // below 0 after a late one
+    const double late = passed - shared::FrameClock::kStep; // below 0 after a late one
     lost = std::clamp(lost + late - kAllowedShare * passed, 0.0, kMostKept);
 }
 
@@ -26,7 +26,7 @@ void LostTime::runEnded() {
 
 double LostTime::drawsFrom(double last) const {
     // One beat late is in time: the next one comes when it should.
-    if (!runs || lost <= core::Model::kStep)
+    if (!runs || lost <= shared::FrameClock::kStep)
         return last;
     return std::min(lastTick + lost / kAllowedShare, last + kLongestRest);
 }

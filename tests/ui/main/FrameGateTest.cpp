@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/FrameGate.h"
 
-#include "model/Model.h"
+#include "shared/FrameClock.h"
 #include "shared/Signal.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ namespace zelvo::ui {
 
 namespace {
 
-constexpr double kStep = core::Model::kStep;
+constexpr double kStep = shared::FrameClock::kStep;
 
 /// A run in which every tick comes so many steps after the one before; how often a picture is
 /// drawn.
