@@ -78,7 +78,6 @@ void draw(benchmark::State& state) {
     renderer.setScene(scene);
     state.SetLabel(renderer.deviceName());
     FrameRequest request;
-    request.format = PixelFormat::i420;
     for (auto step : state) {
         request.time += 1.0 / 60;
         renderer.begin(request);

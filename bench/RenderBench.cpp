@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a frame of 1920 x 1080 costs, drawn at 2880 x 1620 and delivered as planes for an encoder.
+// What a frame of 1920 x 1080 costs, drawn at 2880 x 1620 and delivered as an export takes it.
 // Boxes stand for the letters of a title of two lines: what counts is the share of the picture that
 // they cover.
 #include "platform/foundation/Check.h"
@@ -99,7 +99,6 @@ void drawFrames(benchmark::State& state, void (*furnish)(scene::SCNScene&)) {
 
     const SCNNodePtr moving = scene->rootNode()->childNodes()[4];
     FrameRequest request;
-    request.format = PixelFormat::i420;
     for (auto step : state) {
         request.time += 1.0 / 60;
         moving->position = moving->position.value() + glm::vec3(0.1f, 0, 0);

@@ -133,7 +133,6 @@ void MovieWriter::renderFrame(int frame) {
         .time = time,
         .outputSize = options.renderSize,
         .oversampling = options.oversampling,
-        .format = render::PixelFormat::rgba8,
     };
     if (auto drawn = pipeline->submit(request, stamp); !drawn)
         fail(drawn.error());

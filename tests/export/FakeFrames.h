@@ -43,7 +43,7 @@ public:
         pixels.assign(
             4 * static_cast<std::size_t>(width) * static_cast<std::size_t>(height),
             static_cast<std::uint8_t>(greyOf(request.time)));
-        return {request.outputSize, request.format, pixels};
+        return {request.outputSize, pixels};
     }
 
     [[nodiscard]] int framesInFlight() const override { return static_cast<int>(begun.size()); }

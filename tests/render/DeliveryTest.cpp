@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/AreaResampler.h"
-#include "platform/render/YuvRows.h"
 #include "render/StageFixture.h"
 
 #include <vector>
@@ -31,32 +30,6 @@ TEST(AreaResampler, KeepsEveryFlatValueExactly) {
     }
 }
 
-// BT.709 in limited range, as test charts give it.
-TEST(YuvRows, GiveTheColoursOfATestChart) {
-    struct Row {
-        std::array<std::uint8_t, 3> rgb;
-        std::array<int, 3> yuv;
-    };
-
-    for (const Row& row : {
-             Row{{255, 255, 255}, {235, 128, 128}},
-             {{0, 0, 0},       {16, 128, 128} },
-             {{255, 0, 0},     {63, 102, 240} },
-             {{0, 255, 0},     {173, 42, 26}  },
-             {{0, 0, 255},     {32, 240, 118} }
-    }) {
-        std::vector<std::uint8_t> pixels;
-        for (int i = 0; i < 8; ++i) {
-            pixels.insert(pixels.end(), {row.rgb[0], row.rgb[1], row.rgb[2], 255});
-        }
-        std::array<std::uint8_t, 12> planes{};
-        writeYuvRows(pixels.data(), 0, {4, 2}, planes);
-        EXPECT_NEAR(planes[3], row.yuv[0], 1);
-        EXPECT_NEAR(planes[9], row.yuv[1], 1);
-        EXPECT_NEAR(planes[11], row.yuv[2], 1);
-    }
-}
-
 /// A picture with edges and colours in all directions.
 void fill(scene::SCNScene& scene) {
     int i = 0;
@@ -76,10 +49,9 @@ void fill(scene::SCNScene& scene) {
 
 using Delivery = Stage;
 
-std::vector<std::uint8_t> bytesOf(SCNRenderer& renderer, PixelFormat format) {
+std::vector<std::uint8_t> bytesOf(SCNRenderer& renderer) {
     renderer.begin({
-        0, {64, 64},
-         1.5, format
+        0, {64, 64}
     });
     const FrameView view = renderer.finish();
     return {view.bytes.begin(), view.bytes.end()};
@@ -91,28 +63,23 @@ TEST_F(Delivery, OnTheCpuAndInShadersIsTheSame) {
     ASSERT_TRUE(made.has_value());
     SCNRenderer& other = **made;
     other.pointOfView = camera;
-    for (const PixelFormat format : {PixelFormat::rgba8, PixelFormat::i420}) {
-        other.setScene(nullptr);
-        renderer->setScene(scene);
-        const auto onCpu = bytesOf(*renderer, format);
-        renderer->setScene(nullptr);
-        other.setScene(scene);
-        const auto inShaders = bytesOf(other, format);
-        ASSERT_EQ(onCpu.size(), inShaders.size());
-        for (std::size_t i = 0; i < onCpu.size(); ++i) {
-            ASSERT_NEAR(onCpu[i], inShaders[i], 1) << "byte " << i;
-        }
-    }
+    const auto onCpu = bytesOf(*renderer);
+    renderer->setScene(nullptr);
+    other.setScene(scene);
+    const auto inShaders = bytesOf(other);
+    ASSERT_EQ(onCpu.size(), inShaders.size());
+    for (std::size_t i = 0; i < onCpu.size(); ++i)
+        ASSERT_NEAR(onCpu[i], inShaders[i], 1) << "byte " << i;
 }
 
 TEST_F(Delivery, GivesTheSameBytesTwiceAndInOrder) {
     fill(*scene);
-    const auto first = bytesOf(*renderer, PixelFormat::rgba8);
-    EXPECT_EQ(first, bytesOf(*renderer, PixelFormat::rgba8));
+    const auto first = bytesOf(*renderer);
+    EXPECT_EQ(first, bytesOf(*renderer));
     // A frame begun while an earlier one waits does not change that one.
-    renderer->begin({0, kSize, 1.5, PixelFormat::rgba8});
+    renderer->begin({0, kSize});
     scene->background.contents = image::Color::hex(0x808080);
-    renderer->begin({0, kSize, 1.5, PixelFormat::rgba8});
+    renderer->begin({0, kSize});
     const FrameView view = renderer->finish();
     EXPECT_TRUE(std::ranges::equal(view.bytes, first));
     EXPECT_EQ(renderer->finish().bytes[0], 0x80);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/AreaResampler.h"
 #include "platform/render/FrameDelivery.h"
-#include "platform/render/YuvRows.h"
 
 #include <epoxy/gl.h>
 
@@ -17,7 +16,7 @@ public:
 
     [[nodiscard]] std::span<const std::uint8_t> fetch(const DrawnFrame& frame) override {
         const Size size = frame.outputSize;
-        drawn.resize(byteCount(frame.drawnSize, PixelFormat::rgba8));
+        drawn.resize(byteCount(frame.drawnSize));
         glBindFramebuffer(GL_READ_FRAMEBUFFER, frame.framebuffer);
         glReadPixels(
             0,
@@ -31,21 +30,10 @@ public:
             resampler.emplace(frame.drawnSize, size);
             resampledSize = frame.drawnSize;
         }
-        output.resize(byteCount(size, frame.format));
-        const std::size_t rowBytes = static_cast<std::size_t>(size.width) * 4;
-        if (frame.format == PixelFormat::rgba8) {
-            for (int y = 0; y < size.height; ++y) {
-                resampler->writeRow(
-                    drawn, y, output.data() + static_cast<std::size_t>(y) * rowBytes);
-            }
-            return output;
-        }
-        rows.resize(rowBytes * 2);
-        for (int y = 0; y < size.height; y += 2) {
-            resampler->writeRow(drawn, y, rows.data());
-            resampler->writeRow(drawn, y + 1, rows.data() + rowBytes);
-            writeYuvRows(rows.data(), y, size, output);
-        }
+        output.resize(byteCount(size));
+        const std::size_t rowBytes = byteCount({size.width, 1});
+        for (int y = 0; y < size.height; ++y)
+            resampler->writeRow(drawn, y, output.data() + static_cast<std::size_t>(y) * rowBytes);
         return output;
     }
 
@@ -53,7 +41,6 @@ private:
     std::optional<AreaResampler> resampler;
     Size resampledSize;
     std::vector<std::uint8_t> drawn;
-    std::vector<std::uint8_t> rows; ///< two, while they are still hot in the cache
     std::vector<std::uint8_t> output;
 };
 
@@ -63,10 +50,8 @@ std::unique_ptr<FrameDelivery> makeCpuDelivery() {
     return std::make_unique<CpuDelivery>();
 }
 
-std::size_t byteCount(Size size, PixelFormat format) {
-    const auto pixels =
-        static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height);
-    return format == PixelFormat::rgba8 ? pixels * 4 : pixels * 3 / 2;
+std::size_t byteCount(Size size) {
+    return static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height) * 4;
 }
 
 } // namespace zelvo::render

@@ -21,10 +21,9 @@ struct DrawnFrame {
     std::uint32_t texture = 0; ///< its colour
     Size drawnSize;
     Size outputSize;
-    PixelFormat format = PixelFormat::rgba8;
 };
 
-/// Scales drawn pictures down, brings them to their pixel format and to memory.
+/// Scales drawn pictures down and brings them to memory.
 class FrameDelivery {
 public:
     virtual ~FrameDelivery() = default;
@@ -38,7 +37,7 @@ public:
 [[nodiscard]] std::unique_ptr<FrameDelivery> makeCpuDelivery();
 [[nodiscard]] std::unique_ptr<FrameDelivery> makeGpuDelivery();
 
-/// Of a picture in its pixel format.
-[[nodiscard]] std::size_t byteCount(Size size, PixelFormat format);
+/// Of a picture of four bytes a pixel.
+[[nodiscard]] std::size_t byteCount(Size size);
 
 } // namespace zelvo::render

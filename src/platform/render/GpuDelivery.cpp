@@ -62,13 +62,12 @@ ProgramHandle build(std::string_view fragmentFile) {
     return std::move(*program);
 }
 
-/// Scales and converts in shaders and sends only the finished picture, into a ring of buffers that
-/// nobody waits for but the caller who wants the oldest.
+/// Scales in a shader and sends only the finished picture, into a ring of buffers that nobody waits
+/// for but the caller who wants the oldest.
 class GpuDelivery final : public FrameDelivery {
 public:
     GpuDelivery()
-        : resolve(build("resolve.frag"))
-        , toYuv(build("i420.frag")) {
+        : resolve(build("resolve.frag")) {
         GLuint name = 0;
         glCreateVertexArrays(1, &name);
         noVertices = VertexArrayHandle(name);
@@ -80,7 +79,7 @@ public:
     void queue(const DrawnFrame& frame, GraphicsState& state, UniformArena& uniforms) override {
         const Size size = frame.outputSize;
         Transfer& transfer = transfers.at(frame.slot);
-        transfer.ensure(byteCount(size, frame.format));
+        transfer.ensure(byteCount(size));
         state.forgetBindings(); // a target of a new size may take over an old one's name
         scaled.ensure(GL_RGBA8, size);
         FrameBlock block;
@@ -90,13 +89,7 @@ public:
         uniforms.bind(state, kFrameBinding, block);
         run(state, resolve, frame.texture, scaled);
         glBindBuffer(GL_PIXEL_PACK_BUFFER, transfer.buffer.name());
-        if (frame.format == PixelFormat::rgba8) {
-            glReadPixels(0, 0, size.width, size.height, GL_RGBA, GL_UNSIGNED_BYTE, nullptr);
-        } else {
-            planes.ensure(GL_R8, {size.width, size.height * 3 / 2});
-            run(state, toYuv, scaled.texture.name(), planes);
-            glReadPixels(0, 0, size.width, size.height * 3 / 2, GL_RED, GL_UNSIGNED_BYTE, nullptr);
-        }
+        glReadPixels(0, 0, size.width, size.height, GL_RGBA, GL_UNSIGNED_BYTE, nullptr);
         glBindBuffer(GL_PIXEL_PACK_BUFFER, 0);
     }
 
@@ -121,11 +114,9 @@ private:
     }
 
     ProgramHandle resolve;
-    ProgramHandle toYuv;
     VertexArrayHandle noVertices;
     SamplerHandle sampler;
     Target scaled;
-    Target planes;
     std::array<Transfer, SCNRenderer::kFramesInFlight> transfers;
 };
 

@@ -59,12 +59,6 @@ void checkRequest(const FrameRequest& request) {
         "a picture drawn at {} x {}",
         drawn.width,
         drawn.height);
-    const bool isEven = size.width % 2 == 0 && size.height % 2 == 0;
-    CHECK(
-        request.format == PixelFormat::rgba8 || isEven,
-        "odd planes of {} x {}",
-        size.width,
-        size.height);
 }
 
 double noTime() {
@@ -169,13 +163,7 @@ void SCNRenderer::begin(const FrameRequest& request) {
     Slot& slot = state->slots.at(index);
     const Size drawnSize = drawnSizeOf(request);
     state->ensureTargets(slot, drawnSize);
-    slot.frame = {
-        index,
-        slot.framebuffer.name(),
-        slot.color.name(),
-        drawnSize,
-        request.outputSize,
-        request.format};
+    slot.frame = {index, slot.framebuffer.name(), slot.color.name(), drawnSize, request.outputSize};
     state->drawer.draw(
         *drawn, pointOfView.get(), {slot.framebuffer.name(), drawnSize}, slot.uniforms);
     state->blurWhatIsOutOfFocus(slot);
@@ -203,8 +191,7 @@ FrameView SCNRenderer::finish() {
     ++state->finished;
     slot.done.await();
     const double drawn = state->stopwatch();
-    const FrameView view{
-        slot.frame.outputSize, slot.frame.format, state->delivery->fetch(slot.frame)};
+    const FrameView view{slot.frame.outputSize, state->delivery->fetch(slot.frame)};
     // A software driver draws on the same cores: waiting for it is drawing, not reading back.
     double& waited = state->device.isSoftware ? state->times.drawMs : state->times.readBackMs;
     waited += 1000 * (drawn - start);
@@ -219,7 +206,7 @@ int SCNRenderer::framesInFlight() const {
 
 image::Image SCNRenderer::snapshotAtTime(double time, Size outputSize, double oversampling) {
     CHECK(framesInFlight() == 0, "a snapshot in the middle of {} frames", framesInFlight());
-    begin({time, outputSize, oversampling, PixelFormat::rgba8});
+    begin({time, outputSize, oversampling});
     const FrameView view = finish();
     image::Image picture(outputSize.width, outputSize.height);
     picture.pixels.assign(view.bytes.begin(), view.bytes.end());

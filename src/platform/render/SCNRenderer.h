@@ -13,26 +13,18 @@
 
 namespace zelvo::render {
 
-/// How the bytes of a finished frame are laid out.
-enum class PixelFormat {
-    rgba8, ///< 4 bytes a pixel, rows from the top, opaque
-    i420,  ///< planes Y, U, V of 8 bits; U and V of half the size each way; ITU-R BT.709, limited
-           ///< range. Even sizes only.
-};
-
 /// One frame asked for: drawn larger than it is delivered, the scaling down takes the place of
 /// antialiasing.
 struct FrameRequest {
     double time = 0;             ///< scene seconds
     Size outputSize{1920, 1080}; ///< of the delivered picture
     double oversampling = 1.5;   ///< drawn size over output size, 1 to 4
-    PixelFormat format = PixelFormat::rgba8;
 };
 
-/// A finished frame's bytes; valid until the next call to the renderer that made it.
+/// A finished frame's bytes: red, green, blue and an opaque alpha a pixel, rows from the top
+/// without gaps. Valid until the next call to the renderer that made it.
 struct FrameView {
     Size size;
-    PixelFormat format = PixelFormat::rgba8;
     std::span<const std::uint8_t> bytes;
 };
 
@@ -45,8 +37,8 @@ struct FrameTimes {
     int frames = 0;
 };
 
-/// Who scales the drawn picture down and converts it. On the CPU both are cheaper outside of a
-/// software driver's shaders; a graphics card does them before it sends the picture.
+/// Who scales the drawn picture down. On the CPU it is cheaper outside of a software driver's
+/// shaders; a graphics card does it before it sends the picture.
 enum class Downscaling { automatic, cpu, gpu };
 
 /// The offscreen renderer. Draws without a window system through EGL, on a graphics card or in

@@ -13,9 +13,8 @@ namespace zelvo::ui {
 namespace {
 
 QString dataUrl(const render::FrameView& frame) {
-    const QImage::Format format =
-        frame.format == render::PixelFormat::rgba8 ? QImage::Format_RGBX8888 : QImage::Format_RGB32;
-    const QImage whole(frame.bytes.data(), frame.size.width, frame.size.height, format);
+    const QImage whole(
+        frame.bytes.data(), frame.size.width, frame.size.height, QImage::Format_RGBX8888);
     const int width = std::min(frame.size.width, kPosterWidth);
     QBuffer file;
     file.open(QIODevice::WriteOnly);
