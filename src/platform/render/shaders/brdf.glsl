@@ -1,4 +1,4 @@
-// The physically based surface: Lambert and GGX in the metallic-roughness form. The same formulas stand in Shading.cpp.
+// The physically based surface: Lambert and GGX in the metallic-roughness form.
 
 struct Shading {
     vec3 N;

@@ -1,4 +1,4 @@
-// Transfer functions, tone map and dither. The same formulas stand in Shading.cpp.
+// Transfer functions, tone map and dither.
 
 // IEC 61966-2-1, a polynomial fit of decoding (Chilliant 2012, "sRGB approximations for HLSL"); within 0.002.
 vec3 linearFromSRGB(vec3 c) {
