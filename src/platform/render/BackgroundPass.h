@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/render/GraphicsState.h"
+#include "platform/render/FullscreenPass.h"
 #include "platform/render/Snapshot.h"
 #include "platform/render/TextureStore.h"
-#include "platform/render/UniformArena.h"
 
 #include <cstdint>
 
@@ -21,13 +20,12 @@ public:
         UniformArena& uniforms;
     };
 
-    /// The framebuffer is bound, its depth untouched.
+    /// The target is bound, its depth untouched.
     void draw(
         const Tools& tools,
         const scene::SCNMaterialProperty& background,
         const CameraView& camera,
-        std::uint32_t framebuffer,
-        Size size);
+        const RenderTarget& target);
 
     /// Of what the next draw puts there: another whenever that is another.
     [[nodiscard]] std::uint64_t
@@ -36,16 +34,14 @@ public:
 private:
     void drawPicture(
         const Tools& tools, const scene::SCNMaterialProperty& background, const CameraView& camera);
-    void ensureSize(Size wanted, GraphicsState& state);
     [[nodiscard]] bool
     isKept(const scene::SCNMaterialProperty& background, const CameraView& camera, Size size) const;
 
-    ProgramHandle equirectangular;
-    ProgramHandle cube;
-    VertexArrayHandle noVertices;
-    TextureHandle kept;
-    FramebufferHandle keptFramebuffer;
-    Size keptSize;
+    FullscreenPass equirectangular{"background.frag", {"DIRECTIONS"}};
+    FullscreenPass cube{
+        "background.frag", {"DIRECTIONS", "CUBE"}
+    };
+    RenderTarget kept{TargetFormat::rgba8};
     scene::SCNMaterialProperty::Contents keptContents;
     glm::mat4 keptView{0};
     std::uint64_t drawings = 0;

@@ -16,19 +16,14 @@ public:
 
     [[nodiscard]] std::span<const std::uint8_t> fetch(const DrawnFrame& frame) override {
         const Size size = frame.outputSize;
-        drawn.resize(byteCount(frame.drawnSize));
-        glBindFramebuffer(GL_READ_FRAMEBUFFER, frame.framebuffer);
+        const Size drawnSize = frame.picture->size();
+        drawn.resize(byteCount(drawnSize));
+        glBindFramebuffer(GL_READ_FRAMEBUFFER, frame.picture->framebuffer());
         glReadPixels(
-            0,
-            0,
-            frame.drawnSize.width,
-            frame.drawnSize.height,
-            GL_RGBA,
-            GL_UNSIGNED_BYTE,
-            drawn.data());
-        if (!resampler || resampledSize != frame.drawnSize || resampler->outputSize() != size) {
-            resampler.emplace(frame.drawnSize, size);
-            resampledSize = frame.drawnSize;
+            0, 0, drawnSize.width, drawnSize.height, GL_RGBA, GL_UNSIGNED_BYTE, drawn.data());
+        if (!resampler || resampledSize != drawnSize || resampler->outputSize() != size) {
+            resampler.emplace(drawnSize, size);
+            resampledSize = drawnSize;
         }
         output.resize(byteCount(size));
         const std::size_t rowBytes = byteCount({size.width, 1});

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/render/GraphicsState.h"
-#include "platform/render/UniformArena.h"
+#include "platform/render/FullscreenPass.h"
 #include "platform/scene/SCNCamera.h"
-
-#include <cstdint>
 
 namespace zelvo::render {
 
@@ -13,30 +10,13 @@ namespace zelvo::render {
 /// `needsDepthOfField` says so.
 class DepthOfFieldPass {
 public:
-    /// The picture, which is replaced, and the depth it was drawn with.
-    struct Picture {
-        std::uint32_t color = 0;
-        std::uint32_t depth = 0;
-        std::uint32_t framebuffer = 0;
-        Size size;
-    };
-
     void draw(
         const scene::SCNCamera& camera,
-        const Picture& picture,
-        GraphicsState& state,
-        UniformArena& uniforms);
+        const FramePictures& pictures,
+        const FullscreenPass::Tools& tools);
 
 private:
-    void ensureTools();
-    void ensureSize(Size wanted, GraphicsState& state);
-
-    ProgramHandle program;
-    VertexArrayHandle noVertices;
-    SamplerHandle nearest;
-    TextureHandle blurred;
-    FramebufferHandle blurredFramebuffer;
-    Size size;
+    FullscreenPass pass{"depth_of_field.frag"};
 };
 
 } // namespace zelvo::render

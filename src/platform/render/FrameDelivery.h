@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/render/GraphicsState.h"
+#include "platform/render/RenderTarget.h"
 #include "platform/render/SCNRenderer.h"
 #include "platform/render/UniformArena.h"
 
@@ -17,9 +17,7 @@ namespace zelvo::render {
 struct DrawnFrame {
     std::size_t slot = 0; ///< below SCNRenderer::kFramesInFlight; a slot's picture is fetched
                           ///< before it is queued anew
-    std::uint32_t framebuffer = 0;
-    std::uint32_t texture = 0; ///< its colour
-    Size drawnSize;
+    const RenderTarget* picture = nullptr;
     Size outputSize;
 };
 

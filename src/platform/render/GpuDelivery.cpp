@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/foundation/Check.h"
 #include "platform/render/FrameDelivery.h"
-#include "platform/render/ShaderBlocks.h"
-#include "platform/render/ShaderProgram.h"
+#include "platform/render/FullscreenPass.h"
 
 #include <epoxy/gl.h>
 
@@ -10,26 +9,6 @@
 
 namespace zelvo::render {
 namespace {
-
-/// A texture that passes draw into.
-struct Target {
-    TextureHandle texture;
-    FramebufferHandle framebuffer;
-    Size size;
-
-    void ensure(GLenum format, Size wanted) {
-        if (size == wanted)
-            return;
-        GLuint name = 0;
-        glCreateTextures(GL_TEXTURE_2D, 1, &name);
-        texture = TextureHandle(name);
-        glTextureStorage2D(name, 1, format, wanted.width, wanted.height);
-        glCreateFramebuffers(1, &name);
-        framebuffer = FramebufferHandle(name);
-        glNamedFramebufferTexture(name, GL_COLOR_ATTACHMENT0, texture.name(), 0);
-        size = wanted;
-    }
-};
 
 /// Memory that the graphics side writes a picture into.
 struct Transfer {
@@ -56,38 +35,26 @@ struct Transfer {
     }
 };
 
-ProgramHandle build(std::string_view fragmentFile) {
-    auto program = buildProgram({"fullscreen.vert", fragmentFile});
-    CHECK(program.has_value(), "{}", program.error().message);
-    return std::move(*program);
-}
-
 /// Scales in a shader and sends only the finished picture, into a ring of buffers that nobody waits
 /// for but the caller who wants the oldest.
 class GpuDelivery final : public FrameDelivery {
 public:
-    GpuDelivery()
-        : resolve(build("resolve.frag")) {
-        GLuint name = 0;
-        glCreateVertexArrays(1, &name);
-        noVertices = VertexArrayHandle(name);
-        glCreateSamplers(1, &name);
-        sampler = SamplerHandle(name);
-        glSamplerParameteri(name, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
-    }
-
     void queue(const DrawnFrame& frame, GraphicsState& state, UniformArena& uniforms) override {
         const Size size = frame.outputSize;
+        const Size drawn = frame.picture->size();
         Transfer& transfer = transfers.at(frame.slot);
         transfer.ensure(byteCount(size));
-        state.forgetBindings(); // a target of a new size may take over an old one's name
-        scaled.ensure(GL_RGBA8, size);
-        FrameBlock block;
-        block.frame.x = static_cast<float>(frame.drawnSize.width) / static_cast<float>(size.width);
-        block.frame.y =
-            static_cast<float>(frame.drawnSize.height) / static_cast<float>(size.height);
-        uniforms.bind(state, kFrameBinding, block);
-        run(state, resolve, frame.texture, scaled);
+        scaled.resize(size, state);
+        PassBlock block;
+        block.passNumbers[0].x = static_cast<float>(drawn.width) / static_cast<float>(size.width);
+        block.passNumbers[0].y = static_cast<float>(drawn.height) / static_cast<float>(size.height);
+        resolve.run(
+            {
+                state, uniforms
+        },
+            scaled,
+            {{kPictureUnit, frame.picture->color()}},
+            block);
         glBindBuffer(GL_PIXEL_PACK_BUFFER, transfer.buffer.name());
         glReadPixels(0, 0, size.width, size.height, GL_RGBA, GL_UNSIGNED_BYTE, nullptr);
         glBindBuffer(GL_PIXEL_PACK_BUFFER, 0);
@@ -99,24 +66,8 @@ public:
     }
 
 private:
-    void
-    run(GraphicsState& state,
-        const ProgramHandle& program,
-        std::uint32_t source,
-        const Target& target) {
-        state.bindFramebuffer(target.framebuffer.name(), target.size);
-        state.set(
-            {.depthTest = DepthTest::off, .depthWrite = DepthWrite::off, .culling = Culling::none});
-        state.useProgram(program.name());
-        state.bindTexture(kPictureUnit, source, sampler.name());
-        state.bindVertexArray(noVertices.name());
-        glDrawArrays(GL_TRIANGLES, 0, 3);
-    }
-
-    ProgramHandle resolve;
-    VertexArrayHandle noVertices;
-    SamplerHandle sampler;
-    Target scaled;
+    FullscreenPass resolve{"resolve.frag"};
+    RenderTarget scaled{TargetFormat::rgba8};
     std::array<Transfer, SCNRenderer::kFramesInFlight> transfers;
 };
 

@@ -196,6 +196,7 @@ void GraphicsState::clearColor(float red, float green, float blue) {
 }
 
 void GraphicsState::forgetBindings() {
+    framebuffer.reset();
     program.reset();
     vertexArray.reset();
     textures = {};

@@ -64,7 +64,7 @@ public:
     void clearDepth();
     void clearColor(float red, float green, float blue);
 
-    /// A texture or program was deleted: its name may come back for another.
+    /// A texture, framebuffer or program was deleted: its name may come back for another.
     void forgetBindings();
 
 private:

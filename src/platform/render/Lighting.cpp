@@ -243,13 +243,13 @@ bool casts(const VisibleNode& node, const scene::SCNLight& light) {
     return node.castsShadow || (node.categoryBitMask & light.shadowCasterMask) != 0;
 }
 
-std::vector<ShadowView> shadowViews(const Snapshot& snapshot) {
-    std::vector<ShadowView> views;
+ShadowViews shadowViews(const Snapshot& snapshot) {
+    ShadowViews result;
     const std::span<const PlacedLight> lights = snapshot.lights();
-    for (std::uint32_t i = 0; i < lights.size() && views.size() < kMaxShadows; ++i) {
+    for (std::uint32_t i = 0; i < lights.size() && result.count < result.views.size(); ++i) {
         if (!castsShadow(*lights[i].light))
             continue;
-        ShadowView view;
+        ShadowView& view = result.views.at(result.count++);
         view.light = i;
         setTaps(view, *lights[i].light);
         if (lights[i].light->type == SCNLightType::directional) {
@@ -259,9 +259,8 @@ std::vector<ShadowView> shadowViews(const Snapshot& snapshot) {
         }
         view.toTexture = clipToTexture() * view.viewProjection;
         setBounds(view, castersInMap(view, *lights[i].light, snapshot));
-        views.push_back(view);
     }
-    return views;
+    return result;
 }
 
 ShadowView boundedTo(const VisibleNode& caster, const ShadowView& view) {

@@ -25,6 +25,14 @@ struct ShadowView {
     int mapSize = 1024;      ///< texels
 };
 
+/// Those of a frame.
+struct ShadowViews {
+    std::array<ShadowView, kMaxShadows> views{};
+    std::size_t count = 0;
+
+    [[nodiscard]] std::span<const ShadowView> all() const { return {views.data(), count}; }
+};
+
 /// Whether the node stands in the light's way.
 [[nodiscard]] bool casts(const VisibleNode& node, const scene::SCNLight& light);
 
@@ -35,7 +43,7 @@ struct ShadowView {
 /// directional light 1000 scene units or, if that is more, all casters. The map that is drawn is as
 /// much coarser as the edge is softer, so that four taps always do; shadowSampleCount is not
 /// regarded.
-[[nodiscard]] std::vector<ShadowView> shadowViews(const Snapshot& snapshot);
+[[nodiscard]] ShadowViews shadowViews(const Snapshot& snapshot);
 
 /// The same view, its bounds and its nearest depth those of one caster alone.
 [[nodiscard]] ShadowView boundedTo(const VisibleNode& caster, const ShadowView& view);

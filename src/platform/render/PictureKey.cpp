@@ -20,10 +20,10 @@ std::optional<std::uint64_t> PictureKey::of(
     Hash hash;
     addCamera(hash);
     addSurroundings(hash, scene);
-    const std::vector<ShadowView> views = shadowViews(snapshot);
-    addShadows(hash, views);
+    const ShadowViews views = shadowViews(snapshot);
+    addShadows(hash, views.all());
     UniformArena unused(1); // nothing is drawn
-    const ItemPainter::Frame frame{snapshot, views, unused};
+    const ItemPainter::Frame frame{snapshot, views.all(), unused};
     painter.begin();
     const bool isStill = addItems(hash, snapshot.opaque(), painter, frame) &&
                          addItems(hash, snapshot.translucent(), painter, frame);

@@ -3,17 +3,13 @@
 
 #include "platform/foundation/Check.h"
 #include "platform/render/Context.h"
-#include "platform/render/DepthOfField.h"
-#include "platform/render/DepthOfFieldPass.h"
 #include "platform/render/Fence.h"
 #include "platform/render/FrameDelivery.h"
-#include "platform/render/FrameDrawer.h"
-#include "platform/render/TechniquePasses.h"
+#include "platform/render/FramePasses.h"
 
 #include <epoxy/gl.h>
 
 #include <array>
-#include <cmath>
 
 namespace zelvo::render {
 namespace {
@@ -22,28 +18,18 @@ constexpr int kMaxDrawnSide = 8192;
 
 /// What a frame in flight has for itself.
 struct Slot {
-    explicit Slot(int uniformAlignment)
-        : uniforms(uniformAlignment) {}
+    Slot(RenderTarget made, int uniformAlignment)
+        : picture(std::move(made))
+        , uniforms(uniformAlignment) {}
 
-    TextureHandle color;
-    FramebufferHandle framebuffer;
+    RenderTarget picture;
     UniformArena uniforms;
     DrawnFrame frame;
     Fence done;
 };
 
-TextureHandle makeTexture(GLenum format, Size size) {
-    GLuint name = 0;
-    glCreateTextures(GL_TEXTURE_2D, 1, &name);
-    glTextureStorage2D(name, 1, format, size.width, size.height);
-    return TextureHandle(name);
-}
-
 Size drawnSizeOf(const FrameRequest& request) {
-    const auto scaled = [&request](int side) {
-        return static_cast<int>(std::lround(side * request.oversampling));
-    };
-    return {scaled(request.outputSize.width), scaled(request.outputSize.height)};
+    return request.outputSize.scaled(request.oversampling);
 }
 
 void checkRequest(const FrameRequest& request) {
@@ -71,63 +57,26 @@ struct SCNRenderer::State {
     State(std::unique_ptr<HeadlessContext> made, Downscaling downscaling)
         : context(std::move(made))
         , device(readDeviceInfo())
-        , drawer(device)
+        , passes(device)
         , slots{
-              Slot(device.uniformAlignment),
-              Slot(device.uniformAlignment),
-              Slot(device.uniformAlignment)} {
+              Slot(passes.makePicture(), device.uniformAlignment),
+              Slot(passes.makePicture(), device.uniformAlignment),
+              Slot(passes.makePicture(), device.uniformAlignment)} {
         const bool onCpu = downscaling == Downscaling::automatic ? device.isSoftware
                                                                  : downscaling == Downscaling::cpu;
         delivery = onCpu ? makeCpuDelivery() : makeGpuDelivery();
     }
 
-    void ensureTargets(Slot& slot, Size size);
-    void blurWhatIsOutOfFocus(Slot& slot);
-
     std::unique_ptr<HeadlessContext> context; // first in, last out: all below lives in it
     DeviceInfo device;
-    FrameDrawer drawer;
-    DepthOfFieldPass depthOfField;
-    TechniquePasses techniques;
+    FramePasses passes;
     std::unique_ptr<FrameDelivery> delivery;
-    TextureHandle depth; ///< shared: the frames are drawn one after the other
-    Size depthSize;
     std::array<Slot, kFramesInFlight> slots;
     std::size_t begun = 0; ///< since the start; a frame's slot is its number modulo kFramesInFlight
     std::size_t finished = 0;
     FrameTimes times;
     double (*stopwatch)() = noTime;
 };
-
-void SCNRenderer::State::ensureTargets(Slot& slot, Size size) {
-    const bool isFramebufferRight =
-        slot.framebuffer && slot.frame.drawnSize == size && depthSize == size;
-    if (isFramebufferRight)
-        return;
-    drawer.forgetState();
-    if (depthSize != size) {
-        depth = makeTexture(GL_DEPTH_COMPONENT32F, size);
-        depthSize = size;
-    }
-    if (!slot.color || slot.frame.drawnSize != size)
-        slot.color = makeTexture(GL_RGBA8, size);
-    GLuint name = 0;
-    glCreateFramebuffers(1, &name);
-    slot.framebuffer = FramebufferHandle(name);
-    glNamedFramebufferTexture(name, GL_COLOR_ATTACHMENT0, slot.color.name(), 0);
-    glNamedFramebufferTexture(name, GL_DEPTH_ATTACHMENT, depth.name(), 0);
-}
-
-void SCNRenderer::State::blurWhatIsOutOfFocus(Slot& slot) {
-    const scene::SCNCamera* camera = drawer.sceneCamera();
-    if (camera == nullptr || !needsDepthOfField(*camera, slot.frame.outputSize.height))
-        return;
-    depthOfField.draw(
-        *camera,
-        {slot.color.name(), depth.name(), slot.framebuffer.name(), slot.frame.drawnSize},
-        drawer.graphicsState(),
-        slot.uniforms);
-}
 
 foundation::Result<std::unique_ptr<SCNRenderer>> SCNRenderer::make(Downscaling downscaling) {
     auto context = HeadlessContext::make();
@@ -161,19 +110,16 @@ void SCNRenderer::begin(const FrameRequest& request) {
     state->context->makeCurrent();
     const std::size_t index = state->begun % kFramesInFlight;
     Slot& slot = state->slots.at(index);
-    const Size drawnSize = drawnSizeOf(request);
-    state->ensureTargets(slot, drawnSize);
-    slot.frame = {index, slot.framebuffer.name(), slot.color.name(), drawnSize, request.outputSize};
-    state->drawer.draw(
-        *drawn, pointOfView.get(), {slot.framebuffer.name(), drawnSize}, slot.uniforms);
-    state->blurWhatIsOutOfFocus(slot);
-    if (technique)
-        state->techniques.draw(
-            *technique,
-            {slot.color.name(), slot.framebuffer.name(), drawnSize},
-            drawn->time(),
-            state->drawer.graphicsState());
-    state->delivery->queue(slot.frame, state->drawer.graphicsState(), slot.uniforms);
+    slot.frame = {index, &slot.picture, request.outputSize};
+    state->passes.draw(
+        {*drawn,
+         pointOfView.get(),
+         technique,
+         drawnSizeOf(request),
+         request.outputSize.height,
+         slot.uniforms},
+        slot.picture);
+    state->delivery->queue(slot.frame, state->passes.graphicsState(), slot.uniforms);
     slot.done.set();
     glFlush();
     ++state->begun;

@@ -2,18 +2,14 @@
 #include "platform/render/SCNView.h"
 
 #include "platform/foundation/Check.h"
-#include "platform/render/DepthOfField.h"
-#include "platform/render/DepthOfFieldPass.h"
 #include "platform/render/Fence.h"
-#include "platform/render/FrameDrawer.h"
-#include "platform/render/TechniquePasses.h"
+#include "platform/render/FramePasses.h"
 
 #include <epoxy/gl.h>
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 namespace zelvo::render {
 namespace {
@@ -31,51 +27,17 @@ struct FrameMemory {
     Fence done;
 };
 
-TextureHandle makeTexture(GLenum format, Size size) {
-    GLuint name = 0;
-    glCreateTextures(GL_TEXTURE_2D, 1, &name);
-    glTextureStorage2D(name, 1, format, size.width, size.height);
-    return TextureHandle(name);
-}
-
-/// What the view draws into before it comes to the target.
-struct Canvas {
-    TextureHandle color;
-    TextureHandle depth;
-    FramebufferHandle framebuffer;
-    Size size;
-
-    void ensureSize(Size wanted) {
-        if (size == wanted)
-            return;
-        color = makeTexture(GL_RGBA8, wanted);
-        depth = makeTexture(GL_DEPTH_COMPONENT32F, wanted);
-        GLuint name = 0;
-        glCreateFramebuffers(1, &name);
-        framebuffer = FramebufferHandle(name);
-        glNamedFramebufferTexture(name, GL_COLOR_ATTACHMENT0, color.name(), 0);
-        glNamedFramebufferTexture(name, GL_DEPTH_ATTACHMENT, depth.name(), 0);
-        size = wanted;
-    }
-};
-
-Size scaled(Size size, double factor) {
-    const auto side = [factor](int length) {
-        return static_cast<int>(std::lround(length * factor));
-    };
-    return {side(size.width), side(size.height)};
-}
-
-void copy(const Canvas& canvas, const ViewTarget& target) {
-    const bool isSame = canvas.size == target.size;
+void copy(const RenderTarget& picture, const ViewTarget& target) {
+    const auto [width, height] = picture.size();
+    const bool isSame = picture.size() == target.size;
     const bool isTopFirst = target.rows == RowOrder::topFirst;
     glBlitNamedFramebuffer(
-        canvas.framebuffer.name(),
+        picture.framebuffer(),
         target.framebuffer,
         0,
         0,
-        canvas.size.width,
-        canvas.size.height,
+        width,
+        height,
         0,
         isTopFirst ? 0 : target.size.height,
         target.size.width,
@@ -89,19 +51,18 @@ void copy(const Canvas& canvas, const ViewTarget& target) {
 struct SCNView::State {
     State()
         : device(readDeviceInfo())
-        , drawer(device)
+        , passes(device)
+        , picture(passes.makePicture())
         , frames{
               FrameMemory(device.uniformAlignment),
               FrameMemory(device.uniformAlignment),
               FrameMemory(device.uniformAlignment)} {
-        drawer.graphicsState().handBack();
+        passes.graphicsState().handBack();
     }
 
     DeviceInfo device;
-    FrameDrawer drawer;
-    DepthOfFieldPass depthOfField;
-    TechniquePasses techniques;
-    Canvas canvas;
+    FramePasses passes;
+    RenderTarget picture; ///< before it is copied to the target
     std::array<FrameMemory, kFrames> frames;
     std::size_t drawn = 0;
 };
@@ -150,34 +111,18 @@ void SCNView::draw(const ViewTarget& target) {
     const double oversampling = std::clamp(quality.oversampling, 1.0, kMostOversampling);
     FrameMemory& frame = state->frames.at(state->drawn++ % kFrames);
     frame.done.await();
-    state->drawer.forgetState();
-    state->canvas.ensureSize(scaled(target.size, oversampling));
-    state->drawer.draw(
-        *scene(),
-        pointOfView.get(),
-        {state->canvas.framebuffer.name(), state->canvas.size},
-        frame.uniforms);
-    const scene::SCNCamera* camera = state->drawer.sceneCamera();
-    if (camera != nullptr && needsDepthOfField(*camera, target.size.height)) {
-        state->depthOfField.draw(
-            *camera,
-            {state->canvas.color.name(),
-             state->canvas.depth.name(),
-             state->canvas.framebuffer.name(),
-             state->canvas.size},
-            state->drawer.graphicsState(),
-            frame.uniforms);
-    }
-    if (technique) {
-        state->techniques.draw(
-            *technique,
-            {state->canvas.color.name(), state->canvas.framebuffer.name(), state->canvas.size},
-            scene()->time(),
-            state->drawer.graphicsState());
-    }
-    GraphicsState& graphics = state->drawer.graphicsState();
+    GraphicsState& graphics = state->passes.graphicsState();
+    graphics.forget();
+    state->passes.draw(
+        {*scene(),
+         pointOfView.get(),
+         technique,
+         target.size.scaled(oversampling),
+         target.size.height,
+         frame.uniforms},
+        state->picture);
     graphics.handBack();
-    copy(state->canvas, target);
+    copy(state->picture, target);
     glBindFramebuffer(GL_FRAMEBUFFER, target.framebuffer);
     glViewport(0, 0, target.size.width, target.size.height);
     frame.done.set();
@@ -187,7 +132,7 @@ std::optional<std::uint64_t> SCNView::pictureKey(double aspect) {
     CHECK(scene() != nullptr, "no scene is attached to the view");
     if (technique)
         return std::nullopt;
-    return state->drawer.pictureKey(*scene(), pointOfView.get(), static_cast<float>(aspect));
+    return state->passes.pictureKey(*scene(), pointOfView.get(), static_cast<float>(aspect));
 }
 
 std::string SCNView::deviceName() const {

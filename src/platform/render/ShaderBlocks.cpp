@@ -36,7 +36,8 @@ std::string makeDeclarations() {
            block(kFrameBinding, "FrameBlock", ZELVO_FRAME_BLOCK(ZELVO_ONE, ZELVO_LIST)) +
            block(kLightBinding, "LightBlock", ZELVO_LIGHT_BLOCK(ZELVO_ONE, ZELVO_LIST)) +
            block(kItemBinding, "ItemBlock", ZELVO_ITEM_BLOCK(ZELVO_ONE, ZELVO_LIST)) +
-           block(kSlotBinding, "SlotBlock", ZELVO_SLOT_BLOCK(ZELVO_ONE, ZELVO_LIST));
+           block(kSlotBinding, "SlotBlock", ZELVO_SLOT_BLOCK(ZELVO_ONE, ZELVO_LIST)) +
+           block(kPassBinding, "PassBlock", ZELVO_PASS_BLOCK(ZELVO_ONE, ZELVO_LIST));
 }
 
 } // namespace

@@ -21,7 +21,8 @@ enum Binding : std::uint32_t {
     kFrameBinding = 0,
     kLightBinding = 1,
     kItemBinding = 2,
-    kSlotBinding = 3
+    kSlotBinding = 3,
+    kPassBinding = 4
 };
 
 /// Texture units. The first eleven are material slots.
@@ -76,6 +77,11 @@ template <class T> using PerLight = std::array<T, kMaxLights>;
 
 #define ZELVO_SLOT_BLOCK(ONE, LIST)                                                                       \
     LIST(mat4, slotTransform, 11)
+
+#define ZELVO_PASS_BLOCK(ONE, LIST)                                                                       \
+    ONE(mat4, passDirections)   /* clip space to directions in the world */                               \
+    ONE(vec4, passFrame)        /* x scene seconds; yz size of what is drawn into, pixels */              \
+    LIST(vec4, passNumbers, 2)  /* as each pass's shader says */
 // clang-format on
 
 // NOLINTBEGIN(bugprone-macro-parentheses): types and names bear no parentheses
@@ -99,6 +105,11 @@ struct ItemBlock {
 /// Bound only for materials whose slots have different contents transforms.
 struct SlotBlock {
     ZELVO_SLOT_BLOCK(ZELVO_ONE, ZELVO_LIST)
+};
+
+/// Of a full-screen pass.
+struct PassBlock {
+    ZELVO_PASS_BLOCK(ZELVO_ONE, ZELVO_LIST)
 };
 
 #undef ZELVO_ONE

@@ -32,30 +32,15 @@ void ShadowPass::draw(
     const Tools& tools, const Snapshot& snapshot, std::span<const ShadowView> views) {
     for (std::size_t i = 0; i < views.size(); ++i) {
         Map& map = maps.at(i);
-        ensureSize(map, views[i].mapSize, tools.state);
+        const int side = views[i].mapSize;
+        const bool isNew = map.target.resize({side, side}, tools.state);
         const std::uint64_t content = contentOf(snapshot, views[i]);
-        if (map.content == content)
+        if (!isNew && map.content == content)
             continue;
         map.content = content;
-        tools.state.bindFramebuffer(map.framebuffer.name(), {map.size, map.size});
+        map.target.bind(tools.state);
         drawCasters(tools, snapshot, views[i]);
     }
-}
-
-void ShadowPass::ensureSize(Map& map, int size, GraphicsState& state) {
-    if (map.size == size)
-        return;
-    state.forgetBindings();
-    GLuint name = 0;
-    glCreateTextures(GL_TEXTURE_2D, 1, &name);
-    map.depth = TextureHandle(name);
-    glTextureStorage2D(name, 1, GL_DEPTH_COMPONENT32F, size, size);
-    glCreateFramebuffers(1, &name);
-    map.framebuffer = FramebufferHandle(name);
-    glNamedFramebufferTexture(name, GL_DEPTH_ATTACHMENT, map.depth.name(), 0);
-    glNamedFramebufferDrawBuffer(name, GL_NONE);
-    map.size = size;
-    map.content = 0;
 }
 
 void ShadowPass::drawCasters(const Tools& tools, const Snapshot& snapshot, const ShadowView& view) {

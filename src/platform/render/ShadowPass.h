@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/render/GraphicsState.h"
 #include "platform/render/Lighting.h"
 #include "platform/render/MeshStore.h"
+#include "platform/render/RenderTarget.h"
 #include "platform/render/SurfaceShaders.h"
 #include "platform/render/UniformArena.h"
 
@@ -28,7 +28,7 @@ public:
 
     /// The depth texture of a view.
     [[nodiscard]] std::uint32_t texture(std::size_t view) const {
-        return maps.at(view).depth.name();
+        return maps.at(view).target.depth();
     }
 
     /// The same as long as the map is.
@@ -36,13 +36,10 @@ public:
 
 private:
     struct Map {
-        TextureHandle depth;
-        FramebufferHandle framebuffer;
-        int size = 0;
+        RenderTarget target{TargetFormat::depth32};
         std::uint64_t content = 0; ///< hash of what was drawn
     };
 
-    static void ensureSize(Map& map, int size, GraphicsState& state);
     static void drawCasters(const Tools& tools, const Snapshot& snapshot, const ShadowView& view);
 
     std::array<Map, kMaxShadows> maps;

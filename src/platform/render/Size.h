@@ -1,11 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
+#include <cmath>
+
 namespace zelvo::render {
 
 struct Size {
     int width = 0; ///< pixels
     int height = 0;
+
+    /// Rounded, one pixel at least.
+    [[nodiscard]] Size scaled(double factor) const {
+        const auto side = [factor](int length) {
+            return std::max(1, static_cast<int>(std::lround(length * factor)));
+        };
+        return {side(width), side(height)};
+    }
 
     friend bool operator==(const Size&, const Size&) = default;
 };

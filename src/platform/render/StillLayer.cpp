@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/StillLayer.h"
 
-#include <epoxy/gl.h>
-
 #include <algorithm>
 #include <iterator>
 
@@ -45,26 +43,9 @@ bool StillLayer::holds(std::uint64_t key) const {
     return key != kMoving && std::ranges::binary_search(held, key);
 }
 
-void StillLayer::bind(GraphicsState& state) {
-    ensureSize(size, state);
-    state.bindFramebuffer(target.name(), size);
-}
-
-void StillLayer::copyTo(std::uint32_t framebuffer, GraphicsState& state) const {
-    glBlitNamedFramebuffer(
-        target.name(),
-        framebuffer,
-        0,
-        0,
-        size.width,
-        size.height,
-        0,
-        0,
-        size.width,
-        size.height,
-        GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT,
-        GL_NEAREST);
-    state.bindFramebuffer(framebuffer, size);
+const RenderTarget& StillLayer::resized(GraphicsState& state) {
+    target.resize(size, state);
+    return target;
 }
 
 void StillLayer::forget() {
@@ -72,24 +53,6 @@ void StillLayer::forget() {
     candidate.clear();
     held.clear();
     age = 0;
-}
-
-void StillLayer::ensureSize(Size wanted, GraphicsState& state) {
-    if (targetSize == wanted)
-        return;
-    state.forgetBindings();
-    GLuint name = 0;
-    glCreateTextures(GL_TEXTURE_2D, 1, &name);
-    color = TextureHandle(name);
-    glTextureStorage2D(name, 1, GL_RGBA8, wanted.width, wanted.height);
-    glCreateTextures(GL_TEXTURE_2D, 1, &name);
-    depth = TextureHandle(name);
-    glTextureStorage2D(name, 1, GL_DEPTH_COMPONENT32F, wanted.width, wanted.height);
-    glCreateFramebuffers(1, &name);
-    target = FramebufferHandle(name);
-    glNamedFramebufferTexture(name, GL_COLOR_ATTACHMENT0, color.name(), 0);
-    glNamedFramebufferTexture(name, GL_DEPTH_ATTACHMENT, depth.name(), 0);
-    targetSize = wanted;
 }
 
 } // namespace zelvo::render

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/render/GraphicsState.h"
+#include "platform/render/RenderTarget.h"
 
 #include <cstdint>
 #include <span>
@@ -32,23 +32,18 @@ public:
     /// Whether the items with this key are in the layer that the plan uses.
     [[nodiscard]] bool holds(std::uint64_t key) const;
 
-    /// Bound to be drawn into.
-    void bind(GraphicsState& state);
-    /// Into a framebuffer of the layer's size, which is then bound.
-    void copyTo(std::uint32_t framebuffer, GraphicsState& state) const;
+    /// To be drawn into, of the size that was planned with.
+    [[nodiscard]] const RenderTarget& resized(GraphicsState& state);
 
-    [[nodiscard]] std::uint32_t framebuffer() const { return target.name(); }
+    /// The other one is of the layer's size and is then bound.
+    void copyTo(const RenderTarget& other, GraphicsState& state) const {
+        target.copyTo(other, state);
+    }
 
     void forget();
 
 private:
-    void ensureSize(Size wanted, GraphicsState& state);
-
-    TextureHandle color;
-    TextureHandle depth;
-    FramebufferHandle target;
-    Size targetSize;
-
+    RenderTarget target{TargetFormat::rgba8, TargetFormat::depth32};
     Size size;
     std::uint64_t lastSurroundings = 0;
     int age = 0; ///< frames for which the same items have stood still

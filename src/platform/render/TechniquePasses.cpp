@@ -1,134 +1,79 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/TechniquePasses.h"
 
+#include "platform/foundation/Check.h"
 #include "platform/foundation/Console.h"
-#include "platform/render/ShaderBlocks.h"
-#include "platform/render/ShaderProgram.h"
 
-#include <epoxy/gl.h>
+#include <fmt/format.h>
 
-#include <algorithm>
-#include <cmath>
+#include <cstddef>
 #include <utility>
 
 namespace zelvo::render {
-namespace {
-
-Size scaled(Size size, double factor) {
-    const auto side = [factor](int full) {
-        return std::max(1, static_cast<int>(std::lround(full * factor)));
-    };
-    return {side(size.width), side(size.height)};
-}
-
-void setUniform(std::uint32_t program, const std::string& name, float value) {
-    const GLint location = glGetUniformLocation(program, name.c_str());
-    if (location >= 0)
-        glProgramUniform1f(program, location, value);
-}
-
-void setSize(std::uint32_t program, Size size) {
-    const GLint location = glGetUniformLocation(program, "u_size");
-    if (location >= 0)
-        glProgramUniform2f(
-            program, location, static_cast<float>(size.width), static_cast<float>(size.height));
-}
-
-} // namespace
-
 void TechniquePasses::draw(
-    const scene::SCNTechnique& technique, const Surface& frame, double time, GraphicsState& state) {
-    ensureTools();
-    ensureSize(spare, frame.size, state);
-    targets.resize(std::max(targets.size(), technique.targets.size()));
-    for (std::size_t i = 0; i < technique.targets.size(); ++i)
-        ensureSize(targets[i], scaled(frame.size, technique.targets[i]), state);
-
-    state.set(
-        {.depthTest = DepthTest::off, .depthWrite = DepthWrite::off, .culling = Culling::none});
-    state.bindVertexArray(noVertices.name());
-    Surface current = frame;
-    Surface other = spare.surface();
-    for (const auto& pass : technique.passes) {
-        const std::uint32_t shader = program(pass.function);
-        if (shader == 0)
-            continue;
-        const auto target = [&](int i) {
-            return targets.at(static_cast<std::size_t>(i)).surface();
+    const scene::SCNTechniquePtr& technique,
+    const FramePictures& pictures,
+    double time,
+    const FullscreenPass::Tools& tools) {
+    if (technique != planned)
+        plan(technique);
+    for (std::size_t i = 0; i < technique->targets.size(); ++i)
+        targets[i].resize(pictures.picture.size().scaled(technique->targets[i]), tools.state);
+    PassBlock block;
+    block.passFrame.x = static_cast<float>(time);
+    for (const Step& step : steps) {
+        const auto surface = [&](int index, const RenderTarget& ofFrame) -> const RenderTarget& {
+            return index == scene::SCNTechnique::kColor ? ofFrame
+                                                        : targets[static_cast<std::size_t>(index)];
         };
-        const bool readsFrame = pass.input == scene::SCNTechnique::kColor;
-        const bool writesFrame = pass.output == scene::SCNTechnique::kColor;
-        const Surface input = readsFrame ? current : target(pass.input);
-        const Surface output = writesFrame ? other : target(pass.output);
-        state.bindFramebuffer(output.framebuffer, output.size);
-        state.useProgram(shader);
-        state.bindTexture(kPictureUnit, input.texture, smooth.name());
-        setUniform(shader, "u_time", static_cast<float>(time));
-        setSize(shader, output.size);
-        for (const auto& uniform : pass.uniforms)
-            setUniform(shader, uniform.name, uniform.value);
-        glDrawArrays(GL_TRIANGLES, 0, 3);
-        if (writesFrame)
-            std::swap(current, other);
+        const RenderTarget& input = surface(step.input, pictures.picture);
+        const RenderTarget& output = surface(step.output, pictures.spare);
+        block.passNumbers[0] = step.numbers;
+        step.function->run(
+            tools,
+            output,
+            {
+                {kPictureUnit, input.color()}
+        },
+            block);
+        if (step.output == scene::SCNTechnique::kColor)
+            pictures.exchange();
     }
-    if (current.framebuffer == frame.framebuffer)
-        return;
-    const auto [width, height] = frame.size;
-    glBlitNamedFramebuffer(
-        current.framebuffer,
-        frame.framebuffer,
-        0,
-        0,
-        width,
-        height,
-        0,
-        0,
-        width,
-        height,
-        GL_COLOR_BUFFER_BIT,
-        GL_NEAREST);
 }
 
-void TechniquePasses::ensureSize(Target& target, Size wanted, GraphicsState& state) {
-    if (target.size == wanted)
-        return;
-    state.forget(); // deleted names come back
-    GLuint name = 0;
-    glCreateTextures(GL_TEXTURE_2D, 1, &name);
-    target.texture = TextureHandle(name);
-    glTextureStorage2D(name, 1, GL_RGBA8, wanted.width, wanted.height);
-    glCreateFramebuffers(1, &name);
-    target.framebuffer = FramebufferHandle(name);
-    glNamedFramebufferTexture(name, GL_COLOR_ATTACHMENT0, target.texture.name(), 0);
-    target.size = wanted;
+void TechniquePasses::plan(const scene::SCNTechniquePtr& technique) {
+    planned = technique;
+    while (targets.size() < technique->targets.size())
+        targets.push_back({TargetFormat::rgba8});
+    steps.clear();
+    for (const scene::SCNTechnique::Pass& pass : technique->passes) {
+        FullscreenPass* const found = function(pass);
+        if (found == nullptr)
+            continue;
+        Step step{found, pass.input, pass.output, glm::vec4(0)};
+        for (std::size_t i = 0; i < pass.uniforms.size(); ++i)
+            step.numbers[static_cast<glm::length_t>(i)] = pass.uniforms[i].value;
+        steps.push_back(step);
+    }
 }
 
-std::uint32_t TechniquePasses::program(const std::string& function) {
-    const auto known = programs.find(function);
-    if (known != programs.end())
-        return known->second.name();
-    auto built = buildProgram({"technique.vert", "technique.frag", {function}});
-    if (!built)
-        foundation::logLine(
-            "the technique's " + function + " is not drawn: " + built.error().message);
-    ProgramHandle& kept = programs[function];
-    if (built)
-        kept = std::move(*built);
-    return kept.name();
-}
-
-void TechniquePasses::ensureTools() {
-    if (noVertices)
-        return;
-    GLuint name = 0;
-    glCreateVertexArrays(1, &name);
-    noVertices = VertexArrayHandle(name);
-    glCreateSamplers(1, &name);
-    smooth = SamplerHandle(name);
-    glSamplerParameteri(name, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
-    glSamplerParameteri(name, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
-    glSamplerParameteri(name, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
-    glSamplerParameteri(name, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
+FullscreenPass* TechniquePasses::function(const scene::SCNTechnique::Pass& pass) {
+    const auto [entry, isNew] = functions.try_emplace(pass.function);
+    std::optional<FullscreenPass>& known = entry->second;
+    if (isNew) {
+        // A function's uniforms are the same and in the same order in every pass that uses it.
+        CHECK(pass.uniforms.size() <= 4, "{} has too many uniforms", pass.function);
+        std::vector<std::string> defines{pass.function};
+        for (std::size_t i = 0; i < pass.uniforms.size(); ++i)
+            defines.push_back(fmt::format("{} passNumbers[0][{}]", pass.uniforms[i].name, i));
+        known.emplace("technique.frag", std::move(defines));
+        if (auto built = known->prepare(); !built) {
+            foundation::logLine(fmt::format(
+                "the technique's {} is not drawn: {}", pass.function, built.error().message));
+            known.reset();
+        }
+    }
+    return known ? &*known : nullptr;
 }
 
 } // namespace zelvo::render

@@ -1,53 +1,45 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/render/GraphicsState.h"
+#include "platform/render/FullscreenPass.h"
 #include "platform/scene/SCNTechnique.h"
 
-#include <cstdint>
+#include <glm/vec4.hpp>
+
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace zelvo::render {
 
-/// Draws the passes of a technique over a finished picture. Where a pass reads and writes the
-/// frame, it goes to a second picture of the same size and the two change places.
+/// Draws the passes of a technique over a finished picture.
 class TechniquePasses {
 public:
-    /// A picture that can be read and drawn into.
-    struct Surface {
-        std::uint32_t texture = 0;
-        std::uint32_t framebuffer = 0;
-        Size size;
-    };
-
     /// `time` in scene seconds: the same picture at the same time, live and in an export.
     void draw(
-        const scene::SCNTechnique& technique,
-        const Surface& frame,
+        const scene::SCNTechniquePtr& technique,
+        const FramePictures& pictures,
         double time,
-        GraphicsState& state);
+        const FullscreenPass::Tools& tools);
 
 private:
-    struct Target {
-        TextureHandle texture;
-        FramebufferHandle framebuffer;
-        Size size;
-
-        [[nodiscard]] Surface surface() const { return {texture.name(), framebuffer.name(), size}; }
+    /// A pass whose function was found.
+    struct Step {
+        FullscreenPass* function;
+        int input;
+        int output;
+        glm::vec4 numbers;
     };
 
-    static void ensureSize(Target& target, Size wanted, GraphicsState& state);
-    /// None if the function cannot be built, which is told once.
-    [[nodiscard]] std::uint32_t program(const std::string& function);
-    void ensureTools();
+    void plan(const scene::SCNTechniquePtr& technique);
+    /// Null if the function cannot be built, which is told once.
+    [[nodiscard]] FullscreenPass* function(const scene::SCNTechnique::Pass& pass);
 
-    Target spare;
-    std::vector<Target> targets;
-    std::map<std::string, ProgramHandle> programs;
-    VertexArrayHandle noVertices;
-    SamplerHandle smooth;
+    scene::SCNTechniquePtr planned; ///< held, so that its address does not come back for another
+    std::vector<Step> steps;
+    std::vector<RenderTarget> targets;
+    std::map<std::string, std::optional<FullscreenPass>> functions;
 };
 
 } // namespace zelvo::render

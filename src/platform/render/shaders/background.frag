@@ -1,7 +1,6 @@
 // What is seen where nothing stands: a picture all around, drawn as it is, neither lit nor tone mapped. Pictures with
 // holes lie premultiplied, so that black shows through.
-layout(location = 0) in vec2 vScreen;
-layout(location = 1) in vec3 vDirection;
+layout(location = 0) in vec3 vDirection;
 layout(location = 0) out vec4 oColor;
 
 #include "directions.glsl"

@@ -4,14 +4,16 @@ layout(location = 0) out vec4 oColor;
 layout(binding = UNIT_PICTURE) uniform sampler2D uPicture;
 layout(binding = UNIT_DEPTH) uniform sampler2D uDepth;
 
-// frame: x near times far plane, y far minus near, z near, w the widest radius that is drawn, pixels
-// cameraPosition: x radius of what is infinitely far, pixels; y focus distance
+// x near times far plane, y far minus near, z near, w the widest radius that is drawn, pixels
+#define LENS passNumbers[0]
+// x radius of what is infinitely far, pixels; y focus distance
+#define FOCUS passNumbers[1]
 
 const int kTaps = 64;
 const float kGoldenAngle = 2.39996323;
 
-float distanceAt(ivec2 p) { return frame.x / (texelFetch(uDepth, p, 0).r * frame.y + frame.z); }
-float radiusAt(float d) { return min(cameraPosition.x * abs(d - cameraPosition.y) / d, frame.w); }
+float distanceAt(ivec2 p) { return LENS.x / (texelFetch(uDepth, p, 0).r * LENS.y + LENS.z); }
+float radiusAt(float d) { return min(FOCUS.x * abs(d - FOCUS.y) / d, LENS.w); }
 
 // The mean over a disc is taken in linear light, approximated by the square of the encoded value.
 vec3 squared(ivec2 p) {
@@ -28,7 +30,7 @@ void main() {
     float weights = 1.0;
     // Vogel 1979: points of a sunflower cover a disc evenly.
     for (int i = 0; i < kTaps; ++i) {
-        float reach = frame.w * sqrt((float(i) + 0.5) / float(kTaps));
+        float reach = LENS.w * sqrt((float(i) + 0.5) / float(kTaps));
         float angle = float(i) * kGoldenAngle;
         ivec2 p = clamp(here + ivec2(round(reach * vec2(cos(angle), sin(angle)))), ivec2(0), last);
         float d = distanceAt(p);

@@ -1,13 +1,12 @@
 // Scales the drawn picture down: every output pixel is the mean of the area it covers, in linear light approximated by
 // the square of the encoded value (which keeps flat colours exact).
-layout(location = 0) in vec2 vScreen;
 layout(location = 0) out vec4 oColor;
 layout(binding = UNIT_PICTURE) uniform sampler2D uPicture;
 
 void main() {
-    // frame: drawn pixels per output pixel, horizontally and vertically
-    vec2 start = floor(gl_FragCoord.xy) * frame.xy;
-    vec2 end = start + frame.xy;
+    vec2 ratio = passNumbers[0].xy; // drawn pixels per output pixel, horizontally and vertically
+    vec2 start = floor(gl_FragCoord.xy) * ratio;
+    vec2 end = start + ratio;
     ivec2 first = ivec2(floor(start + 1e-3));
     ivec2 last = ivec2(ceil(end - 1e-3)) - 1;
     vec3 sum = vec3(0.0);

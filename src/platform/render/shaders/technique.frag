@@ -2,8 +2,8 @@
 // so that every size shows the same; whole-pixel fetches where a fraction of a pixel cannot be seen.
 layout(location = 0) out vec4 oColor;
 layout(binding = UNIT_PICTURE) uniform sampler2D uPicture;
-uniform float u_time;
-uniform vec2 u_size; // of what is drawn into, pixels
+#define u_time passFrame.x
+#define u_size passFrame.yz // of what is drawn into, pixels
 
 const float kTurn = 6.2831853;
 
@@ -60,9 +60,7 @@ vec3 effect() {
 }
 
 #elif defined(waveFragmentShader)
-uniform float amplitude;
-uniform float wavelength;
-uniform float speed;
+// amplitude, wavelength, speed: see TechniquePasses
 // The whole picture swings sideways and, less, up and down; it is drawn a little larger so that no edge comes in.
 vec3 effect() {
     vec2 size = vec2(pictureSize());
@@ -97,9 +95,7 @@ vec3 effect() { return textureLod(uPicture, gl_FragCoord.xy / u_size, 0.0).rgb; 
 vec3 effect() { return texelFetch(uPicture, here() % pictureSize(), 0).rgb; }
 
 #elif defined(gaussFragmentShader)
-uniform float radius;
-uniform float directionX;
-uniform float directionY;
+// radius, directionX, directionY: see TechniquePasses
 // Thirteen samples half a standard deviation apart, up to three of them.
 vec3 effect() {
     vec2 size = vec2(pictureSize());

@@ -21,42 +21,58 @@
 
 namespace zelvo::render {
 
-/// Where a frame is drawn: an 8-bit colour and a floating-point depth attachment.
-struct DrawTarget {
-    std::uint32_t framebuffer = 0;
-    Size size;
-};
-
-/// Draws scenes with the OpenGL context that is current on this thread, whoever made it. The
-/// passes, each left out when it adds nothing: shadow maps, background, opaque items front to back
-/// (those that stand still as one picture), translucent items back to front, particles.
+/// Draws a scene's own passes, from its shadow maps to its particles; FramePasses calls them in
+/// their order.
 ///
 /// Colours are lit in linear light and tone mapped and encoded at once in the surface's shader, so
 /// that the target needs no more than 8 bits. Blending and the background work on encoded values;
 /// so a background has its colour exactly.
-class FrameDrawer {
+class SceneDrawer {
 public:
-    explicit FrameDrawer(const DeviceInfo& device);
+    explicit SceneDrawer(const DeviceInfo& device);
 
-    /// The uniforms are the frame's own and stay untouched until the graphics side is done with it.
-    void draw(
+    /// What the passes of one frame have in common.
+    struct Frame {
+        const scene::SCNScene& scene;
+        const RenderTarget& target;
+        FrameBlock block;
+        ItemPainter::Frame items;
+    };
+
+    /// Reads the scene as it stands. It must not change until `end`.
+    [[nodiscard]] Frame begin(
         const scene::SCNScene& scene,
         const scene::SCNNode* pointOfView,
-        const DrawTarget& target,
+        const RenderTarget& target,
         UniformArena& uniforms);
+    /// Lets go what nothing uses any more.
+    void end();
 
-    /// Of what `draw` would draw, without drawing it. Empty: that never stands still.
+    [[nodiscard]] bool hasShadows() const { return views.count > 0; }
+
+    [[nodiscard]] bool hasOpaque() const { return !snapshot.opaque().empty(); }
+
+    [[nodiscard]] bool hasTranslucent() const { return !snapshot.translucent().empty(); }
+
+    [[nodiscard]] bool hasParticles() const { return !snapshot.emitters().empty(); }
+
+    void drawShadows(const Frame& frame);
+    /// The background and the opaque items that stand still. Finds out which they are.
+    void drawStill(const Frame& frame);
+    /// The other opaque items, and the shadows that fall on those that stand still.
+    void drawMoving(const Frame& frame);
+    void drawTranslucent(const Frame& frame);
+    void drawParticles(const Frame& frame);
+
+    /// Of what a frame would show, without drawing it. Empty: that never stands still.
     [[nodiscard]] std::optional<std::uint64_t>
     pictureKey(const scene::SCNScene& scene, const scene::SCNNode* pointOfView, float aspect) {
         return pictures.of(scene, pointOfView, aspect, painter);
     }
 
-    /// After others have used the context.
-    void forgetState() { state.forget(); }
-
     [[nodiscard]] GraphicsState& graphicsState() { return state; }
 
-    /// The camera that the last frame was seen with; null if it was none of the scene's.
+    /// The camera that the frame is seen with; null if it is none of the scene's.
     [[nodiscard]] const scene::SCNCamera* sceneCamera() const { return snapshot.sceneCamera(); }
 
 private:
@@ -76,17 +92,12 @@ private:
     [[nodiscard]] std::uint32_t frameFeatures(const scene::SCNScene& scene);
     [[nodiscard]] OpaqueItem
     planned(const ItemPainter::Frame& frame, const DrawItem& item, Size picture);
-    [[nodiscard]] std::uint64_t surroundingsKey(
-        const scene::SCNScene& scene,
-        const FrameBlock& block,
-        std::uint32_t features,
-        Size size) const;
+    [[nodiscard]] std::uint64_t surroundingsKey(const Frame& frame) const;
     void keepWhatTheLayerShows(const scene::SCNScene& scene);
+    void drawBackground(const Frame& frame, const RenderTarget& target);
     void drawWhole(const ItemPainter::Frame& frame, const OpaqueItem& opaque);
     void
     drawShadowed(const ItemPainter::Frame& frame, const OpaqueItem& opaque, DepthTest depthTest);
-    void drawTranslucent(const ItemPainter::Frame& frame);
-    void prune();
 
     GraphicsState state;
     PictureHoles holes;
@@ -100,7 +111,7 @@ private:
     ItemPainter painter;
     PictureKey pictures;
     Snapshot snapshot;
-    std::vector<ShadowView> views;
+    ShadowViews views;
     std::vector<OpaqueItem> opaques;
     std::vector<std::uint64_t> keys; ///< of the opaques
     std::vector<std::shared_ptr<const void>>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/render/FrameDrawer.h"
+#include "platform/render/SceneDrawer.h"
 
 #include "platform/render/Hash.h"
 #include "platform/render/ShadowReach.h"
@@ -8,76 +8,78 @@
 
 namespace zelvo::render {
 
-FrameDrawer::FrameDrawer(const DeviceInfo& device)
+SceneDrawer::SceneDrawer(const DeviceInfo& device)
     : textures(device, holes)
     , painter({state, meshes, textures, shaders, holes, shadows}) {
     state.forget();
 }
 
-void FrameDrawer::draw(
+SceneDrawer::Frame SceneDrawer::begin(
     const scene::SCNScene& scene,
     const scene::SCNNode* pointOfView,
-    const DrawTarget& target,
+    const RenderTarget& target,
     UniformArena& uniforms) {
-    const float aspect =
-        static_cast<float>(target.size.width) / static_cast<float>(target.size.height);
-    snapshot.take(scene, pointOfView, aspect);
-    uniforms.reset();
+    const auto [width, height] = target.size();
+    snapshot.take(scene, pointOfView, static_cast<float>(width) / static_cast<float>(height));
     views = shadowViews(snapshot);
-    shadows.draw({state, meshes, shaders, uniforms}, snapshot, views);
-
-    const ItemPainter::Frame frame{snapshot, views, uniforms, frameFeatures(scene)};
-    const FrameBlock block = frameBlock(scene);
     painter.begin();
+    return {
+        scene, target, frameBlock(scene), {snapshot, views.all(), uniforms, frameFeatures(scene)}
+    };
+}
+
+void SceneDrawer::end() {
+    const bool hasDroppedTextures = textures.prune();
+    if (meshes.prune() || hasDroppedTextures)
+        state.forgetBindings();
+}
+
+void SceneDrawer::drawShadows(const Frame& frame) {
+    shadows.draw({state, meshes, shaders, frame.items.uniforms}, snapshot, views.all());
+}
+
+void SceneDrawer::drawStill(const Frame& frame) {
+    const Size size = frame.target.size();
     opaques.clear();
     keys.clear();
     for (const DrawItem& item : snapshot.opaque()) {
-        opaques.push_back(planned(frame, item, target.size));
-        keys.push_back(painter.key(frame, item, opaques.back().lights));
+        opaques.push_back(planned(frame.items, item, size));
+        keys.push_back(painter.key(frame.items, item, opaques.back().lights));
     }
-    const StillLayer::Step step =
-        layer.plan(keys, surroundingsKey(scene, block, frame.features, target.size), target.size);
-
-    const auto drawBackground = [&](std::uint32_t framebuffer) {
-        background.draw(
-            {state, textures, uniforms},
-            scene.background,
-            snapshot.camera(),
-            framebuffer,
-            target.size);
-        state.clearDepth();
-        uniforms.bind(state, kFrameBinding, block);
-    };
+    const StillLayer::Step step = layer.plan(keys, surroundingsKey(frame), size);
+    if (step == StillLayer::Step::without) {
+        drawBackground(frame, frame.target);
+        return;
+    }
     if (step == StillLayer::Step::build) {
-        keepWhatTheLayerShows(scene);
-        layer.bind(state);
-        drawBackground(layer.framebuffer());
+        keepWhatTheLayerShows(frame.scene);
+        drawBackground(frame, layer.resized(state));
         for (std::size_t i = 0; i < opaques.size(); ++i) {
             if (layer.holds(keys[i]))
-                drawWhole(frame, opaques[i]);
+                drawWhole(frame.items, opaques[i]);
         }
     }
-    if (step == StillLayer::Step::without) {
-        drawBackground(target.framebuffer);
-    } else {
-        layer.copyTo(target.framebuffer, state);
-        uniforms.bind(state, kFrameBinding, block);
-    }
-    for (std::size_t i = 0; i < opaques.size(); ++i) {
-        if (layer.holds(keys[i])) {
-            drawShadowed(frame, opaques[i], DepthTest::nearerOrEqual);
-        } else {
-            // What is drawn with shadows first need not be drawn again without.
-            drawShadowed(frame, opaques[i], DepthTest::nearer);
-            drawWhole(frame, opaques[i]);
-        }
-    }
-    drawTranslucent(frame);
-    particles.draw({state, textures}, snapshot);
-    prune();
+    layer.copyTo(frame.target, state);
+    frame.items.uniforms.bind(state, kFrameBinding, frame.block);
 }
 
-std::uint32_t FrameDrawer::frameFeatures(const scene::SCNScene& scene) {
+void SceneDrawer::drawMoving(const Frame& frame) {
+    for (std::size_t i = 0; i < opaques.size(); ++i) {
+        if (layer.holds(keys[i])) {
+            drawShadowed(frame.items, opaques[i], DepthTest::nearerOrEqual);
+        } else {
+            // What is drawn with shadows first need not be drawn again without.
+            drawShadowed(frame.items, opaques[i], DepthTest::nearer);
+            drawWhole(frame.items, opaques[i]);
+        }
+    }
+}
+
+void SceneDrawer::drawParticles(const Frame& /*frame*/) {
+    particles.draw({state, textures}, snapshot);
+}
+
+std::uint32_t SceneDrawer::frameFeatures(const scene::SCNScene& scene) {
     std::uint32_t features = 0;
     const scene::SCNCamera* camera = snapshot.sceneCamera();
     if (camera != nullptr && camera->wantsHDR)
@@ -89,12 +91,12 @@ std::uint32_t FrameDrawer::frameFeatures(const scene::SCNScene& scene) {
     return features;
 }
 
-std::shared_ptr<const image::LightProbe> FrameDrawer::probeOf(const scene::SCNScene& scene) {
+std::shared_ptr<const image::LightProbe> SceneDrawer::probeOf(const scene::SCNScene& scene) {
     const image::ImagePtr picture = scene.lightingEnvironment.image();
     return picture ? picture->lightProbe : nullptr;
 }
 
-FrameBlock FrameDrawer::frameBlock(const scene::SCNScene& scene) const {
+FrameBlock SceneDrawer::frameBlock(const scene::SCNScene& scene) const {
     FrameBlock block;
     const CameraView& camera = snapshot.camera();
     block.viewProjection = camera.viewProjection;
@@ -115,23 +117,19 @@ FrameBlock FrameDrawer::frameBlock(const scene::SCNScene& scene) const {
     return block;
 }
 
-std::uint64_t FrameDrawer::surroundingsKey(
-    const scene::SCNScene& scene,
-    const FrameBlock& block,
-    std::uint32_t features,
-    Size size) const {
-    FrameBlock timeless = block;
+std::uint64_t SceneDrawer::surroundingsKey(const Frame& frame) const {
+    FrameBlock timeless = frame.block;
     timeless.frame.x = 0; // only modifiers look at it, and those never stand still
     Hash hash;
     hash.addBlock(timeless);
-    hash.add(features);
-    hash.addAddress(probeOf(scene).get());
-    hash.add(background.key(scene.background, snapshot.camera(), size));
+    hash.add(frame.items.features);
+    hash.addAddress(probeOf(frame.scene).get());
+    hash.add(background.key(frame.scene.background, snapshot.camera(), frame.target.size()));
     return hash.result();
 }
 
-FrameDrawer::OpaqueItem
-FrameDrawer::planned(const ItemPainter::Frame& frame, const DrawItem& item, Size picture) {
+SceneDrawer::OpaqueItem
+SceneDrawer::planned(const ItemPainter::Frame& frame, const DrawItem& item, Size picture) {
     using Shadows = ItemPainter::Shadows;
     const VisibleNode& node = snapshot.nodes()[item.node];
     const ItemPainter::Lights all = painter.lightsFor(frame, node.categoryBitMask, Shadows::cast);
@@ -143,7 +141,7 @@ FrameDrawer::planned(const ItemPainter::Frame& frame, const DrawItem& item, Size
     PixelRect shadowed;
     bool isCaster = false;
     for (std::size_t i = 0; i < static_cast<std::size_t>(maps); ++i) {
-        const ShadowView& view = views[set.shadowViews.at(i)];
+        const ShadowView& view = frame.views[set.shadowViews.at(i)];
         isCaster = isCaster || casts(node, *snapshot.lights()[view.light].light);
         shadowed = shadowed.united(shadowReach(node, view, snapshot, picture));
     }
@@ -155,7 +153,7 @@ FrameDrawer::planned(const ItemPainter::Frame& frame, const DrawItem& item, Size
     return {&item, painter.lightsFor(frame, node.categoryBitMask, Shadows::none), all, shadowed};
 }
 
-void FrameDrawer::keepWhatTheLayerShows(const scene::SCNScene& scene) {
+void SceneDrawer::keepWhatTheLayerShows(const scene::SCNScene& scene) {
     layerOwners.clear();
     layerOwners.push_back(probeOf(scene));
     for (std::size_t i = 0; i < opaques.size(); ++i) {
@@ -167,11 +165,18 @@ void FrameDrawer::keepWhatTheLayerShows(const scene::SCNScene& scene) {
     }
 }
 
-void FrameDrawer::drawWhole(const ItemPainter::Frame& frame, const OpaqueItem& opaque) {
+void SceneDrawer::drawBackground(const Frame& frame, const RenderTarget& target) {
+    background.draw(
+        {state, textures, frame.items.uniforms}, frame.scene.background, snapshot.camera(), target);
+    state.clearDepth();
+    frame.items.uniforms.bind(state, kFrameBinding, frame.block);
+}
+
+void SceneDrawer::drawWhole(const ItemPainter::Frame& frame, const OpaqueItem& opaque) {
     painter.draw(frame, *opaque.item, opaque.lights, DepthTest::nearer);
 }
 
-void FrameDrawer::drawShadowed(
+void SceneDrawer::drawShadowed(
     const ItemPainter::Frame& frame, const OpaqueItem& opaque, DepthTest depthTest) {
     if (opaque.shadowed.isEmpty())
         return;
@@ -180,7 +185,8 @@ void FrameDrawer::drawShadowed(
     state.setScissor(std::nullopt);
 }
 
-void FrameDrawer::drawTranslucent(const ItemPainter::Frame& frame) {
+void SceneDrawer::drawTranslucent(const Frame& whole) {
+    const ItemPainter::Frame& frame = whole.items;
     const std::span<const DrawItem> items = snapshot.translucent();
     for (std::size_t first = 0; first < items.size();) {
         std::size_t end = first;
@@ -204,12 +210,6 @@ void FrameDrawer::drawTranslucent(const ItemPainter::Frame& frame) {
         }
         first = end;
     }
-}
-
-void FrameDrawer::prune() {
-    const bool hasDroppedTextures = textures.prune();
-    if (meshes.prune() || hasDroppedTextures)
-        state.forgetBindings();
 }
 
 } // namespace zelvo::render

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/FramePasses.h"
+
+#include "platform/render/DepthOfField.h"
+
+#include <epoxy/gl.h>
+
+#include <array>
+#include <string_view>
+
+namespace zelvo::render {
+namespace {
+
+/// What passes hand on to one another. Depth counts as read where a pass is hidden by it.
+enum Part : std::uint32_t { kNothing = 0, kShadowMaps = 1, kColor = 2, kDepth = 4 };
+
+} // namespace
+
+struct FramePasses::Frame {
+    const FrameInput& input;
+    FramePictures pictures;
+    SceneDrawer::Frame scene;
+
+    [[nodiscard]] FullscreenPass::Tools tools(GraphicsState& state) const {
+        return {state, input.uniforms};
+    }
+};
+
+struct FramePasses::Pass {
+    std::string_view name; ///< as a graphics debugger shows it
+    std::uint32_t reads;
+    std::uint32_t writes;
+    bool (*isSeen)(const FramePasses&, const Frame&); ///< false: it would add nothing
+    void (*run)(FramePasses&, const Frame&);
+};
+
+std::span<const FramePasses::Pass> FramePasses::passes() {
+    using F = const Frame&;
+    using All = FramePasses&;
+    using Const = const FramePasses&;
+    // clang-format off
+    static constexpr auto kPasses = std::to_array<Pass>({
+        {"shadow maps", kNothing, kShadowMaps,
+         [](Const all, F) { return all.drawer.hasShadows(); },
+         [](All all, F frame) { all.drawer.drawShadows(frame.scene); }},
+
+        {"background and what stands still", kShadowMaps, kColor | kDepth,
+         [](Const, F) { return true; },
+         [](All all, F frame) { all.drawer.drawStill(frame.scene); }},
+
+        {"what moves", kShadowMaps | kDepth, kColor | kDepth,
+         [](Const all, F) { return all.drawer.hasOpaque(); },
+         [](All all, F frame) { all.drawer.drawMoving(frame.scene); }},
+
+        {"translucent items", kShadowMaps | kDepth, kColor | kDepth,
+         [](Const all, F) { return all.drawer.hasTranslucent(); },
+         [](All all, F frame) { all.drawer.drawTranslucent(frame.scene); }},
+
+        {"particles", kDepth, kColor,
+         [](Const all, F) { return all.drawer.hasParticles(); },
+         [](All all, F frame) { all.drawer.drawParticles(frame.scene); }},
+
+        {"depth of field", kColor | kDepth, kColor,
+         [](Const all, F frame) { return all.isOutOfFocus(frame); },
+         [](All all, F frame) {
+             all.depthOfField.draw(
+                 *all.drawer.sceneCamera(), frame.pictures, frame.tools(all.graphicsState()));
+         }},
+
+        {"techniques", kColor, kColor,
+         [](Const, F frame) { return frame.input.technique != nullptr; },
+         [](All all, F frame) {
+             all.techniques.draw(
+                 frame.input.technique, frame.pictures, frame.input.scene.time(),
+                 frame.tools(all.graphicsState()));
+         }},
+    });
+    // clang-format on
+    static_assert(
+        [] {
+            std::uint32_t written = kNothing;
+            for (const Pass& pass : kPasses) {
+                if ((pass.reads & ~written) != 0)
+                    return false;
+                written |= pass.writes;
+            }
+            return true;
+        }(),
+        "a pass reads what no pass before it writes");
+    return kPasses;
+}
+
+FramePasses::FramePasses(const DeviceInfo& device)
+    : drawer(device) {}
+
+void FramePasses::draw(const FrameInput& input, RenderTarget& picture) {
+    GraphicsState& state = graphicsState();
+    picture.resize(input.drawnSize, state);
+    input.uniforms.reset();
+    const Frame frame{
+        input,
+        {picture, spare},
+        drawer.begin(input.scene, input.pointOfView, picture, input.uniforms)
+    };
+    for (const Pass& pass : passes()) {
+        if (!pass.isSeen(*this, frame))
+            continue;
+        if ((pass.reads & pass.writes & kColor) != 0)
+            spare.resize(input.drawnSize, state);
+        glPushDebugGroup(
+            GL_DEBUG_SOURCE_APPLICATION,
+            0,
+            static_cast<GLsizei>(pass.name.size()),
+            pass.name.data());
+        pass.run(*this, frame);
+        glPopDebugGroup();
+    }
+    drawer.end();
+}
+
+bool FramePasses::isOutOfFocus(const Frame& frame) const {
+    const scene::SCNCamera* camera = drawer.sceneCamera();
+    return camera != nullptr && needsDepthOfField(*camera, frame.input.shownHeight);
+}
+
+} // namespace zelvo::render

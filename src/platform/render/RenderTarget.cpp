@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/RenderTarget.h"
+
+#include "platform/foundation/Check.h"
+
+#include <epoxy/gl.h>
+
+#include <algorithm>
+#include <array>
+
+namespace zelvo::render {
+namespace {
+
+struct FormatRow {
+    GLenum storage;
+    bool isDepth;
+};
+
+/// In the order of TargetFormat.
+constexpr auto kFormats = std::to_array<FormatRow>({
+    {GL_RGBA8,              false},
+    {GL_DEPTH_COMPONENT32F, true }
+});
+
+const FormatRow& rowOf(TargetFormat format) {
+    return kFormats.at(static_cast<std::size_t>(format));
+}
+
+TextureHandle makeTexture(TargetFormat format, Size size) {
+    GLuint name = 0;
+    glCreateTextures(GL_TEXTURE_2D, 1, &name);
+    glTextureStorage2D(name, 1, rowOf(format).storage, size.width, size.height);
+    return TextureHandle(name);
+}
+
+} // namespace
+
+RenderTarget::RenderTarget(std::initializer_list<TargetFormat> formats) {
+    for (const TargetFormat format : formats)
+        attachments.push_back({format, {}});
+}
+
+RenderTarget::RenderTarget(std::initializer_list<TargetFormat> formats, RenderTarget& depthLender)
+    : RenderTarget(formats) {
+    lender = &depthLender;
+}
+
+bool RenderTarget::resize(Size wanted, GraphicsState& state) {
+    if (lender != nullptr)
+        lender->resize(wanted, state);
+    const int lent = lender != nullptr ? lender->generation : 0;
+    if (size_ == wanted && lentGeneration == lent)
+        return false;
+    state.forgetBindings();
+    if (size_ != wanted) {
+        for (Attachment& attachment : attachments)
+            attachment.texture = makeTexture(attachment.format, wanted);
+    }
+    size_ = wanted;
+    lentGeneration = lent;
+    ++generation;
+    attach();
+    return true;
+}
+
+void RenderTarget::attach() {
+    GLuint name = 0;
+    glCreateFramebuffers(1, &name);
+    framebuffer_ = FramebufferHandle(name);
+    std::array<GLenum, 8> outputs{};
+    std::size_t count = 0;
+    for (const Attachment& attachment : attachments) {
+        const auto color = static_cast<GLenum>(GL_COLOR_ATTACHMENT0 + count);
+        const bool isDepth = rowOf(attachment.format).isDepth;
+        glNamedFramebufferTexture(
+            name, isDepth ? GL_DEPTH_ATTACHMENT : color, attachment.texture.name(), 0);
+        if (!isDepth)
+            outputs.at(count++) = color;
+    }
+    if (lender != nullptr)
+        glNamedFramebufferTexture(name, GL_DEPTH_ATTACHMENT, lender->depth(), 0);
+    glNamedFramebufferDrawBuffers(name, static_cast<GLsizei>(count), outputs.data());
+    const GLenum status = glCheckNamedFramebufferStatus(name, GL_FRAMEBUFFER);
+    CHECK(
+        status == GL_FRAMEBUFFER_COMPLETE,
+        "the graphics driver draws no picture of {} x {} (framebuffer status {:#x})",
+        size_.width,
+        size_.height,
+        status);
+}
+
+void RenderTarget::bind(GraphicsState& state) const {
+    state.bindFramebuffer(framebuffer_.name(), size_);
+}
+
+void RenderTarget::copyTo(const RenderTarget& other, GraphicsState& state) const {
+    const auto [width, height] = size_;
+    glBlitNamedFramebuffer(
+        framebuffer_.name(),
+        other.framebuffer_.name(),
+        0,
+        0,
+        width,
+        height,
+        0,
+        0,
+        width,
+        height,
+        GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT,
+        GL_NEAREST);
+    other.bind(state);
+}
+
+std::uint32_t RenderTarget::color() const {
+    const auto found = std::ranges::find_if(attachments, [](const Attachment& attachment) {
+        return !rowOf(attachment.format).isDepth;
+    });
+    CHECK(found != attachments.end(), "the target has no colour");
+    return found->texture.name();
+}
+
+std::uint32_t RenderTarget::depth() const {
+    if (lender != nullptr)
+        return lender->depth();
+    const auto found = std::ranges::find_if(
+        attachments, [](const Attachment& attachment) { return rowOf(attachment.format).isDepth; });
+    CHECK(found != attachments.end(), "the target has no depth");
+    return found->texture.name();
+}
+
+} // namespace zelvo::render

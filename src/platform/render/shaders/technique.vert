@@ -1,5 +1,0 @@
-// simpleVertexShader: one triangle over the whole target.
-void main() {
-    vec2 corner = vec2(float(gl_VertexID & 1) * 4.0 - 1.0, float(gl_VertexID >> 1) * 4.0 - 1.0);
-    gl_Position = vec4(corner, 0.0, 1.0);
-}
