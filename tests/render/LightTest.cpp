@@ -114,6 +114,39 @@ TEST_F(Lights, ThrowAShadowWhereSomethingStandsInTheirWay) {
     }
 }
 
+// Else the edges of all shadows would crawl while a single letter moves.
+TEST(ShadowViews, FollowCastersThatMoveOrGrowInWholeTexels) {
+    scene::SCNScene scene;
+    auto caster = std::make_shared<scene::SCNNode>();
+    caster->geometry = std::make_shared<scene::SCNBox>(1300, 20, 20, 0);
+    auto lamp = std::make_shared<scene::SCNNode>();
+    lamp->light = std::make_shared<scene::SCNLight>();
+    lamp->light->type = SCNLightType::directional;
+    lamp->light->castsShadow = true;
+    scene.rootNode()->addChildNode(caster);
+    scene.rootNode()->addChildNode(lamp);
+    const auto texelAt = [&](const glm::vec3& place, float scale) {
+        caster->position = place;
+        caster->scale = glm::vec3(scale);
+        Snapshot snapshot;
+        snapshot.take(scene, nullptr, 1);
+        const ShadowViews views = shadowViews(snapshot);
+        const glm::vec4 somewhere = views.all()[0].toTexture * glm::vec4(100, 50, 20, 1);
+        return glm::vec2(somewhere) * static_cast<float>(views.all()[0].mapSize);
+    };
+    const glm::vec2 before = texelAt({0, 0, 0}, 1);
+    EXPECT_NE(texelAt({7.1f, 3.3f, 0}, 1), before) << "the map follows";
+    for (const auto& [place, scale] : {
+             std::pair{glm::vec3(0.3f, 0.2f, 0), 1.0f},
+             {{7.1f, 3.3f, 0},          1             },
+             {{0, 0, 0},    1.01f}
+    }) {
+        const glm::vec2 texels = texelAt(place, scale) - before;
+        EXPECT_NEAR(texels.x, std::round(texels.x), 0.02) << place.x << ", " << scale;
+        EXPECT_NEAR(texels.y, std::round(texels.y), 0.02) << place.y << ", " << scale;
+    }
+}
+
 TEST(LightSet, OrdersLightsAsTheShaderComputesThem) {
     scene::SCNLight omni;
     scene::SCNLight directional;
