@@ -4,9 +4,9 @@
 #include "app/EngineNames.h"
 #include "app/Export.h"
 #include "app/Performer.h"
-#include "app/TemporaryFolder.h"
 #include "environments/SceneManager.h"
 #include "platform/foundation/Check.h"
+#include "platform/foundation/TemporaryFolder.h"
 #include "platform/render/Context.h"
 #include "platform/render/SCNView.h"
 #include "shared/FrameClock.h"
@@ -32,8 +32,8 @@ constexpr auto kTitle = R"({{"duration": 2, "scene": "{}", "background": "#194CE
     "cues": [{{"at": 0, "tab": "IN1", "press": "Left In", "nodes": ["TX1"]}},
              {{"at": 0.2, "tab": "IN1", "press": "Right In", "nodes": ["TX2"]}}]}})";
 
-app::TemporaryFolder temporaryFolder() {
-    auto made = app::TemporaryFolder::make(std::filesystem::temp_directory_path());
+foundation::TemporaryFolder temporaryFolder() {
+    auto made = foundation::TemporaryFolder::make(std::filesystem::temp_directory_path());
     CHECK(made.has_value(), "{}", made.error().message);
     return std::move(*made);
 }
@@ -51,7 +51,7 @@ public:
         app::perform(*title, engine);
     }
 
-    app::TemporaryFolder folder;
+    foundation::TemporaryFolder folder;
     app::StoppableLoop loop;
     app::Engine engine;
 };

@@ -19,6 +19,16 @@ void print(std::string_view text) {
 
 } // namespace
 
+int complain(const foundation::Error& error, int status) {
+    foundation::logLine("zelvo: " + error.message);
+    return status;
+}
+
+int stoppedBy(int signal) {
+    foundation::logLine("zelvo: stopped before it was done");
+    return ExitStatus::kStopped + signal;
+}
+
 int run(const ListCommand& command) {
     for (const auto& line : listed(command.what))
         print(line + "\n");
@@ -32,10 +42,8 @@ int run(const TextCommand& command) {
 
 int runCommandLine(std::vector<std::string> arguments) {
     const auto command = parseCommandLine(std::move(arguments));
-    if (!command) {
-        foundation::logLine("zelvo: " + command.error().message);
-        return ExitStatus::kWrong;
-    }
+    if (!command)
+        return complain(command.error(), ExitStatus::kWrong);
     return std::visit([](const auto& given) { return run(given); }, *command);
 }
 

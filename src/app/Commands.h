@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/CommandLine.h"
+#include "platform/foundation/Result.h"
 
 namespace zelvo::app {
 
@@ -13,6 +14,12 @@ struct ExitStatus {
     static constexpr int kWrong = 2;  ///< the command line, or a file it names
     static constexpr int kStopped = 128;
 };
+
+/// Prints what is wrong and gives the status back.
+[[nodiscard]] int complain(const foundation::Error& error, int status);
+
+/// The end of a command that a signal has stopped.
+[[nodiscard]] int stoppedBy(int signal);
 
 /// Each prints what it makes on stdout, and what is wrong on stderr, and gives the exit status.
 [[nodiscard]] int run(const PerformCommand& command);

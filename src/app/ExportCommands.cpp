@@ -6,8 +6,9 @@
 #include "app/Performer.h"
 #include "app/PictureFiles.h"
 #include "app/Strip.h"
-#include "app/TemporaryFolder.h"
 #include "platform/foundation/Console.h"
+#include "platform/foundation/NewFile.h"
+#include "platform/foundation/TemporaryFolder.h"
 #include "shared/FrameClock.h"
 
 #include <fmt/format.h>
@@ -33,24 +34,13 @@ struct Task {
     std::function<void(const ExportReport&)> report;
 };
 
-int complain(const foundation::Error& error, int status) {
-    foundation::logLine("zelvo: " + error.message);
-    return status;
-}
-
-int stoppedBy(int signal) {
-    foundation::logLine("zelvo: stopped; no movie was made");
-    return ExitStatus::kStopped + signal;
-}
-
-int carryOut(const Task& task) {
+int carryOut(StoppableLoop& loop, const Task& task) {
     const auto performance = loadPerformance(task.file, engineNames());
     if (!performance) {
         for (const auto& line : performance.error())
             foundation::logLine(line);
         return ExitStatus::kWrong;
     }
-    StoppableLoop loop;
     Engine engine(loop.runLoop, task.folders, task.seed);
     if (auto ready = setUp(*performance, task.file.parent_path(), engine); !ready) {
         foundation::logLine(fmt::format("{}:{}", task.file.string(), ready.error().message));
@@ -78,6 +68,8 @@ void printPath(const std::filesystem::path& path) {
 
 void reportPerformance(const PerformCommand& command, const ExportReport& report) {
     const auto& outcome = report.outcome;
+    if (!outcome.musicFailure.empty())
+        foundation::logLine("zelvo: the movie is silent: " + outcome.musicFailure);
     if (!outcome.saveFailure.empty()) {
         foundation::logLine(fmt::format(
             "zelvo: {}; the movie lies at {}", outcome.saveFailure, outcome.movie.string()));
@@ -145,14 +137,15 @@ optionsFor(const StripCommand& command, const core::Model& model) {
 
 /// The user's folders but for the settings: a movie depends on its performance and seed alone, and
 /// commands that run side by side must not read each other's marks.
-[[nodiscard]] foundation::Folders foldersWithoutSettings(const TemporaryFolder& temporary) {
+[[nodiscard]] foundation::Folders
+foldersWithoutSettings(const foundation::TemporaryFolder& temporary) {
     auto folders = foundation::Folders::standard();
     folders.config = temporary.path();
     return folders;
 }
 
 /// The folders of a command that leaves nothing but what it was asked for.
-[[nodiscard]] foundation::Folders foldersIn(const TemporaryFolder& temporary) {
+[[nodiscard]] foundation::Folders foldersIn(const foundation::TemporaryFolder& temporary) {
     auto folders = foldersWithoutSettings(temporary);
     folders.documents = temporary.path();
     return folders;
@@ -161,7 +154,9 @@ optionsFor(const StripCommand& command, const core::Model& model) {
 } // namespace
 
 int run(const PerformCommand& command) {
-    const auto temporary = TemporaryFolder::make(foundation::Folders::standard().temporary);
+    StoppableLoop loop;
+    const auto temporary =
+        foundation::TemporaryFolder::make(foundation::Folders::standard().temporary);
     if (!temporary)
         return complain(temporary.error(), ExitStatus::kFailed);
     const bool goesToLibrary = command.movie.empty() && command.frames.empty();
@@ -174,8 +169,12 @@ int run(const PerformCommand& command) {
                  fmt::format("{}: {}", command.frames.string(), error.message())},
                 ExitStatus::kFailed);
         }
+        const auto writable = foundation::NewFile::check(command.frames / frameName(0));
+        if (!writable)
+            return complain(writable.error(), ExitStatus::kFailed);
     }
     return carryOut(
+        loop,
         {.file = command.file,
          .seed = command.seed,
          .folders = goesToLibrary ? foldersWithoutSettings(*temporary) : foldersIn(*temporary),
@@ -186,10 +185,15 @@ int run(const PerformCommand& command) {
 }
 
 int run(const FrameCommand& command) {
-    const auto temporary = TemporaryFolder::make(foundation::Folders::standard().temporary);
+    if (const auto writable = foundation::NewFile::check(command.out); !writable)
+        return complain(writable.error(), ExitStatus::kFailed);
+    StoppableLoop loop;
+    const auto temporary =
+        foundation::TemporaryFolder::make(foundation::Folders::standard().temporary);
     if (!temporary)
         return complain(temporary.error(), ExitStatus::kFailed);
     return carryOut(
+        loop,
         {.file = command.file,
          .seed = command.seed,
          .folders = foldersIn(*temporary),
@@ -204,10 +208,15 @@ int run(const FrameCommand& command) {
 }
 
 int run(const StripCommand& command) {
-    const auto temporary = TemporaryFolder::make(foundation::Folders::standard().temporary);
+    if (const auto writable = foundation::NewFile::check(command.out); !writable)
+        return complain(writable.error(), ExitStatus::kFailed);
+    StoppableLoop loop;
+    const auto temporary =
+        foundation::TemporaryFolder::make(foundation::Folders::standard().temporary);
     if (!temporary)
         return complain(temporary.error(), ExitStatus::kFailed);
     return carryOut(
+        loop,
         {.file = command.file,
          .seed = command.seed,
          .folders = foldersIn(*temporary),

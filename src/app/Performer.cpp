@@ -67,6 +67,8 @@ constexpr auto kFades = std::to_array<FadeRow>({
 [[nodiscard]] foundation::Result<void> takeStretch(const Music& music, core::Model& model) {
     auto& player = model.audioPlayer();
     const double length = player.totalDuration;
+    if (length <= 0)
+        return {}; // nothing of it can be decoded; the movie comes without it and says so
     const double end = music.end.value_or(std::min(length, music.in + model.duration()));
     // A stretch that ends with the song may be told in rounded seconds.
     constexpr double kRounding = 0.05;

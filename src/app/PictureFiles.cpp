@@ -21,13 +21,17 @@ save(const render::FrameView& frame, image::Image& scratch, const std::filesyste
 
 } // namespace
 
+std::string frameName(int frame) {
+    return fmt::format("frame_{:05}.png", frame);
+}
+
 movie::FrameTap framesTap(const std::filesystem::path& folder, int count) {
     const auto scratch = std::make_shared<image::Image>();
     return {
         .wants = [count](int frame) { return frame >= 0 && frame < count; },
         .take =
             [folder, scratch](int frame, const render::FrameView& picture) {
-                return save(picture, *scratch, folder / fmt::format("frame_{:05}.png", frame));
+                return save(picture, *scratch, folder / frameName(frame));
             },
         .count = count};
 }

@@ -4,10 +4,14 @@
 #include "export/MovieOptions.h"
 
 #include <filesystem>
+#include <string>
 
 namespace zelvo::app {
 
-/// Writes the movie's first `count` frames into the folder: frame_00000.png, frame_00001.png …
+/// Of the file that framesTap writes for the frame: frame_00000.png, frame_00001.png …
+[[nodiscard]] std::string frameName(int frame);
+
+/// Writes the movie's first `count` frames into the folder.
 [[nodiscard]] movie::FrameTap framesTap(const std::filesystem::path& folder, int count);
 
 /// Writes that one frame (below 0 in the count-in).

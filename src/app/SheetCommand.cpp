@@ -2,12 +2,13 @@
 #include "app/Commands.h"
 #include "app/ContactSheet.h"
 #include "app/Engine.h"
+#include "app/Export.h"
 #include "app/Performer.h"
 #include "app/SheetViews.h"
 #include "app/StageStyling.h"
-#include "app/TemporaryFolder.h"
 #include "platform/foundation/Check.h"
-#include "platform/foundation/Console.h"
+#include "platform/foundation/NewFile.h"
+#include "platform/foundation/TemporaryFolder.h"
 #include "platform/render/SCNRenderer.h"
 
 #include <algorithm>
@@ -68,12 +69,11 @@ private:
 };
 
 [[nodiscard]] foundation::Result<image::Image>
-drawSheet(SheetKind kind, const foundation::Folders& folders) {
+drawSheet(SheetKind kind, const foundation::Folders& folders, StoppableLoop& loop) {
     auto renderer = render::SCNRenderer::make();
     if (!renderer)
         return tl::unexpected(renderer.error());
-    foundation::VirtualRunLoop loop;
-    Engine engine(loop, folders, 0);
+    Engine engine(loop.runLoop, folders, 0);
     const auto format = formatOf(kind);
     SheetPainter painter(engine, **renderer, format);
     std::vector<Tile> tiles;
@@ -81,6 +81,8 @@ drawSheet(SheetKind kind, const foundation::Folders& folders) {
         auto tile = painter.paint(view);
         if (!tile)
             return tl::unexpected(tile.error());
+        if (loop.stopSignal() != 0)
+            return foundation::fail(foundation::Cause::cancelled, "the sheet was stopped");
         tiles.push_back(std::move(*tile));
     }
     return contactSheet(
@@ -90,20 +92,25 @@ drawSheet(SheetKind kind, const foundation::Folders& folders) {
 } // namespace
 
 int run(const SheetCommand& command) {
+    StoppableLoop loop;
     const auto drawn = [&]() -> foundation::Result<void> {
-        const auto temporary = TemporaryFolder::make(foundation::Folders::standard().temporary);
+        if (auto writable = foundation::NewFile::check(command.out); !writable)
+            return writable;
+        const auto temporary =
+            foundation::TemporaryFolder::make(foundation::Folders::standard().temporary);
         if (!temporary)
             return tl::unexpected(temporary.error());
         // Everything the engine keeps belongs to the sheet alone.
-        const auto sheet = drawSheet(command.what, foundation::Folders::below(temporary->path()));
+        const auto sheet =
+            drawSheet(command.what, foundation::Folders::below(temporary->path()), loop);
         if (!sheet)
             return tl::unexpected(sheet.error());
         return image::savePNG(*sheet, command.out);
     }();
-    if (!drawn) {
-        foundation::logLine("zelvo: " + drawn.error().message);
-        return ExitStatus::kFailed;
-    }
+    if (!drawn && drawn.error().cause == foundation::Cause::cancelled)
+        return stoppedBy(loop.stopSignal());
+    if (!drawn)
+        return complain(drawn.error(), ExitStatus::kFailed);
     (void)std::fputs((command.out.string() + "\n").c_str(), stdout);
     return ExitStatus::kDone;
 }

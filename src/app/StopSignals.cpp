@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "app/StopSignals.h"
 
+#include "platform/foundation/Console.h"
+#include "platform/foundation/TemporaryFolder.h"
+
 #include <pthread.h>
 
+#include <cerrno>
 #include <csignal>
+#include <ctime>
 #include <utility>
 
 namespace zelvo::app {
@@ -13,10 +18,13 @@ namespace {
 /// Wakes the waiting thread at the end of its life; nothing else sends it.
 constexpr int kWakeSignal = SIGUSR1;
 
+/// How long the process may take to end by itself.
+constexpr timespec kGrace{.tv_sec = 2, .tv_nsec = 0};
+
 [[nodiscard]] sigset_t awaited() {
     sigset_t set;
     sigemptyset(&set);
-    for (const int signal : {SIGINT, SIGTERM, kWakeSignal})
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, kWakeSignal})
         sigaddset(&set, signal);
     return set;
 }
@@ -41,18 +49,26 @@ StopSignals::~StopSignals() {
 void StopSignals::wait() {
     const auto set = awaited();
     while (!isEnding) {
-        int signal = 0;
-        if (sigwait(&set, &signal) != 0 || signal == kWakeSignal)
+        const int signal =
+            first == 0 ? sigwaitinfo(&set, nullptr) : sigtimedwait(&set, nullptr, &kGrace);
+        const bool isTimeOver = signal < 0 && errno == EAGAIN;
+        if (signal == kWakeSignal || (signal < 0 && !isTimeOver))
             continue;
         int none = 0;
-        if (first.compare_exchange_strong(none, signal)) {
+        if (!isTimeOver && first.compare_exchange_strong(none, signal))
             onStop();
-            continue;
-        }
-        (void)std::signal(signal, SIG_DFL);
-        pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
-        (void)std::raise(signal);
+        else
+            endAtOnce();
     }
+}
+
+void StopSignals::endAtOnce() const {
+    foundation::logLine("zelvo: stopped");
+    foundation::TemporaryFolder::removeAll();
+    (void)std::signal(first, SIG_DFL);
+    const auto set = awaited();
+    pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
+    (void)std::raise(first);
 }
 
 } // namespace zelvo::app

@@ -7,8 +7,10 @@
 
 namespace zelvo::app {
 
-/// Waits for SIGINT and SIGTERM on a thread of its own as long as it lives. The first one is told
-/// to the callback (on that thread); a second one ends the process the hard way.
+/// Waits for SIGINT, SIGTERM and SIGHUP on a thread of its own as long as it lives. The first one
+/// is told to the callback (on that thread). A second one ends the process at once, and so does the
+/// first where the process is still busy two seconds later, with one large picture for instance;
+/// its temporary folders go before.
 ///
 /// Must be made before any other thread, as threads inherit which signals they leave alone.
 class StopSignals {
@@ -23,6 +25,7 @@ public:
 
 private:
     void wait();
+    void endAtOnce() const;
 
     std::function<void()> onStop;
     std::atomic<int> first = 0;

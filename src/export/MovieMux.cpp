@@ -2,11 +2,8 @@
 #include "export/MovieMux.h"
 
 #include "platform/foundation/Check.h"
-#include "platform/foundation/Console.h"
 #include "platform/media/AVAsset.h"
 #include "shared/FrameClock.h"
-
-#include <fmt/format.h>
 
 #include <cmath>
 
@@ -32,36 +29,29 @@ std::optional<media::AVAssetTrack> firstTrack(const media::AVAsset& asset, Media
     return tracks.front();
 }
 
-/// The sound track of the song; absent where there is none to be had.
-std::optional<media::AVAssetTrack> songTrack(const std::optional<MusicStretch>& music) {
-    if (!music)
-        return std::nullopt;
-    const auto song = media::AVAsset::open(music->file);
-    if (!song) {
-        foundation::logLine(fmt::format("the movie stays silent: {}", song.error().message));
-        return std::nullopt;
-    }
-    auto track = firstTrack(*song, MediaType::audio);
-    if (!track) {
-        foundation::logLine(
-            fmt::format("the movie stays silent: {} has no sound", music->file.string()));
-    }
-    return track;
+/// The sound track of the song. Errors: there is none, or nothing in it can be decoded.
+Result<media::AVAssetTrack> songTrack(const std::filesystem::path& file) {
+    const auto song = media::AVAsset::open(file);
+    if (!song)
+        return tl::unexpected(song.error());
+    const auto track = firstTrack(*song, MediaType::audio);
+    if (!track)
+        return foundation::fail(Cause::unsupported, file.string() + " has no sound.");
+    if (const auto decoded = media::checkSound(file); !decoded)
+        return tl::unexpected(decoded.error());
+    return *track;
 }
 
-/// Puts the stretch of the song into the composition; the identifier of its track, or 0 for
-/// silence.
-Result<int>
-insertMusic(media::AVMutableComposition& composition, const std::optional<MusicStretch>& music) {
-    const auto track = songTrack(music);
+/// Puts the stretch of the song into the composition and gives the identifier of its track.
+Result<int> insertMusic(media::AVMutableComposition& composition, const MusicStretch& music) {
+    const auto track = songTrack(music.file);
     if (!track)
-        return 0;
+        return tl::unexpected(track.error());
     auto& audio = composition.addMutableTrack(MediaType::audio, 0);
-    const CMTimeRange stretch{
-        sixtieths(music->audioIn), sixtieths(music->audioEnd - music->audioIn)};
-    const auto inserted = audio.insertTimeRange(stretch, *track, sixtieths(music->audioPreRoll));
+    const CMTimeRange stretch{sixtieths(music.audioIn), sixtieths(music.audioEnd - music.audioIn)};
+    const auto inserted = audio.insertTimeRange(stretch, *track, sixtieths(music.audioPreRoll));
     if (!inserted)
-        return tl::unexpected(inserted.error().in("the music"));
+        return tl::unexpected(inserted.error());
     return audio.trackID();
 }
 
@@ -86,7 +76,7 @@ media::AVMutableAudioMixInputParameters fadesOf(const MusicStretch& music, int t
     return volumes;
 }
 
-Result<std::unique_ptr<media::AVAssetExportSession>> makeExportSession(
+Result<MovieMux> makeExportSession(
     const std::filesystem::path& rawMovie,
     const std::filesystem::path& output,
     const std::optional<MusicStretch>& music) {
@@ -109,18 +99,21 @@ Result<std::unique_ptr<media::AVAssetExportSession>> makeExportSession(
         composition.addMutableTrack(MediaType::video, 0).insertTimeRange(whole, *video, {0, 1});
     if (!inserted)
         return tl::unexpected(inserted.error().in("the raw movie"));
-    const auto audioTrack = insertMusic(composition, music);
-    if (!audioTrack)
-        return tl::unexpected(audioTrack.error());
-
-    auto session = std::make_unique<media::AVAssetExportSession>(std::move(composition));
-    session->outputURL = output;
-    session->timeRange = whole;
-    session->shouldOptimizeForNetworkUse = true;
-    if (*audioTrack != 0 && (music->fadesIn || music->fadesOut)) {
-        session->audioMix = media::AVMutableAudioMix{{fadesOf(*music, *audioTrack)}};
+    MovieMux mux;
+    std::optional<media::AVMutableAudioMix> volumes;
+    if (music) {
+        const auto track = insertMusic(composition, *music);
+        if (!track)
+            mux.musicFailure = track.error().message;
+        else if (music->fadesIn || music->fadesOut)
+            volumes = media::AVMutableAudioMix{{fadesOf(*music, *track)}};
     }
-    return session;
+    mux.session = std::make_unique<media::AVAssetExportSession>(std::move(composition));
+    mux.session->outputURL = output;
+    mux.session->timeRange = whole;
+    mux.session->shouldOptimizeForNetworkUse = true;
+    mux.session->audioMix = volumes;
+    return mux;
 }
 
 } // namespace zelvo::movie

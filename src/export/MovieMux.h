@@ -8,15 +8,21 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace zelvo::movie {
 
 /// Frames that are cut off at the end of the raw movie.
 inline constexpr int kCutFrames = 3;
 
+struct MovieMux {
+    std::unique_ptr<media::AVAssetExportSession> session;
+    std::string musicFailure; ///< why the movie will be silent; empty if it is not or need not be
+};
+
 /// Puts the raw video, less its last three frames, together with the music. A song that cannot be
-/// read leaves the movie silent, which is said on the console. Errors: the raw video is no video.
-[[nodiscard]] foundation::Result<std::unique_ptr<media::AVAssetExportSession>> makeExportSession(
+/// read leaves the movie silent. Errors: the raw video is no video.
+[[nodiscard]] foundation::Result<MovieMux> makeExportSession(
     const std::filesystem::path& rawMovie,
     const std::filesystem::path& output,
     const std::optional<MusicStretch>& music);

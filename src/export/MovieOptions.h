@@ -50,8 +50,9 @@ struct MovieOutcome {
     int frames = 0;              ///< drawn
     std::filesystem::path movie; ///< empty if none was to be made
     std::optional<std::filesystem::path>
-        savedCopy;           ///< in the photo library; absent if that failed or was not asked
-    std::string saveFailure; ///< why it could not be saved there; empty if it was or need not be
+        savedCopy;            ///< in the photo library; absent if that failed or was not asked
+    std::string saveFailure;  ///< why it could not be saved there; empty if it was or need not be
+    std::string musicFailure; ///< why the movie is silent; empty if it is not or need not be
 };
 
 /// Where an export's time went, milliseconds in all. Encoding runs beside the rest.

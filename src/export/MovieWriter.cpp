@@ -3,11 +3,11 @@
 
 #include "export/MovieMux.h"
 #include "platform/foundation/Check.h"
+#include "platform/foundation/NewFile.h"
 #include "shared/FrameClock.h"
 
 #include <fmt/format.h>
 
-#include <system_error>
 #include <utility>
 
 namespace zelvo::movie {
@@ -20,16 +20,6 @@ using shared::FrameClock;
 namespace {
 
 constexpr double kStartDelay = 0.1; ///< seconds; gives the scene's hand-over time to land
-
-Result<void> checkOutputFolder(const std::filesystem::path& output) {
-    const std::filesystem::path folder = std::filesystem::absolute(output).parent_path();
-    std::error_code error;
-    if (std::filesystem::is_directory(folder, error))
-        return {};
-    return foundation::fail(
-        Cause::unwritable,
-        fmt::format("there is no folder {} to put the movie into", folder.string()));
-}
 
 } // namespace
 
@@ -56,6 +46,7 @@ Result<void> MovieWriter::start() {
         return made;
     if (auto prepared = prepareWriter(); !prepared) {
         releaseWriters();
+        files.deleteRawMovie();
         return prepared;
     }
     exportToken = std::make_shared<const bool>(true);
@@ -96,9 +87,11 @@ Result<void> MovieWriter::makeRenderer() {
 Result<void> MovieWriter::prepareWriter() {
     if (!options.writesMovie)
         return {};
-    if (auto placed = checkOutputFolder(outputPath()); !placed)
+    // Better now than after the last frame.
+    if (auto placed = foundation::NewFile::check(outputPath()); !placed)
         return placed;
-    files.deleteRawMovie();
+    if (auto made = files.makeWorkFolder(); !made)
+        return made;
     using media::VideoCodec;
     const VideoCodec codec = options.codec.value_or(
         media::hasHardwareEncoder(VideoCodec::hevc) ? VideoCodec::hevc : VideoCodec::h264);
@@ -163,7 +156,7 @@ void MovieWriter::finish() {
     leaveRun();
     state_ = State::closing;
     if (!rawMovie) {
-        end(MovieOutcome{progress.framesDone, {}, std::nullopt, {}});
+        end(MovieOutcome{progress.framesDone, {}, std::nullopt, {}, {}});
         return;
     }
     rawMovie->finish(queued(&MovieWriter::mux));
@@ -175,6 +168,13 @@ void MovieWriter::cancel() {
         return;
     if (isRecording())
         leaveRun();
+    if (session) {
+        session->cancelExport();
+        if (session->status() == media::AVAssetExportSession::Status::completed) {
+            finished(); // too late: the movie is in its place
+            return;
+        }
+    }
     end(foundation::fail(Cause::cancelled, "the movie was cancelled"));
 }
 
@@ -205,20 +205,27 @@ void MovieWriter::mux() {
         fail(made.error());
         return;
     }
-    session = std::move(*made);
+    session = std::move(made->session);
+    musicFailure = std::move(made->musicFailure);
     session->exportAsynchronously(queued(&MovieWriter::finished));
 }
 
 void MovieWriter::finished() {
     using Status = media::AVAssetExportSession::Status;
     if (session->status() != Status::completed) {
-        const Error error = session->error();
+        Error error = session->error();
+        files.keepRawMovie();
+        error.message += fmt::format(
+            " All frames are done: the movie without its music is kept at {}.",
+            files.rawMovie().string());
         showVideoSignal.fire(); // an earlier movie may be there to be shown
         fail(error);
         return;
     }
     showVideoSignal.fire();
-    MovieOutcome outcome{progress.framesDone, outputPath(), std::nullopt, {}};
+    if (!musicFailure.empty())
+        model.showAlert("The movie is silent", musicFailure);
+    MovieOutcome outcome{progress.framesDone, outputPath(), std::nullopt, {}, musicFailure};
     if (!options.output)
         outcome = savedToLibrary(std::move(outcome));
     end(std::move(outcome));

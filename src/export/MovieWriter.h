@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace zelvo::movie {
 
@@ -66,7 +67,8 @@ public:
 
     /// The run has reached its end: closes the file and makes the movie of it.
     void finish();
-    /// Ends an export at any moment, without a movie.
+    /// Ends an export at any moment, without a movie, unless that is just being put into its place:
+    /// then the export is completed.
     void cancel();
 
     /// What the scene is attached to during an export; null before the first.
@@ -104,6 +106,7 @@ private:
     std::optional<FramePipeline> pipeline;
     std::unique_ptr<RawMovie> rawMovie;
     std::unique_ptr<media::AVAssetExportSession> session;
+    std::string musicFailure; ///< of the session
     State state_ = State::idle;
     MovieProgress progress;
     double encodingSeconds = 0;

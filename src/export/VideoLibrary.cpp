@@ -1,14 +1,29 @@
 // SPDX-License-Identifier: MIT
 #include "export/VideoLibrary.h"
 
+#include "platform/foundation/NewFile.h"
+#include "platform/foundation/WritingError.h"
+
 #include <fmt/format.h>
 
-#include <fstream>
 #include <system_error>
 
 namespace zelvo::movie {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+foundation::Result<void>
+copy(const fs::path& movie, foundation::NewFile& file, const fs::path& place) {
+    std::error_code error;
+    fs::copy_file(movie, file.path(), fs::copy_options::overwrite_existing, error);
+    if (error)
+        return tl::unexpected(foundation::writingError(error.value(), place));
+    return file.commit(foundation::NewFile::Placing::onlyIfFree);
+}
+
+} // namespace
 
 fs::path VideoLibrary::freePlace() const {
     fs::path place = folder / "Zelvo Movie.mov";
@@ -25,25 +40,20 @@ tl::expected<fs::path, VideoLibrary::Failure> VideoLibrary::save(const fs::path&
     if (error)
         return tl::unexpected(Failure{true, error.message()});
 
-    const fs::path place = freePlace();
-    const fs::path part = place.string() + ".part";
-    if (!std::ofstream(part)) {
-        return tl::unexpected(Failure{true, fmt::format("{} cannot be written", folder.string())});
+    while (true) {
+        const fs::path place = freePlace();
+        auto file = foundation::NewFile::create(place);
+        if (!file)
+            return tl::unexpected(Failure{true, file.error().message});
+        const auto copied = copy(movie, *file, place);
+        if (copied)
+            return place;
+        if (fs::exists(place, error))
+            continue; // another program has just taken the name
+        return tl::unexpected(Failure{
+            false,
+            fmt::format("{} The movie is still at {}.", copied.error().message, movie.string())});
     }
-    fs::copy_file(movie, part, fs::copy_options::overwrite_existing, error);
-    if (!error)
-        fs::rename(part, place, error);
-    if (!error)
-        return place;
-    std::error_code ignored;
-    fs::remove(part, ignored);
-    return tl::unexpected(Failure{
-        false,
-        fmt::format(
-            "The movie could not be copied to {} ({}). It is still at {}.",
-            folder.string(),
-            error.message(),
-            movie.string())});
 }
 
 } // namespace zelvo::movie

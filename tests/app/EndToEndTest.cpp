@@ -249,7 +249,8 @@ TEST(EndToEnd, leaves_the_earlier_movie_untouched_where_none_is_finished) {
 
     for (const auto& row : {
              Row{SIGINT,  130},
-             Row{SIGTERM, 143}
+             Row{SIGTERM, 143},
+             Row{SIGHUP,  129}
     }) {
         const auto frames = program.path(fmt::format("frames{}", row.signal));
         const auto ending = program.runAndSignal(
@@ -266,6 +267,35 @@ TEST(EndToEnd, leaves_the_earlier_movie_untouched_where_none_is_finished) {
     EXPECT_EQ(filesBelow(program.path("out")), std::vector<std::string>{"a.mov"});
     for (const auto& name : filesBelow(program.home()))
         EXPECT_EQ(name.find("tmpMovie"), std::string::npos) << name;
+}
+
+TEST(EndToEnd, leaves_no_temporary_files_when_it_is_stopped) {
+    const Program program;
+    const auto file = program.write("a.json", withText("A"));
+    const auto out = program.path("out/a.png");
+    const auto movie = program.path("out/a.mov");
+    const fs::path temporary = program.path("tmp");
+    fs::create_directories(program.path("out"));
+
+    struct Row {
+        int signal;
+        Program::Arguments arguments;
+    };
+
+    const std::vector<Row> rows = {
+        {SIGINT,  {"sheet", "scenes", "--out", out}                                        },
+        {SIGTERM, {"frame", file, "--at", "1", "--out", out, "--size", kSize}              },
+        {SIGHUP,  {"strip", file, "--from", "0", "--to", "1", "--count", "2", "--out", out}},
+        {SIGKILL, {"perform", file, "--movie", movie, "--size", kSize}                     },
+    };
+    for (const auto& row : rows) {
+        const auto ending = program.runAndSignal(row.arguments, temporary, row.signal);
+        EXPECT_EQ(ending.status, 128 + row.signal) << ending.err;
+        EXPECT_EQ(fs::is_empty(temporary), row.signal != SIGKILL) << row.arguments[0];
+    }
+    EXPECT_TRUE(fs::is_empty(program.path("out")));
+    EXPECT_EQ(program.run({"frame", file, "--at", "1", "--out", out, "--size", kSize}).status, 0);
+    EXPECT_TRUE(fs::is_empty(temporary)) << "the next start clears up after the kill";
 }
 
 TEST(EndToEnd, saves_to_the_videos_folder_unless_that_is_denied) {

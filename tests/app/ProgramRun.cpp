@@ -44,9 +44,9 @@ pid_t Program::start(const Arguments& arguments, long maxFileBytes) const {
         return child;
     redirect(STDOUT_FILENO, path(kOut));
     redirect(STDERR_FILENO, path(kErr));
-    for (const char* const name :
-         {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "TMPDIR", "XDG_CACHE_HOME"})
+    for (const char* const name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"})
         setenv(name, home().c_str(), 1);
+    setenv("TMPDIR", path("tmp").c_str(), 1);
     if (maxFileBytes > 0) {
         (void)std::signal(SIGXFSZ, SIG_IGN);
         const auto bytes = static_cast<rlim_t>(maxFileBytes);

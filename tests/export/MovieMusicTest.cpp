@@ -61,14 +61,21 @@ TEST_F(MovieMusicTest, DropsTheFadeInWhereTheFadesWouldOverlap) {
 }
 
 TEST_F(MovieMusicTest, StaysSilentWithoutAUsableSong) {
-    testing::internal::CaptureStderr();
-    song->file = folder.path() / "noise.mp3";
-    std::ofstream(song->file) << std::string(3000, 'x');
-    const auto noise = made();
-    EXPECT_EQ(noise.audioCodec, "");
-    EXPECT_EQ(noise.frameTimes.size(), 358U);
-    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("stays silent"));
-
+    const auto noise = folder.path() / "noise.mp3";
+    std::ofstream(noise) << std::string(3000, 'x');
+    const auto unknown = folder.path() / "unknown.wav"; // has a track, in no known coding
+    std::filesystem::copy_file(song->file, unknown);
+    std::fstream(unknown, std::ios::in | std::ios::out | std::ios::binary).seekp(20) << "??";
+    for (const auto& file : {noise, unknown}) {
+        song->file = file;
+        const auto silent = made();
+        EXPECT_EQ(silent.audioCodec, "");
+        EXPECT_EQ(silent.frameTimes.size(), 358U);
+        EXPECT_THAT((*outcome)->musicFailure, testing::HasSubstr(file.string()));
+        EXPECT_THAT(
+            alerts,
+            testing::Contains(testing::Pair("The movie is silent", (*outcome)->musicFailure)));
+    }
     song->file = folder.path() / "song.wav";
     song->audioPreRoll = 20; // outside the movie
     EXPECT_LT(made().loudness(0, 5.9), 0.01);

@@ -49,7 +49,10 @@ protected:
 
     [[nodiscard]] double duration() const override { return length; }
 
-    [[nodiscard]] std::optional<movie::MusicStretch> music() const override { return song; }
+    [[nodiscard]] std::optional<movie::MusicStretch> music() const override {
+        isMuxing = true; // the movie is put together at once
+        return song;
+    }
 
     void showAlert(const std::string& title, const std::string& message) override {
         alerts.emplace_back(title, message);
@@ -99,6 +102,7 @@ protected:
     foundation::Timer ticks;
     std::optional<foundation::Result<movie::MovieOutcome>> outcome;
     int videosShown = 0;
+    mutable bool isMuxing = false;
     std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);
     movie::MovieWriter writer{
         *this, folders, [this] { return std::make_unique<FakeFrames>(rendering); }};

@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include <thread>
+
 namespace zelvo::movie {
 namespace {
 
@@ -79,6 +81,47 @@ TEST_F(MovieWriterTest, CancelsAtAnyMomentAndStartsAgain) {
     EXPECT_EQ(media::decodeMovie(writer.movieURL(), 32, 18).frameTimes.size(), 118U);
 }
 
+TEST_F(MovieWriterTest, IsDoneWhereACancelComesTooLate) {
+    writeEarlierMovie();
+    ASSERT_TRUE(writer.start());
+    const foundation::Timer waiting = loop.expectPosts();
+    ASSERT_TRUE(loop.runUntil([this] { return isMuxing; }));
+    while (hasEarlierMovie())
+        std::this_thread::yield();
+    writer.cancel();
+    ASSERT_TRUE(outcome && *outcome);
+    EXPECT_EQ((*outcome)->savedCopy, folders.videos / "Zelvo Movie.mov");
+    EXPECT_EQ(videosShown, 1);
+}
+
+TEST_F(MovieWriterTest, IsNotDisturbedByAnotherWindow) {
+    ASSERT_TRUE(writer.start());
+    loop.runFor(1);
+    MovieWriter other(
+        *this, folders, [this] { return std::make_unique<test::FakeFrames>(rendering); });
+    const foundation::Timer clock = std::exchange(ticks, {}); // the other stops its own
+    other.options.renderSize = {64, 36};
+    ASSERT_TRUE(other.start());
+    other.cancel();
+    waitForOutcome();
+    ASSERT_TRUE(*outcome) << outcome->error().message;
+}
+
+TEST_F(MovieWriterTest, KeepsTheRawMovieWhenOnlyTheLastStepFails) {
+    std::filesystem::create_directory(folder.path() / "out");
+    writer.options.output = folder.path() / "out/a.mov";
+    ASSERT_TRUE(writer.start());
+    loop.runFor(1);
+    std::filesystem::remove(folder.path() / "out");
+    waitForOutcome();
+    ASSERT_FALSE(*outcome);
+    const std::string& told = outcome->error().message;
+    const auto place = told.find("kept at ") + 8;
+    const auto kept = told.substr(place, told.rfind('.') - place);
+    const MovieWriter next(*this, folders, {});
+    EXPECT_EQ(media::decodeMovie(kept, 32, 18).frameTimes.size(), 121U) << told;
+}
+
 TEST_F(MovieWriterTest, PutsTheMovieIntoTheLibrary) {
     exportMovie();
     exportMovie();
@@ -127,8 +170,10 @@ TEST_F(MovieWriterTest, LeavesTheEarlierMovieWhenTheDiskIsFull) {
 }
 
 TEST_F(MovieWriterTest, RefusesWhatCannotBegin) {
-    writer.options.output = folder.path() / "missing" / "out.mov";
-    EXPECT_EQ(writer.start().error().cause, Cause::unwritable);
+    for (const auto& output : {folder.path() / "missing/out.mov", folder.path()}) {
+        writer.options.output = output;
+        EXPECT_EQ(writer.start().error().cause, Cause::unwritable) << "before the first frame";
+    }
     MovieWriter blind(*this, folders, []() -> foundation::Result<std::unique_ptr<FrameSource>> {
         return foundation::fail(Cause::unavailable, "no graphics");
     });

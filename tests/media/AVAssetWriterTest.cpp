@@ -169,15 +169,16 @@ TEST_F(AVAssetWriterTest, SaysWhyAFileCannotBeMade) {
 }
 
 TEST_F(AVAssetWriterTest, ReportsAFullDiskAtOnceOrWhenItFillsUp) {
-    std::filesystem::create_symlink("/dev/full", file("full.mov"));
-    auto full = AVAssetWriter::create(file("full.mov"));
-    ASSERT_TRUE(full);
-    (*full)->addInput(std::make_unique<AVAssetWriterInput>(kSmall));
-    const auto started = (*full)->startWriting();
-    ASSERT_FALSE(started);
-    EXPECT_NE(started.error().message.find("disk is full"), std::string::npos);
-    EXPECT_EQ((*full)->status(), Status::failed);
-
+    {
+        const FileSizeLimit nothing(0);
+        auto full = AVAssetWriter::create(file("full.mov"));
+        ASSERT_TRUE(full);
+        (*full)->addInput(std::make_unique<AVAssetWriterInput>(kSmall));
+        const auto started = (*full)->startWriting();
+        ASSERT_FALSE(started);
+        EXPECT_NE(started.error().message.find("full.mov"), std::string::npos);
+        EXPECT_EQ((*full)->status(), Status::failed);
+    }
     const FileSizeLimit limit(2000);
     Writing writing = start(file("filling.mov"), kSmall);
     for (int i = 0; i < 200; ++i)
@@ -185,7 +186,7 @@ TEST_F(AVAssetWriterTest, ReportsAFullDiskAtOnceOrWhenItFillsUp) {
     finish(writing);
     EXPECT_EQ(writing.writer->status(), Status::failed);
     EXPECT_EQ(append(writing, 200).error().cause, foundation::Cause::unwritable);
-    EXPECT_EQ(filesLeft(), (std::vector<std::string>{"full.mov"}));
+    EXPECT_TRUE(filesLeft().empty());
 }
 
 TEST_F(AVAssetWriterTest, FailsWithoutFrames) {

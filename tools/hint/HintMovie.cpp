@@ -8,10 +8,10 @@
 #include "app/PerformanceFile.h"
 #include "app/Performer.h"
 #include "app/PictureFiles.h"
-#include "app/TemporaryFolder.h"
 #include "catalogue/Catalogue.h"
 #include "export/RawMovie.h"
 #include "platform/foundation/Check.h"
+#include "platform/foundation/TemporaryFolder.h"
 
 #include <QFontDatabase>
 
@@ -72,7 +72,8 @@ movie::FrameTap gather(const std::shared_ptr<Pictures>& pictures) {
 
 Result<std::shared_ptr<Pictures>>
 drawStage(const app::Performance& performance, const std::filesystem::path& folder) {
-    const auto temporary = app::TemporaryFolder::make(foundation::Folders::standard().temporary);
+    const auto temporary =
+        foundation::TemporaryFolder::make(foundation::Folders::standard().temporary);
     if (!temporary)
         return tl::unexpected(temporary.error());
     app::StoppableLoop loop;

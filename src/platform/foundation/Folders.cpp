@@ -25,7 +25,7 @@ Folders Folders::standard() {
     return {
         .documents = standardPath(QStandardPaths::GenericDataLocation) / "zelvo",
         .config = standardPath(QStandardPaths::GenericConfigLocation) / "zelvo",
-        .temporary = standardPath(QStandardPaths::TempLocation) / "zelvo",
+        .temporary = standardPath(QStandardPaths::TempLocation),
         .videos = standardPath(QStandardPaths::MoviesLocation),
     };
 }

@@ -11,7 +11,7 @@ namespace zelvo::foundation {
 struct Folders {
     std::filesystem::path documents; ///< what is kept between launches (XDG_DATA_HOME/zelvo)
     std::filesystem::path config;    ///< user defaults (XDG_CONFIG_HOME/zelvo)
-    std::filesystem::path temporary; ///< emptied at will
+    std::filesystem::path temporary; ///< shared with others: only for TemporaryFolder
     std::filesystem::path
         videos; ///< the photo library's stand-in: the user's videos folder (XDG_VIDEOS_DIR)
 

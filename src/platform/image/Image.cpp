@@ -2,6 +2,7 @@
 #include "platform/image/Image.h"
 
 #include "platform/foundation/Check.h"
+#include "platform/foundation/NewFile.h"
 #include "platform/image/AreaScaler.h"
 #include "platform/image/PNGRows.h"
 #include "platform/image/StoredOrientation.h"
@@ -12,13 +13,13 @@
 #include <QImage>
 #include <QImageReader>
 #include <QImageWriter>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstring>
 #include <mutex>
+#include <span>
 #include <string_view>
 #include <system_error>
 
@@ -248,31 +249,6 @@ Result<ImagePtr> decode(QIODevice& device) {
     return std::make_shared<const Image>(upright(**picture, orientation));
 }
 
-/// Puts a file in place whole or not at all; anything else that can be written to (a device, a
-/// pipe) is written as it is.
-Result<void> writeFile(const std::filesystem::path& path, const QByteArray& bytes) {
-    const auto unwritable = [&](const QFileDevice& file) {
-        return fail(
-            Cause::unwritable,
-            path.string() + " cannot be written: " + file.errorString().toStdString());
-    };
-    std::error_code error;
-    if (std::filesystem::exists(path, error) && !std::filesystem::is_regular_file(path, error)) {
-        QFile file(qPath(path));
-        const bool done = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
-                          file.write(bytes) == bytes.size();
-        if (!done)
-            return unwritable(file);
-        return {};
-    }
-    QSaveFile file(qPath(path));
-    const bool done =
-        file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-    if (!done)
-        return unwritable(file);
-    return {};
-}
-
 Result<void> save(const QImage& image, const std::filesystem::path& path, const char* format) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -281,7 +257,9 @@ Result<void> save(const QImage& image, const std::filesystem::path& path, const 
     if (std::string_view(format) == "jpeg")
         writer.setQuality(kJPEGQuality);
     CHECK(writer.write(image), "{}: {}", path.string(), writer.errorString().toStdString());
-    return writeFile(path, bytes);
+    return foundation::NewFile::create(path).and_then([&](foundation::NewFile file) {
+        return file.write(std::as_bytes(std::span(bytes))).and_then([&] { return file.commit(); });
+    });
 }
 
 } // namespace

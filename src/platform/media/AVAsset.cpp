@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/media/AVAsset.h"
 
+#include "platform/media/AudioReader.h"
 #include "platform/media/MediaFile.h"
 
 #include <algorithm>
@@ -90,6 +91,10 @@ std::vector<AVAssetTrack> AVAsset::tracksWithMediaType(MediaType type) const {
         return track.mediaType == type;
     });
     return found;
+}
+
+foundation::Result<void> checkSound(const std::filesystem::path& file) {
+    return AudioReader::open(file).map([](const AudioReader&) {});
 }
 
 } // namespace zelvo::media

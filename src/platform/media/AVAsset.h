@@ -41,4 +41,7 @@ private:
     std::vector<AVAssetTrack> tracks;
 };
 
+/// Whether there is sound in the file that can be decoded. Errors of the file.
+[[nodiscard]] foundation::Result<void> checkSound(const std::filesystem::path& file);
+
 } // namespace zelvo::media

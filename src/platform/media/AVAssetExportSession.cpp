@@ -6,10 +6,7 @@
 #include "platform/media/MovieFile.h"
 #include "platform/media/SoundTrack.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
-#include <system_error>
 #include <utility>
 
 namespace zelvo::media {
@@ -20,9 +17,8 @@ using foundation::Error;
 using foundation::fail;
 using foundation::Result;
 
-/// Next to the movie, so that putting it in place is one renaming on one disk.
-std::filesystem::path unfinishedPath(const std::filesystem::path& movie) {
-    return movie.parent_path() / fmt::format(".{}.part", movie.filename().string());
+tl::unexpected<Error> cancelled() {
+    return fail(Cause::cancelled, "The export was cancelled.");
 }
 
 } // namespace
@@ -95,7 +91,8 @@ void AVAssetExportSession::exportAsynchronously(std::function<void()> completion
 }
 
 void AVAssetExportSession::cancelExport() {
-    isCancelled = true;
+    auto running = Stage::making;
+    stage.compare_exchange_strong(running, Stage::cancelled);
     if (thread.joinable())
         thread.join();
 }
@@ -106,7 +103,7 @@ Error AVAssetExportSession::error() const {
 }
 
 void AVAssetExportSession::run(const std::function<void()>& completion) {
-    const auto result = exportMovie();
+    const auto result = writeMovie();
     if (result) {
         progress_ = 1.0;
         status_ = Status::completed;
@@ -122,20 +119,7 @@ void AVAssetExportSession::run(const std::function<void()>& completion) {
         completion();
 }
 
-Result<void> AVAssetExportSession::exportMovie() {
-    const auto file = unfinishedPath(outputURL);
-    if (auto written = writeMovie(file); !written)
-        return written;
-    std::error_code code;
-    std::filesystem::rename(file, outputURL, code);
-    if (!code)
-        return {};
-    std::error_code ignored;
-    std::filesystem::remove(file, ignored);
-    return tl::unexpected(writingError(AVERROR(code.value()), outputURL));
-}
-
-Result<void> AVAssetExportSession::writeMovie(const std::filesystem::path& file) {
+Result<void> AVAssetExportSession::writeMovie() {
     const auto* track = composition.firstTrack(MediaType::video);
     if (track == nullptr || !track->segment() || timeRange.start != CMTime{}) {
         return fail(Cause::unsupported, "A movie needs a video that begins at 0.");
@@ -149,7 +133,7 @@ Result<void> AVAssetExportSession::writeMovie(const std::filesystem::path& file)
 
     using Layout = MovieFile::Layout;
     const auto layout = shouldOptimizeForNetworkUse ? Layout::indexFirst : Layout::indexLast;
-    auto movie = MovieFile::create(file, layout);
+    auto movie = MovieFile::create(outputURL, layout, foundation::NewFile::Use::lasting);
     if (!movie)
         return tl::unexpected(movie.error());
     const AVStream& parameters = video->parameters();
@@ -159,7 +143,17 @@ Result<void> AVAssetExportSession::writeMovie(const std::filesystem::path& file)
     return movie->begin()
         .and_then([&] { return copyPackets(*video, sound->get(), *movie, videoTrack); })
         .and_then([&] { return *sound ? (*sound)->finish(*movie) : Result<void>{}; })
-        .and_then([&] { return movie->finish(); });
+        .and_then([&] { return movie->finish(); })
+        .and_then([&] { return place(*movie); });
+}
+
+/// From here on the movie comes, whoever cancels; a cancel that was earlier leaves the place as it
+/// was.
+Result<void> AVAssetExportSession::place(MovieFile& movie) {
+    auto running = Stage::making;
+    if (!stage.compare_exchange_strong(running, Stage::placing))
+        return cancelled();
+    return movie.commit();
 }
 
 /// Null without music.
@@ -177,7 +171,7 @@ Result<std::unique_ptr<SoundTrack>> AVAssetExportSession::openSound(double lengt
 Result<void> AVAssetExportSession::copyPackets(
     VideoSource& video, SoundTrack* sound, MovieFile& movie, int videoTrack) {
     const double length = video.length().seconds();
-    while (!isCancelled) {
+    while (stage == Stage::making) {
         const auto packet = video.next();
         if (!packet)
             return tl::unexpected(packet.error());
@@ -191,7 +185,7 @@ Result<void> AVAssetExportSession::copyPackets(
         if (!written)
             return written;
     }
-    return fail(Cause::cancelled, "The export was cancelled.");
+    return cancelled();
 }
 
 AVMutableAudioMixInputParameters AVAssetExportSession::volumeOf(int trackID) const {

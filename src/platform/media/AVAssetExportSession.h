@@ -20,8 +20,8 @@ class MovieFile;
 class SoundTrack;
 
 /// Writes a composition to a QuickTime movie, on a thread of its own. The video passes through as
-/// it was encoded; the sound is decoded, mixed and encoded as AAC. The movie is made beside its
-/// place and put there when it is complete, so an earlier movie stands until then, and after a
+/// it was encoded; the sound is decoded, mixed and encoded as AAC. The movie is put
+/// into its place when it is complete, so an earlier movie stands until then, and after a
 /// failure or cancelling.
 ///
 /// The video track must begin at 0 in its file and in the composition, and be free of reordered
@@ -45,8 +45,8 @@ public:
     /// failed or cancelled; it must not destroy the session: let it post to the run loop.
     void exportAsynchronously(std::function<void()> completion);
 
-    /// Stops the export and waits until nothing of it is left on disk. Without effect once it is
-    /// done. Not from the completion.
+    /// Stops the export and waits for its end, after which the status tells what came first: the
+    /// cancel, and nothing has changed on disk, or the movie. Not from the completion.
     void cancelExport();
 
     [[nodiscard]] Status status() const { return status_; }
@@ -59,10 +59,11 @@ public:
 
 private:
     class VideoSource;
+    enum class Stage { making, placing, cancelled };
 
     void run(const std::function<void()>& completion);
-    [[nodiscard]] foundation::Result<void> exportMovie();
-    [[nodiscard]] foundation::Result<void> writeMovie(const std::filesystem::path& file);
+    [[nodiscard]] foundation::Result<void> writeMovie();
+    [[nodiscard]] foundation::Result<void> place(MovieFile& movie);
     [[nodiscard]] foundation::Result<std::unique_ptr<SoundTrack>> openSound(double length) const;
     [[nodiscard]] foundation::Result<void>
     copyPackets(VideoSource& video, SoundTrack* sound, MovieFile& movie, int videoTrack);
@@ -71,7 +72,7 @@ private:
     const AVMutableComposition composition;
     std::atomic<Status> status_ = Status::unknown;
     std::atomic<double> progress_ = 0.0;
-    std::atomic<bool> isCancelled = false;
+    std::atomic<Stage> stage = Stage::making;
     mutable std::mutex mutex; // guards error_
     foundation::Error error_;
     std::thread thread;

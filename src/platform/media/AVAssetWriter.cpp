@@ -35,7 +35,9 @@ Result<void> AVAssetWriterInputPixelBufferAdaptor::appendPixelBuffer(
 }
 
 Result<std::unique_ptr<AVAssetWriter>> AVAssetWriter::create(const std::filesystem::path& path) {
-    auto file = MovieFile::create(path, MovieFile::Layout::indexLast);
+    // What it writes is only the first half of a movie.
+    auto file =
+        MovieFile::create(path, MovieFile::Layout::indexLast, foundation::NewFile::Use::temporary);
     if (!file)
         return tl::unexpected(file.error());
     auto encoder = std::make_unique<FrameEncoder>(std::move(*file));

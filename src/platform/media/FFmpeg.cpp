@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/media/FFmpeg.h"
 
+#include "platform/foundation/WritingError.h"
+
 #include <fmt/format.h>
 
 #include <array>
-#include <cerrno>
 
 namespace zelvo::media {
 
@@ -32,27 +33,13 @@ std::string describeAVError(int code) {
 }
 
 Error writingError(int code, const std::filesystem::path& file) {
-    const auto say = [&](std::string_view why) {
-        return Error{Cause::unwritable, fmt::format("{} {}", file.string(), why)};
-    };
-    switch (AVUNERROR(code)) {
-    case ENOSPC:
-    case EDQUOT:
-        return say("cannot be written: the disk is full. Free some space and try again.");
-    case EFBIG:
-        return say("cannot be written: it would be larger than a file may be here.");
-    case EACCES:
-    case EPERM:
-    case EROFS:
-        return say("cannot be written: access is denied. Choose another folder.");
-    case ENOENT:
-    case ENOTDIR:
-        return say("cannot be written: its folder does not exist.");
-    case EISDIR:
-        return say("cannot be written: a folder of that name is in the way.");
-    default:
-        return say(fmt::format("cannot be written: {}.", describeAVError(code)));
-    }
+    constexpr int kMostErrno = 4095; // beyond lie FFmpeg's own codes
+    const int errorNumber = AVUNERROR(code);
+    if (errorNumber > 0 && errorNumber <= kMostErrno)
+        return foundation::writingError(errorNumber, file);
+    return {
+        Cause::unwritable,
+        fmt::format("{} cannot be written: {}.", file.string(), describeAVError(code))};
 }
 
 } // namespace zelvo::media

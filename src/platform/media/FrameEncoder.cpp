@@ -123,7 +123,7 @@ Error FrameEncoder::error() const {
 void FrameEncoder::run() {
     auto result = encodeAll();
     if (result && status_ == Status::writing)
-        result = file->finish();
+        result = file->finish().and_then([this] { return file->commit(); });
     if (!result)
         fail(result.error());
     auto expected = Status::writing;

@@ -3,7 +3,7 @@
 
 #include "platform/foundation/Check.h"
 
-#include <system_error>
+#include <utility>
 
 namespace zelvo::media {
 
@@ -32,31 +32,24 @@ void MovieFile::CloseOutput::operator()(AVFormatContext* context) const {
     avformat_free_context(context);
 }
 
-Result<MovieFile> MovieFile::create(const std::filesystem::path& path, Layout layout) {
+Result<MovieFile>
+MovieFile::create(const std::filesystem::path& path, Layout layout, foundation::NewFile::Use use) {
     silenceFFmpeg();
-    MovieFile file;
-    file.path_ = path;
+    auto made = foundation::NewFile::create(path, use);
+    if (!made)
+        return tl::unexpected(made.error());
+    MovieFile file(path, std::move(*made));
     file.layout = layout;
     AVFormatContext* context = nullptr;
     const char* const container = path.extension() == ".mp4" ? "mp4" : "mov";
-    avformat_alloc_output_context2(&context, nullptr, container, path.c_str());
+    const std::string url = "file:" + file.file.path().string();
+    avformat_alloc_output_context2(&context, nullptr, container, url.c_str());
     CHECK(context != nullptr, "FFmpeg has no writer for {}", container);
     file.format.reset(context);
-    if (const int code = avio_open(&context->pb, path.c_str(), AVIO_FLAG_WRITE); code < 0) {
-        file.path_.clear(); // what stands there is not ours to remove
+    if (const int code = avio_open(&context->pb, url.c_str(), AVIO_FLAG_WRITE); code < 0)
         return tl::unexpected(writingError(code, path));
-    }
     context->flags |= AVFMT_FLAG_BITEXACT; // no version strings and dates: same frames, same bytes
     return file;
-}
-
-MovieFile::~MovieFile() {
-    if (!format || isFinished || path_.empty())
-        return;
-    format.reset();
-    std::error_code ignored;
-    if (std::filesystem::is_regular_file(path_, ignored))
-        std::filesystem::remove(path_, ignored);
 }
 
 int MovieFile::addTrack(const AVCodecParameters& parameters, AVRational timeBase) {
@@ -101,8 +94,11 @@ Result<void> MovieFile::finish() {
         code = closed;
     if (code < 0)
         return tl::unexpected(writingError(code, path_));
-    isFinished = true;
     return {};
+}
+
+Result<void> MovieFile::commit() {
+    return file.commit();
 }
 
 } // namespace zelvo::media
