@@ -33,7 +33,7 @@ constexpr std::string_view kFooter =
     "Exit status:\n"
     "  0 done; 1 the export failed, or no window could be opened; 2 the command line or a file it "
     "names is wrong;\n"
-    "  130 or 143 stopped by SIGINT or SIGTERM.";
+    "  129, 130 or 143 stopped by SIGHUP, SIGINT or SIGTERM.";
 
 constexpr std::string_view kPerformFooter =
     "The performance is styled and performed as its file says, then drawn frame by frame at 60\n"
