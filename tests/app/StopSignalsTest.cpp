@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <fstream>
 
 namespace zelvo::app {
 namespace {
@@ -19,7 +20,7 @@ TEST(StopSignals, end_a_process_that_is_too_busy_to_end_and_take_its_temporary_f
         const StopSignals signals([] {});
         kill(getpid(), SIGHUP);
         while (folder)
-            pause();
+            std::ofstream(folder->path() / "file") << "still at work";
     };
     EXPECT_EXIT(busy(), testing::KilledBySignal(SIGHUP), "stopped");
     EXPECT_TRUE(std::filesystem::is_empty(place.path()));

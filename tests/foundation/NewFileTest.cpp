@@ -133,7 +133,6 @@ TEST(Leftovers, of_a_killed_process_go_and_those_of_living_ones_stay) {
     ASSERT_TRUE(living && writing);
     EXPECT_EQ(fs::status(living->path()).permissions(), fs::perms::owner_all);
     std::ofstream(place.path() / ".zelvo-mine.part") << "of the user";
-    fs::create_directory(place.path() / "zelvo-run-AAAAAA"); // open to others: not ours
     const auto before = namesIn(place.path()).size();
     killedWhile([&] {
         auto killed = TemporaryFolder::make(place.path());

@@ -24,14 +24,8 @@ std::vector<fs::path> entriesOf(const fs::path& folder) {
     return entries;
 }
 
-/// A file of this user, or a folder of this user as TemporaryFolder makes and does not keep them.
 bool isOurs(const struct stat& state) {
-    constexpr mode_t kPrivate = 0700;
-    constexpr mode_t kAllBits = 07777;
-    if (state.st_uid != geteuid())
-        return false;
-    return S_ISREG(state.st_mode) ||
-           (S_ISDIR(state.st_mode) && (state.st_mode & kAllBits) == kPrivate);
+    return state.st_uid == geteuid() && (S_ISREG(state.st_mode) || S_ISDIR(state.st_mode));
 }
 
 bool isKept(const fs::path& folder) {

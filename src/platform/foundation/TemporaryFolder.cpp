@@ -81,8 +81,16 @@ void TemporaryFolder::removeLeftovers(const std::filesystem::path& parent) {
 
 void TemporaryFolder::removeAll() {
     const std::lock_guard guard(standing().mutex);
-    for (const auto& folder : standing().folders)
+    for (const auto& folder : standing().folders) {
+        // Under another name first: threads that are still at work would make files in it
+        // meanwhile.
+        auto aside = (folder.parent_path() / kTemplate).string();
+        std::error_code ignored;
+        if (mkdtemp(aside.data()) != nullptr)
+            std::filesystem::rename(folder, aside, ignored);
+        removeUnlessKept(aside);
         removeUnlessKept(folder);
+    }
 }
 
 } // namespace zelvo::foundation
