@@ -5,6 +5,20 @@ add_library(zelvo_options INTERFACE)
 target_compile_definitions(zelvo_options INTERFACE QT_NO_KEYWORDS)
 target_compile_options(zelvo_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Werror
                        "-fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=")
+
+# What costs next to nothing and keeps a mistake in memory from becoming an attack.
+include(CheckCXXCompilerFlag)
+include(CheckLinkerFlag)
+check_cxx_compiler_flag(-fstack-protector-strong ZELVO_HAS_STACK_PROTECTOR)
+check_cxx_compiler_flag(-fcf-protection ZELVO_HAS_CF_PROTECTION)
+check_linker_flag(CXX -Wl,-z,relro,-z,now ZELVO_HAS_FULL_RELRO)
+target_compile_options(zelvo_options INTERFACE
+                       "$<$<BOOL:${ZELVO_HAS_STACK_PROTECTOR}>:-fstack-protector-strong>"
+                       "$<$<BOOL:${ZELVO_HAS_CF_PROTECTION}>:-fcf-protection>")
+target_link_options(zelvo_options INTERFACE "$<$<BOOL:${ZELVO_HAS_FULL_RELRO}>:-Wl,-z,relro,-z,now>")
+# Fortified calls need the optimiser.
+target_compile_options(zelvo_options INTERFACE "$<$<CONFIG:Release>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
+
 if(ZELVO_SANITIZE)
     target_compile_options(zelvo_options INTERFACE -fsanitize=${ZELVO_SANITIZE} -fno-omit-frame-pointer
                            -fno-sanitize-recover=all)
