@@ -67,6 +67,7 @@ Node::Node(Key /*key*/, const glm::vec3& home, float size, const Surroundings& s
     , bottomPlaneNode(newLevel())
     , leftPlaneNode(newLevel())
     , surroundings_(surroundings)
+    , marks(surroundings.fonts)
     , frontColor_(ui::kPalette[ui::kNodeColorIndex])
     , bandColor_(ui::kPalette[ui::kNodeColorIndex]) {
     CHECK(

@@ -3,6 +3,7 @@
 
 #include "look/XMAT.h"
 #include "node/DefaultSCNNode.h"
+#include "node/OutlineMarks.h"
 #include "node/Surroundings.h"
 #include "platform/scene/SCNShapes.h"
 
@@ -12,6 +13,7 @@
 
 namespace zelvo::core {
 
+/// plain: the corners only. highlighted: the whole frame, of what is in hand.
 enum class Outline { hidden, plain, highlighted };
 enum class Transition { immediate, animated };
 
@@ -100,6 +102,10 @@ public:
     void applyScale();  ///< from scale2D; says the new size on messageSignal
     void updateVisibility();
     void showOutline(Outline outline, Transition transition = Transition::immediate);
+
+    /// What the frame says it frames; empty: nothing.
+    void nameOutline(const std::string& title) { marks.setName(title); }
+
     /// Fits the frame and the touch target around the content.
     void updateOutline();
 
@@ -125,6 +131,7 @@ private:
     void linkOutline();
 
     Surroundings surroundings_;
+    OutlineMarks marks;
     std::optional<look::XMATClasses> materialName = look::XMATClasses::plain;
     image::Color frontColor_;
     image::Color bandColor_;

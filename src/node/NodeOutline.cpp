@@ -61,6 +61,7 @@ void Node::linkOutline() {
         bar.node->categoryBitMask = kTouchMask;
         outlineNode->addChildNode(bar.node->shared_from_this());
     }
+    outlineNode->addChildNode(marks.node());
     outlineNode->isHidden = true;
 }
 
@@ -82,10 +83,12 @@ void Node::showOutline(Outline outline, Transition transition) {
     updateOutline();
     outlineNode->opacity = 1.0f;
     outlineNode->isHidden = false;
+    const bool isWhole = outline == Outline::highlighted;
     for (const Bar& bar : bars()) {
-        bar.plane->materials.front()->emission.contents =
-            outline == Outline::highlighted ? kAccent : kQuiet;
+        bar.plane->materials.front()->emission.contents = isWhole ? kAccent : kQuiet;
+        bar.node->isHidden = !isWhole;
     }
+    marks.show(isWhole ? OutlineMarks::Extent::whole : OutlineMarks::Extent::corners);
 }
 
 void Node::updateOutline() {
@@ -110,6 +113,7 @@ void Node::updateOutline() {
     rightPlaneNode->position = glm::vec3(w / 2, 0, 0);
     bottomPlaneNode->position = glm::vec3(0, -h / 2, 0);
     leftPlaneNode->position = glm::vec3(-w / 2, 0, 0);
+    marks.fit({w, h}, {bw, bh}, 1 / positionNode->scale.value().x);
     outlineNode->position = contentNode->position.value() + glm::vec3(0, 0, 1);
 }
 

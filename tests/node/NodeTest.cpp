@@ -135,6 +135,14 @@ TEST_F(NodeTest, ShowsItsFrameWhileContentStaysHidden) {
     scene.applyAnimations(0.3);
     EXPECT_TRUE(node->outlineNode->isHidden);
     node->showOutline(Outline::plain);
+    EXPECT_TRUE(node->topPlaneNode->isHidden) << "its corners alone";
+    node->showOutline(Outline::hidden, Transition::animated);
+    scene.applyAnimations(0.35);
+    node->showOutline(Outline::highlighted); // before the fade is over
+    scene.applyAnimations(1);
+    EXPECT_FALSE(node->outlineNode->isHidden);
+    EXPECT_EQ(node->outlineNode->opacity.presented(), 1);
+    EXPECT_FALSE(node->topPlaneNode->isHidden);
     node->showOutline(Outline::hidden);
     EXPECT_TRUE(node->outlineNode->isHidden) << "at once";
 }

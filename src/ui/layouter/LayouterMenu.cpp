@@ -41,6 +41,10 @@ LayouterMenu::LayouterMenu(const Services& given, QObject* parent)
     }) {
     backButton.size = {34, 0};
     outliner = this;
+    const std::array titles{tr("Text 1"), tr("Text 2"), tr("Image"), tr("Object")};
+    const auto nodes = nodesInOrder(services.model.nodes());
+    for (std::size_t i = 0; i < nodes.size(); ++i)
+        nodes[i]->nameOutline(titles[i].toStdString());
     services.model.actionController().resetAll(actions::CameraHandles::include);
     refresh();
 }

@@ -101,6 +101,20 @@ TEST_F(LayouterMenuTest, TextsKeepTheirTabOverAVisitElsewhere) {
     EXPECT_EQ(menu.currentOption(), CurrentOption::none);
 }
 
+TEST_F(LayouterMenuTest, OutlinesStayWhenAnotherPanelHasThem) {
+    const auto isOutlined = [this] {
+        view.update(view.scene()->time() + 0.1);
+        view.update(view.scene()->time() + 1);
+        return !nodes.mediaNode->outlineNode->isHidden;
+    };
+    auto next = std::make_unique<LayouterMenu>(services);
+    auto last = std::make_unique<LayouterMenu>(services);
+    next.reset(); // a panel goes some time after the one that follows has come
+    EXPECT_TRUE(isOutlined());
+    last.reset();
+    EXPECT_FALSE(isOutlined());
+}
+
 TEST_F(LayouterMenuTest, TheBackgroundStaysWhenNothingIsInHand) {
     press("Background");
     press("Color");

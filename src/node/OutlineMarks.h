@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "node/DefaultSCNNode.h"
+#include "platform/scene/SCNShapes.h"
+
+#include <glm/glm.hpp>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace zelvo::text {
+class FontRegistry;
+} // namespace zelvo::text
+
+namespace zelvo::core {
+
+/// What makes an editing frame seen on a stage of any colour, and tells whose it is: a dark and a
+/// light edge along its bars, or only its corners, and a name above.
+///
+///     Text 1
+///     ┌─        ─┐
+///
+///     └─        ─┘
+class OutlineMarks {
+public:
+    enum class Extent { corners, whole };
+
+    /// The fonts may be missing until a name is set.
+    explicit OutlineMarks(const text::FontRegistry* given);
+
+    [[nodiscard]] const DefaultSCNNodePtr& node() const { return root; }
+
+    /// Sides of the frame and thickness of its lines, in the frame's own units; how many of them
+    /// are one unit on the stage.
+    void fit(const glm::vec2& sides, const glm::vec2& line, float unitsOnStage);
+    void show(Extent extent);
+    void setName(const std::string& name);
+
+private:
+    /// A flat rectangle of one colour.
+    struct Patch {
+        std::shared_ptr<scene::SCNPlane> plane;
+        DefaultSCNNodePtr node;
+
+        void place(const glm::vec2& middle, const glm::vec2& size) const;
+    };
+
+    [[nodiscard]] static Patch
+    addPatch(const DefaultSCNNodePtr& parent, const scene::SCNMaterialPtr& color, float depth);
+
+    void fitName(float unitsOnStage);
+
+    const text::FontRegistry* fonts;
+    DefaultSCNNodePtr root, edges, corners, label, letters;
+    std::vector<Patch> darkEdges, lightEdges;     ///< top, right, bottom, left
+    std::vector<Patch> darkCorners, lightCorners; ///< two of each corner, the level one first
+    Patch plate;                                  ///< behind the name
+    glm::vec2 nameSize{0, 0};                     ///< on the stage
+    glm::vec2 frame{0, 0};
+    float nameUnits = 1;
+};
+
+} // namespace zelvo::core
