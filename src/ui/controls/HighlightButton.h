@@ -3,36 +3,35 @@
 
 #include "ui/controls/MyButton.h"
 
-#include <memory>
-#include <string>
-
 namespace zelvo::ui {
 
-/// One of a group of which one is selected. A touch tells all buttons of the program which one was
-/// touched and in which stack; those of the same stack select or unselect themselves. So there is
-/// one selection a stack, with no list of them and no link between the buttons.
+class HighlightButton;
+
+/// The row that such a button stands in: it says which of its buttons is selected.
+class HighlightRow {
+public:
+    virtual ~HighlightRow() = default;
+
+    virtual void highlight(const HighlightButton& touched) = 0;
+};
+
+/// One of a row of which one is selected: the one that was touched last.
 class HighlightButton : public MyButton {
     Q_OBJECT
 
 public:
     HighlightButton(ButtonFace shown, std::function<void()> targetFunc, QObject* parent = nullptr);
 
-    const std::string uuid;
     bool highlightingEnabled = true; ///< false: a touch leaves the selection as it is
 
-    /// The stack it stands in; null: none, it then neither tells nor listens.
-    [[nodiscard]] const QObject* superView() const { return stack; }
+    /// Null: it stands in none and keeps its state.
+    void setRow(HighlightRow* newRow) { row = newRow; }
 
-    void setSuperView(const QObject* stackView) { stack = stackView; }
-
-    /// Selects it in its stack, without calling its target.
+    /// Selects it in its row, without calling its target.
     void didTouch() override;
 
 private:
-    void catchSelectedNotification(const std::string& selectedUuid, const QObject* where);
-
-    const QObject* stack = nullptr;
-    std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);
+    HighlightRow* row = nullptr;
 };
 
 /// A tab.

@@ -33,6 +33,13 @@ void TabStackView::setArrangedSubviews(const QList<MyButton*>& buttons) {
     Q_EMIT changed();
 }
 
+void TabStackView::highlight(const HighlightButton& touched) {
+    for (MyButton* const button : std::as_const(row)) {
+        if (auto* const highlighting = qobject_cast<HighlightButton*>(button))
+            highlighting->setMySelected(highlighting == &touched);
+    }
+}
+
 void TabStackView::select(qsizetype index) {
     const auto all = tabs();
     if (index >= 0 && index < all.size())
@@ -52,7 +59,7 @@ QList<QObject*> TabStackView::arrangedObjects() const {
 
 void TabStackView::enter(MyButton& button) {
     if (auto* const highlighting = qobject_cast<HighlightButton*>(&button))
-        highlighting->setSuperView(this);
+        highlighting->setRow(this);
     row.append(&button);
     connect(&button, &QObject::destroyed, this, [this, gone = &button] {
         if (row.removeAll(gone) > 0)
@@ -64,7 +71,7 @@ void TabStackView::leaveAll() {
     for (MyButton* const button : std::as_const(row)) {
         button->disconnect(this);
         if (auto* const highlighting = qobject_cast<HighlightButton*>(button))
-            highlighting->setSuperView(nullptr);
+            highlighting->setRow(nullptr);
     }
     row.clear();
 }

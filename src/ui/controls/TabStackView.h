@@ -10,9 +10,9 @@
 
 namespace zelvo::ui {
 
-/// A row of buttons on a common rounded ground. It owns none of them: they outlive their standing
-/// in it.
-class TabStackView : public QObject {
+/// A row of buttons on a common rounded ground, of which one is selected. It owns none of them:
+/// they outlive their standing in it.
+class TabStackView : public QObject, public HighlightRow {
     Q_OBJECT
     Q_PROPERTY(QList<QObject*> arrangedSubviews READ arrangedObjects NOTIFY changed)
     Q_PROPERTY(qreal leftInset READ leftInset NOTIFY changed)
@@ -51,6 +51,7 @@ public:
 
     [[nodiscard]] const QList<MyButton*>& arranged() const { return row; }
 
+    void highlight(const HighlightButton& touched) override;
     /// As if the tab at that place among the row's MySegmentedStackButtons were touched, without
     /// its target. Past the end: nothing happens.
     void select(qsizetype index);
