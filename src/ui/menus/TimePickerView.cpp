@@ -16,6 +16,7 @@ TimePickerView::TimePickerView(double duration, QObject* parent)
     , seconds_(static_cast<int>(std::fmod(duration, 60))) {}
 
 void TimePickerView::select(int component, int row) {
+    typed.reset();
     const int held = std::clamp(row, 0, kRows - 1);
     switch (component) {
     case minutesWheel:
@@ -31,6 +32,15 @@ void TimePickerView::select(int component, int row) {
     if (held < kMinSeconds && minutes_ == 0)
         seconds_ = kMinSeconds;
     Q_EMIT changed();
+}
+
+void TimePickerView::type(int component, int digit) {
+    const bool isSecond = typed && typed->component == component;
+    const int whole = isSecond ? typed->digit * 10 + digit : digit;
+    const bool isComplete = isSecond && whole < kRows;
+    select(component, isComplete ? whole : digit);
+    if (!isComplete)
+        typed = {component, digit};
 }
 
 } // namespace zelvo::ui

@@ -3,6 +3,8 @@
 
 #include <QObject>
 
+#include <optional>
+
 namespace zelvo::ui {
 
 /// Two wheels, minutes and seconds, of which neither lets a duration under two seconds be picked.
@@ -33,13 +35,21 @@ public:
 
     /// The wheel `component` came to rest at `row`. A row that no wheel has is held to the nearest.
     Q_INVOKABLE void select(int component, int row);
+    /// A digit, 0 to 9, for the wheel: the first begins a number, a second one completes it.
+    Q_INVOKABLE void type(int component, int digit);
 
 Q_SIGNALS:
     void changed();
 
 private:
+    struct Typed {
+        int component;
+        int digit;
+    };
+
     int minutes_;
     int seconds_;
+    std::optional<Typed> typed; ///< a first digit
 };
 
 } // namespace zelvo::ui

@@ -3,7 +3,7 @@ import QtQuick
 import Zelvo
 
 // A TimePickerView: two wheels for the duration dialog.
-Item {
+FocusScope {
     id: root
 
     required property var controller
@@ -26,23 +26,31 @@ Item {
         height: parent.height
 
         Wheel {
+            id: minutes
+
             x: 12
             name: qsTr("Minutes")
             rows: root.controller.rows
             row: root.controller.minutes
             onPicked: row => root.controller.select(0, row)
-            focus: true
+            onTyped: digit => root.controller.type(0, digit)
+            KeyNavigation.right: seconds
         }
         WheelLabel {
             x: 72
             text: "Min"
         }
         Wheel {
+            id: seconds
+
             x: 132
             name: qsTr("Seconds")
             rows: root.controller.rows
             row: root.controller.seconds
             onPicked: row => root.controller.select(1, row)
+            onTyped: digit => root.controller.type(1, digit)
+            KeyNavigation.left: minutes
+            focus: true // what one mostly sets
         }
         WheelLabel {
             x: 192

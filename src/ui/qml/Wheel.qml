@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Zelvo
 
-// A wheel of two-digit numbers: by finger, mouse wheel and keys.
+// A wheel of two-digit numbers: by finger, by a click on a row, by mouse wheel, arrow keys and digits.
 ListView {
     id: root
 
@@ -11,6 +11,7 @@ ListView {
     required property int rows
     required property int row ///< where it is to stand
     signal picked(int row)
+    signal typed(int digit)
 
     function settle(): void {
         if (!moving && currentIndex !== row)
@@ -42,10 +43,22 @@ ListView {
     Accessible.onDecreaseAction: if (row > 0) picked(row - 1)
     Keys.onUpPressed: if (row > 0) picked(row - 1)
     Keys.onDownPressed: if (row < rows - 1) picked(row + 1)
+    Keys.onPressed: event => {
+        const digit = event.key - Qt.Key_0;
+        event.accepted = digit >= 0 && digit <= 9;
+        if (event.accepted)
+            typed(digit);
+    }
 
     delegate: Text {
         required property int index
 
+        TapHandler {
+            onTapped: {
+                root.forceActiveFocus(Qt.MouseFocusReason);
+                root.picked(parent.index);
+            }
+        }
         width: root.width
         height: 26
         text: String(index).padStart(2, "0")
@@ -64,10 +77,14 @@ ListView {
         anchors.bottomMargin: (root.height - 30) / 2
     }
     WheelHandler {
+        property real turned // in eighths of a degree; a touchpad turns by less than a notch
+
         onWheel: event => {
-            const next = root.row + (event.angleDelta.y > 0 ? -1 : 1);
-            if (next >= 0 && next < root.rows)
-                root.picked(next);
+            turned += event.angleDelta.y;
+            const notches = Math.trunc(turned / 120);
+            turned -= notches * 120;
+            if (notches !== 0)
+                root.picked(Math.max(0, Math.min(root.rows - 1, root.row - notches)));
         }
     }
 }
