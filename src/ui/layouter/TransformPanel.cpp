@@ -16,6 +16,8 @@ namespace {
 
 constexpr double kPi = std::numbers::pi_v<float>; // as coarse as the angles that are kept
 
+constexpr double kStep = 5; ///< of the slider, in units and in degrees
+
 struct Row {
     const char* title;
     double limit; ///< of the slider, both ways
@@ -61,7 +63,9 @@ TransformPanel::TransformPanel(core::NodePtr edited, QObject* parent)
 void TransformPanel::setUpSlider(int tag) {
     const Row& row = rowOf(tag);
     auto made = std::make_unique<MySlider>(
-        QString::fromUtf8(row.label), MySlider::Range{-row.limit, row.limit});
+        QString::fromUtf8(row.label),
+        MySlider::Range{-row.limit, row.limit, kStep},
+        QString::fromUtf8(row.unit));
     made->defaultValue = tag == 0 ? node->initialPosition.z : 0.0;
     made->setValue(valueOf(tag));
     made->valueChanged = [this, tag](double value) { assign(tag, value); };
@@ -90,7 +94,8 @@ void TransformPanel::assign(int tag, double value) {
     }
     node->isVisible = true;
     node->updateVisibility();
-    signals().messageSignal.fire(fmt::format("{} {:.0f}{}", row.label, value, row.unit));
+    signals().messageSignal.fire(
+        fmt::format("{} {}", row.label, posRotSlider->text().toStdString()));
 }
 
 } // namespace zelvo::ui

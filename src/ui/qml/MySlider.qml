@@ -1,61 +1,117 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import QtQuick.Templates as T
 import Zelvo
 
-// A MySlider: a double tap brings its default back.
-T.Slider {
+// A MySlider: a double tap brings its default back, a click on the number lets one write it.
+FocusScope {
     id: root
 
     required property var controller
+    readonly property real room: width - handle.width
+    readonly property real middle: shareOf(0) // a slider about zero fills from there
 
-    from: controller.minimumValue
-    to: controller.maximumValue
-    value: controller.value
+    function shareOf(value: real): real {
+        const share = (value - controller.minimumValue) / (controller.maximumValue - controller.minimumValue);
+        return Math.max(0, Math.min(1, share));
+    }
+    function moveHandle(left: real): void {
+        controller.moveTo(controller.minimumValue + left / room * (controller.maximumValue - controller.minimumValue));
+    }
+
     implicitWidth: 160
     implicitHeight: 36
-    focusPolicy: Qt.TabFocus
-    hoverEnabled: true
-    onMoved: controller.moveTo(value)
+    activeFocusOnTab: true
 
     Accessible.role: Accessible.Slider
-    Accessible.name: controller.name
+    Accessible.name: controller.name + " " + controller.text
+    Accessible.focusable: true
+    Accessible.onIncreaseAction: controller.moveBy(1)
+    Accessible.onDecreaseAction: controller.moveBy(-1)
+    Keys.onPressed: event => event.accepted = !number.isWriting && controller.pressKey(event.key, event.modifiers)
+    Keys.onReturnPressed: number.isWriting = true
+    Keys.onEnterPressed: number.isWriting = true
 
-    background: Rectangle {
-        x: root.leftPadding
-        y: (root.height - height) / 2
-        width: root.availableWidth
+    Rectangle {
+        id: track
+
+        x: handle.width / 2
+        anchors.verticalCenter: parent.verticalCenter
+        width: root.room
         height: 4
         radius: 2
         color: Theme.buttonFill
 
         Rectangle {
-            width: root.visualPosition * parent.width
+            readonly property real end: root.shareOf(root.controller.value)
+
+            x: Math.min(root.middle, end) * parent.width
+            width: Math.abs(root.middle - end) * parent.width
             height: parent.height
             radius: parent.radius
             color: Theme.accent
         }
+        Rectangle {
+            x: root.middle * parent.width - width / 2
+            anchors.verticalCenter: parent.verticalCenter
+            width: 2
+            height: 10
+            visible: root.middle > 0 && root.middle < 1
+            color: Theme.mutedText
+        }
     }
-    handle: Rectangle {
-        x: root.leftPadding + root.visualPosition * (root.availableWidth - width)
-        y: (root.height - height) / 2
+    MouseArea {
+        id: knob
+
+        property real grip // of the handle, from its left; below 0: it is not held
+
+        anchors.fill: parent
+        hoverEnabled: true
+        preventStealing: true
+        onPressed: mouse => {
+            root.forceActiveFocus(Qt.MouseFocusReason);
+            const inside = mouse.x - handle.x;
+            grip = inside >= 0 && inside <= handle.width ? inside : handle.width / 2;
+            if (grip !== inside)
+                root.moveHandle(mouse.x - grip);
+        }
+        onPositionChanged: mouse => { if (pressed && grip >= 0) root.moveHandle(mouse.x - grip) }
+        onDoubleClicked: {
+            grip = -1; // what is left of the second click moves nothing
+            root.controller.sliderTapped();
+        }
+    }
+    WheelHandler {
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+        onWheel: event => root.controller.moveBy((event.angleDelta.y || event.angleDelta.x) / 120)
+    }
+    Rectangle {
+        id: handle
+
+        x: root.shareOf(root.controller.value) * root.room
+        anchors.verticalCenter: parent.verticalCenter
         width: 22
         height: 22
         radius: 11
-        color: root.pressed ? Qt.darker(Theme.text, 1.15) : Theme.text
+        color: knob.pressed ? Qt.darker(Theme.text, 1.15) : Theme.text
 
         FocusRing {
             radius: parent.radius + 2
-            shown: root.visualFocus
+            shown: root.activeFocus && !number.isWriting
             border.color: Theme.accent
         }
     }
+    SliderNumber {
+        id: number
 
-    TapHandler {
-        onDoubleTapped: root.controller.sliderTapped()
+        readonly property bool isRight: handle.x + handle.width + 6 + width <= root.width
+
+        x: isRight ? handle.x + handle.width + 6 : handle.x - width - 6
+        anchors.verticalCenter: parent.verticalCenter
+        controller: root.controller
+        onDone: root.forceActiveFocus(Qt.TabFocusReason)
     }
     Tip {
         name: root.controller.name
-        visible: root.hovered && !root.pressed
+        isAsked: knob.containsMouse && !knob.pressed
     }
 }
