@@ -44,7 +44,11 @@ struct LayouterMenu::TabRow {
 };
 
 LayouterMenu::TabRow LayouterMenu::optionTab(const char* title, CurrentOption option) {
-    return {QString::fromUtf8(title), [this, option] { setCurrentOption(option); }, option};
+    const auto choose = [this, option] {
+        if (option != currentOption_) // the lit one's strip stays as it is
+            setCurrentOption(option);
+    };
+    return {QString::fromUtf8(title), choose, option};
 }
 
 std::vector<LayouterMenu::TabRow> LayouterMenu::rootTabs() {
@@ -203,8 +207,9 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeSceneStrip() {
         titlesOf(look::SceneManager::sceneNames, [](std::string_view name) { return name; }),
         [this, guard](std::size_t tag) {
             services.runLoop.asyncAfter(kSceneDelay, [this, guard, tag] {
-                if (!guard.expired())
-                    services.model.setScene(static_cast<int>(tag));
+                const int index = static_cast<int>(tag);
+                if (!guard.expired() && services.model.currentSceneIndex() != index)
+                    services.model.setScene(index);
             });
         }));
     made->select(services.model.currentSceneIndex(), Strip::Motion::atOnce);

@@ -26,6 +26,11 @@ public:
     /// For a panel that came on show by another way than a press.
     void light(Tab tab);
 
+    /// As presses on the tabs.
+    Q_INVOKABLE void askForStyle() { layoutButton.click(); }
+
+    Q_INVOKABLE void askForActions() { animButton.click(); }
+
     [[nodiscard]] QObject* stackObject() { return &stackView; }
 
     MySegmentedStackButton layoutButton;

@@ -21,6 +21,8 @@ constexpr double kTopHeight = 45;
 constexpr double kBottomHeight = 94;   ///< of a tablet, as which this screen counts
 constexpr double kHintShare = 1 / 1.5; ///< of the window's width
 constexpr double kHintAspect = 9.0 / 16;
+constexpr const char* kStylePanel = "LayouterMenu"; ///< their views
+constexpr const char* kCataloguePanel = "ActionsMenu";
 constexpr const char* kHintMovie = "HintRecordAction.mp4";
 
 } // namespace
@@ -59,8 +61,15 @@ void MainViewController::wire() {
     controlMenu.undoAction = posted([&controller] { controller.undo(); });
     controlMenu.redoAction = posted([&controller] { controller.redo(); });
     controlMenu.showHistoryAction = posted([this] { showHistory(); });
-    mainMenu.animClosure = posted([this] { showAnim(); });
-    mainMenu.layoutClosure = posted([this] { showLayouterMenu(); });
+    // The tab of the panel on show changes nothing: no run stops, no tab of the panel goes.
+    mainMenu.animClosure = posted([this] {
+        if (panelView_ != kCataloguePanel)
+            showAnim();
+    });
+    mainMenu.layoutClosure = posted([this] {
+        if (panelView_ != kStylePanel)
+            showLayouterMenu();
+    });
 }
 
 void MainViewController::viewDidLoad() {
@@ -93,11 +102,11 @@ void MainViewController::showAnim() {
     const std::weak_ptr<const bool> guard = alive;
     menu->speedClosure = [this, guard](bool isShown) {
         services.runLoop.post([this, guard, isShown] {
-            if (!guard.expired() && panelView_ == "ActionsMenu")
+            if (!guard.expired() && panelView_ == kCataloguePanel)
                 speedViewController.setHidden(!isShown);
         });
     };
-    setPanel(menu.release(), "ActionsMenu");
+    setPanel(menu.release(), kCataloguePanel);
     idleTimer.setDisabled(true);
     gestureDelegate = &cameraGestures;
     setEditing(true);
@@ -113,7 +122,7 @@ void MainViewController::showLayouterMenu() {
         if (!guard.expired())
             fadeScene(alpha, seconds);
     };
-    setPanel(menu.release(), "LayouterMenu");
+    setPanel(menu.release(), kStylePanel);
     idleTimer.setDisabled(false);
     setEditing(false);
     speedViewController.setHidden(true);

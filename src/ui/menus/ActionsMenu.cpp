@@ -150,6 +150,8 @@ void ActionsMenu::buttonStack2() {
 }
 
 void ActionsMenu::show(const catalogue::Tab& tab) {
+    if (std::exchange(shown, &tab) == &tab)
+        return;
     std::vector<std::unique_ptr<FuncButton>> made;
     for (const catalogue::Button& button : tab.buttons())
         made.push_back(makeActionButton(button, static_cast<int>(made.size())));
@@ -157,6 +159,7 @@ void ActionsMenu::show(const catalogue::Tab& tab) {
 }
 
 void ActionsMenu::showFX4() {
+    shown = nullptr;
     setActionButtons({});
 }
 

@@ -95,6 +95,7 @@ private:
     [[nodiscard]] QList<MyButton*> pageOf(const MySegmentedStackButton& tab) const;
     [[nodiscard]] QList<MyButton*> tabsInOrder() const;
     [[nodiscard]] const MySegmentedStackButton* litTab() const;
+    /// Its buttons; those on show already stay, with what is held on them.
     void show(const catalogue::Tab& tab);
     void setActionButtons(std::vector<std::unique_ptr<FuncButton>> buttons);
     void showFullRow();
@@ -104,6 +105,7 @@ private:
 
     Services services;
     std::vector<std::unique_ptr<FuncButton>> actionsStackView;
+    const catalogue::Tab* shown = nullptr;
     RowKind rowKind = RowKind::full;
     bool isOnShow = false;
 };

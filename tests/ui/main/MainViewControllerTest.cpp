@@ -37,6 +37,13 @@ TEST_F(MainScreenTest, opens_on_the_style_panel_where_nothing_can_be_recorded) {
 
 TEST_F(MainScreenTest, stops_a_run_when_the_panel_changes_and_when_a_movie_is_asked_for) {
     main.showAnim();
+    model.start();
+    loop().runFor(1);
+    const QObject* const panel = main.panel();
+    main.mainMenu.animButton.click();
+    settle();
+    EXPECT_TRUE(model.isPlaying()) << "its panel is on show";
+    EXPECT_EQ(main.panel(), panel);
     for (const auto act :
          {&MainViewController::showAnim,
           &MainViewController::share,
