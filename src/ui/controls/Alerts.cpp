@@ -59,6 +59,14 @@ QVariantList Alerts::actions() const {
     return list;
 }
 
+int Alerts::defaultAction() const {
+    if (!isShowing())
+        return -1;
+    const auto& offered = alerts.front().actions;
+    const bool isHarmless = offered.front().role != AlertRole::destructive;
+    return isHarmless ? 0 : static_cast<int>(offered.size()) - 1;
+}
+
 QObject* Alerts::content() const {
     return isShowing() ? alerts.front().content : nullptr;
 }

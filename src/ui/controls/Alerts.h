@@ -45,6 +45,7 @@ class Alerts final : public QObject {
     Q_PROPERTY(QString message READ message NOTIFY changed)
     /// Maps of "title", "role" ("standard", "cancel", "destructive") and "color" (may be absent).
     Q_PROPERTY(QVariantList actions READ actions NOTIFY changed)
+    Q_PROPERTY(int defaultAction READ defaultAction NOTIFY changed)
     Q_PROPERTY(QObject* content READ content NOTIFY changed)
     Q_PROPERTY(QString contentView READ contentView NOTIFY changed)
 
@@ -61,11 +62,17 @@ public:
     [[nodiscard]] QString title() const;
     [[nodiscard]] QString message() const;
     [[nodiscard]] QVariantList actions() const;
+    /// What Return chooses: the first, but never one that destroys, then the last; -1: no alert.
+    [[nodiscard]] int defaultAction() const;
     [[nodiscard]] QObject* content() const;
     [[nodiscard]] QString contentView() const;
 
     /// The user chose an action of the alert on show. Out of range: nothing happens.
     Q_INVOKABLE void choose(int index);
+
+    /// Return.
+    Q_INVOKABLE void accept() { choose(defaultAction()); }
+
     /// Escape: the cancelling action, else the only one; with several and none that cancels,
     /// nothing.
     Q_INVOKABLE void escape();

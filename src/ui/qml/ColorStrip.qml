@@ -27,7 +27,6 @@ StripView {
             hoverEnabled: true
             onPressed: root.controller.buttonAction(index)
             Keys.onReturnPressed: root.controller.buttonAction(index)
-            Keys.onSpacePressed: root.controller.buttonAction(index)
             onVisualFocusChanged: if (visualFocus) root.centre(true, this)
 
             Accessible.role: Accessible.ListItem

@@ -3,28 +3,26 @@ import QtQuick
 import Zelvo
 
 // The screen of an ExportViewController: ring and percentage on a sheet, then the preview over all.
-FocusScope {
+FocusStack {
     id: root
 
     required property var controller
 
     focus: true
-    Keys.onEscapePressed: controller.dismissViewController()
-    Component.onCompleted: forceActiveFocus()
 
-    MouseArea { // nothing goes through to what lies behind
-        anchors.fill: parent
-        hoverEnabled: true
-        onWheel: wheel => wheel.accepted = true
-    }
-    Rectangle {
+    FocusScope {
         anchors.centerIn: parent
         width: Math.min(540, parent.width - 48)
         height: Math.min(480, parent.height - 48)
-        radius: 12
-        color: Theme.background
-        border.color: Theme.separator
-        visible: !preview.active
+        visible: root.controller.preview === null
+        Keys.onEscapePressed: root.controller.dismissViewController()
+
+        Rectangle {
+            anchors.fill: parent
+            radius: 12
+            color: Theme.background
+            border.color: Theme.separator
+        }
 
         ScreenButton {
             x: 6
@@ -66,11 +64,9 @@ FocusScope {
         }
     }
     Loader {
-        id: preview
-
         anchors.fill: parent
+        visible: root.controller.preview !== null
         active: root.controller.preview !== null
         onActiveChanged: if (active) setSource("qrc:/zelvo/Preview.qml", { controller: root.controller.preview })
-        onLoaded: item.forceActiveFocus()
     }
 }

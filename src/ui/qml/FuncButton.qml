@@ -25,10 +25,9 @@ Rectangle {
     Component.onDestruction: if (controller) controller.cancel()
 
     function isPressKey(event): bool {
-        return event.key === Qt.Key_Space || event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
+        return event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
     }
 
-    Keys.onShortcutOverride: event => event.accepted = isPressKey(event)
     Keys.onPressed: event => {
         event.accepted = isPressKey(event);
         if (event.accepted && !event.isAutoRepeat)
@@ -115,6 +114,6 @@ Rectangle {
     Tip {
         name: root.controller.name
         key: root.controller.key
-        visible: hover.hovered && !root.isKnown
+        isAsked: hover.hovered && !root.isKnown
     }
 }

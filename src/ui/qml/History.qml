@@ -11,10 +11,8 @@ FocusScope {
 
     focus: true
     Keys.onEscapePressed: controller.dismissViewController()
-    Component.onCompleted: {
-        list.forceActiveFocus();
-        controller.viewDidAppear();
-    }
+    Keys.forwardTo: [list] // also after a press beside the list
+    Component.onCompleted: controller.viewDidAppear()
 
     Rectangle {
         anchors.fill: parent
@@ -65,6 +63,7 @@ FocusScope {
             anchors.topMargin: bar.height + 6
             anchors.bottomMargin: 18
             clip: true
+            focus: true
             model: root.controller.rows
             activeFocusOnTab: true
             keyNavigationEnabled: true
@@ -86,7 +85,7 @@ FocusScope {
 
                 width: ListView.view.width
                 height: Math.max(root.controller.cellHeight, implicitHeight)
-                isCurrent: ListView.isCurrentItem && list.activeFocus
+                isCurrent: ListView.isCurrentItem && root.activeFocus
                 isOpen: list.openRow === index
                 onPicked: list.currentIndex = index
                 onOpened: list.openRow = index

@@ -95,7 +95,6 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             text: "Delete"
             name: "Delete " + root.title
-            key: "Del"
             tint: Theme.record
             focusPolicy: Qt.NoFocus
             opacity: !root.isOpen && (hover.hovered || root.isCurrent) ? 1 : 0

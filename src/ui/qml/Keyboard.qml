@@ -2,7 +2,8 @@
 import QtQuick
 import QtQuick.Window
 
-// The keys of the main screen. A button that has the focus keeps its own.
+// The keys of the main screen. A button that has the focus keeps its own, but for the space bar: that
+// starts and stops, unless a field is written in.
 FocusScope {
     id: root
 
@@ -42,8 +43,6 @@ FocusScope {
     Keys.onPressed: event => {
         if (isPlayed(event))
             hold(event);
-        else if (event.key === Qt.Key_Space && !event.isAutoRepeat)
-            main.controlMenu.record();
         else if (event.key === Qt.Key_S && catalogue && !event.modifiers)
             catalogue.speedButton.click();
         else if (event.key === Qt.Key_I && layouter && !layouter.isBackVisible && !event.modifiers)
@@ -63,13 +62,14 @@ FocusScope {
     // Another window does not tell when its keys are released.
     onActiveFocusChanged: if (!activeFocus) Object.keys(held).forEach(letGo)
 
+    Shortcut { sequence: "Space"; autoRepeat: false; enabled: root.enabled; onActivated: root.main.controlMenu.record() }
     Shortcut { sequence: "Ctrl+Z"; enabled: root.enabled; onActivated: root.main.controlMenu.undo() }
     Shortcut { sequence: "Ctrl+Shift+Z"; enabled: root.enabled; onActivated: root.main.controlMenu.redo() }
     Shortcut { sequence: "Ctrl+H"; enabled: root.enabled; onActivated: root.main.controlMenu.showHistory() }
     Shortcut { sequence: "Ctrl+D"; enabled: root.enabled; onActivated: root.main.controlMenu.askForDuration() }
     Shortcut { sequence: "Ctrl+E"; enabled: root.enabled; onActivated: root.main.share() }
-    Shortcut { sequence: "F2"; enabled: root.enabled; onActivated: root.main.showLayouterMenu() }
-    Shortcut { sequence: "F3"; enabled: root.enabled; onActivated: root.main.showAnim() }
+    Shortcut { sequence: "F2"; enabled: root.enabled; onActivated: root.main.mainMenu.askForStyle() }
+    Shortcut { sequence: "F3"; enabled: root.enabled; onActivated: root.main.mainMenu.askForActions() }
     Shortcut { sequence: "Ctrl+Right"; enabled: root.enabled && root.catalogue; onActivated: root.catalogue.nextTab() }
     Shortcut { sequence: "Ctrl+Left"; enabled: root.enabled && root.catalogue; onActivated: root.catalogue.previousTab() }
     Shortcut { sequence: "F11"; onActivated: root.toggleFullScreen() }

@@ -19,15 +19,9 @@ Window {
     onWidthChanged: main.setViewSize(Qt.size(width, height))
     onHeightChanged: main.setViewSize(Qt.size(width, height))
 
-    // Keys belong to what lies on top; each keeps which of its own has the focus.
-    function focusTop(): void {
-        (hint.item ?? screen.item ?? keyboard).forceActiveFocus();
-    }
-
-    Item {
-        id: everything
-
+    FocusStack {
         anchors.fill: parent
+        focus: true
 
         Keyboard {
             id: keyboard
@@ -35,9 +29,6 @@ Window {
             anchors.fill: parent
             main: root.main
             window: root
-            focus: true
-            enabled: !root.main.screen && !root.main.hint
-            onEnabledChanged: if (enabled) forceActiveFocus()
 
             Stage {
                 anchors.fill: parent
@@ -48,36 +39,33 @@ Window {
                 main: root.main
             }
         }
-    }
-    BlurCover {
-        anchors.fill: parent
-        controller: root.main.blurCover
-        source: everything
-    }
-    Place {
-        id: screen
-
-        anchors.fill: parent
-        controller: root.main.screen
-        view: root.main.screenView
-    }
-    Place {
-        id: hint
-
-        anchors.fill: parent
-        controller: root.main.hint
-        view: root.main.hint ? "VideoAlert" : ""
-    }
-    ValueLabel {
-        anchors.horizontalCenter: parent.horizontalCenter
-        y: root.main.topHeight + 12
-        width: Math.min(implicitWidth, parent.width - 24)
-        controller: root.main.valueLabel
-    }
-    AlertHost {
-        anchors.fill: parent
-        alerts: root.main.alerts
-        onClosed: root.focusTop()
+        BlurCover {
+            anchors.fill: parent
+            controller: root.main.blurCover
+            source: keyboard
+        }
+        Place {
+            anchors.fill: parent
+            visible: controller !== null
+            controller: root.main.screen
+            view: root.main.screenView
+        }
+        Place {
+            anchors.fill: parent
+            visible: controller !== null
+            controller: root.main.hint
+            view: root.main.hint ? "VideoAlert" : ""
+        }
+        ValueLabel {
+            anchors.horizontalCenter: parent.horizontalCenter
+            y: root.main.topHeight + 12
+            width: Math.min(implicitWidth, parent.width - 24)
+            controller: root.main.valueLabel
+        }
+        AlertHost {
+            anchors.fill: parent
+            alerts: root.main.alerts
+        }
     }
     TouchVisualizer {
         anchors.fill: parent

@@ -8,7 +8,7 @@ Item {
 
     required property var main
 
-    Rectangle {
+    Bar {
         id: top
 
         width: parent.width
@@ -46,6 +46,8 @@ Item {
         }
     }
     SpeedStrip {
+        id: strip
+
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: bottom.top
@@ -54,8 +56,10 @@ Item {
         anchors.bottomMargin: 7
         controller: root.main.speedViewController
     }
-    Rectangle {
+    Bar {
         id: bottom
+
+        reach: strip.visible ? strip.height + 7 : 0
 
         anchors.bottom: parent.bottom
         width: parent.width

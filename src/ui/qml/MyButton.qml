@@ -27,8 +27,8 @@ T.AbstractButton {
     Accessible.checkable: role === Accessible.CheckBox
     Accessible.checked: controller.isMySelected
     Accessible.onPressAction: controller.click()
-    Keys.onReturnPressed: controller.click()
-    Keys.onEnterPressed: controller.click()
+    Keys.onReturnPressed: event => { if (!event.isAutoRepeat) controller.click() }
+    Keys.onEnterPressed: event => { if (!event.isAutoRepeat) controller.click() }
     onClicked: controller.click()
 
     background: Rectangle {
@@ -76,6 +76,6 @@ T.AbstractButton {
     Tip {
         name: root.controller.name
         key: root.controller.key
-        visible: root.hovered && !root.down && (key !== "" || root.controller.image !== "" || name !== label.text)
+        isAsked: root.hovered && !root.down && (key !== "" || root.controller.image !== "" || name !== label.text)
     }
 }

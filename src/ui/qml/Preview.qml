@@ -4,7 +4,7 @@ import QtQuick
 import Zelvo
 
 // The screen of a PreviewViewController: the movie with its controls, and what to do with it.
-FocusScope {
+FocusStack {
     id: root
 
     required property var controller
@@ -14,99 +14,109 @@ FocusScope {
         colors.target = null;
         player.stop();
     }
-    Keys.onEscapePressed: controller.isSharing ? controller.share() : controller.dismissController()
-    Keys.onSpacePressed: controller.togglePlaying()
-    Keys.onLeftPressed: player.setPosition(Math.max(0, player.position - 1000))
-    Keys.onRightPressed: player.setPosition(Math.min(player.duration, player.position + 1000))
 
-    Rectangle {
+    FocusScope {
+        id: movie
+
         anchors.fill: parent
-        color: "black"
-    }
-    MouseArea {
-        anchors.fill: parent
-        hoverEnabled: true
-        onWheel: wheel => wheel.accepted = true
-    }
-    ScreenBar {
-        id: bar
+        Keys.onEscapePressed: root.controller.dismissController()
+        Keys.onLeftPressed: player.setPosition(Math.max(0, player.position - 1000))
+        Keys.onRightPressed: player.setPosition(Math.min(player.duration, player.position + 1000))
 
-        width: parent.width
-        title: root.controller.title
-
-        leading: ScreenButton {
-            text: "Cancel"
-            name: "Close the preview"
-            key: "Esc"
-            fill: Theme.separator
-            onClicked: root.controller.dismissController()
-        }
-        trailing: ScreenButton {
-            id: shareButton
-
-            text: "Share"
-            fill: Theme.accent
-            onClicked: root.controller.share()
-        }
-    }
-    Item {
-        id: screen
-
-        anchors.top: bar.bottom
-        anchors.bottom: controls.top
-        width: parent.width
-
-        VideoOutput {
-            id: output
-
-            anchors.fill: parent
-            visible: root.controller.failure === ""
-        }
-        Image {
-            anchors.fill: parent
-            fillMode: Image.PreserveAspectFit
-            visible: !output.visible || (player.position === 0 && !root.controller.isPlaying)
-            source: root.controller.poster
+        Shortcut {
+            sequence: "Space"
+            autoRepeat: false
+            enabled: movie.enabled
+            onActivated: root.controller.togglePlaying()
         }
         Rectangle {
-            anchors.centerIn: parent
-            width: Math.min(parent.width - 48, reason.implicitWidth + 40)
-            height: reason.implicitHeight + 28
-            visible: root.controller.failure !== ""
-            radius: Theme.radius
-            color: Theme.background
-            opacity: 0.9
+            anchors.fill: parent
+            color: "black"
+        }
+        MouseArea {
+            anchors.fill: parent
+            hoverEnabled: true
+            onWheel: wheel => wheel.accepted = true
+        }
+        ScreenBar {
+            id: bar
 
-            Text {
-                id: reason
+            width: parent.width
+            title: root.controller.title
 
-                anchors.fill: parent
-                anchors.margins: 14
-                text: root.controller.failure
-                color: Theme.text
-                font.pixelSize: Theme.px(14)
-                wrapMode: Text.Wrap
-                horizontalAlignment: Text.AlignHCenter
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
+            leading: ScreenButton {
+                text: "Cancel"
+                name: "Close the preview"
+                key: "Esc"
+                fill: Theme.separator
+                onClicked: root.controller.dismissController()
+            }
+            trailing: ScreenButton {
+                id: shareButton
+
+                text: "Share"
+                fill: Theme.accent
+                onClicked: root.controller.share()
             }
         }
-        TapHandler {
-            onTapped: root.controller.isSharing ? root.controller.share() : root.controller.togglePlaying()
+        Item {
+            id: screen
+
+            anchors.top: bar.bottom
+            anchors.bottom: controls.top
+            width: parent.width
+
+            VideoOutput {
+                id: output
+
+                anchors.fill: parent
+                visible: root.controller.failure === ""
+            }
+            Image {
+                anchors.fill: parent
+                fillMode: Image.PreserveAspectFit
+                visible: !output.visible || (player.position === 0 && !root.controller.isPlaying)
+                source: root.controller.poster
+            }
+            Rectangle {
+                anchors.centerIn: parent
+                width: Math.min(parent.width - 48, reason.implicitWidth + 40)
+                height: reason.implicitHeight + 28
+                visible: root.controller.failure !== ""
+                radius: Theme.radius
+                color: Theme.background
+                opacity: 0.9
+
+                Text {
+                    id: reason
+
+                    anchors.fill: parent
+                    anchors.margins: 14
+                    text: root.controller.failure
+                    color: Theme.text
+                    font.pixelSize: Theme.px(14)
+                    wrapMode: Text.Wrap
+                    horizontalAlignment: Text.AlignHCenter
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
+                }
+            }
+            TapHandler {
+                onTapped: root.controller.togglePlaying()
+            }
+        }
+        PreviewControls {
+            id: controls
+
+            anchors.bottom: parent.bottom
+            width: parent.width
+            controller: root.controller
+            player: player
         }
     }
-    PreviewControls {
-        id: controls
-
-        anchors.bottom: parent.bottom
-        width: parent.width
-        controller: root.controller
-        player: player
-    }
     SharePanel {
-        anchors.top: bar.bottom
-        anchors.right: parent.right
-        anchors.rightMargin: 8
+        anchors.fill: parent
+        below: bar.height
         visible: root.controller.isSharing
         controller: root.controller
     }

@@ -20,7 +20,7 @@ Item {
         image: root.controller.isPlaying ? "PreviewPause" : "PreviewPlay"
         name: root.controller.isPlaying ? "Pause" : "Play"
         key: "Space"
-        enabled: root.controller.failure === ""
+        isUsable: root.controller.failure === ""
         onClicked: root.controller.togglePlaying()
     }
     Text {

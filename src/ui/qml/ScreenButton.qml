@@ -10,6 +10,7 @@ T.AbstractButton {
     property string image
     property string name: text
     property string key
+    property bool isUsable: true // what is disabled as a whole, below an alert, is not dimmed
     property color tint: Theme.text
     property color fill: "transparent"
 
@@ -17,13 +18,14 @@ T.AbstractButton {
     implicitHeight: 44
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
-    opacity: enabled ? 1 : Theme.dimmed
+    enabled: isUsable
+    opacity: isUsable ? 1 : Theme.dimmed
 
     Accessible.role: Accessible.Button
     Accessible.name: name
     Accessible.onPressAction: clicked()
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
+    Keys.onReturnPressed: event => { if (!event.isAutoRepeat) clicked() }
+    Keys.onEnterPressed: event => { if (!event.isAutoRepeat) clicked() }
 
     background: Item {
         Rectangle {
@@ -67,6 +69,6 @@ T.AbstractButton {
     Tip {
         name: root.name
         key: root.key
-        visible: root.hovered && !root.down && (root.key !== "" || root.image !== "")
+        isAsked: root.hovered && !root.down && (root.key !== "" || root.image !== "")
     }
 }

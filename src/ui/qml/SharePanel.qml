@@ -2,61 +2,69 @@
 import QtQuick
 import Zelvo
 
-// What can be done with a finished movie.
-Rectangle {
+// What can be done with a finished movie, over all of the preview: a press beside it closes it.
+FocusScope {
     id: root
 
     required property var controller
+    property real below // the bar that it hangs from
 
-    implicitWidth: choices.implicitWidth + 16
-    implicitHeight: choices.implicitHeight + 16
-    radius: 10
-    color: Theme.row
-    border.color: Theme.separator
-    onVisibleChanged: if (visible) player.forceActiveFocus(Qt.TabFocusReason)
+    Keys.onEscapePressed: controller.share()
 
     Accessible.role: Accessible.PopupMenu
     Accessible.name: "Share"
 
     MouseArea {
         anchors.fill: parent
+        hoverEnabled: true
+        onClicked: root.controller.share()
+        onWheel: wheel => wheel.accepted = true
     }
-    Column {
-        id: choices
+    Rectangle {
+        anchors.right: parent.right
+        anchors.rightMargin: 8
+        y: root.below
+        width: choices.width + 16
+        height: choices.implicitHeight + 16
+        radius: 10
+        color: Theme.row
+        border.color: Theme.separator
 
-        anchors.centerIn: parent
-        width: Math.max(220, implicitWidth)
-
-        ScreenButton {
-            id: player
-
-            width: parent.width
-            text: "Open in Player"
-            KeyNavigation.down: folder
-            onClicked: root.controller.openInPlayer()
+        MouseArea {
+            anchors.fill: parent
         }
-        ScreenButton {
-            id: folder
+        Column {
+            id: choices
 
-            width: parent.width
-            text: "Show Folder"
-            KeyNavigation.down: path
-            onClicked: root.controller.openFolder()
-        }
-        ScreenButton {
-            id: path
+            anchors.centerIn: parent
+            width: Math.max(220, implicitWidth)
 
-            width: parent.width
-            text: "Copy Path"
-            KeyNavigation.down: copy
-            onClicked: root.controller.copyPath()
-        }
-        ScreenButton {
-            id: copy
+            Choice {
+                text: "Open in Player"
+                focus: true
+                KeyNavigation.down: folder
+                onClicked: root.controller.openInPlayer()
+            }
+            Choice {
+                id: folder
 
-            width: parent.width
-            text: "Save a Copy…"
-            onClicked: dialog.item ? dialog.item.open() : dialog.active = true
+                text: "Show Folder"
+                KeyNavigation.down: path
+                onClicked: root.controller.openFolder()
+            }
+            Choice {
+                id: path
+
+                text: "Copy Path"
+                KeyNavigation.down: copy
+                onClicked: root.controller.copyPath()
+            }
+            Choice {
+                id: copy
+
+                text: "Save a Copy…"
+                onClicked: dialog.item ? dialog.item.open() : dialog.active = true
+            }
         }
     }
     Loader {
@@ -72,5 +80,9 @@ Rectangle {
         function onAccepted() {
             root.controller.saveCopy(dialog.item.selectedFile);
         }
+    }
+
+    component Choice: ScreenButton {
+        width: choices.width
     }
 }

@@ -15,10 +15,9 @@ FocusScope {
     Accessible.name: controller.text
     Keys.onEscapePressed: controller.dismissAction()
     Keys.onBackPressed: controller.dismissAction()
-    Component.onCompleted: {
-        ok.forceActiveFocus();
-        controller.viewDidAppear();
-    }
+    Keys.onReturnPressed: controller.dismissAction()
+    Keys.onEnterPressed: controller.dismissAction()
+    Component.onCompleted: controller.viewDidAppear()
 
     Rectangle {
         anchors.fill: parent
@@ -80,6 +79,7 @@ FocusScope {
         T.AbstractButton {
             id: ok
 
+            focus: true
             anchors.left: parent.left
             anchors.right: parent.right
             anchors.bottom: parent.bottom
@@ -91,8 +91,6 @@ FocusScope {
             Accessible.role: Accessible.Button
             Accessible.name: text
             Accessible.onPressAction: clicked()
-            Keys.onReturnPressed: clicked()
-            Keys.onEnterPressed: clicked()
 
             background: Rectangle {
                 color: ok.down ? Theme.accent : ok.hovered ? Theme.buttonFill : Theme.separator

@@ -2,6 +2,8 @@
 #include "ui/qml/Views.h"
 
 #include "ui/controls/Theme.h"
+#include "ui/qml/FocusStack.h"
+#include "ui/qml/PointerWatch.h"
 #include "ui/qml/PressArea.h"
 #include "ui/qml/TrueColorSink.h"
 
@@ -35,6 +37,10 @@ void installViews() {
     static Theme theme;
     QQmlEngine::setObjectOwnership(&theme, QQmlEngine::CppOwnership);
     qmlRegisterSingletonInstance("Zelvo", 1, 0, "Theme", &theme);
+    static PointerWatch pointer;
+    QQmlEngine::setObjectOwnership(&pointer, QQmlEngine::CppOwnership);
+    qmlRegisterSingletonInstance("Zelvo", 1, 0, "Pointer", &pointer);
+    qmlRegisterType<FocusStack>("Zelvo", 1, 0, "FocusStack");
     qmlRegisterType<PressArea>("Zelvo", 1, 0, "PressArea");
     qmlRegisterType<TrueColorSink>("Zelvo", 1, 0, "TrueColorSink");
 }

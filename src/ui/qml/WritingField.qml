@@ -25,6 +25,7 @@ T.TextField {
     onTextEdited: controller.textFieldDidChange(text)
     onAccepted: controller.endWriting()
     Keys.onEscapePressed: controller.endWriting()
+    onFocusChanged: if (!focus) controller.endWriting() // after a press beside it
     Component.onCompleted: {
         text = controller.writtenText;
         forceActiveFocus();

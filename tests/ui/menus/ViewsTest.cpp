@@ -2,6 +2,7 @@
 // The views on their controllers, with events as a window gets them.
 
 #include "MenusFixture.h"
+#include "ui/controls/MySlider.h"
 #include "ui/controls/ValueLabel.h"
 #include "ui/menus/ActionsMenu.h"
 #include "ui/menus/ControlMenu.h"
@@ -100,16 +101,16 @@ TEST_F(MenuViewsTest, TwoFingersHoldTwoButtonsAndOneWanders) {
     EXPECT_FALSE(buttons[1]->isPressed());
 }
 
-TEST_F(MenuViewsTest, AFocusedButtonIsHeldByTheSpaceBarWithoutRepeating) {
+TEST_F(MenuViewsTest, AFocusedButtonIsHeldByReturnWithoutRepeating) {
     show("ActionsMenu.qml", "controller", &menu);
     menu.FX1->click();
     layOut();
     QTest::keyClick(&view, Qt::Key_Tab);
-    QTest::keyPress(&view, Qt::Key_Space);
+    QTest::keyPress(&view, Qt::Key_Return);
     EXPECT_TRUE(menu.actionButtons()[0]->isPressed());
-    QTest::simulateEvent(&view, false, Qt::Key_Space, {}, " ", true);
+    QTest::simulateEvent(&view, false, Qt::Key_Return, {}, "\r", true);
     EXPECT_TRUE(menu.actionButtons()[0]->isPressed()) << "auto-repeat has let it go";
-    QTest::keyRelease(&view, Qt::Key_Space);
+    QTest::keyRelease(&view, Qt::Key_Return);
     EXPECT_FALSE(menu.actionButtons()[0]->isPressed());
 }
 
@@ -121,24 +122,81 @@ TEST_F(MenuViewsTest, TheRowOfTabsFollowsTheWindowsWidth) {
     EXPECT_EQ(menu.stackView.arranged().size(), 9);
 }
 
-TEST_F(MenuViewsTest, TheDurationDialogIsWorkedByKeys) {
+TEST_F(MenuViewsTest, TheDurationDialogIsWorkedByKeysAndClicks) {
     control.setButtonsEnabled(true);
     show("AlertHost.qml", "alerts", &alerts);
+    view.rootObject()->forceActiveFocus();
     control.askForDuration();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return view.activeFocusItem() != nullptr; }, 2000));
-    auto* const picker = qobject_cast<ui::TimePickerView*>(alerts.content());
-    QCoreApplication::processEvents();
+    const auto* const picker = qobject_cast<ui::TimePickerView*>(alerts.content());
+    const auto wheel = [this] { // that has the focus; its row in the middle has it in turn
+        QQuickItem* item = view.activeFocusItem();
+        while (item != nullptr && !item->property("row").isValid())
+            item = item->parentItem();
+        return item;
+    };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return wheel() != nullptr; }, 2000));
     EXPECT_EQ(picker->seconds(), 8) << "the wheels have changed it by standing up";
-    // Round from the button to the wheels: seconds come last.
-    for (int i = 0; i < 6 && picker->seconds() == 8; ++i) {
-        QTest::keyClick(&view, Qt::Key_Tab);
-        QTest::keyClick(&view, Qt::Key_Down);
-        if (picker->minutes() == 1)
-            picker->select(ui::TimePickerView::minutesWheel, 0), picker->select(1, 8);
-    }
+    QTest::keyClick(&view, Qt::Key_Down);
     EXPECT_EQ(picker->seconds(), 9);
-    QTest::keyClick(&view, Qt::Key_Escape);
+    QTest::keyClick(&view, Qt::Key_3);
+    QTest::keyClick(&view, Qt::Key_5);
+    EXPECT_EQ(picker->seconds(), 35);
+    const auto hasTurned = [&] {
+        return wheel()->property("contentY") == 35 * 26 - (140 - 26) / 2;
+    };
+    ASSERT_TRUE(QTest::qWaitFor(hasTurned, 5000));
+    QTest::mouseClick(
+        &view, Qt::LeftButton, {}, wheel()->mapToScene({20, wheel()->height() / 2 + 26}).toPoint());
+    EXPECT_EQ(picker->seconds(), 36) << "the row below the middle";
+    QTest::keyClick(&view, Qt::Key_Left);
+    QTest::keyClick(&view, Qt::Key_1);
+    EXPECT_EQ(picker->minutes(), 1);
+    QTest::keyClick(&view, Qt::Key_Return);
     EXPECT_FALSE(alerts.isShowing());
+    loop().drain();
+    EXPECT_EQ(model.duration(), 96);
+}
+
+TEST_F(MenuViewsTest, ASliderIsWorkedByMouseWheelAndKeys) {
+    ui::MySlider slider("Depth", {.minimum = -100, .maximum = 100, .step = 5});
+    slider.defaultValue = 20;
+    show("MySlider.qml", "controller", &slider);
+    view.rootObject()->forceActiveFocus();
+    const auto at = [this](double share) { return QPoint(11 + int(share * 938), 270); };
+    QTest::mousePress(&view, Qt::LeftButton, {}, at(0.25));
+    QTest::mouseMove(&view, at(0.75));
+    EXPECT_NEAR(slider.value(), 50, 0.5);
+    QTest::mouseRelease(&view, Qt::LeftButton, {}, at(0.75));
+    QTest::mouseClick(&view, Qt::LeftButton, {}, at(0.9));
+    QTest::mouseDClick(&view, Qt::LeftButton, {}, at(0.9));
+    EXPECT_EQ(slider.value(), 20);
+
+    const auto press = [this](Qt::Key key, Qt::KeyboardModifiers with = {}) {
+        QTest::keyClick(&view, key, with);
+    };
+    press(Qt::Key_Right);
+    EXPECT_EQ(slider.value(), 25);
+    press(Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_EQ(slider.value(), 0);
+    press(Qt::Key_End);
+    EXPECT_EQ(slider.value(), 100);
+
+    press(Qt::Key_Return); // into the number
+    for (const Qt::Key key : {Qt::Key_Minus, Qt::Key_7, Qt::Key_Period, Qt::Key_5})
+        press(key);
+    EXPECT_EQ(slider.value(), 100);
+    press(Qt::Key_Return);
+    EXPECT_EQ(slider.value(), -7.5);
+    press(Qt::Key_Return);
+    press(Qt::Key_3);
+    press(Qt::Key_Escape);
+    press(Qt::Key_Right);
+    EXPECT_EQ(slider.value(), -2.5) << "left as it was, and the keys move the slider again";
+
+    QWheelEvent notch(at(0.2), at(0.2), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&view, &notch);
+    EXPECT_EQ(slider.value(), 2.5);
+    view.setSource({});
 }
 
 TEST_F(MenuViewsTest, AMenuThatIsOffIsDimmedOnce) {

@@ -8,6 +8,7 @@
 #include "ui/menus/ActionsMenu.h"
 #include "ui/screens/ExportViewController.h"
 #include "ui/screens/HistoryController.h"
+#include "ui/screens/PreviewViewController.h"
 
 #include <gtest/gtest.h>
 
@@ -28,10 +29,11 @@ namespace {
 constexpr int kPatience = 60'000; ///< milliseconds; software graphics on a busy machine
 constexpr double kLongRun = 300;  ///< seconds: no run ends while a busy machine takes its time
 
-/// The view of a controller, or one with that property's value, anywhere below.
+/// The view of a controller, anywhere below: what has it for a property, unless it only loads it.
 QQuickItem* viewOf(QQuickItem* below, const QObject* controller) {
     const QVariant shown = below->property("controller");
-    if (below->isVisible() && shown.isValid() && shown.value<QObject*>() == controller)
+    if (!below->inherits("QQuickLoader") && below->isVisible() && shown.isValid() &&
+        shown.value<QObject*>() == controller)
         return below;
     for (QQuickItem* const child : below->childItems()) {
         if (QQuickItem* const found = viewOf(child, controller))
@@ -149,8 +151,15 @@ void WindowTest::shareTooEarly() {
 void WindowTest::record() {
     ui::ActionsMenu& menu = *panel<ui::ActionsMenu>();
     model.setDuration(kLongRun);
+    menu.nextTab();
+    QTest::keyClick(&window, Qt::Key_Tab); // whatever button has the focus now
+    QTest::keyClick(&window, Qt::Key_Tab);
     QTest::keyClick(&window, Qt::Key_Space);
     ASSERT_TRUE(soon([&] { return model.isPlaying() && model.time() > 2; }));
+    QTest::keyClick(&window, Qt::Key_F3);
+    click(&application.main.mainMenu.animButton);
+    EXPECT_TRUE(menu.IN2->isMySelected());
+    menu.previousTab();
 
     click(menu.actionButtons().at(0).get());
     EXPECT_TRUE(soon([&] { return records() == 1; })) << "by mouse";
@@ -198,13 +207,28 @@ void WindowTest::exportMovie() {
     QTest::keyClick(&window, Qt::Key_E, Qt::ControlModifier);
     ASSERT_TRUE(soon([&] { return screen<ui::ExportViewController>() != nullptr; }));
     picture("5-export");
+    auto& alerts = *qobject_cast<ui::Alerts*>(application.main.alertsObject());
     ASSERT_TRUE(soon([&] {
         const auto* const sheet = screen<ui::ExportViewController>();
         return sheet == nullptr || sheet->preview() != nullptr;
     }));
     ASSERT_NE(screen<ui::ExportViewController>(), nullptr) << "the export failed";
     EXPECT_GT(std::filesystem::file_size(model.movieURL()), 1000U);
+    auto& preview =
+        *qobject_cast<ui::PreviewViewController*>(screen<ui::ExportViewController>()->preview());
+    ASSERT_TRUE(soon([&] { return viewOf(window.contentItem(), &preview) && alerts.isShowing(); }));
     picture("6-preview");
+    QTest::keyClick(&window, Qt::Key_Space);
+    EXPECT_FALSE(alerts.isShowing()) << "the space bar presses the button that has the focus";
+    EXPECT_FALSE(preview.isPlaying());
+    alerts.showAlert("Another", "With all else below it.");
+    QTest::keyClick(&window, Qt::Key_Return);
+    EXPECT_FALSE(alerts.isShowing());
+    QTest::keyClick(&window, Qt::Key_Space);
+    EXPECT_TRUE(preview.isPlaying());
+    preview.share();
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_FALSE(preview.isSharing());
     QTest::keyClick(&window, Qt::Key_Escape);
     EXPECT_TRUE(soon([&] { return application.main.screen() == nullptr; }));
 }
