@@ -36,14 +36,8 @@ void addParticles(scene::SCNNode& node) {
         system->wander = 10;
         system->particleSize = 12;
         system->particleSizeVariation = 12;
-        system->sizeOverLife = {
-            {0, 0.5f},
-            {1, 1   }
-        };
-        system->colorOverLife = {
-            {0, glm::vec4(1)   },
-            {1, {1, 0.5f, 0, 0}}
-        };
+        system->sizeOverLife = {{0, 0.5f}, {1, 1}};
+        system->colorOverLife = {{0, glm::vec4(1)}, {1, {1, 0.5f, 0, 0}}};
         system->particleImage = sprite;
         system->blendMode = mode;
         node.addParticleSystem(system);

@@ -7,14 +7,13 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const zelvo::app::Names kNames{
         .fonts = {"Abel-Regular", "Bungee"},
-        .materials = {"Iron",         "Plain" },
-        .objectMaterials = {"Plain"       },
-        .shapes = {"None",       "Heart"        },
-        .masks = {"None",      "Mask 1"},
-        .scenes = {"Plain",       "Stage"        },
-        .speeds = {"Normal",        "Fast"},
-        .tabs = {{"IN1", {"Left In", "Right In"}},   {"CAM", {}}        }
-    };
+        .materials = {"Iron", "Plain"},
+        .objectMaterials = {"Plain"},
+        .shapes = {"None", "Heart"},
+        .masks = {"None", "Mask 1"},
+        .scenes = {"Plain", "Stage"},
+        .speeds = {"Normal", "Fast"},
+        .tabs = {{"IN1", {"Left In", "Right In"}}, {"CAM", {}}}};
     const auto* const chars =
         reinterpret_cast<const char*>(data); // NOLINT(cppcoreguidelines-pro-type-reinterpret-cast)
     const auto read = zelvo::app::readPerformance(std::string_view(chars, size), kNames);

@@ -64,18 +64,8 @@ void turnHandle(const Handle& handle, float radians) {
 }
 
 void turnCamera(const core::Nodes& stage, const glm::vec2& d) {
-    turnHandle(
-        {
-            *stage.cameraYHandle, {0, 1, 0},
-             "camYHandleRotW.isNaN"
-    },
-        d.x * kTurnAboutY);
-    turnHandle(
-        {
-            *stage.cameraXHandle, {1, 0, 0},
-             "camXHandleRotW.isNaN"
-    },
-        d.y * kTurnAboutX);
+    turnHandle({*stage.cameraYHandle, {0, 1, 0}, "camYHandleRotW.isNaN"}, d.x * kTurnAboutY);
+    turnHandle({*stage.cameraXHandle, {1, 0, 0}, "camXHandleRotW.isNaN"}, d.y * kTurnAboutX);
 }
 
 void stopHandles(const core::Nodes& stage) {

@@ -25,6 +25,7 @@ struct BuiltRow {
     std::string_view fragmentFunction;
 };
 
+// clang-format off
 constexpr auto kBuilt = std::to_array<BuiltRow>({
     {"Invert",     "invertFragmentShader"    },
     {"Exposure",   "exposureFragmentShader"  },
@@ -32,10 +33,13 @@ constexpr auto kBuilt = std::to_array<BuiltRow>({
     {"Glitch",     "glitchFragmentShader"    },
 });
 
+// clang-format on
+
 PropertyValue quadDescription(std::string_view fragmentFunction) {
     const auto text = [](std::string_view value) {
         return PropertyValue::string(std::string(value));
     };
+    // clang-format off
     const auto pass = PropertyValue::dictionary({
         {"draw",                text("DRAW_QUAD")                                           },
         {"metalVertexShader",   text("simpleVertexShader")                                  },
@@ -48,6 +52,7 @@ PropertyValue quadDescription(std::string_view fragmentFunction) {
         {"passes",   PropertyValue::dictionary({{"pass", pass}})},
         {"sequence", PropertyValue::array({text("pass")})       }
     });
+    // clang-format on
 }
 
 Result<SCNTechniquePtr> fromFile(const std::filesystem::path& file) {

@@ -63,6 +63,7 @@ struct ListingName {
     Listing what;
 };
 
+// clang-format off
 constexpr auto kListings = std::to_array<ListingName>({
     {"tabs",      Listing::tabs     },
     {"buttons",   Listing::buttons  },
@@ -74,11 +75,14 @@ constexpr auto kListings = std::to_array<ListingName>({
     {"speeds",    Listing::speeds   },
 });
 
+// clang-format on
+
 struct SheetName {
     std::string_view name;
     SheetKind kind;
 };
 
+// clang-format off
 constexpr auto kSheets = std::to_array<SheetName>({
     {"materials", SheetKind::materials},
     {"scenes",    SheetKind::scenes   },
@@ -86,6 +90,8 @@ constexpr auto kSheets = std::to_array<SheetName>({
     {"masks",     SheetKind::masks    },
     {"fonts",     SheetKind::fonts    },
 });
+
+// clang-format on
 
 [[nodiscard]] std::optional<int> sideFrom(std::string_view text) {
     int side = 0;
@@ -170,9 +176,7 @@ void addPerform(CLI::App& app, PerformCommand& options) {
     addSize(command, options.size);
     addSeed(command, options.seed);
     const std::map<std::string, media::VideoCodec> codecs{
-        {"hevc", media::VideoCodec::hevc},
-        {"h264", media::VideoCodec::h264}
-    };
+        {"hevc", media::VideoCodec::hevc}, {"h264", media::VideoCodec::h264}};
     command
         .add_option_function<std::string>(
             "--codec",
@@ -211,11 +215,9 @@ void addStrip(CLI::App& app, StripCommand& options) {
             "--count",
             options.count,
             fmt::format(
-                "How many moments, {} to {}",
-                StripCommand::kLeastMoments,
-                StripCommand::kMostMoments))
+                "How many moments, {} to {}", StripCommand::kMinMoments, StripCommand::kMaxMoments))
         ->required()
-        ->check(CLI::Range(StripCommand::kLeastMoments, StripCommand::kMostMoments).description(""))
+        ->check(CLI::Range(StripCommand::kMinMoments, StripCommand::kMaxMoments).description(""))
         ->type_name("N");
     addOut(command, options.out);
     addSize(command, options.size);

@@ -49,13 +49,13 @@ struct StripCommand {
     std::filesystem::path file;
     double from = 0; ///< seconds of the movie, the count-in below 0
     double to = 0;   ///< not before `from`
-    int count = kLeastMoments;
+    int count = kMinMoments;
     std::filesystem::path out;
     PictureSize size{384, 216}; ///< of each moment
     std::uint64_t seed = 0;
 
-    static constexpr int kLeastMoments = 1;
-    static constexpr int kMostMoments = 100;
+    static constexpr int kMinMoments = 1;
+    static constexpr int kMaxMoments = 100;
 };
 
 enum class SheetKind { materials, scenes, shapes, masks, fonts };

@@ -60,6 +60,7 @@ template <auto kRead> Act readGesture(JsonObject& cue, const char*, Problems& pr
     return kRead(cue, problems);
 }
 
+// clang-format off
 constexpr auto kBareCues = std::to_array<BareCue>({
     {"undo",      nullptr, readTrue<Undo>        },
     {"redo",      nullptr, readTrue<Redo>        },
@@ -67,6 +68,8 @@ constexpr auto kBareCues = std::to_array<BareCue>({
     {"pan",       "for",   readGesture<readPan>  },
     {"pinch",     "for",   readGesture<readPinch>},
 });
+
+// clang-format on
 
 [[nodiscard]] bool equalsIgnoringCase(std::string_view a, std::string_view b) {
     return std::ranges::equal(

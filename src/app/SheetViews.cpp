@@ -27,6 +27,7 @@ struct SceneStyle {
     std::uint32_t accent; ///< of the second line
 };
 
+// clang-format off
 constexpr auto kSceneStyles = std::to_array<SceneStyle>({
     {"Flat",       0x19B2E6, "Flat",      "Flat",     0xE6E619},
     {"Plain",      0xE6B219, "Plain",     "Plain",    0xE61919},
@@ -41,6 +42,8 @@ constexpr auto kSceneStyles = std::to_array<SceneStyle>({
     {"Flares",     0xE61919, "Plastic",   "Plate",    0xFFE680},
 });
 
+// clang-format on
+
 [[nodiscard]] const SceneStyle& styleOf(std::string_view scene) {
     const auto* const row = std::ranges::find(kSceneStyles, scene, &SceneStyle::scene);
     return row == kSceneStyles.end() ? kSceneStyles.front() : *row;
@@ -53,6 +56,7 @@ struct MaterialColours {
     std::uint32_t band;
 };
 
+// clang-format off
 constexpr auto kMaterialColours = std::to_array<MaterialColours>({
     {"Flat",                 0xE6B219, 0xE64C19},
     {"Plain",                0xF2EFE8, 0xE64C19},
@@ -72,6 +76,8 @@ constexpr auto kMaterialColours = std::to_array<MaterialColours>({
     {"Dynamic / Flat",       0x19CCE6, 0x0C1C44},
     {"Flat / Dynamic",       0x14141C, 0xE619BF},
 });
+
+// clang-format on
 
 [[nodiscard]] const MaterialColours& coloursOf(std::string_view material) {
     const auto* const row =
@@ -208,25 +214,13 @@ SheetFormat formatOf(SheetKind kind) {
     switch (kind) {
     case SheetKind::materials:
     case SheetKind::scenes:
-        return {
-            .columns = 4, .tile = {384, 216},
-                 .fitWidth = 560, .fitHeight = 250
-        };
+        return {.columns = 4, .tile = {384, 216}, .fitWidth = 560, .fitHeight = 250};
     case SheetKind::masks:
-        return {
-            .columns = 6, .tile = {252, 168},
-                 .fitWidth = 500, .fitHeight = 330
-        };
+        return {.columns = 6, .tile = {252, 168}, .fitWidth = 500, .fitHeight = 330};
     case SheetKind::shapes:
-        return {
-            .columns = 6, .tile = {252, 168},
-                 .fitWidth = 440, .fitHeight = 270
-        };
+        return {.columns = 6, .tile = {252, 168}, .fitWidth = 440, .fitHeight = 270};
     case SheetKind::fonts:
-        return {
-            .columns = 6, .tile = {252, 126},
-                 .fitWidth = 640, .fitHeight = 270
-        };
+        return {.columns = 6, .tile = {252, 126}, .fitWidth = 640, .fitHeight = 270};
     }
     FATAL("no sheet {}", static_cast<int>(kind));
 }

@@ -15,8 +15,8 @@ namespace zelvo::app {
 
 namespace {
 
-constexpr int kMostColumns = 4;
-constexpr std::int64_t kMostPixels = 100'000'000;
+constexpr int kMaxColumns = 4;
+constexpr std::int64_t kMaxPixels = 100'000'000;
 
 /// A strip whose tiles come one after the other.
 struct Gathering {
@@ -57,8 +57,8 @@ foundation::Result<movie::FrameTap> stripTap(const StripCommand& command) {
     }
     strip->missing = strip->tiles.size();
     strip->layout =
-        layoutFor(strip->tiles.size(), kMostColumns, command.size.width, command.size.height);
-    if (std::int64_t{strip->layout.width()} * strip->layout.height() > kMostPixels) {
+        layoutFor(strip->tiles.size(), kMaxColumns, command.size.width, command.size.height);
+    if (std::int64_t{strip->layout.width()} * strip->layout.height() > kMaxPixels) {
         return foundation::fail(
             foundation::Cause::tooLarge,
             fmt::format(

@@ -72,9 +72,7 @@ CAKeyframeAnimation turbulent(const Turbulence& t) {
     animation.keyPath = t.keyPath;
     animation.values = {t.start};
     animation.keyTimes = {0};
-    animation.timingFunctions = {
-        {0.1f, 0.7f, 0.5f, 0.98f}
-    };
+    animation.timingFunctions = {{0.1f, 0.7f, 0.5f, 0.98f}};
     for (int i = 1; i < kSteps; ++i) {
         animation.values.push_back(turbulentValue(t));
         animation.keyTimes.push_back(static_cast<double>(i) / kSteps);

@@ -31,9 +31,7 @@ constexpr Curve elasticOut(float period) {
 }
 
 constexpr Curve bezier(float x1, float y1, float x2, float y2) {
-    return {
-        Curve::Kind::bezier, {x1, y1, x2, y2}
-    };
+    return {Curve::Kind::bezier, {x1, y1, x2, y2}};
 }
 
 struct SpringValues {
@@ -41,9 +39,7 @@ struct SpringValues {
 };
 
 constexpr Curve spring(const SpringValues& spring) {
-    return {
-        Curve::Kind::spring, {spring.damping, spring.stiffness, spring.mass, spring.velocity}
-    };
+    return {Curve::Kind::spring, {spring.damping, spring.stiffness, spring.mass, spring.velocity}};
 }
 
 } // namespace zelvo::catalogue

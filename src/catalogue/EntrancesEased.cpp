@@ -95,6 +95,7 @@ constexpr Curve kRising = spring({.damping = 57, .mass = 1.3f, .stiffness = 480,
 constexpr Curve kDelayed = elasticOut(2.0f);
 constexpr Curve kBackSpin = bezier(0.1f, 0.7f, 0.5f, 0.98f);
 
+// clang-format off
 constexpr auto kRows = std::to_array<Row>({
     {{"", "Elastic"},   "Elastic In",   4.5,  kElastic,  elasticNodesIn, kNoCurve},
     {{"", "Delayed"},   "Delayed In",   0.66, kDelayed,  delayedIn,      kNoCurve},
@@ -103,6 +104,7 @@ constexpr auto kRows = std::to_array<Row>({
     {{"", "Dropping"},  "Dropping In",  1.45, kDropping, droppingIn,     kNoCurve},
     {{"", "Falling"},   "Falling In",   1.65, kFalling,  fallingIn,      kRising },
 });
+// clang-format on
 
 } // namespace
 

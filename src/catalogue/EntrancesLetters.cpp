@@ -117,6 +117,7 @@ constexpr Curve kTease = bezier(0.41f, 0.39f, 0.3f, 1.08f);
 constexpr Curve kRoll = elasticOut(1.0f);
 constexpr Curve kCompose = elasticOut(1.2f);
 
+// clang-format off
 constexpr auto kRows = std::to_array<Row>({
     {{"", "Implode"},   "Implode In",       1.3,  kImplode, implodeIn     },
     {{"", "Tease"},     "Tease In",         1.16, kTease,   teaseIn       },
@@ -125,6 +126,7 @@ constexpr auto kRows = std::to_array<Row>({
     {{"", "Stepped L"}, "Stepped Left In",  1.55, kStepped, steppedLeftIn },
     {{"", "Stepped R"}, "Stepped Right In", 1.55, kStepped, steppedRightIn},
 });
+// clang-format on
 
 } // namespace
 

@@ -93,6 +93,7 @@ constexpr Curve kSwift = bezier(0.1f, 0.7f, 0.5f, 0.98f);
 constexpr Curve kFlip = bezier(0.25f, 0.1f, 0.24f, 1.0f);
 constexpr Curve kScrew = bezier(0.36f, 0.6f, 0.45f, 1.0f);
 
+// clang-format off
 constexpr auto kRows = std::to_array<Row>({
     {{"", "Diff Hor"}, "Diff. Directions Horizontal In", 1.0,  kDiff,  diffHorizontalIn},
     {{"", "Diff Ver"}, "Diff. Directions Vertical In",   0.86, kDiff,  diffVerticalIn  },
@@ -101,6 +102,7 @@ constexpr auto kRows = std::to_array<Row>({
     {{"", "Screw"},    "Screw In",                       1.1,  kScrew, screwIn         },
     {{"", "Fade"},     "Fade In",                        0.92, kSwift, fadeIn          },
 });
+// clang-format on
 
 } // namespace
 

@@ -12,6 +12,7 @@ namespace {
 
 constexpr Curve kCurve = bezier(0.61f, 0.81f, 0.57f, 0.98f);
 
+// clang-format off
 constexpr auto kRows = std::to_array<StraightRow>({
     {"PositionRight", "Left In",  {-800, 0, 0}},
     {"PositionLeft",  "Right In", {800, 0, 0} },
@@ -20,6 +21,7 @@ constexpr auto kRows = std::to_array<StraightRow>({
     {"PositionFront", "Back In",  {0, 0, -800}},
     {"PositionBack",  "Front In", {0, 0, 800} },
 });
+// clang-format on
 
 } // namespace
 

@@ -122,6 +122,7 @@ constexpr Curve kFallingOthers = bezier(0.865f, 0.0f, 1.0f, 0.0f);
 constexpr Curve kDroppingLetters = bezier(0.82f, -0.4f, 0.66f, 0.73f);
 constexpr Curve kDroppingOthers = bezier(0.72f, -0.3f, 0.66f, 0.73f);
 
+// clang-format off
 constexpr auto kRows = std::to_array<Row>({
     {{"", "Screw"},     "Screw Out",     1.0,  kSineIn,          screwOut,             kNoCurve       },
     {{"", "Falling"},   "Falling Out",   0.75, kFallingLetters,  fallingOut,           kFallingOthers },
@@ -130,6 +131,7 @@ constexpr auto kRows = std::to_array<Row>({
     {{"", "Fade"},      "Fade Out",      0.66, kNoCurve,         fadeOut,              kNoCurve       },
     {{"", "Drop Left"}, "Drop Left Out", 0.7,  kDroppingLetters, dropLeftOut,          kDroppingOthers},
 });
+// clang-format on
 
 } // namespace
 

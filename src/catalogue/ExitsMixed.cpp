@@ -109,6 +109,7 @@ void exploOut(const Take& take) {
 constexpr Curve kDiffHor = bezier(0.5f, -0.02f, 0.8f, 0.0f);
 constexpr Curve kDiffVer = bezier(0.45f, -0.02f, 0.35f, 0.0f);
 
+// clang-format off
 constexpr auto kRows = std::to_array<Row>({
     {{"", "Diff Hor"},     "Diff. Directions Horizontal Out", 0.9,  kDiffHor, diffHorizontalOut},
     {{"", "Diff Ver"},     "Diff. Directions Vertical Out",   0.9,  kDiffVer, diffVerticalOut  },
@@ -117,6 +118,7 @@ constexpr auto kRows = std::to_array<Row>({
     {{"", "Front Random"}, "Front Random Out",                1.55, kSineIn,  frontRandomOut   },
     {{"", "Explo"},        "Explo Out",                       0.97, kLinear,  exploOut         },
 });
+// clang-format on
 
 } // namespace
 

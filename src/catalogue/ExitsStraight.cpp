@@ -12,6 +12,7 @@ namespace {
 
 constexpr Curve kCurve = bezier(0.3f, 0.0f, 0.35f, 0.0f);
 
+// clang-format off
 constexpr auto kRows = std::to_array<StraightRow>({
     {"PositionLeft",  "Left Out",  {-800, 0, 0}},
     {"PositionRight", "Right Out", {800, 0, 0} },
@@ -20,6 +21,7 @@ constexpr auto kRows = std::to_array<StraightRow>({
     {"PositionBack",  "Back Out",  {0, 0, -800}},
     {"PositionFront", "Front Out", {0, 0, 800} },
 });
+// clang-format on
 
 } // namespace
 

@@ -29,6 +29,7 @@ struct PassRow {
     std::optional<Roll> roll;
 };
 
+// clang-format off
 constexpr auto kPasses = std::to_array<PassRow>({
     {"Pass Right", "Pass Right",      0.55, {-900, 0, 0},       {900, 0, 0},       kNoRoll     },
     {"Pass Left",  "Pass Left",       0.55, {900, 0, 0},        {-900, 0, 0},      kNoRoll     },
@@ -37,6 +38,8 @@ constexpr auto kPasses = std::to_array<PassRow>({
     {"Pass LR",    "Pass Left Right", 0.9,  {-900, -250, -300}, {900, 250, 300},   kForwardRoll},
     {"Pass RL",    "Pass Right Left", 1.1,  {900, -700, 200},   {-900, 700, -200}, kSomersault },
 });
+
+// clang-format on
 
 void pass(const Take& take, const PassRow& row) {
     for (const core::NodePtr& node : take.nodes) {

@@ -25,6 +25,7 @@ struct TechniqueRow {
     std::string_view title;
 };
 
+// clang-format off
 constexpr auto kTechniques = std::to_array<TechniqueRow>({
     {"Blur",     "Blur",       "Blur"      },
     {"Invert",   "Invert",     "Invert"    },
@@ -32,6 +33,7 @@ constexpr auto kTechniques = std::to_array<TechniqueRow>({
     {"Tiles",    "Tiles",      "Tiles"     },
     {"ColShift", "ColorShift", "ColorShift"},
 });
+// clang-format on
 
 constexpr glm::vec3 kOutOfView{10000, 10000, 0};
 

@@ -146,6 +146,7 @@ struct TextRow {
     void (*body)(const TextTake&);
 };
 
+// clang-format off
 constexpr auto kRows = std::to_array<TextRow>({
     {"RotateLettersY",   1.0,  rotateLettersY  },
     {"Punch",            1.0,  punch           },
@@ -154,6 +155,8 @@ constexpr auto kRows = std::to_array<TextRow>({
     {"Wave",             1.0,  wave            },
     {"BendLetters",      1.0,  bendLetters     },
 });
+
+// clang-format on
 
 void press(ActionController& controller, const TextRow& row) {
     TextTake take{controller.nodes, {}, row.factor * controller.model().animationFactor()};

@@ -24,6 +24,7 @@ struct RotationRow {
 
 constexpr Curve kTurn = bezier(1.0f, 0.0f, 0.18f, 1.0f);
 
+// clang-format off
 constexpr auto kRows = std::to_array<RotationRow>({
     {"RotateLeft",   "Rotate Y -180", &MediaholderNode::yAxisNode, {0, -180, 0}},
     {"RotateRight",  "Rotate Y 180",  &MediaholderNode::yAxisNode, {0, 180, 0} },
@@ -32,6 +33,8 @@ constexpr auto kRows = std::to_array<RotationRow>({
     {"RotateZ",      "Rotate Z -180", &MediaholderNode::zAxisNode, {0, 0, -180}},
     {"RotateMinZ",   "Rotate Z 180",  &MediaholderNode::zAxisNode, {0, 0, 180} },
 });
+
+// clang-format on
 
 void press(ActionController& controller, const RotationRow& row) {
     const auto turn = scene::SCNAction::rotateBy(

@@ -7,6 +7,7 @@ namespace zelvo::content {
 namespace {
 
 // Where the files come from stands in resources/fonts.tsv, which the set-up reads.
+// clang-format off
 constexpr auto kBuiltInFonts = std::to_array<BuiltInFont>({
     {"Abel-Regular",           "Abel-Regular.ttf"              },
     {"Avenir-Medium",          "NunitoSans-Medium.ttf"         },
@@ -63,6 +64,7 @@ constexpr auto kBuiltInFonts = std::to_array<BuiltInFont>({
     {"TitanOne",               "TitanOne.ttf"                  },
     {"UnicaOne-Regular",       "UnicaOne-Regular.ttf"          },
 });
+// clang-format on
 
 static_assert(kBuiltInFonts.size() == 54);
 

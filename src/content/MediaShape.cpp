@@ -29,11 +29,13 @@ constexpr double kCubeChamfer = 3;
 constexpr double kSphereRadius = 80;
 constexpr double kFlatness = 0.1; // in units of an outline
 
+// clang-format off
 constexpr auto kSceneFigures = std::to_array<SceneFigure>({
     {"Wings",      "Wings.scn",      "wings",      7    },
     {"Gamer-Keys", "WASD.scn",       "wasd",       0.38f},
     {"GamePad",    "Controller.scn", "controller", 10   },
 });
+// clang-format on
 
 constexpr auto kOrder = std::to_array<std::string_view>({
     "None",      "Star 1",   "Star 2",    "Wings",      "Shield 1", "Shield 2",
@@ -53,19 +55,21 @@ geometry::BezierPath roundedProfile() {
 /// The outline around the origin, y up.
 geometry::BezierPath placedPath(const ShapeOutline& outline) {
     geometry::BezierPath path = geometry::bezierPath(outline.path);
+    // clang-format off
     path.transform({
         {1,               0               },
         {0,               -1              },
         {outline.shift.x, -outline.shift.y}
     });
+    // clang-format on
     return path;
 }
 
 /// A chamfer leaves the side walls on the outline, so that the solid's larger side is known before
 /// it is built.
 float largerSide(const geometry::BezierPath& path) {
-    glm::dvec2 low(geometry::kLargestCoordinate);
-    glm::dvec2 high(-geometry::kLargestCoordinate);
+    glm::dvec2 low(geometry::kMaxCoordinate);
+    glm::dvec2 high(-geometry::kMaxCoordinate);
     for (const geometry::FlatContour& contour : geometry::flatten(path, kFlatness)) {
         for (const geometry::FlatVertex& vertex : contour) {
             low = glm::min(low, vertex.position);

@@ -183,6 +183,7 @@ constexpr auto kCrossedArrows =
     "L-26.65,189.92L-36.38,199.99L-39.51,223.38L-56.77,206.71L-54.34,184.04L-62.97,175.7"
     "L-66.84,196.99L-84.11,180.31L-81.67,157.64L-206.84,36.77L-214.93,59.54L-228.62,4.62Z";
 
+// clang-format off
 constexpr auto kRows = std::to_array<ShapeOutline>({
     {"Star 1",       kStar,          270, {-286.3304, -247.82151}, 10, 10},
     {"Star 2",       kCompassStar,   280, {-308, -265},            6,  10},
@@ -208,6 +209,7 @@ constexpr auto kRows = std::to_array<ShapeOutline>({
     {"Circle",       kDisc,          300, {-256, -256},            10, 8 },
     {"Arrows",       kCrossedArrows, 230, {116, -114},             6,  10},
 });
+// clang-format on
 
 } // namespace
 

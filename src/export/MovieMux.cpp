@@ -90,10 +90,7 @@ Result<MovieMux> makeExportSession(
 
     const CMTime cut =
         CMTime::makeWithSeconds(kCutFrames / video->nominalFrameRate, video->naturalTimeScale);
-    const CMTimeRange whole{
-        {0, video->naturalTimeScale},
-        asset->duration() - cut
-    };
+    const CMTimeRange whole{{0, video->naturalTimeScale}, asset->duration() - cut};
     media::AVMutableComposition composition;
     const auto inserted =
         composition.addMutableTrack(MediaType::video, 0).insertTimeRange(whole, *video, {0, 1});

@@ -14,6 +14,7 @@ using namespace std::string_view_literals;
 constexpr auto kPhysical = SCNLightingModel::physicallyBased;
 constexpr auto kConstant = SCNLightingModel::constant;
 
+// clang-format off
 constexpr auto kRecipes = std::to_array<SurfaceRecipe>({
     {Surface::plain,        "Plain",   kPhysical, {}                                             },
     {Surface::flat,         "Flat",    kConstant, {}                                             },
@@ -55,6 +56,8 @@ constexpr auto kRecipes = std::to_array<SurfaceRecipe>({
      "Dynamic",                        kPhysical,
      {{{&Slots::diffuse, "QX_Noise_04.jpg"sv}, {&Slots::specular, "QX_NoiseNormal_05.jpg"sv}}}   },
 });
+
+// clang-format on
 
 constexpr bool isInEnumOrder() {
     for (std::size_t i = 0; i < kRecipes.size(); ++i) {

@@ -12,6 +12,7 @@ using Name = XMATClasses;
 using S = Surface;
 using Use = PairUse;
 
+// clang-format off
 constexpr auto kPairs = std::to_array<PairRow>({
     {Name::flat,              "Flat",                 S::flat,         S::flat,         Use::everyNode},
     {Name::plain,             "Plain",                S::plain,        S::plain,        Use::everyNode},
@@ -31,6 +32,7 @@ constexpr auto kPairs = std::to_array<PairRow>({
     {Name::dynamicFlat,       "Dynamic / Flat",       S::dynamic,      S::flat,         Use::textsOnly},
     {Name::flatDynamic,       "Flat / Dynamic",       S::flat,         S::dynamic,      Use::textsOnly},
 });
+// clang-format on
 
 } // namespace
 

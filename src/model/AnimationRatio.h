@@ -26,6 +26,7 @@ struct SpeedRow {
 };
 
 /// All speeds, slowest first. The factor is the raw value times 0.85, written out.
+// clang-format off
 inline constexpr auto kSpeeds = std::to_array<SpeedRow>({
     {AnimationRatio::superSuperSlow, 3.0,  2.55,   "Slowest"},
     {AnimationRatio::superSlow,      2.0,  1.7,    "Slower" },
@@ -35,6 +36,8 @@ inline constexpr auto kSpeeds = std::to_array<SpeedRow>({
     {AnimationRatio::superFast,      0.5,  0.425,  "Faster" },
     {AnimationRatio::superSuperFast, 0.25, 0.2125, "Fastest"},
 });
+
+// clang-format on
 
 [[nodiscard]] constexpr const SpeedRow& speedOf(AnimationRatio ratio) {
     return kSpeeds[static_cast<std::size_t>(ratio)];

@@ -8,7 +8,7 @@
 namespace zelvo::core {
 namespace {
 
-constexpr float kSmallestSide = 100;   // scene units
+constexpr float kMinSide = 100;        // scene units
 constexpr float kPadding = 8;          // scene units, both sides together
 constexpr double kFadeDuration = 0.16; // s
 constexpr image::Color kAccent = image::Color::hex(0x245CF0);
@@ -21,7 +21,7 @@ scene::SCNMaterialPtr blackMaterial() {
 }
 
 float paddedSide(float low, float high) {
-    return std::max(kSmallestSide, std::abs(low) + std::abs(high) + kPadding);
+    return std::max(kMinSide, std::abs(low) + std::abs(high) + kPadding);
 }
 
 void setSize(scene::SCNPlane& plane, double width, double height) {
@@ -32,12 +32,14 @@ void setSize(scene::SCNPlane& plane, double width, double height) {
 } // namespace
 
 std::vector<Node::Bar> Node::bars() const {
+    // clang-format off
     return {
         {topPlane.get(),    topPlaneNode.get()   },
         {rightPlane.get(),  rightPlaneNode.get() },
         {bottomPlane.get(), bottomPlaneNode.get()},
         {leftPlane.get(),   leftPlaneNode.get()  }
     };
+    // clang-format on
 }
 
 void Node::linkOutline() {

@@ -23,12 +23,15 @@ constexpr float kTall = 200;
 constexpr float kBehind = -0.2f;
 constexpr float kFarBehind = -0.4f;
 
+// clang-format off
 constexpr auto kCorners = std::to_array<glm::vec2>({
     {-1, 1 },
     {1,  1 },
     {1,  -1},
     {-1, -1}
 });
+
+// clang-format on
 
 scene::SCNMaterialPtr flat(float white) {
     auto material = std::make_shared<scene::SCNMaterial>();
@@ -90,10 +93,7 @@ void OutlineMarks::fit(const glm::vec2& sides, const glm::vec2& line, float unit
         dark.place(middle, size + 2 * edge);
     };
     const std::array<glm::vec2, 4> middles{
-        glm::vec2(0, sides.y / 2), {sides.x / 2,  0           },
-            {0,            -sides.y / 2},
-            {-sides.x / 2, 0           }
-    };
+        glm::vec2(0, sides.y / 2), {sides.x / 2, 0}, {0, -sides.y / 2}, {-sides.x / 2, 0}};
     for (std::size_t i = 0; i < middles.size(); ++i) {
         const bool isLevel = i % 2 == 0;
         const glm::vec2 size =

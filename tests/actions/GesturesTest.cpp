@@ -185,6 +185,7 @@ TEST(PanDirections, FollowTheFasterAxis) {
         Orientation swipe; ///< unknown: not quick
     };
 
+    // clang-format off
     for (const Row& row : std::to_array<Row>({
              {{10, 20},      Direction::topToBottom, Orientation::unknown    },
              {{10, -1001},   Direction::bottomToTop, Orientation::bottomToTop},
@@ -194,6 +195,7 @@ TEST(PanDirections, FollowTheFasterAxis) {
              {{-5, 5},       Direction::rightToLeft, Orientation::unknown    },
              {{1000, 0},     Direction::leftToRight, Orientation::unknown    },
     })) {
+        // clang-format on
         EXPECT_EQ(direction(row.velocity), row.direction);
         for (const auto orientation :
              {Orientation::unknown,

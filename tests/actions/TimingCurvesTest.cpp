@@ -20,6 +20,7 @@ TEST(TimingCurvesTest, AgreeWithThePublishedCubicCurves) {
 }
 
 TEST(TimingCurvesTest, SolveTheCubicCurvesOfTheCatalogue) {
+    // clang-format off
     constexpr auto kCurves = std::to_array<std::array<float, 4>>({
         {0.61f, 0.81f, 0.57f, 0.98f},
         {0.3f,  0.0f,  0.35f, 0.0f },
@@ -27,6 +28,7 @@ TEST(TimingCurvesTest, SolveTheCubicCurvesOfTheCatalogue) {
         {0.41f, 0.39f, 0.3f,  1.08f},
         {0.82f, -0.4f, 0.66f, 0.73f},
     });
+    // clang-format on
     for (const auto& [x1, y1, x2, y2] : kCurves) {
         const auto wanted = test::bezier(x1, y1, x2, y2);
         for (int i = 0; i <= 20; ++i) {
@@ -38,6 +40,7 @@ TEST(TimingCurvesTest, SolveTheCubicCurvesOfTheCatalogue) {
 
 TEST(TimingCurvesTest, SwingLikeAMassOnASpring) {
     // The last one is damped beyond the critical.
+    // clang-format off
     constexpr auto kSprings = std::to_array<std::array<float, 4>>({
         {55, 480, 1.6f, 25},
         {42, 680, 1.3f, 25},
@@ -45,6 +48,7 @@ TEST(TimingCurvesTest, SwingLikeAMassOnASpring) {
         {57, 480, 1.3f, 25},
         {90, 480, 1.3f, 5 },
     });
+    // clang-format on
     for (const auto& [damping, stiffness, mass, velocity] : kSprings) {
         const auto wanted = test::spring(damping, mass, stiffness, velocity);
         const auto curve = springTiming(damping, stiffness, mass, velocity);

@@ -63,11 +63,13 @@ TEST(CommandLine, prints_help_and_version) {
         const char* part;
     };
 
+    // clang-format off
     const Row rows[] = {
         {{"--help"},            "Exit status:"},
         {{"perform", "--help"}, "--timing"    },
         {{"--version"},         "zelvo 0."    },
     };
+    // clang-format on
     for (const auto& row : rows) {
         const auto parsed = parseCommandLine(row.arguments);
         ASSERT_TRUE(parsed) << parsed.error().message;
@@ -77,11 +79,7 @@ TEST(CommandLine, prints_help_and_version) {
 
 TEST(CommandLine, opens_the_window_where_no_command_is_given) {
     const std::string file = ZELVO_TEST_SOURCE_DIR "/CMakeLists.txt";
-    for (const Arguments& files : {
-             Arguments{},
-             Arguments{     file},
-             Arguments{ file, file}
-    }) {
+    for (const Arguments& files : {Arguments{}, Arguments{file}, Arguments{file, file}}) {
         const auto parsed = parseCommandLine(files);
         ASSERT_TRUE(parsed) << parsed.error().message;
         EXPECT_EQ(std::get<WindowCommand>(*parsed).files.size(), files.size());
@@ -103,6 +101,7 @@ TEST(CommandLine, refuses_in_one_line_what_it_does_not_know) {
         const char* part;
     };
 
+    // clang-format off
     const Row rows[] = {
         {{"perform"},                                    "FILE"     },
         {{"perform", "a.json", "--sise", "2x2"},         "--sise"   },
@@ -119,6 +118,7 @@ TEST(CommandLine, refuses_in_one_line_what_it_does_not_know) {
         {{"dance"},                                      "dance"    },
         {{"perform", "a.json", "list", "tabs"},          ""         },
     };
+    // clang-format on
     for (const auto& row : rows) {
         const auto parsed = parseCommandLine(row.arguments);
         ASSERT_FALSE(parsed) << row.part;

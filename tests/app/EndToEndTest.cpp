@@ -210,6 +210,7 @@ TEST(EndToEnd, says_in_one_line_what_is_wrong_and_ends_with_its_status) {
         Program::Arguments arguments;
     };
 
+    // clang-format off
     const std::vector<Row> rows = {
         {2, "--movie: must not be empty", {"perform", good, "--movie", ""}},
         {2, "gone.json: no such file",   {"perform", "gone.json"}                                         },
@@ -225,6 +226,7 @@ TEST(EndToEnd, says_in_one_line_what_is_wrong_and_ends_with_its_status) {
         {1, "a.png",                     {"frame", good, "--at", "0", "--out", noPicture, "--size", kSize}},
         {1, "good.json",                 {"perform", good, "--frames", good, "--size", kSize}             },
     };
+    // clang-format on
     for (const auto& row : rows) {
         const auto ending = program.run(row.arguments);
         EXPECT_EQ(ending.status, row.status) << row.part << ending.err;
@@ -247,11 +249,7 @@ TEST(EndToEnd, leaves_the_earlier_movie_untouched_where_none_is_finished) {
         int status;
     };
 
-    for (const auto& row : {
-             Row{SIGINT,  130},
-             Row{SIGTERM, 143},
-             Row{SIGHUP,  129}
-    }) {
+    for (const auto& row : {Row{SIGINT, 130}, Row{SIGTERM, 143}, Row{SIGHUP, 129}}) {
         const auto frames = program.path(fmt::format("frames{}", row.signal));
         const auto ending = program.runAndSignal(
             {"perform", file, "--movie", target, "--frames", frames, "--size", kSize},
@@ -282,12 +280,14 @@ TEST(EndToEnd, leaves_no_temporary_files_when_it_is_stopped) {
         Program::Arguments arguments;
     };
 
+    // clang-format off
     const std::vector<Row> rows = {
         {SIGINT,  {"sheet", "scenes", "--out", out}                                        },
         {SIGTERM, {"frame", file, "--at", "1", "--out", out, "--size", kSize}              },
         {SIGHUP,  {"strip", file, "--from", "0", "--to", "1", "--count", "2", "--out", out}},
         {SIGKILL, {"perform", file, "--movie", movie, "--size", kSize}                     },
     };
+    // clang-format on
     for (const auto& row : rows) {
         const auto ending = program.runAndSignal(row.arguments, temporary, row.signal);
         EXPECT_EQ(ending.status, 128 + row.signal) << ending.err;

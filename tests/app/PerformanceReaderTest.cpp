@@ -113,13 +113,7 @@ TEST(PerformanceReader, takes_gestures_touch_by_touch) {
     const auto read = readPerformance(kWhole, testNames());
     ASSERT_TRUE(read);
     const auto& pan = std::get<Pan>(read->cues[4].act);
-    EXPECT_EQ(
-        pan.points,
-        (std::vector<glm::dvec2>{
-            {640,   360},
-            {700,   380},
-            {760.5, -3 }
-    }));
+    EXPECT_EQ(pan.points, (std::vector<glm::dvec2>{{640, 360}, {700, 380}, {760.5, -3}}));
     EXPECT_EQ(pan.lasts, 0.6);
     const auto& pinch = std::get<Pinch>(read->cues[5].act);
     EXPECT_EQ(pinch.velocities, (std::vector<double>{0.5, -1}));

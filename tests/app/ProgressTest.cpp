@@ -25,8 +25,8 @@ TEST(Progress, is_not_drawn_more_often_than_a_person_can_read) {
 
     // 1000 frames, one every 10 ms: ten seconds.
     const Row rows[] = {
-        {Progress::Kind::bar,   100},
-        {Progress::Kind::lines, 2  },
+        {Progress::Kind::bar, 100},
+        {Progress::Kind::lines, 2},
     };
     for (const auto& row : rows) {
         double now = 7;

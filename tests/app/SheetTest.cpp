@@ -109,6 +109,7 @@ TEST(Strip, SaysInOneLineWhatIsWrongWithItsMoments) {
         std::string part;
     };
 
+    // clang-format off
     const std::vector<Row> rows = {
         {{"--from", "0", "--to", "2.1", "--count", "2"},                      "--to must be -2 to 2"},
         {{"--from", "-9", "--to", "1", "--count", "2"},                       "--from must be"      },
@@ -117,6 +118,7 @@ TEST(Strip, SaysInOneLineWhatIsWrongWithItsMoments) {
         {{"--from", "0", "--to", "nan", "--count", "2"},                      "--to"                },
         {{"--from", "0", "--to", "1", "--count", "9", "--size", "4096x4096"}, "smaller --size"      },
     };
+    // clang-format on
     for (const auto& row : rows) {
         Program::Arguments arguments{"strip", file, "--out", program.path("no/strip.png")};
         arguments.insert(arguments.end(), row.moments.begin(), row.moments.end());

@@ -8,16 +8,15 @@ namespace zelvo::app {
 /// A few names of each kind.
 inline Names testNames() {
     Names names{
-        .fonts = {"Abel-Regular", "Audiowide-Regular", "Bungee"        },
-        .materials = {"Plain",        "Iron",              "Iron / Plastic"},
-        .objectMaterials = {"Plain",        "Iron"             },
-        .shapes = {"None",      "Star 1",             "Heart"                },
-        .masks = {"None",      "Mask 1",           "Mask 12"},
-        .scenes = {"Plain",       "Stage"                   },
-        .speeds = {"Slow",        "Normal",                           "Fast"                },
+        .fonts = {"Abel-Regular", "Audiowide-Regular", "Bungee"},
+        .materials = {"Plain", "Iron", "Iron / Plastic"},
+        .objectMaterials = {"Plain", "Iron"},
+        .shapes = {"None", "Star 1", "Heart"},
+        .masks = {"None", "Mask 1", "Mask 12"},
+        .scenes = {"Plain", "Stage"},
+        .speeds = {"Slow", "Normal", "Fast"},
         .tabs = {
-                  {"IN1", {"Left In", "Right In"}},   {"OT2", {"Falling Out", "Fade Out"}},                      {"CAM", {}}           }
-    };
+            {"IN1", {"Left In", "Right In"}}, {"OT2", {"Falling Out", "Fade Out"}}, {"CAM", {}}}};
     names.tabs.push_back({"FX1", {"Blur"}, {"Blur"}});
     return names;
 }

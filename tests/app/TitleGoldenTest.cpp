@@ -20,6 +20,7 @@ struct Title {
     const char* font;
 };
 
+// clang-format off
 constexpr auto kTitles = std::to_array<Title>({
     {"Flat",       "#6CE71E", "Flat",           "Reflecting",           "Bungee-Regular"   },
     {"Plain",      "#E6B219", "Plain",          "Cracked",              "Philosopher-Bold" },
@@ -33,6 +34,8 @@ constexpr auto kTitles = std::to_array<Title>({
     {"Subtle",     "#19E6E6", "Plastic",        "Iron",                 "Philosopher-Bold" },
     {"Flares",     "#E61919", "Iron",           "Plain",                "Bungee-Regular"   },
 });
+
+// clang-format on
 
 TEST(TitleGolden, EachEnvironmentShowsItsTitleAsBefore) {
     const Program program;

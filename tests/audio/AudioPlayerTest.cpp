@@ -118,12 +118,14 @@ TEST_F(AudioPlayerTest, VolumeFollowsTheFadeState) {
     };
 
     // A stretch of 8 s: fade-in over 1.6 s; fade-out from 6.0 over 1.9 s.
+    // clang-format off
     constexpr auto kRows = std::to_array<Row>({
         {FadeState::noFade,    1.0, 1.0, 1.0, 1.0, false},
         {FadeState::fadeIn,    0.0, 0.5, 1.0, 1.0, false},
         {FadeState::fadeOut,   1.0, 1.0, 0.5, 0.0, true },
         {FadeState::fadeInOut, 0.0, 0.5, 0.5, 0.0, true },
     });
+    // clang-format on
     for (const Row& row : kRows) {
         SCOPED_TRACE(static_cast<int>(row.state));
         player.loadSong(file("song.wav"), "Song");

@@ -32,12 +32,15 @@ constexpr auto kHeading =
 constexpr auto kOtherLine = "another line";
 
 /// A new node's, which a snapshot leaves out of what is always there.
+// clang-format off
 const std::map<std::string, std::vector<double>> kNewNode = {
     {"at",        {0, 0, 0}      },
     {"turned",    {0, 0, 0}      },
     {"size %",    {100, 100, 100}},
     {"opacity %", {100}          },
 };
+
+// clang-format on
 
 /// Nodes that come and go are named after the node they hang on.
 bool isPassing(const std::string& who) {
@@ -87,6 +90,7 @@ PosesTest::PosesTest() {
 }
 
 void PosesTest::nameWhatStays() {
+    // clang-format off
     names = {
         {nodes.mediaHolderNode.get(),                "stage"         },
         {nodes.mediaHolderNode->xAxisNode.get(),     "stage-x"       },
@@ -98,6 +102,7 @@ void PosesTest::nameWhatStays() {
         {nodes.particleAndParticleLightHolder.get(), "effects"       },
         {nodes.wosherSparkles.get(),                 "Sparkles"      },
     };
+    // clang-format on
     for (const core::NodePtr& node : affected) {
         names[node.get()] = node->shortName;
         names[node->contentNode.get()] = node->shortName + "-content";
@@ -108,6 +113,7 @@ void PosesTest::nameWhatStays() {
         for (const content::CharNodePtr& node : text->letters())
             names[node.get()] = letter++;
     }
+    // clang-format off
     const std::map<std::string, const core::ParticleList*> lists = {
         {"FireExplo",         &nodes.fireExplo          },
         {"DropExplo",         &nodes.particleBigDropExpo},
@@ -119,6 +125,7 @@ void PosesTest::nameWhatStays() {
         {"ColorfulBeams",     &nodes.colorfulBeams      },
         {"Voltage",           &nodes.particleVoltage    },
     };
+    // clang-format on
     for (const auto& [name, list] : lists) {
         for (const auto& system : *list)
             names[system.get()] = name;

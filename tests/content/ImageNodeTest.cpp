@@ -26,12 +26,14 @@ TEST_F(ImageNodeTest, KeepsThePicturesProportions) {
         double height;
     };
 
+    // clang-format off
     for (const Row& row : std::to_array<Row>({
              {picture(1000, 500), 355,        177.5},
              {picture(100,            100),      355, 355},
              {picture(1,         5),             71,               355},
              {nullptr,          355,355},
     })) {
+        // clang-format on
         node->setImage(row.picture);
         EXPECT_DOUBLE_EQ(node->plane->width(), row.width);
         EXPECT_DOUBLE_EQ(node->plane->height(), row.height);

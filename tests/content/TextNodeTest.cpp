@@ -48,6 +48,7 @@ TEST_F(TextNodeTest, CentresTheStringOnTheNode) {
 
     // Side bearings and the spacing behind the last letter are all that may pull it off.
     constexpr float kTolerance = 6;
+    // clang-format off
     const auto rows = std::to_array<Row>({
         {"TITLE",    "Audiowide-Regular"},
         {"iiiiWWWW", "Audiowide-Regular"},
@@ -55,6 +56,7 @@ TEST_F(TextNodeTest, CentresTheStringOnTheNode) {
         {"AVAVAV",   "Quicksand-Bold"   },
         {"M",        "Bangers-Regular"  },
     });
+    // clang-format on
     for (const Row& row : rows) {
         const auto text = textOf(row.text, row.font);
         const geometry::Box box = seen(*text);
@@ -86,6 +88,7 @@ TEST_F(TextNodeTest, MakesOneLetterPerCharacterOfAnything) {
     };
 
     const std::string fiveHundred(500, 'n');
+    // clang-format off
     const auto rows = std::to_array<Row>({
         {"empty",                                      "",                                           0,   0 },
         {"combining mark",                             "e\u0301a",                                   2,   6 },
@@ -96,6 +99,7 @@ TEST_F(TextNodeTest, MakesOneLetterPerCharacterOfAnything) {
         {"no UTF-8",                                   "A\xC3",                                      2,   16},
         {"long",                                       fiveHundred,                                  500, 6 },
     });
+    // clang-format on
     for (const Row& row : rows) {
         const auto text = textOf(row.text);
         EXPECT_EQ(text->letters().size(), row.letters) << row.what;

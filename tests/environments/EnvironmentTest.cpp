@@ -146,6 +146,7 @@ TEST_F(EnvironmentTest, SpreadTheColourOverTheirLamps) {
         std::uint32_t mask; ///< of the light; 0: every node's
     };
 
+    // clang-format off
     const auto rows = std::to_array<Row>({
         {ancient,    "light3",      0,      0},
         {ancient,    "light5",      0,      0},
@@ -162,6 +163,7 @@ TEST_F(EnvironmentTest, SpreadTheColourOverTheirLamps) {
         {flares,     "omni3",       0.3f,   0},
         {flares,     "omni4",       0.3f,   0},
     });
+    // clang-format on
     for (const Row& row : rows) {
         const SNEPtr one = environment(row.index);
         one->setBackground(kRed);
@@ -228,10 +230,7 @@ TEST_F(EnvironmentTest, TintCubesFaceByFace) {
         std::size_t untinted; ///< a face that keeps its own colours; 6 is none
     };
 
-    for (const Row& row : {
-             Row{backlight, "aaaaba", 6},
-             Row{spaceBox,  "aabbaa", 2}
-    }) {
+    for (const Row& row : {Row{backlight, "aaaaba", 6}, Row{spaceBox, "aabbaa", 2}}) {
         const SNEPtr one = environment(row.index);
         for (const Color& color : {kRed, kGreen, kBlue})
             one->setBackground(color);
@@ -258,11 +257,13 @@ TEST_F(EnvironmentTest, ShiftsHuesWithTheSumsOwnSign) {
         float hue;
     };
 
+    // clang-format off
     const auto rows = std::to_array<Row>({
         {kRed,  -0.06f, -0.06f  },
         {kRed,  0.3f,   0.3f    },
         {kBlue, 0.5f,   1.0f / 6},
     });
+    // clang-format on
     for (const Row& row : rows)
         EXPECT_NEAR(hueShifted(row.color, row.offset).hue, row.hue, 1e-5f);
     const Color grey = Color::white(0.4f);

@@ -32,12 +32,14 @@ BezierPath pathOf(std::initializer_list<Corners> contours) {
 }
 
 Corners squareAt(float x, float y, float side) {
+    // clang-format off
     return {
         {x,        y       },
         {x + side, y       },
         {x + side, y + side},
         {x,        y + side}
     };
+    // clang-format on
 }
 
 BezierPath circle(float radius) {
@@ -78,6 +80,7 @@ struct KnownShape {
 std::vector<KnownShape> knownShapes() {
     Corners hole = squareAt(30, 30, 40);
     const float height = 50 * std::sqrt(3.0F);
+    // clang-format off
     return {
         {"square",           pathOf({squareAt(0, 0, 100)}),                               10000, 400, 4                 },
         {"clockwise square", pathOf({{{0, 0}, {0, 100}, {100, 100}, {100, 0}}}),          10000, 400, 4                 },
@@ -91,6 +94,7 @@ std::vector<KnownShape> knownShapes() {
          2500 * std::sqrt(3.0),
          300,                                                                                         3 * std::sqrt(3.0)},
     };
+    // clang-format on
 }
 
 TEST(Extrusion, HasTheVolumeWorkedOutByHand) {
@@ -116,11 +120,7 @@ TEST(Extrusion, HasTheVolumeWorkedOutByHand) {
 }
 
 TEST(Extrusion, ThinStrokesEndInARidge) {
-    const Mesh bar = extrude(
-        pathOf({
-            {{0, 0}, {100, 0}, {100, 4}, {0, 4}}
-    }),
-        options(24, 4));
+    const Mesh bar = extrude(pathOf({{{0, 0}, {100, 0}, {100, 4}, {0, 4}}}), options(24, 4));
     EXPECT_EQ(faultOf(bar), "");
     // The wall is 16 high; on both sides a hip roof whose faces meet 2 from the outline.
     EXPECT_NEAR(inspect(bar).volume, 400 * 16 + 2 * (800 - 416 + 32.0 / 3), 1);
@@ -186,6 +186,7 @@ struct OddCase {
 TEST(Extrusion, OddOutlinesGiveSoundSolidsOrNone) {
     constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
     const Corners square = squareAt(0, 0, 10);
+    // clang-format off
     const OddCase cases[] = {
         {"empty",                            {},                                                               0  },
         {"a point",                          pathOf({{{1, 1}, {1, 1}, {1, 1}}}),                               0  },
@@ -213,6 +214,7 @@ TEST(Extrusion, OddOutlinesGiveSoundSolidsOrNone) {
          }(),
          50                                                                                                       },
     };
+    // clang-format on
     for (const OddCase& row : cases) {
         const auto skeleton = makeSkeleton(row.path, 0.1F);
         EXPECT_NEAR(areaOf(*skeleton), row.area, 0.2) << row.name;

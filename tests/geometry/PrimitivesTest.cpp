@@ -24,6 +24,7 @@ TEST(Primitives, AreClosedSolidsOfTheirBodysVolume) {
     // A box with rounded edges: core, six slabs, quarter cylinders, one ball.
     const double roundBox =
         6 * 4 * 2 + 2 * (6 * 4 + 4 * 2 + 6 * 2) + kPi * (6 + 4 + 2) + 4 * kPi / 3;
+    // clang-format off
     const SolidCase cases[] = {
         {"box",         makeBox(8,    6,   4,                      0), 192,         2},
         {"rounded box", makeBox(8,    6,   4,                      1), roundBox,    2},
@@ -31,6 +32,7 @@ TEST(Primitives, AreClosedSolidsOfTheirBodysVolume) {
         {"sphere",      makeSphere(5, 64), 4 * kPi / 3 * 125,      2 },
         {"torus",            makeTorus(10,                      2, 64, 32),  2 * kPi * kPi * 10 * 4,            0      },
     };
+    // clang-format on
     for (const SolidCase& row : cases) {
         EXPECT_EQ(faultOf(row.mesh), "") << row.name;
         const SolidReport report = inspect(row.mesh);

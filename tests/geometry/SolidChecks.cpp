@@ -16,7 +16,7 @@ namespace zelvo::geometry {
 
 namespace {
 
-constexpr double kLeastFold = 3e-4; // scene units across; less is lost in single precision
+constexpr double kMinFold = 3e-4; // scene units across; less is lost in single precision
 
 using Side = std::array<std::uint32_t, 2>;
 using Triangle = std::array<std::uint32_t, 3>;
@@ -101,7 +101,7 @@ bool isFolded(const Mesh& mesh, std::size_t firstIndex) {
     const glm::dvec3 normal = corner(0).normal + corner(1).normal + corner(2).normal;
     const double longest = std::max({glm::length(ab), glm::length(ac), glm::length(ab - ac)});
     if (std::abs(normal.z) > 1e-3 && cross.z * normal.z < 0)
-        return std::abs(cross.z) > kLeastFold * longest;
+        return std::abs(cross.z) > kMinFold * longest;
     return glm::length(cross) > 2e-3 &&
            glm::dot(cross, normal) < 0.3 * glm::length(cross) * glm::length(normal);
 }

@@ -96,12 +96,14 @@ TEST(Bake, NormalsOfADomePointAwayFromItsTop) {
         int right, up; ///< the sign wanted
     };
 
+    // clang-format off
     constexpr auto kRows = std::to_array<Row>({
         {26, 16, 1,  0 },
         {5,  16, -1, 0 },
         {16, 5,  0,  1 },
         {16, 26, 0,  -1}
     });
+    // clang-format on
     for (const Row& row : kRows) {
         const int red = valueAt(normals, row.x, row.y, 0) - 128;
         const int green = valueAt(normals, row.x, row.y, 1) - 128;
@@ -134,10 +136,8 @@ TEST(Bake, EnvironmentsModelLettersWithoutBurningThem) {
         float least, most; ///< reflected by a white face that looks at the camera
     };
 
-    constexpr auto kRows = std::to_array<Row>({
-        {"Environment001.jpg", 1.75f, 0.5f, 0.76f},
-        {"grayHorizont.png",   7,     0.3f, 0.6f }
-    });
+    constexpr auto kRows = std::to_array<Row>(
+        {{"Environment001.jpg", 1.75f, 0.5f, 0.76f}, {"grayHorizont.png", 7, 0.3f, 0.6f}});
     for (const Row& row : kRows) {
         const auto recipes = allRecipes();
         const auto found = std::ranges::find(recipes, row.name, &Recipe::name);

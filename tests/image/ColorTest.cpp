@@ -10,6 +10,7 @@ namespace {
 
 TEST(Color, TransferFunctionAgreesWithPublishedValues) {
     // Byte values and their linear light as tabled for IEC 61966-2-1.
+    // clang-format off
     constexpr auto kRows = std::to_array<std::pair<int, float>>({
         {0,   0.0f        },
         {1,   0.000303527f},
@@ -21,6 +22,7 @@ TEST(Color, TransferFunctionAgreesWithPublishedValues) {
         {254, 0.991102098f},
         {255, 1.0f        }
     });
+    // clang-format on
     for (const auto& [byte, linear] : kRows) {
         const float coded = static_cast<float>(byte) / 255;
         EXPECT_NEAR(linearFromSRGB(coded), linear, 2e-6f) << byte;
@@ -53,6 +55,7 @@ TEST(Color, HueSaturationBrightnessOfKnownColours) {
     };
 
     // Degrees and percentages as any colour picker shows them.
+    // clang-format off
     constexpr auto kRows = std::to_array<Row>({
         {0xFF0000, 0,       100,    100  },
         {0xFFFF00, 60,      100,    100  },
@@ -65,6 +68,7 @@ TEST(Color, HueSaturationBrightnessOfKnownColours) {
         {0x000000, 0,       0,      0    },
         {0x194CE6, 225.07f, 89.13f, 90.2f}
     });
+    // clang-format on
     for (const Row& row : kRows) {
         const HSBColor hsb = toHSB(Color::hex(row.rgb));
         EXPECT_NEAR(hsb.hue * 360, row.hue, 0.05f) << std::hex << row.rgb;

@@ -37,8 +37,7 @@ public:
 inline Image quartered(int width, int height) {
     using Pixel = std::array<std::uint8_t, 4>;
     constexpr std::array<Pixel, 4> kColours{
-        {{255, 0, 0, 255}, {0, 255, 0, 255}, {0, 0, 255, 255}, {255, 255, 255, 128}}
-    };
+        {{255, 0, 0, 255}, {0, 255, 0, 255}, {0, 0, 255, 255}, {255, 255, 255, 128}}};
     Image image(width, height);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {

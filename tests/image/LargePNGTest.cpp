@@ -35,9 +35,7 @@ std::vector<std::uint8_t> rowOf(const Kind& kind, int width, bool isTop) {
 }
 
 void setColours(png_structp png, png_infop info, const Kind& kind) {
-    constexpr std::array<png_color, 3> kPalette{
-        {{40, 60, 80}, {200, 220, 240}, {1, 2, 3}}
-    };
+    constexpr std::array<png_color, 3> kPalette{{{40, 60, 80}, {200, 220, 240}, {1, 2, 3}}};
     constexpr std::array<png_byte, 3> kAlpha{255, 255, 0};
     if (kind.colorType == PNG_COLOR_TYPE_PALETTE) {
         png_set_PLTE(png, info, kPalette.data(), 3);

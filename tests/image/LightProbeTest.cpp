@@ -50,6 +50,7 @@ glm::vec3 specular(const LightProbe& probe, int level, const glm::vec3& directio
 std::vector<glm::vec3> directions() {
     std::mt19937 random(7); // NOLINT(cert-msc51-cpp): the same directions in each run
     std::uniform_real_distribution<float> side(-1, 1);
+    // clang-format off
     std::vector<glm::vec3> result{
         {1,  0,  0 },
         {-1, 0,  0 },
@@ -58,6 +59,7 @@ std::vector<glm::vec3> directions() {
         {0,  0,  1 },
         {0,  0,  -1}
     };
+    // clang-format on
     while (result.size() < 200) {
         const glm::vec3 d{side(random), side(random), side(random)};
         if (glm::length(d) > 0.1f)
@@ -93,6 +95,7 @@ TEST(LightProbe, IrradianceOfACapFollowsTheCosine) {
     // to some hundredths of the peak.
     constexpr float kHalfAngle = 0.5f;
     const float peak = 4 * std::sin(kHalfAngle) * std::sin(kHalfAngle);
+    // clang-format off
     const auto axes = std::to_array<glm::vec3>({
         {0,    1,     0   },
         {1,    0,     0   },
@@ -100,6 +103,7 @@ TEST(LightProbe, IrradianceOfACapFollowsTheCosine) {
         {0.6f, 0,     0.8f},
         {0,    -0.6f, 0.8f}
     });
+    // clang-format on
     for (const glm::vec3& axis : axes) {
         const LightProbe probe = LightProbe::filtered(
             painted(

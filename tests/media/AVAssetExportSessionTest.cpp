@@ -41,20 +41,8 @@ TEST_F(AVAssetExportSessionTest, FadesTheMusicAlongItsRampsAndCutsItWithTheMovie
     writeWav(file("song.wav"), 44100, 30.0, sine(1000.0, 0.5));
     Music music{file("song.wav"), 3.0, 20.0, 0.5, {}};
     music.volume.setVolume(0.0, {});
-    music.volume.setVolumeRamp(
-        0.0,
-        1.0,
-        {
-            {30, 60},
-            {60, 60}
-    });
-    music.volume.setVolumeRamp(
-        1.0,
-        0.0,
-        {
-            {150, 60},
-            {60,  60}
-    });
+    music.volume.setVolumeRamp(0.0, 1.0, {{30, 60}, {60, 60}});
+    music.volume.setVolumeRamp(1.0, 0.0, {{150, 60}, {60, 60}});
     const auto exporting = session(file("raw.mov"), 240, music);
     run(*exporting);
     ASSERT_EQ(exporting->status(), Status::completed) << exporting->error().message;
@@ -85,6 +73,7 @@ TEST_F(AVAssetExportSessionTest, CutsEveryFormatToTheMillisecond) {
         const char* encoder; // null: WAV by hand
     };
 
+    // clang-format off
     const auto rows = std::to_array<Row>({
         {"song.wav",  nullptr     },
         {"song.mp3",  "libmp3lame"},
@@ -93,6 +82,7 @@ TEST_F(AVAssetExportSessionTest, CutsEveryFormatToTheMillisecond) {
         {"song.ogg",  "libvorbis" },
         {"song.opus", "libopus"   }
     });
+    // clang-format on
     int heard = 0;
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
@@ -125,11 +115,13 @@ TEST_F(AVAssetExportSessionTest, ASongThatEndsEarlyOrBeginsBehindTheMovieIsSilen
     };
 
     // Asked for 5 s of a song of 1 s.
+    // clang-format off
     const auto rows = std::to_array<Row>({
         {0.0, 0.0, 0.0, 1.0},
         {0.5, 1.0, 1.0, 1.5},
         {0.0, 3.0, 2.0, 2.0}
     });
+    // clang-format on
     for (const Row& row : rows) {
         const auto exporting =
             session(file("raw.mov"), 120, {file("song.wav"), row.in, 5.0, row.at, {}});

@@ -68,12 +68,14 @@ TEST_F(AVAssetWriterTest, ShowsTheSquareWhereItWasDrawnWhateverThePicturesSizeAn
         bool isBottomUp;
     };
 
+    // clang-format off
     constexpr auto kRows = std::to_array<Row>({
         {"same size",         160, 90,  false},
         {"one and a half",    240, 135, false},
         {"bottom-up",         160, 90,  true },
         {"bottom-up, larger", 240, 134, true },
     });
+    // clang-format on
     for (const Row& row : kRows) {
         SCOPED_TRACE(row.name);
         Writing writing = start(file("square.mov"), kSmall);
@@ -158,7 +160,7 @@ TEST_F(AVAssetWriterTest, SaysWhyAFileCannotBeMade) {
 
     const auto rows = std::to_array<Row>({
         {file("missing/raw.mov").string(), "folder does not exist"},
-        {folder.string(),                  "folder of that name"  },
+        {folder.string(), "folder of that name"},
     });
     for (const Row& row : rows) {
         const auto made = AVAssetWriter::create(row.path);

@@ -152,6 +152,7 @@ TEST_F(AVAudioPlayerTest, MusicThatIsNotMusicIsAnError) {
         Cause cause;
     };
 
+    // clang-format off
     const auto rows = std::to_array<Row>({
         {"noise.mp3",   Cause::malformed  },
         {"empty.wav",   Cause::malformed  },
@@ -161,6 +162,7 @@ TEST_F(AVAudioPlayerTest, MusicThatIsNotMusicIsAnError) {
         {"slow.wav",    Cause::unsupported},
         {"low.wav",     Cause::unsupported},
     });
+    // clang-format on
     for (const Row& row : rows) {
         const auto opened = AVAudioPlayer::open(file(row.name), loop, nullptr);
         ASSERT_FALSE(opened) << row.name;
@@ -197,12 +199,14 @@ TEST_F(AVAudioPlayerTest, DamagedMusicPlaysAsFarAsItGoes) {
     EXPECT_NEAR(truncated->duration(), 1.0, 0.01);
 
     std::vector<std::string> names{"whole.wav"};
+    // clang-format off
     constexpr auto kEncoded = std::to_array<std::pair<const char*, const char*>>({
         {"song.mp3",  "libmp3lame"},
         {"song.m4a",  "aac"       },
         {"song.flac", "flac"      },
         {"song.ogg",  "libvorbis" }
     });
+    // clang-format on
     for (const auto& [name, encoder] : kEncoded) {
         if (encodeSound(file(name), encoder, 2.0, sine(440.0, 0.5)))
             names.emplace_back(name);

@@ -68,14 +68,7 @@ MovieTest::session(const std::filesystem::path& movie, int frames, const Music& 
         ASSERT_FALSE(tracks.empty());
         EXPECT_TRUE(composition.addMutableTrack(type, 0).insertTimeRange(range, tracks[0], at));
     };
-    insert(
-        MediaType::video,
-        movie,
-        {
-            {  },
-            { frames, 60}
-    },
-        {});
+    insert(MediaType::video, movie, {{}, {frames, 60}}, {});
     AVMutableAudioMix mix;
     if (!music.file.empty()) {
         const auto time = [](double seconds) { return CMTime::makeWithSeconds(seconds, 60); };
@@ -86,10 +79,7 @@ MovieTest::session(const std::filesystem::path& movie, int frames, const Music& 
     }
     auto made = std::make_unique<AVAssetExportSession>(std::move(composition));
     made->outputURL = file("Movie.mov");
-    made->timeRange = {
-        {  },
-        { frames, 60}
-    };
+    made->timeRange = {{}, {frames, 60}};
     made->audioMix = mix;
     made->shouldOptimizeForNetworkUse = true;
     return made;

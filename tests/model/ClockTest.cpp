@@ -64,10 +64,7 @@ TEST_F(ClockTest, StartsAnewFromEveryState) {
 }
 
 TEST_F(ClockTest, LimitsTheDuration) {
-    for (const auto& [asked, got] : {
-             std::pair(0.0, 2.0), {1.5,  2.0 },
-               {31.0, 31.0}
-    }) {
+    for (const auto& [asked, got] : {std::pair(0.0, 2.0), {1.5, 2.0}, {31.0, 31.0}}) {
         model.setDuration(asked);
         EXPECT_EQ(model.duration(), got);
     }
@@ -88,6 +85,7 @@ TEST_F(ClockTest, FadesWhatIsFarAway) {
         float opacity;
     };
 
+    // clang-format off
     constexpr auto kRows = std::to_array<Row>({
         {{0, 0, 300},   1               },
         {{0, -475, 0},  0.5f            },
@@ -95,6 +93,7 @@ TEST_F(ClockTest, FadesWhatIsFarAway) {
         {{0, 0, 2000},  0               },
         {{300, 400, 0}, 1 - 200.0f / 350},
     });
+    // clang-format on
     view.update(1);
     view.update(2); // the opening is over
     for (const Row& row : kRows) {
@@ -149,12 +148,8 @@ TEST_F(ClockTest, StartsTheMusicOnTheSameSampleLiveAndInTheMovie) {
         int firstFrame;
     };
 
-    for (const auto& [preRoll, in, firstFrame] : {
-             Row{0,      2,     0 },
-             Row{0,      2.507, 0 },
-             Row{1,      2,     60},
-             Row{1.0085, 1.993, 61}
-    }) {
+    for (const auto& [preRoll, in, firstFrame] :
+         {Row{0, 2, 0}, Row{0, 2.507, 0}, Row{1, 2, 60}, Row{1.0085, 1.993, 61}}) {
         SCOPED_TRACE(preRoll);
         player.audioPreRoll = preRoll;
         player.audioIn = in;

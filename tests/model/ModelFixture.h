@@ -57,8 +57,7 @@ protected:
          .folders = foundation::Folders::below(folder.path()),
          .makeFrames = [this] { return std::make_unique<FakeFrames>(rendering); },
          .makeAudioOutput = {},
-         .showAlert = {}}
-    };
+         .showAlert = {}}};
     core::HeadlessViewClock viewClock{view};
     std::optional<foundation::Result<movie::MovieOutcome>> outcome;
     std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);

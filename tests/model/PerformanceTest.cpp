@@ -91,9 +91,7 @@ protected:
 
 TEST_F(PerformanceTest, RecordsAPressAndReplaysItInEveryRun) {
     model.setAffectedNodes({nodes.textNode1});
-    perform({
-        {0.5, "IN1", "Left In"}
-    });
+    perform({{0.5, "IN1", "Left In"}});
     const auto& records = model.actionController().recordedActions();
     ASSERT_EQ(records.size(), 1U);
     EXPECT_EQ(records[0]->title, "Left In (TX1)");
@@ -111,11 +109,13 @@ TEST_F(PerformanceTest, RecordsAPressAndReplaysItInEveryRun) {
 TEST_F(PerformanceTest, ExportsWhatTheLiveRunShows) {
     model.setDuration(3);
     model.setAffectedNodes({nodes.textNode1, nodes.mediaNode});
+    // clang-format off
     perform({
         {-0.5, "IN3", "Stepped Left In"},
         {1.0,  "FLY", "Pass Right Left"},
         {2.0,  "IN2", "Flip In"        }
     });
+    // clang-format on
     Track live = liveTrack();
     const Track exported = exportTrack();
     ASSERT_TRUE(outcome->has_value());
@@ -182,12 +182,14 @@ TEST_F(PerformanceTest, LeavesNothingOfARunBehind) {
         EXPECT_EQ(nodes.mediaHolderNode->childNodes(), onHolder);
         EXPECT_EQ(nodes.textNode1->position.value(), glm::vec3(0)) << "released with the last tick";
     };
+    // clang-format off
     perform({
         {6,   "FX1", "Invert" }, // still held when the run ends
         {7.8, "FX3", "Beacon" }, // still under way
         {7.9, "FX3", "Wosher" },
         {8,   "IN1", "Left In"}
     });
+    // clang-format on
     ASSERT_EQ(model.actionController().recordedActions().size(), 4U);
     expectBare();
     model.start();
@@ -213,10 +215,7 @@ TEST_F(PerformanceTest, ShowsTheSameParticlesInEveryRun) {
         }
         return places;
     };
-    perform({
-        {0,   "FX2", "Hit 2"},
-        {0.1, "FX2", "Hit 2"}
-    });
+    perform({{0, "FX2", "Hit 2"}, {0.1, "FX2", "Hit 2"}});
     const auto first = particlesOfARun();
     EXPECT_FALSE(first.empty());
     EXPECT_EQ(particlesOfARun(), first);

@@ -62,11 +62,13 @@ TEST_F(NodeTest, FramesItsContent) {
         double height;
     };
 
+    // clang-format off
     const auto rows = std::to_array<Row>({
         {"small",                     {10, 20, 0},       {0, 0, 0},  100, 100  },
         {"just below the least size", {91.5f, 92.5f, 0}, {0, 0, 0},  100, 100.5},
         {"wide, off the middle",      {300, 40, 0},      {25, 0, 0}, 308, 100  },
     });
+    // clang-format on
     for (const Row& row : rows) {
         node = Node::make({0, 0, 0}, 1, world.surroundings());
         fill(row.size.x, row.size.y, row.middle);
@@ -90,11 +92,13 @@ TEST_F(NodeTest, KeepsItsFrameEquallyThickUnderAScale) {
         double thickY;
     };
 
+    // clang-format off
     const auto rows = std::to_array<Row>({
         {DeviceIdiom::tablet, {1, 1, 1},     1.5, 1.5},
         {DeviceIdiom::phone,  {1, 1, 1},     2.6, 2.6},
         {DeviceIdiom::tablet, {-0.5f, 3, 1}, 3,   0.5},
     });
+    // clang-format on
     for (const Row& row : rows) {
         Surroundings surroundings = world.surroundings();
         surroundings.idiom = row.idiom;
@@ -158,11 +162,13 @@ TEST_F(NodeTest, SaysItsSizeInWholePercent) {
         const char* message;
     };
 
+    // clang-format off
     const auto rows = std::to_array<Row>({
         {0.76f,  "Size 76 %" }, // in doubles it would read 75
         {0.999f, "Size 99 %" },
         {2.5f,   "Size 250 %"},
     });
+    // clang-format on
     for (const Row& row : rows) {
         node->scale2D = row.scale;
         node->applyScale();

@@ -8,13 +8,7 @@ namespace zelvo::render {
 namespace {
 
 TEST(AreaResampler, KeepsEveryFlatValueExactly) {
-    for (const Size drawn : {
-             Size{4,  4 },
-             {6,  6 },
-             {8,  8 },
-             {16, 16},
-             {7,  9 }
-    }) {
+    for (const Size drawn : {Size{4, 4}, {6, 6}, {8, 8}, {16, 16}, {7, 9}}) {
         AreaResampler resampler(drawn, {4, 4});
         for (int value = 0; value < 256; ++value) {
             const std::vector<std::uint8_t> pixels(
@@ -50,9 +44,7 @@ void fill(scene::SCNScene& scene) {
 using Delivery = Stage;
 
 std::vector<std::uint8_t> bytesOf(SCNRenderer& renderer) {
-    renderer.begin({
-        0, {64, 64}
-    });
+    renderer.begin({0, {64, 64}});
     const FrameView view = renderer.finish();
     return {view.bytes.begin(), view.bytes.end()};
 }

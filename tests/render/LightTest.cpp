@@ -21,12 +21,11 @@ TEST_F(Lights, OfEachKindShineAsTheirUnitSays) {
         double intensity;
     };
 
-    for (const Row& row : {
-             Row{SCNLightType::ambient,     5,   1000},
-             {SCNLightType::directional, 5,   1000},
-             {SCNLightType::omni,        300, 9e7 },
-             {SCNLightType::spot,        300, 9e7 }
-    }) {
+    for (const Row& row :
+         {Row{SCNLightType::ambient, 5, 1000},
+          {SCNLightType::directional, 5, 1000},
+          {SCNLightType::omni, 300, 9e7},
+          {SCNLightType::spot, 300, 9e7}}) {
         const auto light = addLight(row.type, {0, 0, row.distance}, row.intensity);
         expectNear(middle(), {128, 128, 128}, 2); // the light gives back the surface's own colour
         light->intensity = row.intensity / 4;
@@ -44,13 +43,8 @@ TEST_F(Lights, ShineOnNodesThatShareABitWithTheirMask) {
 
     const auto square = addSquare(makeMatte());
     const auto light = addLight(SCNLightType::directional, {}, 1000);
-    for (const Row& row : {
-             Row{2,          260, false},
-             {4,          260, true },
-             {0xFFFFFFFF, 1,   true },
-             {2,          3,   true },
-             {1,          2,   false}
-    }) {
+    for (const Row& row :
+         {Row{2, 260, false}, {4, 260, true}, {0xFFFFFFFF, 1, true}, {2, 3, true}, {1, 2, false}}) {
         light->categoryBitMask = row.light;
         square->categoryBitMask = row.node;
         EXPECT_EQ(middle()[0] > 0, row.shines) << row.light << " on " << row.node;
@@ -136,11 +130,8 @@ TEST(ShadowViews, FollowCastersThatMoveOrGrowInWholeTexels) {
     };
     const glm::vec2 before = texelAt({0, 0, 0}, 1);
     EXPECT_NE(texelAt({7.1f, 3.3f, 0}, 1), before) << "the map follows";
-    for (const auto& [place, scale] : {
-             std::pair{glm::vec3(0.3f, 0.2f, 0), 1.0f},
-             {{7.1f, 3.3f, 0},          1             },
-             {{0, 0, 0},    1.01f}
-    }) {
+    for (const auto& [place, scale] :
+         {std::pair{glm::vec3(0.3f, 0.2f, 0), 1.0f}, {{7.1f, 3.3f, 0}, 1}, {{0, 0, 0}, 1.01f}}) {
         const glm::vec2 texels = texelAt(place, scale) - before;
         EXPECT_NEAR(texels.x, std::round(texels.x), 0.02) << place.x << ", " << scale;
         EXPECT_NEAR(texels.y, std::round(texels.y), 0.02) << place.y << ", " << scale;

@@ -18,14 +18,7 @@ TEST_F(Materials, AConstantColourIsExactAtAnyOversampling) {
 TEST_F(Materials, APictureStandsUpright) {
     const auto material = makeMaterial(Color::white(1));
     material->diffuse.setImage(sharePicture(
-        2,
-        2,
-        {
-            {255, 0,   0,   255},
-            {0,   255, 0,   255},
-            {0,   0,   255, 255},
-            {255, 255, 255, 255}
-    }));
+        2, 2, {{255, 0, 0, 255}, {0, 255, 0, 255}, {0, 0, 255, 255}, {255, 255, 255, 255}}));
     addSquare(material);
     const image::Image picture = draw();
     expectNear(at(picture, 4, 4), {255, 0, 0}, 1);
@@ -35,13 +28,7 @@ TEST_F(Materials, APictureStandsUpright) {
 }
 
 TEST_F(Materials, ContentsRepeatAfterTheirTransform) {
-    const auto picture = sharePicture(
-        2,
-        1,
-        {
-            {255, 0, 0,   255},
-            {0,   0, 255, 255}
-    });
+    const auto picture = sharePicture(2, 1, {{255, 0, 0, 255}, {0, 0, 255, 255}});
     const auto material = makeMaterial(Color::white(1));
     material->diffuse.setImage(picture);
     material->diffuse.wrapS = scene::SCNWrapMode::repeat;
@@ -66,10 +53,9 @@ TEST_F(Materials, NormalMapsLeanAsTheirColoursSay) {
     addSquare(material);
     auto light = addLight(scene::SCNLightType::omni, {}, 100000);
     const scene::SCNNodePtr node = scene->rootNode()->childNodes().back();
-    for (const Row& row : {
-             Row{{7, 0, 7}, {200, 128, 230, 255}, {56, 128, 230, 255}},
-             {{0, 7, 7}, {128, 200, 230, 255}, {128, 56, 230, 255}}
-    }) {
+    for (const Row& row :
+         {Row{{7, 0, 7}, {200, 128, 230, 255}, {56, 128, 230, 255}},
+          {{0, 7, 7}, {128, 200, 230, 255}, {128, 56, 230, 255}}}) {
         node->position = row.light;
         material->normal.setImage(sharePicture(1, 1, {row.towards}));
         const int towards = middle()[1];
@@ -94,16 +80,12 @@ TEST_F(Materials, SlotsChangeWhatTheyShould) {
 
     // A white surface without light or tone map, changed by one slot.
     using M = scene::SCNMaterial;
-    for (const Row& row : {
-             Row{"multiply",                  &M::multiply, Color::hex(0xFF8000), {255, 128, 0}     },
-             {"emission",                  &M::emission, Color::hex(0x00FF00), {255, 255, 255}   },
-             {"diffuse",                   &M::diffuse,  Color::hex(0x123456), {0x12, 0x34, 0x56}},
-             {"ambient follows diffuse",   &M::ambient,  Color::hex(0xFF0000), {255, 255, 255}   },
-             {"displacement is not drawn",
-                 &M::displacement,
-                 Color::hex(0xFF0000),
-                 {255, 255, 255}                                                                    }
-    }) {
+    for (const Row& row :
+         {Row{"multiply", &M::multiply, Color::hex(0xFF8000), {255, 128, 0}},
+          {"emission", &M::emission, Color::hex(0x00FF00), {255, 255, 255}},
+          {"diffuse", &M::diffuse, Color::hex(0x123456), {0x12, 0x34, 0x56}},
+          {"ambient follows diffuse", &M::ambient, Color::hex(0xFF0000), {255, 255, 255}},
+          {"displacement is not drawn", &M::displacement, Color::hex(0xFF0000), {255, 255, 255}}}) {
         const auto material = makeMaterial(Color::white(1));
         ((*material).*row.slot).contents = row.contents;
         const auto square = addSquare(material);
@@ -170,13 +152,12 @@ TEST_F(Materials, BlendModesCombineWithWhatIsBehind) {
     };
 
     addSquare(makeMaterial(Color::hex(0x808040)), -1, 4);
-    for (const Row& row : {
-             Row{Mode::add,      {0xC0, 0xA0, 0x40}},
-             {Mode::subtract, {0x40, 0x60, 0x40}},
-             {Mode::multiply, {0x20, 0x10, 0x00}},
-             {Mode::screen,   {0xA0, 0x90, 0x40}},
-             {Mode::replace,  {0x40, 0x20, 0x00}}
-    }) {
+    for (const Row& row :
+         {Row{Mode::add, {0xC0, 0xA0, 0x40}},
+          {Mode::subtract, {0x40, 0x60, 0x40}},
+          {Mode::multiply, {0x20, 0x10, 0x00}},
+          {Mode::screen, {0xA0, 0x90, 0x40}},
+          {Mode::replace, {0x40, 0x20, 0x00}}}) {
         const auto material = makeMaterial(Color::hex(0x402000));
         material->blendMode = row.mode;
         const auto square = addSquare(material);
@@ -188,12 +169,7 @@ TEST_F(Materials, BlendModesCombineWithWhatIsBehind) {
 TEST_F(Materials, AModifierChangesTheSurfaceAndABrokenOneDoesNoHarm) {
     const auto entry = scene::SCNShaderModifierEntryPoint::surface;
     const auto material = makeMaterial(Color::hex(0x0000FF));
-    material->specular.setImage(sharePicture(
-        1,
-        1,
-        {
-            {0, 255, 0, 255}
-    }));
+    material->specular.setImage(sharePicture(1, 1, {{0, 255, 0, 255}}));
     material->shaderModifiers[entry] =
         "vec4 other = texture2D(u_specularTexture, _surface.diffuseTexcoord);\n"
         "_surface.diffuse = vec4(u_time, other.g, 0.0, 0.2);";

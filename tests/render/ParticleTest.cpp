@@ -39,10 +39,9 @@ TEST_F(ParticleTest, CoversOrAddsByItsAlpha) {
     };
 
     for (const Row& row : std::initializer_list<Row>{
-             {{1, 0, 0, 1},       ParticleBlendMode::alpha,    {255, 0, 0}   },
-             {{1, 0, 0, 0.5f},    ParticleBlendMode::alpha,    {160, 32, 32} },
-             {{1, 0.5f, 0, 0.5f}, ParticleBlendMode::additive, {192, 128, 64}}
-    }) {
+             {{1, 0, 0, 1}, ParticleBlendMode::alpha, {255, 0, 0}},
+             {{1, 0, 0, 0.5f}, ParticleBlendMode::alpha, {160, 32, 32}},
+             {{1, 0.5f, 0, 0.5f}, ParticleBlendMode::additive, {192, 128, 64}}}) {
         const scene::SCNNodePtr node = addParticle(row.color, row.mode);
         expectNear(middle(), row.wanted, 2);
         expectNear(at(draw(), 10, 32), {64, 64, 64}, 1); // beside it

@@ -55,20 +55,10 @@ TEST_F(Pictures, ACubesFifthFaceLiesAhead) {
     scene::CubeImages faces;
     for (std::size_t i = 0; i < faces.size(); ++i) {
         const auto grey = static_cast<std::uint8_t>(40 * (i + 1));
-        faces.at(i) = sharePicture(
-            1,
-            1,
-            {
-                {grey, grey, grey, 255}
-        });
+        faces.at(i) = sharePicture(1, 1, {{grey, grey, grey, 255}});
     }
-    faces.at(4) = sharePicture(
-        2,
-        1,
-        {
-            {200, 0, 0,   255},
-            {0,   0, 200, 255}
-    }); // another size than the others
+    faces.at(4) =
+        sharePicture(2, 1, {{200, 0, 0, 255}, {0, 0, 200, 255}}); // another size than the others
     scene->background.contents = faces;
     camera->camera->fieldOfView = 80;
     const image::Image picture = draw();

@@ -62,17 +62,16 @@ TEST_F(Shading, ReflectsAsThePublishedModelOfMicrofacets) {
     };
 
     const auto material = makeMaterial(Color::white(0), scene::SCNLightingModel::physicallyBased);
-    for (const Row& row : {
-             Row{0.5f, 0,  0,   0.1600},
-             {0.5f, 45, 45,  0.2309},
-             {0.5f, 60, 20,  0.0218},
-             {0.5f, 20, 60,  0.0410},
-             {0.8f, 60, 60,  0.0572},
-             {0.8f, 0,  60,  0.0212},
-             {0.8f, 60, 0,   0.0106},
-             {0.7f, 30, -20, 0.0176},
-             {1.0f, 30, 50,  0.0117}
-    }) {
+    for (const Row& row :
+         {Row{0.5f, 0, 0, 0.1600},
+          {0.5f, 45, 45, 0.2309},
+          {0.5f, 60, 20, 0.0218},
+          {0.5f, 20, 60, 0.0410},
+          {0.8f, 60, 60, 0.0572},
+          {0.8f, 0, 60, 0.0212},
+          {0.8f, 60, 0, 0.0106},
+          {0.7f, 30, -20, 0.0176},
+          {1.0f, 30, 50, 0.0117}}) {
         material->roughness.contents = row.roughness;
         show(material, row.eye);
         const double angle = glm::radians(row.light + row.eye);
@@ -122,14 +121,13 @@ TEST_F(Shading, ToneMapsAsThePublishedCurve) {
 
     camera->camera->wantsHDR = true;
     addSquare(makeMatte(Color::white(1)));
-    for (const Row& row : {
-             Row{{0.05, 0.05, 0.05}, {0.016, 0.016, 0.016}},
-             {{0.5, 0.5, 0.5},    {0.460, 0.460, 0.460}},
-             {{0.6, 0.1, 0.1},    {0.560, 0.060, 0.060}},
-             {{1, 1, 1},          {0.869, 0.869, 0.869}},
-             {{2, 1, 0.5},        {0.960, 0.534, 0.321}},
-             {{60, 6, 6},         {0.999, 0.908, 0.908}}
-    }) {
+    for (const Row& row :
+         {Row{{0.05, 0.05, 0.05}, {0.016, 0.016, 0.016}},
+          {{0.5, 0.5, 0.5}, {0.460, 0.460, 0.460}},
+          {{0.6, 0.1, 0.1}, {0.560, 0.060, 0.060}},
+          {{1, 1, 1}, {0.869, 0.869, 0.869}},
+          {{2, 1, 0.5}, {0.960, 0.534, 0.321}},
+          {{60, 6, 6}, {0.999, 0.908, 0.908}}}) {
         for (int c = 0; c < 3; ++c) {
             Color color = Color::hex(c == 0 ? 0xFF0000 : c == 1 ? 0x00FF00 : 0x0000FF);
             addLight(SCNLightType::ambient, {}, 1000 * row.light[c])->color = color;

@@ -112,6 +112,7 @@ TEST_F(View, ToleratesAnyStateAndLeavesOpenGLsOwn) {
         GLint value;
     };
 
+    // clang-format off
     constexpr auto kInitial = std::to_array<StateRow>({
         {GL_CLIP_ORIGIN,          GL_LOWER_LEFT         },
         {GL_CLIP_DEPTH_MODE,      GL_NEGATIVE_ONE_TO_ONE},
@@ -126,6 +127,7 @@ TEST_F(View, ToleratesAnyStateAndLeavesOpenGLsOwn) {
         {GL_VERTEX_ARRAY_BINDING, 0                     },
         {GL_UNPACK_ALIGNMENT,     4                     },
     });
+    // clang-format on
     for (const StateRow& row : kInitial) {
         GLint value = -1;
         glGetIntegerv(row.name, &value);

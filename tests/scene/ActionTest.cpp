@@ -159,10 +159,7 @@ TEST(Action, RotatesTheShortWayRound) {
         float cosHalfway; // of the turn about y: 180 degrees the short way, 0 the long way
     };
 
-    for (const Row row : {
-             Row{UnitArc::shortest, -1},
-             {UnitArc::asGiven,  1 }
-    }) {
+    for (const Row row : {Row{UnitArc::shortest, -1}, {UnitArc::asGiven, 1}}) {
         Stage stage;
         stage.node->setEulerAngles({0, angle, 0});
         stage.node->runAction(SCNAction::rotateTo({0, -angle, 0}, 1, {}, row.arc));

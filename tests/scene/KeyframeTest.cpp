@@ -16,12 +16,14 @@ using testing::IsEmpty;
 /// Four seconds by way of (10, 0, 0) after one and (10, 8, 0) after two.
 CAKeyframeAnimation journey() {
     CAKeyframeAnimation animation;
+    // clang-format off
     animation.values = {
         {0,  0, 0, 0},
         {10, 0, 0, 0},
         {10, 8, 0, 0},
         {0,  0, 0, 0}
     };
+    // clang-format on
     animation.keyTimes = {0, 0.25, 0.5, 1};
     animation.duration = 4;
     return animation;
@@ -40,6 +42,7 @@ TEST(TimingCurve, IsSolvedForTime) {
 
     // At s = 1/2 a curve is at (1 + 3 x1 + 3 x2) / 8, and so its y; steep ones are solved all the
     // same.
+    // clang-format off
     for (const auto& [curve, t, value] : std::to_array<Row>({
              {{0.42f, 0, 1, 1},           (1 + 4.26f) / 8, 0.5f     },
              {{0, 0.77f, 0.65f, 1},       2.95f / 8,       6.31f / 8},
@@ -47,6 +50,7 @@ TEST(TimingCurve, IsSolvedForTime) {
              {{0, 0, 1, 1},               0.3f,            0.3f     },
              {{0, 2, 0, 2},               1,               1        },
     })) {
+        // clang-format on
         EXPECT_NEAR(curve.at(t), value, 2e-4f);
     }
 }
@@ -55,10 +59,7 @@ TEST(Keyframes, GoThroughTheirValuesEachSegmentAlongItsOwnCurve) {
     Stage stage;
     auto animation = journey();
     // Half the time is at a value of 0.2: at s = 1/2 of (0.5, 0, 0.5, y), y = 0.2.
-    animation.timingFunctions = {
-        {0,    0, 1,    1   },
-        {0.5f, 0, 0.5f, 0.2f}
-    };
+    animation.timingFunctions = {{0, 0, 1, 1}, {0.5f, 0, 0.5f, 0.2f}};
     stage.node->addAnimation(animation, "position");
     stage.apply({7, 7.5});
     expectNear(drawnPlace(*stage.node), {5, 0, 0});
@@ -91,12 +92,14 @@ TEST(Keyframes, BendTheWholeAndRunInRounds) {
 TEST(Keyframes, LieOverWhatActionsWriteAndLeaveItAlone) {
     Stage stage;
     auto animation = journey();
+    // clang-format off
     animation.values = {
         {20, 0, 0, 0},
         {20, 0, 0, 0},
         {20, 0, 0, 0},
         {20, 0, 0, 0}
     };
+    // clang-format on
     animation.fadeInDuration = 1;
     animation.fadeOutDuration = 2;
     stage.node->runAction(SCNAction::moveTo({0, 4, 0}, 4));
@@ -119,12 +122,14 @@ TEST(Keyframes, TurnTheShortWay) {
     Stage stage;
     auto animation = journey();
     animation.keyPath = KeyPath::rotation;
+    // clang-format off
     animation.values = {
         {0, 0, 0, 0       },
         {0, 2, 0, kQuarter},
         {0, 0, 3, kQuarter},
         {0, 0, 0, 0       }
     };
+    // clang-format on
     stage.node->addAnimation(animation, "rotation");
     const auto turned = [&](const glm::vec3& v) {
         return glm::vec3(stage.node->worldTransform() * glm::vec4(v, 0));

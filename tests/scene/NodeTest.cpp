@@ -34,6 +34,7 @@ TEST(Node, TurnsByRollThenYawThenPitch) {
         glm::vec3 expected; // another order gives another axis
     };
 
+    // clang-format off
     const std::vector<Row> rows{
         {{90, 0, 0},   {0, 1, 0}, {0, 0, 1} },
         {{0, 90, 0},   {0, 0, 1}, {1, 0, 0} },
@@ -43,6 +44,7 @@ TEST(Node, TurnsByRollThenYawThenPitch) {
         {{90, 90, 0},  {0, 0, 1}, {1, 0, 0} },
         {{90, 90, 90}, {0, 1, 0}, {0, -1, 0}},
     };
+    // clang-format on
     for (const Row& row : rows) {
         SCNNode node;
         node.setEulerAngles(glm::radians(row.degrees));

@@ -109,6 +109,7 @@ TEST(Particles, KeepToTheirRanges) {
         bool (*holds)(const glm::vec3& place);
     };
 
+    // clang-format off
     const std::vector<Row> rows = {
         {"sphere's skin",
          ParticleShape::sphere(5),
@@ -136,6 +137,7 @@ TEST(Particles, KeepToTheirRanges) {
              return std::abs(std::hypot(p.x, p.z) - 3) < 1e-3f && std::abs(p.y) <= 6;
          }                                                                                      },
     };
+    // clang-format on
     for (const Row& row : rows) {
         Stage stage;
         auto system = std::make_shared<SCNParticleSystem>();
@@ -163,10 +165,7 @@ TEST(Particles, FlyAsThrown) {
     system->particleVelocity = 100;
     system->acceleration = {20, 0, 0};
     system->particleAngularVelocity = 90;
-    system->sizeOverLife = {
-        {0,    0},
-        {0.5f, 2}
-    };
+    system->sizeOverLife = {{0, 0}, {0.5f, 2}};
     stage.node->addParticleSystem(system);
     stage.apply({0, 1.05});
     const Particle first = particlesOf(*stage.node).front(); // born at 0.05, one second old
@@ -205,6 +204,7 @@ TEST(ParticleFiles, TellWhatIsWrong) {
         const char* said;
     };
 
+    // clang-format off
     for (const Row& row : std::vector<Row>{
              {R"({"birthRat": 5})",                                                    R"(did you mean "birthRate"?)"          },
              {R"({"birthRate": "many"})",                                              "birthRate"                             },
@@ -217,6 +217,7 @@ TEST(ParticleFiles, TellWhatIsWrong) {
               "after the one before"                                                                                           },
              {"[",                                                                     "line 1"                                }
     }) {
+        // clang-format on
         const auto system = SCNParticleSystem::fromJSON(row.text, "x.scnp");
         ASSERT_FALSE(system.has_value()) << row.text;
         EXPECT_NE(system.error().message.find(row.said), std::string::npos)

@@ -73,6 +73,7 @@ TEST(Technique, NamesWhatIsWrong) {
         std::string from, to, word;
     };
 
+    // clang-format off
     const auto rows = std::to_array<Row>({
         {"DRAW_QUAD",            "DRAW_SCENE",               "draw"       },
         {"gaussFragment",        "noFragment",               "noFragment" },
@@ -90,6 +91,7 @@ TEST(Technique, NamesWhatIsWrong) {
         {"<key>outputs</key>",   "<string>outputs</string>", "key"        },
         {"</plist>",             "",                         "line"       },
     });
+    // clang-format on
     for (const Row& row : rows) {
         const auto technique = build(replaced(row.from, row.to));
         ASSERT_FALSE(technique) << row.to;

@@ -15,10 +15,10 @@ inline constexpr double kGoldenShare = 0.004; ///< of all channels that may diff
 
 /// The share of channels (0 to 1) in which two pictures of one size differ by more than drivers do.
 inline double differingShare(const image::Image& one, const image::Image& other) {
-    constexpr int kLargestDifference = 8; // of a channel that counts as the same
+    constexpr int kMaxDifference = 8; // of a channel that counts as the same
     std::size_t different = 0;
     for (std::size_t i = 0; i < one.pixels.size(); ++i)
-        different += std::abs(one.pixels[i] - other.pixels[i]) > kLargestDifference ? 1U : 0U;
+        different += std::abs(one.pixels[i] - other.pixels[i]) > kMaxDifference ? 1U : 0U;
     return static_cast<double>(different) / static_cast<double>(one.pixels.size());
 }
 

@@ -28,6 +28,7 @@ TEST(FontRegistry, FindsByPostScriptNameThenFullNameThenFamilyThenAlias) {
         const char *asked, *found;
     };
 
+    // clang-format off
     const Row rows[] = {
         {"Geo-Regular",         "Geo-Regular"     }, // PostScript name
         {"Geo-Oblique",         "Geo-Oblique"     }, // before another's alias
@@ -37,6 +38,7 @@ TEST(FontRegistry, FindsByPostScriptNameThenFullNameThenFamilyThenAlias) {
         {"HelveticaNeue-Light", "InterTight-Light"}, // alias
         {"Squares",             "Geo-Regular"     },
     };
+    // clang-format on
     for (const Row& row : rows) {
         const FontPtr font = registry.find(row.asked);
         ASSERT_NE(font, nullptr) << row.asked;
@@ -55,13 +57,14 @@ TEST(FontRegistry, SaysWhatIsWrongWithAFile) {
     std::ofstream(folder / "empty.ttf").flush();
     std::ofstream(folder / "text.ttf") << "this is no font, whatever its name says";
     std::ofstream(folder / "huge.ttf").flush();
-    std::filesystem::resize_file(folder / "huge.ttf", kLargestFontFile + 1);
+    std::filesystem::resize_file(folder / "huge.ttf", kMaxFontFile + 1);
 
     struct Row {
         std::filesystem::path file;
         Cause cause;
     };
 
+    // clang-format off
     const Row rows[] = {
         {folder / "none.ttf",  Cause::notFound  },
         {folder,               Cause::unreadable},
@@ -69,6 +72,7 @@ TEST(FontRegistry, SaysWhatIsWrongWithAFile) {
         {folder / "text.ttf",  Cause::malformed },
         {folder / "huge.ttf",  Cause::tooLarge  },
     };
+    // clang-format on
     FontRegistry registry;
     for (const Row& row : rows) {
         const auto registered = registry.registerFile(row.file);

@@ -98,6 +98,7 @@ TEST(LetterSolid, DoesNotFoldWhereFacesNarrow) {
         std::string_view characters;
     };
 
+    // clang-format off
     const Row rows[] = {
         {"FugazOne-Regular",       "m" },
         {"InterTight-Bold",        "g" },
@@ -107,6 +108,7 @@ TEST(LetterSolid, DoesNotFoldWhereFacesNarrow) {
         {"TitanOne",               "@" },
         {"AmaticSC-Bold",          "c" },
     };
+    // clang-format on
     for (const Row& row : rows) {
         const TextAttributes attributes = attributesOf(fontOf(fontFile(row.font)));
         for (const char character : row.characters) {
@@ -142,6 +144,7 @@ TEST(LetterSolid, KeepsItsCountersOpen) {
         long euler;
     };
 
+    // clang-format off
     const Row rows[] = {
         {"I", 2 },
         {"A", 0 },
@@ -152,6 +155,7 @@ TEST(LetterSolid, KeepsItsCountersOpen) {
         {"%", 2 },
         {"@", 0 }
     };
+    // clang-format on
     for (const char* font : {"NunitoSans-Medium", "Abel-Regular", "Gelasio-Regular"}) {
         const TextAttributes attributes = attributesOf(fontOf(fontFile(font)));
         for (const Row& row : rows) {

@@ -41,6 +41,7 @@ TEST(LineLayout, SplitsAStringIntoWhatPeopleCallCharacters) {
         std::vector<std::string> characters;
     };
 
+    // clang-format off
     const Row rows[] = {
         {"",                      {}                           },
         {"a b",                   {"a", " ", "b"}              },
@@ -49,6 +50,7 @@ TEST(LineLayout, SplitsAStringIntoWhatPeopleCallCharacters) {
         {"\U0001F1E9\U0001F1EA!", {"\U0001F1E9\U0001F1EA", "!"}},
         {"a\xFFz",                {"a", "\uFFFD", "z"}         },
     };
+    // clang-format on
     for (const Row& row : rows) {
         EXPECT_EQ(charactersOf(row.string), row.characters) << row.string;
     }
@@ -88,6 +90,7 @@ TEST(LineLayout, RightToLeftTextRunsLeftwardsAndTheLineEndsBehindIt) {
         std::vector<int> order; // of the characters, from left to right
     };
 
+    // clang-format off
     const Row rows[] = {
         {"ab_",                 {0, 1, 2}         },
         {"\u05D0\u05D1\u05D2_", {2, 1, 0, 3}      },
@@ -95,6 +98,7 @@ TEST(LineLayout, RightToLeftTextRunsLeftwardsAndTheLineEndsBehindIt) {
         {"\u05D0 12 \u05D1",    {5, 4, 2, 3, 1, 0}},
         {"\u0627\u0628!",       {1, 0, 2}         },
     };
+    // clang-format on
     for (const Row& row : rows) {
         const auto placed = layoutLine(row.string, attributes);
         ASSERT_EQ(placed.size(), row.order.size());

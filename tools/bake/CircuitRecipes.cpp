@@ -16,8 +16,7 @@ namespace {
 
 constexpr int kGrid = 30;
 constexpr std::array<glm::ivec2, 8> kSteps{
-    {{1, 0}, {1, 1}, {0, 1}, {-1, 1}, {-1, 0}, {-1, -1}, {0, -1}, {1, -1}}
-};
+    {{1, 0}, {1, 1}, {0, 1}, {-1, 1}, {-1, 0}, {-1, -1}, {0, -1}, {1, -1}}};
 
 class Board {
 public:

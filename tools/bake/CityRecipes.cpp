@@ -26,11 +26,13 @@ struct Street {
 };
 
 // From the back to the front.
+// clang-format off
 constexpr auto kStreets = std::to_array<Street>({
     {31, 12, 46, {6, 22}, 0.45f, 101},
     {21, 6,  36, {6, 15}, 0.80f, 102},
     {13, 1,  24, {7, 11}, 1.20f, 103},
 });
+// clang-format on
 
 /// Where the houses stand, degrees of elevation.
 constexpr float kStreetLevel = -3;

@@ -47,8 +47,8 @@ Baked swells(int side, int) {
 }
 
 constexpr auto kRecipes = std::to_array<Recipe>({
-    {"QX_Noise_04.jpg",       Repeats::bothWays, 1024, 1024, veins },
-    {"QX_NoiseNormal_05.jpg", Repeats::bothWays, 512,  512,  swells},
+    {"QX_Noise_04.jpg", Repeats::bothWays, 1024, 1024, veins},
+    {"QX_NoiseNormal_05.jpg", Repeats::bothWays, 512, 512, swells},
 });
 
 } // namespace

@@ -56,12 +56,15 @@ float cloudySky(const glm::vec3& direction) {
 }
 
 // The light of the clouds is used at twenty-four times its strength.
+// clang-format off
 constexpr auto kCloudLamps = std::to_array<Softbox>({
     {196, 30, -5, {0.80f, 0.40f},  0.25f, 0.115f, 0.80f, kWarm},
     {262, 14, 3,  {0.070f, 0.90f}, 0.03f, 0.30f,  0.10f, kWarm},
     {100, 12, -3, {0.055f, 0.80f}, 0.03f, 0.22f,  0.20f, kCool},
     {330, 24, 0,  {0.16f, 0.40f},  0.05f, 0.30f,  0.0f,  kCool},
 });
+
+// clang-format on
 
 Baked cloudLayers(int width, int height) {
     Baked baked = environment(width, height, [](const glm::vec3& direction) {
@@ -91,12 +94,15 @@ glm::vec3 jewelLamps(const glm::vec3& direction) {
 }
 
 // Used at eight times its strength.
+// clang-format off
 constexpr auto kJewelPanels = std::to_array<Softbox>({
     {205, 32, -8, {0.60f, 0.26f},  0.05f,  0.16f, 0.90f, kNeutral},
     {168, 2,  34, {0.030f, 0.60f}, 0.010f, 0.36f, 0.20f, kNeutral},
     {258, 10, 4,  {0.050f, 0.90f}, 0.012f, 0.90f, 0.10f, kWarm   },
     {102, 10, -4, {0.050f, 0.90f}, 0.012f, 0.70f, 0.10f, kCool   },
 });
+
+// clang-format on
 
 Baked jewelRoom(int width, int height) {
     return environment(width, height, [](const glm::vec3& direction) {
@@ -106,12 +112,15 @@ Baked jewelRoom(int width, int height) {
 }
 
 // Used at two and a half times and at seven times its strength.
+// clang-format off
 constexpr auto kSoftPanels = std::to_array<Softbox>({
     {200, 34, -5, {0.95f, 0.42f},  0.22f, 0.52f, 0.80f, kNeutral},
     {268, 16, 3,  {0.16f, 0.90f},  0.06f, 0.75f, 0.15f, kWarm   },
     {92,  14, -3, {0.12f, 0.85f},  0.06f, 0.55f, 0.20f, kCool   },
     {170, 4,  28, {0.050f, 0.60f}, 0.03f, 0.45f, 0.20f, kNeutral},
 });
+
+// clang-format on
 
 Baked softRoom(int width, int height) {
     return environment(width, height, [](const glm::vec3& direction) {
@@ -217,6 +226,7 @@ Baked starrySky(int width, int height) {
     return baked;
 }
 
+// clang-format off
 constexpr auto kRecipes = std::to_array<Recipe>({
     {"cloud_layers_mirror.png",  Repeats::sideways, 2048, 1024, cloudLayers      },
     {"Environment002.jpg",       Repeats::sideways, 1024, 512,  jewelRoom        },
@@ -226,6 +236,7 @@ constexpr auto kRecipes = std::to_array<Recipe>({
     {"black_cubemap_filler.png", Repeats::never,    1024, 1024, blackness        },
     {"Glitter.png",              Repeats::sideways, 1024, 1024, starrySky        },
 });
+// clang-format on
 
 } // namespace
 

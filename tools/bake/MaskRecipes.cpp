@@ -287,6 +287,7 @@ template <float (*kShown)(const glm::vec2&)> Baked mask(int width, int height) {
 
 constexpr int kSide = 512;
 
+// clang-format off
 constexpr auto kRecipes = std::to_array<Recipe>({
     {"Mask1.png",  Repeats::never, kSide, kSide, mask<disc>          },
     {"Mask2.png",  Repeats::never, kSide, kSide, mask<roundedSquare> },
@@ -311,6 +312,7 @@ constexpr auto kRecipes = std::to_array<Recipe>({
     {"Mask21.png", Repeats::never, kSide, kSide, mask<fadeOut>       },
     {"Mask22.png", Repeats::never, kSide, kSide, mask<softOval>      },
 });
+// clang-format on
 
 } // namespace
 

@@ -170,6 +170,7 @@ Baked grained(int side, int) {
     return {normalPicture(blurred(relief, 0.002f), 0.0055f), {}};
 }
 
+// clang-format off
 constexpr auto kRecipes = std::to_array<Recipe>({
     {"QX_NoiseNormal_21.jpg",          Repeats::bothWays, 1024, 1024, beatenPlate       },
     {"plastic_normal.png",             Repeats::bothWays, 1024, 1024, plasticGrip       },
@@ -179,6 +180,7 @@ constexpr auto kRecipes = std::to_array<Recipe>({
     {"scratches_normal.jpg",           Repeats::bothWays, 1024, 1024, scratchedNormal   },
     {"seamlesstexture14_500_NRM.png",  Repeats::bothWays, 1024, 1024, grained           },
 });
+// clang-format on
 
 } // namespace
 

@@ -182,6 +182,7 @@ Baked streakCover(int width, int height) {
     return baked;
 }
 
+// clang-format off
 constexpr auto kRecipes = std::to_array<Recipe>({
     {"particle_beam.png",     Repeats::never, 32,   256, made<beam>    },
     {"particle_bolt.png",     Repeats::never, 128,  256, made<bolt>    },
@@ -198,6 +199,7 @@ constexpr auto kRecipes = std::to_array<Recipe>({
     {"particle_triangle.png", Repeats::never, 128,  128, made<triangle>},
     {"Streak_1.png",          Repeats::never, 1024, 128, streakCover   },
 });
+// clang-format on
 
 } // namespace
 

@@ -90,7 +90,7 @@ Baked postcardAtDusk(int width, int height) {
 
 constexpr auto kRecipes = std::to_array<Recipe>({
     {"LogoPlaceholder.png", Repeats::never, 1024, 1024, logoPlaceholder},
-    {"Postcard.png",        Repeats::never, 1280, 840,  postcardAtDusk },
+    {"Postcard.png", Repeats::never, 1280, 840, postcardAtDusk},
 });
 
 } // namespace

@@ -112,6 +112,7 @@ Baked crackNormal(int side, int) {
     return {normalPicture(blurred(crackRelief(side), 0.0012f), 0.022f), {}};
 }
 
+// clang-format off
 constexpr auto kRecipes = std::to_array<Recipe>({
     {"rock.jpg",                    Repeats::bothWays, 1024, 1024, rockRoughness },
     {"rock_normal.jpg",             Repeats::bothWays, 1024, 1024, rockNormal    },
@@ -120,6 +121,7 @@ constexpr auto kRecipes = std::to_array<Recipe>({
     {"cracks_specular.png",         Repeats::bothWays, 1024, 1024, crackSpecular },
     {"cracks_normal.png",           Repeats::bothWays, 1024, 1024, crackNormal   },
 });
+// clang-format on
 
 } // namespace
 

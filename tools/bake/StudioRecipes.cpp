@@ -21,6 +21,7 @@ constexpr glm::vec3 kNeutral{1.0f, 1.0f, 1.0f};
 constexpr glm::vec3 kCool{0.92f, 0.98f, 1.08f};
 
 // azimuth, elevation, roll, half sides, edge, power, falloff, tint
+// clang-format off
 constexpr auto kProductLamps = std::to_array<Softbox>({
     {200, 27,  -6, {0.85f, 0.42f},  0.04f,  1.5f,  0.92f, kWarm   }, // the large panel behind the camera
     {168, 1,   32, {0.034f, 0.60f}, 0.010f, 2.4f,  0.20f, kNeutral}, // a slanting strip that glints on
@@ -34,6 +35,8 @@ constexpr auto kProductLamps = std::to_array<Softbox>({
     {44,  24,  0,  {0.060f, 0.50f}, 0.015f, 5.0f,  0.0f,  kWarm   },
     {180, -50, 0,  {0.70f, 0.12f},  0.08f,  0.25f, 0.0f,  kNeutral}, // a reflector on the floor
 });
+
+// clang-format on
 
 /// A dark room: walls that grow lighter upwards, a dark line at the horizon, a floor with a pool of
 /// light.
@@ -54,12 +57,15 @@ Baked productStudio(int width, int height) {
 }
 
 // The light of the plain stage is used at seven times its strength.
+// clang-format off
 constexpr auto kHorizonLamps = std::to_array<Softbox>({
     {205, 40, -6, {0.80f, 0.42f}, 0.18f, 0.24f, 0.55f, kNeutral},
     {272, 18, 2,  {0.12f, 0.85f}, 0.04f, 0.75f, 0.15f, kNeutral},
     {80,  14, -2, {0.08f, 0.80f}, 0.03f, 0.45f, 0.15f, kNeutral},
     {330, 30, 0,  {0.10f, 0.45f}, 0.03f, 0.60f, 0.0f,  kNeutral},
 });
+
+// clang-format on
 
 /// Grey overcast: light at the zenith, a bright haze above the horizon, ground below.
 Baked greyHorizon(int width, int height) {
@@ -75,12 +81,15 @@ Baked greyHorizon(int width, int height) {
 
 // The dark stage: lamps stand only where the audience sits, so that faces mirror them and the floor
 // does not.
+// clang-format off
 constexpr auto kStageLamps = std::to_array<Softbox>({
     {190, 26, -6, {0.70f, 0.34f},  0.05f,  1.2f, 0.90f, kWarm   },
     {170, 2,  30, {0.040f, 0.60f}, 0.010f, 2.6f, 0.20f, kNeutral},
     {128, 10, -3, {0.045f, 0.80f}, 0.012f, 4.0f, 0.20f, kCool   },
     {234, 12, 3,  {0.055f, 0.85f}, 0.012f, 4.5f, 0.10f, kWarm   },
 });
+
+// clang-format on
 
 Baked darkStage(int width, int height) {
     return environment(width, height, [](const glm::vec3& direction) {
@@ -123,12 +132,14 @@ Baked tintableBackdrop(int width, int height) {
         {}};
 }
 
+// clang-format off
 constexpr auto kRecipes = std::to_array<Recipe>({
     {"Background001.png",    Repeats::sideways, 2048, 1024, tintableBackdrop},
     {"Environment001.jpg",   Repeats::sideways, 2048, 1024, productStudio   },
     {"StageEnvironment.jpg", Repeats::sideways, 1024, 512,  darkStage       },
     {"grayHorizont.png",     Repeats::sideways, 1024, 512,  greyHorizon     },
 });
+// clang-format on
 
 } // namespace
 

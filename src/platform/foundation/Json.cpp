@@ -147,6 +147,7 @@ struct Explanation {
     std::string_view text;
 };
 
+// clang-format off
 constexpr auto kExplanations = std::to_array<Explanation>({
     {rapidjson::kParseErrorDocumentEmpty,                 "the file is empty"                           },
     {rapidjson::kParseErrorDocumentRootNotSingular,
@@ -169,6 +170,8 @@ constexpr auto kExplanations = std::to_array<Explanation>({
     {rapidjson::kParseErrorNumberMissFraction,            "a digit is expected behind the decimal point"},
     {rapidjson::kParseErrorNumberMissExponent,            "a digit is expected in the exponent"         },
 });
+
+// clang-format on
 
 [[nodiscard]] std::string explain(rapidjson::ParseErrorCode code) {
     const auto* const found =

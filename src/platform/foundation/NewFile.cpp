@@ -24,7 +24,7 @@ namespace {
 
 constexpr TemporaryNames kNames{".zelvo-", 16, ".part"};
 constexpr mode_t kMode = 0666; ///< less what the user's mask takes away
-constexpr int kMostLinks = 40; ///< as many as the system follows
+constexpr int kMaxLinks = 40;  ///< as many as the system follows
 
 /// Not from the seeded source of the animations, which anybody can follow.
 std::string unguessableName() {
@@ -39,8 +39,8 @@ Result<fs::path> endOfLinks(const fs::path& target) {
     std::error_code error;
     for (int links = 0; fs::is_symlink(fs::symlink_status(place, error)); ++links) {
         const auto next = fs::read_symlink(place, error);
-        if (links == kMostLinks || error)
-            return tl::unexpected(writingError(links == kMostLinks ? ELOOP : EACCES, target));
+        if (links == kMaxLinks || error)
+            return tl::unexpected(writingError(links == kMaxLinks ? ELOOP : EACCES, target));
         place = place.parent_path() / next;
     }
     return place;

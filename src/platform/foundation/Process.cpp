@@ -57,11 +57,13 @@ void prepareProcess() {
     // Who looks for a fault of Qt's or Mesa's asks for their messages, and gets them.
     if (std::getenv("QT_LOGGING_RULES") == nullptr)
         qInstallMessageHandler(&takeQtMessage);
+    // clang-format off
     constexpr auto kQuiet = std::to_array<std::pair<const char*, const char*>>({
         {"LIBGL_DEBUG",   "quiet" },
         {"EGL_LOG_LEVEL", "fatal" },
         {"MESA_DEBUG",    "silent"},
     });
+    // clang-format on
     for (const auto& [name, value] : kQuiet)
         setenv(name, value, 0); // NOLINT(concurrency-mt-unsafe): before any thread
 }

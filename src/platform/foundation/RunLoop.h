@@ -45,8 +45,9 @@ public:
 /// How fast the loop's own clock runs.
 enum class Pacing {
     realTime, ///< as the wall clock does (the virtual clock has no such wait and always jumps)
-    unpaced,  ///< the next due timer is taken at once and time jumps to it: an export, in which one
-              ///< frame of the loop's clock passes per frame written, however long it took to make
+    /// the next due timer is taken at once and time jumps to it: an export, in which one frame of
+    /// the loop's clock passes per frame written, however long it took to make
+    unpaced,
 };
 
 /// The main queue, delayed calls and timers, behind one interface with two clocks: the wall clock

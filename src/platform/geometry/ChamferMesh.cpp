@@ -15,7 +15,7 @@ namespace {
 constexpr std::uint32_t kNone = UINT32_MAX;
 constexpr double kSnap = 1e-3;     // scene units; points this near a level stand on it
 constexpr double kArcError = 0.05; // scene units between an arc and its chords
-constexpr double kLargestWedge = std::numbers::pi / 8;
+constexpr double kMaxWedge = std::numbers::pi / 8;
 constexpr double kClearOfFace = 1.1;    // widths; chords of two wedges' arcs stay below this
 constexpr float kSameNormal = 0.99999f; // cosine
 constexpr float kSameTexture = 1e-4f;
@@ -169,8 +169,7 @@ bool ChamferMesher::isWedge(std::span<const MedialMap::Step> steps) const {
     const bool isClear = std::all_of(steps.begin(), steps.end(), [&](const auto& step) {
         return distances[step.point] > radius * kClearOfFace;
     });
-    const double most =
-        std::min(kLargestWedge, 2 * std::acos(1 - std::min(1.0, kArcError / radius)));
+    const double most = std::min(kMaxWedge, 2 * std::acos(1 - std::min(1.0, kArcError / radius)));
     const double from = fanAngle(mesh.points[steps.front().point]);
     return isClear && fanAngle(mesh.points[steps.back().point]) - from < most;
 }

@@ -14,7 +14,7 @@ namespace zelvo::geometry {
 namespace {
 
 constexpr double kProfileError = 0.03; // scene units between the profile and its bands
-constexpr double kLeastBand = 0.01;    // of the width; narrower bands are left out
+constexpr double kMinBand = 0.01;      // of the width; narrower bands are left out
 
 BezierPath straightProfile() {
     BezierPath path;
@@ -38,7 +38,7 @@ FlatContour climb(const BezierPath& path, double flatness) {
     kept.front().position = {1, 0};
     for (std::size_t i = 1; i + 1 < contour.size(); ++i) {
         const double x = contour[i].position.x;
-        if (x < kept.back().position.x - kLeastBand && x > kLeastBand)
+        if (x < kept.back().position.x - kMinBand && x > kMinBand)
             kept.push_back(contour[i]);
     }
     kept.push_back(contour.back());

@@ -51,7 +51,7 @@ private:
 
 namespace {
 
-constexpr double kLeastChamfer = 0.02; // scene units; less is not seen
+constexpr double kMinChamfer = 0.02; // scene units; less is not seen
 
 using Triangle = ChamferMesh::Triangle;
 
@@ -154,10 +154,9 @@ private:
         const auto sign = static_cast<float>(side);
         return {
             .position = glm::vec3(glm::vec2(position), static_cast<float>(faceZ) * sign),
-            .normal = {0,  0, sign},
-            .tangent = { sign, 0, 0,   -1},
-            .uv = glm::vec2(glm::dvec2(u, v) * skeleton.textureScale)
-        };
+            .normal = {0, 0, sign},
+            .tangent = {sign, 0, 0, -1},
+            .uv = glm::vec2(glm::dvec2(u, v) * skeleton.textureScale)};
     }
 
     void writeWalls() {
@@ -236,7 +235,7 @@ Mesh extrude(const OutlineSkeleton& skeleton, const ExtrusionOptions& options) {
     const auto radius = static_cast<double>(options.chamferRadius);
     CHECK(std::isfinite(depth) && depth > 0, "a solid of depth {} has no inside", depth);
     CHECK(std::isfinite(radius) && radius >= 0, "a chamfer has no radius of {}", radius);
-    const bool hasChamfer = radius >= kLeastChamfer;
+    const bool hasChamfer = radius >= kMinChamfer;
     const ChamferProfile profile =
         hasChamfer ? ChamferProfile(options.chamferProfile, radius, std::min(radius, depth / 2))
                    : ChamferProfile();

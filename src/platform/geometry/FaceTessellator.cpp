@@ -87,11 +87,7 @@ bool doSidesMatch(std::span<const Triangle> triangles, std::span<const Side> sid
     std::vector<Side> open;
     std::vector<Side> closing;
     for (const auto& [a, b, c] : triangles) {
-        for (const Side& side : {
-                 Side{a, b},
-                 Side{b, c},
-                 Side{c, a}
-        }) {
+        for (const Side& side : {Side{a, b}, Side{b, c}, Side{c, a}}) {
             open.push_back(side);
             closing.push_back({side[1], side[0]});
         }

@@ -14,10 +14,9 @@ namespace zelvo::geometry {
 
 namespace {
 
-constexpr int kMostPieces = 64;
-constexpr double kLargestTurn =
-    std::numbers::pi / 4;               // of a curve within one chord: shading shows more
-constexpr double kSmallestStep = 0.004; // scene units; points nearer than this are one
+constexpr int kMaxPieces = 64;
+constexpr double kMaxTurn = std::numbers::pi / 4; // of a curve within one chord: shading shows more
+constexpr double kMinStep = 0.004;                // scene units; points nearer than this are one
 
 // The line, quadratic or cubic curve of 2 to 4 control points.
 using Curve = std::span<const glm::dvec2>;
@@ -84,13 +83,13 @@ int pieceCount(Curve curve, double flatness) {
     }
     const auto degree = static_cast<double>(curve.size() - 1);
     const double byFlatness = std::sqrt(degree * (degree - 1) * largest / (8 * flatness));
-    const double pieces = std::max(byFlatness, turn / kLargestTurn);
-    return std::clamp(static_cast<int>(std::ceil(pieces)), 1, kMostPieces);
+    const double pieces = std::max(byFlatness, turn / kMaxTurn);
+    return std::clamp(static_cast<int>(std::ceil(pieces)), 1, kMaxPieces);
 }
 
 bool isUsable(glm::dvec2 point) {
     return std::isfinite(point.x) && std::isfinite(point.y) &&
-           std::max(std::abs(point.x), std::abs(point.y)) <= kLargestCoordinate;
+           std::max(std::abs(point.x), std::abs(point.y)) <= kMaxCoordinate;
 }
 
 // Takes a path's elements one after another and keeps the contours.
@@ -156,7 +155,7 @@ private:
         const CurvePoint end = evaluate(curve, static_cast<double>(i) / count);
         const glm::dvec2 position = isLast ? curve.back() : end.position;
         const glm::dvec2 direction = isLast ? endDirection(curve) : end.direction;
-        if (glm::distance(position, contour.back().position) < kSmallestStep)
+        if (glm::distance(position, contour.back().position) < kMinStep)
             return;
         if (i == 1 || contour.back().directionOut == glm::dvec2(0)) {
             contour.back().directionOut =
@@ -179,7 +178,7 @@ private:
 void closeContour(FlatContour& contour) {
     FlatVertex& first = contour.front();
     FlatVertex& last = contour.back();
-    if (contour.size() > 1 && glm::distance(first.position, last.position) < kSmallestStep) {
+    if (contour.size() > 1 && glm::distance(first.position, last.position) < kMinStep) {
         first.directionIn = last.directionIn;
         contour.pop_back();
         return;

@@ -20,13 +20,13 @@ struct FlatVertex {
 using FlatContour = std::vector<FlatVertex>;
 
 /// The polylines of a path, none of them repeating a point. No chord is further than `flatness`
-/// from its curve. Contours that hold a coordinate that is not finite or beyond kLargestCoordinate
+/// from its curve. Contours that hold a coordinate that is not finite or beyond kMaxCoordinate
 /// are left out.
 [[nodiscard]] std::vector<FlatContour> flatten(const BezierPath& path, double flatness);
 
 /// The same for one open contour: its ends have one direction each and stay apart.
 [[nodiscard]] FlatContour flattenOpen(const BezierPath& path, double flatness);
 
-constexpr double kLargestCoordinate = 1 << 18; ///< scene units
+constexpr double kMaxCoordinate = 1 << 18; ///< scene units
 
 } // namespace zelvo::geometry

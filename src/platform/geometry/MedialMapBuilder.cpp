@@ -16,9 +16,9 @@ namespace {
 constexpr double kMergeDistance = 3e-4; // scene units; nearer vertices are one
 constexpr double kChordError =
     0.05; // scene units, of curved edges and of the distance along straight ones
-constexpr double kLargestFanAngle =
+constexpr double kMaxFanAngle =
     std::numbers::pi / 10; // that one link may cover, seen from a reflex corner
-constexpr int kMostPieces = 24;
+constexpr int kMaxPieces = 24;
 constexpr std::uint32_t kNone = UINT32_MAX;
 
 double cross(glm::dvec2 a, glm::dvec2 b) {
@@ -34,7 +34,7 @@ glm::dvec2 positionOf(const Diagram::vertex_type* vertex) {
 }
 
 int clampPieces(double count) {
-    return std::clamp(static_cast<int>(std::ceil(count)), 1, kMostPieces);
+    return std::clamp(static_cast<int>(std::ceil(count)), 1, kMaxPieces);
 }
 
 } // namespace
@@ -215,7 +215,7 @@ void MedialMapBuilder::appendParabola(const Edge* edge, std::uint32_t corner, st
         return;
     const int count = clampPieces(std::max(
         std::abs(xb - xa) / std::sqrt(8 * p * kChordError),
-        angleBetween(a - focus, b - focus) / kLargestFanAngle));
+        angleBetween(a - focus, b - focus) / kMaxFanAngle));
     for (int i = 1; i < count; ++i) {
         const double x = xa + (xb - xa) * i / count;
         const double y = (x * x + p * p) / (2 * p);
@@ -234,7 +234,7 @@ void MedialMapBuilder::appendBetweenCorners(const Edge* edge, std::uint32_t corn
         return;
     const int count = clampPieces(std::max(
         glm::distance(a, b) / std::sqrt(8 * h * kChordError),
-        angleBetween(a - focus, b - focus) / kLargestFanAngle));
+        angleBetween(a - focus, b - focus) / kMaxFanAngle));
     for (int i = 1; i < count; ++i) {
         const glm::dvec2 position = a + (b - a) * (static_cast<double>(i) / count);
         polylinePoints.push_back(addPoint(position, glm::distance(position, focus)));

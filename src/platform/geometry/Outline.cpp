@@ -19,7 +19,7 @@ namespace {
 constexpr double kSmoothTurn =
     std::numbers::pi / 6;           // sharper joints of two curves or lines are corners
 constexpr double kSpeckArea = 0.02; // square units; smaller loops are dropped
-constexpr int kMostUnions = 3;
+constexpr int kMaxUnions = 3;
 
 double cross(glm::dvec2 a, glm::dvec2 b) {
     return a.x * b.y - a.y * b.x;
@@ -97,7 +97,7 @@ std::vector<GridLoop> uniteContours(const std::vector<FlatContour>& contours) {
         }
     }
     // Rounding can make a union's pieces cross by a grid step; then its union is taken again.
-    for (int round = 0; round < kMostUnions; ++round) {
+    for (int round = 0; round < kMaxUnions; ++round) {
         RepairedLoops repaired = drawApart(unite(toPaths(loops)));
         loops = std::move(repaired.loops);
         if (repaired.isClean)

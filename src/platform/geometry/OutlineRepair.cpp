@@ -15,7 +15,7 @@ namespace {
 
 constexpr double kContact = 1.5; // grid steps: nearer than this is touching
 constexpr double kStep = 3;      // grid steps that a touching corner moves
-constexpr int kMostRounds = 6;
+constexpr int kMaxRounds = 6;
 constexpr double kStraight =
     0.75; // grid steps that a corner may stick out of the line of its neighbours
 
@@ -183,7 +183,7 @@ void moveTouching(std::vector<GridLoop>& loops, const Contacts& contacts) {
 } // namespace
 
 RepairedLoops drawApart(std::vector<GridLoop> loops) {
-    for (int round = 0; round < kMostRounds; ++round) {
+    for (int round = 0; round < kMaxRounds; ++round) {
         for (GridLoop& loop : loops) {
             dropIdleCorners(loop);
         }

@@ -67,6 +67,7 @@ struct BoxSide {
     glm::vec3 outward, right, down;
 };
 
+// clang-format off
 constexpr auto kBoxSides = std::to_array<BoxSide>({
     {{0, 0, 1},  {1, 0, 0},  {0, -1, 0}},
     {{1, 0, 0},  {0, 0, -1}, {0, -1, 0}},
@@ -75,6 +76,8 @@ constexpr auto kBoxSides = std::to_array<BoxSide>({
     {{0, 1, 0},  {1, 0, 0},  {0, 0, 1} },
     {{0, -1, 0}, {1, 0, 0},  {0, 0, -1}},
 });
+
+// clang-format on
 
 // Where a side's grid has its lines along one axis: the flat part's ends and, over the rounded
 // edges, equal angles up to the 45 degrees at which the next side takes over. The angle leans from
@@ -85,10 +88,7 @@ struct GridLine {
 
 std::vector<GridLine> gridLines(float flatHalf, float radius) {
     if (radius <= 0)
-        return {
-            {-flatHalf, 0},
-            {flatHalf,  0}
-        };
+        return {{-flatHalf, 0}, {flatHalf, 0}};
     std::vector<GridLine> lines;
     for (int i = kChamferSteps; i >= 0; --i) {
         lines.push_back({-flatHalf, -kPi / 4 * static_cast<float>(i) / kChamferSteps});
@@ -123,12 +123,11 @@ void addBoxSide(Mesh& mesh, const BoxSide& side, const glm::vec3& half, float ra
                 side.outward * (halfOut - radius) + side.right * column.core + side.down * row.core;
             const glm::vec3 tangent =
                 glm::normalize(side.right - normal * glm::dot(normal, side.right));
-            grid.addVertex({
-                core + normal * radius,
-                normal,
-                glm::vec4(tangent, -1),
-                {shareOf(column, halfRight, radius), shareOf(row, halfDown, radius)}
-            });
+            grid.addVertex(
+                {core + normal * radius,
+                 normal,
+                 glm::vec4(tangent, -1),
+                 {shareOf(column, halfRight, radius), shareOf(row, halfDown, radius)}});
         }
     }
     grid.finish();
@@ -166,10 +165,7 @@ Mesh makeSphere(float radius, int segmentCount) {
             const float x = -std::sin(turn);
             const float z = -std::cos(turn);
             const glm::vec3 normal(ring * x, std::cos(v * kPi), ring * z);
-            grid.addVertex({
-                normal * radius, normal, {z,   0, -x, -1},
-                    {u, v }
-            });
+            grid.addVertex({normal * radius, normal, {z, 0, -x, -1}, {u, v}});
         }
     }
     grid.finish();
@@ -183,12 +179,14 @@ Mesh makePlane(float width, float height) {
     GridWriter grid(mesh, 2);
     for (const float v : {0.0f, 1.0f}) {
         for (const float u : {0.0f, 1.0f}) {
+            // clang-format off
             grid.addVertex({
                 {width * (u - 0.5f), height * (0.5f - v), 0},
                 {0,                  0,                                     1},
                 {1,                 0,0, -1},
                 {u, v                   }
             });
+            // clang-format on
         }
     }
     grid.finish();
@@ -215,10 +213,11 @@ Mesh makeTorus(float ringRadius, float pipeRadius, int ringSegments, int pipeSeg
                                static_cast<float>(ringSegments);
             const glm::vec3 away(-std::sin(turn), 0, -std::cos(turn));
             const glm::vec3 normal = away * -std::cos(lift) + glm::vec3(0, std::sin(lift), 0);
-            grid.addVertex({
-                away * ringRadius + normal * pipeRadius, normal, {away.z, 0, -away.x, -1},
-                        {u,    v    }
-            });
+            grid.addVertex(
+                {away * ringRadius + normal * pipeRadius,
+                 normal,
+                 {away.z, 0, -away.x, -1},
+                 {u, v}});
         }
     }
     grid.finish();

@@ -71,40 +71,37 @@ struct SVGPath::Builders {
     }
 
     static SVGCommand quad(Group n, const SVGCommand* /*previous*/, Coordinates /*coords*/) {
+        // clang-format off
         return {
             {n[2], n[3]},
             {n[0], n[1]},
             {n[0], n[1]},
             Kind::quadCurve
         };
+        // clang-format on
     }
 
     static SVGCommand smoothQuad(Group n, const SVGCommand* previous, Coordinates coords) {
         const glm::dvec2 control =
             reflected(previous, coords, {Kind::quadCurve, &SVGCommand::control1});
-        return {
-            {n[0], n[1]},
-            control, control, Kind::quadCurve
-        };
+        return {{n[0], n[1]}, control, control, Kind::quadCurve};
     }
 
     static SVGCommand cubic(Group n, const SVGCommand* /*previous*/, Coordinates /*coords*/) {
+        // clang-format off
         return {
             {n[4], n[5]},
             {n[0], n[1]},
             {n[2], n[3]},
             Kind::cubeCurve
         };
+        // clang-format on
     }
 
     static SVGCommand smoothCubic(Group n, const SVGCommand* previous, Coordinates coords) {
         const glm::dvec2 control =
             reflected(previous, coords, {Kind::cubeCurve, &SVGCommand::control2});
-        return {
-            {n[2], n[3]},
-            control, {n[0], n[1]},
-            Kind::cubeCurve
-        };
+        return {{n[2], n[3]}, control, {n[0], n[1]}, Kind::cubeCurve};
     }
 
     static SVGCommand close(Group /*n*/, const SVGCommand* /*previous*/, Coordinates /*coords*/) {
@@ -144,6 +141,7 @@ struct SVGPath::Letter {
 
 const SVGPath::Letter* SVGPath::letterOf(char character) {
     using enum Coordinates;
+    // clang-format off
     static constexpr auto kLetters = std::to_array<Letter>({
         {'M', absolute, 2, Builders::move       },
         {'m', relative, 2, Builders::move       },
@@ -163,6 +161,7 @@ const SVGPath::Letter* SVGPath::letterOf(char character) {
         {'s', relative, 4, Builders::smoothCubic},
         {'Z', absolute, 1, Builders::close      },
     });
+    // clang-format on
     const auto* const found = std::ranges::find(kLetters, character, &Letter::letter);
     return found == kLetters.end() ? nullptr : found;
 }

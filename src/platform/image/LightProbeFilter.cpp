@@ -17,7 +17,7 @@ namespace {
 
 constexpr float kPi = std::numbers::pi_v<float>;
 constexpr int kSourceSide = 256; ///< the sharpest octahedral copy of the picture
-constexpr int kSmallestSide = 4;
+constexpr int kMinSide = 4;
 constexpr int kIrradianceSide = 64; ///< the copy that irradiance is gathered from
 constexpr int kSubsamples = 4;      ///< a side, for each texel of the sharpest copy
 constexpr float kBrightest = 65504; ///< the largest half float
@@ -122,7 +122,7 @@ class Chain {
 public:
     explicit Chain(const Radiance& radiance) {
         maps.push_back(unfolded(radiance));
-        while (maps.back().side() > kSmallestSide)
+        while (maps.back().side() > kMinSide)
             maps.push_back(halved(maps.back()));
     }
 

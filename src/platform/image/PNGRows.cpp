@@ -104,10 +104,7 @@ std::optional<PNGHeader> pngHeaderOf(std::span<const std::uint8_t> bytes) {
         const std::uint32_t length = png_get_uint_32(bytes.data() + at);
         return static_cast<int>(std::min<std::uint32_t>(length, PNG_UINT_31_MAX));
     };
-    return PNGHeader{
-        {lengthAt(kWidthAt), lengthAt(kHeightAt)},
-        bytes[kInterlaceAt] != 0
-    };
+    return PNGHeader{{lengthAt(kWidthAt), lengthAt(kHeightAt)}, bytes[kInterlaceAt] != 0};
 }
 
 Result<LimitedPNG> readLimitedPNG(ByteSource source) {

@@ -14,8 +14,8 @@ using namespace std::string_view_literals;
 using Bytes = std::vector<std::uint8_t>;
 
 constexpr unsigned kUpright = 1;
-constexpr int kMostChunks = 4096;
-constexpr std::size_t kMostExif = 1U << 16U;
+constexpr int kMaxChunks = 4096;
+constexpr std::size_t kMaxExif = 1U << 16U;
 
 enum class ByteOrder { bigEndian, littleEndian };
 
@@ -66,13 +66,13 @@ std::optional<Container> containerOf(const Bytes& start) {
 Bytes exifOf(const FileReader& file, const Container& container) {
     constexpr std::size_t kHead = 8;
     auto at = static_cast<std::int64_t>(container.first);
-    for (int i = 0; i < kMostChunks; ++i) {
+    for (int i = 0; i < kMaxChunks; ++i) {
         const Bytes head = file(at, kHead);
         if (head.size() < kHead)
             break;
         const std::size_t length = numberAt(head, container.lengthAt, 4, container.order);
         if (hasAt(head, container.nameAt, container.exifName))
-            return file(at + static_cast<std::int64_t>(kHead), std::min(length, kMostExif));
+            return file(at + static_cast<std::int64_t>(kHead), std::min(length, kMaxExif));
         if (!container.lastName.empty() && hasAt(head, container.nameAt, container.lastName))
             break;
         const std::size_t padded = (length + container.alignment - 1) / container.alignment;
@@ -111,6 +111,7 @@ struct Turn {
 };
 
 /// By Exif's number.
+// clang-format off
 constexpr auto kTurns = std::to_array<Turn>({
     {false, false, false},
     {false, false, false},
@@ -122,6 +123,7 @@ constexpr auto kTurns = std::to_array<Turn>({
     {true,  true,  true },
     {true,  true,  false},
 });
+// clang-format on
 
 } // namespace
 

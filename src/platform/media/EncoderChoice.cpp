@@ -150,10 +150,7 @@ FFmpegPtr<AVCodecContext> ChosenEncoder::openRow(const Row& row, const VideoSett
     context->pix_fmt = row.format;
     if (row.format == AV_PIX_FMT_VAAPI && !giveHardwareFrames(*context))
         return nullptr;
-    Options options{
-        {row.speedName,   row.speed  },
-        {row.qualityName, row.quality}
-    };
+    Options options{{row.speedName, row.speed}, {row.qualityName, row.quality}};
     if (avcodec_open2(context.get(), encoder, options.get()) < 0)
         return nullptr;
     return context;
@@ -173,6 +170,7 @@ int ChosenEncoder::send(const AVFrame* picture) const {
 std::span<const ChosenEncoder::Row> ChosenEncoder::rows() {
     constexpr auto kPlanes = AV_PIX_FMT_YUV420P;
     constexpr auto kCard = AV_PIX_FMT_VAAPI;
+    // clang-format off
     static constexpr auto kRows = std::to_array<Row>({
         {VideoCodec::h264,
          "libx264",                      false,
@@ -187,6 +185,7 @@ std::span<const ChosenEncoder::Row> ChosenEncoder::rows() {
          "superfast",                                                      "x265-params",
          "crf=19:bframes=0:aq-mode=3:log-level=none"                                          },
     });
+    // clang-format on
     return kRows;
 }
 

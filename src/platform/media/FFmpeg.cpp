@@ -33,9 +33,9 @@ std::string describeAVError(int code) {
 }
 
 Error writingError(int code, const std::filesystem::path& file) {
-    constexpr int kMostErrno = 4095; // beyond lie FFmpeg's own codes
+    constexpr int kMaxErrno = 4095; // beyond lie FFmpeg's own codes
     const int errorNumber = AVUNERROR(code);
-    if (errorNumber > 0 && errorNumber <= kMostErrno)
+    if (errorNumber > 0 && errorNumber <= kMaxErrno)
         return foundation::writingError(errorNumber, file);
     return {
         Cause::unwritable,

@@ -123,12 +123,11 @@ Result<FFmpegPtr<AVFormatContext>> openMediaFile(const std::filesystem::path& pa
     if (auto checked = checkFile(path); !checked)
         return tl::unexpected(checked.error());
     Options options{
-        {"format_whitelist",   kFormats  },
-        {"protocol_whitelist", "file"    },
-        {"max_streams",        "32"      },
-        {"probesize",          "5000000" },
-        {"analyzeduration",    "10000000"}
-    };
+        {"format_whitelist", kFormats},
+        {"protocol_whitelist", "file"},
+        {"max_streams", "32"},
+        {"probesize", "5000000"},
+        {"analyzeduration", "10000000"}};
     auto input = std::make_unique<Input>(path);
     if (!input->isOpen())
         return openingError(AVERROR(errno), path);

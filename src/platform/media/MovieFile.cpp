@@ -64,10 +64,7 @@ int MovieFile::addTrack(const AVCodecParameters& parameters, AVRational timeBase
 
 Result<void> MovieFile::begin() {
     // One timescale for movie and video, so that lengths in frames are exact in both.
-    Options options{
-        {"movie_timescale",       "600"},
-        {"video_track_timescale", "600"}
-    };
+    Options options{{"movie_timescale", "600"}, {"video_track_timescale", "600"}};
     if (layout == Layout::indexFirst)
         av_dict_set(options.get(), "movflags", "+faststart", 0);
     hasBegun = true;

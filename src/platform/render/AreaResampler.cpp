@@ -18,9 +18,7 @@ using Words = std::int32_t __attribute__((vector_size(16)));
 
 /// Ordered thresholds (Bayer 1973) instead of plain rounding: whole values stay, gradients do not
 /// band.
-constexpr std::array<std::array<float, 2>, 2> kThresholds{
-    {{0.125f, 0.625f}, {0.875f, 0.375f}}
-};
+constexpr std::array<std::array<float, 2>, 2> kThresholds{{{0.125f, 0.625f}, {0.875f, 0.375f}}};
 
 ZELVO_WIDE_LOOP void
 squareRow(const std::uint8_t* __restrict row, float weight, float* __restrict sums, int count) {

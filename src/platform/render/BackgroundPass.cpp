@@ -76,20 +76,13 @@ void BackgroundPass::drawPicture(
         cube.run(
             drawing,
             kept,
-            {
-                {kPictureUnit, textures.cube(*faces), textures.smoothSampler()}
-        },
+            {{kPictureUnit, textures.cube(*faces), textures.smoothSampler()}},
             block);
         return;
     }
     const std::uint32_t picture = textures.picture(background.image(), PictureUse::backdrop);
     equirectangular.run(
-        drawing,
-        kept,
-        {
-            {kPictureUnit, picture, textures.backdropSampler()}
-    },
-        block);
+        drawing, kept, {{kPictureUnit, picture, textures.backdropSampler()}}, block);
 }
 
 } // namespace zelvo::render

@@ -38,9 +38,7 @@ private:
     isKept(const scene::SCNMaterialProperty& background, const CameraView& camera, Size size) const;
 
     FullscreenPass equirectangular{"background.frag", {"DIRECTIONS"}};
-    FullscreenPass cube{
-        "background.frag", {"DIRECTIONS", "CUBE"}
-    };
+    FullscreenPass cube{"background.frag", {"DIRECTIONS", "CUBE"}};
     RenderTarget kept{TargetFormat::rgba8};
     scene::SCNMaterialProperty::Contents keptContents;
     glm::mat4 keptView{0};

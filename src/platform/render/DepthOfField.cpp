@@ -10,7 +10,7 @@ namespace zelvo::render {
 namespace {
 
 constexpr double kSensorHeight = 0.024; // metres
-constexpr double kLeastVisible = 0.5;   // output pixels
+constexpr double kMinVisible = 0.5;     // output pixels
 
 } // namespace
 
@@ -25,7 +25,7 @@ double largestBlur(const scene::SCNCamera& camera, int outputHeight) {
 }
 
 bool needsDepthOfField(const scene::SCNCamera& camera, int outputHeight) {
-    return camera.wantsDepthOfField && largestBlur(camera, outputHeight) >= kLeastVisible;
+    return camera.wantsDepthOfField && largestBlur(camera, outputHeight) >= kMinVisible;
 }
 
 } // namespace zelvo::render

@@ -34,10 +34,7 @@ void DepthOfFieldPass::draw(
     pass.run(
         tools,
         pictures.spare,
-        {
-            {kPictureUnit, picture.color()},
-            {kDepthUnit,   picture.depth()}
-    },
+        {{kPictureUnit, picture.color()}, {kDepthUnit, picture.depth()}},
         lensOf(camera, picture.size()));
     pictures.exchange();
 }

@@ -15,8 +15,8 @@ namespace zelvo::render {
 
 /// A drawn picture on its way to the caller.
 struct DrawnFrame {
-    std::size_t slot = 0; ///< below SCNRenderer::kFramesInFlight; a slot's picture is fetched
-                          ///< before it is queued anew
+    /// below SCNRenderer::kFramesInFlight; a slot's picture is fetched before it is queued anew
+    std::size_t slot = 0;
     const RenderTarget* picture = nullptr;
     Size outputSize;
 };

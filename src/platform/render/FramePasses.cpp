@@ -100,8 +100,7 @@ void FramePasses::draw(const FrameInput& input, RenderTarget& picture) {
     const Frame frame{
         input,
         {picture, spare},
-        drawer.begin(input.scene, input.pointOfView, picture, input.uniforms)
-    };
+        drawer.begin(input.scene, input.pointOfView, picture, input.uniforms)};
     for (const Pass& pass : passes()) {
         if (!pass.isSeen(*this, frame))
             continue;

@@ -48,13 +48,7 @@ public:
         PassBlock block;
         block.passNumbers[0].x = static_cast<float>(drawn.width) / static_cast<float>(size.width);
         block.passNumbers[0].y = static_cast<float>(drawn.height) / static_cast<float>(size.height);
-        resolve.run(
-            {
-                state, uniforms
-        },
-            scaled,
-            {{kPictureUnit, frame.picture->color()}},
-            block);
+        resolve.run({state, uniforms}, scaled, {{kPictureUnit, frame.picture->color()}}, block);
         glBindBuffer(GL_PIXEL_PACK_BUFFER, transfer.buffer.name());
         glReadPixels(0, 0, size.width, size.height, GL_RGBA, GL_UNSIGNED_BYTE, nullptr);
         glBindBuffer(GL_PIXEL_PACK_BUFFER, 0);

@@ -16,6 +16,7 @@ struct BlendRow {
 
 /// In the order of Blend. Multiply: the shader has already mixed the colour with white by its
 /// alpha.
+// clang-format off
 constexpr auto kBlends = std::to_array<BlendRow>({
     {GL_FUNC_ADD,              GL_ONE,       GL_ZERO               },
     {GL_FUNC_ADD,              GL_ONE,       GL_ONE_MINUS_SRC_ALPHA},
@@ -24,6 +25,7 @@ constexpr auto kBlends = std::to_array<BlendRow>({
     {GL_FUNC_ADD,              GL_DST_COLOR, GL_ZERO               },
     {GL_FUNC_ADD,              GL_ONE,       GL_ONE_MINUS_SRC_COLOR}
 });
+// clang-format on
 
 constexpr auto kDepthFunctions =
     std::to_array<GLenum>({GL_ALWAYS, GL_GREATER, GL_GEQUAL, GL_EQUAL});

@@ -19,10 +19,10 @@ using scene::SCNLight;
 using scene::SCNLightType;
 
 constexpr float kNominalIntensity = 1000;
-constexpr float kLeastHalfExtent = 500; ///< scene units, of a directional light's map
-constexpr float kExtentStep = 1.1f;     ///< the map's extent grows in steps, lest its texels crawl
-constexpr int kSmallestMap = 128;
-constexpr int kLargestMap = 4096;
+constexpr float kMinHalfExtent = 500; ///< scene units, of a directional light's map
+constexpr float kExtentStep = 1.1f;   ///< the map's extent grows in steps, lest its texels crawl
+constexpr int kMinMap = 128;
+constexpr int kMaxMap = 4096;
 constexpr float kTapReach = 2; ///< texels from the middle that the shader's taps regard
 
 /// Right, up, backwards of an eye that looks along the direction.
@@ -78,7 +78,7 @@ float steppedUp(float extent) {
 void setTaps(ShadowView& view, const SCNLight& light) {
     const float softness = std::max(light.shadowRadius, 1.0f) / kTapReach;
     const float size = static_cast<float>(light.shadowMapSize) / softness;
-    view.mapSize = std::clamp(static_cast<int>(std::lround(size)), kSmallestMap, kLargestMap);
+    view.mapSize = std::clamp(static_cast<int>(std::lround(size)), kMinMap, kMaxMap);
     view.tapSpacing = 1.0f / static_cast<float>(view.mapSize);
 }
 
@@ -91,7 +91,7 @@ void fitDirectional(ShadowView& view, const PlacedLight& placed, const Snapshot&
     const glm::vec3 half = (box.max - box.min) * 0.5f;
     const float margin = 1.05f; // the soft edge needs some room
     const float extent =
-        std::max(kLeastHalfExtent, steppedUp(std::max({half.x, half.y, 1.0f}) * margin));
+        std::max(kMinHalfExtent, steppedUp(std::max({half.x, half.y, 1.0f}) * margin));
     const float texel = 2 * extent / static_cast<float>(view.mapSize);
     const glm::vec3 middle = (box.max + box.min) * 0.5f;
     const glm::vec3 eye(

@@ -19,6 +19,7 @@ struct SlotRow {
     const char* define;
 };
 
+// clang-format off
 constexpr auto kSlots = std::to_array<SlotRow>({
     {kDiffuseUnit,          &SCNMaterial::diffuse,          "HAS_DIFFUSE_PICTURE"          },
     {kSpecularUnit,         &SCNMaterial::specular,         "HAS_SPECULAR_PICTURE"         },
@@ -32,6 +33,7 @@ constexpr auto kSlots = std::to_array<SlotRow>({
     {kMetalnessUnit,        &SCNMaterial::metalness,        "HAS_METALNESS_PICTURE"        },
     {kRoughnessUnit,        &SCNMaterial::roughness,        "HAS_ROUGHNESS_PICTURE"        },
 });
+// clang-format on
 static_assert(kSlots.size() == kSlotUnitCount);
 
 struct FeatureRow {
@@ -39,6 +41,7 @@ struct FeatureRow {
     const char* define;
 };
 
+// clang-format off
 constexpr auto kFeatures = std::to_array<FeatureRow>({
     {kLit,             "LIT"                 },
     {kPassThrough,     "PASS_THROUGH"        },
@@ -51,6 +54,8 @@ constexpr auto kFeatures = std::to_array<FeatureRow>({
     {kEnvironment,     "HAS_ENVIRONMENT"     },
     {kToneMap,         "TONE_MAP"            },
 });
+
+// clang-format on
 
 /// A colour slot's part in the shader: the linear colour, or white where a picture gives it, times
 /// the intensity.

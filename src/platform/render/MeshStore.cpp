@@ -18,12 +18,15 @@ struct AttributeRow {
     std::size_t offset;
 };
 
+// clang-format off
 constexpr auto kAttributes = std::to_array<AttributeRow>({
     {3, offsetof(Vertex, position)},
     {3, offsetof(Vertex, normal)  },
     {4, offsetof(Vertex, tangent) },
     {2, offsetof(Vertex, uv)      }
 });
+
+// clang-format on
 
 template <class T> BufferHandle makeBuffer(const std::vector<T>& values) {
     GLuint name = 0;

@@ -19,11 +19,11 @@ namespace {
 using scene::Particle;
 using scene::ParticleBlendMode;
 
-constexpr float kGone = 20;       ///< scene units before the camera: nothing nearer is drawn
-constexpr float kUntouched = 90;  ///< from here on nothing fades
-constexpr float kMostLift = 0.6f; ///< share of the way to the camera
+constexpr float kGone = 20;      ///< scene units before the camera: nothing nearer is drawn
+constexpr float kUntouched = 90; ///< from here on nothing fades
+constexpr float kMaxLift = 0.6f; ///< share of the way to the camera
 constexpr float kFaintest = 1.0f / 255;
-constexpr std::size_t kLeastCapacity = 1024;
+constexpr std::size_t kMinCapacity = 1024;
 
 /// 8 bits a channel, premultiplied.
 std::uint32_t packed(const glm::vec4& color) {
@@ -129,7 +129,7 @@ void ParticlePass::addBatch(
                                 ? stretchedSides(particle, camera, system.stretchFactor)
                                 : facingSides(particle, camera);
         const float lift = mode == ParticleBlendMode::additive
-                               ? std::min(particle.size / 2, kMostLift * -minusDepth)
+                               ? std::min(particle.size / 2, kMaxLift * -minusDepth)
                                : 0.0f;
         instances.push_back({particle.position, sides.right, sides.up, lift, packed(color)});
     }
@@ -164,7 +164,7 @@ void ParticlePass::ensureReady() {
 
 void ParticlePass::upload() {
     // New storage each time: frames under way keep theirs.
-    capacity = std::max({capacity, kLeastCapacity, instances.size()});
+    capacity = std::max({capacity, kMinCapacity, instances.size()});
     glNamedBufferData(
         buffer.name(),
         static_cast<GLsizeiptr>(capacity * sizeof(Instance)),

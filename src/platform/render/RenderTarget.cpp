@@ -17,10 +17,8 @@ struct FormatRow {
 };
 
 /// In the order of TargetFormat.
-constexpr auto kFormats = std::to_array<FormatRow>({
-    {GL_RGBA8,              false},
-    {GL_DEPTH_COMPONENT32F, true }
-});
+constexpr auto kFormats =
+    std::to_array<FormatRow>({{GL_RGBA8, false}, {GL_DEPTH_COMPONENT32F, true}});
 
 const FormatRow& rowOf(TargetFormat format) {
     return kFormats.at(static_cast<std::size_t>(format));

@@ -14,8 +14,8 @@
 namespace zelvo::render {
 namespace {
 
-constexpr int kLeastVersion = 45;
-constexpr double kMostOversampling = 2;
+constexpr int kMinVersion = 45;
+constexpr double kMaxOversampling = 2;
 constexpr std::size_t kFrames = 3; ///< whose uniforms may still be read
 
 /// The uniforms of a frame and when they are done with.
@@ -68,7 +68,7 @@ struct SCNView::State {
 };
 
 foundation::Result<std::unique_ptr<SCNView>> SCNView::make() {
-    if (!epoxy_is_desktop_gl() || epoxy_gl_version() < kLeastVersion) {
+    if (!epoxy_is_desktop_gl() || epoxy_gl_version() < kMinVersion) {
         return foundation::fail(
             foundation::Cause::unavailable,
             fmt::format(
@@ -108,7 +108,7 @@ void SCNView::draw(const ViewTarget& target) {
         "a view of {} x {}",
         target.size.width,
         target.size.height);
-    const double oversampling = std::clamp(quality.oversampling, 1.0, kMostOversampling);
+    const double oversampling = std::clamp(quality.oversampling, 1.0, kMaxOversampling);
     FrameMemory& frame = state->frames.at(state->drawn++ % kFrames);
     frame.done.await();
     GraphicsState& graphics = state->passes.graphicsState();

@@ -24,8 +24,7 @@ SceneDrawer::Frame SceneDrawer::begin(
     views = shadowViews(snapshot);
     painter.begin();
     return {
-        scene, target, frameBlock(scene), {snapshot, views.all(), uniforms, frameFeatures(scene)}
-    };
+        scene, target, frameBlock(scene), {snapshot, views.all(), uniforms, frameFeatures(scene)}};
 }
 
 void SceneDrawer::end() {

@@ -13,7 +13,7 @@ namespace {
 
 /// The share of the picture that a shadow must seem to reach for its casters to be told apart.
 constexpr double kWorthASecondLook = 0.02;
-constexpr float kLeastDistance = 1e-3f; ///< from the eye's plane, scene units
+constexpr float kMinDistance = 1e-3f; ///< from the eye's plane, scene units
 
 using Corners = std::array<glm::vec3, 8>;
 
@@ -39,6 +39,7 @@ Corners cornersOf(const VisibleNode& node) {
 }
 
 /// By their numbers in cornersOf, around each face.
+// clang-format off
 constexpr auto kFaces = std::to_array<std::array<std::size_t, 4>>({
     {0, 1, 3, 2},
     {4, 5, 7, 6},
@@ -47,6 +48,8 @@ constexpr auto kFaces = std::to_array<std::array<std::size_t, 4>>({
     {0, 2, 6, 4},
     {1, 3, 7, 5}
 });
+
+// clang-format on
 
 Polygon polygonOf(const Corners& corners, const std::array<std::size_t, 4>& face) {
     Polygon polygon;
@@ -82,7 +85,7 @@ public:
     ScreenBounds(const CameraView& cameraView, Size pictureSize)
         : camera(cameraView)
         , picture(pictureSize)
-        , eye(rowOf(camera.viewProjection, 3) - glm::vec4(0, 0, 0, kLeastDistance)) {}
+        , eye(rowOf(camera.viewProjection, 3) - glm::vec4(0, 0, 0, kMinDistance)) {}
 
     void include(const Polygon& polygon) {
         const Polygon seen = clipped(polygon, eye);

@@ -72,9 +72,7 @@ std::uint32_t SurfaceShaders::depthProgram(DepthOnly kind) {
         return depth.name();
     }
     if (!screenDoor)
-        screenDoor = buildOwn({
-            "surface.vert", "depth.frag", {"DEPTH_ONLY", "SCREEN_DOOR"}
-        });
+        screenDoor = buildOwn({"surface.vert", "depth.frag", {"DEPTH_ONLY", "SCREEN_DOOR"}});
     return screenDoor.name();
 }
 

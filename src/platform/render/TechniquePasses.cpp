@@ -29,13 +29,7 @@ void TechniquePasses::draw(
         const RenderTarget& input = surface(step.input, pictures.picture);
         const RenderTarget& output = surface(step.output, pictures.spare);
         block.passNumbers[0] = step.numbers;
-        step.function->run(
-            tools,
-            output,
-            {
-                {kPictureUnit, input.color()}
-        },
-            block);
+        step.function->run(tools, output, {{kPictureUnit, input.color()}}, block);
         if (step.output == scene::SCNTechnique::kColor)
             pictures.exchange();
     }

@@ -191,7 +191,7 @@ ParticleEmitter::ParticleEmitter(SCNParticleSystemPtr given)
     : system_(std::move(given)) {
     CHECK(system_ != nullptr, "a null particle system is added");
     CHECK(
-        system_->mostAlive() <= kMostParticles,
+        system_->mostAlive() <= kMaxParticles,
         "{} particles at a time are too many",
         system_->mostAlive());
     if (!system_->atWork)

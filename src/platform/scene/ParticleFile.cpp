@@ -24,7 +24,7 @@ constexpr Range kLength{0, 1e5};
 constexpr Range kAny{-1e6, 1e6};
 constexpr Range kFactor{0, 100};
 constexpr Range kSeed{0, 1e9};
-constexpr std::size_t kMostKeys = 16;
+constexpr std::size_t kMaxKeys = 16;
 
 struct NumberRow {
     std::string_view key;
@@ -34,6 +34,7 @@ struct NumberRow {
 
 using S = SCNParticleSystem;
 
+// clang-format off
 constexpr auto kNumbers = std::to_array<NumberRow>({
     {"birthRate",                        &S::birthRate,                        kRate   },
     {"birthRateVariation",               &S::birthRateVariation,               kRate   },
@@ -59,11 +60,14 @@ constexpr auto kNumbers = std::to_array<NumberRow>({
     {"stretchFactor",                    &S::stretchFactor,                    kFactor },
 });
 
+// clang-format on
+
 struct FlagRow {
     std::string_view key;
     bool SCNParticleSystem::*field;
 };
 
+// clang-format off
 constexpr auto kFlags = std::to_array<FlagRow>({
     {"loops",                   &S::loops                  },
     {"isLocal",                 &S::isLocal                },
@@ -72,7 +76,6 @@ constexpr auto kFlags = std::to_array<FlagRow>({
     {"lightingEnabled",         &S::lightingEnabled        },
     {"blackPassEnabled",        &S::blackPassEnabled       },
 });
-
 constexpr auto kShapeKinds = std::to_array<Named<ParticleShapeKind>>({
     {"point",    ParticleShapeKind::point   },
     {"sphere",   ParticleShapeKind::sphere  },
@@ -80,9 +83,10 @@ constexpr auto kShapeKinds = std::to_array<Named<ParticleShapeKind>>({
     {"plane",    ParticleShapeKind::plane   },
     {"cylinder", ParticleShapeKind::cylinder},
 });
+// clang-format on
 
 constexpr auto kLocations = std::to_array<Named<ParticleBirthLocation>>({
-    {"volume",  ParticleBirthLocation::volume },
+    {"volume", ParticleBirthLocation::volume},
     {"surface", ParticleBirthLocation::surface},
 });
 
@@ -92,7 +96,7 @@ constexpr auto kDirections = std::to_array<Named<ParticleBirthDirection>>({
 });
 
 constexpr auto kBlendModes = std::to_array<Named<ParticleBlendMode>>({
-    {"alpha",    ParticleBlendMode::alpha   },
+    {"alpha", ParticleBlendMode::alpha},
     {"additive", ParticleBlendMode::additive},
 });
 
@@ -123,8 +127,8 @@ void readShape(JsonObject& object, SCNParticleSystem& system, Problems& problems
 /// Keys of a curve must go forwards.
 template <class T> void addKey(JsonObject& key, ParticleCurve<T>& curve, const T& value) {
     const auto at = static_cast<float>(key.number("at", {0, 1}).value_or(0));
-    if (curve.size() >= kMostKeys || (!curve.empty() && at <= curve.back().at))
-        key.report("at", fmt::format("must be after the one before, {} keys at most", kMostKeys));
+    if (curve.size() >= kMaxKeys || (!curve.empty() && at <= curve.back().at))
+        key.report("at", fmt::format("must be after the one before, {} keys at most", kMaxKeys));
     curve.push_back({at, value});
     key.finish();
 }
@@ -147,13 +151,13 @@ void readColors(JsonObject& object, SCNParticleSystem& system, Problems& problem
     object.forEach("particleColors", [&](const JsonValue& value, const std::string& place) {
         const auto color =
             value.kind == JsonValue::Kind::string ? parseColor(value.string) : std::nullopt;
-        if (!color || colors.size() >= kMostKeys)
+        if (!color || colors.size() >= kMaxKeys)
             problems.add(
                 value.line,
                 fmt::format(
                     R"({} must be a colour like "#RRGGBB" or "#RRGGBBAA", and there are {} at most)",
                     place,
-                    kMostKeys));
+                    kMaxKeys));
         colors.push_back(vectorOf(color.value_or(image::Color::white(1))));
     });
     if (!colors.empty())
@@ -199,8 +203,8 @@ SCNParticleSystemPtr readSystem(JsonObject& object, Problems& problems) {
         system->seed = static_cast<std::uint64_t>(*seed);
     readShape(object, *system, problems);
     readLook(object, *system, problems);
-    if (system->mostAlive() > kMostParticles)
-        object.report("birthRate", fmt::format("makes over {} particles", kMostParticles));
+    if (system->mostAlive() > kMaxParticles)
+        object.report("birthRate", fmt::format("makes over {} particles", kMaxParticles));
     object.finish();
     return system;
 }
@@ -208,14 +212,14 @@ SCNParticleSystemPtr readSystem(JsonObject& object, Problems& problems) {
 } // namespace
 
 void readParticles(JsonObject& object, SCNNode& node, Problems& problems) {
-    constexpr std::size_t kMostSystems = 64;
+    constexpr std::size_t kMaxSystems = 64;
     object.forEach("particles", [&](const JsonValue& value, const std::string& place) {
         JsonObject entry(value, place, problems);
         const SCNParticleSystemPtr system = readSystem(entry, problems);
         if (!problems.isEmpty())
             return;
-        if (node.particleSystems().size() >= kMostSystems) {
-            problems.add(value.line, fmt::format("over {} systems on a node", kMostSystems));
+        if (node.particleSystems().size() >= kMaxSystems) {
+            problems.add(value.line, fmt::format("over {} systems on a node", kMaxSystems));
             return;
         }
         node.addParticleSystem(system);

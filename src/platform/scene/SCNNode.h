@@ -83,8 +83,8 @@ public:
     [[nodiscard]] glm::vec3 worldScale() const;     ///< lengths of the world transform's axes
 
     // --- tree
-    void addChildNode(SCNNodePtr child); ///< takes it from its former parent; a circle is a
-                                         ///< programming error
+    /// takes it from its former parent; a circle is a programming error
+    void addChildNode(SCNNodePtr child);
     void removeFromParentNode();
 
     [[nodiscard]] const std::vector<SCNNodePtr>& childNodes() const { return children; }

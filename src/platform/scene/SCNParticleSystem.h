@@ -19,8 +19,8 @@ enum class ParticleShapeKind { point, sphere, box, plane, cylinder };
 /// Where particles are born, around the node. Planes lie in x and y, cylinders stand along y.
 struct ParticleShape {
     ParticleShapeKind kind = ParticleShapeKind::point;
-    glm::vec3 half{0}; ///< half sides; of round shapes x is the radius, of a cylinder y half the
-                       ///< height
+    /// half sides; of round shapes x is the radius, of a cylinder y half the height
+    glm::vec3 half{0};
 
     [[nodiscard]] static ParticleShape sphere(float radius) {
         return {ParticleShapeKind::sphere, glm::vec3(radius)};
@@ -30,8 +30,8 @@ struct ParticleShape {
 enum class ParticleBirthLocation { volume, surface };
 enum class ParticleBirthDirection {
     constant, ///< emittingDirection
-    outwards, ///< from the node's middle through the place of birth; emittingDirection at the
-              ///< middle
+    /// from the node's middle through the place of birth; emittingDirection at the middle
+    outwards,
 };
 enum class ParticleBlendMode { alpha, additive };
 
@@ -118,6 +118,6 @@ private:
 using SCNParticleSystemPtr = std::shared_ptr<SCNParticleSystem>;
 
 /// No system may hold more.
-inline constexpr double kMostParticles = 20'000;
+inline constexpr double kMaxParticles = 20'000;
 
 } // namespace zelvo::scene

@@ -27,6 +27,7 @@ struct FunctionRow {
     std::array<std::string_view, 3> uniforms{};
 };
 
+// clang-format off
 constexpr auto kFunctions = std::to_array<FunctionRow>({
     {"invertFragmentShader",     {}                                    },
     {"exposureFragmentShader",   {}                                    },
@@ -38,6 +39,8 @@ constexpr auto kFunctions = std::to_array<FunctionRow>({
     {"repeatFragmentShader",     {}                                    },
     {"gaussFragmentShader",      {"radius", "directionX", "directionY"}},
 });
+
+// clang-format on
 
 std::string quoted(std::string_view key) {
     return fmt::format("\"{}\"", key);

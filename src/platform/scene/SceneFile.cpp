@@ -31,22 +31,23 @@ constexpr Range kAngleDegrees{0, 180};
 constexpr Range kMask{0, std::numeric_limits<int>::max()};
 constexpr Range kNotNegative{0, std::numeric_limits<double>::infinity()};
 
+// clang-format off
 constexpr auto kLightTypes = std::to_array<Named<SCNLightType>>({
     {"ambient",     SCNLightType::ambient    },
     {"directional", SCNLightType::directional},
     {"omni",        SCNLightType::omni       },
     {"spot",        SCNLightType::spot       }
 });
+// clang-format on
 
 enum class ShapeKind { plane, box, sphere, torus, shape };
 
 enum class ChamferKind { linear, rounded };
 
-constexpr auto kChamfers = std::to_array<Named<ChamferKind>>({
-    {"linear",  ChamferKind::linear },
-    {"rounded", ChamferKind::rounded}
-});
+constexpr auto kChamfers = std::to_array<Named<ChamferKind>>(
+    {{"linear", ChamferKind::linear}, {"rounded", ChamferKind::rounded}});
 
+// clang-format off
 constexpr auto kShapes = std::to_array<Named<ShapeKind>>({
     {"plane",  ShapeKind::plane },
     {"box",    ShapeKind::box   },
@@ -54,6 +55,8 @@ constexpr auto kShapes = std::to_array<Named<ShapeKind>>({
     {"torus",  ShapeKind::torus },
     {"shape",  ShapeKind::shape }
 });
+
+// clang-format on
 
 struct Context {
     Problems problems;
@@ -143,11 +146,13 @@ SCNGeometryPtr readShape(JsonObject& object) {
         return nullptr;
     }
     geometry::BezierPath path = geometry::bezierPath(*data);
+    // clang-format off
     path.transform({
         {1, 0 },
         {0, -1},
         {0, 0 }
     });
+    // clang-format on
     if (geometry::flatten(path, flatness).empty())
         object.report("path", "encloses nothing");
     auto shape = std::make_shared<SCNShape>(std::move(path), depth);

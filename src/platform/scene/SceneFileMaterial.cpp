@@ -15,11 +15,11 @@ namespace {
 constexpr Range kFraction{0, 1};
 constexpr Range kIntensity{0, std::numeric_limits<double>::infinity()};
 
-constexpr auto kLightingModels = std::to_array<Named<SCNLightingModel>>({
-    {"physicallyBased", SCNLightingModel::physicallyBased},
-    {"constant",        SCNLightingModel::constant       }
-});
+constexpr auto kLightingModels = std::to_array<Named<SCNLightingModel>>(
+    {{"physicallyBased", SCNLightingModel::physicallyBased},
+     {"constant", SCNLightingModel::constant}});
 
+// clang-format off
 constexpr auto kBlendModes = std::to_array<Named<SCNBlendMode>>({
     {"alpha",    SCNBlendMode::alpha   },
     {"add",      SCNBlendMode::add     },
@@ -28,7 +28,6 @@ constexpr auto kBlendModes = std::to_array<Named<SCNBlendMode>>({
     {"screen",   SCNBlendMode::screen  },
     {"replace",  SCNBlendMode::replace }
 });
-
 constexpr auto kSlots = std::to_array<Named<SCNMaterialProperty SCNMaterial::*>>({
     {"diffuse",          &SCNMaterial::diffuse         },
     {"ambient",          &SCNMaterial::ambient         },
@@ -44,6 +43,8 @@ constexpr auto kSlots = std::to_array<Named<SCNMaterialProperty SCNMaterial::*>>
     {"metalness",        &SCNMaterial::metalness       },
     {"roughness",        &SCNMaterial::roughness       }
 });
+
+// clang-format on
 
 void readPicture(JsonObject& slot, SCNMaterialProperty& property) {
     const std::optional<std::string> name = slot.string("image");

@@ -15,9 +15,9 @@ namespace {
 
 using geometry::BezierPath;
 
-constexpr unsigned kMostFaces = 64;           // in a collection
-constexpr std::size_t kMostElements = 200000; // of an outline; drawn fonts stay below a thousand
-constexpr unsigned kLongestName = 256;        // bytes
+constexpr unsigned kMaxFaces = 64;           // in a collection
+constexpr std::size_t kMaxElements = 200000; // of an outline; drawn fonts stay below a thousand
+constexpr unsigned kLongestName = 256;       // bytes
 
 std::string nameIn(hb_face_t* face, hb_ot_name_id_t id, hb_language_t language) {
     std::array<char, kLongestName> text{};
@@ -52,7 +52,7 @@ struct Pen {
     [[nodiscard]] glm::vec2 at(float x, float y) const { return {x * scale, y * scale}; }
 
     [[nodiscard]] bool hasRoom() {
-        isOverfull = isOverfull || path.elements().size() >= kMostElements;
+        isOverfull = isOverfull || path.elements().size() >= kMaxElements;
         return !isOverfull;
     }
 };
@@ -184,7 +184,7 @@ std::uint32_t FontFace::drawnGlyph(char32_t character) const {
 }
 
 foundation::Result<std::vector<std::shared_ptr<const FontFace>>> readFaces(std::string bytes) {
-    if (bytes.size() > kLargestFontFile) {
+    if (bytes.size() > kMaxFontFile) {
         return foundation::fail(
             foundation::Cause::tooLarge, "is over 64 MiB, more than a font file may have");
     }
@@ -196,7 +196,7 @@ foundation::Result<std::vector<std::shared_ptr<const FontFace>>> readFaces(std::
             delete static_cast<std::string*>(text); // NOLINT: HarfBuzz owns it
         });
     std::vector<std::shared_ptr<const FontFace>> faces;
-    const unsigned count = std::min(hb_face_count(blob), kMostFaces);
+    const unsigned count = std::min(hb_face_count(blob), kMaxFaces);
     for (unsigned i = 0; i < count; ++i) {
         auto face = std::make_shared<const FontFace>(hb_face_create(blob, i));
         const bool hasGlyphs = hb_face_get_glyph_count(hb_font_get_face(face->handle())) > 0;

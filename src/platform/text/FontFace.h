@@ -67,6 +67,6 @@ private:
 [[nodiscard]] foundation::Result<std::vector<std::shared_ptr<const FontFace>>>
 readFaces(std::string bytes);
 
-constexpr std::size_t kLargestFontFile = std::size_t{64} << 20; ///< bytes
+constexpr std::size_t kMaxFontFile = std::size_t{64} << 20; ///< bytes
 
 } // namespace zelvo::text

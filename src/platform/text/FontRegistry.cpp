@@ -24,7 +24,7 @@ Result<std::string> readBytes(const std::filesystem::path& file) {
     const auto size = std::filesystem::file_size(file, error);
     if (error)
         return foundation::fail(Cause::unreadable, "is no file that can be read");
-    if (size > kLargestFontFile) {
+    if (size > kMaxFontFile) {
         return foundation::fail(Cause::tooLarge, "is over 64 MiB, more than a font file may have");
     }
     std::ifstream in(file, std::ios::binary);

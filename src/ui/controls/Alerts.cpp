@@ -49,9 +49,7 @@ QVariantList Alerts::actions() const {
         return list;
     for (const AlertAction& action : alerts.front().actions) {
         QVariantMap entry{
-            {"title", QString::fromStdString(action.title)},
-            {"role",  nameOf(action.role)                 }
-        };
+            {"title", QString::fromStdString(action.title)}, {"role", nameOf(action.role)}};
         if (action.titleColor.isValid())
             entry.insert("color", action.titleColor);
         list.append(entry);

@@ -69,17 +69,14 @@ std::vector<LayouterMenu::TabRow> LayouterMenu::tabsNow() {
     if (currentOption_ == backgroundColor || currentOption_ == backgroundScenes)
         return {optionTab("Environment", backgroundScenes), optionTab("Color", backgroundColor)};
     if (currentOption_ == audio)
-        return {
-            {tr("No music"), [] {}, audio}
-        };
+        return {{tr("No music"), [] {}, audio}};
     if (std::dynamic_pointer_cast<content::TextNode>(currentNode_)) {
         return {
             {tr("Write"), [this] { writeAction(); }, write, false},
             optionTab("Material", material),
             optionTab("Frontcolor", frontColor),
             optionTab("Sidecolor", bandColor),
-            optionTab("Transform", transform)
-        };
+            optionTab("Transform", transform)};
     }
     if (std::dynamic_pointer_cast<content::MediaNode>(currentNode_)) {
         return {

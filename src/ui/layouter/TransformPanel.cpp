@@ -27,12 +27,15 @@ struct Row {
     glm::vec3 axis;
 };
 
+// clang-format off
 constexpr auto kRows = std::to_array<Row>({
     {"Z Pos", 250, "PositionZ", "",    nullptr,               {0, 0, 0}},
     {"X Rot", 180, "RotationX", " °", &core::Node::rotXNode, {1, 0, 0}},
     {"Y Rot", 180, "RotationY", " °", &core::Node::rotYNode, {0, 1, 0}},
     {"Z Rot", 180, "RotationZ", " °", &core::Node::rotZNode, {0, 0, 1}},
 });
+
+// clang-format on
 
 const Row& rowOf(int tag) {
     return kRows.at(static_cast<std::size_t>(tag));
@@ -42,11 +45,10 @@ const Row& rowOf(int tag) {
 
 TransformPanel::TransformPanel(core::NodePtr edited, QObject* parent)
     : QObject(parent)
-    , stackView({
-          .buttonEdgeInsets = {4, 0, 4, 0},
-          .spacing = 3,
-          .distribution = TabStackView::Distribution::fillEqually
-})
+    , stackView(
+          {.buttonEdgeInsets = {4, 0, 4, 0},
+           .spacing = 3,
+           .distribution = TabStackView::Distribution::fillEqually})
     , node(std::move(edited)) {
     for (int tag = 0; tag < static_cast<int>(kRows.size()); ++tag) {
         auto button = std::make_unique<HighlightButton>(

@@ -28,11 +28,11 @@ void DrawScale::nextShows(std::optional<std::uint64_t> picture) {
 double DrawScale::value() const {
     if (!isAtRest())
         return scale;
-    return std::min(scale * (repeats < kBeforeFinest ? kFiner : kFinest), kMostAtRest);
+    return std::min(scale * (repeats < kBeforeFinest ? kFiner : kFinest), kMaxAtRest);
 }
 
 bool DrawScale::isDrawn() const {
-    const bool growsFiner = repeats == kBeforeFinest && scale * kFiner < kMostAtRest;
+    const bool growsFiner = repeats == kBeforeFinest && scale * kFiner < kMaxAtRest;
     return repeats > kBeforeRest && !growsFiner;
 }
 

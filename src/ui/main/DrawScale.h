@@ -18,7 +18,7 @@ public:
     static constexpr double kLongFrame = 0.022;   ///< seconds; leaves 30 a second much room
     static constexpr double kShortFrame = 0.0175; ///< a display of 60 Hz leaves no shorter ones
 
-    static constexpr double kMostAtRest = 2.0;
+    static constexpr double kMaxAtRest = 2.0;
     static constexpr int kBeforeRest = 15;   ///< frames that show the same
     static constexpr int kBeforeFinest = 45; ///< of them, until the last step
 

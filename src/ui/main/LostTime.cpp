@@ -17,7 +17,7 @@ void LostTime::ticked(double now) {
     const double passed = now - lastTick;
     lastTick = now;
     const double late = passed - shared::FrameClock::kStep; // below 0 after a late one
-    lost = std::clamp(lost + late - kAllowedShare * passed, 0.0, kMostKept);
+    lost = std::clamp(lost + late - kAllowedShare * passed, 0.0, kMaxKept);
 }
 
 void LostTime::runEnded() {

@@ -12,7 +12,7 @@ class LostTime {
 public:
     static constexpr double kAllowedShare = 0.05;
     static constexpr double kLongestRest = 0.25; ///< from one picture to the next
-    static constexpr double kMostKept = 0.1;     ///< a single standstill is forgiven after 2 s
+    static constexpr double kMaxKept = 0.1;      ///< a single standstill is forgiven after 2 s
 
     void runBegan(double now);
     void ticked(double now);

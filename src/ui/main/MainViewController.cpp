@@ -149,6 +149,7 @@ void MainViewController::shareAction() {
 }
 
 void MainViewController::askForActions() {
+    // clang-format off
     services.alerts.show({
         .title = "No recorded actions",
         .message = "Before exporting a movie, you have to record at least one action.",
@@ -160,6 +161,7 @@ void MainViewController::askForActions() {
                       {.title = "OK", .role = AlertRole::cancel},
                       },
     });
+    // clang-format on
 }
 
 void MainViewController::showHint() {

@@ -60,7 +60,7 @@ void Stage::failGraphics(const QString& why) {
 
 void Stage::animate() {
     const double now = services.runLoop.now();
-    const double passed = std::clamp(now - animated, 0.0, kMostStep);
+    const double passed = std::clamp(now - animated, 0.0, kMaxStep);
     animated = now;
     // An export animates the scene by its own clock; afterwards this one goes on from there.
     if (const scene::SCNScenePtr scene = view.scene())

@@ -35,7 +35,7 @@ public:
     static constexpr double kRestPace = 1.0 / 30;
     static constexpr double kWithoutWindow = 0.1; ///< until the next frame where nothing is shown
     /// The most that the scene's clock goes on by in one frame: after a standstill nothing leaps.
-    static constexpr double kMostStep = 0.25;
+    static constexpr double kMaxStep = 0.25;
 
     Stage(const Services& given, GestureDelegate& delegate);
 

@@ -98,15 +98,14 @@ void ControlMenu::durationButtonAction() {
     const auto setDuration = [&runLoop = services.runLoop, &model = services.model, own = picker] {
         runLoop.post([&model, own] { model.setDuration(own->duration()); });
     };
-    services.alerts.show({
-        .title = "Duration",
-        .message = {                                             },
-        .actions =
-            { {.title = "Ok", .handler = setDuration},
-                    {.title = "Cancel", .role = AlertRole::cancel}},
-        .content = picker.get(),
-        .contentView = "TimePicker.qml"
-    });
+    services.alerts.show(
+        {.title = "Duration",
+         .message = {},
+         .actions =
+             {{.title = "Ok", .handler = setDuration},
+              {.title = "Cancel", .role = AlertRole::cancel}},
+         .content = picker.get(),
+         .contentView = "TimePicker.qml"});
 }
 
 void ControlMenu::undoButtonAction() const {
@@ -125,13 +124,12 @@ void ControlMenu::historyButtonAction() const {
 }
 
 void ControlMenu::deleteAllButtonAction() const {
-    services.alerts.show({
-        .title = "Delete all recorded actions?",
-        .message = {                                             },
-        .actions = {
-                    {.title = "Delete", .role = AlertRole::destructive, .handler = deleteAllActions},
-                    {.title = "Cancel", .role = AlertRole::cancel}}
-    });
+    services.alerts.show(
+        {.title = "Delete all recorded actions?",
+         .message = {},
+         .actions = {
+             {.title = "Delete", .role = AlertRole::destructive, .handler = deleteAllActions},
+             {.title = "Cancel", .role = AlertRole::cancel}}});
 }
 
 } // namespace zelvo::ui

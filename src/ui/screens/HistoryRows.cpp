@@ -65,10 +65,7 @@ QString HistoryRows::detail(int row) const {
 }
 
 QHash<int, QByteArray> HistoryRows::roleNames() const {
-    return {
-        {titleRole,  "title" },
-        {detailRole, "detail"}
-    };
+    return {{titleRole, "title"}, {detailRole, "detail"}};
 }
 
 } // namespace zelvo::ui

@@ -43,9 +43,7 @@ std::vector<Touch> mouseOf(const QMouseEvent& event, TouchPhase phase) {
                                     : event.button() == Qt::LeftButton;
     if (!concernsButton || event.source() != Qt::MouseEventNotSynthesized)
         return {};
-    return {
-        {.id = Touch::kMouse, .phase = phase, .location = event.scenePosition(), .radius = 0}
-    };
+    return {{.id = Touch::kMouse, .phase = phase, .location = event.scenePosition(), .radius = 0}};
 }
 
 } // namespace

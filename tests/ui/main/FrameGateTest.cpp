@@ -44,7 +44,7 @@ TEST(LostTime, leaves_pictures_out_while_a_run_loses_time_but_not_all) {
     time.runBegan(0);
     time.ticked(5); // somebody held the window
     EXPECT_GT(time.drawsFrom(5), 5.1);
-    for (double now = 5; now < 5 + LostTime::kMostKept / LostTime::kAllowedShare; now += kStep)
+    for (double now = 5; now < 5 + LostTime::kMaxKept / LostTime::kAllowedShare; now += kStep)
         time.ticked(now);
     EXPECT_EQ(time.drawsFrom(7), 7) << "and let go of it";
     time.ticked(12);

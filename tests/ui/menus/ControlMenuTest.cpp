@@ -147,16 +147,15 @@ TEST(TimePicker, DoesNotLetUnderTwoSecondsBePicked) {
         int seconds;
     };
 
-    for (const Row& row : {
-             Row{8,             1, 1,  0,  2 }, // snaps back
-             Row{5,             0, 1,  1,  5 },
-             Row{61,            0, 0,  0,  2 },
-             Row{61,            1, 0,  1,  0 }, // a minute is long enough
-             Row{8,             1, 59, 0,  59},
-             Row{3 * 3600 + 62, 1, 2,  1,  2 }, // hours left out
-             Row{8,             0, 75, 59, 8 }, // there is no such row
-             Row{8,             2, 1,  0,  8 }
-    }) {          // nor such a wheel
+    for (const Row& row :
+         {Row{8, 1, 1, 0, 2}, // snaps back
+          Row{5, 0, 1, 1, 5},
+          Row{61, 0, 0, 0, 2},
+          Row{61, 1, 0, 1, 0}, // a minute is long enough
+          Row{8, 1, 59, 0, 59},
+          Row{3 * 3600 + 62, 1, 2, 1, 2}, // hours left out
+          Row{8, 0, 75, 59, 8},           // there is no such row
+          Row{8, 2, 1, 0, 8}}) {          // nor such a wheel
         ui::TimePickerView picker(row.duration);
         picker.select(row.component, row.row);
         EXPECT_EQ(picker.minutes(), row.minutes) << row.duration << ", row " << row.row;

@@ -167,11 +167,11 @@ TEST_F(ExportScreenTest, TheCoverIsOneAndFadesBeforeItGoes) {
     };
 
     for (const Row& row : {
-             Row{core::DeviceIdiom::tablet, 0,    true },
-             Row{core::DeviceIdiom::phone,  1920, true },
-             Row{core::DeviceIdiom::phone,  2208, true },
-             Row{core::DeviceIdiom::phone,  2436, false},
-    }) {
+             Row{core::DeviceIdiom::tablet, 0, true},
+             Row{core::DeviceIdiom::phone, 1920, true},
+             Row{core::DeviceIdiom::phone, 2208, true},
+             Row{core::DeviceIdiom::phone, 2436, false},
+         }) {
         BlurCover other(world.runLoop, row.idiom, row.height);
         other.show();
         EXPECT_EQ(other.isPresent(), row.isCovered) << row.height;

@@ -16,9 +16,7 @@ app::Performance twoPresses() {
     app::Performance performance;
     performance.duration = 5;
     performance.cues = {
-        {0.8, app::Press{"IN", "Flip", {}, {}, {}}},
-        {2.1, app::Press{"IN", "Fade", {}, {}, {}}}
-    };
+        {0.8, app::Press{"IN", "Flip", {}, {}, {}}}, {2.1, app::Press{"IN", "Fade", {}, {}, {}}}};
     return performance;
 }
 

@@ -20,18 +20,18 @@ TEST_F(TimeBarTest, ShrinksInTheCountInAndGrowsInTheRun) {
 
     ProgressView bar(services);
     for (const Row& row : {
-             Row{true,  0.0,   0    },
-             Row{true,  0.01,  0    },
-             Row{true,  0.011, 0.989},
-             Row{true,  0.75,  0.25 },
-             Row{true,  0.979, 0.021},
-             Row{true,  0.98,  0    },
-             Row{false, 0.0,   0    },
-             Row{false, 0.25,  0.25 },
+             Row{true, 0.0, 0},
+             Row{true, 0.01, 0},
+             Row{true, 0.011, 0.989},
+             Row{true, 0.75, 0.25},
+             Row{true, 0.979, 0.021},
+             Row{true, 0.98, 0},
+             Row{false, 0.0, 0},
+             Row{false, 0.25, 0.25},
              Row{false, 0.999, 0.999},
-             Row{false, 1.0,   0    },
-             Row{false, 1.002, 0    },
-    }) {
+             Row{false, 1.0, 0},
+             Row{false, 1.002, 0},
+         }) {
         ui::signals().timeSignal.fire({.runFraction = row.fraction, .isCountIn = row.isCountIn});
         loop().drain();
         EXPECT_NEAR(bar.fill(), row.fill, 1e-6) << row.fraction;

@@ -26,9 +26,7 @@ protected:
     }
 
     void touch(int id, TouchPhase phase, double x = 0) {
-        visualizer.handleEvent({
-            {.id = id, .phase = phase, .location = {x, 0}}
-        });
+        visualizer.handleEvent({{.id = id, .phase = phase, .location = {x, 0}}});
     }
 
     foundation::VirtualRunLoop loop;
@@ -70,13 +68,8 @@ TEST_F(TouchTest, FingersUseTheSameViewsAgain) {
 }
 
 TEST_F(TouchTest, CountsTheSecondsAndTheWidthOfATouchIfAsked) {
-    visualizer.start({
-        .defaultSize = {40, 40},
-          .showsTimer = true, .showsTouchRadius = true
-    });
-    visualizer.handleEvent({
-        {.id = 1, .phase = TouchPhase::began, .radius = 30}
-    });
+    visualizer.start({.defaultSize = {40, 40}, .showsTimer = true, .showsTouchRadius = true});
+    visualizer.handleEvent({{.id = 1, .phase = TouchPhase::began, .radius = 30}});
     const ui::TouchView& view = *visualizer.touchViews.front();
     EXPECT_EQ(view.timerLabel(), "0.00");
     EXPECT_DOUBLE_EQ(view.ratio(), 1.5);
@@ -131,10 +124,7 @@ TEST_F(TouchTest, TakesTouchesAndTheHeldMouseFromAWindowsEventsAndPassesThemOn) 
             type,
             &screen,
             Qt::NoModifier,
-            {
-                {1, state, {4, 4}, {4, 4}},
-                {2, state, {8, 8}, {8, 8}}
-        });
+            {{1, state, {4, 4}, {4, 4}}, {2, state, {8, 8}, {8, 8}}});
         EXPECT_FALSE(visualizer.eventFilter(&window, &event));
     };
     fingers(QEvent::TouchBegin, QEventPoint::State::Pressed);
