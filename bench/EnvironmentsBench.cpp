@@ -93,7 +93,8 @@ public:
     }
 
     void draw(double time) const {
-        view->drawAtTime(time, {framebuffer, kSize});
+        view->update(time);
+        view->draw({framebuffer, kSize});
         glFinish();
     }
 

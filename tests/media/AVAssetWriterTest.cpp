@@ -60,27 +60,12 @@ void expectColour(const std::array<std::uint8_t, 3>& found, int luma, int cb, in
     EXPECT_NEAR(found[2], cr, 2);
 }
 
-TEST_F(AVAssetWriterTest, ShowsTheSquareWhereItWasDrawnWhateverThePicturesSizeAndDirection) {
-    struct Row {
-        const char* name;
-        int width;
-        int height;
-        bool isBottomUp;
-    };
-
-    // clang-format off
-    constexpr auto kRows = std::to_array<Row>({
-        {"same size",         160, 90,  false},
-        {"one and a half",    240, 135, false},
-        {"bottom-up",         160, 90,  true },
-        {"bottom-up, larger", 240, 134, true },
-    });
-    // clang-format on
-    for (const Row& row : kRows) {
-        SCOPED_TRACE(row.name);
+TEST_F(AVAssetWriterTest, ShowsTheSquareWhereItWasDrawnInEitherOrderOfRows) {
+    for (const bool isBottomUp : {false, true}) {
+        SCOPED_TRACE(isBottomUp);
         Writing writing = start(file("square.mov"), kSmall);
-        PixelBuffer drawn = withCorner(picture(row.width, row.height));
-        if (row.isBottomUp)
+        PixelBuffer drawn = withCorner(picture(160, 90));
+        if (isBottomUp)
             drawn = bottomUp(drawn);
         ASSERT_TRUE(writing.adaptor->appendPixelBuffer(std::move(drawn), {}));
         finish(writing);

@@ -41,7 +41,8 @@ protected:
 
     [[nodiscard]] image::Image drawnInto(RowOrder rows) const {
         context->makeCurrent();
-        view->drawAtTime(0, {framebuffer, kWindow, rows});
+        view->update(0);
+        view->draw({framebuffer, kWindow, rows});
         image::Image picture(kWindow.width, kWindow.height);
         glBindFramebuffer(GL_READ_FRAMEBUFFER, framebuffer);
         glReadPixels(

@@ -14,7 +14,7 @@ const std::string kGoodScene = R"({
     {"name": "key", "position": [1, 2, 3], "eulerAngles": [-90, 0, 45], "scale": [1, 2, 1], "opacity": 0.5,
      "hidden": true, "castsShadow": false, "categoryBitMask": 260,
      "light": {"type": "spot", "color": "#FF0000", "intensity": 2.5e7, "castsShadow": true, "shadowRadius": 4,
-               "shadowCasterMask": 4, "shadowSampleCount": 8, "shadowMapSize": 512, "shadowColor": "#00000080", "spotInnerAngle": 10,
+               "shadowCasterMask": 4, "shadowMapSize": 512, "shadowColor": "#00000080", "spotInnerAngle": 10,
                "spotOuterAngle": 60, "zNear": 5, "zFar": 900, "categoryBitMask": 2}},
     {"name": "floor", "geometry": {"type": "box", "width": 20, "height": 2, "length": 10, "chamferRadius": 0},
      "material": {"lightingModel": "constant", "diffuse": "#00FF00", "roughness": 0.25, "doubleSided": true},

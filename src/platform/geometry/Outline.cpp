@@ -125,7 +125,7 @@ void appendLoop(Outline& outline, const GridLoop& loop) {
         twiceArea += cross(corner.position, end);
         outline.corners.push_back(corner);
     }
-    outline.loops.push_back({.first = first, .count = count, .isHole = twiceArea < 0});
+    outline.loops.push_back({.first = first, .count = count});
     outline.area += twiceArea / 2;
     outline.perimeter += arc;
 }

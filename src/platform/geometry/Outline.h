@@ -36,7 +36,6 @@ struct Outline {
     struct Loop {
         std::uint32_t first = 0;
         std::uint32_t count = 0;
-        bool isHole = false;
     };
 
     std::vector<OutlineCorner> corners;

@@ -5,7 +5,6 @@
 #include "platform/media/MediaFile.h"
 
 #include <algorithm>
-#include <cctype>
 #include <iterator>
 #include <optional>
 
@@ -14,17 +13,6 @@ namespace {
 
 /// Longer files are damaged, or nothing that a short movie needs.
 constexpr std::int64_t kMaxSeconds = 24LL * 60 * 60;
-
-std::string tagText(unsigned tag) {
-    std::string text;
-    for (unsigned shift = 0; shift < 32; shift += 8) {
-        const auto letter = static_cast<char>((tag >> shift) & 0xFFU);
-        if (std::isalnum(static_cast<unsigned char>(letter)) == 0)
-            return {};
-        text += letter;
-    }
-    return text;
-}
 
 CMTime durationOf(const AVFormatContext& format, const AVStream& stream, std::int32_t timescale) {
     AVRational unit = stream.time_base;
@@ -55,7 +43,6 @@ std::optional<AVAssetTrack> describe(const AVFormatContext& format, const AVStre
     } else if (isVideo && stream.avg_frame_rate.den > 0) {
         track.nominalFrameRate = av_q2d(stream.avg_frame_rate);
     }
-    track.codecTag = tagText(codec.codec_tag);
     track.width = isVideo ? codec.width : 0;
     track.height = isVideo ? codec.height : 0;
     return track;

@@ -21,8 +21,7 @@ struct AVAssetTrack {
     CMTime duration;               ///< in naturalTimeScale
     double nominalFrameRate = 0.0; ///< frames over duration; 0 for sound
     std::int32_t naturalTimeScale = 1;
-    std::string codecTag; ///< four letters such as "avc1"; empty where the format has none
-    int width = 0;        ///< of a video
+    int width = 0; ///< of a video
     int height = 0;
 };
 

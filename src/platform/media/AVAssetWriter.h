@@ -40,8 +40,7 @@ private:
 /// Takes pictures for an input, which must outlive it.
 class AVAssetWriterInputPixelBufferAdaptor {
 public:
-    /// Pictures of the pool are of the given size; other pictures may be appended too, and any that
-    /// are not of the movie's size are scaled to it.
+    /// Pictures of the pool or others, all of the movie's size.
     AVAssetWriterInputPixelBufferAdaptor(
         AVAssetWriterInput& assetInput, PixelBufferPool picturePool);
 

@@ -12,7 +12,6 @@ extern "C" {
 #include <libavutil/channel_layout.h>
 #include <libavutil/opt.h>
 #include <libswresample/swresample.h>
-#include <libswscale/swscale.h>
 }
 
 #include <filesystem>
@@ -37,8 +36,6 @@ struct FFmpegDelete {
     void operator()(AVPacket* packet) const { av_packet_free(&packet); }
 
     void operator()(SwrContext* context) const { swr_free(&context); }
-
-    void operator()(SwsContext* context) const { sws_freeContext(context); }
 
     void operator()(AVBufferRef* buffer) const { av_buffer_unref(&buffer); }
 };

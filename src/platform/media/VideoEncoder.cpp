@@ -18,27 +18,6 @@ using foundation::Result;
 constexpr int kMinSide = 16;
 constexpr int kMaxSide = 8192;
 
-FFmpegPtr<SwsContext> makeScaler(const PixelBuffer& picture, const AVFrame& target) {
-    const auto source = picture.format() == PixelFormat::bgra ? AV_PIX_FMT_BGRA : AV_PIX_FMT_RGBA;
-    FFmpegPtr<SwsContext> scaler(sws_getContext(
-        picture.width(),
-        picture.height(),
-        source,
-        target.width,
-        target.height,
-        AV_PIX_FMT_YUV420P,
-        SWS_AREA,
-        nullptr,
-        nullptr,
-        nullptr));
-    if (!scaler)
-        return nullptr;
-    const int* bt709 = sws_getCoefficients(SWS_CS_ITU709);
-    constexpr int kOne = 1 << 16;
-    sws_setColorspaceDetails(scaler.get(), bt709, 1, bt709, 0, 0, kOne, kOne);
-    return scaler;
-}
-
 } // namespace
 
 Result<VideoEncoder> VideoEncoder::open(const VideoSettings& settings) {
@@ -70,30 +49,16 @@ Result<void> VideoEncoder::prepareFrame(const PixelBuffer& picture) {
     if (av_frame_make_writable(frame.get()) < 0) {
         return fail(Cause::unavailable, "There is not enough memory for the movie's frames.");
     }
-    if (picture.width() == frame->width && picture.height() == frame->height) {
-        convertToYuv420(
-            picture,
-            {frame->data[0],
-             frame->data[1],
-             frame->data[2],
-             frame->linesize[0],
-             frame->linesize[1]});
-        return {};
-    }
-    if (!scaler)
-        scaler = makeScaler(picture, *frame);
-    if (!scaler)
-        return fail(Cause::unsupported, "The frames cannot be scaled to the movie's size.");
-    const std::array<const std::uint8_t*, 4> rows{picture.row(0)};
-    const std::array<int, 4> strides{static_cast<int>(picture.bytesPerRow())};
-    sws_scale(
-        scaler.get(),
-        rows.data(),
-        strides.data(),
-        0,
+    CHECK(
+        picture.width() == frame->width && picture.height() == frame->height,
+        "a frame of {} x {} came for a movie of {} x {}",
+        picture.width(),
         picture.height(),
-        frame->data,
-        frame->linesize);
+        frame->width,
+        frame->height);
+    convertToYuv420(
+        picture,
+        {frame->data[0], frame->data[1], frame->data[2], frame->linesize[0], frame->linesize[1]});
     return {};
 }
 

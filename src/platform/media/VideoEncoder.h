@@ -44,7 +44,6 @@ private:
     ChosenEncoder encoder;
     FFmpegPtr<AVFrame> frame;
     FFmpegPtr<AVPacket> packet;
-    FFmpegPtr<SwsContext> scaler; // made when the first picture of another size comes
 };
 
 } // namespace zelvo::media

@@ -41,8 +41,7 @@ struct ShadowViews {
 ///
 /// shadowRadius counts texels of a map of shadowMapSize, which covers a spot's cone, and of a
 /// directional light 1000 scene units or, if that is more, all casters. The map that is drawn is as
-/// much coarser as the edge is softer, so that four taps always do; shadowSampleCount is not
-/// regarded.
+/// much coarser as the edge is softer, so that four taps always do.
 [[nodiscard]] ShadowViews shadowViews(const Snapshot& snapshot);
 
 /// The same view, its bounds and its nearest depth those of one caster alone.

@@ -90,17 +90,6 @@ SCNView::~SCNView() {
         frame.done.await();
 }
 
-void SCNView::drawAtTime(double time, const ViewTarget& target) {
-    CHECK(scene() != nullptr, "no scene is attached to the view");
-    update(time);
-    const scene::SCNScenePtr shown = scene();
-    if (delegate != nullptr)
-        delegate->rendererWillRenderScene(*this, *shown, time);
-    draw(target);
-    if (delegate != nullptr)
-        delegate->rendererDidRenderScene(*this, *shown, time);
-}
-
 void SCNView::draw(const ViewTarget& target) {
     CHECK(scene() != nullptr, "no scene is attached to the view");
     CHECK(

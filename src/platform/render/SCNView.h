@@ -45,8 +45,6 @@ public:
 
     ViewQuality quality;
 
-    /// Animates the scene to the time (seconds) and draws it; the delegate is told of both.
-    void drawAtTime(double time, const ViewTarget& target);
     /// Draws the scene as it stands, as after `update`.
     void draw(const ViewTarget& target);
 

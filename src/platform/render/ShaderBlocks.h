@@ -45,8 +45,6 @@ enum Unit : std::uint32_t {
     kDepthUnit = 18,
 };
 
-template <class T> using PerLight = std::array<T, kMaxLights>;
-
 // clang-format off
 #define ZELVO_FRAME_BLOCK(ONE, LIST)                                                                      \
     ONE(mat4, viewProjection)                                                                             \

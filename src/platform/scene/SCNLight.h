@@ -32,7 +32,6 @@ public:
     image::Color shadowColor{
         0, 0, 0, 0.5f};     ///< alpha is how much of the light a full shadow takes away
     float shadowRadius = 3; ///< softness, in texels of the shadow map
-    int shadowSampleCount = 16;
     int shadowMapSize = 1024;
 
     double spotInnerAngle = 0;  ///< degrees, full brightness within

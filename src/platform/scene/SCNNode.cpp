@@ -123,14 +123,6 @@ glm::mat4 SCNNode::worldTransform() const {
     return matrix;
 }
 
-glm::vec3 SCNNode::worldScale() const {
-    const glm::mat4 matrix = worldTransform();
-    return {
-        glm::length(glm::vec3(matrix[0])),
-        glm::length(glm::vec3(matrix[1])),
-        glm::length(glm::vec3(matrix[2]))};
-}
-
 void SCNNode::addChildNode(SCNNodePtr child) {
     CHECK(child != nullptr, "node \"{}\" gets a null child", name);
     CHECK(!isAtOrBelow(*this, *child), "node \"{}\" would stand below itself", child->name);

@@ -80,7 +80,6 @@ public:
 
     [[nodiscard]] glm::mat4 transform() const;      ///< to the parent, of the presented values
     [[nodiscard]] glm::mat4 worldTransform() const; ///< to the root, of the presented values
-    [[nodiscard]] glm::vec3 worldScale() const;     ///< lengths of the world transform's axes
 
     // --- tree
     /// takes it from its former parent; a circle is a programming error

@@ -72,8 +72,6 @@ void readShadow(JsonObject& object, SCNLight& light) {
         light.shadowColor = *color;
     if (const auto radius = object.number("shadowRadius", {0, 100}))
         light.shadowRadius = static_cast<float>(*radius);
-    if (const auto count = object.integer("shadowSampleCount", {1, 64}))
-        light.shadowSampleCount = *count;
     if (const auto size = object.integer("shadowMapSize", {16, 4096}))
         light.shadowMapSize = *size;
     if (const auto near = object.number("zNear", kLength))
