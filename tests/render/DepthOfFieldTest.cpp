@@ -53,6 +53,22 @@ TEST_F(Focus, IsNotDrawnWhereNobodyCouldSeeIt) {
     EXPECT_EQ(softPixels(9), 0);
 }
 
+TEST_F(Focus, BlursByTheDepthOfItsOwnFrameWhateverSizesCameBefore) {
+    const auto drawnAt = [this](SCNRenderer& by, int size, float z) {
+        square->position = glm::vec3(0, 0, z);
+        return by.snapshotAtTime(0, {size, size}, 1);
+    };
+    camera->camera->focusDistance = 10;
+    auto fresh = *SCNRenderer::make();
+    fresh->pointOfView = camera;
+    fresh->setScene(scene);
+    const image::Image wanted = drawnAt(*fresh, 256, 0);
+    for (const int size : {256, 128})
+        (void)drawnAt(*renderer, size, 0);
+    (void)drawnAt(*renderer, 256, 5);
+    EXPECT_EQ(drawnAt(*renderer, 256, 0).pixels, wanted.pixels);
+}
+
 TEST_F(Focus, KeepsTheLightOfWhatItSpreads) {
     const auto mean = [this] {
         const image::Image picture = renderer->snapshotAtTime(0, kPicture, 1);

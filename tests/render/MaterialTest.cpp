@@ -38,6 +38,37 @@ TEST_F(Materials, ContentsRepeatAfterTheirTransform) {
     expectNear(at(drawn, 8, 32), {255, 0, 0}, 40);
     expectNear(at(drawn, 24, 32), {0, 0, 255}, 40);
     expectNear(at(drawn, 40, 32), {255, 0, 0}, 40);
+    material->multiply.setImage(picture);
+    material->multiply.contentsTransform = glm::mat4(1); // each slot by its own
+    const image::Image multiplied = draw();
+    expectNear(at(multiplied, 8, 32), {255, 0, 0}, 40);
+    expectNear(at(multiplied, 40, 32), {30, 0, 0}, 40); // red times blue
+}
+
+TEST_F(Materials, PicturesOfNumbersCountByTheirRed) {
+    const auto red = sharePicture(
+        1,
+        1,
+        {
+            {255, 0, 0, 255}
+    });
+    const auto cyan = sharePicture(
+        1,
+        1,
+        {
+            {0, 255, 255, 255}
+    });
+    addLight(scene::SCNLightType::ambient, {}, 1000);
+    const auto material = makeMatte();
+    addSquare(material);
+    material->metalness.setImage(red);
+    expectNear(middle(), {0, 0, 0}, 1); // metal has no colour under its surface
+    material->metalness.setImage(cyan);
+    expectNear(middle(), {128, 128, 128}, 1);
+    material->ambientOcclusion.setImage(cyan);
+    expectNear(middle(), {0, 0, 0}, 1);
+    material->ambientOcclusion.setImage(red);
+    expectNear(middle(), {128, 128, 128}, 1);
 }
 
 // Light from the right: a normal map that leans to the right is brighter than one that leans to the

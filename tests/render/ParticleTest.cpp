@@ -54,7 +54,11 @@ TEST_F(ParticleTest, CoversOrAddsByItsAlpha) {
 TEST_F(ParticleTest, StandsBehindWhatIsNearer) {
     addParticle({1, 0, 0, 1}, ParticleBlendMode::alpha, -3);
     addParticle({0, 1, 0, 1}, ParticleBlendMode::additive, -3);
+    addParticle({1, 0, 0, 1}, ParticleBlendMode::alpha, -1.3f);
     expectNear(middle(), {64, 64, 64}, 1);
+    // What shines is a ball: it stands half its size out of the wall.
+    addParticle({0, 0, 0.5f, 1}, ParticleBlendMode::additive, -1.3f);
+    expectNear(middle(), {64, 64, 192}, 1);
 }
 
 TEST_F(ParticleTest, FadesBeforeTheCamera) {

@@ -68,6 +68,26 @@ TEST_F(Pictures, ACubesFifthFaceLiesAhead) {
     expectNear(middle(), {40, 40, 40}, 2);
     camera->setEulerAngles({1.5707963f, 0, 0}); // up: +y
     expectNear(middle(), {120, 120, 120}, 2);
+    faces.at(2) = faces.at(0);
+    scene->background.contents = faces;
+    expectNear(middle(), {40, 40, 40}, 2); // another picture on one face
+}
+
+// A mirror that looks at the eye reflects what is behind it, where the panorama's ends meet.
+TEST_F(Pictures, AReflectedPanoramaHasNoSeam) {
+    const auto mirror = makeMaterial(Color::white(0));
+    mirror->reflective.setImage(sharePicture(
+        4,
+        1,
+        {
+            {0,   0,   0,   255},
+            {128, 128, 128, 255},
+            {128, 128, 128, 255},
+            {255, 255, 255, 255}
+    }));
+    addSquare(mirror);
+    const image::Image picture = draw();
+    EXPECT_NEAR(at(picture, 31, 32)[0], at(picture, 32, 32)[0], 12);
 }
 
 // In a room that shines evenly with brightness 1 a white matte surface looks as bright as the room,

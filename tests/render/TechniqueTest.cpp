@@ -78,6 +78,13 @@ TEST_F(Techniques, AreDrawnInTheOrderOfTheSequence) {
     expectNear(invertedLast, {188, 120, 53}, 2);
     expectNear(drawn({invert, invert}), {40, 80, 120}, 0);
     expectNear(drawn({}), {40, 80, 120}, 0);
+    SCNTechnique aside; // what goes to a target leaves the picture as it is
+    aside.targets = {0.5};
+    aside.passes = {
+        {"shrinkFragmentShader", SCNTechnique::kColor, 0},
+        {"invertFragmentShader"                    }
+    };
+    expectNear(drawn({expose, aside.copy()}), {188, 120, 53}, 2);
 }
 
 TEST_F(Techniques, TilesRepeatThePicture) {

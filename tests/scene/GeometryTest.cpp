@@ -32,10 +32,13 @@ TEST(Geometry, TellsSkeletonsApartByAllThatShapesThem) {
     const text::TextAttributes attributes;
     text::TextAttributes larger = attributes;
     larger.size = 200;
+    text::TextAttributes wider = attributes;
+    wider.kern = 3;
     const auto first = skeletonOf("a", attributes, 1);
     EXPECT_EQ(skeletonOf("a", attributes, 1), first);
     EXPECT_NE(skeletonOf("a", attributes, 2), first);
     EXPECT_NE(skeletonOf("a", larger, 1), first);
+    EXPECT_NE(skeletonOf("a", wider, 1), first);
     EXPECT_NE(skeletonOf("b", attributes, 1), first);
 }
 

@@ -99,6 +99,15 @@ TEST(Particles, OfOneBurstComeAtOnceAndEnd) {
     stage.apply({0.36});
     EXPECT_TRUE(particlesOf(*stage.node).empty());
     EXPECT_TRUE(stage.node->emitters().front()->isOver());
+
+    system->loops = true; // a burst each second of its own time
+    system->idleDuration = 0.9f;
+    stage.node->removeAllParticleSystems();
+    stage.node->addParticleSystem(system);
+    stage.apply({1, 1.49});
+    EXPECT_TRUE(particlesOf(*stage.node).empty());
+    stage.apply({1.55});
+    EXPECT_NEAR(static_cast<double>(particlesOf(*stage.node).size()), 20, 1);
 }
 
 TEST(Particles, KeepToTheirRanges) {
