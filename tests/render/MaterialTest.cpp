@@ -46,18 +46,8 @@ TEST_F(Materials, ContentsRepeatAfterTheirTransform) {
 }
 
 TEST_F(Materials, PicturesOfNumbersCountByTheirRed) {
-    const auto red = sharePicture(
-        1,
-        1,
-        {
-            {255, 0, 0, 255}
-    });
-    const auto cyan = sharePicture(
-        1,
-        1,
-        {
-            {0, 255, 255, 255}
-    });
+    const auto red = sharePicture(1, 1, {{255, 0, 0, 255}});
+    const auto cyan = sharePicture(1, 1, {{0, 255, 255, 255}});
     addLight(scene::SCNLightType::ambient, {}, 1000);
     const auto material = makeMatte();
     addSquare(material);

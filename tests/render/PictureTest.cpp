@@ -77,14 +77,7 @@ TEST_F(Pictures, ACubesFifthFaceLiesAhead) {
 TEST_F(Pictures, AReflectedPanoramaHasNoSeam) {
     const auto mirror = makeMaterial(Color::white(0));
     mirror->reflective.setImage(sharePicture(
-        4,
-        1,
-        {
-            {0,   0,   0,   255},
-            {128, 128, 128, 255},
-            {128, 128, 128, 255},
-            {255, 255, 255, 255}
-    }));
+        4, 1, {{0, 0, 0, 255}, {128, 128, 128, 255}, {128, 128, 128, 255}, {255, 255, 255, 255}}));
     addSquare(mirror);
     const image::Image picture = draw();
     EXPECT_NEAR(at(picture, 31, 32)[0], at(picture, 32, 32)[0], 12);

@@ -80,10 +80,7 @@ TEST_F(Techniques, AreDrawnInTheOrderOfTheSequence) {
     expectNear(drawn({}), {40, 80, 120}, 0);
     SCNTechnique aside; // what goes to a target leaves the picture as it is
     aside.targets = {0.5};
-    aside.passes = {
-        {"shrinkFragmentShader", SCNTechnique::kColor, 0},
-        {"invertFragmentShader"                    }
-    };
+    aside.passes = {{"shrinkFragmentShader", SCNTechnique::kColor, 0}, {"invertFragmentShader"}};
     expectNear(drawn({expose, aside.copy()}), {188, 120, 53}, 2);
 }
 
