@@ -44,6 +44,13 @@ TEST(ImageDamage, FilesCutAnywhereNeverCrash) {
         }
         EXPECT_FALSE(decodeImage(Bytes(file.begin(), file.begin() + 30)));
     }
+    Bytes jpeg = sound()[1];
+    while (jpeg.size() > 3) {
+        jpeg.pop_back();
+        const auto cut = decodeImage(jpeg);
+        ASSERT_FALSE(cut) << jpeg.size();
+        EXPECT_TRUE(cut.error().message.starts_with("the picture is cut off")) << jpeg.size();
+    }
 }
 
 TEST(ImageDamage, FlippedBytesNeverCrash) {
@@ -130,6 +137,14 @@ Bytes lyingJPEG(std::uint32_t side) {
     return bytes;
 }
 
+/// A GIF of one dot on a canvas of that size.
+Bytes lyingGIF(std::uint16_t side) {
+    const auto low = static_cast<std::uint8_t>(side);
+    const auto high = static_cast<std::uint8_t>(side >> 8U);
+    return {'G', 'I',  'F', '8', '9', 'a', low, high, low, high, 0x80, 0, 0, 0,    0, 0, 255, 255,
+            255, 0x2C, 0,   0,   0,   0,   low, high, low, high, 0,    2, 2, 0x44, 1, 0, 0x3B};
+}
+
 /// A WebP that claims 16384 x 16384 pixels, more than its decoder may hold.
 Bytes lyingWebP() {
     Bytes bytes;
@@ -158,6 +173,7 @@ TEST(ImageDamage, SizesThatLieAreRefusedWithoutTakingTheMemory) {
           lyingPNG(20'000, 20'000),
           lyingPNG(400'000'000, 1),
           lyingJPEG(20'000),
+          lyingGIF(11'000),
           lyingBMP(20'000),
           lyingBMP(100'000),
           lyingBMP(0x7FFFFFFF)}) {

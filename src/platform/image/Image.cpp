@@ -4,6 +4,7 @@
 #include "platform/foundation/Check.h"
 #include "platform/foundation/NewFile.h"
 #include "platform/image/AreaScaler.h"
+#include "platform/image/JPEGMarkers.h"
 #include "platform/image/PNGRows.h"
 #include "platform/image/StoredOrientation.h"
 
@@ -167,6 +168,40 @@ Result<void> checkSize(Extent extent) {
     return failSize(extent, fmt::format("use one of at most {} million", kMaxPixels / 1'000'000));
 }
 
+tl::unexpected<foundation::Error> failEarlyEnd(Extent extent) {
+    return fail(
+        Cause::malformed,
+        fmt::format(
+            "the picture is damaged (it ends long before {} x {} pixels)",
+            extent.width,
+            extent.height));
+}
+
+/// Its decoder shows a JPEG that ends early as if the rest were grey, holds a progressive one
+/// whole, and goes over all of it once a scan.
+Result<void> checkJPEG(const FileReader& file) {
+    constexpr int kMaxScans = 200; // some ten are usual
+    constexpr std::int64_t kBytesPerPixel = 6;
+    const auto markers = jpegMarkersOf(file);
+    if (!markers)
+        return {};
+    if (!markers->isWhole)
+        return fail(
+            Cause::malformed,
+            "the picture is cut off: its file ends before the picture does; use another copy");
+    if (markers->scans > kMaxScans)
+        return fail(Cause::malformed, "the picture is damaged (it is in too many pieces)");
+    if (markers->isProgressive &&
+        markers->pixels * kBytesPerPixel > std::int64_t{kAllocationMegabytes} << 20U) {
+        return fail(
+            Cause::tooLarge,
+            fmt::format(
+                "the picture claims {} million pixels; save it without progressive coding",
+                markers->pixels / 1'000'000));
+    }
+    return {};
+}
+
 /// What a file claims before it is decoded: a few bytes must not take gigabytes.
 Result<void> checkClaim(const QImageReader& reader, Extent extent) {
     if (auto fits = checkSize(extent); !fits)
@@ -174,19 +209,18 @@ Result<void> checkClaim(const QImageReader& reader, Extent extent) {
     const std::int64_t pixels = static_cast<std::int64_t>(extent.width) * extent.height;
     constexpr std::int64_t kPixelsPerByte = 64 * 8; // each square of 8 x 8 takes a bit at least
     if (reader.format() == "jpeg" && pixels / kPixelsPerByte > reader.device()->size())
-        return fail(
-            Cause::malformed,
-            fmt::format(
-                "the picture is damaged (it ends long before {} x {} pixels)",
-                extent.width,
-                extent.height));
-    if (reader.supportsOption(QImageIOHandler::ScaledSize))
-        return {};
+        return failEarlyEnd(extent);
     const QImage::Format format = reader.imageFormat();
     const std::int64_t bits =
         format == QImage::Format_Invalid ? 32 : QImage::toPixelFormat(format).bitsPerPixel();
-    if (pixels * bits / 8 > std::int64_t{kAllocationMegabytes} << 20U)
+    const bool isHeldWhole = !reader.supportsOption(QImageIOHandler::ScaledSize);
+    if (isHeldWhole && pixels * bits / 8 > std::int64_t{kAllocationMegabytes} << 20U)
         return failSize(extent, "save it as a PNG or JPEG file");
+    // What is this large and this empty was not made by anybody.
+    constexpr std::int64_t kHarmless = 1LL << 24U; // pixels
+    constexpr std::int64_t kEmptyPixelsPerByte = 4096;
+    if (pixels > kHarmless && pixels / kEmptyPixelsPerByte > reader.device()->size())
+        return failEarlyEnd(extent);
     return {};
 }
 
@@ -240,6 +274,8 @@ Result<ImagePtr> decode(QIODevice& device) {
             device.seek(at) ? device.read(static_cast<qint64>(count)) : QByteArray();
         return std::vector<std::uint8_t>(bytes.begin(), bytes.end());
     };
+    if (const auto sound = checkJPEG(read); !sound)
+        return tl::unexpected(sound.error());
     // Qt turns other formats' pictures itself.
     const unsigned orientation = storedOrientation(read);
     device.seek(0);

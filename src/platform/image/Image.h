@@ -43,8 +43,7 @@ inline constexpr int kMaxSide = 4096;
 inline constexpr std::int64_t kMaxPixels = 400'000'000;
 
 /// Loads a picture file: the format is told by its content, its EXIF orientation is applied, its
-/// colours become sRGB. A JPEG that ends early gives what there is, unless that is next to nothing.
-/// Errors: notFound, unreadable, malformed, tooLarge.
+/// colours become sRGB. Errors: notFound, unreadable, malformed, tooLarge.
 [[nodiscard]] foundation::Result<ImagePtr> loadImage(const std::filesystem::path& file);
 
 /// The same for a file's bytes in memory.
