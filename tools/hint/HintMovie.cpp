@@ -59,15 +59,20 @@ Result<QString> loadFont() {
     return QFontDatabase::applicationFontFamilies(id).constFirst();
 }
 
-movie::FrameTap gather(const std::shared_ptr<Pictures>& pictures) {
+/// The stage's pictures of a movie of so many frames.
+movie::FrameTap gather(const std::shared_ptr<Pictures>& pictures, int frames) {
     return {
-        .wants = [](int frame) { return frame >= 0 && frame % kTicksPerFrame == 0; },
+        .wants =
+            [frames](int frame) {
+                return frame >= 0 && frame < frames && frame % kTicksPerFrame == 0;
+            },
         .take = [pictures](int number, const render::FrameView& frame) -> Result<void> {
             const auto [width, height] = frame.size;
             (*pictures)[number] =
                 QImage(frame.bytes.data(), width, height, QImage::Format_RGBX8888).copy();
             return {};
-        }};
+        },
+        .count = (frames + kTicksPerFrame - 1) / kTicksPerFrame};
 }
 
 Result<std::shared_ptr<Pictures>>
@@ -86,7 +91,7 @@ drawStage(const app::Performance& performance, const std::filesystem::path& fold
     movie::MovieOptions options;
     options.renderSize = {HintPainter::kWidth, HintPainter::kHeight};
     options.writesMovie = false;
-    options.tap = gather(pictures);
+    options.tap = gather(pictures, app::framesIn(engine.model().duration()));
     if (auto drawn = app::exportMovie(engine, loop, options); !drawn)
         return tl::unexpected(drawn.error());
     return pictures;

@@ -2,6 +2,7 @@
 // zelvo_hint PERFORMANCE.json MOVIE.mp4 KEY: makes the movie that shows how to record an action,
 // unless it was made with the same key before.
 #include "HintMovie.h"
+#include "platform/foundation/Process.h"
 
 #include <fmt/format.h>
 #include <unistd.h>
@@ -26,6 +27,7 @@ std::string keyIn(const std::filesystem::path& stamp) {
 } // namespace
 
 int main(int argc, char** argv) {
+    zelvo::foundation::prepareProcess();
     if (argc != 4) {
         fmt::print(stderr, "usage: zelvo_hint PERFORMANCE.json MOVIE.mp4 KEY\n");
         return 2;
