@@ -120,7 +120,7 @@ TEST(Strip, SaysInOneLineWhatIsWrongWithItsMoments) {
     };
     // clang-format on
     for (const auto& row : rows) {
-        Program::Arguments arguments{"strip", file, "--out", program.path("no/strip.png")};
+        Program::Arguments arguments{"strip", file, "--out", program.path("strip.png")};
         arguments.insert(arguments.end(), row.moments.begin(), row.moments.end());
         const Ending ending = program.run(arguments);
         EXPECT_NE(ending.status, 0) << row.part;
