@@ -9,7 +9,7 @@
 namespace zelvo::foundation {
 namespace {
 
-void takeAllMemory() {
+[[maybe_unused]] void takeAllMemory() {
     prepareProcess();
     ::operator delete(::operator new (std::size_t{1} << 62U));
 }
