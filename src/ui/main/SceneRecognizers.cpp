@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace zelvo::ui {
 
@@ -15,6 +16,11 @@ using actions::GestureState;
 constexpr float kLeastDistance = 1; ///< points: fingers on one spot have no ratio
 constexpr float kLeastScale = 0.01f;
 constexpr float kScaleADegree = 0.0125f; ///< a notch of the wheel, 15 degrees, is about a fifth
+/// Seconds between the notches of a wheel that turns fast. A slow turn has kWheelPause between
+/// them, a single notch counts as one: the time of its event says nothing.
+constexpr double kFastNotch = 1.0 / 15;
+/// What the velocities of one turn of the wheel come to at most: the camera stops before the title.
+constexpr float kWheelReach = 30;
 /// Seconds that a change of the scale takes at least: two events of one moment are no infinite
 /// speed.
 constexpr double kLeastTime = 1.0 / 120;
@@ -110,7 +116,20 @@ void SceneRecognizers::endPinch() {
 }
 
 void SceneRecognizers::turnWheel(float degrees, const glm::vec2& place) {
-    growPinch(std::exp(degrees * kScaleADegree) - 1, place);
+    const bool goesOn = isPinching;
+    if (!goesOn) {
+        beginPinch(place);
+        wheelReached = 0;
+    }
+    const float growth = std::exp(degrees * kScaleADegree) - 1;
+    const double now = runLoop.now();
+    const double since =
+        goesOn ? std::clamp(now - scaleTime, kFastNotch, kWheelPause) : kWheelPause;
+    const float reached =
+        std::clamp(wheelReached + growth / static_cast<float>(since), -kWheelReach, kWheelReach);
+    velocity = reached - std::exchange(wheelReached, reached);
+    pinchPlace = place;
+    setScale(scale * (1 + growth));
     wheelEnd = runLoop.scheduleOnce(kWheelPause, [this] { endPinch(); });
 }
 
@@ -127,10 +146,14 @@ void SceneRecognizers::scaleTo(float wanted) {
     if (!isPinching)
         return;
     const float next = std::max(wanted, kLeastScale);
-    const double now = runLoop.now();
-    velocity = (next - scale) / static_cast<float>(std::max(now - scaleTime, kLeastTime));
-    scale = next;
-    scaleTime = now;
+    const double since = std::max(runLoop.now() - scaleTime, kLeastTime);
+    velocity = (next - scale) / static_cast<float>(since);
+    setScale(next);
+}
+
+void SceneRecognizers::setScale(float newScale) {
+    scale = std::max(newScale, kLeastScale);
+    scaleTime = runLoop.now();
     pinch(GestureState::changed);
 }
 

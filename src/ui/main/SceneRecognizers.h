@@ -40,7 +40,8 @@ public:
     /// one begins it.
     void growPinch(float growth, const glm::vec2& place);
     void endPinch();
-    /// A step of the wheel with Ctrl, in degrees; the first one begins a pinch.
+    /// A step of the wheel with Ctrl, in degrees; the first one begins a pinch. A fast turn pinches
+    /// faster than a slow one.
     void turnWheel(float degrees, const glm::vec2& place);
 
     /// Something is under way, or was until just now.
@@ -50,6 +51,7 @@ private:
     void pan(actions::GestureState state, const glm::vec2& place);
     void pinch(actions::GestureState state);
     void scaleTo(float wanted);
+    void setScale(float newScale);
     void tap(const glm::vec2& place);
     void beginPinch(const glm::vec2& place);
     void beginFingersPinch();
@@ -72,7 +74,8 @@ private:
     float startDistance = 1;
     float scale = 1;
     float velocity = 0;
-    double scaleTime = 0; ///< of the last change of the scale
+    float wheelReached = 0; ///< the velocities of the wheel's pinch, added up
+    double scaleTime = 0;   ///< of the last change of the scale
     glm::vec2 pinchPlace{0};
     std::optional<Tap> lastTap;
     foundation::Timer wheelEnd;

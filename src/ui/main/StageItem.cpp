@@ -23,6 +23,14 @@ namespace {
 
 constexpr int kMouse = -1; ///< as a finger
 constexpr float kDegreesADelta = 1.0f / 8;
+constexpr float kDegreesAPixel = 0.5f; ///< of a touchpad that tells pixels
+
+/// How far the wheel was turned, degrees.
+[[nodiscard]] float turnOf(const QWheelEvent& event) {
+    if (!event.pixelDelta().isNull())
+        return static_cast<float>(event.pixelDelta().y()) * kDegreesAPixel;
+    return static_cast<float>(event.angleDelta().y()) * kDegreesADelta;
+}
 
 [[nodiscard]] glm::vec2 vec(QPointF place) {
     return {static_cast<float>(place.x()), static_cast<float>(place.y())};
@@ -257,8 +265,7 @@ void StageItem::wheelEvent(QWheelEvent* event) {
         event->ignore();
         return;
     }
-    stage_->recognizers.turnWheel(
-        static_cast<float>(event->angleDelta().y()) * kDegreesADelta, vec(event->position()));
+    stage_->recognizers.turnWheel(turnOf(*event), vec(event->position()));
     event->accept();
 }
 

@@ -71,6 +71,7 @@ TEST_F(MainScreenTest, leaves_no_strip_of_speeds_above_the_style_panel) {
 TEST_F(MainScreenTest, sends_gestures_to_the_camera_while_the_catalogue_shows_alone) {
     const auto panTurns = [this] {
         auto& handle = *model.nodes().cameraYHandle;
+        main.stage.recognizers.setViewSize({1280, 720});
         main.stage.recognizers.press(1, {0, 0});
         main.stage.recognizers.move(1, {30, 0});
         main.stage.recognizers.move(1, {60, 0});
@@ -88,6 +89,23 @@ TEST_F(MainScreenTest, sends_gestures_to_the_camera_while_the_catalogue_shows_al
     main.showLayouterMenu();
     settle();
     EXPECT_FALSE(panTurns());
+}
+
+TEST_F(MainScreenTest, turns_the_camera_by_the_share_of_the_view_that_a_drag_takes) {
+    main.showAnim();
+    std::vector<float> angles;
+    for (const float width : {640.0f, 2560.0f}) {
+        main.stage.recognizers.setViewSize({width, width});
+        main.stage.recognizers.press(1, {0, 0});
+        main.stage.recognizers.move(1, {0.1f * width, 0});
+        main.stage.recognizers.move(1, {0.12f * width, 0});
+        loop().runFor(1);
+        angles.push_back(model.nodes().cameraYHandle->eulerAngles().y);
+        main.stage.recognizers.release(1, {0, 0});
+        loop().runFor(3);
+    }
+    EXPECT_LT(angles[0], -0.1f);
+    EXPECT_NEAR(angles[0], angles[1], 1e-4f);
 }
 
 TEST_F(MainScreenTest, asks_for_an_action_before_a_movie) {

@@ -117,6 +117,43 @@ TEST(Recognizers, end_the_pinch_of_a_wheel_when_it_rests) {
     EXPECT_EQ(notes.text, "pinch began pinch changed pinch changed pinch ended ");
 }
 
+/// What the camera is pushed in by, all velocities of a turn added up; ten units each.
+float pushOf(int notches, double between) {
+    foundation::VirtualRunLoop loop;
+    float sum = 0;
+
+    struct Sum final : GestureDelegate {
+        explicit Sum(float& into)
+            : sum(into) {}
+
+        void handlePinch(const PinchGesture& pinch) override { sum += pinch.velocity; }
+
+        void handlePan(const PanGesture&) override {}
+
+        void handleTap(const TapGesture&) override {}
+
+        void handleDoubleTap(const TapGesture&) override {}
+
+        float& sum;
+    } receiver{sum};
+
+    SceneRecognizers recognizers(loop, receiver);
+    for (int i = 0; i < notches; ++i) {
+        recognizers.turnWheel(15, {0, 0});
+        loop.runFor(between);
+    }
+    return 10 * sum;
+}
+
+TEST(Recognizers, push_the_camera_by_gentle_notches_and_never_through_the_title) {
+    constexpr float kCameraDistance = 345;
+    EXPECT_GT(pushOf(1, 0), 3);
+    EXPECT_LT(pushOf(1, 0), 0.05f * kCameraDistance);
+    EXPECT_GT(pushOf(6, 0.02), 2 * pushOf(6, 0.18)) << "a fast turn is no larger than a slow one";
+    EXPECT_LT(pushOf(6, 0.002), 0.6f * kCameraDistance);
+    EXPECT_LT(pushOf(60, 0.002), 0.9f * kCameraDistance);
+}
+
 } // namespace
 
 } // namespace zelvo::ui
