@@ -75,6 +75,9 @@ public:
     [[nodiscard]] scene::SCNSceneRenderer* renderer() const;
 
     /// "Movie.mov", there or not.
+    /// For one more copy among the user's videos.
+    [[nodiscard]] std::filesystem::path freeVideoPlace() const { return library.freePlace(); }
+
     [[nodiscard]] std::filesystem::path movieURL() const { return files.finishedMovie(); }
 
     /// Of the present or the last export.

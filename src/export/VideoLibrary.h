@@ -25,9 +25,10 @@ public:
     [[nodiscard]] tl::expected<std::filesystem::path, Failure>
     save(const std::filesystem::path& movie) const;
 
-private:
+    /// What the next copy would be called.
     [[nodiscard]] std::filesystem::path freePlace() const;
 
+private:
     std::filesystem::path folder;
 };
 

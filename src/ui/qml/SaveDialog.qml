@@ -3,6 +3,12 @@ import QtQuick.Dialogs
 
 // Asks where a copy of the movie goes.
 FileDialog {
+    function ask(suggestion: url): void {
+        currentFolder = suggestion.toString().replace(/[^/]*$/, "");
+        selectedFile = suggestion;
+        open();
+    }
+
     title: "Save a Copy"
     fileMode: FileDialog.SaveFile
     acceptLabel: "Save"

@@ -63,7 +63,10 @@ FocusScope {
                 id: copy
 
                 text: "Save a Copy…"
-                onClicked: dialog.item ? dialog.item.open() : dialog.active = true
+                onClicked: {
+                    dialog.active = true;
+                    dialog.item.ask(root.controller.suggestedCopy());
+                }
             }
         }
     }
@@ -72,7 +75,6 @@ FocusScope {
 
         active: false
         source: "qrc:/zelvo/SaveDialog.qml"
-        onLoaded: item.open()
     }
     Connections {
         target: dialog.item

@@ -118,6 +118,10 @@ void PreviewViewController::copyPath() {
     signals().messageSignal.fire("Path copied");
 }
 
+QUrl PreviewViewController::suggestedCopy() const {
+    return QUrl::fromLocalFile(shown(services.model.movieWriter().freeVideoPlace()));
+}
+
 void PreviewViewController::saveCopy(const QUrl& target) {
     endSharing();
     const std::filesystem::path to = target.toLocalFile().toStdString();

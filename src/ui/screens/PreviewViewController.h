@@ -60,6 +60,8 @@ public:
     Q_INVOKABLE void openInPlayer();
     Q_INVOKABLE void openFolder();
     Q_INVOKABLE void copyPath();
+    /// A name among the user's videos that no file has yet.
+    Q_INVOKABLE [[nodiscard]] QUrl suggestedCopy() const;
     /// Copies the movie to a file of the user's choice, beside the main thread.
     Q_INVOKABLE void saveCopy(const QUrl& target);
     Q_INVOKABLE void dismissController();

@@ -72,6 +72,12 @@ TEST_F(PreviewTest, SavesACopyOrSaysWhyNot) {
     EXPECT_EQ(preview.place().toStdString(), file("mine.mov").string());
     EXPECT_FALSE(alerts.isShowing());
 
+    const auto suggested = [this] { return preview.suggestedCopy().toLocalFile().toStdString(); };
+    EXPECT_EQ(suggested(), file("videos/Zelvo Movie.mov").string());
+    std::filesystem::create_directories(file("videos"));
+    std::ofstream(file("videos/Zelvo Movie.mov")) << "of an earlier export";
+    EXPECT_EQ(suggested(), file("videos/Zelvo Movie 2.mov").string());
+
     preview.saveCopy(QUrl());
     loop().drain();
     EXPECT_FALSE(alerts.isShowing()) << "the user chose no file";
