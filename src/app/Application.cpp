@@ -3,6 +3,7 @@
 
 #include "app/Commands.h"
 #include "app/Stopwatch.h"
+#include "app/WindowPlace.h"
 #include "content/FontManager.h"
 #include "export/RendererFrames.h"
 #include "platform/foundation/Console.h"
@@ -26,8 +27,6 @@ namespace zelvo::app {
 namespace {
 
 constexpr const char* kWindowKey = "WindowPlace"; ///< x, y, width, height, "window" or "full"
-constexpr int kLeastWidth = 960;
-constexpr int kLeastHeight = 540;
 
 /// Without sound the program goes on.
 [[nodiscard]] bool activateSound() {
@@ -46,6 +45,20 @@ constexpr int kLeastHeight = 540;
         return {};
     const auto number = [&kept](std::size_t i) { return QString::fromStdString(kept[i]).toInt(); };
     return {number(0), number(1), number(2), number(3)};
+}
+
+[[nodiscard]] QList<QRect> screens() {
+    QList<QRect> all;
+    for (const QScreen* const screen : QGuiApplication::screens())
+        all.append(screen->availableGeometry());
+    return all;
+}
+
+/// The frame is the window manager's: how wide it is comes out once the window is there.
+void keepFrameOnScreen(QQuickWindow& window) {
+    const QRect whole = whollyShown(window.geometry(), window.frameMargins(), screens());
+    if (window.windowStates() == Qt::WindowNoState && whole != window.geometry())
+        window.setGeometry(whole);
 }
 
 } // namespace
@@ -109,11 +122,19 @@ void Application::show() {
         return;
     const auto kept = defaults.strings(kWindowKey).value_or(std::vector<std::string>{});
     const QRect place = placeFrom(kept);
-    const bool isVisible = QGuiApplication::screenAt(place.center()) != nullptr;
-    if (isVisible && place.width() >= kLeastWidth && place.height() >= kLeastHeight)
-        shown->setGeometry(place);
-    else if (const QScreen* const screen = shown->screen())
-        shown->resize(shown->size().boundedTo(screen->availableSize()));
+    const QRect whole =
+        whollyShown(place.isValid() ? place : QRect({}, shown->size()), {}, screens());
+    shown->setMinimumSize(shown->minimumSize().boundedTo(whole.size()));
+    if (place.isValid())
+        shown->setGeometry(whole);
+    else
+        shown->resize(whole.size());
+    QObject::connect(
+        shown,
+        &QQuickWindow::frameSwapped,
+        shown,
+        [shown] { keepFrameOnScreen(*shown); },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
     if (!kept.empty() && kept.back() == "full") {
         shown->showFullScreen();
     } else {

@@ -2,6 +2,7 @@
 // One performance by hand in the real window, with real events: from the start to the preview.
 // With ZELVO_WINDOW_PICTURES naming a folder, pictures of the screens are left there.
 #include "app/Application.h"
+#include "app/WindowPlace.h"
 #include "support/TemporaryFolder.h"
 #include "ui/controls/Alerts.h"
 #include "ui/layouter/LayouterMenu.h"
@@ -16,6 +17,7 @@
 #include <QGuiApplication>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QScreen>
 #include <QTest>
 #include <QThread>
 
@@ -261,9 +263,36 @@ TEST_F(WindowTest, ARunKeepsItsTimeHoweverLongAPictureTakes) {
     EXPECT_LT(static_cast<double>(watch.elapsed()) / 1000, 1.5 * whole);
 }
 
-TEST(WindowClosing, LeavesNoHalfMovieBehind) {
+TEST(WindowPlace, ShowsTheWholeWindowWithItsTitleBarOnSomeScreen) {
+    const QList<QRect> screens{
+        {0,    30, 1400, 870},
+        {1400, 0,  800,  600}
+    };
+    const QMargins frame(2, 25, 2, 2);
+
+    struct Row {
+        QRect kept;
+        QRect shown;
+    };
+
+    for (const Row& row : {
+             Row{{100, 100, 1280, 720},   {100, 100, 1280, 720}}, // it fits
+             Row{{100, 20, 1280, 720},    {100, 55, 1280, 720} }, // the title bar is cut off
+             Row{{-300, 700, 1280, 720},  {2, 178, 1280, 720}  },
+             Row{{0, 0, 3000, 2000},      {2, 55, 1396, 843}   }, // larger than the screen
+             Row{{1500, 100, 1280, 720},  {1402, 25, 796, 573} }, // on the second
+             Row{{9000, 9000, 1000, 600}, {398, 298, 1000, 600}}, // on one that has gone
+    })
+        EXPECT_EQ(whollyShown(row.kept, frame, screens), row.shown) << row.kept.x();
+    EXPECT_EQ(whollyShown({1, 2, 3, 4}, frame, {}), QRect(1, 2, 3, 4));
+}
+
+TEST(WindowClosing, LeavesNoHalfMovieBehindAndComesBackWhollyVisible) {
     constexpr double kIntoTheMovie = 2.2; ///< seconds, count-in included
     const test::TemporaryFolder folder;
+    const auto folders = foundation::Folders::below(folder.path());
+    foundation::UserDefaults(folders.config / "defaults.json")
+        .set("WindowPlace", std::vector<std::string>{"900", "-200", "3000", "2000", "window"});
     const auto hasMovies = [&folder] {
         const std::filesystem::recursive_directory_iterator all(folder.path());
         return std::any_of(begin(all), end(all), [](const auto& file) {
@@ -271,8 +300,10 @@ TEST(WindowClosing, LeavesNoHalfMovieBehind) {
         });
     };
     {
-        Application application{foundation::Folders::below(folder.path())};
+        Application application{folders};
         application.show();
+        EXPECT_TRUE(
+            application.window()->screen()->geometry().contains(application.window()->geometry()));
         const auto soon = [](const auto& happens) { return QTest::qWaitFor(happens, kPatience); };
         ASSERT_TRUE(soon([&] { return application.main.stage.framesShown() > 0; }));
         application.main.showAnim();
