@@ -103,9 +103,13 @@ FocusScope {
     SliderNumber {
         id: number
 
-        readonly property bool isRight: handle.x + handle.width + 6 + width <= root.width
+        // Where the track is not filled, if there is room.
+        readonly property real left: handle.x - width - 6
+        readonly property real right: handle.x + handle.width + 6
+        readonly property bool isFilledLeft: root.shareOf(root.controller.value) >= root.middle
+        readonly property bool isRight: right + width <= root.width && (isFilledLeft || left < 0)
 
-        x: isRight ? handle.x + handle.width + 6 : handle.x - width - 6
+        x: isRight ? right : left
         anchors.verticalCenter: parent.verticalCenter
         controller: root.controller
         onDone: root.forceActiveFocus(Qt.TabFocusReason)
