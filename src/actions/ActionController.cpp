@@ -41,7 +41,7 @@ void ActionController::addAction(
 
     const auto isInRun = std::make_shared<bool>(false);
     send(
-        [this, xac, isInRun] {
+        [&owner = owner, xac, isInRun] {
             xac->time = owner.time();
             xac->hasRun = true;
             *isInRun = owner.isPlaying();
@@ -56,19 +56,16 @@ void ActionController::addAction(
 
 void ActionController::send(std::function<void()> onQueue, std::function<void()> onLoop) {
     ++underWay;
+    const auto back = lifetime.guard([this, onLoop = std::move(onLoop)] {
+        --underWay;
+        onLoop();
+    });
     // The owner outlives its serial queue's work; what waits on the run loop may outlive this
     // controller.
-    const std::weak_ptr<const bool> guard = alive;
-    owner.serialQueue().async(
-        [this, guard, onQueue = std::move(onQueue), onLoop = std::move(onLoop)] {
-            onQueue();
-            owner.runLoop().post([this, guard, onLoop] {
-                if (guard.expired())
-                    return;
-                --underWay;
-                onLoop();
-            });
-        });
+    owner.serialQueue().async([&loop = owner.runLoop(), onQueue = std::move(onQueue), back] {
+        onQueue();
+        loop.post(back);
+    });
 }
 
 void ActionController::keep(const XACPtr& xac) {
@@ -103,11 +100,10 @@ void ActionController::run(double time) {
         if (xac->hasRun || xac->time > time)
             continue;
         xac->hasRun = true; // before the callback, so that no later tick runs it a second time
-        const std::weak_ptr<const bool> guard = alive;
-        owner.runLoop().post([this, guard, xac, run = runNumber] {
-            if (!guard.expired() && run == runNumber)
+        owner.runLoop().post(lifetime.guard([this, xac, run = runNumber] {
+            if (run == runNumber)
                 xac->xacFunc();
-        });
+        }));
     }
 }
 
@@ -158,11 +154,7 @@ void ActionController::deleteAll() {
     ++performanceNumber;
     ui::signals().undoStateSignal.fire();
 
-    const std::weak_ptr<const bool> guard = alive;
-    owner.runLoop().asyncAfter(kOpeningDelay, [this, guard] {
-        if (!guard.expired())
-            playOpeningFlyIn(nodes);
-    });
+    owner.runLoop().asyncAfter(kOpeningDelay, lifetime.guard([this] { playOpeningFlyIn(nodes); }));
 }
 
 void ActionController::undo() {

@@ -7,10 +7,10 @@
 #include "actions/MyUndoManager.h"
 #include "actions/Techniques.h"
 #include "actions/XAC.h"
+#include "platform/foundation/Lifetime.h"
 #include "stage/Nodes.h"
 
 #include <functional>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -103,8 +103,7 @@ private:
         0;             ///< raised by deleteAll: what was under way then is not kept any more
     int runNumber = 0; ///< raised by the end of each run
     std::thread::id ownerThread = std::this_thread::get_id();
-    std::shared_ptr<const bool> alive =
-        std::make_shared<const bool>(true); ///< queued calls may outlive this
+    foundation::Lifetime lifetime;
 };
 
 } // namespace zelvo::actions

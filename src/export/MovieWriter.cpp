@@ -33,7 +33,7 @@ MovieWriter::MovieWriter(
     , makeFrames(std::move(frameFactory)) {}
 
 MovieWriter::~MovieWriter() {
-    exportToken.reset();
+    exportLifetime.reset();
     releaseWriters();
 }
 
@@ -49,7 +49,7 @@ Result<void> MovieWriter::start() {
         files.deleteRawMovie();
         return prepared;
     }
-    exportToken = std::make_shared<const bool>(true);
+    exportLifetime.emplace();
     progress = {0, framesToDraw()};
     encodingSeconds = 0;
     frames->resetTimes();
@@ -57,11 +57,7 @@ Result<void> MovieWriter::start() {
     model.stopAndReset();
     model.attachScene(SceneHome::movieRenderer);
     state_ = State::preparing;
-    const std::weak_ptr<const bool> token = exportToken;
-    model.runLoop().asyncAfter(kStartDelay, [this, token] {
-        if (!token.expired())
-            model.start();
-    });
+    model.runLoop().asyncAfter(kStartDelay, exportLifetime->guard([this] { model.start(); }));
     return {};
 }
 
@@ -185,12 +181,8 @@ void MovieWriter::leaveRun() {
 }
 
 std::function<void()> MovieWriter::queued(void (MovieWriter::*call)()) {
-    return [this, call, token = std::weak_ptr(exportToken), &loop = model.runLoop()] {
-        loop.post([this, call, token] {
-            if (!token.expired())
-                (this->*call)();
-        });
-    };
+    const auto guarded = exportLifetime->guard([this, call] { (this->*call)(); });
+    return [&loop = model.runLoop(), guarded] { loop.post(guarded); };
 }
 
 void MovieWriter::mux() {
@@ -257,7 +249,7 @@ void MovieWriter::fail(const Error& error) {
 }
 
 void MovieWriter::end(const Result<MovieOutcome>& outcome) {
-    exportToken.reset();
+    exportLifetime.reset();
     releaseWriters();
     files.deleteRawMovie();
     state_ = State::idle;

@@ -8,6 +8,7 @@
 #include "export/MovieWriterOwner.h"
 #include "export/RawMovie.h"
 #include "export/VideoLibrary.h"
+#include "platform/foundation/Lifetime.h"
 #include "platform/media/AVAssetExportSession.h"
 #include "shared/Signal.h"
 
@@ -113,8 +114,8 @@ private:
     State state_ = State::idle;
     MovieProgress progress;
     double encodingSeconds = 0;
-    /// Made anew by each export; calls that come late from other threads hold it weakly.
-    std::shared_ptr<const bool> exportToken;
+    /// Of the export under way: what comes later than its end is dropped.
+    std::optional<foundation::Lifetime> exportLifetime;
 };
 
 } // namespace zelvo::movie

@@ -201,10 +201,7 @@ void Model::setSceneView(scene::SCNSceneRenderer* view) {
 }
 
 void Model::attachScene(movie::SceneHome home) {
-    const std::weak_ptr<const bool> guard = alive;
-    services.runLoop.post([this, guard, home] {
-        if (guard.expired())
-            return;
+    services.runLoop.post(lifetime.guard([this, home] {
         const bool isOnScreen = home == movie::SceneHome::screen;
         if (sceneView_ != nullptr)
             sceneView_->setScene(isOnScreen ? sceneData_->scene : nullptr);
@@ -212,7 +209,7 @@ void Model::attachScene(movie::SceneHome home) {
             renderer->delegate = this;
             renderer->setScene(isOnScreen ? nullptr : sceneData_->scene);
         }
-    });
+    }));
 }
 
 scene::SCNSceneRenderer* Model::currentRenderer() const {

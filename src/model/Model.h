@@ -9,6 +9,7 @@
 #include "export/MovieWriterOwner.h"
 #include "model/AnimationRatio.h"
 #include "platform/foundation/Folders.h"
+#include "platform/foundation/Lifetime.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/scene/SCNSceneRenderer.h"
 #include "shared/FrameClock.h"
@@ -183,8 +184,7 @@ private:
     bool blocking = false;
     scene::SCNSceneRenderer* sceneView_ = nullptr;
     std::atomic<bool> isPlaying_ = false;
-    std::shared_ptr<const bool> alive =
-        std::make_shared<const bool>(true); ///< queued calls may outlive this
+    foundation::Lifetime lifetime;
 };
 
 } // namespace zelvo::core
