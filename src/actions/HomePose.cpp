@@ -6,8 +6,6 @@
 #include "platform/foundation/Check.h"
 #include "platform/scene/SCNAction.h"
 
-#include <array>
-
 namespace zelvo::actions {
 
 namespace {
@@ -15,7 +13,6 @@ namespace {
 using scene::SCNAction;
 
 constexpr glm::vec3 kHome{0, 0, 0};
-constexpr glm::vec3 kCameraHome{0, 0, 345};
 constexpr glm::vec3 kCameraYHandleHome{0, 1, 0};
 constexpr glm::vec3 kParkingPlace{0, 0, 2000};
 
@@ -70,11 +67,10 @@ void resetStage(const core::Nodes& nodes, CameraHandles handles, const Homecomin
          {holder.contentNode, holder.xAxisNode, holder.yAxisNode, holder.zAxisNode}) {
         resetSceneNode(*level, kHome, how);
     }
-    for (const auto& node : std::array<core::NodePtr, 4>{
-             nodes.textNode1, nodes.textNode2, nodes.imageNode, nodes.mediaNode}) {
+    for (const core::NodePtr& node : nodes.content()) {
         resetRig(*node, how);
     }
-    resetSceneNode(*nodes.cameraNode, kCameraHome, how);
+    resetSceneNode(*nodes.cameraNode, core::kCameraHome, how);
     for (const auto& level :
          {nodes.cameraPinchNode,
           nodes.cameraSpecialPerspectiveNode,
@@ -90,8 +86,7 @@ void resetStage(const core::Nodes& nodes, CameraHandles handles, const Homecomin
 
 void parkNodes(const core::Nodes& nodes) {
     const auto park = SCNAction::moveTo(kParkingPlace, 0);
-    for (const auto& node : std::array<core::NodePtr, 4>{
-             nodes.textNode1, nodes.textNode2, nodes.mediaNode, nodes.imageNode}) {
+    for (const core::NodePtr& node : nodes.content()) {
         node->runAction(park);
     }
 }
@@ -100,8 +95,7 @@ void playOpeningFlyIn(const core::Nodes& nodes) {
     const auto flyIn = SCNAction::sequence(
         {SCNAction::moveTo({0, 0, -800}, 0),
          SCNAction::moveTo(kHome, 0.4, bezierTiming(0.61f, 0.81f, 0.57f, 0.98f))});
-    for (const auto& node : std::array<core::NodePtr, 4>{
-             nodes.textNode1, nodes.textNode2, nodes.imageNode, nodes.mediaNode}) {
+    for (const core::NodePtr& node : nodes.content()) {
         node->runAction(flyIn);
     }
 }

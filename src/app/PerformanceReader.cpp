@@ -21,8 +21,6 @@ using foundation::Range;
 
 constexpr Range kDuration{2, 3599};
 constexpr Range kSongTime{0, 86'400};
-/// The shortest stretch of music, seconds.
-constexpr double kMinStretch = 2.0;
 
 using Strings = std::vector<std::string>;
 

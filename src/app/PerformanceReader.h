@@ -36,6 +36,7 @@ inline constexpr std::size_t kMaxCues = 10'000;
 inline constexpr std::size_t kMaxTextLength = 2'000; ///< characters of one text
 inline constexpr std::size_t kMaxProblems = 20;      ///< more are not listed
 inline constexpr double kDefaultDuration = 8.0;      ///< seconds, where the file says none
+inline constexpr double kMinStretch = 2.0;           ///< seconds, of music
 inline constexpr double kCountIn = 2.0; ///< seconds before the movie in which cues may stand
 
 /// Reads a performance from JSON text. All problems are collected, in the order of the text, up to

@@ -27,9 +27,6 @@ namespace {
 using actions::GestureState;
 using shared::FrameClock;
 
-/// The shortest stretch of music, seconds.
-constexpr double kMinStretch = 2.0;
-
 struct FadeRow {
     std::string_view name;
     audio::FadeState state;
@@ -191,9 +188,8 @@ private:
 
     [[nodiscard]] std::vector<core::NodePtr> nodesOf(const Press& cue) {
         auto& stage = engine.stage();
-        if (cue.nodes.empty()) {
-            return {stage.textNode1, stage.textNode2, stage.imageNode, stage.mediaNode};
-        }
+        if (cue.nodes.empty())
+            return stage.content();
         std::vector<core::NodePtr> nodes;
         for (const auto& name : cue.nodes)
             nodes.push_back(nodeNamed(name, stage));

@@ -131,11 +131,7 @@ foundation::Result<void> styleContent(
 }
 
 core::NodePtr nodeNamed(std::string_view shortName, const core::Nodes& stage) {
-    for (const core::NodePtr& node :
-         {core::NodePtr(stage.textNode1),
-          core::NodePtr(stage.textNode2),
-          core::NodePtr(stage.imageNode),
-          core::NodePtr(stage.mediaNode)}) {
+    for (const core::NodePtr& node : stage.content()) {
         if (node->shortName == shortName)
             return node;
     }

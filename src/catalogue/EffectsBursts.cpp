@@ -19,7 +19,6 @@ using scene::SCNAction;
 using scene::SCNTransaction;
 
 constexpr double kPeak = 1e6;
-constexpr std::uint32_t kLitMask = 260;
 
 enum class Place { middle, random };
 
@@ -77,7 +76,7 @@ void burst(
     const Pose& pose) {
     const auto light = std::make_shared<scene::SCNLight>();
     light->type = scene::SCNLightType::omni;
-    light->categoryBitMask = kLitMask;
+    light->categoryBitMask = core::kContentMask;
     light->color = {flash.color.r, flash.color.g, flash.color.b, 1};
     light->intensity = flash.start;
     const auto node = std::make_shared<core::DefaultSCNNode>();

@@ -30,7 +30,6 @@ constexpr double kBeaconFactor = 0.8;
 constexpr glm::vec3 kBeaconStart{-900, 0, 0};
 constexpr glm::vec3 kBeaconEnd{900, 0, 0};
 
-constexpr std::uint32_t kLitMask = 260;
 constexpr std::uint32_t kStreakMask = 16;
 constexpr double kSweepShare = 0.33;    ///< of the duration, one of three
 constexpr double kFlickerShare = 0.165; ///< one of six
@@ -121,7 +120,7 @@ scene::SCNLightPtr streakLight() {
     auto light = std::make_shared<scene::SCNLight>();
     light->type = scene::SCNLightType::omni;
     light->intensity = 1e7;
-    light->categoryBitMask = kLitMask;
+    light->categoryBitMask = core::kContentMask;
     light->zFar = 10000;
     return light;
 }

@@ -10,7 +10,6 @@
 #include <glm/geometric.hpp>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace zelvo::core {
@@ -47,11 +46,7 @@ Model::Model(ModelServices given)
     , currentBackgroundColor_(ui::kPalette[ui::kDefaultBackgroundIndex])
     , audioPlayer_(
           services.runLoop, [this] { return duration_; }, services.makeAudioOutput)
-    , affectedNodes_(
-          {services.nodes.textNode1,
-           services.nodes.textNode2,
-           services.nodes.imageNode,
-           services.nodes.mediaNode}) {
+    , affectedNodes_(services.nodes.content()) {
     actionController_ = std::make_unique<actions::ActionController>(*this, services.nodes);
     movieWriter_ =
         std::make_unique<movie::MovieWriter>(*this, services.folders, services.makeFrames);
@@ -254,14 +249,12 @@ void Model::showAlert(const std::string& title, const std::string& message) {
 
 void Model::rendererDidApplyAnimationsAtTime(scene::SCNSceneRenderer&, double) {
     const Nodes& stage = services.nodes;
-    for (const scene::SCNNodePtr& node : std::array<scene::SCNNodePtr, 5>{
-             stage.mediaHolderNode,
-             stage.textNode1,
-             stage.textNode2,
-             stage.mediaNode,
-             stage.imageNode}) {
-        node->opacity = opacityAtDistance(glm::length(node->position.value()));
-    }
+    const auto fade = [](scene::SCNNode& node) {
+        node.opacity = opacityAtDistance(glm::length(node.position.value()));
+    };
+    fade(*stage.mediaHolderNode);
+    for (const NodePtr& node : stage.content())
+        fade(*node);
 }
 
 } // namespace zelvo::core

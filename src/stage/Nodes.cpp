@@ -12,7 +12,6 @@
 namespace zelvo::core {
 namespace {
 
-constexpr glm::vec3 kCameraHome{0, 0, 345};
 constexpr auto kFirstFont = "DaysOne-Regular";
 constexpr auto kDefaultFont = "Audiowide-Regular";
 
@@ -104,6 +103,10 @@ void Nodes::applyDefaultStyles() {
         {content::MediaNode::shapeNamed("None"),
          ui::kPalette[ui::kBlackIndex],
          look::XMATClasses::plain});
+}
+
+std::vector<NodePtr> Nodes::content() const {
+    return {textNode1, textNode2, imageNode, mediaNode};
 }
 
 std::vector<scene::SCNNodePtr> Nodes::holders() const {

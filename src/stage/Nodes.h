@@ -12,6 +12,9 @@
 
 namespace zelvo::core {
 
+/// Where the camera stands in its rig.
+inline constexpr glm::vec3 kCameraHome{0, 0, 345};
+
 /// The permanent stage: made once, then only moved, restyled and re-attached. A scene environment
 /// is built around these same nodes.
 ///
@@ -60,6 +63,10 @@ public:
     const ParticleList particleVoltage = ParticleNodes::load("Voltage.scn");
     const ParticleList particleWosh = ParticleNodes::load("Wosh.scn");
     const ParticleList particleXWosh = ParticleNodes::load("XWosh.scn");
+
+    /// What a performance works on, in the order in which it is listed and shown: the two texts,
+    /// the picture, the media shape.
+    [[nodiscard]] std::vector<NodePtr> content() const;
 
     /// What a scene's root holds, in the order of adding: fxHolderNode,
     /// particleAndParticleLightHolder, cameraJittery, mediaHolderNode.

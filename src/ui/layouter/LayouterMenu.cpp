@@ -3,16 +3,11 @@
 
 #include "model/Model.h"
 
-#include <array>
 #include <utility>
 
 namespace zelvo::ui {
 
 namespace {
-
-std::array<core::NodePtr, 4> nodesInOrder(const core::Nodes& nodes) {
-    return {nodes.textNode1, nodes.textNode2, nodes.imageNode, nodes.mediaNode};
-}
 
 /// A panel goes some time after the next one has come, which has outlines of its own by then.
 const LayouterMenu* outliner = nullptr;
@@ -53,7 +48,7 @@ LayouterMenu::~LayouterMenu() {
     if (outliner != this)
         return;
     outliner = nullptr;
-    for (const core::NodePtr& node : nodesInOrder(services.model.nodes()))
+    for (const core::NodePtr& node : services.model.nodes().content())
         node->showOutline(core::Outline::hidden, core::Transition::animated);
 }
 
@@ -74,7 +69,7 @@ void LayouterMenu::setCurrentNode(core::NodePtr node) {
 }
 
 void LayouterMenu::setCurrentNodeFromButton(int tag) {
-    const auto nodes = nodesInOrder(services.model.nodes());
+    const auto nodes = services.model.nodes().content();
     const auto place = static_cast<std::size_t>(tag);
     setCurrentNode(place < nodes.size() ? nodes[place] : nullptr);
 }
@@ -126,7 +121,7 @@ void LayouterMenu::refresh() {
 }
 
 void LayouterMenu::showOutlines() const {
-    for (const core::NodePtr& node : nodesInOrder(services.model.nodes()))
+    for (const core::NodePtr& node : services.model.nodes().content())
         node->showOutline(node == currentNode_ ? core::Outline::highlighted : core::Outline::plain);
 }
 

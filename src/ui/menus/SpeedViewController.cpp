@@ -16,11 +16,6 @@ constexpr int kNormalTag = 3;
 constexpr auto kSpeedTitles = std::to_array<const char*>({"---", "--", "-", "O", "+", "++", "+++"});
 static_assert(kSpeedTitles.size() == core::kSpeeds.size());
 
-/// By tag, which is the order of the affected nodes.
-std::array<core::NodePtr, 4> nodesInOrder(const core::Nodes& nodes) {
-    return {nodes.textNode1, nodes.textNode2, nodes.imageNode, nodes.mediaNode};
-}
-
 } // namespace
 
 SpeedViewController::SpeedViewController(const Services& given, QObject* parent)
@@ -59,7 +54,7 @@ SpeedViewController::SpeedViewController(const Services& given, QObject* parent)
 
 void SpeedViewController::viewWillAppear() {
     const auto& affected = services.model.affectedNodes();
-    const auto nodes = nodesInOrder(services.model.nodes());
+    const auto nodes = services.model.nodes().content();
     const auto buttons = nodeButtons();
     for (std::size_t tag = 0; tag < nodes.size(); ++tag)
         buttons[tag]->setMySelected(std::ranges::find(affected, nodes[tag]) != affected.end());
@@ -87,7 +82,7 @@ void SpeedViewController::nodeAction(int tag) {
         for (MyButton* const button : buttons)
             button->setMySelected(true);
     }
-    const auto nodes = nodesInOrder(services.model.nodes());
+    const auto nodes = services.model.nodes().content();
     std::vector<core::NodePtr> chosen;
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         if (buttons[i]->isMySelected())
