@@ -30,18 +30,25 @@ struct Button {
     [[nodiscard]] bool isHold() const { return static_cast<bool>(endFunc); }
 };
 
+/// Where a tab stands when the row is too wide and is shown in two pages. Both count from 1.
+struct PagePlace {
+    int page;
+    int place;
+};
+
 /// A tab of the catalogue.
 struct Tab {
     std::string_view shortTitle; ///< what the tab's button shows
     std::string_view field;      ///< its name in the program
     std::string_view contents;
     std::vector<Button> (*operation)();
+    PagePlace onPage;
 
     /// Made anew by each call.
     [[nodiscard]] std::vector<Button> buttons() const { return operation(); }
 };
 
-/// The fourteen tabs in the order of the row.
+/// In the order of the row.
 [[nodiscard]] std::span<const Tab> tabs();
 
 /// By short title; null if there is none.

@@ -25,7 +25,7 @@ TEST_F(ButtonTest, HaveFacesAndTitlesOfTheirOwn) {
     for (const Tab& tab : tabs()) {
         EXPECT_EQ(tabNamed(tab.shortTitle), &tab) << "two tabs are named " << tab.shortTitle;
         const auto buttons = tab.buttons();
-        EXPECT_EQ(buttons.size(), 6U) << tab.shortTitle;
+        EXPECT_LE(buttons.size(), 9U) << tab.shortTitle << ": the digits play them";
         for (const Button& button : buttons) {
             EXPECT_NE(button.face.image.empty(), button.face.label.empty()) << button.title;
             EXPECT_TRUE(titles.insert(button.title).second) << button.title;

@@ -6,7 +6,7 @@
 #include "platform/foundation/UserDefaults.h"
 
 #include <algorithm>
-#include <array>
+#include <map>
 #include <utility>
 
 namespace zelvo::ui {
@@ -15,28 +15,6 @@ namespace {
 
 constexpr auto kSpeedMenuVisibleKey = "SpeedMenuVisibleKey";
 constexpr qsizetype kFirstTabOfFullRow = 1; // IN1
-
-struct FieldRow {
-    std::string_view name;
-    ActionsMenu::TabButton ActionsMenu::*button;
-};
-
-constexpr auto kFields = std::to_array<FieldRow>({
-    {"FLY", &ActionsMenu::FLY},
-    {"IN1", &ActionsMenu::IN1},
-    {"IN2", &ActionsMenu::IN2},
-    {"IN3", &ActionsMenu::IN3},
-    {"IN4", &ActionsMenu::IN4},
-    {"MID", &ActionsMenu::MID},
-    {"ROT", &ActionsMenu::ROT},
-    {"CAM", &ActionsMenu::CAM},
-    {"FX1", &ActionsMenu::FX1},
-    {"FX2", &ActionsMenu::FX2},
-    {"FX3", &ActionsMenu::FX3},
-    {"OT1", &ActionsMenu::OT1},
-    {"OT2", &ActionsMenu::OT2},
-    {"OT3", &ActionsMenu::OT3},
-});
 
 QString toQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -54,7 +32,7 @@ ActionsMenu::ActionsMenu(const Services& given, QObject* parent)
     , stackView({.buttonEdgeInsets = {8, 0, 8, 0}, .spacing = 1, .bgColor = kClearButtonColor})
     , services(given) {
     for (const catalogue::Tab& tab : catalogue::tabs())
-        field(tab.field) = makeTabButton(tab);
+        tabButtons.push_back(makeTabButton(tab));
     arrowLeft = makeArrow("ArrowLeft", &ActionsMenu::buttonStack1);
     arrowRight = makeArrow("ArrowRight", &ActionsMenu::buttonStack2);
     speedButton.selectedImage = "Controls_on";
@@ -63,10 +41,18 @@ ActionsMenu::ActionsMenu(const Services& given, QObject* parent)
 
 ActionsMenu::~ActionsMenu() = default;
 
-ActionsMenu::TabButton& ActionsMenu::field(std::string_view name) {
-    const auto* const row = std::ranges::find(kFields, name, &FieldRow::name);
-    CHECK(row != kFields.end(), "the catalogue has a tab {} that the menu has not", name);
-    return this->*row->button;
+MySegmentedStackButton& ActionsMenu::tabButton(std::string_view field) const {
+    const auto tabs = catalogue::tabs();
+    const auto tab = std::ranges::find(tabs, field, &catalogue::Tab::field);
+    CHECK(tab != tabs.end(), "the catalogue has no tab {}", field);
+    return *tabButtons[static_cast<std::size_t>(tab - tabs.begin())];
+}
+
+QString ActionsMenu::tabTitles() const {
+    QStringList titles;
+    for (const TabButton& button : tabButtons)
+        titles.append(button->title());
+    return titles.join(' ');
 }
 
 ActionsMenu::TabButton ActionsMenu::makeTabButton(const catalogue::Tab& tab) {
@@ -102,15 +88,15 @@ void ActionsMenu::setWidths(qreal available, qreal fullRow) {
     if (fitting == RowKind::full)
         showFullRow();
     else
-        showPage(pageOf(lit == nullptr ? *OT1 : *lit));
+        showPage(lit == nullptr ? tabsOfPage(1) : pageOf(*lit));
     if (lit != nullptr)
         stackView.select(stackView.arranged().indexOf(lit));
 }
 
 void ActionsMenu::showFullRow() {
     QList<MyButton*> row;
-    for (const FieldRow& tab : kFields)
-        row.append((this->*tab.button).get());
+    for (const TabButton& button : tabButtons)
+        row.append(button.get());
     stackView.setArrangedSubviews(row);
 }
 
@@ -121,30 +107,35 @@ void ActionsMenu::showPage(const QList<MyButton*>& page) {
     stackView.setArrangedSubviews(page);
 }
 
-QList<MyButton*> ActionsMenu::pageOf(const MySegmentedStackButton& tab) const {
-    const QList<MyButton*> one = {
-        OT1.get(),
-        OT2.get(),
-        OT3.get(),
-        FLY.get(),
-        IN1.get(),
-        IN2.get(),
-        IN3.get(),
-        IN4.get(),
-        arrowRight.get()};
-    const QList<MyButton*> two = {
-        arrowLeft.get(), MID.get(), ROT.get(), CAM.get(), FX1.get(), FX2.get(), FX3.get()};
-    return one.contains(&tab) ? one : two;
+QList<MyButton*> ActionsMenu::tabsOfPage(int number) const {
+    std::map<int, MyButton*> byPlace;
+    for (const catalogue::Tab& tab : catalogue::tabs()) {
+        if (tab.onPage.page == number)
+            byPlace[tab.onPage.place] = &tabButton(tab.field);
+    }
+    QList<MyButton*> row;
+    for (const auto& [place, button] : byPlace)
+        row.append(button);
+    if (number == 1)
+        row.append(arrowRight.get());
+    else
+        row.prepend(arrowLeft.get());
+    return row;
+}
+
+QList<MyButton*> ActionsMenu::pageOf(const MyButton& tab) const {
+    const auto first = tabsOfPage(1);
+    return first.contains(&tab) ? first : tabsOfPage(2);
 }
 
 void ActionsMenu::buttonStack1() {
-    showPage(pageOf(*OT1));
+    showPage(tabsOfPage(1));
     stackView.select(0);
     show(*catalogue::tabNamed("FLY")); // while OT1 is lit: so it is meant
 }
 
 void ActionsMenu::buttonStack2() {
-    showPage(pageOf(*MID));
+    showPage(tabsOfPage(2));
     stackView.select(1);
     show(*catalogue::tabNamed("TXT"));
 }
@@ -218,14 +209,14 @@ void ActionsMenu::step(qsizetype by) {
     const auto here = std::max<qsizetype>(order.indexOf(litTab()), 0);
     auto* const next = order[(here + by + order.size()) % order.size()];
     if (!stackView.arranged().contains(next))
-        showPage(pageOf(static_cast<const MySegmentedStackButton&>(*next)));
+        showPage(pageOf(*next));
     next->click();
 }
 
 QList<MyButton*> ActionsMenu::tabsInOrder() const {
     if (rowKind == RowKind::full)
         return stackView.arranged();
-    auto order = pageOf(*OT1) + pageOf(*MID);
+    auto order = tabsOfPage(1) + tabsOfPage(2);
     order.removeAll(arrowRight.get());
     order.removeAll(arrowLeft.get());
     return order;

@@ -17,7 +17,7 @@ namespace zelvo::ui {
 
 /// The catalogue as one plays it: a row of tabs and the six buttons of the tab that is open.
 ///
-/// Where the window is wide enough the row holds all fourteen tabs; else it has two pages with an
+/// Where the window is wide enough the row holds all tabs; else it has two pages with an
 /// arrow between them:
 ///
 ///     page one   OT1 OT2 OT3 FLY IN1 IN2 IN3 IN4  >
@@ -26,6 +26,7 @@ namespace zelvo::ui {
 /// It comes on show with IN1 open, or on page one with OT1 lit over the buttons of FLY.
 class ActionsMenu final : public QObject {
     Q_OBJECT
+    Q_PROPERTY(QString tabTitles READ tabTitles CONSTANT)
     Q_PROPERTY(QObject* stackView READ stackObject CONSTANT)
     Q_PROPERTY(QList<QObject*> actionsStackView READ actionObjects NOTIFY actionsChanged)
     Q_PROPERTY(QObject* speedButton READ speedObject CONSTANT)
@@ -36,12 +37,7 @@ public:
     ActionsMenu(const ActionsMenu&) = delete;
     ActionsMenu& operator=(const ActionsMenu&) = delete;
 
-    // The tabs, in the order of the row.
     using TabButton = std::unique_ptr<MySegmentedStackButton>;
-    // clang-format off
-    // NOLINTNEXTLINE(readability-identifier-naming): the tabs' own names
-    TabButton FLY, IN1, IN2, IN3, IN4, MID, ROT, CAM, FX1, FX2, FX3, OT1, OT2, OT3;
-    // clang-format on
     TabButton arrowLeft;
     TabButton arrowRight;
     MyButton speedButton;
@@ -52,7 +48,7 @@ public:
 
     /// Comes on show: chooses the row, opens its first tab, brings the speed button up to date.
     Q_INVOKABLE void viewWillAppear();
-    /// The view's width changed, or what all fourteen tabs would take up: turns to the other kind
+    /// The view's width changed, or what all tabs would take up: turns to the other kind
     /// of row where it has to, with the tab that is open kept.
     Q_INVOKABLE void setWidths(qreal available, qreal fullRow);
 
@@ -69,6 +65,11 @@ public:
     void updateSpeedButton();
     /// Has no tab: an empty row.
     void showFX4();
+
+    /// The button of a tab of the catalogue, by the name of its field.
+    [[nodiscard]] MySegmentedStackButton& tabButton(std::string_view field) const;
+    /// What all tabs show, side by side.
+    [[nodiscard]] QString tabTitles() const;
 
     [[nodiscard]] const std::vector<std::unique_ptr<FuncButton>>& actionButtons() const {
         return actionsStackView;
@@ -90,9 +91,8 @@ private:
     [[nodiscard]] TabButton makeArrow(const QString& image, void (ActionsMenu::*page)());
     [[nodiscard]] std::unique_ptr<FuncButton>
     makeActionButton(const catalogue::Button& button, int place);
-    /// The member that belongs to a tab of the catalogue, by the name of its field.
-    [[nodiscard]] TabButton& field(std::string_view name);
-    [[nodiscard]] QList<MyButton*> pageOf(const MySegmentedStackButton& tab) const;
+    [[nodiscard]] QList<MyButton*> tabsOfPage(int number) const;
+    [[nodiscard]] QList<MyButton*> pageOf(const MyButton& tab) const;
     [[nodiscard]] QList<MyButton*> tabsInOrder() const;
     [[nodiscard]] const MySegmentedStackButton* litTab() const;
     /// Its buttons; those on show already stay, with what is held on them.
@@ -104,6 +104,7 @@ private:
     void speedButtonClicked();
 
     Services services;
+    std::vector<TabButton> tabButtons; ///< as catalogue::tabs()
     std::vector<std::unique_ptr<FuncButton>> actionsStackView;
     const catalogue::Tab* shown = nullptr;
     RowKind rowKind = RowKind::full;

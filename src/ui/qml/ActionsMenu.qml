@@ -48,7 +48,7 @@ Item {
     TextMetrics {
         id: measure
 
-        text: "FLY IN1 IN2 IN3 IN4 TXT ROT CAM FX1 FX2 FX3 OT1 OT2 OT3"
+        text: root.controller ? root.controller.tabTitles : ""
         font.pixelSize: Theme.px(13)
         font.weight: Font.DemiBold
         onAdvanceWidthChanged: report()

@@ -13,7 +13,7 @@ FocusScope {
     readonly property var catalogue: main.panelView === "ActionsMenu" ? main.panel : null
     readonly property var layouter: main.panelView === "LayouterMenu" ? main.panel : null
 
-    // The digits play the six buttons, as long as they are held.
+    // The digits play the buttons of the tab, as long as they are held.
     function digit(event): int {
         return event.modifiers & ~Qt.KeypadModifier || event.isAutoRepeat ? -1 : event.key - Qt.Key_1;
     }
@@ -24,7 +24,7 @@ FocusScope {
         return event.nativeScanCode || event.key;
     }
     function isPlayed(event): bool {
-        return catalogue !== null && digit(event) >= 0 && digit(event) < 6;
+        return catalogue !== null && digit(event) >= 0 && digit(event) < catalogue.actionsStackView.length;
     }
     function hold(event): void {
         held[idOf(event)] = digit(event);

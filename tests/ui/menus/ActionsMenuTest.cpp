@@ -65,7 +65,7 @@ TEST_F(ActionsMenuTest, ANarrowWindowShowsPagesOfWhichTheFirstLightsAnotherTabTh
     EXPECT_EQ(firstAction(), "Pass Right");
     menu.arrowRight->click();
     EXPECT_EQ(row(), "< [TXT] ROT CAM FX1 FX2 FX3");
-    menu.CAM->click();
+    menu.tabButton("CAM").click();
     menu.arrowLeft->click();
     EXPECT_EQ(row(), "[OT1] OT2 OT3 FLY IN1 IN2 IN3 IN4 >");
     EXPECT_EQ(firstAction(), "Pass Right");
@@ -73,7 +73,7 @@ TEST_F(ActionsMenuTest, ANarrowWindowShowsPagesOfWhichTheFirstLightsAnotherTabTh
 
 TEST_F(ActionsMenuTest, ResizingKeepsTheTabThatIsOpen) {
     appear(kWide);
-    menu.FX1->click();
+    menu.tabButton("FX1").click();
     const std::string open = firstAction();
     menu.setWidths(kNarrow, 700);
     EXPECT_EQ(row(), "< TXT ROT CAM [FX1] FX2 FX3");
@@ -117,17 +117,8 @@ TEST_F(ActionsMenuTest, WithoutNodesNoButtonOfTheMovesTakesAnIdentifier) {
     loop().runFor(3);
     model.setAffectedNodes({});
     const int before = controller().currentIdentifier;
-    for (auto* const tab :
-         {&menu.FLY,
-          &menu.IN1,
-          &menu.IN2,
-          &menu.IN3,
-          &menu.IN4,
-          &menu.MID,
-          &menu.OT1,
-          &menu.OT2,
-          &menu.OT3}) {
-        (*tab)->click();
+    for (const char* const tab : {"FLY", "IN1", "IN2", "IN3", "IN4", "MID", "OT1", "OT2", "OT3"}) {
+        menu.tabButton(tab).click();
         for (int i = 0; i < 6; ++i) {
             menu.pressButton(i);
             menu.releaseButton(i);
@@ -140,7 +131,7 @@ TEST_F(ActionsMenuTest, WithoutNodesNoButtonOfTheMovesTakesAnIdentifier) {
 
 TEST_F(ActionsMenuTest, ChangingTheTabEndsAHeldButton) {
     appear(kWide);
-    menu.FX1->click();
+    menu.tabButton("FX1").click();
     model.start();
     loop().runFor(3);
     menu.pressButton(0);

@@ -82,7 +82,7 @@ TEST_F(MenuViewsTest, AMousePressFiresBeforeItIsLetGo) {
 
 TEST_F(MenuViewsTest, TwoFingersHoldTwoButtonsAndOneWanders) {
     show("ActionsMenu.qml", "controller", &menu);
-    menu.FX1->click();
+    menu.tabButton("FX1").click();
     layOut();
     const auto device = std::unique_ptr<QPointingDevice>(QTest::createTouchDevice());
     const QPoint first = middleOf(0, 6, view.width());
@@ -103,7 +103,7 @@ TEST_F(MenuViewsTest, TwoFingersHoldTwoButtonsAndOneWanders) {
 
 TEST_F(MenuViewsTest, AFocusedButtonIsHeldByReturnWithoutRepeating) {
     show("ActionsMenu.qml", "controller", &menu);
-    menu.FX1->click();
+    menu.tabButton("FX1").click();
     layOut();
     QTest::keyClick(&view, Qt::Key_Tab);
     QTest::keyPress(&view, Qt::Key_Return);
@@ -117,7 +117,7 @@ TEST_F(MenuViewsTest, AFocusedButtonIsHeldByReturnWithoutRepeating) {
 TEST_F(MenuViewsTest, TheRowOfTabsFollowsTheWindowsWidth) {
     show("ActionsMenu.qml", "controller", &menu);
     EXPECT_EQ(menu.stackView.arranged().size(), 14);
-    EXPECT_TRUE(menu.IN1->isMySelected());
+    EXPECT_TRUE(menu.tabButton("IN1").isMySelected());
     view.rootObject()->setWidth(500);
     EXPECT_EQ(menu.stackView.arranged().size(), 9);
 }

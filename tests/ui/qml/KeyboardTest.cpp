@@ -26,6 +26,7 @@ Window {
     property QtObject screen: QtObject {
         property string panelView: "ActionsMenu"
         property QtObject panel: QtObject {
+            property var actionsStackView: [1, 2, 3, 4, 5, 6]
             function pressButton(place) { root.calls += "+" + place }
             function releaseButton(place) { root.calls += "-" + place }
         }
