@@ -3,6 +3,7 @@
 
 #include "model/Model.h"
 
+#include <array>
 #include <utility>
 
 namespace zelvo::ui {
@@ -37,7 +38,7 @@ LayouterMenu::LayouterMenu(const Services& given, QObject* parent)
     backButton.size = {34, 0};
     outliner = this;
     const std::array titles{tr("Text 1"), tr("Text 2"), tr("Image"), tr("Object")};
-    const auto nodes = nodesInOrder(services.model.nodes());
+    const auto nodes = services.model.nodes().content();
     for (std::size_t i = 0; i < nodes.size(); ++i)
         nodes[i]->nameOutline(titles[i].toStdString());
     services.model.actionController().resetAll(actions::CameraHandles::include);

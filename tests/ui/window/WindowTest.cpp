@@ -160,7 +160,7 @@ void WindowTest::record() {
     ASSERT_TRUE(soon([&] { return model.isPlaying() && model.time() > 2; }));
     QTest::keyClick(&window, Qt::Key_F3);
     click(&application.main.mainMenu.animButton);
-    EXPECT_TRUE(menu.IN2->isMySelected());
+    EXPECT_TRUE(menu.tabButton("IN2").isMySelected());
     menu.previousTab();
 
     click(menu.actionButtons().at(0).get());
