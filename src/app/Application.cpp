@@ -72,9 +72,7 @@ Application::Application(const foundation::Folders& folders)
     foundation::seedRandom(std::random_device{}());
     ui::installViews();
     ui::installStageItem();
-    engine.setInitialProperties({
-        {"main", QVariant::fromValue<QObject*>(&main)}
-    });
+    engine.setInitialProperties({{"main", QVariant::fromValue<QObject*>(&main)}});
     engine.load(QUrl("qrc:/zelvo/Main.qml"));
     if (QQuickWindow* shown = window()) {
         main.visualizer.watch(shown);

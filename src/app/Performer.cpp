@@ -32,12 +32,15 @@ struct FadeRow {
     audio::FadeState state;
 };
 
+// clang-format off
 constexpr auto kFades = std::to_array<FadeRow>({
     {"noFade",    audio::FadeState::noFade   },
     {"fadeIn",    audio::FadeState::fadeIn   },
     {"fadeOut",   audio::FadeState::fadeOut  },
     {"fadeInOut", audio::FadeState::fadeInOut},
 });
+
+// clang-format on
 
 [[nodiscard]] core::AnimationRatio speedTitled(std::string_view title) {
     const auto* const row = std::ranges::find(core::kSpeeds, title, &core::SpeedRow::title);

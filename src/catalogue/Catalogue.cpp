@@ -11,6 +11,7 @@ namespace zelvo::catalogue {
 namespace {
 
 // The field MID shows "TXT": title and field differ on purpose.
+// clang-format off
 constexpr auto kTabs = std::to_array<Tab>({
     {"FLY", "FLY", "fly-throughs",                             showFlyBy, {1, 4}},
     {"IN1", "IN1", "straight entrances",                       showIn1,   {1, 5}},
@@ -27,6 +28,7 @@ constexpr auto kTabs = std::to_array<Tab>({
     {"OT2", "OT2", "eased and letter exits",                   showOut2,  {1, 2}},
     {"OT3", "OT3", "mixed exits",                              showOut3,  {1, 3}},
 });
+// clang-format on
 
 } // namespace
 

@@ -35,6 +35,7 @@ struct BurstRow {
     std::optional<Flash> flash;
 };
 
+// clang-format off
 constexpr auto kRows = std::to_array<BurstRow>({
     {"Drop",       &core::Nodes::particleBigDropExpo, Flash{0.47, {0, 0, 0.5f}, 0}               },
     {"Hit 1",      &core::Nodes::particleExplo3,      Flash{0.26, {1, 0.2f, 0}, 0, Place::random}},
@@ -43,6 +44,8 @@ constexpr auto kRows = std::to_array<BurstRow>({
     {"FireExplo",  &core::Nodes::fireExplo,           {}                                         },
     {"Geo",        &core::Nodes::geometryParticles,   {}                                         },
 });
+
+// clang-format on
 
 /// Where a burst stands and how it is turned, drawn at the press and kept for replays.
 struct Pose {
@@ -56,10 +59,7 @@ Pose drawnPose(Place place) {
     const auto degrees = static_cast<float>(arc4random_uniform(360));
     const float x = static_cast<float>(arc4random_uniform(248)) - 124;
     const float y = static_cast<float>(arc4random_uniform(30)) - 15;
-    return {
-        {x, y, 0},
-        glm::radians(degrees)
-    };
+    return {{x, y, 0}, glm::radians(degrees)};
 }
 
 void fadeTo(scene::SCNLight& light, double intensity, double seconds) {

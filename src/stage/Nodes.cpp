@@ -47,12 +47,7 @@ Nodes::Nodes(const Surroundings& surroundings)
     , cameraWiggle(newNode())
     , cameraJittery(newNode())
     , mediaHolderNode(MediaholderNode::make())
-    , mediaNode(content::MediaNode::make(
-          {
-              0, 22, -30
-},
-          1.0f,
-          surroundings))
+    , mediaNode(content::MediaNode::make({0, 22, -30}, 1.0f, surroundings))
     , imageNode(content::ImageNode::make({0, 22, -60}, 1.0f, surroundings))
     , textNode1(
           content::TextNode::make({{0, 32, 0}, 1.0f, "TITLE", kFirstFont, "TX1"}, surroundings))

@@ -130,8 +130,7 @@ Result<void> write(
         QImage picture = pictureAt(pictures, moment.stageTime);
         painter.paint(picture, moment);
         const render::FrameView frame{
-            size, {picture.constBits(), static_cast<std::size_t>(picture.sizeInBytes())}
-        };
+            size, {picture.constBits(), static_cast<std::size_t>(picture.sizeInBytes())}};
         if (auto written = (*file)->append(frame, {tick, 60}); !written)
             return written;
     }

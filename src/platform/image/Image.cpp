@@ -139,8 +139,8 @@ QColorSpace colorSpaceOf(const LimitedPNG& picture) {
             reinterpret_cast<const char*>(picture.profile.data()),
             static_cast<qsizetype>(picture.profile.size())));
     }
-    constexpr double kLeastGamma = 0.1;
-    if (picture.gamma.value_or(0) < kLeastGamma)
+    constexpr double kMinGamma = 0.1;
+    if (picture.gamma.value_or(0) < kMinGamma)
         return {};
     return {QColorSpace::Primaries::SRgb, static_cast<float>(1 / *picture.gamma)};
 }

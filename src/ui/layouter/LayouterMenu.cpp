@@ -28,10 +28,7 @@ LayouterMenu::LayouterMenu(const Services& given, QObject* parent)
     : QObject(parent)
     , services(given)
     , inspirator(services)
-    , stackView({
-          .buttonEdgeInsets = {9, 0, 9, 0},
-            .spacing = 3, .bgColor = kClearButtonColor
-})
+    , stackView({.buttonEdgeInsets = {9, 0, 9, 0}, .spacing = 3, .bgColor = kClearButtonColor})
     , backButton({.image = "LargeLayoutBackButton", .name = tr("Back"), .key = "Esc"}, [this] {
         backButtonClicked();
     }) {

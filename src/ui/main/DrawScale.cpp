@@ -44,12 +44,12 @@ void DrawScale::frameTook(double seconds) {
         return;
     ++frames;
     mean = frames == 1 ? seconds : mean + (seconds - mean) * kNewest;
-    if (mean > kLongFrame && frames >= kBeforeFalling && scale > kLeast) {
+    if (mean > kLongFrame && frames >= kBeforeFalling && scale > kMin) {
         // The time goes with the pixels, so with the square.
         const double fitting = std::sqrt(kLongFrame / mean);
-        change(std::max(scale * std::clamp(fitting, kWidestStep, kStep), kLeast));
-    } else if (mean < kShortFrame && frames >= kBeforeRising && scale < kMost) {
-        change(std::min(scale / kStep, kMost));
+        change(std::max(scale * std::clamp(fitting, kWidestStep, kStep), kMin));
+    } else if (mean < kShortFrame && frames >= kBeforeRising && scale < kMax) {
+        change(std::min(scale / kStep, kMax));
     }
 }
 

@@ -12,8 +12,8 @@ namespace zelvo::ui {
 /// finely, in two steps, and then left alone.
 class DrawScale {
 public:
-    static constexpr double kMost = 1.5;
-    static constexpr double kLeast = 0.5;
+    static constexpr double kMax = 1.5;
+    static constexpr double kMin = 0.5;
     static constexpr double kStart = 1.0;
     static constexpr double kLongFrame = 0.022;   ///< seconds; leaves 30 a second much room
     static constexpr double kShortFrame = 0.0175; ///< a display of 60 Hz leaves no shorter ones

@@ -13,8 +13,8 @@ namespace {
 
 using actions::GestureState;
 
-constexpr float kLeastDistance = 1; ///< points: fingers on one spot have no ratio
-constexpr float kLeastScale = 0.01f;
+constexpr float kMinDistance = 1; ///< points: fingers on one spot have no ratio
+constexpr float kMinScale = 0.01f;
 constexpr float kScaleADegree = 0.0125f; ///< a notch of the wheel, 15 degrees, is about a fifth
 /// Seconds between the notches of a wheel that turns fast. A slow turn has kWheelPause between
 /// them, a single notch counts as one: the time of its event says nothing.
@@ -23,7 +23,7 @@ constexpr double kFastNotch = 1.0 / 15;
 constexpr float kWheelReach = 30;
 /// Seconds that a change of the scale takes at least: two events of one moment are no infinite
 /// speed.
-constexpr double kLeastTime = 1.0 / 120;
+constexpr double kMinTime = 1.0 / 120;
 
 } // namespace
 
@@ -145,14 +145,14 @@ void SceneRecognizers::pinch(GestureState state) {
 void SceneRecognizers::scaleTo(float wanted) {
     if (!isPinching)
         return;
-    const float next = std::max(wanted, kLeastScale);
-    const double since = std::max(runLoop.now() - scaleTime, kLeastTime);
+    const float next = std::max(wanted, kMinScale);
+    const double since = std::max(runLoop.now() - scaleTime, kMinTime);
     velocity = (next - scale) / static_cast<float>(since);
     setScale(next);
 }
 
 void SceneRecognizers::setScale(float newScale) {
-    scale = std::max(newScale, kLeastScale);
+    scale = std::max(newScale, kMinScale);
     scaleTime = runLoop.now();
     pinch(GestureState::changed);
 }
@@ -176,8 +176,7 @@ void SceneRecognizers::beginFingersPinch() {
 }
 
 float SceneRecognizers::fingersDistance() const {
-    return std::max(
-        glm::distance(fingers.begin()->second, fingers.rbegin()->second), kLeastDistance);
+    return std::max(glm::distance(fingers.begin()->second, fingers.rbegin()->second), kMinDistance);
 }
 
 glm::vec2 SceneRecognizers::fingersMiddle() const {

@@ -76,8 +76,7 @@ protected:
         const render::ViewTarget target{
             .framebuffer = picture->handle(),
             .size = {size.width(), size.height()},
-            .rows = render::RowOrder::topFirst
-        };
+            .rows = render::RowOrder::topFirst};
         view->draw(target);
     }
 

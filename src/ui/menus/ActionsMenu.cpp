@@ -25,9 +25,7 @@ QString toQString(std::string_view text) {
 ActionsMenu::ActionsMenu(const Services& given, QObject* parent)
     : QObject(parent)
     , speedButton(
-          {
-              .image = "Controls_off", .name = tr("Speed and objects"), .key = "S"
-},
+          {.image = "Controls_off", .name = tr("Speed and objects"), .key = "S"},
           [this] { speedButtonClicked(); })
     , stackView({.buttonEdgeInsets = {8, 0, 8, 0}, .spacing = 1, .bgColor = kClearButtonColor})
     , services(given) {

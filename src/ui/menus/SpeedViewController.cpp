@@ -20,11 +20,7 @@ static_assert(kSpeedTitles.size() == core::kSpeeds.size());
 
 SpeedViewController::SpeedViewController(const Services& given, QObject* parent)
     : QObject(parent)
-    , txt1Btn(
-          {
-              .title = "TX1", .name = tr("First text")
-},
-          [this] { nodeAction(0); })
+    , txt1Btn({.title = "TX1", .name = tr("First text")}, [this] { nodeAction(0); })
     , txt2Btn({.title = "TX2", .name = tr("Second text")}, [this] { nodeAction(1); })
     , imgBtn({.title = "IMG", .name = tr("Image")}, [this] { nodeAction(2); })
     , medBtn({.title = "OBJ", .name = tr("Object")}, [this] { nodeAction(3); })

@@ -104,12 +104,12 @@ FocusScope {
         id: number
 
         // Where the track is not filled, if there is room.
-        readonly property real left: handle.x - width - 6
-        readonly property real right: handle.x + handle.width + 6
+        readonly property real placeLeft: handle.x - width - 6
+        readonly property real placeRight: handle.x + handle.width + 6
         readonly property bool isFilledLeft: root.shareOf(root.controller.value) >= root.middle
-        readonly property bool isRight: right + width <= root.width && (isFilledLeft || left < 0)
+        readonly property bool isRight: placeRight + width <= root.width && (isFilledLeft || placeLeft < 0)
 
-        x: isRight ? right : left
+        x: isRight ? placeRight : placeLeft
         anchors.verticalCenter: parent.verticalCenter
         controller: root.controller
         onDone: root.forceActiveFocus(Qt.TabFocusReason)

@@ -18,11 +18,11 @@ double settle(DrawScale& scale, double atWhole) {
 
 TEST(DrawScale, gives_up_sharpness_for_time_and_takes_it_back) {
     DrawScale scale;
-    EXPECT_EQ(settle(scale, 0.2), DrawScale::kLeast);
+    EXPECT_EQ(settle(scale, 0.2), DrawScale::kMin);
     const double middle = settle(scale, 0.04);
     EXPECT_LT(0.04 * middle * middle, 1.0 / 30);
     EXPECT_GT(middle, 0.6);
-    EXPECT_EQ(settle(scale, 0.002), DrawScale::kMost);
+    EXPECT_EQ(settle(scale, 0.002), DrawScale::kMax);
 }
 
 TEST(DrawScale, takes_one_standstill_for_no_drawing_but_not_many) {
@@ -32,7 +32,7 @@ TEST(DrawScale, takes_one_standstill_for_no_drawing_but_not_many) {
         scale.frameTook(0.02);
     }
     EXPECT_EQ(scale.value(), DrawScale::kStart);
-    EXPECT_EQ(settle(scale, 2), DrawScale::kLeast);
+    EXPECT_EQ(settle(scale, 2), DrawScale::kMin);
 }
 
 TEST(DrawScale, draws_what_stands_still_finer_until_it_moves) {
@@ -64,7 +64,7 @@ TEST(DrawScale, comes_to_the_finest_in_two_steps_where_drawing_takes_long) {
     for (int i = 0; i < 1000; ++i) {
         scale.nextShows(7);
         if (i >= DrawScale::kBeforeRest && !scale.isDrawn())
-            drawn.push_back(scale.value() / DrawScale::kLeast);
+            drawn.push_back(scale.value() / DrawScale::kMin);
     }
     EXPECT_EQ(drawn, (std::vector<double>{2, 3}));
 }

@@ -49,6 +49,7 @@ TEST(Recognizers, tell_pans_pinches_and_taps_apart) {
         const char* recognised;
     };
 
+    // clang-format off
     const Row rows[] = {
         {{{press, 1, 0}, {move, 1, 4}, {release, 1, 4}},                                    "tap "                        },
         {{{press, 1, 0}, {release, 1, 0}, {press, 1, 5}, {release, 1, 5}},                  "tap tap double "             },
@@ -65,6 +66,7 @@ TEST(Recognizers, tell_pans_pinches_and_taps_apart) {
         {{{press, 1, 0}, {press, 2, 50}, {press, 3, 70}, {move, 3, 90}, {release, 3, 90}},
          "pinch began "                                                                                                   },
     };
+    // clang-format on
     for (const Row& row : rows) {
         foundation::VirtualRunLoop loop;
         Notes notes;

@@ -36,9 +36,7 @@ protected:
     ~MenuViewsTest() override { EXPECT_EQ(warnings.toStdString(), ""); }
 
     void show(const QString& file, const QString& property, QObject* controller) {
-        view.setInitialProperties({
-            {property, QVariant::fromValue(controller)}
-        });
+        view.setInitialProperties({{property, QVariant::fromValue(controller)}});
         view.setSource(QUrl("qrc:/zelvo/" + file));
         ASSERT_EQ(view.status(), QQuickView::Ready);
         view.show();

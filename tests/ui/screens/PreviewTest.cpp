@@ -34,9 +34,9 @@ protected:
              [this](const QUrl& what) {
                  opened.push_back(what.toLocalFile().toStdString());
                  return hasProgram;
-             }, .copyText = [this](const QString& text) { copied = text.toStdString(); },
-          .requestReview = [this] { ++reviews; }}
-    };
+             },
+         .copyText = [this](const QString& text) { copied = text.toStdString(); },
+         .requestReview = [this] { ++reviews; }}};
 };
 
 TEST_F(PreviewTest, SharesTheCopyThatStaysWithTheUser) {
@@ -146,14 +146,14 @@ TEST_F(PreviewTest, TheColourBarsOfTheStandardComeOutAsTheyAre) {
     for (const auto layout : {QVideoFrameFormat::Format_YUV420P, QVideoFrameFormat::Format_NV12}) {
         for (const Bar& bar : {
                  Bar{{235, 128, 128}, {255, 255, 255}},
-                 Bar{{219, 16, 138},  {255, 255, 0}  },
-                 Bar{{188, 154, 16},  {0, 255, 255}  },
-                 Bar{{173, 42, 26},   {0, 255, 0}    },
-                 Bar{{78, 214, 230},  {255, 0, 255}  },
-                 Bar{{63, 102, 240},  {255, 0, 0}    },
-                 Bar{{32, 240, 118},  {0, 0, 255}    },
-                 Bar{{16, 128, 128},  {0, 0, 0}      },
-        }) {
+                 Bar{{219, 16, 138}, {255, 255, 0}},
+                 Bar{{188, 154, 16}, {0, 255, 255}},
+                 Bar{{173, 42, 26}, {0, 255, 0}},
+                 Bar{{78, 214, 230}, {255, 0, 255}},
+                 Bar{{63, 102, 240}, {255, 0, 0}},
+                 Bar{{32, 240, 118}, {0, 0, 255}},
+                 Bar{{16, 128, 128}, {0, 0, 0}},
+             }) {
             QVideoFrame shown = ui::withTrueColors(pictureOf(bar.yuv, layout));
             ASSERT_TRUE(shown.map(QVideoFrame::ReadOnly));
             const int lastPixel = shown.bytesPerLine(0) + 4 * 3;

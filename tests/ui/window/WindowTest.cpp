@@ -264,10 +264,7 @@ TEST_F(WindowTest, ARunKeepsItsTimeHoweverLongAPictureTakes) {
 }
 
 TEST(WindowPlace, ShowsTheWholeWindowWithItsTitleBarOnSomeScreen) {
-    const QList<QRect> screens{
-        {0,    30, 1400, 870},
-        {1400, 0,  800,  600}
-    };
+    const QList<QRect> screens{{0, 30, 1400, 870}, {1400, 0, 800, 600}};
     const QMargins frame(2, 25, 2, 2);
 
     struct Row {
@@ -275,14 +272,17 @@ TEST(WindowPlace, ShowsTheWholeWindowWithItsTitleBarOnSomeScreen) {
         QRect shown;
     };
 
-    for (const Row& row : {
-             Row{{100, 100, 1280, 720},   {100, 100, 1280, 720}}, // it fits
-             Row{{100, 20, 1280, 720},    {100, 55, 1280, 720} }, // the title bar is cut off
-             Row{{-300, 700, 1280, 720},  {2, 178, 1280, 720}  },
-             Row{{0, 0, 3000, 2000},      {2, 55, 1396, 843}   }, // larger than the screen
-             Row{{1500, 100, 1280, 720},  {1402, 25, 796, 573} }, // on the second
-             Row{{9000, 9000, 1000, 600}, {398, 298, 1000, 600}}, // on one that has gone
-    })
+    // clang-format off
+    const Row rows[] = {
+        {{100, 100, 1280, 720},   {100, 100, 1280, 720}},
+        {{100, 20, 1280, 720},    {100, 55, 1280, 720}},  // the title bar is cut off
+        {{-300, 700, 1280, 720},  {2, 178, 1280, 720}},
+        {{0, 0, 3000, 2000},      {2, 55, 1396, 843}},    // larger than the screen
+        {{1500, 100, 1280, 720},  {1402, 25, 796, 573}},  // on the second
+        {{9000, 9000, 1000, 600}, {398, 298, 1000, 600}}, // on one that has gone
+    };
+    // clang-format on
+    for (const Row& row : rows)
         EXPECT_EQ(whollyShown(row.kept, frame, screens), row.shown) << row.kept.x();
     EXPECT_EQ(whollyShown({1, 2, 3, 4}, frame, {}), QRect(1, 2, 3, 4));
 }
