@@ -2,10 +2,10 @@
 #include "platform/text/Shaper.h"
 
 #include "platform/foundation/Check.h"
+#include "platform/text/LineOrder.h"
 
 #include <hb.h>
 
-#include <QChar>
 #include <QString>
 
 #include <algorithm>
@@ -34,79 +34,30 @@ constexpr auto kLiningFamilies = std::to_array<std::string_view>({"Baskervville"
 constexpr hb_feature_t kLiningDigits{
     HB_TAG('l', 'n', 'u', 'm'), 1, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END};
 
-enum class Strength : std::uint8_t { left, right, number, neutral };
-
-Strength strengthOf(char32_t character) {
-    switch (QChar::direction(character)) {
-    case QChar::DirL:
-        return Strength::left;
-    case QChar::DirR:
-    case QChar::DirAL:
-        return Strength::right;
-    case QChar::DirEN:
-    case QChar::DirAN:
-        return Strength::number;
-    default:
-        return Strength::neutral;
-    }
-}
-
-// Embedding levels by character: 0 left to right, 1 right to left, 2 a number within right to left.
-// Neutrals take the level on both their sides where these agree, else the line's.
-std::vector<int> levelsOf(const std::vector<std::u32string>& characters) {
-    std::vector<int> levels(characters.size(), 0);
-    int strong = 0;
-    std::size_t neutralsFrom = 0;
-    for (std::size_t i = 0; i < characters.size(); ++i) {
-        const Strength strength = strengthOf(characters[i].front());
-        if (strength == Strength::neutral)
-            continue;
-        const bool isRight =
-            strength == Strength::right || (strength == Strength::number && strong == 1);
-        if (isRight && strong == 1) {
-            std::fill(
-                levels.begin() + static_cast<std::ptrdiff_t>(neutralsFrom),
-                levels.begin() + static_cast<std::ptrdiff_t>(i),
-                1);
-        }
-        levels[i] = strength == Strength::right ? 1 : isRight ? 2 : 0;
-        if (strength != Strength::number)
-            strong = isRight ? 1 : 0;
-        neutralsFrom = i + 1;
-    }
-    return levels;
-}
-
 // A stretch of characters with one face and one level.
 struct Run {
     std::size_t first = 0;
     std::size_t count = 0;
-    int level = 0;
+    std::size_t place = 0; ///< of its leftmost character
+    bool isRightToLeft = false;
 };
 
-std::vector<Run> runsOf(const std::vector<FacePtr>& faces, const std::vector<int>& levels) {
+/// From left to right.
+std::vector<Run>
+runsOf(const std::vector<FacePtr>& faces, const std::vector<CharacterOrder>& order) {
     std::vector<Run> runs;
     for (std::size_t i = 0; i < faces.size(); ++i) {
-        const bool continues = i > 0 && faces[i] == faces[i - 1] && levels[i] == levels[i - 1];
-        if (!continues)
-            runs.push_back({.first = i, .level = levels[i]});
-        ++runs.back().count;
-    }
-    return runs;
-}
-
-// From the highest level down, every stretch of runs on that level or above is turned round (rule
-// L2).
-void orderVisually(std::vector<Run>& runs) {
-    for (const int level : {2, 1}) {
-        const auto isLower = [level](const Run& run) { return run.level < level; };
-        for (auto from = runs.begin(); from != runs.end();) {
-            from = std::find_if_not(from, runs.end(), isLower);
-            const auto to = std::find_if(from, runs.end(), isLower);
-            std::reverse(from, to);
-            from = to;
+        const bool continues =
+            i > 0 && faces[i] == faces[i - 1] && order[i].level == order[i - 1].level;
+        if (!continues) {
+            runs.push_back(
+                {.first = i, .place = order[i].place, .isRightToLeft = order[i].level % 2 == 1});
         }
+        ++runs.back().count;
+        runs.back().place = std::min(runs.back().place, order[i].place);
     }
+    std::ranges::sort(runs, {}, &Run::place);
+    return runs;
 }
 
 bool hasAll(const FontFace& face, const std::u32string& character) {
@@ -137,9 +88,11 @@ public:
 
     void shape() {
         chooseFaces();
-        std::vector<Run> runs = runsOf(line.faces, levelsOf(characters));
-        orderVisually(runs);
-        for (const Run& run : runs) {
+        std::u32string firsts; // what is melted into a character runs as its first part does
+        for (const std::u32string& character : characters) {
+            firsts += character.front();
+        }
+        for (const Run& run : runsOf(line.faces, orderOf(firsts))) {
             if (line.faces[run.first] != nullptr)
                 shapeRun(run);
         }
@@ -175,7 +128,7 @@ private:
         }
         hb_buffer_set_content_type(buffer, HB_BUFFER_CONTENT_TYPE_UNICODE);
         hb_buffer_set_cluster_level(buffer, HB_BUFFER_CLUSTER_LEVEL_MONOTONE_CHARACTERS);
-        hb_buffer_set_direction(buffer, run.level == 1 ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);
+        hb_buffer_set_direction(buffer, run.isRightToLeft ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);
         hb_buffer_guess_segment_properties(buffer);
         hb_buffer_set_language(buffer, hb_language_from_string("en", -1));
         const FacePtr& face = line.faces[run.first];

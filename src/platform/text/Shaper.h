@@ -31,8 +31,7 @@ struct ShapedLine {
 };
 
 /// Sets a string on one line that runs from left to right; right-to-left stretches run backwards
-/// within it. This is the bidirectional algorithm (UAX #9) for plain text: strong characters,
-/// numbers and neutrals, no explicit embeddings.
+/// within it.
 [[nodiscard]] ShapedLine shapeLine(std::string_view string, const TextAttributes& attributes);
 
 } // namespace zelvo::text
