@@ -12,12 +12,12 @@
 namespace zelvo::render {
 namespace {
 
-/// Four floats that one instruction handles: a pixel's channels.
+/// The four channels of a pixel, handled by one instruction.
 using Pixel = float __attribute__((vector_size(16)));
 using Words = std::int32_t __attribute__((vector_size(16)));
 
-/// Ordered thresholds (Bayer 1973) instead of plain rounding: whole values stay, gradients do not
-/// band.
+/// Ordered dithering (Bayer 1973) instead of plain rounding: gradients do not band, and whole
+/// values stay as they are.
 constexpr std::array<std::array<float, 2>, 2> kThresholds{{{0.125f, 0.625f}, {0.875f, 0.375f}}};
 
 ZELVO_WIDE_LOOP void
@@ -51,7 +51,7 @@ ZELVO_WIDE_LOOP void addTwoSquareRows(
     }
 }
 
-/// Rounds down, as adding a threshold wants it.
+/// Rounds down, because a threshold was added before.
 void store(const Pixel& value, std::uint8_t* target) {
     const Words words = __builtin_convertvector(value, Words);
     target[0] = static_cast<std::uint8_t>(words[0]);

@@ -9,22 +9,22 @@
 
 namespace zelvo::render {
 
-/// Scales a drawn picture down on the CPU: every output pixel is the mean of the area it covers, in
-/// linear light approximated by the square of the encoded value, which keeps flat colours exact.
-/// The shader's counterpart is resolve.frag.
+/// Scales a drawn picture down on the CPU. Every output pixel is the mean of the area it covers, in
+/// linear light. Light is approximated by the square of the encoded value, so flat colours stay
+/// exact. resolve.frag does the same on the GPU.
 class AreaResampler {
 public:
-    /// Output sides are at most the drawn ones.
+    /// The output must not be wider or higher than the drawn picture.
     AreaResampler(Size drawnSize, Size outputSize);
 
     [[nodiscard]] Size outputSize() const { return output; }
 
-    /// Drawn pixels: 4 bytes each, rows from the top without gaps. Writes the output's row y the
-    /// same way; alpha 255.
+    /// Computes row `y` of the output. Both pictures have 4 bytes a pixel and rows from the top
+    /// without gaps. Alpha is written as 255.
     void writeRow(std::span<const std::uint8_t> pixels, int y, std::uint8_t* row);
 
 private:
-    /// What one output pixel takes of the drawn ones along one axis.
+    /// The drawn pixels that one output pixel is made of, along one axis.
     struct Taps {
         int first = 0;
         int count = 0;
@@ -33,7 +33,7 @@ private:
 
     struct Axis {
         std::vector<Taps> taps;
-        std::vector<float> weights; ///< of one output pixel they add up to 1
+        std::vector<float> weights; ///< those of one output pixel add up to 1
     };
 
     [[nodiscard]] static Axis makeAxis(int from, int to);
@@ -42,7 +42,8 @@ private:
     Size output;
     Axis horizontal;
     Axis vertical;
-    std::vector<float> sums; ///< one drawn row, 4 channels, squared and weighed over the rows
+    /// one drawn row: 4 channels a pixel, squared, weighted sum over the rows
+    std::vector<float> sums;
 };
 
 } // namespace zelvo::render

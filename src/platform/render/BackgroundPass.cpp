@@ -16,7 +16,7 @@ bool isPicture(const SCNMaterialProperty& background) {
     return background.image() || std::holds_alternative<scene::CubeImages>(background.contents);
 }
 
-/// Clip space to directions in the world, free of where the camera stands.
+/// From clip space to directions in the world, without the camera's position.
 glm::mat4 directionsOf(const CameraView& camera) {
     const glm::mat4& p = camera.projection;
     glm::mat4 fromClip(0);

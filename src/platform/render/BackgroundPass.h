@@ -9,9 +9,9 @@
 
 namespace zelvo::render {
 
-/// Fills a target with the scene's background. A picture all around is drawn when it, the camera or
-/// the size changes, and otherwise copied from what was drawn then: on the CPU a copy costs a
-/// thirtieth of drawing it.
+/// Fills a target with the scene's background. A panorama is drawn only when the picture, the
+/// camera or the size changes; otherwise the last drawing is copied. On the CPU a copy costs a
+/// thirtieth of drawing.
 class BackgroundPass {
 public:
     struct Tools {
@@ -20,14 +20,14 @@ public:
         UniformArena& uniforms;
     };
 
-    /// The target is bound, its depth untouched.
+    /// The target must be bound. Its depth is not touched.
     void draw(
         const Tools& tools,
         const scene::SCNMaterialProperty& background,
         const CameraView& camera,
         const RenderTarget& target);
 
-    /// Of what the next draw puts there: another whenever that is another.
+    /// A hash of what the next draw shows: it changes when the background's pixels would.
     [[nodiscard]] std::uint64_t
     key(const scene::SCNMaterialProperty& background, const CameraView& camera, Size size) const;
 

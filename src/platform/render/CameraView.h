@@ -11,35 +11,33 @@
 
 namespace zelvo::render {
 
-/// From where a picture is drawn. Clip space has depth 1 at the near plane and 0 at the far one, so
-/// that floating-point depth keeps its precision far away.
+/// The matrices of a camera. Clip space has depth 1 at the near plane and 0 at the far plane,
+/// because floating-point depth is then precise far away, too.
 struct CameraView {
     glm::mat4 view{1};
     glm::mat4 projection{1};
     glm::mat4 viewProjection{1};
     glm::vec3 position{0};
-    glm::mat3 axes{1}; ///< right, up, backwards in the world
+    glm::mat3 axes{1}; ///< right, up, backwards, in world space
 };
 
-/// The view of a camera that stands at a node (a scale of the node has no effect). aspect is width
-/// over height.
+/// The view of a camera at a node. The node's scale is ignored. `aspect` is width over height.
 [[nodiscard]] CameraView
 makeCameraView(const glm::mat4& nodeToWorld, const scene::SCNCamera& camera, float aspect);
 
-/// Field of view in radians, vertical.
+/// `fieldOfView` is vertical, in radians.
 [[nodiscard]] glm::mat4
 reversedPerspective(float fieldOfView, float aspect, float zNear, float zFar);
-/// A box in front of the eye: half its width and height around the axis.
+/// Shows a box in front of the eye, `2 * halfWidth` wide and `2 * halfHeight` high.
 [[nodiscard]] glm::mat4
 reversedOrthographic(float halfWidth, float halfHeight, float zNear, float zFar);
 
-/// Six planes with their normals inwards.
+/// The six planes around what a camera sees; normals point inwards.
 class Frustum {
 public:
     explicit Frustum(const glm::mat4& viewProjection);
 
-    /// False only if no point of the box (given in a space that `toWorld` leads out of) can be
-    /// seen.
+    /// False only if the box cannot be seen. `toWorld` is the transform from the box's space.
     [[nodiscard]] bool mayContain(const geometry::Box& box, const glm::mat4& toWorld) const;
 
 private:

@@ -35,7 +35,7 @@ bool has(const char* extensions, std::string_view name) {
            std::string_view(extensions).find(name) != std::string_view::npos;
 }
 
-/// Displays of graphics cards, the software device left out.
+/// The EGL displays of graphics cards, without the software device.
 std::vector<EGLDisplay> hardwareDisplays() {
     const char* client = eglQueryString(EGL_NO_DISPLAY, EGL_EXTENSIONS);
     if (!has(client, "EGL_EXT_platform_device") || !has(client, "EGL_EXT_device_enumeration"))
@@ -66,8 +66,8 @@ EGLContext makeContext(EGLDisplay display) {
     return eglCreateContext(display, EGL_NO_CONFIG_KHR, EGL_NO_CONTEXT, kAttributes.data());
 }
 
-/// Makes a context on the display current, or says why not. A display is never terminated: EGL
-/// hands the same one to everybody in the process.
+/// Makes a context on the display and makes it current. The display is never terminated, because
+/// EGL shares it with the whole process.
 Result<EGLContext> openOn(EGLDisplay display) {
     if (display == EGL_NO_DISPLAY)
         return fail(Cause::unavailable, "no EGL display");
@@ -117,7 +117,7 @@ Result<std::unique_ptr<HeadlessContext>> HeadlessContext::make() {
         if (const auto context = openOn(display))
             return owning(display, *context);
     }
-    // The entry point of EGL 1.5 is missing where EGL is older; the extension's is there in both.
+    // EGL before 1.5 has only the extension's entry point, EGL 1.5 has both.
     EGLDisplay display =
         eglGetPlatformDisplayEXT(EGL_PLATFORM_SURFACELESS_MESA, EGL_DEFAULT_DISPLAY, nullptr);
     auto context = openOn(display);

@@ -8,23 +8,25 @@
 
 namespace zelvo::render {
 
-/// What the current context's driver is and can do.
+/// What the driver of a context can do.
 struct DeviceInfo {
     std::string name;
-    bool isSoftware = false;   ///< draws on the CPU: fetches and passes are dear, transfers cheap
-    float maxAnisotropy = 1;   ///< 1: none
-    int uniformAlignment = 16; ///< bytes, of ranges of a uniform buffer
+    /// draws on the CPU: passes and texture reads are slow, transfers are fast
+    bool isSoftware = false;
+    float maxAnisotropy = 1;   ///< 1 = none
+    int uniformAlignment = 16; ///< bytes; for offsets into a uniform buffer
 };
 
-/// Of the context that is current on this thread.
+/// Reads it from the context that is current on this thread.
 [[nodiscard]] DeviceInfo readDeviceInfo();
 
-/// An OpenGL 4.5 core context without a window system. A graphics card is preferred (EGL's device
-/// platform); without one, or with ZELVO_SOFTWARE=1 in the environment, Mesa draws on the CPU (its
-/// surfaceless platform).
+/// An OpenGL 4.5 core context without a window. It prefers a graphics card (EGL's device platform).
+/// Without one, or with ZELVO_SOFTWARE=1 in the environment, Mesa draws on the CPU (surfaceless
+/// platform).
 class HeadlessContext {
 public:
-    /// Makes it and makes it current on this thread. Error: unavailable, with what was tried.
+    /// The new context is current on this thread. Error: `unavailable`, with a list of what was
+    /// tried.
     [[nodiscard]] static foundation::Result<std::unique_ptr<HeadlessContext>> make();
     ~HeadlessContext();
     HeadlessContext(const HeadlessContext&) = delete;

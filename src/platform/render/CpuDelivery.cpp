@@ -7,8 +7,8 @@
 namespace zelvo::render {
 namespace {
 
-/// For drivers that draw into main memory anyway: fetching the drawn picture is a copy, and plain
-/// loops scale it faster than a software shader.
+/// For drivers that draw into main memory: reading the picture is a plain copy, and scaling it in
+/// C++ is faster than in a software shader.
 class CpuDelivery final : public FrameDelivery {
 public:
     void queue(const DrawnFrame& /*frame*/, GraphicsState& /*state*/, UniformArena& /*uniforms*/)

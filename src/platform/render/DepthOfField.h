@@ -5,13 +5,14 @@
 
 namespace zelvo::render {
 
-/// The largest circle of confusion of a camera's thin lens, in output pixels of a picture that is
-/// so many pixels high: sensor height 24 mm, one scene unit a metre. It is that of things
-/// infinitely far away, which no other beyond half the focus distance exceeds; what stands nearer
-/// to the eye than that is not regarded.
+/// The largest circle of confusion of a camera's thin lens, in output pixels of a picture with that
+/// height. The sensor is 24 mm high and one scene unit is a metre. The result is the circle of
+/// objects infinitely far away. Objects nearer than half the focus distance have larger ones; they
+/// are ignored here.
 [[nodiscard]] double largestBlur(const scene::SCNCamera& camera, int outputHeight);
 
-/// Whether the blur can be seen: from half an output pixel on. Below that the pass is skipped.
+/// Whether the blur is visible, which means at least half an output pixel. If not, the pass is
+/// skipped.
 [[nodiscard]] bool needsDepthOfField(const scene::SCNCamera& camera, int outputHeight);
 
 } // namespace zelvo::render

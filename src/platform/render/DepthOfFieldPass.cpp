@@ -8,9 +8,10 @@
 namespace zelvo::render {
 namespace {
 
-constexpr double kWidest = 1.0 / 30; ///< radius of the widest circle, in heights of the picture
+/// radius of the largest circle, as a share of the picture's height
+constexpr double kWidest = 1.0 / 30;
 
-/// What the shader reads of the camera.
+/// The camera's values that the shader needs.
 PassBlock lensOf(const scene::SCNCamera& camera, Size size) {
     PassBlock block;
     const auto near = static_cast<float>(camera.zNear);

@@ -6,8 +6,8 @@
 
 namespace zelvo::render {
 
-/// Blurs what stands out of a camera's focus in a drawn picture. To be run where
-/// `needsDepthOfField` says so.
+/// Blurs the parts of a drawn picture that are out of focus. Run it only if `needsDepthOfField` is
+/// true.
 class DepthOfFieldPass {
 public:
     void draw(

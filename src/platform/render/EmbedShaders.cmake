@@ -1,4 +1,4 @@
-# Writes a source file that holds the given shader files as text.
+# Writes a C++ source file that holds the given shader files as strings.
 # cmake -DOUTPUT=file.cpp "-DINPUTS=a.glsl;b.glsl" -P EmbedShaders.cmake
 set(rows "")
 foreach(input ${INPUTS})

@@ -7,7 +7,7 @@
 
 namespace zelvo::render {
 
-/// A moment in the graphics side's work that can be waited for. Included by sources only.
+/// Waits for the GPU to reach a point in its command stream. Include it in source files only.
 class Fence {
 public:
     Fence() = default;
@@ -16,13 +16,13 @@ public:
 
     ~Fence() { drop(); }
 
-    /// The moment is when all that was called so far is done.
+    /// Marks the point after all commands so far.
     void set() {
         drop();
         sync = glFenceSync(GL_SYNC_GPU_COMMANDS_COMPLETE, 0);
     }
 
-    /// Returns at once if it was never set.
+    /// Waits until the point is reached. Returns at once if `set` was never called.
     void await() {
         constexpr GLuint64 kOneSecond = 1'000'000'000;
         while (sync != nullptr && glClientWaitSync(sync, GL_SYNC_FLUSH_COMMANDS_BIT, kOneSecond) ==

@@ -13,29 +13,31 @@
 
 namespace zelvo::render {
 
-/// A drawn picture on its way to the caller.
+/// A drawn picture that is on its way to the caller.
 struct DrawnFrame {
-    /// below SCNRenderer::kFramesInFlight; a slot's picture is fetched before it is queued anew
+    /// index below SCNRenderer::kFramesInFlight; fetch a slot's picture before the slot is queued
+    /// again
     std::size_t slot = 0;
     const RenderTarget* picture = nullptr;
     Size outputSize;
 };
 
-/// Scales drawn pictures down and brings them to memory.
+/// Scales drawn pictures down and copies them to memory. One implementation for each kind of
+/// driver.
 class FrameDelivery {
 public:
     virtual ~FrameDelivery() = default;
 
-    /// Right after the picture was drawn; does not wait for it.
+    /// Call it right after the picture was drawn. Does not wait.
     virtual void queue(const DrawnFrame& frame, GraphicsState& state, UniformArena& uniforms) = 0;
-    /// Once the graphics side is done; the bytes are valid until the next call.
+    /// Call it when the GPU has finished the picture. The bytes are valid until the next call.
     [[nodiscard]] virtual std::span<const std::uint8_t> fetch(const DrawnFrame& frame) = 0;
 };
 
 [[nodiscard]] std::unique_ptr<FrameDelivery> makeCpuDelivery();
 [[nodiscard]] std::unique_ptr<FrameDelivery> makeGpuDelivery();
 
-/// Of a picture of four bytes a pixel.
+/// Of a picture with four bytes a pixel.
 [[nodiscard]] std::size_t byteCount(Size size);
 
 } // namespace zelvo::render

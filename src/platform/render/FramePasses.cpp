@@ -11,7 +11,7 @@
 namespace zelvo::render {
 namespace {
 
-/// What passes hand on to one another. Depth counts as read where a pass is hidden by it.
+/// What one pass makes and another needs. A pass that tests depth reads it.
 enum Part : std::uint32_t { kNothing = 0, kShadowMaps = 1, kColor = 2, kDepth = 4 };
 
 } // namespace
@@ -27,10 +27,11 @@ struct FramePasses::Frame {
 };
 
 struct FramePasses::Pass {
-    std::string_view name; ///< as a graphics debugger shows it
+    std::string_view name; ///< shown by graphics debuggers
     std::uint32_t reads;
     std::uint32_t writes;
-    bool (*isSeen)(const FramePasses&, const Frame&); ///< false: it would add nothing
+    /// false: the pass would change nothing and is skipped
+    bool (*isSeen)(const FramePasses&, const Frame&);
     void (*run)(FramePasses&, const Frame&);
 };
 

@@ -11,33 +11,35 @@
 
 namespace zelvo::render {
 
-/// What a frame shows and how large.
+/// What to draw, and how large.
 struct FrameInput {
     const scene::SCNScene& scene;
-    const scene::SCNNode* pointOfView;       ///< null: the first node that has a camera
-    const scene::SCNTechniquePtr& technique; ///< null: none
+    const scene::SCNNode* pointOfView;       ///< null: the first node with a camera
+    const scene::SCNTechniquePtr& technique; ///< null: no technique
     Size drawnSize;
-    int shownHeight; ///< pixels of the picture as it is delivered or shown: finer blur is not seen
-    UniformArena& uniforms; ///< untouched until the graphics side is done with the frame
+    /// height in pixels of the delivered picture: a blur smaller than its pixels is skipped
+    int shownHeight;
+    UniformArena& uniforms; ///< must not be reused until the GPU has finished the frame
 };
 
-/// Draws frames with the OpenGL context that is current on this thread, whoever made it: the one
-/// chain of passes that the movie renderer and the view on screen both run. Which passes there are,
-/// what they read, what they write and when they are left out stands in one table (`passes`).
+/// Draws a frame: the chain of passes that the movie renderer and the view on screen share. One
+/// table (`passes`) says which passes there are, what each reads and writes, and when it is
+/// skipped. Draws with the OpenGL context that is current on this thread.
 class FramePasses {
 public:
     explicit FramePasses(const DeviceInfo& device);
     FramePasses(const FramePasses&) = delete;
     FramePasses& operator=(const FramePasses&) = delete;
 
-    /// A picture that frames are drawn into; all share one depth. This object outlives it.
+    /// A picture to draw frames into. All pictures share one depth buffer, which this object owns,
+    /// so this object must outlive them.
     [[nodiscard]] RenderTarget makePicture() { return {{TargetFormat::rgba8}, depth}; }
 
-    /// The picture gets the drawn size. Its textures are others after each frame.
+    /// Resizes the picture to the drawn size. Its textures may be different ones after each frame.
     void draw(const FrameInput& input, RenderTarget& picture);
 
-    /// Of what `draw` would draw without a technique, without drawing it. Empty: that never stands
-    /// still.
+    /// Returns a hash of all that the picture depends on, without a technique: same key, same
+    /// picture. Nothing if the picture depends on time.
     [[nodiscard]] std::optional<std::uint64_t>
     pictureKey(const scene::SCNScene& scene, const scene::SCNNode* pointOfView, float aspect) {
         return drawer.pictureKey(scene, pointOfView, aspect);

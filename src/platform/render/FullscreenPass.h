@@ -14,7 +14,7 @@
 
 namespace zelvo::render {
 
-/// A fragment shader that is run once for each pixel of a target. Built when it is first needed.
+/// Runs a fragment shader once for each pixel of a target. The shader is built on first use.
 class FullscreenPass {
 public:
     struct Tools {
@@ -26,17 +26,17 @@ public:
     struct Input {
         std::uint32_t unit;
         std::uint32_t texture;
-        std::uint32_t sampler = 0; ///< 0: the pass's own, bilinear, edges clamped
+        std::uint32_t sampler = 0; ///< 0: the pass's own sampler (bilinear, clamped to the edge)
     };
 
     explicit FullscreenPass(
         std::string_view fragmentFile, std::vector<std::string> shaderDefines = {});
 
-    /// Error: malformed, with the compiler's words. `run` does the same for shaders that are known
-    /// to be right.
+    /// Builds the shader. Error: `malformed`, with the compiler's message. `run` calls it, too, but
+    /// there an error ends the process.
     [[nodiscard]] foundation::Result<void> prepare();
 
-    /// The size in the block is the target's; the rest is the caller's.
+    /// Sets the size in the block to the target's; the caller fills in the rest.
     void
     run(const Tools& tools,
         const RenderTarget& target,

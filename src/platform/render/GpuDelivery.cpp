@@ -10,7 +10,7 @@
 namespace zelvo::render {
 namespace {
 
-/// Memory that the graphics side writes a picture into.
+/// Memory that the GPU copies a picture into.
 struct Transfer {
     BufferHandle buffer;
     const std::uint8_t* bytes = nullptr;
@@ -35,8 +35,8 @@ struct Transfer {
     }
 };
 
-/// Scales in a shader and sends only the finished picture, into a ring of buffers that nobody waits
-/// for but the caller who wants the oldest.
+/// Scales in a shader, so that only the small picture is sent. The pictures go into a ring of
+/// buffers, so that nobody waits except for the oldest one.
 class GpuDelivery final : public FrameDelivery {
 public:
     void queue(const DrawnFrame& frame, GraphicsState& state, UniformArena& uniforms) override {

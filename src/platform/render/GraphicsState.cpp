@@ -14,8 +14,7 @@ struct BlendRow {
     GLenum target;
 };
 
-/// In the order of Blend. Multiply: the shader has already mixed the colour with white by its
-/// alpha.
+/// In the order of `Blend`. For multiply, the shader mixes the colour with white by its alpha.
 // clang-format off
 constexpr auto kBlends = std::to_array<BlendRow>({
     {GL_FUNC_ADD,              GL_ONE,       GL_ZERO               },
@@ -48,7 +47,7 @@ void setBlend(Blend blend) {
     const BlendRow& row = kBlends.at(static_cast<std::size_t>(blend));
     toggle(GL_BLEND, blend != Blend::off);
     glBlendEquationSeparate(row.equation, GL_FUNC_ADD);
-    // The target stays opaque whatever is drawn.
+    // The target's alpha stays 1.
     glBlendFuncSeparate(row.source, row.target, GL_ZERO, GL_ONE);
 }
 
@@ -187,7 +186,7 @@ void GraphicsState::setScissor( // NOLINT(readability-convert-member-functions-t
 }
 
 void GraphicsState::clearDepth() {
-    set({}); // clearing obeys the write masks
+    set({}); // glClear respects the write masks
     glClear(GL_DEPTH_BUFFER_BIT);
 }
 

@@ -11,7 +11,7 @@
 
 namespace zelvo::render {
 
-/// Depth is reversed everywhere: 1 at the near plane, 0 far away.
+/// Depth is reversed everywhere: 1 at the near plane, 0 at the far plane.
 enum class DepthTest { off, nearer, nearerOrEqual, equal };
 enum class DepthWrite { off, on };
 enum class Culling { none, backFaces };
@@ -19,7 +19,7 @@ enum class Winding { counterClockwise, clockwise };
 enum class Fill { faces, lines };
 enum class ColorWrite { off, on };
 
-/// How a fragment meets what stands in the target; colours are premultiplied by their alpha.
+/// How a new colour is mixed with the target's. Colours are premultiplied by their alpha.
 enum class Blend { off, over, add, subtract, multiply, screen };
 
 struct RasterState {
@@ -34,19 +34,18 @@ struct RasterState {
     friend bool operator==(const RasterState&, const RasterState&) = default;
 };
 
-/// The one place that sets OpenGL state. It remembers what it set, so that setting it again costs
-/// nothing; after others have used the context, `forget` drops the memory.
+/// The only place that sets OpenGL state. It remembers the current state and skips calls that would
+/// not change it. If other code used the context, call `forget`.
 ///
-/// Clip space has depth 0 to 1 and its y axis downwards in the picture: row 0 of every target is
-/// the top one.
+/// Clip space has depth 0 to 1 and its y axis points down: row 0 of every target is the top row.
 class GraphicsState {
 public:
     static constexpr std::size_t kUnits = 24;
 
     void forget();
 
-    /// Leaves the context in OpenGL's initial state, as far as this class has touched it. `forget`
-    /// comes before the next use.
+    /// Restores OpenGL's initial state, where this class changed it. Call `forget` before the next
+    /// use.
     void handBack();
 
     void bindFramebuffer(std::uint32_t name, Size size);
@@ -56,15 +55,14 @@ public:
     void
     bindUniforms(std::uint32_t binding, std::uint32_t buffer, std::size_t offset, std::size_t size);
     void set(const RasterState& state);
-    /// Depth is drawn this much farther away (units and slope as OpenGL defines them); 0 turns it
-    /// off.
+    /// Moves what is drawn away from the camera (units and slope as in glPolygonOffset). 0 = off.
     void setDepthOffset(float units, float slope);
-    /// Nothing is drawn outside of the part; absent: everywhere.
+    /// Limits drawing to a part of the target; nothing = the whole target.
     void setScissor(const std::optional<PixelRect>& part);
     void clearDepth();
     void clearColor(float red, float green, float blue);
 
-    /// A texture, framebuffer or program was deleted: its name may come back for another.
+    /// Call it after a texture, framebuffer or program was deleted, as OpenGL may reuse its name.
     void forgetBindings();
 
 private:

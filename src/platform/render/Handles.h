@@ -8,10 +8,10 @@ namespace zelvo::render {
 
 enum class HandleKind { buffer, texture, sampler, framebuffer, vertexArray, program };
 
-/// Deletes an OpenGL object; the context that made it (or one that shares with it) must be current.
+/// Deletes an OpenGL object. Its context, or one that shares with it, must be current.
 void deleteHandle(HandleKind kind, std::uint32_t name);
 
-/// Owns one OpenGL object. Move only; 0 is none.
+/// Owns one OpenGL object. Move only. Name 0 = no object.
 template <HandleKind kind> class Handle {
 public:
     Handle() = default;

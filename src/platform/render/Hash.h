@@ -7,12 +7,12 @@
 
 namespace zelvo::render {
 
-/// FNV-1a over 32-bit words (Fowler, Noll, Vo 1991), to tell whether something is as it was.
+/// FNV-1a over 32-bit words (Fowler, Noll, Vo 1991). Used to see whether something has changed.
 class Hash {
 public:
     void add(std::uint64_t word) { value = (value ^ word) * 0x100000001B3ULL; }
 
-    /// The bytes of a block of floats or words without gaps.
+    /// Adds a struct of 32-bit values without padding.
     template <class Block> void addBlock(const Block& block) {
         static_assert(std::is_trivially_copyable_v<Block> && sizeof(Block) % 4 == 0);
         for (std::size_t offset = 0; offset < sizeof(Block); offset += 4) {

@@ -100,7 +100,7 @@ MaterialBinding ItemPainter::bound(const Frame& frame, const DrawItem& item) con
 std::uint64_t
 ItemPainter::key(const Frame& frame, const DrawItem& item, const Lights lights) const {
     const MaterialBinding binding = bound(frame, item);
-    // A modifier may look at the time.
+    // A modifier can depend on time.
     if (binding.modifier != nullptr)
         return StillLayer::kMoving;
     Hash hash;

@@ -15,7 +15,7 @@
 
 namespace zelvo::render {
 
-/// Draws single items of a snapshot: finds their shader, lights and pictures and binds them.
+/// Draws single items of a snapshot: finds and binds their shader, lights and textures.
 class ItemPainter {
 public:
     struct Tools {
@@ -27,15 +27,16 @@ public:
         const ShadowPass& shadows;
     };
 
-    /// What the items of a frame have in common. Outlives their drawing.
+    /// What all items of a frame share. Must stay alive while they are drawn.
     struct Frame {
         const Snapshot& snapshot;
         std::span<const ShadowView> views;
         UniformArena& uniforms;
-        std::uint32_t features = 0; ///< of every material: tone map, environment
+        /// needed by every material of the frame: tone map, environment
+        std::uint32_t features = 0;
     };
 
-    /// The number of a set of lights, for this frame.
+    /// Index of a set of lights; valid for this frame.
     using Lights = std::size_t;
     enum class Shadows { cast, none };
 
@@ -50,14 +51,15 @@ public:
     void draw(const Frame& frame, const DrawItem& item, Lights lights, DepthTest depthTest);
     void drawDepth(const Frame& frame, const DrawItem& item);
 
-    /// A solid that only its opacity makes translucent: its inside must not show while it fades.
+    /// True for a closed solid that is translucent only by its opacity: its inside must not show
+    /// while it fades.
     [[nodiscard]] bool fadesAsAWhole(const scene::SCNMaterial& material) const;
 
-    /// The same as long as the item's pixels are, seen from the same camera in the same
-    /// surroundings (see StillLayer); kMoving if that cannot be told.
+    /// A hash of what decides the item's pixels, for the same camera and surroundings (see
+    /// StillLayer). kMoving if the item depends on time.
     [[nodiscard]] std::uint64_t key(const Frame& frame, const DrawItem& item, Lights lights) const;
 
-    /// What the item's key tells by their addresses.
+    /// The pictures that the item's key identifies by their addresses.
     [[nodiscard]] std::vector<image::ImagePtr> pictures(const DrawItem& item) const;
 
 private:

@@ -19,13 +19,15 @@ using scene::SCNLight;
 using scene::SCNLightType;
 
 constexpr float kNominalIntensity = 1000;
-constexpr float kMinHalfExtent = 500; ///< scene units, of a directional light's map
-constexpr float kExtentStep = 1.1f;   ///< the map's extent grows in steps, lest its texels crawl
+constexpr float kMinHalfExtent = 500; ///< scene units, for the map of a directional light
+/// the map grows in steps of 10 %, so that shadow edges do not crawl
+constexpr float kExtentStep = 1.1f;
 constexpr int kMinMap = 128;
 constexpr int kMaxMap = 4096;
-constexpr float kTapReach = 2; ///< texels from the middle that the shader's taps regard
+/// texels between the middle and the outermost one that the shader reads
+constexpr float kTapReach = 2;
 
-/// Right, up, backwards of an eye that looks along the direction.
+/// The axes (right, up, backwards) of an eye that looks along the direction.
 glm::mat3 axesLooking(const glm::vec3& direction) {
     const glm::vec3 up = std::abs(direction.y) > 0.99f ? glm::vec3(0, 0, 1) : glm::vec3(0, 1, 0);
     const glm::vec3 right = glm::normalize(glm::cross(direction, up));
@@ -38,7 +40,7 @@ glm::mat4 viewFrom(const glm::mat3& axes, const glm::vec3& position) {
     return glm::inverse(placed);
 }
 
-/// Clip space to texture coordinates: row 0 of a map is the top one.
+/// From clip space to texture coordinates. Row 0 of a map is the top row.
 glm::mat4 clipToTexture() {
     glm::mat4 m(1);
     m[0][0] = 0.5f;
@@ -58,7 +60,7 @@ std::array<glm::vec3, 8> cornersOf(const geometry::Box& box) {
     return corners;
 }
 
-/// The box around all casters in the space of the given axes.
+/// The box around all casters, measured along the given axes.
 geometry::Box castersIn(const glm::mat3& axes, const SCNLight& light, const Snapshot& snapshot) {
     geometry::Box result;
     for (const VisibleNode& node : snapshot.nodes()) {
@@ -89,7 +91,7 @@ void fitDirectional(ShadowView& view, const PlacedLight& placed, const Snapshot&
     if (box.isEmpty())
         box = {glm::vec3(0), glm::vec3(0)};
     const glm::vec3 half = (box.max - box.min) * 0.5f;
-    const float margin = 1.05f; // the soft edge needs some room
+    const float margin = 1.05f; // room for the soft edge
     const float extent =
         std::max(kMinHalfExtent, steppedUp(std::max({half.x, half.y, 1.0f}) * margin));
     const float texel = 2 * extent / static_cast<float>(view.mapSize);
@@ -117,7 +119,8 @@ void fitSpot(ShadowView& view, const PlacedLight& placed, const Snapshot& snapsh
                          static_cast<float>(view.mapSize);
 }
 
-/// Bounds the view by a box in the map; by none, which reaches behind the light, not at all.
+/// Limits shadow lookups to a box in the map. Without a box (a caster reaches behind the light),
+/// the whole map is used.
 void setBounds(ShadowView& view, const std::optional<geometry::Box>& box) {
     view.bounds = {0, 0, 1, 1};
     view.nearest = 1;
@@ -135,7 +138,7 @@ void setBounds(ShadowView& view, const std::optional<geometry::Box>& box) {
     view.nearest = std::min(box->max.z, 1.0f);
 }
 
-/// Where a caster lies in the map; none if it reaches behind the light.
+/// The box of a caster in the map; nothing if a part of it is behind the light.
 std::optional<geometry::Box> boxInMap(const VisibleNode& caster, const ShadowView& view) {
     const glm::mat4 toMap = view.toTexture * caster.world;
     geometry::Box box;
@@ -148,7 +151,7 @@ std::optional<geometry::Box> boxInMap(const VisibleNode& caster, const ShadowVie
     return box;
 }
 
-/// Where all the casters lie in the map.
+/// The box of all casters in the map; nothing if a part of one is behind the light.
 std::optional<geometry::Box>
 castersInMap(const ShadowView& view, const SCNLight& light, const Snapshot& snapshot) {
     geometry::Box all;
@@ -170,7 +173,7 @@ bool castsShadow(const SCNLight& light) {
     return light.castsShadow && canCast && light.shadowColor.alpha > 0;
 }
 
-/// The shadow view of a light; count of views if it has none.
+/// Index of the light's shadow view, or the number of views if it has none.
 std::size_t viewOf(std::span<const ShadowView> shadows, std::uint32_t light) {
     std::size_t i = 0;
     while (i < shadows.size() && shadows[i].light != light) {
@@ -179,7 +182,8 @@ std::size_t viewOf(std::span<const ShadowView> shadows, std::uint32_t light) {
     return i;
 }
 
-/// Directional, omni, spot, in each those with shadows first; the order that the shader expects.
+/// The order that the shader expects: directional, omni, spot; in each kind, first those with
+/// shadows.
 int rank(SCNLightType type, bool hasShadow) {
     const int kind = type == SCNLightType::directional ? 0 : type == SCNLightType::omni ? 1 : 2;
     return kind * 2 + (hasShadow ? 0 : 1);
@@ -197,8 +201,8 @@ void writeLight(LightBlock& block, std::size_t i, const PlacedLight& placed) {
     block.lightColor.at(i) = glm::vec4(radiance(light), 0);
     if (light.type != SCNLightType::spot)
         return;
-    // Angles are those of the whole cone; the shader smoothsteps from the outer cosine to the inner
-    // one.
+    // The angles are those of the whole cone. The shader uses a smoothstep from the outer cosine to
+    // the inner one.
     const double outer = std::cos(glm::radians(std::clamp(light.spotOuterAngle, 1.0, 359.0)) * 0.5);
     const double inner =
         std::cos(glm::radians(std::clamp(light.spotInnerAngle, 0.0, light.spotOuterAngle)) * 0.5);
@@ -213,7 +217,7 @@ void writeShadow(LightBlock& block, std::size_t i, const ShadowView& view, const
     block.shadowMatrix.at(i) = view.toTexture;
 }
 
-/// Puts a light at its place in the set, with its shadow if it has a view.
+/// Writes a light to its place in the set, and its shadow if it has a view.
 void addLight(
     LightSet& set,
     std::size_t place,

@@ -12,20 +12,20 @@
 
 namespace zelvo::render {
 
-/// How a shadow-casting light looks at the scene.
+/// A shadow-casting light seen as a camera, and the shadow map made from there.
 struct ShadowView {
     std::uint32_t light = 0;     ///< index into Snapshot::lights()
-    glm::mat4 viewProjection{1}; ///< reversed depth, as everywhere
-    glm::mat4 toTexture{1};      ///< world to 0 .. 1 in the map
-    glm::vec4 bounds{
-        0, 0, 1, 1}; ///< left, top, right, bottom of all casters in the map, with room for the taps
-    float nearest = 1;       ///< depth in the map of the caster next to the light, reversed
-    float tapSpacing = 0;    ///< in the map's 0 .. 1
-    float receiverShift = 0; ///< scene units along the normal, against self-shadowing
+    glm::mat4 viewProjection{1}; ///< depth is reversed
+    glm::mat4 toTexture{1};      ///< from the world to 0 .. 1 in the map
+    /// Left, top, right, bottom of all casters in the map, with a margin for the soft edge.
+    glm::vec4 bounds{0, 0, 1, 1};
+    float nearest = 1;       ///< depth in the map of the caster nearest to the light, reversed
+    float tapSpacing = 0;    ///< distance of the shader's samples, in 0 .. 1 of the map
+    float receiverShift = 0; ///< scene units along the normal; prevents self-shadowing
     int mapSize = 1024;      ///< texels
 };
 
-/// Those of a frame.
+/// The shadow views of a frame.
 struct ShadowViews {
     std::array<ShadowView, kMaxShadows> views{};
     std::size_t count = 0;
@@ -33,21 +33,21 @@ struct ShadowViews {
     [[nodiscard]] std::span<const ShadowView> all() const { return {views.data(), count}; }
 };
 
-/// Whether the node stands in the light's way.
+/// Whether the node casts a shadow in this light.
 [[nodiscard]] bool casts(const VisibleNode& node, const scene::SCNLight& light);
 
-/// Views of the first kMaxShadows lights that cast shadows: spots by their cone, directional ones
-/// fitted around all that casts. Omni lights cast none.
+/// The views of the first kMaxShadows lights that cast shadows. A spot's view is its cone; a
+/// directional light's view is fitted around all casters. Omni lights cast no shadows.
 ///
-/// shadowRadius counts texels of a map of shadowMapSize, which covers a spot's cone, and of a
-/// directional light 1000 scene units or, if that is more, all casters. The map that is drawn is as
-/// much coarser as the edge is softer, so that four taps always do.
+/// `shadowRadius` is in texels of a map of `shadowMapSize`. That map covers a spot's cone; for a
+/// directional light it covers 1000 scene units, or all casters if they need more. The map that is
+/// really drawn is coarser the softer the edge is, so that four samples are always enough.
 [[nodiscard]] ShadowViews shadowViews(const Snapshot& snapshot);
 
-/// The same view, its bounds and its nearest depth those of one caster alone.
+/// The same view, limited to a single caster.
 [[nodiscard]] ShadowView boundedTo(const VisibleNode& caster, const ShadowView& view);
 
-/// How many lights of each kind a shader computes.
+/// How many lights of each kind a shader handles.
 struct LightCounts {
     int directional = 0;
     int directionalShadows = 0;
@@ -61,16 +61,16 @@ struct LightCounts {
     [[nodiscard]] std::vector<std::string> defines() const;
 };
 
-/// The lights that shine on the nodes of one category mask.
+/// The lights for all nodes with one category mask.
 struct LightSet {
     std::uint32_t mask = 0;
     LightCounts counts;
     LightBlock block;
-    std::array<std::uint32_t, kMaxShadows>
-        shadowViews{}; ///< index of the view of each map that the shader reads
+    /// For each map that the shader reads, the index of its view.
+    std::array<std::uint32_t, kMaxShadows> shadowViews{};
 };
 
-/// Sorts and weighs the lights for the nodes of a mask. Of more than kMaxLights the first stay.
+/// Selects and sorts the lights for the nodes of a mask. Only the first kMaxLights are used.
 [[nodiscard]] LightSet makeLightSet(
     std::span<const PlacedLight> lights, std::span<const ShadowView> shadows, std::uint32_t mask);
 

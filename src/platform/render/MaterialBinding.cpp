@@ -10,7 +10,7 @@ using scene::SCNLightingModel;
 using scene::SCNMaterial;
 using scene::SCNMaterialProperty;
 
-constexpr float kDielectric = 0.5f; ///< 4 % at normal incidence
+constexpr float kDielectric = 0.5f; ///< 4 % reflection at normal incidence
 constexpr float kDefaultRoughness = 0.5f;
 
 struct SlotRow {
@@ -57,7 +57,7 @@ constexpr auto kFeatures = std::to_array<FeatureRow>({
 
 // clang-format on
 
-/// A colour slot's part in the shader: the linear colour, or white where a picture gives it, times
+/// A colour slot's factor in the shader: the linear colour (white if the slot has a picture) times
 /// the intensity.
 glm::vec4 colorFactor(const SCNMaterialProperty& slot, const glm::vec3& empty) {
     if (slot.isEmpty())
@@ -65,7 +65,7 @@ glm::vec4 colorFactor(const SCNMaterialProperty& slot, const glm::vec3& empty) {
     return {linearColor(slot.colorOr(image::Color::white(1))) * slot.intensity, 0};
 }
 
-/// A data slot's number: not encoded, a colour counts by its red.
+/// A data slot's number, without any decoding. Of a colour, only red counts.
 float dataFactor(const SCNMaterialProperty& slot, float empty) {
     if (slot.isEmpty())
         return empty;
@@ -99,8 +99,8 @@ void bindPictures(MaterialBinding& binding, const SCNMaterial& material, Picture
         binding.features |= kDiffuseHasHoles;
 }
 
-/// An unlit material of nothing but a diffuse colour or picture is drawn without leaving its
-/// encoding, which keeps every value exact.
+/// True for an unlit material with only a diffuse colour or picture. It skips decoding and
+/// encoding, so that every value stays exact.
 bool passesThrough(const MaterialBinding& binding, const SCNMaterial& material) {
     constexpr std::uint32_t kAllowed = slotFeature(kDiffuseUnit) | slotFeature(kTransparentUnit);
     constexpr std::uint32_t kSlotBits = (1U << kSlotUnitCount) - 1;

@@ -12,11 +12,11 @@
 
 namespace zelvo::render {
 
-/// What a surface's shader must be able to do; a plain material has no bits and samples no picture.
-/// The slot bits stand at their texture units.
+/// What a material needs from the surface shader; none for a plain material without pictures. The
+/// first bits are slots, numbered by texture unit.
 enum Feature : std::uint32_t {
     kLit = 1U << 11U,
-    kPassThrough = 1U << 12U, ///< the diffuse contents go to the target as they are encoded
+    kPassThrough = 1U << 12U, ///< the diffuse values are written without decoding and encoding
     kDiffuseHasHoles = 1U << 13U,
     kRgbZero = 1U << 14U,
     kSlotTransforms = 1U << 15U,
@@ -31,29 +31,29 @@ enum Feature : std::uint32_t {
     return 1U << unit;
 }
 
-/// The shader's `#define` lines of a set of features.
+/// The `#define` lines for a set of features.
 [[nodiscard]] std::vector<std::string> featureDefines(std::uint32_t features);
 
-/// A material as the shader takes it. The slots `ambient` (it follows `diffuse`) and `displacement`
-/// (kept, not drawn) have no part in it.
+/// A material in the form that the shader needs. The slots `ambient` (it follows `diffuse`) and
+/// `displacement` (kept, not drawn) are not used.
 struct MaterialBinding {
     std::uint32_t features = 0;
-    ItemBlock item; ///< matrices and opacity left to the caller
-    std::array<const scene::SCNMaterialProperty*, kSlotUnitCount>
-        pictures{};                        ///< null: the slot has none
-    const std::string* modifier = nullptr; ///< null: none
+    ItemBlock item; ///< the caller adds matrices and opacity
+    /// By texture unit. Null: the slot has no picture.
+    std::array<const scene::SCNMaterialProperty*, kSlotUnitCount> pictures{};
+    const std::string* modifier = nullptr; ///< null: no modifier
 };
 
 [[nodiscard]] MaterialBinding bindMaterial(const scene::SCNMaterial& material, PictureHoles& holes);
 
-/// Contents transforms of the slots that have pictures, by texture unit.
+/// The contents transforms of the slots that have pictures, by texture unit.
 [[nodiscard]] SlotBlock slotTransforms(const MaterialBinding& binding);
 
-/// How much of the material covers what is behind it, as far as that is the same all over: its
-/// transparency times a colour or number in the slot `transparent`.
+/// The part of the opacity that is the same at every pixel: the transparency times the colour or
+/// number in the slot `transparent`.
 [[nodiscard]] float constantOpacity(const scene::SCNMaterial& material);
 
-/// Of an sRGB colour; the alpha is left out.
+/// From an sRGB colour, without its alpha.
 [[nodiscard]] glm::vec3 linearColor(const image::Color& color);
 
 } // namespace zelvo::render

@@ -9,15 +9,15 @@
 
 namespace zelvo::render {
 
-/// Meshes on the graphics side, by their revision. One that has not been drawn for a while is
+/// Keeps meshes in GPU memory, by their revision. A mesh that was not drawn for some time is
 /// dropped.
 class MeshStore {
 public:
-    /// A vertex array with positions, normals, tangents, texture coordinates at locations 0 to 3,
-    /// and 32-bit indices.
+    /// A vertex array with 32-bit indices. Locations 0 to 3 are position, normal, tangent, texture
+    /// coordinate.
     [[nodiscard]] std::uint32_t vertexArray(const scene::SCNGeometry& geometry);
 
-    /// Once a frame. True if something was dropped.
+    /// Call it once a frame. True if a mesh was dropped.
     bool prune();
 
 private:

@@ -19,13 +19,13 @@ namespace {
 using scene::Particle;
 using scene::ParticleBlendMode;
 
-constexpr float kGone = 20;      ///< scene units before the camera: nothing nearer is drawn
-constexpr float kUntouched = 90; ///< from here on nothing fades
-constexpr float kMaxLift = 0.6f; ///< share of the way to the camera
+constexpr float kGone = 20;      ///< scene units from the camera: nothing nearer is drawn
+constexpr float kUntouched = 90; ///< scene units from the camera: nothing farther fades
+constexpr float kMaxLift = 0.6f; ///< as a share of the distance to the camera
 constexpr float kFaintest = 1.0f / 255;
 constexpr std::size_t kMinCapacity = 1024;
 
-/// 8 bits a channel, premultiplied.
+/// As 8 bits a channel, premultiplied.
 std::uint32_t packed(const glm::vec4& color) {
     const glm::vec4 solid(glm::vec3(color) * color.a, color.a);
     std::uint32_t bytes = 0;
@@ -48,7 +48,8 @@ Sides facingSides(const Particle& particle, const CameraView& camera) {
     return {camera.axes[0] * c + camera.axes[1] * s, camera.axes[1] * c - camera.axes[0] * s};
 }
 
-/// Along the velocity as seen; seen from its end, a square.
+/// Stretched along the velocity as the camera sees it; a square if it moves along the line of
+/// sight.
 Sides stretchedSides(const Particle& particle, const CameraView& camera, float seconds) {
     const float half = particle.size / 2;
     const glm::vec3 view = particle.position - camera.position;
@@ -163,7 +164,7 @@ void ParticlePass::ensureReady() {
 }
 
 void ParticlePass::upload() {
-    // New storage each time: frames under way keep theirs.
+    // A new buffer each time, because frames in flight still read the old one.
     capacity = std::max({capacity, kMinCapacity, instances.size()});
     glNamedBufferData(
         buffer.name(),

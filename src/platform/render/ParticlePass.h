@@ -10,13 +10,15 @@
 
 namespace zelvo::render {
 
-/// Draws particles over what stands in the target, behind what is nearer: one draw call an
-/// emitter, all from one buffer. Those that cover come first, back to front; those that shine add
-/// up in any order. Particles near the camera fade, so that none ever fills the picture. What
-/// shines counts as a ball, not as a disc: half its size before its middle, so that no floor cuts
-/// it off.
+/// Draws the particles of all emitters: one draw call an emitter, from one shared buffer. Depth is
+/// tested but not written. Emitters that cover come first, sorted back to front; emitters that add
+/// light follow in any order.
 ///
-/// They are drawn as encoded values, neither lit nor tone mapped. The frame's uniforms are bound.
+/// Particles near the camera fade, so that none fills the picture. A particle that adds light is
+/// drawn half its size nearer, like a ball, so that a floor does not cut it off.
+///
+/// Colours are written as encoded values, without lighting and tone map. The frame's uniforms must
+/// be bound.
 class ParticlePass {
 public:
     struct Tools {
@@ -24,16 +26,16 @@ public:
         TextureStore& textures;
     };
 
-    /// The framebuffer is bound, with its depth.
+    /// The framebuffer must be bound, with its depth.
     void draw(const Tools& tools, const Snapshot& snapshot);
 
 private:
-    /// As the shader reads it.
+    /// In the layout that the shader reads.
     struct Instance {
         glm::vec3 middle;
         glm::vec3 right; ///< half of the square's side
         glm::vec3 up;
-        float lift; ///< by which it counts as nearer than it is
+        float lift; ///< scene units towards the camera, for the depth test only
         std::uint32_t color;
     };
 
@@ -54,7 +56,7 @@ private:
     BufferHandle buffer;
     std::size_t capacity = 0;
 
-    // Kept between frames for their memory only.
+    // Kept between frames to reuse their memory.
     std::vector<Instance> instances;
     std::vector<std::pair<float, std::uint32_t>> order;
     std::vector<Batch> batches;

@@ -20,7 +20,7 @@ bool PictureHoles::isIn(const image::ImagePtr& picture) {
     if (!picture)
         return false;
     const auto found = known.find(picture.get());
-    // An address may come back for another picture; the first one's weak pointer has then expired.
+    // A new picture can get the address of a deleted one; then the old weak pointer has expired.
     if (found != known.end() && !found->second.picture.expired())
         return found->second.hasHoles;
     if (known.size() > kPruneAbove) {

@@ -8,10 +8,10 @@
 
 namespace zelvo::render {
 
-/// Remembers which pictures are not opaque everywhere, so that each is looked through once.
+/// Remembers which pictures have transparent pixels, so that each picture is scanned only once.
 class PictureHoles {
 public:
-    /// False for no picture.
+    /// False if there is no picture.
     [[nodiscard]] bool isIn(const image::ImagePtr& picture);
 
 private:

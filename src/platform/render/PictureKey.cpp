@@ -22,7 +22,7 @@ std::optional<std::uint64_t> PictureKey::of(
     addSurroundings(hash, scene);
     const ShadowViews views = shadowViews(snapshot);
     addShadows(hash, views.all());
-    UniformArena unused(1); // nothing is drawn
+    UniformArena unused(1); // nothing is drawn here
     const ItemPainter::Frame frame{snapshot, views.all(), unused};
     painter.begin();
     const bool isStill = addItems(hash, snapshot.opaque(), painter, frame) &&
@@ -58,7 +58,7 @@ void PictureKey::addShadows(Hash& hash, std::span<const ShadowView> views) const
     for (const ShadowView& view : views) {
         hash.addBlock(view);
     }
-    // Those out of view too: their shadows may be in it.
+    // Nodes outside the view count, too: their shadows may be visible.
     for (const VisibleNode& node : snapshot.nodes()) {
         hash.addBlock(node.world);
         hash.add(node.geometry->revision());

@@ -13,11 +13,11 @@
 
 namespace zelvo::render {
 
-/// Tells before a frame is drawn whether it would be another picture than the one before.
+/// Tells, without drawing, whether the next frame would look like the last one.
 class PictureKey {
 public:
-    /// Equal keys, one after the other, are equal pictures, whatever their size. Empty: the picture
-    /// is never the same, as with particles or with a modifier, which may look at the time.
+    /// A hash of all that the picture depends on: if it equals the last one, so does the picture
+    /// (at the same size). Nothing if the picture depends on time: particles, or a shader modifier.
     [[nodiscard]] std::optional<std::uint64_t>
     of(const scene::SCNScene& scene,
        const scene::SCNNode* pointOfView,
@@ -35,11 +35,11 @@ private:
         const ItemPainter::Frame& frame);
 
     Snapshot snapshot;
-    // The key tells pictures by their addresses: held, so that none comes back for another.
+    // The key uses addresses. The objects are held, so that no new one can get such an address.
     std::vector<std::shared_ptr<const void>> owners;
     std::vector<std::shared_ptr<const void>> lastOwners;
     scene::SCNMaterialProperty::Contents background;
-    std::uint64_t backgrounds = 0; ///< how many there have been
+    std::uint64_t backgrounds = 0; ///< how often it has changed
 };
 
 } // namespace zelvo::render

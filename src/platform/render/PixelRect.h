@@ -7,7 +7,7 @@
 
 namespace zelvo::render {
 
-/// A part of a picture, row 0 at the top: from (left, top) up to but not including (right, bottom).
+/// A part of a picture; row 0 is the top. `right` and `bottom` are exclusive.
 struct PixelRect {
     int left = 0;
     int top = 0;
@@ -30,7 +30,7 @@ struct PixelRect {
             std::min(bottom, other.bottom)};
     }
 
-    /// The least one around both.
+    /// The smallest rectangle around both.
     [[nodiscard]] PixelRect united(const PixelRect& other) const {
         if (isEmpty() || other.isEmpty())
             return isEmpty() ? other : *this;

@@ -10,33 +10,33 @@
 namespace zelvo::render {
 
 enum class TargetFormat {
-    rgba8,   ///< colours as they are encoded
+    rgba8,   ///< encoded colours
     depth32, ///< reversed, floating point
 };
 
-/// A picture that passes draw into: a framebuffer and the textures it is made of, all of one size.
-/// It has no size and takes no memory until it is first given one.
+/// A framebuffer and its textures, all of one size. It takes no memory until `resize` gives it a
+/// size.
 class RenderTarget {
 public:
-    /// Colours in the order of the shader's outputs, and one depth at most.
+    /// Colours in the order of the shader's outputs; at most one depth.
     RenderTarget(std::initializer_list<TargetFormat> formats);
-    /// With the depth of another target, which outlives this one and follows its size: pictures
-    /// that are drawn one after the other need no more than one depth.
+    /// Uses the depth of another target, which must outlive this one and have the same size.
+    /// Pictures that are drawn one after the other can share one depth.
     RenderTarget(std::initializer_list<TargetFormat> formats, RenderTarget& depthLender);
 
-    /// True: it had another size and was made anew; its content is undefined then.
+    /// True if the size has changed; the content is undefined then.
     bool resize(Size wanted, GraphicsState& state);
 
     void bind(GraphicsState& state) const;
 
-    /// What both of them have, colour and depth. The other one, of the same size, is then bound.
+    /// Copies what both have (colour, depth) to a target of the same size, and binds that one.
     void copyTo(const RenderTarget& other, GraphicsState& state) const;
 
     [[nodiscard]] Size size() const { return size_; }
 
     [[nodiscard]] std::uint32_t framebuffer() const { return framebuffer_.name(); }
 
-    /// Texture of the first colour; of the depth, its own or the lender's.
+    /// The first colour texture. `depth` is the target's own depth texture or the shared one.
     [[nodiscard]] std::uint32_t color() const;
     [[nodiscard]] std::uint32_t depth() const;
 
@@ -49,15 +49,16 @@ private:
     void attach();
 
     std::vector<Attachment> attachments;
-    RenderTarget* lender = nullptr; ///< null: the depth is its own, if it has one
+    RenderTarget* lender = nullptr; ///< null: it has its own depth, or none
     FramebufferHandle framebuffer_;
     Size size_;
-    int generation = 0; ///< counts how often it was made: names of deleted textures come back
+    /// counts the rebuilds, because OpenGL reuses the names of deleted textures
+    int generation = 0;
     int lentGeneration = 0;
 };
 
-/// The picture of a frame and a second one like it. A pass that reads the picture draws the second,
-/// and then they change places: nothing is copied.
+/// The frame's picture and a spare one. A pass that reads the picture draws into the spare one and
+/// exchanges the two, so that nothing is copied.
 struct FramePictures {
     RenderTarget& picture;
     RenderTarget& spare;

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kMaxDrawnSide = 8192;
 
-/// What a frame in flight has for itself.
+/// What belongs to one frame in flight.
 struct Slot {
     Slot(RenderTarget made, int uniformAlignment)
         : picture(std::move(made))
@@ -67,12 +67,13 @@ struct SCNRenderer::State {
         delivery = onCpu ? makeCpuDelivery() : makeGpuDelivery();
     }
 
-    std::unique_ptr<HeadlessContext> context; // first in, last out: all below lives in it
+    std::unique_ptr<HeadlessContext> context; // must be destroyed last: all members below need it
     DeviceInfo device;
     FramePasses passes;
     std::unique_ptr<FrameDelivery> delivery;
     std::array<Slot, kFramesInFlight> slots;
-    std::size_t begun = 0; ///< since the start; a frame's slot is its number modulo kFramesInFlight
+    /// frames begun since the start; a frame's slot is its number modulo kFramesInFlight
+    std::size_t begun = 0;
     std::size_t finished = 0;
     FrameTimes times;
     double (*stopwatch)() = noTime;
@@ -138,7 +139,7 @@ FrameView SCNRenderer::finish() {
     slot.done.await();
     const double drawn = state->stopwatch();
     const FrameView view{slot.frame.outputSize, state->delivery->fetch(slot.frame)};
-    // A software driver draws on the same cores: waiting for it is drawing, not reading back.
+    // A software driver draws on this CPU, so waiting for it counts as drawing time.
     double& waited = state->device.isSoftware ? state->times.drawMs : state->times.readBackMs;
     waited += 1000 * (drawn - start);
     state->times.readBackMs += 1000 * (state->stopwatch() - drawn);

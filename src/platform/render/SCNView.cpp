@@ -16,9 +16,9 @@ namespace {
 
 constexpr int kMinVersion = 45;
 constexpr double kMaxOversampling = 2;
-constexpr std::size_t kFrames = 3; ///< whose uniforms may still be read
+constexpr std::size_t kFrames = 3; ///< frames in flight: the GPU may still read their uniforms
 
-/// The uniforms of a frame and when they are done with.
+/// The uniforms of a frame, and a fence that tells when the GPU has finished with them.
 struct FrameMemory {
     explicit FrameMemory(int alignment)
         : uniforms(alignment) {}
@@ -62,7 +62,7 @@ struct SCNView::State {
 
     DeviceInfo device;
     FramePasses passes;
-    RenderTarget picture; ///< before it is copied to the target
+    RenderTarget picture; ///< the drawn frame, before it is copied to the target
     std::array<FrameMemory, kFrames> frames;
     std::size_t drawn = 0;
 };

@@ -12,45 +12,45 @@
 
 namespace zelvo::render {
 
-/// Which row of a foreign framebuffer holds the top of the picture: OpenGL's own order has it last.
+/// Which row of the target framebuffer holds the top of the picture. OpenGL's default is the last
+/// one.
 enum class RowOrder { bottomFirst, topFirst };
 
-/// Where a view draws: a colour attachment of somebody else's. Other attachments are left alone.
+/// The caller's framebuffer to draw into. Only its first colour attachment is changed.
 struct ViewTarget {
     std::uint32_t framebuffer = 0;
-    Size size; ///< pixels; the picture fills it
+    Size size; ///< in pixels; the picture fills it
     RowOrder rows = RowOrder::bottomFirst;
 };
 
-/// How much work a view puts into a picture.
+/// How finely a view draws.
 struct ViewQuality {
-    /// Drawn size over the target's size, 1 to 2; the scaling down takes the place of
-    /// antialiasing. 1 leaves edges with steps.
+    /// Drawn size over the target's size, 1 to 2. Scaling down takes the place of antialiasing, so
+    /// at 1 edges show steps.
     double oversampling = 1.5;
 };
 
-/// The on-screen view's drawing: the same passes as SCNRenderer's, into a framebuffer of a context
-/// that a window brings. That context is current on this thread when the view is made, whenever it
-/// draws, and when it ends. The scene is read while it is drawn: it must not change meanwhile on
-/// another thread.
+/// Draws the view on screen: the same passes as SCNRenderer, into a framebuffer of the window's
+/// OpenGL context. This context must be current when the view is made, drawn and destroyed. The
+/// scene must not change on another thread while it is drawn.
 ///
-/// Nothing is assumed of the context's state before a draw, and OpenGL's initial state is left
-/// behind (with the target bound), beyond what a toolkit's own reset would mend: clip control,
-/// samplers, winding, blend equation.
+/// `draw` expects no particular OpenGL state. It leaves OpenGL's initial state behind (with the
+/// target bound), including what a toolkit's own reset does not restore: clip control, samplers,
+/// winding, blend equation.
 class SCNView final : public scene::SCNSceneRenderer {
 public:
-    /// Error: unavailable, where the context has no OpenGL 4.5.
+    /// Error: `unavailable` if the context has no OpenGL 4.5.
     [[nodiscard]] static foundation::Result<std::unique_ptr<SCNView>> make();
     ~SCNView() override;
 
     ViewQuality quality;
 
-    /// Draws the scene as it stands, as after `update`.
+    /// Draws the scene in its current state. Call `update` before.
     void draw(const ViewTarget& target);
 
-    /// Of the picture that `draw` would make now of a target so many times as wide as high: equal
-    /// ones, one after the other, are equal pictures, which need not be drawn again. Empty: the
-    /// picture is never the same, as with particles or a technique.
+    /// A hash of the picture that `draw` would make now; if it equals the last one, there is no
+    /// need to draw. `aspect` is width over height. Nothing if the picture depends on time, as with
+    /// particles or a technique.
     [[nodiscard]] std::optional<std::uint64_t> pictureKey(double aspect);
 
     [[nodiscard]] std::string deviceName() const;

@@ -67,7 +67,7 @@ void SceneDrawer::drawMoving(const Frame& frame) {
         if (layer.holds(keys[i])) {
             drawShadowed(frame.items, opaques[i], DepthTest::nearerOrEqual);
         } else {
-            // What is drawn with shadows first need not be drawn again without.
+            // With shadows first: the second draw then skips those pixels.
             drawShadowed(frame.items, opaques[i], DepthTest::nearer);
             drawWhole(frame.items, opaques[i]);
         }
@@ -118,7 +118,7 @@ FrameBlock SceneDrawer::frameBlock(const scene::SCNScene& scene) const {
 
 std::uint64_t SceneDrawer::surroundingsKey(const Frame& frame) const {
     FrameBlock timeless = frame.block;
-    timeless.frame.x = 0; // only modifiers look at it, and those never stand still
+    timeless.frame.x = 0; // only shader modifiers use the time, and items with one are never kept
     Hash hash;
     hash.addBlock(timeless);
     hash.add(frame.items.features);
@@ -145,8 +145,9 @@ SceneDrawer::planned(const ItemPainter::Frame& frame, const DrawItem& item, Size
         shadowed = shadowed.united(shadowReach(node, view, snapshot, picture));
     }
     shadowed = shadowed.intersected(boundsOnScreen(node, snapshot.camera(), picture));
-    // What casts lies in its own shadow all over. Everything else keeps the same key whether or not
-    // a shadow passes over it, and so its place in the still layer.
+    // A caster usually shades itself everywhere, so it is drawn once with shadows. Any other item
+    // is drawn without shadows, and again where shadows fall. So its key stays the same when a
+    // shadow passes over it, and it can stay in the still layer.
     if (isCaster && !shadowed.isEmpty())
         return {&item, all, all};
     return {&item, painter.lightsFor(frame, node.categoryBitMask, Shadows::none), all, shadowed};
@@ -193,8 +194,8 @@ void SceneDrawer::drawTranslucent(const Frame& whole) {
             ++end;
         }
         const std::span<const DrawItem> ofNode = items.subspan(first, end - first);
-        // A fading solid: its depth alone, then the colour of what is in front, so that it fades as
-        // a whole.
+        // For a fading solid, draw the depth first. Then only its front is coloured, and it fades
+        // as a whole.
         for (const DrawItem& item : ofNode) {
             if (painter.fadesAsAWhole(*item.material))
                 painter.drawDepth(frame, item);

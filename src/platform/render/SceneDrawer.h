@@ -21,17 +21,17 @@
 
 namespace zelvo::render {
 
-/// Draws a scene's own passes, from its shadow maps to its particles; FramePasses calls them in
-/// their order.
+/// Draws a scene: shadow maps, background, items, particles. FramePasses calls the functions in
+/// this order.
 ///
-/// Colours are lit in linear light and tone mapped and encoded at once in the surface's shader, so
-/// that the target needs no more than 8 bits. Blending and the background work on encoded values;
-/// so a background has its colour exactly.
+/// The surface shader lights in linear light, then tone maps and encodes at once, so that 8 bits a
+/// channel are enough for the target. Blending and the background use encoded values; so a
+/// background keeps its exact colour.
 class SceneDrawer {
 public:
     explicit SceneDrawer(const DeviceInfo& device);
 
-    /// What the passes of one frame have in common.
+    /// What the passes of one frame share.
     struct Frame {
         const scene::SCNScene& scene;
         const RenderTarget& target;
@@ -39,13 +39,13 @@ public:
         ItemPainter::Frame items;
     };
 
-    /// Reads the scene as it stands. It must not change until `end`.
+    /// Reads the scene, which must not change until `end`.
     [[nodiscard]] Frame begin(
         const scene::SCNScene& scene,
         const scene::SCNNode* pointOfView,
         const RenderTarget& target,
         UniformArena& uniforms);
-    /// Lets go what nothing uses any more.
+    /// Frees what is no longer used.
     void end();
 
     [[nodiscard]] bool hasShadows() const { return views.count > 0; }
@@ -57,14 +57,15 @@ public:
     [[nodiscard]] bool hasParticles() const { return !snapshot.emitters().empty(); }
 
     void drawShadows(const Frame& frame);
-    /// The background and the opaque items that stand still. Finds out which they are.
+    /// Draws the background and the opaque items that have not changed (StillLayer decides which).
     void drawStill(const Frame& frame);
-    /// The other opaque items, and the shadows that fall on those that stand still.
+    /// Draws the other opaque items, and the shadows on the unchanged ones.
     void drawMoving(const Frame& frame);
     void drawTranslucent(const Frame& frame);
     void drawParticles(const Frame& frame);
 
-    /// Of what a frame would show, without drawing it. Empty: that never stands still.
+    /// Returns a hash of all that the frame depends on: same key, same picture. Nothing if it
+    /// depends on time.
     [[nodiscard]] std::optional<std::uint64_t>
     pictureKey(const scene::SCNScene& scene, const scene::SCNNode* pointOfView, float aspect) {
         return pictures.of(scene, pointOfView, aspect, painter);
@@ -72,20 +73,20 @@ public:
 
     [[nodiscard]] GraphicsState& graphicsState() { return state; }
 
-    /// The camera that the frame is seen with; null if it is none of the scene's.
+    /// The camera of the frame; null if the scene has none.
     [[nodiscard]] const scene::SCNCamera* sceneCamera() const { return snapshot.sceneCamera(); }
 
 private:
-    /// An opaque item and how it is to be drawn: where shadows can fall on a part of it only,
-    /// twice.
+    /// An opaque item and its lights. If shadows fall on a part of it only, that part is drawn
+    /// again with shadows.
     struct OpaqueItem {
         const DrawItem* item = nullptr;
-        ItemPainter::Lights lights = 0; ///< of the whole item
+        ItemPainter::Lights lights = 0; ///< for the whole item
         ItemPainter::Lights shadowLights = 0;
-        PixelRect shadowed{}; ///< where it is drawn with shadowLights; empty: nowhere
+        PixelRect shadowed{}; ///< where it is drawn with shadowLights; may be empty
     };
 
-    /// Null: the scene has no image-based light.
+    /// Null if the scene has no image-based light.
     [[nodiscard]] static std::shared_ptr<const image::LightProbe>
     probeOf(const scene::SCNScene& scene);
     [[nodiscard]] FrameBlock frameBlock(const scene::SCNScene& scene) const;
@@ -114,8 +115,8 @@ private:
     ShadowViews views;
     std::vector<OpaqueItem> opaques;
     std::vector<std::uint64_t> keys; ///< of the opaques
-    std::vector<std::shared_ptr<const void>>
-        layerOwners; ///< so that no address in the layer's keys comes back for another
+    /// Owners of the addresses in the layer's keys, so that no new object gets such an address.
+    std::vector<std::shared_ptr<const void>> layerOwners;
 };
 
 } // namespace zelvo::render

@@ -9,12 +9,12 @@
 
 namespace zelvo::render {
 
-// What C++ and the shaders share. Each block is written once, as a list of its fields; the struct
-// and the GLSL text are both made of it. Only vec4 and mat4 are used, whose std140 layout is that
-// of glm.
+// Uniform blocks shared by C++ and the shaders. Each is written once, as a list of fields; the C++
+// struct and the GLSL text are both made from it. Only vec4 and mat4 are used, because glm and
+// std140 lay them out in the same way.
 
-inline constexpr int kMaxLights = 8;  ///< a frame
-inline constexpr int kMaxShadows = 4; ///< lights of a frame that cast shadows
+inline constexpr int kMaxLights = 8;  ///< per frame
+inline constexpr int kMaxShadows = 4; ///< per frame
 
 /// Uniform block bindings.
 enum Binding : std::uint32_t {
@@ -39,9 +39,9 @@ enum Unit : std::uint32_t {
     kMetalnessUnit,
     kRoughnessUnit,
     kSlotUnitCount,
-    kShadowUnit = 12, ///< and the three above
+    kShadowUnit = 12, ///< and the next three
     kProbeUnit = 16,
-    kPictureUnit = 17, ///< what a full-screen pass reads
+    kPictureUnit = 17, ///< the input of a full-screen pass
     kDepthUnit = 18,
 };
 
@@ -55,18 +55,18 @@ enum Unit : std::uint32_t {
 
 #define ZELVO_LIGHT_BLOCK(ONE, LIST)                                                                      \
     ONE(vec4, ambient)                /* rgb */                                                           \
-    LIST(vec4, lightPosition, 8)      /* xyz in the world; of a directional light, the unit way to it */  \
-    LIST(vec4, lightAxis, 8)          /* xyz unit, where a spot looks; w scale of its cone */             \
-    LIST(vec4, lightColor, 8)         /* rgb, 1 is nominal; w offset of the cone */                       \
-    LIST(vec4, lightShadow, 8)        /* x strength, y tap spacing, w receiver's shift */              \
-    LIST(vec4, shadowBounds, 8)       /* where the map has anything: left, top, right, bottom, 0 to 1 */   \
+    LIST(vec4, lightPosition, 8)      /* xyz in the world; directional: unit vector to the light */       \
+    LIST(vec4, lightAxis, 8)          /* xyz unit direction of a spot; w scale of its cone */             \
+    LIST(vec4, lightColor, 8)         /* rgb, nominal is 1; w offset of the cone */                       \
+    LIST(vec4, lightShadow, 8)        /* x strength, y sample spacing, w receiver's shift */           \
+    LIST(vec4, shadowBounds, 8)       /* of all casters in the map: left, top, right, bottom, 0 to 1 */    \
     LIST(mat4, shadowMatrix, 8)       /* world to shadow map, 0 to 1 */
 
 #define ZELVO_ITEM_BLOCK(ONE, LIST)                                                                       \
     ONE(mat4, world)                                                                                      \
     ONE(mat4, normalMatrix)                                                                               \
     ONE(mat4, uvTransform)                                                                                \
-    ONE(vec4, diffuse)          /* rgb linear (or as encoded: PASS_THROUGH), a opacity */                 \
+    ONE(vec4, diffuse)          /* rgb linear (encoded if PASS_THROUGH), a opacity */                     \
     ONE(vec4, emission)         /* rgb linear, w intensity of the normal map */                           \
     ONE(vec4, specular)         /* rgb, 0.5 is 4 % at normal incidence; w intensity of the reflection */  \
     ONE(vec4, multiply)         /* rgb linear */                                                          \
@@ -78,8 +78,8 @@ enum Unit : std::uint32_t {
 
 #define ZELVO_PASS_BLOCK(ONE, LIST)                                                                       \
     ONE(mat4, passDirections)   /* clip space to directions in the world */                               \
-    ONE(vec4, passFrame)        /* x scene seconds; yz size of what is drawn into, pixels */              \
-    LIST(vec4, passNumbers, 2)  /* as each pass's shader says */
+    ONE(vec4, passFrame)        /* x scene seconds; yz size of the target, pixels */                      \
+    LIST(vec4, passNumbers, 2)  /* see each pass's shader */
 // clang-format on
 
 // NOLINTBEGIN(bugprone-macro-parentheses): types and names bear no parentheses
@@ -100,12 +100,12 @@ struct ItemBlock {
     ZELVO_ITEM_BLOCK(ZELVO_ONE, ZELVO_LIST)
 };
 
-/// Bound only for materials whose slots have different contents transforms.
+/// Used only by materials whose slots have different contents transforms.
 struct SlotBlock {
     ZELVO_SLOT_BLOCK(ZELVO_ONE, ZELVO_LIST)
 };
 
-/// Of a full-screen pass.
+/// For full-screen passes.
 struct PassBlock {
     ZELVO_PASS_BLOCK(ZELVO_ONE, ZELVO_LIST)
 };
@@ -116,7 +116,7 @@ struct PassBlock {
 static_assert(sizeof(LightBlock::lightColor) == sizeof(glm::vec4) * kMaxLights);
 static_assert(sizeof(SlotBlock::slotTransform) == sizeof(glm::mat4) * kSlotUnitCount);
 
-/// The GLSL text of all of the above; goes before every shader.
+/// The GLSL text of all blocks and constants above. It goes before every shader.
 [[nodiscard]] const std::string& sharedDeclarations();
 
 } // namespace zelvo::render

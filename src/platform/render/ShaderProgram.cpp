@@ -43,7 +43,7 @@ std::string stageText(const ProgramSource& source, std::string_view file) {
     return text + sharedDeclarations() + expanded(shaderSource(file), source.modifier);
 }
 
-/// Deletes a shader object when the program has taken it over, or on the way out.
+/// Owns a shader object until the program is linked.
 class Stage {
 public:
     explicit Stage(GLenum kind)

@@ -10,9 +10,9 @@
 
 namespace zelvo::render {
 
-/// What a program is made of. Before both stages go the version, one `#define` a line of `defines`,
-/// and the shared declarations; lines `#include "file"` are replaced by that file, `#include
-/// "MODIFIER"` by `modifier`.
+/// The source of a program. Each stage starts with the version, one `#define` for each of
+/// `defines`, and the shared declarations. `#include "file"` inserts that file, `#include
+/// "MODIFIER"` inserts `modifier`.
 struct ProgramSource {
     std::string_view vertexFile;
     std::string_view fragmentFile;
@@ -20,7 +20,7 @@ struct ProgramSource {
     std::string_view modifier{};
 };
 
-/// Error: malformed, with the compiler's words.
+/// Error: `malformed`, with the compiler's message.
 [[nodiscard]] foundation::Result<ProgramHandle> buildProgram(const ProgramSource& source);
 
 } // namespace zelvo::render

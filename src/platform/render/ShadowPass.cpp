@@ -22,7 +22,8 @@ std::uint64_t contentOf(const Snapshot& snapshot, const ShadowView& view) {
     return hash.result();
 }
 
-// Against self-shadowing, beside the shift along the normal: in units of depth and of its slope.
+// Depth offset against self-shadowing, in addition to the shift along the normal (as in
+// glPolygonOffset).
 constexpr float kDepthOffset = 2;
 constexpr float kSlopeOffset = 1.5f;
 
@@ -49,7 +50,7 @@ void ShadowPass::drawCasters(const Tools& tools, const Snapshot& snapshot, const
     frame.viewProjection = view.viewProjection;
     tools.state.clearDepth();
     tools.uniforms.bind(tools.state, kFrameBinding, frame);
-    // Both sides: a letter's back wall must keep the light out as well as its front.
+    // No culling: a letter's back wall must stop the light as well as its front.
     tools.state.set({.culling = Culling::none});
     tools.state.setDepthOffset(kDepthOffset, kSlopeOffset);
     for (const VisibleNode& node : snapshot.nodes()) {

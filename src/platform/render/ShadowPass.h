@@ -13,8 +13,8 @@
 
 namespace zelvo::render {
 
-/// Draws the depth of all casters from each shadow view. A map whose view and casters are as they
-/// were last time is kept as it is.
+/// Draws a shadow map for each shadow view. A map is kept if its view and its casters have not
+/// changed.
 class ShadowPass {
 public:
     struct Tools {
@@ -26,12 +26,12 @@ public:
 
     void draw(const Tools& tools, const Snapshot& snapshot, std::span<const ShadowView> views);
 
-    /// The depth texture of a view.
+    /// The depth texture of the view with this index.
     [[nodiscard]] std::uint32_t texture(std::size_t view) const {
         return maps.at(view).target.depth();
     }
 
-    /// The same as long as the map is.
+    /// A hash of the map's content.
     [[nodiscard]] std::uint64_t content(std::size_t view) const { return maps.at(view).content; }
 
 private:

@@ -11,13 +11,13 @@
 namespace zelvo::render {
 namespace {
 
-/// The share of the picture that a shadow must seem to reach for its casters to be told apart.
+/// If shadows cover less of the picture than this, casters are not looked at one by one.
 constexpr double kWorthASecondLook = 0.02;
-constexpr float kMinDistance = 1e-3f; ///< from the eye's plane, scene units
+constexpr float kMinDistance = 1e-3f; ///< scene units from the plane of the eye
 
 using Corners = std::array<glm::vec3, 8>;
 
-/// A face cut by planes: each cut adds a corner at most.
+/// A face cut by planes. Each cut adds at most one corner.
 struct Polygon {
     std::array<glm::vec3, 16> points{};
     std::size_t count = 0;
@@ -38,7 +38,7 @@ Corners cornersOf(const VisibleNode& node) {
     return corners;
 }
 
-/// By their numbers in cornersOf, around each face.
+/// The box's faces: indices into cornersOf, in order around the face.
 // clang-format off
 constexpr auto kFaces = std::to_array<std::array<std::size_t, 4>>({
     {0, 1, 3, 2},
@@ -63,7 +63,7 @@ glm::vec4 rowOf(const glm::mat4& matrix, int row) {
     return {matrix[0][row], matrix[1][row], matrix[2][row], matrix[3][row]};
 }
 
-/// Sutherland and Hodgman 1974, "Reentrant Polygon Clipping": what lies before the plane stays.
+/// Sutherland and Hodgman 1974, "Reentrant Polygon Clipping". Keeps the part in front of the plane.
 Polygon clipped(const Polygon& polygon, const glm::vec4& plane) {
     Polygon result;
     for (std::size_t i = 0; i < polygon.count; ++i) {
@@ -79,7 +79,7 @@ Polygon clipped(const Polygon& polygon, const glm::vec4& plane) {
     return result;
 }
 
-/// Gathers what is seen of polygons.
+/// Collects the bounds of polygons on screen.
 class ScreenBounds {
 public:
     ScreenBounds(const CameraView& cameraView, Size pictureSize)
@@ -103,7 +103,7 @@ public:
     [[nodiscard]] PixelRect rect() const {
         if (least.x > most.x)
             return {};
-        // Bounded before it is rounded: what lies near the eye's plane is seen very far out.
+        // Clamped before rounding, because points near the plane of the eye project very far out.
         const glm::vec2 end(picture.width, picture.height);
         const glm::vec2 first = glm::clamp(glm::floor(least) - 1.0f, glm::vec2(0), end);
         const glm::vec2 last = glm::clamp(glm::ceil(most) + 1.0f, glm::vec2(0), end);
@@ -122,8 +122,8 @@ private:
     glm::vec2 most{-INFINITY};
 };
 
-/// The planes around all that the casters can shade, inside before them, moved out by as much as
-/// the lookup is moved.
+/// The six planes around the space that the casters can shade, normals inwards. They are moved out
+/// by as much as the shader moves its lookup.
 std::array<glm::vec4, 6> planesOf(const ShadowView& view) {
     const glm::vec4 x = rowOf(view.toTexture, 0);
     const glm::vec4 y = rowOf(view.toTexture, 1);
@@ -167,7 +167,7 @@ PixelRect shadowOnScreen(
         }
         seen.include(polygon);
     }
-    // The rays' own beginning, where a deep box holds it.
+    // A large box can contain the near end of the rays, so that end counts, too.
     const glm::mat4 fromMap = glm::inverse(view.toTexture);
     Polygon beginning;
     for (const glm::vec2 corner :

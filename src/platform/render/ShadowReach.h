@@ -7,22 +7,22 @@
 
 namespace zelvo::render {
 
-/// The part of a picture in which a node can be seen, by the box around it.
+/// The part of a picture that shows the node's bounding box.
 [[nodiscard]] PixelRect
 boundsOnScreen(const VisibleNode& node, const CameraView& camera, Size picture);
 
-/// The part of a picture in which the casters of a light can throw a shadow on a node: its box cut
-/// by the light's rays past the casters. On a wide floor that is a small part of it.
+/// The part of a picture in which casters of a light can throw a shadow on the node: the node's box
+/// cut by the light's rays around the casters. On a wide floor that is a small part.
 ///
 ///          *           the light
 ///         /.|
-///        /TT|          a caster, and the rays past it
-///    ===/====|======   the node: only between the rays are shadows to be looked up
+///        /TT|          a caster, and the rays around it
+///    ===/====|======   the node: shadows can fall only between the rays
 [[nodiscard]] PixelRect shadowOnScreen(
     const VisibleNode& node, const ShadowView& view, const CameraView& camera, Size picture);
 
-/// The same, closer: where the rays past all casters reach far, as those past a row that lies
-/// athwart the map do, they are told apart.
+/// As shadowOnScreen, but with a smaller result: if the part is large, each caster is looked at by
+/// itself. For example, casters in a diagonal row have a large common box and short shadows.
 [[nodiscard]] PixelRect shadowReach(
     const VisibleNode& node, const ShadowView& view, const Snapshot& snapshot, Size picture);
 

@@ -10,7 +10,7 @@ struct Size {
     int width = 0; ///< pixels
     int height = 0;
 
-    /// Rounded, one pixel at least.
+    /// Rounded, at least one pixel.
     [[nodiscard]] Size scaled(double factor) const {
         const auto side = [factor](int length) {
             return std::max(1, static_cast<int>(std::lround(length * factor)));

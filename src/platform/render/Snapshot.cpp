@@ -30,7 +30,7 @@ const SCNNode* firstWithCamera(const SCNNode& node) {
     return nullptr;
 }
 
-/// The node's place with its axes turned to the camera's, its size kept.
+/// Turns a node's axes to those of the camera; its size and position stay.
 glm::mat4 facing(const glm::mat4& world, const glm::mat3& axes) {
     glm::mat4 result = world;
     for (int axis = 0; axis < 3; ++axis) {
@@ -108,7 +108,7 @@ void Snapshot::addNode(const SCNNode& node, const Inherited& own, const Frustum&
         return;
     const geometry::Box box = node.geometry->boundingBox();
     const bool isInView = frustum.mayContain(box, own.world);
-    // What is out of view is kept: its shadow may be in it.
+    // Nodes outside the view are kept: their shadows may be visible.
     VisibleNode visible{
         own.world,
         node.geometry.get(),
@@ -141,8 +141,8 @@ void Snapshot::addItems(std::uint32_t index) {
             material = &defaultMaterial();
         if (node.opacity * constantOpacity(*material) < kInvisible)
             continue;
-        // Opaque by the farthest corner: a floor that reaches to the horizon comes after what
-        // stands on it.
+        // Opaque items are sorted by their farthest corner, so that a floor that reaches to the
+        // horizon comes after what stands on it.
         if (isTranslucent(*material, node.opacity)) {
             translucent_.push_back({index, element, material, node.middle, true});
         } else {

@@ -12,19 +12,19 @@
 
 namespace zelvo::render {
 
-/// A node with geometry, as it stands at this frame.
+/// A node with geometry, in its state at this frame.
 struct VisibleNode {
     glm::mat4 world{1};
     const scene::SCNGeometry* geometry = nullptr;
-    float opacity = 1; ///< with those of the nodes above
+    float opacity = 1; ///< multiplied by those of its ancestors
     std::uint32_t categoryBitMask = 1;
     bool castsShadow = true;
-    bool isInView = true; ///< false: kept for its shadow alone, if it casts one
-    float farthest = 0;   ///< scene units along the view, of the farthest corner of its box
-    float middle = 0;     ///< the same of the box's middle
+    bool isInView = true; ///< false: only its shadow may be visible
+    float farthest = 0;   ///< distance along the view of its box's farthest corner, scene units
+    float middle = 0;     ///< the same for the middle of its box
 };
 
-/// One element of a visible node: the unit of drawing.
+/// One element of a visible node, drawn by one call.
 struct DrawItem {
     std::uint32_t node = 0; ///< index into Snapshot::nodes()
     std::uint32_t element = 0;
@@ -36,44 +36,43 @@ struct DrawItem {
 struct PlacedLight {
     const scene::SCNLight* light = nullptr;
     glm::vec3 position{0};
-    glm::vec3 direction{0, 0, -1}; ///< unit, where it shines
+    glm::vec3 direction{0, 0, -1}; ///< unit vector of the light's direction
 };
 
-/// Particles at work on a node that is not hidden.
+/// An emitter with live particles on a visible node.
 struct PlacedEmitter {
     const scene::ParticleEmitter* emitter = nullptr;
-    float opacity = 1; ///< of the node, with those above
+    float opacity = 1; ///< multiplied by those of the ancestors
 };
 
-/// What is to be drawn of a scene at this moment, flat and sorted. Taken anew each frame without
-/// allocating once its lists have grown; it points into the scene and so is read before the scene
-/// changes again.
+/// A flat, sorted list of what to draw in this frame. It is rebuilt each frame but reuses its
+/// memory. It points into the scene, so use it before the scene changes.
 class Snapshot {
 public:
-    /// Nothing below this opacity is drawn: it changes no 8-bit pixel.
+    /// Opacities below this are not drawn, because they change no 8-bit pixel.
     static constexpr float kInvisible = 1.0f / 512.0f;
 
-    /// pointOfView null: the first node that has a camera; without one, a default camera at the
-    /// origin.
+    /// `pointOfView` may be null: then the first node with a camera is used. A scene without a
+    /// camera is seen from the origin.
     void take(const scene::SCNScene& scene, const scene::SCNNode* pointOfView, float aspect);
 
     [[nodiscard]] const CameraView& camera() const { return camera_; }
 
-    /// Null if the scene has none.
+    /// Null if the scene has no camera.
     [[nodiscard]] const scene::SCNCamera* sceneCamera() const { return sceneCamera_; }
 
     [[nodiscard]] std::span<const VisibleNode> nodes() const { return nodes_; }
 
-    /// Front to back.
+    /// Sorted front to back.
     [[nodiscard]] std::span<const DrawItem> opaque() const { return opaque_; }
 
-    /// Back to front, the elements of one node together.
+    /// Sorted back to front; the elements of one node stay together.
     [[nodiscard]] std::span<const DrawItem> translucent() const { return translucent_; }
 
-    /// Those that shine, in tree order.
+    /// Lights with an effect, in tree order.
     [[nodiscard]] std::span<const PlacedLight> lights() const { return lights_; }
 
-    /// Those with live particles, in tree order.
+    /// Emitters with live particles, in tree order.
     [[nodiscard]] std::span<const PlacedEmitter> emitters() const { return emitters_; }
 
 private:
@@ -86,7 +85,7 @@ private:
     void walk(const scene::SCNNode& node, const Inherited& inherited, const Frustum& frustum);
     void addNode(const scene::SCNNode& node, const Inherited& own, const Frustum& frustum);
     void addItems(std::uint32_t index);
-    /// Whether drawing this material with this opacity needs what stands behind it.
+    /// Whether blending is needed to draw this material with this opacity.
     [[nodiscard]] bool isTranslucent(const scene::SCNMaterial& material, float opacity);
 
     CameraView camera_;

@@ -7,8 +7,8 @@
 namespace zelvo::render {
 namespace {
 
-constexpr int kFirstPatience = 1;   ///< frames of standing still before a layer is drawn
-constexpr int kBetterPatience = 12; ///< and before one is drawn that holds more
+constexpr int kFirstPatience = 1;   ///< unchanged frames before the first layer is drawn
+constexpr int kBetterPatience = 12; ///< unchanged frames before a layer with more items is drawn
 
 } // namespace
 

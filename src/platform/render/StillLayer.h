@@ -9,33 +9,33 @@
 
 namespace zelvo::render {
 
-/// A kept picture, with its depth, of what has not changed for some frames: the background and the
-/// still ones of the opaque items. Copying it costs a tenth of drawing a stage in software.
+/// Keeps a picture, with depth, of what has not changed for some frames: the background and opaque
+/// items. With software drawing, copying it costs a tenth of drawing a whole stage.
 ///
-/// What an item looks like is told by a key; equal keys are equal pixels. It holds nothing that
-/// moves, so that each of its items is the same in the frame it is copied into.
+/// Items are compared by keys: equal keys mean equal pixels. An item that changes is never in the
+/// layer.
 class StillLayer {
 public:
-    static constexpr std::uint64_t kMoving = 0; ///< the key of what is never the same
+    static constexpr std::uint64_t kMoving = 0; ///< the key of an item that is never the same
 
     enum class Step {
         without, ///< draw all items
-        build,   ///< draw the items held into the layer, then go on as with `use`
-        use      ///< copy the layer, draw the other items
+        build,   ///< draw the held items into the layer, then go on as with `use`
+        use      ///< copy the layer, then draw the other items
     };
 
-    /// What to do in this frame. `surroundings` is the key of all that every item depends on, such
-    /// as the camera and the background.
+    /// Decides what to do in this frame. `surroundings` is a key of all that affects every item,
+    /// such as the camera and the background.
     [[nodiscard]] Step
     plan(std::span<const std::uint64_t> keys, std::uint64_t surroundings, Size size);
 
-    /// Whether the items with this key are in the layer that the plan uses.
+    /// Whether items with this key are in the layer.
     [[nodiscard]] bool holds(std::uint64_t key) const;
 
-    /// To be drawn into, of the size that was planned with.
+    /// The layer to draw into, in the planned size.
     [[nodiscard]] const RenderTarget& resized(GraphicsState& state);
 
-    /// The other one is of the layer's size and is then bound.
+    /// Copies the layer to a target of the same size and binds that target.
     void copyTo(const RenderTarget& other, GraphicsState& state) const {
         target.copyTo(other, state);
     }
@@ -46,8 +46,8 @@ private:
     RenderTarget target{TargetFormat::rgba8, TargetFormat::depth32};
     Size size;
     std::uint64_t lastSurroundings = 0;
-    int age = 0; ///< frames for which the same items have stood still
-    // Sorted keys. Kept between frames for their memory too.
+    int age = 0; ///< number of frames in which the same items have not changed
+    // Sorted keys. Kept between frames to reuse their memory, too.
     std::vector<std::uint64_t> previous;
     std::vector<std::uint64_t> candidate;
     std::vector<std::uint64_t> held;

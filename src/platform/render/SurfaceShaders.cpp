@@ -12,7 +12,7 @@ using foundation::Result;
 
 constexpr std::uint32_t kSlotPictures =
     ((1U << kSlotUnitCount) - 1) &
-    ~slotFeature(kReflectiveUnit); // that one is looked up by direction
+    ~slotFeature(kReflectiveUnit); // the reflection is looked up by direction
 
 Result<ProgramHandle>
 buildSurface(std::uint32_t features, const LightCounts& lights, const std::string* modifier) {

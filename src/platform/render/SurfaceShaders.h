@@ -12,12 +12,11 @@
 
 namespace zelvo::render {
 
-/// The surface shader in as many shapes as materials and lights ask for; each is built when it is
-/// first needed.
+/// Builds variants of the surface shader for materials and lights, each when it is first needed.
 class SurfaceShaders {
 public:
-    /// A modifier that does not compile is said once on the console, and the material is drawn
-    /// without it.
+    /// If a modifier does not compile, that is reported once on the console and the material is
+    /// drawn without it.
     [[nodiscard]] std::uint32_t
     program(std::uint32_t features, const LightCounts& lights, const std::string* modifier);
 
@@ -28,8 +27,7 @@ private:
     [[nodiscard]] std::uint32_t modifierIndex(const std::string& text);
 
     std::unordered_map<std::uint64_t, ProgramHandle> programs;
-    std::map<std::string, std::uint32_t>
-        modifiers; ///< to numbers from 1 on; 0 marks one that does not compile
+    std::map<std::string, std::uint32_t> modifiers; ///< numbered from 1; 0 = does not compile
     ProgramHandle depth;
     ProgramHandle screenDoor;
 };

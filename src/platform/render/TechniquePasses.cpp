@@ -55,7 +55,7 @@ FullscreenPass* TechniquePasses::function(const scene::SCNTechnique::Pass& pass)
     const auto [entry, isNew] = functions.try_emplace(pass.function);
     std::optional<FullscreenPass>& known = entry->second;
     if (isNew) {
-        // A function's uniforms are the same and in the same order in every pass that uses it.
+        // All passes with the same function have the same uniforms in the same order.
         CHECK(pass.uniforms.size() <= 4, "{} has too many uniforms", pass.function);
         std::vector<std::string> defines{pass.function};
         for (std::size_t i = 0; i < pass.uniforms.size(); ++i)

@@ -16,7 +16,7 @@ namespace zelvo::render {
 /// Draws the passes of a technique over a finished picture.
 class TechniquePasses {
 public:
-    /// `time` in scene seconds: the same picture at the same time, live and in an export.
+    /// `time` is scene time in seconds: live view and export show the same at the same time.
     void draw(
         const scene::SCNTechniquePtr& technique,
         const FramePictures& pictures,
@@ -24,7 +24,7 @@ public:
         const FullscreenPass::Tools& tools);
 
 private:
-    /// A pass whose function was found.
+    /// One pass of the technique, ready to run.
     struct Step {
         FullscreenPass* function;
         int input;
@@ -33,10 +33,10 @@ private:
     };
 
     void plan(const scene::SCNTechniquePtr& technique);
-    /// Null if the function cannot be built, which is told once.
+    /// Null if the shader cannot be built; this is reported once.
     [[nodiscard]] FullscreenPass* function(const scene::SCNTechnique::Pass& pass);
 
-    scene::SCNTechniquePtr planned; ///< held, so that its address does not come back for another
+    scene::SCNTechniquePtr planned; ///< held, so that no new technique can get its address
     std::vector<Step> steps;
     std::vector<RenderTarget> targets;
     std::map<std::string, std::optional<FullscreenPass>> functions;

@@ -42,7 +42,7 @@ Image premultiplied(const Image& picture) {
     return result;
 }
 
-/// Where a pixel of a resized row or column lies between two of the source.
+/// The two source pixels around a pixel of a resized row or column.
 struct Between {
     std::size_t lower;
     std::size_t upper;
@@ -56,7 +56,7 @@ Between between(int index, int from, int to) {
     return {lower, std::min(lower + 1, last), position - static_cast<double>(lower)};
 }
 
-/// One channel, bilinear.
+/// One channel, interpolated bilinearly.
 double mixed(const Image& picture, const Between& column, const Between& row, std::size_t channel) {
     const auto width = static_cast<std::size_t>(picture.width);
     const auto at = [&](std::size_t x, std::size_t y) {
@@ -134,7 +134,7 @@ TextureStore::TextureStore(DeviceInfo deviceInfo, PictureHoles& pictureHoles)
 
 std::uint32_t TextureStore::picture(const ImagePtr& picture, PictureUse use) {
     Kept<Image>& entry = pictures[{picture.get(), use}];
-    // An address may come back for another picture; the first one's weak pointer has then expired.
+    // A new picture can get the address of a deleted one; then the old weak pointer has expired.
     if (entry.texture && !entry.owner.expired())
         return entry.texture.name();
     entry.owner = picture;
@@ -188,7 +188,7 @@ std::uint32_t TextureStore::probe(const std::shared_ptr<const LightProbe>& probe
     glTextureStorage3D(
         entry.texture.name(),
         1,
-        // One word a texel: software fetches it at once, and it is finer than the eye.
+        // One word a texel: fast to read in software, and more precise than the eye can see.
         GL_RGB9_E5,
         LightProbe::kSide,
         LightProbe::kSide,
@@ -222,7 +222,7 @@ std::uint32_t TextureStore::white() {
 std::uint32_t TextureStore::sampler(SCNWrapMode wrapS, SCNWrapMode wrapT) {
     SamplerHandle& sampler = samplers[{wrapS, wrapT}];
     if (!sampler) {
-        // On the CPU every further fetch is dear: one level, four texels.
+        // On the CPU each texture read is slow: read four texels of one level only.
         const GLint minify = device.isSoftware ? GL_LINEAR_MIPMAP_NEAREST : GL_LINEAR_MIPMAP_LINEAR;
         sampler = makeSampler(wrapOf(wrapS), wrapOf(wrapT), minify);
         if (device.maxAnisotropy > 1) {

@@ -15,33 +15,33 @@
 namespace zelvo::render {
 
 enum class PictureUse {
-    color,   ///< on a surface; premultiplied by its alpha, as filtering wants it
-    data,    ///< on a surface; the numbers as they are
-    backdrop ///< all around; premultiplied, without smaller copies
+    color,   ///< on a surface; premultiplied, so that filtering is right
+    data,    ///< on a surface; the numbers unchanged
+    backdrop ///< the background; premultiplied, without mipmaps
 };
 
-/// Pictures, cubes and light probes on the graphics side, for as long as their owners keep them.
+/// Keeps pictures, cubes and light probes in GPU memory, as long as their owners exist.
 class TextureStore {
 public:
     TextureStore(DeviceInfo deviceInfo, PictureHoles& pictureHoles);
 
     [[nodiscard]] std::uint32_t picture(const image::ImagePtr& picture, PictureUse use);
-    /// Faces of different sizes are brought to the size of the largest.
+    /// Faces are scaled to the size of the largest one.
     [[nodiscard]] std::uint32_t cube(const scene::CubeImages& faces);
-    /// A 2D array texture, one layer a level.
+    /// A 2D array texture, one layer for each level.
     [[nodiscard]] std::uint32_t probe(const std::shared_ptr<const image::LightProbe>& probe);
-    /// 1 x 1, for a sampler that nothing else is bound to.
+    /// A 1 x 1 texture for samplers that need no other.
     [[nodiscard]] std::uint32_t white();
 
     [[nodiscard]] std::uint32_t sampler(scene::SCNWrapMode wrapS, scene::SCNWrapMode wrapT);
-    /// Bilinear, from one level, edges clamped.
+    /// Bilinear, one level, clamped to the edge.
     [[nodiscard]] std::uint32_t smoothSampler();
-    /// The same that repeats in u: for pictures all around.
+    /// As smoothSampler, but repeats in u: for panoramas.
     [[nodiscard]] std::uint32_t backdropSampler();
-    /// Compares with a reversed depth, bilinear.
+    /// Bilinear, compares with a reversed depth.
     [[nodiscard]] std::uint32_t shadowSampler();
 
-    /// Once a frame. True if something was dropped.
+    /// Call it once a frame. True if a texture was dropped.
     bool prune();
 
 private:
@@ -55,7 +55,7 @@ private:
     std::map<std::pair<const image::Image*, PictureUse>, Kept<image::Image>> pictures;
     std::map<const image::LightProbe*, Kept<image::LightProbe>> probes;
     std::array<std::weak_ptr<const image::Image>, 6> cubeFaces;
-    TextureHandle cubeTexture; ///< of the last cube asked for; a scene has one at most
+    TextureHandle cubeTexture; ///< the last cube; a scene has at most one
     TextureHandle whiteTexture;
     std::map<std::pair<scene::SCNWrapMode, scene::SCNWrapMode>, SamplerHandle> samplers;
     SamplerHandle smooth;

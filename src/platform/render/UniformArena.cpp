@@ -35,7 +35,7 @@ void UniformArena::grow(std::size_t size) {
     GLuint name = 0;
     glCreateBuffers(1, &name);
     glNamedBufferStorage(name, static_cast<GLsizeiptr>(size), nullptr, kAccess);
-    // What is bound from the old buffer stays alive in the draw calls already made.
+    // Draw calls already made keep using the old buffer.
     outgrown = std::move(buffer);
     buffer = BufferHandle(name);
     memory = static_cast<std::byte*>(

@@ -10,17 +10,17 @@
 
 namespace zelvo::render {
 
-/// Memory for one frame's uniform blocks, written once and read by the graphics side until the
-/// frame is done. Grows to what the largest frame needed and is then only reused.
+/// Memory for the uniform blocks of one frame. It grows to the needs of the largest frame and is
+/// then reused.
 class UniformArena {
 public:
     explicit UniformArena(int offsetAlignment)
         : alignment(static_cast<std::size_t>(offsetAlignment)) {}
 
-    /// Starts over; the graphics side must be done with what was written before.
+    /// Starts a new frame. The GPU must have finished the last one that used this memory.
     void reset();
 
-    /// Copies the block in and binds it.
+    /// Copies the block into the buffer and binds it.
     template <class Block>
     void bind(GraphicsState& state, std::uint32_t binding, const Block& block) {
         const std::size_t offset = write(&block, sizeof(Block));
@@ -33,7 +33,7 @@ private:
 
     std::size_t alignment;
     BufferHandle buffer;
-    BufferHandle outgrown; ///< still read by the draw calls before the growth
+    BufferHandle outgrown; ///< draw calls made before the growth still read it
     std::byte* memory = nullptr;
     std::size_t capacity = 0;
     std::size_t used = 0;

@@ -1,5 +1,5 @@
-// What is seen where nothing stands: a picture all around, drawn as it is, neither lit nor tone mapped. Pictures with
-// holes lie premultiplied, so that black shows through.
+// Draws a panorama as the background, without lighting and tone map. The pictures are
+// premultiplied, so black shows through transparent pixels.
 layout(location = 0) in vec3 vDirection;
 layout(location = 0) out vec4 oColor;
 
@@ -7,7 +7,7 @@ layout(location = 0) out vec4 oColor;
 
 #ifdef CUBE
 layout(binding = UNIT_PICTURE) uniform samplerCube uPicture;
-// A cube's faces are painted in a left-handed space: its +z face lies ahead of a camera that looks along -z.
+// A cube's faces use a left-handed space: the +z face is seen by a camera that looks along -z.
 vec3 pictureColor() { return texture(uPicture, vDirection * vec3(1.0, 1.0, -1.0)).rgb; }
 #else
 layout(binding = UNIT_PICTURE) uniform sampler2D uPicture;

@@ -1,4 +1,4 @@
-// The physically based surface: Lambert and GGX in the metallic-roughness form.
+// The physically based surface model: Lambert and GGX, metallic-roughness.
 
 struct Shading {
     vec3 N;
@@ -7,11 +7,12 @@ struct Shading {
     vec3 albedo;
     vec3 f0;
     float roughness; // perceptual
-    float alpha;     // its square
-    vec3 energy;     // what reflecting more than once gives back
+    float alpha; // roughness squared
+    vec3 energy; // correction for light that is reflected more than once
 };
 
-// Karis 2014, "Physically Based Shading on Mobile": scale and bias of f0, an analytic fit of the split sum's second part.
+// Karis 2014, "Physically Based Shading on Mobile": scale and bias of f0, an analytic fit of the
+// second part of the split sum.
 vec2 environmentFit(float roughness, float NoV) {
     const vec4 c0 = vec4(-1.0, -0.0275, -0.572, 0.022);
     const vec4 c1 = vec4(1.0, 0.0425, 1.04, -0.04);
@@ -20,9 +21,10 @@ vec2 environmentFit(float roughness, float NoV) {
     return vec2(-1.04, 1.04) * a004 + r.zw;
 }
 
-// How much a white mirror reflects at the first bounce: a fit of the lobe below, integrated numerically. At grazing
-// angles it is kept on the high side, which adds too little rather than too much. What is missing to 1 is given back
-// in the colour of f0 (Lagarde and Golubev 2018, "Simulating Multiple Scattering").
+// How much a white mirror reflects at the first bounce: a fit of the numerically integrated lobe
+// below. At grazing angles the fit is rather too high, which adds too little light rather than too
+// much. The rest is added in the colour of f0 (Lagarde and Golubev 2018, "Simulating Multiple
+// Scattering").
 float singleBounceEnergy(float roughness, float NoV) {
     return 1.0 - roughness * roughness * (0.32 + 0.36 * NoV);
 }
@@ -41,7 +43,7 @@ vec3 specularLobe(Shading s, float NoL, float NoH, float LoH) {
     return F * DV;
 }
 
-// What light of irradiance 1 from L sends to the eye.
+// The light reflected to the eye, for irradiance 1 from L.
 vec3 reflected(Shading s, vec3 L) {
     float NoL = clamp(dot(s.N, L), 0.0, 1.0);
     vec3 H = normalize(s.V + L);
@@ -50,8 +52,8 @@ vec3 reflected(Shading s, vec3 L) {
     return NoL * (s.albedo + s.energy * specularLobe(s, NoL, NoH, LoH));
 }
 
-// Tokuyoshi and Kaplanyan 2019, "Improved Geometric Specular Antialiasing": where the normal turns within a pixel the
-// highlight is widened, so that narrow bevels do not sparkle.
+// Tokuyoshi and Kaplanyan 2019, "Improved Geometric Specular Antialiasing". Where the normal
+// changes within a pixel, the highlight is widened, so that narrow bevels do not sparkle.
 float widenedAlpha(vec3 N, float alpha) {
     vec3 dx = dFdx(N);
     vec3 dy = dFdy(N);

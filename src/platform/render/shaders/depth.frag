@@ -1,5 +1,5 @@
-// Depth alone. A half-faded caster leaves out a part of its pixels in a fixed pattern, which the softness of the
-// shadow's edge turns into half a shadow.
+// Writes depth only. A half-faded caster leaves out pixels in a fixed pattern; the soft edge of the
+// shadow turns this into a half shadow.
 #ifdef SCREEN_DOOR
 const float kThresholds[16] = float[16](
     0.0, 8.0, 2.0, 10.0, 12.0, 4.0, 14.0, 6.0, 3.0, 11.0, 1.0, 9.0, 15.0, 7.0, 13.0, 5.0);

@@ -1,12 +1,12 @@
-// Gathers, for each pixel, the circles of confusion that reach it. Circles of what is nearer spread over what is sharp;
-// those of what is farther end at the edge of what stands before it.
+// Collects, for each pixel, the circles of confusion that reach it. A nearer point blurs over sharp
+// objects behind it; a farther point does not blur over sharp objects in front of it.
 layout(location = 0) out vec4 oColor;
 layout(binding = UNIT_PICTURE) uniform sampler2D uPicture;
 layout(binding = UNIT_DEPTH) uniform sampler2D uDepth;
 
-// x near times far plane, y far minus near, z near, w the widest radius that is drawn, pixels
+// x near times far, y far minus near, z near (planes), w largest radius in pixels
 #define LENS passNumbers[0]
-// x radius of what is infinitely far, pixels; y focus distance
+// x radius of points infinitely far away, in pixels; y focus distance
 #define FOCUS passNumbers[1]
 
 const int kTaps = 64;
@@ -15,7 +15,7 @@ const float kGoldenAngle = 2.39996323;
 float distanceAt(ivec2 p) { return LENS.x / (texelFetch(uDepth, p, 0).r * LENS.y + LENS.z); }
 float radiusAt(float d) { return min(FOCUS.x * abs(d - FOCUS.y) / d, LENS.w); }
 
-// The mean over a disc is taken in linear light, approximated by the square of the encoded value.
+// The disc is averaged in linear light, approximated by the square of the encoded value.
 vec3 squared(ivec2 p) {
     vec3 c = texelFetch(uPicture, p, 0).rgb;
     return c * c;
@@ -28,7 +28,7 @@ void main() {
     float ownRadius = radiusAt(middle);
     vec3 sum = squared(here);
     float weights = 1.0;
-    // Vogel 1979: points of a sunflower cover a disc evenly.
+    // Vogel 1979: the points of a sunflower cover a disc evenly.
     for (int i = 0; i < kTaps; ++i) {
         float reach = LENS.w * sqrt((float(i) + 0.5) / float(kTaps));
         float angle = float(i) * kGoldenAngle;

@@ -1,11 +1,11 @@
-// Where a direction lies in a picture.
+// From directions to places in a picture.
 
-// In an equirectangular picture: the middle column looks along -z, columns grow to the right, rows downwards.
+// Equirectangular: the middle column looks along -z, columns go to the right, rows go down.
 vec2 equirectangular(vec3 d) {
     return vec2(atan(d.x, -d.z) * 0.15915494 + 0.5, acos(clamp(d.y, -1.0, 1.0)) * 0.31830989);
 }
 
-// As above, with u chosen so that it does not jump between neighbouring pixels (Tarini 2012, "Cylindrical and Toroidal
+// As above, but u does not jump between neighbouring pixels (Tarini 2012, "Cylindrical and Toroidal
 // Parameterizations Without Vertex Seams"). The picture must repeat in u.
 vec2 equirectangularWithoutSeam(vec3 d) {
     vec2 uv = equirectangular(d);
@@ -13,8 +13,8 @@ vec2 equirectangularWithoutSeam(vec3 d) {
     return vec2(fwidth(uv.x) <= fwidth(shifted) + 1e-4 ? uv.x : shifted, uv.y);
 }
 
-// In an octahedral map (Cigolle et al. 2014, "A Survey of Efficient Representations for Independent Unit Vectors"), +y
-// in the middle; 0 to 1.
+// Octahedral map with +y in the middle, 0 .. 1 (Cigolle et al. 2014, "A Survey of Efficient
+// Representations for Independent Unit Vectors").
 vec2 octahedral(vec3 d) {
     d /= abs(d.x) + abs(d.y) + abs(d.z);
     vec2 folded = (1.0 - abs(d.zx)) * vec2(d.x >= 0.0 ? 1.0 : -1.0, d.z >= 0.0 ? 1.0 : -1.0);

@@ -1,7 +1,8 @@
-// Image-based light (Karis 2013, "Real Shading in Unreal Engine 4": split sum), from image::LightProbe.
+// Image-based light from image::LightProbe (Karis 2013, "Real Shading in Unreal Engine 4": split
+// sum).
 layout(binding = UNIT_PROBE) uniform sampler2DArray uProbe;
 
-const float kProbeInner = 128.0; // texels of a side without its border
+const float kProbeInner = 128.0; // texels of a side, without the border
 const float kProbeSide = 130.0;
 const float kProbeLevels = 7.0;
 
@@ -16,7 +17,8 @@ vec3 prefiltered(vec3 direction, float roughness) {
 
 vec3 environmentAt(Shading s, vec2 fit, float ambientOcclusion) {
     vec3 R = reflect(-s.V, s.N);
-    vec3 energy = 1.0 + s.f0 * (1.0 / (fit.x + fit.y) - 1.0); // the fit's own sum: an even room stays even
+    // with the fit's own sum, so that an evenly lit room stays even
+    vec3 energy = 1.0 + s.f0 * (1.0 / (fit.x + fit.y) - 1.0);
     vec3 specularPart = prefiltered(R, s.roughness) * (s.f0 * fit.x + fit.y) * energy;
 #ifdef VERTEX_IRRADIANCE
     vec3 irradianceHere = vIrradiance;

@@ -1,6 +1,6 @@
-// One triangle over the whole target: the simpleVertexShader of the techniques, too.
+// One triangle over the whole target. Techniques use it as simpleVertexShader, too.
 #ifdef DIRECTIONS
-layout(location = 0) out vec3 vDirection; // the way from the eye through the pixel, in the world
+layout(location = 0) out vec3 vDirection; // from the eye through the pixel, in the world
 #endif
 
 void main() {

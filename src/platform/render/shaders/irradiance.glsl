@@ -1,5 +1,5 @@
-// Diffuse light from all around. Where a surface's normal is the one its vertices have, it is had there: it changes
-// slowly, and a picture has far more pixels than vertices.
+// Diffuse light from the environment. It changes slowly over a surface, so it is computed at the
+// vertices where possible: there are far fewer vertices than pixels.
 #if defined(LIT) && defined(HAS_ENVIRONMENT) && !defined(HAS_NORMAL_PICTURE) && !defined(HAS_MODIFIER) \
     && !defined(DOUBLE_SIDED)
 #define VERTEX_IRRADIANCE

@@ -1,5 +1,5 @@
-// The lights of the scene. Their numbers are known when the shader is built, sorted: directional, omni, spot, in each
-// kind those that cast shadows first.
+// The lights of the scene. Their counts are known when the shader is built. Order: directional,
+// omni, spot; in each kind, first those that cast shadows.
 
 #if DIRECTIONAL_COUNT > 0
 vec3 directionalLight(Shading s, int i, int map) {

@@ -1,4 +1,4 @@
-// A particle's picture lies premultiplied; so is its colour.
+// Picture and colour are premultiplied.
 layout(location = 0) in vec2 vTexcoord;
 layout(location = 1) flat in vec4 vColor;
 layout(location = 0) out vec4 oColor;

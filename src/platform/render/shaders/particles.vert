@@ -1,4 +1,4 @@
-// A square in the world for each particle, made of two half sides.
+// A square for each particle, given by its middle and two half sides in the world.
 layout(location = 0) in vec3 aMiddle;
 layout(location = 1) in vec3 aRight;
 layout(location = 2) in vec3 aUp;

@@ -1,10 +1,10 @@
-// Scales the drawn picture down: every output pixel is the mean of the area it covers, in linear light approximated by
-// the square of the encoded value (which keeps flat colours exact).
+// Scales the drawn picture down. Every output pixel is the mean of the area it covers, in linear
+// light, which is approximated by the square of the encoded value, so that flat colours stay exact.
 layout(location = 0) out vec4 oColor;
 layout(binding = UNIT_PICTURE) uniform sampler2D uPicture;
 
 void main() {
-    vec2 ratio = passNumbers[0].xy; // drawn pixels per output pixel, horizontally and vertically
+    vec2 ratio = passNumbers[0].xy; // drawn pixels per output pixel, horizontal and vertical
     vec2 start = floor(gl_FragCoord.xy) * ratio;
     vec2 end = start + ratio;
     ivec2 first = ivec2(floor(start + 1e-3));
@@ -20,7 +20,7 @@ void main() {
             weights += w;
         }
     }
-    // ordered thresholds (Bayer 1973) instead of plain rounding: whole values stay, gradients do not band
+    // ordered dithering (Bayer 1973) instead of plain rounding: gradients do not band
     ivec2 cell = ivec2(gl_FragCoord.xy) & 1;
     float threshold = (float[4](0.0, 2.0, 3.0, 1.0)[cell.y * 2 + cell.x] - 1.5) * 0.25;
     oColor = vec4(sqrt(sum / weights) + threshold / 255.0, 1.0);

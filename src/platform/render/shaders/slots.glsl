@@ -1,4 +1,4 @@
-// The surface as its material's slots give it, before a modifier and before light.
+// The surface as given by its material's slots, before the modifier and the lighting.
 layout(binding = UNIT_DIFFUSE) uniform sampler2D u_diffuseTexture;
 layout(binding = UNIT_SPECULAR) uniform sampler2D u_specularTexture;
 layout(binding = UNIT_EMISSION) uniform sampler2D u_emissionTexture;
@@ -35,7 +35,7 @@ vec2 texcoord(int slot) {
 }
 #endif
 
-// Pictures with holes lie premultiplied in memory, as filtering wants them.
+// Undoes premultiplication. Pictures with transparent pixels are premultiplied for filtering.
 vec4 straight(vec4 texel) {
     return vec4(texel.rgb / max(texel.a, 1.0 / 255.0), texel.a);
 }
@@ -47,7 +47,7 @@ vec3 shadingNormal() {
 #endif
 #ifdef HAS_NORMAL_PICTURE
     vec3 T = normalize(vTangent.xyz - N * dot(N, vTangent.xyz));
-    vec3 B = cross(T, N) * vTangent.w; // up the picture, against growing v
+    vec3 B = cross(T, N) * vTangent.w; // up in the picture, against growing v
     vec3 n = texture(uNormal, texcoord(UNIT_NORMAL)).xyz * 2.0 - 1.0;
     n.xy *= emission.w;
     N = normalize(T * n.x + B * n.y + N * max(n.z, 0.05));

@@ -1,4 +1,4 @@
-// A surface's colour: slots, modifier, light.
+// The colour of a surface: slots, modifier, lighting.
 layout(location = 0) in vec3 vPosition;
 layout(location = 1) in vec3 vNormal;
 #ifdef HAS_NORMAL_PICTURE

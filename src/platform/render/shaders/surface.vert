@@ -1,5 +1,5 @@
-// The vertex stage of every surface. The position is computed in the same way with and without colour, so that a
-// surface drawn into depth first meets its own depth exactly.
+// The vertex stage of every surface. Depth-only and colour passes compute exactly the same
+// position, so that the second pass can test for equal depth.
 layout(location = 0) in vec3 aPosition;
 layout(location = 1) in vec3 aNormal;
 layout(location = 2) in vec4 aTangent;

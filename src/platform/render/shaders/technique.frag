@@ -1,9 +1,9 @@
-// The techniques' fragment functions, chosen by a define of their name. Lengths are fractions of the picture's height,
-// so that every size shows the same; whole-pixel fetches where a fraction of a pixel cannot be seen.
+// The fragment functions of the techniques, chosen by a define with their name. Lengths are
+// fractions of the picture's height, so that all sizes look the same.
 layout(location = 0) out vec4 oColor;
 layout(binding = UNIT_PICTURE) uniform sampler2D uPicture;
 #define u_time passFrame.x
-#define u_size passFrame.yz // of what is drawn into, pixels
+#define u_size passFrame.yz // size of the target in pixels
 
 const float kTurn = 6.2831853;
 
@@ -15,8 +15,8 @@ vec3 fetch(int x, int y) { return texelFetch(uPicture, ivec2(clamp(x, 0, picture
 vec3 effect() { return 1.0 - texelFetch(uPicture, here(), 0).rgb; }
 
 #elif defined(exposureFragmentShader)
-// One and a half stops more light (encoded values go with its root); what is over the top spills into the other
-// channels, as overexposed film bleaches.
+// One and a half stops brighter (encoded values grow by the square root). Values above 1 spill into
+// the other channels, as in overexposed film.
 vec3 effect() {
     vec3 color = texelFetch(uPicture, here(), 0).rgb * 1.6818;
     vec3 over = max(color - 1.0, 0.0);
@@ -24,7 +24,7 @@ vec3 effect() {
 }
 
 #elif defined(colorShiftFragmentShader)
-// Red and blue drift apart and back together.
+// Red and blue move apart and back together.
 vec3 effect() {
     ivec2 p = here();
     int shift = int(round(float(pictureSize().y) * (0.010 + 0.005 * sin(kTurn * 0.8 * u_time))));
@@ -32,7 +32,8 @@ vec3 effect() {
 }
 
 #elif defined(glitchFragmentShader)
-// Twelve times a second: some bands of rows torn sideways with their channels apart, fine lines over all.
+// Changes twelve times a second: some bands of rows are moved sideways with split channels. Fine
+// lines lie over everything.
 uint mixed(uint v) {
     v ^= v >> 16;
     v *= 0x7FEB352DU;
@@ -47,7 +48,7 @@ vec3 effect() {
     float height = float(pictureSize().y);
     float y = float(p.y) / height;
     uint moment = uint(floor(max(u_time, 0.0) * 12.0 + 1e-3));
-    // bands of different heights: a coarse row now and then divided
+    // bands of different heights: some coarse bands are divided
     uint coarse = uint(y * 9.0);
     uint band = random(coarse, moment + 77U) < 0.5 ? coarse : 100U + uint(y * 45.0);
     float torn = step(0.62, random(band, moment));
@@ -60,8 +61,8 @@ vec3 effect() {
 }
 
 #elif defined(waveFragmentShader)
-// amplitude, wavelength, speed: see TechniquePasses
-// The whole picture swings sideways and, less, up and down; it is drawn a little larger so that no edge comes in.
+// The whole picture swings sideways and, less, up and down. It is enlarged a little so that its
+// edges stay outside. Amplitude, wavelength, speed: see TechniquePasses.
 vec3 effect() {
     vec2 size = vec2(pictureSize());
     vec2 p = gl_FragCoord.xy / size.y;
@@ -73,7 +74,7 @@ vec3 effect() {
 }
 
 #elif defined(shrinkFragmentShader)
-// The mean of the pixels that one of the smaller picture covers.
+// The mean of the source pixels that a pixel of the smaller picture covers.
 vec3 effect() {
     vec2 ratio = vec2(pictureSize()) / u_size;
     ivec2 first = ivec2(floor(floor(gl_FragCoord.xy) * ratio + 1e-3));
@@ -91,12 +92,12 @@ vec3 effect() {
 vec3 effect() { return textureLod(uPicture, gl_FragCoord.xy / u_size, 0.0).rgb; }
 
 #elif defined(repeatFragmentShader)
-// The smaller picture beside and below itself.
+// Repeats the smaller picture to the right and down.
 vec3 effect() { return texelFetch(uPicture, here() % pictureSize(), 0).rgb; }
 
 #elif defined(gaussFragmentShader)
-// radius, directionX, directionY: see TechniquePasses
-// Thirteen samples half a standard deviation apart, up to three of them.
+// Gaussian blur: thirteen samples, half a standard deviation apart. radius, directionX, directionY:
+// see TechniquePasses.
 vec3 effect() {
     vec2 size = vec2(pictureSize());
     vec2 stride = 0.5 * radius * size.y * vec2(directionX, directionY) / size;
