@@ -8,20 +8,19 @@
 
 namespace zelvo::scene {
 
-/// A property that can be animated by assigning to it inside a transaction.
+/// A property that can be animated: assign to it inside a transaction.
 ///
-/// The model value changes at once. What is drawn is the presented value, which outside a
-/// transaction (or with duration 0) is the model value, and otherwise travels on the scene's clock
-/// from what was presented at the time of the assignment. A later assignment supersedes a running
-/// one from where it stands.
+/// The model value changes at once. The presented value is the one that is drawn. Inside a
+/// transaction with a duration it moves to the new value, on the scene's clock; otherwise it
+/// changes at once, too. A new assignment stops a running animation and starts from the value
+/// presented then.
 template <class T> class Animated {
 public:
     Animated(T value) // NOLINT(google-explicit-constructor): stands for a plain value
         : model(value)
         , presentedValue(std::make_shared<T>(std::move(value))) {}
 
-    // A copy is a property of its own: it takes the model value and leaves running animations
-    // behind.
+    // A copy takes the model value only; running animations stay with the original.
     Animated(const Animated& other)
         : Animated(other.model) {}
 
@@ -33,7 +32,7 @@ public:
 
     Animated& operator=(T value) {
         model = value;
-        if (!SCNTransaction::isAnimating()) { // the common case allocates nothing
+        if (!SCNTransaction::isAnimating()) { // most assignments; must not allocate memory
             ++*generation;
             *presentedValue = std::move(value);
             return *this;
@@ -56,7 +55,7 @@ private:
     T model;
     std::shared_ptr<T>
         presentedValue; ///< shared with running animations, which may outlive the property
-    std::shared_ptr<int> generation = std::make_shared<int>(0); ///< raised by each assignment
+    std::shared_ptr<int> generation = std::make_shared<int>(0); ///< incremented by each assignment
 };
 
 } // namespace zelvo::scene

@@ -14,7 +14,7 @@ namespace zelvo::scene {
 
 namespace {
 
-/// One coordinate of the cubic from 0 to 1 with inner control values a and b.
+/// One coordinate of a cubic Bezier curve from 0 to 1 with the inner control values a and b.
 float cubic(float a, float b, float s) {
     const float left = 1 - s;
     return 3 * left * left * s * a + 3 * left * s * s * b + s * s * s;
@@ -25,7 +25,7 @@ float cubic(float a, float b, float s) {
 float CAMediaTimingFunction::at(float t) const {
     if (t <= 0 || t >= 1)
         return glm::clamp(t, 0.0f, 1.0f);
-    // x grows with s, so halving cannot miss; 20 steps are a millionth.
+    // x grows with s, so bisection works; 20 steps reach a millionth.
     float low = 0;
     float high = 1;
     for (int i = 0; i < 20; ++i) {

@@ -11,8 +11,8 @@
 
 namespace zelvo::scene {
 
-/// The cubic curve from (0, 0) to (1, 1) with two control points, whose x lie in 0 to 1. The curve
-/// is solved for x = t, to a thousandth of a per cent.
+/// A cubic Bezier curve from (0, 0) to (1, 1). x of both control points is in 0 .. 1. It is solved
+/// for x = t with an error of at most 0.00001.
 struct CAMediaTimingFunction {
     float x1 = 0;
     float y1 = 0;
@@ -22,20 +22,19 @@ struct CAMediaTimingFunction {
     [[nodiscard]] float at(float t) const;
 };
 
-/// A property that goes through given values at given times.
+/// Moves a property of a node through given values at given times.
 ///
-/// While it runs on a node (SCNNode::addAnimation) the node is drawn with the animated value in
-/// place of its own; the own one does not change, actions go on writing it, and it shows again in
-/// the end. Fades mix the two.
+/// The node is drawn with the animated value. Its own value does not change: actions can still
+/// write it, and it is shown again when the animation ends. Fades mix the two.
 ///
-///     keyTimes         0      t1      t2         1    shares of the duration
+///     keyTimes         0      t1      t2         1    as shares of the duration
 ///     values           v0     v1      v2         v3
-///     timingFunctions     f0      f1       f2         one between each two, linear where missing
-///     timingFunction   bends the progress of the whole before any of that
+///     timingFunctions     f0      f1       f2         one for each interval; linear if missing
+///     timingFunction   for the whole, applied first
 struct CAKeyframeAnimation {
     enum class KeyPath {
-        position, ///< x, y, z of the values
-        rotation  ///< axis (need not be unit) and angle in radians; goes the short way between two
+        position, ///< uses x, y, z of the values
+        rotation  ///< axis (any length) and angle in radians; takes the shortest way between two
     };
 
     KeyPath keyPath = KeyPath::position;
@@ -43,37 +42,37 @@ struct CAKeyframeAnimation {
     std::vector<double> keyTimes;
     std::vector<CAMediaTimingFunction> timingFunctions;
     std::optional<CAMediaTimingFunction> timingFunction;
-    double duration = 0; ///< seconds, of one round
+    double duration = 0; ///< seconds of one repeat
     double repeatCount = 1;
     double fadeInDuration = 0; ///< seconds
     double fadeOutDuration = 0;
 
-    /// Ends the process if values and times do not go together.
+    /// Ends the process if the number of values does not fit the key times.
     void check() const;
 
-    /// Seconds, all rounds.
+    /// Seconds, with all repeats.
     [[nodiscard]] double length() const { return duration * repeatCount; }
 
-    /// How much of the animated value shows: 0 to 1.
+    /// The share of the animated value in the mix, 0 to 1.
     [[nodiscard]] float weightAt(double elapsed) const;
 
-    /// For key paths other than rotation.
+    /// For all key paths except rotation.
     [[nodiscard]] glm::vec3 vectorAt(double elapsed) const;
     /// For the rotation.
     [[nodiscard]] glm::quat orientationAt(double elapsed) const;
 
 private:
     struct Place {
-        std::size_t index; ///< of the key before
-        float progress;    ///< from there to the next
+        std::size_t index; ///< of the last key
+        float progress;    ///< from this key to the next
     };
 
     [[nodiscard]] Place placeAt(double elapsed) const;
 };
 
-/// No turn for a zero axis.
+/// No rotation if the axis is zero.
 [[nodiscard]] glm::quat orientationFromAxisAngle(const glm::vec4& axisAngle);
-/// All zero for no turn.
+/// All zero if there is no rotation.
 [[nodiscard]] glm::vec4 axisAngleFromOrientation(const glm::quat& orientation);
 
 } // namespace zelvo::scene

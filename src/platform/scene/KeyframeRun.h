@@ -9,17 +9,18 @@
 
 namespace zelvo::scene {
 
-/// A keyframe animation on its node, from SCNNode::addAnimation until it ends or has blended out.
+/// A keyframe animation while it runs on a node: from SCNNode::addAnimation until it ends or has
+/// blended out.
 struct SCNNode::KeyframeRun {
     CAKeyframeAnimation animation;
-    std::string key;       ///< empty while it blends out: it does not count any more
-    std::uint64_t addedIn; ///< evaluations begun when it was added: it starts in a later one
+    std::string key;       ///< empty while it blends out, because the key is free by then
+    std::uint64_t addedIn; ///< number of evaluations when it was added; it starts in the next one
     double elapsed = 0;
     bool hasBegun = false;
-    double blendOut = 0; ///< seconds that the blending out takes; 0: it does not
+    double blendOut = 0; ///< seconds that blending out takes; 0 = does not blend out
     double blendLeft = 0;
 
-    // Of the last evaluation.
+    // Results of the last evaluation.
     float weight = 0;
     glm::vec3 position{0};
     glm::quat orientation{1, 0, 0, 0};

@@ -19,7 +19,7 @@ namespace {
 
 constexpr float kPi = std::numbers::pi_v<float>;
 constexpr float kGravity = 9.8f;
-constexpr float kNoDamping = 1e-3f; ///< below, the formula for damped motion loses its digits
+constexpr float kNoDamping = 1e-3f; ///< below this, the formula for damped motion is too imprecise
 
 /// PCG output permutation (O'Neill 2014, "PCG: A Family of Simple Fast Space-Efficient
 /// Statistically Good Algorithms for Random Number Generation").
@@ -33,7 +33,7 @@ std::uint32_t folded(std::uint64_t value) {
     return static_cast<std::uint32_t>(value ^ (value >> 32U));
 }
 
-/// The random numbers of one particle, in a fixed order.
+/// The random numbers of one particle, always drawn in the same order.
 class Draws {
 public:
     explicit Draws(std::uint32_t seed)
@@ -83,7 +83,7 @@ glm::vec3 inBox(Draws& draws, const glm::vec3& half, ParticleBirthLocation locat
     const glm::vec3 raw{draws.signedUnit(), draws.signedUnit(), draws.signedUnit()};
     if (location == ParticleBirthLocation::volume)
         return raw * half;
-    // Faces by their areas.
+    // Choose a face, weighted by area.
     const glm::vec3 areas{half.y * half.z, half.x * half.z, half.x * half.y};
     const float chosen = draws.unit() * (areas.x + areas.y + areas.z);
     const int axis = chosen < areas.x ? 0 : chosen < areas.x + areas.y ? 1 : 2;
@@ -118,7 +118,7 @@ glm::vec3 birthPlace(Draws& draws, const SCNParticleSystem& system) {
     return glm::vec3(0);
 }
 
-/// Uniform within a cone around the axis.
+/// A direction within a cone around the axis, uniformly distributed.
 glm::vec3 spread(Draws& draws, const glm::vec3& axis, float wholeAngleDegrees) {
     const float half = glm::radians(std::min(wholeAngleDegrees, 360.0f) / 2);
     const float cosine = 1 - draws.unit() * (1 - std::cos(half));
@@ -142,7 +142,7 @@ struct Motion {
     glm::vec3 velocity;
 };
 
-/// Where dv/dt = a - d v leads from v at the origin.
+/// Solves dv/dt = a - d v, from velocity v at the origin.
 Motion
 moved(const glm::vec3& velocity, const glm::vec3& acceleration, float damping, float seconds) {
     if (damping < kNoDamping) {
@@ -157,7 +157,7 @@ moved(const glm::vec3& velocity, const glm::vec3& acceleration, float damping, f
         terminal + (velocity - terminal) * left};
 }
 
-/// A soft detour, none at birth.
+/// A smooth detour; zero at birth.
 glm::vec3 strayed(Draws& draws, const SCNParticleSystem& system, float seconds) {
     const float reach = system.wander * std::min(seconds, 1.0f);
     const float phase = 2 * kPi * system.wanderFrequency * seconds;
@@ -199,8 +199,8 @@ ParticleEmitter::ParticleEmitter(SCNParticleSystemPtr given)
     if (system_->atWork.use_count() == 1)
         *system_->atWork = 0;
     place = system_->atWork;
-    // No draws of the common source: a replay has to show the same particles.
-    constexpr std::uint32_t kSpread = 0x9E3779B1U; // odd, so that no seed is lost
+    // The shared random source is not used, because a replay must show the same particles.
+    constexpr std::uint32_t kSpread = 0x9E3779B1U; // odd, so that different seeds stay different
     const std::uint32_t own = folded(system_->seed) ^ folded(foundation::randomSeed()) * kSpread;
     seed = scrambled(own ^ scrambled(static_cast<std::uint32_t>((*place)++)));
     age = static_cast<double>(system_->warmupDuration);
@@ -272,7 +272,7 @@ void ParticleEmitter::evaluateCycle(std::uint32_t cycle) {
         std::max(0.0f, draws.around(system_->birthRate, system_->birthRateVariation)));
     if (rate <= 0)
         return;
-    // Half a particle is one as often as not; a slow rate must not lose them all.
+    // The fraction is rounded at random: otherwise a slow rate would never emit a particle.
     const auto share = static_cast<double>(draws.unit());
     const auto count =
         static_cast<std::uint32_t>(rate * static_cast<double>(system_->emissionDuration) + share);

@@ -10,7 +10,7 @@
 
 namespace zelvo::scene {
 
-/// A particle as it stands now, in the world.
+/// The current state of a particle, in world space.
 struct Particle {
     glm::vec3 position;
     glm::vec3 velocity;
@@ -19,22 +19,23 @@ struct Particle {
     glm::vec4 color;
 };
 
-/// A particle system at work on a node. Emitters of one system are told apart by how many of it
-/// were added since none of it was at work: so a run that starts on an empty stage shows the same
-/// particles each time. Another seed of the process's random source (seedRandom) gives others.
+/// A particle system that runs on a node. Emitters of one system differ by a number that counts
+/// from 0 and starts again when none of them is left: so a replay on an empty stage shows the same
+/// particles. A different seed of the process (seedRandom) gives different ones.
 class ParticleEmitter {
 public:
     explicit ParticleEmitter(SCNParticleSystemPtr given);
 
     [[nodiscard]] const SCNParticleSystemPtr& system() const { return system_; }
 
-    /// Goes on by a step of scene time, the first call by nothing; `world` is the node's place.
+    /// Advances by a step of scene time; the first call only starts it. `world` is the node's
+    /// transform.
     void advance(double step, const glm::mat4& world);
 
-    /// In the order of birth.
+    /// In order of birth.
     [[nodiscard]] std::span<const Particle> live() const { return live_; }
 
-    /// Whether all that will ever be born has died.
+    /// True if it emits no more and all particles are gone.
     [[nodiscard]] bool isOver() const;
 
 private:
@@ -50,11 +51,11 @@ private:
     void addParticle(std::uint32_t number, double bornAt);
 
     SCNParticleSystemPtr system_;
-    std::shared_ptr<int> place; ///< held while at work
+    std::shared_ptr<int> place; ///< its share in the count of the system's emitters
     std::uint32_t seed;
-    double age = 0; ///< seconds of the system's own time
+    double age = 0; ///< seconds of the system's time
     bool hasBegun = false;
-    std::vector<Place> places; ///< where the node was, as long as live particles remember it
+    std::vector<Place> places; ///< where the node was, for as long as live particles need it
     std::vector<Particle> live_;
 };
 

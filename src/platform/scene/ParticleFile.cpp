@@ -124,7 +124,7 @@ void readShape(JsonObject& object, SCNParticleSystem& system, Problems& problems
     shape.finish();
 }
 
-/// Keys of a curve must go forwards.
+/// Adds a key to a curve; keys must be in ascending order.
 template <class T> void addKey(JsonObject& key, ParticleCurve<T>& curve, const T& value) {
     const auto at = static_cast<float>(key.number("at", {0, 1}).value_or(0));
     if (curve.size() >= kMaxKeys || (!curve.empty() && at <= curve.back().at))

@@ -6,7 +6,7 @@
 
 namespace zelvo::scene {
 
-/// Adds the systems of a scene file's "particles" to the node. Each entry holds the keys of a
+/// Adds the systems in "particles" of a scene file to the node. Each entry has the keys of a
 /// particle file.
 void readParticles(foundation::JsonObject& object, SCNNode& node, foundation::Problems& problems);
 

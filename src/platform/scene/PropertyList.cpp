@@ -48,7 +48,7 @@ private:
         return fail(cause, fmt::format("line {}: {}", xml.lineNumber(), what));
     }
 
-    /// The reader stands on the value's start.
+    /// The reader must be at the value's start tag.
     // NOLINTNEXTLINE(misc-no-recursion): as deep as kMaxDepth
     [[nodiscard]] Result<PropertyValue> value(int depth) {
         if (depth > kMaxDepth || ++count > kMaxValues)

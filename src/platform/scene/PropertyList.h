@@ -10,22 +10,22 @@
 
 namespace zelvo::scene {
 
-/// A value of a property list: a tree of dictionaries and arrays with strings and numbers.
+/// A value of a property list: a string, a number, an array or a dictionary.
 struct PropertyValue {
     struct Entry;
 
     enum class Kind { dictionary, array, string, number };
 
     Kind kind = Kind::dictionary;
-    std::string text;          ///< of a string
-    double number = 0;         ///< finite
-    std::vector<Entry> values; ///< an array's keys are empty
+    std::string text;          ///< for strings
+    double number = 0;         ///< always finite
+    std::vector<Entry> values; ///< in arrays the keys are empty
 
     [[nodiscard]] static PropertyValue string(std::string text);
     [[nodiscard]] static PropertyValue array(std::vector<PropertyValue> items);
     [[nodiscard]] static PropertyValue dictionary(std::vector<Entry> entries);
 
-    /// Of a dictionary; null if there is none of that key.
+    /// A dictionary's value; null if the key is missing.
     [[nodiscard]] const PropertyValue* find(std::string_view key) const;
 };
 
@@ -34,10 +34,11 @@ struct PropertyValue::Entry {
     PropertyValue value;
 };
 
-/// XML property lists of at most 64 KiB, 12 levels and 1000 values, whose root is a dictionary.
-/// Errors: malformed, tooLarge, unsupported (dates, data), with the line.
+/// Reads an XML property list with a dictionary as its root. Limits: 64 KiB, 12 levels, 1000
+/// values. Errors: `malformed`, `tooLarge`, `unsupported` (dates, data), with the line.
 [[nodiscard]] foundation::Result<PropertyValue> readPropertyList(std::string_view xml);
-/// The same from a file; errors also: notFound, unreadable. They begin with the file's name.
+/// The same for a file. More errors: `notFound`, `unreadable`. All messages start with the file's
+/// name.
 [[nodiscard]] foundation::Result<PropertyValue>
 readPropertyListFile(const std::filesystem::path& file);
 

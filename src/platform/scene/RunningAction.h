@@ -10,13 +10,13 @@
 
 namespace zelvo::scene {
 
-/// An action on its node, from SCNNode::runAction until it ends or is cancelled.
+/// An action while it runs on a node: from SCNNode::runAction until it ends or is cancelled.
 struct SCNNode::RunningAction {
-    SCNActionPtr action; ///< outlives the run, which refers to it
+    SCNActionPtr action; ///< the run refers to it
     std::unique_ptr<SCNAction::Run> run;
     std::string key;
     std::function<void()> completion;
-    std::uint64_t addedIn; ///< evaluations begun when it was added: it starts in a later one
+    std::uint64_t addedIn; ///< number of evaluations when it was added; it starts in the next one
     double elapsed = 0;
     bool hasBegun = false;
     bool isCancelled = false;

@@ -14,9 +14,8 @@ namespace zelvo::scene {
 
 namespace {
 
-/// An action that changes one thing by its progress. `Change` is a small value that each run
-/// copies: begin(node) takes the starting value, write(node, progress) sets what the progress
-/// gives.
+/// An action that changes one property. Each run copies `Change`: begin(node) reads the starting
+/// value, write(node, progress) sets the value for a progress.
 template <class Change> class ChangeAction final : public SCNAction {
 public:
     ChangeAction(double duration, TimingFunction timing, Change what)
@@ -107,12 +106,12 @@ struct RotateShortest {
 
     void write(SCNNode& node, float progress) const {
         const glm::vec3 added = node.addedEulerAngles() - addedBefore;
-        // At the end the angles are to read as they were asked for.
+        // At the end, the angles must read exactly as given.
         if (progress == 1.0f) {
             node.setEulerAngles(target + added);
             return;
         }
-        node.setOrientation(glm::slerp(from, to, progress)); // takes the short way itself
+        node.setOrientation(glm::slerp(from, to, progress)); // takes the shortest way
         if (added != glm::vec3(0))
             node.setEulerAngles(node.eulerAngles() + added);
     }

@@ -16,27 +16,22 @@ class SCNAction;
 using SCNActionPtr = std::shared_ptr<const SCNAction>;
 
 enum class UnitArc {
-    asGiven, ///< each Euler angle travels linearly: 720 degrees are two turns
-    shortest ///< by the quaternion, the short way round
+    asGiven, ///< interpolates each Euler angle: 720 degrees are two turns
+    shortest ///< interpolates the quaternion: the shortest way
 };
 
-/// A change of a node over time, described once and run on any node any number of times
-/// (SCNNode::runAction). Durations are seconds of the scene's clock, angles radians, lengths scene
-/// units.
+/// Describes a change of a node over time. It can run on any node, any number of times
+/// (SCNNode::runAction). Durations are seconds of scene time, angles radians, lengths scene units.
 ///
-/// - Evaluated once per frame, before drawing. An action added between two frames starts with the
-/// next one, at elapsed
-///   0, and takes its starting value then.
-/// - A step of duration 0 is done in the evaluation that starts it. What a step does not use of a
-/// frame's time passes on
-///   to the next step of its sequence.
-/// - The timing function bends the progress of the whole action it is set on (a sequence's or
-/// group's too).
-/// - Two actions on one property: each writes in the order of starting, the last one stands. moveBy
-/// and rotateBy add
-///   their own increment and combine with all others, absolute ones that run at the same time
-///   included.
-/// - What is less than kTimeTolerance short of an end has reached it.
+/// - Actions are evaluated once a frame, before drawing. An action added between two frames starts
+///   in the next one, at elapsed time 0, and reads its starting value then.
+/// - A step of duration 0 is done in the evaluation that starts it. If a step ends within a frame,
+///   the rest of the frame's time goes to the next step of its sequence.
+/// - A timing function bends the progress of the whole action it is set on, also for sequences and
+///   groups.
+/// - If two actions change one property, the one that started last wins. moveBy and rotateBy add
+///   their change to that of any other action, even absolute ones.
+/// - A time less than kTimeTolerance before an end counts as the end.
 class SCNAction {
 public:
     [[nodiscard]] static SCNActionPtr
@@ -55,30 +50,30 @@ public:
     [[nodiscard]] static SCNActionPtr fadeIn(double duration, TimingFunction timing = {});
     [[nodiscard]] static SCNActionPtr fadeOut(double duration, TimingFunction timing = {});
     [[nodiscard]] static SCNActionPtr wait(double duration);
-    /// Calls back during the evaluation, at the time it is reached; takes no time itself.
+    /// Calls the block when its time is reached, during the evaluation. Takes no time.
     [[nodiscard]] static SCNActionPtr run(std::function<void(SCNNode&)> block);
     [[nodiscard]] static SCNActionPtr
     sequence(std::vector<SCNActionPtr> steps, TimingFunction timing = {});
-    /// All at once, each evaluated in the order given. Lasts as long as its longest member.
+    /// Runs all members together, evaluated in this order. Lasts as long as the longest one.
     [[nodiscard]] static SCNActionPtr
     group(std::vector<SCNActionPtr> members, TimingFunction timing = {});
 
     [[nodiscard]] double duration() const { return duration_; }
 
-    /// What a run works on, and whether it was taken off its node meanwhile (a block may do that):
-    /// then nothing more of it may be done.
+    /// The node that a run changes. `isCancelled` becomes true if a block takes the action off its
+    /// node; the run must do nothing more then.
     struct Target {
         SCNNode& node;
         const bool& isCancelled;
     };
 
-    /// One run of an action on a node; started by SCNNode, must not outlive the action.
+    /// One run of an action on a node. SCNNode starts it. The action must outlive it.
     class Run {
     public:
         virtual ~Run() = default;
-        /// Brings the node to `elapsed` seconds of the action's own time, 0 to its duration. The
-        /// first call takes the starting values. Time mostly grows, but goes back where an
-        /// enclosing action's timing function does.
+        /// Brings the node to `elapsed` seconds of the action's time, from 0 to its duration. The
+        /// first call reads the starting values. Time can go backwards if an outer timing function
+        /// does.
         virtual void apply(const Target& target, double elapsed) = 0;
     };
 
@@ -88,7 +83,7 @@ public:
 protected:
     SCNAction(double duration, TimingFunction timing);
 
-    /// The bent progress at a time, that of the end for an action without duration.
+    /// The progress after the timing function; an action without duration is at its end.
     [[nodiscard]] float progressAt(double elapsed) const;
 
     [[nodiscard]] bool isLinear() const { return !timing_; }

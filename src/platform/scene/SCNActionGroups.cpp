@@ -9,15 +9,15 @@ namespace zelvo::scene {
 
 namespace {
 
-/// What sequence and group share: members that run in the composite's own, possibly bent time.
+/// Base of sequence and group: its members run in its own time, which a timing function may bend.
 class CompositeAction : public SCNAction {
 public:
     CompositeAction(std::vector<SCNActionPtr> parts, double duration, TimingFunction timing)
         : SCNAction(duration, std::move(timing))
         , members(std::move(parts)) {}
 
-    /// Seconds of the members' time. At the end everything is done, even where the function ends
-    /// beside 1.
+    /// The members' time in seconds. At the end all members are finished, even if the timing
+    /// function does not end at 1.
     [[nodiscard]] double membersTime(double elapsed) const {
         if (isLinear() || elapsed >= duration())
             return elapsed;
@@ -61,7 +61,7 @@ private:
         }
 
     private:
-        /// Unwinds the steps that begin after the time, the last first.
+        /// Undoes the steps that begin after this time, last one first.
         void goBack(const Target& target, double time) {
             while (current > 0 && time < action.begins[current] - kTimeTolerance) {
                 if (current < runs.size())
@@ -72,7 +72,7 @@ private:
             }
         }
 
-        /// Finishes the steps that end by the time and stands in the next one.
+        /// Finishes the steps that end before this time, then applies the current one.
         void goForward(const Target& target, double time) {
             while (current < runs.size() && !target.isCancelled) {
                 const double duration = action.members[current]->duration();
@@ -87,10 +87,10 @@ private:
 
         const SequenceAction& action;
         std::vector<std::unique_ptr<Run>> runs;
-        std::size_t current = 0; ///< the number of steps when all are done
+        std::size_t current = 0; ///< equal to the number of steps when all are done
     };
 
-    std::vector<double> begins; ///< one a step, and the end of the last
+    std::vector<double> begins; ///< of each step, and the end of the last one
 };
 
 class GroupAction final : public CompositeAction {
@@ -114,7 +114,7 @@ private:
             for (std::size_t i = 0; i < runs.size() && !target.isCancelled; ++i) {
                 const double duration = action.members[i]->duration();
                 const bool hasReachedEnd = time >= duration - kTimeTolerance;
-                // A member that has ended leaves its property to others.
+                // A finished member must not overwrite what others write.
                 if (hasReachedEnd && isDone[i])
                     continue;
                 isDone[i] = hasReachedEnd;

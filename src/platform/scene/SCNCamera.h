@@ -5,17 +5,17 @@
 
 namespace zelvo::scene {
 
-/// Stands at its node and looks along the node's -z.
+/// A camera. It sits at its node and looks along the node's -z.
 ///
-/// Depth of field is a thin lens: sensor height 24 mm, focal length from the field of view, one
-/// scene unit a metre; the pass is skipped where the largest circle of confusion is under half an
-/// output pixel.
+/// Depth of field is that of a thin lens: the sensor is 24 mm high, the focal length follows from
+/// the field of view, one scene unit is a metre. It is not drawn if the largest circle of confusion
+/// is under half an output pixel.
 class SCNCamera {
 public:
     double fieldOfView = 60; ///< degrees, vertical
     double zNear = 1;        ///< scene units
     double zFar = 100;       ///< scene units
-    bool wantsHDR = false;   ///< filmic tone map instead of a plain clamp
+    bool wantsHDR = false;   ///< filmic tone map instead of clamping
     bool wantsExposureAdaptation = true;
     bool wantsDepthOfField = false;
     double focusDistance = 2.5; ///< scene units

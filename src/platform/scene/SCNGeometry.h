@@ -11,10 +11,9 @@
 
 namespace zelvo::scene {
 
-/// A shape with the materials of its elements. A material list shorter than the elements repeats
-/// from its start. The mesh is built when it is first asked for after a change; `revision` is
-/// unique per built mesh in the whole process, so that a renderer can keep what it uploaded. Main
-/// thread only.
+/// A mesh and the materials of its elements. If there are fewer materials than elements, they
+/// repeat. The mesh is built on demand after a change. Each built mesh gets a `revision` that is
+/// unique in the process, so that a renderer can cache its upload. Main thread only.
 class SCNGeometry {
 public:
     virtual ~SCNGeometry() = default;
@@ -25,12 +24,12 @@ public:
     [[nodiscard]] std::uint64_t revision() const;
     [[nodiscard]] geometry::Box boundingBox() const;
 
-    /// The material of an element by the repetition rule; null if there are no materials (drawn
-    /// with the default one).
+    /// The material of an element (materials repeat). Null if there are none; then the default
+    /// material is drawn.
     [[nodiscard]] const SCNMaterial* materialFor(std::size_t element) const;
 
 protected:
-    /// Drops the built mesh; the next question builds it anew.
+    /// Discards the mesh; it is built again on demand.
     void setNeedsRebuild();
     [[nodiscard]] virtual geometry::Mesh build() const = 0;
 

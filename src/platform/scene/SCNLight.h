@@ -12,12 +12,12 @@ namespace zelvo::scene {
 enum class SCNLightType { ambient, directional, omni, spot };
 enum class SCNShadowMode { forward = 0, deferred = 1, modulated = 2 };
 
-/// A light; it stands at its node and shines along the node's -z.
+/// A light. It sits at its node and shines along the node's -z, on nodes whose category mask shares
+/// a bit with its own.
 ///
-/// Intensity: 1000 is nominal. Ambient and directional light do not fall off. Omni and spot light
-/// fall off with the square of the distance in scene units and are as bright at distance 1 as a
-/// directional light of the same number; so a letter 300 units away wants about 1000 * 300^2 = 9e7.
-/// It lights the nodes whose mask shares a bit with its own.
+/// Intensity: 1000 is nominal. Omni and spot lights get weaker with the square of the distance; at
+/// distance 1 they are as bright as a directional light of the same intensity. So a letter 300
+/// units away needs about 1000 * 300^2 = 9e7. Ambient and directional lights do not get weaker.
 class SCNLight {
 public:
     SCNLightType type = SCNLightType::omni;
@@ -25,8 +25,8 @@ public:
     std::uint32_t categoryBitMask = 0xFFFFFFFFU;
 
     bool castsShadow = false;
-    /// Nodes whose mask shares a bit with this one cast shadows in this light even where their own
-    /// castsShadow is off: so a stage can ground what knows nothing of it.
+    /// Nodes whose mask shares a bit with this one cast shadows even if their castsShadow is off. A
+    /// stage uses it for nodes that it did not make.
     std::uint32_t shadowCasterMask = 0;
     SCNShadowMode shadowMode = SCNShadowMode::forward;
     image::Color shadowColor{
@@ -34,7 +34,7 @@ public:
     float shadowRadius = 3; ///< softness, in texels of the shadow map
     int shadowMapSize = 1024;
 
-    double spotInnerAngle = 0;  ///< degrees, full brightness within
+    double spotInnerAngle = 0;  ///< degrees; full brightness inside
     double spotOuterAngle = 45; ///< degrees, dark from here on
     double zNear = 1;           ///< scene units, of the shadow's view
     double zFar = 2000;

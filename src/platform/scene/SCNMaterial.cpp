@@ -7,7 +7,7 @@ namespace zelvo::scene {
 
 namespace {
 
-/// One list for the const and the other access.
+/// One list for both the const and the non-const version.
 template <class Material> auto slotsOf(Material& material) {
     return std::array{
         &material.diffuse,

@@ -35,32 +35,32 @@ public:
 
     [[nodiscard]] bool isEmpty() const { return std::holds_alternative<std::monostate>(contents); }
 
-    /// The colour or grey value, white for a picture, the given one for an empty slot.
+    /// The colour or grey value; white for a picture; `fallback` for an empty slot.
     [[nodiscard]] image::Color colorOr(const image::Color& fallback) const;
-    /// The picture; null for anything else.
+    /// Null if the slot has no picture.
     [[nodiscard]] image::ImagePtr image() const;
-    /// A null picture empties the slot.
+    /// A null picture makes the slot empty.
     void setImage(const image::ImagePtr& picture);
 };
 
 enum class SCNLightingModel { physicallyBased, constant };
 enum class SCNFillMode { fill = 0, lines = 1 };
 enum class SCNBlendMode { alpha = 0, add = 1, subtract = 2, multiply = 3, screen = 4, replace = 5 };
-/// aOne: alpha of `transparent` counts. rgbZero: its brightness counts, black is opaque.
+/// aOne: the alpha of `transparent` is the opacity. rgbZero: its brightness is; black is opaque.
 enum class SCNTransparencyMode { aOne = 0, rgbZero = 1 };
 enum class SCNShaderModifierEntryPoint { surface };
 
-/// How a surface looks. Colour slots hold sRGB; `normal`, `roughness`, `metalness`,
-/// `ambientOcclusion` and `displacement` hold data. Defaults of empty slots: diffuse white,
-/// emission black, roughness 0.5, metalness 0, ambientOcclusion 1, transparent opaque, multiply
-/// white, specular as physically based for dielectrics (4 %).
+/// How a surface looks. Colour slots are in sRGB; `normal`, `roughness`, `metalness`,
+/// `ambientOcclusion` and `displacement` are data. An empty slot means: diffuse white, emission
+/// black, roughness 0.5, metalness 0, ambientOcclusion 1, transparent opaque, multiply white,
+/// specular 4 % (a physically based dielectric).
 ///
-/// A shader modifier is GLSL that runs inside the fragment shader after the slots are sampled and
+/// A shader modifier is GLSL code that runs in the fragment shader, after the slots are sampled and
 /// before lighting. It reads and writes `_surface.diffuse`, `.emission`, `.specular` (vec4,
-/// linear), `.normal` (vec3, view space),
-/// `.roughness`, `.metalness`, `.ambientOcclusion` (float), `.diffuseTexcoord` (vec2), and may
-/// sample `u_diffuseTexture`, `u_specularTexture`, `u_emissionTexture` with texture2D, and read
-/// `u_time` (scene seconds). How opaque the surface is, the slots alone decide.
+/// linear), `.normal` (vec3, view space), `.roughness`, `.metalness`, `.ambientOcclusion` (float)
+/// and `.diffuseTexcoord` (vec2). It can sample `u_diffuseTexture`, `u_specularTexture`,
+/// `u_emissionTexture` with texture2D, and read `u_time` (scene seconds). It cannot change the
+/// opacity.
 class SCNMaterial {
 public:
     static constexpr std::size_t kSlotCount = 13;
@@ -90,7 +90,7 @@ public:
     SCNMaterialProperty metalness;
     SCNMaterialProperty roughness;
 
-    /// The thirteen slots in the order of their declaration.
+    /// All thirteen slots, in the order of declaration.
     [[nodiscard]] std::array<SCNMaterialProperty*, kSlotCount> allProperties();
     [[nodiscard]] std::array<const SCNMaterialProperty*, kSlotCount> allProperties() const;
 

@@ -37,7 +37,7 @@ bool isAtOrBelow(const SCNNode& node, const SCNNode& ancestor) {
     return false;
 }
 
-/// As SCNNode::boundingBox, but empty when nothing is there.
+/// As SCNNode::boundingBox, but an empty box if there is no geometry.
 geometry::Box contentsBox(const SCNNode& node) {
     geometry::Box box;
     if (node.geometry)
@@ -62,12 +62,12 @@ glm::quat orientationFromEulerAngles(const glm::vec3& radians) {
 }
 
 glm::vec3 eulerAnglesFromOrientation(const glm::quat& orientation) {
-    // Rx * Ry * Rz has sin(yaw) alone in its first row's last column; beside it stand the products
-    // that give the rest.
+    // In Rx * Ry * Rz, the last element of the first row is sin(yaw). The elements beside it give
+    // the other angles.
     const glm::mat3 m = glm::mat3_cast(orientation);
     const float sinYaw = std::clamp(m[2][0], -1.0f, 1.0f);
-    constexpr float kGimbalLock =
-        0.999999f; // pitch and roll turn about one axis from here: pitch takes it all
+    // Near this, pitch and roll turn around the same axis; pitch gets all of it.
+    constexpr float kGimbalLock = 0.999999f;
     if (std::abs(sinYaw) > kGimbalLock)
         return {std::atan2(m[1][2], m[1][1]), std::asin(sinYaw), 0};
     return {std::atan2(-m[2][1], m[2][2]), std::asin(sinYaw), std::atan2(-m[1][0], m[0][0])};
@@ -153,7 +153,7 @@ SCNNodePtr SCNNode::childNodeWithName(const std::string& wanted, Search search) 
 
 void SCNNode::enumerateHierarchy(const std::function<void(SCNNode&)>& visit) {
     visit(*this);
-    const std::vector<SCNNodePtr> snapshot = children; // the visitor may change the tree
+    const std::vector<SCNNodePtr> snapshot = children; // because the visitor may change the tree
     for (const SCNNodePtr& child : snapshot) {
         child->enumerateHierarchy(visit);
     }

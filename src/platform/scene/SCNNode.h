@@ -25,22 +25,21 @@ namespace zelvo::scene {
 class SCNScene;
 class SCNNode;
 
-/// Nodes are shared: a parent keeps its children alive, and the permanent stage keeps nodes alive
-/// while they move from one environment's scene to the next. Parents are not owned.
+/// A parent owns its children, but not the other way round. The permanent stage also keeps nodes
+/// alive while they move from one environment's scene to the next.
 using SCNNodePtr = std::shared_ptr<SCNNode>;
 
-/// R = Rx * Ry * Rz of angles in radians.
+/// R = Rx * Ry * Rz. Angles in radians.
 [[nodiscard]] glm::quat orientationFromEulerAngles(const glm::vec3& radians);
-/// Its inverse: pitch and roll in -pi to pi, yaw in -pi/2 to pi/2; looking straight along x (yaw
-/// +-pi/2) the roll is 0.
+/// The inverse: pitch and roll in -pi .. pi, yaw in -pi/2 .. pi/2. At yaw +-pi/2 the roll is 0.
 [[nodiscard]] glm::vec3 eulerAnglesFromOrientation(const glm::quat& orientation);
 
-/// A place in the scene tree with what stands there.
+/// A node of the scene tree: a transform, what is attached to it, and its children.
 ///
-/// Right-handed, y up. A node's matrix is translation x rotation x scale x inverse pivot. Euler
-/// angles apply roll (z) first, then yaw (y), then pitch (x): R = Rx * Ry * Rz. Opacity multiplies
-/// down the tree, `isHidden` hides the subtree; `castsShadow` and `categoryBitMask` are per node.
-/// Always made through std::make_shared. Main thread only.
+/// Right-handed, y up. The matrix is translation x rotation x scale x inverse pivot. Euler angles
+/// apply roll (z) first, then yaw (y), then pitch (x): R = Rx * Ry * Rz. Opacity multiplies down
+/// the tree and `isHidden` hides the subtree; `castsShadow` and `categoryBitMask` concern the node
+/// alone. Always make it with std::make_shared. Main thread only.
 class SCNNode : public std::enable_shared_from_this<SCNNode> {
 public:
     SCNNode();
@@ -56,33 +55,32 @@ public:
     SCNGeometryPtr geometry;
     SCNLightPtr light;
     SCNCameraPtr camera;
-    bool isBillboard =
-        false; ///< a billboard constraint: the node's axes are turned to the camera's when drawn
+    /// Billboard: drawn with its axes turned to those of the camera.
+    bool isBillboard = false;
 
     Animated<glm::vec3> position{glm::vec3(0)};
     Animated<glm::vec3> scale{glm::vec3(1)};
     Animated<float> opacity{1.0f};
-    glm::mat4 pivot{1}; ///< the frame that position, rotation and scale act on
+    glm::mat4 pivot{1}; ///< position, rotation and scale act around this frame
 
-    [[nodiscard]] glm::vec3 eulerAngles() const {
-        return eulerAngles_;
-    } ///< as set, 720 degrees stay 720 degrees
+    /// As set: 720 degrees stay 720 degrees.
+    [[nodiscard]] glm::vec3 eulerAngles() const { return eulerAngles_; }
 
     void setEulerAngles(const glm::vec3& radians);
 
     [[nodiscard]] glm::quat orientation() const { return orientation_; }
 
     void setOrientation(const glm::quat& orientation);
-    /// Axis (need not be unit) and angle in radians; a zero axis means no rotation.
+    /// Axis (any length) and angle in radians. A zero axis means no rotation.
     void setRotation(const glm::vec4& axisAngle);
-    /// The same, of unit axis; all zero for no rotation.
+    /// The same with a unit axis; all zero for no rotation.
     [[nodiscard]] glm::vec4 rotation() const;
 
-    [[nodiscard]] glm::mat4 transform() const;      ///< to the parent, of the presented values
-    [[nodiscard]] glm::mat4 worldTransform() const; ///< to the root, of the presented values
+    [[nodiscard]] glm::mat4 transform() const; ///< to the parent's space; from the presented values
+    [[nodiscard]] glm::mat4 worldTransform() const; ///< to world space; from the presented values
 
     // --- tree
-    /// takes it from its former parent; a circle is a programming error
+    /// Takes the child from its former parent. A cycle is a programming error.
     void addChildNode(SCNNodePtr child);
     void removeFromParentNode();
 
@@ -91,28 +89,28 @@ public:
     [[nodiscard]] SCNNode* parent() const { return parent_; }
     enum class Search { childrenOnly, recursively };
     [[nodiscard]] SCNNodePtr childNodeWithName(const std::string& wanted, Search search) const;
-    /// Visits this node and all below, parents first.
+    /// Visits this node and all its descendants, parents first.
     void enumerateHierarchy(const std::function<void(SCNNode&)>& visit);
 
-    /// The box of the node's geometry and of all that is below it, in this node's own space. Hidden
-    /// subtrees below are left out, the node's own hiding is not regarded. All zero when nothing is
-    /// there.
+    /// The bounding box of this node and its descendants, in this node's space. Hidden descendants
+    /// are left out; whether the node itself is hidden does not matter. All zero if there is no
+    /// geometry.
     [[nodiscard]] geometry::Box boundingBox() const;
 
     // --- actions
-    /// A key cancels what ran under it. The completion is called on the main queue's thread after
-    /// the evaluation in which the action ends; it is not called for cancelled actions.
+    /// An action replaces the one with the same key. `completion` is called on the main thread
+    /// after the evaluation in which the action ends, but not if the action is cancelled.
     void runAction(const SCNActionPtr& action, std::function<void()> completion = {});
     void runAction(
         const SCNActionPtr& action, const std::string& key, std::function<void()> completion = {});
-    /// Also takes those not yet started.
+    /// Includes actions that have not started yet.
     void removeAllActions();
     void removeActionForKey(const std::string& key);
 
     [[nodiscard]] bool hasActions() const;
 
-    /// What relative actions do: a change on top of whatever absolute actions write. Those compare
-    /// the sums of all such increments with what they were at their own start.
+    /// Used by relative actions. The change is added to whatever absolute actions write; those
+    /// subtract what was added since their own start.
     void addToPosition(const glm::vec3& delta);
     void addToEulerAngles(const glm::vec3& delta);
 
@@ -121,30 +119,29 @@ public:
     [[nodiscard]] glm::vec3 addedEulerAngles() const { return addedEulerAngles_; }
 
     // --- particles
-    /// It begins with the next evaluation. Added twice, it runs twice.
+    /// It starts with the next evaluation. If added twice, it runs twice.
     void addParticleSystem(SCNParticleSystemPtr system);
     void removeParticleSystem(const SCNParticleSystemPtr& system);
     void removeAllParticleSystems();
-    /// In the order of adding.
+    /// In the order in which they were added.
     [[nodiscard]] std::vector<SCNParticleSystemPtr> particleSystems() const;
 
-    /// The systems at work, with their particles.
+    /// The running systems with their particles.
     [[nodiscard]] const std::vector<std::unique_ptr<ParticleEmitter>>& emitters() const {
         return emitters_;
     }
 
-    // --- keyframe animations: evaluated after the actions, they change what is drawn and no value
-    // --- of the node
-    /// Begins with the next evaluation, at 0. What ran under the key blends out while this one
-    /// fades in.
+    // // --- keyframe animations: evaluated after the actions; they change what is drawn, not the
+    // node's // values
+    /// It starts with the next evaluation, at 0. An animation with the same key blends out while
+    /// --- keyframe animations: evaluated after the actions; they change only what is drawn
     void addAnimation(CAKeyframeAnimation animation, const std::string& key);
-    /// In the order of adding, of those that run.
+    /// The running ones, in the order in which they were added.
     [[nodiscard]] std::vector<std::string> animationKeys() const;
-    /// Takes `blendOutDuration` seconds to leave the node to its own value; the key is free at
-    /// once.
+    /// Blends back to the node's own value in `blendOutDuration` seconds. The key is free at once.
     void removeAnimationForKey(const std::string& key, double blendOutDuration);
 
-    /// With the keyframe animations; what transforms are made of.
+    /// With keyframe animations applied. Transforms are made from these.
     [[nodiscard]] glm::vec3 presentedPosition() const;
     [[nodiscard]] glm::quat presentedOrientation() const;
 
@@ -152,11 +149,11 @@ private:
     friend class SCNScene;
 
     struct RunningAction;
-    /// Advances those of this node's actions that were added before the evaluation of the given
-    /// number began, and collects the completions of those that ended.
+    /// Advances the actions that were added before this evaluation began, and collects the
+    /// completions of those that ended.
     void advanceActions(
         double step, std::uint64_t evaluation, std::vector<std::function<void()>>& completions);
-    /// Cancels what the key names, all for an empty key.
+    /// Cancels the actions with this key, or all if the key is empty.
     void cancelActions(const std::string& key);
     void dropFinishedActions();
     struct KeyframeRun;
@@ -164,7 +161,7 @@ private:
     void dropFinishedAnimations();
     void advanceParticles(double step);
 
-    static std::uint64_t evaluationsBegun; ///< over all scenes
+    static std::uint64_t evaluationsBegun; ///< in all scenes
 
     SCNNode* parent_ = nullptr;
     std::vector<SCNNodePtr> children;
@@ -172,10 +169,10 @@ private:
     glm::quat orientation_{1, 0, 0, 0};
     glm::vec3 addedPosition_{0};
     glm::vec3 addedEulerAngles_{0};
-    std::vector<std::unique_ptr<RunningAction>> running;  ///< in the order of starting
-    std::vector<std::unique_ptr<KeyframeRun>> animations; ///< in the order of adding
+    std::vector<std::unique_ptr<RunningAction>> running;  ///< in the order of their start
+    std::vector<std::unique_ptr<KeyframeRun>> animations; ///< in the order in which they were added
     std::vector<std::unique_ptr<ParticleEmitter>> emitters_;
-    bool isAdvancing = false; ///< while true, cancelled actions are marked and stay in the list
+    bool isAdvancing = false; ///< while true, cancelled actions are only marked, not removed
 };
 
 } // namespace zelvo::scene

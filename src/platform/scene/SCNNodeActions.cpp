@@ -63,7 +63,7 @@ void SCNNode::dropFinishedActions() {
 void SCNNode::advanceActions(
     double step, std::uint64_t evaluation, std::vector<std::function<void()>>& completions) {
     isAdvancing = true;
-    // Blocks may add to the list while it is gone through, never take from it.
+    // Blocks may add actions during this loop, but never remove one.
     // NOLINTNEXTLINE(modernize-loop-convert): an iterator would not outlive the growth
     for (std::size_t i = 0; i < running.size(); ++i) {
         RunningAction& entry = *running[i];

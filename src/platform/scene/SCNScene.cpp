@@ -31,8 +31,7 @@ void SCNScene::applyAnimations(double time) {
     active.clear();
     isApplying = false;
 
-    // A completion may animate again (a view that is brought up to date), so the list is its own by
-    // now.
+    // A completion may call this function again, so the list is moved out first.
     std::vector<std::function<void()>> ended = std::move(completions);
     completions.clear();
     for (const std::function<void()>& completion : ended) {
@@ -54,7 +53,7 @@ void SCNScene::collectActive(const SCNNodePtr& node) {
 void SCNSceneRenderer::update(double time) {
     if (delegate != nullptr)
         delegate->rendererUpdateAtTime(*this, time);
-    const SCNScenePtr current = scene_; // the delegate may have attached another one
+    const SCNScenePtr current = scene_; // because the delegate may attach another scene
     if (current)
         current->applyAnimations(time);
     if (delegate != nullptr)

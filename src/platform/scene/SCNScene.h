@@ -13,25 +13,25 @@
 
 namespace zelvo::scene {
 
-/// A tree of nodes with its surroundings and its own clock.
+/// A tree of nodes with a background, environment light and its own clock.
 class SCNScene {
 public:
     SCNScene();
 
-    /// Loads a resource scene (JSON, see docs/architecture.md). A missing file or one with an
-    /// unknown key, a wrong type or a wrong value ends the process with a line that names file and
-    /// key: resources belong to the program.
+    /// Loads a scene (JSON, see docs/scene-files.md) from the resources. A missing file, an unknown
+    /// key, or a wrong type or value ends the process with a line that names file and key, because
+    /// resources are part of the program.
     [[nodiscard]] static std::shared_ptr<SCNScene> sceneNamed(const std::string& name);
-    /// The same from text; errors as values. `name` is what messages call the source.
+    /// The same from text. Errors are returned. `name` stands for the source in messages.
     [[nodiscard]] static foundation::Result<std::shared_ptr<SCNScene>>
     fromJSON(const std::string& text, const std::string& name);
 
     [[nodiscard]] const SCNNodePtr& rootNode() const { return rootNode_; }
 
-    /// What is seen where nothing stands: a colour, an equirectangular picture, a cube. Empty: the
-    /// target's black.
+    /// What is seen behind everything: a colour, an equirectangular picture or a cube. Empty:
+    /// black.
     SCNMaterialProperty background;
-    /// Image-based light: a picture with a light probe; intensity multiplies it. Empty: none.
+    /// Image-based light: a picture with a light probe, times the intensity. Empty: none.
     SCNMaterialProperty lightingEnvironment;
 
     using Attribute = std::variant<int, double, std::string>;
@@ -44,17 +44,16 @@ public:
         return attributes;
     }
 
-    /// Brings the scene to a time (seconds): advances every running action and transaction by what
-    /// has passed since the last call, in tree order, then calls the completions. A time that is
-    /// not later than the last (another renderer took over with another clock) advances by 0 and
-    /// goes on from there.
+    /// Advances the scene to a time in seconds: all running actions and transactions advance by the
+    /// time since the last call, in tree order; then the completions are called. If the time is not
+    /// later than the last one (another renderer took over, with another clock), the step is 0.
     void applyAnimations(double time);
 
-    /// The time of the last applyAnimations; what shader modifiers read as u_time.
+    /// The time of the last applyAnimations. Shader modifiers read it as u_time.
     [[nodiscard]] double time() const { return time_; }
 
 private:
-    /// Appends the nodes with actions, animations or particles at and below a node to `active`,
+    /// Appends all nodes of a subtree that have actions, animations or particles to `active`,
     /// parents first.
     void collectActive(const SCNNodePtr& node);
 
@@ -64,7 +63,7 @@ private:
     bool hasTime = false;
     bool isApplying = false;
 
-    // Kept between frames for their memory only.
+    // Kept between frames to reuse their memory.
     std::vector<SCNNodePtr> active;
     std::vector<std::function<void()>> completions;
 };

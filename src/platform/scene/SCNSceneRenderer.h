@@ -8,7 +8,7 @@ namespace zelvo::scene {
 
 class SCNSceneRenderer;
 
-/// Told of the stages of each frame, on the thread that draws.
+/// Called at each stage of a frame, on the thread that draws.
 class SCNSceneRendererDelegate {
 public:
     virtual ~SCNSceneRendererDelegate() = default;
@@ -20,9 +20,8 @@ public:
     rendererDidRenderScene(SCNSceneRenderer& renderer, SCNScene& scene, double time) = 0;
 };
 
-/// What shows a scene: the on-screen view, the offscreen renderer of an export, or neither
-/// (HeadlessView). A scene is attached to one of them at a time. Pure data; drawing stands in
-/// platform/render.
+/// Shows a scene: the view on screen, the offscreen renderer of an export, or a HeadlessView. A
+/// scene is attached to one of them at a time. This class holds data only; platform/render draws.
 class SCNSceneRenderer {
 public:
     virtual ~SCNSceneRenderer() = default;
@@ -32,17 +31,17 @@ public:
     virtual void setScene(SCNScenePtr scene) { scene_ = std::move(scene); }
 
     SCNSceneRendererDelegate* delegate = nullptr;
-    SCNNodePtr pointOfView;    ///< null: the first node below the root that has a camera
+    SCNNodePtr pointOfView;    ///< null: the first node of the scene with a camera
     SCNTechniquePtr technique; ///< drawn over the finished picture; null: none
 
-    /// Animates the scene to the time and tells the delegate, without drawing.
+    /// Advances the scene to the time and calls the delegate. Does not draw.
     void update(double time);
 
 private:
     SCNScenePtr scene_;
 };
 
-/// A view without a picture: keeps a scene's clock going where nothing is to be seen.
+/// Draws nothing; keeps the clock of a scene running where there is no screen.
 class HeadlessView final : public SCNSceneRenderer {};
 
 } // namespace zelvo::scene

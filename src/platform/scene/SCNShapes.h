@@ -9,18 +9,18 @@
 
 namespace zelvo::scene {
 
-/// A string as an extruded solid; elements front, back, sides and, with a chamfer, front and back
-/// chamfer. Pen at x 0 on the baseline, y 0; centred on z 0. Equal letters of one font share their
-/// outline's skeleton (kept by a cache of bounded size), so that a change of depth or bevel costs
-/// little.
+/// Extruded text. Elements: front, back, sides and, with a chamfer, front and back chamfer. The
+/// text starts at x 0, its baseline is y 0, its middle z 0. Outlines of letters are kept in a cache
+/// of limited size, so that changing depth or bevel is fast.
 class SCNText final : public SCNGeometry {
 public:
     SCNText(std::string letters, text::TextAttributes style, double extrusionDepth);
 
-    void setExtrusionDepth(double depth);                        ///< scene units, > 0
-    void setFlatness(double value);                              ///< scene units, default 0.6
-    void setChamferRadius(double radius);                        ///< scene units, default 0
-    void setChamferProfile(const geometry::BezierPath& profile); ///< unit square, (0, 1) to (1, 0)
+    void setExtrusionDepth(double depth); ///< scene units, > 0
+    void setFlatness(double value);       ///< scene units, default 0.6
+    void setChamferRadius(double radius); ///< scene units, default 0
+    /// in the unit square, from (0, 1) to (1, 0)
+    void setChamferProfile(const geometry::BezierPath& profile);
 
     [[nodiscard]] double extrusionDepth() const { return extrusionDepth_; }
 
@@ -38,7 +38,7 @@ private:
     geometry::BezierPath chamferProfile;
 };
 
-/// A filled path as an extruded solid, elements as SCNText.
+/// A filled path as an extruded solid. Elements as in SCNText.
 class SCNShape final : public SCNGeometry {
 public:
     SCNShape(geometry::BezierPath outline, double extrusionDepth);
@@ -109,7 +109,7 @@ private:
     int segmentCount_ = 48;
 };
 
-/// Around the y axis.
+/// Its axis is y.
 class SCNTorus final : public SCNGeometry {
 public:
     SCNTorus(double ringRadius, double pipeRadius);

@@ -21,7 +21,7 @@ constexpr std::size_t kMaxTargets = 8;
 constexpr std::size_t kMaxSymbols = 16;
 constexpr double kMinScale = 1.0 / 64;
 
-/// A fragment function and the uniforms that it must be given.
+/// A fragment function and its uniforms.
 struct FunctionRow {
     std::string_view name;
     std::array<std::string_view, 3> uniforms{};

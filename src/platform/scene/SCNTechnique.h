@@ -13,16 +13,16 @@ namespace zelvo::scene {
 struct SCNTechnique;
 using SCNTechniquePtr = std::shared_ptr<const SCNTechnique>;
 
-/// A full-frame effect: quads drawn one after the other over the finished picture. Pure data; the
-/// shader functions stand in technique.frag of platform/render.
+/// A full-frame effect: passes that are drawn one after the other over the finished picture. This
+/// is data only; the shader functions are in technique.frag of platform/render.
 ///
-/// A description has the keys "symbols" (name: {"value": number}), "targets" (name:
-/// {"scaleFactor": above 0, at most 1}), "passes" (name: a pass) and "sequence" (names of passes).
-/// A pass has "draw": "DRAW_QUAD", "metalVertexShader", "metalFragmentShader", "inputs"
-/// ("colorSampler": "COLOR" or a target; a uniform's name: a symbol) and "outputs" ("color": the
-/// same). Every function also reads the scene's time.
+/// A description has the keys "symbols" (name: {"value": number}), "targets" (name: {"scaleFactor":
+/// above 0, at most 1}), "passes" (name: a pass) and "sequence" (names of passes). A pass has
+/// "draw": "DRAW_QUAD", "metalVertexShader", "metalFragmentShader", "inputs" ("colorSampler":
+/// "COLOR" or a target; the name of a uniform: a symbol) and "outputs" ("color": "COLOR" or a
+/// target). Every function can also read the scene time.
 struct SCNTechnique {
-    static constexpr int kColor = -1; ///< the frame itself instead of a target
+    static constexpr int kColor = -1; ///< stands for the frame itself
 
     struct Uniform {
         std::string name;
@@ -36,24 +36,24 @@ struct SCNTechnique {
         std::vector<Uniform> uniforms{};
     };
 
-    std::vector<double> targets; ///< size over that of the frame
-    std::vector<Pass> passes;    ///< in their order
+    std::vector<double> targets; ///< sizes, as shares of the frame's
+    std::vector<Pass> passes;    ///< in the order of drawing
 
-    /// Errors: malformed, unsupported, tooLarge (over 16 passes, 8 targets, 16 symbols), naming the
-    /// key.
+    /// Errors: `malformed`, `unsupported`, `tooLarge` (more than 16 passes, 8 targets, 16 symbols),
+    /// with the key.
     [[nodiscard]] static foundation::Result<SCNTechniquePtr>
     techniqueWithDictionary(const PropertyValue& description);
 
-    /// One after the other; null for none. They share targets of equal size: each is done with its
-    /// own when the next begins, and so however many are held take no more memory than one.
+    /// Joins techniques into one; null if there are none. They share targets of equal size, because
+    /// each is finished when the next begins. So many techniques need no more memory than one.
     [[nodiscard]] static SCNTechniquePtr
     techniqueBySequencingTechniques(std::span<const SCNTechniquePtr> techniques);
 
-    /// A new object: techniques are told apart by their identity.
+    /// Makes a new object. Techniques are compared by their address.
     [[nodiscard]] SCNTechniquePtr copy() const { return std::make_shared<SCNTechnique>(*this); }
 
 private:
-    /// Where targets of these scales stand, each for itself; adds those that are missing.
+    /// Finds a target for each of these scales; adds missing ones.
     [[nodiscard]] std::vector<int> placesFor(std::span<const double> wanted);
 };
 

@@ -22,9 +22,9 @@ struct PropertyAnimation {
     int number = 0;
     std::function<void(float)> interpolate;
     Level level;
-    std::optional<double> elapsed; ///< absent before the first advance
+    std::optional<double> elapsed; ///< nothing before the first advance
 
-    /// Superseded by a later assignment, or nobody holds the property any more.
+    /// True if there was a later assignment, or if the property is gone.
     [[nodiscard]] bool isObsolete() const {
         return *generation != number || generation.use_count() == 1;
     }
@@ -44,9 +44,9 @@ struct PropertyAnimation {
     }
 };
 
-/// Main thread only, as the transactions themselves.
+/// Main thread only.
 struct State {
-    std::vector<Level> levels; ///< the innermost last
+    std::vector<Level> levels; ///< the innermost is last
     std::vector<PropertyAnimation> running;
 };
 

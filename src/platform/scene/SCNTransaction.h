@@ -8,9 +8,9 @@
 
 namespace zelvo::scene {
 
-/// Groups changes of the scene. Inside begin … commit with an animationDuration above 0,
-/// assignments to Animated properties travel on the scene's clock; with 0 (the default) they take
-/// effect at once. Transactions nest; an inner one has its own duration, which starts as 0. Main
+/// Groups changes of the scene. Between begin and commit, with an animationDuration above 0,
+/// assignments to Animated properties are animated on the scene's clock; with 0 (the default) they
+/// take effect at once. Transactions can be nested; the duration of an inner one starts at 0. Main
 /// thread only.
 class SCNTransaction {
 public:
@@ -19,21 +19,20 @@ public:
     static void setAnimationDuration(double seconds);
     static void setAnimationTimingFunction(TimingFunction timing);
 
-    /// Whether assignments travel now: a transaction with a duration above 0 is open.
+    /// Whether assignments are animated now, because the current transaction has a duration above
+    /// 0.
     [[nodiscard]] static bool isAnimating();
 
-    /// What Animated calls on assignment while isAnimating: keeps the interpolation for the scene's
-    /// next evaluations. Raises `generation`; an animation whose number is no longer the current
-    /// one has been superseded and ends.
+    /// Called by Animated on an assignment while isAnimating: starts an animation. It increments
+    /// `generation`; an older animation of the same property sees this and ends.
     static void
     animate(const std::shared_ptr<int>& generation, std::function<void(float)> interpolate);
 
-    /// Advances all running property animations by a step of scene time. Called once per frame by
-    /// SCNScene::applyAnimations. As an action, an animation begins with the first advance after it
-    /// was made, at 0.
+    /// Advances all animations by a step of scene time. SCNScene::applyAnimations calls it once a
+    /// frame. A new animation starts at 0 with the first call after it was made.
     static void advance(double step);
 
-    /// Ends all running animations at their targets.
+    /// Ends all animations at their final values.
     static void flush();
 };
 

@@ -132,7 +132,7 @@ SCNGeometryPtr readRound(JsonObject& object, ShapeKind kind) {
     return sphere;
 }
 
-/// An outline as SVG path data, y down, as a solid.
+/// An extruded solid from an outline of SVG path data (y down).
 SCNGeometryPtr readShape(JsonObject& object) {
     const std::optional<std::string> data = object.string("path");
     const double depth = object.number("depth", kLength).value_or(1);

@@ -14,7 +14,7 @@ using foundation::JsonValue;
 using foundation::Problems;
 using foundation::Range;
 
-constexpr double kMaxCoordinate = 1e6; ///< scene units, degrees: far above what a stage needs
+constexpr double kMaxCoordinate = 1e6; ///< scene units or degrees; far more than a stage needs
 constexpr Range kCoordinate{-kMaxCoordinate, kMaxCoordinate};
 
 template <class T> struct Named {
@@ -22,18 +22,18 @@ template <class T> struct Named {
     T value;
 };
 
-/// "#RRGGBB" or "#RRGGBBAA"; nothing for anything else.
+/// Reads "#RRGGBB" or "#RRGGBBAA".
 [[nodiscard]] std::optional<image::Color> parseColor(std::string_view text);
 
-/// The same of a key; anything else is a problem.
+/// Reads the value of a key as a colour; anything else is reported as a problem.
 [[nodiscard]] std::optional<image::Color> readColor(JsonObject& object, std::string_view key);
 
-/// A slot: "#RRGGBB", a number of 0 to 1, or {"image": name, "intensity": number, "scale": [u, v]}
-/// of which either "image" or "color" must be there. A picture repeats. Empty for an absent key.
+/// Reads a slot: "#RRGGBB", a number from 0 to 1, or {"image": name, "intensity": number, "scale":
+/// [u, v]}, which needs either "image" or "color". Pictures repeat. Empty if the key is missing.
 [[nodiscard]] SCNMaterialProperty
 readProperty(JsonObject& object, std::string_view key, Problems& problems);
 
-/// The first problem as an error of the file.
+/// The first problem as an error that names the file.
 [[nodiscard]] tl::unexpected<foundation::Error>
 failureOf(const foundation::Problem& problem, const std::string& file);
 

@@ -13,7 +13,7 @@ namespace {
 
 using Skeleton = std::shared_ptr<const geometry::OutlineSkeleton>;
 
-/// The fonts are held, not only named, so that no other font can come to stand at their address.
+/// The fonts are held, so that no other font can get such an address.
 using Key =
     std::tuple<text::FontPtr, std::vector<text::FontPtr>, std::string, double, double, double>;
 
@@ -23,7 +23,7 @@ struct Cache {
         Skeleton skeleton;
     };
 
-    std::list<Entry> entries; ///< the last used first
+    std::list<Entry> entries; ///< most recently used first
     std::map<Key, std::list<Entry>::iterator> byKey;
 };
 

@@ -9,9 +9,8 @@
 
 namespace zelvo::scene {
 
-/// The skeleton of a string's outline. The latest kSkeletonsKept of them are kept, as finding one
-/// out costs more than building a solid from it and texts are made of few different letters. Main
-/// thread only.
+/// Returns the skeleton of a string's outline. Computing it takes longer than building a solid from
+/// it, and texts repeat letters: so the last kSkeletonsKept are kept. Main thread only.
 [[nodiscard]] std::shared_ptr<const geometry::OutlineSkeleton>
 skeletonOf(const std::string& string, const text::TextAttributes& attributes, double flatness);
 

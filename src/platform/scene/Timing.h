@@ -5,11 +5,11 @@
 
 namespace zelvo::scene {
 
-/// Maps progress 0..1 to a value that is usually, not always, in 0..1. Null means linear.
+/// Maps progress 0 .. 1 to a value that can leave 0 .. 1. Null means linear.
 using TimingFunction = std::function<float(float)>;
 
-/// Seconds by which an end may be missed and still counts as reached: frame times are sums of
-/// fractions.
+/// Seconds. A time so close to an end counts as the end, because frame times are sums with rounding
+/// errors.
 inline constexpr double kTimeTolerance = 1e-9;
 
 } // namespace zelvo::scene
