@@ -9,8 +9,7 @@
 namespace zelvo::geometry {
 
 /// An outline of straight lines, quadratic and cubic curves, in scene units, y up. Several contours
-/// make one shape; which parts are inside is the business of whoever fills it (non-zero winding
-/// throughout this project).
+/// make one shape. The path does not say what is inside; this project always uses non-zero winding.
 class BezierPath {
 public:
     enum class Verb { move, line, quad, cubic, close };

@@ -13,10 +13,10 @@ namespace zelvo::geometry {
 namespace {
 
 constexpr std::uint32_t kNone = UINT32_MAX;
-constexpr double kSnap = 1e-3;     // scene units; points this near a level stand on it
-constexpr double kArcError = 0.05; // scene units between an arc and its chords
+constexpr double kSnap = 1e-3;     // scene units; nearer points are put on the level
+constexpr double kArcError = 0.05; // scene units; largest distance between an arc and its chords
 constexpr double kMaxWedge = std::numbers::pi / 8;
-constexpr double kClearOfFace = 1.1;    // widths; chords of two wedges' arcs stay below this
+constexpr double kClearOfFace = 1.1;    // widths; the chords of two wedges stay below this
 constexpr float kSameNormal = 0.99999f; // cosine
 constexpr float kSameTexture = 1e-4f;
 
@@ -77,7 +77,7 @@ std::uint32_t ChamferMesher::addPoint(glm::dvec2 position, double distance) {
     return static_cast<std::uint32_t>(mesh.points.size() - 1);
 }
 
-// Points of the outline, and they alone, stand on level 0.
+// Ranks each point among the levels. Only the outline's own points are on level 0.
 void ChamferMesher::rankPoints() {
     double snap = kSnap;
     for (std::size_t level = 0; level < lastLevel; ++level) {
@@ -100,7 +100,7 @@ void ChamferMesher::rankPoints() {
     }
 }
 
-// Adds the points where a link crosses levels; answers its number.
+// Adds the points where a link crosses levels. Returns the index of the first.
 std::uint32_t ChamferMesher::cutLink(std::uint32_t a, std::uint32_t b) {
     firstCrossing.push_back(static_cast<std::uint32_t>(mesh.points.size()));
     const auto [low, high] = std::minmax(ranks[a], ranks[b]);
@@ -128,7 +128,7 @@ void ChamferMesher::appendCrossings(std::uint32_t from, std::uint32_t to, std::u
     }
 }
 
-// The steps and the crossings between them.
+// The steps, and the crossings between them.
 void ChamferMesher::appendSteps(std::span<const MedialMap::Step> steps) {
     for (std::size_t i = 0; i < steps.size(); ++i) {
         chain.push_back({steps[i].point, ranks[steps[i].point]});
@@ -137,9 +137,9 @@ void ChamferMesher::appendSteps(std::span<const MedialMap::Step> steps) {
     }
 }
 
-// Arcs and the chords of the cell's curved links would cross where a level runs close to a link.
-// So the fan is cut into wedges, in each of which the distance grows evenly from the corner to the
-// link: levels are straight there and never meet.
+// A fan is cut into wedges. In each wedge the distance grows evenly from the corner to the link, so
+// levels are straight there and never meet. Arcs could cross the chords of curved links where a
+// level runs close to a link.
 void ChamferMesher::cutFan(std::span<const MedialMap::Step> steps) {
     const std::uint32_t corner = steps.front().point;
     const std::size_t last = steps.size() - 2;
@@ -160,8 +160,8 @@ void ChamferMesher::cutFan(std::span<const MedialMap::Step> steps) {
     }
 }
 
-// Whether one wedge may reach over all of the steps: where these stand well inside the face, levels
-// need only be as fine as an arc.
+// Whether a single wedge can cover all steps: if they are well inside the face, levels need not be
+// finer than an arc.
 bool ChamferMesher::isWedge(std::span<const MedialMap::Step> steps) const {
     if (faces == Faces::fromCells)
         return false;
@@ -189,9 +189,9 @@ ChamferMesher::Frame ChamferMesher::frameOf(const MedialMap::Cell& cell) const {
     return result;
 }
 
-// Follows the chain from left to right. On each level that the chain rises above, a run is open
-// until the chain comes back down to it; what lies between the run and the next level, or the chain
-// where that is lower, is one piece.
+// Follows the chain from left to right. When the chain rises above a level, a run starts there; it
+// ends when the chain comes back down. The piece lies between the run and the next level, or the
+// chain if that is lower.
 void ChamferMesher::cutChain() {
     for (std::size_t i = 0; i < chain.size(); ++i) {
         const Knot& knot = chain[i];
@@ -228,15 +228,15 @@ void ChamferMesher::closeRun(std::size_t level, std::uint32_t end) {
     }
 }
 
-// Clockwise from the perpendicular of the piece before the corner: growing in the outline's
-// direction of travel.
+// Clockwise from the perpendicular of the piece before the corner, so it grows in the outline's
+// direction.
 double ChamferMesher::fanAngle(glm::dvec2 position) const {
     const glm::dvec2 along = outline.corners[frame.corner->previous].direction;
     const glm::dvec2 arm = position - frame.corner->position;
     return std::atan2(glm::dot(along, arm), cross(along, arm));
 }
 
-// A cell unrolled: along the outline, and away from it.
+// Coordinates within a cell: x along the outline, y away from it.
 glm::dvec2 ChamferMesher::cellPosition(std::uint32_t point) const {
     const glm::dvec2 position = mesh.points[point];
     if (frame.site == MedialMap::Site::corner)
@@ -261,8 +261,8 @@ void ChamferMesher::fillBand(std::size_t band) {
     }
 }
 
-// The lowest band of a corner's cell ends in the corner itself, which there faces as its triangle
-// does.
+// The lowest band of a corner's cell ends in the corner itself. Its normal there is that of each
+// triangle.
 void ChamferMesher::fillFan() {
     const std::vector<std::uint32_t>& top = tops.front();
     for (std::size_t i = 0; i + 1 < top.size(); ++i) {
@@ -299,9 +299,9 @@ void ChamferMesher::fillFace() {
     mesh.faceTriangles.insert(mesh.faceTriangles.end(), triangles.begin(), triangles.end());
 }
 
-// Smooth joints share their normal along the whole side between their two cells. A cell's sides
-// lean, so the place between them is not the foot's place on the piece but the share of the width
-// at this distance.
+// At a smooth joint, the two cells have the same normals along their common side. A cell's sides
+// are slanted, so the normal is interpolated over the cell's width at this distance, not over the
+// piece.
 ChamferMesher::Facing ChamferMesher::facingAt(std::uint32_t point) const {
     const OutlineCorner& corner = *frame.corner;
     const double distance = distances[point];
@@ -334,7 +334,7 @@ ChamferMesher::makeVertex(std::uint32_t point, std::size_t band, const Facing& f
     return vertex;
 }
 
-// Cells that shade alike at a point share its vertex.
+// Cells with the same shading at a point share its vertex.
 std::uint32_t ChamferMesher::vertexAt(std::uint32_t point, std::size_t band) {
     const Vertex vertex = makeVertex(point, band, facingAt(point));
     const std::uint32_t known = vertexOf[point];

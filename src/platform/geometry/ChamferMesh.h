@@ -14,28 +14,26 @@
 
 namespace zelvo::geometry {
 
-/// The front chamfer of a solid and the rim of its face. Heights start at 0 on the rim of the side
-/// wall.
+/// The front chamfer of a solid and the edge of its face. Height 0 is the edge of the side wall.
 struct ChamferMesh {
     using Triangle = std::array<std::uint32_t, 3>;
 
     std::vector<Vertex> vertices;
     std::vector<std::uint32_t> indices;
 
-    std::vector<glm::dvec2> points;                    ///< what the faces' indices mean
-    std::vector<std::array<std::uint32_t, 2>> faceRim; ///< directed, the face on the left
+    std::vector<glm::dvec2> points;                    ///< the faces' indices refer to these
+    std::vector<std::array<std::uint32_t, 2>> faceRim; ///< directed sides; the face is on the left
     std::vector<Triangle> faceTriangles;               ///< only with Faces::fromCells
 };
 
-/// Slices the cells of a map at the levels of a profile. Each cell gives the strips between two
-/// levels; where it stands lower than the face, the strips end in the ridge that it shares with its
-/// neighbour. Level crossings are found once for each link, so the strips of two cells meet without
-/// a gap.
+/// Cuts the cells of a map into strips, at the levels of a profile. Where a cell is lower than the
+/// face, its strips end in the ridge to the next cell. The crossings of a link are computed once
+/// and used by both of its cells, so there are no gaps.
 class ChamferMesher {
 public:
     enum class Faces : std::uint8_t { rimOnly, fromCells };
 
-    /// `textureScale`: texture coordinates in a scene unit.
+    /// `textureScale`: texture coordinates per scene unit.
     ChamferMesher(
         const Outline& outline,
         const MedialMap& map,
@@ -45,22 +43,22 @@ public:
     [[nodiscard]] ChamferMesh build(Faces faces);
 
 private:
-    /// A corner of a cell's chain with its place among the levels: 2 k on level k, 2 k + 1 between
-    /// k and k + 1.
+    /// A corner of a cell's chain, and its rank among the levels: 2 k on level k, 2 k + 1 between k
+    /// and k + 1.
     struct Knot {
         std::uint32_t point = 0;
         std::uint32_t rank = 0;
     };
 
-    /// What is the same for all of a cell.
+    /// Data for the whole cell.
     struct Frame {
         MedialMap::Site site = MedialMap::Site::piece;
         const OutlineCorner* corner = nullptr;
         glm::dvec2 normalAtStart{};
         glm::dvec2 normalAtEnd{};
-        double leanAtStart = 0; ///< how far the cell's side leans inwards over a unit of distance
+        double leanAtStart = 0; ///< how far the cell's side slants inwards per unit of distance
         double leanAtEnd = 0;
-        bool isRound = false; ///< a corner's cell that shades as a fan, round a real corner
+        bool isRound = false; ///< the cell of a real corner, shaded as a fan
     };
 
     /// The boundary's direction at a point of a cell.
@@ -99,13 +97,13 @@ private:
     std::size_t lastLevel;
     Faces faces = Faces::rimOnly;
 
-    // By point: those of the map, then crossings.
+    // By point: first those of the map, then the crossings.
     std::vector<double> distances;
-    std::vector<std::uint32_t> ranks; // of the map's points only
+    std::vector<std::uint32_t> ranks; // only for the map's points
     std::vector<std::uint32_t> vertexOf;
 
-    // By link, those of the map and then the sides of wedges: the crossing of the lowest level that
-    // it crosses.
+    // By link, first those of the map, then the sides of wedges: the crossing with the lowest
+    // level.
     std::vector<std::uint32_t> firstCrossing;
 
     Frame frame;

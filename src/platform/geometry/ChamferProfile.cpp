@@ -13,8 +13,9 @@ namespace zelvo::geometry {
 
 namespace {
 
-constexpr double kProfileError = 0.03; // scene units between the profile and its bands
-constexpr double kMinBand = 0.01;      // of the width; narrower bands are left out
+// scene units; largest distance between the profile and its bands
+constexpr double kProfileError = 0.03;
+constexpr double kMinBand = 0.01; // share of the width; narrower bands are left out
 
 BezierPath straightProfile() {
     BezierPath path;
@@ -23,7 +24,7 @@ BezierPath straightProfile() {
     return path;
 }
 
-// From the wall's rim (1, 0) to the face's (0, 1), never turning back in x, both ends in place.
+// From the edge of the wall (1, 0) to the edge of the face (0, 1). x never turns back.
 FlatContour climb(const BezierPath& path, double flatness) {
     FlatContour contour = flattenOpen(path, flatness);
     if (contour.size() < 2)
@@ -52,7 +53,7 @@ ChamferProfile::ChamferProfile()
     : levels(1) {}
 
 ChamferProfile::ChamferProfile(const BezierPath& path, double width, double height) {
-    // The normal of a direction in the unit square, once that is stretched to width and height.
+    // The normal of a direction in the unit square after stretching it to width and height.
     const auto normalOf = [width, height](glm::dvec2 direction) {
         const glm::dvec2 normal =
             glm::normalize(glm::dvec2(direction.y * height, -direction.x * width));

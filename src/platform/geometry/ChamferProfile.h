@@ -8,23 +8,24 @@
 
 namespace zelvo::geometry {
 
-/// A chamfer's cross-section over the distance to the outline, as straight bands from the rim of
-/// the side wall (level 0, distance 0, height 0) to the rim of the face (the last level). All
-/// lengths are scene units.
+/// The cross-section of a chamfer, as a function of the distance to the outline. It is made of
+/// straight bands, from the edge of the side wall (level 0: distance 0, height 0) to the edge of
+/// the face (the last level). Lengths are in scene units.
 class ChamferProfile {
 public:
-    /// Where the surface stands and where it faces: the parts of its unit normal away from the
-    /// solid, in plan, and up.
+    /// Height and unit normal of the surface. The normal has two parts: away from the solid (seen
+    /// from the front) and up.
     struct Surface {
         double height = 0;
         double outward = 0;
         double up = 1;
-        double arc = 0; ///< length of the cross-section from the rim of the wall
+        double arc = 0; ///< length of the cross-section up to here
     };
 
-    /// No chamfer: level 0 alone, at height 0.
+    /// No chamfer: only level 0, at height 0.
     ChamferProfile();
-    /// The path as ExtrusionOptions tells; `width` in plan, `height` along z, both > 0.
+    /// The path is that of ExtrusionOptions. `width` is seen from the front, `height` along z; both
+    /// > 0.
     ChamferProfile(const BezierPath& path, double width, double height);
 
     [[nodiscard]] std::size_t levelCount() const { return levels.size(); }
@@ -35,7 +36,7 @@ public:
 
     [[nodiscard]] double height() const { return levels.back().height; }
 
-    /// The surface at a distance within the band between a level and the next one.
+    /// The surface at a distance between a level and the next one.
     [[nodiscard]] Surface surfaceAt(std::size_t band, double distance) const;
 
 private:
@@ -49,7 +50,7 @@ private:
         double height = 0;
         double arc = 0;
         Direction below; ///< the normal at the upper end of the band below
-        Direction above; ///< and at the lower end of the band above
+        Direction above; ///< the normal at the lower end of the band above
     };
 
     std::vector<Level> levels;

@@ -32,8 +32,7 @@ public:
 
     [[nodiscard]] const Outline& outline() const { return outline_; }
 
-    /// Made on the first call: solids without a chamfer seldom need it. Null if the outline allows
-    /// none.
+    /// Made on the first call, because only chamfers need it. Null if the outline allows none.
     [[nodiscard]] const MedialMap* map() const {
         std::call_once(mapMade, [this] { result = makeMedialMap(outline_); });
         return result.isValid ? &result.map : nullptr;
@@ -51,11 +50,11 @@ private:
 
 namespace {
 
-constexpr double kMinChamfer = 0.02; // scene units; less is not seen
+constexpr double kMinChamfer = 0.02; // scene units; smaller ones are invisible
 
 using Triangle = ChamferMesh::Triangle;
 
-// The pieces of a solid's front half before they become one mesh.
+// The parts of a solid's front half, before they become one mesh.
 struct Front {
     ChamferMesh chamfer;
     std::vector<Triangle> face;
@@ -74,7 +73,7 @@ ChamferMesh plainRim(const Outline& outline) {
 
 Front makeFront(const OutlineSkeleton& skeleton, const ChamferProfile& profile) {
     const MedialMap* map = profile.levelCount() > 1 ? skeleton.map() : nullptr;
-    // Without a map there is no chamfer, but still a solid.
+    // Without a map the solid has no chamfer.
     const ChamferProfile used = map != nullptr ? profile : ChamferProfile();
     const auto makeChamfer = [&](ChamferMesher::Faces faces) {
         return ChamferMesher(skeleton.outline(), *map, used, skeleton.textureScale).build(faces);
@@ -126,14 +125,15 @@ private:
         return static_cast<std::uint32_t>(mesh.vertices.size());
     }
 
-    // Counter-clockwise seen from the front; `side` -1 turns it for the back.
+    // Corners are counter-clockwise from the front. With `side` -1 the triangle is turned for the
+    // back.
     void addTriangle(Triangle corners, int side) {
         if (side < 0)
             std::swap(corners[1], corners[2]);
         mesh.indices.insert(mesh.indices.end(), corners.begin(), corners.end());
     }
 
-    // The picture on a face stands upright and unmirrored to whoever looks at the face.
+    // A picture on a face is upright and not mirrored, also on the back.
     void writeFace(int side) {
         std::vector<std::uint32_t> vertexOf(front.chamfer.points.size(), UINT32_MAX);
         const auto vertexAt = [&](std::uint32_t point) {
@@ -169,8 +169,8 @@ private:
         }
     }
 
-    // The wall over the piece that starts at a corner. At a smooth joint it goes on from the wall
-    // before.
+    // The wall over the piece that starts at a corner. At a smooth joint it shares vertices with
+    // the wall before.
     void writeWall(std::uint32_t index, bool hasWallBefore) {
         const std::vector<OutlineCorner>& corners = skeleton.outline().corners;
         const OutlineCorner& start = corners[index];

@@ -17,37 +17,35 @@ namespace zelvo::geometry {
 ///        |    |              |
 ///        |     \____________/     back chamfer, back face
 ///
-/// The solid is centred on z = 0. Along z a chamfer takes the smaller of chamferRadius and half the
-/// depth. The profile runs in the unit square from (0, 1) to (1, 0): x grows from the rim of the
-/// face to the outline, y from the end of the side wall to the face, both in units of what the
-/// chamfer takes. Where a stroke is thinner than twice the radius the two chamfers meet in a ridge
-/// below the height of the face.
+/// The solid is centred on z = 0. Along z, a chamfer takes the smaller of chamferRadius and half
+/// the depth. The profile goes from (0, 1) to (1, 0) in the unit square: x from the edge of the
+/// face to the outline, y from the end of the side wall to the face. Where a stroke is thinner than
+/// twice the radius, the two chamfers meet in a ridge that is lower than the face.
 struct ExtrusionOptions {
     float depth = 1;         ///< scene units, > 0
-    float chamferRadius = 0; ///< scene units, >= 0; 0 makes no chamfer elements
+    float chamferRadius = 0; ///< scene units, >= 0; 0 = no chamfer elements
     float flatness = 0.1f;   ///< largest distance between a curve and its chords, scene units, > 0
-    BezierPath
-        chamferProfile; ///< one open contour; empty means the straight line from (0, 1) to (1, 0)
+    /// One open contour; empty means the straight line from (0, 1) to (1, 0).
+    BezierPath chamferProfile;
 };
 
-/// What is found out about an outline once and serves every depth, radius and profile after: its
-/// flattened non-zero union and the map of which boundary piece is nearest to each inner point.
+/// What is computed once for an outline and used for every depth, radius and profile: the flattened
+/// union of its contours (non-zero), and the map of the nearest boundary piece.
 class OutlineSkeleton;
 
-/// Never fails: an outline that holds no area gives a skeleton whose solid is empty.
+/// Never fails: an outline without area gives an empty solid.
 [[nodiscard]] std::shared_ptr<const OutlineSkeleton>
 makeSkeleton(const BezierPath& outline, float flatness);
 
-/// A closed solid with the elements front, back, sides and, with a chamfer, front chamfer, back
-/// chamfer, in this order (always 3 or 5 elements, also when empty). Normals are smooth along
-/// curves and broken at corners; texture coordinates run over the outline's bounding box on the
-/// faces (0 to 1 over the larger side, the same scale on both axes) and by arc length and depth on
-/// the sides, at the same scale, so that a texture has one size all over.
+/// A closed solid. Its elements are front, back, sides and, with a chamfer, front chamfer, back
+/// chamfer (always 3 or 5 elements, even if empty). Normals are smooth along curves and broken at
+/// corners. Texture coordinates of the faces cover the outline's bounding box (0 to 1 over the
+/// larger side, same scale on both axes). Those of the sides follow arc length and depth at the
+/// same scale, so that a texture has one size everywhere.
 [[nodiscard]] Mesh extrude(const OutlineSkeleton& skeleton, const ExtrusionOptions& options);
 [[nodiscard]] Mesh extrude(const BezierPath& outline, const ExtrusionOptions& options);
 
-/// The area enclosed, in square units, and the side walls' total length: what tests hold solids
-/// against.
+/// The enclosed area in square units, and the total length of the side walls. For tests.
 [[nodiscard]] float areaOf(const OutlineSkeleton& skeleton);
 [[nodiscard]] float perimeterOf(const OutlineSkeleton& skeleton);
 

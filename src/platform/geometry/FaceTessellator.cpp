@@ -13,7 +13,7 @@ namespace {
 using Side = std::array<std::uint32_t, 2>;
 using Triangle = std::array<std::uint32_t, 3>;
 
-// What the tessellator's calls collect. Its vertices are passed as pointers into `ids`.
+// Collects the tessellator's output. Vertices are passed as pointers into `ids`.
 struct Collector {
     std::vector<std::uint32_t> corners;
     bool hasFailed = false;
@@ -23,7 +23,7 @@ void GLAPIENTRY collectVertex(void* vertex, void* collector) {
     static_cast<Collector*>(collector)->corners.push_back(*static_cast<std::uint32_t*>(vertex));
 }
 
-// Asked where sides meet: the same corner met twice is fine, a new corner is not.
+// Called where sides meet. A corner that is met twice is fine; a new corner is not.
 void GLAPIENTRY combine(
     GLdouble* /*position*/, void** vertices, GLfloat* /*weights*/, void** result, void* collector) {
     *result = vertices[0];
@@ -37,7 +37,7 @@ void GLAPIENTRY reportError(GLenum /*error*/, void* collector) {
     static_cast<Collector*>(collector)->hasFailed = true;
 }
 
-// Its presence makes the tessellator give single triangles.
+// With this callback, the tessellator gives single triangles.
 void GLAPIENTRY ignoreEdgeFlag(GLboolean /*flag*/, void* /*collector*/) {}
 
 std::unique_ptr<GLUtesselator, decltype(&gluDeleteTess)> makeTessellator() {
@@ -55,7 +55,7 @@ std::unique_ptr<GLUtesselator, decltype(&gluDeleteTess)> makeTessellator() {
     return tess;
 }
 
-// Chains the sides to loops, each given by its corners.
+// Joins the sides to loops, each given by its corners.
 std::vector<std::vector<std::uint32_t>> loopsOf(std::span<const Side> sides) {
     std::vector<Side> byStart(sides.begin(), sides.end());
     std::sort(byStart.begin(), byStart.end());
@@ -82,7 +82,7 @@ std::vector<std::vector<std::uint32_t>> loopsOf(std::span<const Side> sides) {
     return loops;
 }
 
-// The triangles' outer sides are the figure's sides, each exactly once.
+// Whether the outer sides of the triangles are exactly the sides of the figure.
 bool doSidesMatch(std::span<const Triangle> triangles, std::span<const Side> sides) {
     std::vector<Side> open;
     std::vector<Side> closing;

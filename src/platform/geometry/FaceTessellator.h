@@ -11,9 +11,9 @@
 
 namespace zelvo::geometry {
 
-/// Fills a plane figure, given by its directed sides (the inside on their left), with triangles
-/// over the same corners: none added, none left out, so that the figure fits whatever else ends on
-/// its sides. Absent where that is not possible because sides cross.
+/// Fills a figure with triangles. The figure is given by its directed sides, with the inside on the
+/// left. The triangles use exactly the given corners, so that they fit what else ends on those
+/// sides. Returns nothing if that is impossible because sides cross.
 [[nodiscard]] std::optional<std::vector<std::array<std::uint32_t, 3>>> tessellateFace(
     std::span<const glm::dvec2> points, std::span<const std::array<std::uint32_t, 2>> sides);
 

@@ -15,10 +15,11 @@ namespace zelvo::geometry {
 namespace {
 
 constexpr int kMaxPieces = 64;
-constexpr double kMaxTurn = std::numbers::pi / 4; // of a curve within one chord: shading shows more
-constexpr double kMinStep = 0.004;                // scene units; points nearer than this are one
+// of a curve within one chord: larger turns show in the shading
+constexpr double kMaxTurn = std::numbers::pi / 4;
+constexpr double kMinStep = 0.004; // scene units; nearer points are merged
 
-// The line, quadratic or cubic curve of 2 to 4 control points.
+// A line, quadratic or cubic curve, as 2 to 4 control points.
 using Curve = std::span<const glm::dvec2>;
 
 glm::dvec2 unitOrZero(glm::dvec2 v) {
@@ -26,7 +27,7 @@ glm::dvec2 unitOrZero(glm::dvec2 v) {
     return length > 1e-12 ? v / length : glm::dvec2(0);
 }
 
-// De Casteljau: the point at t; the direction is that of the last two intermediate points.
+// De Casteljau: the point at t. The direction is that of the last two intermediate points.
 struct CurvePoint {
     glm::dvec2 position;
     glm::dvec2 direction;
@@ -69,8 +70,8 @@ double turnBetween(glm::dvec2 a, glm::dvec2 b) {
     return std::abs(std::atan2(a.x * b.y - a.y * b.x, glm::dot(a, b)));
 }
 
-// Wang's bound: a curve of degree n with second differences of at most M strays from k equal
-// pieces' chords by no more than n (n - 1) M / (8 k^2).
+// Wang's bound: if the second differences of a curve of degree n are at most M, the chords of k
+// equal pieces are at most n (n - 1) M / (8 k^2) away from the curve.
 int pieceCount(Curve curve, double flatness) {
     if (curve.size() == 2)
         return 1;
@@ -92,7 +93,7 @@ bool isUsable(glm::dvec2 point) {
            std::max(std::abs(point.x), std::abs(point.y)) <= kMaxCoordinate;
 }
 
-// Takes a path's elements one after another and keeps the contours.
+// Takes the elements of a path one by one and collects the contours.
 class Flattener {
 public:
     explicit Flattener(double flatness_)
@@ -173,8 +174,8 @@ private:
     bool isSound = true;
 };
 
-// Joins the contour's end with its start: drops the end if it lies on the start, else draws the
-// closing line.
+// Joins a contour's end to its start: drops the last point if it equals the first, otherwise adds
+// the closing line.
 void closeContour(FlatContour& contour) {
     FlatVertex& first = contour.front();
     FlatVertex& last = contour.back();

@@ -9,8 +9,8 @@
 
 namespace zelvo::geometry {
 
-/// A corner of a polyline that stands for a curve, with the curve's own direction before and behind
-/// it (unit length; zero where a contour has no such side).
+/// A corner of a flattened curve, with the curve's direction before and after it (unit length; zero
+/// at an open end).
 struct FlatVertex {
     glm::dvec2 position{};
     glm::dvec2 directionIn{};
@@ -19,12 +19,11 @@ struct FlatVertex {
 
 using FlatContour = std::vector<FlatVertex>;
 
-/// The polylines of a path, none of them repeating a point. No chord is further than `flatness`
-/// from its curve. Contours that hold a coordinate that is not finite or beyond kMaxCoordinate
-/// are left out.
+/// The polylines of a path; no point is repeated. Chords are at most `flatness` away from their
+/// curve. A contour with a coordinate that is not finite or beyond kMaxCoordinate is left out.
 [[nodiscard]] std::vector<FlatContour> flatten(const BezierPath& path, double flatness);
 
-/// The same for one open contour: its ends have one direction each and stay apart.
+/// The same for one open contour: its ends are not joined.
 [[nodiscard]] FlatContour flattenOpen(const BezierPath& path, double flatness);
 
 constexpr double kMaxCoordinate = 1 << 18; ///< scene units

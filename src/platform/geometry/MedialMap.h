@@ -12,18 +12,16 @@
 namespace zelvo::geometry {
 
 /// Which piece or reflex corner of an outline is nearest to each inner point: the inner half of the
-/// segment Voronoi diagram. Every cell lies between its site and a chain of straight links; two
-/// cells that meet share the links, so that whatever is cut out of one cell fits its neighbour to
-/// the bit.
+/// segment Voronoi diagram. A cell lies between its site and a chain of straight links. Two cells
+/// that meet share the links, so that parts cut from both fit exactly.
 ///
 ///          c2 ___ c3
-///           _/   \        a piece's cell: the points whose foot is on the piece. Seen from the
-///           piece it
-///      c1 _/      \ c4    has one height over each foot.
+///           _/   \        a piece's cell: the points whose foot is on the piece
+///      c1 _/      \ c4    each foot has one height
 ///        |         \                                        .
 ///     c0 o----------o c5  c0 and c5 are the piece's ends
 ///
-/// A reflex corner's cell is the fan between the perpendiculars of its two pieces; it begins and
+/// A reflex corner's cell is the fan between the perpendiculars of its two pieces. It starts and
 /// ends in the corner.
 struct MedialMap {
     struct Point {
@@ -31,18 +29,18 @@ struct MedialMap {
         double distance = 0; ///< to the outline, scene units
     };
 
-    /// One corner of a cell's chain and the link to the next one.
+    /// A corner of a cell's chain, and the link to the next corner.
     struct Step {
         std::uint32_t point = 0;
-        std::uint32_t link = 0; ///< kNoLink behind the last
+        std::uint32_t link = 0; ///< kNoLink for the last corner
     };
 
     enum class Site : std::uint8_t { piece, corner };
 
     struct Cell {
         Site site = Site::piece;
-        std::uint32_t corner =
-            0; ///< the outline's corner: where the piece starts, or the reflex corner
+        /// The outline's corner: where the piece starts, or the reflex corner.
+        std::uint32_t corner = 0;
         std::uint32_t firstStep = 0; ///< the chain, in the outline's direction of travel
         std::uint32_t stepCount = 0;
     };
@@ -55,7 +53,7 @@ struct MedialMap {
     std::vector<Cell> cells;
 };
 
-/// Fails (false) on what the diagram cannot hold, such as pieces that cross.
+/// `isValid` is false if the outline has no map, for example because pieces cross.
 struct MedialMapResult {
     MedialMap map;
     bool isValid = false;

@@ -13,11 +13,11 @@ namespace zelvo::geometry {
 
 namespace {
 
-constexpr double kMergeDistance = 3e-4; // scene units; nearer vertices are one
-constexpr double kChordError =
-    0.05; // scene units, of curved edges and of the distance along straight ones
-constexpr double kMaxFanAngle =
-    std::numbers::pi / 10; // that one link may cover, seen from a reflex corner
+constexpr double kMergeDistance = 3e-4; // scene units; nearer vertices are merged
+// Scene units; for curved edges, and for the distance along straight ones.
+constexpr double kChordError = 0.05;
+// The largest angle of one link, seen from a reflex corner (radians).
+constexpr double kMaxFanAngle = std::numbers::pi / 10;
 constexpr int kMaxPieces = 24;
 constexpr std::uint32_t kNone = UINT32_MAX;
 
@@ -70,7 +70,7 @@ std::size_t MedialMapBuilder::indexOf(const Vertex* vertex) const {
     return static_cast<std::size_t>(vertex - diagram.vertices().data());
 }
 
-// The corner of a corner's cell, or the one at which a piece's cell starts.
+// The corner of a corner's cell, or the start of a piece.
 std::uint32_t MedialMapBuilder::cornerOf(const Diagram::cell_type& cell) const {
     const auto piece = static_cast<std::uint32_t>(cell.source_index());
     const bool isEnd = cell.source_category() == boost::polygon::SOURCE_CATEGORY_SEGMENT_END_POINT;
@@ -83,7 +83,7 @@ double MedialMapBuilder::distanceToSite(glm::dvec2 point, const Diagram::cell_ty
     return cell.contains_point() ? glm::length(arm) : std::abs(cross(corner.direction, arm));
 }
 
-// The diagram has a vertex in every corner of the outline.
+// The diagram has a vertex at every corner of the outline.
 bool MedialMapBuilder::findCornerVertices() {
     const bool areFound =
         std::all_of(diagram.cells().begin(), diagram.cells().end(), [this](const auto& cell) {
@@ -128,8 +128,8 @@ bool MedialMapBuilder::findCells() {
         });
 }
 
-// Walks round the cell from the site's end to its start: on the inside, since the inside lies on
-// the left.
+// Walks around the cell from the site's end to its start. The inside is on the left, so this stays
+// inside.
 bool MedialMapBuilder::addCell(
     MedialMap::Site site, std::uint32_t from, std::uint32_t to, const Edge* start) {
     const Edge* edge = start;
@@ -165,8 +165,8 @@ std::size_t MedialMapBuilder::rootOf(std::size_t vertex) {
     return vertex;
 }
 
-// Edges too short for single precision vanish, but those that end in the outline: each piece keeps
-// a cell of its own.
+// Merges the ends of edges that are too short for single precision, except edges that end in the
+// outline, because each piece keeps its own cell.
 void MedialMapBuilder::mergeNearVertices() {
     for (std::uint32_t corner = 0; corner < vertexOfCorner.size(); ++corner) {
         pointOfVertex[indexOf(vertexOfCorner[corner])] = corner;
@@ -192,16 +192,16 @@ std::uint32_t MedialMapBuilder::pointOf(const Vertex* vertex) {
     if (pointOfVertex[root] == kNone) {
         const Vertex& kept = diagram.vertices()[root];
         const glm::dvec2 position = positionOf(&kept);
-        // Where vertices were merged, the edge's site need not be the root's.
+        // After merging, the edge's site can differ from the root's.
         const Edge* own = kept.incident_edge();
         pointOfVertex[root] = addPoint(position, distanceToSite(position, *own->cell()));
     }
     return pointOfVertex[root];
 }
 
-// A point and a piece are as far from each point of a parabola. With x along the piece from the
-// point's foot and p the point's height over it, y = (x^2 + p^2) / (2 p), and a chord of width w
-// strays by w^2 / (8 p).
+// The points with equal distance to a point and to a piece form a parabola. If x runs along the
+// piece from the point's foot and p is the point's height over it, then y = (x^2 + p^2) / (2 p),
+// and a chord of width w is at most w^2 / (8 p) away.
 void MedialMapBuilder::appendParabola(const Edge* edge, std::uint32_t corner, std::uint32_t piece) {
     const OutlineCorner& line = outline.corners[piece];
     const glm::dvec2 focus = outline.corners[corner].position;
@@ -223,8 +223,8 @@ void MedialMapBuilder::appendParabola(const Edge* edge, std::uint32_t corner, st
     }
 }
 
-// A straight edge, but the distance along it is a hyperbola: sqrt(h^2 + t^2), whose chord over w
-// strays by w^2 / (8 h).
+// The edge is straight, but the distance along it is a hyperbola sqrt(h^2 + t^2). A chord of width
+// w is at most w^2 / (8 h) away.
 void MedialMapBuilder::appendBetweenCorners(const Edge* edge, std::uint32_t corner) {
     const glm::dvec2 focus = outline.corners[corner].position;
     const glm::dvec2 a = positionOf(edge->vertex0());
@@ -284,8 +284,8 @@ void MedialMapBuilder::writeCell(const RawCell& raw) {
     for (std::uint32_t e = raw.edgeCount; e-- > 0;) {
         const Edge* edge = cellEdges[raw.firstEdge + e];
         const Polyline& line = polylineOf(edge);
-        // The cell's edges run against the direction of travel, so an odd edge's even half runs
-        // along it.
+        // The cell's edges run against the outline's direction, so the even half of an odd edge
+        // runs along it.
         const bool isAlong = indexOf(edge) % 2 == 1;
         for (std::uint32_t i = 0; i + 1 < line.pointCount; ++i) {
             const std::uint32_t link = isAlong ? i : line.pointCount - 2 - i;

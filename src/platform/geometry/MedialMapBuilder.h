@@ -12,8 +12,9 @@ namespace zelvo::geometry {
 
 using Diagram = boost::polygon::voronoi_diagram<double>;
 
-/// Turns a finished diagram into a MedialMap, step by step. Indices of the diagram's edges and
-/// vertices are offsets into its own arrays; an edge and its twin differ in the last bit of theirs.
+/// Builds a MedialMap from a finished Voronoi diagram, step by step. Indices of edges and vertices
+/// are offsets in the diagram's arrays. An edge and its twin differ only in the last bit of the
+/// index.
 class MedialMapBuilder {
 public:
     MedialMapBuilder(const Outline& outline, const Diagram& diagram);
@@ -24,15 +25,15 @@ private:
     using Edge = Diagram::edge_type;
     using Vertex = Diagram::vertex_type;
 
-    /// A cell and where its edges stand in cellEdges, counter-clockwise: against the direction of
-    /// travel.
+    /// A cell and the range of its edges in cellEdges, counter-clockwise (against the outline's
+    /// direction).
     struct RawCell {
         MedialMap::Cell cell;
         std::uint32_t firstEdge = 0;
         std::uint32_t edgeCount = 0;
     };
 
-    /// The points of an edge from its even half's start to its end.
+    /// The points of an edge, from the start of its even half to the end.
     struct Polyline {
         std::uint32_t firstPoint = 0;
         std::uint32_t pointCount = 0;
@@ -61,7 +62,7 @@ private:
     const Outline& outline;
     const Diagram& diagram;
     std::vector<const Vertex*> vertexOfCorner;
-    std::vector<std::size_t> parent;          // of the diagram's vertices: those that became one
+    std::vector<std::size_t> parent;          // of the diagram's vertices: joins merged ones
     std::vector<std::uint32_t> pointOfVertex; // by root
     std::vector<RawCell> rawCells;
     std::vector<const Edge*> cellEdges;

@@ -10,7 +10,7 @@
 
 namespace zelvo::geometry {
 
-/// Axis-aligned box; empty while min is above max.
+/// An axis-aligned box. It is empty if min is above max.
 struct Box {
     glm::vec3 min{1e30f};
     glm::vec3 max{-1e30f};
@@ -21,22 +21,22 @@ struct Box {
     void include(const Box& other);
 };
 
-/// One corner as the renderer takes it.
+/// A vertex in the renderer's format.
 struct Vertex {
     glm::vec3 position{};
     glm::vec3 normal{0, 0, 1};
-    glm::vec4 tangent{
-        1, 0, 0, 1}; ///< unit, along growing u; w = +1 or -1 is the handedness of the bitangent
+    /// Unit vector along growing u; w is +1 or -1, the handedness of the bitangent.
+    glm::vec4 tangent{1, 0, 0, 1};
     glm::vec2 uv{};
 };
 
-/// A run of triangles that is drawn with one material.
+/// A range of triangles with one material.
 struct MeshElement {
     std::uint32_t firstIndex = 0;
     std::uint32_t indexCount = 0; ///< a multiple of 3
 };
 
-/// Triangles, counter-clockwise seen from outside.
+/// Triangles are counter-clockwise seen from outside.
 struct Mesh {
     std::vector<Vertex> vertices;
     std::vector<std::uint32_t> indices;

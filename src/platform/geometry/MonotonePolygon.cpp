@@ -27,7 +27,7 @@ std::span<const std::array<std::uint32_t, 3>> MonotoneTriangulator::cut(
             addSameSide(sequence[i]);
         }
     }
-    // The rightmost corner ends both chains: it closes against whatever is left.
+    // The rightmost corner belongs to both chains. It closes whatever is left.
     MonotoneCorner last = sequence.back();
     last.isTop = !stack.back().isTop;
     addOpposite(last);
@@ -49,7 +49,7 @@ void MonotoneTriangulator::merge(
     sequence.push_back(bottom.back());
 }
 
-// The corner sees the whole stack on the other chain.
+// A corner on the other chain sees the whole stack.
 void MonotoneTriangulator::addOpposite(const MonotoneCorner& corner) {
     for (std::size_t i = 0; i + 1 < stack.size(); ++i) {
         if (corner.isTop) {

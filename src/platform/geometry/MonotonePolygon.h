@@ -14,15 +14,15 @@ namespace zelvo::geometry {
 struct MonotoneCorner {
     glm::dvec2 at{};
     std::uint32_t id = 0;
-    bool isTop = false; ///< which of the two chains it belongs to
+    bool isTop = false; ///< whether it belongs to the upper chain
 };
 
-/// Cuts a monotone polygon into triangles of the corners' ids, counter-clockwise. `bottom` holds
-/// the lower chain from the leftmost corner to the rightmost, both included, `top` the upper chain
-/// between them, left to right.
+/// Cuts a monotone polygon into triangles, given as the corners' ids, counter-clockwise. `bottom`
+/// is the lower chain from the leftmost to the rightmost corner, inclusive; `top` is the upper
+/// chain between them, left to right.
 ///
-/// Always n - 2 triangles that use each side once, whatever the positions: a chain that turns back
-/// a little, as rounding can make it, gives a folded triangle, never a hole.
+/// The result is always n - 2 triangles that use each side once. If rounding makes a chain turn
+/// back a little, a triangle is folded, but there is never a hole.
 ///
 /// M. R. Garey, D. S. Johnson, F. P. Preparata, R. E. Tarjan, Triangulating a simple polygon, 1978.
 class MonotoneTriangulator {

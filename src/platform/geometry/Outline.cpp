@@ -16,8 +16,8 @@ namespace zelvo::geometry {
 
 namespace {
 
-constexpr double kSmoothTurn =
-    std::numbers::pi / 6;           // sharper joints of two curves or lines are corners
+// Joints that turn more than this are corners (radians).
+constexpr double kSmoothTurn = std::numbers::pi / 6;
 constexpr double kSpeckArea = 0.02; // square units; smaller loops are dropped
 constexpr int kMaxUnions = 3;
 
@@ -38,8 +38,8 @@ std::uint64_t keyOf(GridPoint point) {
            static_cast<std::uint32_t>(point.y);
 }
 
-// What the path knows about the joints and the union forgets: the direction of the curve through a
-// grid point, zero at a true corner.
+// The direction of the curve through a grid point; zero at a real corner. Taken from the path,
+// because the union does not keep it.
 using Joints = std::unordered_map<std::uint64_t, glm::dvec2>;
 
 Joints jointsOf(const std::vector<FlatContour>& contours) {
@@ -96,7 +96,7 @@ std::vector<GridLoop> uniteContours(const std::vector<FlatContour>& contours) {
             loop.push_back(toGrid(vertex.position));
         }
     }
-    // Rounding can make a union's pieces cross by a grid step; then its union is taken again.
+    // Rounding to the grid can make pieces cross. Then the union is computed again.
     for (int round = 0; round < kMaxUnions; ++round) {
         RepairedLoops repaired = drawApart(unite(toPaths(loops)));
         loops = std::move(repaired.loops);
@@ -130,7 +130,7 @@ void appendLoop(Outline& outline, const GridLoop& loop) {
     outline.perimeter += arc;
 }
 
-// The normal of a joint: the curve's own where it is known, else half-way between the pieces.
+// The normal of a joint: that of the curve if known, else half-way between the two pieces.
 void findJoint(Outline& outline, OutlineCorner& corner, const Joints& joints) {
     const glm::dvec2 in = outline.corners[corner.previous].direction;
     corner.turn = turnFrom(in, corner.direction);
@@ -142,7 +142,7 @@ void findJoint(Outline& outline, OutlineCorner& corner, const Joints& joints) {
     if (known == joints.end() || known->second == glm::dvec2(0)) {
         corner.isSmooth = known == joints.end() && std::abs(corner.turn) < kSmoothTurn;
     } else {
-        // The union may run against the contour, or leave it here for another.
+        // The union may run against the contour, or switch to another one here.
         const double likeness = glm::dot(known->second, direction);
         corner.isSmooth = std::abs(likeness) > 0.8;
         direction = likeness < 0 ? -known->second : known->second;

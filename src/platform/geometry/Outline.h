@@ -10,28 +10,29 @@
 
 namespace zelvo::geometry {
 
-/// Outlines live on an integer grid, on which unions and nearest-piece maps are exact.
+/// Outlines have integer coordinates, so that unions and nearest-piece maps are exact.
 using GridPoint = glm::ivec2;
-constexpr double kGridSteps = 1024; ///< grid steps in a scene unit
+constexpr double kGridSteps = 1024; ///< grid steps per scene unit
 
 using GridLoop = std::vector<GridPoint>;
 
-/// A corner of the outline. The boundary's piece that starts here bears the corner's index.
+/// A corner of the outline. The piece of boundary that starts here has the same index.
 struct OutlineCorner {
     GridPoint grid{};
     glm::dvec2 position{};  ///< scene units
-    glm::dvec2 direction{}; ///< unit, of the piece that starts here
+    glm::dvec2 direction{}; ///< unit vector, of the piece that starts here
     double length = 0;      ///< of the piece that starts here
     double arc = 0;         ///< length of the loop from its first corner to here
-    std::uint32_t next = 0; ///< the loop's neighbours
+    std::uint32_t next = 0; ///< neighbours in the loop
     std::uint32_t previous = 0;
-    glm::dvec2 normal{};   ///< where smooth: the boundary's unit normal, outwards
-    bool isSmooth = false; ///< the joint stands for a curve
-    double turn = 0; ///< radians, positive to the left: a corner of the solid that points outwards
+    glm::dvec2 normal{};   ///< if smooth: unit normal of the boundary, outwards
+    bool isSmooth = false; ///< the joint is part of a curve
+    /// radians, positive to the left; positive means that the solid's corner points outwards
+    double turn = 0;
 };
 
-/// The non-zero union of a path's contours as simple loops, the inside on their left:
-/// counter-clockwise around, clockwise around holes. No corner touches another corner or piece.
+/// The union of a path's contours (non-zero) as simple loops with the inside on their left:
+/// counter-clockwise outside, clockwise around holes. No corner touches another corner or piece.
 struct Outline {
     struct Loop {
         std::uint32_t first = 0;

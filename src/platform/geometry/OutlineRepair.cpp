@@ -13,17 +13,17 @@ namespace zelvo::geometry {
 
 namespace {
 
-constexpr double kContact = 1.5; // grid steps: nearer than this is touching
-constexpr double kStep = 3;      // grid steps that a touching corner moves
+constexpr double kContact = 1.5; // grid steps; nearer corners touch
+constexpr double kStep = 3;      // grid steps by which a touching corner is moved
 constexpr int kMaxRounds = 6;
-constexpr double kStraight =
-    0.75; // grid steps that a corner may stick out of the line of its neighbours
+// Grid steps; a corner nearer to the line of its neighbours is useless.
+constexpr double kStraight = 0.75;
 
 std::int64_t cross(GridPoint a, GridPoint b) {
     return std::int64_t{a.x} * b.y - std::int64_t{a.y} * b.x;
 }
 
-// How far p is from the piece a-b.
+// Distance from p to the piece a-b.
 double distanceToPiece(glm::dvec2 p, glm::dvec2 a, glm::dvec2 b) {
     const glm::dvec2 along = b - a;
     const double square = glm::dot(along, along);
@@ -31,8 +31,7 @@ double distanceToPiece(glm::dvec2 p, glm::dvec2 a, glm::dvec2 b) {
     return glm::distance(p, a + along * t);
 }
 
-// A corner goes if its neighbours' line passes through it, or if it is the tip of a spike without
-// width.
+// A corner is useless if it is on the line of its neighbours or the tip of a spike without width.
 bool isIdle(GridPoint before, GridPoint here, GridPoint after) {
     if (here == before || here == after || before == after)
         return true;
@@ -54,7 +53,7 @@ GridLoop withoutIdleCorners(const GridLoop& loop) {
     return kept;
 }
 
-// A corner that goes can leave its neighbour idle.
+// Dropping a corner can make its neighbour useless.
 void dropIdleCorners(GridLoop& loop) {
     std::size_t before = 0;
     do {
@@ -63,7 +62,7 @@ void dropIdleCorners(GridLoop& loop) {
     } while (loop.size() < before && loop.size() > 2);
 }
 
-// A loop's piece with its bounds, for the sweep.
+// A piece of a loop with its bounds, for the sweep.
 struct Piece {
     std::uint32_t loop;
     std::uint32_t index;
@@ -96,7 +95,7 @@ bool doCross(const Piece& p, const Piece& q) {
     return side(p, q.a) * side(p, q.b) < 0 && side(q, p.a) * side(q, p.b) < 0;
 }
 
-// What the sweep over all pairs of pieces finds.
+// The result of the sweep over all pairs of pieces.
 struct Contacts {
     std::vector<std::vector<char>> touching; // by loop and corner
     bool any = false;
@@ -139,7 +138,7 @@ private:
         markStart(q, p);
     }
 
-    // Does p's start corner touch q? Every corner is the start of one piece.
+    // Marks p's start corner if it touches q. Every corner is the start of one piece.
     void markStart(const Piece& p, const Piece& q) {
         if (p.loop == q.loop) {
             const auto count = static_cast<std::uint32_t>(loops[p.loop].size());
@@ -156,8 +155,8 @@ private:
     Contacts found;
 };
 
-// Towards the side of a corner that is less than half a turn: whatever it touches lies on the other
-// side.
+// Moves a corner to the side where its angle is less than half a turn. What it touches is on the
+// other side.
 GridPoint movedIntoNarrowSide(GridPoint before, GridPoint here, GridPoint after) {
     const glm::dvec2 toBefore = glm::normalize(glm::dvec2(before - here));
     const glm::dvec2 toAfter = glm::normalize(glm::dvec2(after - here));

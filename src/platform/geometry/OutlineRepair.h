@@ -7,10 +7,10 @@
 
 namespace zelvo::geometry {
 
-/// Draws apart what rounding to the grid or the font's own drawing has made touch: corners that lie
-/// on other corners or pieces move by a few grid steps into their own narrow side, which leaves
-/// solid and holes connected as they were. Corners that bend nothing are dropped. Says whether the
-/// loops are free of contact after it.
+/// Separates parts of loops that touch, after rounding to the grid or by the font's drawing. A
+/// corner on another corner or piece is moved a few grid steps into its own narrow side; solid and
+/// holes stay connected as before. Corners in a straight line are dropped. `isClean` tells whether
+/// nothing touches any more.
 struct RepairedLoops {
     std::vector<GridLoop> loops;
     bool isClean = false;

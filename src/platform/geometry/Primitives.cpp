@@ -17,10 +17,10 @@ namespace zelvo::geometry {
 namespace {
 
 constexpr float kPi = std::numbers::pi_v<float>;
-constexpr int kChamferSteps = 5; // pieces of a quarter turn of a box's rounded edge
+constexpr int kChamferSteps = 5; // pieces in a quarter turn of a rounded edge
 
-// A grid of vertices, rows of equal length one under the other. Seen from outside, rows run to the
-// right.
+// A grid of vertices in rows of equal length. Seen from outside, rows go to the right and follow
+// each other downwards.
 class GridWriter {
 public:
     GridWriter(Mesh& mesh_, int columns_)
@@ -30,7 +30,7 @@ public:
 
     void addVertex(const Vertex& vertex) { mesh.vertices.push_back(vertex); }
 
-    // The cells between the rows, but those without area, as at a sphere's poles.
+    // Adds the triangles between the rows, except those without area (at a sphere's poles).
     void finish() {
         const auto count = static_cast<std::uint32_t>(mesh.vertices.size()) - first;
         for (std::uint32_t row = 0; row + 1 < count / columns; ++row) {
@@ -62,7 +62,7 @@ void closeElement(Mesh& mesh) {
     mesh.elements.push_back({0, static_cast<std::uint32_t>(mesh.indices.size())});
 }
 
-// One side of a box: outwards, to the right and down, as seen from outside.
+// One side of a box: the directions outwards, right and down, seen from outside.
 struct BoxSide {
     glm::vec3 outward, right, down;
 };
@@ -79,9 +79,9 @@ constexpr auto kBoxSides = std::to_array<BoxSide>({
 
 // clang-format on
 
-// Where a side's grid has its lines along one axis: the flat part's ends and, over the rounded
-// edges, equal angles up to the 45 degrees at which the next side takes over. The angle leans from
-// the side's normal; `core` is the flat part's place.
+// A grid line of a side along one axis. Lines are at the ends of the flat part and, on the rounded
+// edges, at equal angles up to 45 degrees, where the next side starts. `angle` is measured from the
+// side's normal, `core` is the position on the flat part.
 struct GridLine {
     float core, angle;
 };
@@ -99,8 +99,7 @@ std::vector<GridLine> gridLines(float flatHalf, float radius) {
     return lines;
 }
 
-// The share of a side's width at which a line stands: texture coordinates run over the whole box's
-// side.
+// The position of a line as a share of the side's width. Texture coordinates cover the whole side.
 float shareOf(const GridLine& line, float half, float radius) {
     const float place = line.core + radius * std::tan(line.angle);
     return half > 0 ? 0.5f + 0.5f * place / half : 0.5f;
@@ -114,8 +113,8 @@ void addBoxSide(Mesh& mesh, const BoxSide& side, const glm::vec3& half, float ra
     GridWriter grid(mesh, static_cast<int>(columns.size()));
     for (const GridLine& row : gridLines(halfDown - radius, radius)) {
         for (const GridLine& column : columns) {
-            // On a rounded edge or corner the normal is the ray from the sphere's middle to this
-            // place of a cube.
+            // On a rounded edge or corner, the normal points from the sphere's middle to this point
+            // of a cube.
             const glm::vec3 normal = glm::normalize(
                 side.outward + side.right * std::tan(column.angle) +
                 side.down * std::tan(row.angle));
@@ -159,7 +158,7 @@ Mesh makeSphere(float radius, int segmentCount) {
         const float ring = isPole ? 0 : std::sin(v * kPi);
         for (int column = 0; column <= segmentCount; ++column) {
             const float u = static_cast<float>(column) / static_cast<float>(segmentCount);
-            // The seam closes to the bit; it lies at the back.
+            // The first and last columns are exactly equal. The seam is at the back.
             const float turn = 2 * kPi * static_cast<float>(column % segmentCount) /
                                static_cast<float>(segmentCount);
             const float x = -std::sin(turn);

@@ -5,15 +5,16 @@
 
 namespace zelvo::geometry {
 
-// Solids around the origin, one element each; lengths in scene units.
+// Solids around the origin, each with one element. Lengths in scene units.
 
-/// Chamfered edges are rounded; chamferRadius 0 gives plain corners.
+/// Edges are rounded; chamferRadius 0 gives sharp edges.
 [[nodiscard]] Mesh makeBox(float width, float height, float length, float chamferRadius);
-/// Poles on the y axis; segmentCount >= 3 around, half as many from pole to pole.
+/// The poles are on the y axis. `segmentCount` (at least 3) goes around, half as many from pole to
+/// pole.
 [[nodiscard]] Mesh makeSphere(float radius, int segmentCount);
-/// In the xy plane, facing +z; u to the right, v downwards from the top edge.
+/// In the xy plane, facing +z. u goes right, v goes down from the top edge.
 [[nodiscard]] Mesh makePlane(float width, float height);
-/// Around the y axis.
+/// The axis is y.
 [[nodiscard]] Mesh
 makeTorus(float ringRadius, float pipeRadius, int ringSegments, int pipeSegments);
 

@@ -15,15 +15,15 @@ using Group = std::span<const double>;
 
 constexpr std::string_view kNumberCharacters = "-.0123456789eE";
 
-/// The longest prefix that is a number; not-a-number without one.
+/// The number at the start of a text, as long as possible; NaN if there is none.
 double numberOf(std::string_view token) {
     double value = std::numeric_limits<double>::quiet_NaN();
     (void)std::from_chars(token.data(), token.data() + token.size(), value);
     return value;
 }
 
-/// Splits at separators and before every minus that is not an exponent's. The last number is there
-/// even when it is empty: a command without numbers is one group of one number.
+/// Splits at separators and before every minus sign that is not part of an exponent. The last part
+/// counts even if it is empty: a command without numbers has one group of one number.
 std::vector<double> split(std::string_view text) {
     std::vector<double> values;
     std::string token;
@@ -109,7 +109,7 @@ struct SVGPath::Builders {
     }
 
 private:
-    /// The coordinate that a vertical or horizontal line leaves as it is.
+    /// The coordinate that a vertical or horizontal line does not change.
     static glm::dvec2 kept(const SVGCommand* previous, Coordinates coords) {
         if (previous == nullptr || coords == Coordinates::relative)
             return {};
@@ -117,11 +117,11 @@ private:
     }
 
     struct Mirrored {
-        Kind kind; ///< only a curve of this kind is gone on with smoothly
+        Kind kind; ///< a smooth curve continues only a curve of this kind
         glm::dvec2 SVGCommand::*control;
     };
 
-    /// The control point that goes on as the previous curve ended.
+    /// The first control point of a smooth curve: the last one of the previous curve, mirrored.
     static glm::dvec2 reflected(const SVGCommand* previous, Coordinates coords, Mirrored mirrored) {
         if (previous == nullptr)
             return {};

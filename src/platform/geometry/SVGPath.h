@@ -13,7 +13,7 @@
 
 namespace zelvo::geometry {
 
-/// One segment, in absolute coordinates, y down.
+/// One segment in absolute coordinates, y down.
 struct SVGCommand {
     enum class Kind : std::uint8_t { move, line, cubeCurve, quadCurve, close };
 
@@ -23,13 +23,13 @@ struct SVGCommand {
     Kind type = Kind::move;
 };
 
-/// SVG path data ("M0,0L10,5Z") as a list of segments: the letters M L H V Q T C S in both cases,
-/// and Z. It never fails: other letters separate numbers, a group that is not whole is dropped, and
-/// what is no number becomes not-a-number.
+/// Reads SVG path data ("M0,0L10,5Z") into a list of segments: the letters M L H V Q T C S in both
+/// cases, and Z. It never fails: other letters separate numbers, an incomplete group is dropped,
+/// and a part that is not a number becomes NaN.
 ///
-/// It differs from the standard where that keeps it small: a repeated move stays a move, there are
-/// no arcs, "z" closes nothing, a second point does not start a new number, and what is relative
-/// after Z counts from the origin.
+/// To stay small it differs from the standard: a repeated move stays a move, there are no arcs, "z"
+/// closes nothing, a second decimal point does not start a new number, and relative coordinates
+/// after Z count from the origin.
 class SVGPath {
 public:
     explicit SVGPath(std::string_view data);
@@ -45,13 +45,13 @@ private:
     [[nodiscard]] static const Letter* letterOf(char character);
     void finishCommand();
 
-    Builder builder; ///< makes one command of one group of numbers
+    Builder builder; ///< makes a command from a group of numbers
     Coordinates coords = Coordinates::absolute;
-    std::size_t increment = 2; ///< numbers a group
-    std::string numbers;       ///< what was read since the last letter
+    std::size_t increment = 2; ///< numbers in a group
+    std::string numbers;       ///< read since the last letter
 };
 
-/// The drawable path, y still down. A segment without a point to start from becomes a move.
+/// The path for drawing, still y down. A segment without a start point becomes a move.
 [[nodiscard]] BezierPath bezierPath(std::string_view svgPath);
 
 } // namespace zelvo::geometry

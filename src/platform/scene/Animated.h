@@ -53,8 +53,8 @@ public:
 
 private:
     T model;
-    std::shared_ptr<T>
-        presentedValue; ///< shared with running animations, which may outlive the property
+    /// Shared with running animations, which can live longer than the property.
+    std::shared_ptr<T> presentedValue;
     std::shared_ptr<int> generation = std::make_shared<int>(0); ///< incremented by each assignment
 };
 

@@ -29,8 +29,8 @@ public:
     /// stage uses it for nodes that it did not make.
     std::uint32_t shadowCasterMask = 0;
     SCNShadowMode shadowMode = SCNShadowMode::forward;
-    image::Color shadowColor{
-        0, 0, 0, 0.5f};     ///< alpha is how much of the light a full shadow takes away
+    /// Alpha is the share of the light that a full shadow takes away.
+    image::Color shadowColor{0, 0, 0, 0.5f};
     float shadowRadius = 3; ///< softness, in texels of the shadow map
     int shadowMapSize = 1024;
 

@@ -27,8 +27,8 @@ public:
     using Contents = std::variant<std::monostate, image::Color, float, image::ImagePtr, CubeImages>;
 
     Contents contents;
-    float intensity =
-        1; ///< multiplies what the contents give (for `normal`: blends towards the flat normal)
+    /// Multiplies the contents; for `normal`, 0 is flat and 1 the full map.
+    float intensity = 1;
     SCNWrapMode wrapS = SCNWrapMode::clamp;
     SCNWrapMode wrapT = SCNWrapMode::clamp;
     glm::mat4 contentsTransform{1}; ///< applied to (u, v, 0, 1)
