@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "node/Node.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/scene/SCNSceneRenderer.h"
-
-#include <vector>
 
 namespace zelvo::actions {
 
@@ -19,9 +16,7 @@ public:
     /// Whether the timeline runs, so that actions are recorded. Any thread.
     [[nodiscard]] virtual bool isPlaying() const = 0;
 
-    /// The nodes that the next action works on.
-    [[nodiscard]] virtual const std::vector<core::NodePtr>& affectedNodes() const = 0;
-    /// The base duration of every catalogue action at the present speed, seconds.
+    /// The base duration of animations at the present speed, seconds.
     [[nodiscard]] virtual double animationFactor() const = 0;
 
     /// The one that shows the scene; null if none does.

@@ -103,8 +103,7 @@ class Hand {
 public:
     Hand(const Performance& score, Engine& played)
         : performance(score)
-        , engine(played)
-        , usualSpeed(score.speed ? speedTitled(*score.speed) : engine.model().animationRatio) {}
+        , engine(played) {}
 
     /// All cues up to the clock's time that have not been pressed yet.
     void pressDue(double time) {
@@ -171,22 +170,26 @@ private:
     }
 
     void act(const Press& cue) {
-        auto& model = engine.model();
-        model.setAffectedNodes(nodesOf(cue));
-        model.animationRatio = cue.speed ? speedTitled(*cue.speed) : usualSpeed;
         const auto* const tab = catalogue::tabNamed(cue.tab);
         CHECK(tab != nullptr, "no tab is called {}", cue.tab);
         const auto buttons = tab->buttons();
         const auto button = std::ranges::find(buttons, cue.title, &catalogue::Button::title);
         CHECK(button != buttons.end(), "no button of tab {} is called {}", cue.tab, cue.title);
-        button->beganFunc(controller());
-        if (cue.held) {
-            later.emplace(now + *cue.held, [this, held = *button, nodes = model.affectedNodes()] {
-                engine.model().setAffectedNodes(nodes);
-                held.endFunc(controller());
-            });
-        }
-        model.animationRatio = usualSpeed;
+        auto context = contextOf(cue);
+        button->beganFunc(context);
+        if (!cue.held)
+            return;
+        context.animationFactor = engine.model().animationFactor();
+        later.emplace(now + *cue.held, [held = *button, context] { held.endFunc(context); });
+    }
+
+    [[nodiscard]] catalogue::PressContext contextOf(const Press& cue) {
+        const auto& model = engine.model();
+        return {
+            .controller = model.actionController(),
+            .affectedNodes = nodesOf(cue),
+            .animationFactor = cue.speed ? core::speedOf(speedTitled(*cue.speed)).animationFactor
+                                         : model.animationFactor()};
     }
 
     [[nodiscard]] std::vector<core::NodePtr> nodesOf(const Press& cue) {
@@ -207,7 +210,6 @@ private:
 
     const Performance& performance;
     Engine& engine;
-    core::AnimationRatio usualSpeed;
     /// By seconds of the movie; what comes at one time, in the order of the cues.
     std::multimap<double, std::function<void()>> later;
     double now = 0; ///< of the cue at hand, seconds of the movie
@@ -223,6 +225,8 @@ setUp(const Performance& performance, const std::filesystem::path& folder, Engin
         return styled;
     if (performance.duration)
         model.setDuration(*performance.duration);
+    if (performance.speed)
+        model.animationRatio = speedTitled(*performance.speed);
     if (performance.scene)
         model.setScene(sceneIndexOf(*performance.scene));
     if (performance.background)

@@ -20,7 +20,7 @@ using scene::SCNAction;
 
 constexpr auto kBackKey = "camBackToNormal";
 
-using Press = std::function<void(ActionController&, int identifier)>;
+using Press = std::function<void(const PressContext&, int identifier)>;
 
 /// A press and a release that are one user act.
 Button heldButton(std::string_view label, std::string_view title, Press press, Press release) {
@@ -29,17 +29,23 @@ Button heldButton(std::string_view label, std::string_view title, Press press, P
         .face = {.label = label},
         .title = title,
         .beganFunc =
-            [box, press = std::move(press)](ActionController& controller) {
-                *box = controller.newIdentifier();
-                press(controller, *box);
+            [box, press = std::move(press)](const PressContext& context) {
+                *box = context.controller.newIdentifier();
+                press(context, *box);
             },
         .endFunc = [box, release = std::move(release)](
-                       ActionController& controller) { release(controller, *box); }};
+                       const PressContext& context) { release(context, *box); }};
 }
 
 Button firedButton(
-    std::string_view label, std::string_view title, std::function<void(ActionController&)> fire) {
-    return {.face = {.label = label}, .title = title, .beganFunc = std::move(fire), .endFunc = {}};
+    std::string_view label,
+    std::string_view title,
+    void (*fire)(const PressContext&, std::string_view title)) {
+    return {
+        .face = {.label = label},
+        .title = title,
+        .beganFunc = [fire, title](const PressContext& context) { fire(context, title); },
+        .endFunc = {}};
 }
 
 void camBackToNormal(ActionController& controller, int identifier, const Pace& pace) {
@@ -59,8 +65,9 @@ Button zoomButton() {
     return heldButton(
         "Zoom",
         kTitle,
-        [](ActionController& controller, int identifier) {
-            const Pace pace{0.15 * controller.model().animationFactor(), actions::linearTiming};
+        [](const PressContext& context, int identifier) {
+            ActionController& controller = context.controller;
+            const Pace pace{0.15 * context.animationFactor, actions::linearTiming};
             controller.addAction(
                 [node = controller.nodes.cameraSpecialPerspectiveNode, pace] {
                     node->removeActionForKey(kBackKey);
@@ -70,12 +77,11 @@ Button zoomButton() {
                 kTitle,
                 RegisterUndo::yes);
         },
-        [](ActionController& controller, int identifier) {
+        [](const PressContext& context, int identifier) {
             camBackToNormal(
-                controller,
+                context.controller,
                 identifier,
-                {controller.model().animationFactor(),
-                 actions::bezierTiming(0.44f, 0.66f, 0.22f, 0.99f)});
+                {context.animationFactor, actions::bezierTiming(0.44f, 0.66f, 0.22f, 0.99f)});
         });
 }
 
@@ -94,7 +100,8 @@ Button halfButton(const HalfView& view) {
     return heldButton(
         view.label,
         view.title,
-        [view](ActionController& controller, int identifier) {
+        [view](const PressContext& context, int identifier) {
+            ActionController& controller = context.controller;
             controller.addAction(
                 [node = controller.nodes.cameraSpecialPerspectiveNode, view] {
                     node->removeActionForKey(kBackKey);
@@ -105,35 +112,19 @@ Button halfButton(const HalfView& view) {
                 std::string(view.title),
                 RegisterUndo::yes);
         },
-        [](ActionController& controller, int identifier) {
-            camBackToNormal(controller, identifier, {0, actions::linearTiming});
+        [](const PressContext& context, int identifier) {
+            camBackToNormal(context.controller, identifier, {0, actions::linearTiming});
         });
 }
 
 } // namespace
 
 std::vector<Button> showCam() {
-    constexpr auto kQuake = "Quake Cam";
-    constexpr auto kTurbulence = "Turbulence Cam";
-    constexpr auto kShake = "Shake Cam";
     return {
         zoomButton(),
-        firedButton(
-            "Quake",
-            kQuake,
-            [](ActionController& controller) {
-                quakeCam(controller, controller.model().animationFactor(), kQuake);
-            }),
-        firedButton(
-            "Turb",
-            kTurbulence,
-            [](ActionController& controller) { turbulence(controller, kTurbulence); }),
-        firedButton(
-            "Shake",
-            kShake,
-            [](ActionController& controller) {
-                shortZoomWiggle(controller, controller.model().animationFactor(), kShake);
-            }),
+        firedButton("Quake", "Quake Cam", quakeCam),
+        firedButton("Turb", "Turbulence Cam", turbulence),
+        firedButton("Shake", "Shake Cam", shortZoomWiggle),
         halfButton(kHalfLeft),
         halfButton(kHalfRight),
     };

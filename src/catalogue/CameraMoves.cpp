@@ -91,14 +91,17 @@ CAKeyframeAnimation turbulent(const Turbulence& t) {
 
 } // namespace
 
-void quakeCam(ActionController& controller, double duration, std::string_view title) {
-    record(controller, title, [node = controller.nodes.cameraWiggle, steps = quake(duration)] {
+void quakeCam(const PressContext& context, std::string_view title) {
+    ActionController& controller = context.controller;
+    const auto steps = quake(context.animationFactor);
+    record(controller, title, [node = controller.nodes.cameraWiggle, steps] {
         node->runAction(steps);
     });
 }
 
-void shortZoomWiggle(ActionController& controller, double duration, std::string_view title) {
-    const double d = duration;
+void shortZoomWiggle(const PressContext& context, std::string_view title) {
+    ActionController& controller = context.controller;
+    const double d = context.animationFactor;
     const auto r1 = static_cast<float>(arc4random_uniform(12));
     const auto r2 = static_cast<float>(arc4random_uniform(12));
     const auto wiggle = SCNAction::sequence({
@@ -110,7 +113,8 @@ void shortZoomWiggle(ActionController& controller, double duration, std::string_
     });
 }
 
-void turbulence(ActionController& controller, std::string_view title) {
+void turbulence(const PressContext& context, std::string_view title) {
+    ActionController& controller = context.controller;
     record(controller, title, [node = controller.nodes.cameraWiggle] {
         using KeyPath = CAKeyframeAnimation::KeyPath;
         const glm::vec4 place(node->position.value(), 0);

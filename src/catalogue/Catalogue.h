@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "catalogue/PressContext.h"
+
 #include <functional>
 #include <span>
 #include <string_view>
 #include <vector>
-
-namespace zelvo::actions {
-class ActionController;
-}
 
 namespace zelvo::catalogue {
 
@@ -22,10 +20,10 @@ struct Face {
 struct Button {
     Face face;
     std::string_view title; ///< in the history, before the names of the nodes
-    /// Touch-down. Works on the affected nodes and the speed of the controller's owner.
-    std::function<void(actions::ActionController&)> beganFunc;
+    /// Touch-down.
+    std::function<void(const PressContext&)> beganFunc;
     /// Lift-off, for what lasts as long as it is held; empty where a press fires once.
-    std::function<void(actions::ActionController&)> endFunc;
+    std::function<void(const PressContext&)> endFunc;
 
     [[nodiscard]] bool isHold() const { return static_cast<bool>(endFunc); }
 };

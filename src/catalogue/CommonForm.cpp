@@ -12,24 +12,23 @@ namespace {
 
 using actions::ActionController;
 
-void press(ActionController& controller, const Row& row, const Body& body) {
-    const actions::ActionControllerOwner& model = controller.model();
-    if (model.affectedNodes().empty())
+void press(const PressContext& context, const Row& row, const Body& body) {
+    if (context.affectedNodes.empty())
         return;
     auto take = std::make_shared<const Take>(Take{
-        .stage = controller.nodes,
-        .nodes = model.affectedNodes(),
-        .d = row.factor * model.animationFactor(),
+        .stage = context.controller.nodes,
+        .nodes = context.affectedNodes,
+        .d = row.factor * context.animationFactor,
         .timing = row.timing.timing(),
         .restTiming = row.restTiming.timing(),
     });
     const std::string title = ActionController::describe(row.title, take->nodes);
-    controller.addAction(
+    context.controller.addAction(
         [take = std::move(take), body] {
             ActionController::resetNodes(take->nodes);
             body(*take);
         },
-        controller.newIdentifier(),
+        context.controller.newIdentifier(),
         title,
         actions::RegisterUndo::yes);
 }
@@ -41,7 +40,7 @@ Button commonButton(const Row& row, Body body) {
         .face = row.face,
         .title = row.title,
         .beganFunc = [row, body = std::move(body)](
-                         ActionController& controller) { press(controller, row, body); },
+                         const PressContext& context) { press(context, row, body); },
         .endFunc = {},
     };
 }

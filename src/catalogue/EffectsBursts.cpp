@@ -101,16 +101,17 @@ void burst(
     });
 }
 
-void press(actions::ActionController& controller, const BurstRow& row) {
+void press(const PressContext& context, const BurstRow& row) {
+    actions::ActionController& controller = context.controller;
     const core::ParticleList& particles = controller.nodes.*row.particles;
     if (!row.flash) {
-        recordEffect(controller, row.title, [&controller, &particles] {
+        recordEffect(context, row.title, [&controller, &particles] {
             addParticles(*controller.nodes.particleAndParticleLightHolder, particles);
         });
         return;
     }
     const Pose pose = drawnPose(row.flash->place);
-    recordEffect(controller, row.title, [&controller, &particles, flash = *row.flash, pose] {
+    recordEffect(context, row.title, [&controller, &particles, flash = *row.flash, pose] {
         burst(controller, particles, flash, pose);
     });
 }
@@ -124,7 +125,7 @@ std::vector<Button> showFX2() {
         buttons.push_back(
             {.face = {.label = row.title},
              .title = row.title,
-             .beganFunc = [&row](actions::ActionController& controller) { press(controller, row); },
+             .beganFunc = [&row](const PressContext& context) { press(context, row); },
              .endFunc = {}});
     }
     return buttons;

@@ -39,8 +39,8 @@ Button particleButton(const char* title, core::ParticleList const core::Nodes::*
         .face = {.label = title},
         .title = title,
         .beganFunc =
-            [title, particles](ActionController& controller) {
-                recordEffect(controller, title, [&controller, particles] {
+            [title, particles](const PressContext& context) {
+                recordEffect(context, title, [&controller = context.controller, particles] {
                     const core::Nodes& stage = controller.nodes;
                     addParticles(*stage.particleAndParticleLightHolder, stage.*particles);
                 });
@@ -59,9 +59,10 @@ void sweepBeacon(ActionController& controller, double d) {
     });
 }
 
-void pressBeacon(ActionController& controller) {
-    const double d = kBeaconFactor * controller.model().animationFactor();
-    recordEffect(controller, kBeacon, [&controller, d] { sweepBeacon(controller, d); });
+void pressBeacon(const PressContext& context) {
+    const double d = kBeaconFactor * context.animationFactor;
+    recordEffect(
+        context, kBeacon, [&controller = context.controller, d] { sweepBeacon(controller, d); });
 }
 
 /// Drawn at the press and kept for replays.
@@ -169,12 +170,14 @@ void sweepStreak(ActionController& controller, const Streak& streak) {
     });
 }
 
-void pressWoosh(ActionController& controller) {
-    const Streak streak = drawnStreak(controller.model().animationFactor());
-    recordEffect(controller, kWosher, [&controller, streak] { sweepStreak(controller, streak); });
+void pressWoosh(const PressContext& context) {
+    const Streak streak = drawnStreak(context.animationFactor);
+    recordEffect(context, kWosher, [&controller = context.controller, streak] {
+        sweepStreak(controller, streak);
+    });
 }
 
-Button firedButton(const char* label, const char* title, void (*fire)(ActionController&)) {
+Button firedButton(const char* label, const char* title, void (*fire)(const PressContext&)) {
     return {.face = {.label = label}, .title = title, .beganFunc = fire, .endFunc = {}};
 }
 

@@ -15,11 +15,10 @@ constexpr double kRemovalDelay = 0.1;
 
 } // namespace
 
-void recordEffect(
-    actions::ActionController& controller, std::string_view title, std::function<void()> body) {
-    controller.addAction(
+void recordEffect(const PressContext& context, std::string_view title, std::function<void()> body) {
+    context.controller.addAction(
         std::move(body),
-        controller.newIdentifier(),
+        context.controller.newIdentifier(),
         std::string(title),
         actions::RegisterUndo::yes);
 }

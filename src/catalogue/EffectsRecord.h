@@ -15,8 +15,7 @@ namespace zelvo::catalogue {
 using NodePtr = core::DefaultSCNNodePtr;
 
 /// Records an effect under its plain title.
-void recordEffect(
-    actions::ActionController& controller, std::string_view title, std::function<void()> body);
+void recordEffect(const PressContext& context, std::string_view title, std::function<void()> body);
 
 /// Hangs each system of the list on the node, in its order.
 void addParticles(scene::SCNNode& node, const core::ParticleList& list);

@@ -43,13 +43,13 @@ Button techniqueButton(const Face& face, std::string_view technique, std::string
         .face = face,
         .title = title,
         .beganFunc =
-            [=](ActionController& controller) {
-                *box = controller.techniques.beginTechnique(technique, title);
+            [=](const PressContext& context) {
+                *box = context.controller.techniques.beginTechnique(technique, title);
             },
         .endFunc =
-            [=](ActionController& controller) {
+            [=](const PressContext& context) {
                 if (*box)
-                    controller.techniques.endTechnique(**box);
+                    context.controller.techniques.endTechnique(**box);
                 box->reset();
             }};
 }
@@ -68,21 +68,20 @@ Button hideButton() {
         .face = {.label = "Hide"},
         .title = "Hide",
         .beganFunc =
-            [box](ActionController& controller) {
-                *box = controller.newIdentifier();
-                const auto& nodes = controller.model().affectedNodes();
-                if (nodes.empty())
+            [box](const PressContext& context) {
+                *box = context.controller.newIdentifier();
+                if (context.affectedNodes.empty())
                     return;
-                controller.addAction(
-                    shyTo(nodes, kOutOfView),
+                context.controller.addAction(
+                    shyTo(context.affectedNodes, kOutOfView),
                     *box,
-                    ActionController::describe("Hide", nodes),
+                    ActionController::describe("Hide", context.affectedNodes),
                     RegisterUndo::yes);
             },
         .endFunc =
-            [box](ActionController& controller) {
-                controller.addAction(
-                    shyTo(controller.model().affectedNodes(), kHome), *box, "", RegisterUndo::no);
+            [box](const PressContext& context) {
+                context.controller.addAction(
+                    shyTo(context.affectedNodes, kHome), *box, "", RegisterUndo::no);
             }};
 }
 

@@ -158,12 +158,13 @@ constexpr auto kRows = std::to_array<TextRow>({
 
 // clang-format on
 
-void press(ActionController& controller, const TextRow& row) {
-    TextTake take{controller.nodes, {}, row.factor * controller.model().animationFactor()};
+void press(const PressContext& context, const TextRow& row) {
+    ActionController& controller = context.controller;
+    TextTake take{controller.nodes, {}, row.factor * context.animationFactor};
     std::ranges::copy_if(
-        controller.model().affectedNodes(),
-        std::back_inserter(take.texts),
-        [](const core::NodePtr& node) { return isText(*node); });
+        context.affectedNodes, std::back_inserter(take.texts), [](const core::NodePtr& node) {
+            return isText(*node);
+        });
     if (take.texts.empty())
         return;
     const std::string title = ActionController::describe(row.title, take.texts);
@@ -183,7 +184,7 @@ std::vector<Button> showTXT() {
         buttons.push_back(
             {.face = {.image = row.title},
              .title = row.title,
-             .beganFunc = [&row](ActionController& controller) { press(controller, row); },
+             .beganFunc = [&row](const PressContext& context) { press(context, row); },
              .endFunc = {}});
     }
     return buttons;

@@ -12,7 +12,6 @@ namespace zelvo::catalogue {
 
 namespace {
 
-using actions::ActionController;
 using core::MediaholderNode;
 
 struct RotationRow {
@@ -36,9 +35,10 @@ constexpr auto kRows = std::to_array<RotationRow>({
 
 // clang-format on
 
-void press(ActionController& controller, const RotationRow& row) {
-    const auto turn = scene::SCNAction::rotateBy(
-        row.turn.radians(), controller.model().animationFactor(), kTurn.timing());
+void press(const PressContext& context, const RotationRow& row) {
+    actions::ActionController& controller = context.controller;
+    const auto turn =
+        scene::SCNAction::rotateBy(row.turn.radians(), context.animationFactor, kTurn.timing());
     controller.addAction(
         [node = (*controller.nodes.mediaHolderNode).*row.axisNode, turn] { node->runAction(turn); },
         controller.newIdentifier(),
@@ -55,7 +55,7 @@ std::vector<Button> showRot() {
         buttons.push_back(
             {.face = {.image = row.image},
              .title = row.title,
-             .beganFunc = [&row](ActionController& controller) { press(controller, row); },
+             .beganFunc = [&row](const PressContext& context) { press(context, row); },
              .endFunc = {}});
     }
     return buttons;

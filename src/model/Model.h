@@ -92,9 +92,8 @@ public:
     // --- the stage
     [[nodiscard]] Nodes& nodes() const { return services.nodes; }
 
-    [[nodiscard]] const std::vector<NodePtr>& affectedNodes() const override {
-        return affectedNodes_;
-    }
+    /// The nodes that the user has chosen for the next press.
+    [[nodiscard]] const std::vector<NodePtr>& affectedNodes() const { return affectedNodes_; }
 
     void setAffectedNodes(std::vector<NodePtr> nodes) { affectedNodes_ = std::move(nodes); }
 

@@ -28,10 +28,6 @@ protected:
 
     [[nodiscard]] bool isPlaying() const override { return plays; }
 
-    [[nodiscard]] const std::vector<core::NodePtr>& affectedNodes() const override {
-        return affected;
-    }
-
     [[nodiscard]] double animationFactor() const override { return factor; }
 
     void stopAndReset() override { ++stops; }
@@ -82,8 +78,6 @@ protected:
     bool plays = false;
     double factor = 0.85;
     int stops = 0;
-    std::vector<core::NodePtr> affected{
-        nodes.textNode1, nodes.textNode2, nodes.imageNode, nodes.mediaNode};
     std::unique_ptr<foundation::SerialQueue> queue = world.runLoop.makeSerialQueue("actions");
     actions::ActionController controller{*this, nodes};
 };

@@ -31,12 +31,12 @@ protected:
     }
 
     void begin(const catalogue::Button& button) {
-        button.beganFunc(controller);
+        button.beganFunc(context());
         settle();
     }
 
     void end(const catalogue::Button& held) {
-        held.endFunc(controller);
+        held.endFunc(context());
         settle();
     }
 
@@ -64,6 +64,9 @@ protected:
             << degrees.z;
     }
 
+    [[nodiscard]] catalogue::PressContext context() { return {controller, affected, factor}; }
+
+    std::vector<core::NodePtr> affected = nodes.content();
     double pressedAt = 0;
     mutable scene::HeadlessView view;
 

@@ -155,7 +155,7 @@ std::string PosesTest::perform(const catalogue::Button& button, Performance perf
     const auto hear = [&](double time, const auto& press, const std::string& as) {
         clock = time;
         if (performance == Performance::first)
-            press(controller);
+            press(context());
         else
             controller.run(time);
         return watch(as, rest);

@@ -16,7 +16,7 @@ protected:
     void press(std::string_view tab, std::string_view title) {
         const auto buttons = catalogue::tabNamed(tab)->buttons();
         std::ranges::find(buttons, title, &catalogue::Button::title)
-            ->beganFunc(model.actionController());
+            ->beganFunc({model.actionController(), affected, model.animationFactor()});
     }
 
     /// A run with presses at moments of the movie.
@@ -67,6 +67,8 @@ protected:
         PerformanceTest& test;
     };
 
+    std::vector<NodePtr> affected = nodes.content();
+
     Track liveTrack() {
         Watcher watcher(*this);
         view.delegate = &watcher;
@@ -90,7 +92,7 @@ protected:
 };
 
 TEST_F(PerformanceTest, RecordsAPressAndReplaysItInEveryRun) {
-    model.setAffectedNodes({nodes.textNode1});
+    affected = {nodes.textNode1};
     perform({{0.5, "IN1", "Left In"}});
     const auto& records = model.actionController().recordedActions();
     ASSERT_EQ(records.size(), 1U);
@@ -108,7 +110,7 @@ TEST_F(PerformanceTest, RecordsAPressAndReplaysItInEveryRun) {
 
 TEST_F(PerformanceTest, ExportsWhatTheLiveRunShows) {
     model.setDuration(3);
-    model.setAffectedNodes({nodes.textNode1, nodes.mediaNode});
+    affected = {nodes.textNode1, nodes.mediaNode};
     // clang-format off
     perform({
         {-0.5, "IN3", "Stepped Left In"},
@@ -163,7 +165,7 @@ TEST_F(PerformanceTest, GoesHomeWhenARunIsStopped) {
     EXPECT_LT(nodes.textNode1->position.value().x, -10);
     model.toggle();
     view.update(world.runLoop.now());
-    for (const NodePtr& node : model.affectedNodes()) {
+    for (const NodePtr& node : affected) {
         EXPECT_EQ(node->position.value(), glm::vec3(0));
         EXPECT_EQ(node->opacity.value(), 1);
     }

@@ -20,6 +20,11 @@ QString toQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+/// What the user has chosen up to now.
+catalogue::PressContext contextOf(const core::Model& model) {
+    return {model.actionController(), model.affectedNodes(), model.animationFactor()};
+}
+
 } // namespace
 
 ActionsMenu::ActionsMenu(const Services& given, QObject* parent)
@@ -160,11 +165,11 @@ void ActionsMenu::setActionButtons(std::vector<std::unique_ptr<FuncButton>> butt
 
 std::unique_ptr<FuncButton>
 ActionsMenu::makeActionButton(const catalogue::Button& button, int place) {
-    actions::ActionController& controller = services.model.actionController();
+    const core::Model& model = services.model;
     FuncButton::Action action{
-        .beganFunc = [began = button.beganFunc, &controller] { began(controller); }};
+        .beganFunc = [began = button.beganFunc, &model] { began(contextOf(model)); }};
     if (button.isHold())
-        action.endFunc = [end = button.endFunc, &controller](auto) { end(controller); };
+        action.endFunc = [end = button.endFunc, &model](auto) { end(contextOf(model)); };
     return std::make_unique<FuncButton>(
         services.runLoop,
         ButtonFace{
