@@ -47,16 +47,15 @@ Names engineNames() {
     Names names;
     names.fonts =
         collected(content::FontManager::builtInFonts(), [](const auto& font) { return font.name; });
-    names.materials = collected(look::pairRows(), [](const auto& row) { return row.title; });
-    for (const auto& row : look::pairRows()) {
+    names.materials = collected(look::kPairs, [](const auto& row) { return row.title; });
+    for (const auto& row : look::kPairs) {
         if (row.use == look::PairUse::everyNode)
             names.objectMaterials.emplace_back(row.title);
     }
     names.shapes = collected(content::mediaShapes(), [](const auto& shape) { return shape->name; });
     names.masks = collected(content::imageMasks(), [](const auto& mask) { return mask->name; });
     names.speeds = collected(core::kSpeeds, [](const auto& row) { return row.title; });
-    names.scenes.assign(
-        look::SceneManager::sceneNames.begin(), look::SceneManager::sceneNames.end());
+    names.scenes = collected(look::kEnvironments, [](const auto& row) { return row.name; });
     for (const auto& tab : catalogue::tabs()) {
         TabNames row{.tab = std::string(tab.shortTitle), .titles = {}};
         for (const auto& button : tab.buttons()) {

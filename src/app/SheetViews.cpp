@@ -2,11 +2,12 @@
 #include "app/SheetViews.h"
 
 #include "app/EngineNames.h"
+#include "environments/Environments.h"
+#include "look/XMAT.h"
 #include "platform/foundation/Check.h"
 #include "platform/foundation/Folders.h"
 
-#include <algorithm>
-#include <array>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -15,79 +16,8 @@ namespace zelvo::app {
 namespace {
 
 constexpr auto kHeavyFont = "BowlbyOneSC-Regular";
+constexpr auto kDim = image::Color::white(0.16F);
 constexpr auto kSample = "Rag8"; // round and straight strokes, a counter, a descender
-
-/// Each environment in a colour that suits its mood, and its two lines in materials that take its
-/// light well.
-struct SceneStyle {
-    std::string_view scene;
-    std::uint32_t background;
-    const char* first;
-    const char* second;
-    std::uint32_t accent; ///< of the second line
-};
-
-// clang-format off
-constexpr auto kSceneStyles = std::to_array<SceneStyle>({
-    {"Flat",       0x19B2E6, "Flat",      "Flat",     0xE6E619},
-    {"Plain",      0xE6B219, "Plain",     "Plain",    0xE61919},
-    {"Shiny",      0x194CE6, "Iron",      "Plate",    0xFFC83C},
-    {"Spherical",  0xE67F19, "Iron",      "Grained",  0xFFB85C},
-    {"Ancient",    0xE6B219, "Rock",      "Grained",  0xFFD9A0},
-    {"Backlight",  0x19B2E6, "Iron",      "Plastic",  0xFF4C9F},
-    {"Stage",      0xE61919, "Old Metal", "Plain",    0xFFC83C},
-    {"SpaceBox",   0x194CE6, "Old Metal", "Circuits", 0x9FE8FF},
-    {"Brilliance", 0xE6197F, "Iron",      "Dynamic",  0xE619BF},
-    {"Subtle",     0x19E6E6, "Grained",   "Plate",    0xFFA64C},
-    {"Flares",     0xE61919, "Plastic",   "Plate",    0xFFE680},
-});
-
-// clang-format on
-
-[[nodiscard]] const SceneStyle& styleOf(std::string_view scene) {
-    const auto* const row = std::ranges::find(kSceneStyles, scene, &SceneStyle::scene);
-    return row == kSceneStyles.end() ? kSceneStyles.front() : *row;
-}
-
-/// Each material in colours that it is likely to be used with.
-struct MaterialColours {
-    std::string_view material;
-    std::uint32_t front;
-    std::uint32_t band;
-};
-
-// clang-format off
-constexpr auto kMaterialColours = std::to_array<MaterialColours>({
-    {"Flat",                 0xE6B219, 0xE64C19},
-    {"Plain",                0xF2EFE8, 0xE64C19},
-    {"Plastic",              0xE6194C, 0xE6B219},
-    {"Iron",                 0xDDE2E8, 0xB8C4D6},
-    {"Plate",                0xE6A03C, 0xB06A28},
-    {"Dynamic",              0xFF7A19, 0xE62A19},
-    {"Circuits",             0x2FB37A, 0xE6B219},
-    {"Rock",                 0xB9A48C, 0x8C7A66},
-    {"Grained",              0x9C5821, 0x4A3222},
-    {"Old Metal",            0xC89A5A, 0x8A5A30},
-    {"Cracked",              0xD0713E, 0x6E4630},
-    {"Reflecting",           0x16357C, 0x0C1C44},
-    {"Iron / Circuit",       0xDDE2E8, 0x2FB37A},
-    {"Iron / Plastic",       0xDDE2E8, 0xE6194C},
-    {"Plastic / Reflecting", 0xE6B219, 0x16357C},
-    {"Dynamic / Flat",       0x19CCE6, 0x0C1C44},
-    {"Flat / Dynamic",       0x14141C, 0xE619BF},
-});
-
-// clang-format on
-
-[[nodiscard]] const MaterialColours& coloursOf(std::string_view material) {
-    const auto* const row =
-        std::ranges::find(kMaterialColours, material, &MaterialColours::material);
-    return row == kMaterialColours.end() ? kMaterialColours.front() : *row;
-}
-
-[[nodiscard]] bool isForShapes(const std::string& material) {
-    return std::ranges::count(engineNames().objectMaterials, material) > 0;
-}
 
 [[nodiscard]] TextStyle hiddenText() {
     TextStyle style;
@@ -110,10 +40,10 @@ constexpr auto kMaterialColours = std::to_array<MaterialColours>({
 }
 
 /// An environment with nothing on its stage.
-[[nodiscard]] Performance emptyStage(std::string scene) {
+[[nodiscard]] Performance emptyStage(std::string_view scene, const image::Color& background) {
     Performance stage;
-    stage.background = image::Color::hex(styleOf(scene).background);
-    stage.scene = std::move(scene);
+    stage.background = background;
+    stage.scene = scene;
     stage.nodes["TX1"] = hiddenText();
     stage.nodes["TX2"] = hiddenText();
     stage.picture.emplace();
@@ -123,16 +53,22 @@ constexpr auto kMaterialColours = std::to_array<MaterialColours>({
     return stage;
 }
 
+[[nodiscard]] std::string titleOf(look::XMATClasses pair) {
+    return std::string(look::pairRow(pair).title);
+}
+
 /// Letters in the material and, where shapes can have it, a ball beside them: it shows at a glance
 /// how a surface takes the light.
-[[nodiscard]] SheetView materialView(const std::string& material) {
-    SheetView view{.caption = material, .stage = emptyStage("Subtle"), .fitted = {}};
-    view.stage.background = image::Color::hex(0x197FE6);
-    const auto& colours = coloursOf(material);
-    const bool hasBall = isForShapes(material);
+[[nodiscard]] SheetView materialView(const look::PairRow& pair) {
+    const std::string material(pair.title);
+    SheetView view{
+        .caption = material,
+        .stage = emptyStage("Subtle", image::Color::hex(0x197FE6)),
+        .fitted = {}};
+    const bool hasBall = pair.use == look::PairUse::everyNode;
     auto& text = view.stage.nodes["TX1"] = shownText(hasBall ? "R8" : "Rag", kHeavyFont, material);
-    text.frontColor = image::Color::hex(colours.front);
-    text.bandColor = image::Color::hex(colours.band);
+    text.frontColor = image::Color::hex(pair.sampleFront);
+    text.bandColor = image::Color::hex(pair.sampleBand);
     text.position = glm::dvec3(hasBall ? -105 : 0, 10, 0);
     text.scale = 2.0;
     text.rotation = glm::dvec3(-0.15, 0.25, 0);
@@ -148,16 +84,21 @@ constexpr auto kMaterialColours = std::to_array<MaterialColours>({
     return view;
 }
 
-[[nodiscard]] SheetView sceneView(const std::string& scene) {
-    SheetView view{.caption = scene, .stage = emptyStage(scene), .fitted = {}};
-    const auto& style = styleOf(scene);
-    auto& first = view.stage.nodes["TX1"] = shownText("OPEN", kHeavyFont, style.first);
+[[nodiscard]] SheetView sceneView(const look::EnvironmentRow& environment) {
+    const look::SampleTitle& sample = environment.sample;
+    const auto background = image::Color::hex(sample.background);
+    SheetView view{
+        .caption = std::string(environment.name),
+        .stage = emptyStage(environment.name, background),
+        .fitted = {}};
+    auto& first = view.stage.nodes["TX1"] = shownText("OPEN", kHeavyFont, titleOf(sample.first));
     first.frontColor = image::Color::white(1);
-    first.bandColor = image::Color::hex(style.background);
+    first.bandColor = background;
     first.position = glm::dvec3(0, 52, 0);
     first.scale = 1.25;
-    auto& second = view.stage.nodes["TX2"] = shownText("TONIGHT", kHeavyFont, style.second);
-    second.frontColor = image::Color::hex(style.accent);
+    auto& second = view.stage.nodes["TX2"] =
+        shownText("TONIGHT", kHeavyFont, titleOf(sample.second));
+    second.frontColor = image::Color::hex(sample.accent);
     second.bandColor = image::Color::white(0.2F);
     second.position = glm::dvec3(0, -52, 0);
     second.scale = 0.95;
@@ -165,7 +106,10 @@ constexpr auto kMaterialColours = std::to_array<MaterialColours>({
 }
 
 [[nodiscard]] SheetView shapeView(const std::string& shape) {
-    SheetView view{.caption = shape, .stage = emptyStage("Subtle"), .fitted = "OBJ"};
+    SheetView view{
+        .caption = shape,
+        .stage = emptyStage("Subtle", image::Color::hex(0x19E6E6)),
+        .fitted = "OBJ"};
     auto& object = *view.stage.object;
     object.shape = shape;
     object.material = "Iron";
@@ -177,8 +121,7 @@ constexpr auto kMaterialColours = std::to_array<MaterialColours>({
 }
 
 [[nodiscard]] SheetView maskView(const std::string& mask) {
-    SheetView view{.caption = mask, .stage = emptyStage("Plain"), .fitted = "IMG"};
-    view.stage.background = image::Color::white(0.16F);
+    SheetView view{.caption = mask, .stage = emptyStage("Plain", kDim), .fitted = "IMG"};
     auto& picture = *view.stage.picture;
     picture.image = foundation::mainBundle().path("Postcard.png");
     picture.mask = mask;
@@ -188,8 +131,7 @@ constexpr auto kMaterialColours = std::to_array<MaterialColours>({
 }
 
 [[nodiscard]] SheetView fontView(const std::string& font) {
-    SheetView view{.caption = font, .stage = emptyStage("Plain"), .fitted = "TX1"};
-    view.stage.background = image::Color::white(0.16F);
+    SheetView view{.caption = font, .stage = emptyStage("Plain", kDim), .fitted = "TX1"};
     auto& text = view.stage.nodes["TX1"] = shownText(kSample, font, "Plain");
     text.frontColor = image::Color::white(1);
     text.bandColor = image::Color::hex(0xE64C19);
@@ -198,13 +140,12 @@ constexpr auto kMaterialColours = std::to_array<MaterialColours>({
     return view;
 }
 
-template <class MakeView>
-[[nodiscard]] std::vector<SheetView>
-viewsOfAll(const std::vector<std::string>& names, MakeView makeView) {
+template <class Range, class MakeView>
+[[nodiscard]] std::vector<SheetView> viewsOfAll(const Range& range, MakeView makeView) {
     std::vector<SheetView> views;
-    views.reserve(names.size());
-    for (const auto& name : names)
-        views.push_back(makeView(name));
+    views.reserve(std::size(range));
+    for (const auto& item : range)
+        views.push_back(makeView(item));
     return views;
 }
 
@@ -228,9 +169,9 @@ SheetFormat formatOf(SheetKind kind) {
 std::vector<SheetView> viewsOf(SheetKind kind) {
     switch (kind) {
     case SheetKind::materials:
-        return viewsOfAll(listed(Listing::materials), materialView);
+        return viewsOfAll(look::kPairs, materialView);
     case SheetKind::scenes:
-        return viewsOfAll(listed(Listing::scenes), sceneView);
+        return viewsOfAll(look::kEnvironments, sceneView);
     case SheetKind::shapes:
         return viewsOfAll(listed(Listing::shapes), shapeView);
     case SheetKind::masks:

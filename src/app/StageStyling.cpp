@@ -14,9 +14,8 @@ namespace zelvo::app {
 namespace {
 
 [[nodiscard]] look::XMATClasses materialTitled(std::string_view title) {
-    const auto rows = look::pairRows();
-    const auto row = std::ranges::find(rows, title, &look::PairRow::title);
-    CHECK(row != rows.end(), "no material is called {}", title);
+    const auto* const row = std::ranges::find(look::kPairs, title, &look::PairRow::title);
+    CHECK(row != look::kPairs.end(), "no material is called {}", title);
     return row->name;
 }
 

@@ -4,8 +4,10 @@
 #include "environments/SNE.h"
 
 #include <array>
+#include <string_view>
 
 // The environments. Each is a constructor that builds its stage and a rule for the user's colour.
+// A new one is a class here and a row in the table at the end; nothing else has to know of it.
 
 namespace zelvo::look {
 
@@ -120,5 +122,44 @@ private:
     scene::SCNNodePtr omniLight4;
     scene::SCNNodePtr floor; ///< hidden under white light; absent until the scene has one to hide
 };
+
+/// A title that suits an environment's mood, for the sheet of all of them: the colour, and the
+/// materials of two lines that take its light well.
+struct SampleTitle {
+    std::uint32_t background;
+    XMATClasses first;
+    XMATClasses second;
+    std::uint32_t accent; ///< colour of the second line
+};
+
+struct EnvironmentRow {
+    std::string_view name;
+    SNEPtr (*make)(foundation::RunLoop& loop);
+    SampleTitle sample;
+};
+
+template <class Environment> [[nodiscard]] SNEPtr makeEnvironment(foundation::RunLoop& loop) {
+    return std::make_shared<Environment>(loop);
+}
+
+/// In the order of the user's strip; an index into this list is what makes an environment.
+// clang-format off
+inline constexpr auto kEnvironments = [] {
+    using enum XMATClasses;
+    return std::to_array<EnvironmentRow>({
+        {"Flat",       makeEnvironment<SNE_Flat>,       {0x19B2E6, flat,     flat,     0xE6E619}},
+        {"Plain",      makeEnvironment<SNE_Plain>,      {0xE6B219, plain,    plain,    0xE61919}},
+        {"Shiny",      makeEnvironment<SNE_Shiny>,      {0x194CE6, iron,     plate,    0xFFC83C}},
+        {"Spherical",  makeEnvironment<SNE_Spherical>,  {0xE67F19, iron,     grained,  0xFFB85C}},
+        {"Ancient",    makeEnvironment<SNE_Ancient>,    {0xE6B219, rock,     grained,  0xFFD9A0}},
+        {"Backlight",  makeEnvironment<SNE_Backlight>,  {0x19B2E6, iron,     plastic,  0xFF4C9F}},
+        {"Stage",      makeEnvironment<SNE_Stage>,      {0xE61919, oldMetal, plain,    0xFFC83C}},
+        {"SpaceBox",   makeEnvironment<SNE_SpaceBox>,   {0x194CE6, oldMetal, circuits, 0x9FE8FF}},
+        {"Brilliance", makeEnvironment<SNE_Brilliance>, {0xE6197F, iron,     dynamic,  0xE619BF}},
+        {"Subtle",     makeEnvironment<SNE_Subtle>,     {0x19E6E6, grained,  plate,    0xFFA64C}},
+        {"Flares",     makeEnvironment<SNE_Flares>,     {0xE61919, plastic,  plate,    0xFFE680}},
+    });
+}();
+// clang-format on
 
 } // namespace zelvo::look

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "environments/SNE.h"
+#include "environments/Environments.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -11,19 +12,11 @@ namespace zelvo::look {
 /// The environments by name and number.
 class SceneManager {
 public:
-    /// In the order of the user's strip; an index into this list is what makes an environment.
-    static constexpr std::array<std::string_view, 11> sceneNames = {
-        "Flat",
-        "Plain",
-        "Shiny",
-        "Spherical",
-        "Ancient",
-        "Backlight",
-        "Stage",
-        "SpaceBox",
-        "Brilliance",
-        "Subtle",
-        "Flares"};
+    static constexpr auto sceneNames = [] {
+        std::array<std::string_view, kEnvironments.size()> names;
+        std::ranges::transform(kEnvironments, names.begin(), &EnvironmentRow::name);
+        return names;
+    }();
 
     /// A new environment; null for an index without one. Environments are never kept: a return to
     /// an earlier one builds it again.

@@ -2,8 +2,6 @@
 #include "app/EngineNames.h"
 
 #include "app/PerformanceFile.h"
-#include "environments/SceneManager.h"
-#include "platform/foundation/RunLoop.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -108,16 +106,6 @@ using Strings = std::vector<std::string>;
     define("tab", listOf(tabs));
     return text + "    \"buttonOfTab\": {\n      \"allOf\": [\n" +
            fmt::format("{}", fmt::join(buttons, ",\n")) + "\n      ]\n    }\n  }\n}\n";
-}
-
-TEST(EngineNames, list_the_scenes_that_can_be_built) {
-    foundation::VirtualRunLoop loop;
-    Strings built;
-    for (std::size_t i = 0; i < look::SceneManager::sceneNames.size(); ++i) {
-        if (look::SceneManager::sceneData(static_cast<int>(i), loop))
-            built.emplace_back(look::SceneManager::sceneNames.at(i));
-    }
-    EXPECT_EQ(engineNames().scenes, built);
 }
 
 // ZELVO_UPDATE_GOLDEN=1 in the environment writes them anew.

@@ -195,31 +195,27 @@ TEST_F(EnvironmentTest, KeepLampsThatAreNotTheColours) {
 }
 
 TEST_F(EnvironmentTest, TakeTheColourWithoutTheNodesOfTheirRecipes) {
+    (void)content::mediaShapes(); // which have scene files of their own, read once
     const test::TemporaryFolder folder;
-    for (const char* const file :
-         {"Plain",
-          "AncientScene",
-          "Backlight",
-          "StageScene",
-          "SpaceBox",
-          "Brilliance",
-          "Subtle",
-          "Flares"}) {
-        std::ofstream(folder.path() / (std::string(file) + ".scn"))
-            << R"({"nodes": [{"name": "omni1"}, {"name": "bystander"}]})";
-    }
     const foundation::Bundle whole = foundation::mainBundle();
+    const std::filesystem::path resources = whole.path("Plain.scn").parent_path();
+    for (const auto& file : std::filesystem::directory_iterator(resources)) {
+        if (file.path().extension() == ".scn")
+            std::ofstream(folder.path() / file.path().filename())
+                << R"({"nodes": [{"name": "omni1"}, {"name": "bystander"}]})";
+    }
     std::vector<std::filesystem::path> roots = whole.roots();
     roots.insert(roots.begin(), folder.path());
     foundation::setMainBundle(foundation::Bundle(roots));
+    int bare = 0;
     for (int index = 0; index < kCount; ++index) {
         const SNEPtr one = environment(index);
         one->setBackground(kGreen);
         runLoop.drain();
         EXPECT_EQ(one->backgroundColor(), kGreen);
-        EXPECT_TRUE(index <= 3 || nodeOf(*one, "bystander"))
-            << SceneManager::sceneNames.at(static_cast<std::size_t>(index));
+        bare += nodeOf(*one, "bystander") ? 1 : 0;
     }
+    EXPECT_GE(bare, 8) << "stood on such a scene";
     foundation::setMainBundle(whole);
 }
 

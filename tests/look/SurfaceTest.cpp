@@ -18,7 +18,7 @@ Color colorIn(const scene::SCNMaterialProperty& slot) {
 }
 
 TEST(Surface, FindsEveryPictureOfItsRecipe) {
-    for (const SurfaceRecipe& recipe : surfaceRecipes()) {
+    for (const SurfaceRecipe& recipe : kSurfaces) {
         const SMATPtr surface = makeSurface(recipe.surface);
         EXPECT_EQ(surface->name, recipe.name);
         for (const SlotRecipe& slot : recipe.slots) {
@@ -31,7 +31,7 @@ TEST(Surface, FindsEveryPictureOfItsRecipe) {
 }
 
 TEST(Surface, RepeatsOnEverySlot) {
-    for (const SurfaceRecipe& recipe : surfaceRecipes()) {
+    for (const SurfaceRecipe& recipe : kSurfaces) {
         const SMATPtr surface = makeSurface(recipe.surface);
         for (const scene::SCNMaterialProperty* slot : surface->allProperties()) {
             EXPECT_EQ(slot->wrapS, scene::SCNWrapMode::repeat) << recipe.name;

@@ -35,12 +35,13 @@ TEST_F(InspiratorTest, DrawsAllButTheLastOfEachList) {
         EXPECT_LT(style.bevelRadius, 4.0);
         EXPECT_LT(style.extrusionDepth, 60);
     }
-    EXPECT_EQ(scenes.size(), 10U);
-    EXPECT_FALSE(scenes.contains(10)) << look::SceneManager::sceneNames[10];
-    EXPECT_EQ(colors.size(), 39U);
-    EXPECT_FALSE(colors.contains(39));
-    EXPECT_EQ(materials.size(), 16U);
-    EXPECT_FALSE(materials.contains(look::XMATClasses::flatDynamic));
+    const std::size_t lastScene = look::SceneManager::sceneNames.size() - 1;
+    EXPECT_EQ(scenes.size(), lastScene);
+    EXPECT_FALSE(scenes.contains(static_cast<int>(lastScene)));
+    EXPECT_EQ(colors.size(), kPalette.size() - 1);
+    EXPECT_FALSE(colors.contains(kPalette.size() - 1));
+    EXPECT_EQ(materials.size(), look::kPairs.size() - 1);
+    EXPECT_FALSE(materials.contains(look::kPairs.back().name));
 }
 
 // In "Flat" and "Plain" the ground is one colour, which black and white texts have to leave.
