@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/foundation/Check.h"
-#include "platform/image/Image.h"
+#include "platform/image/reading/ImageReader.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto image = zelvo::image::decodeImage({data, size});

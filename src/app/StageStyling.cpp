@@ -3,7 +3,7 @@
 
 #include "content/ImageMask.h"
 #include "platform/foundation/Check.h"
-#include "platform/image/Image.h"
+#include "platform/image/reading/ImageReader.h"
 
 #include <glm/gtc/constants.hpp>
 

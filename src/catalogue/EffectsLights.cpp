@@ -7,7 +7,7 @@
 #include "catalogue/Tabs.h"
 #include "node/LightNodes.h"
 #include "platform/foundation/Random.h"
-#include "platform/image/Image.h"
+#include "platform/image/reading/ImageNamed.h"
 #include "platform/scene/SCNShapes.h"
 
 #include <array>

@@ -3,6 +3,7 @@
 
 #include "platform/foundation/Folders.h"
 #include "platform/foundation/Process.h"
+#include "platform/image/reading/ImageNamed.h"
 
 #include <fmt/format.h>
 

@@ -2,7 +2,7 @@
 #include "environments/Environments.h"
 
 #include "node/DefaultSCNNode.h"
-#include "platform/image/Image.h"
+#include "platform/image/reading/ImageNamed.h"
 
 namespace zelvo::look {
 namespace {

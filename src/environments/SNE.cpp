@@ -2,7 +2,7 @@
 #include "environments/SNE.h"
 
 #include "node/DefaultSCNNode.h"
-#include "platform/image/Image.h"
+#include "platform/image/reading/ImageNamed.h"
 #include "platform/scene/SCNTransaction.h"
 #include "shared/Palette.h"
 

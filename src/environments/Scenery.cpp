@@ -2,7 +2,7 @@
 #include "environments/Environments.h"
 #include "node/LightNodes.h"
 #include "platform/foundation/Process.h"
-#include "platform/image/Image.h"
+#include "platform/image/reading/ImageNamed.h"
 #include "shared/Palette.h"
 
 #include <glm/vec3.hpp>

@@ -2,7 +2,7 @@
 #include "look/SMAT.h"
 
 #include "platform/foundation/Check.h"
-#include "platform/image/Image.h"
+#include "platform/image/reading/ImageNamed.h"
 
 #include <algorithm>
 

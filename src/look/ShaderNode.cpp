@@ -2,7 +2,7 @@
 #include "look/ShaderNode.h"
 
 #include "look/FlowingNoise.h"
-#include "platform/image/Image.h"
+#include "platform/image/reading/ImageNamed.h"
 
 namespace zelvo::look {
 

@@ -3,7 +3,7 @@
 
 #include "content/StylePresets.h"
 #include "platform/foundation/Check.h"
-#include "platform/image/Image.h"
+#include "platform/image/reading/ImageNamed.h"
 #include "platform/scene/SCNTransaction.h"
 #include "shared/Palette.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/ProgramRun.h"
-#include "platform/image/Image.h"
+#include "platform/image/reading/ImageReader.h"
 #include "support/GoldenPicture.h"
 
 #include <fmt/format.h>

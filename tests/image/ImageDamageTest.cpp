@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "image/ImageFiles.h"
+#include "platform/image/reading/ImageReader.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>

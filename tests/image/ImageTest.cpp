@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "image/ImageFiles.h"
 #include "platform/foundation/Folders.h"
+#include "platform/image/reading/ImageNamed.h"
+#include "platform/image/reading/ImageReader.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/image/Image.h"
+#include "platform/image/reading/ImageReader.h"
 
 #include <gtest/gtest.h>
 

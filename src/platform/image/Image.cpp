@@ -3,287 +3,23 @@
 
 #include "platform/foundation/Check.h"
 #include "platform/foundation/NewFile.h"
-#include "platform/image/AreaScaler.h"
-#include "platform/image/JPEGMarkers.h"
-#include "platform/image/PNGRows.h"
-#include "platform/image/StoredOrientation.h"
+#include "platform/image/QImageView.h"
 
 #include <QBuffer>
-#include <QColorSpace>
-#include <QFile>
-#include <QImage>
-#include <QImageReader>
 #include <QImageWriter>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstring>
-#include <mutex>
 #include <span>
 #include <string_view>
-#include <system_error>
 
 namespace zelvo::image {
 
-using foundation::Cause;
-using foundation::fail;
 using foundation::Result;
 
 namespace {
 
-constexpr qint64 kMaxFileBytes = 512LL << 20U;
-constexpr int kAllocationMegabytes = 512; ///< for one decoded picture, before it is scaled down
 constexpr int kJPEGQuality = 95;
-
-/// What people's pictures come as, as far as the decoders are there. Qt would also try icons,
-/// vector files and text.
-constexpr auto kFormats =
-    std::to_array<std::string_view>({"png", "jpeg", "gif", "bmp", "webp", "tiff", "heic", "heif"});
-
-QString qPath(const std::filesystem::path& path) {
-    return QString::fromStdString(path.string());
-}
-
-Result<ImagePtr> failDecode(const QImageReader& reader) {
-    switch (reader.error()) {
-    case QImageReader::UnsupportedFormatError:
-        return fail(Cause::malformed, "this is no picture; use a PNG, JPEG or WebP file");
-    case QImageReader::DeviceError:
-        return fail(Cause::unreadable, "the picture cannot be read");
-    default:
-        return fail(
-            Cause::malformed,
-            "the picture is damaged (" + reader.errorString().toStdString() + ")");
-    }
-}
-
-tl::unexpected<foundation::Error> failSize(Extent extent, std::string_view advice) {
-    return fail(
-        Cause::tooLarge,
-        fmt::format("the picture claims {} x {} pixels; {}", extent.width, extent.height, advice));
-}
-
-ImagePtr copied(const QImage& source) {
-    auto image = std::make_shared<Image>(source.width(), source.height());
-    const auto rowBytes = static_cast<std::size_t>(source.width()) * 4U;
-    for (int row = 0; row < source.height(); ++row) {
-        std::memcpy(
-            image->pixels.data() + static_cast<std::size_t>(row) * rowBytes,
-            source.constScanLine(row),
-            rowBytes);
-    }
-    return image;
-}
-
-QImage viewOf(const Image& image) {
-    CHECK(
-        image.pixels.size() ==
-            4U * static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height),
-        "a picture of {} x {} has {} bytes",
-        image.width,
-        image.height,
-        image.pixels.size());
-    return {
-        image.pixels.data(),
-        image.width,
-        image.height,
-        static_cast<qsizetype>(image.width) * 4,
-        QImage::Format_RGBA8888};
-}
-
-/// The picture, whatever its pixels are, as RGBA of at most kMaxSide: converted in strips, so that
-/// it is not held twice.
-QImage limited(const QImage& decoded) {
-    const Extent extent{decoded.width(), decoded.height()};
-    const Extent result = limitedExtent(extent);
-    if (result.width == extent.width && result.height == extent.height)
-        return decoded.convertToFormat(QImage::Format_RGBA8888);
-    AreaScaler scaler(extent, result);
-    constexpr int kStrip = 64;
-    for (int top = 0; top < extent.height; top += kStrip) {
-        const int rows = std::min(kStrip, extent.height - top);
-        const QImage strip =
-            decoded.copy(0, top, extent.width, rows).convertToFormat(QImage::Format_RGBA8888);
-        for (int row = 0; row < rows; ++row) {
-            scaler.addRow({strip.constScanLine(row), static_cast<std::size_t>(extent.width) * 4});
-        }
-    }
-    const Image scaled = scaler.take();
-    QImage image = viewOf(scaled).copy();
-    image.setColorSpace(decoded.colorSpace());
-    return image;
-}
-
-/// RGBA in sRGB, for a picture in another colour space.
-ImagePtr inSRGB(QImage image) {
-    const QColorSpace sRGB(QColorSpace::SRgb);
-    if (image.colorSpace().isValid() && image.colorSpace() != sRGB) {
-        image.convertToColorSpace(sRGB);
-        image.convertTo(QImage::Format_RGBA8888);
-    }
-    return copied(image);
-}
-
-/// Asks the decoder itself for a small picture where it can, so that a huge one is never held
-/// whole.
-void limitSize(QImageReader& reader, Extent extent) {
-    const Extent result = limitedExtent(extent);
-    if (result.width != extent.width && reader.supportsOption(QImageIOHandler::ScaledSize))
-        reader.setScaledSize({result.width, result.height});
-}
-
-QColorSpace colorSpaceOf(const LimitedPNG& picture) {
-    if (!picture.profile.empty()) {
-        return QColorSpace::fromIccProfile(QByteArray(
-            reinterpret_cast<const char*>(picture.profile.data()),
-            static_cast<qsizetype>(picture.profile.size())));
-    }
-    constexpr double kMinGamma = 0.1;
-    if (picture.gamma.value_or(0) < kMinGamma)
-        return {};
-    return {QColorSpace::Primaries::SRgb, static_cast<float>(1 / *picture.gamma)};
-}
-
-Result<ImagePtr> decodePNGRows(QIODevice& device) {
-    const auto read = [&device](std::span<std::uint8_t> bytes) {
-        const qint64 count =
-            device.read(reinterpret_cast<char*>(bytes.data()), static_cast<qint64>(bytes.size()));
-        return static_cast<std::size_t>(std::max<qint64>(count, 0));
-    };
-    auto picture = readLimitedPNG(read);
-    if (!picture)
-        return tl::unexpected(picture.error());
-    const QColorSpace colorSpace = colorSpaceOf(*picture);
-    if (!colorSpace.isValid())
-        return std::make_shared<const Image>(std::move(picture->image));
-    QImage image = viewOf(picture->image);
-    image.setColorSpace(colorSpace);
-    return inSRGB(std::move(image));
-}
-
-Result<void> checkSize(Extent extent) {
-    if (static_cast<std::int64_t>(extent.width) * extent.height <= kMaxPixels)
-        return {};
-    return failSize(extent, fmt::format("use one of at most {} million", kMaxPixels / 1'000'000));
-}
-
-tl::unexpected<foundation::Error> failEarlyEnd(Extent extent) {
-    return fail(
-        Cause::malformed,
-        fmt::format(
-            "the picture is damaged (it ends long before {} x {} pixels)",
-            extent.width,
-            extent.height));
-}
-
-/// Its decoder shows a JPEG that ends early as if the rest were grey, holds a progressive one
-/// whole, and goes over all of it once a scan.
-Result<void> checkJPEG(const FileReader& file) {
-    constexpr int kMaxScans = 200; // some ten are usual
-    constexpr std::int64_t kBytesPerPixel = 6;
-    const auto markers = jpegMarkersOf(file);
-    if (!markers)
-        return {};
-    if (!markers->isWhole)
-        return fail(
-            Cause::malformed,
-            "the picture is cut off: its file ends before the picture does; use another copy");
-    if (markers->scans > kMaxScans)
-        return fail(Cause::malformed, "the picture is damaged (it is in too many pieces)");
-    if (markers->isProgressive &&
-        markers->pixels * kBytesPerPixel > std::int64_t{kAllocationMegabytes} << 20U) {
-        return fail(
-            Cause::tooLarge,
-            fmt::format(
-                "the picture claims {} million pixels; save it without progressive coding",
-                markers->pixels / 1'000'000));
-    }
-    return {};
-}
-
-/// What a file claims before it is decoded: a few bytes must not take gigabytes.
-Result<void> checkClaim(const QImageReader& reader, Extent extent) {
-    if (auto fits = checkSize(extent); !fits)
-        return fits;
-    const std::int64_t pixels = static_cast<std::int64_t>(extent.width) * extent.height;
-    constexpr std::int64_t kPixelsPerByte = 64 * 8; // each square of 8 x 8 takes a bit at least
-    if (reader.format() == "jpeg" && pixels / kPixelsPerByte > reader.device()->size())
-        return failEarlyEnd(extent);
-    const QImage::Format format = reader.imageFormat();
-    const std::int64_t bits =
-        format == QImage::Format_Invalid ? 32 : QImage::toPixelFormat(format).bitsPerPixel();
-    const bool isHeldWhole = !reader.supportsOption(QImageIOHandler::ScaledSize);
-    if (isHeldWhole && pixels * bits / 8 > std::int64_t{kAllocationMegabytes} << 20U)
-        return failSize(extent, "save it as a PNG or JPEG file");
-    // What is this large and this empty was not made by anybody.
-    constexpr std::int64_t kHarmless = 1LL << 24U; // pixels
-    constexpr std::int64_t kEmptyPixelsPerByte = 4096;
-    if (pixels > kHarmless && pixels / kEmptyPixelsPerByte > reader.device()->size())
-        return failEarlyEnd(extent);
-    return {};
-}
-
-/// Qt's decoder takes any format, but holds the picture whole, and refuses to from a size on.
-Result<ImagePtr> decodeWithQt(QIODevice& device) {
-    static std::once_flag once;
-    std::call_once(once, [] { QImageReader::setAllocationLimit(kAllocationMegabytes); });
-
-    QImageReader reader(&device);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    if (!reader.canRead())
-        return failDecode(reader);
-    const std::string format = reader.format().toStdString();
-    if (std::ranges::find(kFormats, format) == kFormats.end())
-        return fail(Cause::malformed, "this is no picture; use a PNG, JPEG or WebP file");
-
-    const QSize size = reader.size();
-    if (size.isValid()) {
-        const Extent extent{size.width(), size.height()};
-        if (const auto fits = checkClaim(reader, extent); !fits)
-            return tl::unexpected(fits.error());
-        limitSize(reader, extent);
-    }
-    const QImage decoded = reader.read();
-    if (decoded.isNull())
-        return failDecode(reader);
-    return inSRGB(limited(decoded));
-}
-
-Result<ImagePtr> decodeStored(QIODevice& device) {
-    const QByteArray start = device.peek(kPNGHeaderBytes);
-    const auto header = pngHeaderOf(
-        {reinterpret_cast<const std::uint8_t*>(start.data()),
-         static_cast<std::size_t>(start.size())});
-    if (!header || std::max(header->extent.width, header->extent.height) <= kMaxSide)
-        return decodeWithQt(device);
-    if (const auto fits = checkSize(header->extent); !fits)
-        return tl::unexpected(fits.error());
-    if (!header->isInterlaced)
-        return decodePNGRows(device);
-    constexpr std::int64_t kMaxInterlaced = (std::int64_t{kAllocationMegabytes} << 20U) / 8;
-    if (static_cast<std::int64_t>(header->extent.width) * header->extent.height > kMaxInterlaced)
-        return failSize(header->extent, "save it without interlacing");
-    return decodeWithQt(device);
-}
-
-Result<ImagePtr> decode(QIODevice& device) {
-    const auto read = [&device](std::int64_t at, std::size_t count) {
-        const QByteArray bytes =
-            device.seek(at) ? device.read(static_cast<qint64>(count)) : QByteArray();
-        return std::vector<std::uint8_t>(bytes.begin(), bytes.end());
-    };
-    if (const auto sound = checkJPEG(read); !sound)
-        return tl::unexpected(sound.error());
-    // Qt turns other formats' pictures itself.
-    const unsigned orientation = storedOrientation(read);
-    device.seek(0);
-    auto picture = decodeStored(device);
-    if (!picture || orientation == 1)
-        return picture;
-    return std::make_shared<const Image>(upright(**picture, orientation));
-}
 
 Result<void> save(const QImage& image, const std::filesystem::path& path, const char* format) {
     QByteArray bytes;
@@ -300,30 +36,20 @@ Result<void> save(const QImage& image, const std::filesystem::path& path, const 
 
 } // namespace
 
-Result<ImagePtr> loadImage(const std::filesystem::path& file) {
-    std::error_code error;
-    if (!std::filesystem::exists(file, error)) {
-        return fail(Cause::notFound, file.string() + ": there is no such file");
-    }
-    QFile device(qPath(file));
-    if (!std::filesystem::is_regular_file(file, error) || !device.open(QIODevice::ReadOnly)) {
-        return fail(Cause::unreadable, file.string() + ": the file cannot be opened");
-    }
-    if (device.size() > kMaxFileBytes) {
-        return fail(Cause::tooLarge, file.string() + ": the file is larger than 512 MiB");
-    }
-    return decode(device).map_error([&](const auto& failure) { return failure.in(file.string()); });
-}
-
-Result<ImagePtr> decodeImage(std::span<const std::uint8_t> bytes) {
-    if (bytes.size() > static_cast<std::size_t>(kMaxFileBytes)) {
-        return fail(Cause::tooLarge, "the picture is larger than 512 MiB");
-    }
-    const auto* const data = reinterpret_cast<const char*>(bytes.data());
-    QByteArray array = QByteArray::fromRawData(data, static_cast<qsizetype>(bytes.size()));
-    QBuffer buffer(&array);
-    buffer.open(QIODevice::ReadOnly);
-    return decode(buffer);
+QImage viewOf(const Image& image) {
+    CHECK(
+        image.pixels.size() ==
+            4U * static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height),
+        "a picture of {} x {} has {} bytes",
+        image.width,
+        image.height,
+        image.pixels.size());
+    return {
+        image.pixels.data(),
+        image.width,
+        image.height,
+        static_cast<qsizetype>(image.width) * 4,
+        QImage::Format_RGBA8888};
 }
 
 Result<void> savePNG(const Image& image, const std::filesystem::path& file) {

@@ -7,8 +7,6 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
-#include <span>
-#include <string>
 #include <vector>
 
 namespace zelvo::image {
@@ -36,24 +34,6 @@ struct Image {
 };
 
 using ImagePtr = std::shared_ptr<const Image>;
-
-/// The largest picture that is loaded: sides above kMaxSide are scaled down on load; a file that
-/// claims more than kMaxPixels is refused.
-inline constexpr int kMaxSide = 4096;
-inline constexpr std::int64_t kMaxPixels = 400'000'000;
-
-/// Loads a picture file: the format is told by its content, its EXIF orientation is applied, its
-/// colours become sRGB. Errors: notFound, unreadable, malformed, tooLarge.
-[[nodiscard]] foundation::Result<ImagePtr> loadImage(const std::filesystem::path& file);
-
-/// The same for a file's bytes in memory.
-[[nodiscard]] foundation::Result<ImagePtr> decodeImage(std::span<const std::uint8_t> bytes);
-
-/// The resource picture of that name, with its light probe where one was baked
-/// ("Environment001.jpg" has "Environment001.jpg.probe" beside it). Absent (null) if there is none
-/// or it cannot be read (said on the console); kept, so the same name gives the same object. Any
-/// thread.
-[[nodiscard]] ImagePtr imageNamed(const std::string& name);
 
 /// Writes a PNG. Errors: unwritable.
 [[nodiscard]] foundation::Result<void>

@@ -3,6 +3,7 @@
 
 #include "platform/foundation/Folders.h"
 #include "platform/foundation/Process.h"
+#include "platform/image/reading/ImageNamed.h"
 #include "platform/scene/SCNParticleSystem.h"
 #include "platform/scene/SceneFile.h"
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "platform/image/reading/ImageNamed.h"
 #include "platform/scene/SceneFile.h"
 
 #include <fmt/format.h>

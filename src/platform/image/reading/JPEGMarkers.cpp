@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/image/JPEGMarkers.h"
+#include "platform/image/reading/JPEGMarkers.h"
 
 #include <cstddef>
 #include <vector>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/image/PNGRows.h"
+#include "platform/image/reading/PNGRows.h"
 
 #include <png.h>
 

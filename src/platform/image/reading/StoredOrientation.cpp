@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/image/StoredOrientation.h"
+#include "platform/image/reading/StoredOrientation.h"
 
 #include <algorithm>
 #include <array>

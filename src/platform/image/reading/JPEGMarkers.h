@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/image/StoredOrientation.h"
+#include "platform/image/reading/StoredOrientation.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "platform/image/AreaScaler.h"
+#include "platform/image/reading/AreaScaler.h"
 
 #include "platform/foundation/Check.h"
+#include "platform/image/reading/ImageReader.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "platform/foundation/Result.h"
-#include "platform/image/AreaScaler.h"
 #include "platform/image/Image.h"
+#include "platform/image/reading/AreaScaler.h"
 
 #include <cstdint>
 #include <functional>

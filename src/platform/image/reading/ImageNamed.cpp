@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "platform/image/reading/ImageNamed.h"
+
 #include "platform/foundation/Console.h"
 #include "platform/foundation/Folders.h"
-#include "platform/image/Image.h"
 #include "platform/image/LightProbe.h"
+#include "platform/image/reading/ImageReader.h"
 
 #include <map>
 #include <mutex>
