@@ -7,6 +7,10 @@
 #include <bit>
 #include <vector>
 
+// Why not swscale: it gives the same picture within 2, and takes 5.4 ms of a core for a frame of
+// 1920 x 1080 where this takes 2.0 ms (bench/MediaBench.cpp, convertFrame and
+// convertFrameByLibrary). The encoder is what a movie waits for, on the same thread.
+//
 // The loops below work on whole 32-bit words, without byte shuffles, for the vectoriser's sake.
 
 namespace zelvo::media {
