@@ -18,6 +18,9 @@ TEST(Json, ReadsNumbersToTheLastBit) {
     // clang-format off
     const Row rows[] = {
         {"0e308",                           0                      },
+        {"-0.00E+99999999999",              0                      },
+        {"0.0001e309",                      1e305                  },
+        {"1e-99999999999",                  0                      },
         {"0.00e-400",                       0                      },
         {"1e-400",                          0                      },
         {"123456789012345678901234567890e-30", 0.12345678901234568 },
@@ -49,6 +52,9 @@ TEST(Json, RefusesWhatNobodyWrites) {
 
     // clang-format off
     const Row rows[] = {
+        {"[\"\\\"0\", 0e9, 0e]",
+         "1: not JSON: a digit is expected in the exponent"                                     },
+        {"[1 e0]", "1: not JSON: a comma or a closing ] is missing"},
         {"[1,\n1e309]",                                   "2: not JSON: a number is too big"    },
         {"[1,\n18e307]",                                  "2: not JSON: a number is too big"    },
         {std::string("1 \0 2", 5),

@@ -42,6 +42,38 @@ private:
     int line = 1;
 };
 
+/// The exponent of a zero: "E9" of "-0.00E9". Empty for other numbers, and for what is none.
+[[nodiscard]] std::string_view exponentOfZero(std::string_view number) {
+    const auto at = number.find_first_of("eE");
+    if (at == std::string_view::npos || number.find_first_not_of("-0.") != at ||
+        number.find('0') > at)
+        return {};
+    auto digits = number.substr(at + 1);
+    if (digits.starts_with('+') || digits.starts_with('-'))
+        digits.remove_prefix(1);
+    const bool isWhole =
+        !digits.empty() && digits.find_first_not_of("0123456789") == std::string_view::npos;
+    return isWhole ? number.substr(at) : std::string_view{};
+}
+
+/// The library takes a zero with a large exponent for too big a number: blanks take its place.
+void blankExponentsOfZeros(std::string& text) {
+    bool isInString = false;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '"')
+            isInString = !isInString;
+        if (isInString && text[i] == '\\')
+            ++i;
+        if (isInString || text[i] != '0')
+            continue;
+        const auto end = std::min(text.find_first_not_of("0123456789.eE+-", i), text.size());
+        const auto begin = text.find_last_not_of("0123456789.eE+-", i) + 1; // npos + 1 is 0
+        const auto count = exponentOfZero(std::string_view(text).substr(begin, end - begin)).size();
+        text.replace(end - count, count, count, ' ');
+        i = end - 1;
+    }
+}
+
 /// Takes the parser's events and grows the tree. `open` holds the containers that have begun
 /// and not ended; they are moved into their parents when they end, so that no address is kept.
 class TreeBuilder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, TreeBuilder> {
@@ -198,6 +230,7 @@ tl::expected<JsonValue, Problem> parseJson(std::string_view text) {
                                 rapidjson::kParseNumbersAsStringsFlag |
                                 rapidjson::kParseValidateEncodingFlag;
     std::string scratch(text);
+    blankExponentsOfZeros(scratch);
     Stream stream(scratch.data());
     LineCounter lines(text);
     TreeBuilder builder(stream, lines);
