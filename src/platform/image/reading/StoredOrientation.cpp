@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/image/reading/StoredOrientation.h"
 
+#include <libexif/exif-data.h>
+
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <optional>
 #include <string_view>
 
@@ -81,26 +84,23 @@ Bytes exifOf(const FileReader& file, const Container& container) {
     return {};
 }
 
-/// The tag in the first directory of an Exif block (Exif 2.3, 4.5: TIFF's header and directories).
-unsigned orientationIn(Bytes exif) {
-    if (hasAt(exif, 0, "Exif\0\0"sv))
-        exif.erase(exif.begin(), exif.begin() + 6);
-    const bool isBig = hasAt(exif, 0, "MM\0*"sv);
-    if (!isBig && !hasAt(exif, 0, "II*\0"sv))
+unsigned orientationIn(Bytes block) {
+    constexpr auto kName = "Exif\0\0"sv; // a PNG leaves it away
+    if (!hasAt(block, 0, kName))
+        block.insert(block.begin(), kName.begin(), kName.end());
+    const std::unique_ptr<ExifData, decltype(&exif_data_unref)> exif(
+        exif_data_new(), &exif_data_unref);
+    if (exif == nullptr)
         return kUpright;
-    const ByteOrder order = isBig ? ByteOrder::bigEndian : ByteOrder::littleEndian;
-    constexpr std::size_t kEntry = 12;
-    constexpr std::uint32_t kOrientationTag = 274;
-    const std::size_t directory = numberAt(exif, 4, 4, order);
-    const std::size_t count = numberAt(exif, directory, 2, order);
-    for (std::size_t i = 0; i < count; ++i) {
-        const std::size_t entry = directory + 2 + i * kEntry;
-        if (numberAt(exif, entry, 2, order) != kOrientationTag)
-            continue;
-        const std::uint32_t value = numberAt(exif, entry + 8, 2, order);
-        return value >= 1 && value <= 8 ? value : kUpright;
-    }
-    return kUpright;
+    // Otherwise it adds what each block should hold.
+    exif_data_unset_option(exif.get(), EXIF_DATA_OPTION_FOLLOW_SPECIFICATION);
+    exif_data_load_data(exif.get(), block.data(), static_cast<unsigned>(block.size()));
+    const ExifEntry* const entry =
+        exif_content_get_entry(exif->ifd[EXIF_IFD_0], EXIF_TAG_ORIENTATION);
+    if (entry == nullptr || entry->format != EXIF_FORMAT_SHORT || entry->components != 1)
+        return kUpright;
+    const unsigned value = exif_get_short(entry->data, exif_data_get_byte_order(exif.get()));
+    return value >= 1 && value <= 8 ? value : kUpright;
 }
 
 /// How a picture is read: along its columns instead of its rows, and from which ends.
