@@ -5,6 +5,7 @@
 #include "node/DefaultSCNNode.h"
 #include "node/OutlineMarks.h"
 #include "node/Surroundings.h"
+#include "platform/geometry/Ray.h"
 #include "platform/scene/SCNShapes.h"
 
 #include <optional>
@@ -13,8 +14,13 @@
 
 namespace zelvo::core {
 
-/// plain: the corners only. highlighted: the whole frame, of what is in hand.
-enum class Outline { hidden, plain, highlighted };
+/// How much of a node's editing frame is shown.
+enum class Outline {
+    hidden,
+    plain,      ///< the corners, and the name if the content is visible
+    pointed,    ///< all of it: the pointer is over the node
+    highlighted ///< all of it, in the accent colour: the node is selected
+};
 enum class Transition { immediate, animated };
 
 /// Every piece of visible content: not one scene node but a fixed chain of them, so that each
@@ -103,11 +109,17 @@ public:
     void updateVisibility();
     void showOutline(Outline outline, Transition transition = Transition::immediate);
 
-    /// What the frame says it frames; empty: nothing.
-    void nameOutline(const std::string& title) { marks.setName(title); }
+    /// The name that the frame shows; empty: none.
+    void nameOutline(const std::string& title, NamePlace place) { marks.setName(title, place); }
 
     /// Fits the frame and the touch target around the content.
     void updateOutline();
+
+    /// Where a ray of the scene's space meets the rectangle of the frame: the distance along the
+    /// ray. Empty: it misses.
+    [[nodiscard]] std::optional<float> frameDistance(const geometry::Ray& ray) const;
+    /// In square scene units as it stands on the stage.
+    [[nodiscard]] float frameArea() const;
 
 protected:
     /// Links the chain; called once by each `make` as soon as the shared pointer exists.
@@ -129,6 +141,7 @@ private:
 
     [[nodiscard]] std::vector<Bar> bars() const;
     void linkOutline();
+    [[nodiscard]] bool hasVisibleContent() const;
 
     Surroundings surroundings_;
     OutlineMarks marks;

@@ -2,6 +2,9 @@
 // The editing frame of a node and its touch target.
 #include "node/Node.h"
 
+#include <glm/geometric.hpp>
+#include <glm/matrix.hpp>
+
 #include <algorithm>
 #include <cmath>
 
@@ -85,12 +88,14 @@ void Node::showOutline(Outline outline, Transition transition) {
     updateOutline();
     outlineNode->opacity = 1.0f;
     outlineNode->isHidden = false;
-    const bool isWhole = outline == Outline::highlighted;
+    const bool isWhole = outline != Outline::plain;
     for (const Bar& bar : bars()) {
-        bar.plane->materials.front()->emission.contents = isWhole ? kAccent : kQuiet;
+        bar.plane->materials.front()->emission.contents =
+            outline == Outline::highlighted ? kAccent : kQuiet;
         bar.node->isHidden = !isWhole;
     }
     marks.show(isWhole ? OutlineMarks::Extent::whole : OutlineMarks::Extent::corners);
+    marks.showName(isWhole || hasVisibleContent());
 }
 
 void Node::updateOutline() {
@@ -117,6 +122,31 @@ void Node::updateOutline() {
     leftPlaneNode->position = glm::vec3(-w / 2, 0, 0);
     marks.fit({w, h}, {bw, bh}, 1 / positionNode->scale.value().x);
     outlineNode->position = contentNode->position.value() + glm::vec3(0, 0, 1);
+}
+
+bool Node::hasVisibleContent() const {
+    const geometry::Box box = contentNode->boundingBox();
+    return !contentNode->isHidden && box.min != box.max;
+}
+
+std::optional<float> Node::frameDistance(const geometry::Ray& ray) const {
+    const glm::mat4 fromWorld = glm::inverse(outlineNode->worldTransform());
+    const glm::vec3 origin(fromWorld * glm::vec4(ray.origin, 1));
+    const glm::vec3 direction(fromWorld * glm::vec4(ray.direction, 0));
+    if (direction.z == 0)
+        return std::nullopt;
+    const float distance = -origin.z / direction.z;
+    const glm::vec2 met(origin + distance * direction);
+    const glm::vec2 half(bgPlane->width() / 2, bgPlane->height() / 2);
+    const bool isMet = distance > 0 && std::abs(met.x) <= half.x && std::abs(met.y) <= half.y;
+    return isMet ? std::optional(distance) : std::nullopt;
+}
+
+float Node::frameArea() const {
+    const glm::mat4 toWorld = outlineNode->worldTransform();
+    const glm::vec3 across = glm::vec3(toWorld[0]) * static_cast<float>(bgPlane->width());
+    const glm::vec3 up = glm::vec3(toWorld[1]) * static_cast<float>(bgPlane->height());
+    return glm::length(glm::cross(across, up));
 }
 
 } // namespace zelvo::core

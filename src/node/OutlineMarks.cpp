@@ -120,7 +120,8 @@ void OutlineMarks::show(Extent extent) {
     corners->isHidden = extent == Extent::whole;
 }
 
-void OutlineMarks::setName(const std::string& name) {
+void OutlineMarks::setName(const std::string& name, NamePlace side) {
+    namePlace = side;
     text::TextAttributes attributes;
     attributes.font = fonts->fallback();
     attributes.fallbacks = fonts->fallbacks();
@@ -132,22 +133,23 @@ void OutlineMarks::setName(const std::string& name) {
     const auto solid = std::make_shared<scene::SCNText>(name, attributes, kDepth);
     solid->setFlatness(kDepth);
     solid->materials = {flat(0.95f)};
-    letters->geometry = solid;
-    label->isHidden = name.empty();
+    letters->geometry = name.empty() ? nullptr : solid;
+    showName(!name.empty());
     fitName(nameUnits);
 }
 
-/// Above the upper left corner, below it in a tall frame, which may reach up to the window's edge.
-/// As large on the stage however large the frame's own units are.
+/// The name stands outside of the frame at its left. A tall frame may reach the window's edge, so
+/// there it stands inside. It has the same size on the stage whatever the units of the frame.
 void OutlineMarks::fitName(float unitsOnStage) {
     nameUnits = unitsOnStage;
     label->scale = glm::vec3(unitsOnStage);
     const float height = kNameSize + 2 * kNamePadding;
     const bool isTall = frame.y > kTall * unitsOnStage;
-    const float up = isTall ? -kNameGap - height : kNameGap;
+    const bool isAbove = !isTall && namePlace == NamePlace::above;
+    const float edge = isTall || isAbove ? frame.y / 2 : -frame.y / 2;
+    const float up = isAbove ? kNameGap : -kNameGap - height;
     const float right = isTall ? kNameGap : 0;
-    label->position =
-        glm::vec3(-frame.x / 2, frame.y / 2, 0) + glm::vec3(right, up, 0) * unitsOnStage;
+    label->position = glm::vec3(-frame.x / 2, edge, 0) + glm::vec3(right, up, 0) * unitsOnStage;
     const glm::vec2 size = nameSize + 2 * kNamePadding;
     plate.place(size / 2.0f, size);
     constexpr float kBaseline = 0.15f; // of the size: capitals stand in the middle of the plate

@@ -16,6 +16,9 @@ class FontRegistry;
 
 namespace zelvo::core {
 
+/// On which side of a frame its name stands. Inside of a tall frame it stands below the upper edge.
+enum class NamePlace { above, below };
+
 /// What makes an editing frame seen on a stage of any colour, and tells whose it is: a dark and a
 /// light edge along its bars, or only its corners, and a name above.
 ///
@@ -36,7 +39,9 @@ public:
     /// are one unit on the stage.
     void fit(const glm::vec2& sides, const glm::vec2& line, float unitsOnStage);
     void show(Extent extent);
-    void setName(const std::string& name);
+    void setName(const std::string& name, NamePlace side);
+
+    void showName(bool isShown) { label->isHidden = !isShown || letters->geometry == nullptr; }
 
 private:
     /// A flat rectangle of one colour.
@@ -60,6 +65,7 @@ private:
     glm::vec2 nameSize{0, 0};                     ///< on the stage
     glm::vec2 frame{0, 0};
     float nameUnits = 1;
+    NamePlace namePlace = NamePlace::above;
 };
 
 } // namespace zelvo::core

@@ -151,6 +151,25 @@ TEST_F(NodeTest, ShowsItsFrameWhileContentStaysHidden) {
     EXPECT_TRUE(node->outlineNode->isHidden) << "at once";
 }
 
+TEST_F(NodeTest, TellsWhereARayMeetsItsFrame) {
+    fill(392, 192); // a frame of 400 to 200, one unit before the content
+    node->updateOutline();
+    scene::SCNScene scene;
+    scene.rootNode()->addChildNode(node);
+    const glm::vec3 middle(node->outlineNode->worldTransform()[3]);
+    const float size = node->positionNode->scale.value().x;
+    const auto distanceAt = [&](float x, float y) {
+        const glm::vec3 place = middle + size * glm::vec3(x, y, 0);
+        return node->frameDistance({place + glm::vec3(0, 0, 50), {0, 0, -2}});
+    };
+    EXPECT_NEAR(distanceAt(199, -99).value_or(0), 25, 1e-3) << "in lengths of the direction";
+    EXPECT_FALSE(distanceAt(201, 0));
+    EXPECT_FALSE(distanceAt(0, -101));
+    EXPECT_FALSE(node->frameDistance({middle + glm::vec3(0, 0, 50), {0, 0, 1}})) << "behind";
+    EXPECT_FALSE(node->frameDistance({middle + glm::vec3(0, 0, 50), {1, 0, 0}})) << "along it";
+    EXPECT_NEAR(node->frameArea(), 400 * 200 * size * size, 1);
+}
+
 TEST_F(NodeTest, SaysItsSizeInWholePercent) {
     std::string said;
     const auto listener = std::make_shared<int>();

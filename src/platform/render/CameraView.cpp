@@ -52,6 +52,11 @@ makeCameraView(const glm::mat4& nodeToWorld, const scene::SCNCamera& camera, flo
     return result;
 }
 
+geometry::Ray rayThrough(const CameraView& camera, const glm::vec2& point) {
+    const glm::vec3 inEye(point.x / camera.projection[0][0], point.y / camera.projection[1][1], -1);
+    return {camera.position, glm::normalize(camera.axes * inEye)};
+}
+
 Frustum::Frustum(const glm::mat4& viewProjection) {
     // Gribb and Hartmann 2001, "Fast Extraction of Viewing Frustum Planes from the
     // World-View-Projection Matrix"

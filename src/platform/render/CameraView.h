@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/geometry/Mesh.h"
+#include "platform/geometry/Ray.h"
 #include "platform/scene/SCNNode.h"
 
 #include <glm/mat3x3.hpp>
@@ -24,6 +25,10 @@ struct CameraView {
 /// The view of a camera at a node. The node's scale is ignored. `aspect` is width over height.
 [[nodiscard]] CameraView
 makeCameraView(const glm::mat4& nodeToWorld, const scene::SCNCamera& camera, float aspect);
+
+/// From the eye through a point of the picture: -1 to 1, x to the right, y up. The direction has
+/// length 1.
+[[nodiscard]] geometry::Ray rayThrough(const CameraView& camera, const glm::vec2& point);
 
 /// `fieldOfView` is vertical, in radians.
 [[nodiscard]] glm::mat4

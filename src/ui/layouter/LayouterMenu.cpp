@@ -2,6 +2,7 @@
 #include "ui/layouter/LayouterMenu.h"
 
 #include "model/Model.h"
+#include "platform/render/CameraView.h"
 
 #include <array>
 #include <utility>
@@ -34,10 +35,16 @@ LayouterMenu::LayouterMenu(const Services& given, QObject* parent)
     }) {
     backButton.size = {34, 0};
     outliner = this;
-    const std::array titles{tr("Text 1"), tr("Text 2"), tr("Image"), tr("Object")};
+    // The second text stands close below the first one.
+    constexpr auto kAbove = core::NamePlace::above;
+    const std::array names{
+        std::pair(tr("Text 1"), kAbove),
+        std::pair(tr("Text 2"), core::NamePlace::below),
+        std::pair(tr("Image"), kAbove),
+        std::pair(tr("Object"), kAbove)};
     const auto nodes = services.model.nodes().content();
     for (std::size_t i = 0; i < nodes.size(); ++i)
-        nodes[i]->nameOutline(titles[i].toStdString());
+        nodes[i]->nameOutline(names[i].first.toStdString(), names[i].second);
     services.model.actionController().resetAll(actions::CameraHandles::include);
     refresh();
 }
@@ -119,8 +126,33 @@ void LayouterMenu::refresh() {
 }
 
 void LayouterMenu::showOutlines() const {
-    for (const core::NodePtr& node : services.model.nodes().content())
-        node->showOutline(node == currentNode_ ? core::Outline::highlighted : core::Outline::plain);
+    for (const core::NodePtr& node : services.model.nodes().content()) {
+        const auto unselected = node == pointedNode ? core::Outline::pointed : core::Outline::plain;
+        node->showOutline(node == currentNode_ ? core::Outline::highlighted : unselected);
+    }
+}
+
+core::NodePtr LayouterMenu::nodeAt(const Hover& place) const {
+    const core::Nodes& nodes = services.model.nodes();
+    const scene::SCNNode& eye = *nodes.cameraNode;
+    const glm::vec2 share = place.location / place.viewSize;
+    const geometry::Ray ray = render::rayThrough(
+        render::makeCameraView(
+            eye.worldTransform(), *eye.camera, place.viewSize.x / place.viewSize.y),
+        {2 * share.x - 1, 1 - 2 * share.y});
+    core::NodePtr found;
+    for (const core::NodePtr& node : nodes.content()) {
+        const bool isHit = node->frameDistance(ray).has_value();
+        if (isHit && (!found || node->frameArea() < found->frameArea()))
+            found = node;
+    }
+    return found;
+}
+
+void LayouterMenu::handleHover(const std::optional<Hover>& hover) {
+    const core::NodePtr found = hover ? nodeAt(*hover) : nullptr;
+    if (std::exchange(pointedNode, found) != found)
+        showOutlines();
 }
 
 } // namespace zelvo::ui

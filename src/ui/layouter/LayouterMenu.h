@@ -2,6 +2,7 @@
 #pragma once
 
 #include "node/Node.h"
+#include "ui/controls/GestureDelegate.h"
 #include "ui/controls/HighlightButton.h"
 #include "ui/controls/Services.h"
 #include "ui/controls/TabStackView.h"
@@ -40,7 +41,7 @@ enum class CurrentOption {
 ///       └──Background, Audio──> theirs ──back──> root
 ///
 /// The root's strip is the inspirator.
-class LayouterMenu final : public QObject {
+class LayouterMenu final : public QObject, public GestureDelegate {
     Q_OBJECT
     Q_PROPERTY(QObject* stackView READ stackObject CONSTANT)
     Q_PROPERTY(QObject* backButton READ backObject CONSTANT)
@@ -77,6 +78,9 @@ public:
     void setCurrentNodeFromButton(int tag);
     void setCurrentOption(CurrentOption option);
     Q_INVOKABLE void backButtonClicked();
+
+    /// Draws the frame of what the pointer is over in full.
+    void handleHover(const std::optional<Hover>& hover) override;
 
     /// Opens the text field on the text in hand.
     void writeAction();
@@ -119,6 +123,8 @@ private:
     void refresh();
     void rebuildTabs();
     void showOutlines() const;
+    /// The node whose frame is at that place, the smallest of several; null: none.
+    [[nodiscard]] core::NodePtr nodeAt(const Hover& place) const;
     [[nodiscard]] std::vector<TabRow> tabsNow();
     [[nodiscard]] std::vector<TabRow> rootTabs();
     [[nodiscard]] TabRow optionTab(const char* title, CurrentOption option);
@@ -132,6 +138,7 @@ private:
     void assignColor(const image::Color& color);
 
     core::NodePtr currentNode_;
+    core::NodePtr pointedNode; ///< the pointer is over its frame; null: over none
     CurrentOption currentOption_ = CurrentOption::none;
     CurrentOption cachedTextOption = CurrentOption::material; ///< a text comes back to its tab
     LaterPtr<QObject> strip;

@@ -122,7 +122,9 @@ void MainViewController::showLayouterMenu() {
         if (!guard.expired())
             fadeScene(alpha, seconds);
     };
+    LayouterMenu& panel = *menu;
     setPanel(menu.release(), kStylePanel);
+    gestureDelegate = &panel;
     idleTimer.setDisabled(false);
     setEditing(false);
     speedViewController.setHidden(true);
@@ -242,6 +244,11 @@ void MainViewController::handleTap(const TapGesture& tap) {
 void MainViewController::handleDoubleTap(const TapGesture& tap) {
     if (gestureDelegate != nullptr)
         gestureDelegate->handleDoubleTap(tap);
+}
+
+void MainViewController::handleHover(const std::optional<Hover>& hover) {
+    if (gestureDelegate != nullptr)
+        gestureDelegate->handleHover(hover);
 }
 
 QObject* MainViewController::alertsObject() const {

@@ -155,6 +155,7 @@ private:
     void handlePan(const PanGesture& pan) override;
     void handleTap(const TapGesture& tap) override;
     void handleDoubleTap(const TapGesture& tap) override;
+    void handleHover(const std::optional<Hover>& hover) override;
 
     void wire();
     void viewDidLoad();

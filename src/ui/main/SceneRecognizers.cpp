@@ -76,6 +76,10 @@ void SceneRecognizers::release(int finger, const glm::vec2& place) {
     mayBeTap = false;
 }
 
+void SceneRecognizers::hover(const std::optional<glm::vec2>& place) {
+    delegate.handleHover(place ? std::optional(Hover{*place, viewSize}) : std::nullopt);
+}
+
 void SceneRecognizers::cancel() {
     const bool isOfFingers = isPinching && fingers.size() == 2;
     fingers.clear();

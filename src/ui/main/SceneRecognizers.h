@@ -33,6 +33,8 @@ public:
     void press(int finger, const glm::vec2& place);
     void move(int finger, const glm::vec2& place);
     void release(int finger, const glm::vec2& place);
+    /// The mouse without a pressed button; empty: it has left the view.
+    void hover(const std::optional<glm::vec2>& place);
     /// The system takes all fingers away; a pinch of the wheel or a touchpad goes on.
     void cancel();
 

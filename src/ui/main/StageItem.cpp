@@ -125,6 +125,7 @@ StageItem::StageItem(QQuickItem* parent)
     : QQuickFramebufferObject(parent) {
     setAcceptedMouseButtons(Qt::LeftButton);
     setAcceptTouchEvents(true);
+    setAcceptHoverEvents(true);
 }
 
 StageItem::~StageItem() {
@@ -266,6 +267,18 @@ void StageItem::wheelEvent(QWheelEvent* event) {
     }
     stage_->recognizers.turnWheel(turnOf(*event), vec(event->position()));
     event->accept();
+}
+
+void StageItem::hoverMoveEvent(QHoverEvent* event) {
+    event->ignore(); // what lies below may follow the pointer too
+    if (stage_ != nullptr)
+        stage_->recognizers.hover(vec(event->position()));
+}
+
+void StageItem::hoverLeaveEvent(QHoverEvent* event) {
+    event->ignore();
+    if (stage_ != nullptr)
+        stage_->recognizers.hover(std::nullopt);
 }
 
 void installStageItem() {

@@ -50,6 +50,8 @@ protected:
     void mouseUngrabEvent() override;
     void touchUngrabEvent() override;
     void wheelEvent(QWheelEvent* event) override;
+    void hoverMoveEvent(QHoverEvent* event) override;
+    void hoverLeaveEvent(QHoverEvent* event) override;
 
 private:
     [[nodiscard]] std::optional<std::uint64_t> pictureKey() const;

@@ -2,6 +2,7 @@
 #include "ui/layouter/LayouterMenu.h"
 
 #include "model/ModelFixture.h"
+#include "platform/render/CameraView.h"
 #include "shared/Palette.h"
 #include "ui/controls/Alerts.h"
 #include "ui/layouter/ImagePanel.h"
@@ -10,6 +11,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -113,6 +116,42 @@ TEST_F(LayouterMenuTest, OutlinesStayWhenAnotherPanelHasThem) {
     EXPECT_TRUE(isOutlined());
     last.reset();
     EXPECT_FALSE(isOutlined());
+}
+
+TEST_F(LayouterMenuTest, DrawsTheFrameUnderThePointerInFull) {
+    using Nodes = std::vector<core::NodePtr>;
+    const auto inFull = [this] {
+        Nodes found;
+        std::ranges::copy_if(nodes.content(), std::back_inserter(found), [](const auto& node) {
+            return !node->topPlaneNode->isHidden;
+        });
+        return found;
+    };
+    // The picture's frame is the largest: the others lie inside of it.
+    const core::NodePtr picture = nodes.imageNode;
+    for (const glm::vec2 size : {glm::vec2(1280, 720), glm::vec2(500, 700)}) {
+        // A point that lies that far from the corner of the frame, outwards.
+        const auto beyondCorner = [&](float units) {
+            const glm::vec2 half(picture->bgPlane->width() / 2, picture->bgPlane->height() / 2);
+            const auto camera = render::makeCameraView(
+                nodes.cameraNode->worldTransform(), *nodes.cameraNode->camera, size.x / size.y);
+            const glm::vec4 clip = camera.viewProjection * picture->outlineNode->worldTransform() *
+                                   glm::vec4(half + units, 0, 1);
+            return Hover{(glm::vec2(clip.x, -clip.y) / clip.w + 1.0f) / 2.0f * size, size};
+        };
+        menu.handleHover(beyondCorner(-2));
+        EXPECT_EQ(inFull(), Nodes{picture});
+        menu.handleHover(beyondCorner(2));
+        EXPECT_EQ(inFull(), Nodes{});
+        menu.handleHover(Hover{size / 2.0f, size});
+        EXPECT_EQ(inFull().size(), 1);
+        EXPECT_NE(inFull(), Nodes{picture}) << "the smallest of those that lie there";
+        menu.handleHover(std::nullopt);
+        EXPECT_EQ(inFull(), Nodes{});
+    }
+    press("Image");
+    menu.handleHover(std::nullopt);
+    EXPECT_EQ(inFull(), Nodes{picture}) << "in hand";
 }
 
 TEST_F(LayouterMenuTest, TheBackgroundStaysWhenNothingIsInHand) {
