@@ -13,6 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         .masks = {"None", "Mask 1"},
         .scenes = {"Plain", "Stage"},
         .speeds = {"Normal", "Fast"},
+        .fades = {"noFade", "fadeIn"},
         .tabs = {{"IN1", {"Left In", "Right In"}}, {"CAM", {}}}};
     const auto* const chars =
         reinterpret_cast<const char*>(data); // NOLINT(cppcoreguidelines-pro-type-reinterpret-cast)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/EngineNames.h"
 
+#include "audio/AudioPlayer.h"
 #include "catalogue/Catalogue.h"
 #include "content/FontManager.h"
 #include "content/ImageMask.h"
@@ -55,6 +56,7 @@ Names engineNames() {
     names.shapes = collected(content::mediaShapes(), [](const auto& shape) { return shape->name; });
     names.masks = collected(content::imageMasks(), [](const auto& mask) { return mask->name; });
     names.speeds = collected(core::kSpeeds, [](const auto& row) { return row.title; });
+    names.fades = collected(audio::kFades, [](const auto& row) { return row.name; });
     names.scenes = collected(look::kEnvironments, [](const auto& row) { return row.name; });
     for (const auto& tab : catalogue::tabs()) {
         TabNames row{.tab = std::string(tab.shortTitle), .titles = {}};

@@ -63,7 +63,7 @@ struct Music {
     std::optional<double>
         end; ///< song time at which it ends; absent: the song's end or the movie's length
     double preRoll = 0;              ///< movie time at which it begins to sound
-    std::optional<std::string> fade; ///< noFade, fadeIn, fadeOut, fadeInOut
+    std::optional<std::string> fade; ///< name of a fade
 };
 
 /// A button of the catalogue, pressed.

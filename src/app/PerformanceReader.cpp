@@ -22,10 +22,6 @@ using foundation::Range;
 constexpr Range kDuration{2, 3599};
 constexpr Range kSongTime{0, 86'400};
 
-using Strings = std::vector<std::string>;
-
-const Strings kFades{"noFade", "fadeIn", "fadeOut", "fadeInOut"};
-
 /// Reads the parts of one file. Every function gives what could be read and reports the rest.
 class Reader {
 public:
@@ -71,7 +67,7 @@ private:
         result.in = object.number("in", kSongTime).value_or(0);
         result.end = object.number("end", kSongTime);
         result.preRoll = object.number("preRoll", kSongTime).value_or(0);
-        result.fade = object.choice("fade", "fade", kFades);
+        result.fade = object.choice("fade", "fade", names.fades);
         if (result.end && *result.end < result.in + kMinStretch) {
             problems.add(
                 object.lineOf("end"),

@@ -29,6 +29,7 @@ struct Names {
     std::vector<std::string> masks;
     std::vector<std::string> scenes;
     std::vector<std::string> speeds; ///< accepted in any case of letters
+    std::vector<std::string> fades;
     std::vector<TabNames> tabs;
 };
 

@@ -12,7 +12,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <functional>
 #include <map>
@@ -27,21 +26,6 @@ namespace {
 using actions::GestureState;
 using shared::FrameClock;
 
-struct FadeRow {
-    std::string_view name;
-    audio::FadeState state;
-};
-
-// clang-format off
-constexpr auto kFades = std::to_array<FadeRow>({
-    {"noFade",    audio::FadeState::noFade   },
-    {"fadeIn",    audio::FadeState::fadeIn   },
-    {"fadeOut",   audio::FadeState::fadeOut  },
-    {"fadeInOut", audio::FadeState::fadeInOut},
-});
-
-// clang-format on
-
 [[nodiscard]] core::AnimationRatio speedTitled(std::string_view title) {
     const auto* const row = std::ranges::find(core::kSpeeds, title, &core::SpeedRow::title);
     CHECK(row != core::kSpeeds.end(), "no speed is called {}", title);
@@ -49,8 +33,8 @@ constexpr auto kFades = std::to_array<FadeRow>({
 }
 
 [[nodiscard]] audio::FadeState fadeNamed(std::string_view name) {
-    const auto* const row = std::ranges::find(kFades, name, &FadeRow::name);
-    CHECK(row != kFades.end(), "no fade is called {}", name);
+    const auto* const row = std::ranges::find(audio::kFades, name, &audio::FadeRow::name);
+    CHECK(row != audio::kFades.end(), "no fade is called {}", name);
     return row->state;
 }
 

@@ -5,11 +5,13 @@
 #include "platform/media/AVAudioPlayer.h"
 #include "platform/media/AudioOutput.h"
 
+#include <array>
 #include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zelvo::audio {
@@ -18,6 +20,22 @@ namespace zelvo::audio {
 enum class FadeState { noFade = 0, fadeIn = 1, fadeOut = 2, fadeInOut = 3 };
 
 [[nodiscard]] std::optional<FadeState> fadeStateOf(int rawValue);
+
+struct FadeRow {
+    FadeState state;
+    std::string_view name; ///< in a performance file
+};
+
+/// All of them, in the order of the raw values.
+// clang-format off
+inline constexpr auto kFades = std::to_array<FadeRow>({
+    {FadeState::noFade,    "noFade"   },
+    {FadeState::fadeIn,    "fadeIn"   },
+    {FadeState::fadeOut,   "fadeOut"  },
+    {FadeState::fadeInOut, "fadeInOut"},
+});
+
+// clang-format on
 
 [[nodiscard]] constexpr bool hasFadeIn(FadeState state) {
     return state == FadeState::fadeIn || state == FadeState::fadeInOut;

@@ -103,6 +103,7 @@ using Strings = std::vector<std::string>;
             R"({{"type": "string", "pattern": "{}", "examples": ["{}"]}})",
             patternOf(names.speeds),
             fmt::join(names.speeds, "\", \"")));
+    define("fade", listOf(names.fades));
     define("tab", listOf(tabs));
     return text + "    \"buttonOfTab\": {\n      \"allOf\": [\n" +
            fmt::format("{}", fmt::join(buttons, ",\n")) + "\n      ]\n    }\n  }\n}\n";

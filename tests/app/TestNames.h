@@ -15,6 +15,7 @@ inline Names testNames() {
         .masks = {"None", "Mask 1", "Mask 12"},
         .scenes = {"Plain", "Stage"},
         .speeds = {"Slow", "Normal", "Fast"},
+        .fades = {"noFade", "fadeIn", "fadeOut", "fadeInOut"},
         .tabs = {
             {"IN1", {"Left In", "Right In"}}, {"OT2", {"Falling Out", "Fade Out"}}, {"CAM", {}}}};
     names.tabs.push_back({"FX1", {"Blur"}, {"Blur"}});
