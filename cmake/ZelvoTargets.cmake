@@ -38,6 +38,25 @@ function(zelvo_library name)
     target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE zelvo_options ${ARG_PRIVATE})
 endfunction()
 
+# zelvo_qml_module(name URI Zelvo.X [DEPENDENCIES uris…] [QML_FILES …] [RESOURCES …])
+# Makes the classes of a zelvo_library that say QML_ELEMENT a module that views import, and describes them to qmllint.
+# Before Qt 6.5 the engine looks for modules below qt-project.org/imports alone.
+function(zelvo_qml_module name)
+    cmake_parse_arguments(ARG "" "URI" "DEPENDENCIES;QML_FILES;RESOURCES" ${ARGN})
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    target_link_libraries(${name} PUBLIC Qt6::Qml)
+    # What registers the classes includes their headers by the file's name alone.
+    target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
+    qt_add_qml_module(${name}
+        URI ${ARG_URI}
+        VERSION 1.0
+        RESOURCE_PREFIX /qt-project.org/imports
+        DEPENDENCIES ${ARG_DEPENDENCIES}
+        QML_FILES ${ARG_QML_FILES}
+        RESOURCES ${ARG_RESOURCES}
+        NO_PLUGIN NO_CACHEGEN NO_LINT)
+endfunction()
+
 # zelvo_test(name SOURCES a.cpp … LINK libs…): a GoogleTest program, each of its tests known to CTest.
 function(zelvo_test name)
     cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINK" ${ARGN})

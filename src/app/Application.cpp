@@ -10,7 +10,6 @@
 #include "platform/foundation/Random.h"
 #include "platform/media/AVAudioSession.h"
 #include "platform/media/AudioOutput.h"
-#include "ui/main/StageItem.h"
 #include "ui/qml/Views.h"
 
 #include <QGuiApplication>
@@ -71,9 +70,8 @@ Application::Application(const foundation::Folders& folders)
     , main({model_, runLoop_, defaults, alerts}) {
     foundation::seedRandom(std::random_device{}());
     ui::installViews();
-    ui::installStageItem();
-    engine.setInitialProperties({{"main", QVariant::fromValue<QObject*>(&main)}});
-    engine.load(QUrl("qrc:/zelvo/Main.qml"));
+    engine.setInitialProperties({{"main", QVariant::fromValue(&main)}});
+    engine.load(ui::viewUrl("Main"));
     if (QQuickWindow* shown = window()) {
         main.visualizer.watch(shown);
         gate = std::make_unique<ui::FrameGate>(*shown, runLoop_);

@@ -2,7 +2,7 @@
 #include "HintPainter.h"
 
 #include "shared/FormatTime.h"
-#include "ui/controls/Theme.h"
+#include "ui/qml/Theme.h"
 
 #include <QPainter>
 

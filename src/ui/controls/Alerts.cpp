@@ -1,27 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/Alerts.h"
 
-#include <QVariantMap>
-
 #include <algorithm>
 
 namespace zelvo::ui {
-
-namespace {
-
-QString nameOf(AlertRole role) {
-    switch (role) {
-    case AlertRole::standard:
-        return QStringLiteral("standard");
-    case AlertRole::cancel:
-        return QStringLiteral("cancel");
-    case AlertRole::destructive:
-        return QStringLiteral("destructive");
-    }
-    return {};
-}
-
-} // namespace
 
 void Alerts::show(Alert alert) {
     if (alert.actions.empty())
@@ -43,18 +25,18 @@ QString Alerts::message() const {
     return isShowing() ? QString::fromStdString(alerts.front().message) : QString();
 }
 
-QVariantList Alerts::actions() const {
-    QVariantList list;
+QList<AlertChoice> Alerts::actions() const {
+    QList<AlertChoice> choices;
     if (!isShowing())
-        return list;
+        return choices;
     for (const AlertAction& action : alerts.front().actions) {
-        QVariantMap entry{
-            {"title", QString::fromStdString(action.title)}, {"role", nameOf(action.role)}};
-        if (action.titleColor.isValid())
-            entry.insert("color", action.titleColor);
-        list.append(entry);
+        choices.append(
+            {.title = QString::fromStdString(action.title),
+             .isCancelling = action.role == AlertRole::cancel,
+             .isDestructive = action.role == AlertRole::destructive,
+             .color = action.titleColor});
     }
-    return list;
+    return choices;
 }
 
 int Alerts::defaultAction() const {

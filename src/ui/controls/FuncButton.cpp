@@ -4,8 +4,6 @@
 #include "platform/foundation/Check.h"
 #include "platform/foundation/Console.h"
 
-#include <QMetaEnum>
-
 #include <utility>
 
 namespace zelvo::ui {
@@ -20,10 +18,6 @@ FuncButton::FuncButton(foundation::RunLoop& loop, ButtonFace shown, Action given
 
 FuncButton::~FuncButton() {
     end();
-}
-
-QString FuncButton::glowName() const {
-    return QString::fromLatin1(QMetaEnum::fromType<Glow>().valueToKey(static_cast<int>(glow_)));
 }
 
 void FuncButton::press() {

@@ -6,7 +6,9 @@
 #include "ui/controls/MyButton.h"
 
 #include <QColor>
+#include <QList>
 #include <QObject>
+#include <QtQml/qqml.h>
 
 #include <functional>
 #include <optional>
@@ -24,6 +26,8 @@ namespace zelvo::ui {
 /// that is taken away (the button goes, the window loses the finger) ends as at lift-off.
 class FuncButton final : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(QString image READ image CONSTANT)
     Q_PROPERTY(QString title READ title CONSTANT)
     Q_PROPERTY(QString name READ name CONSTANT)
@@ -31,7 +35,9 @@ class FuncButton final : public QObject {
     Q_PROPERTY(QColor selectedColor MEMBER selectedColor CONSTANT)
     Q_PROPERTY(QColor unselectedColor MEMBER unselectedColor CONSTANT)
     Q_PROPERTY(bool isHold READ isHold CONSTANT)
-    Q_PROPERTY(QString glow READ glowName NOTIFY glowChanged)
+    Q_PROPERTY(bool isFlashing READ isFlashing NOTIFY glowChanged)
+    Q_PROPERTY(bool isPulsing READ isPulsing NOTIFY glowChanged)
+    Q_PROPERTY(bool isLit READ isLit NOTIFY glowChanged)
 
 public:
     enum class Glow {
@@ -40,7 +46,6 @@ public:
         pulse, ///< to and fro in the same time, until lift-off
         lit    ///< selectedColor
     };
-    Q_ENUM(Glow)
 
     static constexpr double kFlashDuration = 0.08; ///< seconds
     static constexpr double kRepeatInterval = 0.1; ///< seconds
@@ -76,7 +81,11 @@ public:
 
     [[nodiscard]] Glow glow() const { return glow_; }
 
-    [[nodiscard]] QString glowName() const;
+    [[nodiscard]] bool isFlashing() const { return glow_ == Glow::flash; }
+
+    [[nodiscard]] bool isPulsing() const { return glow_ == Glow::pulse; }
+
+    [[nodiscard]] bool isLit() const { return glow_ == Glow::lit; }
 
     Q_INVOKABLE void press();
     Q_INVOKABLE void release();
@@ -99,6 +108,14 @@ private:
     foundation::Timer flashing;
     std::optional<double> pressStartTime; ///< on the run loop's clock; absent: not pressed
     Glow glow_ = Glow::none;
+};
+
+/// What a list of such buttons holds, for the tools of QML.
+struct FuncButtonList {
+    Q_GADGET
+    QML_ANONYMOUS
+    QML_FOREIGN(QList<zelvo::ui::FuncButton*>)
+    QML_SEQUENTIAL_CONTAINER(zelvo::ui::FuncButton*)
 };
 
 } // namespace zelvo::ui

@@ -3,6 +3,8 @@
 
 #include "ui/controls/MyButton.h"
 
+#include <QtQml/qqmlregistration.h>
+
 namespace zelvo::ui {
 
 class HighlightButton;
@@ -16,8 +18,10 @@ public:
 };
 
 /// One of a row of which one is selected: the one that was touched last.
-class HighlightButton : public MyButton {
+class HighlightButton : public zelvo::ui::MyButton {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
 
 public:
     HighlightButton(ButtonFace shown, std::function<void()> targetFunc, QObject* parent = nullptr);
@@ -35,8 +39,10 @@ private:
 };
 
 /// A tab.
-class MySegmentedStackButton : public HighlightButton {
+class MySegmentedStackButton : public zelvo::ui::HighlightButton {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
 
 public:
     using HighlightButton::HighlightButton;

@@ -4,9 +4,11 @@
 #include "ui/controls/InterfaceColors.h"
 
 #include <QColor>
+#include <QList>
 #include <QObject>
 #include <QSizeF>
 #include <QString>
+#include <QtQml/qqml.h>
 
 #include <functional>
 
@@ -25,6 +27,8 @@ struct ButtonFace {
 /// state and the others.
 class MyButton : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(QString image READ image NOTIFY changed)
     Q_PROPERTY(QString title READ title NOTIFY changed)
     Q_PROPERTY(QString name READ name NOTIFY changed)
@@ -98,12 +102,22 @@ private:
 };
 
 /// A button with a picture and a text that both stand in its fill.
-class MyLabelButton : public MyButton {
+class MyLabelButton : public zelvo::ui::MyButton {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(QString myImageView READ image NOTIFY changed)
 
 public:
     using MyButton::MyButton;
+};
+
+/// What a list of buttons holds, for the tools of QML.
+struct MyButtonList {
+    Q_GADGET
+    QML_ANONYMOUS
+    QML_FOREIGN(QList<zelvo::ui::MyButton*>)
+    QML_SEQUENTIAL_CONTAINER(zelvo::ui::MyButton*)
 };
 
 } // namespace zelvo::ui

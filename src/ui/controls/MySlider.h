@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QtQml/qqmlregistration.h>
 
 #include <functional>
 #include <optional>
@@ -12,6 +13,8 @@ namespace zelvo::ui {
 /// A slider that goes back to its default at a double tap. Its number is shown in whole units.
 class MySlider final : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(double value READ value NOTIFY changed)
     Q_PROPERTY(double minimumValue READ minimumValue CONSTANT)
     Q_PROPERTY(double maximumValue READ maximumValue CONSTANT)

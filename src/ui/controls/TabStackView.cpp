@@ -53,10 +53,6 @@ qsizetype TabStackView::selectedIndex() const {
     return lit == all.end() ? -1 : lit - all.begin();
 }
 
-QList<QObject*> TabStackView::arrangedObjects() const {
-    return {row.begin(), row.end()};
-}
-
 void TabStackView::enter(MyButton& button) {
     if (auto* const highlighting = qobject_cast<HighlightButton*>(&button))
         highlighting->setRow(this);

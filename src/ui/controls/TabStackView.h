@@ -7,6 +7,7 @@
 #include <QList>
 #include <QMarginsF>
 #include <QObject>
+#include <QtQml/qqmlregistration.h>
 
 namespace zelvo::ui {
 
@@ -14,7 +15,9 @@ namespace zelvo::ui {
 /// they outlive their standing in it.
 class TabStackView : public QObject, public HighlightRow {
     Q_OBJECT
-    Q_PROPERTY(QList<QObject*> arrangedSubviews READ arrangedObjects NOTIFY changed)
+    QML_ELEMENT
+    QML_UNCREATABLE("")
+    Q_PROPERTY(QList<zelvo::ui::MyButton*> arrangedSubviews READ arranged NOTIFY changed)
     Q_PROPERTY(qreal leftInset READ leftInset NOTIFY changed)
     Q_PROPERTY(qreal rightInset READ rightInset NOTIFY changed)
     Q_PROPERTY(qreal spacing READ spacing NOTIFY changed)
@@ -57,8 +60,6 @@ public:
     void select(qsizetype index);
     /// The place of the selected one among the row's MySegmentedStackButtons; -1: none.
     [[nodiscard]] qsizetype selectedIndex() const;
-
-    [[nodiscard]] QList<QObject*> arrangedObjects() const;
 
     [[nodiscard]] qreal leftInset() const { return look.buttonEdgeInsets.left(); }
 

@@ -6,6 +6,7 @@
 #include <QMarginsF>
 #include <QObject>
 #include <QString>
+#include <QtQml/qqmlregistration.h>
 
 #include <memory>
 #include <string>
@@ -16,6 +17,8 @@ namespace zelvo::ui {
 /// the moment anew, with a short gap by which one sees that it is another.
 class ValueLabel final : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(QString text READ text NOTIFY changed)
     Q_PROPERTY(bool isHidden READ isHidden NOTIFY changed)
     Q_PROPERTY(qreal horizontalInset READ horizontalInset CONSTANT)

@@ -68,7 +68,7 @@ void ImagePanel::refresh() {
             : ButtonFace{.image = "Hidden_Off", .title = tr("Show"), .name = tr("Show the image")});
 }
 
-QList<QObject*> ImagePanel::buttonObjects() {
+QList<MyButton*> ImagePanel::buttonObjects() {
     return {&toggleImageVisibilityButton, &flipH, &flipV, &rotate};
 }
 

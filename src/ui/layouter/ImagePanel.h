@@ -6,13 +6,16 @@
 
 #include <QList>
 #include <QObject>
+#include <QtQml/qqmlregistration.h>
 
 namespace zelvo::ui {
 
 /// Shows or hides the picture, mirrors it and turns it by quarters. All but the first show it.
 class ImagePanel final : public QObject {
     Q_OBJECT
-    Q_PROPERTY(QList<QObject*> buttons READ buttonObjects CONSTANT)
+    QML_ELEMENT
+    QML_UNCREATABLE("")
+    Q_PROPERTY(QList<zelvo::ui::MyButton*> buttons READ buttonObjects CONSTANT)
 
 public:
     explicit ImagePanel(content::ImageNodePtr edited, QObject* parent = nullptr);
@@ -27,7 +30,7 @@ public:
     void changeFlipV();
     void changeRotation();
 
-    [[nodiscard]] QList<QObject*> buttonObjects();
+    [[nodiscard]] QList<MyButton*> buttonObjects();
 
 private:
     void show();

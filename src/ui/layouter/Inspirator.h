@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QtQml/qqmlregistration.h>
 
 #include <functional>
 #include <memory>
@@ -16,7 +17,9 @@ namespace zelvo::ui {
 /// style changes unseen, the scene fades in again. It is off until its title is back.
 class Inspirator final : public QObject {
     Q_OBJECT
-    Q_PROPERTY(QObject* button READ buttonObject CONSTANT)
+    QML_ELEMENT
+    QML_UNCREATABLE("")
+    Q_PROPERTY(zelvo::ui::MyButton* button READ buttonObject CONSTANT)
     Q_PROPERTY(double titleAlpha READ titleAlpha NOTIFY changed)
     Q_PROPERTY(int titleFadeMilliseconds READ titleFadeMilliseconds NOTIFY changed)
 
@@ -38,7 +41,7 @@ public:
 
     void inspiratorAction();
 
-    [[nodiscard]] QObject* buttonObject() { return &button; }
+    [[nodiscard]] MyButton* buttonObject() { return &button; }
 
     [[nodiscard]] double titleAlpha() const { return titleAlpha_; }
 

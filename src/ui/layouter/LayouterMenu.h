@@ -10,6 +10,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QtQml/qqmlregistration.h>
 
 #include <memory>
 #include <vector>
@@ -43,9 +44,12 @@ enum class CurrentOption {
 /// The root's strip is the inspirator.
 class LayouterMenu final : public QObject, public GestureDelegate {
     Q_OBJECT
-    Q_PROPERTY(QObject* stackView READ stackObject CONSTANT)
-    Q_PROPERTY(QObject* backButton READ backObject CONSTANT)
-    Q_PROPERTY(QObject* inspirator READ inspiratorObject CONSTANT)
+    QML_ELEMENT
+    QML_UNCREATABLE("")
+    Q_PROPERTY(zelvo::ui::TabStackView* stackView READ stackObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::MyButton* backButton READ backObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::Inspirator* inspirator READ inspiratorObject CONSTANT)
+    Q_PROPERTY(bool isInspiratorVisible READ isInspiratorVisible NOTIFY refreshed)
     Q_PROPERTY(bool isBackVisible READ isBackVisible NOTIFY refreshed)
     Q_PROPERTY(QString stripView READ stripView NOTIFY refreshed)
     Q_PROPERTY(QObject* strip READ stripObject NOTIFY refreshed)
@@ -93,7 +97,9 @@ public:
 
     [[nodiscard]] bool isBackVisible() const;
 
-    /// "inspirator", "buttons", "colors", "image", "transform" or "note".
+    [[nodiscard]] bool isInspiratorVisible() const { return currentOption_ == CurrentOption::none; }
+
+    /// The view of the strip; empty: there is none.
     [[nodiscard]] QString stripView() const { return stripView_; }
 
     [[nodiscard]] QObject* stripObject() const { return strip.get(); }
@@ -101,11 +107,11 @@ public:
     /// A sentence in place of a strip.
     [[nodiscard]] QString note() const;
 
-    [[nodiscard]] QObject* stackObject() { return &stackView; }
+    [[nodiscard]] TabStackView* stackObject() { return &stackView; }
 
-    [[nodiscard]] QObject* inspiratorObject() { return &inspirator; }
+    [[nodiscard]] Inspirator* inspiratorObject() { return &inspirator; }
 
-    [[nodiscard]] QObject* backObject() { return &backButton; }
+    [[nodiscard]] MyButton* backObject() { return &backButton; }
 
 Q_SIGNALS:
     void refreshed();

@@ -120,27 +120,26 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeStrip() {
     const auto imageNode = std::dynamic_pointer_cast<content::ImageNode>(currentNode_);
     switch (currentOption_) {
     case material:
-        return shown("buttons", currentNode_ ? makeMaterialStrip() : nullptr);
+        return shown("ButtonStrip", currentNode_ ? makeMaterialStrip() : nullptr);
     case shape:
-        return shown("buttons", makeShapeStrip());
+        return shown("ButtonStrip", makeShapeStrip());
     case mask:
-        return shown("buttons", makeMaskStrip());
+        return shown("ButtonStrip", makeMaskStrip());
     case backgroundScenes:
-        return shown("buttons", makeSceneStrip());
+        return shown("ButtonStrip", makeSceneStrip());
     case frontColor:
     case bandColor:
     case backgroundColor:
-        return shown("colors", makeColorStrip());
+        return shown("ColorStrip", makeColorStrip());
     case image:
-        return shown("image", imageNode ? LaterPtr<QObject>(new ImagePanel(imageNode)) : nullptr);
+        return shown(
+            "ImagePanel", imageNode ? LaterPtr<QObject>(new ImagePanel(imageNode)) : nullptr);
     case transform:
         return shown(
-            "transform",
+            "TransformPanel",
             currentNode_ ? LaterPtr<QObject>(new TransformPanel(currentNode_)) : nullptr);
-    case none:
-        return shown("inspirator", nullptr);
     default:
-        return shown("note", nullptr);
+        return shown("", nullptr);
     }
 }
 

@@ -41,8 +41,8 @@ void ButtonStrip::select(int index, Motion motion) {
     Strip::select(index, motion);
 }
 
-QList<QObject*> ButtonStrip::buttonObjects() const {
-    QList<QObject*> objects;
+QList<MyButton*> ButtonStrip::buttonObjects() const {
+    QList<MyButton*> objects;
     for (const auto& button : row)
         objects.append(button.get());
     return objects;

@@ -7,6 +7,7 @@
 #include <QList>
 #include <QObject>
 #include <QString>
+#include <QtQml/qqmlregistration.h>
 
 #include <functional>
 #include <memory>
@@ -23,6 +24,8 @@ namespace zelvo::ui {
 /// A row that scrolls, so that what is chosen stands in its middle.
 class Strip : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(int currentIndex READ currentIndex NOTIFY selected)
     Q_PROPERTY(bool isAnimated READ isAnimated NOTIFY selected)
 
@@ -51,9 +54,11 @@ private:
 };
 
 /// A strip of one button an entry. A press selects the button and tells its place.
-class ButtonStrip final : public Strip {
+class ButtonStrip final : public zelvo::ui::Strip {
     Q_OBJECT
-    Q_PROPERTY(QList<QObject*> buttons READ buttonObjects CONSTANT)
+    QML_ELEMENT
+    QML_UNCREATABLE("")
+    Q_PROPERTY(QList<zelvo::ui::MyButton*> buttons READ buttonObjects CONSTANT)
 
 public:
     ButtonStrip(
@@ -65,7 +70,7 @@ public:
 
     [[nodiscard]] const std::vector<std::unique_ptr<MyButton>>& buttons() const { return row; }
 
-    [[nodiscard]] QList<QObject*> buttonObjects() const;
+    [[nodiscard]] QList<MyButton*> buttonObjects() const;
 
 private:
     std::function<void(std::size_t)> chosen;
@@ -73,8 +78,10 @@ private:
 };
 
 /// A strip of one swatch a colour.
-class SimpleColorPicker final : public Strip {
+class SimpleColorPicker final : public zelvo::ui::Strip {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(QList<QColor> colors READ colors CONSTANT)
 
 public:

@@ -7,6 +7,7 @@
 #include "ui/controls/TabStackView.h"
 
 #include <QObject>
+#include <QtQml/qqmlregistration.h>
 
 #include <memory>
 #include <vector>
@@ -17,8 +18,10 @@ namespace zelvo::ui {
 /// moves. Each move shows the node and says the new value.
 class TransformPanel final : public QObject {
     Q_OBJECT
-    Q_PROPERTY(QObject* stackView READ stackObject CONSTANT)
-    Q_PROPERTY(QObject* posRotSlider READ sliderObject NOTIFY sliderChanged)
+    QML_ELEMENT
+    QML_UNCREATABLE("")
+    Q_PROPERTY(zelvo::ui::TabStackView* stackView READ stackObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::MySlider* posRotSlider READ sliderObject NOTIFY sliderChanged)
 
 public:
     explicit TransformPanel(core::NodePtr edited, QObject* parent = nullptr);
@@ -30,9 +33,9 @@ public:
 
     [[nodiscard]] MySlider& slider() const { return *posRotSlider; }
 
-    [[nodiscard]] QObject* stackObject() { return &stackView; }
+    [[nodiscard]] TabStackView* stackObject() { return &stackView; }
 
-    [[nodiscard]] QObject* sliderObject() const { return posRotSlider.get(); }
+    [[nodiscard]] MySlider* sliderObject() const { return posRotSlider.get(); }
 
 Q_SIGNALS:
     void sliderChanged();

@@ -4,6 +4,7 @@
 #include "ui/controls/TabStackView.h"
 
 #include <QObject>
+#include <QtQml/qqmlregistration.h>
 
 #include <functional>
 
@@ -11,9 +12,11 @@ namespace zelvo::ui {
 
 /// The pair of tabs that switches between style panel and catalogue. A press only asks; whoever
 /// shows a panel lights its tab.
-class MainMenu final : public QObject {
+class MainMenu : public QObject {
     Q_OBJECT
-    Q_PROPERTY(QObject* stackView READ stackObject CONSTANT)
+    QML_ELEMENT
+    QML_UNCREATABLE("")
+    Q_PROPERTY(zelvo::ui::TabStackView* stackView READ stackObject CONSTANT)
 
 public:
     enum class Tab { layout, animation };
@@ -31,7 +34,7 @@ public:
 
     Q_INVOKABLE void askForActions() { animButton.click(); }
 
-    [[nodiscard]] QObject* stackObject() { return &stackView; }
+    [[nodiscard]] TabStackView* stackObject() { return &stackView; }
 
     MySegmentedStackButton layoutButton;
     MySegmentedStackButton animButton;

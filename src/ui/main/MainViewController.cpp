@@ -185,7 +185,7 @@ void MainViewController::showHint() {
     Q_EMIT hintChanged();
 }
 
-QObject* MainViewController::hint() const {
+VideoAlertViewController* MainViewController::hint() const {
     return hint_.get();
 }
 
@@ -251,7 +251,7 @@ void MainViewController::handleHover(const std::optional<Hover>& hover) {
         gestureDelegate->handleHover(hover);
 }
 
-QObject* MainViewController::alertsObject() const {
+Alerts* MainViewController::alertsObject() const {
     return &services.alerts;
 }
 

@@ -19,6 +19,7 @@
 #include <QSizeF>
 #include <QString>
 #include <QUrl>
+#include <QtQml/qqmlregistration.h>
 
 #include <functional>
 #include <memory>
@@ -38,13 +39,17 @@ class VideoAlertViewController;
 /// Screens lie over all of it, one at a time.
 class MainViewController final : public QObject, private GestureDelegate {
     Q_OBJECT
-    Q_PROPERTY(QObject* mainMenu READ mainMenuObject CONSTANT)
-    Q_PROPERTY(QObject* controlMenu READ controlMenuObject CONSTANT)
-    Q_PROPERTY(QObject* speedViewController READ speedObject CONSTANT)
-    Q_PROPERTY(QObject* progressView READ progressObject CONSTANT)
-    Q_PROPERTY(QObject* shareButton READ shareObject CONSTANT)
+    Q_MOC_INCLUDE("ui/controls/Alerts.h")
+    Q_MOC_INCLUDE("ui/menus/VideoAlertViewController.h")
+    QML_ELEMENT
+    QML_UNCREATABLE("")
+    Q_PROPERTY(zelvo::ui::MainMenu* mainMenu READ mainMenuObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::ControlMenu* controlMenu READ controlMenuObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::SpeedViewController* speedViewController READ speedObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::ProgressView* progressView READ progressObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::MyButton* shareButton READ shareObject CONSTANT)
     Q_PROPERTY(double shareAlpha READ shareAlpha NOTIFY editingChanged)
-    Q_PROPERTY(QObject* stage READ stageObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::Stage* stage READ stageObject CONSTANT)
     Q_PROPERTY(double sceneAlpha READ sceneAlpha NOTIFY sceneAlphaChanged)
     Q_PROPERTY(int sceneFadeMilliseconds READ sceneFadeMilliseconds NOTIFY sceneAlphaChanged)
     Q_PROPERTY(double topHeight READ topHeight CONSTANT)
@@ -53,11 +58,11 @@ class MainViewController final : public QObject, private GestureDelegate {
     Q_PROPERTY(QString panelView READ panelView NOTIFY panelChanged)
     Q_PROPERTY(QObject* screen READ screen NOTIFY screenChanged)
     Q_PROPERTY(QString screenView READ screenView NOTIFY screenChanged)
-    Q_PROPERTY(QObject* hint READ hint NOTIFY hintChanged)
-    Q_PROPERTY(QObject* alerts READ alertsObject CONSTANT)
-    Q_PROPERTY(QObject* valueLabel READ valueLabelObject CONSTANT)
-    Q_PROPERTY(QObject* blurCover READ blurCoverObject CONSTANT)
-    Q_PROPERTY(QObject* visualizer READ visualizerObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::VideoAlertViewController* hint READ hint NOTIFY hintChanged)
+    Q_PROPERTY(zelvo::ui::Alerts* alerts READ alertsObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::ValueLabel* valueLabel READ valueLabelObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::BlurCover* blurCover READ blurCoverObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::Visualizer* visualizer READ visualizerObject CONSTANT)
 
 public:
     static constexpr double kFadeDelay = 0.8;    ///< seconds until the stage appears
@@ -102,7 +107,7 @@ public:
 
     [[nodiscard]] QString screenView() const { return screenView_; }
 
-    [[nodiscard]] QObject* hint() const;
+    [[nodiscard]] VideoAlertViewController* hint() const;
 
     [[nodiscard]] double shareAlpha() const { return shareButton.isEnabled() ? 1.0 : 0.1; }
 
@@ -115,25 +120,25 @@ public:
     [[nodiscard]] static double topHeight();
     [[nodiscard]] static double bottomHeight();
 
-    [[nodiscard]] QObject* mainMenuObject() { return &mainMenu; }
+    [[nodiscard]] MainMenu* mainMenuObject() { return &mainMenu; }
 
-    [[nodiscard]] QObject* controlMenuObject() { return &controlMenu; }
+    [[nodiscard]] ControlMenu* controlMenuObject() { return &controlMenu; }
 
-    [[nodiscard]] QObject* speedObject() { return &speedViewController; }
+    [[nodiscard]] SpeedViewController* speedObject() { return &speedViewController; }
 
-    [[nodiscard]] QObject* progressObject() { return &progressView; }
+    [[nodiscard]] ProgressView* progressObject() { return &progressView; }
 
-    [[nodiscard]] QObject* shareObject() { return &shareButton; }
+    [[nodiscard]] MyButton* shareObject() { return &shareButton; }
 
-    [[nodiscard]] QObject* stageObject() { return &stage; }
+    [[nodiscard]] Stage* stageObject() { return &stage; }
 
-    [[nodiscard]] QObject* alertsObject() const;
+    [[nodiscard]] Alerts* alertsObject() const;
 
-    [[nodiscard]] QObject* valueLabelObject() { return &valueLabel; }
+    [[nodiscard]] ValueLabel* valueLabelObject() { return &valueLabel; }
 
-    [[nodiscard]] QObject* blurCoverObject() { return &blurCover; }
+    [[nodiscard]] BlurCover* blurCoverObject() { return &blurCover; }
 
-    [[nodiscard]] QObject* visualizerObject() { return &visualizer; }
+    [[nodiscard]] Visualizer* visualizerObject() { return &visualizer; }
 
     Visualizer visualizer;
 

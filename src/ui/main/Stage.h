@@ -9,6 +9,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QtQml/qqmlregistration.h>
 
 #include <functional>
 #include <optional>
@@ -27,6 +28,8 @@ namespace zelvo::ui {
 /// something is performed or touched, half of it else. The scene changes on the main thread alone.
 class Stage final : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(double drawScale READ drawScale NOTIFY frameTaken)
     Q_PROPERTY(int framesShown READ framesShown NOTIFY frameTaken)
 

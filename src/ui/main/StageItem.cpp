@@ -133,15 +133,10 @@ StageItem::~StageItem() {
         stage_->setWindow({});
 }
 
-QObject* StageItem::stageObject() const {
-    return stage_;
-}
-
-void StageItem::setStage(QObject* stage) {
-    auto* wanted = qobject_cast<Stage*>(stage);
-    if (wanted == stage_)
+void StageItem::setStage(Stage* stage) {
+    if (stage == stage_)
         return;
-    stage_ = wanted;
+    stage_ = stage;
     if (stage_ != nullptr) {
         stage_->setWindow(
             {.requestFrame = [this] { update(); }, .pictureKey = [this] { return pictureKey(); }});
@@ -279,10 +274,6 @@ void StageItem::hoverLeaveEvent(QHoverEvent* event) {
     event->ignore();
     if (stage_ != nullptr)
         stage_->recognizers.hover(std::nullopt);
-}
-
-void installStageItem() {
-    qmlRegisterType<StageItem>("Zelvo", 1, 0, "StageItem");
 }
 
 } // namespace zelvo::ui

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QQuickFramebufferObject>
+#include <QtQml/qqmlregistration.h>
 
 #include <cstdint>
 #include <memory>
@@ -19,7 +20,9 @@ class Stage;
 /// the thread that the window draws with, while the main thread waits for it.
 class StageItem : public QQuickFramebufferObject {
     Q_OBJECT
-    Q_PROPERTY(QObject* stage READ stageObject WRITE setStage NOTIFY stageChanged)
+    Q_MOC_INCLUDE("ui/main/Stage.h")
+    QML_ELEMENT
+    Q_PROPERTY(zelvo::ui::Stage* stage READ stage WRITE setStage NOTIFY stageChanged)
 
 public:
     explicit StageItem(QQuickItem* parent = nullptr);
@@ -27,8 +30,7 @@ public:
 
     [[nodiscard]] Stage* stage() const { return stage_; }
 
-    [[nodiscard]] QObject* stageObject() const;
-    void setStage(QObject* stage);
+    void setStage(Stage* stage);
 
     [[nodiscard]] Renderer* createRenderer() const override;
 
@@ -59,8 +61,5 @@ private:
     Stage* stage_ = nullptr;
     std::weak_ptr<render::SCNView> drawnBy;
 };
-
-/// Makes StageItem known to `import Zelvo`.
-void installStageItem();
 
 } // namespace zelvo::ui

@@ -180,8 +180,8 @@ ActionsMenu::makeActionButton(const catalogue::Button& button, int place) {
         std::move(action));
 }
 
-QList<QObject*> ActionsMenu::actionObjects() const {
-    QList<QObject*> objects;
+QList<FuncButton*> ActionsMenu::actionObjects() const {
+    QList<FuncButton*> objects;
     for (const auto& button : actionsStackView)
         objects.append(button.get());
     return objects;

@@ -8,6 +8,7 @@
 #include "ui/controls/TabStackView.h"
 
 #include <QObject>
+#include <QtQml/qqmlregistration.h>
 
 #include <functional>
 #include <memory>
@@ -26,10 +27,13 @@ namespace zelvo::ui {
 /// It comes on show with IN1 open, or on page one with OT1 lit over the buttons of FLY.
 class ActionsMenu final : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(QString tabTitles READ tabTitles CONSTANT)
-    Q_PROPERTY(QObject* stackView READ stackObject CONSTANT)
-    Q_PROPERTY(QList<QObject*> actionsStackView READ actionObjects NOTIFY actionsChanged)
-    Q_PROPERTY(QObject* speedButton READ speedObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::TabStackView* stackView READ stackObject CONSTANT)
+    Q_PROPERTY(
+        QList<zelvo::ui::FuncButton*> actionsStackView READ actionObjects NOTIFY actionsChanged)
+    Q_PROPERTY(zelvo::ui::MyButton* speedButton READ speedObject CONSTANT)
 
 public:
     explicit ActionsMenu(const Services& given, QObject* parent = nullptr);
@@ -75,11 +79,11 @@ public:
         return actionsStackView;
     }
 
-    [[nodiscard]] QObject* stackObject() { return &stackView; }
+    [[nodiscard]] TabStackView* stackObject() { return &stackView; }
 
-    [[nodiscard]] QObject* speedObject() { return &speedButton; }
+    [[nodiscard]] MyButton* speedObject() { return &speedButton; }
 
-    [[nodiscard]] QList<QObject*> actionObjects() const;
+    [[nodiscard]] QList<FuncButton*> actionObjects() const;
 
 Q_SIGNALS:
     void actionsChanged();

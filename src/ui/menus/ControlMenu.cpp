@@ -45,7 +45,7 @@ void ControlMenu::setButtonsEnabled(bool isUsable) {
     Q_EMIT changed();
 }
 
-QList<QObject*> ControlMenu::buttonObjects() {
+QList<MyButton*> ControlMenu::buttonObjects() {
     return {&durationButton, &undoButton, &redoButton, &historyButton, &deleteAllButton};
 }
 
@@ -105,7 +105,7 @@ void ControlMenu::durationButtonAction() {
              {{.title = "Ok", .handler = setDuration},
               {.title = "Cancel", .role = AlertRole::cancel}},
          .content = picker.get(),
-         .contentView = "TimePicker.qml"});
+         .contentView = "TimePicker"});
 }
 
 void ControlMenu::undoButtonAction() const {

@@ -6,6 +6,7 @@
 #include "ui/menus/RecordButton.h"
 
 #include <QObject>
+#include <QtQml/qqmlregistration.h>
 
 #include <functional>
 #include <memory>
@@ -18,8 +19,10 @@ class TimePickerView;
 /// What a press does is set by the screen around it.
 class ControlMenu final : public QObject {
     Q_OBJECT
-    Q_PROPERTY(QObject* recordButton READ recordObject CONSTANT)
-    Q_PROPERTY(QList<QObject*> buttons READ buttonObjects CONSTANT)
+    QML_ELEMENT
+    QML_UNCREATABLE("")
+    Q_PROPERTY(zelvo::ui::RecordButton* recordButton READ recordObject CONSTANT)
+    Q_PROPERTY(QList<zelvo::ui::MyButton*> buttons READ buttonObjects CONSTANT)
     Q_PROPERTY(bool buttonsEnabled READ buttonsEnabled WRITE setButtonsEnabled NOTIFY changed)
     Q_PROPERTY(qreal alpha READ alpha NOTIFY changed)
 
@@ -55,10 +58,10 @@ public:
     /// Opacity of the whole menu.
     [[nodiscard]] qreal alpha() const { return enabled ? 1.0 : 0.1; }
 
-    [[nodiscard]] QObject* recordObject() { return &recordButton; }
+    [[nodiscard]] RecordButton* recordObject() { return &recordButton; }
 
     /// Those behind the record button, in the order of the bar.
-    [[nodiscard]] QList<QObject*> buttonObjects();
+    [[nodiscard]] QList<MyButton*> buttonObjects();
 
     // What the buttons do, for keys as well. Nothing happens where the button is disabled or the
     // menu is not usable.

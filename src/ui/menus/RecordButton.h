@@ -4,6 +4,8 @@
 #include "platform/foundation/RunLoop.h"
 #include "ui/controls/MyButton.h"
 
+#include <QtQml/qqmlregistration.h>
+
 #include <memory>
 
 namespace zelvo::core {
@@ -14,8 +16,10 @@ namespace zelvo::ui {
 
 /// At once the start button and the running time: counts down through the count-in, then up. Keeps
 /// still while a movie is written.
-class RecordButton final : public MyLabelButton {
+class RecordButton final : public zelvo::ui::MyLabelButton {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
 
 public:
     RecordButton(core::Model& given, foundation::RunLoop& loop, std::function<void()> targetFunc);

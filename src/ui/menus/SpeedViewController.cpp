@@ -65,7 +65,7 @@ void SpeedViewController::setHidden(bool isGone) {
     Q_EMIT changed();
 }
 
-QList<QObject*> SpeedViewController::nodeObjects() {
+QList<MyButton*> SpeedViewController::nodeObjects() {
     const auto buttons = nodeButtons();
     return {buttons.begin(), buttons.end()};
 }

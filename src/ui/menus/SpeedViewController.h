@@ -7,6 +7,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QtQml/qqmlregistration.h>
 
 #include <array>
 #include <memory>
@@ -18,8 +19,10 @@ namespace zelvo::ui {
 /// choices live in the model and so outlast the strip.
 class SpeedViewController final : public QObject {
     Q_OBJECT
-    Q_PROPERTY(QList<QObject*> nodesStackView READ nodeObjects CONSTANT)
-    Q_PROPERTY(QObject* speedStackView READ speedObject CONSTANT)
+    QML_ELEMENT
+    QML_UNCREATABLE("")
+    Q_PROPERTY(QList<zelvo::ui::MyButton*> nodesStackView READ nodeObjects CONSTANT)
+    Q_PROPERTY(zelvo::ui::TabStackView* speedStackView READ speedObject CONSTANT)
     Q_PROPERTY(bool isHidden READ isHidden NOTIFY changed)
 
 public:
@@ -42,9 +45,9 @@ public:
     /// The speed of that tag, 0 (slowest) to 6; any other means the normal one.
     void speedAction(int tag);
 
-    [[nodiscard]] QList<QObject*> nodeObjects();
+    [[nodiscard]] QList<MyButton*> nodeObjects();
 
-    [[nodiscard]] QObject* speedObject() { return &speedStackView; }
+    [[nodiscard]] TabStackView* speedObject() { return &speedStackView; }
 
 Q_SIGNALS:
     void changed();

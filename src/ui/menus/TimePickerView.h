@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QtQml/qqmlregistration.h>
 
 #include <optional>
 
@@ -10,6 +11,8 @@ namespace zelvo::ui {
 /// Two wheels, minutes and seconds, of which neither lets a duration under two seconds be picked.
 class TimePickerView final : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(int minutes READ minutes NOTIFY changed)
     Q_PROPERTY(int seconds READ seconds NOTIFY changed)
     Q_PROPERTY(int rows READ rows CONSTANT)

@@ -5,6 +5,7 @@
 #include <QRectF>
 #include <QSizeF>
 #include <QUrl>
+#include <QtQml/qqmlregistration.h>
 
 #include <filesystem>
 
@@ -20,6 +21,8 @@ struct HalfSizePresentationController {
 /// A short hint movie over the screen, played again and again until it is dismissed.
 class VideoAlertViewController final : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(QUrl movie READ movie CONSTANT)
     Q_PROPERTY(QUrl still READ still CONSTANT)
     Q_PROPERTY(QString text READ text CONSTANT)

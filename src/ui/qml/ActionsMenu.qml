@@ -2,12 +2,14 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Zelvo
+import Zelvo.Controls as Controls
+import Zelvo.Menus as Menus
 
 // An ActionsMenu: six buttons to perform on, and under them the tabs.
 Item {
     id: root
 
-    required property var controller
+    required property Menus.ActionsMenu controller
     readonly property real share: (width - 3 * (actions.count - 1)) / Math.max(1, actions.count)
 
     implicitHeight: 78
@@ -24,7 +26,7 @@ Item {
 
             model: root.controller.actionsStackView
             delegate: FuncButton {
-                required property var modelData
+                required property Controls.FuncButton modelData
 
                 controller: modelData
                 width: root.share

@@ -2,12 +2,13 @@
 import QtQuick
 import QtQuick.Templates as T
 import Zelvo
+import Zelvo.Controls as Controls
 
 // One choice of an alert.
 T.AbstractButton {
     id: root
 
-    required property var modelData
+    required property Controls.alertChoice modelData
 
     implicitHeight: Math.max(40, label.implicitHeight + 16)
     text: modelData.title
@@ -21,8 +22,8 @@ T.AbstractButton {
 
     background: Rectangle {
         radius: Theme.radius
-        color: root.modelData.role === "destructive" ? Theme.record
-             : root.modelData.role === "cancel" || root.modelData.color ? Theme.buttonFill : Theme.accent
+        color: root.modelData.isDestructive ? Theme.record
+             : root.modelData.isCancelling || root.modelData.hasColor ? Theme.buttonFill : Theme.accent
 
         Rectangle {
             anchors.fill: parent
@@ -38,7 +39,7 @@ T.AbstractButton {
         id: label
 
         text: root.text
-        color: root.modelData.color ?? Theme.text
+        color: root.modelData.hasColor ? root.modelData.color : Theme.text
         font.pixelSize: Theme.px(14)
         font.weight: Font.DemiBold
         horizontalAlignment: Text.AlignHCenter

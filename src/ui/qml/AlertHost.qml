@@ -2,12 +2,13 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Zelvo
+import Zelvo.Controls as Controls
 
 // The alert on show, over everything else of its window.
 FocusScope {
     id: root
 
-    required property var alerts
+    required property Controls.Alerts alerts
 
     visible: alerts.isShowing
     onActiveFocusChanged: if (activeFocus) Qt.callLater(focusDefault)
@@ -21,12 +22,12 @@ FocusScope {
     Keys.onEnterPressed: event => accept(event)
 
     // Return is one answer a press: the next alert waits for its own.
-    function accept(event): void {
+    function accept(event: KeyEvent): void {
         if (!event.isAutoRepeat)
             alerts.accept();
     }
     function focusDefault(): void {
-        const first = content.item ?? actions.itemAt(alerts.defaultAction);
+        const first = (content.item ?? actions.itemAt(alerts.defaultAction)) as Item;
         if (first && activeFocus)
             first.forceActiveFocus(Qt.TabFocusReason);
     }
@@ -89,7 +90,7 @@ FocusScope {
 
                 function show(): void {
                     if (root.alerts.content)
-                        setSource("qrc:/zelvo/" + root.alerts.contentView, { controller: root.alerts.content });
+                        setSource(root.alerts.contentView + ".qml", { controller: root.alerts.content });
                     else
                         source = "";
                 }

@@ -2,11 +2,16 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Zelvo
+import Zelvo.Controls as Controls
+import Zelvo.Layouter as Layouter
 
 // A ButtonStrip.
 StripView {
     id: root
 
+    required property Layouter.ButtonStrip controller
+
+    strip: controller
     spacing: 3
     entries: buttons
 
@@ -15,7 +20,7 @@ StripView {
 
         model: root.controller.buttons
         delegate: MyButton {
-            required property var modelData
+            required property Controls.MyButton modelData
 
             controller: modelData
             horizontalInset: 12

@@ -3,11 +3,15 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Zelvo
+import Zelvo.Layouter as Layouter
 
 // A SimpleColorPicker.
 StripView {
     id: root
 
+    required property Layouter.SimpleColorPicker controller
+
+    strip: controller
     entries: swatches
 
     Repeater {

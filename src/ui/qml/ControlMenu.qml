@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 pragma ComponentBehavior: Bound
 import QtQuick
+import Zelvo.Controls as Controls
+import Zelvo.Menus as Menus
 
 // A ControlMenu: the record button and what goes with it, in a row.
 Row {
     id: root
 
-    required property var controller
+    required property Menus.ControlMenu controller
 
     spacing: 2
     enabled: controller.buttonsEnabled
@@ -22,7 +24,7 @@ Row {
     Repeater {
         model: root.controller.buttons
         delegate: MyButton {
-            required property var modelData
+            required property Controls.MyButton modelData
 
             controller: modelData
             alpha: root.controller.alpha

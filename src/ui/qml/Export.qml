@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Zelvo
+import Zelvo.Screens as Screens
 
 // The screen of an ExportViewController: ring and percentage on a sheet, then the preview over all.
 FocusStack {
     id: root
 
-    required property var controller
+    required property Screens.ExportViewController controller
 
     focus: true
 
@@ -67,6 +68,6 @@ FocusStack {
         anchors.fill: parent
         visible: root.controller.preview !== null
         active: root.controller.preview !== null
-        onActiveChanged: if (active) setSource("qrc:/zelvo/Preview.qml", { controller: root.controller.preview })
+        onActiveChanged: if (active) setSource("Preview.qml", { controller: root.controller.preview })
     }
 }

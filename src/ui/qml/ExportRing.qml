@@ -2,12 +2,13 @@
 import QtQuick
 import QtQuick.Shapes
 import Zelvo
+import Zelvo.Screens as Screens
 
 // The ring of an ExportProgressView.
 Shape {
     id: root
 
-    required property var controller
+    required property Screens.ExportProgressView controller
     readonly property real ringRadius: width * controller.radiusOfWidth
     readonly property real lineWidth: ringRadius * controller.lineOfRadius
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QQuickItem>
+#include <QtQml/qqmlregistration.h>
 
 #include <vector>
 
@@ -21,6 +22,7 @@ namespace zelvo::ui {
 /// has the keys. Stacks may stand within each other.
 class FocusStack : public QQuickItem {
     Q_OBJECT
+    QML_ELEMENT
 
 public:
     explicit FocusStack(QQuickItem* parent = nullptr);

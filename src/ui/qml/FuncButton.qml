@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Zelvo
+import Zelvo.Controls as Controls
 
 // A FuncButton: acts when it is touched, by finger, mouse or key.
 Rectangle {
     id: root
 
-    required property var controller
+    required property Controls.FuncButton controller
     property bool isKnown: false // pressed since the pointer came: it needs no telling any more
 
     implicitWidth: 90
@@ -24,7 +25,7 @@ Rectangle {
     }
     Component.onDestruction: if (controller) controller.cancel()
 
-    function isPressKey(event): bool {
+    function isPressKey(event: KeyEvent): bool {
         return event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
     }
 
@@ -53,21 +54,20 @@ Rectangle {
         radius: parent.radius
         color: root.controller.selectedColor
         opacity: 0
-        state: root.controller.glow
         states: [
-            State { name: "flash"; PropertyChanges { light.opacity: 1 } },
-            State { name: "lit"; PropertyChanges { light.opacity: 1 } }
+            State { name: "flash"; when: root.controller.isFlashing; PropertyChanges { light.opacity: 1 } },
+            State { name: "lit"; when: root.controller.isLit; PropertyChanges { light.opacity: 1 } }
         ]
         transitions: Transition {
             to: "flash"
             NumberAnimation { property: "opacity"; duration: 80 }
         }
 
-        SequentialAnimation on opacity {
-            running: root.controller.glow === "pulse"
+        SequentialAnimation {
+            running: root.controller.isPulsing
             loops: Animation.Infinite
-            NumberAnimation { to: 1; duration: 80 }
-            NumberAnimation { to: 0; duration: 80 }
+            NumberAnimation { target: light; property: "opacity"; to: 1; duration: 80 }
+            NumberAnimation { target: light; property: "opacity"; to: 0; duration: 80 }
         }
     }
     Icon {
@@ -101,7 +101,7 @@ Rectangle {
     Connections {
         target: root.controller
 
-        function onGlowChanged() {
+        function onGlowChanged(): void {
             root.isKnown = true;
         }
     }

@@ -2,12 +2,13 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Zelvo
+import Zelvo.Screens as Screens
 
 // The screen of a HistoryController: what the performance holds, a row for each act.
 FocusScope {
     id: root
 
-    required property var controller
+    required property Screens.HistoryController controller
 
     focus: true
     Keys.onEscapePressed: controller.dismissViewController()

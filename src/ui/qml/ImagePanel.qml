@@ -2,12 +2,14 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Zelvo
+import Zelvo.Controls as Controls
+import Zelvo.Layouter as Layouter
 
 // An ImagePanel: picture and word side by side on each button.
 Item {
     id: root
 
-    required property var controller
+    required property Layouter.ImagePanel controller
 
     Row {
         anchors.horizontalCenter: parent.horizontalCenter
@@ -19,7 +21,7 @@ Item {
             delegate: MyButton {
                 id: button
 
-                required property var modelData
+                required property Controls.MyButton modelData
 
                 controller: modelData
                 height: 36

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Zelvo
+import Zelvo.Layouter as Layouter
 
 // An Inspirator: its title goes and comes back on its own while it is off.
 Item {
     id: root
 
-    required property var controller
+    required property Layouter.Inspirator controller
 
     MyButton {
         id: button

@@ -1,36 +1,39 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Window
+import Zelvo.Menus as Menus
+import Zelvo.Layouter as Layouter
+import Zelvo.Main as MainScreen
 
 // The keys of the main screen. A button that has the focus keeps its own, but for the space bar: that
 // starts and stops, unless a field is written in.
 FocusScope {
     id: root
 
-    required property var main
-    required property var window
+    required property MainScreen.MainViewController main
+    required property Window window
 
-    readonly property var catalogue: main.panelView === "ActionsMenu" ? main.panel : null
-    readonly property var layouter: main.panelView === "LayouterMenu" ? main.panel : null
+    readonly property Menus.ActionsMenu catalogue: main.panel as Menus.ActionsMenu
+    readonly property Layouter.LayouterMenu layouter: main.panel as Layouter.LayouterMenu
 
     // The digits play the buttons of the tab, as long as they are held.
-    function digit(event): int {
+    function digit(event: KeyEvent): int {
         return event.modifiers & ~Qt.KeypadModifier || event.isAutoRepeat ? -1 : event.key - Qt.Key_1;
     }
     // By what the key is on the keyboard: a modifier that comes in between changes its name.
     property var held: ({})
 
-    function idOf(event): int {
+    function idOf(event: KeyEvent): int {
         return event.nativeScanCode || event.key;
     }
-    function isPlayed(event): bool {
+    function isPlayed(event: KeyEvent): bool {
         return catalogue !== null && digit(event) >= 0 && digit(event) < catalogue.actionsStackView.length;
     }
-    function hold(event): void {
+    function hold(event: KeyEvent): void {
         held[idOf(event)] = digit(event);
         catalogue.pressButton(digit(event));
     }
-    function letGo(key): void {
+    function letGo(key: int): void {
         const place = held[key];
         delete held[key];
         if (catalogue && place !== undefined)

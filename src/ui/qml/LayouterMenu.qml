@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Zelvo
+import Zelvo.Layouter as Layouter
 
 // A LayouterMenu: what there is to choose, and under it the tabs of what is in hand.
 Item {
     id: root
 
-    required property var controller
+    required property Layouter.LayouterMenu controller
 
     implicitHeight: 88
     Keys.onEscapePressed: event => {
@@ -29,13 +30,7 @@ Item {
         Loader {
             id: strip
 
-            readonly property var views: ({
-                    buttons: "ButtonStrip.qml",
-                    colors: "ColorStrip.qml",
-                    image: "ImagePanel.qml",
-                    transform: "TransformPanel.qml"
-                })
-
+            objectName: "strip"
             anchors.fill: parent
             visible: !root.controller.isWriting
             Component.onCompleted: show()
@@ -43,10 +38,9 @@ Item {
             // The view is given its strip and not bound to it: the next strip may be of another
             // kind.
             function show(): void {
-                const view = views[root.controller.stripView];
                 source = "";
-                if (view && root.controller.strip)
-                    setSource(view, {controller: root.controller.strip});
+                if (root.controller.strip)
+                    setSource(root.controller.stripView + ".qml", {controller: root.controller.strip});
             }
 
             Connections {
@@ -59,7 +53,7 @@ Item {
         }
         InspiratorButton {
             anchors.fill: parent
-            visible: root.controller.stripView === "inspirator"
+            visible: root.controller.isInspiratorVisible
             controller: root.controller.inspirator
         }
         Text {
@@ -73,24 +67,22 @@ Item {
             elide: Text.ElideRight
         }
         Loader {
+            readonly property bool isWriting: root.controller.isWriting
+
             anchors.horizontalCenter: parent.horizontalCenter
             width: Math.min(parent.width, 560)
             height: parent.height
-            active: root.controller.isWriting
-            sourceComponent: field
+            onIsWritingChanged: {
+                if (isWriting)
+                    setSource("WritingField.qml", {controller: root.controller});
+                else
+                    source = "";
+            }
         }
     }
     TabStack {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
         controller: root.controller.stackView
-    }
-
-    Component {
-        id: field
-
-        WritingField {
-            controller: root.controller
-        }
     }
 }

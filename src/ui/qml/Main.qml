@@ -3,12 +3,13 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Window
 import Zelvo
+import Zelvo.Main as MainScreen
 
 // The window of a MainViewController.
 Window {
     id: root
 
-    required property var main
+    required property MainScreen.MainViewController main
 
     width: 1280
     height: 720

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Zelvo
+import Zelvo.Main as MainScreen
 
 // What lies over the stage: the bar on top, the strip of speed and nodes, the panel.
 Item {
     id: root
 
-    required property var main
+    required property MainScreen.MainViewController main
 
     Bar {
         id: top

@@ -2,12 +2,13 @@
 import QtQuick
 import QtQuick.Templates as T
 import Zelvo
+import Zelvo.Controls as Controls
 
 // A MyButton: a picture or a text on its fill.
 T.AbstractButton {
     id: root
 
-    required property var controller
+    required property Controls.MyButton controller
     property real horizontalInset: 6
     property int fontWeight: Font.DemiBold
     property real fontSize: 13

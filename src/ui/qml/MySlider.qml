@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Zelvo
+import Zelvo.Controls as Controls
 
 // A MySlider: a double tap brings its default back, a click on the number lets one write it.
 FocusScope {
     id: root
 
-    required property var controller
+    required property Controls.MySlider controller
     readonly property real room: width - handle.width
     readonly property real middle: shareOf(0) // a slider about zero fills from there
 

@@ -10,7 +10,7 @@ Loader {
 
     function fill(): void {
         if (controller && view !== "")
-            setSource("qrc:/zelvo/" + view + ".qml", { controller: controller });
+            setSource(view + ".qml", { controller: controller });
         else
             source = "";
     }

@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QPointF>
+#include <QtQml/qqmlregistration.h>
 
 namespace zelvo::ui {
 
@@ -11,6 +12,8 @@ namespace zelvo::ui {
 /// the singleton `Pointer`.
 class PointerWatch final : public QObject {
     Q_OBJECT
+    QML_NAMED_ELEMENT(Pointer)
+    QML_SINGLETON
     Q_PROPERTY(bool isInUse READ isInUse NOTIFY isInUseChanged)
 
 public:

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QQuickItem>
+#include <QtQml/qqmlregistration.h>
 
 #include <optional>
 
@@ -12,6 +13,7 @@ namespace zelvo::ui {
 /// items are none of its business.
 class PressArea : public QQuickItem {
     Q_OBJECT
+    QML_ELEMENT
 
 public:
     explicit PressArea(QQuickItem* parent = nullptr);

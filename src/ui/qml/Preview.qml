@@ -2,12 +2,13 @@
 import QtMultimedia
 import QtQuick
 import Zelvo
+import Zelvo.Screens as Screens
 
 // The screen of a PreviewViewController: the movie with its controls, and what to do with it.
 FocusStack {
     id: root
 
-    required property var controller
+    required property Screens.PreviewViewController controller
 
     focus: true
     Component.onDestruction: { // pictures come on a thread of their own: none may find its screen gone
@@ -143,7 +144,7 @@ FocusStack {
     Connections {
         target: root.controller
 
-        function onIsPlayingChanged() {
+        function onIsPlayingChanged(): void {
             if (root.controller.isPlaying)
                 player.play();
             else if (player.mediaStatus !== MediaPlayer.EndOfMedia)

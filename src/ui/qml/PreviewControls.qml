@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
+import QtMultimedia
 import QtQuick
 import QtQuick.Templates as T
 import Zelvo
+import Zelvo.Screens as Screens
 
 // Play, pause, seek and the times of a movie, and where it lies.
 Item {
     id: root
 
-    required property var controller
-    required property var player
+    required property Screens.PreviewViewController controller
+    required property MediaPlayer player
 
     implicitHeight: 84
 

@@ -4,7 +4,7 @@ import QtQuick.Dialogs
 // Asks where a copy of the movie goes.
 FileDialog {
     function ask(suggestion: url): void {
-        currentFolder = suggestion.toString().replace(/[^/]*$/, "");
+        currentFolder = String(suggestion).replace(/[^/]*$/, "");
         selectedFile = suggestion;
         open();
     }

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Zelvo
+import Zelvo.Screens as Screens
 
 // What can be done with a finished movie, over all of the preview: a press beside it closes it.
 FocusScope {
     id: root
 
-    required property var controller
+    required property Screens.PreviewViewController controller
     property real below // the bar that it hangs from
 
     Keys.onEscapePressed: controller.share()
@@ -39,33 +40,37 @@ FocusScope {
             anchors.centerIn: parent
             width: Math.max(220, implicitWidth)
 
-            Choice {
+            ScreenButton {
+                width: choices.width
                 text: "Open in Player"
                 focus: true
                 KeyNavigation.down: folder
                 onClicked: root.controller.openInPlayer()
             }
-            Choice {
+            ScreenButton {
                 id: folder
 
+                width: choices.width
                 text: "Show Folder"
                 KeyNavigation.down: path
                 onClicked: root.controller.openFolder()
             }
-            Choice {
+            ScreenButton {
                 id: path
 
+                width: choices.width
                 text: "Copy Path"
                 KeyNavigation.down: copy
                 onClicked: root.controller.copyPath()
             }
-            Choice {
+            ScreenButton {
                 id: copy
 
+                width: choices.width
                 text: "Save a Copy…"
                 onClicked: {
                     dialog.active = true;
-                    dialog.item.ask(root.controller.suggestedCopy());
+                    (dialog.item as SaveDialog).ask(root.controller.suggestedCopy());
                 }
             }
         }
@@ -74,17 +79,13 @@ FocusScope {
         id: dialog
 
         active: false
-        source: "qrc:/zelvo/SaveDialog.qml"
+        source: "SaveDialog.qml"
     }
     Connections {
         target: dialog.item
 
-        function onAccepted() {
-            root.controller.saveCopy(dialog.item.selectedFile);
+        function onAccepted(): void {
+            root.controller.saveCopy((dialog.item as SaveDialog).selectedFile);
         }
-    }
-
-    component Choice: ScreenButton {
-        width: choices.width
     }
 }

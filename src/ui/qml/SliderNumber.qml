@@ -1,16 +1,23 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import QtQuick.Templates as T
 import Zelvo
+import Zelvo.Controls as Controls
 
 // The number of a MySlider. While it is written: Return takes it, Escape leaves it as it was.
 Rectangle {
     id: root
 
-    required property var controller
+    required property Controls.MySlider controller
     property bool isWriting: false
 
     signal done // by a key
+
+    onIsWritingChanged: {
+        if (isWriting)
+            field.setSource("SliderField.qml", { number: root });
+        else
+            field.source = "";
+    }
 
     implicitWidth: Math.max(52, label.implicitWidth + 14)
     implicitHeight: 26
@@ -41,30 +48,8 @@ Rectangle {
         onClicked: root.isWriting = true
     }
     Loader {
+        id: field
+
         anchors.fill: parent
-        active: root.isWriting
-        sourceComponent: T.TextField {
-            color: Theme.text
-            selectionColor: Theme.accent
-            selectedTextColor: Theme.text
-            font: label.font
-            horizontalAlignment: Text.AlignHCenter
-            verticalAlignment: Text.AlignVCenter
-            selectByMouse: true
-            maximumLength: 8
-            inputMethodHints: Qt.ImhFormattedNumbersOnly
-            onAccepted: {
-                root.controller.write(text);
-                root.leave();
-            }
-            onFocusChanged: if (!focus) root.isWriting = false
-            Keys.onEscapePressed: root.leave()
-            Component.onCompleted: {
-                text = root.controller.number;
-                forceActiveFocus();
-                selectAll();
-            }
-            Accessible.name: root.controller.name
-        }
     }
 }

@@ -2,12 +2,14 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Zelvo
+import Zelvo.Controls as Controls
+import Zelvo.Menus as Menus
 
 // A SpeedViewController: the nodes on the left, the speeds on the right.
 Item {
     id: root
 
-    required property var controller
+    required property Menus.SpeedViewController controller
 
     implicitWidth: nodes.implicitWidth + 24 + speeds.width
     implicitHeight: 36
@@ -28,7 +30,7 @@ Item {
         Repeater {
             model: root.controller.nodesStackView
             delegate: MyButton {
-                required property var modelData
+                required property Controls.MyButton modelData
 
                 controller: modelData
                 role: Accessible.CheckBox

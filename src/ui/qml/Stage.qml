@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Zelvo
+import Zelvo.Main as MainScreen
 
 // The live stage, as large as it goes at 16 to 9.
 Item {
     id: root
 
-    required property var main
+    required property MainScreen.MainViewController main
 
-    StageItem {
+    MainScreen.StageItem {
         anchors.centerIn: parent
         width: Math.min(parent.width, Math.round(parent.height * 16 / 9))
         height: Math.min(parent.height, Math.round(parent.width * 9 / 16))

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Zelvo.Layouter as Layouter
 
 // The scrolling of a Strip: half the width stands free at both ends, so that the first and the
 // last entry can stand in the middle.
 Flickable {
     id: root
 
-    required property var controller
+    required property Layouter.Strip strip
     property alias spacing: row.spacing
     property Repeater entries
     default property alias content: row.data
@@ -24,9 +25,9 @@ Flickable {
 
     // Brings the chosen entry, or that one, to the middle.
     function centre(animated: bool, entry: Item): void {
-        if (!controller)
+        if (!strip)
             return;
-        const item = entry ?? entries?.itemAt(Math.max(0, controller.currentIndex)) ?? null;
+        const item = entry ?? entries?.itemAt(Math.max(0, strip.currentIndex)) ?? null;
         if (!item)
             return;
         scroll.stop();
@@ -46,10 +47,10 @@ Flickable {
         height: root.height
     }
     Connections {
-        target: root.controller
+        target: root.strip
 
         function onSelected(): void {
-            root.centre(root.controller.isAnimated);
+            root.centre(root.strip.isAnimated, null);
         }
     }
     NumberAnimation {

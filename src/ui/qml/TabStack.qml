@@ -2,12 +2,13 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Zelvo
+import Zelvo.Controls as Controls
 
 // A TabStackView: its buttons in a row on one ground.
 Rectangle {
     id: root
 
-    required property var controller
+    required property Controls.TabStackView controller
     readonly property real share: (width - controller.spacing * (buttons.count - 1)) / Math.max(1, buttons.count)
 
     implicitWidth: row.implicitWidth
@@ -30,7 +31,7 @@ Rectangle {
 
             model: root.controller.arrangedSubviews
             delegate: MyButton {
-                required property var modelData
+                required property Controls.MyButton modelData
 
                 controller: modelData
                 horizontalInset: root.controller.leftInset

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Zelvo.Screens as Screens
 
 // The thin time bar of a ProgressView.
 Item {
     id: root
 
-    required property var controller
+    required property Screens.ProgressView controller
 
     implicitHeight: 3
 

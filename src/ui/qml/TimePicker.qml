@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Zelvo
+import Zelvo.Menus as Menus
 
 // A TimePickerView: two wheels for the duration dialog.
 FocusScope {
     id: root
 
-    required property var controller
+    required property Menus.TimePickerView controller
 
     implicitHeight: 140
 

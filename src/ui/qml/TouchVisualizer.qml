@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 pragma ComponentBehavior: Bound
 import QtQuick
+import Zelvo.Screens as Screens
 
 // The fingers of a Visualizer, over everything else of the window.
 Item {
     id: root
 
-    required property var controller
+    required property Screens.Visualizer controller
 
     Accessible.ignored: true
 
@@ -16,7 +17,7 @@ Item {
         Item {
             id: finger
 
-            required property var modelData
+            required property Screens.TouchView modelData
 
             x: modelData.center.x - width / 2
             y: modelData.center.y - height / 2
@@ -30,7 +31,7 @@ Item {
             }
             Rectangle {
                 anchors.fill: parent
-                visible: picture.source.toString() === ""
+                visible: String(picture.source) === ""
                 radius: width / 2
                 color: finger.modelData.color
                 border.color: "white"

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Zelvo
+import Zelvo.Controls as Controls
+import Zelvo.Layouter as Layouter
 
 // A TransformPanel: what to move, and the slider that moves it.
 Item {
     id: root
 
-    required property var controller
+    required property Layouter.TransformPanel controller
 
     TabStack {
         id: choices
@@ -16,24 +18,12 @@ Item {
         controller: root.controller.stackView
     }
     Loader {
-        readonly property var slider: root.controller.posRotSlider
+        readonly property Controls.MySlider slider: root.controller.posRotSlider
 
         anchors.left: choices.right
         anchors.leftMargin: 9
         anchors.right: parent.right
         height: 36
-        onSliderChanged: {
-            sourceComponent = null;
-            sourceComponent = slider ? knob : null;
-        }
-        Component.onCompleted: sourceComponent = knob
-
-        Component {
-            id: knob
-
-            MySlider {
-                controller: root.controller.posRotSlider
-            }
-        }
+        onSliderChanged: setSource("MySlider.qml", { controller: slider })
     }
 }

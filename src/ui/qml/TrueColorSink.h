@@ -3,6 +3,7 @@
 
 #include <QVideoFrame>
 #include <QVideoSink>
+#include <QtQml/qqmlregistration.h>
 
 #include <mutex>
 
@@ -19,6 +20,7 @@ namespace zelvo::ui {
 /// (stop) before the target goes.
 class TrueColorSink : public QVideoSink {
     Q_OBJECT
+    QML_ELEMENT
     Q_PROPERTY(QVideoSink* target READ target WRITE setTarget NOTIFY targetChanged)
 
 public:

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Zelvo
+import Zelvo.Controls as Controls
 
 // A ValueLabel: a passing message.
 Rectangle {
     id: root
 
-    required property var controller
+    required property Controls.ValueLabel controller
 
     implicitWidth: message.implicitWidth + 2 * controller.horizontalInset
     implicitHeight: message.implicitHeight + 2 * controller.verticalInset

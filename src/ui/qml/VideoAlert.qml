@@ -2,12 +2,13 @@
 import QtQuick
 import QtQuick.Templates as T
 import Zelvo
+import Zelvo.Menus as Menus
 
 // A VideoAlertViewController: the hint movie, or its still and its text, over the whole screen.
 FocusScope {
     id: root
 
-    required property var controller
+    required property Menus.VideoAlertViewController controller
     readonly property rect frame: controller.frameIn(width, height)
 
     focus: true
@@ -56,7 +57,7 @@ FocusScope {
             Text {
                 anchors.fill: parent
                 anchors.margins: 24
-                visible: movie.item === null || !movie.item.isShowing
+                visible: movie.item === null || !(movie.item as LoopingMovie).isShowing
                 text: root.controller.text
                 color: Theme.hint
                 style: Text.Outline
@@ -73,7 +74,7 @@ FocusScope {
                 anchors.fill: parent
                 active: root.controller.isPlaying && root.controller.movie != ""
                 source: "LoopingMovie.qml"
-                onLoaded: item.movie = root.controller.movie
+                onLoaded: (item as LoopingMovie).movie = root.controller.movie
             }
         }
         T.AbstractButton {

@@ -1,23 +1,38 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qml/Views.h"
 
-#include "ui/controls/Theme.h"
-#include "ui/qml/FocusStack.h"
-#include "ui/qml/PointerWatch.h"
-#include "ui/qml/PressArea.h"
-#include "ui/qml/TrueColorSink.h"
-
 #include <QLoggingCategory>
-#include <QQmlEngine>
 
-// The macro names a function of the global namespace.
-static void initResources() {
-    Q_INIT_RESOURCE(views);
-}
+#include <initializer_list>
+
+// What registers the classes of each module; the build generates them, without a header.
+// clang-format off
+extern void qml_register_types_Zelvo();
+extern void qml_register_types_Zelvo_Controls();
+extern void qml_register_types_Zelvo_Menus();
+extern void qml_register_types_Zelvo_Layouter();
+extern void qml_register_types_Zelvo_Screens();
+extern void qml_register_types_Zelvo_Main();
+
+// clang-format on
 
 namespace zelvo::ui {
 
 namespace {
+
+/// They register themselves with the first engine that imports them. The linker leaves out of a
+/// static library what nobody names, so they are named here.
+void keepModules() {
+    using Register = void (*)();
+    static const volatile Register modules[] = {
+        &qml_register_types_Zelvo,
+        &qml_register_types_Zelvo_Controls,
+        &qml_register_types_Zelvo_Menus,
+        &qml_register_types_Zelvo_Layouter,
+        &qml_register_types_Zelvo_Screens,
+        &qml_register_types_Zelvo_Main};
+    static_cast<void>(modules);
+}
 
 /// Movies are shown with the libraries that also write them; the toolkit's other player would need
 /// plugins of its own. It reports its search for decoders on the console, which nobody asked for.
@@ -32,17 +47,12 @@ void chooseMoviePlayer() {
 } // namespace
 
 void installViews() {
-    initResources();
+    keepModules();
     chooseMoviePlayer();
-    static Theme theme;
-    QQmlEngine::setObjectOwnership(&theme, QQmlEngine::CppOwnership);
-    qmlRegisterSingletonInstance("Zelvo", 1, 0, "Theme", &theme);
-    static PointerWatch pointer;
-    QQmlEngine::setObjectOwnership(&pointer, QQmlEngine::CppOwnership);
-    qmlRegisterSingletonInstance("Zelvo", 1, 0, "Pointer", &pointer);
-    qmlRegisterType<FocusStack>("Zelvo", 1, 0, "FocusStack");
-    qmlRegisterType<PressArea>("Zelvo", 1, 0, "PressArea");
-    qmlRegisterType<TrueColorSink>("Zelvo", 1, 0, "TrueColorSink");
+}
+
+QUrl viewUrl(const QString& name) {
+    return {QStringLiteral("qrc:/qt-project.org/imports/Zelvo/%1.qml").arg(name)};
 }
 
 } // namespace zelvo::ui

@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QUrl>
+
 namespace zelvo::ui {
 
-/// Makes the views known as qrc:/zelvo/*.qml and `Theme` as a singleton of `import Zelvo`. Once,
-/// before the first QML engine and the first sound or movie; needs a QGuiApplication. Movies are
-/// played by the FFmpeg libraries unless QT_MEDIA_BACKEND says otherwise.
+/// Makes the views known, and the classes that they show. Once, before the first QML engine and the
+/// first sound or movie; needs a QGuiApplication. Movies are played by the FFmpeg libraries unless
+/// QT_MEDIA_BACKEND says otherwise.
 void installViews();
+
+/// Where the view of that name lies ("Main").
+[[nodiscard]] QUrl viewUrl(const QString& name);
 
 } // namespace zelvo::ui

@@ -2,12 +2,13 @@
 import QtQuick
 import QtQuick.Templates as T
 import Zelvo
+import Zelvo.Layouter as Layouter
 
 // Where a LayouterMenu's text is written; each edit shows on the stage at once.
 T.TextField {
     id: root
 
-    required property var controller
+    required property Layouter.LayouterMenu controller
 
     leftPadding: 12
     rightPadding: 12

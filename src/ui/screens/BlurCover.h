@@ -5,12 +5,15 @@
 #include "platform/foundation/RunLoop.h"
 
 #include <QObject>
+#include <QtQml/qqmlregistration.h>
 
 namespace zelvo::ui {
 
 /// The dark blur over the main screen while the export screen stands before it, at most one.
 class BlurCover final : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(bool isPresent READ isPresent NOTIFY changed)
     Q_PROPERTY(double alpha READ alpha NOTIFY changed)
     Q_PROPERTY(int fadeMilliseconds READ fadeMilliseconds CONSTANT)

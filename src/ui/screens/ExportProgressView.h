@@ -4,6 +4,7 @@
 #include "ui/controls/Services.h"
 
 #include <QObject>
+#include <QtQml/qqmlregistration.h>
 
 #include <memory>
 
@@ -12,6 +13,8 @@ namespace zelvo::ui {
 /// The ring of the export screen. It follows the clock and never runs back.
 class ExportProgressView final : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(double currentProgress MEMBER currentProgress NOTIFY changed)
     Q_PROPERTY(double radiusOfWidth MEMBER radiusOfWidth CONSTANT)
     Q_PROPERTY(double lineOfRadius MEMBER lineOfRadius CONSTANT)

@@ -12,6 +12,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QtQml/qqmlregistration.h>
 
 #include <memory>
 
@@ -26,10 +27,12 @@ namespace zelvo::ui {
 /// does not: on a desktop programs work on behind each other.
 class ExportViewController final : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(QString progressLabel READ progressLabel NOTIFY currentPercChanged)
     Q_PROPERTY(QString status READ status NOTIFY statusChanged)
-    Q_PROPERTY(QObject* progressView READ progressView CONSTANT)
-    Q_PROPERTY(QObject* preview READ preview NOTIFY previewChanged)
+    Q_PROPERTY(zelvo::ui::ExportProgressView* progressView READ progressView CONSTANT)
+    Q_PROPERTY(zelvo::ui::PreviewViewController* preview READ preview NOTIFY previewChanged)
 
 public:
     /// The cover outlives the screen; it is shown by whoever presents the screen, hidden by this.
@@ -45,7 +48,7 @@ public:
     /// What goes on, in a few words.
     [[nodiscard]] QString status() const { return status_; }
 
-    [[nodiscard]] QObject* progressView() { return &ring; }
+    [[nodiscard]] ExportProgressView* progressView() { return &ring; }
 
     /// On top of this screen once the movie is there; null before.
     [[nodiscard]] PreviewViewController* preview() const { return preview_.get(); }

@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QtQml/qqmlregistration.h>
 
 #include <memory>
 #include <vector>
@@ -17,11 +18,13 @@ namespace zelvo::ui {
 /// screen shows.
 class HistoryController final : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(QString title READ title NOTIFY titleChanged)
     Q_PROPERTY(bool showsHint READ showsHint NOTIFY titleChanged)
     Q_PROPERTY(QString sortTitle READ sortTitle NOTIFY sortChanged)
     Q_PROPERTY(double cellHeight MEMBER cellHeight CONSTANT)
-    Q_PROPERTY(QObject* rows READ rows CONSTANT)
+    Q_PROPERTY(zelvo::ui::HistoryRows* rows READ rows CONSTANT)
 
 public:
     static constexpr const char* kSortKey = "SortedDefaultsKey";
@@ -39,7 +42,7 @@ public:
 
     [[nodiscard]] QString sortTitle() const;
 
-    [[nodiscard]] QObject* rows() { return &tableView; }
+    [[nodiscard]] HistoryRows* rows() { return &tableView; }
 
     /// The view is on screen: the hint shows, on the first two times.
     Q_INVOKABLE void viewDidAppear();

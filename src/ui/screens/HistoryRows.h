@@ -4,6 +4,7 @@
 #include "actions/XAC.h"
 
 #include <QAbstractListModel>
+#include <QtQml/qqmlregistration.h>
 
 #include <vector>
 
@@ -17,8 +18,10 @@ enum class SortMode {
 
 /// The rows of the history: roles "title" and "detail". A detail is the row's running number, with
 /// the newest on top, or the record's time.
-class HistoryRows final : public QAbstractListModel {
+class HistoryRows : public QAbstractListModel {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:

@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QString>
 #include <QUrl>
+#include <QtQml/qqmlregistration.h>
 
 #include <filesystem>
 #include <memory>
@@ -18,6 +19,8 @@ namespace zelvo::ui {
 /// says what is to be played, and whether. It does not start by itself.
 class PreviewViewController final : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(QString title MEMBER title CONSTANT)
     Q_PROPERTY(QUrl movieUrl READ movieUrl CONSTANT)
     Q_PROPERTY(bool isPlaying READ isPlaying NOTIFY isPlayingChanged)

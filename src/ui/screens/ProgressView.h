@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/controls/InterfaceColors.h"
 #include "ui/controls/Services.h"
-#include "ui/controls/Theme.h"
 
 #include <QColor>
 #include <QObject>
+#include <QtQml/qqmlregistration.h>
 
 #include <memory>
 
@@ -17,14 +18,16 @@ enum class PreparingStage { preparing = 0, recording = 1 };
 /// run. It stands still during an export.
 class ProgressView final : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(double fill READ fill NOTIFY changed)
     Q_PROPERTY(QColor color READ color NOTIFY changed)
 
 public:
     explicit ProgressView(const Services& given);
 
-    QColor preparingColor = Theme().accent;
-    QColor progressColor = Theme().record;
+    QColor preparingColor = kAccentColor;
+    QColor progressColor = kRecordColor;
     PreparingStage state = PreparingStage::preparing;
     float value = 0; ///< fraction of the count-in or of the run
 

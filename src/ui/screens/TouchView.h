@@ -4,11 +4,13 @@
 #include "platform/foundation/RunLoop.h"
 
 #include <QColor>
+#include <QList>
 #include <QObject>
 #include <QPointF>
 #include <QSizeF>
 #include <QString>
 #include <QUrl>
+#include <QtQml/qqml.h>
 
 #include <optional>
 
@@ -27,6 +29,8 @@ struct TouchVisualizerConfiguration {
 /// A finger shown on the screen. Used again when its touch is over and it has faded.
 class TouchView final : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(QPointF center READ center NOTIFY moved)
     Q_PROPERTY(double ratio READ ratio NOTIFY moved)
     Q_PROPERTY(bool isShown READ isShown NOTIFY isShownChanged)
@@ -85,6 +89,14 @@ private:
     double previousRatio = 1;
     std::optional<double> startDate; ///< of the run loop's clock
     std::optional<QString> lastTimeString;
+};
+
+/// What a list of fingers holds, for the tools of QML.
+struct TouchViewList {
+    Q_GADGET
+    QML_ANONYMOUS
+    QML_FOREIGN(QList<zelvo::ui::TouchView*>)
+    QML_SEQUENTIAL_CONTAINER(zelvo::ui::TouchView*)
 };
 
 } // namespace zelvo::ui

@@ -103,10 +103,10 @@ TouchView& Visualizer::freeView() {
     return *touchViews.back();
 }
 
-QVariantList Visualizer::views() const {
-    QVariantList list;
+QList<TouchView*> Visualizer::views() const {
+    QList<TouchView*> list;
     for (const auto& view : touchViews)
-        list.append(QVariant::fromValue<QObject*>(view.get()));
+        list.append(view.get());
     return list;
 }
 

@@ -4,8 +4,9 @@
 #include "ui/screens/TouchEvents.h"
 #include "ui/screens/TouchView.h"
 
+#include <QList>
 #include <QObject>
-#include <QVariantList>
+#include <QtQml/qqmlregistration.h>
 
 #include <memory>
 #include <optional>
@@ -21,8 +22,10 @@ namespace zelvo::ui {
 /// none of them back.
 class Visualizer final : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
     Q_PROPERTY(bool enabled READ isEnabled NOTIFY enabledChanged)
-    Q_PROPERTY(QVariantList touchViews READ views NOTIFY touchViewsChanged)
+    Q_PROPERTY(QList<zelvo::ui::TouchView*> touchViews READ views NOTIFY touchViewsChanged)
 
 public:
     explicit Visualizer(foundation::RunLoop& loop);
@@ -42,7 +45,7 @@ public:
     [[nodiscard]] bool isEnabled() const { return enabled; }
 
     /// The views made so far, those that are free included.
-    [[nodiscard]] QVariantList views() const;
+    [[nodiscard]] QList<TouchView*> views() const;
 
     std::optional<TouchVisualizerConfiguration> config;
     std::vector<std::unique_ptr<TouchView>> touchViews;

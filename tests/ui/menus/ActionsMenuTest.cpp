@@ -7,8 +7,6 @@
 
 #include <gmock/gmock.h>
 
-#include <QFile>
-
 namespace zelvo::test {
 
 namespace {
@@ -140,18 +138,6 @@ TEST_F(ActionsMenuTest, ChangingTheTabEndsAHeldButton) {
     menu.nextTab();
     loop().drain();
     EXPECT_GT(controller().recordedActions().size(), during) << "the end was not recorded";
-}
-
-TEST_F(ActionsMenuTest, EveryPictureOfTheCatalogueExists) {
-    for (const catalogue::Tab& tab : catalogue::tabs()) {
-        for (const catalogue::Button& button : tab.buttons()) {
-            const std::string image(button.face.image);
-            EXPECT_TRUE(
-                image.empty() ||
-                QFile::exists(":/zelvo/icons/" + QString::fromStdString(image) + ".svg"))
-                << image;
-        }
-    }
 }
 
 TEST_F(ActionsMenuTest, AnOperationWithoutATabEmptiesTheRow) {

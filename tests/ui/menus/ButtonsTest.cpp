@@ -143,7 +143,7 @@ TEST(TabStackView, ForgetsAButtonThatHasGone) {
     MySegmentedStackButton stays({.title = "B"}, {});
     stack.setArrangedSubviews({gone.get(), &stays});
     gone.reset();
-    EXPECT_THAT(stack.arrangedObjects(), ElementsAre(&stays));
+    EXPECT_THAT(stack.arranged(), ElementsAre(&stays));
     stack.select(0);
     EXPECT_TRUE(stays.isMySelected());
 }

@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "ui/qml/Views.h"
-
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_QUICK_BACKEND", "software");
     testing::InitGoogleTest(&argc, argv);
     const QGuiApplication application(argc, argv);
-    zelvo::ui::installViews();
     return RUN_ALL_TESTS();
 }

@@ -20,9 +20,9 @@ protected:
 
     /// The user's answer to the alert on show, by its title.
     void answer(const QString& title) {
-        const QVariantList offered = alerts.actions();
+        const auto offered = alerts.actions();
         for (int i = 0; i < offered.size(); ++i) {
-            if (offered[i].toMap()["title"] == title)
+            if (offered[i].title == title)
                 return alerts.choose(i);
         }
         ADD_FAILURE() << "no " << title.toStdString();

@@ -59,7 +59,7 @@ QSet<QString> namesInSources() {
 
 /// The part of the picture's pixels that are not clear; nothing where there is no such picture.
 double inkOf(const QString& icon) {
-    QImageReader reader(QStringLiteral(":/zelvo/icons/%1.svg").arg(icon));
+    QImageReader reader(QStringLiteral(":/qt-project.org/imports/Zelvo/icons/%1.svg").arg(icon));
     reader.setScaledSize({kSmallest, kSmallest});
     const QImage picture = reader.read().convertToFormat(QImage::Format_ARGB32);
     int inked = 0;
@@ -93,7 +93,7 @@ TEST(Icons, AreThereForEveryPictureThatTheViewsName) {
 // The four ways in and out are told apart by their picture alone.
 TEST(Icons, TellTheWaysApart) {
     const auto load = [](const QString& name) {
-        return QImage(QStringLiteral(":/zelvo/icons/%1.svg").arg(name));
+        return QImage(QStringLiteral(":/qt-project.org/imports/Zelvo/icons/%1.svg").arg(name));
     };
     const QStringList ways = {
         "PositionLeft",

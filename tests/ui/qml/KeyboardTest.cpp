@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The keys of the main screen, before a screen that only writes down what it is told.
+// The keys of the main screen.
 
-#include <gtest/gtest.h>
+#include "ui/layouter/LayouterMenu.h"
+#include "ui/main/MainViewController.h"
+#include "ui/menus/ActionsMenu.h"
+#include "ui/menus/MenusFixture.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -16,24 +19,13 @@ namespace {
 
 constexpr const char* kScene = R"(
 import QtQuick
-import QtQuick.Window
-import "qrc:/zelvo"
+import Zelvo
+import Zelvo.Main as MainScreen
 
 Window {
     id: root
 
-    property string calls
-    property QtObject screen: QtObject {
-        property string panelView: "ActionsMenu"
-        property QtObject panel: QtObject {
-            property var actionsStackView: [1, 2, 3, 4, 5, 6]
-            function pressButton(place) { root.calls += "+" + place }
-            function releaseButton(place) { root.calls += "-" + place }
-        }
-        property QtObject controlMenu: QtObject {
-            function record() { root.calls += "r" }
-        }
-    }
+    required property MainScreen.MainViewController screen
 
     width: 200
     height: 100
@@ -48,41 +40,113 @@ Window {
 }
 )";
 
-class KeyboardTest : public testing::Test {
+class KeyboardTest : public test::MenusTest {
 protected:
-    void SetUp() override { show(kScene); }
-
-    void show(const char* scene) {
+    void show(const char* scene, const QVariantMap& properties) {
         QQmlComponent component(&engine);
-        component.setData(scene, QUrl("qrc:/zelvo/KeyboardTest.qml"));
-        window.reset(qobject_cast<QQuickWindow*>(component.create()));
+        component.setData(scene, QUrl("KeyboardTest.qml"));
+        window.reset(
+            qobject_cast<QQuickWindow*>(component.createWithInitialProperties(properties)));
         ASSERT_NE(window, nullptr) << component.errorString().toStdString();
         window->requestActivate();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     }
 
-    [[nodiscard]] std::string calls() const {
-        return window->property("calls").toString().toStdString();
+    void press(Qt::Key key, Qt::KeyboardModifiers with = {}) {
+        QTest::keyClick(window.get(), key, with);
+        loop().runFor(0.2);
     }
 
     QQmlEngine engine;
     std::unique_ptr<QQuickWindow> window;
 };
 
-TEST_F(KeyboardTest, LetsEachButtonGoThatItHoldsAndStartsUnlessOneWrites) {
+class MainKeysTest : public KeyboardTest {
+protected:
+    void SetUp() override {
+        main.showAnim();
+        menu().viewWillAppear();
+        show(kScene, {{"screen", QVariant::fromValue(&main)}});
+    }
+
+    void TearDown() override { window.reset(); } // before what it shows
+
+    template <class Kind> Kind& panel() { return *qobject_cast<Kind*>(main.panel()); }
+
+    ActionsMenu& menu() { return panel<ActionsMenu>(); }
+
+    /// The places of the buttons that are held.
+    [[nodiscard]] std::string held() {
+        std::string places;
+        for (std::size_t i = 0; i < menu().actionButtons().size(); ++i)
+            places += menu().actionButtons()[i]->isPressed() ? std::to_string(i) : "";
+        return places;
+    }
+
+    MainViewController main{services};
+};
+
+TEST_F(MainKeysTest, LetEachButtonGoThatTheyHoldAndStartUnlessOneWrites) {
     QTest::keyPress(window.get(), Qt::Key_1);
     QTest::keyPress(window.get(), Qt::Key_6);
     QTest::keyPress(window.get(), Qt::Key_7);
     QTest::keyRelease(window.get(), Qt::Key_7);
+    EXPECT_EQ(held(), "05");
     QTest::keyRelease(window.get(), Qt::Key_1, Qt::ShiftModifier);
-    EXPECT_EQ(calls(), "+0+5-0");
+    EXPECT_EQ(held(), "5");
     window->findChild<QQuickItem*>("other")->forceActiveFocus();
-    EXPECT_EQ(calls(), "+0+5-0-5") << "the release goes elsewhere";
-    QTest::keyClick(window.get(), Qt::Key_Space);
-    EXPECT_EQ(calls(), "+0+5-0-5") << "a field is written in";
+    EXPECT_EQ(held(), "") << "the release goes elsewhere";
+    press(Qt::Key_Space);
+    EXPECT_FALSE(model.isPlaying()) << "a field is written in";
     window->findChild<QQuickItem*>("other")->setFocus(false);
-    QTest::keyClick(window.get(), Qt::Key_Space);
-    EXPECT_EQ(calls(), "+0+5-0-5r");
+    press(Qt::Key_Space);
+    EXPECT_TRUE(model.isPlaying());
+    QTest::keyPress(window.get(), Qt::Key_1, Qt::ControlModifier);
+    EXPECT_EQ(held(), "") << "with another key it is no digit";
+}
+
+TEST_F(MainKeysTest, ReachWhatTheButtonsDo) {
+    press(Qt::Key_S);
+    EXPECT_TRUE(menu().speedButton.isMySelected());
+    press(Qt::Key_Right, Qt::ControlModifier);
+    EXPECT_TRUE(menu().tabButton("IN2").isMySelected());
+    press(Qt::Key_Left, Qt::ControlModifier);
+    EXPECT_TRUE(menu().tabButton("IN1").isMySelected());
+    press(Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(main.visualizer.isEnabled());
+    press(Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(alerts.title(), "Duration");
+    alerts.escape();
+    press(Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(alerts.title(), "No recorded actions");
+    alerts.escape();
+
+    press(Qt::Key_Space);
+    loop().runFor(3);
+    press(Qt::Key_2);
+    press(Qt::Key_Space);
+    EXPECT_EQ(controller().recordedActions().size(), 1U);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(controller().recordedActions().size(), 0U);
+    press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(controller().recordedActions().size(), 1U);
+    press(Qt::Key_H, Qt::ControlModifier);
+    EXPECT_EQ(main.screenView(), "History");
+
+    press(Qt::Key_F2);
+    ASSERT_EQ(main.panelView(), "LayouterMenu");
+    auto& layouter = panel<LayouterMenu>();
+    press(Qt::Key_I);
+    EXPECT_FALSE(layouter.inspirator.button.isEnabled());
+    layouter.setCurrentNodeFromButton(0);
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(layouter.isBackVisible());
+    press(Qt::Key_F3);
+    EXPECT_EQ(main.panelView(), "ActionsMenu");
+    press(Qt::Key_F11);
+    EXPECT_EQ(window->visibility(), QWindow::FullScreen);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(window->visibility(), QWindow::Windowed);
 }
 
 constexpr const char* kLayers = R"(
@@ -129,12 +193,12 @@ Window {
 )";
 
 TEST_F(KeyboardTest, BelongsToWhatLiesOnTop) {
-    show(kLayers);
+    show(kLayers, {});
     auto& control = *window->findChild<QQuickItem*>("control");
     const auto pressed = [this] {
         window->setProperty("calls", "");
         QTest::keyClick(window.get(), Qt::Key_Return);
-        return calls();
+        return window->property("calls").toString().toStdString();
     };
     EXPECT_EQ(pressed(), "b");
     control.forceActiveFocus();
@@ -151,11 +215,6 @@ TEST_F(KeyboardTest, BelongsToWhatLiesOnTop) {
     EXPECT_EQ(pressed(), "c");
     QTest::mouseClick(window.get(), Qt::LeftButton, {}, {150, 20});
     EXPECT_EQ(pressed(), "b") << "a press beside it takes the focus away";
-}
-
-TEST_F(KeyboardTest, LeavesDigitsWithModifiersAlone) {
-    QTest::keyClick(window.get(), Qt::Key_1, Qt::ControlModifier);
-    EXPECT_EQ(calls(), "");
 }
 
 } // namespace

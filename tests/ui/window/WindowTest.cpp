@@ -4,6 +4,7 @@
 #include "app/Application.h"
 #include "app/WindowPlace.h"
 #include "support/TemporaryFolder.h"
+#include "support/ViewWarnings.h"
 #include "ui/controls/Alerts.h"
 #include "ui/layouter/LayouterMenu.h"
 #include "ui/menus/ActionsMenu.h"
@@ -142,7 +143,7 @@ void WindowTest::pinchCamera() {
 }
 
 void WindowTest::shareTooEarly() {
-    const auto& alerts = *qobject_cast<ui::Alerts*>(application.main.alertsObject());
+    const auto& alerts = *application.main.alertsObject();
     click(&application.main.shareButton);
     ASSERT_TRUE(soon([&] { return alerts.isShowing(); }));
     ASSERT_TRUE(soon([&] { return window.activeFocusItem() != nullptr; }));
@@ -209,15 +210,14 @@ void WindowTest::exportMovie() {
     QTest::keyClick(&window, Qt::Key_E, Qt::ControlModifier);
     ASSERT_TRUE(soon([&] { return screen<ui::ExportViewController>() != nullptr; }));
     picture("5-export");
-    auto& alerts = *qobject_cast<ui::Alerts*>(application.main.alertsObject());
+    auto& alerts = *application.main.alertsObject();
     ASSERT_TRUE(soon([&] {
         const auto* const sheet = screen<ui::ExportViewController>();
         return sheet == nullptr || sheet->preview() != nullptr;
     }));
     ASSERT_NE(screen<ui::ExportViewController>(), nullptr) << "the export failed";
     EXPECT_GT(std::filesystem::file_size(model.movieURL()), 1000U);
-    auto& preview =
-        *qobject_cast<ui::PreviewViewController*>(screen<ui::ExportViewController>()->preview());
+    auto& preview = *screen<ui::ExportViewController>()->preview();
     ASSERT_TRUE(soon([&] { return viewOf(window.contentItem(), &preview) && alerts.isShowing(); }));
     picture("6-preview");
     QTest::keyClick(&window, Qt::Key_Space);
@@ -327,5 +327,6 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     zelvo::app::prepareGraphics();
     const QGuiApplication process(argc, argv);
+    zelvo::test::failOnViewWarnings();
     return RUN_ALL_TESTS();
 }

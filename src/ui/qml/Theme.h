@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QObject>
 #include <QString>
+#include <QtQml/qqmlregistration.h>
 
 namespace zelvo::ui {
 
@@ -13,6 +14,8 @@ namespace zelvo::ui {
 /// Lengths are device-independent pixels.
 class Theme final : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
     Q_PROPERTY(QColor accent MEMBER accent CONSTANT)
     Q_PROPERTY(QColor record MEMBER record CONSTANT)
     Q_PROPERTY(QColor buttonFill MEMBER buttonFill CONSTANT)
