@@ -12,13 +12,13 @@ using namespace zelvo::scene;
 
 constexpr int kNodes = 150;
 constexpr int kActions = 100;
-constexpr double kForever = 1e9; ///< s; nothing ends while it is measured
+constexpr double kForever = 1e9; ///< seconds; nothing ends during the measurement
 
 float sineInOut(float t) {
     return (std::cos(t * 3.1415925f) - 1) * -0.5f;
 }
 
-/// What a busy moment of a performance runs: moves, turns, fades and sequences, most of them bent.
+/// Actions as in a busy moment: moves, rotations, fades and sequences, most with timing functions.
 SCNActionPtr makeAction(int number) {
     switch (number % 5) {
     case 0:
@@ -38,7 +38,7 @@ SCNActionPtr makeAction(int number) {
     }
 }
 
-/// A tree as a stage with two texts has: rigs of ten levels, letters below.
+/// A tree like that of a stage with two texts: rigs of ten levels with letters below.
 void evaluateRunningActions(benchmark::State& state) {
     SCNScene scene;
     SCNNodePtr parent = scene.rootNode();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the environments cost, each with a title of two lines: an export of 1920 x 1080, a frame of
-// the view on screen, and putting the stage up anew.
+// The cost of the environments, with a title of two lines: an export of 1920 x 1080, a frame of the
+// view on screen, and a change of the environment.
 #include "app/EngineNames.h"
 #include "app/Export.h"
 #include "app/Performer.h"
@@ -38,7 +38,7 @@ foundation::TemporaryFolder temporaryFolder() {
     return std::move(*made);
 }
 
-/// The title in one of the environments, recorded.
+/// A recorded title in one of the environments.
 class Title {
 public:
     explicit Title(int scene)
@@ -60,7 +60,7 @@ void nameAfter(benchmark::State& state, int scene) {
     state.SetLabel(std::string(look::SceneManager::sceneNames.at(static_cast<std::size_t>(scene))));
 }
 
-/// Goal: no environment below 4 frames a second.
+/// Goal: at least 4 frames a second in every environment.
 void exportMovie(benchmark::State& state) {
     const auto scene = static_cast<int>(state.range(0));
     nameAfter(state, scene);
@@ -76,7 +76,7 @@ void exportMovie(benchmark::State& state) {
     state.counters["frames/s"] = benchmark::Counter(frames, benchmark::Counter::kIsRate);
 }
 
-/// A view on screen without a window.
+/// The view on screen, without a window.
 class Window {
 public:
     Window() {
@@ -111,7 +111,7 @@ void shown(Title& title, Window& window) {
     title.loop.runLoop.runFor(0.5);
 }
 
-/// 960 x 540 with both lines in motion. Goal: Shiny above 30 frames a second.
+/// 960 x 540 with both lines moving. Goal: Shiny above 30 frames a second.
 void viewFrame(benchmark::State& state, double oversampling) {
     const auto scene = static_cast<int>(state.range(0));
     nameAfter(state, scene);
@@ -140,8 +140,8 @@ void viewFramePlain(benchmark::State& state) {
     viewFrame(state, 1);
 }
 
-/// From the call to the first finished frame on screen with the stage in its colour: loading,
-/// tinting, uploading, building shaders. Goal: 400 ms.
+/// From the call to the first finished frame in the right colour: loading, tinting, uploading,
+/// building shaders. Goal: 400 ms.
 void swapEnvironment(benchmark::State& state) {
     const auto scene = static_cast<int>(state.range(0));
     nameAfter(state, scene);

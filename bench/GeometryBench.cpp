@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-// What a turn of the text sliders costs: five letters with a rounded bevel, their outlines known or
-// not.
+// The cost of a change with a text slider: five letters with a rounded bevel, with their outlines
+// cached or not.
 
 #include "platform/foundation/Check.h"
 #include "platform/foundation/Folders.h"

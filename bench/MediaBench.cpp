@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-// What a movie costs besides drawing: converting and encoding frames of 1920 x 1080 that look like
+// The cost of a movie without drawing: converting and encoding frames of 1920 x 1080 that look like
 // a title.
 
 #include "platform/media/AVAssetWriter.h"
@@ -30,7 +30,7 @@ constexpr int kWidth = 1920;
 constexpr int kHeight = 1080;
 constexpr int kLetters = 5;
 
-/// Five shaded rings on the move before a gradient.
+/// Five shaded rings that move in front of a gradient.
 double shadeAt(int x, int y, double t) {
     const double falloff = std::hypot((x - 960) / 960.0, (y - 540) / 540.0);
     const double backdrop = 120.0 - 50.0 * std::min(falloff * falloff, 2.0);
@@ -93,7 +93,7 @@ struct FreeScaler {
     void operator()(SwsContext* scaler) const { sws_freeContext(scaler); }
 };
 
-/// The library set to give the same picture: video range, BT.709, chroma on the left pixel.
+/// The library with the same settings: video range, BT.709, chroma on the left pixel.
 std::unique_ptr<SwsContext, FreeScaler> makeScaler() {
     std::unique_ptr<SwsContext, FreeScaler> scaler(sws_alloc_context());
     const auto set = [&scaler](const char* name, std::int64_t value) {
@@ -143,7 +143,7 @@ void convertFrameByLibrary(benchmark::State& state) {
 
 BENCHMARK(convertFrameByLibrary)->Unit(benchmark::kMillisecond);
 
-/// Encodes the pictures; the encoding thread's processor seconds, 0 if that fails.
+/// Encodes the pictures. Returns the encoding thread's processor time in seconds; 0 if it fails.
 double writeMovie(std::vector<PixelBuffer>& pictures, const std::filesystem::path& file) {
     auto writer = AVAssetWriter::create(file);
     if (!writer)

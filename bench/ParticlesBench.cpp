@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What 5,000 live particles cost: a step of the scene, and a frame of 1920 x 1080 drawn at 2880 x
+// The cost of 5,000 live particles: a step of the scene, and a frame of 1920 x 1080 drawn at 2880 x
 // 1620 with nothing else in it.
 #include "platform/foundation/Check.h"
 #include "platform/render/SCNRenderer.h"
@@ -22,7 +22,7 @@ image::ImagePtr makeSprite() {
     return picture;
 }
 
-/// Sparks and smoke in equal parts, as the effects have them.
+/// Half sparks, half smoke, as in the effects.
 void addParticles(scene::SCNNode& node) {
     const image::ImagePtr sprite = makeSprite();
     for (const auto mode : {scene::ParticleBlendMode::alpha, scene::ParticleBlendMode::additive}) {

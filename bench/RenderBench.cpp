@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a frame of 1920 x 1080 costs, drawn at 2880 x 1620 and delivered as an export takes it.
-// Boxes stand for the letters of a title of two lines: what counts is the share of the picture that
-// they cover.
+// The cost of a frame of 1920 x 1080, drawn at 2880 x 1620 and delivered as in an export. Boxes
+// take the place of a title of two lines; they cover the same share of the picture.
 #include "platform/foundation/Check.h"
 #include "platform/image/LightProbe.h"
 #include "platform/render/SCNRenderer.h"
@@ -62,7 +61,7 @@ SCNNodePtr addCamera(scene::SCNScene& scene) {
     return node;
 }
 
-/// A dark stage: a floor, three lights, one of which casts shadows.
+/// A dark stage: a floor and three lights, one with shadows.
 void furnishStage(scene::SCNScene& scene) {
     const SCNNodePtr floor = addNode(scene, {0, -112, 0});
     floor->geometry = std::make_shared<scene::SCNPlane>(3200, 3200);
@@ -74,7 +73,7 @@ void furnishStage(scene::SCNScene& scene) {
     addLight(scene, SCNLightType::omni, {330, 260, -330}, 3e8);
 }
 
-/// No lights but what comes from all around, and a picture behind.
+/// Only image-based light, and a picture as background.
 void furnishShiny(scene::SCNScene& scene) {
     auto picture = std::make_shared<image::Image>(512, 256);
     for (std::size_t i = 0; i < picture->pixels.size(); ++i) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a technique adds to a frame of 1920 x 1080, drawn at 2880 x 1620: the time of each row less
-// that of "none".
+// The cost of a technique for a frame of 1920 x 1080, drawn at 2880 x 1620: each time minus that of
+// "none".
 #include "platform/foundation/Check.h"
 #include "platform/foundation/Folders.h"
 #include "platform/render/SCNRenderer.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A tick of the clock with a long performance: the model looks at every record, the scene moves on
-// a frame.
+// The cost of a tick of the clock with a long performance: the model looks at every record, the
+// scene advances by a frame.
 #include "content/FontManager.h"
 #include "model/HeadlessViewClock.h"
 #include "model/Model.h"
@@ -17,7 +17,7 @@ using namespace zelvo;
 
 constexpr int kRecords = 500;
 constexpr int kActions = 100;
-constexpr double kForever = 1e9; ///< s; nothing ends while it is measured
+constexpr double kForever = 1e9; ///< seconds; nothing ends during the measurement
 
 void tick(benchmark::State& state) {
     foundation::VirtualRunLoop loop;

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What a finger on the colour slider costs: a hundred colours in a row, from the first call until
-// the last one is on the stage. A tint that is overtaken before it began is left out, so that the
-// wait at the end is that of two tints at most and not of a hundred; the calls alone are what the
-// interface waits for.
+// The cost of moving the colour slider: a hundred colours in a row, from the first call until the
+// last colour is on the stage. A tint that is replaced before it starts is skipped, so the wait at
+// the end is for two tints at most. The interface waits only for the calls.
 #include "environments/SceneManager.h"
 #include "platform/foundation/Check.h"
 #include "platform/foundation/RunLoop.h"
@@ -26,7 +25,7 @@ constexpr image::Color kLast{1, 0, 0, 1};
     return step == kColors - 1 ? kLast : image::Color{0, static_cast<float>(step) / kColors, 1, 1};
 }
 
-/// Red came with the last colour alone. Where a cube is shown its first face tells.
+/// Red is only in the last colour. In a cube, the first face is checked.
 [[nodiscard]] bool showsLast(const scene::SCNMaterialProperty& background) {
     const auto* const faces = std::get_if<scene::CubeImages>(&background.contents);
     const image::ImagePtr picture = faces != nullptr ? faces->front() : background.image();
@@ -54,7 +53,7 @@ void hundredColors(benchmark::State& state) {
     state.counters["longest call, ms"] = std::chrono::duration<double, std::milli>(longest).count();
 }
 
-// Shiny, Spherical, Backlight, SpaceBox: those whose background is painted.
+// Shiny, Spherical, Backlight, SpaceBox: those with a painted background.
 BENCHMARK(hundredColors)
     ->Arg(2)
     ->Arg(3)

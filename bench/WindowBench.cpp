@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// How the application feels: start to first picture, switch of panels, answer to a press, frames a
-// second of the live stage, and whether it grows. A program of its own, since it needs a display:
+// How fast the application reacts: time to the first picture, change of panels, answer to a press,
+// frames a second of the live stage, and memory growth. A program of its own, because it needs a
+// display:
 //   xvfb-run -a -s "-screen 0 1280x720x24" build/release/bench/window_bench [OPTION] [PICTURES]
-// --soak  fifty runs and many changes of the environment: what stays of their memory
-// --busy  how long a run takes, and how long a press, beside four processes that never rest
+// --soak  fifty runs and many changes of the environment, then the memory left in use
+// --busy  length of a run, and time of a press, beside four busy processes
 #include "app/Application.h"
 #include "app/Stopwatch.h"
 #include "ui/menus/ActionsMenu.h"
@@ -32,11 +33,11 @@ using namespace zelvo;
 
 constexpr int kRuns = 50;
 constexpr int kScenes = 11;
-constexpr int kRounds = 4; ///< through all of them
+constexpr int kRounds = 4; ///< how often each is visited
 constexpr double kShortRun = 2;
 constexpr double kPressPace = 0.1;
 
-/// Four processes that never rest, for as long as it lives.
+/// Four busy processes, for as long as this object lives.
 class BusyMachine {
 public:
     BusyMachine() {
@@ -95,7 +96,7 @@ public:
         application.main.showAnim();
         core::Model& model = application.model();
         model.setDuration(kShortRun);
-        swapScenes(); // what is kept for the next time is there after the first
+        swapScenes(); // afterwards, all caches are filled
         run();
         reportMemory("at first");
         for (int runs = 10; runs <= kRuns; runs += 10) {
@@ -109,7 +110,7 @@ public:
         }
     }
 
-    /// Plays the catalogue in every environment.
+    /// Plays animations of the catalogue in every environment.
     void measureClock() {
         wait([this] { return stage().framesShown() > 0; });
         application.main.showAnim();
@@ -254,10 +255,10 @@ private:
         wait([this, before] { return stage().framesShown() > before + 3; });
     }
 
-    /// Of the heap, what is in use; of all memory, what stays resident once unused heap is handed
-    /// back, so that the peak of one swap does not pass for growth.
+    /// The heap in use, and the resident memory after unused heap was given back, so that the peak
+    /// of one change does not count as growth.
     void reportMemory(const std::string& moment) {
-        waitFor(1.5); // what was begun is done
+        waitFor(1.5); // work in progress finishes
         malloc_trim(0);
         fmt::print(
             "{:<20} heap {:7.1f} MiB, resident {:7.1f} MiB\n", moment, heapMiB(), residentMiB());

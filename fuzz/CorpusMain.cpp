@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-// Runs a fuzz target once over every file of its corpus folder, where the compiler has no
-// libFuzzer.
+// Runs a fuzz target once with every file of its corpus folder. For compilers without libFuzzer.
 
 #include <cstdint>
 #include <filesystem>

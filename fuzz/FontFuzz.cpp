@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <string>
 
-// Any bytes as a font file: names, shaping, outlines, and the solid of a letter with a bevel.
-// Solids of long outlines take their time and have a target of their own.
+// Any bytes as a font file: names, shaping, outlines, and a letter as a solid with a bevel. Solids
+// of long outlines take long and have their own target.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::size_t kMaxBytes = 64U << 10U;
     constexpr std::size_t kMaxElements = 40;

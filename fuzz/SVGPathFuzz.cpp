@@ -9,7 +9,7 @@
 #include <string>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    constexpr std::size_t kLongest = 2000; // solids of longer outlines take their time
+    constexpr std::size_t kLongest = 2000; // solids of longer outlines take too long
     const std::string text(data, data + std::min(size, kLongest));
     const auto path = zelvo::geometry::bezierPath(text);
     zelvo::geometry::ExtrusionOptions options;

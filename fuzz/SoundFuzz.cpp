@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr std::size_t kMaxBytes = 16U << 10U; // what damage tells by stands in the first blocks
+constexpr std::size_t kMaxBytes = 16U << 10U; // damage matters most in the first blocks
 constexpr int kBlocksRead = 2;
 
 void readAll(const std::string& path) {

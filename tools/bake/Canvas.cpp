@@ -10,8 +10,8 @@ namespace zelvo::bake {
 
 namespace {
 
-/// The height at a distance from the middle line (or, for boxes, from the rounded edge's centre
-/// line).
+/// The height at a distance from the stroke's middle line (for boxes, from the middle line of the
+/// rounded edge).
 float heightAt(float distance, const Brush& brush) {
     const float radius = brush.width / 2;
     const float part = distance / radius;

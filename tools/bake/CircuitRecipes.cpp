@@ -7,8 +7,8 @@
 #include <array>
 #include <cmath>
 
-// A printed circuit board: chips, then tracks that walk the free places of a grid, each ending in a
-// soldering eye.
+// A printed circuit board: first chips, then tracks that walk over free cells of a grid and end in
+// solder points.
 
 namespace zelvo::bake {
 
@@ -51,7 +51,7 @@ private:
         return true;
     }
 
-    /// A chip with legs on its long sides; the cells under it and its legs are taken.
+    /// A chip with pins on its long sides. It occupies the cells below it and its pins.
     void placeChip() {
         const bool lying = dice.unit() < 0.5f;
         const int length = 4 + dice.below(5);
@@ -103,8 +103,8 @@ private:
         draw(points);
     }
 
-    /// Straight on where that is free, else an eighth of a turn to either side; -1 where all is
-    /// taken.
+    /// Straight on if that cell is free, else an eighth of a turn to either side; -1 if none is
+    /// free.
     [[nodiscard]] int nextHeading(const glm::ivec2& cell, int heading) {
         const int side = dice.unit() < 0.5f ? 1 : 7;
         const bool wanders = dice.unit() < 0.12f;
@@ -113,7 +113,7 @@ private:
         for (const int turn : tries) {
             const int next = (heading + turn) % 8;
             const glm::ivec2 step = kSteps.at(static_cast<std::size_t>(next));
-            // A slanting step must not cross another slanting track.
+            // A diagonal step must not cross another diagonal track.
             const bool crosses = step.x != 0 && step.y != 0 &&
                                  taken(cell + glm::ivec2(step.x, 0)) &&
                                  taken(cell + glm::ivec2(0, step.y));
@@ -129,7 +129,7 @@ private:
             canvas.polyline(points, {0.0095f, 0.28f, 0.0018f, Profile::flat});
         canvas.disc(points.front(), eye);
         canvas.disc(points.back(), eye);
-        // The bore: a bright dot reads as a drop of solder.
+        // A bright dot in the middle looks like solder.
         canvas.disc(points.front(), {0.0085f, 0.62f, 0.0018f, Profile::round});
         canvas.disc(points.back(), {0.0085f, 0.62f, 0.0018f, Profile::round});
     }

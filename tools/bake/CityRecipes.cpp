@@ -9,23 +9,23 @@
 #include <array>
 #include <cmath>
 
-// A town at night all around, to be mirrored.
+// A panorama of a city at night, for reflections.
 
 namespace zelvo::bake {
 
 namespace {
 
-/// One row of houses, as far away as the others of its row.
+/// One row of houses, all at the same distance.
 struct Street {
-    int houses;       ///< around the whole turn
-    float lowDegrees; ///< the least and the greatest height of a roof
+    int houses;       ///< all around
+    float lowDegrees; ///< the lowest and the highest roof
     float highDegrees;
-    glm::ivec2 windows; ///< across a house, and up 30 degrees
+    glm::ivec2 windows; ///< across a house, and in 30 degrees of height
     float brightness;
     std::uint32_t seed;
 };
 
-// From the back to the front.
+// From back to front.
 // clang-format off
 constexpr auto kStreets = std::to_array<Street>({
     {31, 12, 46, {6, 22}, 0.45f, 101},
@@ -34,7 +34,7 @@ constexpr auto kStreets = std::to_array<Street>({
 });
 // clang-format on
 
-/// Where the houses stand, degrees of elevation.
+/// The foot of the houses, degrees of elevation.
 constexpr float kStreetLevel = -3;
 
 float chance(int a, int b, std::uint32_t seed) {
@@ -45,7 +45,7 @@ float chance(int a, int b, std::uint32_t seed) {
         .unit();
 }
 
-/// Lit in one of a few lamp colours, or dark.
+/// The colour of a window: one of a few lamp colours, or dark.
 glm::vec3 windowLight(int column, int row, const Street& street, int house) {
     const float drawn = chance(house * 64 + column, row, street.seed + 7);
     const float busy = 0.25f + 0.45f * chance(house, 3, street.seed);
@@ -58,7 +58,7 @@ glm::vec3 windowLight(int column, int row, const Street& street, int house) {
     return lamp * (0.35f + 1.1f * drawn / busy);
 }
 
-/// The street's light in a direction, or absent above its roofs.
+/// The light of a street in a direction; nothing above its roofs.
 std::optional<glm::vec3> streetLight(const Street& street, float turn, float elevation) {
     const float across = turn * static_cast<float>(street.houses);
     const int house = static_cast<int>(across) % street.houses;
@@ -84,7 +84,7 @@ std::optional<glm::vec3> streetLight(const Street& street, float turn, float ele
                       (pane * street.brightness);
 }
 
-/// Lamps out of focus along the streets below.
+/// Blurred lamps along the streets below.
 glm::vec3 traffic(float turn, float elevation) {
     glm::vec3 sum{0};
     for (int i = 0; i < 150; ++i) {
@@ -103,13 +103,13 @@ glm::vec3 traffic(float turn, float elevation) {
     return sum;
 }
 
-/// All above the street's level.
+/// Everything above the street level.
 glm::vec3 skyline(float turn, float elevation) {
     const glm::vec3 night = glm::mix(
         glm::vec3(0.030f, 0.040f, 0.095f),
         glm::vec3(0.002f, 0.003f, 0.010f),
         glm::smoothstep(0.0f, 60.0f, elevation));
-    // The town's own glow on the haze, warm below and violet above.
+    // The glow of the city on the haze: warm below, violet above.
     const float height = std::max(0.0f, elevation);
     glm::vec3 light = night + glm::vec3(1.10f, 0.42f, 0.16f) * std::exp(-height / 10) +
                       glm::vec3(0.30f, 0.10f, 0.42f) * std::exp(-height / 34);
@@ -125,7 +125,7 @@ glm::vec3 town(const glm::vec2& place) {
     if (elevation >= kStreetLevel)
         return skyline(place.x, elevation) + traffic(place.x, elevation);
 
-    // A wet street: the houses again, pulled down and broken by ripples.
+    // A wet street: the houses mirrored, stretched and broken by ripples.
     const float depth = kStreetLevel - elevation;
     const float ripple = fractal({place.x, place.y}, octaves(90, 3, 0.6f, 105));
     const float turn = place.x + 0.004f * ripple;
@@ -139,7 +139,7 @@ glm::vec3 town(const glm::vec2& place) {
 Baked townAtNight(int width, int height) {
     image::Radiance light{width, height, {}};
     for (int i = 0; i < width * height; ++i) {
-        // Four looks a pixel keep the windows' rims smooth.
+        // Four samples a pixel keep the edges of windows smooth.
         const glm::vec2 pixel(i % width, i / width);
         glm::vec3 sum{0};
         for (int look = 0; look < 4; ++look) {

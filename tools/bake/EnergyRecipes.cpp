@@ -6,14 +6,13 @@
 #include <array>
 #include <cmath>
 
-// The two pictures behind the surface that glows and flows: what is looked up, and what bends the
-// lookup.
+// The two pictures of the glowing, flowing surface: one is looked up, the other bends the lookup.
 
 namespace zelvo::bake {
 
 namespace {
 
-/// Glowing veins in dark clouds. The surface gains the red by four, so that most of it is dark.
+/// Glowing veins in dark clouds. The surface multiplies red by four, so most of it is dark here.
 Baked veins(int side, int) {
     const Field glow = normalised(Field::of(side, side, [](const glm::vec2& p) {
         const glm::vec2 bent = warped(p, 0.05f, octaves(3, 4, 0.5f, 71));
@@ -29,7 +28,7 @@ Baked veins(int side, int) {
                 const float value = glow.at(
                     static_cast<int>(p.x * static_cast<float>(side)),
                     static_cast<int>(p.y * static_cast<float>(side)));
-                // Read as a colour, so that the stored value is about the root of the light.
+                // Read as a colour, so the stored value is about the square root of the light.
                 return glm::vec4(
                     0.80f * std::pow(value, 1.6f),
                     0.85f * value * value + 0.04f,
@@ -39,7 +38,7 @@ Baked veins(int side, int) {
         {}};
 }
 
-/// Wide gentle swells as normals: red and green bend the lookup by a fraction of the tile.
+/// Wide soft waves as normals: red and green shift the lookup by a fraction of the tile.
 Baked swells(int side, int) {
     const Field relief = Field::of(
         side, side, [](const glm::vec2& p) { return fractal(p, octaves(3, 4, 0.42f, 75)); });

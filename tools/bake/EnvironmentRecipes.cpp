@@ -9,8 +9,8 @@
 #include <array>
 #include <cmath>
 
-// Skies and rooms of the environments. Of a backdrop that takes the user's colour only the alpha
-// counts: how much of that colour is seen.
+// Skies and rooms of the environments. Of a background in the user's colour only the alpha is used:
+// the share of that colour.
 
 namespace zelvo::bake {
 
@@ -25,7 +25,7 @@ glm::vec4 mask(float cover, Dice& dice) {
     return {1, 1, 1, glm::clamp(cover + dither, 0.0f, 1.0f)};
 }
 
-/// Layers of cloud on a flat ceiling: finer and closer together towards the horizon.
+/// Layers of cloud at one height: they look finer and closer together towards the horizon.
 float cloudCover(const glm::vec3& direction) {
     const float height = std::abs(direction.y) + 0.16f;
     const glm::vec2 place = glm::vec2(direction.x, direction.z) / height * 0.075f + 0.5f;
@@ -35,7 +35,7 @@ float cloudCover(const glm::vec3& direction) {
     return glm::smoothstep(-0.22f, 0.42f, high + 0.3f * low);
 }
 
-/// Sky above, the same sky in still water below.
+/// The sky, and its mirror image in still water below.
 float cloudySky(const glm::vec3& direction) {
     const bool isWater = direction.y < 0;
     glm::vec3 looked = direction;
@@ -55,7 +55,7 @@ float cloudySky(const glm::vec3& direction) {
     return sky * (isWater ? 0.68f : 1.0f) * shore;
 }
 
-// The light of the clouds is used at twenty-four times its strength.
+// The scenes multiply the light of the clouds by 24.
 // clang-format off
 constexpr auto kCloudLamps = std::to_array<Softbox>({
     {196, 30, -5, {0.80f, 0.40f},  0.25f, 0.115f, 0.80f, kWarm},
@@ -78,7 +78,7 @@ Baked cloudLayers(int width, int height) {
     return baked;
 }
 
-/// Rows of small lamps all around, as jewellers hang them: bevels glitter in them.
+/// Rows of small lamps all around, as in a jeweller's shop: bevels glitter in them.
 glm::vec3 jewelLamps(const glm::vec3& direction) {
     glm::vec3 sum{0};
     for (const float row : {4.0f, 17.0f, 34.0f, 56.0f}) {
@@ -93,7 +93,7 @@ glm::vec3 jewelLamps(const glm::vec3& direction) {
     return sum;
 }
 
-// Used at eight times its strength.
+// The scenes multiply this light by 8.
 // clang-format off
 constexpr auto kJewelPanels = std::to_array<Softbox>({
     {205, 32, -8, {0.60f, 0.26f},  0.05f,  0.16f, 0.90f, kNeutral},
@@ -111,7 +111,7 @@ Baked jewelRoom(int width, int height) {
     });
 }
 
-// Used at two and a half times and at seven times its strength.
+// The scenes multiply this light by 2.5 or 7.
 // clang-format off
 constexpr auto kSoftPanels = std::to_array<Softbox>({
     {200, 34, -5, {0.95f, 0.42f},  0.22f, 0.52f, 0.80f, kNeutral},
@@ -131,7 +131,7 @@ Baked softRoom(int width, int height) {
     });
 }
 
-/// The rim of every wall of the room shows as much, so that six of them close without a seam.
+/// The value at the edges of all walls, so that the six of them join without a seam.
 constexpr float kRoomRim = 0.10f;
 
 float roundedFrame(const glm::vec2& place, const glm::vec2& half, float radius) {
@@ -140,13 +140,13 @@ float roundedFrame(const glm::vec2& place, const glm::vec2& half, float radius) 
            std::min(std::max(beyond.x, beyond.y), 0.0f) - radius;
 }
 
-/// 0 on the rim of a wall, 1 well inside.
+/// 0 at the edge of a wall, 1 well inside.
 float awayFromRim(const glm::vec2& place) {
     const glm::vec2 rim = 0.5f - glm::abs(place);
     return glm::smoothstep(0.0f, 0.30f, rim.x) * glm::smoothstep(0.0f, 0.30f, rim.y);
 }
 
-/// A wall with a tube of light bent to a frame, and the glow that it throws to both sides.
+/// A wall with a frame of neon tube, and its glow to both sides.
 float litWall(const glm::vec2& coordinates) {
     const glm::vec2 place = coordinates - 0.5f;
     const float outside = roundedFrame(place, {0.41f, 0.235f}, 0.05f);
@@ -155,7 +155,7 @@ float litWall(const glm::vec2& coordinates) {
     const float halo = 0.62f * std::exp(-away / 0.020f) + 0.34f * std::exp(-away / 0.085f);
     const float middle = glm::length(place / glm::vec2(0.46f, 0.24f));
     const float behind = 0.20f * std::exp(-middle * middle);
-    // Slats, in which the glow breaks.
+    // Slats break up the glow.
     const float slat = std::abs(glm::fract(coordinates.x * 28) - 0.5f) * 2;
     const float groove = glm::mix(0.80f, 1.0f, glm::smoothstep(0.0f, 0.18f, 1 - slat));
     const glm::vec2 rim = 0.5f - glm::abs(place);
@@ -204,8 +204,8 @@ Field starField(int width, int height) {
     return sky;
 }
 
-/// Stars and drifting gas; it goes on from wall to wall sideways and fades out above and below,
-/// where the sky is black.
+/// Stars and gas. It continues from wall to wall sideways and fades out above and below, where the
+/// sky is black.
 Baked starrySky(int width, int height) {
     const Field stars = starField(width, height);
     Dice dice(208);

@@ -8,7 +8,8 @@ namespace zelvo::bake {
 
 namespace {
 
-/// A running mean along the rows, turned over the diagonal: twice of it means columns too.
+/// A running mean along the rows, with the result transposed. Applied twice, it covers columns,
+/// too.
 Field meanTransposed(const Field& field, int reach) {
     Field result(field.height, field.width);
     const auto count = static_cast<float>(2 * reach + 1);
@@ -33,7 +34,7 @@ Field normalised(const Field& field) {
 }
 
 Field blurred(const Field& field, float radius) {
-    // Three running means come close to a Gaussian (central limit theorem).
+    // Three running means approximate a Gaussian (central limit theorem).
     const float reachWanted = radius * static_cast<float>(field.width) / std::sqrt(3.0f);
     const int reach =
         std::clamp(static_cast<int>(std::lround(reachWanted)), 0, field.width / 2 - 1);

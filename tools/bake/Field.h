@@ -9,8 +9,9 @@
 
 namespace zelvo::bake {
 
-/// One number a place on a tile that repeats in both directions; rows run from the top. Recipes
-/// work in coordinates of 0 to 1 over the tile, so that they give the same picture at any size.
+/// One number for each pixel of a tile that repeats in both directions. Rows start at the top.
+/// Recipes use coordinates from 0 to 1 over the tile, so that they give the same picture at any
+/// size.
 struct Field {
     int width = 0;
     int height = 0;
@@ -21,7 +22,7 @@ struct Field {
         , height(rows)
         , values(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows)) {}
 
-    /// The values of a function of the coordinates, taken at the middle of each place.
+    /// Samples a function of the coordinates at the middle of each pixel.
     template <class Function>
     [[nodiscard]] static Field of(int columns, int rows, Function function) {
         Field field(columns, rows);
@@ -36,12 +37,12 @@ struct Field {
         return (glm::vec2(x, y) + 0.5f) / glm::vec2(width, height);
     }
 
-    /// A place; coordinates outside come in again on the other side.
+    /// One value; coordinates wrap around.
     [[nodiscard]] float& at(int x, int y) { return values[index(x, y)]; }
 
     [[nodiscard]] float at(int x, int y) const { return values[index(x, y)]; }
 
-    /// Each value through a function.
+    /// Applies a function to each value.
     template <class Function> [[nodiscard]] Field mapped(Function function) const {
         Field result = *this;
         for (float& value : result.values)
@@ -58,7 +59,7 @@ private:
     }
 };
 
-/// Two fields of one size, value by value through a function of both.
+/// Applies a function to the values of two fields of the same size.
 template <class Function>
 [[nodiscard]] Field combined(const Field& a, const Field& b, Function function) {
     Field result = a;
@@ -68,14 +69,13 @@ template <class Function>
     return result;
 }
 
-/// Stretched so that the smallest value is 0 and the largest 1.
+/// Scaled so that the smallest value is 0 and the largest is 1.
 [[nodiscard]] Field normalised(const Field& field);
 
-/// Softened with a bell of about this radius (share of the tile's width).
+/// Gaussian blur with about this radius (share of the tile's width).
 [[nodiscard]] Field blurred(const Field& field, float radius);
 
-/// How open each place of a relief lies: 1 on the heights, towards 0 in hollows up to `radius`
-/// wide.
+/// How exposed each point of a relief is: 1 on heights, towards 0 in hollows up to `radius` wide.
 [[nodiscard]] Field openness(const Field& relief, float radius, float strength);
 
 } // namespace zelvo::bake

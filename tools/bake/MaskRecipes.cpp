@@ -11,8 +11,8 @@
 #include <cmath>
 #include <numbers>
 
-// Shapes that cut a picture: black shows it, white hides it. Every drawing gives the share that is
-// shown at a place, from the middle of the picture, x to the right and y up, -0.5 to 0.5.
+// Masks for pictures: black shows the picture, white hides it. Each drawing returns the share that
+// is shown at a place: x right, y up, -0.5 to 0.5 from the middle.
 
 namespace zelvo::bake {
 
@@ -20,7 +20,7 @@ namespace {
 
 constexpr float kPi = std::numbers::pi_v<float>;
 
-/// The share of a pixel within a shape; the distance is negative inside.
+/// The share of a pixel inside a shape; `distance` is negative inside.
 float inside(float distance) {
     constexpr float kSoft = 0.0015f;
     return 1 - glm::smoothstep(-kSoft, kSoft, distance);
@@ -31,7 +31,7 @@ float box(const glm::vec2& p, const glm::vec2& half, float radius) {
     return glm::length(glm::max(q, glm::vec2(0))) + std::min(std::max(q.x, q.y), 0.0f) - radius;
 }
 
-/// Signed distance to a closed polygon; inside by the number of edges that a ray crosses.
+/// Signed distance to a closed polygon; a point is inside if a ray crosses an odd number of edges.
 float polygon(const glm::vec2& p, std::span<const glm::vec2> corners) {
     float nearest = 10;
     bool isInside = false;
@@ -48,7 +48,7 @@ float polygon(const glm::vec2& p, std::span<const glm::vec2> corners) {
     return isInside ? -nearest : nearest;
 }
 
-/// Corners in turn on an outer and an inner circle, the first at the top.
+/// Corners alternately on an outer and an inner circle, the first one at the top.
 template <std::size_t kCorners>
 std::array<glm::vec2, kCorners> starCorners(float outer, float inner, float drop) {
     std::array<glm::vec2, kCorners> corners;
@@ -60,12 +60,12 @@ std::array<glm::vec2, kCorners> starCorners(float outer, float inner, float drop
     return corners;
 }
 
-/// The place in a picture that is noise's: 0 to 1.
+/// The coordinates for noise: 0 to 1.
 glm::vec2 noisePlace(const glm::vec2& p) {
     return p + 0.5f;
 }
 
-// Plain figures.
+// Simple shapes.
 
 float disc(const glm::vec2& p) {
     return inside(glm::length(p) - 0.485f);
@@ -174,7 +174,7 @@ float stamp(const glm::vec2& p) {
     return inside(std::max({box(p, glm::vec2(kSide), 0), -hole, -line}));
 }
 
-// Screens and fades.
+// Halftones and fades.
 
 float halftone(const glm::vec2& p) {
     constexpr float kPitch = 0.034f;
@@ -183,7 +183,7 @@ float halftone(const glm::vec2& p) {
         p.x * std::cos(kTurn) - p.y * std::sin(kTurn),
         p.x * std::sin(kTurn) + p.y * std::cos(kTurn)};
     const glm::vec2 middle = glm::round(q / kPitch) * kPitch;
-    // The dots' size goes by the middle's place in the picture, so that they stay round.
+    // A dot's size depends on its middle, so that dots stay round.
     const float x = middle.x * std::cos(kTurn) + middle.y * std::sin(kTurn);
     const float radius = kPitch * 0.76f * (1 - glm::smoothstep(-0.22f, 0.46f, x));
     return radius < 0.0012f ? 0 : inside(glm::distance(q, middle) - radius);
@@ -209,7 +209,7 @@ float honeycomb(const glm::vec2& p) {
     return isNear ? inside(cell - kCell * 0.5f + 0.006f) : 0;
 }
 
-// By hand.
+// Hand-drawn shapes.
 
 float brushStrokes(const glm::vec2& p) {
     constexpr int kStrokes = 7;
@@ -222,7 +222,7 @@ float brushStrokes(const glm::vec2& p) {
         const float right = dice.between(0.34f, 0.47f);
         const float slope = dice.between(-0.05f, 0.05f);
         const float y = p.y - middle - slope * p.x;
-        // Streaks along the stroke: noise drawn out sideways.
+        // Streaks along the stroke: noise stretched sideways.
         const auto seed = static_cast<std::uint32_t>(40 + i);
         const float streak = fractal({p.x * 0.06f + 0.3f, y + 0.5f}, octaves(48, 3, 0.7f, seed));
         const float rough = 0.010f * fractal(noisePlace(p), octaves(14, 3, 0.6f, seed));
@@ -242,7 +242,7 @@ float tornPaper(const glm::vec2& p) {
     return inside(box(p, {0.45f, 0.43f}, 0) + coarse + fine);
 }
 
-/// Drops thrown outwards from a blot, joined where they meet.
+/// Drops around a blot; neighbours melt together.
 float splatter(const glm::vec2& p) {
     constexpr int kDrops = 90;
     constexpr float kJoin = 0.016f;
@@ -257,7 +257,7 @@ float splatter(const glm::vec2& p) {
         const float size = dice.between(0.004f, 0.034f) * (1.15f - way);
         const glm::vec2 out{std::cos(angle), std::sin(angle)};
         const glm::vec2 q = p - out * reach;
-        // Longer the way they flew.
+        // Longer in the direction of flight.
         const float along = glm::dot(q, out);
         const float across = glm::dot(q, glm::vec2(-out.y, out.x));
         sum += std::exp(-(glm::length(glm::vec2(along * 0.6f, across)) - size) / kJoin * 2.0f);

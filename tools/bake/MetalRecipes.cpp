@@ -10,14 +10,14 @@
 #include <cmath>
 #include <numbers>
 
-// Plates, plastics and worn metal. A letter shows a whole tile, so that nothing here may be finer
-// than about a hundredth of it.
+// Plates, plastics and worn metal. A letter shows a whole tile, so details must not be finer than
+// about a hundredth of it.
 
 namespace zelvo::bake {
 
 namespace {
 
-/// A sheet beaten by hand: shallow round dents that run into each other.
+/// A sheet beaten by hand: shallow round dents that overlap.
 Baked beatenPlate(int side, int) {
     const Field relief = Field::of(side, side, [](const glm::vec2& p) {
         const glm::vec2 bent = warped(p, 0.006f, octaves(6, 3, 0.5f, 11));
@@ -29,8 +29,7 @@ Baked beatenPlate(int side, int) {
     return {normalPicture(blurred(relief, 0.009f), 0.024f), {}};
 }
 
-/// The grip of moulded plastic: low round studs in staggered rows, all alike, as only a mould makes
-/// them.
+/// Moulded plastic: low round studs in staggered rows, all exactly alike.
 Baked plasticGrip(int side, int) {
     constexpr float kColumns = 28,
                     kRows = 32; // even, so that the stagger closes; about six to seven
@@ -46,7 +45,7 @@ Baked plasticGrip(int side, int) {
     return {normalPicture(blurred(relief, 0.0022f), 0.0062f), {}};
 }
 
-/// The worn metal that four maps share: hairlines in all directions, a few gouges, stains.
+/// The wear used by four maps: fine scratches in all directions, a few deep ones, stains.
 struct Wear {
     Field hairlines; ///< 0 to 1
     Field gouges;    ///< 0 to 1
@@ -54,7 +53,7 @@ struct Wear {
 };
 
 void scratch(Canvas& canvas, Dice& dice, const Brush& brush, float length) {
-    // Tools leave two main directions, mishaps all others.
+    // Tools leave scratches in two main directions, accidents in all others.
     const float drawn = dice.unit();
     const float main =
         drawn < 0.5f ? 0.35f : (drawn < 0.75f ? 2.4f : dice.between(0, std::numbers::pi_v<float>));
@@ -114,7 +113,7 @@ Baked scratchedRoughness(int side, int) {
 
 Baked scratchedMetal(int side, int) {
     const Wear wear = wornMetal(side);
-    // Under stains the metal is dull with oxide; a scratch through them is bare again.
+    // Stains are dull oxide; scratches through them are bare metal.
     const Field bare = combined(
         wear.hairlines, wear.gouges, [](float a, float b) { return std::max(0.7f * a, b); });
     return {
@@ -140,8 +139,8 @@ Baked scratchedOcclusion(int side, int) {
         {}};
 }
 
-/// Deep, for it is shown at a third of its strength: what has been knocked about for years is
-/// dented and pitted as well as scratched.
+/// Deep, because it is used at a third of its strength. Old metal is dented and pitted as well as
+/// scratched.
 Baked scratchedNormal(int side, int) {
     const Wear wear = wornMetal(side);
     Field relief = Field::of(side, side, [](const glm::vec2& p) {

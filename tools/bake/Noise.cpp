@@ -13,7 +13,7 @@ namespace zelvo::bake {
 
 namespace {
 
-/// A well mixed number for a cell (the finaliser of MurmurHash3).
+/// A well mixed number for a cell (final step of MurmurHash3).
 std::uint32_t mixed(std::uint32_t value) {
     value ^= value >> 16U;
     value *= 0x85EBCA6BU;

@@ -5,19 +5,19 @@
 
 #include <cstdint>
 
-// Noise on a tile that repeats: coordinates of 0 to 1, everything counted in whole cells a tile.
-// The seed makes it another pattern of the same kind; the same seed gives the same values
-// everywhere.
+// Noise that repeats at the edges of a tile. Coordinates are 0 to 1; counts are whole cells per
+// tile. The seed selects another pattern of the same kind; the same seed always gives the same
+// values.
 
 namespace zelvo::bake {
 
-/// A few random numbers in a row (SplitMix64; Steele, Lea, Flood 2014).
+/// A sequence of random numbers (SplitMix64; Steele, Lea, Flood 2014).
 class Dice {
 public:
     explicit Dice(std::uint64_t seed)
         : state(seed) {}
 
-    [[nodiscard]] float unit(); ///< 0 to 1, 1 excluded
+    [[nodiscard]] float unit(); ///< 0 to 1, without 1
 
     [[nodiscard]] float between(float low, float high) { return low + (high - low) * unit(); }
 
@@ -29,38 +29,38 @@ private:
     std::uint64_t state;
 };
 
-/// Gradient noise (Perlin 2002, "Improving Noise"), about -1 to 1, with `cells` waves a tile.
+/// Gradient noise (Perlin 2002, "Improving Noise"), about -1 to 1, with `cells` waves per tile.
 [[nodiscard]] float gradientNoise(const glm::vec2& place, int cells, std::uint32_t seed);
 
-/// A sum of octaves, each twice as fine as the one before.
+/// A sum of octaves, each twice as fine as the last.
 struct Octaves {
-    int cells; ///< of the first octave, a tile
+    int cells; ///< cells per tile in the first octave
     int count;
-    float gain; ///< an octave's height over that of the one before
+    float gain; ///< the amplitude of an octave relative to the last one
     std::uint32_t seed;
 };
 
-/// Reads better than braces within a formula.
+/// Easier to read than braces within a formula.
 [[nodiscard]] constexpr Octaves octaves(int cells, int count, float gain, std::uint32_t seed) {
     return {cells, count, gain, seed};
 }
 
-/// Rolling: about -1 to 1.
+/// Sum of gradient noise: about -1 to 1.
 [[nodiscard]] float fractal(const glm::vec2& place, const Octaves& sum);
 
-/// The place moved by rolling noise up to about `reach` in each direction: what is looked up there
-/// is bent.
+/// The place moved by noise, by up to about `reach` in each direction: bends what is looked up
+/// there.
 [[nodiscard]] glm::vec2 warped(const glm::vec2& place, float reach, const Octaves& sum);
 
 /// Sharp crests: 0 to 1, near 1 on thin lines.
 [[nodiscard]] float ridged(const glm::vec2& place, const Octaves& sum);
 
-/// Distances to scattered points, one a cell (Worley 1996), in cells.
+/// Distances to random points, one in each cell (Worley 1996). The unit is a cell.
 struct Scatter {
     float nearest = 0;
     float second = 0;
-    float border = 0; ///< to the edge of the nearest point's territory
-    float chance = 0; ///< 0 to 1, the same all over the nearest point's territory
+    float border = 0; ///< to the edge of the nearest point's area
+    float chance = 0; ///< 0 to 1, a random value for the nearest point
 };
 
 [[nodiscard]] Scatter scattered(const glm::vec2& place, int cells, std::uint32_t seed);

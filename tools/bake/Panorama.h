@@ -9,8 +9,7 @@
 
 #include <span>
 
-// Pictures of all that lies around, as `image::Radiance` lays them out: -z in the middle, +x to the
-// right of it.
+// Panoramas in the layout of `image::Radiance`: -z in the middle, +x to the right of it.
 
 namespace zelvo::bake {
 
@@ -24,28 +23,27 @@ namespace zelvo::bake {
 /// Degrees above the horizon, -90 to 90.
 [[nodiscard]] float elevationOf(const glm::vec3& direction);
 
-/// A flat lamp with a cloth in front, hung in the room and turned to its middle.
+/// A rectangular lamp with a soft cover. It faces the middle of the room.
 struct Softbox {
     float azimuthDegrees;
     float elevationDegrees;
     float rollDegrees;
     glm::vec2 half; ///< half width and half height, seen from distance 1
-    float edge;     ///< how soft the rim is, the same measure
-    float power;    ///< radiance at the brightest place
-    float falloff;  ///< 0: even; 1: dark at the lower rim
+    float edge;     ///< softness of the edge, in the same unit
+    float power;    ///< radiance at the brightest point
+    float falloff;  ///< 0: even; 1: dark at the lower edge
     glm::vec3 tint;
 };
 
 [[nodiscard]] glm::vec3 lightOf(std::span<const Softbox> lamps, const glm::vec3& direction);
 
-/// A bell over the angle to a direction, 1 in the middle; `degrees` is where it has fallen to a
-/// third.
+/// A Gaussian of the angle to a direction, 1 in the middle. At `degrees` it is about a third.
 [[nodiscard]] float glow(const glm::vec3& direction, const glm::vec3& towards, float degrees);
 
-/// Shown through a soft curve, so that the brightest lamp keeps some shade; dithered against bands.
+/// Tone mapped, so that the brightest lamp keeps some shades, and dithered against bands.
 [[nodiscard]] image::Image displayed(const image::Radiance& light);
 
-/// A panorama of a function from directions to radiance, with its display.
+/// A panorama from a function of the direction, and the picture to show.
 template <class Function>
 [[nodiscard]] Baked environment(int width, int height, Function function) {
     image::Radiance light{width, height, {}};

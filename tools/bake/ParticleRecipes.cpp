@@ -11,8 +11,8 @@
 #include <cmath>
 #include <numbers>
 
-// Pictures of single particles: white, shaped by their alpha, coloured when drawn. Places run from
-// the middle, x to the right and y up, -1 to 1; all fade out before the rim.
+// Pictures of single particles: white with an alpha shape; the colour is added when drawing.
+// Coordinates are -1 to 1 from the middle, x right, y up. All fade out before the edge.
 
 namespace zelvo::bake {
 
@@ -20,7 +20,7 @@ namespace {
 
 constexpr float kPi = std::numbers::pi_v<float>;
 
-/// A picture from the cover (0 to 1) of each place.
+/// A picture from a function that returns the alpha (0 to 1) of a place.
 Baked sprite(int width, int height, float (*cover)(const glm::vec2& place)) {
     return {
         picture(
@@ -37,7 +37,7 @@ float bell(float distance, float width) {
     return std::exp(-distance * distance / (width * width));
 }
 
-/// 1 within, 0 at the rim.
+/// 1 inside, 0 at the edge.
 float vignette(const glm::vec2& p) {
     return 1 - glm::smoothstep(0.75f, 1.0f, std::max(std::abs(p.x), std::abs(p.y)));
 }
@@ -48,14 +48,14 @@ float dot(const glm::vec2& p) {
            (1 - glm::smoothstep(0.6f, 1.0f, r));
 }
 
-/// A four-pointed glint.
+/// A glint with four points.
 float glint(const glm::vec2& p) {
     const float cross = bell(p.y, 0.035f + 0.02f * (1 - std::abs(p.x))) * bell(p.x, 0.42f) +
                         bell(p.x, 0.035f + 0.02f * (1 - std::abs(p.y))) * bell(p.y, 0.42f);
     return (cross + bell(glm::length(p), 0.16f) + 0.25f * bell(glm::length(p), 0.4f)) * vignette(p);
 }
 
-/// A comet along y, its head up.
+/// A comet along y, with its head at the top.
 float spark(const glm::vec2& p) {
     const float along = (p.y + 1) / 2;
     const float width = 0.06f + 0.22f * along * along;
@@ -78,7 +78,7 @@ float smoke(const glm::vec2& p) {
     return (1 - glm::smoothstep(0.10f, 0.88f, r)) * std::clamp(billows, 0.0f, 1.0f) * vignette(p);
 }
 
-/// A tongue of fire: ragged, hot in the middle.
+/// A flame: ragged, hot in the middle.
 float flame(const glm::vec2& p) {
     const glm::vec2 tile = p * 0.5f + 0.5f;
     const float licks =
@@ -88,7 +88,7 @@ float flame(const glm::vec2& p) {
     return body * (0.35f + 0.85f * licks) * vignette(p);
 }
 
-/// An even outline of the given width around where a distance is 0, with a faint glow.
+/// A line of the given width where the distance is 0, with a faint glow.
 float outline(float distance, float width) {
     const float line = 1 - glm::smoothstep(width, width + 0.03f, std::abs(distance));
     return line + 0.3f * bell(distance, 0.11f);
@@ -121,7 +121,7 @@ float hexagon(const glm::vec2& p) {
     return (filled + outline(distance, 0.02f)) * vignette(p);
 }
 
-/// A wave that runs outwards: sharp outside, soft within.
+/// A wave that runs outwards: sharp outside, soft inside.
 float shock(const glm::vec2& p) {
     const float r = glm::length(p);
     const float wave = r < 0.84f ? bell(r - 0.84f, 0.17f) : bell(r - 0.84f, 0.035f);
@@ -130,7 +130,7 @@ float shock(const glm::vec2& p) {
     return wave * grain * (1 - glm::smoothstep(0.93f, 1.0f, r));
 }
 
-/// How far a lightning's course strays at a height.
+/// How far a lightning is to the side at a height.
 float course(float y, std::uint32_t seed) {
     const float share = (y + 1) / 2;
     return 0.9f * fractal({share, 0.5f}, octaves(4, 5, 0.62f, seed)) * (1 - y * y);
@@ -147,7 +147,7 @@ float bolt(const glm::vec2& p) {
            vignette({p.x, 0});
 }
 
-/// A drop with a rim of light.
+/// A drop with a bright edge.
 float drop(const glm::vec2& p) {
     const float r = glm::length(p);
     const float body = 1 - glm::smoothstep(0.62f, 0.70f, r);
@@ -155,8 +155,8 @@ float drop(const glm::vec2& p) {
     return body * (0.25f + 0.6f * glm::smoothstep(0.2f, 0.66f, r)) + shine;
 }
 
-/// The sweeping streak: a thin white-hot line with a wide glow, run out at both ends, over
-/// finer lines of light.
+/// The sweeping streak: a thin bright line with a wide glow, fading at both ends, over finer lines
+/// of light.
 float streak(const glm::vec2& p) {
     const float ends = std::pow(std::max(0.0f, 1 - p.x * p.x), 1.5f);
     const float core = bell(p.y, 0.018f + 0.05f * ends);
@@ -170,7 +170,7 @@ template <float (*cover)(const glm::vec2&)> Baked made(int width, int height) {
     return sprite(width, height, cover);
 }
 
-/// As its slot wants it: what is black covers, what is white is clear.
+/// As the transparent slot needs it: black is opaque, white is clear.
 Baked streakCover(int width, int height) {
     Baked baked = made<streak>(width, height);
     for (std::size_t i = 0; i < baked.picture.pixels.size(); i += 4) {

@@ -8,13 +8,13 @@
 #include <array>
 #include <cmath>
 
-// Drawings that stand where the user has not put a picture.
+// Drawings shown where the user has not chosen a picture.
 
 namespace zelvo::bake {
 
 namespace {
 
-/// 1 inside a shape, 0 outside, soft over a pixel or so; the distance is negative inside.
+/// 1 inside a shape, 0 outside, with a soft edge of about a pixel; `distance` is negative inside.
 float inside(float distance) {
     constexpr float kSoft = 0.0016f;
     return 1 - glm::smoothstep(-kSoft, kSoft, distance);
@@ -25,13 +25,13 @@ float roundedBox(const glm::vec2& p, const glm::vec2& half, float radius) {
     return glm::length(glm::max(q, glm::vec2(0))) + std::min(std::max(q.x, q.y), 0.0f) - radius;
 }
 
-/// A mountain: below two slopes that meet at a peak with a rounded tip.
+/// A mountain: two slopes that meet at a rounded peak.
 float mountain(const glm::vec2& p, const glm::vec2& peak, float slope) {
     const float across = std::sqrt((p.x - peak.x) * (p.x - peak.x) + 0.0009f);
     return (p.y - (peak.y - across * slope)) / std::sqrt(1 + slope * slope);
 }
 
-/// Mountains at dusk, around the origin, y up; the ridges lie within half a unit of it.
+/// Mountains at dusk. The origin is in the middle, y up; the ridges are within half a unit of it.
 glm::vec3 dusk(const glm::vec2& p) {
     const glm::vec3 sky = glm::mix(
         glm::vec3(0.96f, 0.62f, 0.40f),
@@ -68,7 +68,7 @@ Baked logoPlaceholder(int width, int height) {
     return {picture(width, height, placeholder), {}};
 }
 
-/// The same view without a frame, and brighter: a picture that shows what a mask leaves of it.
+/// The same view without a frame, and brighter: the example picture for masks.
 glm::vec4 postcard(const glm::vec2& place) {
     const glm::vec2 p{1.1f * (place.x - 0.5f), 0.72f * (0.5f - place.y)};
     const glm::vec2 sun{0.14f, 0.13f};

@@ -11,27 +11,27 @@
 
 namespace zelvo::bake {
 
-/// What a recipe makes: a picture and, of an environment, the light it stands for.
+/// The result of a recipe: a picture and, for an environment, its light.
 struct Baked {
     image::Image picture;
     std::optional<image::Radiance> light;
 };
 
-/// Whether a picture goes on at its rims as it does within.
+/// In which directions a picture repeats without a seam.
 enum class Repeats {
     bothWays, ///< a tile for surfaces
     sideways, ///< a panorama
     never,    ///< a drawing
 };
 
-/// How one resource is made. To add a resource, write a function and add its row to the table of
-/// its family.
+/// How one resource is made. To add a resource, write a function and add a row to its family's
+/// table.
 struct Recipe {
-    std::string_view name; ///< of the file; a name in .jpg is stored as JPEG, all else as PNG
+    std::string_view name; ///< file name; .jpg is stored as JPEG, all else as PNG
     Repeats repeats;
     int width;
     int height;
-    Baked (*make)(int width, int height); ///< the same picture at any size
+    Baked (*make)(int width, int height); ///< must give the same picture at any size
 };
 
 [[nodiscard]] std::span<const Recipe> metalRecipes();
@@ -45,11 +45,10 @@ struct Recipe {
 [[nodiscard]] std::span<const Recipe> maskRecipes();
 [[nodiscard]] std::span<const Recipe> particleRecipes();
 
-/// Every recipe, family by family.
+/// All recipes, grouped by family.
 [[nodiscard]] std::vector<Recipe> allRecipes();
 
-/// The files that a recipe's result is stored in, below the folder: the picture, and the light
-/// probe of an environment.
+/// Writes the files of a recipe's result: the picture and, for an environment, its light probe.
 [[nodiscard]] foundation::Result<void>
 store(const Baked& baked, std::string_view name, const std::filesystem::path& folder);
 

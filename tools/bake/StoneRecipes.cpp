@@ -13,8 +13,7 @@ namespace zelvo::bake {
 
 namespace {
 
-/// Hewn rock: facets as a chisel breaks them, slanted each its own way, with crags and grain over
-/// them.
+/// Hewn rock: facets with different slants, with crags and grain over them.
 Field rockRelief(int side) {
     return normalised(Field::of(side, side, [](const glm::vec2& p) {
         const glm::vec2 bent = warped(p, 0.05f, octaves(4, 5, 0.5f, 51));
@@ -54,7 +53,7 @@ Baked rockOcclusion(int side, int) {
         {}};
 }
 
-/// Dried ground: how far a place lies from the nearest crack, in tile widths times about ten.
+/// Dried ground: the distance to the nearest crack, in about tenths of the tile's width.
 Field crackDistance(int side) {
     return Field::of(side, side, [](const glm::vec2& p) {
         const glm::vec2 bent = warped(p, 0.030f, octaves(5, 5, 0.55f, 61));
@@ -64,7 +63,7 @@ Field crackDistance(int side) {
             glm::smoothstep(0.05f, 0.5f, fractal(p, octaves(3, 3, 0.5f, 65)) + 0.25f);
         const float main = plates.border * 1.8f;
         const float small = shards.border * 0.9f / std::max(broken, 0.02f);
-        // Where the ground is whole the small cracks close.
+        // Where the ground is whole, small cracks close.
         return std::min(main, small + 0.015f + 0.12f * (1 - glm::smoothstep(0.05f, 0.35f, broken)));
     });
 }

@@ -8,9 +8,9 @@
 #include <array>
 #include <cmath>
 
-// Rooms that letters are lit in. The camera looks along -z, so the faces of letters mirror what
-// hangs about +z (azimuth 180), within some 30 degrees to the sides and 15 up and down; their
-// bevels mirror all the rest.
+// Rooms that light the letters. The camera looks along -z, so the faces of letters mirror what is
+// around +z (azimuth 180), up to about 30 degrees to the sides and 15 up and down. Bevels mirror
+// all the rest.
 
 namespace zelvo::bake {
 
@@ -24,8 +24,7 @@ constexpr glm::vec3 kCool{0.92f, 0.98f, 1.08f};
 // clang-format off
 constexpr auto kProductLamps = std::to_array<Softbox>({
     {200, 27,  -6, {0.85f, 0.42f},  0.04f,  1.5f,  0.92f, kWarm   }, // the large panel behind the camera
-    {168, 1,   32, {0.034f, 0.60f}, 0.010f, 2.4f,  0.20f, kNeutral}, // a slanting strip that glints on
-  // faces
+    {168, 1,   32, {0.034f, 0.60f}, 0.010f, 2.4f,  0.20f, kNeutral}, // slanting strip: a glint on faces
     {160, 76,  0,  {0.75f, 0.20f},  0.05f,  2.2f,  0.20f, kNeutral}, // overhead
     {262, 12,  3,  {0.060f, 1.00f}, 0.012f, 6.5f,  0.10f, kWarm   }, // strip to the left
     {248, 14,  3,  {0.014f, 0.90f}, 0.006f, 6.0f,  0.10f, kWarm   }, // its thin twin
@@ -38,7 +37,7 @@ constexpr auto kProductLamps = std::to_array<Softbox>({
 
 // clang-format on
 
-/// A dark room: walls that grow lighter upwards, a dark line at the horizon, a floor with a pool of
+/// A dark room: walls that get brighter upwards, a dark line at the horizon, a floor with a pool of
 /// light.
 glm::vec3 productRoom(const glm::vec3& direction) {
     const float elevation = elevationOf(direction);
@@ -56,7 +55,7 @@ Baked productStudio(int width, int height) {
     });
 }
 
-// The light of the plain stage is used at seven times its strength.
+// The plain stage multiplies this light by 7.
 // clang-format off
 constexpr auto kHorizonLamps = std::to_array<Softbox>({
     {205, 40, -6, {0.80f, 0.42f}, 0.18f, 0.24f, 0.55f, kNeutral},
@@ -79,7 +78,7 @@ Baked greyHorizon(int width, int height) {
     });
 }
 
-// The dark stage: lamps stand only where the audience sits, so that faces mirror them and the floor
+// The dark stage: lamps are only where the audience sits, so that faces mirror them and the floor
 // does not.
 // clang-format off
 constexpr auto kStageLamps = std::to_array<Softbox>({
@@ -98,8 +97,8 @@ Baked darkStage(int width, int height) {
     });
 }
 
-/// How much of the user's colour shows in a direction: a lit backdrop behind the letters, a floor
-/// that takes its light, dark corners, and faint lamps where the camera may turn to.
+/// How much of the user's colour is seen in a direction: a lit backdrop behind the letters, a floor
+/// that reflects it, dark corners, and faint lamps where the camera may turn to.
 float backdrop(const glm::vec3& direction) {
     constexpr float kHorizon = -13;
     const float elevation = elevationOf(direction);
@@ -110,7 +109,7 @@ float backdrop(const glm::vec3& direction) {
                          0.10f * glow(direction, directionOf(270, 10), 34);
     const float wall = 0.13f + 0.46f * wide + 0.34f * core + around;
 
-    // The floor mirrors the wall weakly, best at a flat angle, and darkens towards the camera.
+    // The floor mirrors the wall weakly, best at a flat angle, and gets darker towards the camera.
     const float below = std::max(0.0f, kHorizon - elevation);
     const float mirrored = 0.46f * glow(direction, directionOf(0, -22), 40) +
                            0.30f * glow(direction, directionOf(0, -18), 20);

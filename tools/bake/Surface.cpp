@@ -25,7 +25,7 @@ image::Image greyPicture(const Field& field) {
 
 namespace {
 
-/// By Sobel's operator: the slope over two places, smoothed across.
+/// The Sobel operator: the slope over two pixels, smoothed across.
 glm::vec3 normalAt(const Field& relief, int x, int y, float depth) {
     const auto h = [&](int dx, int dy) { return relief.at(x + dx, y + dy); };
     const float right = h(1, -1) + 2 * h(1, 0) + h(1, 1) - h(-1, -1) - 2 * h(-1, 0) - h(-1, 1);

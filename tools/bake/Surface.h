@@ -7,21 +7,22 @@
 #include <glm/vec3.hpp>
 #include <glm/vec4.hpp>
 
-// From numbers to pictures.
+// Turns fields of numbers into pictures.
 
 namespace zelvo::bake {
 
-/// A byte for 0 to 1.
+/// Maps 0 .. 1 to 0 .. 255.
 [[nodiscard]] std::uint8_t byteOf(float value);
 
-/// Opaque grey; 0 to 1 becomes 0 to 255 as it is (data, no transfer function).
+/// Opaque grey. 0 .. 1 becomes 0 .. 255 without a transfer function (data).
 [[nodiscard]] image::Image greyPicture(const Field& field);
 
-/// Normals of a relief, +x to the right, +y up the picture, +z towards the viewer, each from -1..1
-/// to 0..255. `depth` is the height that 1 in the field stands for, as a share of the tile's width.
+/// The normals of a relief: +x right, +y up, +z towards the viewer, each from -1 .. 1 to 0 .. 255.
+/// `depth` is the height of the value 1, as a share of the tile's width.
 [[nodiscard]] image::Image normalPicture(const Field& relief, float depth);
 
-/// A picture of a function from coordinates (0 to 1, rows from the top) to RGBA of 0 to 1.
+/// A picture from a function of the coordinates (0 to 1, rows from the top) that returns RGBA, 0 to
+/// 1.
 template <class Function>
 [[nodiscard]] image::Image picture(int width, int height, Function function) {
     image::Image result(width, height);

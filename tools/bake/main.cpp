@@ -17,15 +17,14 @@
 
 // zelvo_bake FOLDER [KEY [NAME…]]
 //
-// Makes every binary resource below the folder. With a key (a digest of what the recipes are made
-// of) nothing is done when the folder was baked with that key before. With names only those
-// resources are made.
+// Makes all binary resources in the folder. If the folder was already baked with the same key (a
+// digest of the recipes' sources), nothing is done. With names, only these resources are made.
 
 namespace zelvo::bake {
 
 namespace {
 
-/// Keeps others out of the folder while it is being baked: several build trees share it.
+/// Locks the folder while it is baked, because several build trees share it.
 class FolderLock {
 public:
     explicit FolderLock(const std::filesystem::path& folder)
@@ -46,7 +45,7 @@ private:
     int file;
 };
 
-/// What stands in the manifest of a folder that is up to date.
+/// The manifest of a folder that is up to date.
 std::string manifest(const std::vector<Recipe>& recipes, std::string_view key) {
     std::string text = fmt::format("{}\n", key);
     for (const Recipe& recipe : recipes)
@@ -65,7 +64,7 @@ bool isUpToDate(
            });
 }
 
-/// Bakes on all cores; the number of failures.
+/// Bakes on all cores. Returns the number of failures.
 int bakeAll(const std::vector<Recipe>& recipes, const std::filesystem::path& folder) {
     std::atomic<std::size_t> next = 0;
     std::atomic<int> failures = 0;

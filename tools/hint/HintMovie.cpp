@@ -28,11 +28,11 @@ using foundation::Result;
 
 namespace {
 
-constexpr int kTicksPerFrame = 2; ///< of 60 a second
+constexpr int kTicksPerFrame = 2; ///< a tick is 1/60 s
 constexpr double kTicksPerSecond = 60;
-constexpr const char* kTab = "IN2"; ///< the catalogue's tab on show
+constexpr const char* kTab = "IN2"; ///< the tab shown
 
-/// The stage's pictures by their ticks.
+/// The stage's pictures, by tick.
 using Pictures = std::map<int, QImage>;
 
 std::vector<std::string> titles() {
@@ -59,7 +59,7 @@ Result<QString> loadFont() {
     return QFontDatabase::applicationFontFamilies(id).constFirst();
 }
 
-/// The stage's pictures of a movie of so many frames.
+/// Collects the stage's pictures; `frames` is the number of frames of the movie.
 movie::FrameTap gather(const std::shared_ptr<Pictures>& pictures, int frames) {
     return {
         .wants =
@@ -97,7 +97,7 @@ drawStage(const app::Performance& performance, const std::filesystem::path& fold
     return pictures;
 }
 
-/// The last picture up to that moment.
+/// The last picture before or at that time.
 const QImage& pictureAt(const Pictures& pictures, double stageTime) {
     const auto after =
         pictures.upper_bound(static_cast<int>(std::lround(stageTime * kTicksPerSecond)));

@@ -13,16 +13,16 @@ class QPainter;
 
 namespace zelvo::hint {
 
-/// Draws a simple likeness of the main screen over a picture of the stage, and the hand on it.
+/// Paints a simple drawing of the main screen over a picture of the stage, and the hand on top.
 class HintPainter {
 public:
     static constexpr int kWidth = 640; ///< pixels
     static constexpr int kHeight = 360;
 
-    /// `labels` stand on the catalogue's buttons. Needs a QGuiApplication.
+    /// `labels` are written on the catalogue's buttons. Needs a QGuiApplication.
     HintPainter(std::vector<std::string> labels, QString fontFamily);
 
-    /// Paints over the stage's picture of that moment, which is kWidth x kHeight.
+    /// Paints over the stage's picture of that moment. Its size must be kWidth x kHeight.
     void paint(QImage& picture, const Moment& moment) const;
 
 private:

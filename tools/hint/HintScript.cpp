@@ -13,13 +13,13 @@ namespace {
 
 // Seconds.
 constexpr double kIntro = 1.1;        ///< until the record button is pressed
-constexpr double kCountIn = 1.4;      ///< as long as the hint shows it
-constexpr double kRest = 0.3;         ///< the hand stays after a touch
-constexpr double kArrival = 0.08;     ///< and is there before one
-constexpr double kPress = 0.45;       ///< a touch is seen
-constexpr double kEpilogue = 1.4;     ///< from the turn back to the record button to the end
+constexpr double kCountIn = 1.4;      ///< its length in the hint
+constexpr double kRest = 0.3;         ///< how long the hand stays after a touch
+constexpr double kArrival = 0.08;     ///< how long it is there before a touch
+constexpr double kPress = 0.45;       ///< how long a touch is visible
+constexpr double kEpilogue = 1.4;     ///< from the return to the record button to the end
 constexpr double kLastTouch = 0.5;    ///< before the end
-constexpr double kClockCountIn = 2.0; ///< as long as the clock takes for it
+constexpr double kClockCountIn = 2.0; ///< its length on the clock
 
 double smooth(double x) {
     const double t = std::clamp(x, 0.0, 1.0);
@@ -60,7 +60,7 @@ Act HintScript::actAt(double seconds) const {
 Moment HintScript::at(double seconds) const {
     Moment moment;
     moment.act = actAt(seconds);
-    // Before the record button is pressed the stage stands as the performance leaves it.
+    // Before the record button is pressed, show the end of the performance.
     moment.stageTime = seconds < kIntro ? duration : std::clamp(seconds - runBegin, 0.0, duration);
     moment.countIn = std::clamp((runBegin - seconds) / kCountIn, 0.0, 1.0);
     moment.run = std::clamp((seconds - runBegin) / (runEnd() - runBegin), 0.0, 1.0);

@@ -8,14 +8,14 @@
 
 namespace zelvo::hint {
 
-/// What the hand does, and what the caption says of it.
+/// What the hand does. The caption says the same.
 enum class Act { pressRecord, waitForCountIn, pressActions, pressAgain };
 
-/// Where the hand goes: the record button, or one of the catalogue's.
+/// Where the hand goes: to the record button or to one of the catalogue's buttons.
 struct Target {
     static constexpr int kRecord = -1;
 
-    int button = kRecord; ///< from 0
+    int button = kRecord; ///< index
 
     friend bool operator==(const Target&, const Target&) = default;
 };
@@ -23,24 +23,24 @@ struct Target {
 /// One moment of the hint.
 struct Moment {
     Act act = Act::pressRecord;
-    double stageTime = 0; ///< which picture of the performance stands behind; seconds of the movie
-    double countIn = 0;   ///< what is left of the count-in, 1 to 0
-    double run = 0;       ///< how far the run has come, 0 to 1
-    double clock = 0;     ///< what the record button shows, seconds
-    Target from;          ///< the hand travels from here …
+    double stageTime = 0; ///< movie time of the stage's picture, in seconds
+    double countIn = 0;   ///< the rest of the count-in, from 1 to 0
+    double run = 0;       ///< progress of the run, 0 to 1
+    double clock = 0;     ///< seconds shown by the record button
+    Target from;          ///< the hand moves from here …
     Target to;            ///< … to here
-    double way = 0;       ///< how far it has come, 0 to 1
-    double press = 0;     ///< 1 at a touch, fading to 0
+    double way = 0;       ///< progress of the hand's movement, 0 to 1
+    double press = 0;     ///< 1 at a touch, then fades to 0
 };
 
-/// The course of the hint that shows how to record actions, made of a performance: each of its
-/// cues is a press.
+/// The script of the hint that shows how to record actions. It follows a performance: each cue is a
+/// press.
 ///
 ///     0 ──press record──> count-in, shortened ──> the performance, with its presses ──> again
 class HintScript {
 public:
-    /// `buttons`: the titles of the catalogue's buttons that are shown. A cue that presses another
-    /// one is a programming error.
+    /// `buttons`: the titles of the buttons shown. All cues must press one of these; otherwise the
+    /// process ends.
     HintScript(const app::Performance& performance, const std::vector<std::string>& buttons);
 
     /// Seconds.
@@ -58,7 +58,7 @@ private:
     [[nodiscard]] Act actAt(double seconds) const;
 
     double duration; ///< of the performance, seconds
-    double runBegin; ///< when it begins in the hint
+    double runBegin; ///< start of the performance in the hint
     std::vector<Touch> touches;
 };
 

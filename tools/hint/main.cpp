@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // zelvo_hint PERFORMANCE.json MOVIE.mp4 KEY: makes the movie that shows how to record an action,
-// unless it was made with the same key before.
+// unless it was already made with this key.
 #include "HintMovie.h"
 #include "platform/foundation/Process.h"
 
@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
     if (std::filesystem::exists(movie, error) && keyIn(stamp) == argv[3])
         return 0;
 
-    // Several build trees may share the folder: the movie is made beside its place.
+    // Several build trees may share the folder, so write to a temporary file first.
     const std::filesystem::path made =
         movie.parent_path() / fmt::format(".{}-{}", getpid(), movie.filename().string());
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
     if (!result) {
         std::filesystem::remove(made, error);
         fmt::print(stderr, "zelvo_hint: {}\n", result.error().message);
-        // Where nothing can be drawn the program goes without the hint.
+        // The program works without the hint if nothing can be drawn.
         return result.error().cause == Cause::unavailable ? 0 : 1;
     }
     std::filesystem::rename(made, movie, error);
