@@ -14,7 +14,7 @@
 
 namespace zelvo::test {
 
-/// An action controller with a stage, whose owner is the test: it sets the clock and the speed.
+/// An action controller with a stage. The test is its owner: it sets the clock and the speed.
 class ControllerTest : public testing::Test, public actions::ActionControllerOwner {
 protected:
     ControllerTest() {
@@ -23,7 +23,7 @@ protected:
             stage.rootNode()->addChildNode(holder);
     }
 
-    // --- what the controller asks of its owner
+    // --- ActionControllerOwner
     [[nodiscard]] double time() const override { return clock; }
 
     [[nodiscard]] bool isPlaying() const override { return plays; }
@@ -36,7 +36,7 @@ protected:
 
     [[nodiscard]] foundation::RunLoop& runLoop() override { return world.runLoop; }
 
-    // --- what the tests do
+    // --- for the tests
     void add(
         const std::string& title, int identifier, std::function<void()> body = [] {}) {
         controller.addAction(std::move(body), identifier, title, actions::RegisterUndo::yes);
@@ -48,7 +48,7 @@ protected:
         world.runLoop.drain();
     }
 
-    /// Animates the stage to a time of the scene's clock, frame by frame.
+    /// Animates the stage to a scene time, frame by frame.
     void animateTo(double seconds) {
         while (sceneTime + kFrame < seconds) {
             sceneTime += kFrame;
@@ -58,7 +58,7 @@ protected:
         stage.applyAnimations(sceneTime);
     }
 
-    /// The frame in which actions that were added since the last one begin.
+    /// The frame in which new actions begin.
     void beginActions() { stage.applyAnimations(sceneTime); }
 
     [[nodiscard]] std::vector<std::string> recordedTitles() const {

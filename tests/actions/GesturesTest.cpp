@@ -36,7 +36,7 @@ protected:
 
     void goOn(double seconds) { animateTo(begunAt + seconds); }
 
-    /// Radians about the handle's own axis, whatever the angles by which it is told.
+    /// The rotation about the handle's axis in radians, whatever the Euler angles are.
     [[nodiscard]] float yaw() const {
         const glm::vec3 ahead(nodes.cameraYHandle->worldTransform()[2]);
         return std::atan2(ahead.x, ahead.z);
@@ -69,7 +69,7 @@ TEST_F(GesturesTest, TurnTheCameraWithThePanAndLetItDriftBack) {
         }
         pan(GestureState::changed, {650, 365});
         goOn(0.1);
-        pan(GestureState::changed, {660, 365}); // adds to the turn that still runs
+        pan(GestureState::changed, {660, 365}); // adds to the rotation that still runs
         goOn(0.4);
         EXPECT_NEAR(yaw(), -0.6, 1e-3);
         EXPECT_NEAR(pitch(), -0.1, 1e-3);
@@ -89,7 +89,7 @@ TEST_F(GesturesTest, GoOnInTheirDirectionFromBeyondAQuarterTurn) {
     goOn(0.4);
     pan(GestureState::ended, {80, 0});
     goOn(0.02);
-    pan(GestureState::began, {0, 0}); // stops the return where the angles have two readings
+    pan(GestureState::began, {0, 0}); // stops the return where the angles are ambiguous
     const float stopped = yaw();
     EXPECT_LT(stopped, -1.8f);
     pan(GestureState::changed, {-10, 0});
@@ -182,7 +182,7 @@ TEST(PanDirections, FollowTheFasterAxis) {
     struct Row {
         glm::vec2 velocity;
         Direction direction;
-        Orientation swipe; ///< unknown: not quick
+        Orientation swipe; ///< unknown: not a quick one
     };
 
     // clang-format off

@@ -8,7 +8,7 @@ using scene::SCNAction;
 
 class HomePoseTest : public test::ControllerTest {
 protected:
-    /// Every level that a performance moves, and the user's layout, are away from home.
+    /// Moves every level that a performance uses, and the user's layout, away from home.
     void disturb() {
         stage.rootNode()->enumerateHierarchy([](scene::SCNNode& node) {
             node.runAction(SCNAction::moveBy({1, 2, 3}, 10));

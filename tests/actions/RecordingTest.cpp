@@ -48,7 +48,7 @@ TEST_F(RecordingTest, ReplaysEachRecordOnceInEachRun) {
         for (const double t : {0.0, 0.02, 2.99, 3.0, 3.5, 5.0, 6.0})
             tick(t);
     }
-    // The record of time 0 comes with the second tick, that of 99 never.
+    // The record of time 0 runs with the second tick, that of 99 never.
     EXPECT_THAT(order, ElementsAre(0, 3, 4, 0, 3, 4));
 }
 
@@ -78,7 +78,7 @@ TEST_F(RecordingTest, UndoesAndRedoesAsAMirror) {
     add("", controller.newIdentifier());
     controller.undo();
     controller.undo();
-    controller.undo(); // nothing is left: no message
+    controller.undo(); // nothing to undo: no message
     EXPECT_THAT(recordedTitles(), IsEmpty());
     controller.redo();
     EXPECT_THAT(recordedTitles(), ElementsAre("one"));
@@ -92,7 +92,7 @@ TEST_F(RecordingTest, UndoesAndRedoesAsAMirror) {
     EXPECT_THAT(recordedTitles(), ElementsAre("one", "new"));
 
     controller.addAction([] {}, controller.newIdentifier(), "newest", RegisterUndo::yes);
-    controller.undo(); // while the press is still on its way
+    controller.undo(); // while the press is still queued
     controller.undo();
     controller.redo();
     world.runLoop.drain();
@@ -111,7 +111,7 @@ TEST_F(RecordingTest, UndoesAWholeGestureAndRedoesItsFirstRecord) {
     ASSERT_EQ(controller.recordedActions().size(), 5U);
 
     controller.undo(); // the other
-    controller.undo(); // the gesture, all of it
+    controller.undo(); // the whole gesture
     EXPECT_THAT(recordedTitles(), IsEmpty());
     controller.redo();
     EXPECT_THAT(recordedTitles(), ElementsAre("pan"));
@@ -161,7 +161,7 @@ protected:
     int argc = 1;
     std::string name = "test";
     std::vector<char*> argv{name.data()};
-    QCoreApplication application{argc, argv.data()}; // the wall loop lives on its event loop
+    QCoreApplication application{argc, argv.data()}; // the wall-clock run loop needs its event loop
     foundation::WallRunLoop wall;
 };
 

@@ -11,7 +11,7 @@ namespace zelvo::actions {
 namespace {
 
 TEST(TimingCurvesTest, AgreeWithThePublishedCubicCurves) {
-    // The four curves of style sheets at their middle.
+    // The four standard CSS curves at half the time.
     EXPECT_NEAR(bezierTiming(0.25f, 0.1f, 0.25f, 1.0f)(0.5f), 0.8024f, 1e-4f);
     EXPECT_NEAR(bezierTiming(0.42f, 0.0f, 1.0f, 1.0f)(0.5f), 0.3154f, 1e-4f);
     EXPECT_NEAR(bezierTiming(0.0f, 0.0f, 0.58f, 1.0f)(0.5f), 0.6846f, 1e-4f);
@@ -39,7 +39,7 @@ TEST(TimingCurvesTest, SolveTheCubicCurvesOfTheCatalogue) {
 }
 
 TEST(TimingCurvesTest, SwingLikeAMassOnASpring) {
-    // The last one is damped beyond the critical.
+    // The last one is over-damped.
     // clang-format off
     constexpr auto kSprings = std::to_array<std::array<float, 4>>({
         {55, 480, 1.6f, 25},
@@ -64,7 +64,7 @@ TEST(TimingCurvesTest, SwingAboutTheirEnds) {
         EXPECT_EQ(in(0), 0);
         EXPECT_EQ(out(1), 1);
         EXPECT_NEAR(out(period / 4), 1, 1e-6) << "a quarter of a period after the start";
-        for (const float t : {0.1f, 0.4f, 0.9f}) // one is the other played backwards
+        for (const float t : {0.1f, 0.4f, 0.9f}) // each is the other played backwards
             EXPECT_NEAR(in(t), 1 - out(1 - t), 1e-5);
         const auto both = elasticInOut(period, 0.45f);
         EXPECT_NEAR(both(0.4999f), both(0.5f), 1e-3) << "the halves meet";

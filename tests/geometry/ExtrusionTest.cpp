@@ -69,8 +69,9 @@ ExtrusionOptions options(float depth, float radius, BezierPath profile = {}) {
     return result;
 }
 
-// The area drawn in by t is area - perimeter t + k t^2: 1 from each right-angled outer corner,
-// minus the sector of each reflex corner, round which the offset is an arc.
+// Moved in by t, an outline has the area: area - perimeter t + k t^2. Each right-angled outer
+// corner adds 1 to k; each reflex corner subtracts its sector, because the offset around it is an
+// arc.
 struct KnownShape {
     const char* name;
     BezierPath path;
@@ -102,10 +103,10 @@ TEST(Extrusion, HasTheVolumeWorkedOutByHand) {
     constexpr double r = 3;
     for (const KnownShape& shape : knownShapes()) {
         const double whole = shape.area * kDepth;
-        // Twice the integral of what the profile takes away over the height of a chamfer.
+        // Twice the integral over the height of a chamfer of what the profile removes.
         const double cutLinear = shape.perimeter * r * r - shape.k * r * r * r * 2 / 3;
         const double cutRounded = shape.perimeter * r * r / 3 - shape.k * r * r * r * 2 / 15;
-        // The rounded profile's chords cut a little deeper than the curve.
+        // The chords of the rounded profile remove a little more than the curve.
         const auto check = [&](const ExtrusionOptions& how, double cut, double tolerance) {
             const Mesh solid = extrude(shape.path, how);
             EXPECT_EQ(faultOf(solid), "") << shape.name;
@@ -122,7 +123,7 @@ TEST(Extrusion, HasTheVolumeWorkedOutByHand) {
 TEST(Extrusion, ThinStrokesEndInARidge) {
     const Mesh bar = extrude(pathOf({{{0, 0}, {100, 0}, {100, 4}, {0, 4}}}), options(24, 4));
     EXPECT_EQ(faultOf(bar), "");
-    // The wall is 16 high; on both sides a hip roof whose faces meet 2 from the outline.
+    // The wall is 16 high. On both sides is a hip roof whose faces meet 2 from the outline.
     EXPECT_NEAR(inspect(bar).volume, 400 * 16 + 2 * (800 - 416 + 32.0 / 3), 1);
     EXPECT_NEAR(bar.bounds().max.z, 8 + 2, 1e-3);
     EXPECT_EQ(bar.elements[0].indexCount, 0U);
@@ -133,7 +134,7 @@ TEST(Extrusion, ChamferTakesAtMostHalfTheDepth) {
     EXPECT_EQ(faultOf(tile), "");
     EXPECT_EQ(tile.elements.size(), 5U);
     EXPECT_EQ(tile.elements[2].indexCount, 0U) << "nothing is left of the walls";
-    // Two frusta of height 1 between 100 x 100 and 80 x 80.
+    // Two frustums of height 1, between 100 x 100 and 80 x 80.
     EXPECT_NEAR(inspect(tile).volume, 2 * (10000 + 8000 + 6400) / 3.0, 5);
 }
 
@@ -154,14 +155,14 @@ TEST(Extrusion, CurvesAreSmoothAndCornersSharp) {
     }
 }
 
-// The tangent must run along growing u, the bitangent by its handedness along growing v, at one
-// scale all over.
+// The tangent must point along growing u and the bitangent (by its handedness) along growing v,
+// with one scale everywhere.
 TEST(Extrusion, TexturesLieAtOneScaleAlongTheirTangents) {
     for (const KnownShape& shape : knownShapes()) {
         const Mesh mesh = extrude(shape.path, options(24, 3, roundedProfile()));
         const glm::vec3 size = mesh.bounds().max - mesh.bounds().min;
         const float scale = 1 / std::max(size.x, size.y);
-        // Chamfers lean inwards, so textures shear there; the flat elements come first.
+        // Chamfers slant inwards, so textures are sheared there. The flat elements come first.
         const std::size_t flat = mesh.elements[3].firstIndex;
         for (std::size_t i = 0; i < flat; i += 3) {
             const Vertex& a = mesh.vertices[mesh.indices[i]];
@@ -227,7 +228,7 @@ TEST(Extrusion, OddOutlinesGiveSoundSolidsOrNone) {
     }
 }
 
-// Random scribbles cross themselves everywhere, at every angle.
+// Random scribbles that cross themselves at all angles.
 TEST(Extrusion, ScribblesStayClosed) {
     std::uint32_t state = 1;
     const auto draw = [&state] {

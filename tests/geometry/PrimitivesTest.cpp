@@ -16,7 +16,7 @@ constexpr double kPi = std::numbers::pi;
 struct SolidCase {
     const char* name;
     Mesh mesh;
-    double volume; // of the ideal solid, which the facets stay inside
+    double volume; // of the ideal solid; the facets are inside it
     long euler;
 };
 

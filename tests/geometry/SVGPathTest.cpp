@@ -11,7 +11,7 @@
 namespace zelvo::geometry {
 namespace {
 
-/// Commands as text: kind, end point and, of curves, their control points.
+/// Commands as text: kind, end point and, for curves, the control points.
 std::string told(std::string_view data) {
     std::ostringstream out;
     const auto write = [&out](glm::dvec2 point) { out << point.x << ',' << point.y << ' '; };

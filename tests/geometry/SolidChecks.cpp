@@ -16,12 +16,12 @@ namespace zelvo::geometry {
 
 namespace {
 
-constexpr double kMinFold = 3e-4; // scene units across; less is lost in single precision
+constexpr double kMinFold = 3e-4; // scene units; smaller folds come from single precision
 
 using Side = std::array<std::uint32_t, 2>;
 using Triangle = std::array<std::uint32_t, 3>;
 
-// For each vertex the index of the first one at its place.
+// The index, for each vertex, of the first vertex at the same place.
 std::vector<std::uint32_t> weld(const Mesh& mesh) {
     std::vector<std::uint32_t> order(mesh.vertices.size());
     for (std::uint32_t i = 0; i < order.size(); ++i) {
@@ -89,8 +89,8 @@ bool isSane(const Vertex& vertex) {
            std::abs(glm::dot(tangent, vertex.normal)) < 1e-3F && std::abs(vertex.tangent.w) == 1;
 }
 
-// Faces and chamfers lie over the outline without hiding any of themselves, so none of their
-// triangles is reversed in plan, however small.
+// Seen from the front, no triangle of faces and chamfers may be reversed, because they cover the
+// outline without hiding each other.
 bool isFolded(const Mesh& mesh, std::size_t firstIndex) {
     const auto corner = [&](std::size_t i) -> const Vertex& {
         return mesh.vertices[mesh.indices[firstIndex + i]];

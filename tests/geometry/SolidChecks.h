@@ -8,22 +8,22 @@
 
 namespace zelvo::geometry {
 
-/// What makes a mesh a sound solid, measured. Vertices at the same place count as one; triangles
-/// that thereby have no three corners are left out.
+/// Measures whether a mesh is a closed solid. Vertices at the same place count as one. Triangles
+/// that then have fewer than three corners are left out.
 struct SolidReport {
     std::size_t triangles = 0;
     std::size_t openSides = 0; ///< sides not used exactly once in each direction
-    std::size_t badNumbers =
-        0; ///< vertices with a number that is not finite, or a normal or tangent not of length 1
-    std::size_t folded =
-        0; ///< triangles reversed in plan, or that face away from their vertices' normals
+    /// Vertices with a number that is not finite, or a normal or tangent that is not a unit vector.
+    std::size_t badNumbers = 0;
+    /// Triangles that are reversed from the front, or that face away from their vertices' normals.
+    std::size_t folded = 0;
     double volume = 0; ///< by the divergence theorem; positive if the triangles face outwards
     long euler = 0;    ///< corners - sides + triangles: 2 for a ball, 0 for a ring
 };
 
 [[nodiscard]] SolidReport inspect(const Mesh& mesh);
 
-/// Empty if the solid is closed, sane and faces outwards; else what is wrong.
+/// Empty if the solid is closed, valid and faces outwards; otherwise what is wrong.
 [[nodiscard]] std::string faultOf(const Mesh& mesh);
 
 } // namespace zelvo::geometry

@@ -68,7 +68,7 @@ TEST_F(Delivery, GivesTheSameBytesTwiceAndInOrder) {
     fill(*scene);
     const auto first = bytesOf(*renderer);
     EXPECT_EQ(first, bytesOf(*renderer));
-    // A frame begun while an earlier one waits does not change that one.
+    // Beginning a frame must not change an earlier one that still waits.
     renderer->begin({0, kSize});
     scene->background.contents = image::Color::hex(0x808080);
     renderer->begin({0, kSize});
@@ -77,7 +77,7 @@ TEST_F(Delivery, GivesTheSameBytesTwiceAndInOrder) {
     EXPECT_EQ(renderer->finish().bytes[0], 0x80);
 }
 
-// A half plane whose edge runs at an angle: every pixel's brightness is the share that it covers.
+// A half plane with a slanting edge: a pixel's brightness is the share that it covers.
 TEST_F(Delivery, OversamplingApproachesTheCoveredArea) {
     constexpr float kSlope = 0.3f;
     addSquare(makeMaterial(image::Color::white(1)), 0, 8)->position = glm::vec3(-4, 0, 0);

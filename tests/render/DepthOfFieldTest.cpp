@@ -8,7 +8,7 @@ namespace {
 
 using image::Color;
 
-/// A white square with dark around it, 10 units before a camera with a very wide lens.
+/// A white square in the dark, 10 units in front of a camera with a very wide lens.
 class Focus : public Stage {
 protected:
     Focus() {

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <numbers>
 
-// Pictures of everything together.
+// Pictures with all features together.
 
 namespace zelvo::render {
 namespace {
@@ -25,7 +25,7 @@ protected:
         camera->camera->wantsHDR = true;
     }
 
-    /// A row of solids, each of another material.
+    /// A row of solids, each with another material.
     void addSolids() const {
         float x = -200;
         for (const scene::SCNMaterialPtr& material : materials()) {
@@ -42,7 +42,7 @@ protected:
         }
     }
 
-    /// Ripples across: as numbers in red, or as normals.
+    /// A wave pattern: as numbers in red, or as normals.
     static image::ImagePtr makeRipples(bool asNormals) {
         image::Image picture(64, 64);
         for (std::size_t i = 0; i < 64UL * 64UL; ++i) {

@@ -9,9 +9,8 @@ using image::Color;
 using scene::SCNLightType;
 using Lights = Stage;
 
-// The middle of the stage looks straight at each of these lights, which all are to be as bright
-// there: a directional light of 1000, and the square of the distance times that for lights that
-// fall off.
+// The middle of the stage faces each of these lights. All must be equally bright there: a
+// directional light has 1000, the others 1000 times the square of the distance.
 TEST_F(Lights, OfEachKindShineAsTheirUnitSays) {
     addSquare(makeMatte(Color::white(0.5f)));
 
@@ -27,7 +26,7 @@ TEST_F(Lights, OfEachKindShineAsTheirUnitSays) {
           {SCNLightType::omni, 300, 9e7},
           {SCNLightType::spot, 300, 9e7}}) {
         const auto light = addLight(row.type, {0, 0, row.distance}, row.intensity);
-        expectNear(middle(), {128, 128, 128}, 2); // the light gives back the surface's own colour
+        expectNear(middle(), {128, 128, 128}, 2); // as bright as the surface's own colour
         light->intensity = row.intensity / 4;
         expectNear(middle(), {66, 66, 66}, 2); // a quarter of the light
         scene->rootNode()->childNodes().back()->removeFromParentNode();
@@ -58,13 +57,12 @@ TEST_F(Lights, ASpotFadesFromItsInnerToItsOuterCone) {
     light->spotOuterAngle = 60; // radius 0.87
     const image::Image picture = draw();
     EXPECT_NEAR(at(picture, 32, 32)[0], 128, 3);
-    // 19 degrees off the axis: two thirds of the way between the cosines, smoothstepped.
+    // 19 degrees off the axis: two thirds of the way between the cosines, with a smoothstep.
     EXPECT_NEAR(at(picture, 32 + 16, 32)[0], 103, 2);
     EXPECT_EQ(at(picture, 62, 32)[0], 0);
 }
 
-// The light comes from the upper right in front; the shadow of what stands there falls on the
-// stage's middle.
+// The light comes from the upper right in front; the blocker's shadow falls on the stage's middle.
 TEST_F(Lights, ThrowAShadowWhereSomethingStandsInTheirWay) {
     constexpr float kUnit = 200; // half the picture
     camera->position = glm::vec3(0, 0, 10 * kUnit);
@@ -107,7 +105,7 @@ TEST_F(Lights, ThrowAShadowWhereSomethingStandsInTheirWay) {
     }
 }
 
-// Else the edges of all shadows would crawl while a single letter moves.
+// Otherwise the edges of all shadows would crawl while one letter moves.
 TEST(ShadowViews, FollowCastersThatMoveOrGrowInWholeTexels) {
     scene::SCNScene scene;
     auto caster = std::make_shared<scene::SCNNode>();

@@ -39,7 +39,7 @@ TEST_F(Materials, ContentsRepeatAfterTheirTransform) {
     expectNear(at(drawn, 24, 32), {0, 0, 255}, 40);
     expectNear(at(drawn, 40, 32), {255, 0, 0}, 40);
     material->multiply.setImage(picture);
-    material->multiply.contentsTransform = glm::mat4(1); // each slot by its own
+    material->multiply.contentsTransform = glm::mat4(1); // slots have their own transforms
     const image::Image multiplied = draw();
     expectNear(at(multiplied, 8, 32), {255, 0, 0}, 40);
     expectNear(at(multiplied, 40, 32), {30, 0, 0}, 40); // red times blue
@@ -52,7 +52,7 @@ TEST_F(Materials, PicturesOfNumbersCountByTheirRed) {
     const auto material = makeMatte();
     addSquare(material);
     material->metalness.setImage(red);
-    expectNear(middle(), {0, 0, 0}, 1); // metal has no colour under its surface
+    expectNear(middle(), {0, 0, 0}, 1); // metal has no diffuse colour
     material->metalness.setImage(cyan);
     expectNear(middle(), {128, 128, 128}, 1);
     material->ambientOcclusion.setImage(cyan);
@@ -61,8 +61,8 @@ TEST_F(Materials, PicturesOfNumbersCountByTheirRed) {
     expectNear(middle(), {128, 128, 128}, 1);
 }
 
-// Light from the right: a normal map that leans to the right is brighter than one that leans to the
-// left; from above the same with its green.
+// With light from the right, a normal map that leans right is brighter than one that leans left.
+// The same with light from above, for green.
 TEST_F(Materials, NormalMapsLeanAsTheirColoursSay) {
     struct Row {
         glm::vec3 light;
@@ -149,7 +149,7 @@ TEST_F(Materials, TranslucentSurfacesMixFromBackToFrontWhateverTheTree) {
     }
 }
 
-// A box at half opacity shows its front once and not its inside: all over the same.
+// At half opacity, only the front of a box is visible: the colour is the same everywhere.
 TEST_F(Materials, ASolidFadesAsAWhole) {
     const auto node = addNode({0, 0, 0});
     node->geometry = std::make_shared<scene::SCNBox>(1, 1, 1, 0.2);
@@ -197,7 +197,7 @@ TEST_F(Materials, AModifierChangesTheSurfaceAndABrokenOneDoesNoHarm) {
     const auto square = addSquare(material);
     expectNear(middle(), {0, 255, 0}, 1);
     square->opacity = 0.5f;
-    expectNear(middle(), {0, 128, 0}, 1); // its alpha is of no account when the square fades either
+    expectNear(middle(), {0, 128, 0}, 1); // the alpha does not matter if the square also fades
     square->opacity = 1;
     material->shaderModifiers[entry] = "_surface.diffuse = nonsense;";
     expectNear(middle(), {0, 0, 255}, 1);

@@ -8,7 +8,7 @@ using scene::ParticleBlendMode;
 
 class ParticleTest : public Stage {
 protected:
-    /// One motionless square of 1 unit before the middle of a grey wall.
+    /// One motionless square of 1 unit in front of a grey wall.
     scene::SCNNodePtr addParticle(const glm::vec4& color, ParticleBlendMode mode, float z = 0) {
         auto system = std::make_shared<scene::SCNParticleSystem>();
         system->birthRate = 1;
@@ -23,7 +23,8 @@ protected:
     }
 
     void SetUp() override {
-        // A tenth of the angle from ten times as far: particles fade close to the camera.
+        // Ten times as far away with a tenth of the angle, because particles fade close to the
+        // camera.
         camera->position = glm::vec3(0, 0, 100);
         camera->camera->fieldOfView = 1.145877; // 2 atan(1 / 100)
         camera->camera->zFar = 1000;
@@ -56,7 +57,7 @@ TEST_F(ParticleTest, StandsBehindWhatIsNearer) {
     addParticle({0, 1, 0, 1}, ParticleBlendMode::additive, -3);
     addParticle({1, 0, 0, 1}, ParticleBlendMode::alpha, -1.3f);
     expectNear(middle(), {64, 64, 64}, 1);
-    // What shines is a ball: it stands half its size out of the wall.
+    // An additive particle is a ball: half its size is in front of the wall.
     addParticle({0, 0, 0.5f, 1}, ParticleBlendMode::additive, -1.3f);
     expectNear(middle(), {64, 64, 192}, 1);
 }

@@ -21,7 +21,7 @@ TEST_F(Pictures, ABackgroundColourIsShownExactly) {
     }
 }
 
-/// Eight columns of their own colour, the fourth and fifth at the middle.
+/// Eight columns with different colours; the fourth and fifth are in the middle.
 image::ImagePtr makePanorama(std::uint8_t alpha) {
     std::vector<std::array<std::uint8_t, 4>> pixels;
     for (int y = 0; y < 4; ++y) {
@@ -41,9 +41,9 @@ TEST_F(Pictures, APanoramaLiesAroundTheCamera) {
     camera->camera->fieldOfView = 90;
     scene->background.setImage(makePanorama(255));
     image::Image picture = draw();
-    expectNear(at(picture, 2, 2), {200, 200, 0}, 2); // left and up of ahead
+    expectNear(at(picture, 2, 2), {200, 200, 0}, 2); // to the upper left
     expectNear(at(picture, 61, 61), {0, 0, 200}, 2);
-    // Turned to the left the picture moves to the right.
+    // If the camera turns left, the picture moves right.
     camera->setEulerAngles({0, 1.5707963f, 0});
     picture = draw();
     expectNear(at(picture, 61, 61), {200, 0, 0}, 2);
@@ -57,8 +57,8 @@ TEST_F(Pictures, ACubesFifthFaceLiesAhead) {
         const auto grey = static_cast<std::uint8_t>(40 * (i + 1));
         faces.at(i) = sharePicture(1, 1, {{grey, grey, grey, 255}});
     }
-    faces.at(4) =
-        sharePicture(2, 1, {{200, 0, 0, 255}, {0, 0, 200, 255}}); // another size than the others
+    // Not the size of the others.
+    faces.at(4) = sharePicture(2, 1, {{200, 0, 0, 255}, {0, 0, 200, 255}});
     scene->background.contents = faces;
     camera->camera->fieldOfView = 80;
     const image::Image picture = draw();
@@ -73,7 +73,7 @@ TEST_F(Pictures, ACubesFifthFaceLiesAhead) {
     expectNear(middle(), {40, 40, 40}, 2); // another picture on one face
 }
 
-// A mirror that looks at the eye reflects what is behind it, where the panorama's ends meet.
+// A mirror that faces the camera shows what is behind the camera, where the panorama's ends meet.
 TEST_F(Pictures, AReflectedPanoramaHasNoSeam) {
     const auto mirror = makeMaterial(Color::white(0));
     mirror->reflective.setImage(sharePicture(
@@ -83,8 +83,7 @@ TEST_F(Pictures, AReflectedPanoramaHasNoSeam) {
     EXPECT_NEAR(at(picture, 31, 32)[0], at(picture, 32, 32)[0], 12);
 }
 
-// In a room that shines evenly with brightness 1 a white matte surface looks as bright as the room,
-// a mirror too.
+// In a room with an even light of 1, a white matte surface and a mirror are as bright as the room.
 TEST_F(Pictures, AnEvenRoomLightsEvenly) {
     image::Radiance room{8, 4, std::vector<glm::vec3>(32, glm::vec3(0.5f))};
     auto picture = std::make_shared<image::Image>(8, 4);
@@ -106,7 +105,8 @@ TEST_F(Pictures, AnEvenRoomLightsEvenly) {
     expectNear(middle(), {137, 137, 137}, 3);
 }
 
-// Half the size at double scale; a mirrored solid turned over: the same picture.
+// Two ways to make the same picture: half the size at double scale, or a mirrored solid turned
+// over.
 TEST_F(Pictures, TwoWaysToTheSameSceneGiveOnePicture) {
     addLight(scene::SCNLightType::directional, {}, 800);
     const auto node = addNode({0.1f, 0, 0});

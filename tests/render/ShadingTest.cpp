@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a surface sends to the eye, drawn and measured, against published values.
+// The light that a surface reflects, drawn and measured, compared with published values.
 #include "platform/render/ShaderBlocks.h"
 #include "render/StageFixture.h"
 
@@ -19,13 +19,13 @@ double linearFrom(double encoded) { // IEC 61966-2-1
 
 class Shading : public Stage {
 protected:
-    /// Shows a surface whose normal leans away from the eye by an angle, to the right.
+    /// Shows a surface whose normal is turned to the right by an angle.
     void show(const scene::SCNMaterialPtr& material, double degrees) const {
         const auto angle = static_cast<float>(glm::radians(degrees));
         addSquare(material, 0, 6)->setEulerAngles({0, angle, 0});
     }
 
-    /// Adds a light of the nominal intensity times `strength` from that direction.
+    /// Adds a light of `strength` times the nominal intensity, shining from that direction.
     void shine(const glm::vec3& from, double strength = 1) const {
         addLight(SCNLightType::directional, {}, 1000 * strength);
         const glm::vec3 up = std::abs(from.y) > 0.9f ? glm::vec3(1, 0, 0) : glm::vec3(0, 1, 0);
@@ -37,7 +37,8 @@ protected:
             scene->rootNode()->childNodes().back()->removeFromParentNode();
     }
 
-    /// Linear light in the middle of the picture: the mean of dithered pixels knows more than one.
+    /// Linear light in the middle of the picture. The mean of dithered pixels is more precise than
+    /// one.
     [[nodiscard]] glm::dvec3 measured() const {
         const image::Image picture = draw();
         glm::dvec3 sum(0);
@@ -50,9 +51,10 @@ protected:
     }
 };
 
-// Wanted: the reflection model of glTF 2.0 (appendix B) with the exact Smith term, which the shader
-// fits within 8 %: pi times BRDF times cosine, of a black surface that mirrors 4 % at normal
-// incidence. Light and eye stand on opposite sides of the normal, or (negative) on the same.
+// Expected: the reflection model of glTF 2.0 (appendix B) with the exact Smith term; the shader's
+// fit is within 8 %. Values are pi times BRDF times cosine, for a black surface that reflects 4 %
+// at normal incidence. Light and eye are on opposite sides of the normal, or (negative) on the
+// same.
 TEST_F(Shading, ReflectsAsThePublishedModelOfMicrofacets) {
     struct Row {
         float roughness;
@@ -82,8 +84,8 @@ TEST_F(Shading, ReflectsAsThePublishedModelOfMicrofacets) {
     }
 }
 
-// A white mirror in an even white room, lit from 240 directions: it must give back what it gets,
-// however rough it is, or energy is lost or made.
+// A white mirror in an even white room, lit from 240 directions. It must reflect all light,
+// whatever its roughness; otherwise energy is lost or created.
 TEST_F(Shading, AWhiteMirrorInAWhiteRoomGivesBackAllLight) {
     constexpr int kDirections = 240;
     const auto mirror = makeMaterial(Color::white(1), scene::SCNLightingModel::physicallyBased);
@@ -94,7 +96,7 @@ TEST_F(Shading, AWhiteMirrorInAWhiteRoomGivesBackAllLight) {
             show(mirror, eye);
             const auto lean = static_cast<float>(glm::radians(eye));
             double whole = 0;
-            for (int i = 0; i < kDirections; ++i) { // Vogel 1979: evenly over the hemisphere
+            for (int i = 0; i < kDirections; ++i) { // Vogel 1979: even over the hemisphere
                 const float up = 1 - (static_cast<float>(i) + 0.5f) / kDirections;
                 const float turn = 2.39996323f * static_cast<float>(i);
                 const float side = std::sqrt(1 - up * up);
@@ -112,7 +114,7 @@ TEST_F(Shading, AWhiteMirrorInAWhiteRoomGivesBackAllLight) {
     }
 }
 
-// Wanted: the Khronos PBR neutral tone mapper's published reference.
+// Expected: the published reference of the Khronos PBR neutral tone mapper.
 TEST_F(Shading, ToneMapsAsThePublishedCurve) {
     struct Row {
         glm::dvec3 light;

@@ -23,7 +23,7 @@ protected:
         return node;
     }
 
-    /// x positions of the nodes drawn.
+    /// The x positions of the drawn nodes.
     std::string order(std::span<const DrawItem> items) {
         std::string result;
         for (const DrawItem& item : items) {
@@ -61,7 +61,7 @@ TEST_F(Snapshots, LeaveOutWhatCannotBeSeenButKeepWhatThrowsAShadow) {
     child->geometry = parent->geometry;
     child->opacity = 0.02f;
     child->position = glm::vec3(6, -50, -10);
-    parent->addChildNode(child); // together fainter than a pixel can show
+    parent->addChildNode(child); // together below the visible opacity
     snapshot.take(scene, nullptr, 1);
     EXPECT_EQ(order(snapshot.opaque()) + order(snapshot.translucent()), "1 ");
     add({7, 0, 10})->castsShadow = true;
@@ -85,9 +85,9 @@ TEST_F(Snapshots, TurnBillboardsToTheCameraAtTheirOwnSize) {
     EXPECT_NEAR(seen[0].z, 0, 1e-4);
 }
 
-// Wanted values from the photographers' hyperfocal distance H = f^2 / (N c) + f: focused there,
-// infinity is just blurred by c. A lens of 50 mm, f/8 and c = 24 mm / 1000 (one pixel of a picture
-// 1000 high) has H = 13.07 m.
+// Expected: the photographers' hyperfocal distance H = f^2 / (N c) + f. With this focus, objects
+// infinitely far away have a blur of c. A lens of 50 mm, f/8 and c = 24 mm / 1000 (one pixel in a
+// picture 1000 high) has H = 13.07 m.
 TEST(DepthOfField, AgreesWithTheHyperfocalDistance) {
     scene::SCNCamera camera;
     camera.fieldOfView = 26.9915; // 2 atan(24 mm / (2 * 50 mm))
@@ -96,7 +96,7 @@ TEST(DepthOfField, AgreesWithTheHyperfocalDistance) {
     EXPECT_NEAR(largestBlur(camera, 1000), 1, 0.01);
     camera.wantsDepthOfField = true;
     EXPECT_TRUE(needsDepthOfField(camera, 1000));
-    // The stage's own camera at full size: nothing that an output pixel could show.
+    // The stage's own camera at full size: less blur than an output pixel can show.
     camera.fieldOfView = 60;
     camera.fStop = 5.1;
     camera.focusDistance = 10;

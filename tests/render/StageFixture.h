@@ -14,7 +14,7 @@ namespace zelvo::render {
 
 using Pixel = std::array<int, 3>;
 
-/// A stage of 2 x 2 units seen from straight ahead by a camera whose picture it fills exactly.
+/// A stage of 2 x 2 units, seen from the front; it fills the camera's picture exactly.
 class Stage : public testing::Test {
 protected:
     static constexpr Size kSize{64, 64};
@@ -67,7 +67,7 @@ protected:
         return material;
     }
 
-    /// Matte: without the sheen that would add to the diffuse light.
+    /// Without the specular reflection, which would add to the diffuse light.
     static scene::SCNMaterialPtr makeMatte(const image::Color& color = image::Color::white(0.5f)) {
         auto material = makeMaterial(color, scene::SCNLightingModel::physicallyBased);
         material->specular.contents = image::Color::white(0);

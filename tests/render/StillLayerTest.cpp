@@ -41,7 +41,7 @@ TEST(StillLayer, TakesInWhatHasComeToRest) {
     EXPECT_EQ(builds, 2);
 }
 
-/// A floor in the light of a spot that casts shadows, a box that stands and one that moves.
+/// A floor lit by a spot with shadows, a box that stays and a box that moves.
 class StillStage : public Stage {
 protected:
     StillStage() {
@@ -75,7 +75,7 @@ protected:
         return node;
     }
 
-    /// Drawn by a renderer that has seen nothing before.
+    /// The picture as drawn by a new renderer.
     [[nodiscard]] image::Image drawnAnew() const {
         auto fresh = *SCNRenderer::make();
         fresh->setScene(scene);
@@ -84,13 +84,13 @@ protected:
     }
 
     struct Reach {
-        PixelRect changed; ///< by shadows, as they are drawn
-        PixelRect looked;  ///< where some are looked up
-        PixelRect rough;   ///< and where, if all casters were taken together
+        PixelRect changed; ///< where shadows change pixels
+        PixelRect looked;  ///< where shadows are computed
+        PixelRect rough;   ///< the same if all casters are taken together
     };
 
     [[nodiscard]] Reach reachOn(const std::vector<scene::SCNNodePtr>& receivers) const {
-        // What is translucent looks its shadows up all over, so that none can be cut off.
+        // For a translucent item, shadows are computed everywhere, so none can be cut off.
         floor->opacity = 0.99f;
         const image::Image shaded = drawnAnew();
         light->shadowColor.alpha = 0.001f;
@@ -175,7 +175,7 @@ TEST_F(StillStage, ShadowsAreLookedUpWhereTheyFallAndNowhereElse) {
     EXPECT_LT(all.looked.area(), all.rough.area());
     EXPECT_LT(all.rough.area(), 0.6 * PixelRect::whole(kPicture).area());
 
-    // Low light with soft edges: the floor looks its shadows up well above itself.
+    // Low light with soft edges: the shadow lookup is moved far off the floor.
     lamp->position = glm::vec3(-350, 0, 0);
     lamp->setOrientation(glm::quatLookAt(glm::normalize(glm::vec3(350, -20, 0)), {0, 1, 0}));
     light->shadowRadius = 16;

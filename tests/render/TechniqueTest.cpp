@@ -78,7 +78,7 @@ TEST_F(Techniques, AreDrawnInTheOrderOfTheSequence) {
     expectNear(invertedLast, {188, 120, 53}, 2);
     expectNear(drawn({invert, invert}), {40, 80, 120}, 0);
     expectNear(drawn({}), {40, 80, 120}, 0);
-    SCNTechnique aside; // what goes to a target leaves the picture as it is
+    SCNTechnique aside; // a pass into a target leaves the picture unchanged
     aside.targets = {0.5};
     aside.passes = {{"shrinkFragmentShader", SCNTechnique::kColor, 0}, {"invertFragmentShader"}};
     expectNear(drawn({expose, aside.copy()}), {188, 120, 53}, 2);
@@ -131,8 +131,8 @@ TEST_F(Techniques, ColoursPartAtAnEdge) {
     addEdge();
     renderer->technique = quad("colorShiftFragmentShader");
     const image::Image picture = drawAt(0);
-    expectNear(at(picture, 96, 48), {255, 80, 120}, 1);  // red reaches over the edge
-    expectNear(at(picture, 95, 48), {255, 255, 120}, 1); // where blue comes from beyond it
+    expectNear(at(picture, 96, 48), {255, 80, 120}, 1);  // red comes over the edge
+    expectNear(at(picture, 95, 48), {255, 255, 120}, 1); // blue comes from the other side
 }
 
 } // namespace

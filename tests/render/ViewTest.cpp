@@ -13,7 +13,7 @@ namespace {
 
 constexpr Size kWindow{48, 32};
 
-/// A window's graphics, as a toolkit would bring them.
+/// A window's OpenGL context and framebuffer.
 class View : public Stage {
 protected:
     View() {
@@ -100,7 +100,7 @@ TEST_F(View, ToleratesAnyStateAndLeavesOpenGLsOwn) {
     wire->transparency = 0.5f;
     addSquare(wire, 1);
     const image::Image before = drawnInto(RowOrder::topFirst);
-    // what a toolkit may have left
+    // state that a toolkit may have left
     glEnable(GL_SCISSOR_TEST);
     glScissor(3, 3, 4, 4);
     glEnable(GL_STENCIL_TEST);
@@ -147,7 +147,7 @@ TEST_F(View, ToleratesAnyStateAndLeavesOpenGLsOwn) {
     }
 }
 
-/// A wall in the light of a spot, and what throws a shadow on it from out of the picture.
+/// A wall lit by a spot, and a caster outside the picture that throws a shadow on it.
 class ViewOfAWall : public View {
 protected:
     ViewOfAWall() {

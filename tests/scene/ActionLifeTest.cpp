@@ -16,7 +16,7 @@ TEST(ActionLife, BeginsWithTheFrameAfterItWasAddedAtElapsedZero) {
     stage.apply({0, 1});
     stage.node->position = glm::vec3(10, 0, 0);
     stage.node->runAction(moveToX(20, 1));
-    stage.node->position = glm::vec3(0); // the starting value is taken when it begins
+    stage.node->position = glm::vec3(0); // the starting value is read when the action begins
     stage.apply({1.5});
     EXPECT_FLOAT_EQ(stage.node->position.value().x, 0);
     stage.apply({2});
@@ -24,7 +24,7 @@ TEST(ActionLife, BeginsWithTheFrameAfterItWasAddedAtElapsedZero) {
 }
 
 TEST(ActionLife, WhatBlocksAndCompletionsAddBeginsWithTheNextFrame) {
-    // The second node comes later in the tree, so the block runs before its turn.
+    // The second node is later in the tree, so the block runs first.
     Stage stage;
     const auto later = std::make_shared<SCNNode>();
     stage.scene.rootNode()->addChildNode(later);
@@ -80,7 +80,7 @@ TEST(ActionLife, RemovingAllTakesThoseNotYetBegun) {
     expectNear(stage.node->position, {0, 2, 0});
 }
 
-/// Runs an action whose block takes all actions off the node: nothing after that may be done.
+/// Runs an action whose block removes all actions from the node: nothing must happen after that.
 void expectNothingAfterCancelling(const SCNActionPtr& action) {
     Stage stage;
     bool completed = false;
@@ -134,7 +134,8 @@ TEST(ActionLife, TheTreeMayChangeDuringAnEvaluation) {
     EXPECT_TRUE(watched.expired());
     EXPECT_TRUE(stage.scene.rootNode()->childNodes().empty());
     stage.apply({1});
-    EXPECT_TRUE(stage.node->childNodes().front()->hasActions()); // outside the tree no time passes
+    // nodes outside the tree are not animated
+    EXPECT_TRUE(stage.node->childNodes().front()->hasActions());
 }
 
 TEST(ActionLife, TimeThatGoesBackCountsAsNone) {

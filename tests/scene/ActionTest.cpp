@@ -33,7 +33,7 @@ struct Sample {
     float x;
 };
 
-/// Starts the actions on a node at x = 10 before the first sample; each sample is one frame.
+/// Starts the actions on a node at x = 10, before the first sample. Each sample is one frame.
 void expectMotion(
     const std::string& what,
     const std::vector<SCNActionPtr>& actions,
@@ -58,7 +58,7 @@ SCNActionPtr group(std::vector<SCNActionPtr> members, TimingFunction timing = {}
     return SCNAction::group(std::move(members), std::move(timing));
 }
 
-// A row a case.
+// One row for each case.
 // clang-format off
 
 TEST(Action, MovesByItsTimeAndBend) {
@@ -114,7 +114,7 @@ TEST(Action, CombinesWithOthersOnOneProperty) {
 
 // clang-format on
 
-/// The frames of 1/60 s on which a wait is over and, after another of the same length, the action.
+/// The frames (1/60 s) in which a wait ends and, after an equal wait, the next one.
 std::pair<int, int> framesOfTwoWaits(double duration, double start) {
     Stage stage;
     std::pair<int, int> frames{-1, -1};
@@ -129,7 +129,7 @@ std::pair<int, int> framesOfTwoWaits(double duration, double start) {
 }
 
 TEST(Action, EndsOnTheFrameItsDurationNames) {
-    // Sixtieths and such durations have no exact binary form; the frame must be the same all over.
+    // Sixtieths have no exact binary form; still the frame must not depend on the start time.
     for (const double start : {0.0, 1.0 / 3.0, 1234.5}) {
         EXPECT_EQ(framesOfTwoWaits(0.1, start), std::pair(6, 12));
         EXPECT_EQ(framesOfTwoWaits(0.35, start), std::pair(21, 42));
@@ -156,7 +156,8 @@ TEST(Action, RotatesTheShortWayRound) {
 
     struct Row {
         UnitArc arc;
-        float cosHalfway; // of the turn about y: 180 degrees the short way, 0 the long way
+        // of the rotation about y: 180 degrees by the short way, 0 by the long one
+        float cosHalfway;
     };
 
     for (const Row row : {Row{UnitArc::shortest, -1}, {UnitArc::asGiven, 1}}) {

@@ -6,7 +6,7 @@
 
 namespace {
 
-std::size_t allocations = 0; // of the whole program, which has one thread
+std::size_t allocations = 0; // in the whole program, which has one thread
 
 } // namespace
 
@@ -47,7 +47,7 @@ TEST(Evaluation, TakesNoMemoryWhileActionsRun) {
     SCNTransaction::setAnimationDuration(2);
     stage.node->opacity = 0.5f;
     SCNTransaction::commit();
-    stage.apply({0, 1.1}); // all completions at once: the lists have their size now
+    stage.apply({0, 1.1}); // all completions in one frame, so that the lists have their final size
     const std::size_t before = allocations;
     for (int frame = 0; frame < 120; ++frame) {
         stage.scene.applyAnimations(1.2 + frame / 60.0);

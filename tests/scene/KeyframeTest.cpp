@@ -13,7 +13,7 @@ using KeyPath = CAKeyframeAnimation::KeyPath;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Four seconds by way of (10, 0, 0) after one and (10, 8, 0) after two.
+/// Four seconds, at (10, 0, 0) after the first and at (10, 8, 0) after the second.
 CAKeyframeAnimation journey() {
     CAKeyframeAnimation animation;
     // clang-format off
@@ -40,8 +40,8 @@ TEST(TimingCurve, IsSolvedForTime) {
         float t, value;
     };
 
-    // At s = 1/2 a curve is at (1 + 3 x1 + 3 x2) / 8, and so its y; steep ones are solved all the
-    // same.
+    // At s = 1/2, x of a curve is (1 + 3 x1 + 3 x2) / 8; y is the same with y1 and y2. Steep curves
+    // must be solved, too.
     // clang-format off
     for (const auto& [curve, t, value] : std::to_array<Row>({
              {{0.42f, 0, 1, 1},           (1 + 4.26f) / 8, 0.5f     },
@@ -58,7 +58,7 @@ TEST(TimingCurve, IsSolvedForTime) {
 TEST(Keyframes, GoThroughTheirValuesEachSegmentAlongItsOwnCurve) {
     Stage stage;
     auto animation = journey();
-    // Half the time is at a value of 0.2: at s = 1/2 of (0.5, 0, 0.5, y), y = 0.2.
+    // At half the time the value is 0.2: s = 1/2 of the curve (0.5, 0, 0.5, y) with y = 0.2.
     animation.timingFunctions = {{0, 0, 1, 1}, {0.5f, 0, 0.5f, 0.2f}};
     stage.node->addAnimation(animation, "position");
     stage.apply({7, 7.5});
@@ -78,7 +78,7 @@ TEST(Keyframes, GoThroughTheirValuesEachSegmentAlongItsOwnCurve) {
 TEST(Keyframes, BendTheWholeAndRunInRounds) {
     Stage stage;
     auto animation = journey();
-    animation.timingFunction = {0.5f, 0, 0.5f, 0.2f}; // half the time is a fifth of the way
+    animation.timingFunction = {0.5f, 0, 0.5f, 0.2f}; // at half the time, a fifth of the way
     animation.repeatCount = 2;
     stage.node->addAnimation(animation, "key");
     stage.apply({0, 2});
@@ -154,7 +154,7 @@ TEST(Keyframes, MakeWayUnderTheirKey) {
     stage.apply({0});
     stage.node->addAnimation(second, "key");
     EXPECT_THAT(stage.node->animationKeys(), ElementsAre("key"));
-    stage.apply({0.5, 1}); // the second began at 0.5, the first has 0.5 s left of its second
+    stage.apply({0.5, 1}); // the second began at 0.5; the first has 0.5 s left of its blend
     expectNear(drawnPlace(*stage.node), {0, 3, 0});
     stage.apply({2});
     expectNear(drawnPlace(*stage.node), {0, 6, 0});

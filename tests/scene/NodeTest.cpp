@@ -18,7 +18,7 @@ glm::vec3 apply(const glm::mat4& matrix, const glm::vec3& point) {
 TEST(Node, PutsPivotScaleRotationAndTranslationInThisOrder) {
     SCNNode node;
     node.position = glm::vec3(1, 2, 3);
-    node.setRotation({0, 0, 5, glm::radians(90.0f)}); // the axis need not be unit
+    node.setRotation({0, 0, 5, glm::radians(90.0f)}); // the axis can have any length
     node.scale = glm::vec3(2, 1, 1);
     node.pivot = glm::translate(glm::mat4(1), {1, 0, 0});
     // (2, 1, 0) less pivot: (1, 1, 0); scaled: (2, 1, 0); turned: (-1, 2, 0); moved: (0, 4, 3)
@@ -31,7 +31,7 @@ TEST(Node, TurnsByRollThenYawThenPitch) {
     struct Row {
         glm::vec3 degrees;
         glm::vec3 point;
-        glm::vec3 expected; // another order gives another axis
+        glm::vec3 expected; // another order of rotations gives another axis
     };
 
     // clang-format off
@@ -148,8 +148,8 @@ TEST(Node, BoundsWhatStandsAtAndBelowIt) {
     hidden->isHidden = true;
     node->addChildNode(turned);
     node->addChildNode(hidden);
-    node->isHidden = true;               // its own hiding does not count
-    node->position = glm::vec3(7, 7, 7); // nor does its own place
+    node->isHidden = true;               // its own hiding does not matter
+    node->position = glm::vec3(7, 7, 7); // neither does its position
     expectNear(node->boundingBox().min, {10, -1.5f, -1});
     expectNear(node->boundingBox().max, {10, 1.5f, 1});
     hidden->isHidden = false;

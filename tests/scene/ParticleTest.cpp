@@ -100,7 +100,7 @@ TEST(Particles, OfOneBurstComeAtOnceAndEnd) {
     EXPECT_TRUE(particlesOf(*stage.node).empty());
     EXPECT_TRUE(stage.node->emitters().front()->isOver());
 
-    system->loops = true; // a burst each second of its own time
+    system->loops = true; // one burst per second of its time
     system->idleDuration = 0.9f;
     stage.node->removeAllParticleSystems();
     stage.node->addParticleSystem(system);

@@ -82,7 +82,7 @@ std::string inLight(const std::string& keys) {
     return inNode(R"("light":{"type":"omni",)" + keys + "}");
 }
 
-// A row a case.
+// One row for each case.
 // clang-format off
 
 TEST(SceneFile, NamesFileAndPlaceOfWhatIsWrong) {
@@ -165,7 +165,7 @@ TEST(SceneFile, SurvivesDamageAnywhere) {
         EXPECT_FALSE(SCNScene::fromJSON(kGoodScene.substr(0, i), "cut")) << "cut at " << i;
         std::string flipped = kGoodScene;
         flipped[i] = static_cast<char>(flipped[i] ^ 0x15);
-        const auto scene = SCNScene::fromJSON(flipped, "flipped"); // may read, must not crash
+        const auto scene = SCNScene::fromJSON(flipped, "flipped"); // success or error, but no crash
         if (!scene) {
             EXPECT_NE(scene.error().message.find("flipped: "), std::string::npos);
         }

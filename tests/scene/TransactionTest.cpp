@@ -24,7 +24,7 @@ protected:
 TEST_F(Transaction, TravelsOnTheScenesClockFromTheFirstFrameOn) {
     stage.apply({5});
     assign(0, 2);
-    EXPECT_FLOAT_EQ(stage.node->opacity, 0); // the model is there at once
+    EXPECT_FLOAT_EQ(stage.node->opacity, 0); // the model value changes at once
     EXPECT_FLOAT_EQ(shown(), 1);
     stage.apply({6});
     EXPECT_FLOAT_EQ(shown(), 1);
@@ -46,7 +46,7 @@ TEST_F(Transaction, IsSupersededFromWhereItStands) {
     assign(1, 1);
     stage.apply({0.6, 1.1});
     EXPECT_FLOAT_EQ(shown(), 0.75f);
-    stage.node->opacity = 0.3f; // outside a transaction: at once, and nothing goes on
+    stage.node->opacity = 0.3f; // outside a transaction it changes at once and stops the animation
     stage.apply({1.2});
     EXPECT_FLOAT_EQ(shown(), 0.3f);
 }
@@ -82,7 +82,7 @@ TEST_F(Transaction, OutlivesTheNodeAndEndsWhenFlushed) {
     assign(1, 1);
     stage.node->removeFromParentNode();
     stage.node = std::make_shared<SCNNode>();
-    stage.apply({1, 2}); // the property is gone, its animation must not touch it
+    stage.apply({1, 2}); // the property is gone; its animation must not use it
 }
 
 } // namespace

@@ -11,20 +11,20 @@
 
 namespace zelvo::test {
 
-inline constexpr double kGoldenShare = 0.004; ///< of all channels that may differ by more
+inline constexpr double kGoldenShare = 0.004; ///< share of the channels that may differ more
 
-/// The share of channels (0 to 1) in which two pictures of one size differ by more than drivers do.
+/// The share of channels (0 to 1) that differ by more than the rounding of drivers.
 inline double differingShare(const image::Image& one, const image::Image& other) {
-    constexpr int kMaxDifference = 8; // of a channel that counts as the same
+    constexpr int kMaxDifference = 8; // differences up to this are ignored
     std::size_t different = 0;
     for (std::size_t i = 0; i < one.pixels.size(); ++i)
         different += std::abs(one.pixels[i] - other.pixels[i]) > kMaxDifference ? 1U : 0U;
     return static_cast<double>(different) / static_cast<double>(one.pixels.size());
 }
 
-/// Holds a picture against the one kept under tests/<name>.png. Channels may differ a little, and a
-/// small share of them by more: drivers round edges differently. ZELVO_UPDATE_GOLDEN=1 in the
-/// environment writes the kept pictures anew; look at them before they are committed.
+/// Compares a picture with tests/<name>.png. Channels may differ a little, and a small share of
+/// them more, because drivers round differently. With ZELVO_UPDATE_GOLDEN=1 in the environment the
+/// stored picture is replaced; look at it before you commit it.
 inline void expectLikeGolden(const image::Image& picture, const std::string& name) {
     const auto file = std::filesystem::path(ZELVO_TEST_SOURCE_DIR) / (name + ".png");
     if (std::getenv("ZELVO_UPDATE_GOLDEN") != nullptr) {

@@ -5,8 +5,8 @@
 #include <functional>
 #include <numbers>
 
-// Timing curves found in other ways than the program does, in doubles: what animations are held
-// against.
+// Timing curves computed in another way than the program does, in double precision. Animations are
+// compared with them.
 
 namespace zelvo::test {
 
@@ -20,7 +20,7 @@ inline Reference sineIn() {
     return [](double t) { return 1 - std::cos(t * std::numbers::pi / 2); };
 }
 
-/// Bisects x(s) = t; for control points whose x lies in 0 to 1, where x(s) grows.
+/// Solves x(s) = t by bisection. x of the control points must be in 0 .. 1, so that x(s) grows.
 inline Reference bezier(double x1, double y1, double x2, double y2) {
     return [=](double t) {
         const auto at = [](double first, double second, double s) {
@@ -35,8 +35,8 @@ inline Reference bezier(double x1, double y1, double x2, double y2) {
     };
 }
 
-/// A mass on a damped spring, let go at -1 with a velocity and integrated in small steps over 1.5
-/// seconds. Damping beyond the critical one counts as critical.
+/// A mass on a damped spring, released at -1 with a velocity, integrated in small steps over 1.5
+/// seconds. Damping above the critical value counts as critical.
 inline Reference spring(double damping, double mass, double stiffness, double velocity) {
     return [=](double t) {
         const double c = std::min(damping, 2 * std::sqrt(stiffness * mass));

@@ -8,7 +8,7 @@
 
 namespace zelvo::test {
 
-/// A fresh folder that is gone when the test is over.
+/// A new folder that is deleted at the end of the test.
 class TemporaryFolder {
 public:
     TemporaryFolder() {

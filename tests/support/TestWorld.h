@@ -13,8 +13,8 @@
 
 namespace zelvo::test {
 
-/// What a stage needs around it: a virtual clock, user defaults of its own, the built-in fonts, and
-/// a record of the alerts shown.
+/// The surroundings of a stage: a virtual clock, separate user defaults, the built-in fonts, and a
+/// list of the alerts shown.
 class TestWorld {
 public:
     explicit TestWorld(foundation::UserDefaults ownDefaults = {})

@@ -31,8 +31,8 @@ Baked beatenPlate(int side, int) {
 
 /// Moulded plastic: low round studs in staggered rows, all exactly alike.
 Baked plasticGrip(int side, int) {
-    constexpr float kColumns = 28,
-                    kRows = 32; // even, so that the stagger closes; about six to seven
+    // Even, so that the stagger closes; about six to seven.
+    constexpr float kColumns = 28, kRows = 32;
     const Field relief = Field::of(side, side, [](const glm::vec2& p) {
         const float row = std::floor(p.y * kRows);
         const float shift = std::fmod(row, 2.0f) * 0.5f;
