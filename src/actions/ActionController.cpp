@@ -60,8 +60,8 @@ void ActionController::send(std::function<void()> onQueue, std::function<void()>
         --underWay;
         onLoop();
     });
-    // The owner outlives its serial queue's work; what waits on the run loop may outlive this
-    // controller.
+    // The owner lives longer than its serial queue's jobs. But calls waiting on the run loop can
+    // outlive this controller.
     owner.serialQueue().async([&loop = owner.runLoop(), onQueue = std::move(onQueue), back] {
         onQueue();
         loop.post(back);
@@ -99,7 +99,7 @@ void ActionController::run(double time) {
     for (const XACPtr& xac : recordedActions_) {
         if (xac->hasRun || xac->time > time)
             continue;
-        xac->hasRun = true; // before the callback, so that no later tick runs it a second time
+        xac->hasRun = true; // before the callback, so that no later tick runs it again
         owner.runLoop().post(lifetime.guard([this, xac, run = runNumber] {
             if (run == runNumber)
                 xac->xacFunc();

@@ -19,19 +19,19 @@
 namespace zelvo::actions {
 
 enum class RegisterUndo {
-    no, ///< a further record of a group that another one stands for
-    yes ///< this record stands for its group in undo and history
+    no, ///< a further record of a group
+    yes ///< this record represents its group in undo and history
 };
 
 /// Records what the user does to the stage and replays it.
 ///
-///     press ── addAction ──> serial queue: builds the record, reads the time
-///                                 └──> run loop: keeps it if the timeline runs, executes it
-///     tick ─── run(time) ──> every kept record that is due and has not run: queued on the run loop
+///     press ── addAction ──> serial queue: makes the record, reads the time
+///                                 └──> run loop: keeps it if the timeline runs, calls its callback
+///     tick ─── run(time) ──> records that are due and have not run: queued on the run loop
 ///
-/// The performance is a flat list in the order of making. It is not sorted: each tick looks at the
-/// whole of it, so that a record that redo puts at the end still runs at its time. The list has one
-/// owner, the run loop's thread, which debug builds check; the serial queue only builds records.
+/// The performance is a list in the order of recording. It is not sorted: each tick looks at the
+/// whole list, so that a record that redo puts at the end still runs at its time. Only the run
+/// loop's thread may use the list (debug builds check this); the serial queue only makes records.
 class ActionController final : public UndoneList {
 public:
     ActionController(ActionControllerOwner& model, core::Nodes& stage);
@@ -40,57 +40,57 @@ public:
     MyUndoManager undoManager;
     Techniques techniques;
     Gestures gestures;
-    int currentIdentifier = 0; ///< the last one given out
+    int currentIdentifier = 0; ///< the last one used
 
     [[nodiscard]] ActionControllerOwner& model() const { return owner; }
 
-    /// The performance. Survives the end of a run; only deleteAll, undo and the history take
-    /// records out.
+    /// The performance. It stays after a run; only deleteAll, undo and the history remove records.
     [[nodiscard]] const std::vector<XACPtr>& recordedActions() const;
 
     [[nodiscard]] int newIdentifier() { return ++currentIdentifier; }
 
-    /// The one entry for making an action. It is executed at once and, if the timeline runs, kept
-    /// with the present time. Returns without waiting. Main thread.
+    /// Performs an action: its callback is called soon and, if the timeline runs, recorded with the
+    /// current time. All actions come through here. Does not wait. Main thread.
     void addAction(
         std::function<void()> xacFunc,
         int identifier,
         std::string title,
         RegisterUndo registerUndo);
 
-    /// "Left In (TX1, TX2)".
+    /// For example "Left In (TX1, TX2)".
     [[nodiscard]] static std::string
     describe(std::string_view title, const std::vector<core::NodePtr>& which);
 
-    /// One tick of the clock. At time 0 the stage is brought home and emptied; later the records
-    /// that are due are executed, once in each run.
+    /// One tick of the clock. At time 0 the stage is reset to its home pose. Later, records that
+    /// are due are called, once in each run.
     void run(double time);
 
-    /// A new run begins: every record is to be executed again.
+    /// For a new run: every record is due again.
     void markAllNotRun();
 
-    /// A run is over: the stage comes home, nothing is held any more, and what was released but has
-    /// not been executed yet never is.
+    /// Ends a run: the stage returns to its home pose, all held buttons are released, and callbacks
+    /// that are still queued are dropped.
     void endRun();
 
     void append(const XACPtr& xac) override;
-    /// All records of one user act.
+    /// Removes all records of one user action.
     void removeActions(int identifier) override;
 
     void resetAll(CameraHandles handles, const Homecoming& how = {}) const;
-    /// At once. Says so on the console if there are none.
+    /// Resets without animation. Writes to the console if the list is empty.
     static void resetNodes(const std::vector<core::NodePtr>& which);
 
-    /// Forgets the whole performance and plays the opening fly-in.
+    /// Deletes the whole performance and plays the opening fly-in.
     void deleteAll();
 
-    /// With a message that names what is undone or redone; nothing happens where there is nothing.
-    /// At once, or behind the presses that are still on their way into the list.
+    /// Undoes or redoes a step and shows a message with its title. Does nothing if there is no
+    /// step. If presses are still queued, it waits for them.
     void undo();
     void redo();
 
 private:
-    /// Over the serial queue back to the run loop, in the order of sending.
+    /// Runs `onQueue` on the serial queue, then `onLoop` on the run loop, in the order of the
+    /// calls.
     void send(std::function<void()> onQueue, std::function<void()> onLoop);
     void behindPresses(const std::function<void()>& step);
     void keep(const XACPtr& xac);
@@ -98,10 +98,10 @@ private:
 
     ActionControllerOwner& owner;
     std::vector<XACPtr> recordedActions_;
-    int underWay = 0; ///< what was sent and has not come back
-    int performanceNumber =
-        0;             ///< raised by deleteAll: what was under way then is not kept any more
-    int runNumber = 0; ///< raised by the end of each run
+    int underWay = 0; ///< number of calls of `send` that have not come back
+    /// Incremented by deleteAll: records made for an earlier performance are not kept.
+    int performanceNumber = 0;
+    int runNumber = 0; ///< incremented at the end of each run
     std::thread::id ownerThread = std::this_thread::get_id();
     foundation::Lifetime lifetime;
 };

@@ -6,26 +6,26 @@
 
 namespace zelvo::actions {
 
-/// What ActionController needs of the object that owns it.
+/// What ActionController needs from its owner.
 class ActionControllerOwner {
 public:
     virtual ~ActionControllerOwner() = default;
 
-    /// Seconds of the clock, count-in included. Any thread.
+    /// The clock's time in seconds, including the count-in. Any thread.
     [[nodiscard]] virtual double time() const = 0;
     /// Whether the timeline runs, so that actions are recorded. Any thread.
     [[nodiscard]] virtual bool isPlaying() const = 0;
 
-    /// The base duration of animations at the present speed, seconds.
+    /// The base duration of animations at the current speed, in seconds.
     [[nodiscard]] virtual double animationFactor() const = 0;
 
-    /// The one that shows the scene; null if none does.
+    /// The renderer that shows the scene; null if there is none.
     [[nodiscard]] virtual scene::SCNSceneRenderer* currentRenderer() const { return nullptr; }
 
-    /// Ends a run and takes the clock back to 0.
+    /// Ends the run and resets the clock to 0.
     virtual void stopAndReset() = 0;
 
-    /// Where records are built.
+    /// Where records are made.
     [[nodiscard]] virtual foundation::SerialQueue& serialQueue() = 0;
     [[nodiscard]] virtual foundation::RunLoop& runLoop() = 0;
 };

@@ -17,7 +17,7 @@ using scene::SCNAction;
 
 constexpr glm::vec3 kHome{0, 0, 0};
 
-// Radians a point. A drag sideways turns more than one up or down.
+// Radians per point. A sideways drag turns more than one up or down.
 constexpr float kTurnAboutY = -0.03f;
 constexpr float kTurnAboutX = -0.02f;
 constexpr double kTurnDuration = 0.4;
@@ -37,16 +37,16 @@ scene::TimingFunction glide() {
     return bezierTiming(0.1f, 0.7f, 0.5f, 0.98f);
 }
 
-/// A handle and the one axis that it turns about.
+/// A handle, and the axis it turns around.
 struct Handle {
     scene::SCNNode& node;
     glm::vec3 axis;
     const char* nanLine;
 };
 
-/// An orientation beyond a quarter turn has a second reading in Euler angles, half a turn about the
-/// two other axes, and a return by the shortest arc may leave the handle with that one. A relative
-/// turn has to start from the angle about the handle's own axis.
+/// An orientation beyond a quarter turn has two sets of Euler angles, which differ by half a turn
+/// around the other two axes. The return by the shortest way can leave the handle with the wrong
+/// set. A relative rotation must start from the angle around the handle's own axis.
 void readAboutOwnAxis(const Handle& handle) {
     const glm::quat q = handle.node.orientation();
     const float along = q.x * handle.axis.x + q.y * handle.axis.y + q.z * handle.axis.z;

@@ -8,40 +8,40 @@ namespace zelvo::actions {
 class ActionController;
 enum class RegisterUndo;
 
-/// How far a recognised gesture has come.
+/// The state of a recognised gesture.
 enum class GestureState { began, changed, ended, cancelled };
 
-/// Fingers on the scene as camera operator: a pan looks around, a pinch pushes in and springs back,
-/// a double tap brings the stage home. Each step goes through ActionController::addAction, so that
-/// a gesture made during a run is a stream of small records at their times.
+/// Lets fingers move the camera: a pan turns it, a pinch moves it in and it springs back, a double
+/// tap resets the stage. Each step is a recorded action (ActionController::addAction), so a gesture
+/// in a run becomes a series of small records.
 ///
 ///     pan    began ──> changed ... changed ──> ended or cancelled
 ///            "Camera Move"   turns              release
 ///     pinch  began ──> changed ... changed ──> ended
 ///            "Camera Pinch"  further steps      release
 ///
-/// One gesture has one identifier. Its first record stands for it in undo and history; what is
-/// redone is that record alone. Main thread. A gesture begins with its began state.
+/// All records of a gesture share an identifier. The first one represents it in undo and history;
+/// redo brings back only that one. A gesture must start with `began`. Main thread.
 class Gestures {
 public:
     explicit Gestures(ActionController& owner);
 
-    /// One finger or the pressed mouse. `location` is in points of the scene's view, x to the
-    /// right, y down; only its changes count.
+    /// One finger, or the mouse with a pressed button. `location` is in points of the scene's view,
+    /// x right, y down; only its changes matter.
     void pan(GestureState state, const glm::vec2& location);
 
-    /// Two fingers. `velocity` is the growth of their distance in scale factors per second. A
-    /// cancelled pinch is one more step without a release: the camera stays pushed in until the
-    /// next stop.
+    /// Two fingers. `velocity` is the change of their distance, in scale factors per second. A
+    /// cancelled pinch does one more step and no release: the camera stays there until the next
+    /// stop.
     void pinch(GestureState state, float velocity);
 
-    /// Means nothing to the camera.
+    /// Does not move the camera.
     void tap() {}
 
-    /// All nodes and the camera, but not its handles, come home with an overshoot.
+    /// Resets all nodes and the camera, except its handles, with an overshoot.
     void doubleTap();
 
-    /// One step of a pinch: the camera goes `value` scene units further in.
+    /// One step of a pinch: moves the camera `value` scene units further in.
     void pinchCamera(float value, int identifier, RegisterUndo registerUndo);
 
 private:
@@ -51,8 +51,8 @@ private:
 
     ActionController& controller;
     glm::vec2 previousLocation{0};   ///< the last touch of a pan
-    int panningActionIdentifier = 0; ///< of the pan under way or the last one
-    int pinchActionIdentifier = 0;   ///< likewise
+    int panningActionIdentifier = 0; ///< of the current or last pan
+    int pinchActionIdentifier = 0;   ///< of the current or last pinch
 };
 
 } // namespace zelvo::actions

@@ -7,41 +7,41 @@
 
 #include <glm/vec3.hpp>
 
-// How the stage comes home: position, rotation, opacity and size of every level that performances
-// move. The levels that hold the user's layout (positionNode, orientationRotationNode, rotXNode,
-// rotYNode, rotZNode) are left alone.
+// Resets the stage to its home pose: position, rotation, opacity and scale of every level that a
+// performance moves. The levels with the user's layout (positionNode, orientationRotationNode,
+// rotXNode, rotYNode, rotZNode) do not change.
 
 namespace zelvo::actions {
 
-/// Where its text wants a letter. A letter without a place is a programming error.
+/// The place of a letter in its text. A letter without a place is a programming error.
 [[nodiscard]] glm::vec3 placeOf(const content::CharNode& letter);
 
-/// How fast things come home; at once by default.
+/// How fast things return; at once by default.
 struct Homecoming {
-    scene::TimingFunction timing{}; ///< of each of the moves; none means linear
+    scene::TimingFunction timing{}; ///< of each move; empty means linear
     double duration = 0;            ///< seconds
 };
 
 enum class CameraHandles {
-    leave,  ///< where the pan gesture has turned them
-    include ///< straightened with the rest of the camera rig
+    leave,  ///< keep the rotation from the pan gesture
+    include ///< reset them with the rest of the camera rig
 };
 
-/// Ends all actions and animations of one scene node and brings it to the target, unturned, opaque
-/// and at size 1.
+/// Ends all actions and animations of a scene node and moves it to the target, without rotation,
+/// opaque and with scale 1.
 void resetSceneNode(scene::SCNNode& node, const glm::vec3& target, const Homecoming& how);
 
-/// The letters, if it has any, to their places in the text; then the performance levels of the rig
-/// to 0.
+/// Moves letters, if there are any, to their places in the text, and the performance levels of the
+/// rig to 0.
 void resetRig(core::Node& node, const Homecoming& how);
 
-/// The media holder, the four content nodes and the camera rig.
+/// Resets the media holder, the four content nodes and the camera rig.
 void resetStage(const core::Nodes& nodes, CameraHandles handles, const Homecoming& how);
 
-/// Puts the four content nodes so far behind the camera that the distance fade hides them.
+/// Moves the four content nodes so far behind the camera that the distance fade hides them.
 void parkNodes(const core::Nodes& nodes);
 
-/// The move with which the program opens: the content comes from far behind to its place.
+/// The opening animation: the content flies from far behind the camera to its place.
 void playOpeningFlyIn(const core::Nodes& nodes);
 
 } // namespace zelvo::actions

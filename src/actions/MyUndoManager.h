@@ -8,7 +8,7 @@
 
 namespace zelvo::actions {
 
-/// What carrying out an entry does to the list of recorded actions.
+/// What an entry does to the list of recorded actions.
 enum class MyUndoManagerActionType { add, remove };
 
 /// The list that undo and redo change.
@@ -19,12 +19,11 @@ public:
     virtual void removeActions(int identifier) = 0;
 };
 
-/// Undo and redo of the performance: two stacks of what to do to the list of records. The stage
-/// itself is not touched; the change shows on the next run.
+/// Undo and redo of the performance: two stacks of changes to the list of records. The stage itself
+/// does not change; the difference shows in the next run.
 ///
-/// Removing goes by identifier and so takes a whole gesture, while adding puts back only the one
-/// record that the stack holds: a gesture that was undone comes back as its first record alone.
-/// Main thread only.
+/// Removing works by identifier, so it removes a whole gesture. Adding puts back only the record on
+/// the stack: a gesture that was undone comes back as its first record only. Main thread only.
 class MyUndoManager {
 public:
     struct Entry {
@@ -32,18 +31,18 @@ public:
         XACPtr xact;
     };
 
-    using Stack = std::vector<Entry>; ///< last entry on top
+    using Stack = std::vector<Entry>; ///< the last entry is the top
 
     explicit MyUndoManager(UndoneList* list)
         : actionController(list) {}
 
     bool isUndoing = false;
     bool isRedoing = false;
-    UndoneList* actionController; ///< not owned: it owns this manager
+    UndoneList* actionController; ///< not owned; it owns this manager
     Stack undoActions;
     Stack redoActions;
 
-    /// Keeps a new step, which makes redoing what was undone before impossible.
+    /// Adds a new step and clears what could be redone.
     void add(MyUndoManagerActionType type, const XACPtr& xact);
     void clear();
 
@@ -51,11 +50,11 @@ public:
 
     [[nodiscard]] bool canRedo() const { return !redoActions.empty(); }
 
-    /// The title of what would be undone or redone; empty if there is none.
+    /// The title of the next step to undo or redo; empty if there is none.
     [[nodiscard]] std::string undoTitle() const;
     [[nodiscard]] std::string redoTitle() const;
 
-    /// Carries out the top entry. Callers ask canUndo and canRedo first.
+    /// Applies the top entry. Check canUndo or canRedo first.
     void undo();
     void redo();
 

@@ -3,7 +3,7 @@
 
 #include <glm/vec2.hpp>
 
-// Where a pan is going. Velocities are points a second, x to the right, y down.
+// The direction of a pan. Velocities are in points per second, x right, y down.
 
 namespace zelvo::actions {
 
@@ -17,10 +17,10 @@ enum class UIPanGestureRecognizerDirection {
 
 enum class TransitionOrientation { unknown, topToBottom, bottomToTop, leftToRight, rightToLeft };
 
-/// Along the axis on which it is faster, the horizontal one if neither is.
+/// The direction on the axis with the higher speed; horizontal if both are equal.
 [[nodiscard]] UIPanGestureRecognizerDirection direction(const glm::vec2& velocity);
 
-/// Whether it goes that way at more than 1000 points a second.
+/// Whether the pan moves along that axis with more than 1000 points per second.
 [[nodiscard]] bool isQuickSwipe(const glm::vec2& velocity, TransitionOrientation orientation);
 
 } // namespace zelvo::actions

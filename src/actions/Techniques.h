@@ -13,24 +13,24 @@ namespace zelvo::actions {
 
 class ActionController;
 
-/// The full-frame effects and which of them are held at the moment. Those that cannot be built are
-/// left out, with a line on the console; holding them does nothing.
+/// The full-frame effects, and which of them are held now. An effect that cannot be built is left
+/// out and reported on the console; holding it does nothing.
 class Techniques {
 public:
-    /// What a press leaves for its release.
+    /// What a press passes to its release.
     struct Hold {
-        scene::SCNTechniquePtr technique; ///< the press's own copy
+        scene::SCNTechniquePtr technique; ///< a copy for this press
         int identifier = 0;
     };
 
     explicit Techniques(ActionController& owner);
 
-    /// Records that the technique comes on, on top of those that are on. None if there is no such
+    /// Records that the technique starts, on top of the current ones. Nothing if there is no such
     /// technique.
     [[nodiscard]] std::optional<Hold> beginTechnique(std::string_view name, std::string_view title);
-    /// Records that it goes.
+    /// Records that the technique ends.
     void endTechnique(const Hold& hold);
-    /// At the beginning of a run, and when the performance is forgotten: nothing is held.
+    /// For the start of a run and for deleting the performance: ends all techniques.
     void endAll();
 
     [[nodiscard]] const std::vector<scene::SCNTechniquePtr>& currentTechniques() const {
@@ -39,7 +39,7 @@ public:
 
 private:
     void loadTechniques();
-    /// The renderer that shows the scene draws all of them, in the order of pressing.
+    /// Makes the renderer draw all held techniques in the order of pressing.
     void applyTechniques() const;
 
     ActionController& controller;

@@ -16,12 +16,12 @@ bool isEnd(float t) {
     return t == 0.0f || t == 1.0f;
 }
 
-/// A swing that grows towards u = 0, where it is 1.
+/// An oscillation that grows towards u = 0, where it is 1.
 float growingSwing(float u, float period) {
     return std::exp2(10.0f * u) * std::sin((u - period / 4.0f) * -kTwoPi / period);
 }
 
-/// A swing that dies away from u = 0, where it is -1.
+/// An oscillation that decays from u = 0, where it is -1.
 float dyingSwing(float u, float period) {
     return std::exp2(-10.0f * u) * std::sin((u - period / 4.0f) * kTwoPi / period);
 }

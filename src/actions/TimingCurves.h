@@ -3,9 +3,9 @@
 
 #include "platform/scene/Timing.h"
 
-// The family of timing curves that every animation is written with. Each maps progress t in 0 to 1
-// to a value that is 0 at the start and 1 (for springs: nearly 1) at the end, and may leave 0 to 1
-// in between. All arithmetic is in 32-bit floats.
+// The timing curves of all animations. Each maps progress t in 0 .. 1 to a value that starts at 0
+// and ends at 1 (springs: nearly 1), and can leave 0 .. 1 in between. Arithmetic is in 32-bit
+// floats.
 
 namespace zelvo::actions {
 
@@ -14,15 +14,14 @@ namespace zelvo::actions {
 [[nodiscard]] float sineOut(float t);
 [[nodiscard]] float sineInOut(float t);
 
-/// Swings of growing, shrinking, and first growing then shrinking height. A period is a fraction of
-/// the whole time (of half of it for the two halves of elasticInOut); a shorter one swings more
-/// often.
+/// Oscillations that grow, shrink, or first grow and then shrink. The period is a fraction of the
+/// whole time (for elasticInOut, of each half); a shorter period oscillates more often.
 [[nodiscard]] scene::TimingFunction elasticIn(float period);
 [[nodiscard]] scene::TimingFunction elasticOut(float period);
 [[nodiscard]] scene::TimingFunction elasticInOut(float inPeriod, float outPeriod);
 
-/// The step response of a damped spring over 1.5 seconds of its own time. From the critical damping
-/// on, the critically damped form is used.
+/// The step response of a damped spring over 1.5 seconds of its own time. Damping above the
+/// critical value counts as critical.
 struct Spring {
     float damping = 0;
     float stiffness = 0;
@@ -35,8 +34,8 @@ struct Spring {
 [[nodiscard]] scene::TimingFunction
 springTiming(float damping, float stiffness, float mass, float velocity);
 
-/// The cubic curve from (0, 0) to (1, 1) with control points (x1, y1) and (x2, y2), solved for x =
-/// t by Newton's method from s = t in at most five steps.
+/// A cubic Bezier curve from (0, 0) to (1, 1) with control points (x1, y1) and (x2, y2). It is
+/// solved for x = t by at most five steps of Newton's method, starting at s = t.
 struct Bezier {
     float x1 = 0;
     float y1 = 0;

@@ -9,7 +9,7 @@ namespace zelvo::core {
 
 class Node;
 
-/// A node that casts no shadow: all plain transform nodes are of this class.
+/// A node without a shadow. All plain transform nodes have this class.
 class DefaultSCNNode : public scene::SCNNode {
 public:
     DefaultSCNNode() { castsShadow = false; }
@@ -17,7 +17,7 @@ public:
 
 using DefaultSCNNodePtr = std::shared_ptr<DefaultSCNNode>;
 
-/// A node that knows the content it belongs to: how a hit test finds its way back.
+/// A node that knows which content it belongs to. A hit test uses it to find the content.
 class ReferNode : public DefaultSCNNode {
 public:
     std::weak_ptr<Node> wrapperNode;
@@ -25,9 +25,9 @@ public:
 
 using ReferNodePtr = std::shared_ptr<ReferNode>;
 
-/// Content carries this categoryBitMask: lights of mask 4 reach it, lights of mask 2 do not.
+/// The categoryBitMask of content: lights with mask 4 affect it, lights with mask 2 do not.
 inline constexpr std::uint32_t kContentMask = 260;
-/// Touch targets carry this one.
+/// The categoryBitMask of touch targets.
 inline constexpr std::uint32_t kTouchMask = 0x10;
 
 } // namespace zelvo::core

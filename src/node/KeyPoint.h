@@ -13,10 +13,10 @@ struct KeyPoint {
     double time = 0;
 };
 
-/// A time-keyed list of values; a shape of data only, nothing looks values up in it yet.
+/// A list of values at times. Data only: nothing looks values up in it yet.
 struct KeyPointController {
     bool findNearest = false;
-    glm::vec3 defaultValue{0}; ///< where no key point applies
+    glm::vec3 defaultValue{0}; ///< used where no key point applies
     std::vector<KeyPoint> keyPoints;
 };
 

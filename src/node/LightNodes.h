@@ -5,11 +5,11 @@
 
 namespace zelvo::core {
 
-/// The two kinds of light the program adds by hand.
+/// The two kinds of light that the program adds by code.
 struct LightNodes {
-    /// A cone of 60 degrees on the content, bright enough for some hundred units.
+    /// A spot with a cone of 60 degrees for the content, bright enough for some hundred units.
     [[nodiscard]] static DefaultSCNNodePtr spotLight();
-    /// A lamp of the stage, which leaves the content alone.
+    /// A lamp of the stage that does not light the content.
     [[nodiscard]] static DefaultSCNNodePtr
     omniLight(const image::Color& color, const glm::vec3& position);
 };

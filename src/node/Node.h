@@ -23,9 +23,9 @@ enum class Outline {
 };
 enum class Transition { immediate, animated };
 
-/// Every piece of visible content: not one scene node but a fixed chain of them, so that each
-/// concern owns a level and none disturbs another. A performance and its reset leave the user's
-/// layout alone.
+/// The base of all visible content. It is a fixed chain of scene nodes, so that each task has its
+/// own level and none disturbs another. A performance and its reset do not change the user's
+/// layout.
 ///
 ///     Node                      the performance: catalogue actions on the whole
 ///      positionNode             the user's layout: place and size
@@ -36,11 +36,11 @@ enum class Transition { immediate, animated };
 ///           outlineNode         the editing frame
 ///           contentNode         the geometry; catalogue actions on content and letters
 ///
-/// Made by the `make` of each class; lives as long as the stage. Main thread only.
+/// Each class is made by its `make` function and lives as long as the stage. Main thread only.
 class Node : public DefaultSCNNode {
 protected:
-    /// Keeps construction with the `make` functions, which link the chain after the shared pointer
-    /// exists.
+    /// Only the `make` functions can construct, because the chain is linked after the shared
+    /// pointer exists.
     struct Key {
         explicit Key() = default;
     };
@@ -50,15 +50,15 @@ public:
     make(const glm::vec3& home, float size, const Surroundings& surroundings);
     Node(Key key, const glm::vec3& home, float size, const Surroundings& surroundings);
 
-    std::string shortName; ///< in action titles
-    bool isVisible = true; ///< shows with the next updateVisibility
+    std::string shortName; ///< used in titles of actions
+    bool isVisible = true; ///< takes effect with the next updateVisibility
     std::vector<look::XMATPtr> allMaterials;
-    look::XMATPtr currentMaterial; ///< the pair in force; may be null
+    look::XMATPtr currentMaterial; ///< the current pair; may be null
 
     const double borderMargin; ///< thickness of the editing frame's bars, scene units
     const glm::vec3 initialPosition;
     const float initialScale;
-    float scale2D = 1; ///< the user's size; shows with the next applyScale
+    float scale2D = 1; ///< the size set by the user; takes effect with the next applyScale
 
     const DefaultSCNNodePtr positionNode;
     const DefaultSCNNodePtr orientationRotationNode;
@@ -78,14 +78,14 @@ public:
     const std::shared_ptr<scene::SCNPlane> topPlane, rightPlane, bottomPlane, leftPlane;
     const DefaultSCNNodePtr topPlaneNode, rightPlaneNode, bottomPlaneNode, leftPlaneNode;
 
-    /// The material pair by name; absent means that an imported object shows its own materials.
-    /// Setting rebuilds.
+    /// The name of the material pair; nothing if an imported object shows its own materials.
+    /// Setting it rebuilds the look.
     [[nodiscard]] std::optional<look::XMATClasses> currentMaterialName() const {
         return materialName;
     }
 
     void setCurrentMaterialName(std::optional<look::XMATClasses> wanted);
-    /// The first pair of that name, or this node's first pair.
+    /// The first pair with that name, or this node's first pair.
     [[nodiscard]] const look::XMATPtr& materialNamed(look::XMATClasses wanted) const;
 
     [[nodiscard]] const image::Color& frontColor() const { return frontColor_; }
@@ -95,24 +95,24 @@ public:
     virtual void setFrontColor(const image::Color& color);
     virtual void setBandColor(const image::Color& color);
 
-    /// Rebuilds the look from the fields; nothing here.
+    /// Rebuilds the look from the fields; does nothing here.
     virtual void updateContent();
-    /// Home place, size and angles. Changes nothing that a performance animates.
+    /// Resets the user's place, size and angles. Changes nothing that a performance animates.
     virtual void resetLayout();
 
     [[nodiscard]] glm::vec3 layoutPosition() const { return positionNode->position; }
 
     void setLayoutPosition(const glm::vec3& place) { positionNode->position = place; }
 
-    void quarterTurn(); ///< a quarter clockwise, animated
-    void applyScale();  ///< from scale2D; says the new size on messageSignal
+    void quarterTurn(); ///< a quarter turn clockwise, animated
+    void applyScale();  ///< applies scale2D; sends the new size on messageSignal
     void updateVisibility();
     void showOutline(Outline outline, Transition transition = Transition::immediate);
 
     /// The name that the frame shows; empty: none.
     void nameOutline(const std::string& title, NamePlace place) { marks.setName(title, place); }
 
-    /// Fits the frame and the touch target around the content.
+    /// Fits frame and touch target to the content.
     void updateOutline();
 
     /// Where a ray of the scene's space meets the rectangle of the frame: the distance along the
@@ -122,13 +122,13 @@ public:
     [[nodiscard]] float frameArea() const;
 
 protected:
-    /// Links the chain; called once by each `make` as soon as the shared pointer exists.
+    /// Links the chain. Each `make` calls it once, as soon as the shared pointer exists.
     void link();
-    /// Looks up the pair of currentMaterialName and gives it the node's colours; an absent name
-    /// changes nothing.
+    /// Finds the pair of currentMaterialName and gives it the node's colours. Does nothing without
+    /// a name.
     void takeUpMaterial();
 
-    /// For subclasses' own setters: keeps the name without rebuilding.
+    /// For the setters of subclasses: sets the name without rebuilding.
     void keepMaterialName(std::optional<look::XMATClasses> kept) { materialName = kept; }
 
     [[nodiscard]] const Surroundings& surroundings() const { return surroundings_; }

@@ -76,7 +76,7 @@ void Node::showOutline(Outline outline, Transition transition) {
             outlineNode->isHidden = true;
             return;
         }
-        // Weakly: the action is the frame's own and may never come to its end.
+        // Held weakly, because the action belongs to the frame and may never end.
         outlineNode->runAction(
             scene::SCNAction::fadeOut(kFadeDuration), [own = std::weak_ptr(outlineNode)] {
                 if (const auto frame = own.lock())
@@ -100,13 +100,13 @@ void Node::showOutline(Outline outline, Transition transition) {
 
 void Node::updateOutline() {
     const bool wasHidden = contentNode->isHidden;
-    contentNode->isHidden = false; // a hidden content has a frame, too
+    contentNode->isHidden = false; // hidden content has a frame, too
     const geometry::Box box = contentNode->boundingBox();
     contentNode->isHidden = wasHidden;
 
     const float w = paddedSide(box.min.x, box.max.x);
     const float h = paddedSide(box.min.y, box.max.y);
-    // The bars stay equally thick on screen while the node is scaled.
+    // The bars keep their thickness on screen when the node is scaled.
     const glm::vec3 rootScale = scale;
     const double bw = std::abs(borderMargin / static_cast<double>(rootScale.x));
     const double bh = std::abs(borderMargin / static_cast<double>(rootScale.y));

@@ -12,14 +12,14 @@ namespace zelvo::core {
 namespace {
 
 // Scene units on the stage.
-constexpr float kEdge = 0.5f; ///< of each colour, beside a line
+constexpr float kEdge = 0.5f; ///< thickness of each colour, beside a line
 constexpr float kLongestCorner = 24;
 constexpr float kCornerShare = 0.25f; ///< of the shorter side
 constexpr float kNameSize = 10;
 constexpr float kNamePadding = 3;
 constexpr float kNameGap = 4;
 constexpr float kTall = 200;
-// Behind the frame's bars, which lie at 0.
+// Behind the frame's bars, which are at 0.
 constexpr float kBehind = -0.2f;
 constexpr float kFarBehind = -0.4f;
 
@@ -152,7 +152,7 @@ void OutlineMarks::fitName(float unitsOnStage) {
     label->position = glm::vec3(-frame.x / 2, edge, 0) + glm::vec3(right, up, 0) * unitsOnStage;
     const glm::vec2 size = nameSize + 2 * kNamePadding;
     plate.place(size / 2.0f, size);
-    constexpr float kBaseline = 0.15f; // of the size: capitals stand in the middle of the plate
+    constexpr float kBaseline = 0.15f; // share of the size: centres capitals in the plate
     letters->position = glm::vec3(kNamePadding, kNamePadding + kBaseline * kNameSize, 0);
 }
 

@@ -30,13 +30,13 @@ class OutlineMarks {
 public:
     enum class Extent { corners, whole };
 
-    /// The fonts may be missing until a name is set.
+    /// Fonts may be null as long as no name is set.
     explicit OutlineMarks(const text::FontRegistry* given);
 
     [[nodiscard]] const DefaultSCNNodePtr& node() const { return root; }
 
-    /// Sides of the frame and thickness of its lines, in the frame's own units; how many of them
-    /// are one unit on the stage.
+    /// Sides of the frame and thickness of its lines, in the frame's own units. `unitsOnStage` is
+    /// how many of these are one unit on the stage.
     void fit(const glm::vec2& sides, const glm::vec2& line, float unitsOnStage);
     void show(Extent extent);
     void setName(const std::string& name, NamePlace side);
@@ -60,7 +60,7 @@ private:
     const text::FontRegistry* fonts;
     DefaultSCNNodePtr root, edges, corners, label, letters;
     std::vector<Patch> darkEdges, lightEdges;     ///< top, right, bottom, left
-    std::vector<Patch> darkCorners, lightCorners; ///< two of each corner, the level one first
+    std::vector<Patch> darkCorners, lightCorners; ///< two for each corner, the horizontal one first
     Patch plate;                                  ///< behind the name
     glm::vec2 nameSize{0, 0};                     ///< on the stage
     glm::vec2 frame{0, 0};

@@ -17,14 +17,13 @@ namespace zelvo::core {
 
 enum class DeviceIdiom { phone, tablet };
 
-/// What the stage needs of the world around it, handed in at start-up. What the pointers name
-/// outlives every node; none of them may be null.
+/// What the stage needs from outside, passed in at start-up. The objects must outlive all nodes;
+/// pointers must not be null.
 struct Surroundings {
     const text::FontRegistry* fonts = nullptr;
     foundation::UserDefaults* defaults = nullptr;
     foundation::RunLoop* runLoop = nullptr;
-    /// The general alert with the one action "Ok"; called from the run loop. May be empty: then
-    /// nobody is told.
+    /// Shows an alert with the button "Ok"; called on the run loop. If empty, no alerts are shown.
     std::function<void(const std::string& title, const std::string& message)> showAlert;
     DeviceIdiom idiom = DeviceIdiom::tablet;
 };

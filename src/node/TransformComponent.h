@@ -7,7 +7,7 @@
 
 namespace zelvo::core {
 
-/// Carries a transform through model input and output. Times in seconds.
+/// A transform for model input and output. Times in seconds.
 struct TransformComponent {
     glm::mat4 matrix{1};
     bool resetsTransform = true;

@@ -5,8 +5,8 @@
 
 namespace zelvo::ui {
 
-/// The one form of a time in the interface: minutes (below 60), seconds and hundredths,
-/// "1:02.50", each cut to a whole number. Seconds, 0 or more.
+/// The format of times in the interface: "1:02.50", that is minutes (below 60), seconds and
+/// hundredths, each rounded down. `seconds` must not be negative.
 [[nodiscard]] std::string formatTime(double seconds);
 
 } // namespace zelvo::ui

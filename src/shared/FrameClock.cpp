@@ -7,7 +7,7 @@ namespace zelvo::shared {
 
 namespace {
 
-/// In frames: moments are given in rounded seconds.
+/// in frames; allows for times that were rounded
 constexpr double kRounding = 1e-6;
 
 } // namespace

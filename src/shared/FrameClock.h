@@ -9,18 +9,19 @@
 namespace zelvo::shared {
 
 /// The time of a run. It is counted in ticks and never measured. Each tick is one frame of the
-/// movie; those of the count-in are below 0.
+/// movie; the frames of the count-in have negative numbers.
 ///
 ///     tick                0 ........... 120 .......... 600
 ///     frame            -120 ............. 0 .......... 480
-///     time()              0 ..... 120 steps .... 600 steps   seconds; what records keep
-///     secondsOf(frame) ............ 0 steps .... 480 steps   seconds; what the scene is brought to
-///     presentationTime(frame) ......... 0/60 ...... 480/60   seconds; what the file says
+///     time()              0 ..... 120 steps .... 600 steps   seconds; stored in records
+///     secondsOf(frame) ............ 0 steps .... 480 steps   seconds; the scene's time
+///     presentationTime(frame) ......... 0/60 ...... 480/60   seconds; the time in the file
 ///
-/// A step is a hair more than a sixtieth, so that the frame in which a duration ends has reached
-/// it. Steps are multiplied, not added up: sums lose that hair after some twenty seconds.
+/// A step is slightly longer than a sixtieth, so that the frame in which a duration ends has really
+/// reached it. Steps are multiplied, not added up, because sums lose that difference after about
+/// twenty seconds.
 ///
-/// One thread counts, any thread may ask.
+/// One thread counts; any thread may read.
 class FrameClock {
 public:
     static constexpr int kFramesPerSecond = media::VideoSettings::kFramesPerSecond;
@@ -40,21 +41,21 @@ public:
 
     [[nodiscard]] static constexpr double secondsOf(int frames) { return frames * kStep; }
 
-    /// Of a time that is about a frame's, and of one that has to be put on a frame.
+    /// The frame nearest to a time.
     [[nodiscard]] static int nearestFrame(double seconds);
-    /// The frame that is seen at a moment: the last that has come.
+    /// The frame that is shown at a time: the last one that has started.
     [[nodiscard]] static int frameSeenAt(double seconds);
-    /// The first frame that is not before the moment: the one in which a duration ends.
+    /// The first frame at or after a time: a duration ends in this frame.
     [[nodiscard]] static int frameReaching(double seconds);
 
-    /// How many frames a run of that duration draws, both ends included.
+    /// The number of frames drawn in a run of that duration, including both ends.
     [[nodiscard]] static int framesDrawnIn(double duration) { return frameReaching(duration) + 1; }
 
     [[nodiscard]] static constexpr media::CMTime presentationTime(int frame) {
         return {frame, kFramesPerSecond};
     }
 
-    /// What is due at a moment comes with the tick that is at most a third of a step before it.
+    /// Whether a moment is due at a tick. A moment is due up to a third of a step early.
     [[nodiscard]] static constexpr bool hasCome(double moment, double now) {
         return moment - kNearZero <= now;
     }

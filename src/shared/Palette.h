@@ -7,8 +7,8 @@
 
 namespace zelvo::ui {
 
-/// The forty colours the user picks from, in the order of the colour strip: five greys, then the
-/// circle of hues, then four earth tones.
+/// The forty colours that the user can choose, in the order of the colour strip: five greys, the
+/// circle of hues, four earth tones.
 inline constexpr std::array<image::Color, 40> kPalette = {
     image::Color::white(1.0f),
     image::Color::white(2.0f / 3.0f), // light gray
@@ -29,7 +29,7 @@ inline constexpr std::array<image::Color, 40> kPalette = {
 };
 
 inline constexpr std::size_t kWhiteIndex = 0;
-inline constexpr std::size_t kNodeColorIndex = 2; ///< a node's first front and band colour
+inline constexpr std::size_t kNodeColorIndex = 2; ///< the initial front and band colour of a node
 inline constexpr std::size_t kBlackIndex = 4;
 inline constexpr std::size_t kDefaultBackgroundIndex = 26;
 

@@ -9,10 +9,10 @@
 
 namespace zelvo::ui {
 
-/// A typed broadcast. Listeners subscribe with an owner, held weakly: when the owner is gone the
-/// subscription is too. `fire` calls all listeners at once, on the firing thread, in the order of
-/// subscribing; a listener that subscribes during a firing is first called by the next one. Not
-/// synchronised: a signal belongs to one thread.
+/// A typed broadcast. A listener subscribes with an owner, which is held weakly; when the owner is
+/// gone, the subscription ends. `fire` calls all listeners at once, in the order of subscribing. A
+/// listener that subscribes meanwhile is called from the next time on. Not synchronised: use a
+/// signal on one thread only.
 template <class... Data> class Signal {
 public:
     using Callback = std::function<void(const Data&...)>;
@@ -23,8 +23,8 @@ public:
 
     void fire(const Data&... data) {
         std::erase_if(listeners, [](const Listener& listener) { return listener.owner.expired(); });
-        const std::vector<Listener> current =
-            listeners; // listeners may subscribe or drop owners while called
+        // Listeners may subscribe or delete owners while they are called.
+        const std::vector<Listener> current = listeners;
         for (const Listener& listener : current) {
             if (const auto owner = listener.owner.lock())
                 listener.callback(data...);
@@ -40,16 +40,17 @@ private:
     std::vector<Listener> listeners;
 };
 
-/// What timeSignal carries, once per tick.
+/// The data of timeSignal, sent once a tick.
 struct TimeState {
-    double time = 0;          ///< seconds, count-in included
-    double wholeFraction = 0; ///< time over count-in plus duration
-    double runFraction = 0;   ///< of the duration; during the count-in, of the count-in
-    bool isCountIn = true;    ///< time has not passed startCounter
-    double startCounter = 0;  ///< seconds, length of the count-in
+    double time = 0;          ///< seconds, including the count-in
+    double wholeFraction = 0; ///< time divided by count-in plus duration
+    /// progress of the run, 0 to 1; during the count-in, progress of the count-in
+    double runFraction = 0;
+    bool isCountIn = true;   ///< time is not after startCounter
+    double startCounter = 0; ///< seconds, length of the count-in
 };
 
-/// The process-wide signals, in one place so that what fires and what listens need not know each
+/// The process-wide signals. They are in one place so that senders and listeners need not know each
 /// other.
 struct Signals {
     Signal<TimeState> timeSignal;

@@ -5,10 +5,10 @@
 
 namespace zelvo::core {
 
-/// The group that carries the content: three levels to turn it by, then the content nodes.
+/// The group of all content: three levels for rotation, then the content nodes.
 class MediaholderNode final : public scene::SCNNode {
 public:
-    /// Links the levels under the holder.
+    /// Links the levels below the holder.
     [[nodiscard]] static std::shared_ptr<MediaholderNode> make();
     MediaholderNode();
 

@@ -123,8 +123,8 @@ void Nodes::removeEffects() {
     scene::SCNTransaction::begin();
     particleAndParticleLightHolder->removeAllParticleSystems();
     for (const scene::SCNNodePtr& effect : all) {
-        // Somebody may hold the node a moment longer. Particles still at work would make the next
-        // run count its emitters from there and show others.
+        // The node may live a moment longer. Its running particles would then count as emitters in
+        // the next run, and that run would show different particles.
         effect->enumerateHierarchy([](scene::SCNNode& node) { node.removeAllParticleSystems(); });
         effect->removeFromParentNode();
     }

@@ -12,23 +12,23 @@
 
 namespace zelvo::core {
 
-/// Where the camera stands in its rig.
+/// The camera's position in its rig.
 inline constexpr glm::vec3 kCameraHome{0, 0, 345};
 
-/// The permanent stage: made once, then only moved, restyled and re-attached. A scene environment
-/// is built around these same nodes.
+/// The permanent stage. Its nodes are made once and then only moved, restyled and attached to other
+/// scenes. An environment is built around these nodes.
 ///
-/// The camera rig from its root down; each level is one degree of freedom of the virtual operator,
-/// so a pan and a catalogue shake combine without fighting over one transform: cameraJittery,
-/// cameraWiggle, cameraYHandle, cameraXHandle, cameraSuperNode, cameraPinchNode,
-/// cameraSpecialPerspectiveNode, cameraNode.
+/// The camera rig has one level for each degree of freedom, so that a pan and a shake can be
+/// combined without writing to the same node. From the root down: cameraJittery, cameraWiggle,
+/// cameraYHandle, cameraXHandle, cameraSuperNode, cameraPinchNode, cameraSpecialPerspectiveNode,
+/// cameraNode.
 class Nodes {
 public:
     explicit Nodes(const Surroundings& surroundings);
     Nodes(const Nodes&) = delete;
     Nodes& operator=(const Nodes&) = delete;
 
-    /// The process's stage. `makeShared` is called once at start-up, before the first `shared`.
+    /// The stage of the process. Call `makeShared` once at start-up, before `shared`.
     static Nodes& makeShared(const Surroundings& surroundings);
     [[nodiscard]] static Nodes& shared();
 
@@ -47,10 +47,10 @@ public:
     const content::TextNodePtr textNode1;
     const content::TextNodePtr textNode2;
 
-    const DefaultSCNNodePtr fxHolderNode;                   ///< overlay effects; faces the camera
-    const DefaultSCNNodePtr particleAndParticleLightHolder; ///< emptied by every stop
+    const DefaultSCNNodePtr fxHolderNode; ///< overlay effects; always faces the camera
+    const DefaultSCNNodePtr particleAndParticleLightHolder; ///< emptied at every stop
 
-    // Particle resources, all read at start-up, so that no effect pays for its loading.
+    // Particle resources are all read at start-up, so that no effect waits for them.
     const ParticleList fireExplo = ParticleNodes::load("FireExplo.scn");
     const scene::SCNParticleSystemPtr wosherSparkles = ParticleNodes::sparkles();
     const ParticleList particleBigDropExpo = ParticleNodes::load("DropExplo.scn");
@@ -64,17 +64,17 @@ public:
     const ParticleList particleWosh = ParticleNodes::load("Wosh.scn");
     const ParticleList particleXWosh = ParticleNodes::load("XWosh.scn");
 
-    /// What a performance works on, in the order in which it is listed and shown: the two texts,
-    /// the picture, the media shape.
+    /// The nodes that a performance animates, in the order of lists: the two texts, the picture,
+    /// the media shape.
     [[nodiscard]] std::vector<NodePtr> content() const;
 
-    /// What a scene's root holds, in the order of adding: fxHolderNode,
-    /// particleAndParticleLightHolder, cameraJittery, mediaHolderNode.
+    /// The children of a scene's root, in order: fxHolderNode, particleAndParticleLightHolder,
+    /// cameraJittery, mediaHolderNode.
     [[nodiscard]] std::vector<scene::SCNNodePtr> holders() const;
 
-    /// Hangs an effect on a node that holds other things too.
+    /// Adds an effect to a node that also has other children.
     void addEffect(scene::SCNNode& parent, const scene::SCNNodePtr& effect);
-    /// Takes all effects off the stage, with their particles.
+    /// Removes all effects from the stage, with their particles.
     void removeEffects();
 
 private:

@@ -10,12 +10,12 @@ namespace zelvo::core {
 
 using ParticleList = std::vector<scene::SCNParticleSystemPtr>;
 
-/// Loads the particle resources. One that is missing or empty ends the process.
+/// Loads the particle resources. A missing or empty one ends the process.
 struct ParticleNodes {
-    /// The system of a ".scnp" file, or all that hang on the nodes of a scene, parents first; where
-    /// those nodes stand does not matter.
+    /// The system of a ".scnp" file, or all systems in a scene file, parents first; the places of
+    /// its nodes do not matter.
     [[nodiscard]] static ParticleList load(const std::string& file);
-    /// What the sweeping streak sheds.
+    /// The sparkles of the sweeping streak.
     [[nodiscard]] static scene::SCNParticleSystemPtr sparkles();
 };
 
