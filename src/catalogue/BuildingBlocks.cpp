@@ -56,7 +56,7 @@ float randomDegrees(int low, int high) {
 }
 
 Degrees randomTurn(int low, int high) {
-    // Braces keep the draws in the order of the axes.
+    // Braces guarantee the order of the random draws.
     return Degrees{randomDegrees(low, high), randomDegrees(low, high), randomDegrees(low, high)};
 }
 

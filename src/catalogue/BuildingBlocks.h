@@ -11,16 +11,16 @@
 
 #include <vector>
 
-// What the animations of the catalogue are put together from. Durations are seconds, lengths scene
+// The parts that the catalogue's animations are made of. Durations are in seconds, lengths in scene
 // units.
 
 namespace zelvo::catalogue {
 
-/// A place at rest: the node itself, the top of the rig, is what moves, and its layout lives
+/// The rest position of a node. The node itself, the top of its rig, is moved; the user's layout is
 /// further down.
 inline constexpr glm::vec3 kHome{0, 0, 0};
 
-/// Euler angles as the tables give them; turned to radians here and nowhere else.
+/// Euler angles in degrees, as in the tables. Converted to radians only here.
 struct Degrees {
     float x = 0;
     float y = 0;
@@ -31,12 +31,12 @@ struct Degrees {
     }
 };
 
-/// Every rotation that a later one is to supersede, while moves go on, runs under this key.
+/// Rotations use this key, so that a new rotation replaces a running one but not a move.
 inline constexpr const char* kRotateKey = "rotate";
 
 inline constexpr Degrees kUpright{};
 
-/// How an action runs: over `duration` seconds, along a curve (null is linear).
+/// How an action runs: `duration` in seconds and the timing curve (null is linear).
 struct Pace {
     double duration = 0;
     scene::TimingFunction timing{};
@@ -45,31 +45,31 @@ struct Pace {
 [[nodiscard]] scene::SCNActionPtr moveTo(const glm::vec3& place, const Pace& pace = {});
 [[nodiscard]] scene::SCNActionPtr rotateTo(const Degrees& angles, const Pace& pace = {});
 
-/// Jumps to the start, then travels.
+/// Jumps to the start, then moves to the end.
 void moveFromTo(scene::SCNNode& node, const glm::vec3& from, const glm::vec3& to, const Pace& pace);
-/// The same for a rotation; under the rotate key.
+/// The same for a rotation, under kRotateKey.
 void rotateFromTo(scene::SCNNode& node, const Degrees& from, const Degrees& to, const Pace& pace);
-/// The same, keeping company with other rotations.
+/// The same without a key, so that other rotations continue.
 void rotateFromToKeyless(
     scene::SCNNode& node, const Degrees& from, const Degrees& to, const Pace& pace);
 
-/// A uniform integer, both ends included.
+/// A uniform random integer, both ends included.
 [[nodiscard]] int randomBetween(int low, int high);
 /// -1 or 1.
 [[nodiscard]] int randomSign();
 /// randomBetween with a random sign.
 [[nodiscard]] float randomDegrees(int low, int high);
-/// One such angle for each axis.
+/// A random angle for each axis.
 [[nodiscard]] Degrees randomTurn(int low, int high);
-/// A uniform whole number in 0 to span - 1, less half the span.
+/// A uniform random whole number from 0 to span - 1, minus half the span.
 [[nodiscard]] float randomOffset(int span);
 
 using actions::placeOf;
 
 using Letters = std::vector<content::CharNodePtr>;
 
-/// The letters of the texts among the nodes, text by text. Made anew by every change of style:
-/// never to be captured.
+/// The letters of all texts among the nodes. They are rebuilt on every change of style, so never
+/// capture them.
 [[nodiscard]] Letters lettersOf(const std::vector<core::NodePtr>& nodes);
 [[nodiscard]] std::vector<core::NodePtr> nonTextNodes(const std::vector<core::NodePtr>& nodes);
 [[nodiscard]] bool isText(const core::Node& node);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tab CAM: moves of the camera's rig. What is held comes back when it is let go.
+// Tab CAM: moves of the camera's rig. Held moves return when the button is released.
 #include "actions/ActionController.h"
 #include "actions/TimingCurves.h"
 #include "catalogue/BuildingBlocks.h"
@@ -22,7 +22,7 @@ constexpr auto kBackKey = "camBackToNormal";
 
 using Press = std::function<void(const PressContext&, int identifier)>;
 
-/// A press and a release that are one user act.
+/// A button whose press and release are one user action.
 Button heldButton(std::string_view label, std::string_view title, Press press, Press release) {
     const auto box = std::make_shared<int>(0);
     return {
@@ -85,11 +85,11 @@ Button zoomButton() {
         });
 }
 
-/// A cut to another view and back.
+/// Cuts to another view and back.
 struct HalfView {
     std::string_view label;
     std::string_view title;
-    float a; ///< degrees about y
+    float a; ///< degrees around y
     float x;
 };
 

@@ -29,7 +29,7 @@ void record(ActionController& controller, std::string_view title, std::function<
         actions::RegisterUndo::yes);
 }
 
-/// Whole numbers apart, -reach to not quite reach.
+/// A random value from -reach to almost reach, in steps of 1.
 float within(double reach) {
     const std::uint32_t draw = arc4random_uniform(static_cast<std::uint32_t>(2 * reach));
     return static_cast<float>(draw - reach);
@@ -42,7 +42,7 @@ scene::SCNActionPtr quake(double d) {
     std::vector<scene::SCNActionPtr> steps;
     for (int i = kLast; i >= 0; --i) {
         const double a = s * i;
-        // Braces keep the draws in the order of the axes.
+        // Braces guarantee the order of the random draws.
         const glm::vec3 place{within(54 * a), within(50 * a), within(50 * a)};
         steps.push_back(moveTo(place, {0.1 * (kLast - i), swing}));
     }
@@ -53,10 +53,10 @@ struct Turbulence {
     CAKeyframeAnimation::KeyPath keyPath;
     std::uint32_t amplitude;
     glm::vec4 start;
-    float angle; ///< radians for each unit of the amplitude
+    float angle; ///< radians per unit of the amplitude
 };
 
-/// A value off the start: x and y on both sides of it, z mostly nearer.
+/// A value near the start: x and y on both sides of it, z mostly towards the viewer.
 glm::vec4 turbulentValue(const Turbulence& t) {
     const auto u = [&] { return static_cast<float>(arc4random_uniform(t.amplitude)); };
     const auto a = static_cast<float>(t.amplitude);
@@ -119,7 +119,7 @@ void turbulence(const PressContext& context, std::string_view title) {
         using KeyPath = CAKeyframeAnimation::KeyPath;
         const glm::vec4 place(node->position.value(), 0);
         node->addAnimation(turbulent({KeyPath::position, 12, place, 0}), "position");
-        // The axis is as random as the angle, which counts the amplitude in degrees.
+        // The axis is random, too. The amplitude of the angle is in degrees.
         node->addAnimation(
             turbulent({KeyPath::rotation, 8, node->rotation(), glm::radians(1.0f)}), "rotation");
     });

@@ -5,19 +5,18 @@
 
 #include <string_view>
 
-// The camera moves of tab CAM that are over by themselves, each recorded under a title. The rest of
-// the catalogue moves what is on stage; these shake who looks at it.
+// The camera moves of tab CAM that end by themselves. Each is recorded under its title.
 
 namespace zelvo::catalogue {
 
-/// Heavy at first, with shocks that come back weaker. The speed sets its width, not its 5.5
-/// seconds. Drawn now and kept for replays.
+/// An earthquake: strong at first, then weaker. It lasts 5.5 seconds; the speed setting changes its
+/// size. Random values are drawn at the press and kept for replays.
 void quakeCam(const PressContext& context, std::string_view title);
 
-/// A leap ahead and a slow return. Drawn now and kept for replays.
+/// A jump forwards and a slow return. Random values are drawn at the press and kept for replays.
 void shortZoomWiggle(const PressContext& context, std::string_view title);
 
-/// Four seconds of rough air at every speed, drawn anew in each replay.
+/// Four seconds of turbulence at every speed. Random values are drawn anew in each replay.
 void turbulence(const PressContext& context, std::string_view title);
 
 } // namespace zelvo::catalogue

@@ -10,7 +10,7 @@ namespace zelvo::catalogue {
 
 namespace {
 
-// The field MID shows "TXT": title and field differ on purpose.
+// The tab with the field MID shows "TXT".
 // clang-format off
 constexpr auto kTabs = std::to_array<Tab>({
     {"FLY", "FLY", "fly-throughs",                             showFlyBy, {1, 4}},

@@ -10,25 +10,25 @@
 
 namespace zelvo::catalogue {
 
-/// What a button of the catalogue shows: a picture or a text, never both.
+/// What is shown on a button: either a picture or a text.
 struct Face {
     std::string_view image{}; ///< name of a picture resource
     std::string_view label{};
 };
 
-/// One named animation, camera move or effect.
+/// A button for one animation, camera move or effect.
 struct Button {
     Face face;
     std::string_view title; ///< in the history, before the names of the nodes
-    /// Touch-down.
+    /// Called when the button is pressed.
     std::function<void(const PressContext&)> beganFunc;
-    /// Lift-off, for what lasts as long as it is held; empty where a press fires once.
+    /// Called when it is released; empty for buttons that act only when pressed.
     std::function<void(const PressContext&)> endFunc;
 
     [[nodiscard]] bool isHold() const { return static_cast<bool>(endFunc); }
 };
 
-/// Where a tab stands when the row is too wide and is shown in two pages. Both count from 1.
+/// The page and place of a tab when the row is shown on two pages. Both count from 1.
 struct PagePlace {
     int page;
     int place;
@@ -36,20 +36,20 @@ struct PagePlace {
 
 /// A tab of the catalogue.
 struct Tab {
-    std::string_view shortTitle; ///< what the tab's button shows
-    std::string_view field;      ///< its name in the program
+    std::string_view shortTitle; ///< shown on the tab's button
+    std::string_view field;      ///< used in the program
     std::string_view contents;
     std::vector<Button> (*operation)();
     PagePlace onPage;
 
-    /// Made anew by each call.
+    /// The buttons are made anew by each call.
     [[nodiscard]] std::vector<Button> buttons() const { return operation(); }
 };
 
 /// In the order of the row.
 [[nodiscard]] std::span<const Tab> tabs();
 
-/// By short title; null if there is none.
+/// Finds a tab by its short title; null if there is none.
 [[nodiscard]] const Tab* tabNamed(std::string_view shortTitle);
 
 } // namespace zelvo::catalogue

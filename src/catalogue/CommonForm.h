@@ -10,18 +10,18 @@
 #include <string_view>
 #include <vector>
 
-// The form that most buttons have: an action on the affected nodes, recorded with its title and the
-// nodes' names.
+// The usual form of a button: an action on the chosen nodes, recorded with its title and the names
+// of the nodes.
 
 namespace zelvo::catalogue {
 
-/// What is fixed at the press and the same in each replay.
+/// The parameters of an animation, fixed at the press and the same in each replay.
 struct Take {
     const core::Nodes& stage;
     std::vector<core::NodePtr> nodes;
     double d = 0; ///< seconds: the row's factor times the base duration at the press
     scene::TimingFunction timing{};     ///< null is linear
-    scene::TimingFunction restTiming{}; ///< of what is not a letter, where the row says so
+    scene::TimingFunction restTiming{}; ///< for nodes that are not letters, if the row has one
 };
 
 using Body = std::function<void(const Take&)>;
@@ -30,14 +30,14 @@ using Body = std::function<void(const Take&)>;
 struct Row {
     Face face;
     std::string_view title;
-    double factor = 1; ///< times the base duration
+    double factor = 1; ///< multiplies the base duration
     Curve timing = kNoCurve;
     void (*body)(const Take&) = nullptr;
-    Curve restTiming = kNoCurve; ///< of what is not a letter, where it differs
+    Curve restTiming = kNoCurve; ///< for nodes that are not letters, if different
 };
 
-/// A button that brings its nodes home and then runs the body, now and in each replay. With no
-/// nodes affected a press does nothing and takes no identifier.
+/// Makes a button that resets its nodes and then runs the body, at the press and in each replay. If
+/// no nodes are chosen, a press does nothing and uses no identifier.
 [[nodiscard]] Button commonButton(const Row& row, Body body);
 
 [[nodiscard]] std::vector<Button> commonButtons(std::span<const Row> rows);

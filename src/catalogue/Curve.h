@@ -7,14 +7,14 @@
 
 namespace zelvo::catalogue {
 
-/// A timing curve as a value that a table can hold.
+/// A timing curve as a value for tables.
 struct Curve {
     enum class Kind { none, linear, sineIn, elasticIn, elasticOut, bezier, spring };
 
     Kind kind = Kind::none;
     std::array<float, 4> values{};
 
-    /// The curve to run actions with; null for none.
+    /// The curve as a function; null for `none`.
     [[nodiscard]] scene::TimingFunction timing() const;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tab FX2: bursts of particles and light. Their durations do not follow the speed.
+// Tab FX2: bursts of particles and light. Their durations do not depend on the speed.
 #include "actions/ActionController.h"
 #include "catalogue/EffectsRecord.h"
 #include "catalogue/Tabs.h"
@@ -23,7 +23,7 @@ constexpr double kPeak = 1e6;
 enum class Place { middle, random };
 
 struct Flash {
-    double seconds; ///< up to the peak, and the same down again
+    double seconds; ///< up to the peak, and again down
     glm::vec3 color;
     double start;
     Place place = Place::middle;
@@ -47,10 +47,10 @@ constexpr auto kRows = std::to_array<BurstRow>({
 
 // clang-format on
 
-/// Where a burst stands and how it is turned, drawn at the press and kept for replays.
+/// Place and rotation of a burst, drawn at the press and kept for replays.
 struct Pose {
     glm::vec3 position{0};
-    float turn = 0; ///< radians about (1, 1, 1)
+    float turn = 0; ///< radians around (1, 1, 1)
 };
 
 Pose drawnPose(Place place) {

@@ -31,8 +31,8 @@ constexpr glm::vec3 kBeaconStart{-900, 0, 0};
 constexpr glm::vec3 kBeaconEnd{900, 0, 0};
 
 constexpr std::uint32_t kStreakMask = 16;
-constexpr double kSweepShare = 0.33;    ///< of the duration, one of three
-constexpr double kFlickerShare = 0.165; ///< one of six
+constexpr double kSweepShare = 0.33;    ///< share of the duration; three sweeps
+constexpr double kFlickerShare = 0.165; ///< share of the duration; six flickers
 
 Button particleButton(const char* title, core::ParticleList const core::Nodes::*particles) {
     return {
@@ -104,7 +104,7 @@ scene::SCNActionPtr flickerOver(double t) {
     return SCNAction::sequence(std::move(steps));
 }
 
-/// Three passes; the negative scale mirrors the streak on its way back.
+/// Three sweeps. The negative scale mirrors the streak on its way back.
 scene::SCNActionPtr sweepOver(double t, const glm::vec3& start) {
     const auto [x, y, z] = std::array{start.x, start.y, start.z};
     const double step = kSweepShare * t;

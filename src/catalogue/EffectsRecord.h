@@ -8,19 +8,19 @@
 #include <memory>
 #include <string_view>
 
-// What the effects that stand in the scene, not on nodes, have in common.
+// Shared by effects that are added to the scene, not to nodes.
 
 namespace zelvo::catalogue {
 
 using NodePtr = core::DefaultSCNNodePtr;
 
-/// Records an effect under its plain title.
+/// Records an effect; its title is used without names of nodes.
 void recordEffect(const PressContext& context, std::string_view title, std::function<void()> body);
 
-/// Hangs each system of the list on the node, in its order.
+/// Adds all systems to the node, in this order.
 void addParticles(scene::SCNNode& node, const core::ParticleList& list);
 
-/// Takes the node, with its particles, off the stage in one transaction, 0.1 s later on the main
+/// Removes the node and its particles from the stage after 0.1 s, in one transaction, on the main
 /// queue.
 void removeSoon(actions::ActionController& controller, const NodePtr& node);
 

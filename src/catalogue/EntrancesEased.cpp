@@ -17,7 +17,7 @@ using scene::SCNAction;
 
 constexpr double kStagger = 0.05; // seconds, at every speed
 
-/// The nodes come from behind one after another; the wait of each is a share of d.
+/// The nodes come from behind one after another; each waits for a share of d.
 void oneByOne(const Take& take, double waitShare) {
     double number = 0;
     for (const core::NodePtr& node : take.nodes) {
@@ -70,7 +70,7 @@ void droppingIn(const Take& take) {
     }
 }
 
-// Letters come from above and the others from below.
+// Letters come from above, other nodes from below.
 void fallingIn(const Take& take) {
     constexpr float kHeight = 800;
     const Pace pace{take.d, take.timing};

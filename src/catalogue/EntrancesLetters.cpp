@@ -59,7 +59,7 @@ void teaseIn(const Take& take) {
     }
 }
 
-/// Stands at the first angles for a tenth of the time, then turns upright.
+/// Keeps the first angles for a tenth of the time, then rotates to 0.
 scene::SCNActionPtr lateTurn(const Degrees& from, const Take& take) {
     return SCNAction::sequence({
         rotateTo(from),
@@ -90,7 +90,7 @@ void steppedIn(const Take& take, float x) {
     constexpr double kStagger = 0.05; // seconds, at every speed
     const Pace pace{take.d, take.timing};
     const Letters letters = lettersOf(take.nodes);
-    // All letters start at one point of the x axis: x takes the place of the letter's own.
+    // All letters start at the same x, not at their own.
     staggerLetters(
         letters,
         {kStagger},

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tab IN1: straight entrances. The picture tells where the node is heading, the title where it
+// Tab IN1: straight entrances. The picture shows the direction of the move, the title says where it
 // comes from.
 #include "catalogue/StraightMoves.h"
 #include "catalogue/Tabs.h"

@@ -39,7 +39,7 @@ void fadeOut(const Take& take) {
     }
 }
 
-/// How a family of letters leaves. Shares are of d.
+/// How letters leave. Shares are of d.
 struct LetterExit {
     double stagger; ///< seconds, at every speed
     glm::vec3 (*target)(const glm::vec3& place);
@@ -47,7 +47,7 @@ struct LetterExit {
     double fadeShare;
 };
 
-/// `besides` starts what a letter does besides moving and fading.
+/// `besides` starts what a letter does in addition to moving and fading.
 void letLettersLeave(
     const Letters& letters,
     const LetterExit& exit,

@@ -56,7 +56,7 @@ void tilt2Out(const Take& take) {
     tilt(take, {0, -30, 700}, {-135, -60, -20});
 }
 
-/// Turns a letter at random about x and z; the end of the turn snaps it upright again.
+/// Rotates a letter at random around x and z. At the end its rotation jumps back to 0.
 void tumble(content::CharNode& letter, const Pace& pace) {
     const auto aboutX = static_cast<float>(foundation::arc4random_uniform(360));
     const auto aboutZ = static_cast<float>(foundation::arc4random_uniform(360));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Tab OT1: straight exits. The picture and the title tell where the node leaves; it leaves slowly
-// and speeds up.
+// Tab OT1: straight exits. Picture and title show where the node goes. It starts slowly and gets
+// faster.
 #include "catalogue/StraightMoves.h"
 #include "catalogue/Tabs.h"
 

@@ -11,7 +11,7 @@ namespace zelvo::catalogue {
 
 namespace {
 
-/// About the x axis; the other two angles stay.
+/// A rotation around x; the other two angles do not change.
 struct Roll {
     float fromX, toX, y, z;
 };

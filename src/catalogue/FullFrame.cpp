@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tab FX1: full-frame effects and hiding, all of them held. Also the one such effect of tab FX3.
+// Tab FX1: held full-frame effects and hiding. Also the only held effect of tab FX3.
 #include "catalogue/FullFrame.h"
 
 #include "actions/ActionController.h"
@@ -54,7 +54,7 @@ Button techniqueButton(const Face& face, std::string_view technique, std::string
             }};
 }
 
-/// An action that brings what of the nodes is shy to a place at once.
+/// An action that moves the shyNode of each node to a place at once.
 std::function<void()> shyTo(const std::vector<core::NodePtr>& nodes, const glm::vec3& place) {
     return [nodes, place] {
         for (const core::NodePtr& node : nodes)

@@ -5,7 +5,7 @@
 
 namespace zelvo::catalogue {
 
-/// The "Glitch" of tab FX3, held. Its title in the history is another than its name.
+/// The held button "Glitch" of tab FX3. In the history it has a different title.
 [[nodiscard]] Button glitchButton(const Face& face);
 
 } // namespace zelvo::catalogue

@@ -13,8 +13,8 @@ void staggerLetters(
         if (before == BeforeTurn::faded)
             steps.push_back(SCNAction::fadeOut(0));
         steps.push_back(SCNAction::wait(number * stagger.perLetter + stagger.lead));
-        // The letter keeps the completion until then: a shared pointer in it would keep the letter
-        // for ever.
+        // The letter owns this completion until it is called. A shared pointer in it would keep the
+        // letter alive forever.
         const std::weak_ptr<content::CharNode> weak = letter;
         letter->runAction(
             SCNAction::sequence(std::move(steps)), [weak, moves, place = placeOf(*letter)] {

@@ -7,26 +7,26 @@
 
 namespace zelvo::catalogue {
 
-/// When the letters of a staggered animation start. The waits run on the letters themselves, so
-/// that they follow the scene's clock. Seconds, whatever the speed setting.
+/// The start times of letters. Letters wait by actions of their own, so they follow the scene's
+/// clock. In seconds; the speed setting has no effect.
 struct Stagger {
     double perLetter = 0;
-    double lead = 0; ///< before the first letter
+    double lead = 0; ///< wait before the first letter
 };
 
 enum class BeforeTurn {
-    faded, ///< an entrance: unseen until it is the letter's turn
-    asIs   ///< an exit
+    faded, ///< for an entrance: invisible until the letter starts
+    asIs   ///< for an exit
 };
 
-/// Starts a letter's own moves; `place` is where its text wants it.
+/// Starts the moves of one letter; `place` is its place in the text.
 using LetterMoves = std::function<void(content::CharNode& letter, const glm::vec3& place)>;
 
-/// Lets the letters start one after another in the given order.
+/// Starts the letters one after another in the given order.
 void staggerLetters(
     const Letters& letters, const Stagger& stagger, BeforeTurn before, const LetterMoves& moves);
 
-/// The company of staggered letters: jumps to the start, waits, then travels.
+/// For nodes that move together with staggered letters: jumps to the start, waits, then moves.
 void moveAfterWait(
     const std::vector<core::NodePtr>& nodes,
     const glm::vec3& from,

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Tab TXT: what letters do while they stand on stage. Only texts take part, and nothing comes home
-// first: these run over what is going on.
+// Tab TXT: moves of letters that are on stage. Only texts take part, and nothing is reset first, so
+// that other animations continue.
 #include "actions/ActionController.h"
 #include "actions/TimingCurves.h"
 #include "catalogue/LetterRecipe.h"
@@ -22,7 +22,7 @@ using actions::sineInOut;
 using actions::sineOut;
 using scene::SCNAction;
 
-/// What is fixed at the press and the same in each replay.
+/// The parameters of an animation, fixed at the press and the same in each replay.
 struct TextTake {
     const core::Nodes& stage;
     std::vector<core::NodePtr> texts;
@@ -51,7 +51,7 @@ void rotateLettersY(const TextTake& take) {
 
 void punch(const TextTake& take) {
     constexpr Stagger kStagger{.perLetter = 0.045};
-    constexpr float kNear = 85; // whatever the letter's own z is
+    constexpr float kNear = 85; // instead of the letter's own z
     const Pace hop{0.15 * take.d, actions::bezierTiming(0.0f, 0.0f, 0.5f, 1.3f)};
     const LetterMoves moves = [hop](content::CharNode& letter, const glm::vec3& p) {
         letter.runAction(
@@ -66,7 +66,7 @@ void lettersExplosion(const TextTake& take) {
     const Pace back{take.d, elasticOut(2.0f)};
     for (const content::CharNodePtr& letter : catalogue::lettersOf(take.texts)) {
         const glm::vec3 p = placeOf(*letter);
-        // Braces keep the draws in the order of the axes.
+        // Braces guarantee the order of the random draws.
         const glm::vec3 abc{randomOffset(800), randomOffset(800), randomOffset(800)};
         const Degrees r{randomOffset(540), randomOffset(540), randomOffset(540)};
         letter->runAction(SCNAction::sequence({moveTo(p + abc, burst), moveTo(p, back)}));
@@ -75,7 +75,7 @@ void lettersExplosion(const TextTake& take) {
     }
 }
 
-/// One letter after another jumps to `from` and turns to `to`.
+/// Each letter in turn jumps to `from` and rotates to `to`.
 void turnLetters(
     const core::NodePtr& text,
     const Degrees& from,
@@ -94,7 +94,7 @@ void rotateLetters(const TextTake& take) {
         turnLetters(text, {-360, 0, 0}, {0, 0, 0}, take.d, {.perLetter = 0.1});
 }
 
-/// To an angle about y, to its opposite and to rest; the text as a whole.
+/// Rotates the whole text to an angle around y, to the opposite angle and back to 0.
 void swing(scene::SCNNode& node, float a, double d) {
     const double u = 0.3 * d;
     const auto swinging = SCNAction::sequence({
@@ -119,7 +119,7 @@ void bendLetters(const core::NodePtr& text, double d) {
     const Letters letters = lettersOf(text);
     const std::size_t n = letters.size() + letters.size() % 2;
     const float divisor = static_cast<float>(std::max<std::size_t>(n, 2) - 1);
-    // Letters that still lean swing to the other side.
+    // If the letters still lean, they swing to the other side.
     const float f = letters.empty() ? 0 : letters.front()->eulerAngles().x;
     float i = 0;
     for (const content::CharNodePtr& letter : letters) {
@@ -141,8 +141,8 @@ void bendLetters(const TextTake& take) {
 }
 
 struct TextRow {
-    std::string_view title; ///< of the image too
-    double factor;          ///< times the base duration
+    std::string_view title; ///< and name of the image
+    double factor;          ///< multiplies the base duration
     void (*body)(const TextTake&);
 };
 

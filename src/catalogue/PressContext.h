@@ -11,12 +11,12 @@ class ActionController;
 
 namespace zelvo::catalogue {
 
-/// What a press or a release works with, made anew for each of them by whoever presses: the window
-/// from what the user has chosen, the performer from a cue.
+/// What a press or a release needs. Made anew each time: by the window from the user's choices, by
+/// the performer from a cue.
 struct PressContext {
-    actions::ActionController& controller; ///< takes the record; its stage is what is played on
+    actions::ActionController& controller; ///< records the action on its stage
     std::vector<core::NodePtr> affectedNodes;
-    double animationFactor = 0; ///< seconds: the base duration, at the speed of this press
+    double animationFactor = 0; ///< seconds: the base duration at the speed of this press
 };
 
 } // namespace zelvo::catalogue

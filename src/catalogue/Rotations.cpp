@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tab ROT: half turns of the whole stage. They add up, and stay until the stage comes home.
+// Tab ROT: half turns of the whole stage. They add up and stay until the stage is reset.
 #include "actions/ActionController.h"
 #include "catalogue/BuildingBlocks.h"
 #include "catalogue/Curve.h"

@@ -8,7 +8,7 @@
 
 namespace zelvo::catalogue {
 
-/// A straight line between home and a place off stage, over the base duration.
+/// A move in a straight line between home and a place off stage, over the base duration.
 struct StraightRow {
     std::string_view image;
     std::string_view title;

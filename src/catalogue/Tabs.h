@@ -3,8 +3,8 @@
 
 #include "catalogue/Catalogue.h"
 
-// The tabs' operations, one source each; each makes the tab's buttons. Catalogue.cpp puts them in
-// their order.
+// One function for each tab, which makes its buttons; each has its own source file. The order of
+// the tabs is in Catalogue.cpp.
 
 namespace zelvo::catalogue {
 

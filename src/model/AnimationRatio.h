@@ -7,7 +7,7 @@
 
 namespace zelvo::core {
 
-/// The speed setting: how long the animations of the catalogue take.
+/// The speed setting: how long animations of the catalogue take.
 enum class AnimationRatio {
     superSuperSlow,
     superSlow,
@@ -25,7 +25,7 @@ struct SpeedRow {
     std::string_view title;
 };
 
-/// All speeds, slowest first. The factor is the raw value times 0.85, written out.
+/// All speeds, slowest first. The factor is the raw value times 0.85.
 // clang-format off
 inline constexpr auto kSpeeds = std::to_array<SpeedRow>({
     {AnimationRatio::superSuperSlow, 3.0,  2.55,   "Slowest"},
@@ -43,7 +43,7 @@ inline constexpr auto kSpeeds = std::to_array<SpeedRow>({
     return kSpeeds[static_cast<std::size_t>(ratio)];
 }
 
-/// Absent for a value that is none of the seven.
+/// Nothing if the value is not one of the seven.
 [[nodiscard]] constexpr std::optional<AnimationRatio> animationRatioOf(double rawValue) {
     for (const SpeedRow& row : kSpeeds) {
         if (row.rawValue == rawValue)

@@ -3,8 +3,8 @@
 
 namespace zelvo::core {
 
-/// The opacity of what stands so far from the stage's middle (scene units): whole up to 300, gone
-/// from 650 on, linear between. This is what hides a parked node.
+/// The opacity of a node at a distance (scene units) from the stage's middle: 1 up to 300, 0 from
+/// 650 on, linear between. A parked node is hidden by this.
 [[nodiscard]] constexpr float opacityAtDistance(float distance) {
     constexpr float kWhole = 300;
     constexpr float kFadeLength = 350;

@@ -8,8 +8,8 @@ namespace zelvo::core {
 
 HeadlessViewClock::HeadlessViewClock(scene::SCNSceneRenderer& view) {
     ui::signals().timeSignal.subscribe(subscription, [&view](const ui::TimeState& state) {
-        // The signal tells the next tick's time; the frame to be seen is that of the tick under
-        // way.
+        // The signal has the time of the next tick, but the frame to show is that of the current
+        // tick.
         if (!view.scene())
             return;
         const int next = shared::FrameClock::nearestFrame(state.time - state.startCounter);

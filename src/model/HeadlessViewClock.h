@@ -7,9 +7,9 @@
 
 namespace zelvo::core {
 
-/// Keeps a view without a picture going: the scene it shows is animated with every tick of the
-/// model's clock. A view on screen has its own clock and needs none. Between runs a headless scene
-/// stands still.
+/// Drives a view that shows no pictures: it animates the view's scene with every tick of the
+/// model's clock. Between runs the scene does not advance. A view on screen has its own clock and
+/// does not need it.
 class HeadlessViewClock {
 public:
     explicit HeadlessViewClock(scene::SCNSceneRenderer& view);

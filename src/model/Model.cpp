@@ -30,7 +30,7 @@ Model*& sharedModel() {
 
 Model& Model::makeShared(ModelServices services) {
     CHECK(sharedModel() == nullptr, "the model is made once");
-    // Lives as long as the process: there is no orderly shutdown, and nothing is saved at exit.
+    // Never deleted: there is no orderly shutdown, and nothing is saved at exit.
     sharedModel() = std::make_unique<Model>(std::move(services)).release();
     return *sharedModel();
 }
@@ -58,7 +58,7 @@ Model::Model(ModelServices given)
 Model::~Model() {
     if (sceneView_ != nullptr)
         sceneView_->delegate = nullptr;
-    serialQueue_.reset(); // what it has under way reads the clock
+    serialQueue_.reset(); // its jobs read the clock
 }
 
 actions::ActionController& Model::actionController() const {
@@ -81,7 +81,8 @@ void Model::start() {
     blocking = false;
     stop(Reset::toStart);
     setPlaying(true);
-    // An export's ticks come as fast as frames can be made, each a step of the run loop's clock.
+    // In an export, ticks come as fast as frames are made; each is one step of the run loop's
+    // clock.
     services.runLoop.setPacing(
         isRecordingMovie() ? foundation::Pacing::unpaced : foundation::Pacing::realTime);
     timer = services.runLoop.scheduleRepeating(FrameClock::kStep, [this] { runTimedCode(); });
@@ -118,7 +119,7 @@ void Model::runTimedCode() {
     if (isRecordingMovie()) {
         movieWriter().renderFrame(frame);
         if (!isRecordingMovie())
-            return; // the export has failed and stopped the run
+            return; // the export has failed and has stopped the run
     } else {
         audioPlayer_.step(FrameClock::secondsOf(frame));
     }
@@ -155,7 +156,7 @@ void Model::fireTimeSignal() const {
     });
 }
 
-/// On both, whichever shows the scene: an effect stays with the renderer that it was held on.
+/// On both renderers, because an effect stays with the renderer on which it was held.
 void Model::clearTechniques() const {
     for (scene::SCNSceneRenderer* renderer : {sceneView_, movieWriter().renderer()}) {
         if (renderer != nullptr)

@@ -23,31 +23,30 @@
 
 namespace zelvo::core {
 
-/// What the model needs of the world around it. The run loop and the nodes outlive it.
+/// What the model needs from outside. The run loop and the nodes must outlive it.
 struct ModelServices {
     foundation::RunLoop& runLoop;
     Nodes& nodes;
     foundation::Folders folders;
-    movie::FrameSourceFactory makeFrames;      ///< called when the first movie is asked for
-    media::AudioOutputFactory makeAudioOutput; ///< empty: music plays silently
-    std::function<void(const std::string& title, const std::string& message)>
-        showAlert; ///< empty: nobody is told
+    movie::FrameSourceFactory makeFrames;      ///< called when the first movie starts
+    media::AudioOutputFactory makeAudioOutput; ///< empty: the music is silent
+    /// Empty: no alerts are shown.
+    std::function<void(const std::string& title, const std::string& message)> showAlert;
 };
 
 enum class Reset {
-    keepTime, ///< the readout stays where the run ended
+    keepTime, ///< the time display stays where the run ended
     toStart
 };
 
-/// The hub: owns a project's state and its clock. There is no project file, a performance lives
-/// here.
+/// The hub: owns a project's state, its performance and its clock.
 ///
 /// The clock is counted, not measured: each tick of a run adds one step, however late it comes. A
-/// run begins with a count-in of `startCounter` seconds; the performance's own time is the clock's
-/// less that. The same ticks drive the live run and the export, which differ only in how fast they
-/// come and in who consumes them.
+/// run starts with a count-in of `startCounter` seconds; time in the performance is the clock's
+/// time minus that. Live runs and exports use the same ticks; they differ in how fast these come
+/// and in what is done with each frame.
 ///
-///     idle ──start──> count-in ──> performing ──end──> ran out (for 1 s blocking)
+///     idle ──start──> count-in ──> performing ──end──> ended (for 1 s blocking)
 ///       └───────────────toggle, stop────┘
 ///
 /// Main thread only, except `time` and `isPlaying`.
@@ -62,15 +61,14 @@ public:
     Model(const Model&) = delete;
     Model& operator=(const Model&) = delete;
 
-    /// The process's model. `makeShared` is called once at start-up; it then lives as long as the
-    /// process.
+    /// The process's model. Call `makeShared` once at start-up; it lives as long as the process.
     static Model& makeShared(ModelServices services);
     [[nodiscard]] static Model& shared();
 
     // --- the run
     void start() override;
     void stop(Reset reset);
-    /// Starts where nothing runs, else stops and goes back to the start.
+    /// Starts a run, or stops the current one and resets the clock.
     void toggle();
     /// One tick of the clock.
     void runTimedCode();
@@ -79,20 +77,20 @@ public:
 
     [[nodiscard]] bool isPlaying() const override { return isPlaying_; }
 
-    /// Of the performance, count-in not included; 8.0 at first, never below 2.0.
+    /// Seconds of the performance without the count-in. Initially 8.0, never below 2.0.
     [[nodiscard]] double duration() const override { return duration_; }
 
     void setDuration(double seconds);
 
     [[nodiscard]] double startCounter() const { return startCounter_; }
 
-    /// For one second after a live run ran out.
+    /// True for one second after a live run has ended by itself.
     [[nodiscard]] bool isBlocking() const { return blocking; }
 
     // --- the stage
     [[nodiscard]] Nodes& nodes() const { return services.nodes; }
 
-    /// The nodes that the user has chosen for the next press.
+    /// The nodes that the user has chosen for presses.
     [[nodiscard]] const std::vector<NodePtr>& affectedNodes() const { return affectedNodes_; }
 
     void setAffectedNodes(std::vector<NodePtr> nodes) { affectedNodes_ = std::move(nodes); }
@@ -102,22 +100,22 @@ public:
     }
 
     void setCurrentBackgroundColor(const image::Color& color);
-    /// Builds the environment and puts the stage's permanent nodes into it. An index without one is
-    /// a programming error.
+    /// Makes the environment and moves the stage's permanent nodes into it. An invalid index is a
+    /// programming error.
     void setScene(int index);
 
     [[nodiscard]] int currentSceneIndex() const { return currentSceneIndex_; }
 
     [[nodiscard]] const look::SNEPtr& sceneData() const { return sceneData_; }
 
-    /// The on-screen view, or what stands for it. Not owned; null takes it away.
+    /// Sets the view on screen or its replacement. Not owned; null removes it.
     void setSceneView(scene::SCNSceneRenderer* view);
 
     [[nodiscard]] scene::SCNSceneRenderer* sceneView() const { return sceneView_; }
 
-    /// Which renderer shows the scene; done with the next turn of the run loop.
+    /// Chooses the renderer that shows the scene, from the next turn of the run loop on.
     void attachScene(movie::SceneHome home) override;
-    /// The one that shows a scene at the moment; null if none does.
+    /// The renderer that shows the scene now; null if none does.
     [[nodiscard]] scene::SCNSceneRenderer* currentRenderer() const override;
 
     // --- speed
@@ -127,7 +125,7 @@ public:
         return speedOf(animationRatio).animationFactor;
     }
 
-    // --- what it owns
+    // --- what the model owns
     [[nodiscard]] actions::ActionController& actionController() const;
 
     [[nodiscard]] audio::AudioPlayer& audioPlayer() { return audioPlayer_; }
@@ -141,7 +139,7 @@ public:
 
     [[nodiscard]] std::filesystem::path movieURL() const { return movieWriter().movieURL(); }
 
-    // --- for what it owns
+    // --- ActionControllerOwner and MovieWriterOwner
     void stopAndReset() override { stop(Reset::toStart); }
 
     [[nodiscard]] foundation::SerialQueue& serialQueue() override { return *serialQueue_; }
@@ -151,7 +149,7 @@ public:
     [[nodiscard]] std::optional<movie::MusicStretch> music() const override;
     void showAlert(const std::string& title, const std::string& message) override;
 
-    // --- for the renderers: fades what is far from the stage's middle
+    // --- SCNSceneRendererDelegate: fades nodes that are far from the stage's middle
     void rendererUpdateAtTime(scene::SCNSceneRenderer&, double) override {}
 
     void rendererDidApplyAnimationsAtTime(scene::SCNSceneRenderer&, double) override;
@@ -177,7 +175,7 @@ private:
     std::unique_ptr<movie::MovieWriter> movieWriter_;
     std::vector<NodePtr> affectedNodes_;
     look::SNEPtr sceneData_;
-    foundation::Timer timer; ///< its presence means that a run is under way
+    foundation::Timer timer; ///< set while a run is in progress
     foundation::Timer blockingTimer;
     int currentSceneIndex_ = 0;
     bool blocking = false;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a press records, and how presses and releases meet.
+// What a press records, and how presses and releases work together.
 #include "catalogue/CatalogueFixture.h"
 
 #include <gmock/gmock.h>
@@ -44,7 +44,7 @@ TEST_F(ButtonTest, NeedNoLetters) {
             goTo(0.5);
         }
     }
-    press("IN3", "Stepped Left In"); // with no letters the others wait for one stagger
+    press("IN3", "Stepped Left In"); // without letters, the others wait for one stagger
     goTo(0.05 * 0.54);
     expectAt(*nodes.mediaNode, {-800, 0, 0});
     goTo(0.05 * 0.54 + 1.55 * factor + 0.001);
@@ -58,7 +58,7 @@ TEST_F(ButtonTest, RecordWhatWasChosenAtThePress) {
     EXPECT_EQ(controller.undoManager.undoTitle(), "Left In (TX1, TX2)");
     goTo(3);
 
-    // A replay at another speed, with other nodes chosen, is the same action.
+    // A replay at another speed and with other nodes chosen repeats the same action.
     factor = 0.2125;
     affected = {nodes.mediaNode};
     replay();
@@ -113,7 +113,7 @@ TEST_F(ButtonTest, ZoomInFromWhereTheWayBackIs) {
     goTo(0.5 * 0.15 * factor);
     expectAt(special, (onTheWay + glm::vec3(0, 2, -105)) / 2.0f);
     goTo(1);
-    expectAt(special, {0, 2, -105}); // the way back is given up
+    expectAt(special, {0, 2, -105}); // the return is cancelled
 }
 
 TEST_F(ButtonTest, BeginANewRunInStillAir) {

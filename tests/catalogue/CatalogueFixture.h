@@ -13,12 +13,12 @@
 
 namespace zelvo::test {
 
-/// Presses buttons of the catalogue and looks at the stage some time later.
+/// Presses buttons of the catalogue and checks the stage some time later.
 class CatalogueTest : public ControllerTest {
 protected:
     [[nodiscard]] scene::SCNSceneRenderer* currentRenderer() const override { return &view; }
 
-    /// Presses and lets the actions begin; times are then told from here.
+    /// Presses and lets the actions begin; later times count from here.
     void press(std::string_view tabName, std::string_view title) {
         const catalogue::Tab* tab = catalogue::tabNamed(tabName);
         if (tab == nullptr)
@@ -40,7 +40,7 @@ protected:
         settle();
     }
 
-    /// What is recorded from 0 to the present.
+    /// Replays what was recorded since time 0.
     void replay() {
         controller.markAllNotRun();
         controller.run(clock);

@@ -6,7 +6,7 @@ namespace {
 
 class EffectsTest : public test::CatalogueTest {
 protected:
-    /// Nodes that bursts have put on the stage.
+    /// Nodes that bursts have added to the stage.
     [[nodiscard]] const std::vector<scene::SCNNodePtr>& bursts() const {
         return nodes.particleAndParticleLightHolder->childNodes();
     }
@@ -16,7 +16,7 @@ TEST_F(EffectsTest, HaveDiedAwayWhenTheirBurstIsTakenOff) {
     for (const Button& button : tabNamed("FX2")->buttons()) {
         press("FX2", button.title);
         if (bursts().empty())
-            continue; // particles alone
+            continue; // only particles
         const scene::SCNNodePtr node = bursts().front();
         while (node->hasActions())
             goTo(sceneTime - pressedAt + kFrame);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What plays over what is going on: letters, and turns of the whole.
+// Moves of letters and rotations of the whole stage, which run over other animations.
 #include "catalogue/CatalogueFixture.h"
 
 #include <gmock/gmock.h>
@@ -27,9 +27,10 @@ TEST_F(MiddleTest, FansLettersOutAndBackTheOtherWayWhileTheyLean) {
             expectTurned(*nodes.textNode1->letters().at(i), {degrees[i], 0, 0});
     };
     press("TXT", "BendLetters");
-    expectFan(0.175 * factor, {70, 42, 14, -14, -42}); // five letters fan as six
+    // five letters are spread as if there were six
+    expectFan(0.175 * factor, {70, 42, 14, -14, -42});
     expectFan(0.525 * factor, {-70, -42, -14, 14, 42});
-    press("TXT", "BendLetters"); // the first leans to the negative side
+    press("TXT", "BendLetters"); // the first letter leans to the negative side
     expectFan(0.175 * factor, {-70, -42, -14, 14, 42});
     expectFan(2, {0, 0, 0, 0, 0});
     nodes.textNode1->setText("A");

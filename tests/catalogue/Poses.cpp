@@ -15,7 +15,7 @@ namespace zelvo::test {
 
 namespace {
 
-/// In sixteenths of the length: soon after the start most happens.
+/// In sixteenths of the length; most happens soon after the start.
 constexpr auto kMoments = std::to_array<std::size_t>({0, 1, 4, 8, 12, 15, 16});
 
 constexpr auto kHeading =
@@ -31,7 +31,7 @@ constexpr auto kHeading =
 
 constexpr auto kOtherLine = "another line";
 
-/// A new node's, which a snapshot leaves out of what is always there.
+/// The values of a new node, which snapshots leave out for permanent nodes.
 // clang-format off
 const std::map<std::string, std::vector<double>> kNewNode = {
     {"at",        {0, 0, 0}      },
@@ -42,7 +42,7 @@ const std::map<std::string, std::vector<double>> kNewNode = {
 
 // clang-format on
 
-/// Nodes that come and go are named after the node they hang on.
+/// Nodes that come and go are named after their parent.
 bool isPassing(const std::string& who) {
     return who.ends_with('/');
 }
@@ -54,7 +54,7 @@ std::string columnOf(const std::vector<double>& values) {
     return values.empty() ? " -" : text.str();
 }
 
-/// What differs in two lines, in words; empty for nothing. Numbers may be rounded otherwise.
+/// What differs between two lines, in words; empty if nothing does. Different rounding is allowed.
 std::string difference(const std::string& seen, const std::string& wanted) {
     std::istringstream ones(seen), others(wanted);
     std::size_t moment = 0;
@@ -80,7 +80,7 @@ PosesTest::PosesTest() {
     plays = true;
     nodes.textNode1->setText("ABC");
     nodes.textNode2->setText("DE");
-    // Off the axes, so that what takes the place of a coordinate is not like what is added to it.
+    // Off the axes, so that replacing a coordinate and adding to it give different results.
     for (const auto& text : {nodes.textNode1, nodes.textNode2}) {
         for (const content::CharNodePtr& letter : text->letters())
             letter->originalPosition = *letter->originalPosition + glm::vec3(0, 7, 3);
@@ -236,7 +236,7 @@ void PosesTest::nextFrame() {
 }
 
 std::vector<PosesTest::Snapshot> PosesTest::film() {
-    constexpr double kStill = 0.25; // seconds: longer than an effect takes to leave
+    constexpr double kStill = 0.25; // seconds; longer than the removal of an effect takes
     world.runLoop.drain();
     beginActions();
     std::vector<Snapshot> frames{lookAtStage()};
@@ -268,7 +268,7 @@ std::string PosesTest::watch(const std::string& title, const Snapshot& rest) {
                 keys.push_back(key);
         }
     }
-    // What goes the same way shares a line.
+    // Nodes with the same values share a line.
     using Way = std::pair<std::string, std::vector<Values>>;
     std::vector<std::pair<Way, std::string>> lines;
     for (const Key& key : keys) {
@@ -307,7 +307,7 @@ void expectReviewedPoses(const std::string& seen) {
         const std::string other = difference(line, wanted);
         EXPECT_EQ(other, "") << button << '\n' << line << "\nnot\n" << wanted;
         if (other == kOtherLine)
-            return; // the rest may have slipped
+            return; // the other lines may be shifted
     }
 }
 

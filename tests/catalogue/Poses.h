@@ -10,29 +10,30 @@
 
 namespace zelvo::test {
 
-/// What presses do to the stage, as text: the poses of all that moves, from a press to when all
-/// stands still.
+/// The effect of presses on the stage as text: the poses of all nodes that move, from the press
+/// until nothing moves any more.
 class PosesTest : public CatalogueTest {
 protected:
     PosesTest();
 
-    /// A stage at home, where nothing runs; the random source starts anew.
+    /// Resets the stage, stops all actions and seeds the random source.
     void clearStage();
 
     enum class Performance { first, replay };
 
-    /// A block of text for a press and, of what is held, one for its release. A replay is of what
-    /// was performed first, with the random draws that come next.
+    /// Text for a press and, if the button is held, for its release. A replay repeats the recorded
+    /// press with the next random draws.
     [[nodiscard]] std::string
     perform(const catalogue::Button& button, Performance performance = Performance::first);
 
-    /// Exact in binary, so that sums of frames are not rounded, and no wait ends on a frame's edge.
+    /// Exact in binary, so that sums of frames have no rounding errors and no wait ends at a
+    /// frame's edge.
     double poseFrame = 1.0 / 64;
 
 private:
-    using Key = std::pair<std::string, std::string>; ///< who, and what of it
+    using Key = std::pair<std::string, std::string>; ///< node, property
     using Values = std::vector<double>;
-    /// Of nodes that stay, what is not as in a new one; in the order of the tree.
+    /// Only values that differ from those of a new node; permanent nodes in tree order.
     using Snapshot = std::vector<std::pair<Key, Values>>;
 
     void nameWhatStays();
@@ -40,16 +41,16 @@ private:
     [[nodiscard]] Snapshot lookAtStage() const;
     [[nodiscard]] bool isBusy() const;
     void nextFrame();
-    /// All frames until everything stands still.
+    /// All frames until nothing moves any more.
     [[nodiscard]] std::vector<Snapshot> film();
-    /// Text of what is not as in `rest` in the frames until everything stands still.
+    /// Text of all values that differ from `rest`, until nothing moves any more.
     [[nodiscard]] std::string watch(const std::string& title, const Snapshot& rest);
 
-    std::map<const void*, std::string> names; ///< of the nodes and particle systems that stay
+    std::map<const void*, std::string> names; ///< of permanent nodes and particle systems
 };
 
 /// Compares with the reviewed text in tests/catalogue/data/poses.txt. ZELVO_UPDATE_GOLDEN=1 in the
-/// environment writes it anew; read what has changed before you commit it.
+/// environment replaces it; read what has changed before you commit it.
 void expectReviewedPoses(const std::string& seen);
 
 } // namespace zelvo::test

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What each button of the catalogue does, and what holds of all of them.
+// The effect of each button of the catalogue, and rules for all of them.
 #include "catalogue/Poses.h"
 
 #include <gmock/gmock.h>
@@ -12,7 +12,7 @@ using testing::Not;
 
 class PosesTest : public test::PosesTest {
 protected:
-    /// Each on a clear stage, with all nodes chosen.
+    /// Calls `visit` for each button, on a cleared stage with all nodes chosen.
     template <class Visit> void forEachButton(const Visit& visit) {
         for (const Tab& tab : tabs()) {
             for (const Button& button : tab.buttons()) {

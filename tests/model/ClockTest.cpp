@@ -32,7 +32,7 @@ TEST_F(ClockTest, CountsTheRunAndKeepsItsEnd) {
     model.start();
     const double begin = world.runLoop.now();
     runToTheEnd();
-    // 120 steps of slightly more than 1/60 s lie just behind the count-in's 2 s.
+    // 120 steps of slightly more than 1/60 s end just after the count-in's 2 s.
     EXPECT_EQ(countIn, 119);
     EXPECT_EQ(countIn + performing, 601);
     EXPECT_NEAR(world.runLoop.now() - begin, 601.0 / 60, 1e-6);
@@ -95,7 +95,7 @@ TEST_F(ClockTest, FadesWhatIsFarAway) {
     });
     // clang-format on
     view.update(1);
-    view.update(2); // the opening is over
+    view.update(2); // the opening animation has ended
     for (const Row& row : kRows) {
         nodes.imageNode->position = row.place;
         view.update(3);
@@ -116,7 +116,7 @@ TEST_F(ClockTest, MovesTheStageFromSceneToScene) {
         EXPECT_NE(child, nodes.mediaHolderNode);
     EXPECT_NE(nodes.cameraNode->camera, nullptr);
 
-    // Another view comes while a movie is made.
+    // Another view is set while a movie is made.
     scene::HeadlessView other;
     ASSERT_TRUE(model.startMovie());
     world.runLoop.drain();
@@ -154,12 +154,12 @@ TEST_F(ClockTest, StartsTheMusicOnTheSameSampleLiveAndInTheMovie) {
         player.audioPreRoll = preRoll;
         player.audioIn = in;
         std::optional<int> first;
-        double heard = 0; // the first sound, seconds of the movie
+        double heard = 0; // the first sound, in seconds of the movie
         const auto once = std::make_shared<const bool>(true);
         ui::signals().timeSignal.subscribe(once, [&](const ui::TimeState& state) {
             if (first || !player.isPlaying)
                 return;
-            // The signal of a tick comes before its step, and tells the time of the next.
+            // A tick sends its signal before its step, with the time of the next tick.
             const int frame = static_cast<int>(std::lround((state.time - 2) * 60)) - 1;
             first = frame - 1;
             heard = frame / 60.0 + kCue - player.avAudioPlayer->currentTime();

@@ -16,7 +16,8 @@
 
 namespace zelvo::test {
 
-/// The whole model on the virtual clock, with a view that nobody sees and frames that nobody draws.
+/// The whole model on the virtual clock, with a view that is not shown and frames that are not
+/// drawn.
 class ModelTest : public testing::Test {
 protected:
     ModelTest() {
@@ -26,7 +27,7 @@ protected:
         model.movieWriter().completedSignal.subscribe(
             listening,
             [this](const foundation::Result<movie::MovieOutcome>& made) { outcome = made; });
-        world.runLoop.runFor(1); // the opening is over
+        world.runLoop.runFor(1); // the opening animation has ended
     }
 
     void runToTheEnd() {
@@ -41,7 +42,7 @@ protected:
         ASSERT_TRUE(*outcome) << outcome->error().message;
     }
 
-    /// Calls at every signal of the clock.
+    /// Calls back at every signal of the clock.
     void onTime(std::function<void(const ui::TimeState&)> callback) {
         ui::signals().timeSignal.subscribe(listening, std::move(callback));
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The road of one press, from the button to the frames of a movie.
+// A press from the button to the frames of a movie.
 #include "catalogue/Catalogue.h"
 #include "media/MediaFixture.h"
 #include "model/ModelFixture.h"
@@ -19,7 +19,7 @@ protected:
             ->beganFunc({model.actionController(), affected, model.animationFactor()});
     }
 
-    /// A run with presses at moments of the movie.
+    /// A press at a time of the movie.
     struct Cue {
         double at;
         const char* tab;
@@ -39,8 +39,8 @@ protected:
         runToTheEnd();
     }
 
-    /// Where the first text and one of its letters are with every frame of a run, by movie time in
-    /// frames.
+    /// The places of the first text and of one of its letters in every frame of a run, by frame
+    /// number.
     using Track = std::map<int, std::pair<glm::vec3, glm::vec3>>;
 
     class Watcher final : public scene::SCNSceneRendererDelegate {
@@ -78,7 +78,7 @@ protected:
         return watcher.track;
     }
 
-    /// Exports, and watches from the moment that the scene is on the movie's renderer.
+    /// Exports, and records from the moment that the movie's renderer shows the scene.
     Track exportTrack() {
         Watcher watcher(*this);
         outcome.reset();
@@ -151,7 +151,7 @@ TEST_F(PerformanceTest, CountsDelaysByFramesDuringAnExport) {
             world.runLoop.asyncAfter(0.1, [&] { framesAtCall.push_back(rendering.drawn.size()); });
     });
     exportMovie();
-    // The tenth frame is handed on as the thirteenth is begun; a tenth of a second is six frames.
+    // The tenth frame is delivered when the thirteenth starts; a tenth of a second is six frames.
     ASSERT_EQ(framesAtCall.size(), 1U);
     EXPECT_NEAR(static_cast<double>(framesAtCall[0]), 12 + 6, 1);
 }
@@ -187,7 +187,7 @@ TEST_F(PerformanceTest, LeavesNothingOfARunBehind) {
     // clang-format off
     perform({
         {6,   "FX1", "Invert" }, // still held when the run ends
-        {7.8, "FX3", "Beacon" }, // still under way
+        {7.8, "FX3", "Beacon" }, // still running
         {7.9, "FX3", "Wosher" },
         {8,   "IN1", "Left In"}
     });
@@ -203,7 +203,8 @@ TEST_F(PerformanceTest, LeavesNothingOfARunBehind) {
 }
 
 TEST_F(PerformanceTest, ShowsTheSameParticlesInEveryRun) {
-    std::vector<scene::SCNNodePtr> held; // as a burst that is about to go holds its node
+    // holds nodes of bursts, as a burst that is about to end does
+    std::vector<scene::SCNNodePtr> held;
     const auto particlesOfARun = [&] {
         std::vector<glm::vec3> places;
         model.start();

@@ -17,7 +17,7 @@ using image::Color;
 
 class NodeTest : public testing::Test {
 protected:
-    /// A plane of that size as the content, its middle at `middle`.
+    /// Sets a plane of that size as the content.
     void fill(double width, double height, const glm::vec3& middle = glm::vec3(0)) const {
         const auto child = std::make_shared<DefaultSCNNode>();
         child->geometry = std::make_shared<scene::SCNPlane>(width, height);
@@ -142,7 +142,7 @@ TEST_F(NodeTest, ShowsItsFrameWhileContentStaysHidden) {
     EXPECT_TRUE(node->topPlaneNode->isHidden) << "its corners alone";
     node->showOutline(Outline::hidden, Transition::animated);
     scene.applyAnimations(0.35);
-    node->showOutline(Outline::highlighted); // before the fade is over
+    node->showOutline(Outline::highlighted); // before the fade has ended
     scene.applyAnimations(1);
     EXPECT_FALSE(node->outlineNode->isHidden);
     EXPECT_EQ(node->outlineNode->opacity.presented(), 1);
@@ -183,7 +183,7 @@ TEST_F(NodeTest, SaysItsSizeInWholePercent) {
 
     // clang-format off
     const auto rows = std::to_array<Row>({
-        {0.76f,  "Size 76 %" }, // in doubles it would read 75
+        {0.76f,  "Size 76 %" }, // computed in doubles, it would be 75
         {0.999f, "Size 99 %" },
         {2.5f,   "Size 250 %"},
     });

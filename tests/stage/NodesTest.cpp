@@ -107,7 +107,7 @@ TEST(ParticleNodes, KeepTheAirOfAnEnvironmentInMotion) {
 
 TEST(SharedNodesDeathTest, AreOneForTheProcess) {
     EXPECT_DEATH(static_cast<void>(Nodes::shared()), "before it was made");
-    static test::TestWorld world; // outlives the shared stage
+    static test::TestWorld world; // must outlive the shared stage
     Nodes& made = Nodes::makeShared(world.surroundings());
     EXPECT_EQ(&Nodes::shared(), &made);
     EXPECT_EQ(&Nodes::shared(), &Nodes::shared());
