@@ -109,16 +109,15 @@ public:
     void updateVisibility();
     void showOutline(Outline outline, Transition transition = Transition::immediate);
 
-    /// The name that the frame shows; empty: none.
+    /// Sets the name shown at the frame; empty for none.
     void nameOutline(const std::string& title, NamePlace place) { marks.setName(title, place); }
 
     /// Fits frame and touch target to the content.
     void updateOutline();
 
-    /// Where a ray of the scene's space meets the rectangle of the frame: the distance along the
-    /// ray. Empty: it misses.
+    /// The distance along a ray (in scene space) to the frame's rectangle; nothing if it misses.
     [[nodiscard]] std::optional<float> frameDistance(const geometry::Ray& ray) const;
-    /// In square scene units as it stands on the stage.
+    /// The frame's area on the stage, in square scene units.
     [[nodiscard]] float frameArea() const;
 
 protected:

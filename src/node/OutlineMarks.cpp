@@ -138,8 +138,8 @@ void OutlineMarks::setName(const std::string& name, NamePlace side) {
     fitName(nameUnits);
 }
 
-/// The name stands outside of the frame at its left. A tall frame may reach the window's edge, so
-/// there it stands inside. It has the same size on the stage whatever the units of the frame.
+/// Places the name outside of the frame, at the left. The name of a tall frame is inside, because
+/// the frame may reach the window's edge. Its size does not depend on the frame's units.
 void OutlineMarks::fitName(float unitsOnStage) {
     nameUnits = unitsOnStage;
     label->scale = glm::vec3(unitsOnStage);

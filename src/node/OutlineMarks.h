@@ -16,11 +16,11 @@ class FontRegistry;
 
 namespace zelvo::core {
 
-/// On which side of a frame its name stands. Inside of a tall frame it stands below the upper edge.
+/// The side of a frame where its name is. The name of a tall frame is inside, at the upper edge.
 enum class NamePlace { above, below };
 
-/// What makes an editing frame seen on a stage of any colour, and tells whose it is: a dark and a
-/// light edge along its bars, or only its corners, and a name above.
+/// The parts of an editing frame that make it visible on a stage of any colour and show whose frame
+/// it is: dark and light edges along its bars, or only its corners, and a name.
 ///
 ///     Text 1
 ///     ┌─        ─┐
