@@ -11,21 +11,21 @@
 
 namespace zelvo::foundation {
 
-/// Calls by their due time, those due together in the order of their making. The common part of
-/// both run loops; owned by the loop's thread.
+/// Calls sorted by due time; calls that are due together keep the order in which they were made.
+/// Used by both run loops. Owned by the loop's thread.
 class CallQueue {
 public:
     using Key = std::pair<double, std::uint64_t>; ///< due time, order of making
 
     struct Entry {
         std::function<void()> call;
-        double interval = 0; ///< seconds; 0 for a call that comes once
+        double interval = 0; ///< seconds; 0 = called once
         std::shared_ptr<bool> isCancelled;
     };
 
     void add(double due, Entry entry) { entries.emplace(Key{due, ++made}, std::move(entry)); }
 
-    /// When the next live call is due; absent if there is none. Drops cancelled calls on its way.
+    /// When the next call is due; nothing if there is none. Drops cancelled calls.
     [[nodiscard]] std::optional<double> nextDue() {
         while (!entries.empty() && isCancelled(entries.begin()->second)) {
             entries.erase(entries.begin());
@@ -35,15 +35,15 @@ public:
         return entries.begin()->first.first;
     }
 
-    /// Takes the next call out, runs it, and puts a repeating one back to its next beat after the
-    /// given time; beats that were missed are left out.
+    /// Runs the next call. A repeating one is put back with its next due time after the call;
+    /// missed times are skipped.
     void runNext(double now) {
         auto node = entries.extract(entries.begin());
         Entry entry = std::move(node.mapped());
         entry.call();
         if (entry.interval <= 0 || isCancelled(entry))
             return;
-        // The next beat of its own measure: being late does not push all later beats back.
+        // Computed from the old due time, so that one late call does not delay all later ones.
         double due = node.key().first + entry.interval;
         if (due <= now)
             due += entry.interval * std::ceil((now - due) / entry.interval);

@@ -5,9 +5,9 @@
 
 #include <string_view>
 
-// Broken contracts. CHECK stays in release builds: a false condition prints one line with file,
-// line and message on stderr and ends the process (abort). What a user can cause is never checked
-// this way; it is a Result (Result.h).
+// For programming errors. CHECK is also in release builds: if the condition is false, it prints one
+// line with file, line and message to stderr and ends the process (abort). Do not use it for errors
+// that a user can cause; those are a Result (Result.h).
 //
 //     CHECK(index < names.size(), "no scene has index {}", index);
 //     FATAL("init(coder:) has not been implemented");

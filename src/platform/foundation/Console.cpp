@@ -7,7 +7,7 @@
 namespace zelvo::foundation {
 
 void logLine(std::string_view line) {
-    // One write call, so that lines of two threads never mix.
+    // A single write, so that lines of two threads are never mixed.
     std::string whole(line);
     whole += '\n';
     std::fwrite(whole.data(), 1, whole.size(), stderr);

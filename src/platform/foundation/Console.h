@@ -5,8 +5,7 @@
 
 namespace zelvo::foundation {
 
-/// One plain diagnostic line on stderr. No levels: what is worth saying is said once. Safe from
-/// every thread.
+/// Writes one diagnostic line to stderr. There are no log levels. Any thread.
 void logLine(std::string_view line);
 
 } // namespace zelvo::foundation

@@ -7,7 +7,7 @@
 
 namespace zelvo::foundation {
 
-/// Owns an open file of the system; closed when it goes.
+/// Owns a file descriptor and closes it at the end.
 class Descriptor {
 public:
     explicit Descriptor(int opened = -1)

@@ -40,7 +40,8 @@ Bundle::Bundle(std::vector<std::filesystem::path> roots)
 Bundle Bundle::standard() {
     if (const char* given = std::getenv("ZELVO_RESOURCES"))
         return Bundle({given});
-    // Beside the program first: an installed one may have been moved, and its build tree may stand.
+    // Beside the program first: an installed program may have been moved while its build tree still
+    // exists.
     std::error_code ignored;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored);
     return Bundle(

@@ -18,7 +18,7 @@ namespace {
 
 using Stream = rapidjson::InsituStringStream;
 
-/// Lines of a text by offset. Asked for rising offsets, it walks the text once.
+/// Finds the line of an offset. Offsets must be ascending, so that the text is scanned only once.
 class LineCounter {
 public:
     explicit LineCounter(std::string_view whole)
@@ -42,7 +42,7 @@ private:
     int line = 1;
 };
 
-/// The exponent of a zero: "E9" of "-0.00E9". Empty for other numbers, and for what is none.
+/// The exponent of a zero: "E9" in "-0.00E9". Empty for other numbers and for other texts.
 [[nodiscard]] std::string_view exponentOfZero(std::string_view number) {
     const auto at = number.find_first_of("eE");
     if (at == std::string_view::npos || number.find_first_not_of("-0.") != at ||
@@ -56,7 +56,7 @@ private:
     return isWhole ? number.substr(at) : std::string_view{};
 }
 
-/// The library takes a zero with a large exponent for too big a number: blanks take its place.
+/// Replaces exponents of zeros by blanks, because the library reports them as too large.
 void blankExponentsOfZeros(std::string& text) {
     bool isInString = false;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -74,15 +74,15 @@ void blankExponentsOfZeros(std::string& text) {
     }
 }
 
-/// Takes the parser's events and grows the tree. `open` holds the containers that have begun
-/// and not ended; they are moved into their parents when they end, so that no address is kept.
+/// Builds the tree from the parser's events. `open` holds the containers that have begun but not
+/// ended; at their end they are moved into their parents, so that no address must stay valid.
 class TreeBuilder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, TreeBuilder> {
 public:
     TreeBuilder(Stream& source, LineCounter& counter)
         : stream(source)
         , lines(counter) {}
 
-    // The parser calls these by the names it prescribes.
+    // The parser requires these names.
     // NOLINTBEGIN(readability-identifier-naming)
     bool Null() { return add(make(JsonValue::Kind::null)); }
 
@@ -92,7 +92,7 @@ public:
         return add(std::move(made));
     }
 
-    /// The library's own reading of numbers is not exact, or not defined for some zeros.
+    /// Numbers come as text, because the library's conversion is not exact.
     bool RawNumber(const char* chars, rapidjson::SizeType length, bool) {
         auto made = make(JsonValue::Kind::number);
         made.number = QLocale::c().toDouble(QLatin1String(chars, static_cast<qsizetype>(length)));
@@ -125,7 +125,7 @@ public:
     // NOLINTEND(readability-identifier-naming)
 
     JsonValue root;
-    std::string refusal; ///< why parsing was stopped, if it was not for its grammar
+    std::string refusal; ///< why parsing was stopped, if not by a syntax error
 
 private:
     bool refuse(std::string why) {
@@ -225,7 +225,7 @@ tl::expected<JsonValue, Problem> parseJson(std::string_view text) {
     if (text.starts_with(kByteOrderMark))
         text.remove_prefix(kByteOrderMark.size());
 
-    // In place: the library then needs no stack of its own, whose arithmetic begins at null.
+    // In place, because the library's own stack does arithmetic on a null pointer.
     constexpr unsigned kFlags = rapidjson::kParseInsituFlag |
                                 rapidjson::kParseNumbersAsStringsFlag |
                                 rapidjson::kParseValidateEncodingFlag;
@@ -240,7 +240,7 @@ tl::expected<JsonValue, Problem> parseJson(std::string_view text) {
             lines.at(reader.GetErrorOffset()),
             builder.refusal.empty() ? explain(reader.GetParseErrorCode()) : builder.refusal});
     }
-    if (stream.Tell() < text.size()) // at a zero byte, which it takes for the end
+    if (stream.Tell() < text.size()) // at a zero byte, which the library takes for the end
         return tl::unexpected(Problem{
             lines.at(stream.Tell()), explain(rapidjson::kParseErrorDocumentRootNotSingular)});
     return std::move(builder.root);

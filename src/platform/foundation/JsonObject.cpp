@@ -15,9 +15,9 @@ namespace zelvo::foundation {
 
 namespace {
 
-/// Longer lists are not printed whole in a message.
+/// Messages do not list more names than this.
 constexpr std::size_t kMaxListedNames = 14;
-/// Foreign text is quoted up to this many bytes.
+/// Quotes of foreign text are cut to this many bytes.
 constexpr std::size_t kMaxQuotedBytes = 60;
 constexpr std::size_t kMaxKept = 500; ///< problems
 
@@ -30,7 +30,7 @@ constexpr std::size_t kMaxKept = 500; ///< problems
 
 std::string quoted(std::string_view text) {
     std::string shown(text.substr(0, kMaxQuotedBytes));
-    // A cut must not leave half a UTF-8 sequence behind.
+    // Do not cut a UTF-8 sequence in half.
     if (shown.size() < text.size()) {
         while (!shown.empty() && (static_cast<unsigned char>(shown.back()) & 0xC0U) == 0x80U) {
             shown.pop_back();

@@ -14,50 +14,50 @@
 
 namespace zelvo::foundation {
 
-/// Both ends are allowed; `most` may be infinite.
+/// Both ends are included; `most` may be infinite.
 struct Range {
     double least;
     double most;
 };
 
-/// Collects what is wrong with a file, up to a number that nobody reads to the end.
+/// Collects the errors in a file, up to a limit.
 class Problems {
 public:
     void add(int line, std::string text);
 
     [[nodiscard]] bool isEmpty() const { return list.empty(); }
 
-    /// More is not taken: reading on is a waste of time.
+    /// True at the limit; stop reading then.
     [[nodiscard]] bool isFull() const;
 
-    /// Sorted by line, cut off at the limit with a last line that says how many more there are.
+    /// Sorted by line. If there are more than `limit`, a last line says how many are left out.
     [[nodiscard]] std::vector<Problem> sorted(std::size_t limit) const;
 
 private:
     std::vector<Problem> list;
 };
 
-/// Reads a JSON object key by key. Every getter gives nothing for an absent key, and nothing plus a
-/// problem for a value of the wrong kind or range. finish() tells the keys that nobody asked
-/// for, so that no misspelt one is lost, and those that stand twice.
+/// Reads a JSON object key by key. A getter returns nothing if the key is missing. It returns
+/// nothing and reports a problem if the value has the wrong type or range. finish() reports keys
+/// that were never asked for, so that misspelt ones are found, and keys that occur twice.
 ///
 ///     JsonObject object(value, "node TX1", problems);
 ///     if (const auto depth = object.number("depth", {1, 150})) style.depth = *depth;
 ///     object.finish();    // unknown key "dept" in node TX1; did you mean "depth"?
 class JsonObject {
 public:
-    /// `place` names the object in messages ("cue", "nodes[2]"). A value that is no object is a
-    /// problem.
+    /// `place` names the object in messages ("cue", "nodes[2]"). It is a problem if the value is
+    /// not an object.
     JsonObject(const JsonValue& value, std::string place, Problems& found);
 
-    /// The value itself, null if absent, for what is more than a plain value.
+    /// The value itself, for lists and objects; null if missing.
     [[nodiscard]] const JsonValue* find(std::string_view key);
-    /// The value if it is of the kind.
+    /// The same if the value has this kind; otherwise null.
     [[nodiscard]] const JsonValue* find(std::string_view key, JsonValue::Kind kind);
 
     [[nodiscard]] bool has(std::string_view key) { return find(key) != nullptr; }
 
-    /// The object's own line for a key that is not there.
+    /// The line of the key, or of the object if the key is missing.
     [[nodiscard]] int lineOf(std::string_view key);
 
     [[nodiscard]] std::optional<double> number(std::string_view key, Range range);
@@ -67,11 +67,11 @@ public:
     [[nodiscard]] std::optional<glm::dvec2> vector2(std::string_view key, Range range);
     [[nodiscard]] std::optional<glm::dvec3> vector3(std::string_view key, Range range);
 
-    /// One of the names; `what` says of what kind they are ("font").
+    /// A string that must be one of `names`; `what` says what they are ("font").
     [[nodiscard]] std::optional<std::string>
     choice(std::string_view key, std::string_view what, std::span<const std::string> names);
 
-    /// The value of the row of a table of {name, value} that a text names.
+    /// A string that must be a name in a table of {name, value}. Returns the value.
     template <class Table> [[nodiscard]] auto oneOf(std::string_view key, const Table& table) {
         std::vector<std::string> names;
         for (const auto& row : table)
@@ -97,7 +97,7 @@ public:
 
     [[nodiscard]] std::string placeOf(std::string_view key) const;
 
-    /// A problem with the value of a key: `"zFar" in light must be beyond zNear`.
+    /// Reports a problem with the value of a key: `"zFar" in light must be beyond zNear`.
     void report(std::string_view key, std::string_view what);
 
     void finish();
@@ -109,19 +109,18 @@ private:
     const JsonValue& object;
     std::string place;
     Problems& problems;
-    std::vector<std::string> asked; ///< each once, in the order they are told in
+    std::vector<std::string> asked; ///< without duplicates, in the order of the messages
 };
 
-/// `unknown button "Lef In" in tab IN1; did you mean "Left In"?` Without a name that is near, the
-/// whole list is told where it is short.
+/// Makes the message `unknown button "Lef In" in tab IN1; did you mean "Left In"?`. If no name is
+/// similar and the list is short, it lists all names.
 [[nodiscard]] std::string unknownName(
     std::string_view what,
     std::string_view given,
     std::span<const std::string> names,
     std::string_view place = {});
 
-/// Foreign text as a message can hold it: in quotes, short, without line breaks and control
-/// characters.
+/// Foreign text for messages: in quotes, shortened, without line breaks and control characters.
 [[nodiscard]] std::string quoted(std::string_view text);
 
 } // namespace zelvo::foundation

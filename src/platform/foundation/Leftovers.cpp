@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The paths in a folder; none if it cannot be read.
+/// The paths in a folder; empty if it cannot be read.
 std::vector<fs::path> entriesOf(const fs::path& folder) {
     std::vector<fs::path> entries;
     std::error_code error;
@@ -42,7 +42,7 @@ bool TemporaryNames::match(std::string_view name) const {
 }
 
 bool lockAsOwner(const Descriptor& made) {
-    // Where the disk knows no locks nobody else gets one either, and nothing is removed.
+    // On a disk without locks nobody gets one, and nothing is removed.
     (void)flock(made.get(), LOCK_EX);
 
     struct stat state {};

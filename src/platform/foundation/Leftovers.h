@@ -9,8 +9,8 @@
 
 namespace zelvo::foundation {
 
-/// How temporary things are named, so that they can be told from what belongs to the user: a
-/// random part between two fixed ones.
+/// The form of temporary names: a random part between a prefix and a suffix. It tells temporary
+/// files from the user's files.
 struct TemporaryNames {
     std::string_view prefix;
     std::size_t randomLength = 0;
@@ -19,16 +19,15 @@ struct TemporaryNames {
     [[nodiscard]] bool match(std::string_view name) const;
 };
 
-/// Marks a temporary file or folder as in use. The lock goes with the process, however that ends.
-/// False where another process has just removed it as a leftover, which can happen between its
-/// making and its locking: make another.
+/// Marks a temporary file or folder as in use. The lock ends with the process. False if another
+/// process has removed it as a leftover between creation and locking; then make another one.
 [[nodiscard]] bool lockAsOwner(const Descriptor& made);
 
-/// Removes the temporary things in the folder that no process has locked any more: it was killed.
-/// Those of other users stay, and folders that are kept (TemporaryFolder::keep).
+/// Removes temporary files and folders that no process has locked any more, because the process was
+/// killed. Those of other users and kept folders (TemporaryFolder::keep) stay.
 void removeLeftovers(const std::filesystem::path& folder, const TemporaryNames& names);
 
-/// Removes a folder with all that is in it but folders that are kept. Links are not followed.
+/// Removes a folder with its content, except kept folders. Does not follow links.
 void removeUnlessKept(const std::filesystem::path& folder);
 
 } // namespace zelvo::foundation

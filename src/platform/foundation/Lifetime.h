@@ -11,27 +11,26 @@
 
 namespace zelvo::foundation {
 
-/// Lasts as long as the object that holds it. A call that waits in a queue, and a subscription, can
-/// ask it whether that object is still there:
+/// Tells callbacks whether their owner still exists. Use it for calls that wait in a queue and for
+/// subscriptions:
 ///
-///     runLoop.post(lifetime.guard([this] { showTime(); }));   // nothing if this is gone by then
+///     runLoop.post(lifetime.guard([this] { showTime(); }));   // does nothing if this is gone
 ///
-/// Declare it as the last member: so it ends before the others do.
+/// Declare it as the last member, so that it ends before the others.
 ///
-/// Guarded calls know their owner by its address. An owner can therefore be neither copied nor
-/// moved.
+/// Guarded calls hold the address of their owner, so the owner can be neither copied nor moved.
 ///
-/// Threads: the owner has one thread. It is made, asked for guards, and destroyed there, and guarded
-/// calls are called there (debug builds check the call). On another thread the owner could go in the
-/// middle of the call. A guarded call may be copied, handed over and destroyed on any thread, as it
-/// does not own the token: work of another thread posts it to the owner's run loop.
+/// Threads: the owner is made, asked for guards, and destroyed on one thread, and guarded calls are
+/// called on that thread (checked in debug builds); otherwise the owner could be destroyed during a
+/// call. A guarded call can be copied, passed on and destroyed on any thread, because it does not
+/// own the token. Work on another thread posts it to the owner's run loop.
 class Lifetime {
     struct Token {
         std::thread::id thread = std::this_thread::get_id();
     };
 
 public:
-    /// Asks whether a lifetime has ended, and does not prolong it.
+    /// Tells whether a lifetime has ended, without extending it.
     class Watch {
     public:
         [[nodiscard]] bool hasEnded() const {
@@ -66,7 +65,7 @@ public:
         return Watch(token);
     }
 
-    /// The same call, which does nothing once the owner is gone.
+    /// The same call, but it does nothing after the owner is gone.
     template <class Call> [[nodiscard]] auto guard(Call call) const {
         return [watch = watch(), call = std::move(call)](auto&&... arguments) -> void {
             static_assert(

@@ -23,17 +23,17 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr TemporaryNames kNames{".zelvo-", 16, ".part"};
-constexpr mode_t kMode = 0666; ///< less what the user's mask takes away
-constexpr int kMaxLinks = 40;  ///< as many as the system follows
+constexpr mode_t kMode = 0666; ///< minus the user's umask
+constexpr int kMaxLinks = 40;  ///< the system's own limit
 
-/// Not from the seeded source of the animations, which anybody can follow.
+/// A random name. Not from the seeded source of the animations, because that can be predicted.
 std::string unguessableName() {
     std::random_device device;
     const std::uint64_t high = device();
     return fmt::format("{}{:016x}{}", kNames.prefix, high << 32U | device(), kNames.suffix);
 }
 
-/// Where the links lead, also to a place where nothing is yet.
+/// The path at the end of a chain of links, even if nothing exists there.
 Result<fs::path> endOfLinks(const fs::path& target) {
     fs::path place = target;
     std::error_code error;
@@ -68,8 +68,8 @@ Result<NewFile> NewFile::inFolderOf(const fs::path& target, Use use) {
     return made;
 }
 
-/// By the rules that the system follows links by, so that a link that it would not follow here is
-/// refused.
+/// Checks the target by the system's own rules for links, so that a link that the system would not
+/// follow is refused.
 Result<void> NewFile::checkTarget() const {
     struct stat state {};
 
@@ -171,12 +171,12 @@ Result<void> NewFile::commit(Placing placing) {
     temporaryName.clear();
     if (isLasting) {
         const Descriptor entries(openat(folder.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-        (void)fsync(entries.get()); // not every disk can; the file is whole in any case
+        (void)fsync(entries.get()); // not all disks can do this; the file is complete in any case
     }
     return {};
 }
 
-/// Gives it a name beside its place, from where a renaming puts it over what stands there.
+/// Gives the file a name beside its place; a rename then replaces what is there.
 Result<void> NewFile::link() {
     if (!temporaryName.empty())
         return {};

@@ -11,42 +11,42 @@
 
 namespace zelvo::foundation {
 
-/// A file that comes to its place whole or not at all; what stood there before stands until then.
+/// Writes a file that appears complete or not at all. Until then, an old file stays in its place.
 ///
-/// While it is written it has no name, so that nothing is left of it if the process is killed and
-/// nobody can guess where it lies. On disks that know no such files it has a random name beside
-/// its place, which the next check of that folder clears away.
+/// While it is written the file has no name. So nothing is left if the process is killed, and
+/// nobody can guess its path. On disks without support for this it has a random name in the target
+/// folder; the next `check` of that folder removes it if it is left over.
 ///
-/// A symbolic link is followed, and what is no regular file is not replaced.
+/// Symbolic links are followed. A target that is not a regular file is not replaced.
 class NewFile {
 public:
     enum class Use {
-        lasting,   ///< is on the disk, not only on its way there, before it takes its place
-        temporary, ///< need not outlive a power failure
+        lasting,   ///< is flushed to the disk before it is put in place
+        temporary, ///< may be lost in a power failure
     };
     enum class Placing { replacing, onlyIfFree };
 
-    /// Errors: unwritable.
+    /// Error: `unwritable`.
     [[nodiscard]] static Result<NewFile>
     create(const std::filesystem::path& target, Use use = Use::lasting);
-    /// As on a disk that knows no files without a name.
+    /// The variant for disks that do not support files without a name.
     [[nodiscard]] static Result<NewFile>
     createNamed(const std::filesystem::path& target, Use use = Use::lasting);
 
-    /// Whether a file could be put there, to be asked before the work on it begins. Clears away
-    /// what killed processes have left in the folder.
+    /// Tests whether the file could be written; call it before long work. Also removes leftovers of
+    /// killed processes from the folder.
     [[nodiscard]] static Result<void> check(const std::filesystem::path& target);
 
     NewFile(NewFile&&) noexcept = default;
     NewFile& operator=(NewFile&&) = delete;
     ~NewFile();
 
-    /// Opens this same file, for libraries that open by name.
+    /// A path that opens this file, for libraries that need a path.
     [[nodiscard]] std::filesystem::path path() const;
 
     [[nodiscard]] Result<void> write(std::span<const std::byte> bytes);
 
-    /// Puts it into its place. Without this it is gone with the object.
+    /// Puts the file in place. Without this it is deleted with the object.
     [[nodiscard]] Result<void> commit(Placing placing = Placing::replacing);
 
 private:
@@ -60,12 +60,12 @@ private:
     [[nodiscard]] Result<void> link();
     [[nodiscard]] tl::unexpected<Error> failed() const;
 
-    std::filesystem::path target; ///< as it was asked for
+    std::filesystem::path target; ///< as given by the caller
     Use use;
     Descriptor folder;
-    std::string placeName; ///< in the folder
+    std::string placeName; ///< file name in the folder
     Descriptor file;
-    std::string temporaryName; ///< in the folder; empty: none
+    std::string temporaryName; ///< file name in the folder; empty: none
 };
 
 } // namespace zelvo::foundation

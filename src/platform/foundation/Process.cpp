@@ -21,7 +21,7 @@ namespace {
 
 constexpr int kFailed = 1;
 
-/// Nothing here may ask for memory.
+/// Must not allocate memory.
 [[noreturn]] void endWithoutMemory() {
     constexpr std::string_view kLine =
         "zelvo: there is not enough memory; close other programs, or make a smaller picture or "
@@ -30,7 +30,7 @@ constexpr int kFailed = 1;
     std::_Exit(kFailed);
 }
 
-/// Libraries throw what they have no memory for.
+/// Libraries throw if they get no memory.
 [[noreturn]] void endUncaught() {
     try {
         if (const auto thrown = std::current_exception())
@@ -43,7 +43,7 @@ constexpr int kFailed = 1;
     std::abort();
 }
 
-/// Qt aborts behind a fatal message, so that it has to be seen.
+/// Qt aborts after a fatal message, so that one must be shown.
 void takeQtMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (type == QtFatalMsg)
         logLine("zelvo: " + text.toStdString());
@@ -54,7 +54,7 @@ void takeQtMessage(QtMsgType type, const QMessageLogContext&, const QString& tex
 void prepareProcess() {
     std::set_new_handler(&endWithoutMemory);
     std::set_terminate(&endUncaught);
-    // Who looks for a fault of Qt's or Mesa's asks for their messages, and gets them.
+    // Show messages of Qt and Mesa if somebody has asked for them.
     if (std::getenv("QT_LOGGING_RULES") == nullptr)
         qInstallMessageHandler(&takeQtMessage);
     // clang-format off

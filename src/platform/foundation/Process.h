@@ -5,12 +5,12 @@
 
 namespace zelvo::foundation {
 
-/// What a program does first: what libraries say of their own stays off the console, and where
-/// memory runs out the process ends with one line and status 1.
+/// Call it first in main: keeps messages of libraries off the console; if memory runs out, the
+/// process ends with one line and status 1.
 void prepareProcess();
 
-/// Ends the process with one line and status 1, as a file that belongs to the program is missing or
-/// damaged: "zelvo: StageScene.scn is missing; …".
+/// Ends the process with one line and status 1, because one of the program's own files is missing
+/// or damaged: "zelvo: StageScene.scn is missing; …".
 [[noreturn]] void endWithoutResource(std::string_view what);
 
 } // namespace zelvo::foundation

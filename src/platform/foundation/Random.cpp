@@ -7,8 +7,8 @@ namespace zelvo::foundation {
 
 namespace {
 
-// The standard pins this engine's sequence, so a seed means the same on every machine; its
-// distributions it does not pin, so the bounded draw below is our own.
+// The standard defines this engine exactly, so a seed means the same on every machine. It does not
+// define its distributions exactly, so the bounded draw below is our own.
 std::mt19937& source() {
     static std::mt19937 engine(0);
     return engine;
@@ -38,7 +38,7 @@ std::uint32_t arc4random() {
 std::uint32_t arc4random_uniform(std::uint32_t upperBound) {
     if (upperBound < 2)
         return 0;
-    // 2^32 mod bound: draws below it would favour small results.
+    // 2^32 mod bound: smaller draws would favour small results.
     const std::uint32_t minimum = (0U - upperBound) % upperBound;
     std::uint32_t draw = arc4random();
     while (draw < minimum) {

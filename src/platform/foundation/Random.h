@@ -5,18 +5,18 @@
 
 namespace zelvo::foundation {
 
-/// Starts the process-wide random source anew. The same seed gives the same draws in the same
-/// order, on any machine. The first seed, before any call, is 0. Main thread only, like the draws.
+/// Seeds the process-wide random source. The same seed gives the same draws in the same order on
+/// every machine. The initial seed is 0. Main thread only, like the draws.
 void seedRandom(std::uint64_t seed);
 
-/// The seed that the source was started with last.
+/// The last seed.
 [[nodiscard]] std::uint64_t randomSeed();
 
-/// A uniform draw in 0 .. upperBound - 1; 0 for a bound of 0 or 1. Without modulo bias.
+/// A uniform random number in 0 .. upperBound - 1, without modulo bias; 0 if the bound is 0 or 1.
 [[nodiscard]] std::uint32_t
 arc4random_uniform(std::uint32_t upperBound); // NOLINT(readability-identifier-naming)
 
-/// A whole 32-bit draw.
+/// A random 32-bit number.
 [[nodiscard]] std::uint32_t arc4random(); // NOLINT(readability-identifier-naming)
 
 } // namespace zelvo::foundation

@@ -9,27 +9,25 @@
 
 namespace zelvo::foundation {
 
-/// Why something that a user can cause did not work. A closed list: callers decide by it, people
-/// read the message.
+/// Why an operation failed that a user can cause to fail. Code decides by the cause; people read
+/// the message.
 enum class Cause {
     notFound,    ///< no such file, font, name
-    unreadable,  ///< there, but it cannot be opened or read
-    malformed,   ///< read, but not what its format allows
-    tooLarge,    ///< over one of our limits on bytes, depth, count or ratio
-    unsupported, ///< well formed, but nothing we handle
-    unwritable,  ///< the target cannot be made or written (denied, full disk)
-    unavailable, ///< the machine lacks a service (graphics, encoder, sound device)
-    cancelled,   ///< the user stopped it; not a failure
+    unreadable,  ///< exists, but cannot be opened or read
+    malformed,   ///< does not follow its format
+    tooLarge,    ///< over a limit of bytes, depth, count or ratio
+    unsupported, ///< correct, but not supported here
+    unwritable,  ///< cannot be created or written (no permission, disk full)
+    unavailable, ///< the machine lacks something (graphics, encoder, sound device)
+    cancelled,   ///< stopped by the user; not a failure
 };
 
-/// A failure with its path of contexts. The message is one sentence that says what to do where
-/// something can be done.
+/// An error with its context. The message is one sentence; if possible, it says what to do.
 struct Error {
     Cause cause = Cause::malformed;
     std::string message;
 
-    /// The same error with the enclosing element put before the message: "song.mp3: not a sound
-    /// file".
+    /// Adds a context in front of the message: "song.mp3: not a sound file".
     [[nodiscard]] Error in(std::string_view context) const {
         return {cause, std::string(context) + ": " + message};
     }

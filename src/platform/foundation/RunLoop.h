@@ -7,7 +7,7 @@
 
 namespace zelvo::foundation {
 
-/// Ends a timer or a delayed call when it goes out of scope. Movable; empty by default. It may
+/// Owns a timer or a delayed call and ends it when destroyed. Movable; empty by default. It may
 /// outlive its run loop.
 class Timer {
 public:
@@ -22,7 +22,7 @@ public:
     Timer& operator=(const Timer&) = delete;
     ~Timer();
 
-    /// Ends it now; nothing is called any more. Harmless when there is none.
+    /// Ends it: nothing is called any more. Does nothing if it is empty.
     void invalidate();
 
     [[nodiscard]] bool isValid() const { return static_cast<bool>(invalidator); }
@@ -31,49 +31,50 @@ private:
     std::function<void()> invalidator;
 };
 
-/// A serial queue: work runs one after another, in the order of posting. On the wall clock it has a
-/// thread of its own; on the virtual clock the run loop drains it in its own fixed order. Results
-/// go back through RunLoop::post.
+/// A serial queue: jobs run one after another, in the order of posting. With the wall clock it has
+/// a thread; with the virtual clock the run loop runs the jobs in a fixed order. Results are sent
+/// back with RunLoop::post.
 class SerialQueue {
 public:
     virtual ~SerialQueue() = default;
 
-    /// Queues the work and returns at once. Any thread.
+    /// Queues the job and returns at once. Any thread.
     virtual void async(std::function<void()> work) = 0;
 };
 
-/// How fast the loop's own clock runs.
+/// The speed of the loop's clock.
 enum class Pacing {
-    realTime, ///< as the wall clock does (the virtual clock has no such wait and always jumps)
-    /// the next due timer is taken at once and time jumps to it: an export, in which one frame of
-    /// the loop's clock passes per frame written, however long it took to make
+    realTime, ///< like the wall clock (the virtual clock never waits)
+    /// Does not wait: the next due timer is called at once and time jumps to it. For exports: each
+    /// frame written takes one frame of the loop's time, however long it took to make.
     unpaced,
 };
 
-/// The main queue, delayed calls and timers, behind one interface with two clocks: the wall clock
-/// for the application (on Qt's event loop) and the virtual clock for the command line, tests and
-/// benchmarks. No code outside the run loop reads a wall clock or sleeps.
+/// The main queue, delayed calls and timers, with one interface for two clocks: the wall clock for
+/// the application (on Qt's event loop), and the virtual clock for the command line, tests and
+/// benchmarks. Only the run loop reads a wall clock or sleeps.
 ///
-/// Times are seconds. Calls that are due together run in the order of their making. Everything but
-/// `post` belongs to the thread that made the loop, and callbacks run on that thread.
+/// Times are in seconds. Calls that are due together run in the order in which they were made. All
+/// functions except `post` must be called on the thread that made the loop; callbacks run there,
+/// too.
 class RunLoop {
 public:
     virtual ~RunLoop() = default;
 
-    /// The loop's clock: 0 when the loop was made.
+    /// The loop's time; 0 when the loop was made.
     [[nodiscard]] virtual double now() const = 0;
 
-    /// Queues a call behind those already queued. Any thread.
+    /// Queues a call after those already queued. Any thread.
     virtual void post(std::function<void()> call) = 0;
 
-    /// Calls once after the delay (at least one turn of the loop later). Not kept: the call cannot
-    /// be taken back.
+    /// Calls once after the delay, at the earliest in the next turn of the loop. Cannot be
+    /// cancelled.
     virtual void asyncAfter(double delay, std::function<void()> call) = 0;
 
-    /// Calls once after the delay unless the timer has ended before.
+    /// Calls once after the delay, unless the timer is ended before.
     [[nodiscard]] virtual Timer scheduleOnce(double delay, std::function<void()> call) = 0;
 
-    /// Calls every interval from now on. A late call is not made up for. The call may end its own
+    /// Calls at every interval from now on. Missed calls are skipped. The call may end its own
     /// timer.
     [[nodiscard]] virtual Timer scheduleRepeating(double interval, std::function<void()> call) = 0;
 
@@ -81,14 +82,14 @@ public:
 
     virtual void setPacing(Pacing pacing) = 0;
 
-    /// Runs queued calls and due timers until `done` says true (asked after each call) or nothing
-    /// is left that could ever run; says whether `done` was reached.
+    /// Runs queued calls and due timers until `done` returns true (asked after each call) or
+    /// nothing is left to run. Returns whether `done` was reached.
     virtual bool runUntil(const std::function<bool()>& done) = 0;
 };
 
-/// Jumps from one due call to the next: a test of a ten-second run takes milliseconds. Repeatable
-/// to the bit. Posts from other threads (an encoder's completion, say) are taken up in the order of
-/// their coming.
+/// Jumps from one due call to the next, so a run of ten seconds takes milliseconds. Exactly
+/// repeatable. Posts from other threads (such as an encoder's completion) run in the order of
+/// arrival.
 class VirtualRunLoop final : public RunLoop {
 public:
     VirtualRunLoop();
@@ -103,15 +104,15 @@ public:
     void setPacing(Pacing pacing) override;
     bool runUntil(const std::function<bool()>& done) override;
 
-    /// Runs all that is due up to and including the given time, then stands at that time.
+    /// Runs all calls due up to and including that time, and sets the clock to it.
     void runTo(double time);
     /// runTo(now() + duration).
     void runFor(double duration);
-    /// Runs what is queued for this very moment, without moving the clock.
+    /// Runs the calls that are due now, without advancing the clock.
     void drain();
 
-    /// While held by at least one owner, runUntil waits for posts of other threads instead of
-    /// giving up when nothing else is left. To be ended on the loop's own thread.
+    /// As long as the result is held, runUntil waits for posts from other threads when nothing else
+    /// is left, instead of returning. End it on the loop's thread.
     [[nodiscard]] Timer expectPosts();
 
 private:
@@ -119,9 +120,9 @@ private:
     std::shared_ptr<State> state;
 };
 
-/// The wall clock, on Qt's event loop: needs a QCoreApplication for as long as it lives. Serial
-/// queues have a thread each. In unpaced mode its own clock jumps from one due call to the next,
-/// while Qt goes on handling events between.
+/// The wall clock, on Qt's event loop; needs a QCoreApplication. Each serial queue has a thread. In
+/// unpaced mode the clock jumps from one due call to the next, and Qt handles its events between
+/// two calls.
 class WallRunLoop final : public RunLoop {
 public:
     WallRunLoop();

@@ -9,8 +9,7 @@ namespace zelvo::foundation {
 
 namespace {
 
-/// Longer texts are no slips of the hand, and the distance takes time with the product of the
-/// lengths.
+/// Longer texts are no typing errors, and the time grows with the product of the lengths.
 constexpr std::size_t kMaxLength = 80;
 
 [[nodiscard]] char folded(char c) {

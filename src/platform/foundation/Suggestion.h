@@ -8,11 +8,11 @@
 
 namespace zelvo::foundation {
 
-/// How many single edits (insert, delete, replace, swap of neighbours) lead from one text to the
-/// other; the case of ASCII letters does not count. The restricted Damerau-Levenshtein distance.
+/// The number of single edits (insert, delete, replace, swap neighbours) from one text to the
+/// other, ignoring ASCII case. The restricted Damerau-Levenshtein distance.
 [[nodiscard]] int editDistance(std::string_view from, std::string_view to);
 
-/// The candidate that was most likely meant, absent if none is near.
+/// The candidate that was probably meant; nothing if none is similar.
 [[nodiscard]] std::optional<std::string>
 nearest(std::string_view given, std::span<const std::string> candidates);
 

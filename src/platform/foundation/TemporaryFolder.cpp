@@ -21,7 +21,7 @@ namespace {
 
 constexpr const char* kTemplate = "zelvo-run-XXXXXX";
 constexpr TemporaryNames kNames{"zelvo-run-", 6, ""};
-constexpr mode_t kKeptMode = 01700; ///< the sticky bit tells later processes to leave it
+constexpr mode_t kKeptMode = 01700; ///< the sticky bit tells later processes to keep it
 
 /// The folders of this process.
 struct Standing {
@@ -37,7 +37,7 @@ Standing& standing() {
 } // namespace
 
 Result<TemporaryFolder> TemporaryFolder::make(const std::filesystem::path& parent) {
-    std::error_code ignored; // it shows with the folder
+    std::error_code ignored; // errors show when the folder is made
     std::filesystem::create_directories(parent, ignored);
     removeLeftovers(parent);
     while (true) {
@@ -82,8 +82,7 @@ void TemporaryFolder::removeLeftovers(const std::filesystem::path& parent) {
 void TemporaryFolder::removeAll() {
     const std::lock_guard guard(standing().mutex);
     for (const auto& folder : standing().folders) {
-        // Under another name first: threads that are still at work would make files in it
-        // meanwhile.
+        // Renamed first, because running threads could make new files in it meanwhile.
         auto aside = (folder.parent_path() / kTemplate).string();
         std::error_code ignored;
         if (mkdtemp(aside.data()) != nullptr)

@@ -8,11 +8,11 @@
 
 namespace zelvo::foundation {
 
-/// A folder of this process alone, which no other user can look into; gone with the object. What a
-/// killed process has left goes when the next one makes or looks for its own.
+/// A private folder of this process, deleted with the object. Leftovers of killed processes are
+/// removed when another process calls `make` or `removeLeftovers`.
 class TemporaryFolder {
 public:
-    /// A new folder in the given one, which is made if need be. Errors: unwritable.
+    /// Makes a new folder in `parent`, which is created if needed. Error: `unwritable`.
     [[nodiscard]] static Result<TemporaryFolder> make(const std::filesystem::path& parent);
     ~TemporaryFolder();
 
@@ -21,19 +21,19 @@ public:
 
     [[nodiscard]] const std::filesystem::path& path() const { return folder; }
 
-    /// Leaves the folder to the user, with what is in it.
+    /// Leaves the folder and its content to the user.
     void keep();
 
-    /// Removes the folders that killed processes have left in the given one.
+    /// Removes folders in `parent` that killed processes have left.
     static void removeLeftovers(const std::filesystem::path& parent);
 
-    /// Removes all folders of this process, for an end that runs no destructors. Any thread.
+    /// Removes all folders of this process, for an exit without destructors. Any thread.
     static void removeAll();
 
 private:
     TemporaryFolder(std::filesystem::path made, Descriptor lock);
 
-    std::filesystem::path folder; ///< empty: moved on
+    std::filesystem::path folder; ///< empty after a move
     Descriptor owner;
 };
 

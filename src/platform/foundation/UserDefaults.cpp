@@ -67,7 +67,7 @@ UserDefaults::UserDefaults(std::filesystem::path path)
     }
 }
 
-// One reader for all types: a value of another type counts as missing.
+// One reader for all types; a value of another type counts as missing.
 template <class T>
 static std::optional<T>
 valueOf(const std::map<std::string, UserDefaults::Value>& values, const std::string& key) {

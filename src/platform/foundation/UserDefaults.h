@@ -10,20 +10,19 @@
 
 namespace zelvo::foundation {
 
-/// Small values kept between launches, by key. Every change is on disk when the call returns (a
-/// process that dies in the next line has left its mark). A damaged or missing file counts as
-/// empty; a file that cannot be written is said once on the console, and the values live on in
-/// memory.
+/// Small values kept between launches. Every change is on disk when the call returns, so it
+/// survives a crash. A damaged or missing file counts as empty. If the file cannot be written, this
+/// is reported once on the console and the values stay in memory.
 class UserDefaults {
 public:
     using Value = std::variant<bool, double, std::string, std::vector<std::string>>;
 
-    /// Kept in memory only.
+    /// In memory only.
     UserDefaults() = default;
-    /// Kept in the given file (JSON), which is read now.
+    /// Stored in the given file (JSON), which is read now.
     explicit UserDefaults(std::filesystem::path path);
 
-    /// Absent if the key was never written or holds a value of another type.
+    /// Nothing if the key is missing or its value has another type.
     [[nodiscard]] std::optional<std::string> string(const std::string& key) const;
     [[nodiscard]] std::optional<std::vector<std::string>> strings(const std::string& key) const;
     [[nodiscard]] std::optional<bool> boolean(const std::string& key) const;

@@ -15,7 +15,7 @@ namespace {
 
 constexpr double kForever = std::numeric_limits<double>::infinity();
 
-/// Work drained by the run loop itself, each item as a posted call: one fixed order for everything.
+/// A queue whose jobs are run by the run loop itself, each as a posted call, in one fixed order.
 class LoopDrivenQueue final : public SerialQueue {
 public:
     explicit LoopDrivenQueue(VirtualRunLoop& owner)
@@ -32,7 +32,7 @@ private:
 struct VirtualRunLoop::State {
     CallQueue timed;
     double now = 0;
-    int expecting = 0; ///< owners of expectPosts
+    int expecting = 0; ///< number of holders of expectPosts
     std::thread::id thread = std::this_thread::get_id();
 
     std::mutex mutex;
@@ -48,7 +48,7 @@ struct VirtualRunLoop::State {
         return call;
     }
 
-    /// One posted call, or else the next timed call due by `limit`. False if there is neither.
+    /// Runs one posted call, or else the next timed call due by `limit`. False if there is neither.
     bool runOne(double limit) {
         if (const auto call = takePost()) {
             call();
@@ -62,7 +62,7 @@ struct VirtualRunLoop::State {
         return true;
     }
 
-    /// Waits for a post of another thread, as long as one is expected.
+    /// Waits for a post of another thread if one is expected.
     bool waitForPost() {
         if (expecting == 0)
             return false;
@@ -112,7 +112,7 @@ std::unique_ptr<SerialQueue> VirtualRunLoop::makeSerialQueue(std::string) {
     return std::make_unique<LoopDrivenQueue>(*this);
 }
 
-// This clock never waits, so both paces are the same to it.
+// This clock never waits, so pacing makes no difference.
 void VirtualRunLoop::setPacing(Pacing) {}
 
 bool VirtualRunLoop::runUntil(const std::function<bool()>& done) {

@@ -20,8 +20,7 @@ namespace zelvo::foundation {
 
 namespace {
 
-/// One worker thread that runs its items in order. What is still queued when it is destroyed is run
-/// first.
+/// A worker thread that runs its jobs in order. Jobs still queued at destruction are run first.
 class ThreadedQueue final : public SerialQueue {
 public:
     ThreadedQueue()
@@ -63,21 +62,20 @@ private:
     std::condition_variable wake;
     std::deque<std::function<void()>> items; ///< guarded by mutex
     bool isEnding = false;                   ///< guarded by mutex
-    std::thread worker;                      // last: it uses all of the above
+    std::thread worker;                      // last, because it uses the members above
 };
 
 } // namespace
 
-/// The loop's clock is the wall clock plus what unpaced stretches jumped ahead. One Qt timer wakes
-/// for the next due call; each turn runs a single call, so that Qt's own events are never starved
-/// by an unpaced clock.
+/// The loop's clock is the wall clock plus the jumps of unpaced phases. One Qt timer fires for the
+/// next due call. Each turn runs a single call, so that Qt can always handle its own events.
 struct WallRunLoop::State {
-    QObject receiver; ///< lives on the loop's thread; queued posts come to it
+    QObject receiver; ///< lives on the loop's thread; posts are sent to it
     QTimer wake;
     QElapsedTimer wall;
     CallQueue timed;
     Pacing pacing = Pacing::realTime;
-    double offset = 0; ///< seconds added to the wall clock while paced in real time
+    double offset = 0; ///< seconds added to the wall clock
     double unpacedNow = 0;
 
     State() {

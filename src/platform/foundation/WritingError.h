@@ -7,8 +7,7 @@
 
 namespace zelvo::foundation {
 
-/// What an errno of opening, writing or renaming says of the file: unwritable, with what to do
-/// about it.
+/// Turns the errno of opening, writing or renaming a file into an error: `unwritable`, with advice.
 [[nodiscard]] Error writingError(int errorNumber, const std::filesystem::path& file);
 
 } // namespace zelvo::foundation
