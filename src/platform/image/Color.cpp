@@ -44,7 +44,7 @@ HSBColor toHSB(const Color& color) {
 
 Color fromHSB(const HSBColor& color) {
     const float hue = (color.hue - std::floor(color.hue)) * 6;
-    // Each component is a trapezoid over the hue, the same one turned by two sextants.
+    // Each component is the same trapezoid over the hue, shifted by two sextants.
     const auto component = [&](float turn) {
         const float sextant = std::fmod(turn + hue, 6.0f);
         const float slope = std::clamp(std::min(sextant, 4 - sextant), 0.0f, 1.0f);

@@ -9,7 +9,7 @@
 
 namespace zelvo::image {
 
-/// A colour as people pick it: sRGB components, not linear, straight alpha, all 0 to 1.
+/// A colour as users choose it: sRGB (not linear), straight alpha, all components 0 to 1.
 struct Color {
     float red = 0;
     float green = 0;
@@ -33,12 +33,11 @@ struct Color {
 
     [[nodiscard]] static constexpr Color clear() { return {0, 0, 0, 0}; }
 
-    /// From "#RRGGBB" (either case); absent for anything else.
+    /// From "#RRGGBB" (upper or lower case); nothing for any other text.
     [[nodiscard]] static std::optional<Color> parse(std::string_view text);
 };
 
-/// Hue, saturation, brightness in 0 to 1. A hue outside is accepted and taken modulo 1, negative
-/// ones too.
+/// Hue, saturation, brightness in 0 .. 1. A hue outside, also a negative one, is taken modulo 1.
 struct HSBColor {
     float hue = 0;
     float saturation = 0;
@@ -49,7 +48,7 @@ struct HSBColor {
 [[nodiscard]] HSBColor toHSB(const Color& color);
 [[nodiscard]] Color fromHSB(const HSBColor& color);
 
-/// The grey reading of a colour: 0.299 red + 0.587 green + 0.114 blue (ITU-R BT.601 luma).
+/// The grey value of a colour: 0.299 red + 0.587 green + 0.114 blue (ITU-R BT.601 luma).
 [[nodiscard]] float whiteOf(const Color& color);
 
 /// The sRGB transfer function of one component and its inverse (IEC 61966-2-1).

@@ -13,15 +13,14 @@ namespace zelvo::image {
 
 class LightProbe;
 
-/// A picture: rows from top to bottom, RGBA, 8 bits a component, straight alpha, no padding.
-/// Immutable once shared.
+/// A picture: RGBA with 8 bits a component, straight alpha, rows from the top without gaps. Not
+/// changed any more once it is shared.
 struct Image {
     int width = 0;
     int height = 0;
     std::vector<std::uint8_t> pixels; ///< 4 * width * height bytes
 
-    /// Image-based light made of this picture when resources were baked; absent for pictures that
-    /// are no environment.
+    /// Image-based light, baked from this picture; null if the picture is not an environment.
     std::shared_ptr<const LightProbe> lightProbe;
 
     Image() = default;
@@ -35,15 +34,15 @@ struct Image {
 
 using ImagePtr = std::shared_ptr<const Image>;
 
-/// Writes a PNG. Errors: unwritable.
+/// Writes a PNG. Error: `unwritable`.
 [[nodiscard]] foundation::Result<void>
 savePNG(const Image& image, const std::filesystem::path& file);
 
-/// Writes a JPEG with little loss; the alpha is dropped. Errors: unwritable.
+/// Writes a JPEG of high quality, without alpha. Error: `unwritable`.
 [[nodiscard]] foundation::Result<void>
 saveJPEG(const Image& image, const std::filesystem::path& file);
 
-/// The picture as a mask filled with the colour: its alpha is kept, its colours are replaced.
+/// Replaces all colours by this one and keeps the alpha.
 [[nodiscard]] Image tinted(const Image& image, const Color& color);
 
 } // namespace zelvo::image

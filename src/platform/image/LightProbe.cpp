@@ -24,7 +24,7 @@ namespace {
 
 static_assert(std::endian::native == std::endian::little, "probes are stored little-endian");
 
-// A file: magic, version, number of levels, side (32 bits each), the irradiance, then the levels.
+// The file: magic, version, number of levels, side (32 bits each), irradiance, levels.
 constexpr std::array<std::uint32_t, 4> kHeader{
     0x42504C5AU, // "ZLPB"
     1,

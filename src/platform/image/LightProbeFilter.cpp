@@ -16,13 +16,13 @@ namespace zelvo::image {
 namespace {
 
 constexpr float kPi = std::numbers::pi_v<float>;
-constexpr int kSourceSide = 256; ///< the sharpest octahedral copy of the picture
+constexpr int kSourceSide = 256; ///< side of the sharpest octahedral copy
 constexpr int kMinSide = 4;
-constexpr int kIrradianceSide = 64; ///< the copy that irradiance is gathered from
-constexpr int kSubsamples = 4;      ///< a side, for each texel of the sharpest copy
+constexpr int kIrradianceSide = 64; ///< side of the copy used for the irradiance
+constexpr int kSubsamples = 4;      ///< per side of each texel of the sharpest copy
 constexpr float kBrightest = 65504; ///< the largest half float
 
-/// A square octahedral map with a border of one texel that repeats what lies over the fold.
+/// A square octahedral map with a border of one texel, which repeats the texels across the fold.
 class OctahedralMap {
 public:
     explicit OctahedralMap(int side)
@@ -31,7 +31,7 @@ public:
 
     [[nodiscard]] int side() const { return side_; }
 
-    /// Columns and rows from -1 to side, the border included.
+    /// Columns and rows go from -1 to side, including the border.
     [[nodiscard]] glm::vec3& at(int column, int row) { return texels[index(column, row)]; }
 
     [[nodiscard]] const glm::vec3& at(int column, int row) const {
@@ -78,7 +78,7 @@ private:
     std::vector<glm::vec3> texels;
 };
 
-/// The mean over one texel of the sharpest copy.
+/// The mean of the picture over one texel of the sharpest copy.
 glm::vec3 unfoldedTexel(const Radiance& radiance, int column, int row) {
     constexpr int kCount = kSubsamples * kSubsamples;
     constexpr float kStep = 1.0f / (kSourceSide * kSubsamples);
@@ -117,7 +117,7 @@ OctahedralMap halved(const OctahedralMap& large) {
     return map;
 }
 
-/// The picture at falling sharpness, each copy half as wide as the one before.
+/// Copies of the picture, each half as wide as the one before.
 class Chain {
 public:
     explicit Chain(const Radiance& radiance) {
@@ -145,15 +145,14 @@ private:
     std::vector<OctahedralMap> maps;
 };
 
-/// One light direction in the frame of the normal (z), its weight, and how sharp the picture is
-/// read.
+/// A light direction in the frame of the normal (z), its weight, and the copy to read.
 struct Sample {
     glm::vec3 direction;
     float weight;
     float level;
 };
 
-/// The second coordinate of the Hammersley points: the bits of i mirrored at the point.
+/// The second coordinate of the Hammersley points: the bits of i, mirrored at the binary point.
 float radicalInverse(std::uint32_t i) {
     std::uint32_t bits = 0;
     for (unsigned bit = 0; bit < 32; ++bit)
@@ -161,9 +160,9 @@ float radicalInverse(std::uint32_t i) {
     return static_cast<float>(bits) * 0x1p-32f;
 }
 
-/// Directions drawn by the GGX distribution for a view along the normal (Karis 2013), each reading
-/// the copy whose texels are as large as the share of the sphere it stands for (Colbert and
-/// Krivanek 2007, "GPU-Based Importance Sampling").
+/// Random directions by the GGX distribution, for a view along the normal (Karis 2013). Each reads
+/// the copy whose texels match its share of the sphere (Colbert and Krivanek 2007, "GPU-Based
+/// Importance Sampling").
 std::vector<Sample> ggxSamples(float roughness, int count) {
     const float alpha = roughness * roughness;
     const float alpha2 = alpha * alpha;
@@ -181,8 +180,8 @@ std::vector<Sample> ggxSamples(float roughness, int count) {
             continue;
 
         const float spread = cos2 * (alpha2 - 1) + 1;
-        const float density =
-            alpha2 / (kPi * spread * spread) / 4; // D / 4, as view and normal are one
+        // D / 4, because view and normal are equal.
+        const float density = alpha2 / (kPi * spread * spread) / 4;
         const float angle = 1 / (static_cast<float>(count) * density);
         samples.push_back({light, light.z, 0.5f * std::log2(angle / kTexelAngle) + 1});
     }
@@ -234,9 +233,9 @@ std::vector<std::uint16_t> halfFloats(const OctahedralMap& map) {
 }
 
 std::array<glm::vec3, 9> irradianceOf(const OctahedralMap& map) {
-    // Each coefficient meets its basis function twice: when it is gathered and when it is
-    // evaluated. So the constants appear squared, together with the cosine lobe's weight of the
-    // band, divided by pi: 1, 2/3, 1/4.
+    // Each coefficient is multiplied by its basis function twice: when gathered and when evaluated.
+    // So the constants are squared, times the weight of the cosine lobe in this band divided by pi:
+    // 1, 2/3, 1/4.
     constexpr float k0 = 1 / (4 * kPi);
     constexpr float k1 = 3 / (4 * kPi) * (2.0f / 3);
     constexpr float k2 = 15 / (4 * kPi) * 0.25f;
@@ -249,7 +248,7 @@ std::array<glm::vec3, 9> irradianceOf(const OctahedralMap& map) {
             const glm::vec3 point = octahedronPoint(map.middle(column, row));
             const float length = glm::length(point);
             const glm::vec3 d = point / length;
-            const float angle = 1 / (length * length * length); // in proportion to the solid angle
+            const float angle = 1 / (length * length * length); // proportional to the solid angle
             const glm::vec3 light = map.at(column, row) * angle;
             sphere += angle;
             const std::array<float, 9> basis = harmonicsAt(d);

@@ -9,12 +9,12 @@
 #include <cmath>
 
 // The unit sphere unfolded to a square (Cigolle et al. 2014, "A Survey of Efficient Representations
-// for Independent Unit Vectors"). +y lies at the middle, -y at all four corners, x grows with the
+// for Independent Unit Vectors"). +y is in the middle, -y at all four corners; x grows with the
 // columns and z with the rows.
 
 namespace zelvo::image {
 
-/// Where a direction of any length lies: 0 to 1 in both coordinates.
+/// The place of a direction (any length); both coordinates 0 to 1.
 [[nodiscard]] inline glm::vec2 octahedralFromDirection(const glm::vec3& direction) {
     const glm::vec3 size = glm::abs(direction);
     const glm::vec3 d = direction / (size.x + size.y + size.z);
@@ -25,8 +25,8 @@ namespace zelvo::image {
     return folded * 0.5f + 0.5f;
 }
 
-/// The point of the octahedron |x| + |y| + |z| = 1 at coordinates of 0 to 1: a direction, not of
-/// unit length.
+/// The point of the octahedron |x| + |y| + |z| = 1 at coordinates from 0 to 1. As a direction it is
+/// not of unit length.
 [[nodiscard]] inline glm::vec3 octahedronPoint(const glm::vec2& coordinates) {
     const glm::vec2 p = coordinates * 2.0f - 1.0f;
     const float y = 1 - std::abs(p.x) - std::abs(p.y);
@@ -35,7 +35,7 @@ namespace zelvo::image {
     return {std::copysign(1 - std::abs(p.y), p.x), y, std::copysign(1 - std::abs(p.x), p.y)};
 }
 
-/// The unit direction at coordinates of 0 to 1.
+/// The unit direction at coordinates from 0 to 1.
 [[nodiscard]] inline glm::vec3 directionFromOctahedral(const glm::vec2& coordinates) {
     return glm::normalize(octahedronPoint(coordinates));
 }

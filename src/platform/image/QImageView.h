@@ -7,7 +7,7 @@
 
 namespace zelvo::image {
 
-/// The same pixels for Qt, which must not outlive the picture. For this folder's sources alone.
+/// A view of the pixels for Qt; must not outlive the picture. Only for this folder.
 [[nodiscard]] QImage viewOf(const Image& image);
 
 } // namespace zelvo::image

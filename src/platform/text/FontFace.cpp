@@ -15,9 +15,10 @@ namespace {
 
 using geometry::BezierPath;
 
-constexpr unsigned kMaxFaces = 64;           // in a collection
-constexpr std::size_t kMaxElements = 200000; // of an outline; drawn fonts stay below a thousand
-constexpr unsigned kLongestName = 256;       // bytes
+constexpr unsigned kMaxFaces = 64; // in one file
+// in one outline; real fonts have fewer than a thousand
+constexpr std::size_t kMaxElements = 200000;
+constexpr unsigned kLongestName = 256; // bytes
 
 std::string nameIn(hb_face_t* face, hb_ot_name_id_t id, hb_language_t language) {
     std::array<char, kLongestName> text{};
@@ -26,7 +27,7 @@ std::string nameIn(hb_face_t* face, hb_ot_name_id_t id, hb_language_t language) 
     return {text.data(), std::min(size, kLongestName - 1)};
 }
 
-// The English name, else the first in any language.
+// The English name, or else the first in any language.
 std::string nameOf(hb_face_t* face, hb_ot_name_id_t id) {
     std::string english = nameIn(face, id, hb_language_from_string("en", -1));
     if (!english.empty())
@@ -43,7 +44,7 @@ std::string nameOf(hb_face_t* face, hb_ot_name_id_t id) {
     return {};
 }
 
-// What the drawing calls write to.
+// Collects the outline from HarfBuzz's drawing callbacks.
 struct Pen {
     BezierPath path;
     float scale = 1;
@@ -113,7 +114,7 @@ hb_draw_funcs_t* makePenFunctions() {
 }
 
 void drawGlyph(hb_font_t* font, std::uint32_t glyph, Pen& pen) {
-    static hb_draw_funcs_t* const functions = makePenFunctions(); // lives as long as the process
+    static hb_draw_funcs_t* const functions = makePenFunctions(); // never deleted
 #if HB_VERSION_ATLEAST(7, 0, 0)
     hb_font_draw_glyph(font, glyph, functions, &pen);
 #else
@@ -121,7 +122,7 @@ void drawGlyph(hb_font_t* font, std::uint32_t glyph, Pen& pen) {
 #endif
 }
 
-// Blanks, controls and what only changes its neighbours have no drawing of their own.
+// Blanks, control characters, and characters that only change their neighbours have no outline.
 bool isBlank(char32_t character) {
     const QChar::Category category = QChar::category(character);
     return QChar::isSpace(character) || category == QChar::Other_Format ||

@@ -13,17 +13,16 @@ struct hb_font_t;
 
 namespace zelvo::text {
 
-/// The one kind of Font there is: a face read by HarfBuzz, which checks every table before it
-/// believes it.
+/// The implementation of Font: a face read by HarfBuzz, which checks every table before use.
 class FontFace final : public Font {
 public:
     struct Metrics {
-        double ascent = 0; ///< em; the descent counts downwards
+        double ascent = 0; ///< em; the descent is negative
         double descent = 0;
         double leading = 0;
     };
 
-    /// Takes the face over.
+    /// Takes ownership of the face.
     explicit FontFace(hb_face_t* face);
     ~FontFace() override;
     FontFace(const FontFace&) = delete;
@@ -40,11 +39,11 @@ public:
     [[nodiscard]] Metrics metrics() const;
     [[nodiscard]] double unitsPerEm() const;
 
-    /// The glyph of a character on its own; 0 where the font has none, or has an empty drawing for
-    /// a character that is no blank.
+    /// The glyph for a single character. 0 if the font has none, or if its glyph is empty but the
+    /// character is not a blank.
     [[nodiscard]] std::uint32_t drawnGlyph(char32_t character) const;
 
-    /// For shaping. Lengths are font units.
+    /// For shaping. Lengths are in font units.
     [[nodiscard]] hb_font_t* handle() const { return font.get(); }
 
 private:
@@ -63,7 +62,7 @@ private:
     std::string family_;
 };
 
-/// The faces in a font file's bytes, at least one. Errors: malformed, tooLarge.
+/// Reads the faces in a font file's bytes; at least one. Errors: `malformed`, `tooLarge`.
 [[nodiscard]] foundation::Result<std::vector<std::shared_ptr<const FontFace>>>
 readFaces(std::string bytes);
 

@@ -13,8 +13,8 @@
 
 namespace zelvo::text {
 
-/// One face of a font file, at no particular size. Sizes below are the em in scene units. Main
-/// thread only.
+/// A face of a font file, without a size. The sizes below are the em in scene units. Main thread
+/// only.
 class Font {
 public:
     virtual ~Font() = default;
@@ -23,16 +23,16 @@ public:
     [[nodiscard]] virtual const std::string& fullName() const = 0;
     [[nodiscard]] virtual const std::string& family() const = 0;
 
-    /// A glyph's outline, pen at the origin, y up. Empty for blanks.
+    /// The outline of a glyph, y up, starting at the origin. Empty for blanks.
     [[nodiscard]] virtual geometry::BezierPath outline(std::uint32_t glyph, double size) const = 0;
 };
 
 using FontPtr = std::shared_ptr<const Font>;
 
-/// The fonts that can be found by name: those that come with the program and those a user added.
+/// Finds fonts by name: those of the program and those added by the user.
 ///
-/// A name is looked up as PostScript name, then full name, then family, then alias; family and
-/// weight are never matched by likeness.
+/// A name is compared with PostScript names, then full names, then families, then aliases. There is
+/// no search by similarity.
 class FontRegistry {
 public:
     FontRegistry();
@@ -40,22 +40,21 @@ public:
     FontRegistry(const FontRegistry&) = delete;
     FontRegistry& operator=(const FontRegistry&) = delete;
 
-    /// Reads the names of a font file and makes it findable. Errors: notFound, unreadable,
-    /// malformed, tooLarge (over 64 MiB).
+    /// Reads the names of a font file and adds the font. Errors: `notFound`, `unreadable`,
+    /// `malformed`, `tooLarge` (over 64 MiB).
     foundation::Result<void>
     registerFile(const std::filesystem::path& file, const std::vector<std::string>& aliases = {});
     void unregisterFile(const std::filesystem::path& file);
 
-    /// Absent (null) if no font has the name.
+    /// Null if no font has this name.
     [[nodiscard]] FontPtr find(std::string_view name) const;
 
-    /// The fonts for what has none, in the order in which they are tried: the first for text
-    /// without a known font, all for letters that a font lacks. Where none was set, the first font
-    /// that was registered.
+    /// The fallback fonts, in order. The first one is used for text without a known font, all of
+    /// them for letters that a font lacks. If none was set, this is the first registered font.
     [[nodiscard]] std::vector<FontPtr> fallbacks() const;
     void setFallbacks(std::vector<FontPtr> fonts);
 
-    /// The first of them; null before a font was registered.
+    /// The first fallback; null before any font is registered.
     [[nodiscard]] FontPtr fallback() const;
 
 private:
@@ -63,7 +62,7 @@ private:
     std::unique_ptr<State> state;
 };
 
-/// Reads a font file's full name without registering it; the errors of registerFile.
+/// Reads the full name of a font file without registering it. Errors as for registerFile.
 [[nodiscard]] foundation::Result<std::string> fullNameOfFile(const std::filesystem::path& file);
 
 } // namespace zelvo::text

@@ -15,7 +15,7 @@ namespace zelvo::text {
 
 namespace {
 
-// Characters that melted into the one before them share its width evenly.
+// Characters that share a glyph with the one before get equal parts of its width.
 void shareWidths(std::vector<PlacedCharacter>& characters, const std::vector<char>& hasGlyph) {
     std::size_t i = 0;
     while (i < characters.size()) {
@@ -40,19 +40,18 @@ void appendBox(geometry::BezierPath& path, glm::dvec2 min, glm::dvec2 max) {
     path.close();
 }
 
-// For fonts whose missing glyph is blank: a letter that cannot be drawn must still be seen to be
-// there.
+// For fonts with an empty missing glyph: a letter that cannot be drawn must still be visible.
 geometry::BezierPath missingGlyphFrame(double advance, double size) {
     constexpr double kSide = 0.03;   // ems left and right of the frame
-    constexpr double kStroke = 0.09; // ems; stands a wide bevel
+    constexpr double kStroke = 0.09; // ems; wide enough for a large bevel
     constexpr double kHeight = 0.7;  // ems
-    constexpr double kNarrow = 0.35; // ems; a blank glyph may have no advance at all
+    constexpr double kNarrow = 0.35; // ems; an empty glyph may have no advance
     const glm::dvec2 stroke(kStroke * size);
     const glm::dvec2 min{kSide * size, 0};
     const glm::dvec2 max{(std::max(advance / size, kNarrow) - kSide) * size, kHeight * size};
     geometry::BezierPath frame;
     appendBox(frame, min, max);
-    // The hole runs the other way round, so that it stays open under the non-zero rule.
+    // The hole goes in the other direction, so that it stays open with non-zero winding.
     appendBox(frame, {max.x - stroke.x, min.y + stroke.y}, {min.x + stroke.x, max.y - stroke.y});
     return frame;
 }

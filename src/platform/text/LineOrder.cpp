@@ -26,7 +26,7 @@ std::vector<CharacterOrder> orderOf(std::u32string_view characters) {
             types.data(), brackets.data(), length, &direction, levels.data()) != 0 &&
         fribidi_reorder_line(
             0, types.data(), length, 0, direction, levels.data(), nullptr, logical.data()) != 0;
-    if (!isOrdered) { // there is no memory for it
+    if (!isOrdered) { // out of memory
         levels.assign(count, 0);
     }
     for (std::size_t place = 0; place < count; ++place) {

@@ -7,16 +7,16 @@
 
 namespace zelvo::text {
 
-/// The way a character runs, and where it stands.
+/// The direction and the place of a character.
 struct CharacterOrder {
-    /// Embedding level (UAX #9): an odd one runs from right to left. Neighbours of one level stay
-    /// neighbours on the line.
+    /// Embedding level (UAX #9); odd means right to left. Neighbours with the same level are
+    /// neighbours on the line, too.
     int level = 0;
     std::size_t place = 0; ///< on the line, from the left
 };
 
-/// Orders the characters of a line that runs from left to right as a whole, by the bidirectional
-/// algorithm (UAX #9). One entry per character.
+/// Orders the characters of a left-to-right line by the bidirectional algorithm (UAX #9). Returns
+/// one entry for each character.
 [[nodiscard]] std::vector<CharacterOrder> orderOf(std::u32string_view characters);
 
 } // namespace zelvo::text

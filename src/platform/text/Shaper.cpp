@@ -16,8 +16,7 @@ namespace zelvo::text {
 
 namespace {
 
-// Letters are drawn one by one, so none may melt into its neighbour, nor reach out for it as Arabic
-// ones do.
+// Letters are drawn one by one, so they must not form ligatures or join as Arabic ones do.
 constexpr auto kFeatures = std::to_array<hb_feature_t>({
     {HB_TAG('l', 'i', 'g', 'a'), 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
     {HB_TAG('c', 'l', 'i', 'g'), 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
@@ -29,12 +28,12 @@ constexpr auto kFeatures = std::to_array<hb_feature_t>({
     {HB_TAG('k', 'e', 'r', 'n'), 1, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END},
 });
 
-// Families that are used for their lining digits but draw old-style ones unasked.
+// Families with old-style digits by default; lining digits are wanted.
 constexpr auto kLiningFamilies = std::to_array<std::string_view>({"Baskervville"});
 constexpr hb_feature_t kLiningDigits{
     HB_TAG('l', 'n', 'u', 'm'), 1, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END};
 
-// A stretch of characters with one face and one level.
+// A range of characters with one face and one level.
 struct Run {
     std::size_t first = 0;
     std::size_t count = 0;
@@ -66,7 +65,7 @@ bool hasAll(const FontFace& face, const std::u32string& character) {
     });
 }
 
-// HarfBuzz joins letters and marks to what the font has, so a mark alone may be missing.
+// HarfBuzz composes letters and marks into glyphs of the font, so a mark alone may be missing.
 bool canSet(const FontFace& face, const std::u32string& character) {
     if (hasAll(face, character))
         return true;
@@ -88,7 +87,7 @@ public:
 
     void shape() {
         chooseFaces();
-        std::u32string firsts; // what is melted into a character runs as its first part does
+        std::u32string firsts; // a character of several code points follows its first one
         for (const std::u32string& character : characters) {
             firsts += character.front();
         }
@@ -152,7 +151,7 @@ private:
         const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(buffer, &count);
         const double scale = attributes.size / face->unitsPerEm();
         for (unsigned i = 0; i < count; ++i) {
-            // Behind the last glyph of a character: a mark's own glyph adds no second kern.
+            // Only after the last glyph of a character: a mark must not add a second kern.
             const bool isLast = i + 1 == count || infos[i + 1].cluster != infos[i].cluster;
             const double advance = positions[i].x_advance * scale + (isLast ? attributes.kern : 0);
             line.glyphs.push_back(

@@ -40,7 +40,7 @@ AreaScaler::AreaScaler(Extent sourceExtent, Extent result)
 }
 
 AreaScaler::Share AreaScaler::shareOf(int at, int from, int to) {
-    // In units of which a source pixel is `to` long and one of the result `from`: all is whole.
+    // In units in which a source pixel is `to` long and a result pixel `from`, so all are integers.
     const auto start = static_cast<std::int64_t>(at) * to;
     const std::int64_t first = start / from;
     const std::int64_t over = std::max<std::int64_t>(0, start + to - (first + 1) * from);

@@ -9,34 +9,34 @@
 
 namespace zelvo::image {
 
-/// A picture's extent in pixels.
+/// The size of a picture in pixels.
 struct Extent {
     int width = 0;
     int height = 0;
 };
 
-/// The extent itself, or the one of the same shape whose longer side is kMaxSide.
+/// The same extent, scaled down if its longer side is above kMaxSide.
 [[nodiscard]] Extent limitedExtent(Extent extent);
 
-/// Scales a picture down while its rows come in, from the top: every pixel becomes the mean of the
-/// area that it covers, colours weighed by their alpha. It holds the small picture and a few of
-/// its rows, whatever the size of the large one.
+/// Scales a picture down while its rows arrive from the top. Every pixel becomes the mean of the
+/// area it covers; colours are weighted by alpha. Needs memory only for the small picture and a few
+/// of its rows.
 class AreaScaler {
 public:
-    /// Sides are positive; those of the result are at most those of the source.
+    /// Sides must be positive, and `result` at most as large as `source`.
     AreaScaler(Extent source, Extent result);
 
-    /// The next row, RGBA with straight alpha.
+    /// Adds the next row: RGBA with straight alpha.
     void addRow(std::span<const std::uint8_t> row);
 
-    /// The scaled picture, when all rows were added.
+    /// The scaled picture; call it after all rows were added.
     [[nodiscard]] Image take();
 
 private:
-    /// Colours times alpha, and alpha: what may be added up.
+    /// Colours times alpha, and alpha, which can be added up.
     using Sum = float __attribute__((vector_size(16)));
 
-    /// How one source pixel spreads: its part of the result's pixel `first`, and of the one after.
+    /// How one source pixel is split: its part of the result's pixel `first`, and of the next one.
     struct Share {
         int first;
         float here;
@@ -51,9 +51,9 @@ private:
     Extent source;
     Image image;
     std::vector<Share> columns;
-    std::vector<Sum> across; ///< the newest source row, scaled across
-    std::vector<Sum> here;   ///< the result's row that is being filled
-    std::vector<Sum> after;  ///< the one below it
+    std::vector<Sum> across; ///< the newest source row, scaled horizontally
+    std::vector<Sum> here;   ///< the result's current row
+    std::vector<Sum> after;  ///< the row below
     int rowsAdded = 0;
     int rowsDone = 0;
 };

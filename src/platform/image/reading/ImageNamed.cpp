@@ -13,7 +13,7 @@ namespace zelvo::image {
 
 namespace {
 
-/// The probe beside a picture; absent if none was baked for it.
+/// The light probe of a picture; null if there is none.
 std::shared_ptr<const LightProbe> probeOf(const std::filesystem::path& picture) {
     auto probe = LightProbe::load(picture.string() + ".probe");
     if (probe)
@@ -38,7 +38,7 @@ ImagePtr loadResource(const std::filesystem::path& file) {
     return image;
 }
 
-/// Pictures by the file they came from, so that another bundle brings its own.
+/// Pictures by file, so that another bundle gets its own.
 struct Cache {
     std::mutex mutex; ///< guards images
     std::map<std::filesystem::path, ImagePtr> images;

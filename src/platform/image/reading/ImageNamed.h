@@ -7,9 +7,9 @@
 
 namespace zelvo::image {
 
-/// The resource picture of that name, with its light probe where one was baked
-/// ("Environment001.jpg" has "Environment001.jpg.probe" beside it). Absent (null) if there is none
-/// or it cannot be read (said on the console); kept, so the same name gives the same object. Any
+/// The resource picture with this name, and its light probe if there is one
+/// ("Environment001.jpg.probe" for "Environment001.jpg"). Null if it is missing or cannot be read
+/// (reported on the console). Pictures are cached, so a name always gives the same object. Any
 /// thread.
 [[nodiscard]] ImagePtr imageNamed(const std::string& name);
 

@@ -32,10 +32,10 @@ using foundation::Result;
 namespace {
 
 constexpr qint64 kMaxFileBytes = 512LL << 20U;
-constexpr int kAllocationMegabytes = 512; ///< for one decoded picture, before it is scaled down
+constexpr int kAllocationMegabytes = 512; ///< for a decoded picture, before scaling
 
-/// What people's pictures come as, as far as the decoders are there. Qt would also try icons,
-/// vector files and text.
+/// Common picture formats, if their decoders are installed. Qt would also try icons, vector files
+/// and text.
 constexpr auto kFormats =
     std::to_array<std::string_view>({"png", "jpeg", "gif", "bmp", "webp", "tiff", "heic", "heif"});
 
@@ -74,8 +74,8 @@ ImagePtr copied(const QImage& source) {
     return image;
 }
 
-/// The picture, whatever its pixels are, as RGBA of at most kMaxSide: converted in strips, so that
-/// it is not held twice.
+/// Converts any picture to RGBA of at most kMaxSide, in strips, so that there is no second copy in
+/// full.
 QImage limited(const QImage& decoded) {
     const Extent extent{decoded.width(), decoded.height()};
     const Extent result = limitedExtent(extent);
@@ -97,7 +97,7 @@ QImage limited(const QImage& decoded) {
     return image;
 }
 
-/// RGBA in sRGB, for a picture in another colour space.
+/// Converts from another colour space to sRGB.
 ImagePtr inSRGB(QImage image) {
     const QColorSpace sRGB(QColorSpace::SRgb);
     if (image.colorSpace().isValid() && image.colorSpace() != sRGB) {
@@ -107,8 +107,7 @@ ImagePtr inSRGB(QImage image) {
     return copied(image);
 }
 
-/// Asks the decoder itself for a small picture where it can, so that a huge one is never held
-/// whole.
+/// Lets the decoder make a small picture if it can, so that a huge one is never in memory.
 void limitSize(QImageReader& reader, Extent extent) {
     const Extent result = limitedExtent(extent);
     if (result.width != extent.width && reader.supportsOption(QImageIOHandler::ScaledSize))
@@ -159,8 +158,8 @@ tl::unexpected<foundation::Error> failEarlyEnd(Extent extent) {
             extent.height));
 }
 
-/// Its decoder shows a JPEG that ends early as if the rest were grey, holds a progressive one
-/// whole, and goes over all of it once a scan.
+/// Checks a JPEG before decoding, because the decoder fills the rest of a truncated file with grey,
+/// keeps a progressive one in memory, and processes the whole picture for each scan.
 Result<void> checkJPEG(const FileReader& file) {
     constexpr int kMaxScans = 200; // some ten are usual
     constexpr std::int64_t kBytesPerPixel = 6;
@@ -184,12 +183,12 @@ Result<void> checkJPEG(const FileReader& file) {
     return {};
 }
 
-/// What a file claims before it is decoded: a few bytes must not take gigabytes.
+/// Checks the header's claims before decoding: a few bytes must not allocate gigabytes.
 Result<void> checkClaim(const QImageReader& reader, Extent extent) {
     if (auto fits = checkSize(extent); !fits)
         return fits;
     const std::int64_t pixels = static_cast<std::int64_t>(extent.width) * extent.height;
-    constexpr std::int64_t kPixelsPerByte = 64 * 8; // each square of 8 x 8 takes a bit at least
+    constexpr std::int64_t kPixelsPerByte = 64 * 8; // each block of 8 x 8 needs at least a bit
     if (reader.format() == "jpeg" && pixels / kPixelsPerByte > reader.device()->size())
         return failEarlyEnd(extent);
     const QImage::Format format = reader.imageFormat();
@@ -198,7 +197,7 @@ Result<void> checkClaim(const QImageReader& reader, Extent extent) {
     const bool isHeldWhole = !reader.supportsOption(QImageIOHandler::ScaledSize);
     if (isHeldWhole && pixels * bits / 8 > std::int64_t{kAllocationMegabytes} << 20U)
         return failSize(extent, "save it as a PNG or JPEG file");
-    // What is this large and this empty was not made by anybody.
+    // A real picture of this size is never so empty.
     constexpr std::int64_t kHarmless = 1LL << 24U; // pixels
     constexpr std::int64_t kEmptyPixelsPerByte = 4096;
     if (pixels > kHarmless && pixels / kEmptyPixelsPerByte > reader.device()->size())
@@ -206,7 +205,7 @@ Result<void> checkClaim(const QImageReader& reader, Extent extent) {
     return {};
 }
 
-/// Qt's decoder takes any format, but holds the picture whole, and refuses to from a size on.
+/// Qt's decoder reads all formats, but keeps the whole picture in memory and refuses large ones.
 Result<ImagePtr> decodeWithQt(QIODevice& device) {
     static std::once_flag once;
     std::call_once(once, [] { QImageReader::setAllocationLimit(kAllocationMegabytes); });
@@ -258,7 +257,7 @@ Result<ImagePtr> decode(QIODevice& device) {
     };
     if (const auto sound = checkJPEG(read); !sound)
         return tl::unexpected(sound.error());
-    // Qt turns other formats' pictures itself.
+    // For other formats, Qt applies the orientation itself.
     const unsigned orientation = storedOrientation(read);
     device.seek(0);
     auto picture = decodeStored(device);

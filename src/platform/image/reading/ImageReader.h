@@ -10,16 +10,16 @@
 
 namespace zelvo::image {
 
-/// The largest picture that is loaded: sides above kMaxSide are scaled down on load; a file that
-/// claims more than kMaxPixels is refused.
+/// Pictures with a side above kMaxSide are scaled down when loaded. Files with more than kMaxPixels
+/// are refused.
 inline constexpr int kMaxSide = 4096;
 inline constexpr std::int64_t kMaxPixels = 400'000'000;
 
-/// Loads a picture file: the format is told by its content, its EXIF orientation is applied, its
-/// colours become sRGB. Errors: notFound, unreadable, malformed, tooLarge.
+/// Loads a picture file: detects the format by content, applies the EXIF orientation and converts
+/// to sRGB. Errors: `notFound`, `unreadable`, `malformed`, `tooLarge`.
 [[nodiscard]] foundation::Result<ImagePtr> loadImage(const std::filesystem::path& file);
 
-/// The same for a file's bytes in memory.
+/// The same for a file in memory.
 [[nodiscard]] foundation::Result<ImagePtr> decodeImage(std::span<const std::uint8_t> bytes);
 
 } // namespace zelvo::image

@@ -8,12 +8,12 @@ namespace zelvo::image {
 
 namespace {
 
-constexpr unsigned kFill = 0xFF; ///< begins a marker
+constexpr unsigned kFill = 0xFF; ///< starts a marker
 constexpr unsigned kStart = 0xD8;
 constexpr unsigned kEnd = 0xD9;
 constexpr unsigned kScan = 0xDA;
 
-/// The file's bytes one after the other, 0 behind its end.
+/// Reads the file byte by byte; 0 after its end.
 class Cursor {
 public:
     explicit Cursor(const FileReader& source)
@@ -52,12 +52,12 @@ private:
     std::int64_t place = 0;
 };
 
-/// In the data of a scan a fill byte is followed by 0 or the number of a restart.
+/// In a scan's data, a fill byte is followed by 0 or by a restart number.
 [[nodiscard]] bool isInData(unsigned byte) {
     return byte == 0 || (byte >= 0xD0 && byte <= 0xD7);
 }
 
-/// The next marker, over data and what else stands before it; 0 at the end of the file.
+/// The next marker, skipping data; 0 at the end of the file.
 [[nodiscard]] unsigned nextMarker(Cursor& cursor) {
     unsigned last = 0;
     while (!cursor.isAtEnd) {
@@ -69,7 +69,8 @@ private:
     return 0;
 }
 
-/// Begins the description of the picture. The other three of the row are tables.
+/// Whether the marker starts the description of the picture. The other three of this range are
+/// tables.
 [[nodiscard]] bool isFrame(unsigned marker) {
     return marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
 }
@@ -87,9 +88,9 @@ std::optional<JPEGMarkers> jpegMarkersOf(const FileReader& file) {
             break;
         }
         if (marker == kStart || marker == 0x01)
-            continue; // stands alone
+            continue; // a marker without data
         std::size_t length = cursor.next16();
-        constexpr std::size_t kFrameHead = 7; // with the length itself
+        constexpr std::size_t kFrameHead = 7; // with the length field
         if (isFrame(marker) && length >= kFrameHead) {
             (void)cursor.next(); // bits a sample
             const std::int64_t height = cursor.next16();

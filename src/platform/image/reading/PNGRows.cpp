@@ -19,8 +19,8 @@ namespace {
 
 constexpr std::array<std::uint8_t, 8> kSignature{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
 
-/// libpng's reader. It reports errors by a long jump, which must not cross an object that has to be
-/// destroyed: all its calls stand in functions that own none, run through attempt().
+/// Wraps libpng's reader. libpng reports errors by a long jump, which must not skip a destructor.
+/// So its calls are in functions without such objects, run by attempt().
 class Reader {
 public:
     explicit Reader(ByteSource bytes)
@@ -36,7 +36,7 @@ public:
     Reader(const Reader&) = delete;
     Reader& operator=(const Reader&) = delete;
 
-    /// Whether the step ran to its end; what it was that stopped it is in `message`.
+    /// Runs a step. False if libpng reported an error; it is in `message`.
     template <typename Step> [[nodiscard]] bool attempt(const Step& step) {
         if (png == nullptr || info == nullptr)
             return false;
@@ -54,7 +54,7 @@ private:
         png_longjmp(png, 1);
     }
 
-    /// Warnings are of chunks that do not matter for the pixels.
+    /// Warnings concern chunks that do not matter for the pixels.
     static void onWarning(png_structp, png_const_charp) {}
 
     static void onRead(png_structp png, png_bytep target, std::size_t count) {
@@ -68,7 +68,7 @@ private:
     png_infop info;
 };
 
-/// After this every row is RGBA, 8 bits a component.
+/// Sets up the conversion: from here on, rows are RGBA with 8 bits a component.
 void readHeader(png_structp png, png_infop info) {
     png_read_info(png, info);
     png_set_expand(png);

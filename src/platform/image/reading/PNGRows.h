@@ -13,29 +13,29 @@
 
 namespace zelvo::image {
 
-/// Fills the bytes with what comes next in the file; says how many there were.
+/// Reads the next bytes of the file into the span; returns how many.
 using ByteSource = std::function<std::size_t(std::span<std::uint8_t>)>;
 
-/// A PNG as large as limitedExtent() has it, with what its file says about its colours.
+/// A PNG scaled down to limitedExtent(), with its colour information.
 struct LimitedPNG {
     Image image;
-    std::vector<std::uint8_t> profile; ///< ICC; empty where there is none
-    std::optional<double> gamma;       ///< of the encoding (1 / 2.2 for most), if not sRGB
+    std::vector<std::uint8_t> profile; ///< ICC profile; empty if there is none
+    std::optional<double> gamma; ///< gamma of the encoding (usually 1 / 2.2), if it is not sRGB
 };
 
-/// What a PNG's first bytes claim.
+/// What the header of a PNG says.
 struct PNGHeader {
     Extent extent;
     bool isInterlaced = false;
 };
 
-/// Absent if the first `kPNGHeaderBytes` of a file are not those of a PNG.
+/// Nothing if the first `kPNGHeaderBytes` of the file are not those of a PNG.
 inline constexpr std::size_t kPNGHeaderBytes = 29;
 [[nodiscard]] std::optional<PNGHeader> pngHeaderOf(std::span<const std::uint8_t> bytes);
 
-/// Reads a PNG row by row, each scaled down when it comes, so that a huge picture is never held
-/// whole; of an interlaced one, whose rows come out of order, it holds nothing and makes no sense.
-/// 16-bit, grey and palette pictures become RGBA. Errors: malformed.
+/// Reads a PNG row by row and scales each row down at once, so that a huge picture is never in
+/// memory. Do not use it for interlaced pictures: their rows do not come in order. 16-bit, grey and
+/// palette pictures become RGBA. Error: `malformed`.
 [[nodiscard]] foundation::Result<LimitedPNG> readLimitedPNG(ByteSource source);
 
 } // namespace zelvo::image

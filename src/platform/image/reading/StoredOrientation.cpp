@@ -22,7 +22,7 @@ constexpr std::size_t kMaxExif = 1U << 16U;
 
 enum class ByteOrder { bigEndian, littleEndian };
 
-/// A whole number of up to four bytes; what lies beyond the end is 0.
+/// An integer of up to four bytes; bytes after the end count as 0.
 std::uint32_t numberAt(const Bytes& bytes, std::size_t at, std::size_t length, ByteOrder order) {
     std::uint32_t number = 0;
     for (std::size_t i = 0; i < length; ++i) {
@@ -43,16 +43,16 @@ bool hasAt(const Bytes& bytes, std::size_t at, std::string_view text) {
                });
 }
 
-/// Both formats are a list of chunks, each with its length and a name of four letters.
+/// Both formats are lists of chunks, each with a length and a name of four letters.
 struct Container {
-    std::size_t first; ///< where the chunks begin
+    std::size_t first; ///< offset of the first chunk
     std::size_t lengthAt;
     std::size_t nameAt;
     ByteOrder order;
     std::string_view exifName;
-    std::string_view lastName; ///< behind which nothing is looked for
-    std::size_t tail;          ///< bytes behind each chunk's data
-    std::size_t alignment;     ///< of that data
+    std::string_view lastName; ///< the search ends at this chunk
+    std::size_t tail;          ///< number of bytes after each chunk's data
+    std::size_t alignment;     ///< of the data, in bytes
 };
 
 constexpr Container kPNG{8, 0, 4, ByteOrder::bigEndian, "eXIf", "IEND", 4, 1};
@@ -85,14 +85,14 @@ Bytes exifOf(const FileReader& file, const Container& container) {
 }
 
 unsigned orientationIn(Bytes block) {
-    constexpr auto kName = "Exif\0\0"sv; // a PNG leaves it away
+    constexpr auto kName = "Exif\0\0"sv; // missing in a PNG
     if (!hasAt(block, 0, kName))
         block.insert(block.begin(), kName.begin(), kName.end());
     const std::unique_ptr<ExifData, decltype(&exif_data_unref)> exif(
         exif_data_new(), &exif_data_unref);
     if (exif == nullptr)
         return kUpright;
-    // Otherwise it adds what each block should hold.
+    // Otherwise libexif adds entries that the block lacks.
     exif_data_unset_option(exif.get(), EXIF_DATA_OPTION_FOLLOW_SPECIFICATION);
     exif_data_load_data(exif.get(), block.data(), static_cast<unsigned>(block.size()));
     const ExifEntry* const entry =
@@ -103,14 +103,14 @@ unsigned orientationIn(Bytes block) {
     return value >= 1 && value <= 8 ? value : kUpright;
 }
 
-/// How a picture is read: along its columns instead of its rows, and from which ends.
+/// How to read a picture: by columns or by rows, and from which ends.
 struct Turn {
     bool swapsSides;
     bool fromRight;
     bool fromBottom;
 };
 
-/// By Exif's number.
+/// Indexed by Exif's number.
 // clang-format off
 constexpr auto kTurns = std::to_array<Turn>({
     {false, false, false},

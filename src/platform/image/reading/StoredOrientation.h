@@ -9,14 +9,14 @@
 
 namespace zelvo::image {
 
-/// Up to that many bytes from a place in a file; fewer where it ends.
+/// Reads up to `count` bytes at a place in a file; fewer at its end.
 using FileReader = std::function<std::vector<std::uint8_t>(std::int64_t at, std::size_t count)>;
 
-/// How a PNG or WebP says that its picture is to be turned, as Exif 2.3 numbers it (tag 274): 1 to
-/// 8, 1 for upright, for nothing said and for any other file.
+/// The orientation stored in a PNG or WebP, as a number of Exif 2.3 (tag 274): 1 to 8. Upright (1)
+/// if nothing is stored, and for other files.
 [[nodiscard]] unsigned storedOrientation(const FileReader& file);
 
-/// The picture as it is to be seen.
+/// The picture turned upright.
 [[nodiscard]] Image upright(const Image& stored, unsigned orientation);
 
 } // namespace zelvo::image
