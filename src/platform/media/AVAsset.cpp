@@ -11,7 +11,7 @@
 namespace zelvo::media {
 namespace {
 
-/// Longer files are damaged, or nothing that a short movie needs.
+/// Longer files are damaged or not meant for a short movie.
 constexpr std::int64_t kMaxSeconds = 24LL * 60 * 60;
 
 CMTime durationOf(const AVFormatContext& format, const AVStream& stream, std::int32_t timescale) {
@@ -27,7 +27,7 @@ CMTime durationOf(const AVFormatContext& format, const AVStream& stream, std::in
 
 std::optional<AVAssetTrack> describe(const AVFormatContext& format, const AVStream& stream) {
     const AVCodecParameters& codec = *stream.codecpar;
-    // A cover picture in a song is a video stream of one frame, and no video.
+    // A cover picture in a song is a video stream with one frame; it does not count as video.
     const bool isCover = (stream.disposition & AV_DISPOSITION_ATTACHED_PIC) != 0;
     const bool isVideo = codec.codec_type == AVMEDIA_TYPE_VIDEO && !isCover;
     if (!isVideo && codec.codec_type != AVMEDIA_TYPE_AUDIO)

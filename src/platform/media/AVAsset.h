@@ -13,25 +13,25 @@ namespace zelvo::media {
 
 enum class MediaType { video, audio };
 
-/// One stream of a file. It keeps the file's name, not the file.
+/// One stream of a file. Holds the file's name; the file is not open.
 struct AVAssetTrack {
     std::filesystem::path file;
-    int trackID = 0; ///< from 1, in the file's order
+    int trackID = 0; ///< starts at 1, in the file's order
     MediaType mediaType = MediaType::video;
     CMTime duration;               ///< in naturalTimeScale
-    double nominalFrameRate = 0.0; ///< frames over duration; 0 for sound
+    double nominalFrameRate = 0.0; ///< frames divided by duration; 0 for sound
     std::int32_t naturalTimeScale = 1;
-    int width = 0; ///< of a video
+    int width = 0; ///< for video
     int height = 0;
 };
 
-/// What a sound or movie file holds. Reads the file's head only.
+/// Describes the content of a sound or movie file. Reads only the file's header.
 class AVAsset {
 public:
-    /// notFound, unreadable, malformed or tooLarge, with a sentence.
+    /// Errors: `notFound`, `unreadable`, `malformed`, `tooLarge`.
     [[nodiscard]] static foundation::Result<AVAsset> open(const std::filesystem::path& file);
 
-    /// The longest track's duration.
+    /// The duration of the longest track.
     [[nodiscard]] CMTime duration() const;
 
     [[nodiscard]] std::vector<AVAssetTrack> tracksWithMediaType(MediaType type) const;
@@ -40,7 +40,7 @@ private:
     std::vector<AVAssetTrack> tracks;
 };
 
-/// Whether there is sound in the file that can be decoded. Errors of the file.
+/// Checks that the file has sound that can be decoded. Errors of `open`, and `unsupported`.
 [[nodiscard]] foundation::Result<void> checkSound(const std::filesystem::path& file);
 
 } // namespace zelvo::media

@@ -23,7 +23,7 @@ tl::unexpected<Error> cancelled() {
 
 } // namespace
 
-/// The packets of a composition's video, up to its end.
+/// Reads the packets of a composition's video, up to its end.
 class AVAssetExportSession::VideoSource {
 public:
     static Result<VideoSource>
@@ -50,7 +50,7 @@ public:
 
     [[nodiscard]] CMTime length() const { return end; }
 
-    /// The next packet before the end; null when there is none. It stands until the next call.
+    /// The next packet before the end; null if there is none. Valid until the next call.
     Result<AVPacket*> next() {
         av_packet_unref(packet.get());
         while (readPacket(*format, *packet)) {
@@ -147,8 +147,8 @@ Result<void> AVAssetExportSession::writeMovie() {
         .and_then([&] { return place(*movie); });
 }
 
-/// From here on the movie comes, whoever cancels; a cancel that was earlier leaves the place as it
-/// was.
+/// After this point the movie is put in place, even if somebody cancels. If it was cancelled
+/// before, nothing is changed.
 Result<void> AVAssetExportSession::place(MovieFile& movie) {
     auto running = Stage::making;
     if (!stage.compare_exchange_strong(running, Stage::placing))
@@ -156,7 +156,7 @@ Result<void> AVAssetExportSession::place(MovieFile& movie) {
     return movie.commit();
 }
 
-/// Null without music.
+/// Null if there is no music.
 Result<std::unique_ptr<SoundTrack>> AVAssetExportSession::openSound(double length) const {
     const auto* track = composition.firstTrack(MediaType::audio);
     if (track == nullptr || !track->segment())
@@ -167,7 +167,7 @@ Result<std::unique_ptr<SoundTrack>> AVAssetExportSession::openSound(double lengt
     return std::make_unique<SoundTrack>(std::move(*opened));
 }
 
-/// The video as it is, the sound alongside it.
+/// Copies the video unchanged, interleaved with the sound.
 Result<void> AVAssetExportSession::copyPackets(
     VideoSource& video, SoundTrack* sound, MovieFile& movie, int videoTrack) {
     const double length = video.length().seconds();

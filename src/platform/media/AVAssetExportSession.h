@@ -19,13 +19,12 @@ namespace zelvo::media {
 class MovieFile;
 class SoundTrack;
 
-/// Writes a composition to a QuickTime movie, on a thread of its own. The video passes through as
-/// it was encoded; the sound is decoded, mixed and encoded as AAC. The movie is put
-/// into its place when it is complete, so an earlier movie stands until then, and after a
-/// failure or cancelling.
+/// Writes a composition to a QuickTime movie, on its own thread. The video is copied without
+/// encoding it again; the sound is decoded, mixed and encoded as AAC. The movie is put in place
+/// when it is complete, so an earlier movie stays if the export fails or is cancelled.
 ///
-/// The video track must begin at 0 in its file and in the composition, and be free of reordered
-/// frames, as AVAssetWriter makes them.
+/// The video track must begin at 0, in its file and in the composition, and must not have reordered
+/// frames (AVAssetWriter makes such files).
 class AVAssetExportSession {
 public:
     enum class Status { unknown, exporting, completed, failed, cancelled };
@@ -35,23 +34,24 @@ public:
     AVAssetExportSession(const AVAssetExportSession&) = delete;
     AVAssetExportSession& operator=(const AVAssetExportSession&) = delete;
 
-    // To be set before the export.
+    // Set these before the export.
     std::filesystem::path outputURL;
-    CMTimeRange timeRange;                     ///< begins at 0; frames from its end on are left out
-    std::optional<AVMutableAudioMix> audioMix; ///< none: the sound as it is
-    bool shouldOptimizeForNetworkUse = false;  ///< the index in front of the frames
+    CMTimeRange timeRange;                     ///< must begin at 0; later frames are left out
+    std::optional<AVMutableAudioMix> audioMix; ///< none: the sound is not changed
+    bool shouldOptimizeForNetworkUse = false;  ///< puts the index in front of the frames
 
-    /// Starts, once. The completion is called on the session's thread, with the status completed,
-    /// failed or cancelled; it must not destroy the session: let it post to the run loop.
+    /// Starts the export; can be called once. `completion` is called on the session's thread, with
+    /// the status completed, failed or cancelled. It must not destroy the session; post to the run
+    /// loop instead.
     void exportAsynchronously(std::function<void()> completion);
 
-    /// Stops the export and waits for its end, after which the status tells what came first: the
-    /// cancel, and nothing has changed on disk, or the movie. Not from the completion.
+    /// Stops the export and waits until it has ended. Afterwards the status is either cancelled,
+    /// and nothing has changed on disk, or completed. Must not be called from the completion.
     void cancelExport();
 
     [[nodiscard]] Status status() const { return status_; }
 
-    /// Why the status is failed. unwritable, unsupported, or what was wrong with the song.
+    /// The cause of status failed: `unwritable`, `unsupported`, or an error of the song.
     [[nodiscard]] foundation::Error error() const;
 
     /// 0 to 1. Any thread.

@@ -35,7 +35,7 @@ Result<void> AVAssetWriterInputPixelBufferAdaptor::appendPixelBuffer(
 }
 
 Result<std::unique_ptr<AVAssetWriter>> AVAssetWriter::create(const std::filesystem::path& path) {
-    // What it writes is only the first half of a movie.
+    // Temporary: this file is only an intermediate step of the movie.
     auto file =
         MovieFile::create(path, MovieFile::Layout::indexLast, foundation::NewFile::Use::temporary);
     if (!file)

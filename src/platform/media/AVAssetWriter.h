@@ -14,19 +14,19 @@ namespace zelvo::media {
 
 class FrameEncoder;
 
-/// The video of a movie being written. It takes at most three frames ahead of the encoder; a
-/// producer that must lose none waits for room.
+/// The video track of a movie that is written. It accepts up to three frames before the encoder has
+/// taken them. Wait for room so that no frame is lost.
 class AVAssetWriterInput {
 public:
     explicit AVAssetWriterInput(const VideoSettings& outputSettings);
 
     [[nodiscard]] const VideoSettings& outputSettings() const { return outputSettings_; }
 
-    /// False before writing has started and while the queue is full. True also after a failure, so
-    /// that nobody waits for a writer that has ended; the next append tells.
+    /// False before writing has started and while the queue is full. True after a failure, so that
+    /// nobody waits for an ended writer; the next append returns the error.
     [[nodiscard]] bool isReadyForMoreMediaData() const;
 
-    /// Blocks until the encoder has room, or has failed. Writing must have started.
+    /// Blocks until there is room or the encoder has failed. Writing must have started.
     void waitUntilReady() const;
 
 private:
@@ -37,17 +37,17 @@ private:
     FrameEncoder* encoder = nullptr; // the writer's, once it has started
 };
 
-/// Takes pictures for an input, which must outlive it.
+/// Appends pictures to an input, which must outlive it.
 class AVAssetWriterInputPixelBufferAdaptor {
 public:
-    /// Pictures of the pool or others, all of the movie's size.
+    /// All pictures must have the movie's size; they need not come from the pool.
     AVAssetWriterInputPixelBufferAdaptor(
         AVAssetWriterInput& assetInput, PixelBufferPool picturePool);
 
     [[nodiscard]] PixelBufferPool& pixelBufferPool() { return pool; }
 
-    /// Queues a frame. The input must be ready; times are strictly increasing and not before the
-    /// session's start. The error is the writer's own, if it has failed meanwhile.
+    /// Queues a frame. The input must be ready. Times must increase and must not be before the
+    /// session's start. Error: that of the writer, if it has failed.
     [[nodiscard]] foundation::Result<void>
     appendPixelBuffer(PixelBuffer picture, CMTime presentationTime);
 
@@ -56,18 +56,19 @@ private:
     PixelBufferPool pool;
 };
 
-/// Writes a QuickTime movie of frames, encoding on a thread of its own.
+/// Writes frames to a QuickTime movie. Encodes on its own thread.
 ///
 ///     create -> add -> startWriting -> startSessionAtSourceTime -> append ... -> finishWriting...
 ///
-/// The file carries avc1 or hvc1 video in a timescale of 600, so that n/60 s is exact, a frame
-/// lasting 1/60 s, tagged BT.709 in video range. No frame refers to a later one. A writer that goes
-/// without having finished removes the file. Everything but the completion belongs to one thread.
+/// The file has avc1 or hvc1 video with a timescale of 600, so that n/60 s is exact. A frame lasts
+/// 1/60 s; colours are BT.709 in video range. No frame refers to a later one. If the writer is
+/// destroyed before it has finished, the file is removed. Use it from one thread; only the
+/// completion is called on another.
 class AVAssetWriter {
 public:
     enum class Status { unknown, writing, completed, failed, cancelled };
 
-    /// Makes the file anew; unwritable if the folder does not take it.
+    /// Creates the file. Error: `unwritable`.
     [[nodiscard]] static foundation::Result<std::unique_ptr<AVAssetWriter>>
     create(const std::filesystem::path& path);
 
@@ -75,34 +76,33 @@ public:
     AVAssetWriter(const AVAssetWriter&) = delete;
     AVAssetWriter& operator=(const AVAssetWriter&) = delete;
 
-    /// One input a movie, before writing starts.
+    /// True before writing starts, if there is no input yet.
     [[nodiscard]] bool canAddInput() const;
     AVAssetWriterInput& addInput(std::unique_ptr<AVAssetWriterInput> input);
 
-    /// Opens the encoder; unavailable if there is none, unwritable if the file's head cannot be
-    /// written.
+    /// Opens the encoder. Errors: `unavailable` if there is none, `unwritable` if the file's header
+    /// cannot be written.
     [[nodiscard]] foundation::Result<void> startWriting();
 
-    /// The presentation time that becomes the movie's 0. Once, after startWriting.
+    /// This presentation time becomes 0 in the movie. Call it once, after startWriting.
     void startSessionAtSourceTime(CMTime time);
 
     [[nodiscard]] Status status() const;
 
-    /// Why the status is failed.
+    /// The cause of status failed.
     [[nodiscard]] foundation::Error error() const;
 
-    /// Encodes what is queued and closes the file, then calls the completion on the writer's
+    /// Encodes the queued frames and closes the file, then calls `completion` on the writer's
     /// thread, with the status completed, failed or cancelled. The completion must not destroy the
-    /// writer: let it post to the run loop.
+    /// writer; post to the run loop instead.
     void finishWritingWithCompletionHandler(std::function<void()> completion);
 
-    /// Drops what is queued and removes the file; done when it returns. Without effect on a movie
-    /// that is completed.
+    /// Drops queued frames and removes the file, before it returns. Does nothing if the movie is
+    /// completed.
     void cancelWriting();
 
-    /// Processor seconds that converting and encoding have taken on the writer's thread up to now
-    /// (on machines of more than three cores the encoder has further threads, which are not
-    /// counted). Any thread.
+    /// Processor time of the writer's thread for converting and encoding so far, in seconds. With
+    /// more than three cores the encoder uses further threads, which are not counted. Any thread.
     [[nodiscard]] double encodingSeconds() const;
 
 private:

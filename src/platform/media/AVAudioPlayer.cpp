@@ -14,7 +14,7 @@ namespace zelvo::media {
 
 using foundation::Result;
 
-/// Reads the song in the output's time: samples taken, not seconds passed.
+/// Reads the song for the output. Its time is counted in samples, not in seconds of a clock.
 class AVAudioPlayer::Voice {
 public:
     explicit Voice(AudioReader sound)

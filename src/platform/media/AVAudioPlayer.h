@@ -10,13 +10,13 @@
 
 namespace zelvo::media {
 
-/// Plays one sound file. Its state (position, volume, whether it plays) follows the run loop's
-/// clock alone, so it is the same with a sound device and without one; a device sounds along.
+/// Plays one sound file. Its state (position, volume, whether it plays) depends only on the run
+/// loop's clock, so it is the same with and without a sound device.
 ///
-/// Times are song seconds, volumes 0 to 1. Everything belongs to the run loop's thread.
+/// Times are in seconds of the song, volumes 0 to 1. Use it on the run loop's thread only.
 class AVAudioPlayer {
 public:
-    /// `output` may be null: silence. Errors are those of the file.
+    /// `output` may be null for silence. Errors: those of the file.
     [[nodiscard]] static foundation::Result<std::unique_ptr<AVAudioPlayer>> open(
         const std::filesystem::path& file,
         const foundation::RunLoop& loop,
@@ -28,35 +28,35 @@ public:
 
     [[nodiscard]] double duration() const;
 
-    /// How often the song is repeated after its first pass; negative is for ever. The default is 0.
+    /// How often the song repeats after its first pass; negative means forever. Default 0.
     [[nodiscard]] int numberOfLoops() const { return numberOfLoops_; }
 
     void setNumberOfLoops(int loops);
 
-    /// Finds the present position in the file, so that play() sounds at once.
+    /// Seeks the current position in the file, so that play() starts without delay.
     void prepareToPlay();
 
-    /// The playing position; 0 again after the song has ended. Set values are clamped to the song.
+    /// The playback position; 0 after the song has ended. Values set are clamped to the song.
     [[nodiscard]] double currentTime() const;
     void setCurrentTime(double seconds);
 
-    /// The volume of this moment, also within a fade. The default is 1.
+    /// The current volume, also during a fade. Default 1.
     [[nodiscard]] float volume() const;
     void setVolume(float volume);
-    /// Travels from the present volume linearly, playing or not.
+    /// Fades linearly from the current volume, whether it plays or not.
     void setVolume(float volume, double fadeDuration);
 
     void play();
-    /// Stays where it is; play() goes on from there.
+    /// Keeps the position; play() continues there.
     void pause();
 
-    /// False from the song's end on.
+    /// False after the end of the song.
     [[nodiscard]] bool isPlaying() const;
 
 private:
-    class Voice; // the sounding side, shared with the output's thread
+    class Voice; // reads the samples; shared with the output's thread
 
-    /// A volume on its way; `duration` 0 has arrived.
+    /// A fade; `duration` 0 means that it has ended.
     struct Fade {
         float from = 1.0F;
         float to = 1.0F;
@@ -69,7 +69,7 @@ private:
         const foundation::RunLoop& loop,
         std::unique_ptr<AudioOutput> output);
 
-    /// Song seconds passed since position 0 of the first pass, not wrapped.
+    /// Seconds of playback since the start of the first pass, counted over all repeats.
     [[nodiscard]] double elapsed() const;
     [[nodiscard]] bool hasEnded() const;
     void passVolumeOn();
@@ -78,10 +78,10 @@ private:
 
     const foundation::RunLoop& loop;
     std::unique_ptr<Voice> voice;
-    std::unique_ptr<AudioOutput> output; // goes first: it calls the voice
+    std::unique_ptr<AudioOutput> output; // destroyed first, because it calls the voice
     Fade fade;
-    double position = 0.0;  // at the last play, pause or setting
-    double startedAt = 0.0; // on the loop's clock
+    double position = 0.0;  // at the last play, pause or set
+    double startedAt = 0.0; // time of the run loop
     int numberOfLoops_ = 0;
     bool wasStarted = false;
     bool isOutputRunning = false;

@@ -7,18 +7,18 @@
 
 namespace zelvo::media {
 
-/// What the application is to the machine's sound: here only whether there is a device for it.
+/// The application's access to sound. Here it only checks whether there is a device.
 class AVAudioSession {
 public:
-    /// The only category there is; the others would mix, duck or record.
+    /// The only supported category; others would mix, duck or record.
     static constexpr const char* kCategoryPlayback = "AVAudioSessionCategoryPlayback";
     static constexpr const char* kModeDefault = "AVAudioSessionModeDefault";
 
-    /// unsupported for any other category or mode.
+    /// Error: `unsupported` for any other category or mode.
     [[nodiscard]] static foundation::Result<void>
     setCategory(const std::string& category, const std::string& mode);
 
-    /// unavailable if the machine has no sound device, or no event loop runs yet.
+    /// Error: `unavailable` if there is no sound device, or no event loop is running.
     [[nodiscard]] static foundation::Result<void> activate();
 };
 

@@ -23,7 +23,7 @@ void AVMutableAudioMixInputParameters::add(const Ramp& ramp) {
     ramps.insert(place, ramp);
 }
 
-/// A ramp from before the beginning is heard from its middle on: it takes its place at 0.
+/// A ramp that begins before 0 is heard from its middle, so it is sorted as if it began at 0.
 double AVMutableAudioMixInputParameters::beginOf(const Ramp& ramp) {
     return std::max(ramp.start, 0.0);
 }

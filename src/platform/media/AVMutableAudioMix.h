@@ -7,9 +7,8 @@
 
 namespace zelvo::media {
 
-/// The volume of one track over the composition's time: steps and linear ramps, in the order of
-/// their times. A later call at the same time stands; after a ramp its end volume holds. Volumes
-/// from 0 to 1; before the first call it is 1.
+/// The volume of a track over time: steps and linear ramps, sorted by time. At equal times the
+/// later call wins. After a ramp its end volume stays. Volumes are 0 to 1, initially 1.
 class AVMutableAudioMixInputParameters {
 public:
     [[nodiscard]] int trackID() const { return trackID_; }
@@ -24,7 +23,7 @@ public:
 private:
     struct Ramp {
         double start;    // seconds
-        double duration; // 0 for a step
+        double duration; // seconds; 0 for a step
         double from;
         double to;
     };
@@ -33,7 +32,7 @@ private:
     [[nodiscard]] static double beginOf(const Ramp& ramp);
 
     int trackID_ = 0;
-    std::vector<Ramp> ramps; // by beginOf
+    std::vector<Ramp> ramps; // sorted by beginOf
 };
 
 struct AVMutableAudioMix {

@@ -10,13 +10,13 @@
 
 namespace zelvo::media {
 
-/// One track of a composition: a stretch of one source track, placed in time.
+/// A track of a composition: a part of one source track, placed in time.
 class AVMutableCompositionTrack {
 public:
     struct Segment {
         AVAssetTrack source;
-        CMTimeRange range; ///< of the source's time
-        CMTime at;         ///< where it begins in the composition
+        CMTimeRange range; ///< in the source's time
+        CMTime at;         ///< start in the composition
     };
 
     AVMutableCompositionTrack(MediaType type, int identifier)
@@ -27,8 +27,8 @@ public:
 
     [[nodiscard]] MediaType mediaType() const { return mediaType_; }
 
-    /// Once a track. unsupported if the source is of another type, or the range is empty or begins
-    /// below 0.
+    /// Can be called once for each track. Error: `unsupported` if the source has another type, or
+    /// if the range is empty or begins below 0.
     [[nodiscard]] foundation::Result<void>
     insertTimeRange(const CMTimeRange& range, const AVAssetTrack& source, CMTime at);
 
@@ -40,13 +40,13 @@ private:
     std::optional<Segment> segment_;
 };
 
-/// Stretches of files put together in time, to be exported by AVAssetExportSession.
+/// Parts of files put together in time. AVAssetExportSession exports it.
 class AVMutableComposition {
 public:
-    /// An identifier of 0 lets the composition choose the next free one. The reference stays good.
+    /// With an identifier of 0 the next free one is used. The reference stays valid.
     AVMutableCompositionTrack& addMutableTrack(MediaType type, int preferredTrackID);
 
-    /// The first track of the type; null if there is none.
+    /// The first track of this type; null if there is none.
     [[nodiscard]] const AVMutableCompositionTrack* firstTrack(MediaType type) const;
 
 private:

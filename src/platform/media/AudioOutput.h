@@ -7,27 +7,26 @@
 
 namespace zelvo::media {
 
-/// A sound device, or what stands in for one. It takes interleaved stereo at 48 kHz from a source,
-/// which it calls on any thread, one call at a time.
+/// A sound device or its replacement. It pulls interleaved stereo at 48 kHz from a source, which it
+/// calls on any thread, but never twice at a time.
 class AudioOutput {
 public:
-    /// Fills the whole span; silence where there is nothing to play.
+    /// Must fill the whole span, with silence if there is nothing to play.
     using Source = std::function<void(std::span<float>)>;
 
     virtual ~AudioOutput() = default;
 
-    /// Takes from the source until stop(). A second start without a stop is a programming error.
+    /// Calls the source until stop(). Starting twice without a stop is a programming error.
     virtual void start(Source source) = 0;
 
-    /// The source is not called any more once this returns.
+    /// The source is not called any more after this returns.
     virtual void stop() = 0;
 };
 
-/// Makes one output for each player; none (null) where sound is not to be heard.
+/// Makes an output for each player; returns null for silence.
 using AudioOutputFactory = std::function<std::unique_ptr<AudioOutput>()>;
 
-/// The default sound device; null if the machine has none, or no event loop of the interface's
-/// library is there to drive it.
+/// The default sound device; null if there is none, or if there is no Qt event loop to drive it.
 [[nodiscard]] std::unique_ptr<AudioOutput> makeSystemAudioOutput();
 
 } // namespace zelvo::media

@@ -17,14 +17,14 @@ using foundation::fail;
 using foundation::Result;
 
 constexpr double kMaxSeconds = 24.0 * 60.0 * 60.0;
-constexpr int kMinSourceRate = 1000; ///< below it, a few bytes would become hours
+constexpr int kMinSourceRate = 1000; ///< with a lower rate, a few bytes would be hours of sound
 constexpr int kMaxSourceRate = 768000;
 constexpr int kMaxSourceChannels = 16;
 
-/// Decoders need some packets before they give right samples (overlapping windows, bit reservoirs).
+/// Decoders give correct samples only after some packets (overlapping windows, bit reservoirs).
 constexpr double kRunUpSeconds = 0.25;
 
-/// One decoded frame longer than this is damage.
+/// A decoded frame longer than this means that the file is damaged.
 constexpr int kMaxFrameSamples = 1 << 17;
 
 std::int64_t startOf(const AVStream& stream) {
@@ -98,7 +98,7 @@ double AudioReader::measureDuration() {
         av_packet_unref(packet.get());
     }
     double seconds = static_cast<double>(end - startOf(source)) * av_q2d(source.time_base);
-    // A header may know of padding that the packets do not tell; it never makes a file longer.
+    // A header can know of padding that packets do not tell; it can only shorten the file.
     const bool isEstimate = format->duration_estimation_method == AVFMT_DURATION_FROM_BITRATE;
     if (source.duration != AV_NOPTS_VALUE && source.duration > 0 && !isEstimate) {
         const double told = static_cast<double>(source.duration) * av_q2d(source.time_base);
@@ -118,7 +118,7 @@ void AudioReader::seek(double seconds) {
 
 void AudioReader::rewindTo(std::int64_t timestamp) {
     if (av_seek_frame(format.get(), stream, timestamp, AVSEEK_FLAG_BACKWARD) < 0) {
-        // Files without an index are read again from their beginning.
+        // Files without an index are read from the start.
         av_seek_frame(format.get(), stream, 0, AVSEEK_FLAG_BYTE);
     }
     avcodec_flush_buffers(decoder.get());
@@ -151,7 +151,7 @@ std::size_t AudioReader::read(std::span<float> interleaved) {
     return filled / kChannels;
 }
 
-/// Decodes until there is something to read or the file ends.
+/// Decodes until there are samples to read or the file ends.
 void AudioReader::decodeMore() {
     while (pending.empty() && !isAtEnd) {
         if (avcodec_receive_frame(decoder.get(), frame.get()) >= 0) {
@@ -213,7 +213,7 @@ bool AudioReader::prepareConverter(const AVFrame& source) {
         0,
         nullptr);
     if (source.ch_layout.nb_channels == 1) {
-        // At full level on both sides; the library would take 3 dB off.
+        // Mono goes to both sides at full level; the library would reduce it by 3 dB.
         constexpr std::array<double, kChannels> kBothSides{1.0, 1.0};
         swr_set_matrix(made, kBothSides.data(), 1);
     }
@@ -229,14 +229,14 @@ bool AudioReader::prepareConverter(const AVFrame& source) {
     return true;
 }
 
-/// Where the first frame after a seek lies decides how much is dropped, or how much silence comes
-/// before it.
+/// The position of the first frame after a seek decides how much is dropped, or how much silence is
+/// inserted.
 void AudioReader::alignToTarget(const AVFrame& first) {
     isAligned = true;
     const AVStream& source = *format->streams[stream];
     const std::int64_t pts = first.best_effort_timestamp;
     if (pts == AV_NOPTS_VALUE) {
-        toSkip = target; // unknown place: only a file read from its beginning comes here
+        toSkip = target; // unknown position: this happens only if a file is read from its start
         return;
     }
     const double seconds = static_cast<double>(pts - startOf(source)) * av_q2d(source.time_base);
@@ -246,7 +246,7 @@ void AudioReader::alignToTarget(const AVFrame& first) {
     pending.insert(pending.end(), static_cast<std::size_t>(gap * kChannels), 0.0F);
 }
 
-/// Converts the frame, or with null what the converter still holds.
+/// Converts a frame, or flushes the converter if `source` is null.
 void AudioReader::convert(const AVFrame* source) {
     const int inSamples = source != nullptr ? source->nb_samples : 0;
     const int room = swr_get_out_samples(converter.get(), inSamples);

@@ -11,25 +11,25 @@
 
 namespace zelvo::media {
 
-/// Decodes the sound of a file to interleaved stereo at 48 kHz, from any position, sample by
-/// sample. Damaged packets are skipped; what cannot be decoded at the end is missing.
+/// Decodes the sound of a file to interleaved stereo at 48 kHz, from any position, exact to the
+/// sample. Damaged packets are skipped.
 class AudioReader {
 public:
     static constexpr int kSampleRate = 48000;
     static constexpr int kChannels = 2;
 
-    /// Errors of openMediaFile, or unsupported if the file has no sound that can be decoded.
+    /// Errors: those of openMediaFile, and `unsupported` if no sound in the file can be decoded.
     [[nodiscard]] static foundation::Result<AudioReader> open(const std::filesystem::path& file);
 
-    /// Seconds that can be read, counted from the file's packets: headers are wrong in truncated
-    /// files, and missing in others. At most 24 hours.
+    /// Seconds that can be read, at most 24 hours. Computed from the packets, because headers can
+    /// be wrong or missing.
     [[nodiscard]] double duration() const { return duration_; }
 
-    /// The next read begins at this song time; negative counts as 0.
+    /// The next read starts at this time of the song; negative values count as 0.
     void seek(double seconds);
 
-    /// Fills whole frames (pairs of samples) from the front and returns their number; fewer than
-    /// asked for only at the end of the file. Values from -1 to 1.
+    /// Reads whole frames (pairs of samples, -1 to 1) and returns their number. It is less than
+    /// asked for only at the end of the file.
     [[nodiscard]] std::size_t read(std::span<float> interleaved);
 
 private:
@@ -52,16 +52,16 @@ private:
     int stream = -1;
     double duration_ = 0.0;
 
-    // The format that the converter was made for; it may change within a damaged file.
+    // The input format of the converter. It can change within a damaged file.
     int sourceRate = 0;
     int sourceFormat = -1;
     int sourceChannels = 0;
 
-    std::vector<float> pending;   // decoded, not yet read
+    std::vector<float> pending;   // decoded but not read
     std::size_t pendingStart = 0; // in samples
-    std::int64_t target = 0;      // frame index at which reading is to begin
-    std::int64_t toSkip = 0;      // frames still to drop before it
-    bool isAligned = false;       // the first frame after seeking has been placed
+    std::int64_t target = 0;      // index of the frame where reading should start
+    std::int64_t toSkip = 0;      // frames to drop before it
+    bool isAligned = false;       // whether the first frame after a seek has been placed
     bool isAtEnd = false;
 };
 

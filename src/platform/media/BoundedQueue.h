@@ -10,14 +10,14 @@
 
 namespace zelvo::media {
 
-/// Hands items from one producing to one consuming thread, at most `capacity` of them under way.
-/// The producer asks or waits for room before it pushes.
+/// A queue between one producer thread and one consumer thread, for at most `capacity` items. The
+/// producer must check or wait for room before it pushes.
 template <class Item> class BoundedQueue {
 public:
     explicit BoundedQueue(std::size_t itemLimit)
         : capacity(itemLimit) {}
 
-    /// True also when nothing is taken any more: nobody is to wait for a queue that has ended.
+    /// Also true when the queue has ended, so that nobody waits for it.
     [[nodiscard]] bool hasRoom() const {
         const std::lock_guard lock(mutex);
         return hasRoomLocked();
@@ -28,7 +28,7 @@ public:
         changed.wait(lock, [this] { return hasRoomLocked(); });
     }
 
-    /// Dropped without a word once the queue has ended.
+    /// Drops the item if the queue has ended.
     void push(Item item) {
         {
             const std::lock_guard lock(mutex);
@@ -39,7 +39,7 @@ public:
         changed.notify_all();
     }
 
-    /// The next item, waiting for it; none when the queue is closed and all has been taken.
+    /// Waits for the next item; nothing when the queue is closed and empty.
     [[nodiscard]] std::optional<Item> pop() {
         std::optional<Item> item;
         {
@@ -54,7 +54,7 @@ public:
         return item;
     }
 
-    /// Nothing more comes; what is under way will still be taken.
+    /// No more items will come; queued ones can still be taken.
     void close() {
         {
             const std::lock_guard lock(mutex);
@@ -63,7 +63,7 @@ public:
         changed.notify_all();
     }
 
-    /// Nothing more comes, and what is under way is dropped.
+    /// No more items will come, and queued ones are dropped.
     void abandon() {
         std::deque<Item> dropped;
         {

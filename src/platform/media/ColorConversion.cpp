@@ -7,11 +7,12 @@
 #include <bit>
 #include <vector>
 
-// Why not swscale: it gives the same picture within 2, and takes 5.4 ms of a core for a frame of
-// 1920 x 1080 where this takes 2.0 ms (bench/MediaBench.cpp, convertFrame and
-// convertFrameByLibrary). The encoder is what a movie waits for, on the same thread.
+// Why not swscale: its result differs by at most 2, but it takes 5.4 ms of a core for a frame of
+// 1920 x 1080; this takes 2.0 ms (bench/MediaBench.cpp, convertFrame and convertFrameByLibrary). A
+// movie waits for the encoder, which runs on the same thread.
 //
-// The loops below work on whole 32-bit words, without byte shuffles, for the vectoriser's sake.
+// The loops below use whole 32-bit words without byte shuffles, so that the compiler can vectorise
+// them.
 
 namespace zelvo::media {
 namespace {
@@ -50,7 +51,7 @@ constexpr Weights lumaWeights(PixelFormat format) {
     return ordered(format, kRed * kRange, kGreen * kRange, kBlue * kRange);
 }
 
-/// The sums that these weigh are of eight pixel values: two rows of 1, 2, 1.
+/// These weights apply to sums of eight pixel values: two rows of 1, 2, 1.
 constexpr double kChromaRange = 224.0 / 255.0 / 8.0;
 
 constexpr Weights cbWeights(PixelFormat format) {
@@ -77,8 +78,8 @@ convertLumaRow(const std::uint32_t* pixels, std::uint8_t* luma, int width, Weigh
     }
 }
 
-/// Adds two rows up: bytes 0 and 2 of their pixels as two 16-bit sums in a word, byte 1 as a word
-/// of its own.
+/// Adds two rows: bytes 0 and 2 of a pixel become two 16-bit sums in one word, byte 1 a word of its
+/// own.
 ZELVO_WIDE_LOOP void addRows(
     const std::uint32_t* upper,
     const std::uint32_t* lower,
@@ -98,13 +99,12 @@ struct ChromaRow {
     Weights crWeights;
 };
 
-/// 1, 2, 1 around pixel 2x; sums of up to 8 x 255 do not run over from one half of a word to the
-/// other.
+/// 1, 2, 1 around pixel 2x. The sums are at most 8 x 255, so the halves of a word do not overflow.
 inline std::uint32_t weighed(const std::uint32_t* sums, int x) {
     return sums[2 * x - 1] + 2 * sums[2 * x] + sums[2 * x + 1];
 }
 
-/// The sums have one more word before the first, which stands for the pixel left of the picture.
+/// The sums have an extra word in front, for the pixel left of the picture.
 ZELVO_WIDE_LOOP void convertChromaRow(
     const std::uint32_t* outer, const std::uint32_t* middle, const ChromaRow& row, int pairs) {
     constexpr std::int32_t kOffset = (128 << kShift) + (1 << (kShift - 1));

@@ -8,8 +8,8 @@
 
 namespace zelvo::media {
 
-/// Where a picture of half chroma resolution goes. Width and height are those of the source
-/// picture; the chroma planes have half of both.
+/// The target of a conversion to 4:2:0. Width and height are those of the source picture; the
+/// chroma planes have half of both.
 struct YuvPlanes {
     std::uint8_t* luma = nullptr;
     std::uint8_t* cb = nullptr;
@@ -18,9 +18,9 @@ struct YuvPlanes {
     std::ptrdiff_t chromaStride = 0;
 };
 
-/// Converts to Y'CbCr 4:2:0 in video range (16 to 235, 16 to 240), BT.709 (ITU-R BT.709-6, 3.2
-/// to 3.4), each value within 1 of the rounded formula. Chroma samples lie on the left pixel of
-/// their pair and halfway between their two rows (ITU-T H.264, figure 6-4). Width and height must
+/// Converts to Y'CbCr 4:2:0 in video range (16 to 235, 16 to 240), BT.709 (ITU-R BT.709-6, 3.2 to
+/// 3.4). Each value differs by at most 1 from the rounded formula. Chroma samples are on the left
+/// pixel of a pair, half-way between its two rows (ITU-T H.264, figure 6-4). Width and height must
 /// be even.
 void convertToYuv420(const PixelBuffer& picture, const YuvPlanes& planes);
 

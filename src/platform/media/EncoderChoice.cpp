@@ -22,7 +22,7 @@ struct ChosenEncoder::Row {
     VideoCodec codec;
     const char* name;
     bool isHardware;
-    AVPixelFormat format; // of the frames it takes
+    AVPixelFormat format; // of the input frames
     const char* speedName;
     const char* speed;
     const char* qualityName;
@@ -31,11 +31,11 @@ struct ChosenEncoder::Row {
 
 namespace {
 
-/// Two seconds between key frames: quick to scrub, cheap to store.
+/// Two seconds between key frames: fast seeking, small files.
 constexpr int kKeyFrameDistance = 2 * ChosenEncoder::kFramesPerSecond;
 
 int threadCount() {
-    // On two cores the encoding thread is the only one; the other core draws.
+    // With two cores, encode on one thread; the other core draws.
     const auto cores = static_cast<int>(std::thread::hardware_concurrency());
     return std::clamp(cores / 2, 1, 8);
 }
@@ -56,7 +56,7 @@ void describe(AVCodecContext& context, const VideoSettings& settings) {
     context.chroma_sample_location = AVCHROMA_LOC_LEFT;
 }
 
-/// Gives the encoder a store of frames on the graphics card; false if there is no such card.
+/// Gives the encoder a pool of frames on the graphics card. False if there is no such card.
 bool giveHardwareFrames(AVCodecContext& context) {
     constexpr int kFramesOnCard = 16;
     AVBufferRef* opened = nullptr;
@@ -85,7 +85,7 @@ FFmpegPtr<AVFrame> newFrame(int width, int height, AVPixelFormat format) {
     return av_frame_get_buffer(frame.get(), 0) < 0 ? nullptr : std::move(frame);
 }
 
-/// Both chroma planes in one, as graphics cards take them.
+/// Joins both chroma planes to one, as graphics cards require.
 FFmpegPtr<AVFrame> withInterleavedChroma(const AVFrame& planes) {
     auto made = newFrame(planes.width, planes.height, AV_PIX_FMT_NV12);
     if (!made)
@@ -121,7 +121,7 @@ FFmpegPtr<AVFrame> uploaded(const AVFrame& picture, AVBufferRef* store) {
 
 } // namespace
 
-/// Opened, and seen to give a packet for a grey picture: drivers offer encoders that then fail.
+/// Opens the encoder and encodes a grey picture, because drivers offer encoders that then fail.
 bool ChosenEncoder::doesWork(const Row& row) {
     constexpr int kGrey = 128;
     const VideoSettings settings{row.codec, 1920, 1080};
@@ -163,10 +163,10 @@ int ChosenEncoder::send(const AVFrame* picture) const {
     return onCard ? avcodec_send_frame(codec.get(), onCard.get()) : AVERROR(ENOMEM);
 }
 
-// First come, first tried. Software presets are chosen for two cores that also draw: on moving
-// bevelled letters before a gradient at 1920 x 1080, x264 takes 10 ms a frame with superfast, 15
-// with veryfast, 23 with faster, at a luma PSNR of 51, 48 and 48 dB (lookahead spends fewer bits on
-// what moves). aq-mode 3 keeps dark gradients free of bands.
+// Tried in this order. Software presets are chosen for two cores that also draw. For moving
+// bevelled letters in front of a gradient at 1920 x 1080, x264 takes 10 ms a frame with superfast,
+// 15 with veryfast, 23 with faster, at a luma PSNR of 51, 48 and 48 dB (with lookahead it spends
+// fewer bits on moving parts). aq-mode 3 avoids bands in dark gradients.
 std::span<const ChosenEncoder::Row> ChosenEncoder::rows() {
     constexpr auto kPlanes = AV_PIX_FMT_YUV420P;
     constexpr auto kCard = AV_PIX_FMT_VAAPI;
@@ -211,7 +211,7 @@ bool ChosenEncoder::probeHardware(VideoCodec codec) {
 bool hasHardwareEncoder(VideoCodec codec) {
     static const bool kHasHevc = ChosenEncoder::probeHardware(VideoCodec::hevc);
     return codec == VideoCodec::hevc &&
-           kHasHevc; // no row for H.264: software is quick and everywhere
+           kHasHevc; // none for H.264, where software is fast and available everywhere
 }
 
 } // namespace zelvo::media

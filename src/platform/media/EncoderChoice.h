@@ -11,20 +11,21 @@
 
 namespace zelvo::media {
 
-/// The encoder that a movie is written with, opened for pictures in planes of 4:2:0.
+/// The encoder of a movie, opened for 4:2:0 pictures in planes.
 class ChosenEncoder {
 public:
-    /// Times of packets are in parts of this.
+    /// The time unit of packets is 1 / kTimescale seconds.
     static constexpr std::int32_t kTimescale = 600;
     static constexpr std::int32_t kFramesPerSecond = VideoSettings::kFramesPerSecond;
 
-    /// A hardware encoder where one works and the codec is HEVC, else a software one. unavailable
-    /// if there is none.
+    /// Opens a hardware encoder if one works and the codec is HEVC, otherwise a software encoder.
+    /// Error: `unavailable` if there is none.
     [[nodiscard]] static foundation::Result<ChosenEncoder> open(const VideoSettings& settings);
 
     [[nodiscard]] AVCodecContext& context() const { return *codec; }
 
-    /// Hands a picture on, with its pts; null for the end. A negative number is FFmpeg's error.
+    /// Sends a picture with its pts to the encoder; null at the end. A negative result is FFmpeg's
+    /// error.
     [[nodiscard]] int send(const AVFrame* picture) const;
 
 private:

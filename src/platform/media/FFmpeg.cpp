@@ -33,7 +33,7 @@ std::string describeAVError(int code) {
 }
 
 Error writingError(int code, const std::filesystem::path& file) {
-    constexpr int kMaxErrno = 4095; // beyond lie FFmpeg's own codes
+    constexpr int kMaxErrno = 4095; // FFmpeg's own codes are beyond
     const int errorNumber = AVUNERROR(code);
     if (errorNumber > 0 && errorNumber <= kMaxErrno)
         return foundation::writingError(errorNumber, file);

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// For the sources of this folder only: FFmpeg's C interface with owners for its objects. Nobody
-// outside includes it.
+// FFmpeg's C interface, with owners for its objects. Only for the sources of this folder.
 
 #include "platform/foundation/Result.h"
 
@@ -23,7 +22,7 @@ extern "C" {
 
 namespace zelvo::media {
 
-/// Closes a file that is read, by openMediaFile or by FFmpeg itself.
+/// Closes a file opened for reading, by openMediaFile or by FFmpeg itself.
 void closeMediaFile(AVFormatContext* context);
 
 struct FFmpegDelete {
@@ -42,7 +41,7 @@ struct FFmpegDelete {
 
 template <class T> using FFmpegPtr = std::unique_ptr<T, FFmpegDelete>;
 
-/// Frees what av_dict_set has put together.
+/// Owns a dictionary of options.
 class Options {
 public:
     Options(std::initializer_list<std::pair<std::string_view, std::string_view>> entries);
@@ -56,12 +55,12 @@ private:
     AVDictionary* entries_ = nullptr;
 };
 
-/// FFmpeg writes to the console by itself otherwise; each of its uses begins with this.
+/// Stops FFmpeg's own messages on the console. Call it before any use of FFmpeg.
 void silenceFFmpeg();
 
 [[nodiscard]] std::string describeAVError(int code);
 
-/// What a failed writing call means to the user: full disk, denied, folder missing.
+/// Explains a failed write to the user: disk full, no permission, folder missing.
 [[nodiscard]] foundation::Error writingError(int code, const std::filesystem::path& file);
 
 } // namespace zelvo::media

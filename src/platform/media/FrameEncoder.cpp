@@ -14,7 +14,7 @@ using foundation::Cause;
 using foundation::Error;
 using foundation::Result;
 
-/// Enough to ride out a slow key frame, few enough that 25 MB hold them at 1920 x 1080.
+/// Enough to bridge a slow key frame; needs 25 MB at 1920 x 1080.
 constexpr std::size_t kFramesAhead = 3;
 
 double threadSeconds() {
@@ -96,11 +96,11 @@ void FrameEncoder::finish(std::function<void()> whenDone) {
     }
     frames.close();
     if (whenDone)
-        whenDone(); // never started, failed at once, or over by now
+        whenDone(); // never started, failed at once, or already ended
 }
 
 void FrameEncoder::cancel() {
-    // Only one of this and the thread's own end sets the final status.
+    // Either this or the thread's end sets the final status, not both.
     auto expected = Status::writing;
     const bool wasWriting = status_.compare_exchange_strong(expected, Status::cancelled);
     frames.abandon();
@@ -111,7 +111,7 @@ void FrameEncoder::cancel() {
     file.reset();
     if (!wasWriting)
         return;
-    std::error_code ignored; // the thread may just have closed the file
+    std::error_code ignored; // the thread may already have closed the file
     std::filesystem::remove(path, ignored);
 }
 

@@ -14,7 +14,7 @@
 
 namespace zelvo::media {
 
-/// The thread behind an AVAssetWriter and all that it shares with the producer.
+/// The thread of an AVAssetWriter, and the data it shares with the producer.
 class FrameEncoder {
 public:
     using Status = AVAssetWriter::Status;
@@ -24,7 +24,7 @@ public:
     FrameEncoder(const FrameEncoder&) = delete;
     FrameEncoder& operator=(const FrameEncoder&) = delete;
 
-    // The producer's side.
+    // Called by the producer.
     [[nodiscard]] foundation::Result<void> start(const VideoSettings& settings);
     void setSessionStart(CMTime time);
     [[nodiscard]] bool isReady() const;
@@ -45,14 +45,14 @@ private:
         CMTime time;
     };
 
-    // The thread's side.
+    // Run on the thread.
     void run();
     [[nodiscard]] foundation::Result<void> encodeAll();
     [[nodiscard]] foundation::Result<void> writePacket(AVPacket& packet);
     void fail(foundation::Error why);
 
     const std::filesystem::path path;
-    std::optional<MovieFile> file; // the thread's while it runs
+    std::optional<MovieFile> file; // used by the thread while it runs
     std::optional<VideoEncoder> video;
     int track = 0;
 
@@ -64,7 +64,7 @@ private:
     std::function<void()> completion;
     bool hasEnded = false;
 
-    CMTime sessionStart; // the producer's
+    CMTime sessionStart; // used by the producer
     CMTime lastTime = CMTime::negativeInfinity();
     std::thread thread;
 };

@@ -18,16 +18,15 @@ using foundation::Result;
 
 constexpr std::uintmax_t kMaxBytes = 8ULL << 30U;
 
-// Containers of sound and pictures. Play lists and scripts are left out: they would name other
-// files to read.
+// Container formats. Play lists and scripts are left out, because they name other files to read.
 constexpr const char* kFormats =
     "aac,ac3,aiff,amr,ape,asf,au,avi,caf,eac3,flac,flv,matroska,webm,mov,mp4,m4a,mp3,mpc,mpc8,mpeg,"
     "mpegts,ogg,tak,tta,voc,w64,wav,wv";
 
-/// What the demuxer may read from one packet to the next, or until it has found the streams.
+/// The demuxer may read this much for one packet, or for finding the streams.
 constexpr std::int64_t kMaxBytesAtOnce = 64LL << 20U;
 
-/// A file open for reading, with what may still be read of it at once.
+/// A file open for reading, with a limit on how much is read at once.
 class Input {
 public:
     explicit Input(const std::filesystem::path& path)
@@ -71,7 +70,7 @@ private:
     int file;
 };
 
-/// A context that reads the input through our functions and owns it.
+/// A context that reads through our functions and owns the input.
 AVFormatContext* formatReading(std::unique_ptr<Input> input) {
     constexpr int kBufferBytes = 32 * 1024;
     AVFormatContext* const format = avformat_alloc_context();
@@ -133,7 +132,8 @@ Result<FFmpegPtr<AVFormatContext>> openMediaFile(const std::filesystem::path& pa
         return openingError(AVERROR(errno), path);
     AVFormatContext* opened = formatReading(std::move(input));
     AVIOContext* const io = opened->pb;
-    const std::string url = "file:" + path.string(); // a name with a colon is no protocol
+    // a name with a colon must not look like a protocol
+    const std::string url = "file:" + path.string();
     if (const int code = avformat_open_input(&opened, url.c_str(), nullptr, options.get());
         code < 0) {
         closeInput(io);
@@ -152,7 +152,7 @@ bool readPacket(AVFormatContext& format, AVPacket& packet) {
 }
 
 void closeMediaFile(AVFormatContext* context) {
-    // Only what openMediaFile has opened has an input of ours.
+    // Only files opened by openMediaFile have our input.
     AVIOContext* const io = (context->flags & AVFMT_FLAG_CUSTOM_IO) != 0 ? context->pb : nullptr;
     avformat_close_input(&context);
     if (io != nullptr)

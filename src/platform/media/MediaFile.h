@@ -8,17 +8,17 @@
 
 namespace zelvo::media {
 
-/// Opens a foreign sound or movie file for reading and finds its streams, within limits: a regular
-/// file of up to 8 GiB in a format that refers to no other file, up to 32 streams. Errors say what
-/// the file lacks.
+/// Opens a foreign sound or movie file and finds its streams. Limits: a regular file of up to 8
+/// GiB, in a format that does not refer to other files, with up to 32 streams. Errors say what is
+/// wrong with the file.
 [[nodiscard]] foundation::Result<FFmpegPtr<AVFormatContext>>
 openMediaFile(const std::filesystem::path& path);
 
-/// The next packet, of whichever stream; false at the end, and where 64 MiB of the file hold none: a
-/// damaged file must not be gathered in memory.
+/// Reads the next packet of any stream. False at the end, or if 64 MiB contain no packet: a damaged
+/// file must not be collected in memory.
 [[nodiscard]] bool readPacket(AVFormatContext& format, AVPacket& packet);
 
-/// Lets the demuxer skip every stream but this one (-1 for none).
+/// Makes the demuxer skip all other streams (-1: all streams).
 void readOnlyStream(AVFormatContext& format, int stream);
 
 } // namespace zelvo::media

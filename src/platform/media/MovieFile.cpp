@@ -12,8 +12,7 @@ using foundation::Result;
 namespace {
 
 unsigned tagOf(const AVCodecParameters& parameters) {
-    // The tags that players look for; FFmpeg's own choice for HEVC is the other one, which they
-    // refuse.
+    // The tags that players expect. For HEVC, FFmpeg would choose another one, which they refuse.
     switch (parameters.codec_id) {
     case AV_CODEC_ID_H264:
         return MKTAG('a', 'v', 'c', '1');
@@ -48,7 +47,8 @@ MovieFile::create(const std::filesystem::path& path, Layout layout, foundation::
     file.format.reset(context);
     if (const int code = avio_open(&context->pb, url.c_str(), AVIO_FLAG_WRITE); code < 0)
         return tl::unexpected(writingError(code, path));
-    context->flags |= AVFMT_FLAG_BITEXACT; // no version strings and dates: same frames, same bytes
+    // no version strings and dates, so the same frames give the same bytes
+    context->flags |= AVFMT_FLAG_BITEXACT;
     return file;
 }
 
@@ -63,7 +63,7 @@ int MovieFile::addTrack(const AVCodecParameters& parameters, AVRational timeBase
 }
 
 Result<void> MovieFile::begin() {
-    // One timescale for movie and video, so that lengths in frames are exact in both.
+    // The same timescale for movie and video, so that lengths in frames are exact in both.
     Options options{{"movie_timescale", "600"}, {"video_track_timescale", "600"}};
     if (layout == Layout::indexFirst)
         av_dict_set(options.get(), "movflags", "+faststart", 0);

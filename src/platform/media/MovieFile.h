@@ -11,35 +11,35 @@
 
 namespace zelvo::media {
 
-/// A QuickTime file being written, or an MPEG-4 one where the name ends in ".mp4". It comes to
-/// its place when it is finished and committed; one that is not leaves nothing behind.
+/// Writes a QuickTime file, or an MPEG-4 file if the name ends in ".mp4". It is put in place when
+/// it is finished and committed; otherwise nothing is left behind.
 class MovieFile {
 public:
     enum class Layout {
-        indexLast,  ///< quickest to write
-        indexFirst, ///< plays while it is still being fetched; finishing rewrites the file
+        indexLast,  ///< fastest to write
+        indexFirst, ///< can be played while it loads; finish() rewrites the file
     };
 
-    /// Errors: unwritable.
+    /// Error: `unwritable`.
     [[nodiscard]] static foundation::Result<MovieFile>
     create(const std::filesystem::path& path, Layout layout, foundation::NewFile::Use use);
 
     MovieFile(MovieFile&& other) noexcept = default;
     MovieFile& operator=(MovieFile&&) = delete;
 
-    /// Before begin(). The index of the track, which keeps the given time base if it is in whole
-    /// parts of a second.
+    /// Call it before begin(). Returns the index of the track. The time base is kept if it is a
+    /// whole fraction of a second.
     [[nodiscard]] int addTrack(const AVCodecParameters& parameters, AVRational timeBase);
 
     [[nodiscard]] foundation::Result<void> begin();
 
-    /// Takes the packet's content; its times are in the time base given with the track.
+    /// Writes the packet and takes its content. Its times are in the time base of the track.
     [[nodiscard]] foundation::Result<void> write(AVPacket& packet, int track);
 
-    /// Writes what a reader needs to find its way in the file.
+    /// Writes the index.
     [[nodiscard]] foundation::Result<void> finish();
 
-    /// Puts the finished file into its place.
+    /// Puts the finished file in place.
     [[nodiscard]] foundation::Result<void> commit();
 
     [[nodiscard]] const std::filesystem::path& path() const { return path_; }
@@ -56,7 +56,7 @@ private:
     std::filesystem::path path_;
     foundation::NewFile file;
     std::unique_ptr<AVFormatContext, CloseOutput> format;
-    std::vector<AVRational> timeBases; // of the packets, a track each
+    std::vector<AVRational> timeBases; // of the packets of each track
     Layout layout = Layout::indexLast;
     bool hasBegun = false;
 };

@@ -50,7 +50,7 @@ PixelBuffer::view(std::uint8_t* topRow, const Layout& layout, std::function<void
 struct PixelBufferPool::State {
     PixelBuffer::Layout layout;
     std::mutex mutex;        // guards free
-    std::vector<Bytes> free; // memory of pictures that were dropped
+    std::vector<Bytes> free; // memory of destroyed pictures
 };
 
 PixelBufferPool::PixelBufferPool(int width, int height, PixelFormat format)

@@ -8,32 +8,31 @@
 
 namespace zelvo::media {
 
-/// The order of the four bytes of a pixel in memory. The fourth is not looked at by the movie
-/// writer.
+/// The order of the four bytes of a pixel. The movie writer ignores the fourth.
 enum class PixelFormat { bgra, rgba };
 
-/// One picture of 8 bits a channel. Owns its memory, or stands for memory of somebody else and says
-/// when it is done with it. Cheap to move, never copied.
+/// A picture with 8 bits a channel. It owns its memory, or refers to memory of others and calls
+/// back when it is done. It can be moved but not copied.
 ///
-/// Row 0 is the top one. A picture that lies bottom-up in memory (as graphics cards read back) is
-/// given by the address of its last row and a negative bytesPerRow.
+/// Row 0 is the top row. For a picture stored bottom-up (as graphics cards return it), use the
+/// address of its last row and a negative bytesPerRow.
 class PixelBuffer {
 public:
-    /// An empty buffer, without memory.
+    /// Empty, without memory.
     PixelBuffer() = default;
 
     struct Layout {
         int width = 0;
         int height = 0;
-        std::ptrdiff_t bytesPerRow = 0; ///< at least 4 x width, or negative
+        std::ptrdiff_t bytesPerRow = 0; ///< at least 4 x width; may be negative
         PixelFormat format = PixelFormat::bgra;
     };
 
-    /// Own memory, its content undefined, rows without gaps. Sizes from 1 to 16384.
+    /// Allocates memory with undefined content and rows without gaps. Sizes from 1 to 16384.
     [[nodiscard]] static PixelBuffer allocate(int width, int height, PixelFormat format);
 
-    /// Somebody else's memory, `topRow` being the address of row 0. `release` is called once, on
-    /// whichever thread drops the buffer.
+    /// Refers to the caller's memory; `topRow` is the address of row 0. `release` is called once,
+    /// on the thread that destroys the buffer.
     [[nodiscard]] static PixelBuffer
     view(std::uint8_t* topRow, const Layout& layout, std::function<void()> release);
 
@@ -66,13 +65,14 @@ private:
     Layout layout_;
 };
 
-/// Pictures of one size and format whose memory comes back here when they are dropped, on any
-/// thread; so a movie is written without an allocation a frame. The pictures may outlive the pool.
+/// Pictures of one size and format. Memory of destroyed pictures is reused, so that writing a movie
+/// needs no allocation for each frame. Pictures may be destroyed on any thread and may outlive the
+/// pool.
 class PixelBufferPool {
 public:
     PixelBufferPool(int width, int height, PixelFormat format);
 
-    /// A free picture, or a new one if all are in use. Its content is undefined. Any thread.
+    /// A free picture, or a new one if all are in use. Content is undefined. Any thread.
     [[nodiscard]] PixelBuffer acquire();
 
 private:

@@ -113,7 +113,7 @@ Result<void> SoundTrack::writeFrame(MovieFile& movie) {
     return send(frame.get(), movie);
 }
 
-/// Fills the block with the next samples: silence, the stretch where it sounds, the volume of each
+/// Fills the block with the next samples: silence or the part of the song, with the volume of each
 /// sample.
 void SoundTrack::mix(std::int64_t count) {
     std::ranges::fill(block, 0.0F);
@@ -124,7 +124,7 @@ void SoundTrack::mix(std::int64_t count) {
     const std::span all(block);
     const auto first = static_cast<std::size_t>((from - position) * kChannels);
     const auto size = static_cast<std::size_t>((to - from) * kChannels);
-    std::ignore = reader.read(all.subspan(first, size)); // behind the song: silence
+    std::ignore = reader.read(all.subspan(first, size)); // silence after the song's end
     for (std::int64_t i = from; i < to; ++i) {
         const double seconds = static_cast<double>(i) / kRate;
         const auto gain = static_cast<float>(volume.volumeAt(seconds));

@@ -12,25 +12,25 @@
 
 namespace zelvo::media {
 
-/// The sound of a movie being exported: one stretch of a file, silence before and behind it, its
-/// volume over time, encoded as AAC at 192 kbit/s. Everything is counted in samples of 1/48000 s
-/// from the movie's beginning.
+/// The sound of an exported movie: a part of a file, silence before and after it, and its volume
+/// over time, encoded as AAC at 192 kbit/s. Positions are counted in samples (1/48000 s) from the
+/// start of the movie.
 class SoundTrack {
 public:
-    /// `lengthSeconds` is the movie's; the stretch is cut there. Errors of the file, or unavailable
-    /// without an encoder.
+    /// `lengthSeconds` is the length of the movie; the sound is cut there. Errors: those of the
+    /// file, and `unavailable` without an encoder.
     [[nodiscard]] static foundation::Result<SoundTrack> open(
         const AVMutableCompositionTrack::Segment& segment,
         AVMutableAudioMixInputParameters volume,
         double lengthSeconds);
 
-    /// Before the file begins.
+    /// Call it before the file begins.
     void addTo(MovieFile& movie);
 
-    /// Encodes and writes what sounds before the given movie time.
+    /// Encodes and writes the sound up to the given movie time.
     [[nodiscard]] foundation::Result<void> writeUntil(double seconds, MovieFile& movie);
 
-    /// Writes the rest.
+    /// Encodes and writes the rest.
     [[nodiscard]] foundation::Result<void> finish(MovieFile& movie);
 
 private:
@@ -46,10 +46,10 @@ private:
     FFmpegPtr<AVCodecContext> encoder;
     FFmpegPtr<AVFrame> frame;
     FFmpegPtr<AVPacket> packet;
-    std::vector<float> block; // interleaved, one frame of the encoder
+    std::vector<float> block; // interleaved; one frame of the encoder
     int track = 0;
-    std::int64_t begin = 0;  // of the stretch
-    std::int64_t end = 0;    // behind the stretch
+    std::int64_t begin = 0;  // first sample of the part
+    std::int64_t end = 0;    // end of the part
     std::int64_t length = 0; // of the movie
     std::int64_t position = 0;
 };

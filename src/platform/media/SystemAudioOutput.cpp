@@ -19,8 +19,8 @@
 namespace zelvo::media {
 namespace {
 
-/// How much lies ready in the device: no drop-outs while the interface draws, no lag that a fade
-/// would show.
+/// Size of the device's buffer: long enough to avoid drop-outs while the interface draws, short
+/// enough for exact fades.
 constexpr int kBufferMs = 80;
 
 constexpr qint64 kBytesPerFrame = qint64{AudioReader::kChannels} * qint64{sizeof(float)};
@@ -33,7 +33,7 @@ QAudioFormat stereoFloat() {
     return format;
 }
 
-/// The endless stream that the sink reads.
+/// The endless stream that the audio sink reads.
 class SourceDevice final : public QIODevice {
 public:
     void setSource(AudioOutput::Source newSource) {
@@ -91,12 +91,12 @@ public:
 
     void stop() override {
         isStarted = false;
-        sink.reset(); // drops what is buffered: silence at once
+        sink.reset(); // drops the buffer, so it is silent at once
         stream.setSource({});
     }
 
 private:
-    SourceDevice stream; // outlives the sink that reads it
+    SourceDevice stream; // must outlive the sink, which reads it
     QAudioSink sink;
     bool isStarted = false;
 };

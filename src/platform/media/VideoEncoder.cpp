@@ -45,7 +45,7 @@ Result<VideoEncoder> VideoEncoder::open(const VideoSettings& settings) {
 }
 
 Result<void> VideoEncoder::prepareFrame(const PixelBuffer& picture) {
-    // The encoder may still refer to the last picture; then this gives the frame fresh memory.
+    // The encoder may still use the last picture; then this allocates new memory for the frame.
     if (av_frame_make_writable(frame.get()) < 0) {
         return fail(Cause::unavailable, "There is not enough memory for the movie's frames.");
     }

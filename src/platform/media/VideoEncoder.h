@@ -13,9 +13,9 @@
 
 namespace zelvo::media {
 
-/// Turns pictures into packets: conversion to 4:2:0, scaling where the picture is not of the
-/// movie's size, encoding. No frame refers to a later one, so packets come in the order of showing
-/// and a movie can be cut after any frame.
+/// Turns pictures into packets: converts to 4:2:0, scales if the size differs from the movie's,
+/// encodes. No frame refers to a later one, so packets come in display order and a movie can be cut
+/// after any frame.
 class VideoEncoder {
 public:
     using PacketSink = std::function<foundation::Result<void>(AVPacket&)>;
@@ -23,13 +23,13 @@ public:
     static constexpr std::int32_t kTimescale = ChosenEncoder::kTimescale;
     static constexpr std::int32_t kFramesPerSecond = ChosenEncoder::kFramesPerSecond;
 
-    /// unavailable if no encoder for the codec works here.
+    /// Error: `unavailable` if no encoder for the codec works.
     [[nodiscard]] static foundation::Result<VideoEncoder> open(const VideoSettings& settings);
 
     [[nodiscard]] foundation::Result<void>
     encode(const PixelBuffer& picture, CMTime time, const PacketSink& sink);
 
-    /// Brings out what the encoder still holds.
+    /// Writes the frames that the encoder still holds.
     [[nodiscard]] foundation::Result<void> finish(const PacketSink& sink);
 
     [[nodiscard]] const AVCodecContext& context() const { return encoder.context(); }

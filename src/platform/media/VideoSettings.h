@@ -5,7 +5,7 @@ namespace zelvo::media {
 
 enum class VideoCodec { h264, hevc };
 
-/// What a movie's video is to be: 4:2:0, BT.709 in video range.
+/// The format of a movie's video. Always 4:2:0, BT.709 in video range.
 struct VideoSettings {
     static constexpr int kFramesPerSecond = 60;
 
@@ -14,9 +14,9 @@ struct VideoSettings {
     int height = 1080;
 };
 
-/// Whether this machine encodes the codec at 1920 x 1080 in hardware, found out by opening such an
-/// encoder once. The product writes HEVC of itself only where this holds; asking for it elsewhere
-/// falls back to a software encoder.
+/// Whether this machine can encode 1920 x 1080 with this codec in hardware; tested once by opening
+/// an encoder. HEVC is the default only if this is true. If HEVC is requested without it, a
+/// software encoder is used.
 [[nodiscard]] bool hasHardwareEncoder(VideoCodec codec);
 
 } // namespace zelvo::media
