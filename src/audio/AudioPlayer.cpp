@@ -67,7 +67,7 @@ void AudioPlayer::clearSong() {
 }
 
 void AudioPlayer::step(double t) {
-    // The movie puts the beginning on the nearest frame; an earlier tick waits for that one.
+    // In the movie, the music starts with the nearest frame; an earlier tick waits for that frame.
     const bool isInWindow = FrameClock::nearestFrame(t) >= FrameClock::nearestFrame(audioPreRoll) &&
                             t - audioPreRoll < FrameClock::kStep;
     if (!isPlaying && isInWindow && avAudioPlayer && !avAudioPlayer->isPlaying())
@@ -86,7 +86,7 @@ void AudioPlayer::step(double t) {
 void AudioPlayer::startStretch() {
     isFadingOut = false;
     avAudioPlayer->prepareToPlay();
-    // As the movie cuts it.
+    // Start at the same sample as in the movie.
     avAudioPlayer->setCurrentTime(
         FrameClock::presentationTime(FrameClock::nearestFrame(audioIn)).seconds());
     avAudioPlayer->setVolume(0.0F);

@@ -16,7 +16,7 @@
 
 namespace zelvo::audio {
 
-/// Which fades apply to the stretch of music. Raw values as listed; 4 and more is no state.
+/// The fades of the music. The raw values are used by the interface; 4 and more are invalid.
 enum class FadeState { noFade = 0, fadeIn = 1, fadeOut = 2, fadeInOut = 3 };
 
 [[nodiscard]] std::optional<FadeState> fadeStateOf(int rawValue);
@@ -45,30 +45,30 @@ inline constexpr auto kFades = std::to_array<FadeRow>({
     return state == FadeState::fadeOut || state == FadeState::fadeInOut;
 }
 
-/// A piece of music that comes with the application.
+/// A piece of music that comes with the program.
 struct Track {
     const std::string title;
     const std::string artist;
     const std::string imageName;
-    const std::string trackName; ///< file name with its type, "Tune.mp3"
+    const std::string trackName; ///< file name with extension, such as "Tune.mp3"
 
-    /// The file in the main bundle. Ends the process if it is not there.
+    /// The file in the main bundle. A missing file ends the process.
     [[nodiscard]] std::filesystem::path url() const;
 };
 
-/// The one piece of music of a movie: which file, which stretch of it, where in the movie it
-/// begins, how it fades.
+/// The music of a movie: the file, the part of it that is played, where in the movie it starts, and
+/// how it fades.
 ///
 ///     song   0 ........ audioIn ============== audioEnd .... totalDuration
 ///     movie       0 ... audioPreRoll ========= songEnd()
 ///
-/// All times are seconds. The stretch starts with the step of the frame that is nearest to
-/// audioPreRoll, on the same sample as in the movie, or up to a frame later: a clock that jumps
-/// over that, or starts behind it, leaves the pass silent. Main thread only.
+/// All times are in seconds. The music starts in the frame nearest to audioPreRoll, on the same
+/// sample as in the movie. If the clock starts later or jumps over that frame, this run is silent.
+/// Main thread only.
 class AudioPlayer {
 public:
-    /// `movieDuration` tells the movie's present length. Players are made with an output of the
-    /// factory; an empty factory plays silently. The run loop outlives this.
+    /// `movieDuration` returns the movie's current length. `outputFactory` makes the sound outputs;
+    /// empty for silence. The run loop must outlive this object.
     AudioPlayer(
         const foundation::RunLoop& runLoop,
         std::function<double()> durationOfMovie,
@@ -76,11 +76,11 @@ public:
 
     double fadeInDuration = 1.6;
     double fadeOutDuration = 1.9;
-    double fadeOutBeginDelay =
-        0.1; ///< the fade-out begins so much earlier, and silence comes before the end
+    /// Seconds; the fade-out starts and ends this much earlier, so that the end is silent.
+    double fadeOutBeginDelay = 0.1;
     FadeState fadeState = FadeState::fadeInOut;
-    bool isFadingOut = false; ///< the fade-out of this pass has been started
-    bool isPlaying = false;   ///< the stretch has been started
+    bool isFadingOut = false; ///< the fade-out of this run has started
+    bool isPlaying = false;   ///< the music has started
     std::vector<Track> appTracks;
     std::unique_ptr<media::AVAudioPlayer> avAudioPlayer;
     std::optional<std::string> songTitle;
@@ -90,16 +90,16 @@ public:
     double audioEnd = 0.0;
     double totalDuration = 0.0;
 
-    /// When the stretch ends, in movie time.
+    /// The end of the music, in movie time.
     [[nodiscard]] double songEnd() const { return audioPreRoll + audioEnd - audioIn; }
 
-    /// Takes the song and trims it to the movie's length from its beginning. A file that cannot be
-    /// played is kept by name while the earlier song, if any, goes on sounding; callers who want to
-    /// tell the user open the file first.
+    /// Takes a song; the part to play starts at its beginning and is as long as the movie, at most.
+    /// If the file cannot be played, its name is kept and the earlier song, if any, still sounds.
+    /// Open the file first to report errors to the user.
     void loadSong(std::optional<std::filesystem::path> url, std::optional<std::string> title);
     void clearSong();
 
-    /// At every tick of the clock outside an export, with the movie time.
+    /// Call it at every tick of the clock outside an export. `t` is movie time.
     void step(double t);
 
     void stop();
@@ -112,8 +112,7 @@ private:
     media::AudioOutputFactory makeOutput;
 };
 
-/// At the application's start. Without a sound device a line is logged, and the application goes
-/// on.
+/// Called at start-up. If there is no sound device, this is logged and the program continues.
 void setUpAudioSession();
 
 } // namespace zelvo::audio

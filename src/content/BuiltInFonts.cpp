@@ -6,7 +6,7 @@
 namespace zelvo::content {
 namespace {
 
-// Where the files come from stands in resources/fonts.tsv, which the set-up reads.
+// The sources of the files are in resources/fonts.tsv, which scripts/fetch-fonts.sh reads.
 // clang-format off
 constexpr auto kBuiltInFonts = std::to_array<BuiltInFont>({
     {"Abel-Regular",           "Abel-Regular.ttf"              },

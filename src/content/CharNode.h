@@ -7,13 +7,13 @@
 
 namespace zelvo::content {
 
-/// One letter of a text. Letters are made anew by each rebuild: nothing may hold on to one across a
-/// change of style.
+/// One letter of a text. Letters are replaced on each change of style, so do not keep pointers to
+/// them.
 class CharNode final : public core::ReferNode {
 public:
     CharNode() { categoryBitMask = core::kContentMask; }
 
-    /// Where the rebuild placed the letter; letter animations return to it.
+    /// The place of the letter in its text. Letter animations return to it.
     std::optional<glm::vec3> originalPosition;
 };
 

@@ -7,17 +7,15 @@
 
 namespace zelvo::content {
 
-/// Survives a process that dies while a font's letters are built: no error can be caught from that.
-/// A mark in the user defaults stands during a build, so that only a dead process leaves one
-/// behind, and the next build finds it.
+/// Protects against fonts that crash the process while letters are built, which cannot be caught as
+/// an error. During a build, a mark is kept in the user defaults. If the process crashes, the mark
+/// remains and the next build finds it.
 ///
-///     CrashGuard guard(surroundings, fontName);   // reads what an earlier process left, writes
-///     the mark
+///     CrashGuard guard(surroundings, fontName);   // looks for an old mark, then writes one
 ///     ... build, without a chamfer if guard.isFontCorrupt() ...
-///                                                 // the mark goes with the guard
+///                                                 // the guard's destructor removes the mark
 ///
-/// A font that was found out stands in the list for good and is not guarded again; the user is told
-/// once.
+/// A font found in this way stays in a list and is not guarded again. The user is told once.
 class CrashGuard {
 public:
     CrashGuard(const core::Surroundings& world, const std::string& fontName);
@@ -27,7 +25,7 @@ public:
 
     [[nodiscard]] bool isFontCorrupt() const { return isListed; }
 
-    /// Takes the mark away without a build.
+    /// Removes the mark without a build.
     static void removeMark(const core::Surroundings& world);
 
 private:

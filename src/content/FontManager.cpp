@@ -13,14 +13,14 @@
 namespace zelvo::content {
 namespace {
 
-constexpr auto kFallbackFont = "HelveticaNeue-Bold"; // wide coverage, and heavy enough for a title
+// covers many languages, and is heavy enough for a title
+constexpr auto kFallbackFont = "HelveticaNeue-Bold";
 
-// For scripts that no font of the list has: Hebrew and Arabic, then Chinese, Japanese and Korean.
+// For scripts that the list does not cover: Hebrew and Arabic; Chinese, Japanese and Korean.
 constexpr auto kScriptFonts =
     std::to_array<std::string_view>({"DejaVuSans-Bold.ttf", "DroidSansFallback.ttf"});
 
-/// A font that has no name in the list; null if it is missing, which only letters of its scripts
-/// show.
+/// A font that is not in the list; null if the file is missing. Only texts in its scripts need it.
 text::FontPtr scriptFont(const foundation::Bundle& bundle, std::string_view name) {
     const auto file = bundle.path(fmt::format("fonts/{}", name));
     text::FontRegistry alone;

@@ -9,24 +9,22 @@
 
 namespace zelvo::content {
 
-/// A font that comes with the program: the name it is asked by, and its file below fonts/ in the
-/// resources.
+/// A font that comes with the program: its name, and its file in fonts/ of the resources.
 struct BuiltInFont {
     std::string_view name;
     std::string_view file;
 };
 
-/// The store of fonts: the built-in list, made findable in the registry by name.
+/// Registers the built-in fonts, so that they are found by name.
 class FontManager {
 public:
     explicit FontManager(text::FontRegistry& fonts);
 
-    /// In the order of the list that the user sees before sorting.
+    /// In the order of the table; the user sees them sorted.
     [[nodiscard]] static std::span<const BuiltInFont> builtInFonts();
 
-    /// Registers every built-in font that the bundle holds and sets the registry's fallbacks. A
-    /// font that is missing or broken is said on the console; texts that name it are set in the
-    /// fallback.
+    /// Registers all built-in fonts of the bundle and sets the registry's fallbacks. A missing or
+    /// broken font is reported on the console; texts with that font are set in the fallback.
     void registerBuiltIns(const foundation::Bundle& bundle);
 
 private:

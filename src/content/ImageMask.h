@@ -9,16 +9,17 @@
 
 namespace zelvo::content {
 
-/// Cuts the image node's picture into a shape: black parts show the picture, white parts hide it.
+/// A shape that the image node's picture is cut to: black parts show the picture, white parts hide
+/// it.
 class ImageMask {
 public:
     ImageMask(std::string maskName, image::ImagePtr picture);
-    /// A resource picture, read when it is first asked for. One that is missing ends the process.
+    /// `resourceName` is read on first use. A missing file ends the process.
     ImageMask(std::string maskName, std::string resourceName);
 
-    const std::string name; ///< for the user, and the mask's identity
+    const std::string name; ///< shown to the user; identifies the mask
 
-    [[nodiscard]] image::ImagePtr image() const; ///< null shows the whole picture
+    [[nodiscard]] image::ImagePtr image() const; ///< null: the whole picture is shown
 
 private:
     image::ImagePtr own;
@@ -27,7 +28,7 @@ private:
 
 using ImageMaskPtr = std::shared_ptr<const ImageMask>;
 
-/// All masks in the order of the user's strip, "None" first; one list for the process.
+/// All masks in the user's order, "None" first; one list for the process.
 [[nodiscard]] const std::vector<ImageMaskPtr>& imageMasks();
 
 } // namespace zelvo::content

@@ -20,7 +20,7 @@ scene::SCNMaterialPtr makePictureMaterial() {
     material->reflective.contents = kBlack;
     material->metalness.contents = kBlack;
     material->transparencyMode = scene::SCNTransparencyMode::rgbZero;
-    // Mirroring is a negative scale, which the repetition brings back onto the plane.
+    // Mirroring uses a negative scale; repeating brings the picture back onto the plane.
     material->diffuse.wrapS = scene::SCNWrapMode::repeat;
     material->diffuse.wrapT = scene::SCNWrapMode::repeat;
     material->isDoubleSided = true;

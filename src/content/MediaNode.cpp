@@ -11,7 +11,7 @@
 namespace zelvo::content {
 namespace {
 
-constexpr float kCustomNodeSide = 340; // scene units, the largest side of an imported object
+constexpr float kCustomNodeSide = 340; // scene units; the longest side of an imported object
 
 } // namespace
 
@@ -109,7 +109,7 @@ void MediaNode::showCustomNode(const scene::SCNMaterialPtr& material) {
             node.geometry->materials = {material};
         node.categoryBitMask = core::kContentMask;
     });
-    customNode_->categoryBitMask = own; // only what is below it joins the content's lights
+    customNode_->categoryBitMask = own; // content lights affect only its descendants
 }
 
 } // namespace zelvo::content

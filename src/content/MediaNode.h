@@ -8,26 +8,26 @@ namespace zelvo::content {
 
 struct MediaStylePreset;
 
-/// Shows a shape, or an object that the user imported in its place.
+/// Shows a shape, or an object that the user has imported.
 class MediaNode final : public core::Node {
 public:
     [[nodiscard]] static std::shared_ptr<MediaNode>
     make(const glm::vec3& home, float size, const core::Surroundings& surroundings);
     MediaNode(Key key, const glm::vec3& home, float size, const core::Surroundings& surroundings);
 
-    /// The first shape of that name; a new "None" if there is none.
+    /// The first shape with this name; a new "None" if there is none.
     [[nodiscard]] static MediaShapePtr shapeNamed(const std::string& wanted);
 
     [[nodiscard]] const MediaShapePtr& currentShape() const { return currentShape_; }
 
     [[nodiscard]] const scene::SCNNodePtr& customNode() const { return customNode_; }
 
-    void setShape(MediaShapePtr shape); ///< drops the imported object, resets the layout
+    void setShape(MediaShapePtr shape); ///< removes the imported object, resets the layout
     void
     setCustomNode(scene::SCNNodePtr node); ///< keeps the object's own materials, resets the layout
     void applyStyle(const MediaStylePreset& preset);
 
-    /// Gives an imported object the plain material in that colour.
+    /// Gives an imported object the plain material in this colour.
     void setFrontColor(const image::Color& color) override;
     void updateContent() override;
 

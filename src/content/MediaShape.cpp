@@ -14,7 +14,7 @@
 
 namespace zelvo::content {
 
-/// Where a figure stands among the resources, and how large it is shown.
+/// A shape's place in the resources, and its size.
 struct SceneFigure {
     std::string_view name; ///< of the shape
     const char* file;
@@ -52,7 +52,7 @@ geometry::BezierPath roundedProfile() {
     return profile;
 }
 
-/// The outline around the origin, y up.
+/// The outline moved to the origin, y up.
 geometry::BezierPath placedPath(const ShapeOutline& outline) {
     geometry::BezierPath path = geometry::bezierPath(outline.path);
     // clang-format off
@@ -65,8 +65,7 @@ geometry::BezierPath placedPath(const ShapeOutline& outline) {
     return path;
 }
 
-/// A chamfer leaves the side walls on the outline, so that the solid's larger side is known before
-/// it is built.
+/// The side walls follow the outline, so the solid's longer side is known before it is built.
 float largerSide(const geometry::BezierPath& path) {
     glm::dvec2 low(geometry::kMaxCoordinate);
     glm::dvec2 high(-geometry::kMaxCoordinate);

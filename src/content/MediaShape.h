@@ -12,8 +12,8 @@ namespace zelvo::content {
 struct ShapeOutline;
 struct SceneFigure;
 
-/// A solid figure for the media node. Shapes are made once for the process; their solids are built
-/// when they are first drawn or measured.
+/// A solid for the media node. Shapes are made once for the process; their meshes are built when
+/// first needed.
 class MediaShape {
 public:
     explicit MediaShape(std::string name);
@@ -21,32 +21,31 @@ public:
     MediaShape(const MediaShape&) = delete;
     MediaShape& operator=(const MediaShape&) = delete;
 
-    const core::ReferNodePtr node; ///< what is put into the scene
-    const std::string name;        ///< for the user, and the key of a lookup
+    const core::ReferNodePtr node; ///< added to the scene
+    const std::string name;        ///< shown to the user; lookups use it
 
-    /// Gives everything in `node` this one material, at its plain size.
+    /// Gives all parts of `node` this material.
     virtual void applyMaterial(const scene::SCNMaterialPtr& material);
 };
 
 using MediaShapePtr = std::shared_ptr<MediaShape>;
 
-/// Nothing to be seen.
+/// An empty shape.
 class NoShape final : public MediaShape {
 public:
     NoShape();
 };
 
-/// An outline as a solid with a rounded chamfer, scaled as a whole: depth and chamfer grow with it.
+/// An extruded outline with a rounded chamfer. It is scaled as a whole, with depth and chamfer.
 class OutlineShape final : public MediaShape {
 public:
     explicit OutlineShape(const ShapeOutline& outline);
 
-    const float minMax; ///< scene units, the outline's larger side
+    const float minMax; ///< scene units; the outline's longer side
     const scene::SCNNodePtr subNode;
 };
 
-/// A figure taken from a resource scene. A scene that is missing or lacks the node ends the
-/// process.
+/// A node of a resource scene. A missing scene or node ends the process.
 class SceneShape final : public MediaShape {
 public:
     explicit SceneShape(const SceneFigure& figure);
@@ -62,7 +61,7 @@ public:
     SphereShape();
 };
 
-/// All shapes in the order of the user's strip, "None" first; one list for the process.
+/// All shapes in the user's order, "None" first; one list for the process.
 [[nodiscard]] const std::vector<MediaShapePtr>& mediaShapes();
 
 } // namespace zelvo::content

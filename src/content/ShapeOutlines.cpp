@@ -3,8 +3,7 @@
 
 #include <array>
 
-// Drawn with y down, around the point that the row's shift takes to the origin. Holes run against
-// the clock.
+// Drawn with y down; the row's shift moves the outline to the origin. Holes are counter-clockwise.
 
 namespace zelvo::content {
 
@@ -42,7 +41,7 @@ constexpr auto kSeparator =
     "M485.44,231.9L485.44,242.1L330,244L306,262L266,286L226,262L202,244L46.55,242.1"
     "L46.55,231.9L202,230L226,212L266,188L306,212L330,230Z";
 
-// A plate with a triangle and the track of a film below.
+// A plate with a triangle and a strip of film below.
 constexpr auto kFilmPlate =
     "M0,28C0,12.54 12.54,0 28,0L236,0C251.46,0 264,12.54 264,28L264,158C264,173.46 251.46,186"
     " 236,186L28,186C12.54,186 0,173.46 0,158ZM105,119C105,121.76 106.95,122.91 109.36,121.56"
@@ -74,7 +73,7 @@ constexpr auto kHashBubble =
     "L245.82,99L249.82,74L230.82,74L226.82,99L185.82,99L189.82,74L170.82,74ZM182.78,118"
     "L223.78,118L217.22,159L176.22,159Z";
 
-// A friendly robot's head.
+// The head of a friendly robot.
 constexpr auto kRobot =
     "M84,204C84,168.65 112.65,140 148,140L284,140C319.35,140 348,168.65 348,204L348,304"
     "C348,339.35 319.35,368 284,368L148,368C112.65,368 84,339.35 84,304ZM56,230C56,220.06"
@@ -92,7 +91,7 @@ constexpr auto kHeart =
     "M203,189.6C213,164 231,149 251,149C279,149 287,174 283,194C276,232 241,262 203,289"
     "C165,262 130,232 123,194C119,174 127,149 155,149C175,149 193,164 203,189.6Z";
 
-// A ribbon whose ends are folded back.
+// A ribbon with folded ends.
 constexpr auto kBanner =
     "M104,196.82C104,194.61 105.79,192.82 108,192.82L404,192.82C406.21,192.82 408,194.61"
     " 408,196.82L408,295C408,297.21 406.21,299 404,299L108,299C105.79,299 104,297.21 104,295Z"
@@ -120,7 +119,7 @@ constexpr auto kFiveStars =
 
 constexpr auto kSquare = "M156.01,170.986L330,171L330,345L156,345L156.01,170.986Z";
 
-// Hollow corners and an engraved frame.
+// A plaque with hollow corners and an engraved frame.
 constexpr auto kPlaque =
     "M398,177C398,193.57 411.43,207 428,207L428,331C411.43,331 398,344.43 398,361L122,361"
     "C122,344.43 108.57,331 92,331L92,207C108.57,207 122,193.57 122,177ZM144,203C144,217.36"
@@ -129,7 +128,7 @@ constexpr auto kPlaque =
     "L396,303C381.64,303 370,314.64 370,329L150,329C150,314.64 138.36,303 124,303L124,235"
     "C138.36,235 150,223.36 150,209Z";
 
-// Between two slanted bars.
+// A plate between two slanted bars.
 constexpr auto kSlantedPlate =
     "M150.22,172.77C150.86,171.24 152.72,170 154.38,170L404.38,170C406.04,170 406.86,171.24"
     " 406.22,172.77L367.38,265.23C366.74,266.76 364.88,268 363.22,268L113.22,268C111.56,268"

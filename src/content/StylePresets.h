@@ -9,7 +9,7 @@
 
 namespace zelvo::content {
 
-/// The whole style of a text.
+/// All style settings of a text.
 struct TextStylePreset {
     image::Color frontColor = image::Color::white(1);
     image::Color bandColor = image::Color::white(0);
@@ -21,14 +21,14 @@ struct TextStylePreset {
     double extrusionDepth = 24;
 };
 
-/// The whole style of the image node.
+/// All style settings of the image node.
 struct ImageStylePreset {
     image::ImagePtr image;
     ImageMaskPtr mask;
     bool isVisible = false;
 };
 
-/// The whole style of the media node.
+/// All style settings of the media node.
 struct MediaStylePreset {
     MediaShapePtr shape;
     image::Color color = image::Color::white(1);

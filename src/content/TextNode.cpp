@@ -16,9 +16,9 @@ namespace zelvo::content {
 namespace {
 
 constexpr double kFlatness = 0.1;      // scene units
-constexpr double kShallowestDepth = 1; // scene units, of a change of depth
-constexpr double kThinnest = 0.01;     // scene units; a solid cannot be flat
-constexpr auto kLineMeasure = "_";     // shows where a line ends and keeps trailing blanks in it
+constexpr double kShallowestDepth = 1; // scene units; limit for changes of depth
+constexpr double kThinnest = 0.01;     // scene units; a solid needs some depth
+constexpr auto kLineMeasure = "_";     // measures the end of a line, including trailing blanks
 
 geometry::BezierPath makeLinearProfile() {
     geometry::BezierPath path;
@@ -38,8 +38,8 @@ glm::mat4 translation(float x, float y) {
     return glm::translate(glm::mat4(1), {x, y, 0});
 }
 
-/// The advance of the whole line. It is where the measure stands, unless that stands left of the
-/// letters, as in a line from right to left, or was drawn into the last character.
+/// The advance of the whole line. It is the position of the measuring character, unless that is
+/// left of the letters (right-to-left text) or was joined to the last character.
 float lineAdvance(const std::vector<TextCoords>& coordinates, std::size_t letterCount) {
     float end = 0;
     for (std::size_t i = 0; i < letterCount; ++i) {
@@ -126,7 +126,7 @@ void TextNode::setExtrusionDepth(double depth) {
 void TextNode::applyStyle(const TextStylePreset& preset) {
     setFrontColor(preset.frontColor);
     setBandColor(preset.bandColor);
-    // One rebuild at the end shows the whole style; the steps before it need not be seen.
+    // A single rebuild at the end is enough.
     keepMaterialName(preset.material);
     fontName_ = preset.fontName;
     bevelProfile_ = preset.bevelProfile;
@@ -182,7 +182,7 @@ void TextNode::buildLetters() {
     const text::TextAttributes style = attributes();
     const std::vector<std::string> characters = text::charactersOf(text_);
     std::vector<TextCoords> coordinates = coordinatesOf(text_ + kLineMeasure, style);
-    // A few characters bind what follows them; such a line is measured by itself.
+    // Some characters join with the next one; such a line is measured without the extra character.
     if (coordinates.size() == characters.size())
         coordinates = coordinatesOf(text_, style);
     CHECK(
@@ -191,7 +191,7 @@ void TextNode::buildLetters() {
         characters.size(),
         coordinates.size());
 
-    std::map<std::string, std::shared_ptr<scene::SCNText>> solids; // equal letters share one
+    std::map<std::string, std::shared_ptr<scene::SCNText>> solids; // equal letters share a solid
     float maxHeight = 0;
     float widthSum = 0;
     for (std::size_t i = 0; i < characters.size(); ++i) {
@@ -228,14 +228,13 @@ void TextNode::centreLetters(float widthSum, float maxHeight, float advance) {
     const std::vector<scene::SCNNodePtr>& nodes = contentNode->childNodes();
     contentNode->pivot = glm::mat4(1);
     if (nodes.empty())
-        return; // there is no average of no widths
+        return; // no average without letters
     const float averageWidth = widthSum / static_cast<float>(nodes.size());
-    // One common point for wide and narrow letters keeps spins from wobbling by a letter's own
-    // width.
+    // All letters rotate around the same relative point, so that narrow letters do not wobble.
     for (const scene::SCNNodePtr& letter : nodes) {
         letter->pivot = translation(averageWidth * 0.5f, maxHeight * 0.5f);
     }
-    // What the letters' pivots have shifted already is taken away again.
+    // Correct for the shift that the letters' pivots cause.
     contentNode->pivot = translation(advance * 0.5f - averageWidth * 0.5f, 0);
 }
 

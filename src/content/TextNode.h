@@ -12,21 +12,19 @@ namespace zelvo::content {
 
 struct TextStylePreset;
 
-/// Where a glyph of a line stands, in scene units. `y` and `width` serve nobody yet.
+/// The place of a glyph in a line, in scene units. `y` and `width` are not used yet.
 struct TextCoords {
     float x = 0; ///< pen position
-    float y = 0; ///< descent and leading of the glyph and 7, rounded up
+    float y = 0; ///< descent and leading of the glyph plus 7, rounded up
     float width = 0;
 };
 
-/// A string as one solid per character, so that every letter can be moved on its own while the
-/// string stays centred on the node's origin. The letters are contentNode's children, in the order
-/// of the string's characters. An unknown font name is no failure: the string is set in the
-/// fallback font.
+/// A text with one solid for each character, so that letters can move separately. The text is
+/// centred on the node's origin. The letters are the children of contentNode, in the order of the
+/// characters. A text with an unknown font is set in the fallback font.
 ///
-/// Every change of style rebuilds all letters at once; a change of depth alone does not. A mark in
-/// the user defaults stands while letters are built: a font that once killed the process there is
-/// drawn without a chamfer ever after.
+/// Every change of style rebuilds all letters, except a change of depth alone. A font that crashed
+/// the process while letters were built is drawn without a chamfer (see CrashGuard).
 class TextNode final : public core::Node {
 public:
     struct Options {
@@ -41,9 +39,9 @@ public:
     make(Options options, const core::Surroundings& surroundings);
     TextNode(Key key, Options options, const core::Surroundings& surroundings);
 
-    static constexpr double kFontSize =
-        94; ///< em, scene units; the apparent size is the rig's scale
-    static constexpr double kKerning = -1; ///< first extra advance between letters, scene units
+    /// Em, scene units; the apparent size is the rig's scale.
+    static constexpr double kFontSize = 94;
+    static constexpr double kKerning = -1; ///< initial extra advance between letters, scene units
 
     const std::string inititalText;
 
@@ -61,8 +59,8 @@ public:
 
     [[nodiscard]] look::BevelInnerOuter bevelInnerOuter() const { return bevelInnerOuter_; }
 
-    /// True while the current font stands in the list of fonts that killed the process; its chamfer
-    /// is 0 then.
+    /// True if the current font is in the list of fonts that crashed the process. Its chamfer is 0
+    /// then.
     [[nodiscard]] bool fileSeemsToBeCorrupt() const { return isFontCorrupt; }
 
     void setText(std::string text);
@@ -71,7 +69,7 @@ public:
     void setKerning(float kerning);
     void setBevelProfile(look::BevelProfile profile);
     void setBevelInnerOuter(look::BevelInnerOuter fill);
-    void setExtrusionDepth(double depth); ///< no rebuild; letters are at least 1 deep
+    void setExtrusionDepth(double depth); ///< no rebuild; the minimum depth is 1
 
     void applyStyle(const TextStylePreset& preset);
     void updateContent() override;

@@ -6,12 +6,12 @@
 #include <array>
 #include <string_view>
 
-// The environments. Each is a constructor that builds its stage and a rule for the user's colour.
-// A new one is a class here and a row in the table at the end; nothing else has to know of it.
+// The environments. Each class builds its stage and has a rule for the user's colour. To add one,
+// add a class and a row in the table at the end; no other code changes.
 
 namespace zelvo::look {
 
-/// Nothing but a white ambient light in front of the colour.
+/// Only a white ambient light; the background is the colour.
 class SNE_Flat final : public SNE {
 public:
     explicit SNE_Flat(foundation::RunLoop& loop);
@@ -25,14 +25,14 @@ public:
     void setBackground(const image::Color& color) override;
 };
 
-/// No stage at all: a picture around, tinted in the colour, and a bright room to be reflected.
+/// No stage: a panorama tinted in the colour, and a bright room for reflections.
 class SNE_Shiny final : public SNE {
 public:
     explicit SNE_Shiny(foundation::RunLoop& loop);
     void setBackground(const image::Color& color) override;
 };
 
-/// A stage in the dark; one lamp takes the colour.
+/// A dark stage; one lamp has the colour.
 class SNE_Stage final : public SNE {
 public:
     explicit SNE_Stage(foundation::RunLoop& loop);
@@ -42,14 +42,14 @@ private:
     scene::SCNNodePtr omniLight;
 };
 
-/// Clouds over still water, tinted in the colour, and dust in the air.
+/// Clouds over still water, tinted in the colour, with dust in the air.
 class SNE_Spherical final : public SNE {
 public:
     explicit SNE_Spherical(foundation::RunLoop& loop);
     void setBackground(const image::Color& color) override;
 };
 
-/// A hall of columns in the night; its lamps take the colour.
+/// A hall of columns at night; its lamps have the colour.
 class SNE_Ancient final : public SNE {
 public:
     explicit SNE_Ancient(foundation::RunLoop& loop);
@@ -63,22 +63,22 @@ private:
     scene::SCNNodePtr plane;
 };
 
-/// A showroom whose back wall is drawn with light in the colour.
+/// A showroom; its back wall is drawn with lines of light in the colour.
 class SNE_Backlight final : public SNE {
 public:
     explicit SNE_Backlight(foundation::RunLoop& loop);
     void setBackground(const image::Color& color) override;
 
 private:
-    image::ImagePtr filler; ///< of five walls; never null
-    image::ImagePtr image;  ///< of the wall ahead; never null
+    image::ImagePtr filler; ///< for five walls; never null
+    image::ImagePtr image;  ///< for the wall ahead; never null
     scene::SCNNodePtr shadowLight;
     scene::SCNNodePtr light3;
     scene::SCNNodePtr light4;
     scene::SCNNodePtr light5;
 };
 
-/// Far out; stars and gas take the colour.
+/// Outer space; stars and gas have the colour.
 class SNE_SpaceBox final : public SNE {
 public:
     explicit SNE_SpaceBox(foundation::RunLoop& loop);
@@ -89,7 +89,7 @@ private:
     scene::SCNNodePtr light1;
 };
 
-/// A jeweller's dark room; four spots on the content spread the colour over neighbouring hues.
+/// A jeweller's dark room; four spots on the content have hues near the colour.
 class SNE_Brilliance final : public SNE {
 public:
     explicit SNE_Brilliance(foundation::RunLoop& loop);
@@ -99,7 +99,7 @@ private:
     std::array<scene::SCNNodePtr, 4> spotLightNodes; ///< spotLight1 to spotLight4
 };
 
-/// A quiet studio; one lamp washes its wall in the colour.
+/// A quiet studio; one lamp lights its wall in the colour.
 class SNE_Subtle final : public SNE {
 public:
     explicit SNE_Subtle(foundation::RunLoop& loop);
@@ -109,7 +109,7 @@ private:
     scene::SCNNodePtr colorLight;
 };
 
-/// Bare lamps in front of a dark wall, in the colour and in another one across from it.
+/// Bare lamps in front of a dark wall, in the colour and in a contrasting one.
 class SNE_Flares final : public SNE {
 public:
     explicit SNE_Flares(foundation::RunLoop& loop);
@@ -120,11 +120,11 @@ private:
     scene::SCNNodePtr omniLight2;
     scene::SCNNodePtr omniLight3;
     scene::SCNNodePtr omniLight4;
-    scene::SCNNodePtr floor; ///< hidden under white light; absent until the scene has one to hide
+    scene::SCNNodePtr floor; ///< hidden under white light; null until the scene has one to hide
 };
 
-/// A title that suits an environment's mood, for the sheet of all of them: the colour, and the
-/// materials of two lines that take its light well.
+/// A title that fits an environment, for the sheet of all environments: a background colour, and
+/// materials for two lines that look good in its light.
 struct SampleTitle {
     std::uint32_t background;
     XMATClasses first;
@@ -142,7 +142,7 @@ template <class Environment> [[nodiscard]] SNEPtr makeEnvironment(foundation::Ru
     return std::make_shared<Environment>(loop);
 }
 
-/// In the order of the user's strip; an index into this list is what makes an environment.
+/// In the user's order; the index makes an environment.
 // clang-format off
 inline constexpr auto kEnvironments = [] {
     using enum XMATClasses;

@@ -73,8 +73,7 @@ void SNE::tintBackground() {
     if (!picture)
         return;
 
-    // A picture that was tinted before serves as well as the first one, since only its alpha
-    // counts.
+    // Only the picture's alpha is used, so it may already be tinted.
     paintBackground([picture](const image::Color& color) -> scene::SCNMaterialProperty::Contents {
         return std::make_shared<const image::Image>(image::tinted(*picture, color));
     });
@@ -82,8 +81,8 @@ void SNE::tintBackground() {
 
 void SNE::paintBackground(Painter painter) {
     cancelOperations();
-    // The work knows the scene weakly: it neither keeps a scene that was left nor ends one on its
-    // own thread.
+    // The job holds the scene weakly: it must not keep an old scene alive, nor destroy it on its
+    // thread.
     isNewestCancelled = std::make_shared<std::atomic<bool>>(false);
     operationQueue->async([painter = std::move(painter),
                            color = backgroundColor_,
@@ -109,8 +108,7 @@ void SNE::cancelOperations() {
 
 void SNE::loadScene(const std::string& name) {
     scene = scene::SCNScene::sceneNamed(name);
-    // A camera and a sample text help whoever draws the stage; the rig and the content are the
-    // system's own.
+    // The file contains a camera and a sample text as aids for editing it; they are removed here.
     scene::SCNTransaction::begin();
     for (const char* const aid : {"camera", "testText"}) {
         if (const auto node = nodeNamed(aid))

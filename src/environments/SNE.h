@@ -12,10 +12,10 @@
 
 namespace zelvo::look {
 
-/// A scene environment: the stage around the content, and the rule by which the user's one
-/// background colour is distributed over it. The content belongs to Nodes and moves from one
-/// environment's scene to the next. Main thread only; pictures are tinted on a queue of the
-/// environment's own, and only the newest tint is shown.
+/// A scene environment: the scene around the content, and a rule that applies the user's background
+/// colour to it. The content belongs to Nodes and moves from one environment's scene to the next.
+/// Main thread only. Pictures are tinted on the environment's own queue; only the newest tint is
+/// shown.
 class SNE {
 public:
     explicit SNE(foundation::RunLoop& loop);
@@ -29,37 +29,37 @@ public:
     content::ImageStylePreset imageStylePreset;
     content::MediaStylePreset mediaNodeStylePreset;
 
-    /// The last colour given; the platform's blue at first.
+    /// The last colour set; initially the default blue.
     [[nodiscard]] const image::Color& backgroundColor() const { return backgroundColor_; }
 
-    /// The particles that float all around; null if there are none.
+    /// The particles around the stage; null if there are none.
     [[nodiscard]] const scene::SCNParticleSystemPtr& particleSystem() const {
         return particleSystem_;
     }
 
-    /// Lets them be born in a ball around the whole stage. Once for each environment: an earlier
-    /// emitter stays.
+    /// Makes particles start in a ball around the whole stage. Call it once for each environment,
+    /// because an earlier emitter is not removed.
     void setParticleSystem(const scene::SCNParticleSystemPtr& system);
 
-    /// Keeps the colour; each environment goes on from there by its own rule.
+    /// Stores the colour; each environment then applies its own rule.
     virtual void setBackground(const image::Color& color);
     [[nodiscard]] virtual scene::SCNCameraPtr makeCamera() const;
 
 protected:
-    /// Brings backgroundColor to the scene's background: a colour at once, a picture as a mask that
-    /// is filled with it and shown when it is ready.
+    /// Applies backgroundColor to the scene's background. A colour is set at once; a picture is
+    /// used as a mask, filled with the colour, and shown when that is done.
     void tintBackground();
 
-    /// Brings what is made of backgroundColor on the queue to the scene's background, unless a
-    /// newer work has been started by then.
+    /// Runs `painter` on the queue and sets its result as the scene's background, unless a newer
+    /// job has been started.
     using Painter = std::function<scene::SCNMaterialProperty::Contents(const image::Color&)>;
     void paintBackground(Painter painter);
 
-    /// Loads a resource scene in place of the empty one and takes out its authoring aids.
+    /// Loads a resource scene to replace the empty one, without its authoring aids.
     void loadScene(const std::string& name);
-    /// Lights the scene with a resource picture of all around; a missing one gives no light.
+    /// Sets a resource panorama as image-based light; a missing one gives no light.
     void setLighting(const std::string& picture, float intensity);
-    /// The node of that name anywhere below the root; null if there is none.
+    /// The first descendant of the root with this name; null if there is none.
     [[nodiscard]] scene::SCNNodePtr nodeNamed(const std::string& name) const;
 
 private:
@@ -69,14 +69,14 @@ private:
     image::Color backgroundColor_{0, 0, 1, 1};
     scene::SCNParticleSystemPtr particleSystem_;
     std::unique_ptr<foundation::SerialQueue> operationQueue;
-    std::shared_ptr<std::atomic<bool>>
-        isNewestCancelled; ///< of the newest operation; null before the first
+    /// Flag of the newest job; null before the first.
+    std::shared_ptr<std::atomic<bool>> isNewestCancelled;
 };
 
 using SNEPtr = std::shared_ptr<SNE>;
 
-/// The colour with its hue moved by an offset, in turns. The new hue is the remainder of the sum by
-/// 1 and keeps the sum's sign.
+/// The colour with its hue shifted by an offset (1 is a full turn). The new hue is the sum modulo 1
+/// and keeps the sign of the sum.
 [[nodiscard]] image::HSBColor hueShifted(const image::Color& color, float offset);
 
 } // namespace zelvo::look

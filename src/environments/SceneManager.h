@@ -18,8 +18,8 @@ public:
         return names;
     }();
 
-    /// A new environment; null for an index without one. Environments are never kept: a return to
-    /// an earlier one builds it again.
+    /// A new environment; null if there is none with this index. Environments are not cached: each
+    /// call builds a new one.
     [[nodiscard]] static SNEPtr sceneData(int index, foundation::RunLoop& runLoop);
 };
 

@@ -7,7 +7,7 @@
 
 #include <glm/vec3.hpp>
 
-// The environments with scenery of their own.
+// The environments with their own scenery.
 
 namespace zelvo::look {
 namespace {
@@ -20,7 +20,7 @@ constexpr float kBrillianceLight = 8.0f;
 constexpr float kSubtleLight = 2.5f;
 constexpr float kFlaresLight = 7.0f;
 
-/// Turns of hue for spotLight1 to spotLight4.
+/// Shifts of the hue for spotLight1 to spotLight4.
 constexpr std::array<float, 4> kBrillianceShifts = {0.06f, 0.12f, -0.12f, -0.06f};
 constexpr float kFlaresShift = 0.3f;
 
@@ -107,7 +107,7 @@ void SNE_Backlight::setBackground(const image::Color& color) {
             const image::ImagePtr wall = tintedPicture(around, tint);
             return scene::CubeImages{wall, wall, wall, wall, front, wall};
         });
-    scene->background.contents = color; // until the walls are ready
+    scene->background.contents = color; // until the walls are painted
     setLight(shadowLight, color);
 }
 

@@ -8,15 +8,15 @@
 
 namespace zelvo::movie {
 
-/// Which frame a picture is, and who has asked for it.
+/// The frame of a picture, and who asked for it.
 struct FrameStamp {
-    int frame = 0; ///< of the movie; below 0 in the count-in
+    int frame = 0; ///< of the movie; negative in the count-in
     bool isForTap = false;
     bool isForMovie = false;
 };
 
-/// Keeps as many frames under way as the source allows: a frame comes out when the one three
-/// further on goes in.
+/// Keeps as many frames in flight as the source allows. If it allows three, a frame comes out when
+/// the third one after it goes in.
 class FramePipeline {
 public:
     using Taker =
@@ -26,15 +26,15 @@ public:
         : source(frames)
         , taker(std::move(frameTaker)) {}
 
-    /// Starts a frame, after handing on the oldest one where there is no room. Errors are the
-    /// taker's.
+    /// Starts a frame; if there is no room, the oldest one is taken out and passed on first.
+    /// Errors: those of the taker.
     [[nodiscard]] foundation::Result<void>
     submit(const render::FrameRequest& request, const FrameStamp& stamp);
 
-    /// Hands on all that is under way.
+    /// Takes out and passes on all frames in flight.
     [[nodiscard]] foundation::Result<void> drain();
 
-    /// Takes what is under way from the source and drops it.
+    /// Takes out all frames in flight and drops them.
     void discard();
 
 private:
@@ -42,7 +42,7 @@ private:
 
     FrameSource& source;
     Taker taker;
-    std::deque<FrameStamp> stamps; ///< of the frames under way, oldest first
+    std::deque<FrameStamp> stamps; ///< of the frames in flight, oldest first
 };
 
 } // namespace zelvo::movie

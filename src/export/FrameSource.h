@@ -9,21 +9,21 @@
 
 namespace zelvo::movie {
 
-/// Where a movie's pictures come from: the offscreen renderer, or in tests something that paints
-/// without a graphics card. A few frames may be begun before the first is finished, so that drawing
-/// and reading back overlap.
+/// Makes a movie's pictures: the offscreen renderer, or in tests a replacement without graphics.
+/// Several frames can be begun before the first is finished, so that drawing and reading back
+/// overlap.
 class FrameSource {
 public:
     static constexpr int kFramesInFlight = render::SCNRenderer::kFramesInFlight;
 
     virtual ~FrameSource() = default;
 
-    /// What the scene is attached to; its `update` animates without drawing.
+    /// The scene is attached to this; its `update` animates without drawing.
     [[nodiscard]] virtual scene::SCNSceneRenderer& renderer() = 0;
 
-    /// Animates the scene to the request's time and starts drawing it.
+    /// Animates the scene to the request's time and starts to draw it.
     virtual void begin(const render::FrameRequest& request) = 0;
-    /// The oldest frame begun; valid until the next call.
+    /// Waits for the oldest frame; valid until the next call.
     [[nodiscard]] virtual render::FrameView finish() = 0;
     [[nodiscard]] virtual int framesInFlight() const = 0;
 
@@ -32,8 +32,7 @@ public:
     virtual void resetTimes() = 0;
 };
 
-/// Makes the source when the first movie is asked for. Errors: unavailable, where the machine
-/// cannot draw.
+/// Makes the source when the first movie starts. Error: `unavailable` if the machine cannot draw.
 using FrameSourceFactory = std::function<foundation::Result<std::unique_ptr<FrameSource>>()>;
 
 } // namespace zelvo::movie

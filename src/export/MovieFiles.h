@@ -10,27 +10,28 @@
 
 namespace zelvo::movie {
 
-/// Where movies lie: the folder "Folder" below the documents, with the finished movie of the last
-/// export. What is on the way there lies in a folder of this process alone, as two windows may
-/// export at once.
+/// The files of exports: the finished movie of the last export is in the folder "Folder" in the
+/// documents. Intermediate files are in a private folder of this process, because two windows may
+/// export at the same time.
 class MovieFiles {
 public:
-    /// Clears away what killed processes have left.
+    /// Also removes what killed processes have left.
     explicit MovieFiles(const foundation::Folders& folders);
 
-    /// Before the raw movie of an export. Errors: unwritable.
+    /// Call it before the raw movie of an export is made. Error: `unwritable`.
     [[nodiscard]] foundation::Result<void> makeWorkFolder();
-    [[nodiscard]] std::filesystem::path rawMovie() const; ///< without sound, during an export
+    /// the movie without sound, during an export
+    [[nodiscard]] std::filesystem::path rawMovie() const;
     void deleteRawMovie();
     /// Leaves the raw movie to the user.
     void keepRawMovie();
 
-    /// Makes its folder first; that it could not be made shows when the file is written.
+    /// Also makes its folder. If that fails, writing the file returns the error.
     [[nodiscard]] std::filesystem::path finishedMovie() const;
 
 private:
     std::filesystem::path folder;
-    std::optional<foundation::TemporaryFolder> work; ///< absent between exports
+    std::optional<foundation::TemporaryFolder> work; ///< empty between exports
 };
 
 } // namespace zelvo::movie

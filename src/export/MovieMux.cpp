@@ -29,7 +29,7 @@ std::optional<media::AVAssetTrack> firstTrack(const media::AVAsset& asset, Media
     return tracks.front();
 }
 
-/// The sound track of the song. Errors: there is none, or nothing in it can be decoded.
+/// The sound track of the song. Error: it has none, or none that can be decoded.
 Result<media::AVAssetTrack> songTrack(const std::filesystem::path& file) {
     const auto song = media::AVAsset::open(file);
     if (!song)
@@ -42,7 +42,7 @@ Result<media::AVAssetTrack> songTrack(const std::filesystem::path& file) {
     return *track;
 }
 
-/// Puts the stretch of the song into the composition and gives the identifier of its track.
+/// Inserts the music into the composition. Returns the identifier of its track.
 Result<int> insertMusic(media::AVMutableComposition& composition, const MusicStretch& music) {
     const auto track = songTrack(music.file);
     if (!track)

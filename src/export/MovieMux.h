@@ -12,22 +12,23 @@
 
 namespace zelvo::movie {
 
-/// Frames that are cut off at the end of the raw movie.
+/// Number of frames cut off at the end of the raw movie.
 inline constexpr int kCutFrames = 3;
 
 struct MovieMux {
     std::unique_ptr<media::AVAssetExportSession> session;
-    std::string musicFailure; ///< why the movie will be silent; empty if it is not or need not be
+    /// why the movie will be silent; empty if it is not, or if there is no music
+    std::string musicFailure;
 };
 
-/// Puts the raw video, less its last three frames, together with the music. A song that cannot be
-/// read leaves the movie silent. Errors: the raw video is no video.
+/// Joins the raw video, without its last three frames, and the music. If the song cannot be read,
+/// the movie is silent. Error: the raw video cannot be read.
 [[nodiscard]] foundation::Result<MovieMux> makeExportSession(
     const std::filesystem::path& rawMovie,
     const std::filesystem::path& output,
     const std::optional<MusicStretch>& music);
 
-/// The volume over the movie's time. Where the two fades would overlap, the fade-in falls away.
+/// The volume over the movie's time. If the two fades would overlap, there is no fade-in.
 [[nodiscard]] media::AVMutableAudioMixInputParameters
 fadesOf(const MusicStretch& music, int trackID);
 

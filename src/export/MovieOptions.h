@@ -12,29 +12,31 @@
 
 namespace zelvo::movie {
 
-/// Looks at the pictures of an export as they are finished, in their order.
+/// Receives the pictures of an export in order, as they are finished.
 struct FrameTap {
-    /// Whether that frame (of the movie, below 0 in the count-in) is to be drawn for the tap. Asked
-    /// once a frame.
+    /// Whether this frame (of the movie; negative in the count-in) is wanted. Asked once for each
+    /// frame.
     std::function<bool(int frame)> wants;
-    /// The picture, 4 bytes a pixel, valid during the call. An error ends the export with it.
+    /// Receives the picture, 4 bytes a pixel, valid during the call. An error ends the export with
+    /// that error.
     std::function<foundation::Result<void>(int frame, const render::FrameView& picture)> take;
-    /// How many it wants, for the progress of an export that draws nothing else.
+    /// Number of wanted frames; for the progress of an export that draws nothing else.
     int count = 0;
 };
 
-/// How the next export is made.
+/// The settings of the next export.
 struct MovieOptions {
-    render::Size renderSize{1920, 1080}; ///< of the movie; even
-    double oversampling = 1.5;           ///< drawn size over renderSize, in place of antialiasing
+    render::Size renderSize{1920, 1080}; ///< of the movie; both sides even
+    /// drawn size over renderSize; scaling down takes the place of antialiasing
+    double oversampling = 1.5;
 
-    /// Absent: HEVC where the machine has an encoder for it in hardware, else H.264.
+    /// Empty: HEVC if the machine encodes it in hardware, otherwise H.264.
     std::optional<media::VideoCodec> codec;
 
-    /// Where the finished movie goes instead of "Movie.mov" and the photo library.
+    /// The path of the finished movie. Empty: "Movie.mov" and a copy in the photo library.
     std::optional<std::filesystem::path> output;
 
-    /// False: no movie is made, only the tap's pictures are drawn.
+    /// False: only the tap's pictures are drawn.
     bool writesMovie = true;
 
     std::optional<FrameTap> tap;
@@ -42,20 +44,22 @@ struct MovieOptions {
 
 struct MovieProgress {
     int framesDone = 0;
-    int framesTotal = 0; ///< to be drawn, those cut off at the end included
+    int framesTotal = 0; ///< to be drawn, including those cut off at the end
 };
 
-/// What an export has left behind.
+/// The result of an export.
 struct MovieOutcome {
-    int frames = 0;              ///< drawn
-    std::filesystem::path movie; ///< empty if none was to be made
-    std::optional<std::filesystem::path>
-        savedCopy;            ///< in the photo library; absent if that failed or was not asked
-    std::string saveFailure;  ///< why it could not be saved there; empty if it was or need not be
-    std::string musicFailure; ///< why the movie is silent; empty if it is not or need not be
+    int frames = 0;              ///< number of drawn frames
+    std::filesystem::path movie; ///< empty if no movie was to be made
+    /// In the photo library; empty if it was not requested or failed.
+    std::optional<std::filesystem::path> savedCopy;
+    /// why it is not in the photo library; empty if it is, or if it should not be
+    std::string saveFailure;
+    /// why the movie is silent; empty if it is not, or if there is no music
+    std::string musicFailure;
 };
 
-/// Where an export's time went, milliseconds in all. Encoding runs beside the rest.
+/// How an export's time was spent, in milliseconds. Encoding runs in parallel.
 struct MovieTimings {
     render::FrameTimes frames;
     double encodeMs = 0;

@@ -19,7 +19,7 @@ using shared::FrameClock;
 
 namespace {
 
-constexpr double kStartDelay = 0.1; ///< seconds; gives the scene's hand-over time to land
+constexpr double kStartDelay = 0.1; ///< seconds; time for the scene to move to the other renderer
 
 } // namespace
 
@@ -83,7 +83,7 @@ Result<void> MovieWriter::makeRenderer() {
 Result<void> MovieWriter::prepareWriter() {
     if (!options.writesMovie)
         return {};
-    // Better now than after the last frame.
+    // Check now, not after the last frame.
     if (auto placed = foundation::NewFile::check(outputPath()); !placed)
         return placed;
     if (auto made = files.makeWorkFolder(); !made)
@@ -167,7 +167,7 @@ void MovieWriter::cancel() {
     if (session) {
         session->cancelExport();
         if (session->status() == media::AVAssetExportSession::Status::completed) {
-            finished(); // too late: the movie is in its place
+            finished(); // too late to cancel: the movie is in place
             return;
         }
     }
@@ -210,7 +210,7 @@ void MovieWriter::finished() {
         error.message += fmt::format(
             " All frames are done: the movie without its music is kept at {}.",
             files.rawMovie().string());
-        showVideoSignal.fire(); // an earlier movie may be there to be shown
+        showVideoSignal.fire(); // there may be an earlier movie to show
         fail(error);
         return;
     }

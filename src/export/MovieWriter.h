@@ -19,19 +19,19 @@
 
 namespace zelvo::movie {
 
-/// Turns a performance into a movie: plays it on the offscreen renderer, a frame a tick, and puts
-/// the frames together with the music.
+/// Turns a performance into a movie: plays it on the offscreen renderer, one frame a tick, and
+/// joins the frames with the music.
 ///
-///     idle ──start──> preparing ──first frame──> rendering ──finish──> closing ──> idle,
-///     "Movie.mov" on disk
+///     idle ──start──> preparing ──first frame──> rendering ──finish──> closing ──> idle, with movie
 ///                         └───────────cancel─────────┴───────cancel──────┴───────> idle, as before
 ///
-/// Drawing and reading back overlap on the run loop's thread, encoding runs on the writer's, the
-/// mux on the session's; both report back through the run loop, to which everything here belongs.
+/// Drawing and reading back overlap on the run loop's thread; encoding runs on the writer's thread,
+/// and the mux on the session's. Both report back through the run loop; everything here must be
+/// called on its thread.
 ///
-/// A movie of duration 8.0 is drawn in 481 frames, 0 to 480, of which the mux cuts the last three:
-/// it holds 478. The finished movie takes its place only when it is complete; until then, and after
-/// a failure or a cancel, the earlier one stands untouched.
+/// A movie of duration 8.0 is drawn in 481 frames, 0 to 480. The mux cuts the last three, so it has
+/// 478. The finished movie is put in place when it is complete; after a failure or a cancel, an
+/// earlier movie is unchanged.
 class MovieWriter {
 public:
     enum class State { idle, preparing, rendering, closing };
@@ -44,44 +44,45 @@ public:
     MovieWriter(const MovieWriter&) = delete;
     MovieWriter& operator=(const MovieWriter&) = delete;
 
-    MovieOptions options; ///< of the next export; not to be changed during one
+    MovieOptions options; ///< of the next export; do not change it during one
 
     ui::Signal<MovieProgress> progressSignal;
-    /// Fired once at the end of each export. Cancelled is its own cause.
+    /// Sent once at the end of each export. Cancelling is an error with its own cause.
     ui::Signal<foundation::Result<MovieOutcome>> completedSignal;
-    ui::Signal<> showVideoSignal; ///< "ShowVideo": the movie is there to be shown
+    ui::Signal<> showVideoSignal; ///< "ShowVideo": a movie is ready to be shown
 
     [[nodiscard]] State state() const { return state_; }
 
-    /// The clock hands its frames here.
+    /// True if the clock must pass its frames to this object.
     [[nodiscard]] bool isRecording() const {
         return state_ == State::preparing || state_ == State::rendering;
     }
 
-    /// Begins an export; the run starts 100 ms later. Errors: unavailable (no renderer), unwritable
-    /// (no place for the movie), unsupported (another export is under way). After an error nothing
-    /// has changed.
+    /// Starts an export; the run begins 100 ms later. Errors: `unavailable` (no renderer),
+    /// `unwritable` (the movie cannot be written), `unsupported` (another export is running). After
+    /// an error nothing has changed.
     [[nodiscard]] foundation::Result<void> start();
 
-    /// One tick of an export's run. The count-in, below 0, is animated without being drawn.
+    /// One tick of an export's run. In the count-in (frames below 0) the scene is animated but not
+    /// drawn.
     void renderFrame(int frame);
 
-    /// The run has reached its end: closes the file and makes the movie of it.
+    /// For the end of the run: closes the file and makes the movie.
     void finish();
-    /// Ends an export at any moment, without a movie, unless that is just being put into its place:
-    /// then the export is completed.
+    /// Ends an export without a movie. If the movie is just being put in place, the export is
+    /// completed instead.
     void cancel();
 
-    /// What the scene is attached to during an export; null before the first.
+    /// The scene is attached to this during an export; null before the first one.
     [[nodiscard]] scene::SCNSceneRenderer* renderer() const;
 
-    /// "Movie.mov", there or not.
-    /// For one more copy among the user's videos.
+    /// The path for one more copy among the user's videos.
     [[nodiscard]] std::filesystem::path freeVideoPlace() const { return library.freePlace(); }
 
+    /// The path of "Movie.mov"; the file need not exist.
     [[nodiscard]] std::filesystem::path movieURL() const { return files.finishedMovie(); }
 
-    /// Of the present or the last export.
+    /// Of the current or the last export.
     [[nodiscard]] MovieTimings timings() const;
 
 private:
@@ -98,8 +99,8 @@ private:
     void fail(const foundation::Error& error);
     void end(const foundation::Result<MovieOutcome>& outcome);
     void releaseWriters();
-    /// A callback for any thread that queues the call on the run loop, where it is dropped if this
-    /// export is over.
+    /// Makes a callback for any thread. It queues the call on the run loop, where it is dropped if
+    /// this export has ended.
     [[nodiscard]] std::function<void()> queued(void (MovieWriter::*call)());
 
     MovieWriterOwner& model;
@@ -110,11 +111,11 @@ private:
     std::optional<FramePipeline> pipeline;
     std::unique_ptr<RawMovie> rawMovie;
     std::unique_ptr<media::AVAssetExportSession> session;
-    std::string musicFailure; ///< of the session
+    std::string musicFailure; ///< of the current session
     State state_ = State::idle;
     MovieProgress progress;
     double encodingSeconds = 0;
-    /// Of the export under way: what comes later than its end is dropped.
+    /// For the current export: calls that come after its end are dropped.
     std::optional<foundation::Lifetime> exportLifetime;
 };
 

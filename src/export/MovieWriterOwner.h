@@ -9,38 +9,38 @@
 
 namespace zelvo::movie {
 
-/// The piece of music under a movie. Seconds; song time counts from the file's beginning, movie
-/// time from the movie's.
+/// The music of a movie. Times are in seconds; song time counts from the start of the file, movie
+/// time from the start of the movie.
 struct MusicStretch {
     std::filesystem::path file;
-    double audioPreRoll = 0; ///< movie time at which the stretch begins to sound
-    double audioIn = 0;      ///< song time at which it begins
-    double audioEnd = 0;     ///< song time at which it ends
+    double audioPreRoll = 0; ///< movie time when the music starts
+    double audioIn = 0;      ///< song time where it starts
+    double audioEnd = 0;     ///< song time where it ends
     double fadeInDuration = 0;
     double fadeOutDuration = 0;
-    double fadeOutBeginDelay = 0; ///< how long before the end of the stretch silence is reached
+    double fadeOutBeginDelay = 0; ///< the fade-out ends this long before the end of the music
     bool fadesIn = false;
     bool fadesOut = false;
 };
 
 enum class SceneHome { screen, movieRenderer };
 
-/// What MovieWriter needs of the object that owns it.
+/// What MovieWriter needs from its owner.
 class MovieWriterOwner {
 public:
     virtual ~MovieWriterOwner() = default;
 
-    /// Begins a run from the beginning; its ticks call MovieWriter::renderFrame.
+    /// Starts a run from the beginning; its ticks call MovieWriter::renderFrame.
     virtual void start() = 0;
-    /// Ends a run and takes the clock back to 0.
+    /// Ends the run and resets the clock to 0.
     virtual void stopAndReset() = 0;
-    /// Moves the scene; done when what is queued on the run loop now has run.
+    /// Moves the scene to another renderer. It is done after the calls now queued on the run loop.
     virtual void attachScene(SceneHome home) = 0;
 
     [[nodiscard]] virtual foundation::RunLoop& runLoop() = 0;
-    /// Of the performance, seconds.
+    /// Of the performance, in seconds.
     [[nodiscard]] virtual double duration() const = 0;
-    /// Absent without music.
+    /// Nothing if there is no music.
     [[nodiscard]] virtual std::optional<MusicStretch> music() const = 0;
     virtual void showAlert(const std::string& title, const std::string& message) = 0;
 };

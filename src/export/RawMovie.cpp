@@ -13,7 +13,7 @@ using foundation::Result;
 
 namespace {
 
-/// The renderer keeps its picture only until the next call, the encoder wants it for longer.
+/// A copy, because the renderer keeps its picture only until the next call.
 media::PixelBuffer copied(const render::FrameView& frame, media::PixelBufferPool& pool) {
     media::PixelBuffer picture = pool.acquire();
     CHECK(

@@ -11,23 +11,22 @@
 
 namespace zelvo::movie {
 
-/// The silent video as it is written frame by frame. Frames are encoded on the writer's thread; a
-/// frame that finds no room waits, none is dropped. A raw movie that goes without having finished
-/// leaves no file.
+/// Writes the silent video frame by frame. Encodes on the writer's thread. If there is no room, a
+/// frame waits; none is dropped. If it is destroyed before it is finished, the file is removed.
 class RawMovie {
 public:
-    /// Errors: unwritable.
+    /// Error: `unwritable`.
     [[nodiscard]] static foundation::Result<std::unique_ptr<RawMovie>>
     create(const std::filesystem::path& file, const media::VideoSettings& settings);
 
-    /// Queues a picture of 4 bytes a pixel; the first opens the session. Errors: the encoder's or
-    /// the disk's.
+    /// Queues a picture with 4 bytes a pixel. The first one starts the session. Errors: those of
+    /// the encoder and of writing.
     [[nodiscard]] foundation::Result<void>
     append(const render::FrameView& frame, media::CMTime presentationTime);
 
-    /// Closes the file; the completion is called on the writer's thread.
+    /// Closes the file; `completion` is called on the writer's thread.
     void finish(std::function<void()> completion);
-    /// After the completion: whether the file is whole.
+    /// Whether the file is complete; call it after the completion.
     [[nodiscard]] foundation::Result<void> outcome() const;
     void cancel();
 

@@ -11,7 +11,7 @@ class RendererFrames final : public FrameSource {
 public:
     explicit RendererFrames(std::unique_ptr<render::SCNRenderer> made)
         : offscreen(std::move(made)) {
-        offscreen->jitteringEnabled = false; // a frame depends on its time alone
+        offscreen->jitteringEnabled = false; // a frame must depend only on its time
     }
 
     scene::SCNSceneRenderer& renderer() override { return *offscreen; }

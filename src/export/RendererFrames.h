@@ -5,8 +5,8 @@
 
 namespace zelvo::movie {
 
-/// Frames drawn by the offscreen renderer. `stopwatch` (seconds, monotonic) is what its times are
-/// measured with; null leaves them 0.
+/// Frames drawn by the offscreen renderer. `stopwatch` (seconds, monotonic) measures its times; if
+/// null, they are 0.
 [[nodiscard]] foundation::Result<std::unique_ptr<FrameSource>>
 makeRendererFrames(double (*stopwatch)() = nullptr);
 

@@ -9,23 +9,23 @@
 
 namespace zelvo::movie {
 
-/// The photo library: the user's folder of videos.
+/// The photo library: the user's videos folder.
 class VideoLibrary {
 public:
     explicit VideoLibrary(std::filesystem::path videos)
         : folder(std::move(videos)) {}
 
     struct Failure {
-        bool isDenied = false; ///< nothing may be put into the folder at all
+        bool isDenied = false; ///< the folder cannot be written at all
         std::string message;
     };
 
-    /// Copies the movie into the folder under the first free name: "Zelvo Movie.mov", "Zelvo
-    /// Movie 2.mov", … A copy that fails leaves nothing behind.
+    /// Copies the movie into the folder, under the first free name: "Zelvo Movie.mov", "Zelvo Movie
+    /// 2.mov", … A failed copy leaves nothing behind.
     [[nodiscard]] tl::expected<std::filesystem::path, Failure>
     save(const std::filesystem::path& movie) const;
 
-    /// What the next copy would be called.
+    /// The path of the next copy.
     [[nodiscard]] std::filesystem::path freePlace() const;
 
 private:

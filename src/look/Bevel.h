@@ -8,7 +8,7 @@ namespace zelvo::look {
 /// The cross-section of a letter's chamfer.
 enum class BevelProfile : std::uint8_t { linear = 0, rounded = 1 };
 
-/// What fills a chamfer: `inner` the front material, `outer` the band material.
+/// The material of a chamfer: `inner` is the front material, `outer` the band material.
 enum class BevelInnerOuter : std::uint8_t { inner = 0, outer = 1 };
 
 } // namespace zelvo::look

@@ -7,9 +7,9 @@ namespace zelvo::look {
 
 enum class Flow { forwards, backwards };
 
-/// The surface shader modifier of the flowing noise: one noise picture (specular) displaces the
-/// lookup into the other (diffuse), the lookup moves along v at 0.6 a second, and what is found
-/// there drives a self-lit surface in the colour of `emission`, four times as bright as it stands.
+/// The shader modifier of the flowing noise. One noise picture (specular) shifts the lookup in the
+/// other one (diffuse), and the lookup moves along v by 0.6 per second. The result makes the
+/// surface glow in the colour of `emission`, four times as bright.
 [[nodiscard]] std::string flowingNoise(Flow flow);
 
 } // namespace zelvo::look

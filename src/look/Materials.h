@@ -8,8 +8,8 @@
 #include <string_view>
 #include <variant>
 
-// All materials, as data: the surfaces, and the pairs of them that the user picks. A new material
-// is a case and a row of each table; nothing else has to know of it.
+// The tables of all materials: surfaces, and the pairs that the user chooses. To add a material,
+// add a case and a row to each table; no other code changes.
 
 namespace zelvo::look {
 
@@ -28,9 +28,9 @@ enum class Surface {
     dynamic
 };
 
-/// What a recipe puts on one slot: the picture of that name, a number or a colour.
+/// The content of one slot in a recipe: a picture's name, a number or a colour.
 struct SlotRecipe {
-    /// Null ends a recipe early.
+    /// Null: the recipe ends here.
     scene::SCNMaterialProperty scene::SCNMaterial::*slot = nullptr;
     std::variant<std::string_view, float, image::Color> contents;
     float intensity = 1;
@@ -81,7 +81,7 @@ inline constexpr auto kSurfaces = [] {
            {&Slots::normal, "cracks_normal.png"sv, 0.9f}}}},
         {Surface::reflecting,   "Reflecting",   kConstant,
          {{{&Slots::reflective, "buildings_night.png"sv, 0.35f}}}},
-        // Both pictures are samplers of the shader modifier and never show as they are.
+        // Both pictures are only read by the shader modifier.
         {Surface::dynamic,      "Dynamic",      kPhysical,
          {{{&Slots::diffuse, "QX_Noise_04.jpg"sv},
            {&Slots::specular, "QX_NoiseNormal_05.jpg"sv}}}},
@@ -89,7 +89,7 @@ inline constexpr auto kSurfaces = [] {
 }();
 // clang-format on
 
-/// The names of the material pairs. `bigBand` has no pair behind it.
+/// The names of the material pairs. There is no pair for `bigBand`.
 enum class XMATClasses : std::uint8_t {
     plate,
     bigBand,
@@ -111,7 +111,7 @@ enum class XMATClasses : std::uint8_t {
     flatDynamic
 };
 
-/// Which nodes offer a pair.
+/// Which nodes have a pair.
 enum class PairUse { everyNode, textsOnly };
 
 struct PairRow {
@@ -120,11 +120,11 @@ struct PairRow {
     Surface front;
     Surface band;
     PairUse use;
-    /// Colours that it is likely to be used with, for the sheet of all materials.
+    /// Typical colours, for the sheet of all materials.
     std::uint32_t sampleFront, sampleBand;
 };
 
-/// All pairs in the order in which a node holds and shows them: those of every node, then those of
+/// All pairs, in the order in which a node shows them: first those for all nodes, then those for
 /// texts.
 // clang-format off
 inline constexpr auto kPairs = [] {

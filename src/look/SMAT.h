@@ -7,11 +7,11 @@
 
 namespace zelvo::look {
 
-/// One complete look of a surface: a lighting model, pictures on slots, at most one shader
-/// modifier, and a rule for where the user's colour goes. Physically based and repeating on every
-/// slot unless a recipe says otherwise.
+/// A complete surface: lighting model, pictures in slots, at most one shader modifier, and a rule
+/// for the user's colour. Physically based, and repeating in every slot, unless a recipe says
+/// otherwise.
 ///
-/// The base class only keeps the colour; each surface places it on a slot of its own choice.
+/// The base class only stores the colour; each surface puts it into a slot of its choice.
 class SMAT : public scene::SCNMaterial {
 public:
     SMAT();
@@ -29,8 +29,8 @@ private:
 
 using SMATPtr = std::shared_ptr<SMAT>;
 
-/// A surface by its recipe; the user's colour becomes the diffuse contents, as it is. A picture
-/// that the resources lack leaves its slot empty.
+/// A surface made from a recipe. The user's colour becomes the diffuse colour. If a picture is
+/// missing, its slot stays empty.
 class RecipeSurface : public SMAT {
 public:
     explicit RecipeSurface(Surface surface);
@@ -39,8 +39,8 @@ public:
 };
 
 /// Glowing noise that flows in the user's colour. The colour goes to `emission`, which the noise
-/// multiplies: black would leave the surface dead, so a colour whose grey reading is below 0.1
-/// glows in grey 0.1 instead.
+/// multiplies. Black would show nothing, so a colour with a grey value below 0.1 is replaced by
+/// grey 0.1.
 class SMAT_Dynamic final : public RecipeSurface {
 public:
     SMAT_Dynamic();
@@ -48,7 +48,7 @@ public:
     void setColor(const image::Color& color) override;
 };
 
-/// A new surface of the given kind.
+/// Makes a surface of the given kind.
 [[nodiscard]] SMATPtr makeSurface(Surface surface);
 
 } // namespace zelvo::look

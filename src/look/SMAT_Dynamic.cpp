@@ -29,7 +29,7 @@ SMAT_Dynamic::SMAT_Dynamic()
 }
 
 void SMAT_Dynamic::setColor(const image::Color& color) {
-    keepColor(color); // not the recipe's rule: diffuse is a sampler here
+    keepColor(color); // not the recipe's rule, because diffuse is used by the modifier
     const bool isTooDark = image::whiteOf(color) < kDarkestWhite;
     emission.contents = isTooDark ? image::Color::white(kDarkestWhite) : color;
 }

@@ -6,8 +6,7 @@
 
 namespace zelvo::look {
 
-/// A wire torus far behind the stage that carries the flowing noise backwards. Nothing places it
-/// yet.
+/// A wire torus far behind the stage with the flowing noise, running backwards. Not used yet.
 class ShaderNode final : public scene::SCNNode {
 public:
     ShaderNode();
@@ -16,7 +15,7 @@ public:
     const scene::SCNMaterialPtr material;
 };
 
-/// Nothing makes one yet.
+/// Not used yet.
 class ModifierTest {};
 
 } // namespace zelvo::look

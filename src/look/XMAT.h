@@ -10,9 +10,8 @@
 
 namespace zelvo::look {
 
-/// What the user picks as a material: one surface for the faces of a solid, one for its sides, and
-/// the two colours. Every node makes pairs of its own, so colours set on one node never reach
-/// another.
+/// A material as the user knows it: a surface for the faces of a solid, one for its sides, and two
+/// colours. Each node has its own pairs, so its colours do not affect other nodes.
 class XMAT {
 public:
     XMAT(XMATClasses key, std::string label, SMATPtr faces, SMATPtr sides);
@@ -23,11 +22,11 @@ public:
     const XMATClasses name;
     SMATPtr front; ///< faces
     SMATPtr band;  ///< sides
-    /// What a geometry is given, in the order of an extruded solid's elements: front, back, sides,
-    /// front chamfer, back chamfer. A list of three repeats from its start, so the chamfers take
-    /// the front material.
+    /// The materials of a geometry, in the order of an extruded solid's elements: front, back,
+    /// sides, front chamfer, back chamfer. A list of three repeats, so that the chamfers get the
+    /// front material.
     std::vector<scene::SCNMaterialPtr> materials;
-    std::string title; ///< for the user
+    std::string title; ///< shown to the user
     /// Takes effect with the next updateMaterials.
     BevelInnerOuter bevelInnerOuter = BevelInnerOuter::inner;
 
@@ -47,11 +46,11 @@ private:
 
 using XMATPtr = std::shared_ptr<XMAT>;
 
-/// The row of a name; a name without one is a programming error.
+/// The row with this name. A name without a row is a programming error.
 [[nodiscard]] const PairRow& pairRow(XMATClasses name);
 
 [[nodiscard]] XMATPtr makePair(const PairRow& row);
-/// New pairs of all rows of that use, in the table's order.
+/// Makes new pairs for all rows with this use, in the order of the table.
 [[nodiscard]] std::vector<XMATPtr> makePairs(PairUse use);
 
 } // namespace zelvo::look
