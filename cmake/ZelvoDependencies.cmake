@@ -2,7 +2,7 @@
 
 find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Multimedia OpenGL Qml Quick)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui LinguistTools Multimedia OpenGL Qml Quick)
 find_package(fmt REQUIRED)
 find_package(tl-expected REQUIRED)
 find_package(glm REQUIRED)

@@ -6,7 +6,9 @@
 
 #include <QGuiApplication>
 #include <QIcon>
+#include <QLocale>
 #include <QQuickWindow>
+#include <QTranslator>
 
 #include <cstdlib>
 
@@ -64,8 +66,12 @@ int run(const WindowCommand& command) {
     QGuiApplication::setApplicationDisplayName("Zelvo");
     QGuiApplication::setDesktopFileName("zelvo");
 
+    QTranslator words;
+    if (words.load(QLocale(), "zelvo", "_", ":/zelvo/words"))
+        QGuiApplication::installTranslator(&words);
+
     Application application(foundation::Folders::standard());
-    QGuiApplication::setWindowIcon(QIcon(":/zelvo/icons/Zelvo.svg"));
+    QGuiApplication::setWindowIcon(QIcon(":/qt-project.org/imports/Zelvo/icons/Zelvo.svg"));
     QQuickWindow* window = application.window();
     if (window == nullptr)
         endWithoutWindow("the views of the window are damaged; install the program anew");

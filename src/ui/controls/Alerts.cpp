@@ -7,7 +7,7 @@ namespace zelvo::ui {
 
 void Alerts::show(Alert alert) {
     if (alert.actions.empty())
-        alert.actions.push_back({.title = "Ok", .role = AlertRole::cancel});
+        alert.actions.push_back({.title = tr("Ok").toStdString(), .role = AlertRole::cancel});
     alerts.push_back(std::move(alert));
     if (alerts.size() == 1)
         Q_EMIT changed();

@@ -48,17 +48,18 @@ LayouterMenu::TabRow LayouterMenu::optionTab(const char* title, CurrentOption op
         if (option != currentOption_) // the lit one's strip stays as it is
             setCurrentOption(option);
     };
-    return {QString::fromUtf8(title), choose, option};
+    return {tr(title), choose, option};
 }
 
 std::vector<LayouterMenu::TabRow> LayouterMenu::rootTabs() {
     std::vector<TabRow> rows;
-    for (const char* const title : {"Text 1", "Text 2", "Image", "Object"}) {
+    for (const char* const title :
+         {QT_TR_NOOP("Text 1"), QT_TR_NOOP("Text 2"), QT_TR_NOOP("Image"), QT_TR_NOOP("Object")}) {
         const auto tag = static_cast<int>(rows.size());
-        rows.push_back({QString::fromUtf8(title), [this, tag] { setCurrentNodeFromButton(tag); }});
+        rows.push_back({tr(title), [this, tag] { setCurrentNodeFromButton(tag); }});
     }
-    rows.push_back(optionTab("Background", CurrentOption::backgroundScenes));
-    rows.push_back(optionTab("Audio", CurrentOption::audio));
+    rows.push_back(optionTab(QT_TR_NOOP("Background"), CurrentOption::backgroundScenes));
+    rows.push_back(optionTab(QT_TR_NOOP("Audio"), CurrentOption::audio));
     for (TabRow& row : rows)
         row.option = CurrentOption::write; // none of them is lit
     return rows;
@@ -67,27 +68,31 @@ std::vector<LayouterMenu::TabRow> LayouterMenu::rootTabs() {
 std::vector<LayouterMenu::TabRow> LayouterMenu::tabsNow() {
     using enum CurrentOption;
     if (currentOption_ == backgroundColor || currentOption_ == backgroundScenes)
-        return {optionTab("Environment", backgroundScenes), optionTab("Color", backgroundColor)};
+        return {
+            optionTab(QT_TR_NOOP("Environment"), backgroundScenes),
+            optionTab(QT_TR_NOOP("Color"), backgroundColor)};
     if (currentOption_ == audio)
         return {{tr("No music"), [] {}, audio}};
     if (std::dynamic_pointer_cast<content::TextNode>(currentNode_)) {
         return {
             {tr("Write"), [this] { writeAction(); }, write, false},
-            optionTab("Material", material),
-            optionTab("Frontcolor", frontColor),
-            optionTab("Sidecolor", bandColor),
-            optionTab("Transform", transform)};
+            optionTab(QT_TR_NOOP("Material"), material),
+            optionTab(QT_TR_NOOP("Frontcolor"), frontColor),
+            optionTab(QT_TR_NOOP("Sidecolor"), bandColor),
+            optionTab(QT_TR_NOOP("Transform"), transform)};
     }
     if (std::dynamic_pointer_cast<content::MediaNode>(currentNode_)) {
         return {
-            optionTab("Shape", shape),
-            optionTab("Material", material),
-            optionTab("Color", frontColor),
-            optionTab("Transform", transform)};
+            optionTab(QT_TR_NOOP("Shape"), shape),
+            optionTab(QT_TR_NOOP("Material"), material),
+            optionTab(QT_TR_NOOP("Color"), frontColor),
+            optionTab(QT_TR_NOOP("Transform"), transform)};
     }
     if (std::dynamic_pointer_cast<content::ImageNode>(currentNode_))
         return {
-            optionTab("Image", image), optionTab("Mask", mask), optionTab("Transform", transform)};
+            optionTab(QT_TR_NOOP("Image"), image),
+            optionTab(QT_TR_NOOP("Mask"), mask),
+            optionTab(QT_TR_NOOP("Transform"), transform)};
     return rootTabs();
 }
 

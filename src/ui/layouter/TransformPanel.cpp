@@ -29,10 +29,10 @@ struct Row {
 
 // clang-format off
 constexpr auto kRows = std::to_array<Row>({
-    {"Z Pos", 250, "PositionZ", "",    nullptr,               {0, 0, 0}},
-    {"X Rot", 180, "RotationX", " °", &core::Node::rotXNode, {1, 0, 0}},
-    {"Y Rot", 180, "RotationY", " °", &core::Node::rotYNode, {0, 1, 0}},
-    {"Z Rot", 180, "RotationZ", " °", &core::Node::rotZNode, {0, 0, 1}},
+    {QT_TRANSLATE_NOOP("zelvo::ui::TransformPanel", "Z Pos"), 250, "PositionZ", "",    nullptr,               {0, 0, 0}},
+    {QT_TRANSLATE_NOOP("zelvo::ui::TransformPanel", "X Rot"), 180, "RotationX", " °", &core::Node::rotXNode, {1, 0, 0}},
+    {QT_TRANSLATE_NOOP("zelvo::ui::TransformPanel", "Y Rot"), 180, "RotationY", " °", &core::Node::rotYNode, {0, 1, 0}},
+    {QT_TRANSLATE_NOOP("zelvo::ui::TransformPanel", "Z Rot"), 180, "RotationZ", " °", &core::Node::rotZNode, {0, 0, 1}},
 });
 
 // clang-format on
@@ -52,8 +52,7 @@ TransformPanel::TransformPanel(core::NodePtr edited, QObject* parent)
     , node(std::move(edited)) {
     for (int tag = 0; tag < static_cast<int>(kRows.size()); ++tag) {
         auto button = std::make_unique<HighlightButton>(
-            ButtonFace{.title = QString::fromUtf8(rowOf(tag).title)},
-            [this, tag] { setUpSlider(tag); });
+            ButtonFace{.title = tr(rowOf(tag).title)}, [this, tag] { setUpSlider(tag); });
         button->unselectedColor = kButtonColor;
         stackView.addArrangedSubview(*button);
         buttons.push_back(std::move(button));

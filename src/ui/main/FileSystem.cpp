@@ -3,11 +3,14 @@
 
 #include "ui/controls/Alerts.h"
 
+#include <QCoreApplication>
+
 namespace zelvo::ui {
 
 bool FileSystem::open(const std::filesystem::path& file, Alerts& alerts) {
     // Objects (archives) and fonts are what would be imported; neither import is built.
-    alerts.showAlert("Unsupported file.", file.filename().string());
+    const QString title = QCoreApplication::translate("FileSystem", "Unsupported file.");
+    alerts.showAlert(title.toStdString(), file.filename().string());
     return false;
 }
 

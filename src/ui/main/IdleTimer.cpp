@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/IdleTimer.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -48,8 +49,10 @@ void IdleTimer::inhibit() {
     if (cookie || isAsking || !hasBus())
         return;
     isAsking = true;
-    const auto pending = QDBusConnection::sessionBus().asyncCall(
-        call("Inhibit", {QStringLiteral("Zelvo"), tr("A performance is being recorded")}));
+    const auto pending = QDBusConnection::sessionBus().asyncCall(call(
+        "Inhibit",
+        {QStringLiteral("Zelvo"),
+         QCoreApplication::translate("zelvo::ui::IdleTimer", "A performance is being recorded")}));
     auto* const watcher = new QDBusPendingCallWatcher(pending, this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         const QDBusPendingReply<unsigned> reply = *watcher;

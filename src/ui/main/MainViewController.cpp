@@ -153,14 +153,14 @@ void MainViewController::shareAction() {
 void MainViewController::askForActions() {
     // clang-format off
     services.alerts.show({
-        .title = "No recorded actions",
-        .message = "Before exporting a movie, you have to record at least one action.",
+        .title = tr("No recorded actions").toStdString(),
+        .message = tr("Before exporting a movie, you have to record at least one action.").toStdString(),
         .actions =
             {
-                      {.title = "Howto",
+                      {.title = tr("Howto").toStdString(),
                  .handler = [this] { showHint(); },
                  .titleColor = QColor(0xC8, 0x8E, 0x01)},
-                      {.title = "OK", .role = AlertRole::cancel},
+                      {.title = tr("OK").toStdString(), .role = AlertRole::cancel},
                       },
     });
     // clang-format on

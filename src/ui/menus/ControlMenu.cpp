@@ -99,11 +99,11 @@ void ControlMenu::durationButtonAction() {
         runLoop.post([&model, own] { model.setDuration(own->duration()); });
     };
     services.alerts.show(
-        {.title = "Duration",
+        {.title = tr("Duration").toStdString(),
          .message = {},
          .actions =
-             {{.title = "Ok", .handler = setDuration},
-              {.title = "Cancel", .role = AlertRole::cancel}},
+             {{.title = tr("Ok").toStdString(), .handler = setDuration},
+              {.title = tr("Cancel").toStdString(), .role = AlertRole::cancel}},
          .content = picker.get(),
          .contentView = "TimePicker"});
 }
@@ -125,11 +125,13 @@ void ControlMenu::historyButtonAction() const {
 
 void ControlMenu::deleteAllButtonAction() const {
     services.alerts.show(
-        {.title = "Delete all recorded actions?",
+        {.title = tr("Delete all recorded actions?").toStdString(),
          .message = {},
          .actions = {
-             {.title = "Delete", .role = AlertRole::destructive, .handler = deleteAllActions},
-             {.title = "Cancel", .role = AlertRole::cancel}}});
+             {.title = tr("Delete").toStdString(),
+              .role = AlertRole::destructive,
+              .handler = deleteAllActions},
+             {.title = tr("Cancel").toStdString(), .role = AlertRole::cancel}}});
 }
 
 } // namespace zelvo::ui

@@ -16,6 +16,17 @@ constexpr int kNormalTag = 3;
 constexpr auto kSpeedTitles = std::to_array<const char*>({"---", "--", "-", "O", "+", "++", "+++"});
 static_assert(kSpeedTitles.size() == core::kSpeeds.size());
 
+/// The titles of core::kSpeeds, for who translates them.
+[[maybe_unused]] constexpr auto kSpokenSpeeds = std::to_array<const char*>({
+    QT_TRANSLATE_NOOP("zelvo::ui::SpeedViewController", "Slowest"),
+    QT_TRANSLATE_NOOP("zelvo::ui::SpeedViewController", "Slower"),
+    QT_TRANSLATE_NOOP("zelvo::ui::SpeedViewController", "Slow"),
+    QT_TRANSLATE_NOOP("zelvo::ui::SpeedViewController", "Normal"),
+    QT_TRANSLATE_NOOP("zelvo::ui::SpeedViewController", "Fast"),
+    QT_TRANSLATE_NOOP("zelvo::ui::SpeedViewController", "Faster"),
+    QT_TRANSLATE_NOOP("zelvo::ui::SpeedViewController", "Fastest"),
+});
+
 } // namespace
 
 SpeedViewController::SpeedViewController(const Services& given, QObject* parent)
@@ -35,10 +46,11 @@ SpeedViewController::SpeedViewController(const Services& given, QObject* parent)
     }
     for (int tag = 0; tag < static_cast<int>(kSpeedTitles.size()); ++tag) {
         const auto index = static_cast<std::size_t>(tag);
-        const auto spoken = QString::fromUtf8(core::kSpeeds[index].title.data());
+        const QString spoken = tr(core::kSpeeds[index].title.data());
         auto button = std::make_unique<HighlightButton>(
             ButtonFace{
-                .title = QString::fromUtf8(kSpeedTitles[index]), .name = tr("Speed: ") + spoken},
+                .title = QString::fromUtf8(kSpeedTitles[index]),
+                .name = tr("Speed: %1").arg(spoken)},
             [this, tag] { speedAction(tag); });
         button->unselectedColor = kClearButtonColor;
         speedStackView.addArrangedSubview(*button);
@@ -91,7 +103,7 @@ void SpeedViewController::speedAction(int tag) {
     const bool isKnown = tag >= 0 && static_cast<std::size_t>(tag) < core::kSpeeds.size();
     const core::SpeedRow& row = core::kSpeeds[static_cast<std::size_t>(isKnown ? tag : kNormalTag)];
     services.model.animationRatio = row.ratio;
-    signals().messageSignal.fire("Speed: " + std::string(row.title));
+    signals().messageSignal.fire(tr("Speed: %1").arg(tr(row.title.data())).toStdString());
 }
 
 } // namespace zelvo::ui

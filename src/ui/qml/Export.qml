@@ -29,7 +29,7 @@ FocusStack {
             x: 6
             y: 6
             image: "CloseButton_Gray"
-            name: "Cancel the export"
+            name: qsTr("Cancel the export")
             key: "Esc"
             onClicked: root.controller.dismissViewController()
         }

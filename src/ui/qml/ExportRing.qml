@@ -15,7 +15,7 @@ Shape {
     layer.enabled: true
     layer.samples: 4
     Accessible.role: Accessible.ProgressBar
-    Accessible.name: "Progress"
+    Accessible.name: qsTr("Progress")
 
     ShapePath {
         strokeColor: Theme.ringTrack

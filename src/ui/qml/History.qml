@@ -39,7 +39,7 @@ FocusScope {
 
             leading: ScreenButton {
                 image: "CloseButton_Gray"
-                name: "Close"
+                name: qsTr("Close")
                 key: "Esc"
                 onClicked: root.controller.dismissViewController()
             }
@@ -71,7 +71,7 @@ FocusScope {
             highlightMoveDuration: 0
             boundsBehavior: Flickable.StopAtBounds
             Accessible.role: Accessible.List
-            Accessible.name: "Actions"
+            Accessible.name: qsTr("Actions")
 
             // A row a press: what is deleted here does not come back.
             Keys.onPressed: event => {
@@ -107,7 +107,7 @@ FocusScope {
         Text {
             anchors.centerIn: parent
             visible: list.count === 0
-            text: "No actions"
+            text: qsTr("No actions")
             color: Theme.mutedText
             font.pixelSize: Theme.px(14)
             font.weight: Font.Medium

@@ -93,8 +93,8 @@ Item {
             anchors.right: parent.right
             anchors.rightMargin: 8
             anchors.verticalCenter: parent.verticalCenter
-            text: "Delete"
-            name: "Delete " + root.title
+            text: qsTr("Delete")
+            name: qsTr("Delete %1").arg(root.title)
             tint: Theme.record
             focusPolicy: Qt.NoFocus
             opacity: !root.isOpen && (hover.hovered || root.isCurrent) ? 1 : 0
@@ -118,8 +118,8 @@ Item {
 
         ScreenButton {
             anchors.fill: parent
-            text: "Delete"
-            name: "Delete " + root.title
+            text: qsTr("Delete")
+            name: qsTr("Delete %1").arg(root.title)
             focusPolicy: Qt.NoFocus
             onClicked: root.deleted()
         }

@@ -46,8 +46,8 @@ FocusStack {
             title: root.controller.title
 
             leading: ScreenButton {
-                text: "Cancel"
-                name: "Close the preview"
+                text: qsTr("Cancel")
+                name: qsTr("Close the preview")
                 key: "Esc"
                 fill: Theme.separator
                 onClicked: root.controller.dismissController()
@@ -55,7 +55,7 @@ FocusStack {
             trailing: ScreenButton {
                 id: shareButton
 
-                text: "Share"
+                text: qsTr("Share")
                 fill: Theme.accent
                 onClicked: root.controller.share()
             }

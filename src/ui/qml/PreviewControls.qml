@@ -20,7 +20,7 @@ Item {
         x: 12
         y: 2
         image: root.controller.isPlaying ? "PreviewPause" : "PreviewPlay"
-        name: root.controller.isPlaying ? "Pause" : "Play"
+        name: root.controller.isPlaying ? qsTr("Pause") : qsTr("Play")
         key: "Space"
         isUsable: root.controller.failure === ""
         onClicked: root.controller.togglePlaying()
@@ -53,7 +53,7 @@ Item {
         onMoved: root.player.setPosition(value)
 
         Accessible.role: Accessible.Slider
-        Accessible.name: "Position"
+        Accessible.name: qsTr("Position")
 
         background: Rectangle {
             y: (seek.height - height) / 2
@@ -104,6 +104,6 @@ Item {
         font.pixelSize: Theme.px(13)
         elide: Text.ElideMiddle
         Accessible.role: Accessible.StaticText
-        Accessible.name: "The movie lies at " + text
+        Accessible.name: qsTr("The movie lies at %1").arg(text)
     }
 }

@@ -9,9 +9,9 @@ FileDialog {
         open();
     }
 
-    title: "Save a Copy"
+    title: qsTr("Save a Copy")
     fileMode: FileDialog.SaveFile
-    acceptLabel: "Save"
+    acceptLabel: qsTr("Save")
     defaultSuffix: "mov"
-    nameFilters: ["QuickTime movies (*.mov)"]
+    nameFilters: [qsTr("QuickTime movies (*.mov)")]
 }

@@ -13,7 +13,7 @@ FocusScope {
     Keys.onEscapePressed: controller.share()
 
     Accessible.role: Accessible.PopupMenu
-    Accessible.name: "Share"
+    Accessible.name: qsTr("Share")
 
     MouseArea {
         anchors.fill: parent
@@ -42,7 +42,7 @@ FocusScope {
 
             ScreenButton {
                 width: choices.width
-                text: "Open in Player"
+                text: qsTr("Open in Player")
                 focus: true
                 KeyNavigation.down: folder
                 onClicked: root.controller.openInPlayer()
@@ -51,7 +51,7 @@ FocusScope {
                 id: folder
 
                 width: choices.width
-                text: "Show Folder"
+                text: qsTr("Show Folder")
                 KeyNavigation.down: path
                 onClicked: root.controller.openFolder()
             }
@@ -59,7 +59,7 @@ FocusScope {
                 id: path
 
                 width: choices.width
-                text: "Copy Path"
+                text: qsTr("Copy Path")
                 KeyNavigation.down: copy
                 onClicked: root.controller.copyPath()
             }
@@ -67,7 +67,7 @@ FocusScope {
                 id: copy
 
                 width: choices.width
-                text: "Save a Copy…"
+                text: qsTr("Save a Copy…")
                 onClicked: {
                     dialog.active = true;
                     (dialog.item as SaveDialog).ask(root.controller.suggestedCopy());

@@ -15,7 +15,7 @@ Item {
         stage: root.main.stage
         opacity: root.main.sceneAlpha
         Accessible.role: Accessible.Graphic
-        Accessible.name: "The stage"
+        Accessible.name: qsTr("The stage")
 
         Behavior on opacity {
             NumberAnimation { duration: root.main.sceneFadeMilliseconds }

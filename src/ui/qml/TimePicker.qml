@@ -39,7 +39,7 @@ FocusScope {
         }
         WheelLabel {
             x: 72
-            text: "Min"
+            text: qsTr("Min")
         }
         Wheel {
             id: seconds
@@ -55,7 +55,7 @@ FocusScope {
         }
         WheelLabel {
             x: 192
-            text: "Sec"
+            text: qsTr("Sec")
         }
     }
 

@@ -86,7 +86,7 @@ FocusScope {
             anchors.bottom: parent.bottom
             anchors.margins: 1
             height: 43
-            text: "OK"
+            text: qsTr("OK")
             hoverEnabled: true
             onClicked: root.controller.dismissAction()
             Accessible.role: Accessible.Button

@@ -79,7 +79,7 @@ void ExportViewController::startMovie() {
     model.movieWriter().options.tap = posterTap(poster, kPosterMoment * model.duration());
     if (const auto started = model.startMovie(); !started) {
         setStatus(kFailed);
-        services.alerts.showAlert("Error", started.error().message);
+        services.alerts.showAlert(tr("Error").toStdString(), started.error().message);
     }
 }
 

@@ -29,7 +29,10 @@ std::error_code copyMovie(const std::filesystem::path& from, const std::filesyst
 
 void tell(Alerts& alerts, const std::filesystem::path& file, const std::error_code& error) {
     alerts.showAlert(
-        "Error", fmt::format("{} was not written: {}", file.string(), error.message()));
+        PreviewViewController::tr("Error").toStdString(),
+        PreviewViewController::tr("%1 was not written: %2")
+            .arg(shown(file), QString::fromStdString(error.message()))
+            .toStdString());
 }
 
 } // namespace
@@ -78,10 +81,10 @@ void PreviewViewController::playbackFailed(const QString& reason) {
     setPlaying(false);
     std::error_code error;
     failure_ = std::filesystem::exists(moviePath, error)
-                   ? QStringLiteral("This movie cannot be played here (%1). Choose Share, then "
-                                    "Open in Player, to watch it.")
-                         .arg(reason.isEmpty() ? QStringLiteral("no decoder") : reason)
-                   : QStringLiteral("There is no movie here yet.");
+                   ? tr("This movie cannot be played here (%1). Choose Share, then Open in "
+                        "Player, to watch it.")
+                         .arg(reason.isEmpty() ? tr("no decoder") : reason)
+                   : tr("There is no movie here yet.");
     Q_EMIT failureChanged();
 }
 
@@ -109,13 +112,14 @@ void PreviewViewController::open(const std::filesystem::path& what) {
     if (desk.open(QUrl::fromLocalFile(shown(what))))
         return;
     services.alerts.showAlert(
-        "Error", fmt::format("No program was found to open {}.", what.string()));
+        tr("Error").toStdString(),
+        tr("No program was found to open %1.").arg(shown(what)).toStdString());
 }
 
 void PreviewViewController::copyPath() {
     endSharing();
     desk.copyText(place());
-    signals().messageSignal.fire("Path copied");
+    signals().messageSignal.fire(tr("Path copied").toStdString());
 }
 
 QUrl PreviewViewController::suggestedCopy() const {
@@ -140,7 +144,7 @@ void PreviewViewController::saveCopy(const QUrl& target) {
 
 void PreviewViewController::copied(const std::filesystem::path& to) {
     setSavedCopy(to);
-    signals().messageSignal.fire("Copy saved");
+    signals().messageSignal.fire(tr("Copy saved").toStdString());
 }
 
 void PreviewViewController::dismissController() {

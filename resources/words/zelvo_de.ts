@@ -1,0 +1,524 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>ColorStrip</name>
+    <message>
+        <source>Color %1</source>
+        <translation>Farbe %1</translation>
+    </message>
+</context>
+<context>
+    <name>Export</name>
+    <message>
+        <source>Cancel the export</source>
+        <translation>Export abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>ExportRing</name>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+</context>
+<context>
+    <name>FileSystem</name>
+    <message>
+        <source>Unsupported file.</source>
+        <translation>Diese Datei wird nicht unterstützt.</translation>
+    </message>
+</context>
+<context>
+    <name>History</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>Aktionen</translation>
+    </message>
+    <message>
+        <source>No actions</source>
+        <translation>Keine Aktionen</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryRow</name>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Delete %1</source>
+        <translation>%1 löschen</translation>
+    </message>
+</context>
+<context>
+    <name>Preview</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Close the preview</source>
+        <translation>Vorschau schließen</translation>
+    </message>
+    <message>
+        <source>Share</source>
+        <translation>Teilen</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewControls</name>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Stelle im Film</translation>
+    </message>
+    <message>
+        <source>The movie lies at %1</source>
+        <translation>Der Film liegt in %1</translation>
+    </message>
+</context>
+<context>
+    <name>SaveDialog</name>
+    <message>
+        <source>Save a Copy</source>
+        <translation>Kopie sichern</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Sichern</translation>
+    </message>
+    <message>
+        <source>QuickTime movies (*.mov)</source>
+        <translation>QuickTime-Filme (*.mov)</translation>
+    </message>
+</context>
+<context>
+    <name>SharePanel</name>
+    <message>
+        <source>Share</source>
+        <translation>Teilen</translation>
+    </message>
+    <message>
+        <source>Open in Player</source>
+        <translation>Im Player öffnen</translation>
+    </message>
+    <message>
+        <source>Show Folder</source>
+        <translation>Ordner zeigen</translation>
+    </message>
+    <message>
+        <source>Copy Path</source>
+        <translation>Pfad kopieren</translation>
+    </message>
+    <message>
+        <source>Save a Copy…</source>
+        <translation>Kopie sichern …</translation>
+    </message>
+</context>
+<context>
+    <name>Stage</name>
+    <message>
+        <source>The stage</source>
+        <translation>Die Bühne</translation>
+    </message>
+</context>
+<context>
+    <name>TimePicker</name>
+    <message>
+        <source>Minutes</source>
+        <translation>Minuten</translation>
+    </message>
+    <message>
+        <source>Min</source>
+        <translation>Min</translation>
+    </message>
+    <message>
+        <source>Seconds</source>
+        <translation>Sekunden</translation>
+    </message>
+    <message>
+        <source>Sec</source>
+        <translation>Sek</translation>
+    </message>
+</context>
+<context>
+    <name>VideoAlert</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>WritingField</name>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::ActionsMenu</name>
+    <message>
+        <source>Speed and objects</source>
+        <translation>Tempo und Objekte</translation>
+    </message>
+    <message>
+        <source>More actions</source>
+        <translation>Weitere Aktionen</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::Alerts</name>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::ControlMenu</name>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Delete all</source>
+        <translation>Alles löschen</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Delete all recorded actions?</source>
+        <translation>Alle aufgenommenen Aktionen löschen?</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::ExportViewController</name>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::IdleTimer</name>
+    <message>
+        <source>A performance is being recorded</source>
+        <translation>Eine Aufnahme läuft</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::ImagePanel</name>
+    <message>
+        <source>Flip</source>
+        <translation>Spiegeln</translation>
+    </message>
+    <message>
+        <source>Mirror left to right</source>
+        <translation>Seitlich spiegeln</translation>
+    </message>
+    <message>
+        <source>Mirror top to bottom</source>
+        <translation>Senkrecht spiegeln</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Drehen</translation>
+    </message>
+    <message>
+        <source>Turn by a quarter</source>
+        <translation>Um ein Viertel drehen</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>Verbergen</translation>
+    </message>
+    <message>
+        <source>Hide the image</source>
+        <translation>Bild verbergen</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Zeigen</translation>
+    </message>
+    <message>
+        <source>Show the image</source>
+        <translation>Bild zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::Inspirator</name>
+    <message>
+        <source>Inspirator: a random style</source>
+        <translation>Inspirator: ein zufälliger Stil</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::LayouterMenu</name>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Text 1</source>
+        <translation>Text 1</translation>
+    </message>
+    <message>
+        <source>Text 2</source>
+        <translation>Text 2</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Object</source>
+        <translation>Objekt</translation>
+    </message>
+    <message>
+        <source>The movie has no music. This version cannot add any yet.</source>
+        <translation>Der Film hat keine Musik. Diese Version kann noch keine hinzufügen.</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Hintergrund</translation>
+    </message>
+    <message>
+        <source>Audio</source>
+        <translation>Musik</translation>
+    </message>
+    <message>
+        <source>Environment</source>
+        <translation>Umgebung</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>No music</source>
+        <translation>Keine Musik</translation>
+    </message>
+    <message>
+        <source>Write</source>
+        <translation>Schreiben</translation>
+    </message>
+    <message>
+        <source>Material</source>
+        <translation>Material</translation>
+    </message>
+    <message>
+        <source>Frontcolor</source>
+        <translation>Vorne</translation>
+    </message>
+    <message>
+        <source>Sidecolor</source>
+        <translation>Seiten</translation>
+    </message>
+    <message>
+        <source>Transform</source>
+        <translation>Lage</translation>
+    </message>
+    <message>
+        <source>Shape</source>
+        <translation>Form</translation>
+    </message>
+    <message>
+        <source>Mask</source>
+        <translation>Maske</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::MainMenu</name>
+    <message>
+        <source>Style</source>
+        <translation>Stil</translation>
+    </message>
+    <message>
+        <source>Style the stage</source>
+        <translation>Die Bühne gestalten</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>Aktionen</translation>
+    </message>
+    <message>
+        <source>Perform</source>
+        <translation>Aufführen</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::MainViewController</name>
+    <message>
+        <source>Export a movie</source>
+        <translation>Film exportieren</translation>
+    </message>
+    <message>
+        <source>No recorded actions</source>
+        <translation>Keine aufgenommenen Aktionen</translation>
+    </message>
+    <message>
+        <source>Before exporting a movie, you have to record at least one action.</source>
+        <translation>Vor dem Export muss mindestens eine Aktion aufgenommen werden.</translation>
+    </message>
+    <message>
+        <source>Howto</source>
+        <translation>So geht’s</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Press the record button, then the buttons of the actions while the clock runs.</source>
+        <translation>Den Aufnahmeknopf drücken, dann die Knöpfe der Aktionen, während die Uhr läuft.</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::PreviewViewController</name>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>%1 was not written: %2</source>
+        <translation>%1 wurde nicht geschrieben: %2</translation>
+    </message>
+    <message>
+        <source>This movie cannot be played here (%1). Choose Share, then Open in Player, to watch it.</source>
+        <translation>Dieser Film lässt sich hier nicht abspielen (%1). Über „Teilen“ und „Im Player öffnen“ kann man ihn ansehen.</translation>
+    </message>
+    <message>
+        <source>no decoder</source>
+        <translation>kein Decoder</translation>
+    </message>
+    <message>
+        <source>There is no movie here yet.</source>
+        <translation>Hier ist noch kein Film.</translation>
+    </message>
+    <message>
+        <source>No program was found to open %1.</source>
+        <translation>Kein Programm gefunden, das %1 öffnet.</translation>
+    </message>
+    <message>
+        <source>Path copied</source>
+        <translation>Pfad kopiert</translation>
+    </message>
+    <message>
+        <source>Copy saved</source>
+        <translation>Kopie gesichert</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::RecordButton</name>
+    <message>
+        <source>Record</source>
+        <translation>Aufnehmen</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::SpeedViewController</name>
+    <message>
+        <source>Slowest</source>
+        <translation>Am langsamsten</translation>
+    </message>
+    <message>
+        <source>Slower</source>
+        <translation>Langsamer</translation>
+    </message>
+    <message>
+        <source>Slow</source>
+        <translation>Langsam</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Fast</source>
+        <translation>Schnell</translation>
+    </message>
+    <message>
+        <source>Faster</source>
+        <translation>Schneller</translation>
+    </message>
+    <message>
+        <source>Fastest</source>
+        <translation>Am schnellsten</translation>
+    </message>
+    <message>
+        <source>First text</source>
+        <translation>Erster Text</translation>
+    </message>
+    <message>
+        <source>Second text</source>
+        <translation>Zweiter Text</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Object</source>
+        <translation>Objekt</translation>
+    </message>
+    <message>
+        <source>Speed: %1</source>
+        <translation>Tempo: %1</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::TransformPanel</name>
+    <message>
+        <source>Z Pos</source>
+        <translation>Z-Pos</translation>
+    </message>
+    <message>
+        <source>X Rot</source>
+        <translation>X-Dreh</translation>
+    </message>
+    <message>
+        <source>Y Rot</source>
+        <translation>Y-Dreh</translation>
+    </message>
+    <message>
+        <source>Z Rot</source>
+        <translation>Z-Dreh</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,23 @@
+# Every word of the window has its translation, and every translation its word. Run as:
+#   cmake -DLUPDATE=<program> -DSOURCES=<folder> -DWORDS=<file.ts> -DCOPY=<scratch file.ts> -P words.cmake
+configure_file("${WORDS}" "${COPY}" COPYONLY)
+execute_process(COMMAND "${LUPDATE}" -silent -locations none "${SOURCES}" -ts "${COPY}"
+                OUTPUT_VARIABLE said ERROR_VARIABLE said RESULT_VARIABLE result)
+file(STRINGS "${COPY}" lines ENCODING UTF-8 REGEX "<source>|type=\"(unfinished|vanished|obsolete)\"")
+set(source "")
+set(count 0)
+set(faults 0)
+foreach(line IN LISTS lines)
+    if(line MATCHES "<source>(.*)</source>")
+        set(source "${CMAKE_MATCH_1}")
+        math(EXPR count "${count} + 1")
+    else()
+        string(REGEX MATCH "unfinished|vanished|obsolete" state "${line}")
+        message("${state}: ${source}")
+        math(EXPR faults "${faults} + 1")
+    endif()
+endforeach()
+if(NOT result EQUAL 0 OR NOT said STREQUAL "" OR faults GREATER 0 OR count EQUAL 0)
+    message(FATAL_ERROR "${said}${faults} of ${count} words; build the target update_words, then fill them in")
+endif()
+message("${count} words")
