@@ -72,7 +72,7 @@ OutlineMarks::OutlineMarks(const text::FontRegistry* given)
 
 OutlineMarks::Patch OutlineMarks::addPatch(
     const DefaultSCNNodePtr& parent, const scene::SCNMaterialPtr& color, float depth) {
-    const Patch patch{std::make_shared<scene::SCNPlane>(), addNode(parent)};
+    Patch patch{std::make_shared<scene::SCNPlane>(), addNode(parent)};
     patch.plane->materials = {color};
     patch.node->geometry = patch.plane;
     patch.node->position = glm::vec3(0, 0, depth);

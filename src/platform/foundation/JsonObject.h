@@ -6,6 +6,7 @@
 #include <glm/vec2.hpp>
 #include <glm/vec3.hpp>
 
+#include <iterator>
 #include <optional>
 #include <span>
 #include <string>
@@ -74,6 +75,7 @@ public:
     /// A string that must be a name in a table of {name, value}. Returns the value.
     template <class Table> [[nodiscard]] auto oneOf(std::string_view key, const Table& table) {
         std::vector<std::string> names;
+        names.reserve(std::size(table));
         for (const auto& row : table)
             names.emplace_back(row.name);
         std::optional<decltype(table[0].value)> found;

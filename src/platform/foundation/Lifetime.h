@@ -35,14 +35,12 @@ public:
     public:
         [[nodiscard]] bool hasEnded() const {
             const auto held = token.lock();
-            if (!held)
-                return true;
 #ifndef NDEBUG
             CHECK(
-                std::this_thread::get_id() == held->thread,
+                !held || std::this_thread::get_id() == held->thread,
                 "an owner's guarded calls belong to the owner's thread");
 #endif
-            return false;
+            return !held;
         }
 
     private:

@@ -61,7 +61,7 @@ public:
     void drawStill(const Frame& frame);
     /// Draws the other opaque items, and the shadows on the unchanged ones.
     void drawMoving(const Frame& frame);
-    void drawTranslucent(const Frame& frame);
+    void drawTranslucent(const Frame& whole);
     void drawParticles(const Frame& frame);
 
     /// Returns a hash of all that the frame depends on: same key, same picture. Nothing if it

@@ -10,6 +10,27 @@
 #include <utility>
 
 namespace zelvo::render {
+
+namespace {
+
+/// Nothing if the shader is broken, which is logged.
+std::optional<FullscreenPass> buildFunction(const scene::SCNTechnique::Pass& pass) {
+    // All passes with the same function have the same uniforms in the same order.
+    CHECK(pass.uniforms.size() <= 4, "{} has too many uniforms", pass.function);
+    std::vector<std::string> defines{pass.function};
+    for (std::size_t i = 0; i < pass.uniforms.size(); ++i)
+        defines.push_back(fmt::format("{} passNumbers[0][{}]", pass.uniforms[i].name, i));
+    std::optional<FullscreenPass> made(std::in_place, "technique.frag", std::move(defines));
+    if (auto built = made->prepare(); !built) {
+        foundation::logLine(fmt::format(
+            "the technique's {} is not drawn: {}", pass.function, built.error().message));
+        made.reset();
+    }
+    return made;
+}
+
+} // namespace
+
 void TechniquePasses::draw(
     const scene::SCNTechniquePtr& technique,
     const FramePictures& pictures,
@@ -53,21 +74,9 @@ void TechniquePasses::plan(const scene::SCNTechniquePtr& technique) {
 
 FullscreenPass* TechniquePasses::function(const scene::SCNTechnique::Pass& pass) {
     const auto [entry, isNew] = functions.try_emplace(pass.function);
-    std::optional<FullscreenPass>& known = entry->second;
-    if (isNew) {
-        // All passes with the same function have the same uniforms in the same order.
-        CHECK(pass.uniforms.size() <= 4, "{} has too many uniforms", pass.function);
-        std::vector<std::string> defines{pass.function};
-        for (std::size_t i = 0; i < pass.uniforms.size(); ++i)
-            defines.push_back(fmt::format("{} passNumbers[0][{}]", pass.uniforms[i].name, i));
-        known.emplace("technique.frag", std::move(defines));
-        if (auto built = known->prepare(); !built) {
-            foundation::logLine(fmt::format(
-                "the technique's {} is not drawn: {}", pass.function, built.error().message));
-            known.reset();
-        }
-    }
-    return known ? &*known : nullptr;
+    if (isNew)
+        entry->second = buildFunction(pass);
+    return entry->second ? &*entry->second : nullptr;
 }
 
 } // namespace zelvo::render
