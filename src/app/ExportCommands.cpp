@@ -70,6 +70,8 @@ void reportPerformance(const PerformCommand& command, const ExportReport& report
     const auto& outcome = report.outcome;
     if (!outcome.musicFailure.empty())
         foundation::logLine("zelvo: the movie is silent: " + outcome.musicFailure);
+    if (!outcome.musicDamage.empty())
+        foundation::logLine("zelvo: " + outcome.musicDamage);
     if (!outcome.saveFailure.empty()) {
         foundation::logLine(fmt::format(
             "zelvo: {}; the movie lies at {}", outcome.saveFailure, outcome.movie.string()));

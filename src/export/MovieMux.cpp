@@ -99,6 +99,7 @@ Result<MovieMux> makeExportSession(
     MovieMux mux;
     std::optional<media::AVMutableAudioMix> volumes;
     if (music) {
+        mux.song = music->file;
         const auto track = insertMusic(composition, *music);
         if (!track)
             mux.musicFailure = track.error().message;

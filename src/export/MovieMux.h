@@ -19,6 +19,7 @@ struct MovieMux {
     std::unique_ptr<media::AVAssetExportSession> session;
     /// why the movie will be silent; empty if it is not, or if there is no music
     std::string musicFailure;
+    std::filesystem::path song; ///< empty if there is no music
 };
 
 /// Joins the raw video, without its last three frames, and the music. If the song cannot be read,

@@ -49,14 +49,16 @@ struct MovieProgress {
 
 /// The result of an export.
 struct MovieOutcome {
-    int frames = 0;              ///< number of drawn frames
-    std::filesystem::path movie; ///< empty if no movie was to be made
+    int frames = 0;                ///< number of drawn frames
+    std::filesystem::path movie{}; ///< empty if no movie was to be made
     /// In the photo library; empty if it was not requested or failed.
-    std::optional<std::filesystem::path> savedCopy;
+    std::optional<std::filesystem::path> savedCopy{};
     /// why it is not in the photo library; empty if it is, or if it should not be
-    std::string saveFailure;
+    std::string saveFailure{};
     /// why the movie is silent; empty if it is not, or if there is no music
-    std::string musicFailure;
+    std::string musicFailure{};
+    /// that parts of the song could not be decoded; empty if all could
+    std::string musicDamage{};
 };
 
 /// How an export's time was spent, in milliseconds. Encoding runs in parallel.

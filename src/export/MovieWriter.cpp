@@ -152,7 +152,7 @@ void MovieWriter::finish() {
     leaveRun();
     state_ = State::closing;
     if (!rawMovie) {
-        end(MovieOutcome{progress.framesDone, {}, std::nullopt, {}, {}});
+        end(MovieOutcome{.frames = progress.framesDone});
         return;
     }
     rawMovie->finish(queued(&MovieWriter::mux));
@@ -199,6 +199,7 @@ void MovieWriter::mux() {
     }
     session = std::move(made->session);
     musicFailure = std::move(made->musicFailure);
+    song = std::move(made->song);
     session->exportAsynchronously(queued(&MovieWriter::finished));
 }
 
@@ -217,7 +218,15 @@ void MovieWriter::finished() {
     showVideoSignal.fire();
     if (!musicFailure.empty())
         model.showAlert("The movie is silent", musicFailure);
-    MovieOutcome outcome{progress.framesDone, outputPath(), std::nullopt, {}, musicFailure};
+    MovieOutcome outcome{
+        .frames = progress.framesDone, .movie = outputPath(), .musicFailure = musicFailure};
+    if (session->soundHasGaps()) {
+        outcome.musicDamage = fmt::format(
+            "{} is damaged: where it cannot be decoded, the movie is silent or the song jumps. Use "
+            "another copy of it.",
+            song.string());
+        model.showAlert("The song is damaged", outcome.musicDamage);
+    }
     if (!options.output)
         outcome = savedToLibrary(std::move(outcome));
     end(std::move(outcome));

@@ -79,7 +79,8 @@ public:
     /// The path for one more copy among the user's videos.
     [[nodiscard]] std::filesystem::path freeVideoPlace() const { return library.freePlace(); }
 
-    /// The path of "Movie.mov"; the file need not exist.
+    /// The path of "Movie.mov", or of another name while another window uses that one; the file
+    /// need not exist.
     [[nodiscard]] std::filesystem::path movieURL() const { return files.finishedMovie(); }
 
     /// Of the current or the last export.
@@ -111,7 +112,8 @@ private:
     std::optional<FramePipeline> pipeline;
     std::unique_ptr<RawMovie> rawMovie;
     std::unique_ptr<media::AVAssetExportSession> session;
-    std::string musicFailure; ///< of the current session
+    std::string musicFailure;   ///< of the current session
+    std::filesystem::path song; ///< of the current session
     State state_ = State::idle;
     MovieProgress progress;
     double encodingSeconds = 0;

@@ -81,5 +81,42 @@ TEST_F(MovieMusicTest, StaysSilentWithoutAUsableSong) {
     EXPECT_LT(made().loudness(0, 5.9), 0.01);
 }
 
+TEST_F(MovieMusicTest, SaysThatTheSongIsDamagedInItsMiddle) {
+    struct Row {
+        const char* name;
+        const char* encoder;
+        bool keepsTime; ///< its packets tell where they belong
+    };
+
+    constexpr Row kRows[] = {
+        {"song.m4a", "aac", true}, {"song.mp3", "libmp3lame", false}, {"song.flac", "flac", false}};
+    const auto wave = [](double t) { // a pause from 4.5 to 5.5
+        return t > 4.5 && t < 5.5 ? 0.0 : media::sine(440, 0.5)(t);
+    };
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(row.name);
+        song->file = folder.path() / row.name;
+        if (!media::encodeSound(song->file, row.encoder, 9, wave))
+            continue;
+        (void)made();
+        EXPECT_EQ((*outcome)->musicDamage, "");
+        auto bytes = media::readBytes(song->file);
+        const auto at = [&](double share) {
+            return bytes.begin() + static_cast<std::ptrdiff_t>(share * double(bytes.size()));
+        };
+        std::fill(at(0.36), at(0.42), std::uint8_t{0xD5});
+        media::writeBytes(song->file, bytes);
+        const auto movie = made();
+        EXPECT_THAT((*outcome)->musicDamage, testing::HasSubstr(song->file.string()));
+        EXPECT_THAT(
+            alerts,
+            testing::Contains(testing::Pair("The song is damaged", (*outcome)->musicDamage)));
+        if (!row.keepsTime)
+            continue;
+        EXPECT_LT(movie.loudness(3.6, 4.4), 0.02) << "the pause";
+        EXPECT_NEAR(movie.loudness(4.6, 4.9), kFull, 0.03);
+    }
+}
+
 } // namespace
 } // namespace zelvo::movie

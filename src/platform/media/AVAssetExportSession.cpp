@@ -143,6 +143,7 @@ Result<void> AVAssetExportSession::writeMovie() {
     return movie->begin()
         .and_then([&] { return copyPackets(*video, sound->get(), *movie, videoTrack); })
         .and_then([&] { return *sound ? (*sound)->finish(*movie) : Result<void>{}; })
+        .map([&] { soundHasGaps_ = *sound && (*sound)->hasGaps(); })
         .and_then([&] { return movie->finish(); })
         .and_then([&] { return place(*movie); });
 }

@@ -54,6 +54,9 @@ public:
     /// The cause of status failed: `unwritable`, `unsupported`, or an error of the song.
     [[nodiscard]] foundation::Error error() const;
 
+    /// Whether some of the song could not be decoded, once the status is completed.
+    [[nodiscard]] bool soundHasGaps() const { return soundHasGaps_; }
+
     /// 0 to 1. Any thread.
     [[nodiscard]] double progress() const { return progress_; }
 
@@ -72,6 +75,7 @@ private:
     const AVMutableComposition composition;
     std::atomic<Status> status_ = Status::unknown;
     std::atomic<double> progress_ = 0.0;
+    std::atomic<bool> soundHasGaps_ = false;
     std::atomic<Stage> stage = Stage::making;
     mutable std::mutex mutex; // guards error_
     foundation::Error error_;

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace zelvo::media {
 namespace {
@@ -23,6 +24,12 @@ constexpr int kMaxSourceChannels = 16;
 
 /// Decoders give correct samples only after some packets (overlapping windows, bit reservoirs).
 constexpr double kRunUpSeconds = 0.25;
+
+/// Time stamps of some files are wrong by up to this many frames.
+constexpr std::int64_t kJitter = AudioReader::kSampleRate / 10;
+
+/// The longest silence that is inserted at once, in frames.
+constexpr std::int64_t kMaxGap = 60LL * AudioReader::kSampleRate;
 
 /// A decoded frame longer than this means that the file is damaged.
 constexpr int kMaxFrameSamples = 1 << 17;
@@ -126,7 +133,10 @@ void AudioReader::rewindTo(std::int64_t timestamp) {
     pending.clear();
     pendingStart = 0;
     toSkip = 0;
+    nextPlace = 0;
     isAligned = false;
+    hasStumbled = false;
+    hasGaps_ = false;
     isAtEnd = false;
 }
 
@@ -159,8 +169,10 @@ void AudioReader::decodeMore() {
             continue;
         }
         if (readPacket(*format, *packet)) {
-            if (packet->stream_index == stream)
-                avcodec_send_packet(decoder.get(), packet.get());
+            // Before the place that is asked for, a decoder may lack what it builds on.
+            if (packet->stream_index == stream &&
+                avcodec_send_packet(decoder.get(), packet.get()) < 0 && isAligned && toSkip == 0)
+                hasStumbled = true;
             av_packet_unref(packet.get());
             continue;
         }
@@ -169,6 +181,9 @@ void AudioReader::decodeMore() {
             takeFrame();
         if (converter)
             convert(nullptr);
+        // Half a second is sound; less may be what other programs write behind it.
+        const double missing = duration_ - static_cast<double>(nextPlace) / kSampleRate;
+        hasGaps_ = hasGaps_ || (hasStumbled && missing > 0.5);
         isAtEnd = true;
     }
 }
@@ -181,6 +196,9 @@ void AudioReader::takeFrame() {
     if (isUsable && prepareConverter(*frame)) {
         if (!isAligned)
             alignToTarget(*frame);
+        else
+            bridgeGap(*frame);
+        hasGaps_ = hasGaps_ || std::exchange(hasStumbled, false);
         convert(frame.get());
     }
     av_frame_unref(frame.get());
@@ -229,21 +247,46 @@ bool AudioReader::prepareConverter(const AVFrame& source) {
     return true;
 }
 
+/// The position in the song, in frames; empty if the packet does not tell.
+std::optional<std::int64_t> AudioReader::placeOf(const AVFrame& source) const {
+    const AVStream& origin = *format->streams[stream];
+    const std::int64_t pts = source.best_effort_timestamp;
+    if (pts == AV_NOPTS_VALUE)
+        return std::nullopt;
+    const double seconds = static_cast<double>(pts - startOf(origin)) * av_q2d(origin.time_base);
+    return std::llround(std::clamp(seconds, 0.0, kMaxSeconds) * kSampleRate);
+}
+
 /// The position of the first frame after a seek decides how much is dropped, or how much silence is
 /// inserted.
 void AudioReader::alignToTarget(const AVFrame& first) {
     isAligned = true;
-    const AVStream& source = *format->streams[stream];
-    const std::int64_t pts = first.best_effort_timestamp;
-    if (pts == AV_NOPTS_VALUE) {
-        toSkip = target; // unknown position: this happens only if a file is read from its start
-        return;
-    }
-    const double seconds = static_cast<double>(pts - startOf(source)) * av_q2d(source.time_base);
-    const std::int64_t place = std::llround(std::clamp(seconds, 0.0, kMaxSeconds) * kSampleRate);
+    // Unknown position: this happens only if a file is read from its start.
+    const std::int64_t place = placeOf(first).value_or(0);
+    nextPlace = place;
     toSkip = std::max<std::int64_t>(target - place, 0);
     const std::int64_t gap = std::clamp<std::int64_t>(place - target, 0, kSampleRate);
     pending.insert(pending.end(), static_cast<std::size_t>(gap * kChannels), 0.0F);
+}
+
+/// Fills the gap that lost or damaged packets leave before the next frame with silence.
+void AudioReader::bridgeGap(const AVFrame& next) {
+    const std::int64_t gap = placeOf(next).value_or(nextPlace) - nextPlace;
+    if (gap < kJitter)
+        return;
+    hasGaps_ = hasGaps_ || toSkip == 0;
+    const auto frames = static_cast<std::size_t>(std::min(gap, kMaxGap));
+    append(std::vector<float>(frames * kChannels, 0.0F));
+}
+
+/// Takes whole frames, but not those before the target.
+void AudioReader::append(std::span<const float> samples) {
+    const auto frames = static_cast<std::int64_t>(samples.size()) / kChannels;
+    const auto dropped = std::min(toSkip, frames);
+    nextPlace += frames;
+    toSkip -= dropped;
+    for (const float value : samples.subspan(static_cast<std::size_t>(dropped * kChannels)))
+        pending.push_back(std::isfinite(value) ? std::clamp(value, -1.0F, 1.0F) : 0.0F);
 }
 
 /// Converts a frame, or flushes the converter if `source` is null.
@@ -261,12 +304,7 @@ void AudioReader::convert(const AVFrame* source) {
         swr_convert(converter.get(), &out, room, const_cast<const std::uint8_t**>(in), inSamples);
     if (made <= 0)
         return;
-    const auto dropped = std::min<std::int64_t>(toSkip, made);
-    toSkip -= dropped;
-    for (std::int64_t i = dropped * kChannels; i < std::int64_t{made} * kChannels; ++i) {
-        const float value = converted[static_cast<std::size_t>(i)];
-        pending.push_back(std::isfinite(value) ? std::clamp(value, -1.0F, 1.0F) : 0.0F);
-    }
+    append(std::span(converted).first(static_cast<std::size_t>(made) * kChannels));
 }
 
 } // namespace zelvo::media

@@ -6,13 +6,15 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <vector>
 
 namespace zelvo::media {
 
 /// Decodes the sound of a file to interleaved stereo at 48 kHz, from any position, exact to the
-/// sample. Damaged packets are skipped.
+/// sample. Damaged packets become silence where the file has time stamps, so that the sound behind
+/// them keeps its time; in other files they are skipped.
 class AudioReader {
 public:
     static constexpr int kSampleRate = 48000;
@@ -32,6 +34,9 @@ public:
     /// asked for only at the end of the file.
     [[nodiscard]] std::size_t read(std::span<float> interleaved);
 
+    /// Whether some of the sound since the last seek could not be decoded.
+    [[nodiscard]] bool hasGaps() const { return hasGaps_; }
+
 private:
     AudioReader() = default;
 
@@ -42,7 +47,10 @@ private:
     void takeFrame();
     void convert(const AVFrame* source);
     [[nodiscard]] bool prepareConverter(const AVFrame& source);
+    [[nodiscard]] std::optional<std::int64_t> placeOf(const AVFrame& source) const;
     void alignToTarget(const AVFrame& first);
+    void bridgeGap(const AVFrame& next);
+    void append(std::span<const float> samples);
 
     FFmpegPtr<AVFormatContext> format;
     FFmpegPtr<AVCodecContext> decoder;
@@ -61,7 +69,10 @@ private:
     std::size_t pendingStart = 0; // in samples
     std::int64_t target = 0;      // index of the frame where reading should start
     std::int64_t toSkip = 0;      // frames to drop before it
+    std::int64_t nextPlace = 0;   // index of the frame that is decoded next
     bool isAligned = false;       // whether the first frame after a seek has been placed
+    bool hasStumbled = false;     // whether the last packet could not be decoded
+    bool hasGaps_ = false;
     bool isAtEnd = false;
 };
 

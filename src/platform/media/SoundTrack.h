@@ -33,6 +33,9 @@ public:
     /// Encodes and writes the rest.
     [[nodiscard]] foundation::Result<void> finish(MovieFile& movie);
 
+    /// Whether some of the song could not be decoded so far.
+    [[nodiscard]] bool hasGaps() const { return reader.hasGaps(); }
+
 private:
     explicit SoundTrack(AudioReader sound);
 
