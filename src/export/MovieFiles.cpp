@@ -3,12 +3,23 @@
 
 #include "platform/foundation/Check.h"
 
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/file.h>
+
+#include <cerrno>
 #include <system_error>
 #include <utility>
 
 namespace zelvo::movie {
 
 using foundation::TemporaryFolder;
+
+namespace {
+
+constexpr int kMaxNames = 100; ///< more windows than anybody opens
+
+} // namespace
 
 MovieFiles::MovieFiles(const foundation::Folders& folders)
     : folder(folders.documents / "Folder") {
@@ -38,9 +49,26 @@ void MovieFiles::keepRawMovie() {
 }
 
 std::filesystem::path MovieFiles::finishedMovie() const {
+    if (!claim)
+        claim = claimName();
+    return claim->movie;
+}
+
+MovieFiles::Claim MovieFiles::claimName() const {
     std::error_code ignored;
     std::filesystem::create_directories(folder, ignored);
-    return folder / "Movie.mov";
+    for (int number = 1; number < kMaxNames; ++number) {
+        const auto name = number == 1 ? "Movie.mov" : fmt::format("Movie {}.mov", number);
+        // Of its own, as the movie is another file after each export.
+        const auto lockFile = folder.parent_path() / fmt::format(".{}.lock", name);
+        constexpr int kFlags = O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC;
+        foundation::Descriptor lock(open(lockFile.c_str(), kFlags, 0600));
+        const bool isTaken = lock.isOpen() && flock(lock.get(), LOCK_EX | LOCK_NB) != 0 &&
+                             errno == EWOULDBLOCK; // else the disk knows no locks
+        if (!isTaken)
+            return {folder / name, std::move(lock)};
+    }
+    return {folder / "Movie.mov", foundation::Descriptor()};
 }
 
 } // namespace zelvo::movie

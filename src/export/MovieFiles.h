@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/Descriptor.h"
 #include "platform/foundation/Folders.h"
 #include "platform/foundation/Result.h"
 #include "platform/foundation/TemporaryFolder.h"
@@ -26,11 +27,22 @@ public:
     /// Leaves the raw movie to the user.
     void keepRawMovie();
 
-    /// Also makes its folder. If that fails, writing the file returns the error.
+    /// "Movie.mov", or "Movie 2.mov" and so on while another process uses that name, so that two
+    /// exports that end at the same moment do not share a file. The first call claims the name for
+    /// the lifetime of this object and makes the folder. If that fails, writing the file returns the
+    /// error.
     [[nodiscard]] std::filesystem::path finishedMovie() const;
 
 private:
+    struct Claim {
+        std::filesystem::path movie;
+        foundation::Descriptor lock;
+    };
+
+    [[nodiscard]] Claim claimName() const;
+
     std::filesystem::path folder;
+    mutable std::optional<Claim> claim;              ///< empty before the first call
     std::optional<foundation::TemporaryFolder> work; ///< empty between exports
 };
 

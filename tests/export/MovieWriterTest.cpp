@@ -101,10 +101,12 @@ TEST_F(MovieWriterTest, IsNotDisturbedByAnotherWindow) {
         *this, folders, [this] { return std::make_unique<test::FakeFrames>(rendering); });
     const foundation::Timer clock = std::exchange(ticks, {}); // the other stops its own
     other.options.renderSize = {64, 36};
+    EXPECT_NE(other.movieURL(), writer.movieURL()) << "they may finish at the same moment";
     ASSERT_TRUE(other.start());
     other.cancel();
     waitForOutcome();
     ASSERT_TRUE(*outcome) << outcome->error().message;
+    EXPECT_EQ((*outcome)->movie, folders.documents / "Folder/Movie.mov");
 }
 
 TEST_F(MovieWriterTest, KeepsTheRawMovieWhenOnlyTheLastStepFails) {
