@@ -2,8 +2,8 @@
 #include "actions/Techniques.h"
 
 #include "actions/ActionController.h"
-#include "platform/foundation/Console.h"
 #include "platform/foundation/Folders.h"
+#include "platform/foundation/Process.h"
 #include "platform/scene/SCNSceneRenderer.h"
 
 #include <array>
@@ -74,16 +74,16 @@ Techniques::Techniques(ActionController& owner)
 
 void Techniques::loadTechniques() {
     const auto take = [this](std::string_view name, const Result<SCNTechniquePtr>& technique) {
-        if (technique) {
-            allTechniques.emplace(name, *technique);
-        } else {
-            foundation::logLine("a technique is left out: " + technique.error().message);
-        }
+        if (!technique)
+            foundation::endWithoutResource(technique.error().message);
+        allTechniques.emplace(name, *technique);
     };
     for (const std::string_view name : kFiles) {
-        const auto file = foundation::mainBundle().path(std::string(name) + ".plist");
-        if (!file.empty())
-            take(name, fromFile(file));
+        const auto resource = std::string(name) + ".plist";
+        const auto file = foundation::mainBundle().path(resource);
+        if (file.empty())
+            foundation::endWithoutResource(resource + " is missing");
+        take(name, fromFile(file));
     }
     for (const BuiltRow& row : kBuilt)
         take(

@@ -90,7 +90,7 @@ scene::SCNMaterialPtr streakMaterial() {
     material->isDoubleSided = true;
     material->transparencyMode = scene::SCNTransparencyMode::rgbZero;
     material->transparency = 1;
-    material->transparent.setImage(image::imageNamed("Streak_1.png"));
+    material->transparent.setImage(image::requiredImage("Streak_1.png"));
     return material;
 }
 

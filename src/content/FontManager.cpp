@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "content/FontManager.h"
 
-#include "platform/foundation/Console.h"
+#include "platform/foundation/Process.h"
 
 #include <fmt/format.h>
 
@@ -20,15 +20,11 @@ constexpr auto kFallbackFont = "HelveticaNeue-Bold";
 constexpr auto kScriptFonts =
     std::to_array<std::string_view>({"DejaVuSans-Bold.ttf", "DroidSansFallback.ttf"});
 
-/// A font that is not in the list; null if the file is missing. Only texts in its scripts need it.
+/// A font that is not in the list; null if the file is missing or damaged.
 text::FontPtr scriptFont(const foundation::Bundle& bundle, std::string_view name) {
-    const auto file = bundle.path(fmt::format("fonts/{}", name));
     text::FontRegistry alone;
-    if (file.empty() || !alone.registerFile(file)) {
-        foundation::logLine(fmt::format("the font {} is missing", name));
-        return nullptr;
-    }
-    return alone.fallback();
+    const auto registered = alone.registerFile(bundle.path(fmt::format("fonts/{}", name)));
+    return registered ? alone.fallback() : nullptr;
 }
 
 } // namespace
@@ -37,19 +33,22 @@ FontManager::FontManager(text::FontRegistry& fonts)
     : registry(fonts) {}
 
 void FontManager::registerBuiltIns(const foundation::Bundle& bundle) {
+    std::vector<std::string_view> missing;
     for (const BuiltInFont& font : builtInFonts()) {
         const auto file = bundle.path(fmt::format("fonts/{}", font.file));
-        if (file.empty()) {
-            foundation::logLine(fmt::format("the built-in font {} is missing", font.name));
-            continue;
-        }
-        const auto registered = registry.registerFile(file, {std::string(font.name)});
-        if (!registered)
-            foundation::logLine(registered.error().message);
+        if (!registry.registerFile(file, {std::string(font.name)}))
+            missing.push_back(font.file);
     }
     std::vector<text::FontPtr> fallbacks{registry.find(kFallbackFont)};
-    for (const std::string_view font : kScriptFonts)
+    for (const std::string_view font : kScriptFonts) {
         fallbacks.push_back(scriptFont(bundle, font));
+        if (fallbacks.back() == nullptr)
+            missing.push_back(font);
+    }
+    if (!missing.empty()) {
+        foundation::endWithoutResource(fmt::format(
+            "{} built-in fonts are missing or damaged, {} first", missing.size(), missing.front()));
+    }
     registry.setFallbacks(std::move(fallbacks));
 }
 

@@ -30,10 +30,7 @@ ImageMask::ImageMask(std::string maskName, std::string resourceName)
 image::ImagePtr ImageMask::image() const {
     if (resource.empty())
         return own;
-    image::ImagePtr picture = image::imageNamed(resource);
-    if (picture == nullptr)
-        foundation::endWithoutResource(resource + " cannot be read");
-    return picture;
+    return image::requiredImage(resource);
 }
 
 const std::vector<ImageMaskPtr>& imageMasks() {

@@ -39,7 +39,7 @@ void SNE_Plain::setBackground(const image::Color& color) {
 
 SNE_Shiny::SNE_Shiny(foundation::RunLoop& loop)
     : SNE(loop) {
-    scene->background.setImage(image::imageNamed("Background001.png"));
+    scene->background.setImage(image::requiredImage("Background001.png"));
     setLighting("Environment001.jpg", kShinyLight);
 }
 

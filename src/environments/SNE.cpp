@@ -27,7 +27,7 @@ SNE::SNE(foundation::RunLoop& loop)
     : scene(std::make_shared<scene::SCNScene>())
     , t1TextStylePreset(defaultTextStyle())
     , t2TextStylePreset(defaultTextStyle())
-    , imageStylePreset{image::imageNamed(kPlaceholderPicture), content::imageMasks().front(), false}
+    , imageStylePreset{image::requiredImage(kPlaceholderPicture), content::imageMasks().front(), false}
     , mediaNodeStylePreset{content::mediaShapes().front(), ui::kPalette[ui::kWhiteIndex], XMATClasses::oldMetal}
     , runLoop(loop)
     , operationQueue(loop.makeSerialQueue("environment tint")) {}
@@ -118,7 +118,7 @@ void SNE::loadScene(const std::string& name) {
 }
 
 void SNE::setLighting(const std::string& picture, float intensity) {
-    scene->lightingEnvironment.setImage(image::imageNamed(picture));
+    scene->lightingEnvironment.setImage(image::requiredEnvironment(picture));
     scene->lightingEnvironment.intensity = intensity;
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "environments/Environments.h"
 #include "node/LightNodes.h"
-#include "platform/foundation/Process.h"
 #include "platform/image/reading/ImageNamed.h"
 #include "shared/Palette.h"
 
@@ -23,13 +22,6 @@ constexpr float kFlaresLight = 7.0f;
 /// Shifts of the hue for spotLight1 to spotLight4.
 constexpr std::array<float, 4> kBrillianceShifts = {0.06f, 0.12f, -0.12f, -0.06f};
 constexpr float kFlaresShift = 0.3f;
-
-image::ImagePtr neededImage(const std::string& name) {
-    image::ImagePtr picture = image::imageNamed(name);
-    if (picture == nullptr)
-        foundation::endWithoutResource(name + " is missing");
-    return picture;
-}
 
 void setLight(const scene::SCNNodePtr& node, const image::Color& color) {
     if (node && node->light)
@@ -54,7 +46,7 @@ image::ImagePtr tintedPicture(const image::ImagePtr& picture, const image::Color
 SNE_Spherical::SNE_Spherical(foundation::RunLoop& loop)
     : SNE(loop) {
     constexpr auto kClouds = "cloud_layers_mirror.png";
-    scene->background.setImage(image::imageNamed(kClouds));
+    scene->background.setImage(image::requiredImage(kClouds));
     setLighting(kClouds, kCloudLight);
     scene->rootNode()->addChildNode(
         core::LightNodes::omniLight(image::Color::white(1), {0, 10, 10}));
@@ -89,8 +81,8 @@ void SNE_Ancient::setBackground(const image::Color& color) {
 
 SNE_Backlight::SNE_Backlight(foundation::RunLoop& loop)
     : SNE(loop)
-    , filler(neededImage("Showroom_filler.png"))
-    , image(neededImage("Showroom.png")) {
+    , filler(image::requiredImage("Showroom_filler.png"))
+    , image(image::requiredImage("Showroom.png")) {
     loadScene("Backlight.scn");
     shadowLight = nodeNamed("shadowLight");
     light4 = nodeNamed("light4");
@@ -113,7 +105,7 @@ void SNE_Backlight::setBackground(const image::Color& color) {
 
 SNE_SpaceBox::SNE_SpaceBox(foundation::RunLoop& loop)
     : SNE(loop)
-    , blackImage(neededImage("black_cubemap_filler.png")) {
+    , blackImage(image::requiredImage("black_cubemap_filler.png")) {
     loadScene("SpaceBox.scn");
     light1 = nodeNamed("light1");
     setLightMask(light1, kStageOnly);
@@ -123,7 +115,7 @@ void SNE_SpaceBox::setBackground(const image::Color& color) {
     SNE::setBackground(color);
     paintBackground(
         [black = blackImage](const image::Color& tint) -> scene::SCNMaterialProperty::Contents {
-            const image::ImagePtr sky = tintedPicture(neededImage("Glitter.png"), tint);
+            const image::ImagePtr sky = tintedPicture(image::requiredImage("Glitter.png"), tint);
             return scene::CubeImages{sky, sky, black, black, sky, sky};
         });
 }

@@ -14,8 +14,8 @@ ShaderNode::ShaderNode()
     position = glm::vec3(0, 0, -2000);
     material->lightingModelName = scene::SCNLightingModel::physicallyBased;
     material->isDoubleSided = false;
-    material->diffuse.setImage(image::imageNamed("QX_Noise_04.jpg"));
-    material->emission.setImage(image::imageNamed("QX_NoiseNormal_05.jpg"));
+    material->diffuse.setImage(image::requiredImage("QX_Noise_04.jpg"));
+    material->emission.setImage(image::requiredImage("QX_NoiseNormal_05.jpg"));
     material->fillMode = scene::SCNFillMode::lines;
     for (scene::SCNMaterialProperty* slot : material->allProperties()) {
         slot->wrapS = scene::SCNWrapMode::repeat;

@@ -93,7 +93,7 @@ void Nodes::applyDefaultStyles() {
     textNode2->applyStyle(text);
 
     imageNode->applyStyle(
-        {image::imageNamed("LogoPlaceholder.png"), content::imageMasks().front(), false});
+        {image::requiredImage("LogoPlaceholder.png"), content::imageMasks().front(), false});
     mediaNode->applyStyle(
         {content::MediaNode::shapeNamed("None"),
          ui::kPalette[ui::kBlackIndex],

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "app/ProgramRun.h"
 #include "media/MediaFixture.h"
+#include "platform/foundation/Folders.h"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <csignal>
+#include <cstdlib>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -234,6 +237,57 @@ TEST(EndToEnd, says_in_one_line_what_is_wrong_and_ends_with_its_status) {
         EXPECT_EQ(std::ranges::count(ending.err, '\n'), 1) << ending.err;
         EXPECT_EQ(ending.out, "");
     }
+}
+
+TEST(EndToEnd, says_in_one_line_that_a_picture_cannot_grow_to_its_size) {
+    const Program program;
+    const auto file = program.write("a.json", withText("A"));
+    const auto ending = program.run(
+        {"frame", file, "--at", "1", "--out", program.path("a.png"), "--size", "960x540"}, 2000);
+    EXPECT_EQ(ending.status, 1) << ending.err;
+    EXPECT_NE(ending.err.find("a.png cannot be written: "), std::string::npos) << ending.err;
+    EXPECT_EQ(std::ranges::count(ending.err, '\n'), 1) << ending.err;
+    EXPECT_FALSE(fs::exists(program.path("a.png")));
+}
+
+TEST(EndToEnd, says_in_one_line_which_of_its_own_files_is_missing_or_damaged) {
+    const Program program;
+    const auto file = program.write("a.json", R"({"duration": 2, "scene": "Plain", "cues": []})");
+    const fs::path whole = program.path("whole");
+    for (const auto& root : foundation::mainBundle().roots()) {
+        if (fs::is_directory(root))
+            fs::copy(
+                root,
+                whole,
+                fs::copy_options::recursive | fs::copy_options::create_symlinks |
+                    fs::copy_options::skip_existing);
+    }
+    setenv("ZELVO_RESOURCES", whole.c_str(), 1);
+    for (const char* const name :
+         {"Blur.plist",
+          "Sparkles.scnp",
+          "Wings.scn",
+          "Mask3.png",
+          "grayHorizont.png",
+          "grayHorizont.png.probe",
+          "fonts/Abel-Regular.ttf"}) {
+        const fs::path held = program.path("held");
+        fs::rename(whole / name, held);
+        for (const bool isCut : {false, true}) {
+            if (isCut)
+                std::ofstream(whole / name) << "cut";
+            const auto ending = program.run(
+                {"frame", file, "--at", "1", "--out", program.path("a.png"), "--size", "96x54"});
+            EXPECT_EQ(ending.status, 1) << name << ending.err;
+            const auto told = fs::path(name).filename().string();
+            EXPECT_NE(ending.err.find(told), std::string::npos) << ending.err;
+            EXPECT_NE(ending.err.find("install the program anew"), std::string::npos) << ending.err;
+            EXPECT_EQ(ending.err.find(".cpp"), std::string::npos) << ending.err;
+        }
+        fs::remove(whole / name);
+        fs::rename(held, whole / name);
+    }
+    unsetenv("ZELVO_RESOURCES");
 }
 
 TEST(EndToEnd, leaves_the_earlier_movie_untouched_where_none_is_finished) {

@@ -48,7 +48,6 @@ pid_t Program::start(const Arguments& arguments, long maxFileBytes) const {
         setenv(name, home().c_str(), 1);
     setenv("TMPDIR", path("tmp").c_str(), 1);
     if (maxFileBytes > 0) {
-        (void)std::signal(SIGXFSZ, SIG_IGN);
         const auto bytes = static_cast<rlim_t>(maxFileBytes);
         const rlimit limit{bytes, bytes};
         setrlimit(RLIMIT_FSIZE, &limit);

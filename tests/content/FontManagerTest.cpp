@@ -74,11 +74,5 @@ TEST(FontManager, LendsLettersOfOtherScriptsToEveryFont) {
     EXPECT_GT(word.front().x, word.back().x);
 }
 
-TEST(FontManager, GoesOnWithoutFilesThatAreMissing) {
-    text::FontRegistry empty;
-    FontManager(empty).registerBuiltIns(foundation::Bundle({"/nowhere/at/all"}));
-    EXPECT_EQ(empty.fallback(), nullptr);
-}
-
 } // namespace
 } // namespace zelvo::content

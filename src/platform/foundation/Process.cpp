@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <array>
+#include <csignal>
 #include <cstdlib>
 #include <exception>
 #include <new>
@@ -54,6 +55,8 @@ void takeQtMessage(QtMsgType type, const QMessageLogContext&, const QString& tex
 void prepareProcess() {
     std::set_new_handler(&endWithoutMemory);
     std::set_terminate(&endUncaught);
+    // Writing beyond the size limit of files then returns an error instead of ending the process.
+    (void)std::signal(SIGXFSZ, SIG_IGN);
     // Show messages of Qt and Mesa if somebody has asked for them.
     if (std::getenv("QT_LOGGING_RULES") == nullptr)
         qInstallMessageHandler(&takeQtMessage);

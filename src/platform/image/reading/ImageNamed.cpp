@@ -3,6 +3,7 @@
 
 #include "platform/foundation/Console.h"
 #include "platform/foundation/Folders.h"
+#include "platform/foundation/Process.h"
 #include "platform/image/LightProbe.h"
 #include "platform/image/reading/ImageReader.h"
 
@@ -61,6 +62,22 @@ ImagePtr imageNamed(const std::string& name) {
         return found->second;
     }
     return kept.images.emplace(file, loadResource(file)).first->second;
+}
+
+ImagePtr requiredImage(const std::string& name) {
+    if (foundation::mainBundle().path(name).empty())
+        foundation::endWithoutResource(name + " is missing");
+    ImagePtr image = imageNamed(name);
+    if (image == nullptr)
+        foundation::endWithoutResource(name + " cannot be read");
+    return image;
+}
+
+ImagePtr requiredEnvironment(const std::string& name) {
+    const ImagePtr image = requiredImage(name);
+    if (image->lightProbe == nullptr)
+        foundation::endWithoutResource(name + ".probe is missing or damaged");
+    return image;
 }
 
 } // namespace zelvo::image

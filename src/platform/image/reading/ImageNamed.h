@@ -13,4 +13,11 @@ namespace zelvo::image {
 /// thread.
 [[nodiscard]] ImagePtr imageNamed(const std::string& name);
 
+/// The same for a picture that belongs to the program: where it is missing or damaged, the process
+/// ends with a line that says so.
+[[nodiscard]] ImagePtr requiredImage(const std::string& name);
+
+/// The same, with its light probe.
+[[nodiscard]] ImagePtr requiredEnvironment(const std::string& name);
+
 } // namespace zelvo::image
