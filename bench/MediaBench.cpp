@@ -46,7 +46,7 @@ double shadeAt(int x, int y, double t) {
 }
 
 PixelBuffer draw(int frame) {
-    PixelBuffer picture = PixelBuffer::allocate(kWidth, kHeight, PixelFormat::rgba);
+    PixelBuffer picture = PixelBufferPool(kWidth, kHeight, PixelFormat::rgba).acquire();
     for (int y = 0; y < kHeight; ++y) {
         for (int x = 0; x < kWidth; ++x) {
             const double shade = shadeAt(x, y, frame / 60.0);
@@ -144,7 +144,7 @@ void convertFrameByLibrary(benchmark::State& state) {
 BENCHMARK(convertFrameByLibrary)->Unit(benchmark::kMillisecond);
 
 /// Encodes the pictures. Returns the encoding thread's processor time in seconds; 0 if it fails.
-double writeMovie(std::vector<PixelBuffer>& pictures, const std::filesystem::path& file) {
+double writeMovie(const std::vector<PixelBuffer>& pictures, const std::filesystem::path& file) {
     auto writer = AVAssetWriter::create(file);
     if (!writer)
         return 0.0;
@@ -155,11 +155,11 @@ double writeMovie(std::vector<PixelBuffer>& pictures, const std::filesystem::pat
     if (!(*writer)->startWriting())
         return 0.0;
     int time = 0;
-    for (PixelBuffer& picture : pictures) {
-        const PixelBuffer::Layout layout{kWidth, kHeight, picture.bytesPerRow(), PixelFormat::rgba};
+    for (const PixelBuffer& picture : pictures) {
         input.waitUntilReady();
-        auto view = PixelBuffer::view(picture.row(0), layout, [] {});
-        if (!adaptor.appendPixelBuffer(std::move(view), {time++, 60}))
+        PixelBuffer copy = adaptor.pixelBufferPool().acquire();
+        std::copy_n(picture.row(0), picture.bytesPerRow() * kHeight, copy.row(0));
+        if (!adaptor.appendPixelBuffer(std::move(copy), {time++, 60}))
             return 0.0;
     }
     std::promise<void> done;

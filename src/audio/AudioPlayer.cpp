@@ -2,12 +2,8 @@
 #include "audio/AudioPlayer.h"
 
 #include "platform/foundation/Check.h"
-#include "platform/foundation/Console.h"
 #include "platform/foundation/Folders.h"
-#include "platform/media/AVAudioSession.h"
 #include "shared/FrameClock.h"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <utility>
@@ -99,15 +95,6 @@ void AudioPlayer::stop() {
     if (avAudioPlayer)
         avAudioPlayer->pause();
     isPlaying = false;
-}
-
-void setUpAudioSession() {
-    using media::AVAudioSession;
-    const auto category = AVAudioSession::setCategory(
-        AVAudioSession::kCategoryPlayback, AVAudioSession::kModeDefault);
-    const auto active = category ? AVAudioSession::activate() : category;
-    if (!active)
-        foundation::logLine(fmt::format("AudioSession Error: {}", active.error().message));
 }
 
 } // namespace zelvo::audio

@@ -112,7 +112,4 @@ private:
     media::AudioOutputFactory makeOutput;
 };
 
-/// Called at start-up. If there is no sound device, this is logged and the program continues.
-void setUpAudioSession();
-
 } // namespace zelvo::audio

@@ -15,7 +15,7 @@ TEST(ColorConversionTest, IsWithinOneOfTheStandardsFormulaInBothByteOrders) {
     constexpr int kWidth = 38;
     constexpr int kHeight = 6;
     for (const auto format : {PixelFormat::bgra, PixelFormat::rgba}) {
-        PixelBuffer source = PixelBuffer::allocate(kWidth, kHeight, format);
+        PixelBuffer source = PixelBufferPool(kWidth, kHeight, format).acquire();
         for (int y = 0; y < kHeight; ++y) {
             std::generate_n(
                 source.row(y), 4 * kWidth, [&] { return static_cast<std::uint8_t>(random()); });

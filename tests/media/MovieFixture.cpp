@@ -6,7 +6,7 @@
 namespace zelvo::media {
 
 PixelBuffer MovieTest::picture(int width, int height) {
-    PixelBuffer made = PixelBuffer::allocate(width, height, PixelFormat::bgra);
+    PixelBuffer made = PixelBufferPool(width, height, PixelFormat::bgra).acquire();
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
             const bool isInside =

@@ -54,7 +54,6 @@ TEST(Evaluation, TakesNoMemoryWhileActionsRun) {
     }
     EXPECT_EQ(allocations, before);
     EXPECT_EQ(ended, 10);
-    SCNTransaction::flush();
 }
 
 } // namespace

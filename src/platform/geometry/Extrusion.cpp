@@ -247,12 +247,4 @@ Mesh extrude(const BezierPath& outline, const ExtrusionOptions& options) {
     return extrude(*makeSkeleton(outline, options.flatness), options);
 }
 
-float areaOf(const OutlineSkeleton& skeleton) {
-    return static_cast<float>(skeleton.outline().area);
-}
-
-float perimeterOf(const OutlineSkeleton& skeleton) {
-    return static_cast<float>(skeleton.outline().perimeter);
-}
-
 } // namespace zelvo::geometry

@@ -45,8 +45,4 @@ makeSkeleton(const BezierPath& outline, float flatness);
 [[nodiscard]] Mesh extrude(const OutlineSkeleton& skeleton, const ExtrusionOptions& options);
 [[nodiscard]] Mesh extrude(const BezierPath& outline, const ExtrusionOptions& options);
 
-/// The enclosed area in square units, and the total length of the side walls. For tests.
-[[nodiscard]] float areaOf(const OutlineSkeleton& skeleton);
-[[nodiscard]] float perimeterOf(const OutlineSkeleton& skeleton);
-
 } // namespace zelvo::geometry

@@ -109,7 +109,6 @@ std::vector<GridLoop> uniteContours(const std::vector<FlatContour>& contours) {
 void appendLoop(Outline& outline, const GridLoop& loop) {
     const auto first = static_cast<std::uint32_t>(outline.corners.size());
     const auto count = static_cast<std::uint32_t>(loop.size());
-    double twiceArea = 0;
     double arc = 0;
     for (std::uint32_t i = 0; i < count; ++i) {
         OutlineCorner corner;
@@ -122,12 +121,9 @@ void appendLoop(Outline& outline, const GridLoop& loop) {
         corner.direction = (end - corner.position) / corner.length;
         corner.arc = arc;
         arc += corner.length;
-        twiceArea += cross(corner.position, end);
         outline.corners.push_back(corner);
     }
     outline.loops.push_back({.first = first, .count = count});
-    outline.area += twiceArea / 2;
-    outline.perimeter += arc;
 }
 
 // The normal of a joint: that of the curve if known, else half-way between the two pieces.

@@ -41,8 +41,6 @@ struct Outline {
 
     std::vector<OutlineCorner> corners;
     std::vector<Loop> loops;
-    double area = 0;
-    double perimeter = 0;
 };
 
 [[nodiscard]] Outline makeOutline(const BezierPath& path, double flatness);

@@ -31,22 +31,6 @@ Bytes makeBytes(const PixelBuffer::Layout& layout) {
 
 } // namespace
 
-PixelBuffer PixelBuffer::allocate(int width, int height, PixelFormat format) {
-    const Layout layout = tightLayout(width, height, format);
-    const auto free = [](std::uint8_t* bytes) { Bytes{bytes}.reset(); };
-    return {Memory(makeBytes(layout).release(), free), layout};
-}
-
-PixelBuffer
-PixelBuffer::view(std::uint8_t* topRow, const Layout& layout, std::function<void()> release) {
-    CHECK(
-        topRow != nullptr && std::abs(layout.bytesPerRow) >= layout.width * kBytesPerPixel,
-        "rows of {} bytes hold no {} pixels",
-        layout.bytesPerRow,
-        layout.width);
-    return {Memory(topRow, [release = std::move(release)](std::uint8_t*) { release(); }), layout};
-}
-
 struct PixelBufferPool::State {
     PixelBuffer::Layout layout;
     std::mutex mutex;        // guards free

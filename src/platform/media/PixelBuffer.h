@@ -11,11 +11,8 @@ namespace zelvo::media {
 /// The order of the four bytes of a pixel. The movie writer ignores the fourth.
 enum class PixelFormat { bgra, rgba };
 
-/// A picture with 8 bits a channel. It owns its memory, or refers to memory of others and calls
-/// back when it is done. It can be moved but not copied.
-///
-/// Row 0 is the top row. For a picture stored bottom-up (as graphics cards return it), use the
-/// address of its last row and a negative bytesPerRow.
+/// A picture with 8 bits a channel, rows without gaps, the top row first. A PixelBufferPool makes
+/// it. It can be moved but not copied.
 class PixelBuffer {
 public:
     /// Empty, without memory.
@@ -24,17 +21,9 @@ public:
     struct Layout {
         int width = 0;
         int height = 0;
-        std::ptrdiff_t bytesPerRow = 0; ///< at least 4 x width; may be negative
+        std::ptrdiff_t bytesPerRow = 0;
         PixelFormat format = PixelFormat::bgra;
     };
-
-    /// Allocates memory with undefined content and rows without gaps. Sizes from 1 to 16384.
-    [[nodiscard]] static PixelBuffer allocate(int width, int height, PixelFormat format);
-
-    /// Refers to the caller's memory; `topRow` is the address of row 0. `release` is called once,
-    /// on the thread that destroys the buffer.
-    [[nodiscard]] static PixelBuffer
-    view(std::uint8_t* topRow, const Layout& layout, std::function<void()> release);
 
     [[nodiscard]] bool isEmpty() const { return !memory_; }
 
@@ -70,6 +59,7 @@ private:
 /// pool.
 class PixelBufferPool {
 public:
+    /// Sides from 1 to 16384.
     PixelBufferPool(int width, int height, PixelFormat format);
 
     /// A free picture, or a new one if all are in use. Content is undefined. Any thread.

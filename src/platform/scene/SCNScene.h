@@ -40,10 +40,6 @@ public:
         attributes[key] = std::move(value);
     }
 
-    [[nodiscard]] const std::map<std::string, Attribute>& allAttributes() const {
-        return attributes;
-    }
-
     /// Advances the scene to a time in seconds: all running actions and transactions advance by the
     /// time since the last call, in tree order; then the completions are called. If the time is not
     /// later than the last one (another renderer took over, with another clock), the step is 0.

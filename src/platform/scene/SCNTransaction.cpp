@@ -2,6 +2,7 @@
 #include "platform/scene/SCNTransaction.h"
 
 #include "platform/foundation/Check.h"
+#include "platform/scene/Timing.h"
 
 #include <algorithm>
 #include <optional>
@@ -12,16 +13,11 @@ namespace zelvo::scene {
 
 namespace {
 
-struct Level {
-    double duration = 0;
-    TimingFunction timing;
-};
-
 struct PropertyAnimation {
     std::shared_ptr<int> generation;
     int number = 0;
     std::function<void(float)> interpolate;
-    Level level;
+    double duration = 0;           ///< seconds
     std::optional<double> elapsed; ///< nothing before the first advance
 
     /// True if there was a later assignment, or if the property is gone.
@@ -31,22 +27,15 @@ struct PropertyAnimation {
 
     void advance(double step) {
         elapsed = elapsed ? *elapsed + step : 0.0;
-        if (hasEnded()) {
-            interpolate(1);
-            return;
-        }
-        const auto progress = static_cast<float>(*elapsed / level.duration);
-        interpolate(level.timing ? level.timing(progress) : progress);
+        interpolate(hasEnded() ? 1 : static_cast<float>(*elapsed / duration));
     }
 
-    [[nodiscard]] bool hasEnded() const {
-        return elapsed && *elapsed >= level.duration - kTimeTolerance;
-    }
+    [[nodiscard]] bool hasEnded() const { return elapsed && *elapsed >= duration - kTimeTolerance; }
 };
 
 /// Main thread only.
 struct State {
-    std::vector<Level> levels; ///< the innermost is last
+    std::vector<double> durations; ///< of the open transactions, the innermost is last
     std::vector<PropertyAnimation> running;
 };
 
@@ -55,34 +44,30 @@ State& state() {
     return instance;
 }
 
-Level& innermost() {
-    CHECK(!state().levels.empty(), "no transaction is open");
-    return state().levels.back();
+double& innermost() {
+    CHECK(!state().durations.empty(), "no transaction is open");
+    return state().durations.back();
 }
 
 } // namespace
 
 void SCNTransaction::begin() {
-    state().levels.emplace_back();
+    state().durations.push_back(0);
 }
 
 void SCNTransaction::commit() {
-    CHECK(!state().levels.empty(), "a transaction is committed that was not begun");
-    state().levels.pop_back();
+    CHECK(!state().durations.empty(), "a transaction is committed that was not begun");
+    state().durations.pop_back();
 }
 
 void SCNTransaction::setAnimationDuration(double seconds) {
     CHECK(seconds >= 0, "a transaction cannot take {} s", seconds);
-    innermost().duration = seconds;
-}
-
-void SCNTransaction::setAnimationTimingFunction(TimingFunction timing) {
-    innermost().timing = std::move(timing);
+    innermost() = seconds;
 }
 
 bool SCNTransaction::isAnimating() {
-    const std::vector<Level>& levels = state().levels;
-    return !levels.empty() && levels.back().duration > 0;
+    const std::vector<double>& durations = state().durations;
+    return !durations.empty() && durations.back() > 0;
 }
 
 void SCNTransaction::animate(
@@ -101,14 +86,6 @@ void SCNTransaction::advance(double step) {
     std::erase_if(running, [](const PropertyAnimation& animation) {
         return animation.hasEnded() || animation.isObsolete();
     });
-}
-
-void SCNTransaction::flush() {
-    const std::vector<PropertyAnimation> ending = std::exchange(state().running, {});
-    for (const PropertyAnimation& animation : ending) {
-        if (!animation.isObsolete())
-            animation.interpolate(1);
-    }
 }
 
 } // namespace zelvo::scene

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/scene/Timing.h"
-
 #include <functional>
 #include <memory>
 
@@ -17,7 +15,6 @@ public:
     static void begin();
     static void commit();
     static void setAnimationDuration(double seconds);
-    static void setAnimationTimingFunction(TimingFunction timing);
 
     /// Whether assignments are animated now, because the current transaction has a duration above
     /// 0.
@@ -31,9 +28,6 @@ public:
     /// Advances all animations by a step of scene time. SCNScene::applyAnimations calls it once a
     /// frame. A new animation starts at 0 with the first call after it was made.
     static void advance(double step);
-
-    /// Ends all animations at their final values.
-    static void flush();
 };
 
 } // namespace zelvo::scene

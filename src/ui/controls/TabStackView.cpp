@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/TabStackView.h"
 
-#include <algorithm>
-
 namespace zelvo::ui {
 
 TabStackView::TabStackView(QObject* parent)
@@ -18,11 +16,6 @@ TabStackView::~TabStackView() {
 
 void TabStackView::addArrangedSubview(MyButton& button) {
     enter(button);
-    Q_EMIT changed();
-}
-
-void TabStackView::removeArrangedSubviews() {
-    leaveAll();
     Q_EMIT changed();
 }
 
@@ -44,13 +37,6 @@ void TabStackView::select(qsizetype index) {
     const auto all = tabs();
     if (index >= 0 && index < all.size())
         all[index]->didTouch();
-}
-
-qsizetype TabStackView::selectedIndex() const {
-    const auto all = tabs();
-    const auto lit = std::ranges::find_if(
-        all, [](const MySegmentedStackButton* tab) { return tab->isMySelected(); });
-    return lit == all.end() ? -1 : lit - all.begin();
 }
 
 void TabStackView::enter(MyButton& button) {

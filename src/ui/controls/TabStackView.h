@@ -48,7 +48,6 @@ public:
     TabStackView& operator=(const TabStackView&) = delete;
 
     void addArrangedSubview(MyButton& button);
-    void removeArrangedSubviews();
     /// Replaces the whole row in one go.
     void setArrangedSubviews(const QList<MyButton*>& buttons);
 
@@ -58,8 +57,6 @@ public:
     /// As if the tab at that place among the row's MySegmentedStackButtons were touched, without
     /// its target. Past the end: nothing happens.
     void select(qsizetype index);
-    /// The place of the selected one among the row's MySegmentedStackButtons; -1: none.
-    [[nodiscard]] qsizetype selectedIndex() const;
 
     [[nodiscard]] qreal leftInset() const { return look.buttonEdgeInsets.left(); }
 

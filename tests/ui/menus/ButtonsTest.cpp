@@ -131,7 +131,7 @@ TEST(SegmentedSelection, ByIndexCountsOnlyTabsAndEndsAtTheLast) {
     EXPECT_TRUE(a.isMySelected());
     stack.select(2);
     EXPECT_TRUE(a.isMySelected());
-    stack.removeArrangedSubviews();
+    stack.setArrangedSubviews({});
     b.click();
     EXPECT_TRUE(a.isMySelected()) << "buttons out of the stack are no group";
     EXPECT_EQ(touched, 1) << "selecting by index is no press";
