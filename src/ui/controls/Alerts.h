@@ -16,29 +16,29 @@ namespace zelvo::ui {
 
 enum class AlertRole {
     standard,
-    cancel, ///< what Escape chooses
+    cancel, ///< chosen by Escape
     destructive
 };
 
 struct AlertAction {
     std::string title;
     AlertRole role = AlertRole::standard;
-    std::function<void()> handler{}; ///< after the alert has gone
-    QColor titleColor{};             ///< invalid: the theme's
+    std::function<void()> handler{}; ///< called after the alert has closed
+    QColor titleColor{};             ///< invalid: the theme's colour
 };
 
-/// A question or a message over everything else.
+/// A question or a message on top of everything else.
 struct Alert {
     std::string title;
-    std::string message{}; ///< empty: the title alone
+    std::string message{}; ///< empty: only the title
     std::vector<AlertAction> actions;
-    /// What stands between message and actions: a controller and the name of the view that
-    /// shows it, with the controller as its property `controller`. Not owned; outlives the alert.
+    /// Shown between message and actions: a controller, and the name of a view that shows it (the
+    /// view gets the controller as its property `controller`). Not owned; must outlive the alert.
     QObject* content = nullptr;
     std::string contentView{};
 };
 
-/// One of the actions of the alert on show, for its view.
+/// An action of the current alert, for its view.
 struct AlertChoice {
     Q_GADGET
     QML_VALUE_TYPE(alertChoice)
@@ -52,14 +52,14 @@ public:
     QString title;
     bool isCancelling = false;
     bool isDestructive = false;
-    QColor color{}; ///< of the title; invalid: the theme's
+    QColor color{}; ///< of the title; invalid: the theme's colour
 
     [[nodiscard]] bool hasColor() const { return color.isValid(); }
 
     friend bool operator==(const AlertChoice&, const AlertChoice&) = default;
 };
 
-/// What a list of choices holds, for the tools of QML.
+/// Makes the list type known to QML's tools.
 struct AlertChoiceList {
     Q_GADGET
     QML_ANONYMOUS
@@ -67,7 +67,7 @@ struct AlertChoiceList {
     QML_SEQUENTIAL_CONTAINER(zelvo::ui::AlertChoice)
 };
 
-/// Alerts from anywhere in the program, one on show at a time, the others in the order of coming.
+/// Shows alerts from anywhere in the program, one at a time; others wait in a queue.
 class Alerts : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -83,9 +83,9 @@ class Alerts : public QObject {
 public:
     using QObject::QObject;
 
-    /// An alert without an action gets "Ok".
+    /// An alert without actions gets "Ok".
     void show(Alert alert);
-    /// One action "Ok".
+    /// Shows an alert with the action "Ok".
     void showAlert(const std::string& title, const std::string& message);
 
     [[nodiscard]] bool isShowing() const { return !alerts.empty(); }
@@ -93,19 +93,18 @@ public:
     [[nodiscard]] QString title() const;
     [[nodiscard]] QString message() const;
     [[nodiscard]] QList<AlertChoice> actions() const;
-    /// What Return chooses: the first, but never one that destroys, then the last; -1: no alert.
+    /// The action for Return: the first one that destroys nothing, else the last; -1: no alert.
     [[nodiscard]] int defaultAction() const;
     [[nodiscard]] QObject* content() const;
     [[nodiscard]] QString contentView() const;
 
-    /// The user chose an action of the alert on show. Out of range: nothing happens.
+    /// The user has chosen an action. Does nothing if the index is out of range.
     Q_INVOKABLE void choose(int index);
 
-    /// Return.
+    /// For Return.
     Q_INVOKABLE void accept() { choose(defaultAction()); }
 
-    /// Escape: the cancelling action, else the only one; with several and none that cancels,
-    /// nothing.
+    /// For Escape: chooses the cancelling action, or the only one; otherwise does nothing.
     Q_INVOKABLE void escape();
 
 Q_SIGNALS:

@@ -38,7 +38,7 @@ void FuncButton::startGlow() {
         timer = runLoop.scheduleRepeating(kRepeatInterval, [this] { runBeganFunc(); });
         return;
     }
-    setGlow(Glow::none); // a flash under way begins anew
+    setGlow(Glow::none); // restarts a running flash
     setGlow(Glow::flash);
     flashing = runLoop.scheduleOnce(kFlashDuration, [this] { setGlow(Glow::none); });
 }

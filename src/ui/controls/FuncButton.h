@@ -15,15 +15,15 @@
 
 namespace zelvo::ui {
 
-/// A button that acts at touch-down.
+/// A button that acts when it is pressed, not when it is released.
 ///
 ///                 touch-down         held                      lift-off
 ///     fire        beganFunc, flash                             -
 ///     timed       beganFunc, pulse   beganFunc every 0.1 s     the pulse ends
 ///     hold        beganFunc, lit                               endFunc(held seconds)
 ///
-/// One press at a time: a further finger or key during a press is none of its business. A press
-/// that is taken away (the button goes, the window loses the finger) ends as at lift-off.
+/// It handles one press at a time; further fingers or keys are ignored meanwhile. If a press is
+/// cancelled (the button is destroyed, the window loses the finger), it ends like a normal release.
 class FuncButton final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -42,8 +42,8 @@ class FuncButton final : public QObject {
 public:
     enum class Glow {
         none,
-        flash, ///< selectedColor is animated to within kFlashDuration, then gone
-        pulse, ///< to and fro in the same time, until lift-off
+        flash, ///< selectedColor fades in and out within kFlashDuration
+        pulse, ///< the same, repeated until the release
         lit    ///< selectedColor
     };
 
@@ -52,14 +52,14 @@ public:
 
     struct Action {
         std::function<void()> beganFunc;
-        /// With the held seconds, absent where nobody measured; empty: a fire button.
+        /// Gets the time of the press in seconds, if known. Empty for a fire button.
         std::function<void(std::optional<double>)> endFunc{};
         bool timed = false;
     };
 
     FuncButton(
         foundation::RunLoop& loop, ButtonFace shown, Action given, QObject* parent = nullptr);
-    /// Ends a press that is under way.
+    /// Ends the current press.
     ~FuncButton() override;
     FuncButton(const FuncButton&) = delete;
     FuncButton& operator=(const FuncButton&) = delete;
@@ -89,7 +89,7 @@ public:
 
     Q_INVOKABLE void press();
     Q_INVOKABLE void release();
-    /// The press was taken away. Says so on the console.
+    /// The press was cancelled. Reported on the console.
     Q_INVOKABLE void cancel();
 
 Q_SIGNALS:
@@ -106,11 +106,11 @@ private:
     Action action;
     foundation::Timer timer; ///< repeats beganFunc
     foundation::Timer flashing;
-    std::optional<double> pressStartTime; ///< on the run loop's clock; absent: not pressed
+    std::optional<double> pressStartTime; ///< time of the run loop; empty: not pressed
     Glow glow_ = Glow::none;
 };
 
-/// What a list of such buttons holds, for the tools of QML.
+/// Makes the list type known to QML's tools.
 struct FuncButtonList {
     Q_GADGET
     QML_ANONYMOUS

@@ -9,20 +9,20 @@
 
 namespace zelvo::ui {
 
-// Places are points of the scene's view, x to the right, y down; so is `viewSize`, its size.
+// Places are in points of the scene's view, x right, y down. `viewSize` is the view's size.
 
-/// One finger or the pressed mouse on its way.
+/// A drag with one finger or the mouse.
 struct PanGesture {
     actions::GestureState state = actions::GestureState::began;
     glm::vec2 location{0};
     glm::vec2 viewSize{1};
 };
 
-/// Two fingers, or what stands for them: a touchpad's pinch, Ctrl with the wheel.
+/// A pinch with two fingers, a touchpad, or Ctrl and the wheel.
 struct PinchGesture {
     actions::GestureState state = actions::GestureState::began;
-    float scale = 1;    ///< distance of the fingers over that at the beginning
-    float velocity = 0; ///< growth of the scale a second
+    float scale = 1;    ///< distance of the fingers, relative to the start
+    float velocity = 0; ///< change of the scale per second
     glm::vec2 location{0};
     glm::vec2 viewSize{1};
 };
@@ -32,14 +32,14 @@ struct TapGesture {
     glm::vec2 viewSize{1};
 };
 
-/// The pointer over the scene with no button pressed.
+/// The mouse pointer over the scene, without a pressed button.
 struct Hover {
     glm::vec2 location{0};
     glm::vec2 viewSize{1};
 };
 
-/// Where gestures on the scene go: to the camera while the catalogue shows, to the things on the
-/// stage while the style panel shows. A gesture that is not overridden does nothing. Main thread.
+/// Receives gestures on the scene: the camera, while the catalogue is shown, or the nodes, while
+/// the style panel is shown. Gestures that are not overridden do nothing. Main thread.
 class GestureDelegate {
 public:
     virtual ~GestureDelegate() = default;

@@ -9,7 +9,7 @@ namespace zelvo::ui {
 
 class HighlightButton;
 
-/// The row that such a button stands in: it says which of its buttons is selected.
+/// A row of buttons; it knows which of them is selected.
 class HighlightRow {
 public:
     virtual ~HighlightRow() = default;
@@ -17,7 +17,7 @@ public:
     virtual void highlight(const HighlightButton& touched) = 0;
 };
 
-/// One of a row of which one is selected: the one that was touched last.
+/// A button in a row in which the last one touched is selected.
 class HighlightButton : public zelvo::ui::MyButton {
     Q_OBJECT
     QML_ELEMENT
@@ -26,12 +26,12 @@ class HighlightButton : public zelvo::ui::MyButton {
 public:
     HighlightButton(ButtonFace shown, std::function<void()> targetFunc, QObject* parent = nullptr);
 
-    bool highlightingEnabled = true; ///< false: a touch leaves the selection as it is
+    bool highlightingEnabled = true; ///< false: a touch does not change the selection
 
-    /// Null: it stands in none and keeps its state.
+    /// Null: not in a row; the button keeps its state.
     void setRow(HighlightRow* newRow) { row = newRow; }
 
-    /// Selects it in its row, without calling its target.
+    /// Selects it in its row without calling its target.
     void didTouch() override;
 
 private:

@@ -7,8 +7,8 @@
 
 namespace zelvo::ui {
 
-/// Whether a hint that is to be shown a limited number of times shall show once more. Counts in the
-/// user defaults under `key`, across launches.
+/// Whether a hint with a limited number of showings should be shown again. The count is kept in the
+/// user defaults under `key`.
 [[nodiscard]] bool
 hintNeeded(foundation::UserDefaults& defaults, const std::string& key, int limit);
 

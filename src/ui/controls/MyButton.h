@@ -14,17 +14,17 @@
 
 namespace zelvo::ui {
 
-/// What a button shows and how it is spoken of.
+/// What a button shows, and how it is described.
 struct ButtonFace {
     QString image{}; ///< name of an icon; empty: none
     QString title{}; ///< empty: none
-    QString name{};  ///< in the tooltip and for screen readers; empty: the title
-    QString
-        key{}; ///< the key that does the same, as the tooltip writes it ("Ctrl+Z"); may be empty
+    QString name{};  ///< for tooltip and screen readers; empty: the title
+    /// The key with the same action, as shown in the tooltip ("Ctrl+Z"); may be empty.
+    QString key{};
 };
 
-/// A button that answers when it is released inside. Two pairs of colours: those of the selected
-/// state and the others.
+/// A button that acts when it is released inside. It has two sets of colours, for selected and not
+/// selected.
 class MyButton : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -44,17 +44,17 @@ class MyButton : public QObject {
 public:
     MyButton(ButtonFace shown, std::function<void()> targetFunc, QObject* parent = nullptr);
 
-    // How it looks: set once after it is made, unless a setter is there.
+    // Appearance: set these once after construction, except where there is a setter.
     QColor selectedColor = Qt::transparent;
     QColor unselectedColor = Qt::transparent;
     QColor normalTextColor = kTextColor;
     QColor highlightTextColor = kTextColor;
-    QString selectedImage; ///< instead of the image while selected; empty: the same
-    /// Device-independent pixels; a width of 0 is that of the content.
+    QString selectedImage; ///< replaces the image while selected; empty: the same image
+    /// Device-independent pixels. A width of 0 means the width of the content.
     QSizeF size{40, 36};
     qreal radius = 6;
 
-    std::function<void()> target; ///< touch-up inside; may be empty
+    std::function<void()> target; ///< called on a release inside; may be empty
 
     [[nodiscard]] QString image() const;
 
@@ -84,14 +84,14 @@ public:
     void setEnabled(bool isUsable);
     void setMySelected(bool isOn);
 
-    /// A finger, mouse button or key was let go on it. Nothing happens while it is disabled.
+    /// A finger, mouse button or key was released on it. Does nothing while it is disabled.
     Q_INVOKABLE void click();
 
 Q_SIGNALS:
     void changed();
 
 protected:
-    /// Before the target.
+    /// Called before the target.
     virtual void didTouch() {}
 
     ButtonFace face;
@@ -101,7 +101,7 @@ private:
     bool selected = false;
 };
 
-/// A button with a picture and a text that both stand in its fill.
+/// A button whose fill contains a picture and a text.
 class MyLabelButton : public zelvo::ui::MyButton {
     Q_OBJECT
     QML_ELEMENT
@@ -112,7 +112,7 @@ public:
     using MyButton::MyButton;
 };
 
-/// What a list of buttons holds, for the tools of QML.
+/// Makes the list type known to QML's tools.
 struct MyButtonList {
     Q_GADGET
     QML_ANONYMOUS

@@ -11,7 +11,7 @@ namespace zelvo::ui {
 
 namespace {
 
-/// How many steps a key moves by; 0: it moves no slider.
+/// How many steps a key moves by; 0 if the key does not move sliders.
 double stepsOf(int key) {
     switch (key) {
     case Qt::Key_Right:
@@ -83,7 +83,7 @@ void MySlider::write(const QString& typed) {
 }
 
 QString MySlider::number() const {
-    return QString::number(std::lround(value_)); // without the sign of a negative zero
+    return QString::number(std::lround(value_)); // never "-0"
 }
 
 void MySlider::sliderTapped() {

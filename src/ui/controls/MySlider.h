@@ -10,7 +10,7 @@
 
 namespace zelvo::ui {
 
-/// A slider that goes back to its default at a double tap. Its number is shown in whole units.
+/// A slider that returns to its default on a double tap. Its number is shown without decimals.
 class MySlider final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -26,18 +26,20 @@ public:
     struct Range {
         double minimum = 0;
         double maximum = 1;
-        double step = 1; ///< of an arrow key and of a notch of the wheel: large enough to be seen
+        double step = 1; ///< for an arrow key or a notch of the wheel; large enough to be visible
     };
 
-    static constexpr double kLargeSteps = 5; ///< of Shift with an arrow key, and of a page key
-    static constexpr double kSmallSteps = 1.0 / kLargeSteps; ///< of Ctrl with an arrow key
+    /// steps for Shift with an arrow key, and for a page key
+    static constexpr double kLargeSteps = 5;
+    static constexpr double kSmallSteps = 1.0 / kLargeSteps; ///< steps for Ctrl with an arrow key
 
-    /// `numbersUnit` follows the number in the text, with its space.
+    /// `numbersUnit` is appended to the number, so include a space.
     MySlider(
         QString spokenName, Range allowed, QString numbersUnit = {}, QObject* parent = nullptr);
 
     std::optional<double> defaultValue;
-    std::function<void(double)> valueChanged; ///< by the user, not by setValue; may be empty
+    /// Called for changes by the user, not by setValue; may be empty.
+    std::function<void(double)> valueChanged;
 
     [[nodiscard]] double value() const { return value_; }
 
@@ -51,17 +53,17 @@ public:
 
     [[nodiscard]] QString text() const { return number() + unit; }
 
-    /// Held within the range. Tells nobody but the view.
+    /// Clamps to the range. Only the view is told.
     void setValue(double newValue);
-    /// The user moved the knob.
+    /// The user has moved the knob.
     Q_INVOKABLE void moveTo(double newValue);
-    /// By that many steps; a part of one too.
+    /// Moves by a number of steps; fractions are allowed.
     Q_INVOKABLE void moveBy(double steps);
-    /// A Qt::Key with its Qt::KeyboardModifiers. Whether it moves sliders.
+    /// Handles a Qt::Key with Qt::KeyboardModifiers. True if the key moves sliders.
     Q_INVOKABLE bool pressKey(int key, int modifiers);
-    /// The user wrote a number; anything else changes nothing.
+    /// The user has typed a number; other text changes nothing.
     Q_INVOKABLE void write(const QString& typed);
-    /// A double tap. Without a default nothing happens.
+    /// For a double tap. Does nothing if there is no default.
     Q_INVOKABLE void sliderTapped();
 
 Q_SIGNALS:

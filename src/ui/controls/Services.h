@@ -14,7 +14,7 @@ namespace zelvo::ui {
 
 class Alerts;
 
-/// What the controllers of the interface work on. All of it outlives them.
+/// The objects that the controllers of the interface use. All must outlive the controllers.
 struct Services {
     core::Model& model;
     foundation::RunLoop& runLoop;

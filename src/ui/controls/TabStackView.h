@@ -11,8 +11,8 @@
 
 namespace zelvo::ui {
 
-/// A row of buttons on a common rounded ground, of which one is selected. It owns none of them:
-/// they outlive their standing in it.
+/// A row of buttons on a rounded background, with one of them selected. It does not own the
+/// buttons, which must outlive their place in the row.
 class TabStackView : public QObject, public HighlightRow {
     Q_OBJECT
     QML_ELEMENT
@@ -28,12 +28,12 @@ class TabStackView : public QObject, public HighlightRow {
 
 public:
     enum class Distribution {
-        fill, ///< each button as wide as its content asks
+        fill, ///< each button is as wide as its content
         fillEqually
     };
 
     struct Look {
-        QMarginsF buttonEdgeInsets{8, 0, 8, 0}; ///< around what a button shows
+        QMarginsF buttonEdgeInsets{8, 0, 8, 0}; ///< around a button's content
         qreal spacing = 1;
         qreal cornerRadius = 6;
         QColor strokeColor = Qt::transparent;
@@ -48,14 +48,14 @@ public:
     TabStackView& operator=(const TabStackView&) = delete;
 
     void addArrangedSubview(MyButton& button);
-    /// Replaces the whole row in one go.
+    /// Replaces the whole row.
     void setArrangedSubviews(const QList<MyButton*>& buttons);
 
     [[nodiscard]] const QList<MyButton*>& arranged() const { return row; }
 
     void highlight(const HighlightButton& touched) override;
-    /// As if the tab at that place among the row's MySegmentedStackButtons were touched, without
-    /// its target. Past the end: nothing happens.
+    /// Selects the tab with this index among the row's MySegmentedStackButtons, without calling its
+    /// target. Does nothing if there is none.
     void select(qsizetype index);
 
     [[nodiscard]] qreal leftInset() const { return look.buttonEdgeInsets.left(); }

@@ -13,8 +13,8 @@
 
 namespace zelvo::ui {
 
-/// Shows each message of `messageSignal` for a moment. Hidden at first; a further message begins
-/// the moment anew, with a short gap by which one sees that it is another.
+/// Shows each message of `messageSignal` for a moment. A further message restarts the time, with a
+/// short gap that makes the change visible.
 class ValueLabel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -38,7 +38,7 @@ public:
 
     [[nodiscard]] qreal verticalInset() const { return edgeInsets.top(); }
 
-    /// Takes a message away that is of no concern any more, shown or still to be shown.
+    /// Removes a message that no longer matters, whether it is shown or waits.
     void dismiss();
 
 Q_SIGNALS:

@@ -10,7 +10,8 @@
 
 namespace zelvo::ui {
 
-/// Shows or hides the picture, mirrors it and turns it by quarters. All but the first show it.
+/// Shows or hides the picture, mirrors it, and turns it by 90 degrees. Mirroring and turning also
+/// show it.
 class ImagePanel final : public QObject {
     Q_OBJECT
     QML_ELEMENT

@@ -64,7 +64,7 @@ void Inspirator::bringBack() {
 }
 
 int Inspirator::titleFadeMilliseconds() const {
-    return titleAlpha_ > 0 ? static_cast<int>(kFadeIn * 1000) : 0; // it vanishes at once
+    return titleAlpha_ > 0 ? static_cast<int>(kFadeIn * 1000) : 0; // it disappears at once
 }
 
 void Inspirator::setTitle(const QString& title) {

@@ -13,8 +13,8 @@
 
 namespace zelvo::ui {
 
-/// The button that gives the stage a random style: the scene fades out, three dots count up, the
-/// style changes unseen, the scene fades in again. It is off until its title is back.
+/// The button for a random style: the scene fades out, three dots count up, the style changes while
+/// the scene is dark, and the scene fades in. The button is disabled until its title is back.
 class Inspirator final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -26,17 +26,18 @@ class Inspirator final : public QObject {
 public:
     static constexpr double kFadeOut = 0.2; ///< seconds, of the scene
     static constexpr double kDot = 0.12;    ///< between two dots
-    static constexpr double kDark = 0.6;    ///< from the last dot's end until the scene returns
-    static constexpr double kFadeIn = 0.4;  ///< of the scene, then of the title
+    /// seconds from the end of the last dot until the scene returns
+    static constexpr double kDark = 0.6;
+    static constexpr double kFadeIn = 0.4; ///< of the scene, then of the button's title
 
     explicit Inspirator(const Services& given, QObject* parent = nullptr);
-    /// Never leaves the scene dark.
+    /// Makes the scene visible if it is dark.
     ~Inspirator() override;
     Inspirator(const Inspirator&) = delete;
     Inspirator& operator=(const Inspirator&) = delete;
 
     MyButton button;
-    /// Brings the scene's opacity there within that many seconds; may be empty.
+    /// Fades the scene's opacity to `alpha` in that time; may be empty.
     std::function<void(double alpha, double seconds)> fadeScene;
 
     void inspiratorAction();
@@ -59,8 +60,8 @@ private:
 
     Services services;
     double titleAlpha_ = 1;
-    std::shared_ptr<const bool> alive =
-        std::make_shared<const bool>(true); ///< queued calls may outlive this
+    /// Queued calls may outlive this.
+    std::shared_ptr<const bool> alive = std::make_shared<const bool>(true);
 };
 
 } // namespace zelvo::ui

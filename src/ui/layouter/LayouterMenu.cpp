@@ -11,14 +11,15 @@ namespace zelvo::ui {
 
 namespace {
 
-/// A panel goes some time after the next one has come, which has outlines of its own by then.
+/// The panel that shows the outlines. An old panel is deleted only after the new one has shown its
+/// own outlines, so it must not hide them.
 const LayouterMenu* outliner = nullptr;
 
 bool isText(const core::NodePtr& node) {
     return std::dynamic_pointer_cast<content::TextNode>(node) != nullptr;
 }
 
-/// Stays on show when nothing is in hand any more.
+/// Whether the option stays when no node is selected any more.
 bool outlivesNode(CurrentOption option) {
     return option >= CurrentOption::audio && option <= CurrentOption::mask;
 }
@@ -35,7 +36,7 @@ LayouterMenu::LayouterMenu(const Services& given, QObject* parent)
     }) {
     backButton.size = {34, 0};
     outliner = this;
-    // The second text stands close below the first one.
+    // The second text is close below the first.
     constexpr auto kAbove = core::NamePlace::above;
     const std::array names{
         std::pair(tr("Text 1"), kAbove),

@@ -17,7 +17,7 @@
 
 namespace zelvo::ui {
 
-/// What the style panel's strip shows.
+/// The content of the style panel's strip.
 enum class CurrentOption {
     write,
     material,
@@ -35,13 +35,13 @@ enum class CurrentOption {
     none
 };
 
-/// The style editor: what stands on the stage is picked by a tab, a strip above the tabs offers
-/// what fits it. Nothing of this is recorded.
+/// The style editor. A tab selects what to edit; the strip above the tabs shows the options for it.
+/// Nothing here is recorded.
 ///
 ///     root ──tab of a node──> its tabs and strips ──back──> root
 ///       └──Background, Audio──> theirs ──back──> root
 ///
-/// The root's strip is the inspirator.
+/// The strip of the root is the Inspirator.
 class LayouterMenu final : public QObject, public GestureDelegate {
     Q_OBJECT
     QML_ELEMENT
@@ -58,14 +58,14 @@ class LayouterMenu final : public QObject, public GestureDelegate {
     Q_PROPERTY(QString writtenText READ writtenText NOTIFY writingChanged)
 
 public:
-    /// Brings everything on the stage home and outlines it; its end takes the outlines away.
+    /// Resets everything on the stage and shows outlines; the destructor hides them.
     explicit LayouterMenu(const Services& given, QObject* parent = nullptr);
     ~LayouterMenu() override;
     LayouterMenu(const LayouterMenu&) = delete;
     LayouterMenu& operator=(const LayouterMenu&) = delete;
 
 private:
-    Services services; // before what is built from it
+    Services services; // first, because other members are built from it
 
 public:
     Inspirator inspirator;
@@ -76,17 +76,17 @@ public:
 
     [[nodiscard]] CurrentOption currentOption() const { return currentOption_; }
 
-    /// Takes a node in hand, with the option that fits it; null: none.
+    /// Selects a node, with the option that fits it; null: none.
     void setCurrentNode(core::NodePtr node);
     /// 0 to 3: first text, second text, image, object.
     void setCurrentNodeFromButton(int tag);
     void setCurrentOption(CurrentOption option);
     Q_INVOKABLE void backButtonClicked();
 
-    /// Draws the frame of what the pointer is over in full.
+    /// Shows the whole frame of the node under the pointer.
     void handleHover(const std::optional<Hover>& hover) override;
 
-    /// Opens the text field on the text in hand.
+    /// Opens the text field for the selected text.
     void writeAction();
     Q_INVOKABLE void textFieldDidChange(const QString& text);
     Q_INVOKABLE void endWriting();
@@ -99,12 +99,12 @@ public:
 
     [[nodiscard]] bool isInspiratorVisible() const { return currentOption_ == CurrentOption::none; }
 
-    /// The view of the strip; empty: there is none.
+    /// The view of the strip; empty if there is none.
     [[nodiscard]] QString stripView() const { return stripView_; }
 
     [[nodiscard]] QObject* stripObject() const { return strip.get(); }
 
-    /// A sentence in place of a strip.
+    /// A sentence shown instead of a strip.
     [[nodiscard]] QString note() const;
 
     [[nodiscard]] TabStackView* stackObject() { return &stackView; }
@@ -118,7 +118,8 @@ Q_SIGNALS:
     void writingChanged();
 
 private:
-    // What lies under QML, or is just being clicked, goes with the next turn of the loop.
+    // Objects that QML still uses, or that are being clicked, are deleted in the next turn of the
+    // loop.
     struct Later {
         void operator()(QObject* object) const { object->deleteLater(); }
     };
@@ -146,13 +147,13 @@ private:
     core::NodePtr currentNode_;
     core::NodePtr pointedNode; ///< the pointer is over its frame; null: over none
     CurrentOption currentOption_ = CurrentOption::none;
-    CurrentOption cachedTextOption = CurrentOption::material; ///< a text comes back to its tab
+    CurrentOption cachedTextOption = CurrentOption::material; ///< texts share their last tab
     LaterPtr<QObject> strip;
     QString stripView_;
     std::vector<LaterPtr<MySegmentedStackButton>> tabs;
     bool writing = false;
-    std::shared_ptr<const bool> alive =
-        std::make_shared<const bool>(true); ///< queued calls may outlive this
+    /// Queued calls may outlive this.
+    std::shared_ptr<const bool> alive = std::make_shared<const bool>(true);
 };
 
 } // namespace zelvo::ui

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The style panel's rows: which tabs and which strip belong to what is in hand.
+// The rows of the style panel: the tabs and the strip for each selection.
 #include "environments/SceneManager.h"
 #include "model/Model.h"
 #include "platform/foundation/RunLoop.h"
@@ -17,9 +17,9 @@ namespace zelvo::ui {
 
 namespace {
 
-constexpr double kSceneDelay = 0.15; ///< seconds: the strip has scrolled by then
+constexpr double kSceneDelay = 0.15; ///< seconds: the strip has then scrolled
 
-/// The place of the first for which the predicate holds; -1: none.
+/// The index of the first entry for which the predicate is true; -1: none.
 template <class List, class Predicate> int placeOf(const List& list, Predicate isCurrent) {
     const auto found = std::find_if(list.begin(), list.end(), isCurrent);
     return found == list.end() ? -1 : static_cast<int>(found - list.begin());
@@ -39,13 +39,13 @@ const auto kNameOf = [](const auto& entry) { return entry->name; };
 struct LayouterMenu::TabRow {
     QString title;
     std::function<void()> action;
-    CurrentOption option = CurrentOption::none; ///< lit while this is the current one
+    CurrentOption option = CurrentOption::none; ///< this tab is lit while the option is current
     bool isHighlighting = true;
 };
 
 LayouterMenu::TabRow LayouterMenu::optionTab(const char* title, CurrentOption option) {
     const auto choose = [this, option] {
-        if (option != currentOption_) // the lit one's strip stays as it is
+        if (option != currentOption_) // a lit tab keeps its strip
             setCurrentOption(option);
     };
     return {tr(title), choose, option};
@@ -61,7 +61,7 @@ std::vector<LayouterMenu::TabRow> LayouterMenu::rootTabs() {
     rows.push_back(optionTab(QT_TR_NOOP("Background"), CurrentOption::backgroundScenes));
     rows.push_back(optionTab(QT_TR_NOOP("Audio"), CurrentOption::audio));
     for (TabRow& row : rows)
-        row.option = CurrentOption::write; // none of them is lit
+        row.option = CurrentOption::write; // so that no tab is lit
     return rows;
 }
 

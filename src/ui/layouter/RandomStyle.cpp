@@ -11,7 +11,7 @@ namespace zelvo::ui {
 
 namespace {
 
-constexpr int kFirstSceneWithOwnGround = 2; ///< "Flat" and "Plain" before it are all background
+constexpr int kFirstSceneWithOwnGround = 2; ///< "Flat" and "Plain" show only the background colour
 constexpr std::uint32_t kBevelSteps = 40;
 constexpr double kBevelStep = 0.1;
 constexpr std::uint32_t kDepths = 60;
@@ -19,12 +19,13 @@ constexpr auto kFont = "Audiowide-Regular";
 
 using foundation::arc4random_uniform;
 
-/// All but the last of a list.
+/// A random index, without the last.
 std::uint32_t lastButOne(std::size_t count) {
     return static_cast<std::uint32_t>(count - 1);
 }
 
-/// Black on white and white on black; else any, which may come out as the ground's own.
+/// Black on white and white on black. On other backgrounds any colour, which may equal the
+/// background's.
 std::size_t textColorOn(std::size_t background) {
     if (background == kWhiteIndex)
         return kBlackIndex;

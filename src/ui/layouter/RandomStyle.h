@@ -12,22 +12,22 @@ class Nodes;
 
 namespace zelvo::ui {
 
-/// A look for the whole stage, drawn by lot.
+/// A random style for the whole stage.
 struct RandomStyle {
     int scene = 0;              ///< index into SceneManager::sceneNames
     std::size_t background = 0; ///< index into the palette
-    std::size_t text = 0;       ///< likewise, of faces and sides
+    std::size_t text = 0;       ///< index into the palette, for faces and sides
     look::XMATClasses material = look::XMATClasses::plain;
     double bevelRadius = 0;    ///< scene units
     double extrusionDepth = 0; ///< scene units
 };
 
-/// Draws from the process's random source. The last scene, colour and material pair are never
-/// drawn.
+/// Draws from the process's random source. Never repeats the current scene, colour or material
+/// pair.
 [[nodiscard]] RandomStyle drawRandomStyle(const core::Nodes& nodes);
 
-/// Both texts, the object unless it shows an import's own materials, the background and the
-/// environment.
+/// Applies it to both texts, the object (unless it shows the materials of an import), the
+/// background and the environment.
 void applyRandomStyle(core::Model& model, const RandomStyle& style);
 
 } // namespace zelvo::ui

@@ -21,7 +21,7 @@ struct Color;
 
 namespace zelvo::ui {
 
-/// A row that scrolls, so that what is chosen stands in its middle.
+/// A row that scrolls to show the selected entry in the middle.
 class Strip : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -36,7 +36,7 @@ public:
 
     explicit Strip(int length, QObject* parent = nullptr);
 
-    /// None for an index outside.
+    /// Selects nothing if the index is out of range.
     virtual void select(int index, Motion motion);
 
     /// -1: none.
@@ -53,7 +53,7 @@ private:
     Motion motion_ = Motion::atOnce;
 };
 
-/// A strip of one button an entry. A press selects the button and tells its place.
+/// A strip with a button for each entry. A press selects the button and reports its index.
 class ButtonStrip final : public zelvo::ui::Strip {
     Q_OBJECT
     QML_ELEMENT
@@ -77,7 +77,7 @@ private:
     std::vector<std::unique_ptr<MyButton>> row;
 };
 
-/// A strip of one swatch a colour.
+/// A strip with a swatch for each colour.
 class SimpleColorPicker final : public zelvo::ui::Strip {
     Q_OBJECT
     QML_ELEMENT
@@ -85,13 +85,14 @@ class SimpleColorPicker final : public zelvo::ui::Strip {
     Q_PROPERTY(QList<QColor> colors READ colors CONSTANT)
 
 public:
-    /// A colour that is none of the palette's marks nothing.
+    /// If the colour is not in the palette, no swatch is selected.
     SimpleColorPicker(
         std::span<const image::Color> palette,
         const image::Color& current,
         QObject* parent = nullptr);
 
-    std::function<void(const image::Color&)> didChangeColor; ///< by the user; may be empty
+    /// called for changes by the user; may be empty
+    std::function<void(const image::Color&)> didChangeColor;
 
     /// A swatch was touched.
     Q_INVOKABLE void buttonAction(int tag);

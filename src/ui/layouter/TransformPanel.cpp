@@ -14,16 +14,16 @@ namespace zelvo::ui {
 
 namespace {
 
-constexpr double kPi = std::numbers::pi_v<float>; // as coarse as the angles that are kept
+constexpr double kPi = std::numbers::pi_v<float>; // in single precision, like the stored angles
 
-constexpr double kStep = 5; ///< of the slider, in units and in degrees
+constexpr double kStep = 5; ///< of the slider, for depth and for angles (degrees)
 
 struct Row {
     const char* title;
-    double limit; ///< of the slider, both ways
+    double limit; ///< of the slider, in both directions
     const char* label;
     const char* unit;
-    core::DefaultSCNNodePtr const core::Node::*axisNode; ///< null: the place in depth
+    core::DefaultSCNNodePtr const core::Node::*axisNode; ///< null: the depth
     glm::vec3 axis;
 };
 
@@ -71,14 +71,15 @@ void TransformPanel::setUpSlider(int tag) {
     made->setValue(valueOf(tag));
     made->valueChanged = [this, tag](double value) { assign(tag, value); };
     const auto former = std::exchange(posRotSlider, std::move(made));
-    Q_EMIT sliderChanged(); // before the former one goes, which the view still shows
+    Q_EMIT sliderChanged(); // before the old slider is deleted, because the view still shows it
 }
 
 double TransformPanel::valueOf(int tag) const {
     const Row& row = rowOf(tag);
     if (row.axisNode == nullptr)
         return node->layoutPosition().z;
-    // About the fixed axis: a negative angle reads as a positive one about the turned axis.
+    // Measured around a fixed axis, because a negative angle can be stored as a positive one around
+    // the opposite axis.
     const glm::vec4 rotation = (*node.*row.axisNode)->rotation();
     const float sense = glm::dot(glm::vec3(rotation), row.axis) < 0 ? -1.0f : 1.0f;
     return static_cast<double>(sense * rotation.w) * 180 / kPi;

@@ -14,8 +14,8 @@
 
 namespace zelvo::ui {
 
-/// A node's place in depth and its three angles: four buttons choose which of them the slider
-/// moves. Each move shows the node and says the new value.
+/// Edits a node's depth and its three angles: four buttons choose what the slider changes. Each
+/// change shows the node and a message with the new value.
 class TransformPanel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -28,7 +28,7 @@ public:
 
     TabStackView stackView;
 
-    /// 0: place in depth, 1 to 3: angle about x, y and z.
+    /// 0: depth; 1 to 3: angle around x, y, z.
     void setUpSlider(int tag);
 
     [[nodiscard]] MySlider& slider() const { return *posRotSlider; }

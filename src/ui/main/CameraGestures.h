@@ -5,9 +5,9 @@
 
 namespace zelvo::ui {
 
-/// Gestures on the scene as the work of a camera operator, while the catalogue shows. A drag is
-/// measured by the view's width: over all of it the camera turns the same in a small window and on
-/// a large screen.
+/// Gestures on the scene that move the camera, while the catalogue is shown. A drag is measured
+/// relative to the view's width, so that the camera turns by the same angle in a small window and
+/// on a large screen.
 class CameraGestures final : public GestureDelegate {
 public:
     explicit CameraGestures(actions::Gestures& camera)
@@ -26,7 +26,7 @@ public:
     void handleDoubleTap(const TapGesture&) override { gestures.doubleTap(); }
 
 private:
-    static constexpr float kViewWidth = 1280; ///< in points of the camera's gestures
+    static constexpr float kViewWidth = 1280; ///< width of the view in the camera's gesture points
 
     actions::Gestures& gestures;
 };

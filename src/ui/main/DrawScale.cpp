@@ -8,13 +8,14 @@ namespace zelvo::ui {
 
 namespace {
 
-constexpr double kStep = 0.85; ///< a step is about a quarter of the pixels
+constexpr double kStep = 0.85; ///< one step is about a quarter of the pixels
 constexpr double kWidestStep = 0.5;
 constexpr double kNewest = 0.15;  ///< weight of the newest frame in the mean
-constexpr int kBeforeFalling = 6; ///< frames; the first after a change make new pictures
+constexpr int kBeforeFalling = 6; ///< frames; the first ones after a change make new textures
 constexpr int kBeforeRising = 90;
-constexpr double kHangup = 0.25; ///< seconds: once, that was no drawing
-// A frame that just fits takes a tenth of a second twice as fine, a fifth three times.
+constexpr double kHangup = 0.25; ///< seconds; if this happens once, drawing is not the cause
+// If a frame at normal scale takes the allowed time, it takes a tenth of a second at twice the
+// scale, and a fifth at three times.
 constexpr double kFiner = 2;
 constexpr double kFinest = 3;
 
@@ -37,7 +38,7 @@ bool DrawScale::isDrawn() const {
 }
 
 void DrawScale::frameTook(double seconds) {
-    if (isAtRest()) // tells nothing of what a moving picture takes
+    if (isAtRest()) // such a frame does not tell how long a moving picture takes
         return;
     hangups = seconds > kHangup ? hangups + 1 : 0;
     if (hangups == 1)
@@ -45,7 +46,7 @@ void DrawScale::frameTook(double seconds) {
     ++frames;
     mean = frames == 1 ? seconds : mean + (seconds - mean) * kNewest;
     if (mean > kLongFrame && frames >= kBeforeFalling && scale > kMin) {
-        // The time goes with the pixels, so with the square.
+        // Drawing time grows with the number of pixels, so with the square of the scale.
         const double fitting = std::sqrt(kLongFrame / mean);
         change(std::max(scale * std::clamp(fitting, kWidestStep, kStep), kMin));
     } else if (mean < kShortFrame && frames >= kBeforeRising && scale < kMax) {

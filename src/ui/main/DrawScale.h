@@ -6,31 +6,32 @@
 
 namespace zelvo::ui {
 
-/// How finely the live stage is drawn: drawn pixels over the view's, along each side. Falls while
-/// frames take long, so that a slow machine loses sharpness before it loses time, and rises again
-/// where there is room. Above 1 the surplus smooths edges. What stands still is drawn more
-/// finely, in two steps, and then left alone.
+/// How finely the live stage is drawn: drawn pixels divided by the view's pixels, on each side. The
+/// scale falls when frames take long, because sharpness matters less than timing, and rises again
+/// when there is time. Above 1, edges become smoother. A picture that does not change is drawn
+/// finer in two steps, and then not drawn again.
 class DrawScale {
 public:
     static constexpr double kMax = 1.5;
     static constexpr double kMin = 0.5;
     static constexpr double kStart = 1.0;
-    static constexpr double kLongFrame = 0.022;   ///< seconds; leaves 30 a second much room
-    static constexpr double kShortFrame = 0.0175; ///< a display of 60 Hz leaves no shorter ones
+    static constexpr double kLongFrame = 0.022; ///< seconds; leaves much room at 30 frames a second
+    /// seconds; a display of 60 Hz has no shorter frames
+    static constexpr double kShortFrame = 0.0175;
 
     static constexpr double kMaxAtRest = 2.0;
-    static constexpr int kBeforeRest = 15;   ///< frames that show the same
-    static constexpr int kBeforeFinest = 45; ///< of them, until the last step
+    static constexpr int kBeforeRest = 15;   ///< equal frames before the first finer step
+    static constexpr int kBeforeFinest = 45; ///< equal frames before the last step
 
-    /// What the next frame shows (SCNView::pictureKey); empty: something new.
+    /// What the next frame will show (SCNView::pictureKey); empty: always different.
     void nextShows(std::optional<std::uint64_t> picture);
 
     [[nodiscard]] double value() const;
 
-    /// Whether the next frame is as the one before, picture and scale.
+    /// Whether the next frame would equal the last one, in content and scale.
     [[nodiscard]] bool isDrawn() const;
 
-    /// What a frame took from its asking to the screen, seconds.
+    /// Seconds from the request of a frame until it was on the screen.
     void frameTook(double seconds);
 
 private:
@@ -39,12 +40,12 @@ private:
     void change(double wanted);
 
     std::optional<std::uint64_t> shown;
-    int repeats = 0; ///< frames in a row that showed the same as the one before
+    int repeats = 0; ///< number of equal frames in a row
 
     double scale = kStart;
-    double mean = 0; ///< of the frames since the last change, the newest count most
-    int frames = 0;  ///< since then
-    int hangups = 0; ///< one after another, up to now
+    double mean = 0; ///< mean time of frames since the last change, weighted to the newest
+    int frames = 0;  ///< number of frames since the last change
+    int hangups = 0; ///< number of hang-ups in a row
 };
 
 } // namespace zelvo::ui

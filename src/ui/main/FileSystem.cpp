@@ -8,7 +8,7 @@
 namespace zelvo::ui {
 
 bool FileSystem::open(const std::filesystem::path& file, Alerts& alerts) {
-    // Objects (archives) and fonts are what would be imported; neither import is built.
+    // Importing objects (archives) and fonts is not implemented.
     const QString title = QCoreApplication::translate("FileSystem", "Unsupported file.");
     alerts.showAlert(title.toStdString(), file.filename().string());
     return false;

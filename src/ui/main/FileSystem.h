@@ -7,9 +7,9 @@ namespace zelvo::ui {
 
 class Alerts;
 
-/// What becomes of files that the system hands over. Has no state.
+/// Handles files that the system passes to the program.
 struct FileSystem {
-    /// Whether the program took the file; says so where it did not.
+    /// Whether the program has accepted the file; otherwise it shows an alert.
     static bool open(const std::filesystem::path& file, Alerts& alerts);
 };
 

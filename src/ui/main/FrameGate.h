@@ -13,17 +13,17 @@ class QQuickWindow;
 
 namespace zelvo::ui {
 
-/// Lets a window begin a frame only when its last one is on the screen and a run keeps its time.
+/// Lets a window start a frame only if the last frame is on the screen and the run is not late.
 ///
-/// Whatever changes in a window asks for a frame: the running time alone does so with every tick.
-/// To hand a frame over, the main thread waits until the drawing thread is free. Without the gate
-/// that is all the time the last frame takes, and ticks and presses wait as well.
+/// Every change in a window requests a frame; the running time does so with every tick. To start a
+/// frame, the main thread waits until the drawing thread is free. Without the gate it would wait
+/// for the whole last frame, and so would ticks and presses.
 ///
-///     asked for ──> is the last one drawn? ──> does the clock lose time? ──> begins
-///                     no: once it is             yes: after a rest (LostTime)
+///     requested ──> is the last one drawn? ──> is the clock late? ──> starts
+///                     no: waits for it           yes: pauses (LostTime)
 class FrameGate final : public QObject {
 public:
-    /// The window may go first.
+    /// The window may be destroyed first.
     FrameGate(QQuickWindow& watched, foundation::RunLoop& loop);
     ~FrameGate() override;
 
@@ -37,9 +37,9 @@ private:
     foundation::RunLoop& runLoop;
     LostTime lostTime;
     foundation::Timer rest;
-    double begun = 0;                    ///< the last frame
+    double begun = 0;                    ///< start of the last frame
     std::atomic<bool> isDrawing = false; ///< set and cleared on the drawing thread
-    bool isAskedFor = false;             ///< a frame, while the last was being drawn
+    bool isAskedFor = false; ///< a frame was requested while the last one was being drawn
     std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);
 };
 

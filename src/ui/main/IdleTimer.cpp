@@ -12,7 +12,7 @@ namespace zelvo::ui {
 
 namespace {
 
-/// Without a bus the library would try to start one, which takes long and leaves a process behind.
+/// Without a bus, the library would try to start one, which takes long and leaves a process behind.
 bool hasBus() {
     return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
            QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
@@ -60,7 +60,7 @@ void IdleTimer::inhibit() {
         isAsking = false;
         if (reply.isValid())
             cookie = reply.value();
-        if (!wantsDisabled) // changed while the answer was on its way
+        if (!wantsDisabled) // it was changed before the answer came
             uninhibit();
     });
 }

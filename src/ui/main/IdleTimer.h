@@ -7,9 +7,9 @@
 
 namespace zelvo::ui {
 
-/// The system's own: after a while without a touch it dims the screen and locks it, which ends a
-/// performance that is being watched. Asked for over the session bus by the desktop's common
-/// interface `org.freedesktop.ScreenSaver`; where there is none nothing happens.
+/// The system's idle timer, which dims and locks the screen after some time without input. It
+/// should not do so while a performance is watched. Uses the desktop's D-Bus interface
+/// `org.freedesktop.ScreenSaver`; without that it does nothing.
 class IdleTimer final : public QObject {
 public:
     IdleTimer();
@@ -17,7 +17,7 @@ public:
     IdleTimer(const IdleTimer&) = delete;
     IdleTimer& operator=(const IdleTimer&) = delete;
 
-    /// The screen stays on as long as it is disabled, at the longest as long as this lives.
+    /// While disabled, the screen stays on; at most as long as this object lives.
     void setDisabled(bool isDisabled);
 
 private:
@@ -26,7 +26,7 @@ private:
 
     bool wantsDisabled = false;
     bool isAsking = false;
-    std::optional<unsigned> cookie; ///< of the inhibition in force
+    std::optional<unsigned> cookie; ///< of the current inhibition
 };
 
 } // namespace zelvo::ui

@@ -16,7 +16,7 @@ void LostTime::runBegan(double now) {
 void LostTime::ticked(double now) {
     const double passed = now - lastTick;
     lastTick = now;
-    const double late = passed - shared::FrameClock::kStep; // below 0 after a late one
+    const double late = passed - shared::FrameClock::kStep; // negative after a late one
     lost = std::clamp(lost + late - kAllowedShare * passed, 0.0, kMaxKept);
 }
 
@@ -25,7 +25,7 @@ void LostTime::runEnded() {
 }
 
 double LostTime::drawsFrom(double last) const {
-    // One beat late is in time: the next one comes when it should.
+    // One late tick is no loss: the next one comes in time.
     if (!runs || lost <= shared::FrameClock::kStep)
         return last;
     return std::min(lastTick + lost / kAllowedShare, last + kLongestRest);

@@ -10,8 +10,8 @@
 
 namespace zelvo::ui {
 
-/// The pair of tabs that switches between style panel and catalogue. A press only asks; whoever
-/// shows a panel lights its tab.
+/// The two tabs for style panel and catalogue. A press only requests a panel; the code that shows
+/// the panel lights its tab.
 class MainMenu : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -26,10 +26,10 @@ public:
     std::function<void()> animClosure;   ///< may be empty
     std::function<void()> layoutClosure; ///< may be empty
 
-    /// For a panel that came on show by another way than a press.
+    /// Lights a tab when its panel was opened without a press.
     void light(Tab tab);
 
-    /// As presses on the tabs.
+    /// Same as presses on the tabs.
     Q_INVOKABLE void askForStyle() { layoutButton.click(); }
 
     Q_INVOKABLE void askForActions() { animButton.click(); }

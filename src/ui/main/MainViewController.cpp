@@ -18,10 +18,10 @@ namespace zelvo::ui {
 namespace {
 
 constexpr double kTopHeight = 45;
-constexpr double kBottomHeight = 94;   ///< of a tablet, as which this screen counts
-constexpr double kHintShare = 1 / 1.5; ///< of the window's width
+constexpr double kBottomHeight = 94;   ///< of a tablet; this screen counts as one
+constexpr double kHintShare = 1 / 1.5; ///< share of the window's width
 constexpr double kHintAspect = 9.0 / 16;
-constexpr const char* kStylePanel = "LayouterMenu"; ///< their views
+constexpr const char* kStylePanel = "LayouterMenu"; ///< names of their views
 constexpr const char* kCataloguePanel = "ActionsMenu";
 constexpr const char* kHintMovie = "HintRecordAction.mp4";
 
@@ -46,7 +46,7 @@ MainViewController::MainViewController(const Services& given)
 
 MainViewController::~MainViewController() {
     services.model.setSceneView(nullptr);
-    // No turn of the loop may come any more: what was left to the next one goes now.
+    // There may be no further turn of the loop, so delete now what was left for it.
     (void)currentBottomViewController.release();
     (void)screen_.release();
     (void)hint_.release();
@@ -61,7 +61,7 @@ void MainViewController::wire() {
     controlMenu.undoAction = posted([&controller] { controller.undo(); });
     controlMenu.redoAction = posted([&controller] { controller.redo(); });
     controlMenu.showHistoryAction = posted([this] { showHistory(); });
-    // The tab of the panel on show changes nothing: no run stops, no tab of the panel goes.
+    // The tab of the current panel does nothing: no run stops, no panel is replaced.
     mainMenu.animClosure = posted([this] {
         if (panelView_ != kCataloguePanel)
             showAnim();
@@ -194,7 +194,7 @@ void MainViewController::present(QObject* controller, const char* view) {
     if (controller != nullptr)
         controller->setParent(this);
     screenView_ = QString::fromLatin1(view);
-    valueLabel.dismiss(); // what it tells is of the screen before
+    valueLabel.dismiss(); // its message belongs to the screen before
     Q_EMIT screenChanged();
 }
 
@@ -205,7 +205,7 @@ void MainViewController::dismissScreen() {
 void MainViewController::showHistory() {
     if (screen_)
         return;
-    if (services.model.isPlaying()) // the screen shows what stands, and has no button to stop
+    if (services.model.isPlaying()) // the new screen has no button to stop the run
         services.model.stop(core::Reset::toStart);
     auto history = std::make_unique<HistoryController>(services);
     connect(history.get(), &HistoryController::dismissed, this, &MainViewController::dismissScreen);

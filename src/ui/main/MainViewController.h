@@ -28,15 +28,15 @@ namespace zelvo::ui {
 
 class VideoAlertViewController;
 
-/// The program's one lasting screen: the stage, the bar above it, and below it one of two panels,
-/// which are built anew on every switch. A switch stops a run.
+/// The main screen: the stage, the bar above it, and one of two panels below it. A panel is built
+/// anew on every switch; switching stops a run.
 ///
 ///     ┌ mainMenu  controlMenu ─────────────────── shareButton ┐  topHeight
 ///     │                        stage                          │
 ///     │ speedViewController                                   │
 ///     └ panel: LayouterMenu or ActionsMenu ───────────────────┘  bottomHeight
 ///
-/// Screens lie over all of it, one at a time.
+/// Other screens cover all of it, one at a time.
 class MainViewController final : public QObject, private GestureDelegate {
     Q_OBJECT
     Q_MOC_INCLUDE("ui/controls/Alerts.h")
@@ -66,7 +66,7 @@ class MainViewController final : public QObject, private GestureDelegate {
 
 public:
     static constexpr double kFadeDelay = 0.8;    ///< seconds until the stage appears
-    static constexpr double kFadeDuration = 1.9; ///< seconds it takes to
+    static constexpr double kFadeDuration = 1.9; ///< length of the fade
 
     explicit MainViewController(const Services& given);
     ~MainViewController() override;
@@ -74,7 +74,7 @@ public:
     MainViewController& operator=(const MainViewController&) = delete;
 
 private:
-    Services services; // before what is built from it
+    Services services; // first, because other members are built from it
 
 public:
     MyButton shareButton;
@@ -82,19 +82,20 @@ public:
     ControlMenu controlMenu;
     SpeedViewController speedViewController;
     Stage stage;
-    GestureDelegate* gestureDelegate = nullptr; ///< of the panel on show; null: gestures go nowhere
+    /// of the current panel; null: gestures are ignored
+    GestureDelegate* gestureDelegate = nullptr;
 
     Q_INVOKABLE void showAnim();
     Q_INVOKABLE void showLayouterMenu();
-    /// Opens the export screen, or tells what is missing. Nothing happens where the button is off.
+    /// Opens the export screen, or says what is missing. Does nothing if the button is disabled.
     Q_INVOKABLE void share();
     void shareAction();
-    /// Recording and export are possible from the catalogue alone.
+    /// Recording and export are only possible while the catalogue is shown.
     void setEditing(bool enabled);
-    /// Whether the program took the file.
+    /// Whether the program has accepted the file.
     Q_INVOKABLE bool openURL(const QUrl& url);
 
-    /// The window's size, device-independent pixels.
+    /// The window's size in device-independent pixels.
     Q_INVOKABLE void setViewSize(QSizeF size) { viewSize = size; }
 
     Q_INVOKABLE void toggleVisualizer() { visualizer.toggle(); }
@@ -111,11 +112,11 @@ public:
 
     [[nodiscard]] double shareAlpha() const { return shareButton.isEnabled() ? 1.0 : 0.1; }
 
-    /// What the stage's opacity goes to.
+    /// The target of the stage's opacity.
     [[nodiscard]] double sceneAlpha() const { return sceneAlpha_; }
 
     [[nodiscard]] int sceneFadeMilliseconds() const;
-    /// Brings the stage's opacity there within that many seconds.
+    /// Fades the stage's opacity to `alpha` in that time.
     void fadeScene(double alpha, double seconds);
     [[nodiscard]] static double topHeight();
     [[nodiscard]] static double bottomHeight();
@@ -150,7 +151,7 @@ Q_SIGNALS:
     void sceneAlphaChanged();
 
 private:
-    // What lies under QML goes with the next turn of the loop, when no view shows it any more.
+    // Objects that QML still uses are deleted in the next turn of the loop.
     struct Later {
         void operator()(QObject* object) const { object->deleteLater(); }
     };
@@ -171,7 +172,7 @@ private:
     void showExport();
     void askForActions();
     void showHint();
-    /// Runs it with the next turn of the loop, unless this is gone by then.
+    /// Runs the call in the next turn of the loop, unless this object is gone by then.
     [[nodiscard]] std::function<void()> posted(std::function<void()> call) const;
 
     CameraGestures cameraGestures;

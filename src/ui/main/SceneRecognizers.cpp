@@ -13,16 +13,17 @@ namespace {
 
 using actions::GestureState;
 
-constexpr float kMinDistance = 1; ///< points: fingers on one spot have no ratio
+constexpr float kMinDistance = 1; ///< points; fingers at one place have no ratio
 constexpr float kMinScale = 0.01f;
 constexpr float kScaleADegree = 0.0125f; ///< a notch of the wheel, 15 degrees, is about a fifth
-/// Seconds between the notches of a wheel that turns fast. A slow turn has kWheelPause between
-/// them, a single notch counts as one: the time of its event says nothing.
+/// Seconds between notches of a wheel that turns fast. Between slow ones there is kWheelPause; this
+/// is also assumed for a single notch, because its time is unknown.
 constexpr double kFastNotch = 1.0 / 15;
-/// What the velocities of one turn of the wheel come to at most: the camera stops before the title.
+/// The velocities of one turn of the wheel add up to at most this: the camera stops in front of the
+/// title.
 constexpr float kWheelReach = 30;
-/// Seconds that a change of the scale takes at least: two events of one moment are no infinite
-/// speed.
+/// The smallest time between two changes of scale, in seconds. Two events at the same time must not
+/// give an infinite velocity.
 constexpr double kMinTime = 1.0 / 120;
 
 } // namespace
@@ -167,7 +168,7 @@ void SceneRecognizers::tap(const glm::vec2& place) {
                           glm::distance(place, lastTap->place) <= kTapDistance;
     delegate.handleTap({place, viewSize});
     if (isSecond) {
-        lastTap.reset(); // a third one begins anew
+        lastTap.reset(); // a third tap starts again
         delegate.handleDoubleTap({place, viewSize});
     } else {
         lastTap = Tap{now, place};

@@ -12,19 +12,20 @@
 
 namespace zelvo::ui {
 
-/// Tells pans, pinches and taps apart in what fingers, mouse, touchpad and wheel do on the scene.
+/// Recognises pans, pinches and taps on the scene, from fingers, mouse, touchpad and wheel.
 ///
 ///     one finger    down ── moves 10 points ──> pan ... up: ended
-///                   down ── up ──> tap, and a second one soon after and near: double tap too
+///                   down ── up ──> tap; a second one soon after and near: also a double tap
 ///     two fingers   a pan ends, a pinch begins ... one goes: ended
 ///
-/// Fingers have numbers of the caller's choice. A third finger is nobody's business.
+/// The caller numbers the fingers. A third finger is ignored.
 class SceneRecognizers {
 public:
-    static constexpr float kSlop = 10;         ///< points a finger may move in a tap
-    static constexpr double kTapTime = 0.35;   ///< seconds between the taps of a double tap
-    static constexpr float kTapDistance = 40;  ///< points between them
-    static constexpr double kWheelPause = 0.2; ///< seconds without a step that end a wheel's pinch
+    static constexpr float kSlop = 10;        ///< points that a finger may move in a tap
+    static constexpr double kTapTime = 0.35;  ///< seconds between the taps of a double tap
+    static constexpr float kTapDistance = 40; ///< points between them
+    /// seconds without a step after which a wheel's pinch ends
+    static constexpr double kWheelPause = 0.2;
 
     SceneRecognizers(foundation::RunLoop& loop, GestureDelegate& receiver);
 
@@ -33,20 +34,20 @@ public:
     void press(int finger, const glm::vec2& place);
     void move(int finger, const glm::vec2& place);
     void release(int finger, const glm::vec2& place);
-    /// The mouse without a pressed button; empty: it has left the view.
+    /// The mouse moves without a pressed button; empty: it has left the view.
     void hover(const std::optional<glm::vec2>& place);
-    /// The system takes all fingers away; a pinch of the wheel or a touchpad goes on.
+    /// The system cancels all fingers. A pinch by wheel or touchpad continues.
     void cancel();
 
-    /// A touchpad's own pinch: `growth` is what the scale grew by since the last call. The first
-    /// one begins it.
+    /// A pinch on a touchpad; the first call begins it. `growth` is the change of scale since the
+    /// last call.
     void growPinch(float growth, const glm::vec2& place);
     void endPinch();
-    /// A step of the wheel with Ctrl, in degrees; the first one begins a pinch. A fast turn pinches
-    /// faster than a slow one.
+    /// A step of the wheel with Ctrl, in degrees; the first one begins a pinch. A faster turn
+    /// pinches faster.
     void turnWheel(float degrees, const glm::vec2& place);
 
-    /// Something is under way, or was until just now.
+    /// Whether a gesture is in progress.
     [[nodiscard]] bool isActive() const { return isPanning || isPinching || !fingers.empty(); }
 
 private:
@@ -68,16 +69,16 @@ private:
     foundation::RunLoop& runLoop;
     GestureDelegate& delegate;
     glm::vec2 viewSize{1};
-    std::map<int, glm::vec2> fingers; ///< where each is now
-    glm::vec2 start{0};               ///< where the first finger went down
+    std::map<int, glm::vec2> fingers; ///< current places
+    glm::vec2 start{0};               ///< where the first finger was pressed
     bool mayBeTap = false;
     bool isPanning = false;
     bool isPinching = false;
     float startDistance = 1;
     float scale = 1;
     float velocity = 0;
-    float wheelReached = 0; ///< the velocities of the wheel's pinch, added up
-    double scaleTime = 0;   ///< of the last change of the scale
+    float wheelReached = 0; ///< sum of the velocities in the wheel's pinch
+    double scaleTime = 0;   ///< time of the last change of scale
     glm::vec2 pinchPlace{0};
     std::optional<Tap> lastTap;
     foundation::Timer wheelEnd;

@@ -35,7 +35,7 @@ void Stage::askForFrame() {
 }
 
 bool Stage::needsFrame() {
-    // Amid a performance no frame may take long, though nothing moves just then.
+    // During a performance no frame may take long, even if nothing moves at the moment.
     const bool mayRest = window.pictureKey && !isBusy();
     scale.nextShows(mayRest ? window.pictureKey() : std::nullopt);
     return !scale.isDrawn();
@@ -62,7 +62,7 @@ void Stage::animate() {
     const double now = services.runLoop.now();
     const double passed = std::clamp(now - animated, 0.0, kMaxStep);
     animated = now;
-    // An export animates the scene by its own clock; afterwards this one goes on from there.
+    // An export animates the scene by its own clock; afterwards this clock continues from there.
     if (const scene::SCNScenePtr scene = view.scene())
         view.update(scene->time() + passed);
 }

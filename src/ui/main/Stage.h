@@ -16,16 +16,17 @@
 
 namespace zelvo::ui {
 
-/// The live stage without its window: the view that the model knows, its clock, its pace, and the
-/// fingers on it.
+/// The live stage without its window: the view that the model uses, its clock, its frame rate, and
+/// gestures.
 ///
 ///     askForFrame ──> animates, asks the window ──> frameShown ── rest of the interval ──┐
 ///         ^──────────────────────────────────────────────────────────────────────────────┘
 ///
-/// What stands still is not drawn again and again, which leaves the machine to others.
+/// A picture that does not change is not drawn again, so that other programs get the processor.
 ///
-/// The scene's clock follows the run loop's, whether a window shows it or not. Full pace while
-/// something is performed or touched, half of it else. The scene changes on the main thread alone.
+/// The scene's clock follows the run loop's, with and without a window. Full frame rate while
+/// something is performed or touched, otherwise half of it. The scene changes only on the main
+/// thread.
 class Stage final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -36,34 +37,34 @@ class Stage final : public QObject {
 public:
     static constexpr double kFullPace = 1.0 / 60; ///< seconds a frame
     static constexpr double kRestPace = 1.0 / 30;
-    static constexpr double kWithoutWindow = 0.1; ///< until the next frame where nothing is shown
-    /// The most that the scene's clock goes on by in one frame: after a standstill nothing leaps.
+    static constexpr double kWithoutWindow = 0.1; ///< until the next frame, if nothing is shown
+    /// The largest step of the scene's clock in one frame: nothing jumps after a delay.
     static constexpr double kMaxStep = 0.25;
 
     Stage(const Services& given, GestureDelegate& delegate);
 
-    /// What the model shows its scene on. It draws nothing itself.
+    /// The view that the model uses. It draws nothing itself.
     scene::HeadlessView view;
     SceneRecognizers recognizers;
 
     struct Window {
-        /// Asks for a picture of the scene as it stands; empty: there is no window.
+        /// Requests a picture of the current scene; empty: there is no window.
         std::function<void()> requestFrame;
-        /// What that would show (SCNView::pictureKey); empty: always something new.
+        /// What it would show (SCNView::pictureKey); empty: always different.
         std::function<std::optional<std::uint64_t>()> pictureKey;
     };
 
     void setWindow(Window shownBy);
 
-    /// The window's size is another: what stands still is to be drawn anew.
+    /// The window has a new size: a picture must be drawn, even if nothing else changes.
     void windowResized() { scale.nextShows(std::nullopt); }
 
-    /// Whether the last picture shows the scene as it stands, as finely as it will be.
+    /// Whether the last picture shows the current scene in its final quality.
     [[nodiscard]] bool isDrawn() const { return scale.isDrawn(); }
 
-    /// The picture that was asked for is on the screen.
+    /// The requested picture is on the screen.
     void frameShown();
-    /// The window cannot draw. Said once.
+    /// The window cannot draw. Reported once.
     Q_INVOKABLE void failGraphics(const QString& why);
 
     [[nodiscard]] double drawScale() const { return scale.value(); }
@@ -84,7 +85,7 @@ private:
     DrawScale scale;
     Window window;
     foundation::Timer next;
-    double asked = 0;    ///< when the last picture was asked for
+    double asked = 0;    ///< when the last picture was requested
     double animated = 0; ///< when the scene was last animated
     bool isWaiting = false;
     int shown = 0;

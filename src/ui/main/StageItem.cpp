@@ -21,11 +21,11 @@ namespace zelvo::ui {
 
 namespace {
 
-constexpr int kMouse = -1; ///< as a finger
+constexpr int kMouse = -1; ///< as the number of a finger
 constexpr float kDegreesADelta = 1.0f / 8;
-constexpr float kDegreesAPixel = 0.5f; ///< of a touchpad that tells pixels
+constexpr float kDegreesAPixel = 0.5f; ///< for touchpads that report pixels
 
-/// How far the wheel was turned, degrees.
+/// The turn of the wheel in degrees.
 [[nodiscard]] float turnOf(const QWheelEvent& event) {
     if (!event.pixelDelta().isNull())
         return static_cast<float>(event.pixelDelta().y()) * kDegreesAPixel;
@@ -37,22 +37,22 @@ constexpr float kDegreesAPixel = 0.5f; ///< of a touchpad that tells pixels
 }
 
 std::unique_ptr<QOpenGLFramebufferObject> makeTarget(QSize size) {
-    // Without alpha: the stage covers what lies behind it.
+    // Without alpha, because the stage covers everything behind it.
     constexpr unsigned kRgb8 = 0x8051;
     QOpenGLFramebufferObjectFormat format;
     format.setInternalTextureFormat(kRgb8);
     return std::make_unique<QOpenGLFramebufferObject>(size, format);
 }
 
-/// What the model shows becomes what is drawn.
+/// Attaches the model's scene to the view that draws.
 void attach(render::SCNView& drawn, const scene::HeadlessView& shown) {
     drawn.setScene(shown.scene());
     drawn.pointOfView = shown.pointOfView;
     drawn.technique = shown.technique;
 }
 
-/// Draws while the main thread waits, into a picture of its own; what comes to the window is that
-/// picture, which stays when the scene has gone into an export.
+/// Draws into its own picture while the main thread waits. The window shows this picture, also
+/// after the scene has moved to an export.
 class StageRenderer final : public QQuickFramebufferObject::Renderer {
 protected:
     void synchronize(QQuickFramebufferObject* item) override {
@@ -155,7 +155,7 @@ void StageItem::itemChange(ItemChange change, const ItemChangeData& data) {
         stage_->windowResized();
     if (change != ItemSceneChange || data.window == nullptr)
         return;
-    // The window tells it on its drawing thread; what follows belongs to this one.
+    // The signal comes on the window's drawing thread; the rest must run on this one.
     connect(
         data.window,
         &QQuickWindow::frameSwapped,
@@ -189,7 +189,8 @@ bool StageItem::event(QEvent* event) {
     const auto& gesture = static_cast<const QNativeGestureEvent&>(*event);
     SceneRecognizers& recognizers = stage_->recognizers;
     switch (gesture.gestureType()) {
-    case Qt::BeginNativeGesture: // a swipe begins likewise: a pinch begins as it grows
+    // a swipe begins in the same way, so a pinch starts only when it grows
+    case Qt::BeginNativeGesture:
         return true;
     case Qt::ZoomNativeGesture:
         recognizers.growPinch(static_cast<float>(gesture.value()), vec(gesture.position()));
@@ -265,7 +266,7 @@ void StageItem::wheelEvent(QWheelEvent* event) {
 }
 
 void StageItem::hoverMoveEvent(QHoverEvent* event) {
-    event->ignore(); // what lies below may follow the pointer too
+    event->ignore(); // items below may follow the pointer, too
     if (stage_ != nullptr)
         stage_->recognizers.hover(vec(event->position()));
 }

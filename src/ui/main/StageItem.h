@@ -16,8 +16,8 @@ namespace zelvo::ui {
 
 class Stage;
 
-/// Shows a Stage in a window and takes the fingers on it. Drawn in the window's own context, on
-/// the thread that the window draws with, while the main thread waits for it.
+/// Shows a Stage in a window and passes gestures to it. Draws in the window's OpenGL context and on
+/// its drawing thread, while the main thread waits.
 class StageItem : public QQuickFramebufferObject {
     Q_OBJECT
     Q_MOC_INCLUDE("ui/main/Stage.h")
@@ -34,8 +34,8 @@ public:
 
     [[nodiscard]] Renderer* createRenderer() const override;
 
-    /// What draws the stage. It is used by either thread while the other one waits or has no part
-    /// in it: commands are given in synchronize alone.
+    /// The view that draws the stage. Both threads use it, but never at the same time: OpenGL
+    /// commands are given only in `synchronize`.
     void setDrawnBy(const std::shared_ptr<render::SCNView>& view) { drawnBy = view; }
 
 Q_SIGNALS:

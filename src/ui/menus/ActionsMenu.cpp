@@ -20,7 +20,7 @@ QString toQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// What the user has chosen up to now.
+/// A press context with the user's current choices.
 catalogue::PressContext contextOf(const core::Model& model) {
     return {model.actionController(), model.affectedNodes(), model.animationFactor()};
 }
@@ -134,7 +134,7 @@ QList<MyButton*> ActionsMenu::pageOf(const MyButton& tab) const {
 void ActionsMenu::buttonStack1() {
     showPage(tabsOfPage(1));
     stackView.select(0);
-    show(*catalogue::tabNamed("FLY")); // while OT1 is lit: so it is meant
+    show(*catalogue::tabNamed("FLY")); // OT1 is lit above the buttons of FLY; this is intended
 }
 
 void ActionsMenu::buttonStack2() {
@@ -158,7 +158,7 @@ void ActionsMenu::showFX4() {
 }
 
 void ActionsMenu::setActionButtons(std::vector<std::unique_ptr<FuncButton>> buttons) {
-    // The former ones live until the view has let go of them; one that is held ends there.
+    // The old buttons live until the view no longer uses them; a held one is released then.
     const auto former = std::exchange(actionsStackView, std::move(buttons));
     Q_EMIT actionsChanged();
 }
@@ -208,7 +208,7 @@ void ActionsMenu::previousTab() {
 void ActionsMenu::step(qsizetype by) {
     const auto order = tabsInOrder();
     if (order.isEmpty())
-        return; // not on show yet
+        return; // not shown yet
     const auto here = std::max<qsizetype>(order.indexOf(litTab()), 0);
     auto* const next = order[(here + by + order.size()) % order.size()];
     if (!stackView.arranged().contains(next))

@@ -16,15 +16,15 @@
 
 namespace zelvo::ui {
 
-/// The catalogue as one plays it: a row of tabs and the six buttons of the tab that is open.
+/// The catalogue for performing: a row of tabs, and the six buttons of the open tab.
 ///
-/// Where the window is wide enough the row holds all tabs; else it has two pages with an
-/// arrow between them:
+/// If the window is wide enough, the row shows all tabs. Otherwise it has two pages with an arrow
+/// between them:
 ///
 ///     page one   OT1 OT2 OT3 FLY IN1 IN2 IN3 IN4  >
 ///     page two   <  TXT ROT CAM FX1 FX2 FX3
 ///
-/// It comes on show with IN1 open, or on page one with OT1 lit over the buttons of FLY.
+/// At first IN1 is open, or page one is shown with OT1 lit above the buttons of FLY.
 class ActionsMenu final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -47,32 +47,33 @@ public:
     MyButton speedButton;
     TabStackView stackView;
 
-    /// Told whether the strip of speed and nodes is to show; may be empty.
+    /// Called with whether the strip of speed and nodes should be shown; may be empty.
     std::function<void(bool)> speedClosure;
 
-    /// Comes on show: chooses the row, opens its first tab, brings the speed button up to date.
+    /// When the view appears: chooses the kind of row, opens its first tab, updates the speed
+    /// button.
     Q_INVOKABLE void viewWillAppear();
-    /// The view's width changed, or what all tabs would take up: turns to the other kind
-    /// of row where it has to, with the tab that is open kept.
+    /// The width of the view, or of a row with all tabs, has changed: switches the kind of row if
+    /// needed and keeps the open tab.
     Q_INVOKABLE void setWidths(qreal available, qreal fullRow);
 
-    /// The button at that place of the open tab, by a key. The same rules as by a finger: what is
-    /// pressed already is not pressed again. No button there: nothing happens.
+    /// Presses a button of the open tab by key. As with a finger, a pressed button is not pressed
+    /// again. Does nothing if there is no such button.
     Q_INVOKABLE void pressButton(int index);
     Q_INVOKABLE void releaseButton(int index);
-    /// Opens the neighbour of the lit tab, across pages, around the ends.
+    /// Opens the next tab, on the other page if needed; the first follows the last.
     Q_INVOKABLE void nextTab();
     Q_INVOKABLE void previousTab();
 
     void buttonStack1();
     void buttonStack2();
     void updateSpeedButton();
-    /// Has no tab: an empty row.
+    /// Shows an empty row; no tab belongs to it.
     void showFX4();
 
-    /// The button of a tab of the catalogue, by the name of its field.
+    /// The button of a catalogue tab, by the tab's field.
     [[nodiscard]] MySegmentedStackButton& tabButton(std::string_view field) const;
-    /// What all tabs show, side by side.
+    /// The titles of all tabs, for measuring their width.
     [[nodiscard]] QString tabTitles() const;
 
     [[nodiscard]] const std::vector<std::unique_ptr<FuncButton>>& actionButtons() const {
@@ -99,7 +100,8 @@ private:
     [[nodiscard]] QList<MyButton*> pageOf(const MyButton& tab) const;
     [[nodiscard]] QList<MyButton*> tabsInOrder() const;
     [[nodiscard]] const MySegmentedStackButton* litTab() const;
-    /// Its buttons; those on show already stay, with what is held on them.
+    /// Shows the tab's buttons. If they are shown already, they stay, so that held ones remain
+    /// held.
     void show(const catalogue::Tab& tab);
     void setActionButtons(std::vector<std::unique_ptr<FuncButton>> buttons);
     void showFullRow();

@@ -15,8 +15,8 @@ namespace zelvo::ui {
 
 class TimePickerView;
 
-/// The transport of the performance: start and stop, duration, undo, redo, history, delete all.
-/// What a press does is set by the screen around it.
+/// The controls of the performance: start and stop, duration, undo, redo, history, delete all. The
+/// screen sets what the buttons do.
 class ControlMenu final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -33,9 +33,9 @@ public:
     ControlMenu& operator=(const ControlMenu&) = delete;
 
     // Each may be empty.
-    std::function<void(bool)> playAction; ///< true from the record button
+    std::function<void(bool)> playAction; ///< true if the record button was used
     std::function<void()> showHistoryAction;
-    std::function<void()> deleteAllActions; ///< after the user has said yes
+    std::function<void()> deleteAllActions; ///< called after the user has confirmed
     std::function<void()> undoAction;
     std::function<void()> redoAction;
 
@@ -50,7 +50,7 @@ public:
     MyButton historyButton;
     MyButton deleteAllButton;
 
-    /// The whole menu is usable; false also dims it.
+    /// Whether the whole menu is enabled; false also dims it.
     [[nodiscard]] bool buttonsEnabled() const { return enabled; }
 
     void setButtonsEnabled(bool isUsable);
@@ -60,11 +60,11 @@ public:
 
     [[nodiscard]] RecordButton* recordObject() { return &recordButton; }
 
-    /// Those behind the record button, in the order of the bar.
+    /// The buttons after the record button, in order.
     [[nodiscard]] QList<MyButton*> buttonObjects();
 
-    // What the buttons do, for keys as well. Nothing happens where the button is disabled or the
-    // menu is not usable.
+    // Actions of the buttons, also for keys. They do nothing while the button or the menu is
+    // disabled.
     Q_INVOKABLE void record();
     Q_INVOKABLE void undo();
     Q_INVOKABLE void redo();
@@ -86,7 +86,8 @@ private:
     void pressIfUsable(MyButton& button) const;
 
     bool enabled = false;
-    std::shared_ptr<TimePickerView> picker; ///< of the last duration dialog, which may be on show
+    /// of the last duration dialog, which may still be shown
+    std::shared_ptr<TimePickerView> picker;
     std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);
 };
 

@@ -14,8 +14,8 @@ class Model;
 
 namespace zelvo::ui {
 
-/// At once the start button and the running time: counts down through the count-in, then up. Keeps
-/// still while a movie is written.
+/// The start button, which also shows the time: it counts down in the count-in and then up. It does
+/// not change while a movie is written.
 class RecordButton final : public zelvo::ui::MyLabelButton {
     Q_OBJECT
     QML_ELEMENT

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kNormalTag = 3;
 
-/// By tag: the rows of core::kSpeeds in their order.
+/// By tag, in the order of core::kSpeeds.
 constexpr auto kSpeedTitles = std::to_array<const char*>({"---", "--", "-", "O", "+", "++", "+++"});
 static_assert(kSpeedTitles.size() == core::kSpeeds.size());
 

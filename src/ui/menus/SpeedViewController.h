@@ -15,8 +15,8 @@
 
 namespace zelvo::ui {
 
-/// The strip above the catalogue: which nodes the next action works on and how fast it plays. Both
-/// choices live in the model and so outlast the strip.
+/// The strip above the catalogue: the nodes for the next action and its speed. Both are stored in
+/// the model, so they remain when the strip is closed.
 class SpeedViewController final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -33,16 +33,16 @@ public:
     // clang-format on
     TabStackView speedStackView;
 
-    /// The strip comes on show: reads the choice of nodes from the model.
+    /// When the view appears: reads the chosen nodes from the model.
     Q_INVOKABLE void viewWillAppear();
 
     [[nodiscard]] bool isHidden() const { return hidden; }
 
     void setHidden(bool isGone);
 
-    /// The node button of that tag (0 to 3) was pressed.
+    /// The node button with this tag (0 to 3) was pressed.
     void nodeAction(int tag);
-    /// The speed of that tag, 0 (slowest) to 6; any other means the normal one.
+    /// Sets the speed with this tag, 0 (slowest) to 6; any other tag means normal.
     void speedAction(int tag);
 
     [[nodiscard]] QList<MyButton*> nodeObjects();

@@ -8,7 +8,7 @@
 
 namespace zelvo::ui {
 
-/// Two wheels, minutes and seconds, of which neither lets a duration under two seconds be picked.
+/// Two wheels for minutes and seconds. Durations under two seconds cannot be chosen.
 class TimePickerView final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -21,10 +21,10 @@ public:
     static constexpr int kRows = 60; ///< of each wheel
     static constexpr int kMinSeconds = 2;
 
-    /// Component 0 and 1.
+    /// The components 0 and 1.
     enum Wheel { minutesWheel, secondsWheel };
 
-    /// Of a duration in seconds, its hours left out.
+    /// Starts at a duration in seconds, without its hours.
     explicit TimePickerView(double duration, QObject* parent = nullptr);
 
     [[nodiscard]] int minutes() const { return minutes_; }
@@ -33,12 +33,12 @@ public:
 
     [[nodiscard]] static int rows() { return kRows; }
 
-    /// What the wheels stand at, in seconds.
+    /// The chosen duration in seconds.
     [[nodiscard]] double duration() const { return minutes_ * 60.0 + seconds_; }
 
-    /// The wheel `component` came to rest at `row`. A row that no wheel has is held to the nearest.
+    /// The wheel `component` stopped at `row`; the row is clamped.
     Q_INVOKABLE void select(int component, int row);
-    /// A digit, 0 to 9, for the wheel: the first begins a number, a second one completes it.
+    /// A typed digit, 0 to 9: the first one starts a number, the second one completes it.
     Q_INVOKABLE void type(int component, int digit);
 
 Q_SIGNALS:
@@ -52,7 +52,7 @@ private:
 
     int minutes_;
     int seconds_;
-    std::optional<Typed> typed; ///< a first digit
+    std::optional<Typed> typed; ///< the first digit of a number
 };
 
 } // namespace zelvo::ui

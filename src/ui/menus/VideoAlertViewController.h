@@ -11,14 +11,14 @@
 
 namespace zelvo::ui {
 
-/// Places what it presents in the middle of the container, in the size asked for.
+/// Centres the presented view in the container, in the requested size.
 struct HalfSizePresentationController {
     QSizeF presentationSize;
 
     [[nodiscard]] QRectF frameOfPresentedView(const QSizeF& container) const;
 };
 
-/// A short hint movie over the screen, played again and again until it is dismissed.
+/// A short hint movie on top of the screen. It repeats until it is dismissed.
 class VideoAlertViewController final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -30,10 +30,10 @@ class VideoAlertViewController final : public QObject {
     Q_PROPERTY(bool isPlaying READ isPlaying NOTIFY changed)
 
 public:
-    static constexpr qreal kBarHeight = 44; ///< below the movie, with the button
+    static constexpr qreal kBarHeight = 44; ///< bar with the button, below the movie
 
-    /// The size is that of the movie. The text says the same as the movie where none can be shown;
-    /// a picture beside the movie, of its name and .png, stands in for it.
+    /// The size is that of the movie. If no movie can be shown, the text is shown instead, and a
+    /// picture with the movie's name and the extension .png, if there is one.
     VideoAlertViewController(
         const std::filesystem::path& path,
         QSizeF size,
@@ -42,12 +42,12 @@ public:
 
     [[nodiscard]] QSizeF preferredContentSize() const { return presentation.presentationSize; }
 
-    /// Where the view stands in its container.
+    /// The place of the view in its container.
     Q_INVOKABLE [[nodiscard]] QRectF frameIn(qreal width, qreal height) const;
 
     [[nodiscard]] QUrl movie() const { return movie_; }
 
-    /// Empty where there is none.
+    /// Empty if there is none.
     [[nodiscard]] QUrl still() const { return still_; }
 
     [[nodiscard]] QString text() const { return text_; }
@@ -61,7 +61,7 @@ public:
 
 Q_SIGNALS:
     void changed();
-    /// Whoever shows it takes it away.
+    /// The receiver must remove it.
     void dismissed();
 
 private:

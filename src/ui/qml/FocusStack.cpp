@@ -83,7 +83,8 @@ void FocusStack::keepFocusOnTop() {
     QQuickItem* const upper = top();
     if (focus == nullptr || upper == nullptr || holds(upper, focus) || !answersFor(focus))
         return;
-    upper->forceActiveFocus(Qt::TabFocusReason); // as after a key, so that one sees where it is
+    // with the reason of a key, so that the focus is visible
+    upper->forceActiveFocus(Qt::TabFocusReason);
 }
 
 bool FocusStack::eventFilter(QObject*, QEvent* event) {

@@ -8,18 +8,18 @@
 
 namespace zelvo::ui {
 
-/// Gives the keys to what lies on top. Its layers are those of its children that are focus scopes;
-/// the last of them that is visible is the top:
+/// Gives the keyboard focus to the top layer. Layers are the children that are focus scopes; the
+/// top is the last visible one:
 ///
 ///     main screen < screen < hint < alert        all keys go to the alert
 ///     main screen < screen < (hint) < (alert)    the others are hidden: all keys go to the screen
 ///
-/// Layers below the top are disabled and take neither keys nor presses. Each remembers which of its
-/// items had the focus. Whatever asks for the focus elsewhere, the top gets it back; only popups of
-/// the toolkit, which lie over all layers, keep theirs.
+/// Layers below the top are disabled: they get no keys and no presses. Each layer remembers its
+/// focused item. If an item elsewhere takes the focus, the top gets it back; only popups of the
+/// toolkit, which are above all layers, keep it.
 ///
-/// A press beside the item that has the focus takes the focus away from it: the layer itself then
-/// has the keys. Stacks may stand within each other.
+/// A press outside of the focused item takes the focus from it, so that the layer itself gets the
+/// keys. Stacks can be nested.
 class FocusStack : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
@@ -35,7 +35,7 @@ protected:
 
 private:
     [[nodiscard]] std::vector<QQuickItem*> layers() const;
-    /// Null: there is none.
+    /// Null if there is none.
     [[nodiscard]] QQuickItem* top() const;
     [[nodiscard]] bool answersFor(const QQuickItem* item) const;
     void watch(QQuickWindow* shown);

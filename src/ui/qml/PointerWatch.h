@@ -7,9 +7,9 @@
 
 namespace zelvo::ui {
 
-/// Whether the user points with the mouse or a touchpad right now: after a movement of it, until a
-/// finger or a key comes. A control that appears below a resting pointer is not pointed at. In QML
-/// the singleton `Pointer`.
+/// Whether the user is pointing with a mouse or touchpad: true after it moves, false after a touch
+/// or a key. So a control that appears below a resting pointer does not look pointed at. In QML it
+/// is the singleton `Pointer`.
 class PointerWatch final : public QObject {
     Q_OBJECT
     QML_NAMED_ELEMENT(Pointer)

@@ -8,9 +8,8 @@
 
 namespace zelvo::ui {
 
-/// Follows one finger, or the left mouse button, from where it comes down on the item to where it
-/// is let go, wherever it wanders. A second finger on it is taken and ignored; fingers on other
-/// items are none of its business.
+/// Follows one finger, or the left mouse button, from press to release, even if it leaves the item.
+/// A second finger on the item is accepted but ignored; fingers on other items are not affected.
 class PressArea : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
@@ -21,7 +20,7 @@ public:
 Q_SIGNALS:
     void pressed();
     void released();
-    void canceled(); ///< somebody else took the finger
+    void canceled(); ///< another item or the system took the finger
 
 protected:
     void touchEvent(QTouchEvent* event) override;

@@ -10,8 +10,8 @@
 
 namespace zelvo::ui {
 
-/// The colours, radii and typefaces of the interface, for the views; in QML the singleton `Theme`.
-/// Lengths are device-independent pixels.
+/// The colours, radii and fonts of the interface; in QML the singleton `Theme`. Lengths are in
+/// device-independent pixels.
 class Theme final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -38,8 +38,8 @@ class Theme final : public QObject {
 public:
     explicit Theme(QObject* parent = nullptr);
 
-    /// The pixels of text that is `size` pixels where the application's font is 12 pixels, the
-    /// usual size: so text grows with the system's.
+    /// Scales a text size with the system's font: `size` is for an application font of 12 pixels,
+    /// the usual size.
     Q_INVOKABLE [[nodiscard]] int px(qreal size) const { return qRound(size * textScale); }
 
     const QColor accent = kAccentColor;
@@ -49,7 +49,7 @@ public:
     const QColor background = QColor::fromRgbF(0.01261f, 0.01274f, 0.01378f);
     const QColor bar = QColor::fromRgbF(0.01261f, 0.01274f, 0.01378f, 0.7f);
     const QColor dimmedPanel = QColor::fromRgbF(0.01261f, 0.01274f, 0.01378f, 0.4f);
-    /// Under the bars and panels: white stages must not shine through to their texts.
+    /// Behind bars and panels, so that texts stay readable on a white stage.
     const QColor ground = QColor::fromRgbF(0.01261f, 0.01274f, 0.01378f, 0.7f);
     const QColor separator = QColor::fromRgbF(0.194f, 0.196f, 0.212f);
     const QColor row = QColor::fromRgbF(0.0388f, 0.0392f, 0.0424f);
@@ -58,9 +58,9 @@ public:
     const QColor mutedText = QColor::fromRgbF(0.485f, 0.49f, 0.53f);
     const QColor hint{0xF7, 0xCF, 0x50};
     const QColor howto{0xC8, 0x8E, 0x01};
-    const qreal dimmed = 0.45; ///< opacity of what is off, and still to be found
+    const qreal dimmed = 0.45; ///< opacity of disabled controls, which must still be visible
     const qreal radius = 6;
-    const QString digitsFamily; ///< the system's face with digits of one width
+    const QString digitsFamily; ///< the system's font with digits of equal width
 
 private:
     qreal textScale;

@@ -8,7 +8,7 @@ namespace zelvo::ui {
 
 namespace {
 
-/// ITU-R BT.709 in video range, in 1/65536.
+/// ITU-R BT.709 in video range, in units of 1/65536.
 struct Weights {
     static constexpr int kLuma = 76309;
     static constexpr int kRedOfV = 117489;
@@ -17,12 +17,12 @@ struct Weights {
     static constexpr int kBlueOfU = 138438;
 };
 
-/// A row of the picture: a value of luma for each pixel, of u and v for each two.
+/// A row of the picture: luma for each pixel, u and v for each two pixels.
 struct Row {
     const std::uint8_t* luma;
     const std::uint8_t* u;
     const std::uint8_t* v;
-    int chromaStep; ///< bytes from one value to the next
+    int chromaStep; ///< bytes between two values
 };
 
 std::uint8_t level(int value) {
@@ -72,7 +72,7 @@ void TrueColorSink::setTarget(QVideoSink* sink) {
 
 void TrueColorSink::pass(const QVideoFrame& frame) const {
     const QVideoFrame shown = withTrueColors(frame);
-    // Locked until it is handed over: who takes the target away waits for it.
+    // Locked until the frame is delivered, so that the target cannot be removed meanwhile.
     const std::scoped_lock lock(mutex);
     if (target_ != nullptr)
         target_->setVideoFrame(shown);

@@ -9,15 +9,15 @@
 
 namespace zelvo::ui {
 
-/// Stands between a player and the item that shows its movie, and gives the pictures their colours
-/// itself: the toolkit's own conversion of BT.709 takes the two weights of green for each other, at
-/// least up to Qt 6.4, and shows saturated colours some thirty levels off. In QML:
+/// Converts the colours of a movie between its player and the item that shows it. Qt's own
+/// conversion of BT.709 exchanges the two weights of green (at least up to 6.4), so saturated
+/// colours are wrong by about thirty levels. In QML:
 ///
 ///     MediaPlayer { videoOutput: sink }
 ///     TrueColorSink { id: sink; target: output.videoSink }
 ///
-/// Pictures come, are converted and go on on the player's thread, which the player must have ended
-/// (stop) before the target goes.
+/// Frames are converted and passed on on the player's thread. Stop the player before the target is
+/// destroyed.
 class TrueColorSink : public QVideoSink {
     Q_OBJECT
     QML_ELEMENT
@@ -39,8 +39,8 @@ private:
     QVideoSink* target_ = nullptr;
 };
 
-/// The picture in red, green and blue if it is 4:2:0, BT.709 and of video range, as the program's
-/// movies are; else as it came.
+/// Converts a frame to RGB if it is 4:2:0, BT.709 and video range, as in the program's movies;
+/// returns other frames unchanged.
 [[nodiscard]] QVideoFrame withTrueColors(const QVideoFrame& frame);
 
 } // namespace zelvo::ui

@@ -5,7 +5,7 @@
 
 #include <initializer_list>
 
-// What registers the classes of each module; the build generates them, without a header.
+// The registration function of each module; the build generates them without a header.
 // clang-format off
 extern void qml_register_types_Zelvo();
 extern void qml_register_types_Zelvo_Controls();
@@ -20,8 +20,8 @@ namespace zelvo::ui {
 
 namespace {
 
-/// They register themselves with the first engine that imports them. The linker leaves out of a
-/// static library what nobody names, so they are named here.
+/// Names the registration functions here, because the linker drops parts of a static library that
+/// nobody uses.
 void keepModules() {
     using Register = void (*)();
     static const volatile Register modules[] = {
@@ -34,8 +34,8 @@ void keepModules() {
     static_cast<void>(modules);
 }
 
-/// Movies are shown with the libraries that also write them; the toolkit's other player would need
-/// plugins of its own. It reports its search for decoders on the console, which nobody asked for.
+/// Plays movies with the libraries that also write them. Qt's other player would need plugins of
+/// its own. Also hides the player's messages about its search for decoders.
 void chooseMoviePlayer() {
     constexpr const char* kBackend = "QT_MEDIA_BACKEND";
     if (!qEnvironmentVariableIsSet(kBackend))

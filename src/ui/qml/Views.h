@@ -5,12 +5,12 @@
 
 namespace zelvo::ui {
 
-/// Makes the views known, and the classes that they show. Once, before the first QML engine and the
-/// first sound or movie; needs a QGuiApplication. Movies are played by the FFmpeg libraries unless
+/// Registers the views and the classes they show. Call it once, before the first QML engine and the
+/// first sound or movie; needs a QGuiApplication. Movies are played with FFmpeg unless
 /// QT_MEDIA_BACKEND says otherwise.
 void installViews();
 
-/// Where the view of that name lies ("Main").
+/// The URL of the view with this name ("Main").
 [[nodiscard]] QUrl viewUrl(const QString& name);
 
 } // namespace zelvo::ui

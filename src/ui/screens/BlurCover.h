@@ -9,7 +9,7 @@
 
 namespace zelvo::ui {
 
-/// The dark blur over the main screen while the export screen stands before it, at most one.
+/// The dark blur over the main screen behind the export screen; there is at most one.
 class BlurCover final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -19,22 +19,22 @@ class BlurCover final : public QObject {
     Q_PROPERTY(int fadeMilliseconds READ fadeMilliseconds CONSTANT)
 
 public:
-    /// Small screens get no cover, as the export fills them, but for the two phones whose screen is
-    /// `nativeHeight` 1920 or 2208 pixels.
+    /// Small screens get no cover, because the export fills them, except two phones whose screen
+    /// has a `nativeHeight` of 1920 or 2208 pixels.
     explicit BlurCover(
         foundation::RunLoop& loop,
         core::DeviceIdiom idiom = core::DeviceIdiom::tablet,
         double nativeHeight = 0);
 
-    /// There is a cover, and stays until it has faded.
+    /// Whether there is a cover; true until it has faded out.
     [[nodiscard]] bool isPresent() const { return present; }
 
-    /// What the cover's opacity goes to, in a straight line.
+    /// The target of the cover's opacity, which changes linearly.
     [[nodiscard]] double alpha() const { return alpha_; }
 
     [[nodiscard]] static int fadeMilliseconds();
 
-    /// Nothing happens where there is one already.
+    /// Does nothing if there already is a cover.
     void show();
     void hide();
 

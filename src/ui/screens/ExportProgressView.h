@@ -10,7 +10,7 @@
 
 namespace zelvo::ui {
 
-/// The ring of the export screen. It follows the clock and never runs back.
+/// The ring of the export screen. It follows the clock and never goes back.
 class ExportProgressView final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -25,9 +25,9 @@ public:
 
     double currentProgress = 0; ///< the highest shown so far, 0 to 1
 
-    const double radiusOfWidth = 0.81 / 2; ///< the ring's radius over the view's width
-    const double lineOfRadius = 0.115;     ///< the line's width over the radius
-    const double startAngle = -90;         ///< degrees clockwise from 3 o'clock: the top
+    const double radiusOfWidth = 0.81 / 2; ///< the ring's radius, relative to the view's width
+    const double lineOfRadius = 0.115;     ///< the line's width, relative to the radius
+    const double startAngle = -90;         ///< degrees, clockwise from 3 o'clock: the top
 
 Q_SIGNALS:
     void changed();

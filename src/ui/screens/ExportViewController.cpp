@@ -13,10 +13,10 @@ namespace zelvo::ui {
 
 namespace {
 
-/// Lets the screen appear before the main thread goes into drawing; seconds.
+/// Seconds; the screen appears before the main thread starts to draw the movie.
 constexpr double kStartDelay = 0.3;
 
-/// The moment of the movie that stands for it, of its duration: titles are complete by then.
+/// As a share of the movie's duration; titles are usually complete there.
 constexpr double kPosterMoment = 0.5;
 
 const QString kPreparing = QStringLiteral("Preparing");
@@ -125,7 +125,7 @@ void ExportViewController::dismissViewController() {
     if (isDismissed)
         return;
     isDismissed = true;
-    // What is drawn to the end is put together and saved, even if nobody waits for it.
+    // A movie that was drawn completely is also finished and saved, even if nobody waits for it.
     if (services.model.isRecordingMovie())
         services.model.cancelMovie();
     cover.hide();

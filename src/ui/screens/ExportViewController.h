@@ -18,13 +18,13 @@
 
 namespace zelvo::ui {
 
-/// The screen of an export: ring and percentage while the movie is made, then the preview.
+/// The export screen: ring and percentage while the movie is made, then the preview.
 ///
 ///     waiting ──0.3 s──> exporting ──"ShowVideo"──> preview ──Cancel──> dismissed
 ///        └───────close────────┴─────────────────────────────────────────^
 ///
-/// Only closing cancels an export. That the user looks at another window, or minimises this one,
-/// does not: on a desktop programs work on behind each other.
+/// Only closing the screen cancels an export. Switching to another window or minimising this one
+/// does not.
 class ExportViewController final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -35,28 +35,28 @@ class ExportViewController final : public QObject {
     Q_PROPERTY(zelvo::ui::PreviewViewController* preview READ preview NOTIFY previewChanged)
 
 public:
-    /// The cover outlives the screen; it is shown by whoever presents the screen, hidden by this.
+    /// The cover must outlive the screen. The presenter shows the cover; this class hides it.
     ExportViewController(
         const Services& given, BlurCover& presenterCover, Sharing sharing = Sharing::desktop());
     ~ExportViewController() override;
 
     int currentPerc = 0; ///< the highest shown so far
 
-    /// "12 %"
+    /// For example "12 %".
     [[nodiscard]] QString progressLabel() const;
 
-    /// What goes on, in a few words.
+    /// The current step, in a few words.
     [[nodiscard]] QString status() const { return status_; }
 
     [[nodiscard]] ExportProgressView* progressView() { return &ring; }
 
-    /// On top of this screen once the movie is there; null before.
+    /// Shown on top of this screen when the movie is ready; null before.
     [[nodiscard]] PreviewViewController* preview() const { return preview_.get(); }
 
-    /// Ends the export, if it still draws, and the screen.
+    /// Cancels the export, if it is still drawing, and closes the screen.
     Q_INVOKABLE void dismissViewController();
-    /// The system puts the program to sleep, which ends the export. Not for a window that merely
-    /// loses the focus.
+    /// The system suspends the program, which ends the export. Not for a window that only loses the
+    /// focus.
     void applicationWillResignActive();
 
 Q_SIGNALS:

@@ -19,7 +19,7 @@ constexpr int kHintLimit = 2;
 const QString kTitle = QStringLiteral("Actions");
 const QString kHint = QStringLiteral("Swipe row to delete");
 
-// The hint comes in after a blink of the title; seconds from the view's appearing.
+// The hint appears after the title has blinked; seconds after the view has appeared.
 constexpr double kHintBlink = 1.3;
 constexpr double kHintBegin = kHintBlink + 0.08;
 constexpr double kHintEnd = kHintBegin + 3.15;

@@ -13,9 +13,9 @@
 
 namespace zelvo::ui {
 
-/// The screen that lists what the performance holds, a row for each act of the user, and takes rows
-/// out of it. The list is a snapshot, made anew with each sort and delete: no run goes on while the
-/// screen shows.
+/// The screen that lists the performance, with a row for each user action, and deletes rows. The
+/// list is a snapshot, made anew after sorting and deleting; no run is possible while the screen is
+/// shown.
 class HistoryController final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -33,22 +33,23 @@ public:
     explicit HistoryController(const Services& given);
 
     double cellHeight = 48;                               ///< device-independent pixels
-    std::vector<actions::XACPtr> undoableRecordedActions; ///< in the order shown
+    std::vector<actions::XACPtr> undoableRecordedActions; ///< in the displayed order
 
     [[nodiscard]] QString title() const { return title_; }
 
-    /// The title is the hint, and stands out.
+    /// The title shows the hint, highlighted.
     [[nodiscard]] bool showsHint() const { return showsHint_; }
 
     [[nodiscard]] QString sortTitle() const;
 
     [[nodiscard]] HistoryRows* rows() { return &tableView; }
 
-    /// The view is on screen: the hint shows, on the first two times.
+    /// Called when the view is on screen; shows the hint for the first two times.
     Q_INVOKABLE void viewDidAppear();
-    /// Sorts the other way.
+    /// Switches the sort order.
     Q_INVOKABLE void sortFunction();
-    /// The act of that row leaves the performance for good, and so does all that could be undone.
+    /// Deletes that user action from the performance. This cannot be undone, and it clears the undo
+    /// list.
     Q_INVOKABLE void deleteRow(int row);
     Q_INVOKABLE void dismissViewController();
 

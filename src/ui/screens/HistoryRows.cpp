@@ -9,7 +9,7 @@ namespace zelvo::ui {
 
 namespace {
 
-/// Whether `part` is what stays of `whole` when some are taken out.
+/// Whether `part` is `whole` without some of its entries.
 bool isWhatStaysOf(
     const std::vector<actions::XACPtr>& whole, const std::vector<actions::XACPtr>& part) {
     auto from = whole.begin();
@@ -43,7 +43,7 @@ void HistoryRows::removeAllBut(const std::vector<actions::XACPtr>& records) {
         endRemoveRows();
     }
     if (!shown.empty())
-        Q_EMIT dataChanged(index(0), index(count() - 1), {detailRole}); // numbers have moved up
+        Q_EMIT dataChanged(index(0), index(count() - 1), {detailRole}); // the numbers have changed
 }
 
 int HistoryRows::rowCount(const QModelIndex& parent) const {

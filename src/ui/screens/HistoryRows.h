@@ -10,14 +10,14 @@
 
 namespace zelvo::ui {
 
-/// In which order the history shows the records.
+/// The sort order of the history.
 enum class SortMode {
-    lastAdded, ///< the newest first, by the order of making
-    playTime   ///< the latest of the performance first
+    lastAdded, ///< newest first, by the order of recording
+    playTime   ///< latest in the performance first
 };
 
-/// The rows of the history: roles "title" and "detail". A detail is the row's running number, with
-/// the newest on top, or the record's time.
+/// The rows of the history, with the roles "title" and "detail". The detail is a running number
+/// (highest on top) or the record's time.
 class HistoryRows : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -29,7 +29,7 @@ public:
 
     using QAbstractListModel::QAbstractListModel;
 
-    /// Where only rows have gone, the others stay where they are for the view; else all is new.
+    /// If rows were only removed, the view keeps the others; otherwise all rows are new.
     void show(const std::vector<actions::XACPtr>& records, SortMode sortMode);
 
     [[nodiscard]] int count() const { return static_cast<int>(shown.size()); }

@@ -9,14 +9,14 @@
 
 namespace zelvo::ui {
 
-/// One picture of the movie being made, to stand for it where it cannot be played.
+/// A picture of the movie, shown if the movie cannot be played.
 struct Poster {
     bool isTaken = false;
-    QString source; ///< a data URL; empty until the picture is there
+    QString source; ///< a data URL; empty until the picture is available
 };
 
-/// Takes the picture of the moment `at` (seconds of the movie) into the poster, at most
-/// kPosterWidth pixels wide.
+/// Stores the picture at time `at` (seconds of the movie) in the poster, at most kPosterWidth
+/// pixels wide.
 [[nodiscard]] movie::FrameTap posterTap(const std::shared_ptr<Poster>& poster, double at);
 
 inline constexpr int kPosterWidth = 960;

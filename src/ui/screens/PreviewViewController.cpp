@@ -99,7 +99,7 @@ void PreviewViewController::endSharing() {
 }
 
 void PreviewViewController::openInPlayer() {
-    setPlaying(false); // two players with one sound
+    setPlaying(false); // otherwise two players would play the same sound
     open(place().toStdString());
 }
 

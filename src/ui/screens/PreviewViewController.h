@@ -15,8 +15,8 @@
 
 namespace zelvo::ui {
 
-/// The player that shows the finished movie, and what can be done with it. The view plays; this
-/// says what is to be played, and whether. It does not start by itself.
+/// Shows the finished movie, with actions for it. The view plays the movie; this class controls it.
+/// Playing does not start by itself.
 class PreviewViewController final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -34,38 +34,38 @@ public:
 
     const QString title = QStringLiteral("Movie");
     const std::filesystem::path moviePath; ///< "Movie.mov"
-    const QString poster;                  ///< a picture of the movie; may be empty
+    const QString poster;                  ///< a picture from the movie; may be empty
 
     [[nodiscard]] QUrl movieUrl() const;
 
     [[nodiscard]] bool isPlaying() const { return isPlaying_; }
 
-    /// Why the movie does not play here, with what to do; empty: it does.
+    /// Why the movie cannot be played here, and what to do; empty if it can.
     [[nodiscard]] QString failure() const { return failure_; }
 
-    /// Where the user finds the movie: the copy that was saved among the videos, else `moviePath`,
-    /// which the next export overwrites.
+    /// The movie's path for the user: the copy in the videos folder, or else `moviePath`, which the
+    /// next export overwrites.
     [[nodiscard]] QString place() const;
     void setSavedCopy(const std::filesystem::path& copy);
 
-    /// The choices of sharing are on show.
+    /// The sharing choices are shown.
     [[nodiscard]] bool isSharing() const { return isSharing_; }
 
-    /// A time of the player, given in milliseconds.
+    /// Formats a time of the player, given in milliseconds.
     Q_INVOKABLE [[nodiscard]] static QString timeText(double milliseconds);
     Q_INVOKABLE void togglePlaying();
-    /// The view has come to the movie's end.
+    /// The view has reached the end of the movie.
     Q_INVOKABLE void reachedEnd();
-    /// The view's player cannot show the movie.
+    /// The view's player cannot play the movie.
     Q_INVOKABLE void playbackFailed(const QString& reason);
-    /// Shows or hides the choices.
+    /// Shows or hides the sharing choices.
     Q_INVOKABLE void share();
     Q_INVOKABLE void openInPlayer();
     Q_INVOKABLE void openFolder();
     Q_INVOKABLE void copyPath();
-    /// A name among the user's videos that no file has yet.
+    /// An unused name in the user's videos folder.
     Q_INVOKABLE [[nodiscard]] QUrl suggestedCopy() const;
-    /// Copies the movie to a file of the user's choice, beside the main thread.
+    /// Copies the movie to a file that the user has chosen; does not block the main thread.
     Q_INVOKABLE void saveCopy(const QUrl& target);
     Q_INVOKABLE void dismissController();
 

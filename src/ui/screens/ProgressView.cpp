@@ -8,7 +8,7 @@ namespace zelvo::ui {
 
 namespace {
 
-// Next to the ends of the count-in the bar is empty, so that it neither flashes full nor lingers.
+// Near the ends of the count-in the bar is empty, so that it does not flash.
 constexpr float kCountInBegin = 0.01f;
 constexpr float kCountInEnd = 0.98f;
 

@@ -14,8 +14,8 @@ namespace zelvo::ui {
 
 enum class PreparingStage { preparing = 0, recording = 1 };
 
-/// The thin time bar of the editing screen: it shrinks during the count-in and grows during the
-/// run. It stands still during an export.
+/// The thin time bar of the main screen: it shrinks in the count-in and grows in the run. It does
+/// not move during an export.
 class ProgressView final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -29,9 +29,9 @@ public:
     QColor preparingColor = kAccentColor;
     QColor progressColor = kRecordColor;
     PreparingStage state = PreparingStage::preparing;
-    float value = 0; ///< fraction of the count-in or of the run
+    float value = 0; ///< share of the count-in or of the run
 
-    /// How much of the bar is filled, from the left, 0 to 1.
+    /// The filled share of the bar, from the left, 0 to 1.
     [[nodiscard]] double fill() const;
 
     [[nodiscard]] QColor color() const {

@@ -18,15 +18,15 @@ namespace zelvo::ui {
 
 /// How touches are shown.
 struct TouchVisualizerConfiguration {
-    std::optional<QColor> color{}; ///< absent: a bluish white
-    std::optional<QUrl> image{};   ///< absent: a drawn disc
+    std::optional<QColor> color{}; ///< empty: a bluish white
+    std::optional<QUrl> image{};   ///< empty: a drawn disc
     QSizeF defaultSize{56, 56};    ///< device-independent pixels
     bool showsTimer = false;
     bool showsTouchRadius = false;
     bool showsLog = false;
 };
 
-/// A finger shown on the screen. Used again when its touch is over and it has faded.
+/// Shows a finger on the screen. It is reused after its touch has ended and it has faded out.
 class TouchView final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -45,26 +45,26 @@ public:
 
     explicit TouchView(foundation::RunLoop& loop, QObject* parent = nullptr);
 
-    int touch = kNoTouch; ///< whose finger it is; none: free for another
+    int touch = kNoTouch; ///< the finger's id; none: free for another finger
 
     [[nodiscard]] static int fadeMilliseconds();
 
     void begin(int id, const TouchVisualizerConfiguration& configuration);
-    /// Radius in device-independent pixels; 0 where the device tells none.
+    /// `radius` is in device-independent pixels; 0 if the device does not report it.
     void moveTo(QPointF place, double radius);
-    /// Fades out and is free afterwards.
+    /// Fades out; then it is free.
     void end();
 
     [[nodiscard]] bool isFading() const { return fading.isValid(); }
 
     [[nodiscard]] QPointF center() const { return center_; }
 
-    /// Of the shown size to the default size.
+    /// The shown size divided by the default size.
     [[nodiscard]] double ratio() const { return previousRatio; }
 
     [[nodiscard]] bool isShown() const { return touch != kNoTouch && !isFading(); }
 
-    /// Seconds since the touch began; empty unless asked for.
+    /// Seconds since the touch began; empty unless requested.
     [[nodiscard]] QString timerLabel() const { return lastTimeString.value_or(QString()); }
 
     [[nodiscard]] QSizeF size() const { return config.defaultSize; }
@@ -87,11 +87,11 @@ private:
     TouchVisualizerConfiguration config;
     QPointF center_;
     double previousRatio = 1;
-    std::optional<double> startDate; ///< of the run loop's clock
+    std::optional<double> startDate; ///< time of the run loop
     std::optional<QString> lastTimeString;
 };
 
-/// What a list of fingers holds, for the tools of QML.
+/// Makes the list type known to QML's tools.
 struct TouchViewList {
     Q_GADGET
     QML_ANONYMOUS

@@ -49,7 +49,7 @@ bool Visualizer::eventFilter(QObject*, QEvent* event) {
     if (!enabled)
         return false;
     if (event->type() == QEvent::TouchCancel)
-        endAll(); // it need not name the fingers
+        endAll(); // the event may not list the fingers
     handleEvent(touchesOf(*event));
     return false;
 }
@@ -85,7 +85,7 @@ void Visualizer::handle(const Touch& touch) {
     }
 }
 
-/// A view that still fades belongs to nobody any more.
+/// A view that is fading out belongs to no finger.
 TouchView* Visualizer::viewOf(int touch) const {
     const auto place = std::ranges::find_if(touchViews, [touch](const auto& view) {
         return view->touch == touch && !view->isFading();
@@ -125,7 +125,7 @@ void Visualizer::log(const std::vector<Touch>& touches) {
     if (lines == previousLog)
         return;
     previousLog = lines;
-    lines.pop_back(); // the console ends its lines itself
+    lines.pop_back(); // the console adds a line end
     foundation::logLine(lines);
 }
 

@@ -17,9 +17,8 @@ class QEvent;
 
 namespace zelvo::ui {
 
-/// Shows each finger on the screen, and the mouse while its button is down, for demonstrations and
-/// recordings of the program. It watches a window's events before the window sees them and keeps
-/// none of them back.
+/// Shows all fingers on the screen, and the mouse while its button is pressed, for demonstrations
+/// and recordings. It sees a window's events first and passes all of them on.
 class Visualizer final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -31,20 +30,20 @@ public:
     explicit Visualizer(foundation::RunLoop& loop);
     ~Visualizer() override;
 
-    /// To be told of all events of the window; once a window.
+    /// Watches all events of the window. Call it once for each window.
     void watch(QObject* window) { window->installEventFilter(this); }
 
     void start(const TouchVisualizerConfiguration& configuration);
-    /// What shows goes.
+    /// Removes everything it shows.
     void stop();
-    /// Starts with the configuration of the last start, or stops.
+    /// Starts with the last configuration, or stops.
     Q_INVOKABLE void toggle();
 
     void handleEvent(const std::vector<Touch>& touches);
 
     [[nodiscard]] bool isEnabled() const { return enabled; }
 
-    /// The views made so far, those that are free included.
+    /// All views made so far, including free ones.
     [[nodiscard]] QList<TouchView*> views() const;
 
     std::optional<TouchVisualizerConfiguration> config;
