@@ -3,6 +3,7 @@
 #include "app/Commands.h"
 #include "app/StopSignals.h"
 #include "platform/foundation/Console.h"
+#include "ui/qml/Views.h"
 
 #include <QGuiApplication>
 #include <QIcon>
@@ -71,7 +72,7 @@ int run(const WindowCommand& command) {
         QGuiApplication::installTranslator(&words);
 
     Application application(foundation::Folders::standard());
-    QGuiApplication::setWindowIcon(QIcon(":/qt-project.org/imports/Zelvo/icons/Zelvo.svg"));
+    QGuiApplication::setWindowIcon(QIcon(ui::iconFile("Zelvo")));
     QQuickWindow* window = application.window();
     if (window == nullptr)
         endWithoutWindow("the views of the window are damaged; install the program anew");

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <variant>
 
-// The tables of all materials: surfaces, and the pairs that the user chooses. To add a material,
-// add a case and a row to each table; no other code changes.
+// The tables of all materials: surfaces, and the pairs that the user chooses. How to add one:
+// docs/adding-a-material.md.
 
 namespace zelvo::look {
 

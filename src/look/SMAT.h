@@ -38,6 +38,24 @@ public:
     void setColor(const image::Color& color) override;
 };
 
+template <Surface kSurface> class SurfaceOf final : public RecipeSurface {
+public:
+    SurfaceOf()
+        : RecipeSurface(kSurface) {}
+};
+
+using SMAT_Plain = SurfaceOf<Surface::plain>;
+using SMAT_Flat = SurfaceOf<Surface::flat>;
+using SMAT_Plate = SurfaceOf<Surface::plate>;
+using SMAT_Plastic = SurfaceOf<Surface::plastic>;
+using SMAT_Iron = SurfaceOf<Surface::iron>;
+using SMAT_Rock = SurfaceOf<Surface::rock>;
+using SMAT_CircuitBoard = SurfaceOf<Surface::circuitBoard>;
+using SMAT_Grained = SurfaceOf<Surface::grained>;
+using SMAT_OldMetal = SurfaceOf<Surface::oldMetal>;
+using SMAT_Cracks = SurfaceOf<Surface::cracks>;
+using SMAT_Reflecting = SurfaceOf<Surface::reflecting>;
+
 /// Glowing noise that flows in the user's colour. The colour goes to `emission`, which the noise
 /// multiplies. Black would show nothing, so a colour with a grey value below 0.1 is replaced by
 /// grey 0.1.

@@ -53,4 +53,33 @@ using XMATPtr = std::shared_ptr<XMAT>;
 /// Makes new pairs for all rows with this use, in the order of the table.
 [[nodiscard]] std::vector<XMATPtr> makePairs(PairUse use);
 
+/// A pair as a class of its own, for each name.
+template <XMATClasses kName> class PairOf final : public XMAT {
+public:
+    PairOf()
+        : PairOf(pairRow(kName)) {}
+
+private:
+    explicit PairOf(const PairRow& row)
+        : XMAT(row.name, std::string(row.title), makeSurface(row.front), makeSurface(row.band)) {}
+};
+
+using XMAT_Flat = PairOf<XMATClasses::flat>;
+using XMAT_Plain = PairOf<XMATClasses::plain>;
+using XMAT_Plate = PairOf<XMATClasses::plate>;
+using XMAT_Cracked = PairOf<XMATClasses::cracked>;
+using XMAT_Plastic = PairOf<XMATClasses::plastic>;
+using XMAT_Iron = PairOf<XMATClasses::iron>;
+using XMAT_Rock = PairOf<XMATClasses::rock>;
+using XMAT_Circuits = PairOf<XMATClasses::circuits>;
+using XMAT_Grained = PairOf<XMATClasses::grained>;
+using XMAT_OldMetal = PairOf<XMATClasses::oldMetal>;
+using XMAT_Dynamic = PairOf<XMATClasses::dynamic>;
+using XMAT_Reflecting = PairOf<XMATClasses::reflecting>;
+using XMAT_IronCircuit = PairOf<XMATClasses::ironCircuit>;
+using XMAT_IronPlastic = PairOf<XMATClasses::ironPlastic>;
+using XMAT_PlasticReflecting = PairOf<XMATClasses::plasticReflecting>;
+using XMAT_DynamicFlat = PairOf<XMATClasses::dynamicFlat>;
+using XMAT_FlatDynamic = PairOf<XMATClasses::flatDynamic>;
+
 } // namespace zelvo::look

@@ -55,4 +55,8 @@ QUrl viewUrl(const QString& name) {
     return {QStringLiteral("qrc:/qt-project.org/imports/Zelvo/%1.qml").arg(name)};
 }
 
+QString iconFile(const QString& name) {
+    return QStringLiteral(":/qt-project.org/imports/Zelvo/icons/%1.svg").arg(name);
+}
+
 } // namespace zelvo::ui

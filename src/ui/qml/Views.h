@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QString>
 #include <QUrl>
 
 namespace zelvo::ui {
@@ -12,5 +13,7 @@ void installViews();
 
 /// The URL of the view with this name ("Main").
 [[nodiscard]] QUrl viewUrl(const QString& name);
+/// The resource of the icon with this name ("Zelvo").
+[[nodiscard]] QString iconFile(const QString& name);
 
 } // namespace zelvo::ui

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Whatever names a picture must find one: a button without its icon is a blank field.
 #include "catalogue/Catalogue.h"
+#include "ui/qml/Views.h"
 
 #include <gtest/gtest.h>
 
@@ -59,7 +60,7 @@ QSet<QString> namesInSources() {
 
 /// The part of the picture's pixels that are not clear; nothing where there is no such picture.
 double inkOf(const QString& icon) {
-    QImageReader reader(QStringLiteral(":/qt-project.org/imports/Zelvo/icons/%1.svg").arg(icon));
+    QImageReader reader(iconFile(icon));
     reader.setScaledSize({kSmallest, kSmallest});
     const QImage picture = reader.read().convertToFormat(QImage::Format_ARGB32);
     int inked = 0;
@@ -92,9 +93,7 @@ TEST(Icons, AreThereForEveryPictureThatTheViewsName) {
 
 // The four ways in and out are told apart by their picture alone.
 TEST(Icons, TellTheWaysApart) {
-    const auto load = [](const QString& name) {
-        return QImage(QStringLiteral(":/qt-project.org/imports/Zelvo/icons/%1.svg").arg(name));
-    };
+    const auto load = [](const QString& name) { return QImage(iconFile(name)); };
     const QStringList ways = {
         "PositionLeft",
         "PositionRight",
