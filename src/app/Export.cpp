@@ -4,11 +4,11 @@
 #include "app/Progress.h"
 #include "app/Stopwatch.h"
 #include "export/MovieMux.h"
+#include "platform/foundation/Lifetime.h"
 #include "shared/FrameClock.h"
 
 #include <fmt/format.h>
 
-#include <memory>
 #include <optional>
 #include <string>
 
@@ -38,7 +38,7 @@ exportMovie(Engine& engine, StoppableLoop& loop, const movie::MovieOptions& opti
 
     auto progress = Progress::onStandardError();
     std::optional<foundation::Result<movie::MovieOutcome>> outcome;
-    const auto listening = std::make_shared<const bool>(true);
+    const foundation::Lifetime listening;
     writer.progressSignal.subscribe(listening, [&](const movie::MovieProgress& state) {
         progress.update(state.framesDone, state.framesTotal);
     });

@@ -5,6 +5,7 @@
 #include "app/StageStyling.h"
 #include "catalogue/Catalogue.h"
 #include "platform/foundation/Check.h"
+#include "platform/foundation/Lifetime.h"
 #include "platform/media/AVAsset.h"
 #include "shared/FrameClock.h"
 #include "shared/Signal.h"
@@ -15,7 +16,6 @@
 #include <cmath>
 #include <functional>
 #include <map>
-#include <memory>
 #include <string_view>
 #include <utility>
 
@@ -233,7 +233,7 @@ setUp(const Performance& performance, const std::filesystem::path& folder, Engin
 void perform(const Performance& performance, Engine& engine) {
     auto& model = engine.model();
     Hand hand(performance, engine);
-    const auto listening = std::make_shared<const bool>(true);
+    const foundation::Lifetime listening;
     ui::signals().timeSignal.subscribe(listening, [&](const ui::TimeState& state) {
         if (model.isPlaying())
             hand.pressDue(state.time);

@@ -7,7 +7,7 @@
 namespace zelvo::core {
 
 HeadlessViewClock::HeadlessViewClock(scene::SCNSceneRenderer& view) {
-    ui::signals().timeSignal.subscribe(subscription, [&view](const ui::TimeState& state) {
+    ui::signals().timeSignal.subscribe(lifetime, [&view](const ui::TimeState& state) {
         // The signal has the time of the next tick, but the frame to show is that of the current
         // tick.
         if (!view.scene())

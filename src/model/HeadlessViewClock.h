@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/Lifetime.h"
 #include "platform/scene/SCNSceneRenderer.h"
-
-#include <memory>
 
 namespace zelvo::core {
 
@@ -15,7 +14,7 @@ public:
     explicit HeadlessViewClock(scene::SCNSceneRenderer& view);
 
 private:
-    std::shared_ptr<const bool> subscription = std::make_shared<const bool>(true);
+    foundation::Lifetime lifetime;
 };
 
 } // namespace zelvo::core

@@ -1,39 +1,40 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/Lifetime.h"
+
 #include <functional>
-#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace zelvo::ui {
 
-/// A typed broadcast. A listener subscribes with an owner, which is held weakly; when the owner is
-/// gone, the subscription ends. `fire` calls all listeners at once, in the order of subscribing. A
-/// listener that subscribes meanwhile is called from the next time on. Not synchronised: use a
-/// signal on one thread only.
+/// A typed broadcast. A subscription ends with the lifetime of the listener, even during a firing.
+/// `fire` calls all listeners at once, in the order of subscribing. A listener that subscribes
+/// meanwhile is called from the next time on. Not synchronised: use a signal on one thread only.
 template <class... Data> class Signal {
 public:
     using Callback = std::function<void(const Data&...)>;
 
-    void subscribe(const std::shared_ptr<const void>& owner, Callback callback) {
-        listeners.push_back({owner, std::move(callback)});
+    void subscribe(const foundation::Lifetime& listener, Callback callback) {
+        listeners.push_back({listener.watch(), std::move(callback)});
     }
 
     void fire(const Data&... data) {
-        std::erase_if(listeners, [](const Listener& listener) { return listener.owner.expired(); });
-        // Listeners may subscribe or delete owners while they are called.
+        std::erase_if(
+            listeners, [](const Listener& listener) { return listener.owner.hasEnded(); });
+        // Listeners may subscribe or delete others while they are called.
         const std::vector<Listener> current = listeners;
         for (const Listener& listener : current) {
-            if (const auto owner = listener.owner.lock())
+            if (!listener.owner.hasEnded())
                 listener.callback(data...);
         }
     }
 
 private:
     struct Listener {
-        std::weak_ptr<const void> owner;
+        foundation::Lifetime::Watch owner;
         Callback callback;
     };
 

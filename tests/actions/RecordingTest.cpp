@@ -70,7 +70,7 @@ TEST_F(RecordingTest, RunsWhatIsDueTogetherInTheOrderOfMakingBehindTheTick) {
 
 TEST_F(RecordingTest, UndoesAndRedoesAsAMirror) {
     std::vector<std::string> messages;
-    const auto listening = std::make_shared<const bool>(true);
+    const foundation::Lifetime listening;
     ui::signals().messageSignal.subscribe(
         listening, [&](const std::string& text) { messages.push_back(text); });
     plays = true;
@@ -120,7 +120,7 @@ TEST_F(RecordingTest, UndoesAWholeGestureAndRedoesItsFirstRecord) {
 
 TEST_F(RecordingTest, ForgetsEverything) {
     int signals = 0;
-    const auto listening = std::make_shared<const bool>(true);
+    const foundation::Lifetime listening;
     ui::signals().undoStateSignal.subscribe(listening, [&] { ++signals; });
     plays = true;
     add("gone", controller.newIdentifier());

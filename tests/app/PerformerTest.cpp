@@ -2,6 +2,7 @@
 #include "app/Performer.h"
 
 #include "app/EngineNames.h"
+#include "platform/foundation/Lifetime.h"
 #include "shared/FrameClock.h"
 #include "shared/Signal.h"
 #include "support/TemporaryFolder.h"
@@ -23,7 +24,7 @@ protected:
         const auto read = readPerformance("{\"duration\": 3, " + members + "}", engineNames());
         ASSERT_TRUE(read) << read.error().front().text;
         ASSERT_TRUE(setUp(*read, {}, engine));
-        const auto listening = std::make_shared<const bool>(true);
+        const foundation::Lifetime listening;
         ui::signals().timeSignal.subscribe(listening, [&](const ui::TimeState& state) {
             look(shared::FrameClock::nearestFrame(state.time - state.startCounter) - 1);
         });

@@ -103,7 +103,7 @@ protected:
     std::optional<foundation::Result<movie::MovieOutcome>> outcome;
     int videosShown = 0;
     mutable bool isMuxing = false;
-    std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);
+    foundation::Lifetime listening;
     movie::MovieWriter writer{
         *this, folders, [this] { return std::make_unique<FakeFrames>(rendering); }};
 };

@@ -155,7 +155,7 @@ TEST_F(ClockTest, StartsTheMusicOnTheSameSampleLiveAndInTheMovie) {
         player.audioIn = in;
         std::optional<int> first;
         double heard = 0; // the first sound, in seconds of the movie
-        const auto once = std::make_shared<const bool>(true);
+        const foundation::Lifetime once;
         ui::signals().timeSignal.subscribe(once, [&](const ui::TimeState& state) {
             if (first || !player.isPlaying)
                 return;

@@ -61,7 +61,7 @@ protected:
          .showAlert = {}}};
     core::HeadlessViewClock viewClock{view};
     std::optional<foundation::Result<movie::MovieOutcome>> outcome;
-    std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);
+    foundation::Lifetime listening;
 };
 
 } // namespace zelvo::test

@@ -27,7 +27,7 @@ protected:
     };
 
     void perform(const std::vector<Cue>& cues) {
-        const auto acting = std::make_shared<const bool>(true);
+        const foundation::Lifetime acting;
         std::size_t next = 0;
         ui::signals().timeSignal.subscribe(acting, [&](const ui::TimeState& state) {
             while (model.isPlaying() && next < cues.size() && cues[next].at <= state.time - 2) {

@@ -172,7 +172,7 @@ TEST_F(NodeTest, TellsWhereARayMeetsItsFrame) {
 
 TEST_F(NodeTest, SaysItsSizeInWholePercent) {
     std::string said;
-    const auto listener = std::make_shared<int>();
+    const foundation::Lifetime listener;
     ui::signals().messageSignal.subscribe(
         listener, [&said](const std::string& message) { said = message; });
 

@@ -9,7 +9,7 @@ ValueLabel::ValueLabel(foundation::RunLoop& loop, QObject* parent)
     : QObject(parent)
     , runLoop(loop) {
     signals().messageSignal.subscribe(
-        listening, [this](const std::string& message) { showMessage(message); });
+        lifetime, [this](const std::string& message) { showMessage(message); });
 }
 
 void ValueLabel::showMessage(const std::string& message) {

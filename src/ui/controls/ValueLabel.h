@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/Lifetime.h"
 #include "platform/foundation/RunLoop.h"
 
 #include <QMarginsF>
@@ -8,7 +9,6 @@
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
-#include <memory>
 #include <string>
 
 namespace zelvo::ui {
@@ -55,7 +55,7 @@ private:
     foundation::Timer displayTimer;
     QString text_;
     bool hidden = true;
-    std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);
+    foundation::Lifetime lifetime;
 };
 
 } // namespace zelvo::ui

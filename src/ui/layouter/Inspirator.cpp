@@ -77,11 +77,7 @@ void Inspirator::fade(double alpha, double seconds) const {
 }
 
 void Inspirator::after(double delay, std::function<void()> call) {
-    const std::weak_ptr<const bool> guard = alive;
-    services.runLoop.asyncAfter(delay, [guard, call = std::move(call)] {
-        if (!guard.expired())
-            call();
-    });
+    services.runLoop.asyncAfter(delay, lifetime.guard(std::move(call)));
 }
 
 } // namespace zelvo::ui

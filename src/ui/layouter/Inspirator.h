@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/Lifetime.h"
 #include "ui/controls/MyButton.h"
 #include "ui/controls/Services.h"
 
@@ -9,7 +10,6 @@
 #include <QtQml/qqmlregistration.h>
 
 #include <functional>
-#include <memory>
 
 namespace zelvo::ui {
 
@@ -60,8 +60,7 @@ private:
 
     Services services;
     double titleAlpha_ = 1;
-    /// Queued calls may outlive this.
-    std::shared_ptr<const bool> alive = std::make_shared<const bool>(true);
+    foundation::Lifetime lifetime;
 };
 
 } // namespace zelvo::ui

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "node/Node.h"
+#include "platform/foundation/Lifetime.h"
 #include "ui/controls/GestureDelegate.h"
 #include "ui/controls/HighlightButton.h"
 #include "ui/controls/Services.h"
@@ -152,8 +153,7 @@ private:
     QString stripView_;
     std::vector<LaterPtr<MySegmentedStackButton>> tabs;
     bool writing = false;
-    /// Queued calls may outlive this.
-    std::shared_ptr<const bool> alive = std::make_shared<const bool>(true);
+    foundation::Lifetime lifetime;
 };
 
 } // namespace zelvo::ui

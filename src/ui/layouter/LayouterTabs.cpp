@@ -203,15 +203,14 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeMaskStrip() const {
 }
 
 LayouterMenu::LaterPtr<QObject> LayouterMenu::makeSceneStrip() {
-    const std::weak_ptr<const bool> guard = alive;
     LaterPtr<ButtonStrip> made(new ButtonStrip(
         titlesOf(look::SceneManager::sceneNames, [](std::string_view name) { return name; }),
-        [this, guard](std::size_t tag) {
-            services.runLoop.asyncAfter(kSceneDelay, [this, guard, tag] {
-                const int index = static_cast<int>(tag);
-                if (!guard.expired() && services.model.currentSceneIndex() != index)
-                    services.model.setScene(index);
-            });
+        [this](std::size_t tag) {
+            services.runLoop.asyncAfter(
+                kSceneDelay, lifetime.guard([this, index = static_cast<int>(tag)] {
+                    if (services.model.currentSceneIndex() != index)
+                        services.model.setScene(index);
+                }));
         }));
     made->select(services.model.currentSceneIndex(), Strip::Motion::atOnce);
     return made;

@@ -30,7 +30,7 @@ FrameGate::FrameGate(QQuickWindow& watched, foundation::RunLoop& loop)
 FrameGate::~FrameGate() = default;
 
 void FrameGate::listenToClock() {
-    signals().isPlayingSignal.subscribe(listening, [this](bool isPlaying) {
+    signals().isPlayingSignal.subscribe(lifetime, [this](bool isPlaying) {
         if (isPlaying) {
             lostTime.runBegan(runLoop.now());
         } else {
@@ -38,7 +38,7 @@ void FrameGate::listenToClock() {
         }
     });
     signals().timeSignal.subscribe(
-        listening, [this](const TimeState&) { lostTime.ticked(runLoop.now()); });
+        lifetime, [this](const TimeState&) { lostTime.ticked(runLoop.now()); });
 }
 
 bool FrameGate::eventFilter(QObject* watched, QEvent* event) {

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/Lifetime.h"
 #include "platform/foundation/RunLoop.h"
 #include "ui/main/LostTime.h"
 
 #include <QObject>
 
 #include <atomic>
-#include <memory>
 
 class QQuickWindow;
 
@@ -40,7 +40,7 @@ private:
     double begun = 0;                    ///< start of the last frame
     std::atomic<bool> isDrawing = false; ///< set and cleared on the drawing thread
     bool isAskedFor = false; ///< a frame was requested while the last one was being drawn
-    std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);
+    foundation::Lifetime lifetime;
 };
 
 } // namespace zelvo::ui

@@ -79,12 +79,8 @@ void MainViewController::viewDidLoad() {
 }
 
 std::function<void()> MainViewController::posted(std::function<void()> call) const {
-    const std::weak_ptr<const bool> guard = alive;
-    return [&loop = services.runLoop, guard, call = std::move(call)] {
-        loop.post([guard, call] {
-            if (!guard.expired())
-                call();
-        });
+    return [&loop = services.runLoop, guarded = lifetime.guard(std::move(call))] {
+        loop.post(guarded);
     };
 }
 
@@ -99,13 +95,12 @@ void MainViewController::setPanel(QObject* controller, const char* view) {
 void MainViewController::showAnim() {
     services.model.stop(core::Reset::toStart);
     auto menu = std::make_unique<ActionsMenu>(services);
-    const std::weak_ptr<const bool> guard = alive;
-    menu->speedClosure = [this, guard](bool isShown) {
-        services.runLoop.post([this, guard, isShown] {
-            if (!guard.expired() && panelView_ == kCataloguePanel)
+    menu->speedClosure = lifetime.guard([this](bool isShown) {
+        services.runLoop.post(lifetime.guard([this, isShown] {
+            if (panelView_ == kCataloguePanel)
                 speedViewController.setHidden(!isShown);
-        });
-    };
+        }));
+    });
     setPanel(menu.release(), kCataloguePanel);
     idleTimer.setDisabled(true);
     gestureDelegate = &cameraGestures;
@@ -117,11 +112,8 @@ void MainViewController::showLayouterMenu() {
     services.model.stop(core::Reset::toStart);
     gestureDelegate = nullptr;
     auto menu = std::make_unique<LayouterMenu>(services);
-    const std::weak_ptr<const bool> guard = alive;
-    menu->inspirator.fadeScene = [this, guard](double alpha, double seconds) {
-        if (!guard.expired())
-            fadeScene(alpha, seconds);
-    };
+    menu->inspirator.fadeScene =
+        lifetime.guard([this](double alpha, double seconds) { fadeScene(alpha, seconds); });
     LayouterMenu& panel = *menu;
     setPanel(menu.release(), kStylePanel);
     gestureDelegate = &panel;

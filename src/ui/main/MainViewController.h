@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/Lifetime.h"
 #include "ui/controls/GestureDelegate.h"
 #include "ui/controls/MyButton.h"
 #include "ui/controls/Services.h"
@@ -189,8 +190,7 @@ private:
     double sceneAlpha_ = 0;
     double sceneFade = 0; ///< seconds
     foundation::Timer fade;
-    std::shared_ptr<const bool> alive =
-        std::make_shared<const bool>(true); ///< queued calls may outlive this
+    foundation::Lifetime lifetime;
 };
 
 } // namespace zelvo::ui

@@ -26,13 +26,8 @@ ControlMenu::ControlMenu(const Services& given, QObject* parent)
     , deleteAllButton({.image = "Trashcan", .name = tr("Delete all"), .key = {}}, [this] {
         deleteAllButtonAction();
     }) {
-    const std::weak_ptr<const bool> alive = listening;
-    signals().undoStateSignal.subscribe(listening, [this, alive] {
-        services.runLoop.post([this, alive] {
-            if (!alive.expired())
-                showUndoState();
-        });
-    });
+    signals().undoStateSignal.subscribe(
+        lifetime, [this] { services.runLoop.post(lifetime.guard([this] { showUndoState(); })); });
     showUndoState();
 }
 

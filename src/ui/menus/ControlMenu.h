@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/Lifetime.h"
 #include "ui/controls/MyButton.h"
 #include "ui/controls/Services.h"
 #include "ui/menus/RecordButton.h"
@@ -88,7 +89,7 @@ private:
     bool enabled = false;
     /// of the last duration dialog, which may still be shown
     std::shared_ptr<TimePickerView> picker;
-    std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);
+    foundation::Lifetime lifetime;
 };
 
 } // namespace zelvo::ui

@@ -30,20 +30,13 @@ RecordButton::RecordButton(
     selectedColor = kRecordColor;
     normalTextColor = kRecordColor;
     highlightTextColor = Qt::white;
-    const std::weak_ptr<const bool> alive = listening;
-    signals().timeSignal.subscribe(listening, [this, alive](const TimeState& state) {
-        if (model.isRecordingMovie())
-            return;
-        runLoop.post([this, alive, time = state.time] {
-            if (!alive.expired())
-                showTime(time);
-        });
+    signals().timeSignal.subscribe(lifetime, [this](const TimeState& state) {
+        if (!model.isRecordingMovie())
+            runLoop.post(lifetime.guard([this, time = state.time] { showTime(time); }));
     });
-    signals().isPlayingSignal.subscribe(listening, [this, alive](bool isPlaying) {
-        runLoop.post([this, alive, isPlaying] {
-            if (!alive.expired())
-                showPlaying(isPlaying && !model.isRecordingMovie());
-        });
+    signals().isPlayingSignal.subscribe(lifetime, [this](bool isPlaying) {
+        runLoop.post(lifetime.guard(
+            [this, isPlaying] { showPlaying(isPlaying && !model.isRecordingMovie()); }));
     });
 }
 

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/Lifetime.h"
 #include "platform/foundation/RunLoop.h"
 #include "ui/controls/MyButton.h"
 
 #include <QtQml/qqmlregistration.h>
-
-#include <memory>
 
 namespace zelvo::core {
 class Model;
@@ -30,7 +29,7 @@ private:
 
     core::Model& model;
     foundation::RunLoop& runLoop;
-    std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);
+    foundation::Lifetime lifetime;
 };
 
 } // namespace zelvo::ui

@@ -8,13 +8,13 @@ namespace zelvo::ui {
 
 ExportProgressView::ExportProgressView(const Services& given)
     : services(given) {
-    signals().timeSignal.subscribe(listening, [this](const TimeState& time) {
-        services.runLoop.post([this, done = time.wholeFraction, guard = std::weak_ptr(listening)] {
-            if (guard.expired() || currentProgress > done)
+    signals().timeSignal.subscribe(lifetime, [this](const TimeState& time) {
+        services.runLoop.post(lifetime.guard([this, done = time.wholeFraction] {
+            if (currentProgress > done)
                 return;
             currentProgress = done;
             Q_EMIT changed();
-        });
+        }));
     });
 }
 

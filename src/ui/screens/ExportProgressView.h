@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/Lifetime.h"
 #include "ui/controls/Services.h"
 
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
-
-#include <memory>
 
 namespace zelvo::ui {
 
@@ -34,7 +33,7 @@ Q_SIGNALS:
 
 private:
     Services services;
-    std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);
+    foundation::Lifetime lifetime;
 };
 
 } // namespace zelvo::ui

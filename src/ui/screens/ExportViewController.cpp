@@ -34,10 +34,10 @@ ExportViewController::ExportViewController(
     , ring(given)
     , status_(kPreparing) {
     subscribe();
-    services.runLoop.asyncAfter(kStartDelay, [this, guard = std::weak_ptr(alive)] {
-        if (!guard.expired() && !isDismissed)
+    services.runLoop.asyncAfter(kStartDelay, lifetime.guard([this] {
+        if (!isDismissed)
             startMovie();
-    });
+    }));
 }
 
 ExportViewController::~ExportViewController() {
@@ -46,27 +46,22 @@ ExportViewController::~ExportViewController() {
 
 void ExportViewController::subscribe() {
     auto& writer = services.model.movieWriter();
-    signals().timeSignal.subscribe(alive, [this](const TimeState& time) {
-        services.runLoop.post([this, whole = time.wholeFraction, guard = std::weak_ptr(alive)] {
-            if (!guard.expired())
-                follow(whole);
-        });
+    signals().timeSignal.subscribe(lifetime, [this](const TimeState& time) {
+        services.runLoop.post(
+            lifetime.guard([this, whole = time.wholeFraction] { follow(whole); }));
     });
-    writer.progressSignal.subscribe(alive, [this](const movie::MovieProgress& progress) {
+    writer.progressSignal.subscribe(lifetime, [this](const movie::MovieProgress& progress) {
         setStatus(progress.framesDone < progress.framesTotal ? kRecording : kSaving);
     });
-    writer.showVideoSignal.subscribe(alive, [this] {
-        services.runLoop.post([this, guard = std::weak_ptr(alive)] {
-            if (!guard.expired() && !isDismissed)
+    writer.showVideoSignal.subscribe(lifetime, [this] {
+        services.runLoop.post(lifetime.guard([this] {
+            if (!isDismissed)
                 showVideo();
-        });
+        }));
     });
     writer.completedSignal.subscribe(
-        alive, [this](const foundation::Result<movie::MovieOutcome>& outcome) {
-            services.runLoop.post([this, outcome, guard = std::weak_ptr(alive)] {
-                if (!guard.expired())
-                    finished(outcome);
-            });
+        lifetime, [this](const foundation::Result<movie::MovieOutcome>& outcome) {
+            services.runLoop.post(lifetime.guard([this, outcome] { finished(outcome); }));
         });
     connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](auto state) {
         if (state == Qt::ApplicationSuspended)

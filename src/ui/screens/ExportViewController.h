@@ -2,6 +2,7 @@
 #pragma once
 
 #include "export/MovieOptions.h"
+#include "platform/foundation/Lifetime.h"
 #include "platform/foundation/Result.h"
 #include "ui/controls/Services.h"
 #include "ui/screens/BlurCover.h"
@@ -81,7 +82,7 @@ private:
     std::unique_ptr<PreviewViewController> preview_;
     QString status_;
     bool isDismissed = false;
-    std::shared_ptr<const bool> alive = std::make_shared<const bool>(true); ///< also listens
+    foundation::Lifetime lifetime;
 };
 
 } // namespace zelvo::ui

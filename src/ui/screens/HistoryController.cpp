@@ -78,10 +78,8 @@ void HistoryController::viewDidAppear() {
 }
 
 void HistoryController::titleAfter(double delay, const QString& text, bool isHint) {
-    services.runLoop.asyncAfter(delay, [this, text, isHint, guard = std::weak_ptr(alive)] {
-        if (!guard.expired())
-            setTitle(text, isHint);
-    });
+    services.runLoop.asyncAfter(
+        delay, lifetime.guard([this, text, isHint] { setTitle(text, isHint); }));
 }
 
 void HistoryController::setTitle(const QString& text, bool isHint) {
@@ -103,10 +101,7 @@ void HistoryController::deleteRow(int row) {
     auto& performance = services.model.actionController();
     performance.removeActions(undoableRecordedActions[static_cast<std::size_t>(row)]->identifier);
     performance.undoManager.clear();
-    services.runLoop.post([this, guard = std::weak_ptr(alive)] {
-        if (!guard.expired())
-            fill();
-    });
+    services.runLoop.post(lifetime.guard([this] { fill(); }));
 }
 
 void HistoryController::dismissViewController() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/Lifetime.h"
 #include "ui/controls/Services.h"
 #include "ui/screens/HistoryRows.h"
 
@@ -8,7 +9,6 @@
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
-#include <memory>
 #include <vector>
 
 namespace zelvo::ui {
@@ -68,8 +68,7 @@ private:
     HistoryRows tableView;
     QString title_;
     bool showsHint_ = false;
-    std::shared_ptr<const bool> alive =
-        std::make_shared<const bool>(true); ///< queued calls may outlive this
+    foundation::Lifetime lifetime;
 };
 
 } // namespace zelvo::ui

@@ -131,13 +131,14 @@ void PreviewViewController::saveCopy(const QUrl& target) {
     const std::filesystem::path to = target.toLocalFile().toStdString();
     if (to.empty())
         return;
-    copying->async([this, to, from = moviePath, guard = std::weak_ptr(alive), given = services] {
+    const auto say = lifetime.guard([this, to] { copied(to); });
+    copying->async([to, from = moviePath, say, given = services] {
         const std::error_code error = copyMovie(from, to);
-        given.runLoop.post([this, to, error, guard, given] {
+        given.runLoop.post([to, error, say, given] {
             if (error)
                 tell(given.alerts, to, error);
-            else if (!guard.expired())
-                copied(to);
+            else
+                say();
         });
     });
 }

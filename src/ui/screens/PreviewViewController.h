@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/Lifetime.h"
 #include "platform/foundation/RunLoop.h"
 #include "ui/controls/Services.h"
 #include "ui/screens/Sharing.h"
@@ -89,8 +90,7 @@ private:
     bool isPlaying_ = false;
     bool isSharing_ = false;
     std::unique_ptr<foundation::SerialQueue> copying;
-    std::shared_ptr<const bool> alive =
-        std::make_shared<const bool>(true); ///< queued calls may outlive this
+    foundation::Lifetime lifetime;
 };
 
 } // namespace zelvo::ui

@@ -16,14 +16,14 @@ constexpr float kCountInEnd = 0.98f;
 
 ProgressView::ProgressView(const Services& given)
     : services(given) {
-    signals().timeSignal.subscribe(listening, [this](const TimeState& time) {
-        services.runLoop.post([this, time, guard = std::weak_ptr(listening)] {
-            if (guard.expired() || services.model.isRecordingMovie())
+    signals().timeSignal.subscribe(lifetime, [this](const TimeState& time) {
+        services.runLoop.post(lifetime.guard([this, time] {
+            if (services.model.isRecordingMovie())
                 return;
             state = time.isCountIn ? PreparingStage::preparing : PreparingStage::recording;
             value = static_cast<float>(time.runFraction);
             Q_EMIT changed();
-        });
+        }));
     });
 }
 

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/Lifetime.h"
 #include "ui/controls/InterfaceColors.h"
 #include "ui/controls/Services.h"
 
 #include <QColor>
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
-
-#include <memory>
 
 namespace zelvo::ui {
 
@@ -43,7 +42,7 @@ Q_SIGNALS:
 
 private:
     Services services;
-    std::shared_ptr<const bool> listening = std::make_shared<const bool>(true);
+    foundation::Lifetime lifetime;
 };
 
 } // namespace zelvo::ui
