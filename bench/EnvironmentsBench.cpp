@@ -44,7 +44,8 @@ public:
     explicit Title(int scene)
         : folder(temporaryFolder())
         , engine(loop.runLoop, foundation::Folders::below(folder.path()), 0) {
-        const auto& name = look::SceneManager::sceneNames.at(static_cast<std::size_t>(scene));
+        const auto& name =
+            environments::SceneManager::sceneNames.at(static_cast<std::size_t>(scene));
         const auto title = app::readPerformance(fmt::format(kTitle, name), app::engineNames());
         CHECK(title.has_value(), "{}", title.error().front().text);
         CHECK(app::setUp(*title, {}, engine).has_value(), "no music is asked for");
@@ -57,7 +58,8 @@ public:
 };
 
 void nameAfter(benchmark::State& state, int scene) {
-    state.SetLabel(std::string(look::SceneManager::sceneNames.at(static_cast<std::size_t>(scene))));
+    state.SetLabel(
+        std::string(environments::SceneManager::sceneNames.at(static_cast<std::size_t>(scene))));
 }
 
 /// Goal: at least 4 frames a second in every environment.
@@ -158,7 +160,7 @@ void swapEnvironment(benchmark::State& state) {
 
 void eachEnvironment(benchmark::internal::Benchmark* benchmark) {
     benchmark->Unit(benchmark::kMillisecond)->UseRealTime();
-    benchmark->DenseRange(0, static_cast<int>(look::SceneManager::sceneNames.size()) - 1);
+    benchmark->DenseRange(0, static_cast<int>(environments::SceneManager::sceneNames.size()) - 1);
 }
 
 BENCHMARK(exportMovie)->Apply(eachEnvironment)->Iterations(1);

@@ -24,16 +24,16 @@ void tick(benchmark::State& state) {
     foundation::UserDefaults defaults;
     text::FontRegistry fonts;
     content::FontManager(fonts).registerBuiltIns(foundation::mainBundle());
-    core::Nodes nodes(core::Surroundings{&fonts, &defaults, &loop, {}, core::DeviceIdiom::tablet});
+    stage::Nodes nodes(node::Surroundings{&fonts, &defaults, &loop, {}, node::DeviceIdiom::tablet});
     scene::HeadlessView view;
-    core::Model model(
+    model::Model model(
         {.runLoop = loop,
          .nodes = nodes,
          .folders = foundation::Folders::below(std::filesystem::temp_directory_path()),
          .makeFrames = {},
          .makeAudioOutput = {},
          .showAlert = {}});
-    const core::HeadlessViewClock viewClock(view);
+    const model::HeadlessViewClock viewClock(view);
     model.setSceneView(&view);
     model.setDuration(kForever);
     model.start();

@@ -35,12 +35,13 @@ constexpr image::Color kLast{1, 0, 0, 1};
 void hundredColors(benchmark::State& state) {
     using Clock = std::chrono::steady_clock;
     const auto index = static_cast<int>(state.range(0));
-    state.SetLabel(std::string(look::SceneManager::sceneNames.at(static_cast<std::size_t>(index))));
+    state.SetLabel(
+        std::string(environments::SceneManager::sceneNames.at(static_cast<std::size_t>(index))));
     foundation::WallRunLoop loop;
     Clock::duration longest{};
     for ([[maybe_unused]] auto _ : state) {
         state.PauseTiming();
-        const look::SNEPtr environment = look::SceneManager::sceneData(index, loop);
+        const environments::SNEPtr environment = environments::SceneManager::sceneData(index, loop);
         CHECK(environment != nullptr, "no environment {}", index);
         state.ResumeTiming();
         for (int i = 0; i < kColors; ++i) {

@@ -94,7 +94,7 @@ public:
     void soak() {
         wait([this] { return stage().framesShown() > 0; });
         application.main.showAnim();
-        core::Model& model = application.model();
+        model::Model& model = application.model();
         model.setDuration(kShortRun);
         swapScenes(); // afterwards, all caches are filled
         run();
@@ -179,7 +179,7 @@ private:
     }
 
     void measureRun() {
-        core::Model& model = application.model();
+        model::Model& model = application.model();
         const double began = app::stopwatchSeconds();
         model.start();
         waitFor(model.startCounter());
@@ -193,7 +193,7 @@ private:
     }
 
     void measureClockIn(int scene) {
-        core::Model& model = application.model();
+        model::Model& model = application.model();
         const int before = stage().framesShown();
         const double began = app::stopwatchSeconds();
         double longest = 0;
@@ -233,7 +233,7 @@ private:
     }
 
     void run() {
-        core::Model& model = application.model();
+        model::Model& model = application.model();
         model.start();
         for (int button = 0; button < 3; ++button) {
             waitFor(1);

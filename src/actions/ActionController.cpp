@@ -19,7 +19,7 @@ constexpr double kOpeningDelay = 0.01; ///< seconds
 
 } // namespace
 
-ActionController::ActionController(ActionControllerOwner& model, core::Nodes& stage)
+ActionController::ActionController(ActionControllerOwner& model, stage::Nodes& stage)
     : nodes(stage)
     , undoManager(this)
     , techniques(*this)
@@ -75,10 +75,10 @@ void ActionController::keep(const XACPtr& xac) {
 }
 
 std::string
-ActionController::describe(std::string_view title, const std::vector<core::NodePtr>& which) {
+ActionController::describe(std::string_view title, const std::vector<node::NodePtr>& which) {
     std::vector<std::string_view> names;
     names.reserve(which.size());
-    for (const core::NodePtr& node : which) {
+    for (const node::NodePtr& node : which) {
         names.emplace_back(node->shortName);
     }
     std::string text = fmt::format("{} [{}]", title, fmt::join(names, ", "));
@@ -136,10 +136,10 @@ void ActionController::resetAll(CameraHandles handles, const Homecoming& how) co
     resetStage(nodes, handles, how);
 }
 
-void ActionController::resetNodes(const std::vector<core::NodePtr>& which) {
+void ActionController::resetNodes(const std::vector<node::NodePtr>& which) {
     if (which.empty())
         foundation::logLine("no nodes to reset");
-    for (const core::NodePtr& node : which) {
+    for (const node::NodePtr& node : which) {
         resetRig(*node, {});
     }
 }

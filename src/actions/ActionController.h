@@ -34,9 +34,9 @@ enum class RegisterUndo {
 /// loop's thread may use the list (debug builds check this); the serial queue only makes records.
 class ActionController final : public UndoneList {
 public:
-    ActionController(ActionControllerOwner& model, core::Nodes& stage);
+    ActionController(ActionControllerOwner& model, stage::Nodes& stage);
 
-    core::Nodes& nodes;
+    stage::Nodes& nodes;
     MyUndoManager undoManager;
     Techniques techniques;
     Gestures gestures;
@@ -59,7 +59,7 @@ public:
 
     /// For example "Left In (TX1, TX2)".
     [[nodiscard]] static std::string
-    describe(std::string_view title, const std::vector<core::NodePtr>& which);
+    describe(std::string_view title, const std::vector<node::NodePtr>& which);
 
     /// One tick of the clock. At time 0 the stage is reset to its home pose. Later, records that
     /// are due are called, once in each run.
@@ -78,7 +78,7 @@ public:
 
     void resetAll(CameraHandles handles, const Homecoming& how = {}) const;
     /// Resets without animation. Writes to the console if the list is empty.
-    static void resetNodes(const std::vector<core::NodePtr>& which);
+    static void resetNodes(const std::vector<node::NodePtr>& which);
 
     /// Deletes the whole performance and plays the opening fly-in.
     void deleteAll();

@@ -63,24 +63,24 @@ void turnHandle(const Handle& handle, float radians) {
     handle.node.runAction(SCNAction::rotateBy(handle.axis * radians, kTurnDuration, glide()));
 }
 
-void turnCamera(const core::Nodes& stage, const glm::vec2& d) {
+void turnCamera(const stage::Nodes& stage, const glm::vec2& d) {
     turnHandle({*stage.cameraYHandle, {0, 1, 0}, "camYHandleRotW.isNaN"}, d.x * kTurnAboutY);
     turnHandle({*stage.cameraXHandle, {1, 0, 0}, "camXHandleRotW.isNaN"}, d.y * kTurnAboutX);
 }
 
-void stopHandles(const core::Nodes& stage) {
+void stopHandles(const stage::Nodes& stage) {
     stage.cameraYHandle->removeAllActions();
     stage.cameraXHandle->removeAllActions();
 }
 
-void straightenCamera(const core::Nodes& stage, double duration) {
+void straightenCamera(const stage::Nodes& stage, double duration) {
     stopHandles(stage);
     const auto straighten = SCNAction::rotateTo(kHome, duration, glide(), scene::UnitArc::shortest);
     stage.cameraYHandle->runAction(straighten);
     stage.cameraXHandle->runAction(straighten);
 }
 
-void pushCameraIn(const core::Nodes& stage, float units) {
+void pushCameraIn(const stage::Nodes& stage, float units) {
     const glm::vec3 from = stage.cameraPinchNode->position;
     const auto easeOut = bezierTiming(0, 0, 0.58f, 1);
     stage.cameraPinchNode->runAction(

@@ -45,7 +45,7 @@ void resetSceneNode(scene::SCNNode& node, const glm::vec3& target, const Homecom
     runHomeMoves(node, target, how);
 }
 
-void resetRig(core::Node& node, const Homecoming& how) {
+void resetRig(node::Node& node, const Homecoming& how) {
     if (const auto* text = dynamic_cast<const content::TextNode*>(&node))
         resetLetters(*text, how);
     resetSceneNode(node, kHome, how);
@@ -60,17 +60,17 @@ void resetRig(core::Node& node, const Homecoming& how) {
     }
 }
 
-void resetStage(const core::Nodes& nodes, CameraHandles handles, const Homecoming& how) {
+void resetStage(const stage::Nodes& nodes, CameraHandles handles, const Homecoming& how) {
     const auto& holder = *nodes.mediaHolderNode;
     resetSceneNode(*nodes.mediaHolderNode, kHome, how);
     for (const auto& level :
          {holder.contentNode, holder.xAxisNode, holder.yAxisNode, holder.zAxisNode}) {
         resetSceneNode(*level, kHome, how);
     }
-    for (const core::NodePtr& node : nodes.content()) {
+    for (const node::NodePtr& node : nodes.content()) {
         resetRig(*node, how);
     }
-    resetSceneNode(*nodes.cameraNode, core::kCameraHome, how);
+    resetSceneNode(*nodes.cameraNode, stage::kCameraHome, how);
     for (const auto& level :
          {nodes.cameraPinchNode,
           nodes.cameraSpecialPerspectiveNode,
@@ -84,18 +84,18 @@ void resetStage(const core::Nodes& nodes, CameraHandles handles, const Homecomin
     resetSceneNode(*nodes.cameraYHandle, kCameraYHandleHome, how);
 }
 
-void parkNodes(const core::Nodes& nodes) {
+void parkNodes(const stage::Nodes& nodes) {
     const auto park = SCNAction::moveTo(kParkingPlace, 0);
-    for (const core::NodePtr& node : nodes.content()) {
+    for (const node::NodePtr& node : nodes.content()) {
         node->runAction(park);
     }
 }
 
-void playOpeningFlyIn(const core::Nodes& nodes) {
+void playOpeningFlyIn(const stage::Nodes& nodes) {
     const auto flyIn = SCNAction::sequence(
         {SCNAction::moveTo({0, 0, -800}, 0),
          SCNAction::moveTo(kHome, 0.4, bezierTiming(0.61f, 0.81f, 0.57f, 0.98f))});
-    for (const core::NodePtr& node : nodes.content()) {
+    for (const node::NodePtr& node : nodes.content()) {
         node->runAction(flyIn);
     }
 }

@@ -33,15 +33,15 @@ void resetSceneNode(scene::SCNNode& node, const glm::vec3& target, const Homecom
 
 /// Moves letters, if there are any, to their places in the text, and the performance levels of the
 /// rig to 0.
-void resetRig(core::Node& node, const Homecoming& how);
+void resetRig(node::Node& node, const Homecoming& how);
 
 /// Resets the media holder, the four content nodes and the camera rig.
-void resetStage(const core::Nodes& nodes, CameraHandles handles, const Homecoming& how);
+void resetStage(const stage::Nodes& nodes, CameraHandles handles, const Homecoming& how);
 
 /// Moves the four content nodes so far behind the camera that the distance fade hides them.
-void parkNodes(const core::Nodes& nodes);
+void parkNodes(const stage::Nodes& nodes);
 
 /// The opening animation: the content flies from far behind the camera to its place.
-void playOpeningFlyIn(const core::Nodes& nodes);
+void playOpeningFlyIn(const stage::Nodes& nodes);
 
 } // namespace zelvo::actions

@@ -82,7 +82,7 @@ Application::~Application() {
     keepWindowPlace();
 }
 
-core::Surroundings Application::surroundings() {
+node::Surroundings Application::surroundings() {
     content::FontManager(fonts).registerBuiltIns(foundation::mainBundle());
     return {
         &fonts,
@@ -91,10 +91,10 @@ core::Surroundings Application::surroundings() {
         [this](const std::string& title, const std::string& message) {
             alerts.showAlert(title, message);
         },
-        core::DeviceIdiom::tablet};
+        node::DeviceIdiom::tablet};
 }
 
-core::ModelServices Application::modelServices(const foundation::Folders& folders) {
+model::ModelServices Application::modelServices(const foundation::Folders& folders) {
     return {
         .runLoop = runLoop_,
         .nodes = nodes,

@@ -35,14 +35,14 @@ private:
     foundation::UserDefaults defaults;
     ui::Alerts alerts;
     text::FontRegistry fonts;
-    core::Nodes nodes;
-    core::Model model_;
+    stage::Nodes nodes;
+    model::Model model_;
     bool hasSound; ///< before the main screen comes up
 
 public:
     ui::MainViewController main;
 
-    [[nodiscard]] core::Model& model() { return model_; }
+    [[nodiscard]] model::Model& model() { return model_; }
 
     [[nodiscard]] foundation::RunLoop& runLoop() { return runLoop_; }
 
@@ -55,8 +55,8 @@ public:
     void open(const std::vector<std::filesystem::path>& files);
 
 private:
-    [[nodiscard]] core::Surroundings surroundings();
-    [[nodiscard]] core::ModelServices modelServices(const foundation::Folders& folders);
+    [[nodiscard]] node::Surroundings surroundings();
+    [[nodiscard]] model::ModelServices modelServices(const foundation::Folders& folders);
     void keepWindowPlace();
 
     std::unique_ptr<ui::FrameGate> gate;

@@ -40,9 +40,9 @@ Engine::Engine(
     runLoop.runFor(kOpening);
 }
 
-core::Surroundings Engine::surroundings() {
+node::Surroundings Engine::surroundings() {
     content::FontManager(fonts).registerBuiltIns(foundation::mainBundle());
-    return {&fonts, &defaults, &runLoop, &sayAlert, core::DeviceIdiom::tablet};
+    return {&fonts, &defaults, &runLoop, &sayAlert, node::DeviceIdiom::tablet};
 }
 
 } // namespace zelvo::app

@@ -27,19 +27,19 @@ public:
 
     foundation::VirtualRunLoop& runLoop;
 
-    [[nodiscard]] core::Model& model() { return model_; }
+    [[nodiscard]] model::Model& model() { return model_; }
 
-    [[nodiscard]] core::Nodes& stage() { return nodes; }
+    [[nodiscard]] stage::Nodes& stage() { return nodes; }
 
 private:
-    [[nodiscard]] core::Surroundings surroundings();
+    [[nodiscard]] node::Surroundings surroundings();
 
     foundation::UserDefaults defaults;
     text::FontRegistry fonts;
-    core::Nodes nodes;
+    stage::Nodes nodes;
     scene::HeadlessView view;
-    core::Model model_;
-    core::HeadlessViewClock viewClock;
+    model::Model model_;
+    model::HeadlessViewClock viewClock;
 };
 
 } // namespace zelvo::app

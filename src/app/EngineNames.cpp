@@ -55,9 +55,9 @@ Names engineNames() {
     }
     names.shapes = collected(content::mediaShapes(), [](const auto& shape) { return shape->name; });
     names.masks = collected(content::imageMasks(), [](const auto& mask) { return mask->name; });
-    names.speeds = collected(core::kSpeeds, [](const auto& row) { return row.title; });
+    names.speeds = collected(model::kSpeeds, [](const auto& row) { return row.title; });
     names.fades = collected(audio::kFades, [](const auto& row) { return row.name; });
-    names.scenes = collected(look::kEnvironments, [](const auto& row) { return row.name; });
+    names.scenes = collected(environments::kEnvironments, [](const auto& row) { return row.name; });
     for (const auto& tab : catalogue::tabs()) {
         TabNames row{.tab = std::string(tab.shortTitle), .titles = {}};
         for (const auto& button : tab.buttons()) {
@@ -93,7 +93,7 @@ std::vector<std::string> listed(Listing what) {
 }
 
 int sceneIndexOf(const std::string& name) {
-    const auto& names = look::SceneManager::sceneNames;
+    const auto& names = environments::SceneManager::sceneNames;
     const auto* const found = std::ranges::find(names, name);
     CHECK(found != names.end(), "no scene is called {}", name);
     return static_cast<int>(std::distance(names.begin(), found));

@@ -30,7 +30,7 @@ struct Task {
     std::uint64_t seed = 0;
     foundation::Folders folders;
     /// How the movie is made, once the performance is known. Errors: what is asked for cannot be.
-    std::function<foundation::Result<movie::MovieOptions>(core::Model&)> options;
+    std::function<foundation::Result<movie::MovieOptions>(model::Model&)> options;
     std::function<void(const ExportReport&)> report;
 };
 
@@ -105,7 +105,7 @@ void reportPerformance(const PerformCommand& command, const ExportReport& report
 }
 
 [[nodiscard]] foundation::Result<void>
-checkMoment(std::string_view option, double at, const core::Model& model) {
+checkMoment(std::string_view option, double at, const model::Model& model) {
     const double earliest = -model.startCounter();
     if (at >= earliest && at <= model.duration())
         return {};
@@ -120,7 +120,7 @@ checkMoment(std::string_view option, double at, const core::Model& model) {
 }
 
 [[nodiscard]] foundation::Result<movie::MovieOptions>
-optionsFor(const StripCommand& command, const core::Model& model) {
+optionsFor(const StripCommand& command, const model::Model& model) {
     for (const auto& within :
          {checkMoment("--from", command.from, model), checkMoment("--to", command.to, model)}) {
         if (!within)
@@ -180,7 +180,7 @@ int run(const PerformCommand& command) {
         {.file = command.file,
          .seed = command.seed,
          .folders = goesToLibrary ? foldersWithoutSettings(*temporary) : foldersIn(*temporary),
-         .options = [&](core::Model& model) -> foundation::Result<movie::MovieOptions> {
+         .options = [&](model::Model& model) -> foundation::Result<movie::MovieOptions> {
              return optionsFor(command, model.duration());
          },
          .report = [&](const ExportReport& report) { reportPerformance(command, report); }});
@@ -199,7 +199,7 @@ int run(const FrameCommand& command) {
         {.file = command.file,
          .seed = command.seed,
          .folders = foldersIn(*temporary),
-         .options = [&](core::Model& model) -> foundation::Result<movie::MovieOptions> {
+         .options = [&](model::Model& model) -> foundation::Result<movie::MovieOptions> {
              if (auto within = checkMoment("--at", command.at, model); !within)
                  return tl::unexpected(within.error());
              return optionsForTap(
@@ -222,7 +222,7 @@ int run(const StripCommand& command) {
         {.file = command.file,
          .seed = command.seed,
          .folders = foldersIn(*temporary),
-         .options = [&](core::Model& model) { return optionsFor(command, model); },
+         .options = [&](model::Model& model) { return optionsFor(command, model); },
          .report = [&](const ExportReport&) { printPath(command.out); }});
 }
 

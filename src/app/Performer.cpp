@@ -26,9 +26,9 @@ namespace {
 using actions::GestureState;
 using shared::FrameClock;
 
-[[nodiscard]] core::AnimationRatio speedTitled(std::string_view title) {
-    const auto* const row = std::ranges::find(core::kSpeeds, title, &core::SpeedRow::title);
-    CHECK(row != core::kSpeeds.end(), "no speed is called {}", title);
+[[nodiscard]] model::AnimationRatio speedTitled(std::string_view title) {
+    const auto* const row = std::ranges::find(model::kSpeeds, title, &model::SpeedRow::title);
+    CHECK(row != model::kSpeeds.end(), "no speed is called {}", title);
     return row->ratio;
 }
 
@@ -48,7 +48,7 @@ using shared::FrameClock;
         foundation::Cause::malformed, file.string() + ": there is no sound in it");
 }
 
-[[nodiscard]] foundation::Result<void> takeStretch(const Music& music, core::Model& model) {
+[[nodiscard]] foundation::Result<void> takeStretch(const Music& music, model::Model& model) {
     auto& player = model.audioPlayer();
     const double length = player.totalDuration;
     if (length <= 0)
@@ -172,15 +172,15 @@ private:
         return {
             .controller = model.actionController(),
             .affectedNodes = nodesOf(cue),
-            .animationFactor = cue.speed ? core::speedOf(speedTitled(*cue.speed)).animationFactor
+            .animationFactor = cue.speed ? model::speedOf(speedTitled(*cue.speed)).animationFactor
                                          : model.animationFactor()};
     }
 
-    [[nodiscard]] std::vector<core::NodePtr> nodesOf(const Press& cue) {
+    [[nodiscard]] std::vector<node::NodePtr> nodesOf(const Press& cue) {
         auto& stage = engine.stage();
         if (cue.nodes.empty())
             return stage.content();
-        std::vector<core::NodePtr> nodes;
+        std::vector<node::NodePtr> nodes;
         for (const auto& name : cue.nodes)
             nodes.push_back(nodeNamed(name, stage));
         return nodes;

@@ -26,7 +26,7 @@ constexpr double kOversampling = 2; // tiles are small
 constexpr double kDepthShare = 0.6;
 
 /// The size at which the node fills the format's space.
-void fit(core::Node& node, const SheetFormat& format) {
+void fit(node::Node& node, const SheetFormat& format) {
     const auto box = node.contentNode->boundingBox();
     const double depth = box.max.z - box.min.z;
     // What reaches towards the camera is seen larger.

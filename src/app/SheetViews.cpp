@@ -84,8 +84,8 @@ constexpr auto kSample = "Rag8"; // round and straight strokes, a counter, a des
     return view;
 }
 
-[[nodiscard]] SheetView sceneView(const look::EnvironmentRow& environment) {
-    const look::SampleTitle& sample = environment.sample;
+[[nodiscard]] SheetView sceneView(const environments::EnvironmentRow& environment) {
+    const environments::SampleTitle& sample = environment.sample;
     const auto background = image::Color::hex(sample.background);
     SheetView view{
         .caption = std::string(environment.name),
@@ -171,7 +171,7 @@ std::vector<SheetView> viewsOf(SheetKind kind) {
     case SheetKind::materials:
         return viewsOfAll(look::kPairs, materialView);
     case SheetKind::scenes:
-        return viewsOfAll(look::kEnvironments, sceneView);
+        return viewsOfAll(environments::kEnvironments, sceneView);
     case SheetKind::shapes:
         return viewsOfAll(listed(Listing::shapes), shapeView);
     case SheetKind::masks:

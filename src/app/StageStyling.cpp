@@ -19,7 +19,7 @@ namespace {
     return row->name;
 }
 
-void styleLayout(const LayoutStyle& style, core::Node& node) {
+void styleLayout(const LayoutStyle& style, node::Node& node) {
     if (style.position)
         node.setLayoutPosition(glm::vec3(*style.position));
     if (style.scale) {
@@ -109,7 +109,7 @@ void styleMedia(const MediaStyle& style, content::MediaNode& node) {
     styleLayout(style, node);
 }
 
-void styleTexts(const Performance& performance, core::Nodes& stage) {
+void styleTexts(const Performance& performance, stage::Nodes& stage) {
     for (const auto& node : {stage.textNode1, stage.textNode2}) {
         const auto style = performance.nodes.find(node->shortName);
         if (style != performance.nodes.end())
@@ -120,7 +120,7 @@ void styleTexts(const Performance& performance, core::Nodes& stage) {
 } // namespace
 
 foundation::Result<void> styleContent(
-    const Performance& performance, const std::filesystem::path& folder, core::Nodes& stage) {
+    const Performance& performance, const std::filesystem::path& folder, stage::Nodes& stage) {
     styleTexts(performance, stage);
     if (performance.object)
         styleMedia(*performance.object, *stage.mediaNode);
@@ -129,8 +129,8 @@ foundation::Result<void> styleContent(
     return styleImage(*performance.picture, folder, *stage.imageNode);
 }
 
-core::NodePtr nodeNamed(std::string_view shortName, const core::Nodes& stage) {
-    for (const core::NodePtr& node : stage.content()) {
+node::NodePtr nodeNamed(std::string_view shortName, const stage::Nodes& stage) {
+    for (const node::NodePtr& node : stage.content()) {
         if (node->shortName == shortName)
             return node;
     }

@@ -14,9 +14,9 @@ namespace zelvo::app {
 /// folder. What a style leaves out stays as it is. Fails for a picture that cannot be loaded; the
 /// message begins with the line that names it.
 [[nodiscard]] foundation::Result<void> styleContent(
-    const Performance& performance, const std::filesystem::path& folder, core::Nodes& stage);
+    const Performance& performance, const std::filesystem::path& folder, stage::Nodes& stage);
 
 /// The content node of that short name; a name without one is a programming error.
-[[nodiscard]] core::NodePtr nodeNamed(std::string_view shortName, const core::Nodes& stage);
+[[nodiscard]] node::NodePtr nodeNamed(std::string_view shortName, const stage::Nodes& stage);
 
 } // namespace zelvo::app

@@ -66,9 +66,9 @@ float randomOffset(int span) {
     return static_cast<float>(offset);
 }
 
-Letters lettersOf(const std::vector<core::NodePtr>& nodes) {
+Letters lettersOf(const std::vector<node::NodePtr>& nodes) {
     Letters letters;
-    for (const core::NodePtr& node : nodes) {
+    for (const node::NodePtr& node : nodes) {
         const auto* text = dynamic_cast<const content::TextNode*>(node.get());
         if (text == nullptr)
             continue;
@@ -79,16 +79,16 @@ Letters lettersOf(const std::vector<core::NodePtr>& nodes) {
     return letters;
 }
 
-std::vector<core::NodePtr> nonTextNodes(const std::vector<core::NodePtr>& nodes) {
-    std::vector<core::NodePtr> others;
-    for (const core::NodePtr& node : nodes) {
+std::vector<node::NodePtr> nonTextNodes(const std::vector<node::NodePtr>& nodes) {
+    std::vector<node::NodePtr> others;
+    for (const node::NodePtr& node : nodes) {
         if (!isText(*node))
             others.push_back(node);
     }
     return others;
 }
 
-bool isText(const core::Node& node) {
+bool isText(const node::Node& node) {
     return dynamic_cast<const content::TextNode*>(&node) != nullptr;
 }
 

@@ -70,9 +70,9 @@ using Letters = std::vector<content::CharNodePtr>;
 
 /// The letters of all texts among the nodes. They are rebuilt on every change of style, so never
 /// capture them.
-[[nodiscard]] Letters lettersOf(const std::vector<core::NodePtr>& nodes);
-[[nodiscard]] std::vector<core::NodePtr> nonTextNodes(const std::vector<core::NodePtr>& nodes);
-[[nodiscard]] bool isText(const core::Node& node);
+[[nodiscard]] Letters lettersOf(const std::vector<node::NodePtr>& nodes);
+[[nodiscard]] std::vector<node::NodePtr> nonTextNodes(const std::vector<node::NodePtr>& nodes);
+[[nodiscard]] bool isText(const node::Node& node);
 [[nodiscard]] Letters shuffled(Letters letters);
 
 } // namespace zelvo::catalogue

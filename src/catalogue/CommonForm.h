@@ -17,8 +17,8 @@ namespace zelvo::catalogue {
 
 /// The parameters of an animation, fixed at the press and the same in each replay.
 struct Take {
-    const core::Nodes& stage;
-    std::vector<core::NodePtr> nodes;
+    const stage::Nodes& stage;
+    std::vector<node::NodePtr> nodes;
     double d = 0; ///< seconds: the row's factor times the base duration at the press
     scene::TimingFunction timing{};     ///< null is linear
     scene::TimingFunction restTiming{}; ///< for nodes that are not letters, if the row has one

@@ -31,18 +31,18 @@ struct Flash {
 
 struct BurstRow {
     std::string_view title;
-    core::ParticleList const core::Nodes::*particles;
+    stage::ParticleList const stage::Nodes::*particles;
     std::optional<Flash> flash;
 };
 
 // clang-format off
 constexpr auto kRows = std::to_array<BurstRow>({
-    {"Drop",       &core::Nodes::particleBigDropExpo, Flash{0.47, {0, 0, 0.5f}, 0}               },
-    {"Hit 1",      &core::Nodes::particleExplo3,      Flash{0.26, {1, 0.2f, 0}, 0, Place::random}},
-    {"Hit 2",      &core::Nodes::particleExplo2,      Flash{0.3, {1, 0.5f, 0}, 0}                },
-    {"LightBeams", &core::Nodes::lightBeams,          Flash{0.3, {0.8f, 0.8f, 1}, 1000}          },
-    {"FireExplo",  &core::Nodes::fireExplo,           {}                                         },
-    {"Geo",        &core::Nodes::geometryParticles,   {}                                         },
+    {"Drop",       &stage::Nodes::particleBigDropExpo, Flash{0.47, {0, 0, 0.5f}, 0}               },
+    {"Hit 1",      &stage::Nodes::particleExplo3,      Flash{0.26, {1, 0.2f, 0}, 0, Place::random}},
+    {"Hit 2",      &stage::Nodes::particleExplo2,      Flash{0.3, {1, 0.5f, 0}, 0}                },
+    {"LightBeams", &stage::Nodes::lightBeams,          Flash{0.3, {0.8f, 0.8f, 1}, 1000}          },
+    {"FireExplo",  &stage::Nodes::fireExplo,           {}                                         },
+    {"Geo",        &stage::Nodes::geometryParticles,   {}                                         },
 });
 
 // clang-format on
@@ -71,15 +71,15 @@ void fadeTo(scene::SCNLight& light, double intensity, double seconds) {
 
 void burst(
     actions::ActionController& controller,
-    const core::ParticleList& particles,
+    const stage::ParticleList& particles,
     const Flash& flash,
     const Pose& pose) {
     const auto light = std::make_shared<scene::SCNLight>();
     light->type = scene::SCNLightType::omni;
-    light->categoryBitMask = core::kContentMask;
+    light->categoryBitMask = node::kContentMask;
     light->color = {flash.color.r, flash.color.g, flash.color.b, 1};
     light->intensity = flash.start;
-    const auto node = std::make_shared<core::DefaultSCNNode>();
+    const auto node = std::make_shared<node::DefaultSCNNode>();
     node->light = light;
     node->position = pose.position;
     node->setRotation({1, 1, 1, pose.turn});
@@ -88,7 +88,7 @@ void burst(
 
     fadeTo(*light, kPeak, flash.seconds);
     const double t = flash.seconds;
-    const std::weak_ptr<core::DefaultSCNNode> weak = node;
+    const std::weak_ptr<node::DefaultSCNNode> weak = node;
     node->runAction(SCNAction::wait(t), [weak, t, &controller] {
         const NodePtr standing = weak.lock();
         if (!standing)
@@ -103,7 +103,7 @@ void burst(
 
 void press(const PressContext& context, const BurstRow& row) {
     actions::ActionController& controller = context.controller;
-    const core::ParticleList& particles = controller.nodes.*row.particles;
+    const stage::ParticleList& particles = controller.nodes.*row.particles;
     if (!row.flash) {
         recordEffect(context, row.title, [&controller, &particles] {
             addParticles(*controller.nodes.particleAndParticleLightHolder, particles);

@@ -34,14 +34,14 @@ constexpr std::uint32_t kStreakMask = 16;
 constexpr double kSweepShare = 0.33;    ///< share of the duration; three sweeps
 constexpr double kFlickerShare = 0.165; ///< share of the duration; six flickers
 
-Button particleButton(const char* title, core::ParticleList const core::Nodes::*particles) {
+Button particleButton(const char* title, stage::ParticleList const stage::Nodes::*particles) {
     return {
         .face = {.label = title},
         .title = title,
         .beganFunc =
             [title, particles](const PressContext& context) {
                 recordEffect(context, title, [&controller = context.controller, particles] {
-                    const core::Nodes& stage = controller.nodes;
+                    const stage::Nodes& stage = controller.nodes;
                     addParticles(*stage.particleAndParticleLightHolder, stage.*particles);
                 });
             },
@@ -49,10 +49,10 @@ Button particleButton(const char* title, core::ParticleList const core::Nodes::*
 }
 
 void sweepBeacon(ActionController& controller, double d) {
-    const NodePtr node = core::LightNodes::spotLight();
+    const NodePtr node = node::LightNodes::spotLight();
     node->position = kBeaconStart;
     controller.nodes.addEffect(*controller.nodes.cameraNode, node);
-    const std::weak_ptr<core::DefaultSCNNode> weak = node;
+    const std::weak_ptr<node::DefaultSCNNode> weak = node;
     node->runAction(SCNAction::moveTo(kBeaconEnd, d), [weak, &controller] {
         if (const NodePtr ended = weak.lock())
             removeSoon(controller, ended);
@@ -121,7 +121,7 @@ scene::SCNLightPtr streakLight() {
     auto light = std::make_shared<scene::SCNLight>();
     light->type = scene::SCNLightType::omni;
     light->intensity = 1e7;
-    light->categoryBitMask = core::kContentMask;
+    light->categoryBitMask = node::kContentMask;
     light->zFar = 10000;
     return light;
 }
@@ -145,12 +145,12 @@ Streak drawnStreak(double d) {
 }
 
 void sweepStreak(ActionController& controller, const Streak& streak) {
-    const auto plane = std::make_shared<core::DefaultSCNNode>();
+    const auto plane = std::make_shared<node::DefaultSCNNode>();
     plane->geometry = std::make_shared<scene::SCNPlane>(streak.width, streak.height);
     plane->geometry->materials = {streak.material};
     plane->categoryBitMask = kStreakMask;
     plane->position = glm::vec3(0, 0, -50);
-    const auto carrier = std::make_shared<core::DefaultSCNNode>();
+    const auto carrier = std::make_shared<node::DefaultSCNNode>();
     carrier->light = streak.light;
     carrier->opacity = 0.0f;
     carrier->position = glm::vec3(streak.start.x, streak.start.y, -streak.start.z);
@@ -158,12 +158,12 @@ void sweepStreak(ActionController& controller, const Streak& streak) {
     carrier->addChildNode(plane);
     controller.nodes.addEffect(*controller.nodes.mediaHolderNode, carrier);
 
-    const std::weak_ptr<core::DefaultSCNNode> weakPlane = plane;
+    const std::weak_ptr<node::DefaultSCNNode> weakPlane = plane;
     plane->runAction(streak.wait, [weakPlane, &controller] {
         if (const NodePtr standing = weakPlane.lock())
             standing->addParticleSystem(controller.nodes.wosherSparkles);
     });
-    const std::weak_ptr<core::DefaultSCNNode> weak = carrier;
+    const std::weak_ptr<node::DefaultSCNNode> weak = carrier;
     carrier->runAction(SCNAction::group({streak.flicker, streak.sweep}), [weak, &controller] {
         if (const NodePtr ended = weak.lock())
             removeSoon(controller, ended);
@@ -185,12 +185,12 @@ Button firedButton(const char* label, const char* title, void (*fire)(const Pres
 
 std::vector<Button> showFX3() {
     return {
-        particleButton(kColorBeams, &core::Nodes::colorfulBeams),
-        particleButton(kClouds, &core::Nodes::particleClouds),
+        particleButton(kColorBeams, &stage::Nodes::colorfulBeams),
+        particleButton(kClouds, &stage::Nodes::particleClouds),
         firedButton(kBeacon, kBeacon, pressBeacon),
         firedButton("Woosh", kWosher, pressWoosh),
         glitchButton(Face{.label = "Glitch"}),
-        particleButton(kVoltage, &core::Nodes::particleVoltage),
+        particleButton(kVoltage, &stage::Nodes::particleVoltage),
     };
 }
 

@@ -23,7 +23,7 @@ void recordEffect(const PressContext& context, std::string_view title, std::func
         actions::RegisterUndo::yes);
 }
 
-void addParticles(scene::SCNNode& node, const core::ParticleList& list) {
+void addParticles(scene::SCNNode& node, const stage::ParticleList& list) {
     for (const scene::SCNParticleSystemPtr& system : list) {
         node.addParticleSystem(system);
     }

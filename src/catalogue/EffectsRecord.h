@@ -12,13 +12,13 @@
 
 namespace zelvo::catalogue {
 
-using NodePtr = core::DefaultSCNNodePtr;
+using NodePtr = node::DefaultSCNNodePtr;
 
 /// Records an effect; its title is used without names of nodes.
 void recordEffect(const PressContext& context, std::string_view title, std::function<void()> body);
 
 /// Adds all systems to the node, in this order.
-void addParticles(scene::SCNNode& node, const core::ParticleList& list);
+void addParticles(scene::SCNNode& node, const stage::ParticleList& list);
 
 /// Removes the node and its particles from the stage after 0.1 s, in one transaction, on the main
 /// queue.

@@ -20,7 +20,7 @@ constexpr double kStagger = 0.05; // seconds, at every speed
 /// The nodes come from behind one after another; each waits for a share of d.
 void oneByOne(const Take& take, double waitShare) {
     double number = 0;
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         moveAfterWait(
             {node}, {0, 0, -800}, kHome, number * take.d * waitShare, {take.d, take.timing});
         ++number;
@@ -41,14 +41,14 @@ void smoothIn(const Take& take) {
         moveTo({0, 0, -12}, {0.64 * take.d, sineOut}),
         moveTo(kHome, {0.36 * take.d, sineInOut}),
     });
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         node->runAction(move);
         rotateFromToKeyless(*node, {-75, 56, 20}, kUpright, {0.6 * take.d, sineInOut});
     }
 }
 
 void backSpinIn(const Take& take) {
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         moveFromTo(*node, {0, 0, -1000}, kHome, {take.d, take.timing});
         rotateFromTo(*node, {-180, -540, 0}, kUpright, {take.d, take.timing});
     }
@@ -65,7 +65,7 @@ void droppingIn(const Take& take) {
             moveFromTo(letter, {place.x, place.y, kDepth}, place, pace);
             letter.runAction(SCNAction::fadeIn(0.1 * pace.duration));
         });
-    for (const core::NodePtr& node : nonTextNodes(take.nodes)) {
+    for (const node::NodePtr& node : nonTextNodes(take.nodes)) {
         moveFromTo(*node, {0, 0, kDepth}, kHome, {1.5 * take.d, take.timing});
     }
 }

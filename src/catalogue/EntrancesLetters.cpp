@@ -12,7 +12,7 @@ namespace {
 
 using scene::SCNAction;
 
-void implodeNode(core::Node& node, const Pace& pace) {
+void implodeNode(node::Node& node, const Pace& pace) {
     const glm::vec3 start{randomOffset(280), randomOffset(280), -800.0f};
     moveFromTo(node, start, kHome, pace);
     rotateFromToKeyless(node, randomTurn(20, 180), kUpright, pace);
@@ -26,7 +26,7 @@ void implodeLetter(content::CharNode& letter, const Pace& pace) {
 }
 
 void implodeIn(const Take& take) {
-    for (const core::NodePtr& node : nonTextNodes(take.nodes)) {
+    for (const node::NodePtr& node : nonTextNodes(take.nodes)) {
         implodeNode(*node, {take.d, take.timing});
     }
     for (const content::CharNodePtr& letter : lettersOf(take.nodes)) {
@@ -53,7 +53,7 @@ void teaseIn(const Take& take) {
         rotateTo({-kSmallAngle, kLargeAngle, -3}, t3),
         rotateTo({0, 0, 0}, t4),
     });
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         node->runAction(move);
         node->runAction(turn, kRotateKey);
     }
@@ -69,14 +69,14 @@ scene::SCNActionPtr lateTurn(const Degrees& from, const Take& take) {
 }
 
 void rollIn(const Take& take) {
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         moveFromTo(*node, {0, 0, 850}, kHome, {take.d, take.timing});
         node->runAction(lateTurn({250, 0, 0}, take), kRotateKey);
     }
 }
 
 void composeIn(const Take& take) {
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         moveFromTo(*node, {0, 0, 800}, kHome, {1.2 * take.d, take.timing});
     }
     for (const content::CharNodePtr& letter : lettersOf(take.nodes)) {

@@ -14,13 +14,13 @@ namespace {
 using actions::sineOut;
 using scene::SCNAction;
 
-void comeFrom(core::Node& node, const glm::vec3& start, const Pace& pace) {
+void comeFrom(node::Node& node, const glm::vec3& start, const Pace& pace) {
     moveFromTo(node, start, kHome, pace);
 }
 
 void diffHorizontalIn(const Take& take) {
     const Pace pace{take.d, take.timing};
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         if (node == take.stage.imageNode)
             comeFrom(*node, {0, 800, 0}, pace);
         if (node == take.stage.mediaNode)
@@ -34,7 +34,7 @@ void diffHorizontalIn(const Take& take) {
 
 void diffVerticalIn(const Take& take) {
     const Pace textPace{0.83 * take.d, take.timing};
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         if (!isText(*node))
             comeFrom(*node, {0, 0, -800}, {take.d, take.timing});
         if (node == take.stage.textNode1)
@@ -56,21 +56,21 @@ void flipIn(const Take& take) {
         rotateTo({0, -6, 0}, {0.22 * take.d, take.timing}),
         rotateTo({0, 0, 0}, {0.88 * take.d, sineOut}),
     });
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         node->runAction(move);
         node->runAction(turn, kRotateKey);
     }
 }
 
 void copterIn(const Take& take) {
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         comeFrom(*node, {0, -800, 0}, {take.d, take.timing});
         rotateFromTo(*node, {0, -1040, 0}, kUpright, {take.d, take.timing});
     }
 }
 
 void screwIn(const Take& take) {
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         comeFrom(*node, {0, 0, -850}, {take.d, take.timing});
         rotateFromTo(*node, {0, 0, -720}, kUpright, {take.d, take.timing});
     }
@@ -82,7 +82,7 @@ void fadeIn(const Take& take) {
         SCNAction::wait(0.2 * take.d),
         SCNAction::fadeIn(0.8 * take.d),
     });
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         comeFrom(*node, {0, 0, -20}, {take.d, take.timing});
         node->contentNode->runAction(appear);
     }

@@ -14,7 +14,7 @@ namespace {
 using scene::SCNAction;
 
 void screwOut(const Take& take) {
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         moveFromTo(*node, kHome, {0, 0, -800}, {take.d, take.timing});
         rotateFromTo(*node, {0, 0, 360}, kUpright, {take.d, take.timing});
     }
@@ -25,7 +25,7 @@ void accelerateOut(const Take& take) {
         SCNAction::rotateTo(kHome, 0, scene::TimingFunction(), scene::UnitArc::shortest),
         rotateTo({0, 0, -30}, {take.d, take.timing}),
     });
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         moveFromTo(*node, kHome, {0, 0, 800}, {take.d, take.timing});
         node->runAction(turn);
     }
@@ -33,7 +33,7 @@ void accelerateOut(const Take& take) {
 
 void fadeOut(const Take& take) {
     const auto vanish = SCNAction::sequence({SCNAction::fadeIn(0), SCNAction::fadeOut(take.d)});
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         moveFromTo(*node, kHome, {0, 0, 10}, {take.d});
         node->contentNode->runAction(vanish);
     }
@@ -77,11 +77,11 @@ void fallingOut(const Take& take) {
         .fadeShare = 0.13,
     };
     const Letters letters = shuffled(lettersOf(take.nodes));
-    const std::vector<core::NodePtr> others = nonTextNodes(take.nodes);
+    const std::vector<node::NodePtr> others = nonTextNodes(take.nodes);
     const Pace pace{take.d, take.restTiming};
     const double wait = static_cast<double>(letters.size()) * kExit.stagger * 0.48;
     moveAfterWait(others, kHome, {0, -800, 0}, wait, pace);
-    for (const core::NodePtr& node : others) {
+    for (const node::NodePtr& node : others) {
         rotateFromToKeyless(*node, kUpright, {0, 20, -30}, pace);
     }
     letLettersLeave(letters, kExit, {take.d, take.timing}, [d = take.d](content::CharNode& letter) {

@@ -14,13 +14,13 @@ namespace {
 
 using scene::SCNAction;
 
-void leaveTo(core::Node& node, const glm::vec3& end, const Pace& pace) {
+void leaveTo(node::Node& node, const glm::vec3& end, const Pace& pace) {
     moveFromTo(node, kHome, end, pace);
 }
 
 void diffHorizontalOut(const Take& take) {
     const Pace pace{take.d, take.timing};
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         if (!isText(*node))
             leaveTo(*node, {0, 0, -800}, pace);
         if (node == take.stage.textNode1)
@@ -33,7 +33,7 @@ void diffHorizontalOut(const Take& take) {
 void diffVerticalOut(const Take& take) {
     const Pace pace{take.d, take.timing};
     moveAfterWait(nonTextNodes(take.nodes), kHome, {0, 0, 800}, 0.095 * take.d, pace);
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         if (node == take.stage.textNode1)
             leaveTo(*node, {0, 700, 0}, pace);
         if (node == take.stage.textNode2)
@@ -42,7 +42,7 @@ void diffVerticalOut(const Take& take) {
 }
 
 void tilt(const Take& take, const glm::vec3& end, const Degrees& angles) {
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         leaveTo(*node, end, {take.d, take.timing});
         rotateFromTo(*node, kUpright, angles, {take.d, take.timing});
     }
@@ -70,7 +70,7 @@ void tumble(content::CharNode& letter, const Pace& pace) {
 
 void frontRandomOut(const Take& take) {
     const Pace pace{take.d, take.timing};
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         leaveTo(*node, {0, 0, 800}, pace);
         if (!isText(*node))
             rotateFromToKeyless(*node, kUpright, {40, 40, 0}, pace);
@@ -80,7 +80,7 @@ void frontRandomOut(const Take& take) {
     }
 }
 
-void explodeNode(core::Node& node, const Pace& pace) {
+void explodeNode(node::Node& node, const Pace& pace) {
     leaveTo(node, {randomOffset(280), randomOffset(280), -800.0f}, pace);
     rotateFromToKeyless(node, kUpright, randomTurn(20, 180), pace);
 }
@@ -98,7 +98,7 @@ void explodeLetter(content::CharNode& letter, const Pace& pace) {
 
 void exploOut(const Take& take) {
     const Pace pace{take.d, take.timing};
-    for (const core::NodePtr& node : nonTextNodes(take.nodes)) {
+    for (const node::NodePtr& node : nonTextNodes(take.nodes)) {
         explodeNode(*node, pace);
     }
     for (const content::CharNodePtr& letter : lettersOf(take.nodes)) {

@@ -42,7 +42,7 @@ constexpr auto kPasses = std::to_array<PassRow>({
 // clang-format on
 
 void pass(const Take& take, const PassRow& row) {
-    for (const core::NodePtr& node : take.nodes) {
+    for (const node::NodePtr& node : take.nodes) {
         moveFromTo(*node, row.start, row.end, {take.d});
         if (!row.roll)
             continue;

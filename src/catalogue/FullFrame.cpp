@@ -55,9 +55,9 @@ Button techniqueButton(const Face& face, std::string_view technique, std::string
 }
 
 /// An action that moves the shyNode of each node to a place at once.
-std::function<void()> shyTo(const std::vector<core::NodePtr>& nodes, const glm::vec3& place) {
+std::function<void()> shyTo(const std::vector<node::NodePtr>& nodes, const glm::vec3& place) {
     return [nodes, place] {
-        for (const core::NodePtr& node : nodes)
+        for (const node::NodePtr& node : nodes)
             node->shyNode->runAction(moveTo(place));
     };
 }

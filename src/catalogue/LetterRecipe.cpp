@@ -26,13 +26,13 @@ void staggerLetters(
 }
 
 void moveAfterWait(
-    const std::vector<core::NodePtr>& nodes,
+    const std::vector<node::NodePtr>& nodes,
     const glm::vec3& from,
     const glm::vec3& to,
     double wait,
     const Pace& pace) {
     const auto move = SCNAction::sequence({moveTo(from), SCNAction::wait(wait), moveTo(to, pace)});
-    for (const core::NodePtr& node : nodes) {
+    for (const node::NodePtr& node : nodes) {
         node->runAction(move);
     }
 }

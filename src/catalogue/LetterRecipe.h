@@ -28,7 +28,7 @@ void staggerLetters(
 
 /// For nodes that move together with staggered letters: jumps to the start, waits, then moves.
 void moveAfterWait(
-    const std::vector<core::NodePtr>& nodes,
+    const std::vector<node::NodePtr>& nodes,
     const glm::vec3& from,
     const glm::vec3& to,
     double wait,

@@ -24,16 +24,16 @@ using scene::SCNAction;
 
 /// The parameters of an animation, fixed at the press and the same in each replay.
 struct TextTake {
-    const core::Nodes& stage;
-    std::vector<core::NodePtr> texts;
+    const stage::Nodes& stage;
+    std::vector<node::NodePtr> texts;
     double d = 0; ///< seconds: the row's factor times the base duration at the press
 
-    [[nodiscard]] bool has(const core::NodePtr& text) const {
+    [[nodiscard]] bool has(const node::NodePtr& text) const {
         return std::ranges::find(texts, text) != texts.end();
     }
 };
 
-[[nodiscard]] Letters lettersOf(const core::NodePtr& text) {
+[[nodiscard]] Letters lettersOf(const node::NodePtr& text) {
     return catalogue::lettersOf(std::vector{text});
 }
 
@@ -57,7 +57,7 @@ void punch(const TextTake& take) {
         letter.runAction(
             SCNAction::sequence({moveTo({p.x, p.y, kNear}, hop), moveTo(p, hop)}, sineInOut));
     };
-    for (const core::NodePtr& text : take.texts)
+    for (const node::NodePtr& text : take.texts)
         staggerLetters(lettersOf(text), kStagger, BeforeTurn::asIs, moves);
 }
 
@@ -77,7 +77,7 @@ void lettersExplosion(const TextTake& take) {
 
 /// Each letter in turn jumps to `from` and rotates to `to`.
 void turnLetters(
-    const core::NodePtr& text,
+    const node::NodePtr& text,
     const Degrees& from,
     const Degrees& to,
     double d,
@@ -90,7 +90,7 @@ void turnLetters(
 }
 
 void rotateLetters(const TextTake& take) {
-    for (const core::NodePtr& text : take.texts)
+    for (const node::NodePtr& text : take.texts)
         turnLetters(text, {-360, 0, 0}, {0, 0, 0}, take.d, {.perLetter = 0.1});
 }
 
@@ -108,13 +108,13 @@ void swing(scene::SCNNode& node, float a, double d) {
 void wave(const TextTake& take) {
     constexpr float kAngle = 25;
     const bool isMirrored = take.has(take.stage.textNode1) && take.has(take.stage.textNode2);
-    for (const core::NodePtr& text : take.texts) {
+    for (const node::NodePtr& text : take.texts) {
         const bool isSecond = isMirrored && text == take.stage.textNode2;
         swing(*text->contentNode, isSecond ? -kAngle : kAngle, take.d);
     }
 }
 
-void bendLetters(const core::NodePtr& text, double d) {
+void bendLetters(const node::NodePtr& text, double d) {
     constexpr float kFan = 70;
     const Letters letters = lettersOf(text);
     const std::size_t n = letters.size() + letters.size() % 2;
@@ -136,7 +136,7 @@ void bendLetters(const core::NodePtr& text, double d) {
 }
 
 void bendLetters(const TextTake& take) {
-    for (const core::NodePtr& text : take.texts)
+    for (const node::NodePtr& text : take.texts)
         bendLetters(text, take.d);
 }
 
@@ -162,7 +162,7 @@ void press(const PressContext& context, const TextRow& row) {
     ActionController& controller = context.controller;
     TextTake take{controller.nodes, {}, row.factor * context.animationFactor};
     std::ranges::copy_if(
-        context.affectedNodes, std::back_inserter(take.texts), [](const core::NodePtr& node) {
+        context.affectedNodes, std::back_inserter(take.texts), [](const node::NodePtr& node) {
             return isText(*node);
         });
     if (take.texts.empty())

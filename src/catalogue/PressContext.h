@@ -15,7 +15,7 @@ namespace zelvo::catalogue {
 /// the performer from a cue.
 struct PressContext {
     actions::ActionController& controller; ///< records the action on its stage
-    std::vector<core::NodePtr> affectedNodes;
+    std::vector<node::NodePtr> affectedNodes;
     double animationFactor = 0; ///< seconds: the base duration at the speed of this press
 };
 

@@ -12,12 +12,12 @@ namespace zelvo::catalogue {
 
 namespace {
 
-using core::MediaholderNode;
+using stage::MediaholderNode;
 
 struct RotationRow {
     std::string_view image;
     std::string_view title;
-    core::DefaultSCNNodePtr const MediaholderNode::*axisNode;
+    node::DefaultSCNNodePtr const MediaholderNode::*axisNode;
     Degrees turn;
 };
 

@@ -12,7 +12,7 @@ Button straightButton(const StraightRow& row, Direction direction, const Curve& 
     return commonButton(
         {.face = {.image = row.image}, .title = row.title, .timing = timing},
         [from, to](const Take& take) {
-            for (const core::NodePtr& node : take.nodes)
+            for (const node::NodePtr& node : take.nodes)
                 moveFromTo(*node, from, to, {take.d, take.timing});
         });
 }

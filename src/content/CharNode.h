@@ -9,9 +9,9 @@ namespace zelvo::content {
 
 /// One letter of a text. Letters are replaced on each change of style, so do not keep pointers to
 /// them.
-class CharNode final : public core::ReferNode {
+class CharNode final : public node::ReferNode {
 public:
-    CharNode() { categoryBitMask = core::kContentMask; }
+    CharNode() { categoryBitMask = node::kContentMask; }
 
     /// The place of the letter in its text. Letter animations return to it.
     std::optional<glm::vec3> originalPosition;

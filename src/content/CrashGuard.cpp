@@ -19,7 +19,7 @@ bool holds(const std::vector<std::string>& names, const std::string& name) {
     return std::ranges::find(names, name) != names.end();
 }
 
-void tellUser(const core::Surroundings& surroundings, const std::string& fontName) {
+void tellUser(const node::Surroundings& surroundings, const std::string& fontName) {
     if (!surroundings.showAlert)
         return;
     surroundings.runLoop->post([show = surroundings.showAlert, fontName] {
@@ -34,7 +34,7 @@ void tellUser(const core::Surroundings& surroundings, const std::string& fontNam
 
 } // namespace
 
-CrashGuard::CrashGuard(const core::Surroundings& world, const std::string& fontName)
+CrashGuard::CrashGuard(const node::Surroundings& world, const std::string& fontName)
     : surroundings(world) {
     foundation::UserDefaults& defaults = *surroundings.defaults;
     std::vector<std::string> corrupt =
@@ -56,7 +56,7 @@ CrashGuard::~CrashGuard() {
     removeMark(surroundings);
 }
 
-void CrashGuard::removeMark(const core::Surroundings& world) {
+void CrashGuard::removeMark(const node::Surroundings& world) {
     world.defaults->remove(kMarkKey);
 }
 

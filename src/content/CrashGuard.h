@@ -18,7 +18,7 @@ namespace zelvo::content {
 /// A font found in this way stays in a list and is not guarded again. The user is told once.
 class CrashGuard {
 public:
-    CrashGuard(const core::Surroundings& world, const std::string& fontName);
+    CrashGuard(const node::Surroundings& world, const std::string& fontName);
     ~CrashGuard();
     CrashGuard(const CrashGuard&) = delete;
     CrashGuard& operator=(const CrashGuard&) = delete;
@@ -26,10 +26,10 @@ public:
     [[nodiscard]] bool isFontCorrupt() const { return isListed; }
 
     /// Removes the mark without a build.
-    static void removeMark(const core::Surroundings& world);
+    static void removeMark(const node::Surroundings& world);
 
 private:
-    const core::Surroundings& surroundings;
+    const node::Surroundings& surroundings;
     bool isListed = false;
 };
 

@@ -30,7 +30,7 @@ scene::SCNMaterialPtr makePictureMaterial() {
 } // namespace
 
 ImageNodePtr
-ImageNode::make(const glm::vec3& home, float size, const core::Surroundings& surroundings) {
+ImageNode::make(const glm::vec3& home, float size, const node::Surroundings& surroundings) {
     auto node = std::make_shared<ImageNode>(Key{}, home, size, surroundings);
     node->link();
     node->contentNode->addChildNode(node->imageNode);
@@ -40,17 +40,17 @@ ImageNode::make(const glm::vec3& home, float size, const core::Surroundings& sur
 }
 
 ImageNode::ImageNode(
-    Key key, const glm::vec3& home, float size, const core::Surroundings& surroundings)
+    Key key, const glm::vec3& home, float size, const node::Surroundings& surroundings)
     : Node(key, home, size, surroundings)
     , material(makePictureMaterial())
-    , imageNode(std::make_shared<core::ReferNode>())
+    , imageNode(std::make_shared<node::ReferNode>())
     , plane(std::make_shared<scene::SCNPlane>(kMaxDim, kMaxDim))
     , currentMask_(imageMasks().front()) {
     name = "ImageNode";
     shortName = "IMG";
     plane->materials = {material};
     imageNode->geometry = plane;
-    imageNode->categoryBitMask = core::kContentMask;
+    imageNode->categoryBitMask = node::kContentMask;
 }
 
 void ImageNode::setCurrentMask(ImageMaskPtr mask) {

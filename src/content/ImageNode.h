@@ -10,16 +10,16 @@ struct ImageStylePreset;
 
 /// A picture on a plane, cut by a mask and optionally mirrored. It has its own material; material
 /// pairs have no effect.
-class ImageNode final : public core::Node {
+class ImageNode final : public node::Node {
 public:
     [[nodiscard]] static std::shared_ptr<ImageNode>
-    make(const glm::vec3& home, float size, const core::Surroundings& surroundings);
-    ImageNode(Key key, const glm::vec3& home, float size, const core::Surroundings& surroundings);
+    make(const glm::vec3& home, float size, const node::Surroundings& surroundings);
+    ImageNode(Key key, const glm::vec3& home, float size, const node::Surroundings& surroundings);
 
     static constexpr double kMaxDim = 355; ///< the plane's longer side, scene units
 
     const scene::SCNMaterialPtr material;
-    const core::ReferNodePtr imageNode; ///< has the plane; found by hit tests
+    const node::ReferNodePtr imageNode; ///< has the plane; found by hit tests
     const std::shared_ptr<scene::SCNPlane> plane;
     bool hFlipped = false; ///< mirrored left to right; takes effect with the next updateContent
     bool vFlipped = false; ///< mirrored top to bottom; takes effect with the next updateContent

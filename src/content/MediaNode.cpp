@@ -16,7 +16,7 @@ constexpr float kCustomNodeSide = 340; // scene units; the longest side of an im
 } // namespace
 
 MediaNodePtr
-MediaNode::make(const glm::vec3& home, float size, const core::Surroundings& surroundings) {
+MediaNode::make(const glm::vec3& home, float size, const node::Surroundings& surroundings) {
     auto node = std::make_shared<MediaNode>(Key{}, home, size, surroundings);
     node->link();
     node->updateContent();
@@ -24,7 +24,7 @@ MediaNode::make(const glm::vec3& home, float size, const core::Surroundings& sur
 }
 
 MediaNode::MediaNode(
-    Key key, const glm::vec3& home, float size, const core::Surroundings& surroundings)
+    Key key, const glm::vec3& home, float size, const node::Surroundings& surroundings)
     : Node(key, home, size, surroundings)
     , currentShape_(mediaShapes().front()) {
     name = "MediaNode";
@@ -107,7 +107,7 @@ void MediaNode::showCustomNode(const scene::SCNMaterialPtr& material) {
     customNode_->enumerateHierarchy([&material](scene::SCNNode& node) {
         if (node.geometry)
             node.geometry->materials = {material};
-        node.categoryBitMask = core::kContentMask;
+        node.categoryBitMask = node::kContentMask;
     });
     customNode_->categoryBitMask = own; // content lights affect only its descendants
 }

@@ -9,11 +9,11 @@ namespace zelvo::content {
 struct MediaStylePreset;
 
 /// Shows a shape, or an object that the user has imported.
-class MediaNode final : public core::Node {
+class MediaNode final : public node::Node {
 public:
     [[nodiscard]] static std::shared_ptr<MediaNode>
-    make(const glm::vec3& home, float size, const core::Surroundings& surroundings);
-    MediaNode(Key key, const glm::vec3& home, float size, const core::Surroundings& surroundings);
+    make(const glm::vec3& home, float size, const node::Surroundings& surroundings);
+    MediaNode(Key key, const glm::vec3& home, float size, const node::Surroundings& surroundings);
 
     /// The first shape with this name; a new "None" if there is none.
     [[nodiscard]] static MediaShapePtr shapeNamed(const std::string& wanted);

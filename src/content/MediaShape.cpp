@@ -97,7 +97,7 @@ MediaShapePtr makeShape(std::string_view name) {
 } // namespace
 
 MediaShape::MediaShape(std::string shapeName)
-    : node(std::make_shared<core::ReferNode>())
+    : node(std::make_shared<node::ReferNode>())
     , name(std::move(shapeName)) {}
 
 void MediaShape::applyMaterial(const scene::SCNMaterialPtr& material) {
@@ -108,7 +108,7 @@ void MediaShape::applyMaterial(const scene::SCNMaterialPtr& material) {
         child->enumerateHierarchy([&material](scene::SCNNode& below) {
             if (below.geometry)
                 below.geometry->materials = {material};
-            below.categoryBitMask = core::kContentMask;
+            below.categoryBitMask = node::kContentMask;
         });
     }
 }
@@ -119,14 +119,14 @@ NoShape::NoShape()
 OutlineShape::OutlineShape(const ShapeOutline& outline)
     : MediaShape(std::string(outline.name))
     , minMax(outline.minMax)
-    , subNode(std::make_shared<core::DefaultSCNNode>()) {
+    , subNode(std::make_shared<node::DefaultSCNNode>()) {
     const geometry::BezierPath path = placedPath(outline);
     const auto solid = std::make_shared<scene::SCNShape>(path, outline.depth);
     solid->setFlatness(kFlatness);
     solid->setChamferRadius(outline.chamfer);
     solid->setChamferProfile(roundedProfile());
     subNode->geometry = solid;
-    subNode->categoryBitMask = core::kContentMask;
+    subNode->categoryBitMask = node::kContentMask;
     subNode->scale = glm::vec3(minMax / largerSide(path));
     node->addChildNode(subNode);
 }
@@ -137,7 +137,7 @@ SceneShape::SceneShape(const SceneFigure& figure)
     const scene::SCNNodePtr part =
         file->rootNode()->childNodeWithName(figure.nodeName, scene::SCNNode::Search::recursively);
     CHECK(part != nullptr, "{} has no node named \"{}\"", figure.file, figure.nodeName);
-    part->categoryBitMask = core::kContentMask;
+    part->categoryBitMask = node::kContentMask;
     part->scale = glm::vec3(figure.scale);
     node->addChildNode(part);
 }

@@ -21,7 +21,7 @@ public:
     MediaShape(const MediaShape&) = delete;
     MediaShape& operator=(const MediaShape&) = delete;
 
-    const core::ReferNodePtr node; ///< added to the scene
+    const node::ReferNodePtr node; ///< added to the scene
     const std::string name;        ///< shown to the user; lookups use it
 
     /// Gives all parts of `node` this material.

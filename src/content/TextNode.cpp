@@ -67,14 +67,14 @@ coordinatesOf(const std::string& line, const text::TextAttributes& attributes) {
 
 } // namespace
 
-TextNodePtr TextNode::make(Options options, const core::Surroundings& surroundings) {
+TextNodePtr TextNode::make(Options options, const node::Surroundings& surroundings) {
     auto node = std::make_shared<TextNode>(Key{}, std::move(options), surroundings);
     node->link();
     node->updateContent();
     return node;
 }
 
-TextNode::TextNode(Key key, Options options, const core::Surroundings& surroundings)
+TextNode::TextNode(Key key, Options options, const node::Surroundings& surroundings)
     : Node(key, options.position, options.scale, surroundings)
     , inititalText(options.text)
     , linearProfile(makeLinearProfile())

@@ -25,7 +25,7 @@ struct TextCoords {
 ///
 /// Every change of style rebuilds all letters, except a change of depth alone. A font that crashed
 /// the process while letters were built is drawn without a chamfer (see CrashGuard).
-class TextNode final : public core::Node {
+class TextNode final : public node::Node {
 public:
     struct Options {
         glm::vec3 position{0};
@@ -36,8 +36,8 @@ public:
     };
 
     [[nodiscard]] static std::shared_ptr<TextNode>
-    make(Options options, const core::Surroundings& surroundings);
-    TextNode(Key key, Options options, const core::Surroundings& surroundings);
+    make(Options options, const node::Surroundings& surroundings);
+    TextNode(Key key, Options options, const node::Surroundings& surroundings);
 
     /// Em, scene units; the apparent size is the rig's scale.
     static constexpr double kFontSize = 94;

@@ -4,7 +4,7 @@
 #include "node/DefaultSCNNode.h"
 #include "platform/image/reading/ImageNamed.h"
 
-namespace zelvo::look {
+namespace zelvo::environments {
 namespace {
 
 constexpr float kPlainLight = 7.0f;
@@ -14,7 +14,7 @@ constexpr float kShinyLight = 1.75f;
 
 SNE_Flat::SNE_Flat(foundation::RunLoop& loop)
     : SNE(loop) {
-    const auto node = std::make_shared<core::DefaultSCNNode>();
+    const auto node = std::make_shared<node::DefaultSCNNode>();
     node->light = std::make_shared<scene::SCNLight>();
     node->light->type = scene::SCNLightType::ambient;
     node->light->color = image::Color::white(1);
@@ -61,4 +61,4 @@ void SNE_Stage::setBackground(const image::Color& color) {
         omniLight->light->color = color;
 }
 
-} // namespace zelvo::look
+} // namespace zelvo::environments

@@ -9,7 +9,7 @@
 // The environments. Each class builds its stage and has a rule for the user's colour. To add one,
 // add a class and a row in the table at the end; no other code changes.
 
-namespace zelvo::look {
+namespace zelvo::environments {
 
 /// Only a white ambient light; the background is the colour.
 class SNE_Flat final : public SNE {
@@ -127,8 +127,8 @@ private:
 /// materials for two lines that look good in its light.
 struct SampleTitle {
     std::uint32_t background;
-    XMATClasses first;
-    XMATClasses second;
+    look::XMATClasses first;
+    look::XMATClasses second;
     std::uint32_t accent; ///< colour of the second line
 };
 
@@ -145,7 +145,7 @@ template <class Environment> [[nodiscard]] SNEPtr makeEnvironment(foundation::Ru
 /// In the user's order; the index makes an environment.
 // clang-format off
 inline constexpr auto kEnvironments = [] {
-    using enum XMATClasses;
+    using enum look::XMATClasses;
     return std::to_array<EnvironmentRow>({
         {"Flat",       makeEnvironment<SNE_Flat>,       {0x19B2E6, flat,     flat,     0xE6E619}},
         {"Plain",      makeEnvironment<SNE_Plain>,      {0xE6B219, plain,    plain,    0xE61919}},
@@ -162,4 +162,4 @@ inline constexpr auto kEnvironments = [] {
 }();
 // clang-format on
 
-} // namespace zelvo::look
+} // namespace zelvo::environments

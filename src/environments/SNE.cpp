@@ -8,7 +8,7 @@
 
 #include <cmath>
 
-namespace zelvo::look {
+namespace zelvo::environments {
 namespace {
 
 constexpr float kParticleReach = 2300;
@@ -28,7 +28,7 @@ SNE::SNE(foundation::RunLoop& loop)
     , t1TextStylePreset(defaultTextStyle())
     , t2TextStylePreset(defaultTextStyle())
     , imageStylePreset{image::requiredImage(kPlaceholderPicture), content::imageMasks().front(), false}
-    , mediaNodeStylePreset{content::mediaShapes().front(), ui::kPalette[ui::kWhiteIndex], XMATClasses::oldMetal}
+    , mediaNodeStylePreset{content::mediaShapes().front(), ui::kPalette[ui::kWhiteIndex], look::XMATClasses::oldMetal}
     , runLoop(loop)
     , operationQueue(loop.makeSerialQueue("environment tint")) {}
 
@@ -41,7 +41,7 @@ void SNE::setParticleSystem(const scene::SCNParticleSystemPtr& system) {
     if (!system)
         return;
     system->emitterShape = scene::ParticleShape::sphere(kParticleReach);
-    const auto emitter = std::make_shared<core::DefaultSCNNode>();
+    const auto emitter = std::make_shared<node::DefaultSCNNode>();
     emitter->addParticleSystem(system);
     scene->rootNode()->addChildNode(emitter);
 }
@@ -132,4 +132,4 @@ image::HSBColor hueShifted(const image::Color& color, float offset) {
     return shifted;
 }
 
-} // namespace zelvo::look
+} // namespace zelvo::environments

@@ -10,7 +10,7 @@
 #include <functional>
 #include <memory>
 
-namespace zelvo::look {
+namespace zelvo::environments {
 
 /// A scene environment: the scene around the content, and a rule that applies the user's background
 /// colour to it. The content belongs to Nodes and moves from one environment's scene to the next.
@@ -79,4 +79,4 @@ using SNEPtr = std::shared_ptr<SNE>;
 /// and keeps the sign of the sum.
 [[nodiscard]] image::HSBColor hueShifted(const image::Color& color, float offset);
 
-} // namespace zelvo::look
+} // namespace zelvo::environments

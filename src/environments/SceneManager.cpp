@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "environments/SceneManager.h"
 
-namespace zelvo::look {
+namespace zelvo::environments {
 
 SNEPtr SceneManager::sceneData(int index, foundation::RunLoop& runLoop) {
     if (index < 0 || index >= static_cast<int>(kEnvironments.size()))
@@ -9,4 +9,4 @@ SNEPtr SceneManager::sceneData(int index, foundation::RunLoop& runLoop) {
     return kEnvironments[static_cast<std::size_t>(index)].make(runLoop);
 }
 
-} // namespace zelvo::look
+} // namespace zelvo::environments

@@ -7,7 +7,7 @@
 #include <array>
 #include <string_view>
 
-namespace zelvo::look {
+namespace zelvo::environments {
 
 /// The environments by name and number.
 class SceneManager {
@@ -23,4 +23,4 @@ public:
     [[nodiscard]] static SNEPtr sceneData(int index, foundation::RunLoop& runLoop);
 };
 
-} // namespace zelvo::look
+} // namespace zelvo::environments

@@ -8,7 +8,7 @@
 
 // The environments with their own scenery.
 
-namespace zelvo::look {
+namespace zelvo::environments {
 namespace {
 
 constexpr std::uint32_t kStageOnly = 2;
@@ -49,7 +49,7 @@ SNE_Spherical::SNE_Spherical(foundation::RunLoop& loop)
     scene->background.setImage(image::requiredImage(kClouds));
     setLighting(kClouds, kCloudLight);
     scene->rootNode()->addChildNode(
-        core::LightNodes::omniLight(image::Color::white(1), {0, 10, 10}));
+        node::LightNodes::omniLight(image::Color::white(1), {0, 10, 10}));
     setParticleSystem(scene::SCNParticleSystem::named("Particles.scnp"));
 }
 
@@ -173,4 +173,4 @@ void SNE_Flares::setBackground(const image::Color& color) {
     setLight(omniLight4, shifted(color, kFlaresShift));
 }
 
-} // namespace zelvo::look
+} // namespace zelvo::environments

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-namespace zelvo::core {
+namespace zelvo::model {
 
 /// The speed setting: how long animations of the catalogue take.
 enum class AnimationRatio {
@@ -52,4 +52,4 @@ inline constexpr auto kSpeeds = std::to_array<SpeedRow>({
     return std::nullopt;
 }
 
-} // namespace zelvo::core
+} // namespace zelvo::model

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-namespace zelvo::core {
+namespace zelvo::model {
 
 /// The opacity of a node at a distance (scene units) from the stage's middle: 1 up to 300, 0 from
 /// 650 on, linear between. A parked node is hidden by this.
@@ -14,4 +14,4 @@ namespace zelvo::core {
     return gone >= 1 ? 0 : 1 - gone;
 }
 
-} // namespace zelvo::core
+} // namespace zelvo::model

@@ -4,7 +4,7 @@
 #include "shared/FrameClock.h"
 #include "shared/Signal.h"
 
-namespace zelvo::core {
+namespace zelvo::model {
 
 HeadlessViewClock::HeadlessViewClock(scene::SCNSceneRenderer& view) {
     ui::signals().timeSignal.subscribe(lifetime, [&view](const ui::TimeState& state) {
@@ -17,4 +17,4 @@ HeadlessViewClock::HeadlessViewClock(scene::SCNSceneRenderer& view) {
     });
 }
 
-} // namespace zelvo::core
+} // namespace zelvo::model

@@ -4,7 +4,7 @@
 #include "platform/foundation/Lifetime.h"
 #include "platform/scene/SCNSceneRenderer.h"
 
-namespace zelvo::core {
+namespace zelvo::model {
 
 /// Drives a view that shows no pictures: it animates the view's scene with every tick of the
 /// model's clock. Between runs the scene does not advance. A view on screen has its own clock and
@@ -17,4 +17,4 @@ private:
     foundation::Lifetime lifetime;
 };
 
-} // namespace zelvo::core
+} // namespace zelvo::model

@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace zelvo::core {
+namespace zelvo::model {
 
 using shared::FrameClock;
 
@@ -171,7 +171,7 @@ void Model::setCurrentBackgroundColor(const image::Color& color) {
 }
 
 void Model::setScene(int index) {
-    sceneData_ = look::SceneManager::sceneData(index, services.runLoop);
+    sceneData_ = environments::SceneManager::sceneData(index, services.runLoop);
     CHECK(sceneData_ != nullptr, "no scene has index {}", index);
     sceneData_->setBackground(currentBackgroundColor_);
     scene::SCNScene& scene = *sceneData_->scene;
@@ -249,13 +249,13 @@ void Model::showAlert(const std::string& title, const std::string& message) {
 }
 
 void Model::rendererDidApplyAnimationsAtTime(scene::SCNSceneRenderer&, double) {
-    const Nodes& stage = services.nodes;
+    const stage::Nodes& stage = services.nodes;
     const auto fade = [](scene::SCNNode& node) {
         node.opacity = opacityAtDistance(glm::length(node.position.value()));
     };
     fade(*stage.mediaHolderNode);
-    for (const NodePtr& node : stage.content())
+    for (const node::NodePtr& node : stage.content())
         fade(*node);
 }
 
-} // namespace zelvo::core
+} // namespace zelvo::model

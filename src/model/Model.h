@@ -21,12 +21,12 @@
 #include <string>
 #include <vector>
 
-namespace zelvo::core {
+namespace zelvo::model {
 
 /// What the model needs from outside. The run loop and the nodes must outlive it.
 struct ModelServices {
     foundation::RunLoop& runLoop;
-    Nodes& nodes;
+    stage::Nodes& nodes;
     foundation::Folders folders;
     movie::FrameSourceFactory makeFrames;      ///< called when the first movie starts
     media::AudioOutputFactory makeAudioOutput; ///< empty: the music is silent
@@ -88,12 +88,12 @@ public:
     [[nodiscard]] bool isBlocking() const { return blocking; }
 
     // --- the stage
-    [[nodiscard]] Nodes& nodes() const { return services.nodes; }
+    [[nodiscard]] stage::Nodes& nodes() const { return services.nodes; }
 
     /// The nodes that the user has chosen for presses.
-    [[nodiscard]] const std::vector<NodePtr>& affectedNodes() const { return affectedNodes_; }
+    [[nodiscard]] const std::vector<node::NodePtr>& affectedNodes() const { return affectedNodes_; }
 
-    void setAffectedNodes(std::vector<NodePtr> nodes) { affectedNodes_ = std::move(nodes); }
+    void setAffectedNodes(std::vector<node::NodePtr> nodes) { affectedNodes_ = std::move(nodes); }
 
     [[nodiscard]] const image::Color& currentBackgroundColor() const {
         return currentBackgroundColor_;
@@ -106,7 +106,7 @@ public:
 
     [[nodiscard]] int currentSceneIndex() const { return currentSceneIndex_; }
 
-    [[nodiscard]] const look::SNEPtr& sceneData() const { return sceneData_; }
+    [[nodiscard]] const environments::SNEPtr& sceneData() const { return sceneData_; }
 
     /// Sets the view on screen or its replacement. Not owned; null removes it.
     void setSceneView(scene::SCNSceneRenderer* view);
@@ -173,8 +173,8 @@ private:
     std::unique_ptr<actions::ActionController> actionController_;
     audio::AudioPlayer audioPlayer_;
     std::unique_ptr<movie::MovieWriter> movieWriter_;
-    std::vector<NodePtr> affectedNodes_;
-    look::SNEPtr sceneData_;
+    std::vector<node::NodePtr> affectedNodes_;
+    environments::SNEPtr sceneData_;
     foundation::Timer timer; ///< set while a run is in progress
     foundation::Timer blockingTimer;
     int currentSceneIndex_ = 0;
@@ -184,4 +184,4 @@ private:
     foundation::Lifetime lifetime;
 };
 
-} // namespace zelvo::core
+} // namespace zelvo::model

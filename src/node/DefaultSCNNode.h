@@ -5,7 +5,7 @@
 
 #include <memory>
 
-namespace zelvo::core {
+namespace zelvo::node {
 
 class Node;
 
@@ -30,4 +30,4 @@ inline constexpr std::uint32_t kContentMask = 260;
 /// The categoryBitMask of touch targets.
 inline constexpr std::uint32_t kTouchMask = 0x10;
 
-} // namespace zelvo::core
+} // namespace zelvo::node

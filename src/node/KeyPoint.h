@@ -5,7 +5,7 @@
 
 #include <vector>
 
-namespace zelvo::core {
+namespace zelvo::node {
 
 /// A value at a time (seconds).
 struct KeyPoint {
@@ -20,4 +20,4 @@ struct KeyPointController {
     std::vector<KeyPoint> keyPoints;
 };
 
-} // namespace zelvo::core
+} // namespace zelvo::node

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "node/LightNodes.h"
 
-namespace zelvo::core {
+namespace zelvo::node {
 
 DefaultSCNNodePtr LightNodes::spotLight() {
     const auto light = std::make_shared<scene::SCNLight>();
@@ -28,4 +28,4 @@ DefaultSCNNodePtr LightNodes::omniLight(const image::Color& color, const glm::ve
     return node;
 }
 
-} // namespace zelvo::core
+} // namespace zelvo::node

@@ -3,7 +3,7 @@
 
 #include "node/DefaultSCNNode.h"
 
-namespace zelvo::core {
+namespace zelvo::node {
 
 /// The two kinds of light that the program adds by code.
 struct LightNodes {
@@ -14,4 +14,4 @@ struct LightNodes {
     omniLight(const image::Color& color, const glm::vec3& position);
 };
 
-} // namespace zelvo::core
+} // namespace zelvo::node

@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace zelvo::core {
+namespace zelvo::node {
 namespace {
 
 constexpr double kPhoneBorder = 2.6;
@@ -159,4 +159,4 @@ void Node::updateVisibility() {
     contentNode->isHidden = !isVisible;
 }
 
-} // namespace zelvo::core
+} // namespace zelvo::node

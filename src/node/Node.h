@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace zelvo::core {
+namespace zelvo::node {
 
 /// How much of a node's editing frame is shown.
 enum class Outline {
@@ -151,4 +151,4 @@ private:
 
 using NodePtr = std::shared_ptr<Node>;
 
-} // namespace zelvo::core
+} // namespace zelvo::node

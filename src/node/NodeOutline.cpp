@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace zelvo::core {
+namespace zelvo::node {
 namespace {
 
 constexpr float kMinSide = 100;        // scene units
@@ -149,4 +149,4 @@ float Node::frameArea() const {
     return glm::length(glm::cross(across, up));
 }
 
-} // namespace zelvo::core
+} // namespace zelvo::node

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <array>
 
-namespace zelvo::core {
+namespace zelvo::node {
 
 namespace {
 
@@ -156,4 +156,4 @@ void OutlineMarks::fitName(float unitsOnStage) {
     letters->position = glm::vec3(kNamePadding, kNamePadding + kBaseline * kNameSize, 0);
 }
 
-} // namespace zelvo::core
+} // namespace zelvo::node

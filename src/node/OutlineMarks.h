@@ -14,7 +14,7 @@ namespace zelvo::text {
 class FontRegistry;
 } // namespace zelvo::text
 
-namespace zelvo::core {
+namespace zelvo::node {
 
 /// The side of a frame where its name is. The name of a tall frame is inside, at the upper edge.
 enum class NamePlace { above, below };
@@ -68,4 +68,4 @@ private:
     NamePlace namePlace = NamePlace::above;
 };
 
-} // namespace zelvo::core
+} // namespace zelvo::node

@@ -13,7 +13,7 @@ namespace zelvo::text {
 class FontRegistry;
 } // namespace zelvo::text
 
-namespace zelvo::core {
+namespace zelvo::node {
 
 enum class DeviceIdiom { phone, tablet };
 
@@ -28,4 +28,4 @@ struct Surroundings {
     DeviceIdiom idiom = DeviceIdiom::tablet;
 };
 
-} // namespace zelvo::core
+} // namespace zelvo::node

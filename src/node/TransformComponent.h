@@ -5,7 +5,7 @@
 
 #include <vector>
 
-namespace zelvo::core {
+namespace zelvo::node {
 
 /// A transform for model input and output. Times in seconds.
 struct TransformComponent {
@@ -16,4 +16,4 @@ struct TransformComponent {
     std::vector<double> keyTimes;
 };
 
-} // namespace zelvo::core
+} // namespace zelvo::node

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "stage/MediaholderNode.h"
 
-namespace zelvo::core {
+namespace zelvo::stage {
 
 MediaholderNode::MediaholderNode()
-    : xAxisNode(std::make_shared<DefaultSCNNode>())
-    , yAxisNode(std::make_shared<DefaultSCNNode>())
-    , zAxisNode(std::make_shared<DefaultSCNNode>())
-    , contentNode(std::make_shared<DefaultSCNNode>()) {}
+    : xAxisNode(std::make_shared<node::DefaultSCNNode>())
+    , yAxisNode(std::make_shared<node::DefaultSCNNode>())
+    , zAxisNode(std::make_shared<node::DefaultSCNNode>())
+    , contentNode(std::make_shared<node::DefaultSCNNode>()) {}
 
 std::shared_ptr<MediaholderNode> MediaholderNode::make() {
     auto holder = std::make_shared<MediaholderNode>();
@@ -18,4 +18,4 @@ std::shared_ptr<MediaholderNode> MediaholderNode::make() {
     return holder;
 }
 
-} // namespace zelvo::core
+} // namespace zelvo::stage

@@ -3,7 +3,7 @@
 
 #include "node/DefaultSCNNode.h"
 
-namespace zelvo::core {
+namespace zelvo::stage {
 
 /// The group of all content: three levels for rotation, then the content nodes.
 class MediaholderNode final : public scene::SCNNode {
@@ -12,10 +12,10 @@ public:
     [[nodiscard]] static std::shared_ptr<MediaholderNode> make();
     MediaholderNode();
 
-    const DefaultSCNNodePtr xAxisNode;
-    const DefaultSCNNodePtr yAxisNode;
-    const DefaultSCNNodePtr zAxisNode;
-    const DefaultSCNNodePtr contentNode;
+    const node::DefaultSCNNodePtr xAxisNode;
+    const node::DefaultSCNNodePtr yAxisNode;
+    const node::DefaultSCNNodePtr zAxisNode;
+    const node::DefaultSCNNodePtr contentNode;
 };
 
-} // namespace zelvo::core
+} // namespace zelvo::stage

@@ -9,14 +9,14 @@
 
 #include <utility>
 
-namespace zelvo::core {
+namespace zelvo::stage {
 namespace {
 
 constexpr auto kFirstFont = "DaysOne-Regular";
 constexpr auto kDefaultFont = "Audiowide-Regular";
 
-DefaultSCNNodePtr newNode() {
-    return std::make_shared<DefaultSCNNode>();
+node::DefaultSCNNodePtr newNode() {
+    return std::make_shared<node::DefaultSCNNode>();
 }
 
 std::unique_ptr<Nodes>& sharedNodes() {
@@ -26,7 +26,7 @@ std::unique_ptr<Nodes>& sharedNodes() {
 
 } // namespace
 
-Nodes& Nodes::makeShared(const Surroundings& surroundings) {
+Nodes& Nodes::makeShared(const node::Surroundings& surroundings) {
     CHECK(!sharedNodes(), "the stage is made once");
     sharedNodes() = std::make_unique<Nodes>(surroundings);
     return *sharedNodes();
@@ -37,7 +37,7 @@ Nodes& Nodes::shared() {
     return *sharedNodes();
 }
 
-Nodes::Nodes(const Surroundings& surroundings)
+Nodes::Nodes(const node::Surroundings& surroundings)
     : cameraNode(newNode())
     , cameraPinchNode(newNode())
     , cameraSpecialPerspectiveNode(newNode())
@@ -100,7 +100,7 @@ void Nodes::applyDefaultStyles() {
          look::XMATClasses::plain});
 }
 
-std::vector<NodePtr> Nodes::content() const {
+std::vector<node::NodePtr> Nodes::content() const {
     return {textNode1, textNode2, imageNode, mediaNode};
 }
 
@@ -131,4 +131,4 @@ void Nodes::removeEffects() {
     scene::SCNTransaction::commit();
 }
 
-} // namespace zelvo::core
+} // namespace zelvo::stage

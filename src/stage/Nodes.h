@@ -10,7 +10,7 @@
 #include <memory>
 #include <vector>
 
-namespace zelvo::core {
+namespace zelvo::stage {
 
 /// The camera's position in its rig.
 inline constexpr glm::vec3 kCameraHome{0, 0, 345};
@@ -24,22 +24,22 @@ inline constexpr glm::vec3 kCameraHome{0, 0, 345};
 /// cameraNode.
 class Nodes {
 public:
-    explicit Nodes(const Surroundings& surroundings);
+    explicit Nodes(const node::Surroundings& surroundings);
     Nodes(const Nodes&) = delete;
     Nodes& operator=(const Nodes&) = delete;
 
     /// The stage of the process. Call `makeShared` once at start-up, before `shared`.
-    static Nodes& makeShared(const Surroundings& surroundings);
+    static Nodes& makeShared(const node::Surroundings& surroundings);
     [[nodiscard]] static Nodes& shared();
 
-    const DefaultSCNNodePtr cameraNode; ///< holds the camera
-    const DefaultSCNNodePtr cameraPinchNode;
-    const DefaultSCNNodePtr cameraSpecialPerspectiveNode;
-    const DefaultSCNNodePtr cameraSuperNode;
-    const DefaultSCNNodePtr cameraYHandle; ///< pan about the vertical axis
-    const DefaultSCNNodePtr cameraXHandle; ///< pan about the horizontal axis
-    const DefaultSCNNodePtr cameraWiggle;
-    const DefaultSCNNodePtr cameraJittery; ///< root of the camera rig
+    const node::DefaultSCNNodePtr cameraNode; ///< holds the camera
+    const node::DefaultSCNNodePtr cameraPinchNode;
+    const node::DefaultSCNNodePtr cameraSpecialPerspectiveNode;
+    const node::DefaultSCNNodePtr cameraSuperNode;
+    const node::DefaultSCNNodePtr cameraYHandle; ///< pan about the vertical axis
+    const node::DefaultSCNNodePtr cameraXHandle; ///< pan about the horizontal axis
+    const node::DefaultSCNNodePtr cameraWiggle;
+    const node::DefaultSCNNodePtr cameraJittery; ///< root of the camera rig
 
     const std::shared_ptr<MediaholderNode> mediaHolderNode; ///< root of the content
     const content::MediaNodePtr mediaNode;
@@ -47,8 +47,8 @@ public:
     const content::TextNodePtr textNode1;
     const content::TextNodePtr textNode2;
 
-    const DefaultSCNNodePtr fxHolderNode; ///< overlay effects; always faces the camera
-    const DefaultSCNNodePtr particleAndParticleLightHolder; ///< emptied at every stop
+    const node::DefaultSCNNodePtr fxHolderNode; ///< overlay effects; always faces the camera
+    const node::DefaultSCNNodePtr particleAndParticleLightHolder; ///< emptied at every stop
 
     // Particle resources are all read at start-up, so that no effect waits for them.
     const ParticleList fireExplo = ParticleNodes::load("FireExplo.scn");
@@ -66,7 +66,7 @@ public:
 
     /// The nodes that a performance animates, in the order of lists: the two texts, the picture,
     /// the media shape.
-    [[nodiscard]] std::vector<NodePtr> content() const;
+    [[nodiscard]] std::vector<node::NodePtr> content() const;
 
     /// The children of a scene's root, in order: fxHolderNode, particleAndParticleLightHolder,
     /// cameraJittery, mediaHolderNode.
@@ -84,4 +84,4 @@ private:
     std::vector<std::weak_ptr<scene::SCNNode>> effects; ///< outside particleAndParticleLightHolder
 };
 
-} // namespace zelvo::core
+} // namespace zelvo::stage

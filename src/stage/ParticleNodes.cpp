@@ -6,7 +6,7 @@
 
 #include <filesystem>
 
-namespace zelvo::core {
+namespace zelvo::stage {
 
 ParticleList ParticleNodes::load(const std::string& file) {
     if (std::filesystem::path(file).extension() == ".scnp")
@@ -42,4 +42,4 @@ scene::SCNParticleSystemPtr ParticleNodes::sparkles() {
     return system;
 }
 
-} // namespace zelvo::core
+} // namespace zelvo::stage

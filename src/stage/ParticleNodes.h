@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace zelvo::core {
+namespace zelvo::stage {
 
 using ParticleList = std::vector<scene::SCNParticleSystemPtr>;
 
@@ -19,4 +19,4 @@ struct ParticleNodes {
     [[nodiscard]] static scene::SCNParticleSystemPtr sparkles();
 };
 
-} // namespace zelvo::core
+} // namespace zelvo::stage

@@ -71,7 +71,7 @@ protected:
     static constexpr double kFrame = 1.0 / 60;
 
     TestWorld world;
-    core::Nodes nodes{world.surroundings()};
+    stage::Nodes nodes{world.surroundings()};
     scene::SCNScene stage;
     double sceneTime = 0;
     double clock = 0;

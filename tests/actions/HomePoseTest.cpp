@@ -30,7 +30,7 @@ protected:
             nodes.cameraSpecialPerspectiveNode.get(),
             nodes.cameraSuperNode.get(),
             nodes.cameraWiggle.get()};
-        for (const core::NodePtr& node : nodes.content()) {
+        for (const node::NodePtr& node : nodes.content()) {
             for (scene::SCNNode* level :
                  {static_cast<scene::SCNNode*>(node.get()),
                   static_cast<scene::SCNNode*>(node->contentNode.get()),
@@ -84,7 +84,7 @@ TEST_F(HomePoseTest, TakesTheGivenTime) {
 TEST_F(HomePoseTest, BeginsEachRunOnAnEmptyStage) {
     tick(0.001);
     beginActions();
-    for (const core::NodePtr& node : nodes.content())
+    for (const node::NodePtr& node : nodes.content())
         EXPECT_EQ(node->position.value(), glm::vec3(0, 0, 2000));
 }
 

@@ -34,7 +34,7 @@ protected:
     foundation::VirtualRunLoop loop;
     test::TemporaryFolder folder;
     Engine engine{loop, foundation::Folders::below(folder.path()), 1};
-    core::Nodes& stage = engine.stage();
+    stage::Nodes& stage = engine.stage();
 };
 
 TEST_F(PerformerTest, PlaysAtTheSpeedOfThePerformanceUnlessAPressHasItsOwn) {

@@ -66,7 +66,7 @@ protected:
 
     [[nodiscard]] catalogue::PressContext context() { return {controller, affected, factor}; }
 
-    std::vector<core::NodePtr> affected = nodes.content();
+    std::vector<node::NodePtr> affected = nodes.content();
     double pressedAt = 0;
     mutable scene::HeadlessView view;
 

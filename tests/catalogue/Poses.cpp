@@ -103,7 +103,7 @@ void PosesTest::nameWhatStays() {
         {nodes.wosherSparkles.get(),                 "Sparkles"      },
     };
     // clang-format on
-    for (const core::NodePtr& node : affected) {
+    for (const node::NodePtr& node : affected) {
         names[node.get()] = node->shortName;
         names[node->contentNode.get()] = node->shortName + "-content";
         names[node->shyNode.get()] = node->shortName + "-shy";
@@ -114,7 +114,7 @@ void PosesTest::nameWhatStays() {
             names[node.get()] = letter++;
     }
     // clang-format off
-    const std::map<std::string, const core::ParticleList*> lists = {
+    const std::map<std::string, const stage::ParticleList*> lists = {
         {"FireExplo",         &nodes.fireExplo          },
         {"DropExplo",         &nodes.particleBigDropExpo},
         {"Explo2",            &nodes.particleExplo2     },

@@ -57,7 +57,7 @@ TEST_F(MediaNodeTest, FitsAnImportedObjectAndKeepsItsMaterials) {
     EXPECT_EQ(object->geometry->materials.front()->diffuse.colorOr({}), (Color{1, 0, 0, 1}));
     const auto part = object->childNodes().front();
     EXPECT_EQ(part->geometry->materials, object->geometry->materials);
-    EXPECT_EQ(part->categoryBitMask, core::kContentMask);
+    EXPECT_EQ(part->categoryBitMask, node::kContentMask);
 
     media->setShape(MediaNode::shapeNamed("None"));
     EXPECT_EQ(media->customNode(), nullptr);

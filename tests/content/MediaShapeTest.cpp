@@ -70,7 +70,7 @@ TEST(MediaShapeTest, SceneFiguresFitAStageAndTakeOneMaterialThroughout) {
         EXPECT_EQ(material->diffuse.contentsTransform, glm::mat4(1));
         forEachSolid(*shape, [&](const scene::SCNNode& node) {
             EXPECT_EQ(node.geometry->materials, std::vector{material}) << name;
-            EXPECT_EQ(node.categoryBitMask, core::kContentMask) << name;
+            EXPECT_EQ(node.categoryBitMask, node::kContentMask) << name;
         });
     }
 }

@@ -9,7 +9,7 @@
 
 #include <fstream>
 
-namespace zelvo::look {
+namespace zelvo::environments {
 namespace {
 
 using image::Color;
@@ -74,7 +74,7 @@ TEST_F(EnvironmentTest, LightTheContent) {
         const SNEPtr one = environment(index);
         bool isLit = one->scene->lightingEnvironment.image() != nullptr;
         for (const auto& light : lightsOf(*one)) {
-            isLit = isLit || (light->categoryBitMask & core::kContentMask) != 0;
+            isLit = isLit || (light->categoryBitMask & node::kContentMask) != 0;
         }
         EXPECT_TRUE(isLit) << SceneManager::sceneNames.at(static_cast<std::size_t>(index));
     }
@@ -174,7 +174,7 @@ TEST_F(EnvironmentTest, SpreadTheColourOverTheirLamps) {
         if (row.mask != 0) {
             EXPECT_EQ(node->light->categoryBitMask, row.mask) << row.lamp;
         } else {
-            EXPECT_NE(node->light->categoryBitMask & core::kContentMask, 0U) << row.lamp;
+            EXPECT_NE(node->light->categoryBitMask & node::kContentMask, 0U) << row.lamp;
         }
     }
 }
@@ -269,4 +269,4 @@ TEST_F(EnvironmentTest, ShiftsHuesWithTheSumsOwnSign) {
 }
 
 } // namespace
-} // namespace zelvo::look
+} // namespace zelvo::environments

@@ -9,7 +9,7 @@
 #include <array>
 #include <vector>
 
-namespace zelvo::core {
+namespace zelvo::model {
 namespace {
 
 using testing::ElementsAre;
@@ -199,4 +199,4 @@ TEST_F(ClockTest, CountsTheFramesOfALongMovieOneByOne) {
 }
 
 } // namespace
-} // namespace zelvo::core
+} // namespace zelvo::model

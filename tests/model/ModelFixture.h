@@ -49,17 +49,17 @@ protected:
 
     TestWorld world;
     TemporaryFolder folder;
-    core::Nodes nodes{world.surroundings()};
+    stage::Nodes nodes{world.surroundings()};
     FakeRendering rendering;
     scene::HeadlessView view;
-    core::Model model{
+    model::Model model{
         {.runLoop = world.runLoop,
          .nodes = nodes,
          .folders = foundation::Folders::below(folder.path()),
          .makeFrames = [this] { return std::make_unique<FakeFrames>(rendering); },
          .makeAudioOutput = {},
          .showAlert = {}}};
-    core::HeadlessViewClock viewClock{view};
+    model::HeadlessViewClock viewClock{view};
     std::optional<foundation::Result<movie::MovieOutcome>> outcome;
     foundation::Lifetime listening;
 };

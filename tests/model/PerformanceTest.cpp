@@ -8,7 +8,7 @@
 #include <map>
 #include <vector>
 
-namespace zelvo::core {
+namespace zelvo::model {
 namespace {
 
 class PerformanceTest : public test::ModelTest {
@@ -67,7 +67,7 @@ protected:
         PerformanceTest& test;
     };
 
-    std::vector<NodePtr> affected = nodes.content();
+    std::vector<node::NodePtr> affected = nodes.content();
 
     Track liveTrack() {
         Watcher watcher(*this);
@@ -165,7 +165,7 @@ TEST_F(PerformanceTest, GoesHomeWhenARunIsStopped) {
     EXPECT_LT(nodes.textNode1->position.value().x, -10);
     model.toggle();
     view.update(world.runLoop.now());
-    for (const NodePtr& node : affected) {
+    for (const node::NodePtr& node : affected) {
         EXPECT_EQ(node->position.value(), glm::vec3(0));
         EXPECT_EQ(node->opacity.value(), 1);
     }
@@ -238,4 +238,4 @@ TEST_F(PerformanceTest, StopsAnExportFromOutside) {
 }
 
 } // namespace
-} // namespace zelvo::core
+} // namespace zelvo::model

@@ -10,7 +10,7 @@
 
 #include <cmath>
 
-namespace zelvo::core {
+namespace zelvo::node {
 namespace {
 
 using image::Color;
@@ -246,4 +246,4 @@ TEST(LightNodes, LightTheContentOrTheStageAlone) {
 }
 
 } // namespace
-} // namespace zelvo::core
+} // namespace zelvo::node

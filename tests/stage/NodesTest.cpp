@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zelvo::core {
+namespace zelvo::stage {
 namespace {
 
 using look::XMATClasses;
@@ -114,4 +114,4 @@ TEST(SharedNodesDeathTest, AreOneForTheProcess) {
 }
 
 } // namespace
-} // namespace zelvo::core
+} // namespace zelvo::stage

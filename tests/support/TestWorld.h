@@ -27,7 +27,7 @@ public:
     foundation::UserDefaults defaults;
     std::vector<std::pair<std::string, std::string>> alerts; ///< title, message
 
-    [[nodiscard]] core::Surroundings surroundings() {
+    [[nodiscard]] node::Surroundings surroundings() {
         return {
             &fonts(),
             &defaults,
@@ -35,7 +35,7 @@ public:
             [this](const std::string& title, const std::string& message) {
                 alerts.emplace_back(title, message);
             },
-            core::DeviceIdiom::tablet};
+            node::DeviceIdiom::tablet};
     }
 
     /// The built-in fonts, read once for the process.

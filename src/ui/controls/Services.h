@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-namespace zelvo::core {
+namespace zelvo::model {
 class Model;
 }
 
@@ -16,7 +16,7 @@ class Alerts;
 
 /// The objects that the controllers of the interface use. All must outlive the controllers.
 struct Services {
-    core::Model& model;
+    model::Model& model;
     foundation::RunLoop& runLoop;
     foundation::UserDefaults& defaults;
     Alerts& alerts;

@@ -15,7 +15,7 @@ namespace {
 /// own outlines, so it must not hide them.
 const LayouterMenu* outliner = nullptr;
 
-bool isText(const core::NodePtr& node) {
+bool isText(const node::NodePtr& node) {
     return std::dynamic_pointer_cast<content::TextNode>(node) != nullptr;
 }
 
@@ -37,10 +37,10 @@ LayouterMenu::LayouterMenu(const Services& given, QObject* parent)
     backButton.size = {34, 0};
     outliner = this;
     // The second text is close below the first.
-    constexpr auto kAbove = core::NamePlace::above;
+    constexpr auto kAbove = node::NamePlace::above;
     const std::array names{
         std::pair(tr("Text 1"), kAbove),
-        std::pair(tr("Text 2"), core::NamePlace::below),
+        std::pair(tr("Text 2"), node::NamePlace::below),
         std::pair(tr("Image"), kAbove),
         std::pair(tr("Object"), kAbove)};
     const auto nodes = services.model.nodes().content();
@@ -54,11 +54,11 @@ LayouterMenu::~LayouterMenu() {
     if (outliner != this)
         return;
     outliner = nullptr;
-    for (const core::NodePtr& node : services.model.nodes().content())
-        node->showOutline(core::Outline::hidden, core::Transition::animated);
+    for (const node::NodePtr& node : services.model.nodes().content())
+        node->showOutline(node::Outline::hidden, node::Transition::animated);
 }
 
-void LayouterMenu::setCurrentNode(core::NodePtr node) {
+void LayouterMenu::setCurrentNode(node::NodePtr node) {
     if (isText(currentNode_))
         cachedTextOption = currentOption_;
     currentNode_ = std::move(node);
@@ -127,22 +127,22 @@ void LayouterMenu::refresh() {
 }
 
 void LayouterMenu::showOutlines() const {
-    for (const core::NodePtr& node : services.model.nodes().content()) {
-        const auto unselected = node == pointedNode ? core::Outline::pointed : core::Outline::plain;
-        node->showOutline(node == currentNode_ ? core::Outline::highlighted : unselected);
+    for (const node::NodePtr& node : services.model.nodes().content()) {
+        const auto unselected = node == pointedNode ? node::Outline::pointed : node::Outline::plain;
+        node->showOutline(node == currentNode_ ? node::Outline::highlighted : unselected);
     }
 }
 
-core::NodePtr LayouterMenu::nodeAt(const Hover& place) const {
-    const core::Nodes& nodes = services.model.nodes();
+node::NodePtr LayouterMenu::nodeAt(const Hover& place) const {
+    const stage::Nodes& nodes = services.model.nodes();
     const scene::SCNNode& eye = *nodes.cameraNode;
     const glm::vec2 share = place.location / place.viewSize;
     const geometry::Ray ray = render::rayThrough(
         render::makeCameraView(
             eye.worldTransform(), *eye.camera, place.viewSize.x / place.viewSize.y),
         {2 * share.x - 1, 1 - 2 * share.y});
-    core::NodePtr found;
-    for (const core::NodePtr& node : nodes.content()) {
+    node::NodePtr found;
+    for (const node::NodePtr& node : nodes.content()) {
         const bool isHit = node->frameDistance(ray).has_value();
         if (isHit && (!found || node->frameArea() < found->frameArea()))
             found = node;
@@ -151,7 +151,7 @@ core::NodePtr LayouterMenu::nodeAt(const Hover& place) const {
 }
 
 void LayouterMenu::handleHover(const std::optional<Hover>& hover) {
-    const core::NodePtr found = hover ? nodeAt(*hover) : nullptr;
+    const node::NodePtr found = hover ? nodeAt(*hover) : nullptr;
     if (std::exchange(pointedNode, found) != found)
         showOutlines();
 }

@@ -73,12 +73,12 @@ public:
     TabStackView stackView;
     MyButton backButton;
 
-    [[nodiscard]] const core::NodePtr& currentNode() const { return currentNode_; }
+    [[nodiscard]] const node::NodePtr& currentNode() const { return currentNode_; }
 
     [[nodiscard]] CurrentOption currentOption() const { return currentOption_; }
 
     /// Selects a node, with the option that fits it; null: none.
-    void setCurrentNode(core::NodePtr node);
+    void setCurrentNode(node::NodePtr node);
     /// 0 to 3: first text, second text, image, object.
     void setCurrentNodeFromButton(int tag);
     void setCurrentOption(CurrentOption option);
@@ -132,7 +132,7 @@ private:
     void rebuildTabs();
     void showOutlines() const;
     /// The node whose frame is at that place, the smallest of several; null: none.
-    [[nodiscard]] core::NodePtr nodeAt(const Hover& place) const;
+    [[nodiscard]] node::NodePtr nodeAt(const Hover& place) const;
     [[nodiscard]] std::vector<TabRow> tabsNow();
     [[nodiscard]] std::vector<TabRow> rootTabs();
     [[nodiscard]] TabRow optionTab(const char* title, CurrentOption option);
@@ -145,8 +145,8 @@ private:
     [[nodiscard]] LaterPtr<QObject> makeColorStrip();
     void assignColor(const image::Color& color);
 
-    core::NodePtr currentNode_;
-    core::NodePtr pointedNode; ///< the pointer is over its frame; null: over none
+    node::NodePtr currentNode_;
+    node::NodePtr pointedNode; ///< the pointer is over its frame; null: over none
     CurrentOption currentOption_ = CurrentOption::none;
     CurrentOption cachedTextOption = CurrentOption::material; ///< texts share their last tab
     LaterPtr<QObject> strip;

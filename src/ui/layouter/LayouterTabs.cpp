@@ -204,7 +204,8 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeMaskStrip() const {
 
 LayouterMenu::LaterPtr<QObject> LayouterMenu::makeSceneStrip() {
     LaterPtr<ButtonStrip> made(new ButtonStrip(
-        titlesOf(look::SceneManager::sceneNames, [](std::string_view name) { return name; }),
+        titlesOf(
+            environments::SceneManager::sceneNames, [](std::string_view name) { return name; }),
         [this](std::size_t tag) {
             services.runLoop.asyncAfter(
                 kSceneDelay, lifetime.guard([this, index = static_cast<int>(tag)] {

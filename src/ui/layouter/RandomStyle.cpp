@@ -36,10 +36,10 @@ std::size_t textColorOn(std::size_t background) {
 
 } // namespace
 
-RandomStyle drawRandomStyle(const core::Nodes& nodes) {
+RandomStyle drawRandomStyle(const stage::Nodes& nodes) {
     RandomStyle style;
-    style.scene =
-        static_cast<int>(arc4random_uniform(lastButOne(look::SceneManager::sceneNames.size())));
+    style.scene = static_cast<int>(
+        arc4random_uniform(lastButOne(environments::SceneManager::sceneNames.size())));
     style.background = arc4random_uniform(lastButOne(kPalette.size()));
     style.text =
         style.scene < kFirstSceneWithOwnGround ? textColorOn(style.background) : style.background;
@@ -50,8 +50,8 @@ RandomStyle drawRandomStyle(const core::Nodes& nodes) {
     return style;
 }
 
-void applyRandomStyle(core::Model& model, const RandomStyle& style) {
-    const core::Nodes& nodes = model.nodes();
+void applyRandomStyle(model::Model& model, const RandomStyle& style) {
+    const stage::Nodes& nodes = model.nodes();
     content::TextStylePreset text;
     text.frontColor = kPalette[style.text];
     text.bandColor = kPalette[style.text];

@@ -5,10 +5,13 @@
 
 #include <cstddef>
 
-namespace zelvo::core {
+namespace zelvo::model {
 class Model;
+}
+
+namespace zelvo::stage {
 class Nodes;
-} // namespace zelvo::core
+}
 
 namespace zelvo::ui {
 
@@ -24,10 +27,10 @@ struct RandomStyle {
 
 /// Draws from the process's random source. Never repeats the current scene, colour or material
 /// pair.
-[[nodiscard]] RandomStyle drawRandomStyle(const core::Nodes& nodes);
+[[nodiscard]] RandomStyle drawRandomStyle(const stage::Nodes& nodes);
 
 /// Applies it to both texts, the object (unless it shows the materials of an import), the
 /// background and the environment.
-void applyRandomStyle(core::Model& model, const RandomStyle& style);
+void applyRandomStyle(model::Model& model, const RandomStyle& style);
 
 } // namespace zelvo::ui

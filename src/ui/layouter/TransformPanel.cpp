@@ -23,16 +23,16 @@ struct Row {
     double limit; ///< of the slider, in both directions
     const char* label;
     const char* unit;
-    core::DefaultSCNNodePtr const core::Node::*axisNode; ///< null: the depth
+    node::DefaultSCNNodePtr const node::Node::*axisNode; ///< null: the depth
     glm::vec3 axis;
 };
 
 // clang-format off
 constexpr auto kRows = std::to_array<Row>({
     {QT_TRANSLATE_NOOP("zelvo::ui::TransformPanel", "Z Pos"), 250, "PositionZ", "",    nullptr,               {0, 0, 0}},
-    {QT_TRANSLATE_NOOP("zelvo::ui::TransformPanel", "X Rot"), 180, "RotationX", " °", &core::Node::rotXNode, {1, 0, 0}},
-    {QT_TRANSLATE_NOOP("zelvo::ui::TransformPanel", "Y Rot"), 180, "RotationY", " °", &core::Node::rotYNode, {0, 1, 0}},
-    {QT_TRANSLATE_NOOP("zelvo::ui::TransformPanel", "Z Rot"), 180, "RotationZ", " °", &core::Node::rotZNode, {0, 0, 1}},
+    {QT_TRANSLATE_NOOP("zelvo::ui::TransformPanel", "X Rot"), 180, "RotationX", " °", &node::Node::rotXNode, {1, 0, 0}},
+    {QT_TRANSLATE_NOOP("zelvo::ui::TransformPanel", "Y Rot"), 180, "RotationY", " °", &node::Node::rotYNode, {0, 1, 0}},
+    {QT_TRANSLATE_NOOP("zelvo::ui::TransformPanel", "Z Rot"), 180, "RotationZ", " °", &node::Node::rotZNode, {0, 0, 1}},
 });
 
 // clang-format on
@@ -43,7 +43,7 @@ const Row& rowOf(int tag) {
 
 } // namespace
 
-TransformPanel::TransformPanel(core::NodePtr edited, QObject* parent)
+TransformPanel::TransformPanel(node::NodePtr edited, QObject* parent)
     : QObject(parent)
     , stackView(
           {.buttonEdgeInsets = {4, 0, 4, 0},

@@ -24,7 +24,7 @@ class TransformPanel final : public QObject {
     Q_PROPERTY(zelvo::ui::MySlider* posRotSlider READ sliderObject NOTIFY sliderChanged)
 
 public:
-    explicit TransformPanel(core::NodePtr edited, QObject* parent = nullptr);
+    explicit TransformPanel(node::NodePtr edited, QObject* parent = nullptr);
 
     TabStackView stackView;
 
@@ -44,7 +44,7 @@ private:
     [[nodiscard]] double valueOf(int tag) const;
     void assign(int tag, double value);
 
-    core::NodePtr node;
+    node::NodePtr node;
     std::vector<std::unique_ptr<HighlightButton>> buttons;
     std::unique_ptr<MySlider> posRotSlider;
 };

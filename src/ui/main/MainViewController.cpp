@@ -54,7 +54,7 @@ MainViewController::~MainViewController() {
 }
 
 void MainViewController::wire() {
-    core::Model& model = services.model;
+    model::Model& model = services.model;
     actions::ActionController& controller = model.actionController();
     controlMenu.playAction = [toggle = posted([&model] { model.toggle(); })](bool) { toggle(); };
     controlMenu.deleteAllActions = posted([&controller] { controller.deleteAll(); });
@@ -93,7 +93,7 @@ void MainViewController::setPanel(QObject* controller, const char* view) {
 }
 
 void MainViewController::showAnim() {
-    services.model.stop(core::Reset::toStart);
+    services.model.stop(model::Reset::toStart);
     auto menu = std::make_unique<ActionsMenu>(services);
     menu->speedClosure = lifetime.guard([this](bool isShown) {
         services.runLoop.post(lifetime.guard([this, isShown] {
@@ -109,7 +109,7 @@ void MainViewController::showAnim() {
 }
 
 void MainViewController::showLayouterMenu() {
-    services.model.stop(core::Reset::toStart);
+    services.model.stop(model::Reset::toStart);
     gestureDelegate = nullptr;
     auto menu = std::make_unique<LayouterMenu>(services);
     menu->inspirator.fadeScene =
@@ -134,7 +134,7 @@ void MainViewController::share() {
 }
 
 void MainViewController::shareAction() {
-    services.model.stop(core::Reset::toStart);
+    services.model.stop(model::Reset::toStart);
     if (services.model.actionController().recordedActions().empty()) {
         askForActions();
     } else {
@@ -198,7 +198,7 @@ void MainViewController::showHistory() {
     if (screen_)
         return;
     if (services.model.isPlaying()) // the new screen has no button to stop the run
-        services.model.stop(core::Reset::toStart);
+        services.model.stop(model::Reset::toStart);
     auto history = std::make_unique<HistoryController>(services);
     connect(history.get(), &HistoryController::dismissed, this, &MainViewController::dismissScreen);
     present(history.release(), "History");

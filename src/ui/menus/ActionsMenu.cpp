@@ -21,7 +21,7 @@ QString toQString(std::string_view text) {
 }
 
 /// A press context with the user's current choices.
-catalogue::PressContext contextOf(const core::Model& model) {
+catalogue::PressContext contextOf(const model::Model& model) {
     return {model.actionController(), model.affectedNodes(), model.animationFactor()};
 }
 
@@ -165,7 +165,7 @@ void ActionsMenu::setActionButtons(std::vector<std::unique_ptr<FuncButton>> butt
 
 std::unique_ptr<FuncButton>
 ActionsMenu::makeActionButton(const catalogue::Button& button, int place) {
-    const core::Model& model = services.model;
+    const model::Model& model = services.model;
     FuncButton::Action action{
         .beganFunc = [began = button.beganFunc, &model] { began(contextOf(model)); }};
     if (button.isHold())

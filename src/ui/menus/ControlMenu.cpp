@@ -88,7 +88,7 @@ void ControlMenu::recordButtonAction() const {
 }
 
 void ControlMenu::durationButtonAction() {
-    services.model.stop(core::Reset::toStart);
+    services.model.stop(model::Reset::toStart);
     picker = std::make_shared<TimePickerView>(services.model.duration());
     const auto setDuration = [&runLoop = services.runLoop, &model = services.model, own = picker] {
         runLoop.post([&model, own] { model.setDuration(own->duration()); });

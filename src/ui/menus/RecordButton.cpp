@@ -19,7 +19,7 @@ ButtonFace faceOf(const QString& image, const QString& title, const QString& nam
 } // namespace
 
 RecordButton::RecordButton(
-    core::Model& given, foundation::RunLoop& loop, std::function<void()> targetFunc)
+    model::Model& given, foundation::RunLoop& loop, std::function<void()> targetFunc)
     : MyLabelButton(
           faceOf(QStringLiteral("RecordButton"), QStringLiteral("0:00.00"), tr("Record")),
           std::move(targetFunc))

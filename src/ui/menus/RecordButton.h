@@ -7,7 +7,7 @@
 
 #include <QtQml/qqmlregistration.h>
 
-namespace zelvo::core {
+namespace zelvo::model {
 class Model;
 }
 
@@ -21,13 +21,13 @@ class RecordButton final : public zelvo::ui::MyLabelButton {
     QML_UNCREATABLE("")
 
 public:
-    RecordButton(core::Model& given, foundation::RunLoop& loop, std::function<void()> targetFunc);
+    RecordButton(model::Model& given, foundation::RunLoop& loop, std::function<void()> targetFunc);
 
 private:
     void showTime(double time);
     void showPlaying(bool isPlaying);
 
-    core::Model& model;
+    model::Model& model;
     foundation::RunLoop& runLoop;
     foundation::Lifetime lifetime;
 };

@@ -12,11 +12,11 @@ namespace {
 
 constexpr int kNormalTag = 3;
 
-/// By tag, in the order of core::kSpeeds.
+/// By tag, in the order of model::kSpeeds.
 constexpr auto kSpeedTitles = std::to_array<const char*>({"---", "--", "-", "O", "+", "++", "+++"});
-static_assert(kSpeedTitles.size() == core::kSpeeds.size());
+static_assert(kSpeedTitles.size() == model::kSpeeds.size());
 
-/// The titles of core::kSpeeds, for who translates them.
+/// The titles of model::kSpeeds, for who translates them.
 [[maybe_unused]] constexpr auto kSpokenSpeeds = std::to_array<const char*>({
     QT_TRANSLATE_NOOP("zelvo::ui::SpeedViewController", "Slowest"),
     QT_TRANSLATE_NOOP("zelvo::ui::SpeedViewController", "Slower"),
@@ -46,7 +46,7 @@ SpeedViewController::SpeedViewController(const Services& given, QObject* parent)
     }
     for (int tag = 0; tag < static_cast<int>(kSpeedTitles.size()); ++tag) {
         const auto index = static_cast<std::size_t>(tag);
-        const QString spoken = tr(core::kSpeeds[index].title.data());
+        const QString spoken = tr(model::kSpeeds[index].title.data());
         auto button = std::make_unique<HighlightButton>(
             ButtonFace{
                 .title = QString::fromUtf8(kSpeedTitles[index]),
@@ -91,7 +91,7 @@ void SpeedViewController::nodeAction(int tag) {
             button->setMySelected(true);
     }
     const auto nodes = services.model.nodes().content();
-    std::vector<core::NodePtr> chosen;
+    std::vector<node::NodePtr> chosen;
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         if (buttons[i]->isMySelected())
             chosen.push_back(nodes[i]);
@@ -100,8 +100,9 @@ void SpeedViewController::nodeAction(int tag) {
 }
 
 void SpeedViewController::speedAction(int tag) {
-    const bool isKnown = tag >= 0 && static_cast<std::size_t>(tag) < core::kSpeeds.size();
-    const core::SpeedRow& row = core::kSpeeds[static_cast<std::size_t>(isKnown ? tag : kNormalTag)];
+    const bool isKnown = tag >= 0 && static_cast<std::size_t>(tag) < model::kSpeeds.size();
+    const model::SpeedRow& row =
+        model::kSpeeds[static_cast<std::size_t>(isKnown ? tag : kNormalTag)];
     services.model.animationRatio = row.ratio;
     signals().messageSignal.fire(tr("Speed: %1").arg(tr(row.title.data())).toStdString());
 }

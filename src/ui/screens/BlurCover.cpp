@@ -7,13 +7,13 @@ namespace {
 
 constexpr double kFade = 0.1; ///< seconds
 
-bool hasRoomForCover(core::DeviceIdiom idiom, double nativeHeight) {
-    return idiom == core::DeviceIdiom::tablet || nativeHeight == 1920.0 || nativeHeight == 2208.0;
+bool hasRoomForCover(node::DeviceIdiom idiom, double nativeHeight) {
+    return idiom == node::DeviceIdiom::tablet || nativeHeight == 1920.0 || nativeHeight == 2208.0;
 }
 
 } // namespace
 
-BlurCover::BlurCover(foundation::RunLoop& loop, core::DeviceIdiom idiom, double nativeHeight)
+BlurCover::BlurCover(foundation::RunLoop& loop, node::DeviceIdiom idiom, double nativeHeight)
     : runLoop(loop)
     , isWanted(hasRoomForCover(idiom, nativeHeight)) {}
 

@@ -23,7 +23,7 @@ public:
     /// has a `nativeHeight` of 1920 or 2208 pixels.
     explicit BlurCover(
         foundation::RunLoop& loop,
-        core::DeviceIdiom idiom = core::DeviceIdiom::tablet,
+        node::DeviceIdiom idiom = node::DeviceIdiom::tablet,
         double nativeHeight = 0);
 
     /// Whether there is a cover; true until it has faded out.

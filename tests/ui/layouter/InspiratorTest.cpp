@@ -35,7 +35,7 @@ TEST_F(InspiratorTest, DrawsAllButTheLastOfEachList) {
         EXPECT_LT(style.bevelRadius, 4.0);
         EXPECT_LT(style.extrusionDepth, 60);
     }
-    const std::size_t lastScene = look::SceneManager::sceneNames.size() - 1;
+    const std::size_t lastScene = environments::SceneManager::sceneNames.size() - 1;
     EXPECT_EQ(scenes.size(), lastScene);
     EXPECT_FALSE(scenes.contains(static_cast<int>(lastScene)));
     EXPECT_EQ(colors.size(), kPalette.size() - 1);
@@ -90,7 +90,7 @@ TEST_F(InspiratorTest, CountsDotsChangesUnseenAndComesBack) {
         if (titles.empty() || titles.back() != title)
             titles.push_back(title);
     });
-    const look::SNEPtr before = model.sceneData();
+    const environments::SNEPtr before = model.sceneData();
 
     inspirator.button.click();
     EXPECT_FALSE(inspirator.button.isEnabled());
@@ -120,7 +120,7 @@ TEST_F(InspiratorTest, MayGoWhileItCounts) {
         EXPECT_EQ(sceneAlpha, 0);
     }
     EXPECT_EQ(sceneAlpha, 1) << "nobody brings the scene back";
-    const look::SNEPtr before = model.sceneData();
+    const environments::SNEPtr before = model.sceneData();
     world.runLoop.runFor(2);
     EXPECT_EQ(model.sceneData(), before);
 }

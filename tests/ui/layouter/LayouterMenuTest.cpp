@@ -119,7 +119,7 @@ TEST_F(LayouterMenuTest, OutlinesStayWhenAnotherPanelHasThem) {
 }
 
 TEST_F(LayouterMenuTest, DrawsTheFrameUnderThePointerInFull) {
-    using Nodes = std::vector<core::NodePtr>;
+    using Nodes = std::vector<node::NodePtr>;
     const auto inFull = [this] {
         Nodes found;
         std::ranges::copy_if(nodes.content(), std::back_inserter(found), [](const auto& node) {
@@ -128,7 +128,7 @@ TEST_F(LayouterMenuTest, DrawsTheFrameUnderThePointerInFull) {
         return found;
     };
     // The picture's frame is the largest: the others lie inside of it.
-    const core::NodePtr picture = nodes.imageNode;
+    const node::NodePtr picture = nodes.imageNode;
     for (const glm::vec2 size : {glm::vec2(1280, 720), glm::vec2(500, 700)}) {
         // A point that lies that far from the corner of the frame, outwards.
         const auto beyondCorner = [&](float units) {

@@ -21,16 +21,16 @@ TEST_F(SpeedTest, ChoosesNodesInTheirOwnOrderAndNeverNone) {
     strip.txt2Btn.click();
     EXPECT_THAT(
         model.affectedNodes(),
-        ElementsAre(core::NodePtr(nodes.textNode2), core::NodePtr(nodes.mediaNode)));
+        ElementsAre(node::NodePtr(nodes.textNode2), node::NodePtr(nodes.mediaNode)));
     strip.medBtn.click();
     strip.txt2Btn.click();
     EXPECT_THAT(
         model.affectedNodes(),
         ElementsAre(
-            core::NodePtr(nodes.textNode1),
-            core::NodePtr(nodes.textNode2),
-            core::NodePtr(nodes.imageNode),
-            core::NodePtr(nodes.mediaNode)));
+            node::NodePtr(nodes.textNode1),
+            node::NodePtr(nodes.textNode2),
+            node::NodePtr(nodes.imageNode),
+            node::NodePtr(nodes.mediaNode)));
     EXPECT_TRUE(strip.imgBtn.isMySelected());
 }
 

@@ -161,16 +161,16 @@ TEST_F(ExportScreenTest, TheCoverIsOneAndFadesBeforeItGoes) {
     EXPECT_TRUE(cover.isPresent());
 
     struct Row {
-        core::DeviceIdiom idiom;
+        node::DeviceIdiom idiom;
         double height;
         bool isCovered;
     };
 
     for (const Row& row : {
-             Row{core::DeviceIdiom::tablet, 0, true},
-             Row{core::DeviceIdiom::phone, 1920, true},
-             Row{core::DeviceIdiom::phone, 2208, true},
-             Row{core::DeviceIdiom::phone, 2436, false},
+             Row{node::DeviceIdiom::tablet, 0, true},
+             Row{node::DeviceIdiom::phone, 1920, true},
+             Row{node::DeviceIdiom::phone, 2208, true},
+             Row{node::DeviceIdiom::phone, 2436, false},
          }) {
         BlurCover other(world.runLoop, row.idiom, row.height);
         other.show();

@@ -107,7 +107,7 @@ protected:
     test::TemporaryFolder folder;
     Application application{foundation::Folders::below(folder.path())};
     QQuickWindow& window = *application.window();
-    core::Model& model = application.model();
+    model::Model& model = application.model();
     std::unique_ptr<QPointingDevice> finger{QTest::createTouchDevice()};
 };
 
@@ -184,7 +184,7 @@ void WindowTest::replayAndUndo() {
     ASSERT_TRUE(soon([&] { return model.isPlaying() && model.time() > 2.5; }));
     EXPECT_GT(placeOf(application.main.progressObject()).y(), 0);
     picture("3-replay");
-    model.setDuration(core::Model::kMinDuration); // from here on the end comes by itself
+    model.setDuration(model::Model::kMinDuration); // from here on the end comes by itself
     ASSERT_TRUE(soon([&] { return !model.isPlaying() && !model.isBlocking(); }));
     EXPECT_EQ(records(), 3U) << "a replay records nothing";
     QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
@@ -254,7 +254,7 @@ TEST_F(WindowTest, ARunKeepsItsTimeHoweverLongAPictureTakes) {
     };
     take(&QQuickWindow::afterSynchronizing, 25); // the main thread waits
     take(&QQuickWindow::afterRendering, 100);
-    model.setDuration(core::Model::kMinDuration);
+    model.setDuration(model::Model::kMinDuration);
     QElapsedTimer watch;
     watch.start();
     model.start();
@@ -307,7 +307,7 @@ TEST(WindowClosing, LeavesNoHalfMovieBehindAndComesBackWhollyVisible) {
         const auto soon = [](const auto& happens) { return QTest::qWaitFor(happens, kPatience); };
         ASSERT_TRUE(soon([&] { return application.main.stage.framesShown() > 0; }));
         application.main.showAnim();
-        core::Model& model = application.model();
+        model::Model& model = application.model();
         model.movieWriter().options.renderSize = {160, 90};
         model.setDuration(kLongRun);
         model.start();
