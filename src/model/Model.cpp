@@ -186,8 +186,11 @@ void Model::setScene(int index) {
 }
 
 void Model::setSceneView(scene::SCNSceneRenderer* view) {
-    if (sceneView_ != nullptr)
+    if (sceneView_ != nullptr) {
         sceneView_->delegate = nullptr;
+        if (sceneView_ != view)
+            sceneView_->setScene(nullptr);
+    }
     sceneView_ = view;
     if (view == nullptr)
         return;

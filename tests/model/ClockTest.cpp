@@ -130,6 +130,9 @@ TEST_F(ClockTest, MovesTheStageFromSceneToScene) {
     world.runLoop.drain();
     EXPECT_EQ(other.scene(), model.sceneData()->scene);
     model.setSceneView(&view);
+    EXPECT_EQ(other.scene(), nullptr) << "it is replaced";
+    world.runLoop.drain();
+    EXPECT_EQ(view.scene(), model.sceneData()->scene);
 }
 
 TEST_F(ClockTest, StartsTheMusicOnTheSameSampleLiveAndInTheMovie) {
