@@ -57,7 +57,7 @@ void MainViewController::wire() {
     model::Model& model = services.model;
     actions::ActionController& controller = model.actionController();
     controlMenu.playAction = [toggle = posted([&model] { model.toggle(); })](bool) { toggle(); };
-    controlMenu.deleteAllActions = posted([&controller] { controller.deleteAll(); });
+    controlMenu.deleteAllActions = posted([this] { deleteAllActions(); });
     controlMenu.undoAction = posted([&controller] { controller.undo(); });
     controlMenu.redoAction = posted([&controller] { controller.redo(); });
     controlMenu.showHistoryAction = posted([this] { showHistory(); });
@@ -70,6 +70,16 @@ void MainViewController::wire() {
         if (panelView_ != kStylePanel)
             showLayouterMenu();
     });
+}
+
+/// Ends what is held first. Otherwise its further records would carry a number that the next
+/// performance gives to another action, and one undo would remove both.
+void MainViewController::deleteAllActions() {
+    stage.recognizers.cancel();
+    stage.recognizers.endPinch();
+    if (auto* const catalogue = qobject_cast<ActionsMenu*>(panel()); catalogue != nullptr)
+        catalogue->releaseButtons();
+    services.model.actionController().deleteAll();
 }
 
 void MainViewController::viewDidLoad() {

@@ -165,6 +165,7 @@ private:
     void handleHover(const std::optional<Hover>& hover) override;
 
     void wire();
+    void deleteAllActions();
     void viewDidLoad();
     void setPanel(QObject* controller, const char* view);
     void present(QObject* controller, const char* view);

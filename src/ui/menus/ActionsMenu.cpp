@@ -197,6 +197,11 @@ void ActionsMenu::releaseButton(int index) {
         actionsStackView[static_cast<std::size_t>(index)]->release();
 }
 
+void ActionsMenu::releaseButtons() {
+    for (const auto& button : actionsStackView)
+        button->release();
+}
+
 void ActionsMenu::nextTab() {
     step(1);
 }

@@ -61,6 +61,8 @@ public:
     /// again. Does nothing if there is no such button.
     Q_INVOKABLE void pressButton(int index);
     Q_INVOKABLE void releaseButton(int index);
+    /// Releases all pressed buttons, whoever holds them.
+    void releaseButtons();
     /// Opens the next tab, on the other page if needed; the first follows the last.
     Q_INVOKABLE void nextTab();
     Q_INVOKABLE void previousTab();

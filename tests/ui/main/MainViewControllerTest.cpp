@@ -108,6 +108,61 @@ TEST_F(MainScreenTest, turns_the_camera_by_the_share_of_the_view_that_a_drag_tak
     EXPECT_NEAR(angles[0], angles[1], 1e-4f);
 }
 
+TEST_F(MainScreenTest, ends_what_is_held_when_all_actions_are_deleted) {
+    struct Held {
+        const char* what;
+        std::function<void()> begin, goOn;
+    };
+
+    main.showAnim();
+    auto& menu = *qobject_cast<ActionsMenu*>(main.panel());
+    menu.viewWillAppear();
+    SceneRecognizers& touches = main.stage.recognizers;
+    const Held pan{
+        "pan",
+        [&] {
+            touches.press(1, {0, 0});
+            touches.move(1, {30, 0});
+        },
+        [&] {
+            touches.move(1, {60, 0});
+            touches.release(1, {60, 0});
+        }};
+    const Held pinch{
+        "pinch",
+        [&] {
+            touches.growPinch(0.1f, {0, 0});
+        },
+        [&] { touches.endPinch(); }};
+    const Held button{
+        "button",
+        [&] {
+            menu.tabButton("CAM").click();
+            menu.pressButton(0);
+        },
+        [&] { menu.releaseButton(0); }};
+    for (const Held& held : {pan, pinch, button}) {
+        model.start();
+        loop().runFor(3);
+        held.begin();
+        settle();
+        main.controlMenu.deleteAllActions();
+        settle();
+        model.start();
+        loop().runFor(3);
+        actions::ActionController& controller = model.actionController();
+        controller.addAction([] {}, controller.newIdentifier(), "new", actions::RegisterUndo::yes);
+        held.goOn();
+        settle();
+        ASSERT_EQ(controller.recordedActions().size(), 1U) << held.what;
+        EXPECT_EQ(controller.recordedActions()[0]->title, "new");
+    }
+    pan.begin();
+    pan.goOn();
+    settle();
+    EXPECT_EQ(model.actionController().undoManager.undoTitle(), "Camera Move");
+}
+
 TEST_F(MainScreenTest, asks_for_an_action_before_a_movie) {
     main.showAnim();
     main.share();
