@@ -3,6 +3,7 @@
 
 #include "platform/render/Hash.h"
 #include "platform/render/StillLayer.h"
+#include "platform/scene/MaterialOpacity.h"
 
 #include <epoxy/gl.h>
 #include <glm/matrix.hpp>
@@ -93,7 +94,7 @@ MaterialBinding ItemPainter::bound(const Frame& frame, const DrawItem& item) con
         binding.features |= kMultiplyBlend;
     binding.item.world = node.world;
     binding.item.normalMatrix = glm::mat4(glm::transpose(glm::inverse(glm::mat3(node.world))));
-    binding.item.diffuse.a = node.opacity * constantOpacity(*item.material);
+    binding.item.diffuse.a = node.opacity * scene::constantOpacity(*item.material);
     return binding;
 }
 

@@ -137,23 +137,6 @@ glm::vec3 linearColor(const image::Color& color) {
         image::linearFromSRGB(color.blue)};
 }
 
-float constantOpacity(const SCNMaterial& material) {
-    float opacity = material.transparency;
-    if (const auto* color = std::get_if<image::Color>(&material.diffuse.contents))
-        opacity *= color->alpha;
-    const SCNMaterialProperty& slot = material.transparent;
-    if (slot.isEmpty() || slot.image())
-        return opacity;
-    const image::Color color = slot.colorOr(image::Color::white(1));
-    if (material.transparencyMode == scene::SCNTransparencyMode::rgbZero) {
-        return opacity *
-               (1 - slot.intensity *
-                        glm::dot(linearColor(color), glm::vec3(0.2126f, 0.7152f, 0.0722f)));
-    }
-    const bool isNumber = std::holds_alternative<float>(slot.contents);
-    return opacity * glm::mix(1.0f, isNumber ? color.red : color.alpha, slot.intensity);
-}
-
 MaterialBinding bindMaterial(const SCNMaterial& material, PictureHoles& holes) {
     MaterialBinding binding;
     bindPictures(binding, material, holes);

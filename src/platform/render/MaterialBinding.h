@@ -49,10 +49,6 @@ struct MaterialBinding {
 /// The contents transforms of the slots that have pictures, by texture unit.
 [[nodiscard]] SlotBlock slotTransforms(const MaterialBinding& binding);
 
-/// The part of the opacity that is the same at every pixel: the transparency times the colour or
-/// number in the slot `transparent`.
-[[nodiscard]] float constantOpacity(const scene::SCNMaterial& material);
-
 /// From an sRGB colour, without its alpha.
 [[nodiscard]] glm::vec3 linearColor(const image::Color& color);
 

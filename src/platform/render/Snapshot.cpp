@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/Snapshot.h"
 
-#include "platform/render/MaterialBinding.h"
+#include "platform/scene/MaterialOpacity.h"
 
 #include <glm/geometric.hpp>
 
@@ -12,6 +12,7 @@
 namespace zelvo::render {
 namespace {
 
+using scene::constantOpacity;
 using scene::SCNMaterial;
 using scene::SCNNode;
 

@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "platform/scene/SCNGeometry.h"
 
+#include "platform/geometry/TriangleTree.h"
+
+#include <optional>
+#include <utility>
+
 namespace zelvo::scene {
 
 struct SCNGeometry::Built {
     geometry::Mesh mesh;
     geometry::Box box;
     std::uint64_t revision;
+    mutable std::optional<geometry::TriangleTree> triangles; ///< empty until a ray asks
 };
 
 const geometry::Mesh& SCNGeometry::mesh() const {
@@ -19,6 +25,13 @@ std::uint64_t SCNGeometry::revision() const {
 
 geometry::Box SCNGeometry::boundingBox() const {
     return ensureBuilt().box;
+}
+
+const geometry::TriangleTree& SCNGeometry::triangles() const {
+    const Built& made = ensureBuilt();
+    if (!made.triangles)
+        made.triangles.emplace(made.mesh);
+    return *made.triangles;
 }
 
 const SCNMaterial* SCNGeometry::materialFor(std::size_t element) const {
@@ -34,7 +47,8 @@ const SCNGeometry::Built& SCNGeometry::ensureBuilt() const {
     if (!built) {
         geometry::Mesh mesh = build();
         const geometry::Box box = mesh.bounds();
-        built = std::make_shared<const Built>(Built{std::move(mesh), box, ++lastRevision});
+        built = std::make_shared<const Built>(
+            Built{std::move(mesh), box, ++lastRevision, std::nullopt});
     }
     return *built;
 }

@@ -9,6 +9,10 @@
 #include <memory>
 #include <vector>
 
+namespace zelvo::geometry {
+class TriangleTree;
+} // namespace zelvo::geometry
+
 namespace zelvo::scene {
 
 /// A mesh and the materials of its elements. If there are fewer materials than elements, they
@@ -23,6 +27,8 @@ public:
     [[nodiscard]] const geometry::Mesh& mesh() const;
     [[nodiscard]] std::uint64_t revision() const;
     [[nodiscard]] geometry::Box boundingBox() const;
+    /// For rays. Built with the first call after a change of the mesh.
+    [[nodiscard]] const geometry::TriangleTree& triangles() const;
 
     /// The material of an element (materials repeat). Null if there are none; then the default
     /// material is drawn.

@@ -131,10 +131,9 @@ public:
         return emitters_;
     }
 
-    // // --- keyframe animations: evaluated after the actions; they change what is drawn, not the
-    // node's // values
+    // --- keyframe animations: evaluated after the actions; they change only what is drawn
     /// It starts with the next evaluation, at 0. An animation with the same key blends out while
-    /// --- keyframe animations: evaluated after the actions; they change only what is drawn
+    /// the new one begins.
     void addAnimation(CAKeyframeAnimation animation, const std::string& key);
     /// The running ones, in the order in which they were added.
     [[nodiscard]] std::vector<std::string> animationKeys() const;
