@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/foundation/Check.h"
 #include "platform/image/Image.h"
-
-#include <unistd.h>
+#include "support/TemporaryFolder.h"
 
 #include <algorithm>
 #include <array>
@@ -15,23 +13,6 @@
 // Pictures and picture files made for one test.
 
 namespace zelvo::image {
-
-/// A folder of the test's own, gone with it.
-class ScratchFolder {
-public:
-    ScratchFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "zelvo-XXXXXX").string();
-        CHECK(mkdtemp(name.data()) != nullptr, "no scratch folder {}", name);
-        path = name;
-    }
-
-    ~ScratchFolder() { std::filesystem::remove_all(path); }
-
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-
-    std::filesystem::path path;
-};
 
 /// A quarter each, from the top left by rows: red, green, blue, half transparent white.
 inline Image quartered(int width, int height) {
@@ -51,8 +32,7 @@ inline Image quartered(int width, int height) {
 
 inline std::vector<std::uint8_t> bytesOf(const std::filesystem::path& file) {
     std::ifstream in(file, std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(in), {}};
-    return {text.begin(), text.end()};
+    return {std::istreambuf_iterator<char>(in), {}};
 }
 
 } // namespace zelvo::image

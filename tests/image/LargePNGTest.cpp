@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "image/ImageFiles.h"
 #include "platform/image/reading/ImageReader.h"
+#include "support/PeakMemory.h"
 
 #include <gtest/gtest.h>
 #include <png.h>
-#include <sys/resource.h>
 
 #include <string>
 
 namespace zelvo::image {
 namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+using Colour = std::array<int, 3>;
 
 /// How a picture is written. Its left half is dark, its right half light; the bottom half is
 /// transparent where the kind has transparency.
@@ -17,16 +20,34 @@ struct Kind {
     const char* name;
     int colorType;
     int depth;
+    Bytes dark;  ///< one pixel, for the top
+    Bytes light; ///< likewise
+    Bytes clear; ///< one pixel for all of the bottom; none: as at the top
+    Colour expectedDark;
+    Colour expectedLight;
+    double gamma = 0; ///< of the file; 0: it tells none
     int interlace = PNG_INTERLACE_NONE;
-    std::vector<std::uint8_t> dark{};  ///< one pixel, for the top
-    std::vector<std::uint8_t> light{}; ///< likewise
-    std::vector<std::uint8_t> clear{}; ///< one pixel for all of the bottom; none: as at the top
-    std::array<int, 3> expectedDark{};
-    std::array<int, 3> expectedLight{};
 };
 
-std::vector<std::uint8_t> rowOf(const Kind& kind, int width, bool isTop) {
-    std::vector<std::uint8_t> row;
+// clang-format off
+const Kind kPalette{"palette", PNG_COLOR_TYPE_PALETTE, 8, {0}, {1}, {2}, {40, 60, 80}, {200, 220, 240}};
+
+/// Half of a file's range is 0.5 of sRGB: with a gamma of 1/2 it is a quarter of the light.
+const std::vector<Kind> kKinds{
+    kPalette,
+    {"grey",        PNG_COLOR_TYPE_GRAY,      8,  {30},                     {250},                      {7},                {30, 30, 30},    {250, 250, 250}},
+    {"16-bit grey", PNG_COLOR_TYPE_GRAY,      16, {30, 9},                  {250, 240},                 {0, 7},             {30, 30, 30},    {250, 250, 250}},
+    {"16-bit RGB",  PNG_COLOR_TYPE_RGB,       16, {10, 10, 20, 20, 30, 30}, {255, 255, 128, 128, 0, 0}, {},                 {10, 20, 30},    {255, 128, 0}  },
+    {"RGBA",        PNG_COLOR_TYPE_RGB_ALPHA, 8,  {9, 8, 7, 255},           {90, 80, 70, 255},          {255, 255, 255, 0}, {9, 8, 7},       {90, 80, 70}   },
+    {"interlaced",  PNG_COLOR_TYPE_RGB_ALPHA, 8,  {9, 8, 7, 255},           {90, 80, 70, 255},          {255, 255, 255, 0}, {9, 8, 7},       {90, 80, 70},    0,   PNG_INTERLACE_ADAM7},
+    {"gamma",       PNG_COLOR_TYPE_RGB,       8,  {128, 128, 128},          {255, 255, 0},              {},                 {137, 137, 137}, {255, 255, 0},   0.5},
+    {"both",        PNG_COLOR_TYPE_RGB,       8,  {128, 128, 128},          {255, 255, 0},              {},                 {137, 137, 137}, {255, 255, 0},   0.5, PNG_INTERLACE_ADAM7},
+};
+
+// clang-format on
+
+Bytes rowOf(const Kind& kind, int width, bool isTop) {
+    Bytes row;
     for (int x = 0; x < width; ++x) {
         const auto& top = x * 2 < width ? kind.dark : kind.light;
         const auto& pixel = isTop || kind.clear.empty() ? top : kind.clear;
@@ -36,24 +57,26 @@ std::vector<std::uint8_t> rowOf(const Kind& kind, int width, bool isTop) {
 }
 
 void setColours(png_structp png, png_infop info, const Kind& kind) {
-    constexpr std::array<png_color, 3> kPalette{{{40, 60, 80}, {200, 220, 240}, {1, 2, 3}}};
+    constexpr std::array<png_color, 3> kColours{{{40, 60, 80}, {200, 220, 240}, {1, 2, 3}}};
     constexpr std::array<png_byte, 3> kAlpha{255, 255, 0};
     if (kind.colorType == PNG_COLOR_TYPE_PALETTE) {
-        png_set_PLTE(png, info, kPalette.data(), 3);
+        png_set_PLTE(png, info, kColours.data(), 3);
         png_set_tRNS(png, info, kAlpha.data(), 3, nullptr);
     }
     png_color_16 clear{};
     clear.gray = 7;
     if (kind.colorType == PNG_COLOR_TYPE_GRAY)
         png_set_tRNS(png, info, nullptr, 0, &clear);
+    if (kind.gamma > 0)
+        png_set_gAMA(png, info, kind.gamma);
 }
 
-std::vector<std::uint8_t> written(const Kind& kind, int width, int height) {
-    std::vector<std::uint8_t> file;
+Bytes written(const Kind& kind, int width, int height) {
+    Bytes file;
     png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
     png_infop info = png_create_info_struct(png);
     const auto append = [](png_structp writer, png_bytep bytes, std::size_t count) {
-        auto& target = *static_cast<std::vector<std::uint8_t>*>(png_get_io_ptr(writer));
+        auto& target = *static_cast<Bytes*>(png_get_io_ptr(writer));
         target.insert(target.end(), bytes, bytes + count);
     };
     png_set_write_fn(png, &file, append, [](png_structp) {});
@@ -82,58 +105,13 @@ std::vector<std::uint8_t> written(const Kind& kind, int width, int height) {
     return file;
 }
 
-std::array<int, 3> colourAt(const Image& image, int x, int y) {
+Colour colourAt(const Image& image, int x, int y) {
     const auto at = static_cast<std::size_t>(y * image.width + x) * 4;
     return {image.pixels.at(at), image.pixels.at(at + 1), image.pixels.at(at + 2)};
 }
 
-const Kind kPalette = [] {
-    Kind kind{"palette", PNG_COLOR_TYPE_PALETTE, 8};
-    kind.dark = {0};
-    kind.light = {1};
-    kind.clear = {2};
-    kind.expectedDark = {40, 60, 80};
-    kind.expectedLight = {200, 220, 240};
-    return kind;
-}();
-
-Kind interlaced(Kind kind) {
-    kind.interlace = PNG_INTERLACE_ADAM7;
-    return kind;
-}
-
-std::vector<Kind> allKinds() {
-    Kind grey{"grey", PNG_COLOR_TYPE_GRAY, 8};
-    grey.dark = {30};
-    grey.light = {250};
-    grey.clear = {7};
-    grey.expectedDark = {30, 30, 30};
-    grey.expectedLight = {250, 250, 250};
-
-    Kind deepGrey = grey;
-    deepGrey.name = "16-bit grey";
-    deepGrey.depth = 16;
-    deepGrey.dark = {30, 9};
-    deepGrey.light = {250, 240};
-    deepGrey.clear = {0, 7};
-
-    Kind deep{"16-bit RGB", PNG_COLOR_TYPE_RGB, 16};
-    deep.dark = {10, 10, 20, 20, 30, 30};
-    deep.light = {255, 255, 128, 128, 0, 0};
-    deep.expectedDark = {10, 20, 30};
-    deep.expectedLight = {255, 128, 0};
-
-    Kind alpha{"RGBA", PNG_COLOR_TYPE_RGB_ALPHA, 8};
-    alpha.dark = {9, 8, 7, 255};
-    alpha.light = {90, 80, 70, 255};
-    alpha.clear = {255, 255, 255, 0};
-    alpha.expectedDark = {9, 8, 7};
-    alpha.expectedLight = {90, 80, 70};
-    return {kPalette, interlaced(alpha), grey, deepGrey, deep, alpha};
-}
-
 TEST(LargePNG, EveryKindIsScaledDown) {
-    for (const Kind& kind : allKinds()) {
+    for (const Kind& kind : kKinds) {
         SCOPED_TRACE(kind.name);
         const auto loaded = decodeImage(written(kind, 6144, 20));
         ASSERT_TRUE(loaded) << loaded.error().message;
@@ -167,16 +145,15 @@ TEST(LargePNG, CutAndDamagedFilesAreReported) {
 
 TEST(LargePNG, TwentyThousandWideTakesLittleMemoryAndInterlacedIsRefused) {
     const auto wide = written(kPalette, 20'000, 8'000);
-    rusage before{};
-    getrusage(RUSAGE_SELF, &before);
+    const long before = test::peakKilobytes();
     const auto loaded = decodeImage(wide);
     ASSERT_TRUE(loaded) << loaded.error().message;
     EXPECT_EQ((*loaded)->height, 1638);
-    rusage after{};
-    getrusage(RUSAGE_SELF, &after);
-    EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 100'000) << "kilobytes";
+    EXPECT_LT(test::peakKilobytes() - before, 100'000);
 
-    const auto refused = decodeImage(written(interlaced(kPalette), 20'000, 4'000));
+    Kind interlaced = kPalette;
+    interlaced.interlace = PNG_INTERLACE_ADAM7;
+    const auto refused = decodeImage(written(interlaced, 20'000, 4'000));
     ASSERT_FALSE(refused);
     EXPECT_EQ(refused.error().cause, foundation::Cause::tooLarge);
     EXPECT_NE(refused.error().message.find("interlacing"), std::string::npos);

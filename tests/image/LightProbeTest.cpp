@@ -155,8 +155,8 @@ TEST(LightProbe, BordersRepeatWhatLiesOverTheFold) {
 }
 
 TEST(LightProbe, FilesComeBackAndDamagedOnesAreRefused) {
-    const ScratchFolder folder;
-    const auto file = folder.path / "a.probe";
+    const test::TemporaryFolder folder;
+    const auto file = folder.path() / "a.probe";
     const LightProbe probe = LightProbe::filtered(
         painted(glm::vec3(3, 2, 1), [](const glm::vec3& d) { return d.y > 0; }), 2);
     ASSERT_TRUE(probe.save(file));
@@ -165,7 +165,7 @@ TEST(LightProbe, FilesComeBackAndDamagedOnesAreRefused) {
     EXPECT_EQ(back->irradiance, probe.irradiance);
     EXPECT_EQ(back->specular, probe.specular);
 
-    EXPECT_EQ(LightProbe::load(folder.path / "none").error().cause, foundation::Cause::notFound);
+    EXPECT_EQ(LightProbe::load(folder.path() / "none").error().cause, foundation::Cause::notFound);
     for (const std::uintmax_t length : {0U, 3U, 16U, 5000U}) {
         std::filesystem::resize_file(file, length);
         EXPECT_EQ(LightProbe::load(file).error().cause, foundation::Cause::malformed) << length;
