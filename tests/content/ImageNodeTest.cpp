@@ -26,14 +26,11 @@ TEST_F(ImageNodeTest, KeepsThePicturesProportions) {
         double height;
     };
 
-    // clang-format off
-    for (const Row& row : std::to_array<Row>({
-             {picture(1000, 500), 355,        177.5},
-             {picture(100,            100),      355, 355},
-             {picture(1,         5),             71,               355},
-             {nullptr,          355,355},
-    })) {
-        // clang-format on
+    for (const Row& row :
+         {Row{picture(1000, 500), 355, 177.5},
+          {picture(100, 100), 355, 355},
+          {picture(1, 5), 71, 355},
+          {nullptr, 355, 355}}) {
         node->setImage(row.picture);
         EXPECT_DOUBLE_EQ(node->plane->width(), row.width);
         EXPECT_DOUBLE_EQ(node->plane->height(), row.height);
@@ -43,17 +40,18 @@ TEST_F(ImageNodeTest, KeepsThePicturesProportions) {
 
 TEST_F(ImageNodeTest, MirrorsThePictureUnderAMaskThatStays) {
     const auto mask = std::make_shared<const ImageMask>("Half", picture(10, 10));
-    node->applyStyle({picture(40, 20), mask, true});
-    node->hFlipped = true;
-    node->updateContent();
-    EXPECT_EQ(node->material->diffuse.contentsTransform[0][0], -1);
-    EXPECT_EQ(node->material->diffuse.contentsTransform[1][1], 1);
-    EXPECT_EQ(node->material->transparent.contentsTransform, glm::mat4(1));
-    EXPECT_EQ(node->material->transparent.image(), mask->image());
-
-    node->resetLayout();
-    EXPECT_FALSE(node->hFlipped);
-    EXPECT_EQ(node->material->diffuse.contentsTransform, glm::mat4(1));
+    for (const bool isVertical : {false, true}) {
+        node->applyStyle({picture(40, 20), mask, isVertical});
+        EXPECT_EQ(node->contentNode->isHidden, !isVertical);
+        (isVertical ? node->vFlipped : node->hFlipped) = true;
+        node->updateContent();
+        EXPECT_EQ(node->material->diffuse.contentsTransform[0][0], isVertical ? 1 : -1);
+        EXPECT_EQ(node->material->diffuse.contentsTransform[1][1], isVertical ? -1 : 1);
+        EXPECT_EQ(node->material->transparent.contentsTransform, glm::mat4(1));
+        EXPECT_EQ(node->material->transparent.image(), mask->image());
+        node->resetLayout();
+        EXPECT_EQ(node->material->diffuse.contentsTransform, glm::mat4(1));
+    }
     node->setCurrentMask(imageMasks().front());
     EXPECT_EQ(node->material->transparent.colorOr(image::Color::white(1)), image::Color::white(0))
         << "no mask leaves the picture opaque";

@@ -25,8 +25,9 @@ protected:
         return object;
     }
 
+    static constexpr glm::vec3 kHome{0, 22, -30};
     test::TestWorld world;
-    MediaNodePtr media = MediaNode::make({0, 22, -30}, 1, world.surroundings());
+    MediaNodePtr media = MediaNode::make(kHome, 1, world.surroundings());
 };
 
 TEST_F(MediaNodeTest, AnUnknownShapeIsANewNone) {
@@ -40,7 +41,9 @@ TEST_F(MediaNodeTest, FitsAnImportedObjectAndKeepsItsMaterials) {
     const auto object = importedObject();
     const auto own = std::make_shared<scene::SCNMaterial>();
     object->geometry->materials = {own};
+    media->setLayoutPosition({9, 9, 9});
     media->setCustomNode(object);
+    EXPECT_EQ(media->layoutPosition(), kHome);
     EXPECT_FLOAT_EQ(object->scale.value().y, 20) << "340 over its largest side";
     EXPECT_EQ(object->geometry->materials.front(), own);
     EXPECT_EQ(media->currentMaterialName(), std::nullopt);
@@ -52,16 +55,23 @@ TEST_F(MediaNodeTest, FitsAnImportedObjectAndKeepsItsMaterials) {
     EXPECT_EQ(object->parent(), media->contentNode.get()) << "the object stays on show";
     EXPECT_EQ(object->geometry->materials.front(), own);
 
+    const std::uint32_t mask = object->categoryBitMask;
     media->setFrontColor({1, 0, 0, 1});
+    EXPECT_EQ(object->categoryBitMask, mask) << "the lights of the content reach its parts alone";
     EXPECT_EQ(media->currentMaterialName(), XMATClasses::plain);
     EXPECT_EQ(object->geometry->materials.front()->diffuse.colorOr({}), (Color{1, 0, 0, 1}));
     const auto part = object->childNodes().front();
     EXPECT_EQ(part->geometry->materials, object->geometry->materials);
     EXPECT_EQ(part->categoryBitMask, node::kContentMask);
 
+    media->setLayoutPosition({9, 9, 9});
     media->setShape(MediaNode::shapeNamed("None"));
+    EXPECT_EQ(media->layoutPosition(), kHome);
     EXPECT_EQ(media->customNode(), nullptr);
     EXPECT_EQ(object->parent(), nullptr);
+    media->setCustomNode(object);
+    media->setShape(style.shape);
+    EXPECT_EQ(media->currentMaterialName(), XMATClasses::plain) << "a shape has none of its own";
 }
 
 TEST_F(MediaNodeTest, ShowsOneShapeAtATimeInItsMaterial) {
@@ -69,15 +79,11 @@ TEST_F(MediaNodeTest, ShowsOneShapeAtATimeInItsMaterial) {
     media->setShape(MediaNode::shapeNamed("Star 1"));
     media->setShape(heart);
     ASSERT_EQ(media->contentNode->childNodes(), (std::vector<scene::SCNNodePtr>{heart->node}));
+    media->applyStyle({heart, {1, 0, 0, 1}, XMATClasses::iron});
     const auto& materials = heart->node->childNodes().front()->geometry->materials;
-    EXPECT_EQ(materials, std::vector{media->currentMaterial->materials.front()});
+    EXPECT_EQ(materials.front(), media->materialNamed(XMATClasses::iron)->front);
+    EXPECT_EQ(materials.front()->diffuse.colorOr({}), (Color{1, 0, 0, 1}));
     EXPECT_EQ(heart->node->wrapperNode.lock(), media) << "a touch finds the node";
-}
-
-TEST_F(MediaNodeTest, LeavesAnImportForAShapeInThePlainMaterial) {
-    media->setCustomNode(importedObject());
-    media->setShape(MediaNode::shapeNamed("None"));
-    EXPECT_EQ(media->currentMaterialName(), XMATClasses::plain);
 }
 
 } // namespace

@@ -172,8 +172,11 @@ TEST_F(TextNodeTest, TakesAWholeStyle) {
     ASSERT_EQ(letter.materials.size(), 5U);
     EXPECT_EQ(letter.materials[0]->emission.colorOr({}), Color::white(0.1f)) << "the glow's floor";
     EXPECT_EQ(letter.materials[4]->diffuse.colorOr({}), Color::white(0));
+    const std::size_t vertices = letter.mesh().vertices.size();
     text->setBevelInnerOuter(look::BevelInnerOuter::inner);
     EXPECT_EQ(solid(*text).materials.size(), 3U);
+    text->setBevelProfile(look::BevelProfile::linear);
+    EXPECT_LT(solid(*text).mesh().vertices.size(), vertices) << "a round chamfer has more bands";
 }
 
 TEST_F(TextNodeTest, KeepsItsColoursAcrossPairs) {
