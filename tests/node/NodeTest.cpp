@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 
 namespace zelvo::node {
@@ -30,25 +31,14 @@ protected:
 };
 
 TEST_F(NodeTest, NestsOneLevelForEachConcern) {
-    std::vector<const scene::SCNNode*> chain;
-    for (const scene::SCNNode* level = node->contentNode.get(); level != nullptr;
-         level = level->parent()) {
-        chain.insert(chain.begin(), level);
-    }
-    const std::vector<const scene::SCNNode*> wanted = {
-        node.get(),
-        node->positionNode.get(),
-        node->orientationRotationNode.get(),
-        node->wiggleNode.get(),
-        node->shyNode.get(),
-        node->rotXNode.get(),
-        node->rotYNode.get(),
-        node->rotZNode.get(),
-        node->xAxisNode.get(),
-        node->yAxisNode.get(),
-        node->zAxisNode.get(),
-        node->contentNode.get()};
-    EXPECT_EQ(chain, wanted);
+    // clang-format off
+    const std::vector<scene::SCNNodePtr> chain{
+        node, node->positionNode, node->orientationRotationNode, node->wiggleNode, node->shyNode,
+        node->rotXNode, node->rotYNode, node->rotZNode,
+        node->xAxisNode, node->yAxisNode, node->zAxisNode, node->contentNode};
+    // clang-format on
+    for (std::size_t i = 1; i < chain.size(); ++i)
+        EXPECT_EQ(chain[i]->parent(), chain[i - 1].get()) << i;
     EXPECT_EQ(node->zAxisNode->childNodes().front(), node->outlineNode) << "before the content";
     node->enumerateHierarchy([](const scene::SCNNode& level) { EXPECT_FALSE(level.castsShadow); });
 }
@@ -111,9 +101,6 @@ TEST_F(NodeTest, KeepsItsFrameEquallyThickUnderAScale) {
             << "the bars overlap at the corners";
         EXPECT_DOUBLE_EQ(node->leftPlane->height(), 100 + row.thickY);
     }
-    node->scale = glm::vec3(0);
-    node->updateOutline();
-    EXPECT_TRUE(std::isinf(node->leftPlane->width())) << "harmless while nobody looks";
 }
 
 TEST_F(NodeTest, ShowsItsFrameWhileContentStaysHidden) {
@@ -149,6 +136,42 @@ TEST_F(NodeTest, ShowsItsFrameWhileContentStaysHidden) {
     EXPECT_FALSE(node->topPlaneNode->isHidden);
     node->showOutline(Outline::hidden);
     EXPECT_TRUE(node->outlineNode->isHidden) << "at once";
+}
+
+TEST_F(NodeTest, ShowsItsNameBesideItsFrameOrInATallOne) {
+    node = Node::make({0, 0, 0}, 1, world.surroundings());
+    node->nameOutline("Name", NamePlace::above);
+    const scene::SCNNode* label = nullptr;
+    node->outlineNode->enumerateHierarchy([&label](const scene::SCNNode& part) {
+        if (std::dynamic_pointer_cast<scene::SCNText>(part.geometry))
+            label = part.parent();
+    });
+    ASSERT_NE(label, nullptr);
+
+    struct Row {
+        double height; ///< of the frame
+        NamePlace place;
+        float low, high; ///< limits of the name, from the frame's middle
+    };
+
+    double filled = 0;
+    for (const Row& row :
+         {Row{100, NamePlace::above, 50, 80},
+          {100, NamePlace::below, -80, -50},
+          {300, NamePlace::above, 120, 150},
+          {300, NamePlace::below, 120, 150}}) {
+        if (filled != row.height)
+            fill(300, (filled = row.height) - 8);
+        node->nameOutline("Name", row.place);
+        node->showOutline(Outline::pointed);
+        EXPECT_FALSE(label->isHidden);
+        const float low = label->position.value().y;
+        EXPECT_GT(low, row.low) << row.height;
+        EXPECT_LT(low + label->boundingBox().max.y, row.high) << row.height;
+    }
+    node->nameOutline("", NamePlace::above);
+    node->showOutline(Outline::pointed);
+    EXPECT_TRUE(label->isHidden) << "no plate without a name";
 }
 
 TEST_F(NodeTest, TellsWhereARayMeetsItsFrame) {
@@ -205,7 +228,9 @@ TEST_F(NodeTest, ResetsTheLayoutAndNothingElse) {
     node->setLayoutPosition({9, 9, 9});
     node->scale2D = 3;
     node->applyScale();
-    node->rotYNode->setRotation({0, 1, 0, 1});
+    const std::array turned{node->rotXNode, node->rotYNode, node->rotZNode};
+    for (const DefaultSCNNodePtr& level : turned)
+        level->setRotation({0, 1, 0, 1});
     scene.applyAnimations(0);
     node->quarterTurn();
     for (const double time : {0.01, 0.1, 0.3})
@@ -216,7 +241,8 @@ TEST_F(NodeTest, ResetsTheLayoutAndNothingElse) {
     scene.applyAnimations(0.4);
     EXPECT_EQ(node->layoutPosition(), glm::vec3(0, 32, 0));
     EXPECT_EQ(node->positionNode->scale.value(), glm::vec3(0.76f));
-    EXPECT_EQ(node->rotYNode->orientation(), glm::quat(1, 0, 0, 0));
+    for (const DefaultSCNNodePtr& level : turned)
+        EXPECT_EQ(level->orientation(), glm::quat(1, 0, 0, 0));
     EXPECT_NEAR(node->orientationRotationNode->eulerAngles().z, 0, 1e-6);
     EXPECT_EQ(node->position.value(), glm::vec3(1));
     EXPECT_EQ(node->wiggleNode->position.value(), glm::vec3(2));

@@ -30,21 +30,13 @@ TEST_F(NodesTest, StandsTheCameraBackFromTheStage) {
     install(stage);
     EXPECT_EQ(glm::vec3(nodes.cameraNode->worldTransform()[3]), glm::vec3(0, 1, 345));
 
-    std::vector<const scene::SCNNode*> rig;
-    for (const scene::SCNNode* level = nodes.cameraNode.get(); level != stage.rootNode().get();
-         level = level->parent()) {
-        rig.insert(rig.begin(), level);
-    }
-    const std::vector<const scene::SCNNode*> wanted = {
-        nodes.cameraJittery.get(),
-        nodes.cameraWiggle.get(),
-        nodes.cameraYHandle.get(),
-        nodes.cameraXHandle.get(),
-        nodes.cameraSuperNode.get(),
-        nodes.cameraPinchNode.get(),
-        nodes.cameraSpecialPerspectiveNode.get(),
-        nodes.cameraNode.get()};
-    EXPECT_EQ(rig, wanted);
+    // clang-format off
+    const std::vector<scene::SCNNodePtr> rig{
+        stage.rootNode(), nodes.cameraJittery, nodes.cameraWiggle, nodes.cameraYHandle, nodes.cameraXHandle,
+        nodes.cameraSuperNode, nodes.cameraPinchNode, nodes.cameraSpecialPerspectiveNode, nodes.cameraNode};
+    // clang-format on
+    for (std::size_t i = 1; i < rig.size(); ++i)
+        EXPECT_EQ(rig[i]->parent(), rig[i - 1].get()) << i;
 }
 
 TEST_F(NodesTest, HoldsTheContentInItsOrder) {
