@@ -105,6 +105,28 @@ TEST_F(AudioPlayerTest, StaysSilentWhereTheClockJumpsOverTheBeginning) {
     EXPECT_FALSE(sounds()) << "the next tick is nearer";
     player.step(1.0 + 0.9 * kFrame);
     EXPECT_TRUE(sounds());
+    player.stop();
+    player.audioPreRoll = 0.0;
+    player.step(kFrame);
+    EXPECT_FALSE(sounds()) << "a whole frame late";
+}
+
+TEST_F(AudioPlayerTest, StartsOnAFrameAndFadesAndEndsOnTheirTicks) {
+    player.loadSong(file("song.wav"), "Song");
+    player.audioIn = 1.015625; // nearest to frame 61
+    player.audioEnd = 9.015625;
+    player.fadeOutDuration = 1.5;
+    player.fadeOutBeginDelay = 0.5;
+    player.step(0.0);
+    EXPECT_NEAR(player.avAudioPlayer->currentTime(), 61.0 / 60.0, 1e-9);
+    player.step(6.0 - kFrame);
+    EXPECT_FALSE(player.isFadingOut);
+    player.step(6.0);
+    EXPECT_TRUE(player.isFadingOut);
+    player.step(8.0 - kFrame);
+    EXPECT_TRUE(player.isPlaying);
+    player.step(8.0);
+    EXPECT_FALSE(player.isPlaying);
 }
 
 TEST_F(AudioPlayerTest, VolumeFollowsTheFadeState) {

@@ -38,6 +38,7 @@ TEST(Primitives, AreClosedSolidsOfTheirBodysVolume) {
         const SolidReport report = inspect(row.mesh);
         EXPECT_NEAR(report.volume, row.volume, 0.015 * row.volume) << row.name;
         EXPECT_EQ(report.euler, row.euler) << row.name;
+        EXPECT_EQ(report.twisted, 0U) << row.name;
     }
 }
 

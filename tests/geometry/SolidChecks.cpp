@@ -16,7 +16,8 @@ namespace zelvo::geometry {
 
 namespace {
 
-constexpr double kMinFold = 3e-4; // scene units; smaller folds come from single precision
+constexpr double kMinFold = 3e-4;    // scene units; smaller folds come from single precision
+constexpr double kMinTexture = 1e-6; // twice the area on the picture; smaller ones are rounded
 
 using Side = std::array<std::uint32_t, 2>;
 using Triangle = std::array<std::uint32_t, 3>;
@@ -106,6 +107,25 @@ bool isFolded(const Mesh& mesh, std::size_t firstIndex) {
            glm::dot(cross, normal) < 0.3 * glm::length(cross) * glm::length(normal);
 }
 
+bool isTwisted(const Mesh& mesh, std::size_t firstIndex) {
+    const auto corner = [&](std::size_t i) -> const Vertex& {
+        return mesh.vertices[mesh.indices[firstIndex + i]];
+    };
+    const glm::dvec3 ab = corner(1).position - corner(0).position;
+    const glm::dvec3 ac = corner(2).position - corner(0).position;
+    const glm::dvec2 toB = corner(1).uv - corner(0).uv;
+    const glm::dvec2 toC = corner(2).uv - corner(0).uv;
+    const double area = toB.x * toC.y - toB.y * toC.x;
+    if (std::abs(area) < kMinTexture)
+        return false;
+    const glm::dvec3 alongU = (ab * toC.y - ac * toB.y) / area;
+    const glm::dvec3 alongV = (ac * toB.x - ab * toC.x) / area;
+    const glm::dvec3 tangent = corner(0).tangent + corner(1).tangent + corner(2).tangent;
+    const glm::dvec3 normal = corner(0).normal + corner(1).normal + corner(2).normal;
+    const glm::dvec3 bitangent = glm::cross(normal, tangent) * double{corner(0).tangent.w};
+    return glm::dot(alongU, tangent) <= 0 || glm::dot(alongV, bitangent) <= 0;
+}
+
 } // namespace
 
 SolidReport inspect(const Mesh& mesh) {
@@ -120,8 +140,8 @@ SolidReport inspect(const Mesh& mesh) {
         const glm::dvec3 b(mesh.vertices[mesh.indices[i + 1]].position);
         const glm::dvec3 c(mesh.vertices[mesh.indices[i + 2]].position);
         report.volume += glm::dot(a, glm::cross(b, c)) / 6;
-        if (isFolded(mesh, i))
-            ++report.folded;
+        report.folded += isFolded(mesh, i) ? 1 : 0;
+        report.twisted += isTwisted(mesh, i) ? 1 : 0;
     }
     return report;
 }

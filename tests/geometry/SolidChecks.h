@@ -17,6 +17,9 @@ struct SolidReport {
     std::size_t badNumbers = 0;
     /// Triangles that are reversed from the front, or that face away from their vertices' normals.
     std::size_t folded = 0;
+    /// Triangles whose texture does not run along their vertices' tangents, or is mirrored there.
+    /// On narrow chamfers some may be.
+    std::size_t twisted = 0;
     double volume = 0; ///< by the divergence theorem; positive if the triangles face outwards
     long euler = 0;    ///< corners - sides + triangles: 2 for a ball, 0 for a ring
 };
