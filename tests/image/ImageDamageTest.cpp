@@ -34,6 +34,22 @@ void expectSettled(const Bytes& bytes, std::size_t where) {
         << where;
 }
 
+TEST(ImageDamage, LibrariesSayNothingOnTheConsole) {
+    Bytes tiff{'I', 'I', '*', 0, 8, 0, 0, 0, 2, 0}; // its directory is cut off
+    tiff.resize(40);
+    std::vector<Bytes> files{tiff};
+    const Bytes png = sound()[0];
+    for (const std::ptrdiff_t length : {8, 20, 40, 60})
+        files.emplace_back(png.begin(), png.begin() + length);
+    files.push_back(png);
+    constexpr std::string_view kPixels = "IDAT";
+    *std::ranges::search(files.back(), kPixels).end() ^= 0xFFU;
+    testing::internal::CaptureStderr();
+    for (const Bytes& file : files)
+        EXPECT_FALSE(decodeImage(file)) << file.size();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
 TEST(ImageDamage, FilesCutAnywhereNeverCrash) {
     for (const Bytes& file : sound()) {
         ASSERT_TRUE(decodeImage(file));

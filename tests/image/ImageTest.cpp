@@ -136,12 +136,14 @@ TEST(Image, ResourcesAreFoundByNameAndKept) {
     ASSERT_TRUE(savePNG(quartered(4, 4), folder.path() / "there.png"));
     std::ofstream(folder.path() / "broken.png") << "no picture";
 
-    const ImagePtr first = imageNamed("there.png");
-    ASSERT_NE(first, nullptr);
-    EXPECT_EQ(first->lightProbe, nullptr);
-    EXPECT_EQ(imageNamed("there.png"), first);
-    EXPECT_EQ(imageNamed("absent.png"), nullptr);
-    EXPECT_EQ(imageNamed("broken.png"), nullptr);
+    const auto first = imageNamed("there.png");
+    ASSERT_TRUE(first);
+    EXPECT_EQ((*first)->lightProbe, nullptr);
+    EXPECT_EQ(*imageNamed("there.png"), *first);
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(imageNamed("absent.png").error().message, "\"absent.png\" is missing");
+    EXPECT_EQ(imageNamed("broken.png").error().cause, Cause::malformed);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "the caller says it, once";
     foundation::setMainBundle(std::move(before));
 }
 

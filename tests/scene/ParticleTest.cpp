@@ -221,7 +221,7 @@ TEST(ParticleFiles, TellWhatIsWrong) {
              {R"({"emittingDirection": [0, 0, 0]})",                                   "must point somewhere"                  },
              {R"({"emitterShape": {"type": "cone"}})",                                 R"(unknown type "cone"; there is point)"},
              {R"({"particleColors": ["red"]})",                                        "particleColors[0]"                     },
-             {R"({"particleImage": "none.png"})",                                      "names no picture"                      },
+             {R"({"particleImage": "none.png"})",                                      "names no usable picture"               },
              {R"({"sizeOverLife": [{"at": 0.5, "size": 1}, {"at": 0.2, "size": 1}]})",
               "after the one before"                                                                                           },
              {"[",                                                                     "line 1"                                }

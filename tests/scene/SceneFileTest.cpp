@@ -124,7 +124,7 @@ TEST(SceneFile, NamesKeyAndRangeOfAWrongValue) {
         {inNode(R"("geometry":{"type":"sphere","segments":2})"),
          R"(line 1: "segments" in geometry of nodes[0] of the scene must be 3 to 512, not 2)"},
         {inNode(R"("geometry":{"type":"plane"},"material":{"diffuse":{"image":"none.png"}})"),
-         R"(line 1: "image" in diffuse of material of nodes[0] of the scene names no picture: "none.png")"},
+         R"(line 1: "image" in diffuse of material of nodes[0] of the scene names no usable picture: "none.png" is missing)"},
         {inNode(R"("geometry":{"type":"shape","depth":2})"),
          R"(line 1: "path" in geometry of nodes[0] of the scene must be path data of up to 20000 bytes)"},
         {inNode(R"("geometry":{"type":"shape","path":"M1e9,0L1,1L2,9Z"})"),

@@ -173,9 +173,11 @@ void readLook(JsonObject& object, SCNParticleSystem& system, Problems& problems)
     const auto name = object.string("particleImage");
     if (!name)
         return;
-    system.particleImage = image::imageNamed(*name);
-    if (!system.particleImage)
-        object.report("particleImage", "names no picture: " + foundation::quoted(*name));
+    const auto picture = image::imageNamed(*name);
+    if (!picture)
+        return object.report(
+            "particleImage", "names no usable picture: " + picture.error().message);
+    system.particleImage = *picture;
 }
 
 SCNParticleSystemPtr readSystem(JsonObject& object, Problems& problems) {

@@ -51,10 +51,10 @@ void readPicture(JsonObject& slot, SCNMaterialProperty& property) {
     const std::optional<std::string> name = slot.string("image");
     if (!name)
         return;
-    const image::ImagePtr picture = image::imageNamed(*name);
+    const auto picture = image::imageNamed(*name);
     if (!picture)
-        slot.report("image", "names no picture: " + foundation::quoted(*name));
-    property.setImage(picture);
+        return slot.report("image", "names no usable picture: " + picture.error().message);
+    property.setImage(*picture);
     property.wrapS = SCNWrapMode::repeat;
     property.wrapT = SCNWrapMode::repeat;
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/image/reading/ImageNamed.h"
 
-#include "platform/foundation/Console.h"
 #include "platform/foundation/Folders.h"
+#include "platform/foundation/JsonObject.h"
 #include "platform/foundation/Process.h"
 #include "platform/image/LightProbe.h"
 #include "platform/image/reading/ImageReader.h"
@@ -12,37 +12,28 @@
 
 namespace zelvo::image {
 
+using foundation::Result;
+
 namespace {
 
-/// The light probe of a picture; null if there is none.
-std::shared_ptr<const LightProbe> probeOf(const std::filesystem::path& picture) {
-    auto probe = LightProbe::load(picture.string() + ".probe");
-    if (probe)
-        return std::make_shared<const LightProbe>(*std::move(probe));
-    if (probe.error().cause != foundation::Cause::notFound) {
-        foundation::logLine(probe.error().message);
-    }
-    return nullptr;
-}
-
-ImagePtr loadResource(const std::filesystem::path& file) {
-    const auto loaded = loadImage(file);
-    if (!loaded) {
-        foundation::logLine(loaded.error().message);
-        return nullptr;
-    }
-    auto probe = probeOf(file);
+Result<ImagePtr> loadResource(const std::filesystem::path& file) {
+    auto loaded = loadImage(file);
+    if (!loaded)
+        return loaded;
+    auto probe = LightProbe::load(file.string() + ".probe");
+    if (!probe && probe.error().cause == foundation::Cause::notFound)
+        return loaded;
     if (!probe)
-        return *loaded;
+        return tl::unexpected(probe.error());
     auto image = std::make_shared<Image>(**loaded);
-    image->lightProbe = std::move(probe);
+    image->lightProbe = std::make_shared<const LightProbe>(*std::move(probe));
     return image;
 }
 
 /// Pictures by file, so that another bundle gets its own.
 struct Cache {
     std::mutex mutex; ///< guards images
-    std::map<std::filesystem::path, ImagePtr> images;
+    std::map<std::filesystem::path, Result<ImagePtr>> images;
 };
 
 Cache& cache() {
@@ -52,10 +43,11 @@ Cache& cache() {
 
 } // namespace
 
-ImagePtr imageNamed(const std::string& name) {
+Result<ImagePtr> imageNamed(const std::string& name) {
     const auto file = foundation::mainBundle().path(name);
     if (file.empty())
-        return nullptr;
+        return foundation::fail(
+            foundation::Cause::notFound, foundation::quoted(name) + " is missing");
     Cache& kept = cache();
     const std::scoped_lock lock(kept.mutex);
     if (const auto found = kept.images.find(file); found != kept.images.end()) {
@@ -65,18 +57,16 @@ ImagePtr imageNamed(const std::string& name) {
 }
 
 ImagePtr requiredImage(const std::string& name) {
-    if (foundation::mainBundle().path(name).empty())
-        foundation::endWithoutResource(name + " is missing");
-    ImagePtr image = imageNamed(name);
-    if (image == nullptr)
-        foundation::endWithoutResource(name + " cannot be read");
-    return image;
+    auto image = imageNamed(name);
+    if (!image)
+        foundation::endWithoutResource(image.error().message);
+    return *std::move(image);
 }
 
 ImagePtr requiredEnvironment(const std::string& name) {
     const ImagePtr image = requiredImage(name);
     if (image->lightProbe == nullptr)
-        foundation::endWithoutResource(name + ".probe is missing or damaged");
+        foundation::endWithoutResource(name + ".probe is missing");
     return image;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/foundation/Result.h"
 #include "platform/image/Image.h"
 
 #include <string>
@@ -8,10 +9,9 @@
 namespace zelvo::image {
 
 /// The resource picture with this name, and its light probe if there is one
-/// ("Environment001.jpg.probe" for "Environment001.jpg"). Null if it is missing or cannot be read
-/// (reported on the console). Pictures are cached, so a name always gives the same object. Any
-/// thread.
-[[nodiscard]] ImagePtr imageNamed(const std::string& name);
+/// ("Environment001.jpg.probe" for "Environment001.jpg"). Results are cached, so a name always gives
+/// the same object. Errors: `notFound`, and those of loadImage. Any thread.
+[[nodiscard]] foundation::Result<ImagePtr> imageNamed(const std::string& name);
 
 /// The same for a picture that belongs to the program: where it is missing or damaged, the process
 /// ends with a line that says so.

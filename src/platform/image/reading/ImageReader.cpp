@@ -13,10 +13,12 @@
 #include <QColorSpace>
 #include <QFile>
 #include <QImageReader>
+#include <QLibrary>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdarg>
 #include <cstring>
 #include <mutex>
 #include <span>
@@ -115,18 +117,30 @@ void limitSize(QImageReader& reader, Extent extent) {
 }
 
 QColorSpace colorSpaceOf(const LimitedPNG& picture) {
+    QColorSpace space;
     if (!picture.profile.empty()) {
-        return QColorSpace::fromIccProfile(QByteArray(
+        space = QColorSpace::fromIccProfile(QByteArray(
             reinterpret_cast<const char*>(picture.profile.data()),
             static_cast<qsizetype>(picture.profile.size())));
     }
     constexpr double kMinGamma = 0.1;
-    if (picture.gamma.value_or(0) < kMinGamma)
-        return {};
-    return {QColorSpace::Primaries::SRgb, static_cast<float>(1 / *picture.gamma)};
+    if (space.isValid() || picture.gamma.value_or(0) < kMinGamma)
+        return space;
+    const auto gamma = static_cast<float>(1 / *picture.gamma);
+    if (const auto& c = picture.chromaticities) {
+        const auto point = [](const std::array<double, 2>& xy) { return QPointF(xy[0], xy[1]); };
+        space = QColorSpace(
+            point(c->white),
+            point(c->red),
+            point(c->green),
+            point(c->blue),
+            QColorSpace::TransferFunction::Gamma,
+            gamma);
+    }
+    return space.isValid() ? space : QColorSpace(QColorSpace::Primaries::SRgb, gamma);
 }
 
-Result<ImagePtr> decodePNGRows(QIODevice& device) {
+Result<ImagePtr> readPNG(QIODevice& device) {
     const auto read = [&device](std::span<std::uint8_t> bytes) {
         const qint64 count =
             device.read(reinterpret_cast<char*>(bytes.data()), static_cast<qint64>(bytes.size()));
@@ -156,6 +170,16 @@ tl::unexpected<foundation::Error> failEarlyEnd(Extent extent) {
             "the picture is damaged (it ends long before {} x {} pixels)",
             extent.width,
             extent.height));
+}
+
+/// A real picture of this size is never so empty.
+Result<void> checkIsFilled(const QIODevice& device, Extent extent) {
+    constexpr std::int64_t kHarmless = 1LL << 24U; // pixels
+    constexpr std::int64_t kEmptyPixelsPerByte = 4096;
+    const std::int64_t pixels = static_cast<std::int64_t>(extent.width) * extent.height;
+    if (pixels > kHarmless && pixels / kEmptyPixelsPerByte > device.size())
+        return failEarlyEnd(extent);
+    return {};
 }
 
 /// Checks a JPEG before decoding, because the decoder fills the rest of a truncated file with grey,
@@ -197,15 +221,22 @@ Result<void> checkClaim(const QImageReader& reader, Extent extent) {
     const bool isHeldWhole = !reader.supportsOption(QImageIOHandler::ScaledSize);
     if (isHeldWhole && pixels * bits / 8 > std::int64_t{kAllocationMegabytes} << 20U)
         return failSize(extent, "save it as a PNG or JPEG file");
-    // A real picture of this size is never so empty.
-    constexpr std::int64_t kHarmless = 1LL << 24U; // pixels
-    constexpr std::int64_t kEmptyPixelsPerByte = 4096;
-    if (pixels > kHarmless && pixels / kEmptyPixelsPerByte > reader.device()->size())
-        return failEarlyEnd(extent);
-    return {};
+    return checkIsFilled(*reader.device(), extent);
 }
 
-/// Qt's decoder reads all formats, but keeps the whole picture in memory and refuses large ones.
+/// libtiff writes its errors and warnings to the console, and Qt lets it. Only Qt's plugin links
+/// it, so its functions are looked up.
+void silenceTIFF() {
+    using Handler = void (*)(const char*, const char*, va_list);
+    using Setter = Handler (*)(Handler);
+    constexpr int kVersion = 6;
+    for (const char* const name : {"TIFFSetErrorHandler", "TIFFSetWarningHandler"}) {
+        if (const auto set = reinterpret_cast<Setter>(QLibrary::resolve("tiff", kVersion, name)))
+            set(nullptr);
+    }
+}
+
+/// Qt's decoder keeps the whole picture in memory and refuses large ones.
 Result<ImagePtr> decodeWithQt(QIODevice& device) {
     static std::once_flag once;
     std::call_once(once, [] { QImageReader::setAllocationLimit(kAllocationMegabytes); });
@@ -218,6 +249,8 @@ Result<ImagePtr> decodeWithQt(QIODevice& device) {
     const std::string format = reader.format().toStdString();
     if (std::ranges::find(kFormats, format) == kFormats.end())
         return fail(Cause::malformed, "this is no picture; use a PNG, JPEG or WebP file");
+    if (format == "tiff")
+        silenceTIFF();
 
     const QSize size = reader.size();
     if (size.isValid()) {
@@ -232,27 +265,38 @@ Result<ImagePtr> decodeWithQt(QIODevice& device) {
     return inSRGB(limited(decoded));
 }
 
+/// libpng itself, because Qt lets it write its errors to the console.
+Result<ImagePtr> decodePNG(QIODevice& device, std::span<const std::uint8_t> start) {
+    const auto header = pngHeaderOf(start);
+    if (!header)
+        return fail(Cause::malformed, "the picture is damaged (it ends early)");
+    const Extent extent = header->extent;
+    if (std::max(extent.width, extent.height) > kMaxSide) {
+        if (const auto fits = checkSize(extent); !fits)
+            return tl::unexpected(fits.error());
+    }
+    if (header->isInterlaced) { // is in memory as a whole
+        constexpr std::int64_t kMaxInterlaced = (std::int64_t{kAllocationMegabytes} << 20U) / 8;
+        if (static_cast<std::int64_t>(extent.width) * extent.height > kMaxInterlaced)
+            return failSize(extent, "save it without interlacing");
+        if (const auto filled = checkIsFilled(device, extent); !filled)
+            return tl::unexpected(filled.error());
+    }
+    return readPNG(device);
+}
+
 Result<ImagePtr> decodeStored(QIODevice& device) {
     const QByteArray start = device.peek(kPNGHeaderBytes);
-    const auto header = pngHeaderOf(
-        {reinterpret_cast<const std::uint8_t*>(start.data()),
-         static_cast<std::size_t>(start.size())});
-    if (!header || std::max(header->extent.width, header->extent.height) <= kMaxSide)
-        return decodeWithQt(device);
-    if (const auto fits = checkSize(header->extent); !fits)
-        return tl::unexpected(fits.error());
-    if (!header->isInterlaced)
-        return decodePNGRows(device);
-    constexpr std::int64_t kMaxInterlaced = (std::int64_t{kAllocationMegabytes} << 20U) / 8;
-    if (static_cast<std::int64_t>(header->extent.width) * header->extent.height > kMaxInterlaced)
-        return failSize(header->extent, "save it without interlacing");
-    return decodeWithQt(device);
+    const std::span bytes(
+        reinterpret_cast<const std::uint8_t*>(start.data()),
+        static_cast<std::size_t>(start.size()));
+    return isPNG(bytes) ? decodePNG(device, bytes) : decodeWithQt(device);
 }
 
 Result<ImagePtr> decode(QIODevice& device) {
     const auto read = [&device](std::int64_t at, std::size_t count) {
-        const QByteArray bytes =
-            device.seek(at) ? device.read(static_cast<qint64>(count)) : QByteArray();
+        const bool isInside = at <= device.size() && device.seek(at);
+        const QByteArray bytes = isInside ? device.read(static_cast<qint64>(count)) : QByteArray();
         return std::vector<std::uint8_t>(bytes.begin(), bytes.end());
     };
     if (const auto sound = checkJPEG(read); !sound)

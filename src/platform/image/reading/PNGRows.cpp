@@ -68,37 +68,104 @@ private:
     png_infop info;
 };
 
-/// Sets up the conversion: from here on, rows are RGBA with 8 bits a component.
-void readHeader(png_structp png, png_infop info) {
+/// Sets up the conversion: from here on, rows are RGBA with 8 bits a component. Returns how often
+/// all rows are to be read.
+int readHeader(png_structp png, png_infop info) {
     png_read_info(png, info);
     png_set_expand(png);
     png_set_scale_16(png);
     png_set_gray_to_rgb(png);
     png_set_add_alpha(png, 0xFF, PNG_FILLER_AFTER);
+    const int passes = png_set_interlace_handling(png);
     png_read_update_info(png, info);
+    return passes;
 }
 
-void readColours(png_structp png, png_infop info, LimitedPNG& picture) {
+void readProfile(png_structp png, png_infop info, LimitedPNG& picture) {
     png_charp name = nullptr;
     int compression = 0;
     png_bytep profile = nullptr;
     png_uint_32 length = 0;
-    double gamma = 0;
-    if (png_get_iCCP(png, info, &name, &compression, &profile, &length) != 0) {
+    if (png_get_iCCP(png, info, &name, &compression, &profile, &length) != 0)
         picture.profile.assign(profile, profile + length);
-    } else if (
-        png_get_valid(png, info, PNG_INFO_sRGB) == 0 && png_get_gAMA(png, info, &gamma) != 0) {
-        picture.gamma = gamma;
+}
+
+void readGamma(png_structp png, png_infop info, LimitedPNG& picture) {
+    double gamma = 0;
+    if (png_get_valid(png, info, PNG_INFO_sRGB) != 0 || png_get_gAMA(png, info, &gamma) == 0)
+        return;
+    picture.gamma = gamma;
+    Chromaticities c{};
+    const png_uint_32 isThere = png_get_cHRM(
+        png,
+        info,
+        &c.white[0],
+        &c.white[1],
+        &c.red[0],
+        &c.red[1],
+        &c.green[0],
+        &c.green[1],
+        &c.blue[0],
+        &c.blue[1]);
+    if (isThere != 0)
+        picture.chromaticities = c;
+}
+
+[[nodiscard]] bool readRow(Reader& reader, std::uint8_t* row) {
+    return reader.attempt([row](png_structp png, png_infop) { png_read_row(png, row, nullptr); });
+}
+
+/// Every pass fills in some pixels of some rows.
+[[nodiscard]] bool readPasses(Reader& reader, int passes, Image& image) {
+    const auto rowBytes = static_cast<std::size_t>(image.width) * 4;
+    for (int pass = 0; pass < passes; ++pass) {
+        for (int y = 0; y < image.height; ++y) {
+            if (!readRow(reader, image.pixels.data() + static_cast<std::size_t>(y) * rowBytes))
+                return false;
+        }
     }
+    return true;
+}
+
+Image scaledDown(const Image& image, Extent result) {
+    AreaScaler scaler({image.width, image.height}, result);
+    const auto rowBytes = static_cast<std::size_t>(image.width) * 4;
+    for (std::size_t at = 0; at < image.pixels.size(); at += rowBytes)
+        scaler.addRow({image.pixels.data() + at, rowBytes});
+    return scaler.take();
+}
+
+/// Nothing if libpng reported an error.
+std::optional<Image> readRows(Reader& reader, Extent extent, int passes) {
+    const Extent result = limitedExtent(extent);
+    const bool isLarge = result.width != extent.width || result.height != extent.height;
+    if (isLarge && passes == 1) {
+        AreaScaler scaler(extent, result);
+        std::vector<std::uint8_t> row(static_cast<std::size_t>(extent.width) * 4);
+        for (int y = 0; y < extent.height; ++y) {
+            if (!readRow(reader, row.data()))
+                return {};
+            scaler.addRow(row);
+        }
+        return scaler.take();
+    }
+    Image image(extent.width, extent.height);
+    if (!readPasses(reader, passes, image))
+        return {};
+    return isLarge ? scaledDown(image, result) : std::move(image);
 }
 
 } // namespace
+
+bool isPNG(std::span<const std::uint8_t> bytes) {
+    return bytes.size() >= kSignature.size() && std::ranges::equal(bytes.first(8), kSignature);
+}
 
 std::optional<PNGHeader> pngHeaderOf(std::span<const std::uint8_t> bytes) {
     constexpr std::size_t kWidthAt = 16;
     constexpr std::size_t kHeightAt = 20;
     constexpr std::size_t kInterlaceAt = 28;
-    if (bytes.size() < kPNGHeaderBytes || !std::ranges::equal(bytes.first(8), kSignature))
+    if (bytes.size() < kPNGHeaderBytes || !isPNG(bytes))
         return std::nullopt;
     const auto lengthAt = [bytes](std::size_t at) {
         const std::uint32_t length = png_get_uint_32(bytes.data() + at);
@@ -114,25 +181,20 @@ Result<LimitedPNG> readLimitedPNG(ByteSource source) {
     };
     LimitedPNG picture;
     Extent extent;
+    int passes = 1;
     const bool begun = reader.attempt([&](png_structp png, png_infop info) {
-        readHeader(png, info);
+        passes = readHeader(png, info);
         extent.width = static_cast<int>(png_get_image_width(png, info));
         extent.height = static_cast<int>(png_get_image_height(png, info));
-        readColours(png, info, picture);
+        readProfile(png, info, picture);
+        readGamma(png, info, picture);
     });
     if (!begun)
         return damaged();
-
-    AreaScaler scaler(extent, limitedExtent(extent));
-    std::vector<std::uint8_t> row(static_cast<std::size_t>(extent.width) * 4);
-    for (int y = 0; y < extent.height; ++y) {
-        const bool read = reader.attempt(
-            [&row](png_structp png, png_infop) { png_read_row(png, row.data(), nullptr); });
-        if (!read)
-            return damaged();
-        scaler.addRow(row);
-    }
-    picture.image = scaler.take();
+    auto image = readRows(reader, extent, passes);
+    if (!image)
+        return damaged();
+    picture.image = *std::move(image);
     return picture;
 }
 
