@@ -78,12 +78,12 @@ function(zelvo_benchmark name)
     target_link_libraries(${name} PRIVATE zelvo_options ${ARG_LINK} benchmark::benchmark_main)
 endfunction()
 
-# zelvo_fuzz(name SOURCE a.cpp CORPUS dir LINK libs…): LLVMFuzzerTestOneInput. Under clang with ZELVO_FUZZ it is a
-# libFuzzer program; elsewhere it runs once over its corpus as a test.
+# zelvo_fuzz(name SOURCE a.cpp CORPUS dir [MUTATOR b.cpp] LINK libs…): LLVMFuzzerTestOneInput. Under clang with ZELVO_FUZZ
+# it is a libFuzzer program, with LLVMFuzzerCustomMutator if there is one; elsewhere it runs once over its corpus as a test.
 function(zelvo_fuzz name)
-    cmake_parse_arguments(ARG "" "SOURCE;CORPUS" "LINK" ${ARGN})
+    cmake_parse_arguments(ARG "" "SOURCE;CORPUS;MUTATOR" "LINK" ${ARGN})
     if(ZELVO_FUZZ)
-        add_executable(${name} ${ARG_SOURCE})
+        add_executable(${name} ${ARG_SOURCE} ${ARG_MUTATOR})
         target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
         target_link_options(${name} PRIVATE -fsanitize=fuzzer)
     else()
