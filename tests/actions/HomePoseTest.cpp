@@ -13,7 +13,7 @@ protected:
         stage.rootNode()->enumerateHierarchy([](scene::SCNNode& node) {
             node.runAction(SCNAction::moveBy({1, 2, 3}, 10));
         });
-        for (scene::SCNNode* node : moved()) {
+        for (const scene::SCNNodePtr& node : moved()) {
             node->position = glm::vec3(5, 6, 7);
             node->setEulerAngles({1, 2, 3});
             node->scale = glm::vec3(4);
@@ -22,22 +22,21 @@ protected:
         nodes.textNode1->rotXNode->setEulerAngles({0.5f, 0, 0});
     }
 
-    [[nodiscard]] std::vector<scene::SCNNode*> moved() const {
-        std::vector<scene::SCNNode*> all = {
-            nodes.mediaHolderNode.get(),
-            nodes.mediaHolderNode->yAxisNode.get(),
-            nodes.cameraPinchNode.get(),
-            nodes.cameraSpecialPerspectiveNode.get(),
-            nodes.cameraSuperNode.get(),
-            nodes.cameraWiggle.get()};
+    [[nodiscard]] std::vector<scene::SCNNodePtr> moved() const {
+        std::vector<scene::SCNNodePtr> all = {
+            nodes.cameraPinchNode,
+            nodes.cameraSpecialPerspectiveNode,
+            nodes.cameraSuperNode,
+            nodes.cameraWiggle};
+        const auto addLevels = [&all](const auto& node) {
+            all.insert(
+                all.end(),
+                {node, node->contentNode, node->xAxisNode, node->yAxisNode, node->zAxisNode});
+        };
+        addLevels(nodes.mediaHolderNode);
         for (const node::NodePtr& node : nodes.content()) {
-            for (scene::SCNNode* level :
-                 {static_cast<scene::SCNNode*>(node.get()),
-                  static_cast<scene::SCNNode*>(node->contentNode.get()),
-                  static_cast<scene::SCNNode*>(node->zAxisNode.get()),
-                  static_cast<scene::SCNNode*>(node->shyNode.get())}) {
-                all.push_back(level);
-            }
+            addLevels(node);
+            all.insert(all.end(), {node->wiggleNode, node->shyNode});
         }
         return all;
     }
@@ -53,7 +52,7 @@ TEST_F(HomePoseTest, BringsTheStageHomeAndLeavesTheLayout) {
 
     controller.resetAll(CameraHandles::leave);
     beginActions();
-    for (const scene::SCNNode* node : moved()) {
+    for (const scene::SCNNodePtr& node : moved()) {
         EXPECT_EQ(node->position.value(), glm::vec3(0));
         EXPECT_NEAR(std::abs(node->orientation().w), 1, 1e-6);
         EXPECT_EQ(node->scale.value(), glm::vec3(1));
@@ -70,7 +69,7 @@ TEST_F(HomePoseTest, BringsTheStageHomeAndLeavesTheLayout) {
     animateTo(1);
     EXPECT_NEAR(std::abs(nodes.cameraXHandle->orientation().w), 1, 1e-6);
     EXPECT_EQ(nodes.cameraYHandle->position.value(), glm::vec3(0, 1, 0));
-    EXPECT_EQ(nodes.textNode2->position.value(), glm::vec3(0)) << "what ran before runs no more";
+    EXPECT_EQ(nodes.textNode2->position.value(), glm::vec3(0)) << "earlier actions have ended";
 }
 
 TEST_F(HomePoseTest, TakesTheGivenTime) {

@@ -16,7 +16,7 @@ using testing::Pair;
 class MovieWriterTest : public test::MovieWriterTest {};
 
 TEST_F(MovieWriterTest, MakesAMovieOfEveryFrameButTheLastThree) {
-    length = 24; // long enough for sums of steps to fall below sixtieths
+    length = 24; // after about 20 s, added-up steps would fall below sixtieths
     const int drawn = 24 * 60 + 1;
     std::vector<int> progress;
     writer.progressSignal.subscribe(listening, [&](const MovieProgress& state) {
@@ -75,7 +75,7 @@ TEST_F(MovieWriterTest, CancelsAtAnyMomentAndStartsAgain) {
         EXPECT_TRUE(hasEarlierMovie());
         EXPECT_THAT(filesIn(folders.documents / "Folder"), ElementsAre("Movie.mov"));
     }
-    EXPECT_TRUE(alerts.empty()) << "who cancels knows it";
+    EXPECT_TRUE(alerts.empty()) << "a cancel needs no message";
     exportMovie();
     ASSERT_TRUE(*outcome);
     EXPECT_EQ(media::decodeMovie(writer.movieURL(), 32, 18).frameTimes.size(), 118U);
@@ -205,7 +205,7 @@ TEST_F(MovieWriterTest, ShowsItsPicturesToATap) {
     ASSERT_TRUE(*outcome);
     EXPECT_THAT(seen, ElementsAre(-3, 60)) << "one of the count-in, too";
     EXPECT_EQ(last.framesDone, 2);
-    EXPECT_EQ(last.framesTotal, 2) << "of those that are drawn";
+    EXPECT_EQ(last.framesTotal, 2) << "only the frames that are drawn count";
     EXPECT_EQ(rendering.drawn.size(), 2U) << "nothing else is drawn";
     EXPECT_TRUE(filesIn(folders.documents / "Folder").empty());
 

@@ -70,15 +70,6 @@ TEST_F(ClockTest, LimitsTheDuration) {
     }
 }
 
-TEST_F(ClockTest, KnowsSevenSpeeds) {
-    for (const SpeedRow& row : kSpeeds) {
-        model.animationRatio = row.ratio;
-        EXPECT_NEAR(model.animationFactor(), row.rawValue * 0.85, 1e-12);
-        EXPECT_EQ(animationRatioOf(row.rawValue), row.ratio);
-    }
-    EXPECT_FALSE(animationRatioOf(0.85));
-}
-
 TEST_F(ClockTest, FadesWhatIsFarAway) {
     struct Row {
         glm::vec3 place;
@@ -97,9 +88,10 @@ TEST_F(ClockTest, FadesWhatIsFarAway) {
     view.update(1);
     view.update(2); // the opening animation has ended
     for (const Row& row : kRows) {
-        nodes.imageNode->position = row.place;
+        nodes.imageNode->position = nodes.mediaHolderNode->position = row.place;
         view.update(3);
         EXPECT_NEAR(nodes.imageNode->opacity.value(), row.opacity, 1e-6);
+        EXPECT_NEAR(nodes.mediaHolderNode->opacity.value(), row.opacity, 1e-6);
     }
     EXPECT_EQ(nodes.textNode1->opacity.value(), 1);
 }
@@ -107,7 +99,10 @@ TEST_F(ClockTest, FadesWhatIsFarAway) {
 TEST_F(ClockTest, MovesTheStageFromSceneToScene) {
     const scene::SCNScenePtr before = model.sceneData()->scene;
     EXPECT_EQ(model.currentSceneIndex(), 2);
+    const image::Color red = image::Color::hex(0xFF0000);
+    model.setCurrentBackgroundColor(red);
     model.setScene(0);
+    EXPECT_EQ(model.sceneData()->backgroundColor(), red);
     world.runLoop.drain();
     EXPECT_EQ(view.scene(), model.sceneData()->scene);
     for (const scene::SCNNodePtr& holder : nodes.holders())
@@ -125,7 +120,8 @@ TEST_F(ClockTest, MovesTheStageFromSceneToScene) {
     EXPECT_EQ(view.delegate, nullptr);
     EXPECT_EQ(other.delegate, &model);
     EXPECT_EQ(model.currentRenderer(), model.movieWriter().renderer());
-    EXPECT_EQ(other.scene(), nullptr) << "one renderer has the scene";
+    EXPECT_EQ(model.movieWriter().renderer()->delegate, &model) << "far nodes fade in movies, too";
+    EXPECT_EQ(other.scene(), nullptr) << "only one renderer has the scene";
     model.cancelMovie();
     world.runLoop.drain();
     EXPECT_EQ(other.scene(), model.sceneData()->scene);
@@ -175,6 +171,11 @@ TEST_F(ClockTest, StartsTheMusicOnTheSameSampleLiveAndInTheMovie) {
         const media::DecodedMovie movie = media::decodeMovie(model.movieURL(), 9, 9);
         const auto loud = std::ranges::find_if(movie.left, [](double v) { return v > 0.1; });
         EXPECT_NEAR(heard, static_cast<double>(loud - movie.left.begin()) / 48'000, 0.001);
+    }
+    for (const audio::FadeState fade : {audio::FadeState::fadeIn, audio::FadeState::fadeOut}) {
+        player.fadeState = fade;
+        EXPECT_EQ(model.music()->fadesIn, fade == audio::FadeState::fadeIn);
+        EXPECT_EQ(model.music()->fadesOut, fade == audio::FadeState::fadeOut);
     }
 }
 

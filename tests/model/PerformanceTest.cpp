@@ -203,7 +203,7 @@ TEST_F(PerformanceTest, LeavesNothingOfARunBehind) {
 }
 
 TEST_F(PerformanceTest, ShowsTheSameParticlesInEveryRun) {
-    // holds nodes of bursts, as a burst that is about to end does
+    // keeps the nodes alive, as a burst that is about to end does
     std::vector<scene::SCNNodePtr> held;
     const auto particlesOfARun = [&] {
         std::vector<glm::vec3> places;
