@@ -11,6 +11,7 @@
 #include <QQuickWindow>
 #include <QTranslator>
 
+#include <array>
 #include <cstdlib>
 
 namespace zelvo::app {
@@ -59,10 +60,10 @@ int run(const WindowCommand& command) {
     const StopSignals signals(&quitFromOutside);
     prepareGraphics();
     int argumentCount = 1;
-    char name[] = "zelvo";
-    char* arguments[] = {name, nullptr};
+    std::array name{'z', 'e', 'l', 'v', 'o', '\0'}; // Qt may write to it
+    std::array<char*, 2> arguments{name.data(), nullptr};
     const auto before = qInstallMessageHandler(&endAtFatal);
-    const QGuiApplication process(argumentCount, arguments);
+    const QGuiApplication process(argumentCount, arguments.data());
     qInstallMessageHandler(before);
     QGuiApplication::setApplicationDisplayName("Zelvo");
     QGuiApplication::setDesktopFileName("zelvo");

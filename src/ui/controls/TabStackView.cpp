@@ -8,7 +8,7 @@ TabStackView::TabStackView(QObject* parent)
 
 TabStackView::TabStackView(Look given, QObject* parent)
     : QObject(parent)
-    , look(std::move(given)) {}
+    , look(given) {}
 
 TabStackView::~TabStackView() {
     leaveAll();

@@ -46,13 +46,15 @@ void Inspirator::countDots(int shown) {
         return;
     }
     applyRandomStyle(services.model, drawRandomStyle(services.model.nodes()));
-    after(kDot, [this] {
-        titleAlpha_ = 0;
-        Q_EMIT changed();
-        after(kDark, [this] {
-            fade(1, kFadeIn);
-            after(kFadeIn, [this] { bringBack(); });
-        });
+    after(kDot, [this] { hideTitle(); });
+}
+
+void Inspirator::hideTitle() {
+    titleAlpha_ = 0;
+    Q_EMIT changed();
+    after(kDark, [this] {
+        fade(1, kFadeIn);
+        after(kFadeIn, [this] { bringBack(); });
     });
 }
 

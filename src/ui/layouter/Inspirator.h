@@ -53,6 +53,7 @@ Q_SIGNALS:
 
 private:
     void countDots(int shown);
+    void hideTitle();
     void bringBack();
     void setTitle(const QString& title);
     void fade(double alpha, double seconds) const;
