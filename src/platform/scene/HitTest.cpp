@@ -82,9 +82,10 @@ private:
 
 } // namespace
 
-std::optional<SCNHitTestResult> hitTest(SCNNode& root, const geometry::Ray& ray) {
+std::optional<SCNHitTestResult>
+hitTest(SCNNode& root, const geometry::Ray& ray, const glm::mat4& parentToWorld) {
     Search search(ray);
-    search.visit(root, glm::mat4(1));
+    search.visit(root, parentToWorld);
     return search.best;
 }
 

@@ -17,11 +17,12 @@ struct SCNHitTestResult {
     glm::vec2 textureCoordinates{0};
 };
 
-/// Finds what of a tree can be seen along a ray, which is in the space around the root's parent.
-/// Exact on the triangles. Passes over hidden nodes, over what is (nearly) transparent at that
+/// Finds what of a tree can be seen along a ray. The ray is in world space if `parentToWorld` is
+/// the root's parent's transform to it. Exact on the triangles. Passes over hidden nodes, over what is (nearly) transparent at that
 /// place, and over the back of what is drawn from one side only. Nothing: the ray meets none of it.
 ///
 /// The first call after a change of a geometry builds its tree of boxes (SCNGeometry::triangles).
-[[nodiscard]] std::optional<SCNHitTestResult> hitTest(SCNNode& root, const geometry::Ray& ray);
+[[nodiscard]] std::optional<SCNHitTestResult>
+hitTest(SCNNode& root, const geometry::Ray& ray, const glm::mat4& parentToWorld = glm::mat4(1));
 
 } // namespace zelvo::scene

@@ -16,6 +16,7 @@ struct PanGesture {
     actions::GestureState state = actions::GestureState::began;
     glm::vec2 location{0};
     glm::vec2 viewSize{1};
+    glm::vec2 start{0}; ///< where it was pressed; a drag begins a little later
 };
 
 /// A pinch with two fingers, a touchpad, or Ctrl and the wheel.

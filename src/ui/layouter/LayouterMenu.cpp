@@ -2,7 +2,6 @@
 #include "ui/layouter/LayouterMenu.h"
 
 #include "model/Model.h"
-#include "platform/render/CameraView.h"
 
 #include <array>
 #include <utility>
@@ -31,9 +30,10 @@ LayouterMenu::LayouterMenu(const Services& given, QObject* parent)
     , services(given)
     , inspirator(services)
     , stackView({.buttonEdgeInsets = {9, 0, 9, 0}, .spacing = 3, .bgColor = kClearButtonColor})
-    , backButton({.image = "LargeLayoutBackButton", .name = tr("Back"), .key = "Esc"}, [this] {
-        backButtonClicked();
-    }) {
+    , backButton(
+          {.image = "LargeLayoutBackButton", .name = tr("Back"), .key = "Esc"},
+          [this] { backButtonClicked(); })
+    , cameraGestures(services.model.actionController().gestures) {
     backButton.size = {34, 0};
     outliner = this;
     // The second text is close below the first.
@@ -131,29 +131,6 @@ void LayouterMenu::showOutlines() const {
         const auto unselected = node == pointedNode ? node::Outline::pointed : node::Outline::plain;
         node->showOutline(node == currentNode_ ? node::Outline::highlighted : unselected);
     }
-}
-
-node::NodePtr LayouterMenu::nodeAt(const Hover& place) const {
-    const stage::Nodes& nodes = services.model.nodes();
-    const scene::SCNNode& eye = *nodes.cameraNode;
-    const glm::vec2 share = place.location / place.viewSize;
-    const geometry::Ray ray = render::rayThrough(
-        render::makeCameraView(
-            eye.worldTransform(), *eye.camera, place.viewSize.x / place.viewSize.y),
-        {2 * share.x - 1, 1 - 2 * share.y});
-    node::NodePtr found;
-    for (const node::NodePtr& node : nodes.content()) {
-        const bool isHit = node->frameDistance(ray).has_value();
-        if (isHit && (!found || node->frameArea() < found->frameArea()))
-            found = node;
-    }
-    return found;
-}
-
-void LayouterMenu::handleHover(const std::optional<Hover>& hover) {
-    const node::NodePtr found = hover ? nodeAt(*hover) : nullptr;
-    if (std::exchange(pointedNode, found) != found)
-        showOutlines();
 }
 
 } // namespace zelvo::ui

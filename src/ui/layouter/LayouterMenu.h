@@ -3,11 +3,12 @@
 
 #include "node/Node.h"
 #include "platform/foundation/Lifetime.h"
-#include "ui/controls/GestureDelegate.h"
+#include "ui/controls/CameraGestures.h"
 #include "ui/controls/HighlightButton.h"
 #include "ui/controls/Services.h"
 #include "ui/controls/TabStackView.h"
 #include "ui/layouter/Inspirator.h"
+#include "ui/layouter/NodePicker.h"
 
 #include <QObject>
 #include <QString>
@@ -57,6 +58,7 @@ class LayouterMenu final : public QObject, public GestureDelegate {
     Q_PROPERTY(QString note READ note NOTIFY refreshed)
     Q_PROPERTY(bool isWriting READ isWriting NOTIFY writingChanged)
     Q_PROPERTY(QString writtenText READ writtenText NOTIFY writingChanged)
+    Q_PROPERTY(Qt::CursorShape cursor READ cursor NOTIFY cursorChanged)
 
 public:
     /// Resets everything on the stage and shows outlines; the destructor hides them.
@@ -84,8 +86,26 @@ public:
     void setCurrentOption(CurrentOption option);
     Q_INVOKABLE void backButtonClicked();
 
+    /// Selects what is there; on nothing, nothing is selected any more.
+    void handleTap(const TapGesture& tap) override;
+    /// Also opens the text field for a text.
+    void handleDoubleTap(const TapGesture& tap) override;
+    /// Moves the selected node, or the node on which it began; on nothing, turns the camera.
+    void handlePan(const PanGesture& pan) override;
+    /// Sizes the selected node.
+    void handlePinch(const PinchGesture& pinch) override;
     /// Shows the whole frame of the node under the pointer.
     void handleHover(const std::optional<Hover>& hover) override;
+
+    // --- keys; false: there was nothing to do
+    /// Moves the selected node, in scene units.
+    Q_INVOKABLE bool nudge(double right, double up, double near);
+    Q_INVOKABLE bool grow(double factor);
+    /// Selects the next node (step 1) or the one before (-1); false after the last.
+    Q_INVOKABLE bool takeNext(int step);
+
+    /// Tells what a press would do.
+    [[nodiscard]] Qt::CursorShape cursor() const { return cursor_; }
 
     /// Opens the text field for the selected text.
     void writeAction();
@@ -117,6 +137,7 @@ public:
 Q_SIGNALS:
     void refreshed();
     void writingChanged();
+    void cursorChanged();
 
 private:
     // Objects that QML still uses, or that are being clicked, are deleted in the next turn of the
@@ -131,8 +152,10 @@ private:
     void refresh();
     void rebuildTabs();
     void showOutlines() const;
-    /// The node whose frame is at that place, the smallest of several; null: none.
-    [[nodiscard]] node::NodePtr nodeAt(const Hover& place) const;
+    [[nodiscard]] node::NodePtr hit(const StagePlace& place) const;
+    void drag(const PanGesture& pan);
+    void resize(float scale);
+    void setCursor(Qt::CursorShape shape);
     [[nodiscard]] std::vector<TabRow> tabsNow();
     [[nodiscard]] std::vector<TabRow> rootTabs();
     [[nodiscard]] TabRow optionTab(const char* title, CurrentOption option);
@@ -153,6 +176,12 @@ private:
     QString stripView_;
     std::vector<LaterPtr<MySegmentedStackButton>> tabs;
     bool writing = false;
+    CameraGestures cameraGestures;
+    glm::vec2 previousLocation{0};             ///< of a drag
+    node::NodePtr hittedNodeWhileBeganPanning; ///< null: the drag moves the camera
+    float lastPinchScale = 1;                  ///< what the pinch read last
+    float currentScale = 1;                    ///< what it makes of the node's size
+    Qt::CursorShape cursor_ = Qt::ArrowCursor;
     foundation::Lifetime lifetime;
 };
 

@@ -62,6 +62,7 @@ TransformPanel::TransformPanel(node::NodePtr edited, QObject* parent)
 }
 
 void TransformPanel::setUpSlider(int tag) {
+    shownTag = tag;
     const Row& row = rowOf(tag);
     auto made = std::make_unique<MySlider>(
         QString::fromUtf8(row.label),

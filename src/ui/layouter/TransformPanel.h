@@ -31,6 +31,9 @@ public:
     /// 0: depth; 1 to 3: angle around x, y, z.
     void setUpSlider(int tag);
 
+    /// Takes up a value that was changed elsewhere.
+    void readNode() { posRotSlider->setValue(valueOf(shownTag)); }
+
     [[nodiscard]] MySlider& slider() const { return *posRotSlider; }
 
     [[nodiscard]] TabStackView* stackObject() { return &stackView; }
@@ -47,6 +50,7 @@ private:
     node::NodePtr node;
     std::vector<std::unique_ptr<HighlightButton>> buttons;
     std::unique_ptr<MySlider> posRotSlider;
+    int shownTag = 0;
 };
 
 } // namespace zelvo::ui

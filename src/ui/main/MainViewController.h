@@ -2,11 +2,11 @@
 #pragma once
 
 #include "platform/foundation/Lifetime.h"
+#include "ui/controls/CameraGestures.h"
 #include "ui/controls/GestureDelegate.h"
 #include "ui/controls/MyButton.h"
 #include "ui/controls/Services.h"
 #include "ui/controls/ValueLabel.h"
-#include "ui/main/CameraGestures.h"
 #include "ui/main/IdleTimer.h"
 #include "ui/main/MainMenu.h"
 #include "ui/main/Stage.h"

@@ -140,7 +140,7 @@ void SceneRecognizers::turnWheel(float degrees, const glm::vec2& place) {
 
 void SceneRecognizers::pan(GestureState state, const glm::vec2& place) {
     isPanning = state == GestureState::began || state == GestureState::changed;
-    delegate.handlePan({state, place, viewSize});
+    delegate.handlePan({state, place, viewSize, start});
 }
 
 void SceneRecognizers::pinch(GestureState state) {

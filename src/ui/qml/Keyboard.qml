@@ -39,6 +39,25 @@ FocusScope {
         if (catalogue && place !== undefined)
             catalogue.releaseButton(place);
     }
+    // The arrow keys, Page Up and Page Down move the node in hand, [ and ] size it.
+    function movesNode(event: KeyEvent): bool {
+        const step = event.modifiers & Qt.ShiftModifier ? 10 : 1;
+        const moves = {
+            [Qt.Key_Left]: [-step, 0, 0], [Qt.Key_Right]: [step, 0, 0],
+            [Qt.Key_Down]: [0, -step, 0], [Qt.Key_Up]: [0, step, 0],
+            [Qt.Key_PageDown]: [0, 0, -step], [Qt.Key_PageUp]: [0, 0, step]
+        };
+        const move = moves[event.key];
+        if (move)
+            return layouter.nudge(move[0], move[1], move[2]);
+        if (event.key === Qt.Key_Tab)
+            return layouter.takeNext(1);
+        if (event.key === Qt.Key_Backtab)
+            return layouter.takeNext(-1);
+        if (event.text === "[" || event.text === "]")
+            return layouter.grow(event.text === "[" ? 1 / 1.05 : 1.05);
+        return false;
+    }
     function toggleFullScreen(): void {
         window.visibility = window.visibility === Window.FullScreen ? Window.Windowed : Window.FullScreen;
     }
@@ -52,6 +71,8 @@ FocusScope {
             layouter.inspirator.button.click();
         else if (event.key === Qt.Key_Escape && layouter && layouter.isBackVisible)
             layouter.backButtonClicked();
+        else if (layouter && movesNode(event))
+            event.accepted = true;
         else if (event.key === Qt.Key_Escape && window.visibility === Window.FullScreen)
             window.visibility = Window.Windowed;
         else

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Zelvo.Layouter as Layouter
 import Zelvo.Main as MainScreen
 
 // The live stage, as large as it goes at 16 to 9.
@@ -7,6 +8,8 @@ Item {
     id: root
 
     required property MainScreen.MainViewController main
+
+    readonly property Layouter.LayouterMenu layouter: main.panel as Layouter.LayouterMenu
 
     MainScreen.StageItem {
         anchors.centerIn: parent
@@ -17,6 +20,7 @@ Item {
         Accessible.role: Accessible.Graphic
         Accessible.name: qsTr("The stage")
 
+        HoverHandler { cursorShape: root.layouter ? root.layouter.cursor : Qt.ArrowCursor }
         Behavior on opacity {
             NumberAnimation { duration: root.main.sceneFadeMilliseconds }
         }

@@ -149,6 +149,32 @@ TEST_F(MainKeysTest, ReachWhatTheButtonsDo) {
     EXPECT_EQ(window->visibility(), QWindow::Windowed);
 }
 
+TEST_F(MainKeysTest, TakeMoveAndSizeTheContentWhileItIsStyled) {
+    press(Qt::Key_F2);
+    auto& layouter = panel<LayouterMenu>();
+    press(Qt::Key_Right);
+    EXPECT_EQ(layouter.currentNode(), nullptr);
+    press(Qt::Key_Tab);
+    press(Qt::Key_Tab);
+    press(Qt::Key_Backtab);
+    const node::NodePtr text = model.nodes().textNode1;
+    ASSERT_EQ(layouter.currentNode(), text);
+    const glm::vec3 before = text->layoutPosition();
+    const float size = text->scale2D;
+    press(Qt::Key_Left);
+    press(Qt::Key_Up, Qt::ShiftModifier);
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(text->layoutPosition(), before + glm::vec3(-1, 10, 1));
+    press(Qt::Key_Right, Qt::ShiftModifier);
+    press(Qt::Key_Down);
+    press(Qt::Key_PageDown, Qt::ShiftModifier);
+    EXPECT_EQ(text->layoutPosition(), before + glm::vec3(9, 9, -9));
+    press(Qt::Key_BracketRight);
+    EXPECT_GT(text->scale2D, size);
+    press(Qt::Key_BracketLeft);
+    EXPECT_FLOAT_EQ(text->scale2D, size);
+}
+
 constexpr const char* kLayers = R"(
 import QtQuick
 import QtQuick.Window

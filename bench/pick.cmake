@@ -1,0 +1,1 @@
+zelvo_benchmark(pick_bench SOURCES PickBench.cpp LINK zelvo_ui_layouter)
