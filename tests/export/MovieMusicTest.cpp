@@ -85,11 +85,16 @@ TEST_F(MovieMusicTest, SaysThatTheSongIsDamagedInItsMiddle) {
     struct Row {
         const char* name;
         const char* encoder;
-        bool keepsTime; ///< its packets tell where they belong
+        bool keepsTime;       ///< its packets tell where they belong
+        double damage = 0.06; ///< share of the file; 0: a single byte
     };
 
     constexpr Row kRows[] = {
-        {"song.m4a", "aac", true}, {"song.mp3", "libmp3lame", false}, {"song.flac", "flac", false}};
+        {"song.m4a", "aac", true},
+        {"song.mp3", "libmp3lame", false},
+        {"song.flac", "flac", false},
+        {"song.ogg", "libvorbis", true},
+        {"page.ogg", "libvorbis", true, 0}};
     const auto wave = [](double t) { // a pause from 4.5 to 5.5
         return t > 4.5 && t < 5.5 ? 0.0 : media::sine(440, 0.5)(t);
     };
@@ -104,7 +109,7 @@ TEST_F(MovieMusicTest, SaysThatTheSongIsDamagedInItsMiddle) {
         const auto at = [&](double share) {
             return bytes.begin() + static_cast<std::ptrdiff_t>(share * double(bytes.size()));
         };
-        std::fill(at(0.36), at(0.42), std::uint8_t{0xD5});
+        std::fill(at(0.45), at(0.45 + row.damage) + 1, std::uint8_t{0xD5});
         media::writeBytes(song->file, bytes);
         const auto movie = made();
         EXPECT_THAT((*outcome)->musicDamage, testing::HasSubstr(song->file.string()));

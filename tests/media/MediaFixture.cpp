@@ -121,7 +121,8 @@ bool encodeSound(
     avcodec_parameters_from_context(stream->codecpar, context.get());
     stream->time_base = context->time_base;
     avio_open(&format->pb, file.c_str(), AVIO_FLAG_WRITE);
-    const bool hasBegun = avformat_write_header(format, nullptr) >= 0;
+    Options options{{"page_duration", "60000"}}; // Ogg, microseconds: short, as in rich sound
+    const bool hasBegun = avformat_write_header(format, options.get()) >= 0;
     const int total = static_cast<int>(seconds * context->sample_rate);
     const int step = context->frame_size > 0 ? context->frame_size : 1024;
     for (int from = 0; hasBegun && from < total; from += step) {

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <string_view>
 #include <utility>
 
 namespace zelvo::media {
@@ -27,6 +28,10 @@ constexpr double kRunUpSeconds = 0.25;
 
 /// Time stamps of some files are wrong by up to this many frames.
 constexpr std::int64_t kJitter = AudioReader::kSampleRate / 10;
+/// In Ogg the stamps are the only sign of damage: a page with a wrong checksum is left out without a
+/// word, and in rich sound it is shorter than the above. The stamps are off by 10 ms where Vorbis
+/// changes the length of its blocks.
+constexpr std::int64_t kJitterInOgg = AudioReader::kSampleRate * 3 / 100;
 
 /// The longest silence that is inserted at once, in frames.
 constexpr std::int64_t kMaxGap = 60LL * AudioReader::kSampleRate;
@@ -36,6 +41,10 @@ constexpr int kMaxFrameSamples = 1 << 17;
 
 std::int64_t startOf(const AVStream& stream) {
     return stream.start_time == AV_NOPTS_VALUE ? 0 : stream.start_time;
+}
+
+std::int64_t jitterIn(const AVFormatContext& format) {
+    return format.iformat->name == std::string_view("ogg") ? kJitterInOgg : kJitter;
 }
 
 } // namespace
@@ -272,7 +281,7 @@ void AudioReader::alignToTarget(const AVFrame& first) {
 /// Fills the gap that lost or damaged packets leave before the next frame with silence.
 void AudioReader::bridgeGap(const AVFrame& next) {
     const std::int64_t gap = placeOf(next).value_or(nextPlace) - nextPlace;
-    if (gap < kJitter)
+    if (gap < jitterIn(*format))
         return;
     hasGaps_ = hasGaps_ || toSkip == 0;
     const auto frames = static_cast<std::size_t>(std::min(gap, kMaxGap));
