@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/foundation/RunLoop.h"
 #include "shared/Signal.h"
+#include "ui/controls/Alerts.h"
 #include "ui/controls/FuncButton.h"
 #include "ui/controls/HighlightButton.h"
 #include "ui/controls/MySlider.h"
@@ -9,6 +10,9 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
 
 namespace zelvo::ui {
 
@@ -53,10 +57,13 @@ TEST_F(FuncButtonTest, AShortTapStillFlashesInFullAndAQuickSecondOneAnew) {
     button.press();
     button.release();
     loop.runFor(0.05);
+    std::vector<Glow> seen;
+    QObject::connect(&button, &FuncButton::glowChanged, [&] { seen.push_back(button.glow()); });
     button.press();
     button.release();
+    EXPECT_THAT(seen, ElementsAre(Glow::none, Glow::flash)) << "the view starts its flash anew";
     loop.runFor(0.05);
-    EXPECT_EQ(button.glow(), Glow::flash) << "the first flash's end has cut the second short";
+    EXPECT_EQ(button.glow(), Glow::flash) << "the end of the first flash does not end the second";
     loop.runFor(0.05);
     EXPECT_EQ(button.glow(), Glow::none);
     EXPECT_EQ(began, 2);
@@ -96,7 +103,7 @@ TEST_F(FuncButtonTest, APressThatIsTakenAwayEndsLikeALiftOff) {
         EXPECT_EQ(ended.size(), 1u);
         button.press();
     }
-    EXPECT_EQ(ended.size(), 2u) << "the effect of a button that has gone goes on for ever";
+    EXPECT_EQ(ended.size(), 2u) << "a deleted button ends its effect";
 }
 
 TEST(SegmentedSelection, IsOnePerStack) {
@@ -117,7 +124,7 @@ TEST(SegmentedSelection, IsOnePerStack) {
     EXPECT_TRUE(a.isMySelected());
     EXPECT_FALSE(b.isMySelected());
     EXPECT_FALSE(plain.isMySelected());
-    EXPECT_TRUE(namesake.isMySelected()) << "another stack's touch has reached it";
+    EXPECT_TRUE(namesake.isMySelected()) << "a click in another stack changes nothing here";
 }
 
 TEST(SegmentedSelection, ByIndexCountsOnlyTabsAndEndsAtTheLast) {
@@ -133,8 +140,8 @@ TEST(SegmentedSelection, ByIndexCountsOnlyTabsAndEndsAtTheLast) {
     EXPECT_TRUE(a.isMySelected());
     stack.setArrangedSubviews({});
     b.click();
-    EXPECT_TRUE(a.isMySelected()) << "buttons out of the stack are no group";
-    EXPECT_EQ(touched, 1) << "selecting by index is no press";
+    EXPECT_TRUE(a.isMySelected()) << "a removed button no longer belongs to the group";
+    EXPECT_EQ(touched, 1) << "selecting does not call the action";
 }
 
 TEST(TabStackView, ForgetsAButtonThatHasGone) {
@@ -161,6 +168,68 @@ TEST(MySlider, GoesBackToItsDefaultOnlyIfItHasOne) {
     EXPECT_THAT(told, ElementsAre(6, 10));
 }
 
+TEST(MySlider, TakesKeysAndNumbersAsTheyAreTyped) {
+    MySlider slider("Depth", {.minimum = -100, .maximum = 100, .step = 5});
+
+    struct Key {
+        int key, modifiers;
+        double value;
+    };
+
+    slider.setValue(0);
+    for (const auto& [key, modifiers, value] :
+         {Key{Qt::Key_Up, 0, 5},
+          Key{Qt::Key_Right, Qt::ControlModifier, 5 + 5 * MySlider::kSmallSteps},
+          Key{Qt::Key_Home, 0, -100},
+          Key{Qt::Key_PageUp, 0, -100 + 5 * MySlider::kLargeSteps}}) {
+        EXPECT_TRUE(slider.pressKey(key, modifiers));
+        EXPECT_DOUBLE_EQ(slider.value(), value);
+    }
+    EXPECT_FALSE(slider.pressKey(Qt::Key_A, 0));
+    for (const auto& [typed, value] :
+         {std::pair(" 7,5 ", 7.5),
+          {"\u22123", -3.0},
+          {"1e9", 100.0},
+          {"-0.4", -0.4},
+          {"nan", -0.4},
+          {"inf", -0.4},
+          {"x", -0.4}}) {
+        slider.write(typed);
+        EXPECT_EQ(slider.value(), value) << typed;
+    }
+    EXPECT_EQ(slider.number(), "0") << "never -0";
+}
+
+TEST(Alerts, AreAnsweredByKeysWithWhatDoesNoHarm) {
+    using enum AlertRole;
+
+    struct Row {
+        std::vector<AlertRole> roles;
+        int byReturn;
+        int byEscape; ///< -1: it stays
+    };
+
+    for (const Row& row :
+         {Row{{destructive, cancel}, 1, 1},
+          Row{{standard, cancel}, 0, 1},
+          Row{{standard}, 0, 0},
+          Row{{standard, standard}, 0, -1}}) {
+        Alerts alerts;
+        int chosen = -1;
+        Alert alert{.title = "?", .actions = {}};
+        for (int i = 0; i < static_cast<int>(row.roles.size()); ++i)
+            alert.actions.push_back(
+                {.title = "a",
+                 .role = row.roles.at(static_cast<std::size_t>(i)),
+                 .handler = [&chosen, i] { chosen = i; }});
+        alerts.show(std::move(alert));
+        EXPECT_EQ(alerts.defaultAction(), row.byReturn);
+        alerts.escape();
+        EXPECT_EQ(chosen, row.byEscape);
+        EXPECT_EQ(alerts.isShowing(), row.byEscape < 0);
+    }
+}
+
 TEST(ValueLabel, ShowsAMessageAfterAGapAndASecondOneAnew) {
     foundation::VirtualRunLoop loop;
     const ValueLabel label(loop);
@@ -173,7 +242,7 @@ TEST(ValueLabel, ShowsAMessageAfterAGapAndASecondOneAnew) {
     signals().messageSignal.fire("Speed: Fast");
     EXPECT_TRUE(label.isHidden());
     loop.runFor(2.0);
-    EXPECT_FALSE(label.isHidden()) << "hidden by the first message's timer";
+    EXPECT_FALSE(label.isHidden()) << "the first message's timer does not hide the second";
     EXPECT_EQ(label.text(), "Speed: Fast");
     loop.runFor(0.31);
     EXPECT_TRUE(label.isHidden());

@@ -5,6 +5,7 @@
 #include "ui/menus/TimePickerView.h"
 
 #include <array>
+#include <utility>
 
 namespace zelvo::test {
 
@@ -155,11 +156,17 @@ TEST(TimePicker, DoesNotLetUnderTwoSecondsBePicked) {
           Row{8, 1, 59, 0, 59},
           Row{3 * 3600 + 62, 1, 2, 1, 2}, // hours left out
           Row{8, 0, 75, 59, 8},           // there is no such row
-          Row{8, 2, 1, 0, 8}}) {          // nor such a wheel
+          Row{8, 2, 1, 0, 8}}) {          // there is no such wheel
         ui::TimePickerView picker(row.duration);
         picker.select(row.component, row.row);
         EXPECT_EQ(picker.minutes(), row.minutes) << row.duration << ", row " << row.row;
         EXPECT_EQ(picker.seconds(), row.seconds) << row.duration << ", row " << row.row;
+    }
+    ui::TimePickerView picker(8);
+    for (const auto& [digit, seconds] : {std::pair(5, 5), {9, 59}, {6, 6}, {0, 2}, {7, 7}}) {
+        picker.type(ui::TimePickerView::secondsWheel, digit);
+        EXPECT_EQ(picker.seconds(), seconds)
+            << "60 is no number of seconds, so the 0 is a first digit";
     }
 }
 
