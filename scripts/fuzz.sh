@@ -27,7 +27,7 @@ for target in "${targets[@]}"; do
     kept=build/fuzz/found/$target
     log=build/fuzz/$target.log
     mkdir -p "$learnt" "$kept"
-    # The entropic schedule keeps a list of features for each input, which takes two fifths of the time.
+    # The entropic schedule keeps a list of features for each input, which takes up to two fifths of the time.
     options=(-max_total_time="$seconds" -max_len="${longest[$target]}" -entropic=0 -timeout=60
              -print_final_stats=1 -artifact_prefix="$kept/")
     # Path data is plain text.
