@@ -10,10 +10,7 @@ namespace zelvo::foundation {
 namespace {
 
 TEST(Json, ReadsNumbersToTheLastBit) {
-    struct Row {
-        std::string text;
-        double value;
-    };
+    using Row = std::pair<std::string, double>;
 
     // clang-format off
     const Row rows[] = {
@@ -30,10 +27,10 @@ TEST(Json, ReadsNumbersToTheLastBit) {
         {fmt::format("0.{:0400}1", 0), 0                     },
     };
     // clang-format on
-    for (const Row& row : rows) {
-        const auto read = parseJson(row.text);
-        ASSERT_TRUE(read) << row.text << ": " << read.error().text;
-        EXPECT_EQ(read->number, row.value) << row.text;
+    for (const auto& [text, value] : rows) {
+        const auto read = parseJson(text);
+        ASSERT_TRUE(read) << text << ": " << read.error().text;
+        EXPECT_EQ(read->number, value) << text;
     }
 }
 
@@ -45,10 +42,7 @@ TEST(Json, RefusesWhatNobodyWrites) {
         return text;
     };
 
-    struct Row {
-        std::string text;
-        std::string why;
-    };
+    using Row = std::pair<std::string, std::string>;
 
     // clang-format off
     const Row rows[] = {
@@ -63,10 +57,10 @@ TEST(Json, RefusesWhatNobodyWrites) {
         {fmt::format("[{}0]", repeated(500'000, "0,")), "1: the file has more than 500000 values"},
     };
     // clang-format on
-    for (const Row& row : rows) {
-        const auto read = parseJson(row.text);
-        ASSERT_FALSE(read) << row.why;
-        EXPECT_EQ(fmt::format("{}: {}", read.error().line, read.error().text), row.why);
+    for (const auto& [text, why] : rows) {
+        const auto read = parseJson(text);
+        ASSERT_FALSE(read) << why;
+        EXPECT_EQ(fmt::format("{}: {}", read.error().line, read.error().text), why);
     }
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Files and folders on their way: what others can do to them, and what is left of them.
+// New files and temporary folders: what other programs can do to them, and what stays on the disk.
 #include "platform/foundation/NewFile.h"
 
 #include "platform/foundation/TemporaryFolder.h"
@@ -38,7 +38,7 @@ Result<void> writeTo(NewFile& file, std::string_view text) {
 
 using Create = Result<NewFile> (*)(const fs::path&, NewFile::Use);
 
-/// Files without a name, and with one, as disks know them.
+/// Not all disks allow files without a name, so each test runs with both kinds.
 class NewFileTest : public testing::TestWithParam<Create> {
 protected:
     [[nodiscard]] static Result<void> put(const fs::path& place, std::string_view text) {
@@ -113,7 +113,7 @@ TEST_P(NewFileTest, replaces_nothing_but_regular_files) {
     EXPECT_TRUE(fs::is_character_file("/dev/full"));
 }
 
-/// What the action has made stays, as its process ends by a kill in the middle of it.
+/// Runs the action in a process that is killed before it can clean up.
 void killedWhile(const std::function<void()>& action) {
     const pid_t child = fork();
     if (child == 0) {

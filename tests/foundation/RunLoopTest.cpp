@@ -58,6 +58,8 @@ TEST(VirtualRunLoop, AnEndedTimerIsNotCalledEvenWhenItWasDueTogetherWithWhatEnde
     Timer victim;
     loop.asyncAfter(1.0, [&] { victim.invalidate(); });
     victim = loop.scheduleOnce(1.0, [&] { wasCalled = true; });
+    Timer replaced = loop.scheduleOnce(2.0, [&] { wasCalled = true; });
+    replaced = loop.scheduleOnce(3.0, [] {});
     loop.runTo(5);
     EXPECT_FALSE(wasCalled);
 }
