@@ -33,19 +33,10 @@ TEST(Color, TransferFunctionAgreesWithPublishedValues) {
 TEST(Color, ParsesSixHexadecimalDigitsAndNothingElse) {
     EXPECT_EQ(Color::parse("#194CE6"), Color::hex(0x194CE6));
     EXPECT_EQ(Color::parse("#194ce6"), Color::hex(0x194CE6));
-    for (const char* text :
-         {"",
-          "#",
-          "194CE6",
-          "#194CE",
-          "#194CE60",
-          "#194CEG",
-          "#-94CE6",
-          "#+94CE6",
-          "# 94CE6",
-          "#0x4CE6"}) {
+    for (const char* text : {"", "#", "194CE6", "#194CE", "#194CE60", "#194CEG"})
         EXPECT_FALSE(Color::parse(text).has_value()) << text;
-    }
+    for (const char* text : {"#-94CE6", "#+94CE6", "# 94CE6", "#0x4CE6"})
+        EXPECT_FALSE(Color::parse(text).has_value()) << text;
 }
 
 TEST(Color, HueSaturationBrightnessOfKnownColours) {

@@ -21,7 +21,7 @@ std::vector<Bytes> sound() {
     return {bytesOf(folder.path() / "a.png"), bytesOf(folder.path() / "a.jpg")};
 }
 
-/// Either an error that says something or a picture that is whole.
+/// The result is an error with a message, or a complete picture.
 void expectSettled(const Bytes& bytes, std::size_t where) {
     const auto result = decodeImage(bytes);
     if (!result) {

@@ -99,16 +99,6 @@ TEST(Image, ExifOrientationIsApplied) {
     EXPECT_EQ(cornersOf(**unknown), kCorners.front());
 }
 
-TEST(Image, LargePicturesAreScaledDownWithTheirShape) {
-    const test::TemporaryFolder folder;
-    ASSERT_TRUE(savePNG(quartered(6000, 1500), folder.path() / "wide.png"));
-    const auto loaded = loadImage(folder.path() / "wide.png");
-    ASSERT_TRUE(loaded);
-    EXPECT_EQ((*loaded)->width, kMaxSide);
-    EXPECT_EQ((*loaded)->height, 1024);
-    EXPECT_EQ(cornersOf(**loaded), "rgbw");
-}
-
 TEST(Image, FailuresNameTheirCause) {
     const test::TemporaryFolder folder;
     const Image image = quartered(4, 4);
