@@ -32,14 +32,7 @@ BezierPath pathOf(std::initializer_list<Corners> contours) {
 }
 
 Corners squareAt(float x, float y, float side) {
-    // clang-format off
-    return {
-        {x,        y       },
-        {x + side, y       },
-        {x + side, y + side},
-        {x,        y + side}
-    };
-    // clang-format on
+    return {{x, y}, {x + side, y}, {x + side, y + side}, {x, y + side}};
 }
 
 BezierPath circle(float radius) {
@@ -61,12 +54,8 @@ BezierPath roundedProfile() {
     return path;
 }
 
-ExtrusionOptions options(float depth, float radius, BezierPath profile = {}) {
-    ExtrusionOptions result;
-    result.depth = depth;
-    result.chamferRadius = radius;
-    result.chamferProfile = std::move(profile);
-    return result;
+ExtrusionOptions options(float depth, float radius, const BezierPath& profile = {}) {
+    return {.depth = depth, .chamferRadius = radius, .chamferProfile = profile};
 }
 
 // Moved in by t, an outline has the area: area - perimeter t + k t^2. Each right-angled outer
@@ -86,14 +75,8 @@ std::vector<KnownShape> knownShapes() {
         {"square",           pathOf({squareAt(0, 0, 100)}),                               10000, 400, 4                 },
         {"clockwise square", pathOf({{{0, 0}, {0, 100}, {100, 100}, {100, 0}}}),          10000, 400, 4                 },
         {"ring",             pathOf({squareAt(0, 0, 100), {hole.rbegin(), hole.rend()}}), 8400,  560, 4 - kPi           },
-        {"L",
-         pathOf({{{0, 0}, {100, 0}, {100, 40}, {40, 40}, {40, 100}, {0, 100}}}),
-         6400,                                                                                   400,
-         5 - kPi / 4                                                                                                    },
-        {"triangle",
-         pathOf({{{0, 0}, {100, 0}, {50, height}}}),
-         2500 * std::sqrt(3.0),
-         300,                                                                                         3 * std::sqrt(3.0)},
+        {"L", pathOf({{{0, 0}, {100, 0}, {100, 40}, {40, 40}, {40, 100}, {0, 100}}}),     6400,  400, 5 - kPi / 4       },
+        {"triangle",         pathOf({{{0, 0}, {100, 0}, {50, height}}}), 2500 * std::sqrt(3.0),  300, 3 * std::sqrt(3.0)},
     };
     // clang-format on
 }
@@ -188,6 +171,10 @@ struct OddCase {
 TEST(Extrusion, OddOutlinesGiveSoundSolidsOrNone) {
     constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
     const Corners square = squareAt(0, 0, 10);
+    BezierPath open;
+    open.moveTo({0, 0});
+    open.lineTo({10, 0});
+    open.lineTo({10, 10});
     // clang-format off
     const OddCase cases[] = {
         {"empty",                            {},                                                               0  },
@@ -203,18 +190,8 @@ TEST(Extrusion, OddOutlinesGiveSoundSolidsOrNone) {
         {"overlapping",                      pathOf({square, squareAt(5, 5, 10)}),                             175},
         {"touching corners",                 pathOf({square, squareAt(10, 10, 10)}),                           200},
         {"a shared side",                    pathOf({square, squareAt(10, 0, 10)}),                            200},
-        {"a hole that touches",
-         pathOf({squareAt(0, 0, 20), {{10, 0}, {5, 10}, {15, 10}}}),
-         400 - 50                                                                                                 },
-        {"an unclosed contour",
-         [] {
-             BezierPath open;
-             open.moveTo({0, 0});
-             open.lineTo({10, 0});
-             open.lineTo({10, 10});
-             return open;
-         }(),
-         50                                                                                                       },
+        {"a hole that touches",              pathOf({squareAt(0, 0, 20), {{10, 0}, {5, 10}, {15, 10}}}),       350},
+        {"an unclosed contour",              open,                                                             50 },
     };
     // clang-format on
     for (const OddCase& row : cases) {

@@ -29,12 +29,9 @@ std::string told(std::string_view data) {
 }
 
 TEST(SVGPathTest, ReadsPathData) {
-    struct Row {
-        std::string_view data;
-        std::string_view commands;
-    };
+    using Row = std::pair<std::string_view, std::string_view>;
 
-    for (const Row& row : std::initializer_list<Row>{
+    for (const auto& [data, commands] : std::initializer_list<Row>{
              {"", ""},
              {"M10,20", "M10,20 "},
              {"M1-2", "M1,-2 "},
@@ -57,7 +54,7 @@ TEST(SVGPathTest, ReadsPathData) {
              {"M1,1A9,9", "M1,1 M9,9 "},
              {"M0,0H10 L5,5", "M0,0 L10,0 Lnan,0 L5,5 "},
          })
-        EXPECT_EQ(told(row.data), row.commands) << row.data;
+        EXPECT_EQ(told(data), commands) << data;
 }
 
 TEST(SVGPathTest, MakesSolidsOfGarbageWithoutFailing) {
