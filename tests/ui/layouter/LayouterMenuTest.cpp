@@ -30,41 +30,35 @@ protected:
         return found;
     }
 
-    void press(const std::string& title) {
-        for (MyButton* const tab : menu.stackView.arranged()) {
-            if (tab->title().toStdString() == title)
-                return tab->click();
-        }
-        FAIL() << "there is no tab " << title;
+    /// The button of the title in a row; null if there is none.
+    [[nodiscard]] static MyButton* titled(const std::string& title, const QList<MyButton*>& row) {
+        const auto found = std::ranges::find(row, QString::fromStdString(title), &MyButton::title);
+        return found == row.end() ? nullptr : *found;
     }
 
-    /// The title of the tab that is lit; empty: none.
-    [[nodiscard]] std::string lit() const {
-        for (const MyButton* const tab : menu.stackView.arranged()) {
-            if (tab->isMySelected())
-                return tab->title().toStdString();
-        }
-        return {};
+    void press(const std::string& title) {
+        MyButton* const tab = titled(title, menu.stackView.arranged());
+        ASSERT_NE(tab, nullptr) << title;
+        tab->click();
     }
+
+    /// The title of the first button of the row that is lit; empty if none is.
+    [[nodiscard]] static std::string litIn(const QList<MyButton*>& row) {
+        const auto found = std::ranges::find_if(row, &MyButton::isMySelected);
+        return found == row.end() ? std::string() : (*found)->title().toStdString();
+    }
+
+    [[nodiscard]] std::string lit() const { return litIn(menu.stackView.arranged()); }
 
     template <class Kind> Kind& strip() { return *qobject_cast<Kind*>(menu.stripObject()); }
 
     void choose(const std::string& title) {
-        for (const auto& button : strip<ButtonStrip>().buttons()) {
-            if (button->title().toStdString() == title)
-                return button->click();
-        }
-        FAIL() << "the strip has no " << title;
+        MyButton* const button = titled(title, strip<ButtonStrip>().buttonObjects());
+        ASSERT_NE(button, nullptr) << title;
+        button->click();
     }
 
-    [[nodiscard]] std::string chosen() {
-        const auto& row = strip<ButtonStrip>();
-        return row.currentIndex() < 0 ? std::string()
-                                      : row.buttons()
-                                            .at(static_cast<std::size_t>(row.currentIndex()))
-                                            ->title()
-                                            .toStdString();
-    }
+    [[nodiscard]] std::string chosen() { return litIn(strip<ButtonStrip>().buttonObjects()); }
 
     Alerts alerts;
     Services services{model, world.runLoop, world.defaults, alerts};
@@ -112,7 +106,7 @@ TEST_F(LayouterMenuTest, OutlinesStayWhenAnotherPanelHasThem) {
     };
     auto next = std::make_unique<LayouterMenu>(services);
     auto last = std::make_unique<LayouterMenu>(services);
-    next.reset(); // a panel goes some time after the one that follows has come
+    next.reset(); // an old panel is deleted after the new one is shown
     EXPECT_TRUE(isOutlined());
     last.reset();
     EXPECT_FALSE(isOutlined());
@@ -130,7 +124,7 @@ TEST_F(LayouterMenuTest, DrawsTheFrameUnderThePointerInFull) {
     // The picture's frame is the largest: the others lie inside of it.
     const node::NodePtr picture = nodes.imageNode;
     for (const glm::vec2 size : {glm::vec2(1280, 720), glm::vec2(500, 700)}) {
-        // A point that lies that far from the corner of the frame, outwards.
+        // A point at this distance outside the corner of the frame.
         const auto beyondCorner = [&](float units) {
             const glm::vec2 half(picture->bgPlane->width() / 2, picture->bgPlane->height() / 2);
             const auto camera = render::makeCameraView(
@@ -145,13 +139,13 @@ TEST_F(LayouterMenuTest, DrawsTheFrameUnderThePointerInFull) {
         EXPECT_EQ(inFull(), Nodes{});
         menu.handleHover(Hover{size / 2.0f, size});
         EXPECT_EQ(inFull().size(), 1);
-        EXPECT_NE(inFull(), Nodes{picture}) << "the smallest of those that lie there";
+        EXPECT_NE(inFull(), Nodes{picture}) << "the smallest frame at this point";
         menu.handleHover(std::nullopt);
         EXPECT_EQ(inFull(), Nodes{});
     }
     press("Image");
     menu.handleHover(std::nullopt);
-    EXPECT_EQ(inFull(), Nodes{picture}) << "in hand";
+    EXPECT_EQ(inFull(), Nodes{picture}) << "the selected node";
 }
 
 TEST_F(LayouterMenuTest, TheBackgroundStaysWhenNothingIsInHand) {
@@ -171,9 +165,12 @@ TEST_F(LayouterMenuTest, StripsShowWhatIsAndSetWhatIsChosen) {
     press("Frontcolor");
     EXPECT_EQ(strip<SimpleColorPicker>().currentIndex(), static_cast<int>(kWhiteIndex));
     strip<SimpleColorPicker>().buttonAction(7);
+    nodes.textNode2->setBandColor(kPalette[9]);
     press("Sidecolor");
+    EXPECT_EQ(strip<SimpleColorPicker>().currentIndex(), 9);
     strip<SimpleColorPicker>().buttonAction(8);
-    strip<SimpleColorPicker>().buttonAction(40); // there is none
+    strip<SimpleColorPicker>().select(static_cast<int>(kPalette.size()), Strip::Motion::atOnce);
+    EXPECT_EQ(strip<SimpleColorPicker>().currentIndex(), -1) << "there is none";
     EXPECT_EQ(nodes.textNode2->frontColor(), kPalette[7]);
     EXPECT_EQ(nodes.textNode2->bandColor(), kPalette[8]);
 
@@ -218,6 +215,10 @@ TEST_F(LayouterMenuTest, ImagePanelMirrorsTurnsAndShows) {
     panel.flipH.click();
     EXPECT_TRUE(nodes.imageNode->vFlipped);
     EXPECT_FALSE(nodes.imageNode->hFlipped);
+    panel.rotate.click();
+    EXPECT_TRUE(nodes.imageNode->orientationRotationNode->hasActions());
+    const ImagePanel later(nodes.imageNode);
+    EXPECT_TRUE(later.flipV.isMySelected() && !later.flipH.isMySelected());
 }
 
 TEST_F(LayouterMenuTest, TheSliderMovesWhatIsChosenAndSaysSo) {
@@ -227,11 +228,15 @@ TEST_F(LayouterMenuTest, TheSliderMovesWhatIsChosenAndSaysSo) {
     press("Object");
     press("Transform");
     auto& panel = strip<TransformPanel>();
+    nodes.mediaNode->isVisible = false;
     panel.slider().moveTo(-120.4);
+    EXPECT_TRUE(nodes.mediaNode->isVisible) << "what is moved is shown";
+    EXPECT_EQ(panel.slider().defaultValue, nodes.mediaNode->initialPosition.z);
     EXPECT_FLOAT_EQ(nodes.mediaNode->layoutPosition().z, -120.4f);
     for (const int tag : {1, 2, 3}) {
         panel.setUpSlider(tag);
         EXPECT_DOUBLE_EQ(panel.slider().value(), 0);
+        EXPECT_EQ(panel.slider().defaultValue, 0);
         panel.slider().moveTo(-90.0 + tag);
         panel.setUpSlider(tag);
         EXPECT_NEAR(panel.slider().value(), -90.0 + tag, 1e-3) << tag;
@@ -246,7 +251,7 @@ TEST_F(LayouterMenuTest, WritesOnTheTextInHandAlone) {
     press("Write");
     EXPECT_TRUE(menu.isWriting());
     EXPECT_EQ(menu.writtenText(), "TITLE");
-    EXPECT_EQ(lit(), "Material") << "writing is no tab of its own";
+    EXPECT_EQ(lit(), "Material") << "Write does not become the current tab";
     menu.textFieldDidChange(QString::fromUtf8("Grüße"));
     EXPECT_EQ(nodes.textNode1->text(), "Grüße");
     menu.setCurrentNodeFromButton(3);
