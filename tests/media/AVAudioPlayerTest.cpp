@@ -191,6 +191,30 @@ TEST_F(AVAudioPlayerTest, AHoleOfGigabytesInASongTakesNoMemory) {
 #endif
 }
 
+TEST_F(AVAudioPlayerTest, BehindAHoleASongKeepsItsTimeFromWhereverItIsPlayed) {
+    const auto wave = [](double t) { return sine(440.0, t < 3.0 ? 0.25 : 0.5)(t); };
+    if (!encodeSound(file("song.m4a"), "aac", 4.0, wave))
+        GTEST_SKIP() << "no AAC encoder";
+    Bytes bytes = readBytes(file("song.m4a"));
+    const auto at = [&](double share) {
+        return bytes.begin() + static_cast<std::ptrdiff_t>(share * double(bytes.size()));
+    };
+    std::fill(at(0.4), at(0.6), std::uint8_t{0xD5});
+    writeBytes(file("song.m4a"), bytes);
+    auto reader = AudioReader::open(file("song.m4a"));
+    ASSERT_TRUE(reader) << reader.error().message;
+    for (int step = 10; step < 28; ++step) { // before the hole, in it, and behind it
+        const double start = 0.1 * step;
+        reader->seek(start);
+        std::vector<float> samples(std::size_t{4} * 48000 * 2);
+        samples.resize(reader->read(samples) * 2);
+        const auto loud =
+            std::ranges::find_if(samples, [](float value) { return std::abs(value) > 0.4F; });
+        const auto frames = static_cast<double>(loud - samples.begin()) / 2;
+        EXPECT_NEAR(start + frames / 48000, 3.0, 0.05) << "from " << start;
+    }
+}
+
 TEST_F(AVAudioPlayerTest, DamagedMusicPlaysAsFarAsItGoes) {
     writeWav(file("whole.wav"), 44100, 2.0, sine(440.0, 0.5));
     Bytes half = readBytes(file("whole.wav"));

@@ -284,8 +284,12 @@ void AudioReader::bridgeGap(const AVFrame& next) {
     if (gap < jitterIn(*format))
         return;
     hasGaps_ = hasGaps_ || toSkip == 0;
-    const auto frames = static_cast<std::size_t>(std::min(gap, kMaxGap));
-    append(std::vector<float>(frames * kChannels, 0.0F));
+    // Not from a buffer, because a damaged file can tell of a minute at each packet.
+    const std::int64_t silent = std::min(gap, kMaxGap);
+    const std::int64_t dropped = std::min(toSkip, silent);
+    nextPlace += silent;
+    toSkip -= dropped;
+    pending.insert(pending.end(), static_cast<std::size_t>((silent - dropped) * kChannels), 0.0F);
 }
 
 /// Takes whole frames, but not those before the target.
