@@ -46,6 +46,23 @@ TEST(UserDefaults, ADamagedFileCountsAsEmptyAndIsReplacedByTheNextChange) {
     }
 }
 
+TEST(UserDefaults, TwoWindowsKeepWhatTheOtherHasChanged) {
+    const test::TemporaryFolder folder;
+    const auto file = folder.path() / "defaults.json";
+    UserDefaults one(file);
+    one.set("old", true);
+    UserDefaults other(file);
+    one.set("sort", std::string("PlayTime"));
+    one.remove("old");
+    other.set("size", 2.0);
+    one.remove("nothing");
+    for (const UserDefaults& defaults : {one, other, UserDefaults(file)}) {
+        EXPECT_EQ(defaults.string("sort"), "PlayTime");
+        EXPECT_EQ(defaults.number("size"), 2.0);
+        EXPECT_FALSE(defaults.boolean("old"));
+    }
+}
+
 TEST(UserDefaults, AFolderThatCannotBeWrittenKeepsTheValuesInMemory) {
     UserDefaults defaults("/proc/no/such/place/defaults.json");
     defaults.set("a", 1.0);

@@ -53,18 +53,36 @@ struct ToJSON {
     }
 };
 
-} // namespace
+using Values = std::map<std::string, UserDefaults::Value>;
 
-UserDefaults::UserDefaults(std::filesystem::path path)
-    : file(std::move(path)) {
+/// Nothing if the file is missing or damaged.
+std::optional<Values> readValues(const std::filesystem::path& file) {
     QFile in(QString::fromStdString(file.string()));
-    if (!in.open(QIODevice::ReadOnly) || in.size() > kMaxBytes)
-        return;
-    const QJsonObject object = QJsonDocument::fromJson(in.readAll()).object();
+    if (file.empty() || !in.open(QIODevice::ReadOnly) || in.size() > kMaxBytes)
+        return {};
+    const auto document = QJsonDocument::fromJson(in.readAll());
+    if (!document.isObject())
+        return {};
+    Values values;
+    const QJsonObject object = document.object();
     for (auto entry = object.begin(); entry != object.end(); ++entry) {
         if (auto value = fromJSON(entry.value()))
             values[entry.key().toStdString()] = *value;
     }
+    return values;
+}
+
+/// Another window may have changed other values since; they must not be written back as they were.
+void takeChangesOfOthers(Values& values, const std::filesystem::path& file) {
+    if (auto current = readValues(file))
+        values = *std::move(current);
+}
+
+} // namespace
+
+UserDefaults::UserDefaults(std::filesystem::path path)
+    : file(std::move(path)) {
+    takeChangesOfOthers(values, file);
 }
 
 // One reader for all types; a value of another type counts as missing.
@@ -95,11 +113,15 @@ std::optional<double> UserDefaults::number(const std::string& key) const {
 }
 
 void UserDefaults::set(const std::string& key, Value value) {
+    if (!hasReportedUnwritable) // else the file is older than what is in memory
+        takeChangesOfOthers(values, file);
     values[key] = std::move(value);
     save();
 }
 
 void UserDefaults::remove(const std::string& key) {
+    if (!hasReportedUnwritable)
+        takeChangesOfOthers(values, file);
     if (values.erase(key) > 0)
         save();
 }
