@@ -61,16 +61,14 @@ TEST(Surface, DynamicNeverGoesDead) {
     };
 
     const Color floor = Color::white(0.1f);
-    // clang-format off
-    const auto rows = std::to_array<Row>({
-        {"black",                                Color::white(0),          floor                   },
-        {"a blue that reads dark loses its hue", {0, 0, 0.5f, 1},          floor                   },
-        {"just below",                           Color::white(0.099f),     floor                   },
-        {"exactly the floor, half transparent",  {0.1f, 0.1f, 0.1f, 0.5f}, {0.1f, 0.1f, 0.1f, 0.5f}},
-        {"a saturated red",                      {1, 0, 0, 1},             {1, 0, 0, 1}            },
-    });
-    // clang-format on
-    for (const Row& row : rows) {
+    for (const Row& row :
+         {Row{"black", Color::white(0), floor},
+          {"a blue that reads dark loses its hue", {0, 0, 0.5f, 1}, floor},
+          {"just below", Color::white(0.099f), floor},
+          {"exactly the floor, half transparent",
+           {0.1f, 0.1f, 0.1f, 0.5f},
+           {0.1f, 0.1f, 0.1f, 0.5f}},
+          {"a saturated red", {1, 0, 0, 1}, {1, 0, 0, 1}}}) {
         SMAT_Dynamic surface;
         surface.setColor(row.given);
         EXPECT_EQ(colorIn(surface.emission), row.glows) << row.what;

@@ -52,14 +52,10 @@ TEST_F(NodeTest, FramesItsContent) {
         double height;
     };
 
-    // clang-format off
-    const auto rows = std::to_array<Row>({
-        {"small",                     {10, 20, 0},       {0, 0, 0},  100, 100  },
-        {"just below the least size", {91.5f, 92.5f, 0}, {0, 0, 0},  100, 100.5},
-        {"wide, off the middle",      {300, 40, 0},      {25, 0, 0}, 308, 100  },
-    });
-    // clang-format on
-    for (const Row& row : rows) {
+    for (const Row& row :
+         {Row{"small", {10, 20, 0}, {0, 0, 0}, 100, 100},
+          {"just below the least size", {91.5f, 92.5f, 0}, {0, 0, 0}, 100, 100.5},
+          {"wide, off the middle", {300, 40, 0}, {25, 0, 0}, 308, 100}}) {
         node = Node::make({0, 0, 0}, 1, world.surroundings());
         fill(row.size.x, row.size.y, row.middle);
         node->contentNode->position = glm::vec3(1, 2, 3);
@@ -82,14 +78,10 @@ TEST_F(NodeTest, KeepsItsFrameEquallyThickUnderAScale) {
         double thickY;
     };
 
-    // clang-format off
-    const auto rows = std::to_array<Row>({
-        {DeviceIdiom::tablet, {1, 1, 1},     1.5, 1.5},
-        {DeviceIdiom::phone,  {1, 1, 1},     2.6, 2.6},
-        {DeviceIdiom::tablet, {-0.5f, 3, 1}, 3,   0.5},
-    });
-    // clang-format on
-    for (const Row& row : rows) {
+    for (const Row& row :
+         {Row{DeviceIdiom::tablet, {1, 1, 1}, 1.5, 1.5},
+          {DeviceIdiom::phone, {1, 1, 1}, 2.6, 2.6},
+          {DeviceIdiom::tablet, {-0.5f, 3, 1}, 3, 0.5}}) {
         Surroundings surroundings = world.surroundings();
         surroundings.idiom = row.idiom;
         node = Node::make({0, 0, 0}, 1, surroundings);
@@ -154,14 +146,12 @@ TEST_F(NodeTest, ShowsItsNameBesideItsFrameOrInATallOne) {
         float low, high; ///< limits of the name, from the frame's middle
     };
 
-    double filled = 0;
     for (const Row& row :
          {Row{100, NamePlace::above, 50, 80},
           {100, NamePlace::below, -80, -50},
           {300, NamePlace::above, 120, 150},
           {300, NamePlace::below, 120, 150}}) {
-        if (filled != row.height)
-            fill(300, (filled = row.height) - 8);
+        fill(300, row.height - 8);
         node->nameOutline("Name", row.place);
         node->showOutline(Outline::pointed);
         EXPECT_FALSE(label->isHidden);
@@ -199,10 +189,7 @@ TEST_F(NodeTest, SaysItsSizeInWholePercent) {
     ui::signals().messageSignal.subscribe(
         listener, [&said](const std::string& message) { said = message; });
 
-    struct Row {
-        float scale;
-        const char* message;
-    };
+    using Row = std::pair<float, const char*>;
 
     // clang-format off
     const auto rows = std::to_array<Row>({
@@ -211,11 +198,11 @@ TEST_F(NodeTest, SaysItsSizeInWholePercent) {
         {2.5f,   "Size 250 %"},
     });
     // clang-format on
-    for (const Row& row : rows) {
-        node->scale2D = row.scale;
+    for (const auto& [scale, message] : rows) {
+        node->scale2D = scale;
         node->applyScale();
-        EXPECT_EQ(said, row.message);
-        EXPECT_EQ(node->positionNode->scale.value(), glm::vec3(row.scale));
+        EXPECT_EQ(said, message);
+        EXPECT_EQ(node->positionNode->scale.value(), glm::vec3(scale));
     }
 }
 
