@@ -3,6 +3,7 @@
 
 #include "platform/text/FontFace.h"
 #include "platform/text/LineLayout.h"
+#include "support/TemporaryFolder.h"
 #include "text/TestFonts.h"
 
 #include <cmath>
@@ -24,9 +25,7 @@ TEST(FontRegistry, FindsByPostScriptNameThenFullNameThenFamilyThenAlias) {
     ASSERT_TRUE(registry.registerFile(fontFile("InterTight-Light"), {"HelveticaNeue-Light"}));
     ASSERT_TRUE(registry.registerFile(fontFile("TypoPRO-SinkinSans-700Bold")));
 
-    struct Row {
-        const char *asked, *found;
-    };
+    using Row = std::pair<const char*, const char*>;
 
     // clang-format off
     const Row rows[] = {
@@ -39,30 +38,30 @@ TEST(FontRegistry, FindsByPostScriptNameThenFullNameThenFamilyThenAlias) {
         {"Squares",             "Geo-Regular"     },
     };
     // clang-format on
-    for (const Row& row : rows) {
-        const FontPtr font = registry.find(row.asked);
-        ASSERT_NE(font, nullptr) << row.asked;
-        EXPECT_EQ(font->postScriptName(), row.found) << row.asked;
+    for (const auto& [asked, found] : rows) {
+        const FontPtr font = registry.find(asked);
+        ASSERT_NE(font, nullptr) << asked;
+        EXPECT_EQ(font->postScriptName(), found) << asked;
     }
     for (const char* unknown : {"", "geo-regular", "Geo-Bold", "Inter Tight Bold"}) {
         EXPECT_EQ(registry.find(unknown), nullptr) << unknown;
     }
+    ASSERT_TRUE(registry.registerFile(fontFile("InterTight-Light"), {"Another"}));
+    EXPECT_EQ(registry.find("HelveticaNeue-Light"), nullptr) << "the file is registered anew";
     registry.unregisterFile(fontFile("Geo-Regular"));
     EXPECT_EQ(registry.find("Squares"), nullptr);
     EXPECT_NE(registry.find("Geo-Oblique"), nullptr);
 }
 
 TEST(FontRegistry, SaysWhatIsWrongWithAFile) {
-    const std::filesystem::path folder = testing::TempDir();
+    const test::TemporaryFolder temporary;
+    const std::filesystem::path& folder = temporary.path();
     std::ofstream(folder / "empty.ttf").flush();
     std::ofstream(folder / "text.ttf") << "this is no font, whatever its name says";
     std::ofstream(folder / "huge.ttf").flush();
     std::filesystem::resize_file(folder / "huge.ttf", kMaxFontFile + 1);
 
-    struct Row {
-        std::filesystem::path file;
-        Cause cause;
-    };
+    using Row = std::pair<std::filesystem::path, Cause>;
 
     // clang-format off
     const Row rows[] = {
@@ -74,24 +73,22 @@ TEST(FontRegistry, SaysWhatIsWrongWithAFile) {
     };
     // clang-format on
     FontRegistry registry;
-    for (const Row& row : rows) {
-        const auto registered = registry.registerFile(row.file);
-        ASSERT_FALSE(registered.has_value()) << row.file;
-        EXPECT_EQ(registered.error().cause, row.cause) << registered.error().message;
-        EXPECT_FALSE(fullNameOfFile(row.file).has_value()) << row.file;
+    for (const auto& [file, cause] : rows) {
+        const auto registered = registry.registerFile(file);
+        ASSERT_FALSE(registered.has_value()) << file;
+        EXPECT_EQ(registered.error().cause, cause) << registered.error().message;
+        EXPECT_FALSE(fullNameOfFile(file).has_value()) << file;
     }
-    std::filesystem::remove(folder / "huge.ttf");
     EXPECT_EQ(fullNameOfFile(fontFile("Abel-Regular")).value(), "Abel Regular");
 }
 
-// Whatever survives reading must also survive use.
+// A face that could be read must also be safe to use.
 void useFaces(std::string bytes) {
     const auto faces = readFaces(std::move(bytes));
     if (!faces)
         return;
     for (const auto& face : *faces) {
-        TextAttributes attributes;
-        attributes.font = face;
+        const TextAttributes attributes{.font = face};
         const geometry::BezierPath outline = outlineOf("Ag&", attributes);
         for (const auto& element : outline.elements()) {
             EXPECT_FALSE(std::isnan(element.point.x));

@@ -3,6 +3,8 @@
 
 #include "text/TestFonts.h"
 
+#include <glm/common.hpp>
+
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -27,32 +29,32 @@ double widthOf(const std::string& string, const TextAttributes& attributes) {
     return width;
 }
 
-float lowestOf(const geometry::BezierPath& path) {
-    float lowest = 0;
-    for (const auto& element : path.elements()) {
-        lowest = std::min(lowest, element.point.y);
+struct Bounds {
+    glm::vec2 min{1e9f};
+    glm::vec2 max{-1e9f};
+};
+
+Bounds boundsOf(const std::string& string, const TextAttributes& attributes) {
+    const geometry::BezierPath outline = outlineOf(string, attributes);
+    Bounds bounds;
+    for (const auto& element : outline.elements()) {
+        bounds.min = glm::min(bounds.min, element.point);
+        bounds.max = glm::max(bounds.max, element.point);
     }
-    return lowest;
+    return bounds;
 }
 
 TEST(LineLayout, SplitsAStringIntoWhatPeopleCallCharacters) {
-    struct Row {
-        const char* string;
-        std::vector<std::string> characters;
-    };
+    using Row = std::pair<const char*, std::vector<std::string>>;
 
-    // clang-format off
-    const Row rows[] = {
-        {"",                      {}                           },
-        {"a b",                   {"a", " ", "b"}              },
-        {"e\u0301x",              {"e\u0301", "x"}             },
-        {"\u05E9\u05C1\u05DC",    {"\u05E9\u05C1", "\u05DC"}   },
-        {"\U0001F1E9\U0001F1EA!", {"\U0001F1E9\U0001F1EA", "!"}},
-        {"a\xFFz",                {"a", "\uFFFD", "z"}         },
-    };
-    // clang-format on
-    for (const Row& row : rows) {
-        EXPECT_EQ(charactersOf(row.string), row.characters) << row.string;
+    for (const auto& [string, characters] :
+         {Row{"", {}},
+          {"a b", {"a", " ", "b"}},
+          {"e\u0301x", {"e\u0301", "x"}},
+          {"\u05E9\u05C1\u05DC", {"\u05E9\u05C1", "\u05DC"}},
+          {"\U0001F1E9\U0001F1EA!", {"\U0001F1E9\U0001F1EA", "!"}},
+          {"a\xFFz", {"a", "\uFFFD", "z"}}}) {
+        EXPECT_EQ(charactersOf(string), characters) << string;
     }
 }
 
@@ -80,6 +82,18 @@ TEST(LineLayout, KernsPairsAndAddsKernBehindEachCharacter) {
     EXPECT_NEAR(widthOf("AV", attributes), plain - 2, 1e-6);
     EXPECT_NEAR(widthOf("e\u0301", attributes), widthOf("\u00E9", attributes), 1e-6)
         << "one kern for a letter with its mark";
+}
+
+TEST(LineLayout, AMarkStandsOverItsLetterHoweverTallThatIs) {
+    for (const char* font : {"NunitoSans-Medium", "Gelasio-Regular"}) {
+        const TextAttributes attributes = attributesOf(font);
+        for (const std::string letter : {"x", "Q"}) { // no font has one glyph for these with a mark
+            const Bounds alone = boundsOf(letter, attributes);
+            const Bounds marked = boundsOf(letter + "\u0301", attributes);
+            EXPECT_GT(marked.max.y, alone.max.y + 15) << font << " " << letter;
+            EXPECT_EQ(marked.max.x, alone.max.x) << font << " " << letter;
+        }
+    }
 }
 
 TEST(LineLayout, RightToLeftTextRunsLeftwardsAndTheLineEndsBehindIt) {
@@ -140,8 +154,8 @@ TEST(LineLayout, ShowsThatALetterIsMissingInEveryFont) {
 
 TEST(LineLayout, DigitsLineUpWhereOldStyleOnesWereNotAskedFor) {
     const TextAttributes lining = attributesOf("Baskervville-SemiBold");
-    EXPECT_GT(lowestOf(outlineOf("3457", lining)), -4);
-    EXPECT_LT(lowestOf(outlineOf("g", lining)), -10);
+    EXPECT_GT(boundsOf("3457", lining).min.y, -4);
+    EXPECT_LT(boundsOf("g", lining).min.y, -10);
 }
 
 TEST(LineLayout, MeasuresEveryBuiltInFontWithAnUnderscore) {
