@@ -239,6 +239,33 @@
     </message>
 </context>
 <context>
+    <name>zelvo::ui::FormPanel</name>
+    <message>
+        <source>Depth</source>
+        <translation>Tiefe</translation>
+    </message>
+    <message>
+        <source>Bevel</source>
+        <translation>Fase</translation>
+    </message>
+    <message>
+        <source>Curve</source>
+        <translation>Rund</translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation>Gerade</translation>
+    </message>
+    <message>
+        <source>Fill w. Sidecol.</source>
+        <translation>Füllung: Seite</translation>
+    </message>
+    <message>
+        <source>Fill w. Frontcol.</source>
+        <translation>Füllung: Front</translation>
+    </message>
+</context>
+<context>
     <name>zelvo::ui::ImagePanel</name>
     <message>
         <source>Flip</source>
@@ -345,6 +372,10 @@
     <message>
         <source>Sidecolor</source>
         <translation>Seiten</translation>
+    </message>
+    <message>
+        <source>Form</source>
+        <translation>Form</translation>
     </message>
     <message>
         <source>Transform</source>

@@ -83,7 +83,9 @@ void MySlider::write(const QString& typed) {
 }
 
 QString MySlider::number() const {
-    return QString::number(std::lround(value_)); // never "-0"
+    const double scale = std::pow(10, decimals);
+    const double rounded = std::round(value_ * scale) / scale + 0.0; // never "-0"
+    return QString::number(rounded, 'f', decimals);
 }
 
 void MySlider::sliderTapped() {

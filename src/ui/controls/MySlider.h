@@ -10,7 +10,7 @@
 
 namespace zelvo::ui {
 
-/// A slider that returns to its default on a double tap. Its number is shown without decimals.
+/// A slider that returns to its default on a double tap.
 class MySlider final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -38,6 +38,7 @@ public:
         QString spokenName, Range allowed, QString numbersUnit = {}, QObject* parent = nullptr);
 
     std::optional<double> defaultValue;
+    int decimals = 0; ///< of the shown number
     /// Called for changes by the user, not by setValue; may be empty.
     std::function<void(double)> valueChanged;
 

@@ -4,6 +4,7 @@
 #include "model/Model.h"
 #include "platform/foundation/RunLoop.h"
 #include "shared/Palette.h"
+#include "ui/layouter/FormPanel.h"
 #include "ui/layouter/ImagePanel.h"
 #include "ui/layouter/LayouterMenu.h"
 #include "ui/layouter/Strips.h"
@@ -79,6 +80,7 @@ std::vector<LayouterMenu::TabRow> LayouterMenu::tabsNow() {
             optionTab(QT_TR_NOOP("Material"), material),
             optionTab(QT_TR_NOOP("Frontcolor"), frontColor),
             optionTab(QT_TR_NOOP("Sidecolor"), bandColor),
+            optionTab(QT_TR_NOOP("Form"), form),
             optionTab(QT_TR_NOOP("Transform"), transform)};
     }
     if (std::dynamic_pointer_cast<content::MediaNode>(currentNode_)) {
@@ -122,6 +124,7 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeStrip() {
         stripView_ = QString::fromLatin1(view);
         return made;
     };
+    const auto textNode = std::dynamic_pointer_cast<content::TextNode>(currentNode_);
     const auto imageNode = std::dynamic_pointer_cast<content::ImageNode>(currentNode_);
     switch (currentOption_) {
     case material:
@@ -136,6 +139,8 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeStrip() {
     case bandColor:
     case backgroundColor:
         return shown("ColorStrip", makeColorStrip());
+    case form:
+        return shown("FormPanel", textNode ? LaterPtr<QObject>(new FormPanel(textNode)) : nullptr);
     case image:
         return shown(
             "ImagePanel", imageNode ? LaterPtr<QObject>(new ImagePanel(imageNode)) : nullptr);

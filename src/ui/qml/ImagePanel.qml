@@ -18,37 +18,10 @@ Item {
 
         Repeater {
             model: root.controller.buttons
-            delegate: MyButton {
-                id: button
-
+            delegate: PictureButton {
                 required property Controls.MyButton modelData
 
                 controller: modelData
-                height: 36
-                implicitWidth: Math.max(110, face.implicitWidth + 24)
-
-                contentItem: Item {
-                    Row {
-                        id: face
-
-                        anchors.centerIn: parent
-                        spacing: 7
-
-                        Icon {
-                            width: 20
-                            height: 20
-                            anchors.verticalCenter: parent.verticalCenter
-                            name: button.controller.image
-                        }
-                        Text {
-                            anchors.verticalCenter: parent.verticalCenter
-                            text: button.controller.title
-                            color: button.controller.textColor
-                            font.pixelSize: Theme.px(13)
-                            font.weight: Font.DemiBold
-                        }
-                    }
-                }
             }
         }
     }

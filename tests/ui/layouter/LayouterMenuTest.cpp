@@ -5,6 +5,7 @@
 #include "platform/render/CameraView.h"
 #include "shared/Palette.h"
 #include "ui/controls/Alerts.h"
+#include "ui/layouter/FormPanel.h"
 #include "ui/layouter/ImagePanel.h"
 #include "ui/layouter/Strips.h"
 #include "ui/layouter/TransformPanel.h"
@@ -198,6 +199,34 @@ TEST_F(LayouterMenuTest, ScenesChangeWhenTheStripHasScrolled) {
     press("Color");
     strip<SimpleColorPicker>().buttonAction(13);
     EXPECT_EQ(model.currentBackgroundColor(), kPalette[13]);
+}
+
+TEST_F(LayouterMenuTest, FormPanelBuildsWhatItShows) {
+    const content::TextNode& text = *nodes.textNode1;
+    nodes.textNode1->setBevelProfile(look::BevelProfile::linear);
+    nodes.textNode1->setBevelInnerOuter(look::BevelInnerOuter::outer);
+    press("Text 1");
+    press("Form");
+    auto& panel = strip<FormPanel>();
+    EXPECT_EQ(panel.depthSlider.value(), text.extrusionDepth());
+    EXPECT_EQ(panel.profileToggle.title(), "Linear");
+    EXPECT_EQ(panel.fillToggle.title(), "Fill w. Sidecol.");
+    const auto depthOf = [&] { return text.letters().front()->boundingBox(); };
+    const float before = depthOf().max.z - depthOf().min.z;
+    panel.depthSlider.moveTo(150);
+    EXPECT_GT(depthOf().max.z - depthOf().min.z, before + 50);
+    panel.bevelSlider.moveTo(3.25);
+    EXPECT_FLOAT_EQ(static_cast<float>(text.bevelRadius()), 3.25f);
+    EXPECT_EQ(panel.bevelSlider.text(), "3.3");
+    panel.profileToggle.click();
+    EXPECT_EQ(text.bevelProfile(), look::BevelProfile::rounded);
+    EXPECT_EQ(panel.profileToggle.title(), "Curve");
+    EXPECT_EQ(panel.profileToggle.image(), "BevelCurveCurve");
+    panel.fillToggle.click();
+    EXPECT_EQ(text.bevelInnerOuter(), look::BevelInnerOuter::inner);
+    EXPECT_EQ(panel.fillToggle.title(), "Fill w. Frontcol.");
+    panel.bevelSlider.sliderTapped();
+    EXPECT_FLOAT_EQ(static_cast<float>(text.bevelRadius()), 1.8f);
 }
 
 TEST_F(LayouterMenuTest, ImagePanelMirrorsTurnsAndShows) {

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Layouts
+import Zelvo
+import Zelvo.Controls as Controls
+import Zelvo.Layouter as Layouter
+
+// A FormPanel: two sliders with their names, and two toggles that draw what they do.
+RowLayout {
+    id: root
+
+    required property Layouter.FormPanel controller
+
+    spacing: 9
+
+    Title { text: root.controller.depthSlider.name }
+    MySlider {
+        Layout.fillWidth: true
+        controller: root.controller.depthSlider
+    }
+    Title { text: root.controller.bevelSlider.name }
+    MySlider {
+        Layout.fillWidth: true
+        controller: root.controller.bevelSlider
+    }
+    PictureButton { controller: root.controller.profileToggle }
+    PictureButton {
+        // as wide for both words, so that nothing moves under the pointer
+        minimumWidth: Theme.px(165)
+        controller: root.controller.fillToggle
+    }
+
+    component Title: Text {
+        color: Theme.text
+        font.pixelSize: Theme.px(13)
+        font.weight: Font.DemiBold
+    }
+}

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Zelvo
+
+// A MyButton with its picture and its word side by side.
+MyButton {
+    id: root
+
+    property real minimumWidth: 110
+
+    height: 36
+    implicitWidth: Math.max(minimumWidth, face.implicitWidth + 24)
+
+    contentItem: Item {
+        Row {
+            id: face
+
+            anchors.centerIn: parent
+            spacing: 7
+
+            Icon {
+                width: 20
+                height: 20
+                anchors.verticalCenter: parent.verticalCenter
+                name: root.controller.image
+            }
+            Text {
+                anchors.verticalCenter: parent.verticalCenter
+                text: root.controller.title
+                color: root.controller.textColor
+                font.pixelSize: Theme.px(13)
+                font.weight: Font.DemiBold
+            }
+        }
+    }
+}
