@@ -378,6 +378,10 @@
         <translation>Form</translation>
     </message>
     <message>
+        <source>Font</source>
+        <translation>Schrift</translation>
+    </message>
+    <message>
         <source>Transform</source>
         <translation>Lage</translation>
     </message>

@@ -47,9 +47,9 @@ private:
 ///     object.finish();    // unknown key "dept" in node TX1; did you mean "depth"?
 class JsonObject {
 public:
-    /// `place` names the object in messages ("cue", "nodes[2]"). It is a problem if the value is
+    /// `where` names the object in messages ("cue", "nodes[2]"). It is a problem if the value is
     /// not an object.
-    JsonObject(const JsonValue& value, std::string place, Problems& found);
+    JsonObject(const JsonValue& value, std::string where, Problems& found);
 
     /// The value itself, for lists and objects; null if missing.
     [[nodiscard]] const JsonValue* find(std::string_view key);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/geometry/ChamferMesh.h"
 
+#include "platform/geometry/Cross.h"
+
 #include <glm/common.hpp>
 #include <glm/geometric.hpp>
 
@@ -19,10 +21,6 @@ constexpr double kMaxWedge = std::numbers::pi / 8;
 constexpr double kClearOfFace = 1.1;    // widths; the chords of two wedges stay below this
 constexpr float kSameNormal = 0.99999f; // cosine
 constexpr float kSameTexture = 1e-4f;
-
-double cross(glm::dvec2 a, glm::dvec2 b) {
-    return a.x * b.y - a.y * b.x;
-}
 
 double leanOf(const OutlineCorner& corner) {
     return corner.turn > 0 ? std::tan(corner.turn / 2) : 0;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/geometry/MedialMapBuilder.h"
 
+#include "platform/geometry/Cross.h"
+
 #include <glm/geometric.hpp>
 
 #include <algorithm>
@@ -20,10 +22,6 @@ constexpr double kChordError = 0.05;
 constexpr double kMaxFanAngle = std::numbers::pi / 10;
 constexpr int kMaxPieces = 24;
 constexpr std::uint32_t kNone = UINT32_MAX;
-
-double cross(glm::dvec2 a, glm::dvec2 b) {
-    return a.x * b.y - a.y * b.x;
-}
 
 double angleBetween(glm::dvec2 a, glm::dvec2 b) {
     return std::abs(std::atan2(cross(a, b), glm::dot(a, b)));

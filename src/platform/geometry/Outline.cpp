@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/geometry/Outline.h"
 
+#include "platform/geometry/Cross.h"
 #include "platform/geometry/Flatten.h"
 #include "platform/geometry/OutlineRepair.h"
 
@@ -20,10 +21,6 @@ namespace {
 constexpr double kSmoothTurn = std::numbers::pi / 6;
 constexpr double kSpeckArea = 0.02; // square units; smaller loops are dropped
 constexpr int kMaxUnions = 3;
-
-double cross(glm::dvec2 a, glm::dvec2 b) {
-    return a.x * b.y - a.y * b.x;
-}
 
 double turnFrom(glm::dvec2 in, glm::dvec2 out) {
     return std::atan2(cross(in, out), glm::dot(in, out));

@@ -12,7 +12,6 @@ namespace zelvo::media {
 namespace {
 
 /// Longer files are damaged or not meant for a short movie.
-constexpr std::int64_t kMaxSeconds = 24LL * 60 * 60;
 
 CMTime durationOf(const AVFormatContext& format, const AVStream& stream, std::int32_t timescale) {
     AVRational unit = stream.time_base;

@@ -18,7 +18,6 @@ using foundation::Cause;
 using foundation::fail;
 using foundation::Result;
 
-constexpr double kMaxSeconds = 24.0 * 60.0 * 60.0;
 constexpr int kMinSourceRate = 1000; ///< with a lower rate, a few bytes would be hours of sound
 constexpr int kMaxSourceRate = 768000;
 constexpr int kMaxSourceChannels = 16;
@@ -120,11 +119,11 @@ double AudioReader::measureDuration() {
         const double told = static_cast<double>(source.duration) * av_q2d(source.time_base);
         seconds = std::min(seconds, told);
     }
-    return std::clamp(seconds, 0.0, kMaxSeconds);
+    return std::clamp<double>(seconds, 0, kMaxSeconds);
 }
 
 void AudioReader::seek(double seconds) {
-    const double start = std::clamp(seconds, 0.0, kMaxSeconds);
+    const double start = std::clamp<double>(seconds, 0, kMaxSeconds);
     target = std::llround(start * kSampleRate);
     const AVStream& source = *format->streams[stream];
     const double early = std::max(start - kRunUpSeconds, 0.0);
@@ -263,7 +262,7 @@ std::optional<std::int64_t> AudioReader::placeOf(const AVFrame& source) const {
     if (pts == AV_NOPTS_VALUE)
         return std::nullopt;
     const double seconds = static_cast<double>(pts - startOf(origin)) * av_q2d(origin.time_base);
-    return std::llround(std::clamp(seconds, 0.0, kMaxSeconds) * kSampleRate);
+    return std::llround(std::clamp<double>(seconds, 0, kMaxSeconds) * kSampleRate);
 }
 
 /// The position of the first frame after a seek decides how much is dropped, or how much silence is

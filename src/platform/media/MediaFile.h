@@ -4,6 +4,7 @@
 #include "platform/foundation/Result.h"
 #include "platform/media/FFmpeg.h"
 
+#include <cstdint>
 #include <filesystem>
 
 namespace zelvo::media {
@@ -13,6 +14,9 @@ namespace zelvo::media {
 /// wrong with the file.
 [[nodiscard]] foundation::Result<FFmpegPtr<AVFormatContext>>
 openMediaFile(const std::filesystem::path& path);
+
+/// Times in foreign files are clamped to this, in seconds.
+inline constexpr std::int64_t kMaxSeconds = 24LL * 60 * 60;
 
 /// Reads the next packet of any stream. False at the end, or if 64 MiB contain no packet: a damaged
 /// file must not be collected in memory.

@@ -161,6 +161,7 @@ private:
     [[nodiscard]] TabRow optionTab(const char* title, CurrentOption option);
 
     [[nodiscard]] LaterPtr<QObject> makeStrip();
+    [[nodiscard]] LaterPtr<QObject> makeFontStrip(const content::TextNodePtr& text) const;
     [[nodiscard]] LaterPtr<QObject> makeMaterialStrip();
     [[nodiscard]] LaterPtr<QObject> makeShapeStrip() const;
     [[nodiscard]] LaterPtr<QObject> makeMaskStrip() const;

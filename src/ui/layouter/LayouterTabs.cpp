@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The rows of the style panel: the tabs and the strip for each selection.
+#include "content/FontManager.h"
 #include "environments/SceneManager.h"
 #include "model/Model.h"
 #include "platform/foundation/RunLoop.h"
@@ -9,6 +10,8 @@
 #include "ui/layouter/LayouterMenu.h"
 #include "ui/layouter/Strips.h"
 #include "ui/layouter/TransformPanel.h"
+
+#include <QCollator>
 
 #include <algorithm>
 #include <functional>
@@ -31,6 +34,16 @@ template <class List, class Title> QList<QString> titlesOf(const List& list, Tit
     for (const auto& entry : list)
         titles.append(QString::fromStdString(std::string(title(entry))));
     return titles;
+}
+
+QStringList sortedFontNames() {
+    QStringList names;
+    for (const content::BuiltInFont& font : content::FontManager::builtInFonts())
+        names.append(QString::fromUtf8(font.name.data(), static_cast<qsizetype>(font.name.size())));
+    QCollator order;
+    order.setCaseSensitivity(Qt::CaseInsensitive);
+    std::ranges::sort(names, order);
+    return names;
 }
 
 const auto kNameOf = [](const auto& entry) { return entry->name; };
@@ -77,6 +90,7 @@ std::vector<LayouterMenu::TabRow> LayouterMenu::tabsNow() {
     if (std::dynamic_pointer_cast<content::TextNode>(currentNode_)) {
         return {
             {tr("Write"), [this] { writeAction(); }, write, false},
+            optionTab(QT_TR_NOOP("Font"), font),
             optionTab(QT_TR_NOOP("Material"), material),
             optionTab(QT_TR_NOOP("Frontcolor"), frontColor),
             optionTab(QT_TR_NOOP("Sidecolor"), bandColor),
@@ -129,6 +143,8 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeStrip() {
     switch (currentOption_) {
     case material:
         return shown("ButtonStrip", currentNode_ ? makeMaterialStrip() : nullptr);
+    case font:
+        return shown("ButtonStrip", textNode ? makeFontStrip(textNode) : nullptr);
     case shape:
         return shown("ButtonStrip", makeShapeStrip());
     case mask:
@@ -165,6 +181,18 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeMaterialStrip() {
             [this](const look::XMATPtr& pair) {
                 return pair->name == currentNode_->currentMaterialName();
             }),
+        Strip::Motion::atOnce);
+    return made;
+}
+
+LayouterMenu::LaterPtr<QObject>
+LayouterMenu::makeFontStrip(const content::TextNodePtr& text) const {
+    const QStringList names = sortedFontNames();
+    LaterPtr<ButtonStrip> made(new ButtonStrip(names, [text, names](std::size_t tag) {
+        text->setFontName(names.at(static_cast<qsizetype>(tag)).toStdString());
+    }));
+    made->select(
+        static_cast<int>(names.indexOf(QString::fromStdString(text->fontName()))),
         Strip::Motion::atOnce);
     return made;
 }

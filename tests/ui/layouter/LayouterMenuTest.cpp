@@ -163,6 +163,12 @@ TEST_F(LayouterMenuTest, StripsShowWhatIsAndSetWhatIsChosen) {
     EXPECT_EQ(nodes.textNode2->currentMaterialName(), look::XMATClasses::rock);
     EXPECT_EQ(nodes.textNode1->currentMaterialName(), look::XMATClasses::plain);
     EXPECT_TRUE(strip<ButtonStrip>().isAnimated());
+    press("Font");
+    EXPECT_EQ(chosen(), nodes.textNode2->fontName());
+    choose("Monoton-Regular");
+    EXPECT_EQ(nodes.textNode2->fontName(), "Monoton-Regular");
+    EXPECT_EQ(strip<ButtonStrip>().buttons()[1]->title(), "Aldrich")
+        << "in the order of the alphabet";
     press("Frontcolor");
     EXPECT_EQ(strip<SimpleColorPicker>().currentIndex(), static_cast<int>(kWhiteIndex));
     strip<SimpleColorPicker>().buttonAction(7);
