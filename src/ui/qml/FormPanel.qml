@@ -3,7 +3,6 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Layouts
 import Zelvo
-import Zelvo.Controls as Controls
 import Zelvo.Layouter as Layouter
 
 // A FormPanel: two sliders with their names, and two toggles that draw what they do.

@@ -64,7 +64,7 @@ ImagePtr requiredImage(const std::string& name) {
 }
 
 ImagePtr requiredEnvironment(const std::string& name) {
-    const ImagePtr image = requiredImage(name);
+    ImagePtr image = requiredImage(name);
     if (image->lightProbe == nullptr)
         foundation::endWithoutResource(name + ".probe is missing");
     return image;
