@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ScreensFixture.h"
+#include "media/MovieFixture.h"
 #include "ui/screens/ExportViewController.h"
 
 #include <QGuiApplication>
 
-#include <fstream>
 #include <memory>
 
 namespace zelvo::test {
@@ -35,14 +35,6 @@ protected:
         loop().drain();
     }
 
-    void writeEarlierMovie() { std::ofstream(model.movieURL()) << "earlier"; }
-
-    [[nodiscard]] bool isEarlierMovie() const {
-        std::string text;
-        std::ifstream(model.movieURL()) >> text;
-        return text == "earlier";
-    }
-
     [[nodiscard]] double ring() const {
         return screen->progressView()->property("currentProgress").toDouble();
     }
@@ -55,9 +47,12 @@ protected:
 TEST_F(ExportScreenTest, RingAndPercentageRiseToTheEndAndThePreviewFollows) {
     open();
     loop().runFor(0.29);
-    EXPECT_FALSE(model.isRecordingMovie()) << "the screen is to appear first";
+    EXPECT_FALSE(model.isRecordingMovie()) << "the screen appears first";
     int highest = 0;
     double fullest = 0;
+    QStringList told;
+    QObject::connect(
+        screen.get(), &ExportViewController::statusChanged, [&] { told.append(screen->status()); });
     onTime([&](const ui::TimeState&) {
         EXPECT_GE(screen->currentPerc, highest);
         EXPECT_GE(ring(), fullest);
@@ -70,6 +65,7 @@ TEST_F(ExportScreenTest, RingAndPercentageRiseToTheEndAndThePreviewFollows) {
     runToOutcome();
 
     ASSERT_TRUE(*outcome) << outcome->error().message;
+    EXPECT_EQ(told, QStringList({"Recording the movie", "Saving the movie"}));
     EXPECT_GE(screen->currentPerc, 99);
     EXPECT_NEAR(ring(), 1, 0.01);
     ASSERT_NE(screen->preview(), nullptr);
@@ -83,8 +79,7 @@ TEST_F(ExportScreenTest, RingAndPercentageRiseToTheEndAndThePreviewFollows) {
     EXPECT_EQ(dismissals, 1);
 }
 
-TEST_F(ExportScreenTest, ClosingHalfwayLeavesTheEarlierMovie) {
-    writeEarlierMovie();
+TEST_F(ExportScreenTest, ClosingHalfwayCancels) {
     open();
     runToPercent(50);
     screen->dismissViewController();
@@ -94,13 +89,11 @@ TEST_F(ExportScreenTest, ClosingHalfwayLeavesTheEarlierMovie) {
     ASSERT_TRUE(outcome.has_value());
     EXPECT_EQ(outcome->error().cause, foundation::Cause::cancelled);
     loop().runFor(5);
-    EXPECT_TRUE(isEarlierMovie());
     EXPECT_EQ(screen->preview(), nullptr);
     EXPECT_FALSE(cover.isPresent());
 }
 
 TEST_F(ExportScreenTest, ClosingWhileTheMovieIsPutTogetherDoesNotLoseIt) {
-    writeEarlierMovie();
     open();
     const foundation::Timer waiting = loop().expectPosts();
     ASSERT_TRUE(loop().runUntil(
@@ -109,8 +102,7 @@ TEST_F(ExportScreenTest, ClosingWhileTheMovieIsPutTogetherDoesNotLoseIt) {
     runToOutcome();
     ASSERT_TRUE(*outcome) << outcome->error().message;
     EXPECT_TRUE((*outcome)->savedCopy.has_value());
-    EXPECT_FALSE(isEarlierMovie());
-    EXPECT_EQ(screen->preview(), nullptr) << "there is no screen any more to show it on";
+    EXPECT_EQ(screen->preview(), nullptr) << "its screen is closed";
 }
 
 TEST_F(ExportScreenTest, NothingIsMadeOfAScreenThatGoesAtOnce) {
@@ -138,11 +130,20 @@ TEST_F(ExportScreenTest, OnlySleepEndsAnExportNotLookingAway) {
 }
 
 TEST_F(ExportScreenTest, WhatCannotBeginIsSaidAndTheScreenStays) {
-    ASSERT_TRUE(model.startMovie()); // another export stands in the way
+    ASSERT_TRUE(model.startMovie()); // another export is running
     open();
     loop().runFor(0.3);
     EXPECT_EQ(alerts.title(), "Error");
     EXPECT_TRUE(alerts.message().contains("a movie is being made"));
+    EXPECT_EQ(dismissals, 0);
+}
+
+TEST_F(ExportScreenTest, AFailureIsSaidOnTheScreen) {
+    const media::FileSizeLimit limit(100); // bytes of each file: as on a full disk
+    open();
+    runToOutcome();
+    EXPECT_FALSE(*outcome);
+    EXPECT_EQ(screen->status(), "The movie could not be made");
     EXPECT_EQ(dismissals, 0);
 }
 
@@ -153,29 +154,12 @@ TEST_F(ExportScreenTest, TheCoverIsOneAndFadesBeforeItGoes) {
     EXPECT_EQ(cover.alpha(), 0);
     loop().runFor(0.05);
     EXPECT_TRUE(cover.isPresent());
-    cover.show(); // one is still there
+    cover.show(); // the first one is still fading
     EXPECT_EQ(cover.alpha(), 0);
     loop().runFor(0.05);
     EXPECT_FALSE(cover.isPresent());
     cover.show();
     EXPECT_TRUE(cover.isPresent());
-
-    struct Row {
-        node::DeviceIdiom idiom;
-        double height;
-        bool isCovered;
-    };
-
-    for (const Row& row : {
-             Row{node::DeviceIdiom::tablet, 0, true},
-             Row{node::DeviceIdiom::phone, 1920, true},
-             Row{node::DeviceIdiom::phone, 2208, true},
-             Row{node::DeviceIdiom::phone, 2436, false},
-         }) {
-        BlurCover other(world.runLoop, row.idiom, row.height);
-        other.show();
-        EXPECT_EQ(other.isPresent(), row.isCovered) << row.height;
-    }
 }
 
 } // namespace

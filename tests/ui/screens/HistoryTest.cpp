@@ -63,7 +63,7 @@ TEST_F(HistoryTest, ShowsOneRowForEachActInEitherOrder) {
     EXPECT_EQ(world.defaults.string("SortedDefaultsKey"), "LastAdded");
 }
 
-/// What a view shows: it reads again only what it is told has changed.
+/// Keeps texts as a view does: it reads only those rows again that the model reports as changed.
 class Shown {
 public:
     explicit Shown(const QAbstractItemModel& listed)
@@ -105,11 +105,11 @@ TEST_F(HistoryTest, DeletingAGesturesRowTakesAllItsRecordsAndTheUndoStacks) {
     history.deleteRow(1);
     EXPECT_EQ(recordCount(), 2U);
     EXPECT_FALSE(performance.undoManager.canUndo());
-    EXPECT_EQ(rowsOf(history).size(), 3U) << "the list follows with the main queue";
+    EXPECT_EQ(rowsOf(history).size(), 3U) << "the list changes in the next turn of the loop";
     loop().drain();
     EXPECT_THAT(rowsOf(history), ElementsAre("Explode|2", "Left In (TX1)|1"));
-    EXPECT_EQ(shown.removals, 1) << "the other rows are to stay as they are";
-    EXPECT_THAT(shown.texts, ElementsAre("2", "1")) << "their numbers have moved up";
+    EXPECT_EQ(shown.removals, 1) << "the other rows are not rebuilt";
+    EXPECT_THAT(shown.texts, ElementsAre("2", "1")) << "their numbers have changed";
 
     for (const int beyond : {-1, 2}) {
         history.deleteRow(beyond);

@@ -53,8 +53,10 @@ TEST_F(PreviewTest, SharesTheCopyThatStaysWithTheUser) {
         opened,
         testing::ElementsAre(
             model.movieURL().string(), copy.string(), copy.parent_path().string()));
+    preview.share();
     preview.copyPath();
     EXPECT_EQ(copied, copy.string());
+    EXPECT_FALSE(preview.isSharing());
     EXPECT_FALSE(alerts.isShowing());
 
     hasProgram = false;
@@ -165,7 +167,7 @@ TEST_F(PreviewTest, TheColourBarsOfTheStandardComeOutAsTheyAre) {
     }
     const QVideoFrame foreign = pictureOf(
         {63, 102, 240}, QVideoFrameFormat::Format_YUV420P, QVideoFrameFormat::ColorSpace_BT601);
-    EXPECT_EQ(ui::withTrueColors(foreign), foreign) << "others are left to the toolkit";
+    EXPECT_EQ(ui::withTrueColors(foreign), foreign) << "Qt converts other colour spaces itself";
 }
 
 TEST_F(PreviewTest, NoPictureIsHandedToAScreenThatWent) {

@@ -79,6 +79,9 @@ TEST_F(TouchTest, CountsTheSecondsAndTheWidthOfATouchIfAsked) {
     const QString last = view.timerLabel();
     loop.runFor(1);
     EXPECT_EQ(view.timerLabel(), last);
+    touch(2, TouchPhase::began); // a finger whose width is not known
+    EXPECT_EQ(view.timerLabel(), "0.00");
+    EXPECT_EQ(view.ratio(), 1);
 }
 
 TEST_F(TouchTest, LogsWhatChangesOnly) {
@@ -119,15 +122,13 @@ TEST_F(TouchTest, TakesTouchesAndTheHeldMouseFromAWindowsEventsAndPassesThemOn) 
     EXPECT_EQ(shown(), 0);
 
     const QPointingDevice screen;
-    const auto fingers = [&](QEvent::Type type, QEventPoint::State state) {
-        QTouchEvent event(
-            type,
-            &screen,
-            Qt::NoModifier,
-            {{1, state, {4, 4}, {4, 4}}, {2, state, {8, 8}, {8, 8}}});
-        EXPECT_FALSE(visualizer.eventFilter(&window, &event));
-    };
-    fingers(QEvent::TouchBegin, QEventPoint::State::Pressed);
+    QTouchEvent fingers(
+        QEvent::TouchBegin,
+        &screen,
+        Qt::NoModifier,
+        {{1, QEventPoint::State::Pressed, {4, 4}, {4, 4}},
+         {2, QEventPoint::State::Pressed, {8, 8}, {8, 8}}});
+    EXPECT_FALSE(visualizer.eventFilter(&window, &fingers));
     EXPECT_EQ(shown(), 2);
     QTouchEvent cancel(QEvent::TouchCancel, &screen); // names no finger
     EXPECT_FALSE(visualizer.eventFilter(&window, &cancel));
