@@ -2,11 +2,14 @@
 #include "app/Performer.h"
 
 #include "app/EngineNames.h"
+#include "media/MediaFixture.h"
 #include "platform/foundation/Lifetime.h"
 #include "shared/FrameClock.h"
 #include "shared/Signal.h"
 #include "support/TemporaryFolder.h"
 
+#include <glm/gtc/constants.hpp>
+#include <glm/trigonometric.hpp>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -23,7 +26,8 @@ protected:
     void perform(const std::string& members, const std::function<void(int frame)>& look) {
         const auto read = readPerformance("{\"duration\": 3, " + members + "}", engineNames());
         ASSERT_TRUE(read) << read.error().front().text;
-        ASSERT_TRUE(setUp(*read, {}, engine));
+        const auto ready = setUp(*read, folder.path(), engine);
+        ASSERT_TRUE(ready) << ready.error().message;
         const foundation::Lifetime listening;
         ui::signals().timeSignal.subscribe(listening, [&](const ui::TimeState& state) {
             look(shared::FrameClock::nearestFrame(state.time - state.startCounter) - 1);
@@ -38,13 +42,15 @@ protected:
 };
 
 TEST_F(PerformerTest, PlaysAtTheSpeedOfThePerformanceUnlessAPressHasItsOwn) {
-    std::map<int, float> yaw, turned;
+    std::map<int, float> yaw, turned, zoom;
     perform(
         R"("speed": "fastest", "cues": [
             {"at": 0, "pan": [[0, 0], [-50, 0], [-50, 0]], "for": 0.8},
             {"at": 1, "tab": "ROT", "press": "Rotate Y 180", "speed": "slowest"},
-            {"at": 1.1, "pan": [[0, 0], [-50, 0], [-50, 0]], "for": 0.8}])",
+            {"at": 1.1, "pan": [[0, 0], [-50, 0], [-50, 0]], "for": 0.8},
+            {"at": 2, "tab": "CAM", "hold": "Zoom Cam", "for": 0.5, "speed": "slowest"}])",
         [&](int frame) {
+            zoom[frame] = stage.cameraSpecialPerspectiveNode->position.value().z;
             yaw[frame] = stage.cameraYHandle->eulerAngles().y;
             turned[frame] = stage.mediaHolderNode->yAxisNode->eulerAngles().y;
         });
@@ -56,6 +62,8 @@ TEST_F(PerformerTest, PlaysAtTheSpeedOfThePerformanceUnlessAPressHasItsOwn) {
     }
     EXPECT_GT(turned[175], 2.9f);
     EXPECT_LT(turned[120], 1.0f) << "the half turn takes 2.55 seconds";
+    EXPECT_NEAR(zoom[148], -105, 1);
+    EXPECT_NEAR(zoom[165], 0, 1) << "a release takes the speed of the performance";
 }
 
 TEST_F(PerformerTest, LetsGoOfTheNodesThatItHolds) {
@@ -74,6 +82,59 @@ TEST_F(PerformerTest, LetsGoOfTheNodesThatItHolds) {
     EXPECT_EQ(away[50], both);
     EXPECT_EQ(away[80], first);
     EXPECT_EQ(away[110], none);
+}
+
+TEST_F(PerformerTest, PinchesCentresUndoesAndRedoesInTheOrderOfTheCues) {
+    std::map<int, std::string> undone; // what an undo would take back
+    std::map<int, float> depth;
+    perform(
+        R"("cues": [
+            {"at": 0, "pinch": [1, 1], "for": 0.1},
+            {"at": 1, "tab": "IN1", "press": "Left In", "nodes": ["OBJ"]},
+            {"at": 1, "undo": true},
+            {"at": 1.2, "redo": true},
+            {"at": 2, "doubleTap": true}])",
+        [&](int frame) {
+            undone[frame] = engine.model().actionController().undoManager.undoTitle();
+            depth[frame] = stage.cameraPinchNode->position.value().z;
+        });
+    EXPECT_LT(depth[5], -5);
+    EXPECT_NEAR(depth[59], 0, 1e-3) << "it springs back after the release";
+    EXPECT_EQ(undone[65], "Camera Pinch");
+    EXPECT_EQ(undone[80], "Left In (OBJ)");
+    EXPECT_EQ(undone[130], "Center");
+}
+
+TEST_F(PerformerTest, LetsGoBeforeACueOfTheSameMoment) {
+    perform(
+        R"("cues": [
+            {"at": 0, "tab": "FX1", "hold": "Hide", "for": 0.5},
+            {"at": 0.5, "undo": true}])",
+        [](int) {});
+    EXPECT_TRUE(engine.model().actionController().recordedActions().empty());
+}
+
+TEST_F(PerformerTest, StylesTheNodesAndTakesTheStretchOfTheSong) {
+    media::writeWav(folder.path() / "song.wav", 8000, 6, media::sine(440, 0.5));
+    perform(
+        R"("nodes": {
+               "TX1": {"rotation": [10, 20, 30]},
+               "IMG": {"flipV": true, "quarterTurns": 1}},
+           "audio": {"file": "song.wav", "in": 1, "end": 3.5, "preRoll": 0.5, "fade": "fadeOut"},
+           "cues": [])",
+        [](int) {});
+    EXPECT_NEAR(stage.textNode1->rotXNode->eulerAngles().x, glm::radians(10.0), 1e-5);
+    EXPECT_NEAR(stage.textNode1->rotYNode->eulerAngles().y, glm::radians(20.0), 1e-5);
+    EXPECT_NEAR(stage.textNode1->rotZNode->eulerAngles().z, glm::radians(30.0), 1e-5);
+    EXPECT_TRUE(stage.imageNode->vFlipped && !stage.imageNode->hFlipped);
+    EXPECT_TRUE(stage.imageNode->isVisible) << "a changed picture is shown";
+    const float turn = stage.imageNode->orientationRotationNode->eulerAngles().z;
+    EXPECT_NEAR(turn, -glm::half_pi<float>(), 1e-5) << "clockwise";
+    const audio::AudioPlayer& player = engine.model().audioPlayer();
+    EXPECT_EQ(player.audioIn, 1);
+    EXPECT_EQ(player.audioEnd, 3.5);
+    EXPECT_EQ(player.audioPreRoll, 0.5);
+    EXPECT_EQ(player.fadeState, audio::FadeState::fadeOut);
 }
 
 } // namespace

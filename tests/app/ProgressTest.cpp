@@ -41,6 +41,9 @@ TEST(Progress, is_not_drawn_more_often_than_a_person_can_read) {
         }
         EXPECT_NEAR(static_cast<double>(written.size()), static_cast<double>(row.writes), 10);
         EXPECT_EQ(written.back().ends_with('\n'), row.kind == Progress::Kind::lines);
+        progress.finish();
+        EXPECT_EQ(written.back() == "\r\x1B[K", row.kind == Progress::Kind::bar)
+            << "the bar is removed";
     }
 }
 
