@@ -9,7 +9,7 @@ namespace zelvo::ui {
 
 namespace {
 
-/// A machine whose frames take that many seconds at a scale of 1.
+/// The scale after many frames on a machine that needs so many seconds a frame at scale 1.
 double settle(DrawScale& scale, double atWhole) {
     for (int i = 0; i < 2000; ++i)
         scale.frameTook(atWhole * scale.value() * scale.value());
@@ -23,6 +23,10 @@ TEST(DrawScale, gives_up_sharpness_for_time_and_takes_it_back) {
     EXPECT_LT(0.04 * middle * middle, 1.0 / 30);
     EXPECT_GT(middle, 0.6);
     EXPECT_EQ(settle(scale, 0.002), DrawScale::kMax);
+    DrawScale waiting;
+    for (int i = 0; i < 120; ++i)
+        waiting.frameTook(0.002);
+    EXPECT_LT(waiting.value(), 1.2) << "one step, then it waits to see what the step has cost";
 }
 
 TEST(DrawScale, takes_one_standstill_for_no_drawing_but_not_many) {
@@ -45,7 +49,7 @@ TEST(DrawScale, draws_what_stands_still_finer_until_it_moves) {
     EXPECT_EQ(scale.value(), 2 * DrawScale::kStart);
     EXPECT_FALSE(scale.isDrawn());
     for (int i = 0; i < 1000; ++i) {
-        scale.frameTook(i == 0 ? 0.2 : 0.0001); // neither tells what moving would take
+        scale.frameTook(i == 0 ? 0.2 : 0.0001); // does not tell how long a moving picture takes
         scale.nextShows(7);
         EXPECT_TRUE(scale.isDrawn());
     }
@@ -54,7 +58,7 @@ TEST(DrawScale, draws_what_stands_still_finer_until_it_moves) {
     EXPECT_FALSE(scale.isDrawn());
     for (int i = 0; i < 100; ++i)
         scale.nextShows(std::nullopt);
-    EXPECT_EQ(scale.value(), DrawScale::kStart) << "nothing is known to stand still";
+    EXPECT_EQ(scale.value(), DrawScale::kStart) << "without a key, the picture may have changed";
 }
 
 TEST(DrawScale, comes_to_the_finest_in_two_steps_where_drawing_takes_long) {

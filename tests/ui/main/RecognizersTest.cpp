@@ -10,15 +10,17 @@ namespace zelvo::ui {
 
 namespace {
 
-/// Writes down what is recognised, a letter for each event.
+/// Notes each recognised gesture as words.
 class Notes final : public GestureDelegate {
 public:
     std::string text;
     PinchGesture lastPinch;
+    float velocities = 0; ///< sum
 
     void handlePinch(const PinchGesture& pinch) override {
         text += "pinch " + name(pinch.state);
         lastPinch = pinch;
+        velocities += pinch.velocity;
     }
 
     void handlePan(const PanGesture& pan) override { text += "pan " + name(pan.state); }
@@ -40,6 +42,22 @@ struct Step {
     int finger = 0;
     float x = 0;
 };
+
+void take(const Step& step, SceneRecognizers& recognizers, foundation::VirtualRunLoop& loop) {
+    const glm::vec2 place(step.x, 0);
+    switch (step.kind) {
+    case Step::press:
+        return recognizers.press(step.finger, place);
+    case Step::move:
+        return recognizers.move(step.finger, place);
+    case Step::release:
+        return recognizers.release(step.finger, place);
+    case Step::wait:
+        return loop.runFor(1);
+    case Step::cancel:
+        return recognizers.cancel();
+    }
+}
 
 TEST(Recognizers, tell_pans_pinches_and_taps_apart) {
     using enum Step::Kind;
@@ -71,25 +89,8 @@ TEST(Recognizers, tell_pans_pinches_and_taps_apart) {
         foundation::VirtualRunLoop loop;
         Notes notes;
         SceneRecognizers recognizers(loop, notes);
-        for (const Step& step : row.steps) {
-            switch (step.kind) {
-            case press:
-                recognizers.press(step.finger, {step.x, 0});
-                break;
-            case move:
-                recognizers.move(step.finger, {step.x, 0});
-                break;
-            case release:
-                recognizers.release(step.finger, {step.x, 0});
-                break;
-            case wait:
-                loop.runFor(1);
-                break;
-            case cancel:
-                recognizers.cancel();
-                break;
-            }
-        }
+        for (const Step& step : row.steps)
+            take(step, recognizers, loop);
         EXPECT_EQ(notes.text, row.recognised);
     }
 }
@@ -112,39 +113,23 @@ TEST(Recognizers, end_the_pinch_of_a_wheel_when_it_rests) {
     SceneRecognizers recognizers(loop, notes);
     recognizers.turnWheel(15, {0, 0});
     loop.runFor(0.1);
-    recognizers.cancel(); // as a mouse button does when it is let go
+    recognizers.cancel(); // as the release of a mouse button does
     recognizers.turnWheel(-15, {0, 0});
     EXPECT_NEAR(notes.lastPinch.scale, 1, 1e-5);
     loop.runFor(1);
     EXPECT_EQ(notes.text, "pinch began pinch changed pinch changed pinch ended ");
 }
 
-/// What the camera is pushed in by, all velocities of a turn added up; ten units each.
+/// How far a turn of the wheel pushes the camera: ten units for each velocity of the pinch.
 float pushOf(int notches, double between) {
     foundation::VirtualRunLoop loop;
-    float sum = 0;
-
-    struct Sum final : GestureDelegate {
-        explicit Sum(float& into)
-            : sum(into) {}
-
-        void handlePinch(const PinchGesture& pinch) override { sum += pinch.velocity; }
-
-        void handlePan(const PanGesture&) override {}
-
-        void handleTap(const TapGesture&) override {}
-
-        void handleDoubleTap(const TapGesture&) override {}
-
-        float& sum;
-    } receiver{sum};
-
-    SceneRecognizers recognizers(loop, receiver);
+    Notes notes;
+    SceneRecognizers recognizers(loop, notes);
     for (int i = 0; i < notches; ++i) {
         recognizers.turnWheel(15, {0, 0});
         loop.runFor(between);
     }
-    return 10 * sum;
+    return 10 * notes.velocities;
 }
 
 TEST(Recognizers, push_the_camera_by_gentle_notches_and_never_through_the_title) {
