@@ -44,7 +44,8 @@ TEST_F(InspiratorTest, DrawsAllButTheLastOfEachList) {
     EXPECT_FALSE(materials.contains(look::kPairs.back().name));
 }
 
-// In "Flat" and "Plain" the ground is one colour, which black and white texts have to leave.
+// In "Flat" and "Plain" the background is a single colour. A black or white text must have the other
+// colour there.
 TEST_F(InspiratorTest, TextsTakeTheGroundsColourButNeverVanishInBlackOrWhite) {
     int oneColor = 0;
     for (int i = 0; i < 4000; ++i) {
@@ -75,7 +76,8 @@ TEST_F(InspiratorTest, AppliesOneStyleToTextsObjectAndStage) {
 
     nodes.mediaNode->setCustomNode(std::make_shared<scene::SCNNode>());
     applyRandomStyle(model, {7, 12, 12, look::XMATClasses::rock, 1.5, 33});
-    EXPECT_EQ(nodes.mediaNode->currentMaterialName(), std::nullopt) << "an import lost its look";
+    EXPECT_EQ(nodes.mediaNode->currentMaterialName(), std::nullopt)
+        << "an imported object keeps its own materials";
 }
 
 TEST_F(InspiratorTest, CountsDotsChangesUnseenAndComesBack) {
@@ -94,9 +96,9 @@ TEST_F(InspiratorTest, CountsDotsChangesUnseenAndComesBack) {
 
     inspirator.button.click();
     EXPECT_FALSE(inspirator.button.isEnabled());
-    inspirator.button.click(); // off by now
+    inspirator.button.click(); // is disabled by now
     world.runLoop.runFor(0.23);
-    EXPECT_EQ(model.sceneData(), before) << "changed in full view";
+    EXPECT_EQ(model.sceneData(), before) << "changed while it is visible";
     world.runLoop.runFor(0.03);
     EXPECT_NE(model.sceneData(), before);
     EXPECT_EQ(inspirator.titleAlpha(), 1);
@@ -119,7 +121,7 @@ TEST_F(InspiratorTest, MayGoWhileItCounts) {
         inspirator.button.click();
         EXPECT_EQ(sceneAlpha, 0);
     }
-    EXPECT_EQ(sceneAlpha, 1) << "nobody brings the scene back";
+    EXPECT_EQ(sceneAlpha, 1) << "the scene stays invisible";
     const environments::SNEPtr before = model.sceneData();
     world.runLoop.runFor(2);
     EXPECT_EQ(model.sceneData(), before);

@@ -42,7 +42,7 @@ TEST_F(MainScreenTest, stops_a_run_when_the_panel_changes_and_when_a_movie_is_as
     const QObject* const panel = main.panel();
     main.mainMenu.animButton.click();
     settle();
-    EXPECT_TRUE(model.isPlaying()) << "its panel is on show";
+    EXPECT_TRUE(model.isPlaying()) << "the panel is shown already";
     EXPECT_EQ(main.panel(), panel);
     for (const auto act :
          {&MainViewController::showAnim,
@@ -62,7 +62,7 @@ TEST_F(MainScreenTest, leaves_no_strip_of_speeds_above_the_style_panel) {
     menu.speedButton.click();
     settle();
     EXPECT_FALSE(main.speedViewController.isHidden());
-    menu.updateSpeedButton(); // still on its way when the panel goes
+    menu.updateSpeedButton(); // its call is still queued when the panel is replaced
     main.showLayouterMenu();
     settle();
     EXPECT_TRUE(main.speedViewController.isHidden());
@@ -185,7 +185,7 @@ TEST_F(MainScreenTest, shows_one_screen_at_a_time_until_it_is_dismissed) {
     ASSERT_EQ(main.screenView(), "History");
     loop().runFor(0.5);
     const auto* const label = main.property("valueLabel").value<QObject*>();
-    EXPECT_TRUE(label->property("isHidden").toBool()) << "a message of the screen below";
+    EXPECT_TRUE(label->property("isHidden").toBool()) << "the message belongs to the screen below";
     EXPECT_FALSE(model.isPlaying());
     main.controlMenu.showHistoryAction();
     settle();

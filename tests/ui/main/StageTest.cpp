@@ -33,7 +33,7 @@ protected:
              .pictureKey = [this] { return picture; }});
     }
 
-    std::optional<std::uint64_t> picture; ///< none: always another
+    std::optional<std::uint64_t> picture; ///< empty: every picture is different
     NoGestures nobody;
     Stage stage{services, nobody};
 };
@@ -68,7 +68,7 @@ TEST_F(StageTest, draws_nothing_while_nothing_moves_and_at_once_when_it_does) {
 
     model.start();
     loop().runFor(1);
-    EXPECT_EQ(stage.drawScale(), DrawScale::kStart) << "no frame takes long in a run";
+    EXPECT_EQ(stage.drawScale(), DrawScale::kStart) << "in a run the picture is not drawn finer";
 }
 
 TEST_F(StageTest, lets_the_scene_go_on_in_time_however_long_frames_take_and_without_a_window) {

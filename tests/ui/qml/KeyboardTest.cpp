@@ -69,7 +69,7 @@ protected:
         show(kScene, {{"screen", QVariant::fromValue(&main)}});
     }
 
-    void TearDown() override { window.reset(); } // before what it shows
+    void TearDown() override { window.reset(); } // before the controllers that it shows
 
     template <class Kind> Kind& panel() { return *qobject_cast<Kind*>(main.panel()); }
 
@@ -95,14 +95,14 @@ TEST_F(MainKeysTest, LetEachButtonGoThatTheyHoldAndStartUnlessOneWrites) {
     QTest::keyRelease(window.get(), Qt::Key_1, Qt::ShiftModifier);
     EXPECT_EQ(held(), "5");
     window->findChild<QQuickItem*>("other")->forceActiveFocus();
-    EXPECT_EQ(held(), "") << "the release goes elsewhere";
+    EXPECT_EQ(held(), "") << "the key's release will go to another item";
     press(Qt::Key_Space);
-    EXPECT_FALSE(model.isPlaying()) << "a field is written in";
+    EXPECT_FALSE(model.isPlaying()) << "a text field has the focus";
     window->findChild<QQuickItem*>("other")->setFocus(false);
     press(Qt::Key_Space);
     EXPECT_TRUE(model.isPlaying());
     QTest::keyPress(window.get(), Qt::Key_1, Qt::ControlModifier);
-    EXPECT_EQ(held(), "") << "with another key it is no digit";
+    EXPECT_EQ(held(), "") << "Ctrl+1 presses no button";
 }
 
 TEST_F(MainKeysTest, ReachWhatTheButtonsDo) {
@@ -240,7 +240,7 @@ TEST_F(KeyboardTest, BelongsToWhatLiesOnTop) {
     QTest::mouseClick(window.get(), Qt::LeftButton, {}, {20, 20});
     EXPECT_EQ(pressed(), "c");
     QTest::mouseClick(window.get(), Qt::LeftButton, {}, {150, 20});
-    EXPECT_EQ(pressed(), "b") << "a press beside it takes the focus away";
+    EXPECT_EQ(pressed(), "b") << "a click elsewhere takes the focus away";
 }
 
 } // namespace

@@ -39,7 +39,7 @@ protected:
         layOut();
     }
 
-    /// Rows place their items when a frame is made.
+    /// Rows get their positions when a frame is drawn.
     void layOut() {
         QCoreApplication::processEvents();
         static_cast<void>(view.grabWindow());
@@ -60,7 +60,7 @@ protected:
         return QPointF((static_cast<qreal>(place) + 0.5) * share, 18).toPoint();
     }
 
-    ui::ActionsMenu menu{services}; // controllers outlive what shows them
+    ui::ActionsMenu menu{services}; // declared before the view, so that they outlive it
     ui::ControlMenu control{services};
     QQuickView view;
 };
@@ -106,7 +106,7 @@ TEST_F(MenuViewsTest, AFocusedButtonIsHeldByReturnWithoutRepeating) {
     QTest::keyPress(&view, Qt::Key_Return);
     EXPECT_TRUE(menu.actionButtons()[0]->isPressed());
     QTest::simulateEvent(&view, false, Qt::Key_Return, {}, "\r", true);
-    EXPECT_TRUE(menu.actionButtons()[0]->isPressed()) << "auto-repeat has let it go";
+    EXPECT_TRUE(menu.actionButtons()[0]->isPressed()) << "auto-repeat does not release it";
     QTest::keyRelease(&view, Qt::Key_Return);
     EXPECT_FALSE(menu.actionButtons()[0]->isPressed());
 }
@@ -125,14 +125,14 @@ TEST_F(MenuViewsTest, TheDurationDialogIsWorkedByKeysAndClicks) {
     view.rootObject()->forceActiveFocus();
     control.askForDuration();
     const auto* const picker = qobject_cast<ui::TimePickerView*>(alerts.content());
-    const auto wheel = [this] { // that has the focus; its row in the middle has it in turn
+    const auto wheel = [this] { // the wheel with the focus; the focus itself is in its middle row
         QQuickItem* item = view.activeFocusItem();
         while (item != nullptr && !item->property("row").isValid())
             item = item->parentItem();
         return item;
     };
     ASSERT_TRUE(QTest::qWaitFor([&] { return wheel() != nullptr; }, 2000));
-    EXPECT_EQ(picker->seconds(), 8) << "the wheels have changed it by standing up";
+    EXPECT_EQ(picker->seconds(), 8) << "the wheels changed it when they were made";
     QTest::keyClick(&view, Qt::Key_Down);
     EXPECT_EQ(picker->seconds(), 9);
     QTest::keyClick(&view, Qt::Key_3);
@@ -188,7 +188,7 @@ TEST_F(MenuViewsTest, ASliderIsWorkedByMouseWheelAndKeys) {
     press(Qt::Key_3);
     press(Qt::Key_Escape);
     press(Qt::Key_Right);
-    EXPECT_EQ(slider.value(), -2.5) << "left as it was, and the keys move the slider again";
+    EXPECT_EQ(slider.value(), -2.5) << "Escape keeps the value, and keys move the slider again";
 
     QWheelEvent notch(at(0.2), at(0.2), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(&view, &notch);
@@ -211,7 +211,7 @@ TEST_F(MenuViewsTest, EachTabOfTheStylePanelShowsItsStrip) {
         panel.setCurrentNodeFromButton(node);
         for (ui::MyButton* const tab : QList(panel.stackView.arranged())) {
             if (!panel.stackView.arranged().contains(tab))
-                continue; // it has opened others
+                continue; // a click has replaced the tabs
             tab->click();
             layOut();
             EXPECT_EQ(stripOnShow(), panel.stripObject()) << tab->title().toStdString();
@@ -235,7 +235,7 @@ TEST_F(MenuViewsTest, TheOthersStandUpWithoutAWarning) {
     show("TouchVisualizer", "controller", &fingers);
     fingers.handleEvent({{.id = 1, .phase = ui::TouchPhase::began, .location = {9, 9}}});
     layOut();
-    EXPECT_EQ(view.rootObject()->childItems().size(), 2) << "the finger and what repeats it";
+    EXPECT_EQ(view.rootObject()->childItems().size(), 2) << "one finger and the repeater";
     show("VideoAlert", "controller", &video);
     int dismissals = 0;
     QObject::connect(&video, &ui::VideoAlertViewController::dismissed, [&] { ++dismissals; });

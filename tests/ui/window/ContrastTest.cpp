@@ -24,7 +24,7 @@ namespace {
 
 constexpr int kPatience = 60'000; // ms; software graphics on a busy machine
 constexpr double kLegible = 4.5;
-constexpr double kDimmed = 3; ///< what is off, and still to be found
+constexpr double kDimmed = 3; ///< of controls that are off
 
 /// Relative luminance as WCAG 2.1 has it.
 double luminance(QRgb color) {
@@ -42,7 +42,7 @@ double contrast(QRgb one, QRgb other) {
     return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
 }
 
-/// Of the ink, where it is thickest, to the colour around it, which is the most frequent one.
+/// The contrast of the strongest colour to the background, which is the most frequent colour.
 double contrastIn(const QImage& picture, const QRect& place) {
     std::map<QRgb, int> counts;
     for (int y = place.top(); y <= place.bottom(); ++y) {
@@ -92,7 +92,7 @@ protected:
     void measure(const char* screen) {
         for (const char* const color : {"white", "black", "#777777", "#ffff00"}) {
             sheet->setProperty("color", QColor(color));
-            QTest::qWait(250); // what fades has come to rest
+            QTest::qWait(250); // all fades have ended
             const QImage picture = window.grabWindow();
             const QString pictures = qEnvironmentVariable("ZELVO_WINDOW_PICTURES");
             if (!pictures.isEmpty())
@@ -130,7 +130,7 @@ protected:
         EXPECT_GE(contrastIn(picture, place), least) << where << ": " << shown.toStdString();
     }
 
-    /// What no strip cuts off.
+    /// The part of the window in which the item is not clipped.
     [[nodiscard]] QRect shownPart(QQuickItem& item) {
         QRect part(QPoint(0, 0), window.size());
         for (QQuickItem* around = &item; around != nullptr; around = around->parentItem()) {

@@ -81,7 +81,7 @@ protected:
         const QString pictures = qEnvironmentVariable("ZELVO_WINDOW_PICTURES");
         if (pictures.isEmpty())
             return;
-        QTest::qWait(500); // what moves has come to rest
+        QTest::qWait(500); // all animations have ended
         EXPECT_TRUE(window.grabWindow().save(pictures + "/" + name + ".png"));
     }
 
@@ -203,7 +203,7 @@ void WindowTest::deleteFromHistory() {
     QTest::simulateEvent(&window, true, Qt::Key_Delete, {}, {}, true);
     QTest::keyClick(&window, Qt::Key_Escape);
     ASSERT_TRUE(soon([&] { return application.main.screen() == nullptr; }));
-    EXPECT_EQ(records(), 2U) << "a key that is held deletes on and on";
+    EXPECT_EQ(records(), 2U) << "a held key deletes one row only";
 }
 
 void WindowTest::exportMovie() {
@@ -278,8 +278,8 @@ TEST(WindowPlace, ShowsTheWholeWindowWithItsTitleBarOnSomeScreen) {
         {{100, 20, 1280, 720},    {100, 55, 1280, 720}},  // the title bar is cut off
         {{-300, 700, 1280, 720},  {2, 178, 1280, 720}},
         {{0, 0, 3000, 2000},      {2, 55, 1396, 843}},    // larger than the screen
-        {{1500, 100, 1280, 720},  {1402, 25, 796, 573}},  // on the second
-        {{9000, 9000, 1000, 600}, {398, 298, 1000, 600}}, // on one that has gone
+        {{1500, 100, 1280, 720},  {1402, 25, 796, 573}},  // on the second screen
+        {{9000, 9000, 1000, 600}, {398, 298, 1000, 600}}, // on a screen that was removed
     };
     // clang-format on
     for (const Row& row : rows)
