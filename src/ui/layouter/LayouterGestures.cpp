@@ -72,26 +72,19 @@ void LayouterMenu::drag(const PanGesture& pan) {
 }
 
 void LayouterMenu::handlePinch(const PinchGesture& pinch) {
-    if (!currentNode_)
-        return;
-    switch (pinch.state) {
-    case GestureState::began:
-        currentScale = currentNode_->scale2D;
-        break;
-    case GestureState::changed: {
-        const float reading = std::isnan(pinch.scale) ? kNoScale : pinch.scale;
-        const float change = reading - std::exchange(lastPinchScale, reading);
-        resize(currentScale + (change < 0 ? change : change * kGrowth));
-        break;
-    }
-    default:
+    if (pinch.state != GestureState::changed) {
         lastPinchScale = 1;
+        return;
     }
+    // Keys can take another node, or none, in the middle of a pinch.
+    const float reading = std::isnan(pinch.scale) ? kNoScale : pinch.scale;
+    const float change = reading - std::exchange(lastPinchScale, reading);
+    if (currentNode_)
+        resize(currentNode_->scale2D + (change < 0 ? change : change * kGrowth));
 }
 
 void LayouterMenu::resize(float scale) {
-    currentScale = std::clamp(scale, kMinScale, kMaxScale);
-    currentNode_->scale2D = currentScale;
+    currentNode_->scale2D = std::clamp(scale, kMinScale, kMaxScale);
     currentNode_->applyScale();
 }
 

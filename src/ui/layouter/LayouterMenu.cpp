@@ -36,16 +36,14 @@ LayouterMenu::LayouterMenu(const Services& given, QObject* parent)
     , cameraGestures(services.model.actionController().gestures) {
     backButton.size = {34, 0};
     outliner = this;
-    // The second text is close below the first.
-    constexpr auto kAbove = node::NamePlace::above;
-    const std::array names{
-        std::pair(tr("Text 1"), kAbove),
-        std::pair(tr("Text 2"), node::NamePlace::below),
-        std::pair(tr("Image"), kAbove),
-        std::pair(tr("Object"), kAbove)};
     const auto nodes = services.model.nodes().content();
-    for (std::size_t i = 0; i < nodes.size(); ++i)
-        nodes[i]->nameOutline(names[i].first.toStdString(), names[i].second);
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        // The second text is close below the first.
+        const bool isBelow = nodes[i] == services.model.nodes().textNode2;
+        nodes[i]->nameOutline(
+            tr(kNodeNames.at(i)).toStdString(),
+            isBelow ? node::NamePlace::below : node::NamePlace::above);
+    }
     services.model.actionController().resetAll(actions::CameraHandles::include);
     refresh();
 }

@@ -14,6 +14,7 @@
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -149,6 +150,10 @@ private:
 
     struct TabRow;
 
+    /// As stage::Nodes::content(). On tabs and frames.
+    static constexpr std::array kNodeNames{
+        QT_TR_NOOP("Text 1"), QT_TR_NOOP("Text 2"), QT_TR_NOOP("Image"), QT_TR_NOOP("Object")};
+
     void refresh();
     void rebuildTabs();
     void showOutlines() const;
@@ -181,7 +186,6 @@ private:
     glm::vec2 previousLocation{0};             ///< of a drag
     node::NodePtr hittedNodeWhileBeganPanning; ///< null: the drag moves the camera
     float lastPinchScale = 1;                  ///< what the pinch read last
-    float currentScale = 1;                    ///< what it makes of the node's size
     Qt::CursorShape cursor_ = Qt::ArrowCursor;
     foundation::Lifetime lifetime;
 };

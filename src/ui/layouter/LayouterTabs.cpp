@@ -67,8 +67,7 @@ LayouterMenu::TabRow LayouterMenu::optionTab(const char* title, CurrentOption op
 
 std::vector<LayouterMenu::TabRow> LayouterMenu::rootTabs() {
     std::vector<TabRow> rows;
-    for (const char* const title :
-         {QT_TR_NOOP("Text 1"), QT_TR_NOOP("Text 2"), QT_TR_NOOP("Image"), QT_TR_NOOP("Object")}) {
+    for (const char* const title : kNodeNames) {
         const auto tag = static_cast<int>(rows.size());
         rows.push_back({tr(title), [this, tag] { setCurrentNodeFromButton(tag); }});
     }

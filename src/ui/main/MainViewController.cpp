@@ -75,11 +75,15 @@ void MainViewController::wire() {
 /// Ends what is held first. Otherwise its further records would carry a number that the next
 /// performance gives to another action, and one undo would remove both.
 void MainViewController::deleteAllActions() {
-    stage.recognizers.cancel();
-    stage.recognizers.endPinch();
+    endGestures();
     if (auto* const catalogue = qobject_cast<ActionsMenu*>(panel()); catalogue != nullptr)
         catalogue->releaseButtons();
     services.model.actionController().deleteAll();
+}
+
+void MainViewController::endGestures() {
+    stage.recognizers.cancel();
+    stage.recognizers.endPinch();
 }
 
 void MainViewController::viewDidLoad() {
@@ -103,6 +107,7 @@ void MainViewController::setPanel(QObject* controller, const char* view) {
 }
 
 void MainViewController::showAnim() {
+    endGestures();
     services.model.stop(model::Reset::toStart);
     auto menu = std::make_unique<ActionsMenu>(services);
     menu->speedClosure = lifetime.guard([this](bool isShown) {
@@ -119,6 +124,7 @@ void MainViewController::showAnim() {
 }
 
 void MainViewController::showLayouterMenu() {
+    endGestures();
     services.model.stop(model::Reset::toStart);
     gestureDelegate = nullptr;
     auto menu = std::make_unique<LayouterMenu>(services);

@@ -166,6 +166,8 @@ private:
 
     void wire();
     void deleteAllActions();
+    /// Before another panel gets the gestures: it has not seen them begin.
+    void endGestures();
     void viewDidLoad();
     void setPanel(QObject* controller, const char* view);
     void present(QObject* controller, const char* view);

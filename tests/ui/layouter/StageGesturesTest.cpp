@@ -194,6 +194,22 @@ TEST_F(StageGesturesTest, APinchSizesWithinLimitsAndGrowsSlowerThanItShrinks) {
     EXPECT_FLOAT_EQ(read(0.5f), 4.5f) << "a new pinch reads from 1";
 }
 
+TEST_F(StageGesturesTest, APinchSizesNothingBySurpriseWhenKeysTakeAnotherNode) {
+    menu.setCurrentNode(nodes.textNode1);
+    pinch(GestureState::began);
+    pinch(GestureState::changed, 2);
+    menu.setCurrentNode(nodes.textNode2);
+    const float size = nodes.textNode2->scale2D;
+    pinch(GestureState::changed, 2);
+    EXPECT_FLOAT_EQ(nodes.textNode2->scale2D, size);
+    menu.setCurrentNode(nullptr);
+    pinch(GestureState::ended);
+    menu.setCurrentNode(nodes.textNode2);
+    pinch(GestureState::began);
+    pinch(GestureState::changed, 1);
+    EXPECT_FLOAT_EQ(nodes.textNode2->scale2D, size) << "nothing is left of the pinch before";
+}
+
 TEST_F(StageGesturesTest, ASecondTapWritesAText) {
     showOnly({nodes.textNode1}, 0);
     const glm::vec2 place = onScreen(nodes.textNode1->layoutPosition());

@@ -68,7 +68,7 @@ TEST_F(MainScreenTest, leaves_no_strip_of_speeds_above_the_style_panel) {
     EXPECT_TRUE(main.speedViewController.isHidden());
 }
 
-TEST_F(MainScreenTest, sends_gestures_to_the_camera_while_the_catalogue_shows_alone) {
+TEST_F(MainScreenTest, turns_the_camera_by_a_drag_beside_the_title_with_either_panel) {
     const auto panTurns = [this] {
         auto& handle = *model.nodes().cameraYHandle;
         main.stage.recognizers.setViewSize({1280, 720});
@@ -82,13 +82,23 @@ TEST_F(MainScreenTest, sends_gestures_to_the_camera_while_the_catalogue_shows_al
         return hasTurned;
     };
     settle();
-    EXPECT_FALSE(panTurns());
+    EXPECT_TRUE(panTurns());
     main.showAnim();
     settle();
     EXPECT_TRUE(panTurns());
     main.showLayouterMenu();
     settle();
-    EXPECT_FALSE(panTurns());
+    EXPECT_TRUE(panTurns());
+}
+
+TEST_F(MainScreenTest, hands_no_gesture_over_to_the_next_panel) {
+    main.stage.recognizers.setViewSize({1280, 720});
+    main.stage.recognizers.press(1, {10, 10});
+    main.stage.recognizers.move(1, {40, 10});
+    main.showAnim();
+    main.stage.recognizers.move(1, {300, 10});
+    settle();
+    EXPECT_NEAR(model.nodes().cameraYHandle->eulerAngles().y, 0, 0.01);
 }
 
 TEST_F(MainScreenTest, turns_the_camera_by_the_share_of_the_view_that_a_drag_takes) {
