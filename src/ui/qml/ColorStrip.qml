@@ -40,6 +40,7 @@ StripView {
 
             background: Item {
                 Rectangle {
+                    objectName: "edge"
                     anchors.centerIn: parent
                     width: 35
                     height: 36
@@ -47,8 +48,8 @@ StripView {
                     scale: swatch.isChosen ? 1 : swatch.hovered ? 0.92 : 0.84
                     color: swatch.modelData
                     // A dark colour still stands out from the ground.
-                    border.width: swatch.isChosen ? 2.5 : 1
-                    border.color: swatch.isChosen ? "white" : Theme.separator
+                    border.width: swatch.isChosen ? 2.5 : 1.5
+                    border.color: swatch.isChosen ? "white" : Qt.lighter(Theme.mutedText, 1.25)
 
                     Behavior on scale {
                         NumberAnimation {

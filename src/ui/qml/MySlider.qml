@@ -35,19 +35,22 @@ FocusScope {
     Rectangle {
         id: track
 
+        objectName: "edge"
         x: handle.width / 2
         anchors.verticalCenter: parent.verticalCenter
         width: root.room
-        height: 4
-        radius: 2
+        height: 6
+        radius: 3
         color: Theme.buttonFill
+        border.color: Theme.mutedText
 
         Rectangle {
             readonly property real end: root.shareOf(root.controller.value)
 
             x: Math.min(root.middle, end) * parent.width
+            y: 1
             width: Math.abs(root.middle - end) * parent.width
-            height: parent.height
+            height: parent.height - 2
             radius: parent.radius
             color: Theme.accent
         }

@@ -58,13 +58,15 @@ Item {
         background: Rectangle {
             y: (seek.height - height) / 2
             width: seek.width
-            height: 4
-            radius: 2
+            height: 6
+            radius: 3
             color: Theme.buttonFill
+            border.color: Theme.mutedText
 
             Rectangle {
+                y: 1
                 width: seek.visualPosition * parent.width
-                height: parent.height
+                height: parent.height - 2
                 radius: 2
                 color: Theme.accent
             }
