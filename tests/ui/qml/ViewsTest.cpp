@@ -3,9 +3,11 @@
 
 #include "ui/qml/Views.h"
 
+#include "support/ViewSearch.h"
 #include "ui/controls/MySlider.h"
 #include "ui/controls/ValueLabel.h"
 #include "ui/layouter/LayouterMenu.h"
+#include "ui/main/MainViewController.h"
 #include "ui/menus/ActionsMenu.h"
 #include "ui/menus/ControlMenu.h"
 #include "ui/menus/MenusFixture.h"
@@ -65,11 +67,15 @@ protected:
     QQuickView view;
 };
 
-TEST_F(MenuViewsTest, AMousePressFiresBeforeItIsLetGo) {
+TEST_F(MenuViewsTest, AMousePressFiresBeforeItIsLetGoAndLightsUpSoftly) {
     show("ActionsMenu", "controller", &menu);
     model.start();
     loop().runFor(3);
     QTest::mousePress(&view, Qt::LeftButton, {}, middleOf(2, 6, view.width()));
+    const QQuickItem* const light =
+        viewOf(view.rootObject(), menu.actionButtons()[2].get(), "controller")->childItems().at(1);
+    EXPECT_LT(light->opacity(), 1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return light->opacity() == 1; }, 2000));
     loop().drain();
     EXPECT_EQ(controller().recordedActions().size(), 1u);
     QTest::mouseRelease(&view, Qt::LeftButton, {}, middleOf(2, 6, view.width()));
@@ -109,6 +115,42 @@ TEST_F(MenuViewsTest, AFocusedButtonIsHeldByReturnWithoutRepeating) {
     EXPECT_TRUE(menu.actionButtons()[0]->isPressed()) << "auto-repeat does not release it";
     QTest::keyRelease(&view, Qt::Key_Return);
     EXPECT_FALSE(menu.actionButtons()[0]->isPressed());
+}
+
+TEST_F(MenuViewsTest, TipsComeWithThePointerOnlyAndHideNothingThatIsToBePressed) {
+    ui::MainViewController main(services);
+    main.showAnim();
+    show("MainBars", "main", &main);
+    const auto placeOf = [this](const QObject* button) {
+        const QQuickItem* const shown = viewOf(view.rootObject(), button, "controller");
+        return shown->mapRectToScene(shown->boundingRect());
+    };
+    auto& panel = *qobject_cast<ui::ActionsMenu*>(main.panel());
+    QList<const QObject*> buttons{&main.shareButton, &panel.speedButton};
+    for (const QObject* const tab : panel.stackView.arranged())
+        buttons.append(tab);
+    for (const QObject* const action : panel.actionObjects())
+        buttons.append(action);
+    for (const QObject* const pointedAt :
+         {buttons.at(0), buttons.at(1), buttons.at(3), buttons.last()}) {
+        const QQuickItem* const shown = viewOf(view.rootObject(), pointedAt, "controller");
+        const QObject* tip = nullptr;
+        for (const QObject* const part : shown->children())
+            tip = part->inherits("QQuickToolTip") ? part : tip;
+        ASSERT_NE(tip, nullptr);
+        for (const int step : {0, 1})
+            QTest::mouseMove(&view, placeOf(pointedAt).center().toPoint() + QPoint(step, 0));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return tip->property("visible").toBool(); }, 5000));
+        EXPECT_EQ(tip->property("text"), pointedAt->property("name"));
+        const QQuickItem* const told =
+            tip->property("contentItem").value<QQuickItem*>()->parentItem();
+        for (const QObject* const button : buttons)
+            EXPECT_FALSE(placeOf(button).intersects(told->mapRectToScene(told->boundingRect())))
+                << tip->property("text").toString().toStdString();
+        QTest::keyClick(&view, Qt::Key_Shift);
+        EXPECT_FALSE(tip->property("visible").toBool()) << "a key hides the tip";
+    }
+    view.setSource({});
 }
 
 TEST_F(MenuViewsTest, TheRowOfTabsFollowsTheWindowsWidth) {
