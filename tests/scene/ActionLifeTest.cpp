@@ -70,16 +70,6 @@ TEST(ActionLife, AKeyCancelsWhatRanUnderItAndNothingElse) {
     EXPECT_EQ(calls, "second");
 }
 
-TEST(ActionLife, RemovingAllTakesThoseNotYetBegun) {
-    Stage stage;
-    stage.node->runAction(moveToX(1, 0));
-    stage.node->removeAllActions();
-    EXPECT_FALSE(stage.node->hasActions());
-    stage.node->runAction(SCNAction::moveBy({0, 2, 0}, 0));
-    stage.apply({0});
-    expectNear(stage.node->position, {0, 2, 0});
-}
-
 /// Runs an action whose block removes all actions from the node: nothing must happen after that.
 void expectNothingAfterCancelling(const SCNActionPtr& action) {
     Stage stage;

@@ -13,17 +13,12 @@ using KeyPath = CAKeyframeAnimation::KeyPath;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Four seconds, at (10, 0, 0) after the first and at (10, 8, 0) after the second.
-CAKeyframeAnimation journey() {
+using Values = std::vector<glm::vec4>;
+
+/// Four seconds; the second value stands after the first of them, the third after the second.
+CAKeyframeAnimation journey(const Values& values = {{}, {10, 0, 0, 0}, {10, 8, 0, 0}, {}}) {
     CAKeyframeAnimation animation;
-    // clang-format off
-    animation.values = {
-        {0,  0, 0, 0},
-        {10, 0, 0, 0},
-        {10, 8, 0, 0},
-        {0,  0, 0, 0}
-    };
-    // clang-format on
+    animation.values = values;
     animation.keyTimes = {0, 0.25, 0.5, 1};
     animation.duration = 4;
     return animation;
@@ -91,15 +86,7 @@ TEST(Keyframes, BendTheWholeAndRunInRounds) {
 
 TEST(Keyframes, LieOverWhatActionsWriteAndLeaveItAlone) {
     Stage stage;
-    auto animation = journey();
-    // clang-format off
-    animation.values = {
-        {20, 0, 0, 0},
-        {20, 0, 0, 0},
-        {20, 0, 0, 0},
-        {20, 0, 0, 0}
-    };
-    // clang-format on
+    auto animation = journey(Values(4, {20, 0, 0, 0}));
     animation.fadeInDuration = 1;
     animation.fadeOutDuration = 2;
     stage.node->runAction(SCNAction::moveTo({0, 4, 0}, 4));
@@ -120,16 +107,8 @@ TEST(Keyframes, LieOverWhatActionsWriteAndLeaveItAlone) {
 TEST(Keyframes, TurnTheShortWay) {
     constexpr float kQuarter = std::numbers::pi_v<float> / 2;
     Stage stage;
-    auto animation = journey();
+    auto animation = journey({{}, {0, 2, 0, kQuarter}, {0, 0, 3, kQuarter}, {}});
     animation.keyPath = KeyPath::rotation;
-    // clang-format off
-    animation.values = {
-        {0, 0, 0, 0       },
-        {0, 2, 0, kQuarter},
-        {0, 0, 3, kQuarter},
-        {0, 0, 0, 0       }
-    };
-    // clang-format on
     stage.node->addAnimation(animation, "rotation");
     const auto turned = [&](const glm::vec3& v) {
         return glm::vec3(stage.node->worldTransform() * glm::vec4(v, 0));
@@ -145,10 +124,8 @@ TEST(Keyframes, TurnTheShortWay) {
 
 TEST(Keyframes, MakeWayUnderTheirKey) {
     Stage stage;
-    auto first = journey();
-    auto second = journey();
-    first.values.assign(4, {10, 0, 0, 0});
-    second.values.assign(4, {0, 6, 0, 0});
+    const auto first = journey(Values(4, {10, 0, 0, 0}));
+    auto second = journey(Values(4, {0, 6, 0, 0}));
     second.fadeInDuration = 1;
     stage.node->addAnimation(first, "key");
     stage.apply({0});

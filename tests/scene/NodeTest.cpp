@@ -34,18 +34,14 @@ TEST(Node, TurnsByRollThenYawThenPitch) {
         glm::vec3 expected; // another order of rotations gives another axis
     };
 
-    // clang-format off
-    const std::vector<Row> rows{
-        {{90, 0, 0},   {0, 1, 0}, {0, 0, 1} },
-        {{0, 90, 0},   {0, 0, 1}, {1, 0, 0} },
-        {{0, 0, 90},   {1, 0, 0}, {0, 1, 0} },
-        {{90, 0, 90},  {1, 0, 0}, {0, 0, 1} },
-        {{0, 90, 90},  {1, 0, 0}, {0, 1, 0} },
-        {{90, 90, 0},  {0, 0, 1}, {1, 0, 0} },
-        {{90, 90, 90}, {0, 1, 0}, {0, -1, 0}},
-    };
-    // clang-format on
-    for (const Row& row : rows) {
+    for (const Row& row :
+         {Row{{90, 0, 0}, {0, 1, 0}, {0, 0, 1}},
+          {{0, 90, 0}, {0, 0, 1}, {1, 0, 0}},
+          {{0, 0, 90}, {1, 0, 0}, {0, 1, 0}},
+          {{90, 0, 90}, {1, 0, 0}, {0, 0, 1}},
+          {{0, 90, 90}, {1, 0, 0}, {0, 1, 0}},
+          {{90, 90, 0}, {0, 0, 1}, {1, 0, 0}},
+          {{90, 90, 90}, {0, 1, 0}, {0, -1, 0}}}) {
         SCNNode node;
         node.setEulerAngles(glm::radians(row.degrees));
         expectNear(apply(node.transform(), row.point), row.expected);
@@ -86,13 +82,9 @@ TEST(Node, BelongsToOneParentAtATime) {
     second.reset();
     EXPECT_EQ(child->parent(), nullptr);
     expectNear(apply(child->worldTransform(), {0, 1, 0}), {1, 1, 0});
-}
-
-TEST(Node, MayLoseItsLastHolderWhenRemoved) {
-    const auto parent = std::make_shared<SCNNode>();
-    parent->addChildNode(std::make_shared<SCNNode>());
-    parent->childNodes().front()->removeFromParentNode();
-    EXPECT_TRUE(parent->childNodes().empty());
+    first->addChildNode(std::make_shared<SCNNode>());
+    first->childNodes().front()->removeFromParentNode(); // whose last holder is its parent
+    EXPECT_TRUE(first->childNodes().empty());
 }
 
 TEST(NodeDeathTest, CannotStandBelowItself) {

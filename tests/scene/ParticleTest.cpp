@@ -119,32 +119,22 @@ TEST(Particles, KeepToTheirRanges) {
     };
 
     // clang-format off
-    const std::vector<Row> rows = {
-        {"sphere's skin",
-         ParticleShape::sphere(5),
-         ParticleBirthLocation::surface,
-         [](const glm::vec3& p) { return std::abs(glm::length(p) - 5) < 1e-3f; }                },
-        {"sphere",
-         ParticleShape::sphere(5),
-         ParticleBirthLocation::volume,
-         [](const glm::vec3& p) { return glm::length(p) < 5.001f; }                             },
-        {"box's faces",
-         {ParticleShapeKind::box, {1, 2, 3}},
-         ParticleBirthLocation::surface,
+    const Row rows[] = {
+        {"sphere's skin", ParticleShape::sphere(5), ParticleBirthLocation::surface,
+         [](const glm::vec3& p) { return std::abs(glm::length(p) - 5) < 1e-3f; }},
+        {"sphere", ParticleShape::sphere(5), ParticleBirthLocation::volume,
+         [](const glm::vec3& p) { return glm::length(p) < 5.001f; }},
+        {"box's faces", {ParticleShapeKind::box, {1, 2, 3}}, ParticleBirthLocation::surface,
          [](const glm::vec3& p) {
              const glm::vec3 share = glm::abs(p) / glm::vec3(1, 2, 3);
              return std::abs(std::max({share.x, share.y, share.z}) - 1) < 1e-4f;
-         }                                                                                      },
-        {"plane",
-         {ParticleShapeKind::plane, {4, 2, 0}},
-         ParticleBirthLocation::volume,
+         }},
+        {"plane", {ParticleShapeKind::plane, {4, 2, 0}}, ParticleBirthLocation::volume,
          [](const glm::vec3& p) { return std::abs(p.x) <= 4 && std::abs(p.y) <= 2 && p.z == 0; }},
-        {"tube",
-         {ParticleShapeKind::cylinder, {3, 6, 0}},
-         ParticleBirthLocation::surface,
+        {"tube", {ParticleShapeKind::cylinder, {3, 6, 0}}, ParticleBirthLocation::surface,
          [](const glm::vec3& p) {
              return std::abs(std::hypot(p.x, p.z) - 3) < 1e-3f && std::abs(p.y) <= 6;
-         }                                                                                      },
+         }},
     };
     // clang-format on
     for (const Row& row : rows) {
@@ -208,13 +198,10 @@ TEST(Particles, AreLeftBehindByAMovingNodeUnlessTheyAreItsOwn) {
 }
 
 TEST(ParticleFiles, TellWhatIsWrong) {
-    struct Row {
-        const char* text;
-        const char* said;
-    };
+    using Row = std::pair<const char*, const char*>;
 
     // clang-format off
-    for (const Row& row : std::vector<Row>{
+    for (const auto& [text, said] : std::vector<Row>{
              {R"({"birthRat": 5})",                                                    R"(did you mean "birthRate"?)"          },
              {R"({"birthRate": "many"})",                                              "birthRate"                             },
              {R"({"birthRate": 20000, "particleLifeSpan": 50})",                       "makes over 20000 particles"            },
@@ -227,10 +214,9 @@ TEST(ParticleFiles, TellWhatIsWrong) {
              {"[",                                                                     "line 1"                                }
     }) {
         // clang-format on
-        const auto system = SCNParticleSystem::fromJSON(row.text, "x.scnp");
-        ASSERT_FALSE(system.has_value()) << row.text;
-        EXPECT_NE(system.error().message.find(row.said), std::string::npos)
-            << system.error().message;
+        const auto system = SCNParticleSystem::fromJSON(text, "x.scnp");
+        ASSERT_FALSE(system.has_value()) << text;
+        EXPECT_NE(system.error().message.find(said), std::string::npos) << system.error().message;
         EXPECT_EQ(system.error().message.find("x.scnp: "), 0U);
     }
 }

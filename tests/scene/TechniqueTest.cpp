@@ -9,24 +9,19 @@
 namespace zelvo::scene {
 namespace {
 
-std::string key(const std::string& name, const std::string& value) {
-    return "<key>" + name + "</key>" + value;
-}
-
 const std::string kGood = // NOLINT(cert-err58-cpp)
-    "<plist><dict>" +
-    key("symbols",
-        "<dict>" + key("r", "<dict><key>value</key><real>0.5</real></dict>") + "</dict>") +
-    key("targets",
-        "<dict>" + key("small", "<dict><key>scaleFactor</key><real>0.25</real></dict>") +
-            "</dict>") +
-    "<key>passes</key><dict><key>one</key><dict>" + key("draw", "<string>DRAW_QUAD</string>") +
-    key("metalVertexShader", "<string>simpleVertexShader</string>") +
-    key("metalFragmentShader", "<string>gaussFragmentShader</string>") + "<key>inputs</key><dict>" +
-    key("colorSampler", "<string>COLOR</string>") + key("radius", "<string>r</string>") +
-    key("directionX", "<string>r</string>") + key("directionY", "<string>r</string>") + "</dict>" +
-    key("outputs", "<dict>" + key("color", "<string>small</string>") + "</dict>") +
-    "</dict></dict>" + key("sequence", "<array><string>one</string></array>") + "</dict></plist>";
+    "<plist><dict>"
+    "<key>symbols</key><dict><key>r</key><dict><key>value</key><real>0.5</real></dict></dict>"
+    "<key>targets</key>"
+    "<dict><key>small</key><dict><key>scaleFactor</key><real>0.25</real></dict></dict>"
+    "<key>passes</key><dict><key>one</key><dict><key>draw</key><string>DRAW_QUAD</string>"
+    "<key>metalVertexShader</key><string>simpleVertexShader</string>"
+    "<key>metalFragmentShader</key><string>gaussFragmentShader</string>"
+    "<key>inputs</key><dict><key>colorSampler</key><string>COLOR</string>"
+    "<key>radius</key><string>r</string>"
+    "<key>directionX</key><string>r</string><key>directionY</key><string>r</string></dict>"
+    "<key>outputs</key><dict><key>color</key><string>small</string></dict></dict></dict>"
+    "<key>sequence</key><array><string>one</string></array></dict></plist>";
 
 std::string replaced(const std::string& from, const std::string& to) {
     std::string text = kGood;
