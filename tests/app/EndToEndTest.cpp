@@ -89,27 +89,6 @@ TEST(EndToEnd, makes_a_movie_with_the_letter_and_the_sound_where_they_belong) {
     EXPECT_NEAR(seen.loudness(1.7, 1.9), 0.354, 0.03);
 }
 
-TEST(EndToEnd, moves_the_camera_by_the_fingers_of_the_performance) {
-    const Program program;
-    // The finger turns the camera by 1.8 until 0.6, so that the letter leaves its column; lift-off
-    // comes at 1.0, and all is home 0.34 later. Then the same by a zoom.
-    const auto file = program.write("fingers.json", "{" + kStage + R"(, "cues": [
-        {"at": -1, "tab": "IN1", "press": "Left In", "nodes": ["TX1"]},
-        {"at": 0.2, "pan": [[640, 360], [700, 360], [700, 360]], "for": 0.8},
-        {"at": 1.5, "tab": "CAM", "hold": "Zoom Cam", "for": 0.2}]})");
-    const auto movie = program.path("fingers.mov");
-    const auto made = program.run({"perform", file, "--movie", movie, "--size", kSize});
-    ASSERT_EQ(made.status, 0) << made.err;
-    const auto seen = media::decodeMovie(movie, kLetterX, kMiddleY);
-    ASSERT_EQ(seen.centres.size(), 118U);
-    const auto isLit = [&](std::size_t frame) { return seen.centres[frame][0] > 100; };
-    EXPECT_TRUE(isLit(0) && isLit(13)) << "the turn is smooth";
-    EXPECT_FALSE(isLit(50) || isLit(60));
-    EXPECT_TRUE(isLit(81) && isLit(89));
-    EXPECT_FALSE(isLit(95) || isLit(101));
-    EXPECT_TRUE(isLit(110));
-}
-
 TEST(EndToEnd, draws_the_same_bytes_for_the_same_seed_and_the_same_moment) {
     const Program program;
     const auto file = program.write(
@@ -136,39 +115,6 @@ TEST(EndToEnd, draws_the_same_bytes_for_the_same_seed_and_the_same_moment) {
         {"frame", file, "--at", "0.5", "--out", picture, "--size", "96x54", "--seed", "7"});
     ASSERT_EQ(made.status, 0) << made.err;
     EXPECT_TRUE(contentOf(picture) == first[30]);
-}
-
-TEST(EndToEnd, shows_an_empty_stage_in_the_count_in) {
-    const Program program;
-    const auto file = program.write("random.json", withText("A"));
-    const auto pictureAt = [&](const std::string& time, const std::string& name) {
-        const auto made = program.run(
-            {"frame", file, "--at", time, "--out", program.path(name), "--size", "96x54"});
-        EXPECT_EQ(made.status, 0) << made.err;
-        return contentOf(program.path(name));
-    };
-    const auto empty = pictureAt("-1", "empty.png");
-    EXPECT_TRUE(empty == pictureAt("-0.1", "later.png"));
-    EXPECT_FALSE(empty == pictureAt("1.5", "letters.png"));
-}
-
-TEST(EndToEnd, takes_an_undone_press_out_of_the_movie) {
-    const Program program;
-    const auto pictureOf = [&](const std::string& cues) {
-        const auto file = program.write("cues.json", performance(R"("cues": [)" + cues + "]"));
-        const auto picture = program.path("picture.png");
-        const auto made =
-            program.run({"frame", file, "--at", "1.9", "--out", picture, "--size", "96x54"});
-        EXPECT_EQ(made.status, 0) << made.err;
-        return contentOf(picture);
-    };
-    const std::string press = R"({"at": 0.2, "tab": "IN1", "press": "Left In"})";
-    const auto none = pictureOf("");
-    const auto pressed = pictureOf(press);
-    EXPECT_FALSE(none == pressed);
-    EXPECT_TRUE(none == pictureOf(press + R"(, {"at": 0.2, "undo": true})"));
-    EXPECT_TRUE(
-        pressed == pictureOf(press + R"(, {"at": 0.5, "undo": true}, {"at": 0.6, "redo": true})"));
 }
 
 TEST(EndToEnd, draws_any_text) {
