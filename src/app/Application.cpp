@@ -25,9 +25,10 @@ namespace zelvo::app {
 
 namespace {
 
-constexpr const char* kWindowKey = "WindowPlace"; ///< x, y, width, height, "window" or "full"
+/// The value is the list x, y, width, height, "window", or only "full".
+constexpr const char* kWindowKey = "WindowPlace";
 
-/// Without sound the program goes on.
+/// An error is only logged: the program also runs without sound.
 [[nodiscard]] bool activateSound() {
     using media::AVAudioSession;
     auto session = AVAudioSession::setCategory(
@@ -53,7 +54,7 @@ constexpr const char* kWindowKey = "WindowPlace"; ///< x, y, width, height, "win
     return all;
 }
 
-/// The frame is the window manager's: how wide it is comes out once the window is there.
+/// Needs a visible window, because only then the window manager has added its frame.
 void keepFrameOnScreen(QQuickWindow& window) {
     const QRect whole = whollyShown(window.geometry(), window.frameMargins(), screens());
     if (window.windowStates() == Qt::WindowNoState && whole != window.geometry())
@@ -144,7 +145,7 @@ void Application::keepWindowPlace() {
         return;
     const QRect place = shown->geometry();
     const bool isFull = shown->windowState() == Qt::WindowFullScreen;
-    if (isFull) { // the place it goes back to is not known: only that it is full
+    if (isFull) { // the place outside full screen is not known
         defaults.set(kWindowKey, std::vector<std::string>{"full"});
         return;
     }

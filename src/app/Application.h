@@ -21,8 +21,9 @@ class QQuickWindow;
 
 namespace zelvo::app {
 
-/// The system on the wall clock, with its window. Starts up in the program's order: settings,
-/// fonts, stage, model, sound, main screen. Needs a QGuiApplication; one at a time.
+/// The program with its window, in real time. Its parts start in this order: settings, fonts,
+/// stage, model, sound, main screen. Needs a QGuiApplication; only one Application can exist at a
+/// time.
 class Application {
 public:
     explicit Application(const foundation::Folders& folders);
@@ -37,7 +38,7 @@ private:
     text::FontRegistry fonts;
     stage::Nodes nodes;
     model::Model model_;
-    bool hasSound; ///< before the main screen comes up
+    bool hasSound; ///< stands here because sound must start before the main screen
 
 public:
     ui::MainViewController main;
@@ -46,12 +47,12 @@ public:
 
     [[nodiscard]] foundation::RunLoop& runLoop() { return runLoop_; }
 
-    /// Null where the views are broken; what is wrong with them is on the console.
+    /// Null if the views could not be loaded; the console then shows the errors.
     [[nodiscard]] QQuickWindow* window() const;
 
-    /// Where the window stood when the program last ended, kept to the screens there are.
+    /// Shows the window in its place of last time, moved if it would not fit on a screen now.
     void show();
-    /// Hands files over as the system does.
+    /// Opens files as if the desktop had passed them to the program.
     void open(const std::vector<std::filesystem::path>& files);
 
 private:
@@ -63,7 +64,7 @@ private:
     QQmlApplicationEngine engine;
 };
 
-/// Before the QGuiApplication: which graphics the window asks for.
+/// Requests the OpenGL version for the window. Call it before the QGuiApplication is made.
 void prepareGraphics();
 
 } // namespace zelvo::app

@@ -113,12 +113,13 @@ constexpr auto kSheets = std::to_array<SheetName>({
     return PictureSize{*width, *height};
 }
 
-/// Adds what several subcommands share.
+// Arguments that several subcommands share.
+
 void addFile(CLI::App& command, std::filesystem::path& file) {
     command.add_option("FILE", file, "The performance file (JSON)")->required();
 }
 
-/// `size` holds what stands if none is given.
+/// `size` must hold the default.
 void addSize(CLI::App& command, PictureSize& size) {
     command
         .add_option_function<std::string>(
@@ -145,7 +146,8 @@ void addSeed(CLI::App& command, std::uint64_t& seed) {
         ->type_name("N");
 }
 
-/// An empty name, as an unset variable of a script leaves it, is no wish for the usual place.
+/// Rejects an empty name. A script passes one by mistake, from an unset variable; it must not be
+/// taken as the default place.
 [[nodiscard]] CLI::Validator named() {
     return {
         [](const std::string& given) {
@@ -224,7 +226,7 @@ void addStrip(CLI::App& app, StripCommand& options) {
     addSeed(command, options.seed);
 }
 
-/// The positional that takes one of the table's names.
+/// Adds a positional argument that takes one of the table's names.
 template <class Rows, class Take>
 void addWhat(CLI::App& command, const Rows& rows, const std::string& description, Take take) {
     std::vector<std::string> names;
@@ -300,7 +302,7 @@ foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments)
     addSheet(app, sheet);
     addList(app, list);
 
-    // The library speaks in exceptions; none leaves this function.
+    // CLI11 throws; no exception leaves this function.
     try {
         std::ranges::reverse(arguments);
         app.parse(std::move(arguments));

@@ -13,7 +13,7 @@
 
 namespace zelvo::app {
 
-/// Of a movie or picture: both sides even, kMinSide to kMaxSide pixels.
+/// The size of a movie or picture in pixels. Both sides are even, from kMinSide to kMaxSide.
 struct PictureSize {
     int width = 1920;
     int height = 1080;
@@ -38,7 +38,7 @@ struct PerformCommand {
 /// zelvo frame
 struct FrameCommand {
     std::filesystem::path file;
-    double at = 0; ///< seconds of the movie, the count-in below 0
+    double at = 0; ///< seconds of the movie; negative in the count-in
     std::filesystem::path out;
     PictureSize size;
     std::uint64_t seed = 0;
@@ -47,7 +47,7 @@ struct FrameCommand {
 /// zelvo strip
 struct StripCommand {
     std::filesystem::path file;
-    double from = 0; ///< seconds of the movie, the count-in below 0
+    double from = 0; ///< seconds of the movie; negative in the count-in
     double to = 0;   ///< not before `from`
     int count = kMinMoments;
     std::filesystem::path out;
@@ -73,10 +73,10 @@ struct ListCommand {
     Listing what = Listing::tabs;
 };
 
-/// zelvo without a command: the application's window.
+/// zelvo without a command: opens the window.
 struct WindowCommand {
-    std::vector<std::filesystem::path> files; ///< to be opened, as the file manager would
-    bool showsTouches = false;                ///< each finger leaves a mark, from the start
+    std::vector<std::filesystem::path> files; ///< to open in the window
+    bool showsTouches = false;                ///< marks each finger, from the start
 };
 
 /// --help, --version: a text to print.
@@ -93,7 +93,7 @@ using Command = std::variant<
     WindowCommand,
     TextCommand>;
 
-/// What the arguments (without the program's name) ask for. The error is one line.
+/// Parses the arguments (without the program's name). The error is one line.
 [[nodiscard]] foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments);
 
 } // namespace zelvo::app

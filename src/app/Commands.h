@@ -6,22 +6,22 @@
 
 namespace zelvo::app {
 
-/// How a command ends. One that was stopped by a signal ends with kStopped plus the signal's
+/// The exit status of a command. If a signal stopped it, the status is kStopped plus the signal's
 /// number.
 struct ExitStatus {
     static constexpr int kDone = 0;
-    static constexpr int kFailed = 1; ///< the export, or the window
-    static constexpr int kWrong = 2;  ///< the command line, or a file it names
+    static constexpr int kFailed = 1; ///< the export failed, or no window could be opened
+    static constexpr int kWrong = 2;  ///< the command line or a file it names is wrong
     static constexpr int kStopped = 128;
 };
 
-/// Prints what is wrong and gives the status back.
+/// Prints the error and returns `status`.
 [[nodiscard]] int complain(const foundation::Error& error, int status);
 
-/// The end of a command that a signal has stopped.
+/// Prints that a signal stopped the command, and returns its exit status.
 [[nodiscard]] int stoppedBy(int signal);
 
-/// Each prints what it makes on stdout, and what is wrong on stderr, and gives the exit status.
+/// Each of these prints its result on stdout and errors on stderr, and returns the exit status.
 [[nodiscard]] int run(const PerformCommand& command);
 [[nodiscard]] int run(const FrameCommand& command);
 [[nodiscard]] int run(const StripCommand& command);
@@ -30,7 +30,7 @@ struct ExitStatus {
 [[nodiscard]] int run(const WindowCommand& command);
 [[nodiscard]] int run(const TextCommand& command);
 
-/// The whole program: parses the arguments (without the program's name) and runs what they ask for.
+/// The whole program: parses the arguments (without the program's name) and runs the command.
 [[nodiscard]] int runCommandLine(std::vector<std::string> arguments);
 
 } // namespace zelvo::app

@@ -19,14 +19,14 @@ namespace {
 
 constexpr auto kCaptionFile = "fonts/NunitoSans-Medium.ttf";
 constexpr auto kCaptionFont = "NunitoSans-Medium";
-constexpr double kCaptionSize = 15;     // em, pixels
-constexpr double kCaptionBaseline = 20; // pixels below the picture
+constexpr double kCaptionSize = 15;     ///< size of the font, pixels
+constexpr double kCaptionBaseline = 20; ///< pixels below the picture
 
 const QColor kGround(24, 25, 28);
 const QColor kInk(214, 216, 220);
 
 [[nodiscard]] QPointF pointAt(glm::vec2 point) {
-    return {point.x, -point.y}; // outlines have y up
+    return {point.x, -point.y}; // in outlines, y goes up
 }
 
 [[nodiscard]] QPainterPath painterPath(const geometry::BezierPath& outline) {
@@ -56,8 +56,8 @@ const QColor kInk(214, 216, 220);
     return path;
 }
 
-/// The caption, narrowed where it is wider than its tile. Glyph outlines need no application
-/// object, which Qt's own fonts would.
+/// Draws the caption; one that is wider than its tile is made narrower. It is drawn as outlines,
+/// because Qt's own fonts need a QGuiApplication, and a command has none.
 void drawCaption(QPainter& painter, const Tile& tile, const text::FontPtr& font) {
     const auto path = painterPath(text::outlineOf(
         tile.caption, {.font = font, .fallbacks = {}, .size = kCaptionSize, .kern = 0.2}));

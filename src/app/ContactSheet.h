@@ -11,13 +11,13 @@
 
 namespace zelvo::app {
 
-/// A picture of a contact sheet with the words below it.
+/// A picture on a contact sheet, with its caption.
 struct Tile {
     std::string caption;
-    image::Image picture; ///< opaque; of one size throughout a sheet
+    image::Image picture; ///< opaque; all pictures of a sheet have the same size
 };
 
-/// How a sheet divides into tiles: rows of equal length, only the last may be shorter.
+/// The grid of a sheet. All rows have the same number of tiles, but the last one may have fewer.
 ///
 ///     gap ┌──────┐ gap ┌──────┐ gap
 ///         │ tile │     │ tile │
@@ -32,7 +32,8 @@ struct SheetLayout {
     static constexpr int kGap = 12;     ///< pixels, around and between tiles
     static constexpr int kCaption = 30; ///< pixels below each picture
 
-    /// Where a tile's picture begins; tiles are counted from 0, row by row.
+    /// The left edge of a tile's picture; top() is its upper edge. Tiles are numbered from 0, row
+    /// by row.
     [[nodiscard]] int left(int tile) const { return kGap + tile % columns * (tileWidth + kGap); }
 
     [[nodiscard]] int top(int tile) const {
@@ -44,11 +45,13 @@ struct SheetLayout {
     [[nodiscard]] int height() const { return kGap + rows * (tileHeight + kCaption + kGap); }
 };
 
-/// The layout of `count` tiles in as few rows of at most `mostColumns` as will do, evenly filled.
+/// The layout of `count` tiles, with at most `mostColumns` columns. It has as few rows as possible,
+/// and then as few columns as possible.
 [[nodiscard]] SheetLayout
 layoutFor(std::size_t count, int mostColumns, int tileWidth, int tileHeight);
 
-/// The tiles on a dark ground, captions set below. Errors: those of the caption's font.
+/// Draws the tiles and their captions on a dark background. Errors: the captions' font cannot be
+/// read.
 [[nodiscard]] foundation::Result<image::Image>
 contactSheet(const std::vector<Tile>& tiles, const SheetLayout& layout);
 

@@ -20,7 +20,7 @@ using foundation::Problems;
 using foundation::unknownName;
 using Strings = std::vector<std::string>;
 
-constexpr double kShortestHold = 0.02; ///< seconds: a frame and a little
+constexpr double kShortestHold = 0.02; ///< seconds; a little more than a frame
 constexpr double kLongestHold = 3600;
 
 constexpr auto kCueKeys = std::to_array<std::string_view>(
@@ -39,14 +39,14 @@ constexpr auto kCueKeys = std::to_array<std::string_view>(
 
 using Act = decltype(Cue::act);
 
-/// A cue that presses no button, known by its key.
+/// A cue that presses no button. Its key says what it does.
 struct BareCue {
     const char* key;
-    const char* other; ///< the key that it needs besides; null if none
+    const char* other; ///< a second key that it needs; null: none
     Act (*read)(JsonObject& cue, const char* key, Problems& problems);
 };
 
-/// A cue whose key can only be true.
+/// Reads a cue such as `"undo": true`. False is a problem.
 template <class What> Act readTrue(JsonObject& cue, const char* key, Problems& problems) {
     if (cue.boolean(key) == false) {
         problems.add(
@@ -115,7 +115,7 @@ private:
         if (value.kind != JsonValue::Kind::object)
             return result;
         for (const auto key : kCueKeys)
-            (void)object.has(key); // whatever the cue does, these are known
+            (void)object.has(key); // so that finish() does not call it unknown
         result.at = time(object);
         const auto* const bare = std::ranges::find_if(
             kBareCues, [&](const BareCue& row) { return object.has(row.key); });
@@ -192,7 +192,7 @@ private:
         return result;
     }
 
-    /// Seconds; none for a cue that only presses.
+    /// Seconds; empty for a cue that only presses.
     [[nodiscard]] std::optional<double> holdTime(JsonObject& object) {
         const bool isHeld = object.has("hold");
         if (isHeld != object.has("for")) {
@@ -204,7 +204,7 @@ private:
         return isHeld ? object.number("for", {kShortestHold, kLongestHold}) : std::nullopt;
     }
 
-    /// Whether the button is pressed or held as its kind asks.
+    /// Reports a held button that is only pressed, and a fired button that is held.
     void checkHand(const std::string& tab, const std::string& title, JsonObject& object) {
         const auto row = std::ranges::find(context.names.tabs, tab, &TabNames::tab);
         if (std::ranges::find(row->titles, title) == row->titles.end())

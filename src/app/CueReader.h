@@ -10,21 +10,21 @@
 
 namespace zelvo::app {
 
-/// What the cues of a performance are held against.
+/// What the cues of a performance are checked against.
 struct CueContext {
     const Names& names;
     double duration; ///< of the movie, seconds
 };
 
-/// The member "cues" of a performance, in order of time.
+/// Reads the member "cues" of a performance. The result is sorted by time.
 [[nodiscard]] std::vector<Cue>
 readCues(foundation::JsonObject& root, const CueContext& context, foundation::Problems& problems);
 
-/// The member "speed" of the object, as the speed's own title.
+/// Reads the member "speed" of the object. The result is spelt as in `names`.
 [[nodiscard]] std::optional<std::string>
 readSpeed(foundation::JsonObject& object, const Names& names, foundation::Problems& problems);
 
-/// Short names of the nodes that can be named.
+/// The short names of the nodes that a cue can name.
 [[nodiscard]] const std::vector<std::string>& nodeNames();
 
 } // namespace zelvo::app

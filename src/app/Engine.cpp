@@ -12,7 +12,7 @@ namespace zelvo::app {
 
 namespace {
 
-/// The opening fly-in, which the program greets with, is over by then; seconds.
+/// Seconds until the opening movement, which every start of the program shows, has ended.
 constexpr double kOpening = 0.5;
 
 void sayAlert(const std::string& title, const std::string& message) {
@@ -32,7 +32,7 @@ Engine::Engine(
            .folders = folders,
            .makeFrames = [] { return movie::makeRendererFrames(&stopwatchSeconds); },
            .makeAudioOutput = {},
-           // What goes wrong in an export is told with its outcome.
+           // No alerts: the result of an export contains its errors.
            .showAlert = {}})
     , viewClock(view) {
     foundation::seedRandom(seed);

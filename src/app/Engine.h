@@ -15,11 +15,12 @@
 
 namespace zelvo::app {
 
-/// The whole system on the virtual clock, with a view that shows nothing and sound that nobody
-/// hears. Starts up in the program's order: settings, fonts, stage, model.
+/// The program without a window: with a virtual clock, a view that draws nothing, and no sound
+/// output. Its parts start in this order: settings, fonts, stage, model.
 class Engine {
 public:
-    /// `seed` starts the random draws: the same seed, the same movie. The loop outlives the engine.
+    /// `seed` is for all random numbers: the same seed gives the same movie. The loop must outlive
+    /// the engine.
     Engine(
         foundation::VirtualRunLoop& loop, const foundation::Folders& folders, std::uint64_t seed);
     Engine(const Engine&) = delete;

@@ -9,13 +9,13 @@
 
 namespace zelvo::app {
 
-/// The names that the engine as built knows, for the reader of performance files.
+/// All names that a performance file can use.
 [[nodiscard]] Names engineNames();
 
-/// What `zelvo list` prints, a line each.
+/// The lines that `zelvo list` prints.
 [[nodiscard]] std::vector<std::string> listed(Listing what);
 
-/// Where a scene stands in SceneManager's list. Its name is one of engineNames().scenes.
+/// The index of a scene in SceneManager's list. The name must be in engineNames().scenes.
 [[nodiscard]] int sceneIndexOf(const std::string& name);
 
 } // namespace zelvo::app

@@ -10,17 +10,17 @@
 
 namespace zelvo::app {
 
-/// The run loop of a command, and the signals that stop what runs on it.
+/// The run loop of a command, and the signals (Ctrl+C, for example) that stop the command.
 class StoppableLoop {
 public:
     StoppableLoop();
 
     foundation::VirtualRunLoop runLoop;
 
-    /// Called on the run loop when the process is asked to stop; empty: nothing is.
+    /// Called on the run loop when a signal asks the process to stop; may be empty.
     std::function<void()> onStop;
 
-    /// The signal that asked; 0 if none did.
+    /// The signal that asked to stop; 0 if none came.
     [[nodiscard]] int stopSignal() const { return signals.received(); }
 
 private:
@@ -33,15 +33,15 @@ struct ExportReport {
     double seconds = 0; ///< real time from the start to the finished movie
 };
 
-/// Replays what the engine's model has recorded and makes the movie of it, showing its progress on
-/// stderr. Errors: those of MovieWriter; cancelled when a signal stopped it.
+/// Makes the movie of the performance in the engine's model, and shows the progress on stderr.
+/// Errors: those of MovieWriter; cancelled if a signal stopped it.
 [[nodiscard]] foundation::Result<ExportReport>
 exportMovie(Engine& engine, StoppableLoop& loop, const movie::MovieOptions& options);
 
-/// How many frames a movie of that duration (seconds) holds.
+/// The number of frames in a movie of this duration (seconds).
 [[nodiscard]] int framesIn(double duration);
 
-/// The table of --timing.
+/// The table that --timing prints.
 [[nodiscard]] std::string timingTable(const ExportReport& report);
 
 } // namespace zelvo::app

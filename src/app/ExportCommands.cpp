@@ -24,12 +24,13 @@ namespace zelvo::app {
 
 namespace {
 
-/// What perform and frame have in common, up to the export.
+/// What perform, frame and strip have in common.
 struct Task {
     std::filesystem::path file;
     std::uint64_t seed = 0;
     foundation::Folders folders;
-    /// How the movie is made, once the performance is known. Errors: what is asked for cannot be.
+    /// The options of the export; called when the performance is set up. Errors: the arguments do
+    /// not fit the performance.
     std::function<foundation::Result<movie::MovieOptions>(model::Model&)> options;
     std::function<void(const ExportReport&)> report;
 };
@@ -137,8 +138,8 @@ optionsFor(const StripCommand& command, const model::Model& model) {
     return optionsForTap(command.size, std::move(*tap));
 }
 
-/// The user's folders but for the settings: a movie depends on its performance and seed alone, and
-/// commands that run side by side must not read each other's marks.
+/// The user's folders, with empty settings: a movie must depend on nothing but performance and
+/// seed, and commands that run at the same time must not disturb each other.
 [[nodiscard]] foundation::Folders
 foldersWithoutSettings(const foundation::TemporaryFolder& temporary) {
     auto folders = foundation::Folders::standard();
@@ -146,7 +147,7 @@ foldersWithoutSettings(const foundation::TemporaryFolder& temporary) {
     return folders;
 }
 
-/// The folders of a command that leaves nothing but what it was asked for.
+/// Folders for a command that must leave no files except its output.
 [[nodiscard]] foundation::Folders foldersIn(const foundation::TemporaryFolder& temporary) {
     auto folders = foldersWithoutSettings(temporary);
     folders.documents = temporary.path();

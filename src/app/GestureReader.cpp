@@ -35,7 +35,7 @@ constexpr StepCount kPinchSteps{1, "velocities"};
     return cue.number("for", kGestureTime).value_or(kGestureTime.least);
 }
 
-/// The items of the list if their number is right.
+/// The items of the list; none if there are too few or too many.
 [[nodiscard]] std::span<const JsonValue>
 steps(JsonObject& cue, const char* key, const StepCount& count, Problems& problems) {
     const auto* const list = cue.find(key, JsonValue::Kind::array);

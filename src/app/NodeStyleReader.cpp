@@ -19,7 +19,7 @@ using foundation::JsonValue;
 using foundation::Problems;
 using foundation::Range;
 
-// What the controls of the style and layout menus can reach.
+// The ranges of the controls in the window.
 constexpr Range kDepth{1, 150};
 constexpr Range kBevel{0, 4};
 constexpr Range kScale{0.15, 5};
@@ -32,7 +32,7 @@ using Strings = std::vector<std::string>;
 const Strings kProfiles{"linear", "rounded"};
 const Strings kFills{"inner", "outer"};
 
-/// Code points of UTF-8 that is known to be valid.
+/// The number of code points. The text must be valid UTF-8.
 [[nodiscard]] std::size_t characterCount(std::string_view text) {
     return static_cast<std::size_t>(std::ranges::count_if(
         text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));

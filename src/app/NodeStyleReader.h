@@ -20,7 +20,7 @@ struct NodeStyles {
 [[nodiscard]] NodeStyles readNodeStyles(
     const foundation::JsonValue& value, const Names& names, foundation::Problems& problems);
 
-/// "#194CE6"; anything else is a problem.
+/// Reads a colour like "#194CE6" and reports any other value.
 [[nodiscard]] std::optional<image::Color>
 readColor(foundation::JsonObject& object, std::string_view key);
 

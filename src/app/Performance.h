@@ -14,14 +14,14 @@
 
 namespace zelvo::app {
 
-// A performance as written down: how the stage is styled and what is pressed when. Absent fields
-// leave the stage as the program starts with it. All values have been checked by the reader.
+// The content of a performance file: how the stage is styled, and what is pressed when. An empty
+// field leaves the stage as it is at the start of the program. The reader has checked all values.
 
-/// Where a node stands before anything is played: the layout's, not the performance's.
+/// The layout of a node: its place before any animation.
 struct LayoutStyle {
     std::optional<glm::dvec3> position; ///< scene units
     std::optional<double> scale;        ///< 0.15 to 5
-    std::optional<glm::dvec3> rotation; ///< radians about x, y, z (degrees in the file)
+    std::optional<glm::dvec3> rotation; ///< radians around x, y, z (degrees in the file)
     std::optional<bool> visible;
 };
 
@@ -38,10 +38,10 @@ struct TextStyle : LayoutStyle {
     std::optional<std::string> fill;    ///< "inner" or "outer"
 };
 
-/// The style of the image node. A picture or a mask shows the node unless `visible` says otherwise.
+/// The style of the image node. It shows the node, unless `visible` is false.
 struct ImageStyle : LayoutStyle {
-    int line = 1;                     ///< where the picture's name stands
-    std::optional<std::string> image; ///< a picture file as written; relative to the performance
+    int line = 1;                     ///< of `image` in the file, for error messages
+    std::optional<std::string> image; ///< path as in the file, relative to the performance
     std::optional<std::string> mask;  ///< name of a mask
     std::optional<bool> flipH;
     std::optional<bool> flipV;
@@ -55,35 +55,34 @@ struct MediaStyle : LayoutStyle {
     std::optional<image::Color> color;
 };
 
-/// The stretch of music, in seconds, and its fades.
+/// The stretch of a song that the movie plays. Times are seconds.
 struct Music {
-    int line = 1;     ///< where the file name stands
-    std::string file; ///< as written; relative to the performance file
-    double in = 0;    ///< song time at which the stretch begins
-    std::optional<double>
-        end; ///< song time at which it ends; absent: the song's end or the movie's length
-    double preRoll = 0;              ///< movie time at which it begins to sound
+    int line = 1;     ///< of `file` in the performance file, for error messages
+    std::string file; ///< path as in the file, relative to the performance
+    double in = 0;    ///< song time at the start of the stretch
+    /// Song time at the end of the stretch; empty: as long as the movie, or until the song ends.
+    std::optional<double> end;
+    double preRoll = 0;              ///< movie time when the music starts
     std::optional<std::string> fade; ///< name of a fade
 };
 
-/// A button of the catalogue, pressed.
+/// A press of a button of the catalogue.
 struct Press {
     std::string tab;
-    std::string title;                ///< in the history
+    std::string title;                ///< of the button, as in the history
     std::vector<std::string> nodes;   ///< short names; empty: all
     std::optional<std::string> speed; ///< title of a speed, for this press only
-    std::optional<double> held;       ///< of a button that is held: seconds from press to lift-off
+    std::optional<double> held;       ///< seconds from press to release; only for held buttons
 };
 
-/// A finger drawn from point to point over the picture, the same time from each to the next, and
-/// lifted at the last one.
+/// A drag of one finger over the picture, from point to point in equal times. The finger is lifted
+/// at the last point.
 struct Pan {
     std::vector<glm::dvec2> points; ///< at least two; x to the right, y down
     double lasts = 0;               ///< seconds
 };
 
-/// Two fingers moved apart or together and then lifted. Their velocity goes from each value to the
-/// next in the same time.
+/// A pinch with two fingers. Its velocity changes from value to value in equal times.
 struct Pinch {
     std::vector<double> velocities; ///< at least one; scale factors per second
     double lasts = 0;               ///< seconds
@@ -96,7 +95,7 @@ struct Undo {};
 struct Redo {};
 
 struct Cue {
-    double at = 0; ///< seconds of the movie; the count-in is below 0
+    double at = 0; ///< seconds of the movie; negative in the count-in
     std::variant<Press, Pan, Pinch, DoubleTap, Undo, Redo> act;
 };
 
@@ -109,7 +108,7 @@ struct Performance {
     std::optional<ImageStyle> picture;      ///< "IMG"
     std::optional<MediaStyle> object;       ///< "OBJ"
     std::optional<Music> music;
-    std::vector<Cue> cues; ///< in order of time; those of one time in the order of the file
+    std::vector<Cue> cues; ///< sorted by time; cues of the same time in the file's order
 };
 
 } // namespace zelvo::app

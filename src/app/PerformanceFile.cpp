@@ -15,7 +15,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-/// Reads no more than the reader takes, whatever the file claims to hold.
+/// Reads only as much as the parser needs to see that a file is too large.
 [[nodiscard]] tl::expected<std::string, std::string> bytesOf(const std::filesystem::path& file) {
     std::error_code error;
     if (!std::filesystem::exists(file, error))

@@ -22,7 +22,7 @@ using foundation::Range;
 constexpr Range kDuration{2, 3599};
 constexpr Range kSongTime{0, 86'400};
 
-/// Reads the parts of one file. Every function gives what could be read and reports the rest.
+/// Reads one file. Each function returns what it could read, and adds the rest to `problems`.
 class Reader {
 public:
     explicit Reader(const Names& allowed)
@@ -47,7 +47,7 @@ public:
             result.music = music(*audio);
         result.cues =
             readCues(object, {names, result.duration.value_or(kDefaultDuration)}, problems);
-        (void)object.has("$schema"); // for editors
+        (void)object.has("$schema"); // allowed, because editors use it
         object.finish();
         return result;
     }

@@ -52,9 +52,9 @@ using shared::FrameClock;
     auto& player = model.audioPlayer();
     const double length = player.totalDuration;
     if (length <= 0)
-        return {}; // nothing of it can be decoded; the movie comes without it and says so
+        return {}; // it cannot be decoded; the export makes a silent movie and says so
     const double end = music.end.value_or(std::min(length, music.in + model.duration()));
-    // A stretch that ends with the song may be told in rounded seconds.
+    // The file may give the end of the song in rounded seconds.
     constexpr double kRounding = 0.05;
     if (end > length + kRounding || music.in + kMinStretch > length + kRounding) {
         return foundation::fail(
@@ -73,7 +73,7 @@ using shared::FrameClock;
     return {};
 }
 
-/// A share of the way along values that are the same time apart.
+/// Interpolates between values at equal distances: 0 is the first value, 1 the last.
 template <class Value> Value along(const std::vector<Value>& values, double share) {
     const double place = share * static_cast<double>(values.size() - 1);
     const auto before = static_cast<std::size_t>(place);
@@ -82,14 +82,14 @@ template <class Value> Value along(const std::vector<Value>& values, double shar
     return values[before] + (values[before + 1] - values[before]) * (place - std::floor(place));
 }
 
-/// Presses the cues in the course of a run.
+/// Performs the cues during a run.
 class Hand {
 public:
     Hand(const Performance& score, Engine& played)
         : performance(score)
         , engine(played) {}
 
-    /// All cues up to the clock's time that have not been pressed yet.
+    /// Performs all cues that are due at `time` of the clock (seconds since the count-in began).
     void pressDue(double time) {
         const auto& cues = performance.cues;
         const double movieTime = time - engine.model().startCounter();
@@ -102,7 +102,7 @@ public:
     }
 
 private:
-    /// What the hand does in the course of a cue, up to a time of the movie.
+    /// Performs the later steps of cues (moves and releases) that are due.
     void goOn(double movieTime) {
         while (!later.empty() && FrameClock::hasCome(later.begin()->first, movieTime))
             later.extract(later.begin()).mapped()();
@@ -127,7 +127,7 @@ private:
              }});
     }
 
-    /// Fingers that have come down and are moving.
+    /// A gesture in progress.
     struct Fingers {
         double cameDown = 0; ///< seconds of the movie
         double lasts = 0;
@@ -138,8 +138,8 @@ private:
         }
     };
 
-    /// Touches come with every tick, as from a screen; with the last one the fingers are lifted.
-    /// Each asks for the next, so that a gesture of an hour waits as one entry.
+    /// Sends a touch in every frame, like a touch screen; the last one lifts the fingers. Each
+    /// touch adds only the next one to `later`, so that a long gesture needs one entry there.
     void touch(const Fingers& fingers, int number = 0) {
         const int last = fingers.lastNumber();
         const double share = static_cast<double>(number) / last;
@@ -194,9 +194,9 @@ private:
 
     const Performance& performance;
     Engine& engine;
-    /// By seconds of the movie; what comes at one time, in the order of the cues.
+    /// What is still to do, by seconds of the movie. Calls of the same time keep their order.
     std::multimap<double, std::function<void()>> later;
-    double now = 0; ///< of the cue at hand, seconds of the movie
+    double now = 0; ///< time of the current cue, seconds of the movie
     std::size_t next = 0;
 };
 

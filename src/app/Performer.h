@@ -9,14 +9,14 @@
 
 namespace zelvo::app {
 
-/// Styles the stage, sets duration, speed and scene, and takes the music. The music's path is taken
-/// from `folder`. Errors: notFound, unreadable, malformed (the music), with the line of the
-/// performance file before them.
+/// Styles the stage, sets duration, speed, scene and background, and loads the music. File names in
+/// the performance are relative to `folder`. Errors: the picture or the music cannot be used
+/// (notFound, unreadable, malformed); the message begins with the line in the performance file.
 [[nodiscard]] foundation::Result<void>
 setUp(const Performance& performance, const std::filesystem::path& folder, Engine& engine);
 
-/// One live run in which every cue comes with the first tick that reaches its time, the way a hand
-/// would press. What was recorded stays in the model, to be replayed.
+/// Performs in a live run, like a user: each cue comes with the first tick that reaches its time.
+/// The model keeps the recording for the export.
 void perform(const Performance& performance, Engine& engine);
 
 } // namespace zelvo::app

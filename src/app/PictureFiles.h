@@ -8,13 +8,13 @@
 
 namespace zelvo::app {
 
-/// Of the file that framesTap writes for the frame: frame_00000.png, frame_00001.png …
+/// The file name of a frame in framesTap's folder: frame_00000.png, frame_00001.png …
 [[nodiscard]] std::string frameName(int frame);
 
 /// Writes the movie's first `count` frames into the folder.
 [[nodiscard]] movie::FrameTap framesTap(const std::filesystem::path& folder, int count);
 
-/// Writes that one frame (below 0 in the count-in).
+/// Writes only this frame (negative in the count-in).
 [[nodiscard]] movie::FrameTap pictureTap(const std::filesystem::path& file, int frame);
 
 } // namespace zelvo::app

@@ -6,27 +6,26 @@
 
 namespace zelvo::app {
 
-/// "  120/358 frames  6.9 fps  0:35 left", with a bar of the given width before it where that is
-/// above 0.
+/// For example "  120/358 frames  6.9 fps  0:35 left", after a bar if `barWidth` is above 0.
 [[nodiscard]] std::string progressText(int done, int total, double seconds, int barWidth);
 
-/// Shows on stderr how far an export is: a bar that is drawn anew at most ten times a second on a
-/// terminal, else a line at most every five seconds.
+/// Shows the progress of an export. On a terminal it is a bar, redrawn at most ten times a second;
+/// elsewhere it is a new line at most every five seconds.
 class Progress {
 public:
-    /// Says the time in seconds.
+    /// Returns the time in seconds.
     using Clock = std::function<double()>;
-    /// Takes what is to be written.
+    /// Writes the text.
     using Sink = std::function<void(const std::string&)>;
     enum class Kind { bar, lines };
 
     Progress(Kind shownAs, Clock time, Sink output);
 
-    /// On stderr, by what it is.
+    /// Writes to stderr; a bar if that is a terminal.
     [[nodiscard]] static Progress onStandardError();
 
     void update(int done, int total);
-    /// Leaves the cursor on a fresh line.
+    /// Removes the bar, so that other output can follow.
     void finish();
 
 private:

@@ -19,26 +19,26 @@ namespace zelvo::app {
 
 namespace {
 
-constexpr double kStep = 1.0 / 30;  // seconds between the pictures that lead to a tile's
-constexpr double kLeadIn = 1.5;     // seconds; changes of style have settled, particles are about
-constexpr double kOversampling = 2; // tiles are small
+constexpr double kStep = 1.0 / 30;  ///< seconds between updates of the scene
+constexpr double kLeadIn = 1.5;     ///< seconds until style changes end and particles are visible
+constexpr double kOversampling = 2; ///< smooth edges, because tiles are small
 
+/// Depth makes a node look larger: its near parts are larger in perspective.
 constexpr double kDepthShare = 0.6;
 
-/// The size at which the node fills the format's space.
+/// Scales the node so that it fills the format's space.
 void fit(node::Node& node, const SheetFormat& format) {
     const auto box = node.contentNode->boundingBox();
     const double depth = box.max.z - box.min.z;
-    // What reaches towards the camera is seen larger.
     const double width = box.max.x - box.min.x + kDepthShare * depth;
     const double height = box.max.y - box.min.y + kDepthShare * depth;
     if (!(width > 0 && height > 0))
-        return; // nothing to be seen
+        return; // the node is empty
     node.scale2D = static_cast<float>(std::min(format.fitWidth / width, format.fitHeight / height));
     node.applyScale();
 }
 
-/// Draws the views one after the other on one stage.
+/// Draws views one after the other on the same stage.
 class SheetPainter {
 public:
     SheetPainter(Engine& performing, render::SCNRenderer& drawing, const SheetFormat& wanted)
@@ -65,7 +65,7 @@ private:
     Engine& engine;
     render::SCNRenderer& renderer;
     SheetFormat format;
-    double time = 0; ///< of the scenes, seconds
+    double time = 0; ///< scene time, seconds
 };
 
 [[nodiscard]] foundation::Result<image::Image>
@@ -100,7 +100,7 @@ int run(const SheetCommand& command) {
             foundation::TemporaryFolder::make(foundation::Folders::standard().temporary);
         if (!temporary)
             return tl::unexpected(temporary.error());
-        // Everything the engine keeps belongs to the sheet alone.
+        // A temporary folder, so that the user's settings have no influence.
         const auto sheet =
             drawSheet(command.what, foundation::Folders::below(temporary->path()), loop);
         if (!sheet)

@@ -57,8 +57,8 @@ constexpr auto kSample = "Rag8"; // round and straight strokes, a counter, a des
     return std::string(look::pairRow(pair).title);
 }
 
-/// Letters in the material and, where shapes can have it, a ball beside them: it shows at a glance
-/// how a surface takes the light.
+/// Letters in the material, and a ball if shapes can have it: a ball shows best how a surface
+/// reflects light.
 [[nodiscard]] SheetView materialView(const look::PairRow& pair) {
     const std::string material(pair.title);
     SheetView view{

@@ -10,24 +10,24 @@
 
 namespace zelvo::app {
 
-/// One tile of a sheet: a stage, and which node of it is sized to the tile.
+/// One tile of a sheet: its stage, and the node that is scaled to fill the tile.
 struct SheetView {
     std::string caption;
     Performance stage;
-    std::optional<std::string> fitted; ///< a node's short name; absent: sizes are the stage's own
+    std::optional<std::string> fitted; ///< the node's short name; empty: no node is scaled
 };
 
-/// How a sheet's tiles are laid out and seen.
+/// The layout of a sheet.
 struct SheetFormat {
     int columns = 4;
     PictureSize tile;
-    double fitWidth = 0; ///< the space of a fitted node, scene units
+    double fitWidth = 0; ///< the space for a fitted node, scene units
     double fitHeight = 0;
 };
 
 [[nodiscard]] SheetFormat formatOf(SheetKind kind);
 
-/// A view of each material, scene, shape, mask or font, in the order of `zelvo list`.
+/// One view for each material, scene, shape, mask or font, in the order of `zelvo list`.
 [[nodiscard]] std::vector<SheetView> viewsOf(SheetKind kind);
 
 } // namespace zelvo::app

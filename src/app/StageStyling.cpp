@@ -39,8 +39,8 @@ void styleLayout(const LayoutStyle& style, node::Node& node) {
 }
 
 void styleText(const TextStyle& style, content::TextNode& node) {
-    // Each of these rebuilds all letters, but a text without a material has none: so they are built
-    // once, at the end.
+    // Each setter builds all letters again, but a text without a material has no letters. So the
+    // material is removed first and set last, and the letters are built once.
     const auto material =
         style.material ? materialTitled(*style.material) : node.currentMaterialName();
     node.setCurrentMaterialName(std::nullopt);
@@ -92,7 +92,7 @@ styleImage(const ImageStyle& style, const std::filesystem::path& folder, content
         node.orientationRotationNode->setEulerAngles(
             {0, 0, -glm::half_pi<float>() * static_cast<float>(*style.quarterTurns)});
     }
-    // As in the menu: whatever is changed on the picture shows it.
+    // As in the window, any change of the picture shows it.
     LayoutStyle layout = style;
     layout.visible = style.visible.value_or(true);
     styleLayout(layout, node);

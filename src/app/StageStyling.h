@@ -10,13 +10,13 @@
 
 namespace zelvo::app {
 
-/// Gives the stage's content the styles of the performance, a picture being looked for below the
-/// folder. What a style leaves out stays as it is. Fails for a picture that cannot be loaded; the
-/// message begins with the line that names it.
+/// Applies the styles of the performance to the content nodes; empty fields change nothing. A
+/// picture's path is relative to `folder`. Errors: the picture cannot be loaded; the message begins
+/// with the line in the performance file.
 [[nodiscard]] foundation::Result<void> styleContent(
     const Performance& performance, const std::filesystem::path& folder, stage::Nodes& stage);
 
-/// The content node of that short name; a name without one is a programming error.
+/// The content node with this short name. An unknown name is a programming error.
 [[nodiscard]] node::NodePtr nodeNamed(std::string_view shortName, const stage::Nodes& stage);
 
 } // namespace zelvo::app

@@ -15,10 +15,10 @@ namespace zelvo::app {
 
 namespace {
 
-/// Wakes the waiting thread at the end of its life; nothing else sends it.
+/// Wakes the waiting thread so that it can end. Used for nothing else.
 constexpr int kWakeSignal = SIGUSR1;
 
-/// How long the process may take to end by itself.
+/// The time that the process has to end by itself.
 constexpr timespec kGrace{.tv_sec = 2, .tv_nsec = 0};
 
 [[nodiscard]] sigset_t awaited() {

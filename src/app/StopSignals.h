@@ -7,12 +7,12 @@
 
 namespace zelvo::app {
 
-/// Waits for SIGINT, SIGTERM and SIGHUP on a thread of its own as long as it lives. The first one
-/// is told to the callback (on that thread). A second one ends the process at once, and so does the
-/// first where the process is still busy two seconds later, with one large picture for instance;
-/// its temporary folders go before.
+/// Waits for SIGINT, SIGTERM and SIGHUP on its own thread. The first signal calls the callback on
+/// that thread. The process ends at once if a second signal comes, or if it is still busy two
+/// seconds after the first one (with a large picture, for example). Then its temporary folders are
+/// deleted first.
 ///
-/// Must be made before any other thread, as threads inherit which signals they leave alone.
+/// Make it before any other thread, because a new thread inherits the list of blocked signals.
 class StopSignals {
 public:
     explicit StopSignals(std::function<void()> callback);

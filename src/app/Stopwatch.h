@@ -3,8 +3,8 @@
 
 namespace zelvo::app {
 
-/// Real seconds, monotonic, from any start. Only for showing progress and timing; nothing that is
-/// drawn or recorded depends on it.
+/// Real time in seconds; it never goes back, and its zero has no meaning. Only for progress and
+/// timing: pictures and recordings must not depend on it.
 [[nodiscard]] double stopwatchSeconds();
 
 } // namespace zelvo::app

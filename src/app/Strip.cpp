@@ -18,7 +18,7 @@ namespace {
 constexpr int kMaxColumns = 4;
 constexpr std::int64_t kMaxPixels = 100'000'000;
 
-/// A strip whose tiles come one after the other.
+/// A strip that still waits for some of its tiles.
 struct Gathering {
     SheetLayout layout;
     std::vector<int> moments; ///< frame of each tile

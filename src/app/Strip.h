@@ -9,12 +9,12 @@
 
 namespace zelvo::app {
 
-/// The moments of a strip, seconds of the movie: evenly spread, both ends included. One moment is
-/// the first.
+/// The moments of a strip, in seconds of the movie, at equal distances. The first is `from` and the
+/// last is `to`; a single one is `from`.
 [[nodiscard]] std::vector<double> momentsOf(const StripCommand& command);
 
-/// Gathers the moments' frames and writes the strip with the last of them. Errors: tooLarge (a
-/// strip of more than 100 million pixels).
+/// Collects the frames of the moments, and writes the strip when it has all of them. Errors:
+/// tooLarge (a strip of more than 100 million pixels).
 [[nodiscard]] foundation::Result<movie::FrameTap> stripTap(const StripCommand& command);
 
 } // namespace zelvo::app

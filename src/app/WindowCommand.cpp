@@ -28,7 +28,7 @@ namespace {
            qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
-/// Qt ends the process where the display cannot be reached; this says why in our words.
+/// Qt ends the process if it cannot reach the display. This tells the user why.
 void endAtFatal(QtMsgType type, const QMessageLogContext&, const QString&) {
     if (type != QtFatalMsg)
         return;
@@ -37,7 +37,7 @@ void endAtFatal(QtMsgType type, const QMessageLogContext&, const QString&) {
         "answer. To make a movie without a display, use zelvo perform FILE.");
 }
 
-/// Ends the application as closing its window does. Comes on a thread of its own.
+/// Ends the application as if its window were closed. Called on the thread of StopSignals.
 void quitFromOutside() {
     if (auto* const process = QCoreApplication::instance())
         QMetaObject::invokeMethod(process, &QCoreApplication::quit, Qt::QueuedConnection);

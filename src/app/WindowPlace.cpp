@@ -10,7 +10,7 @@ QRect whollyShown(const QRect& wanted, const QMargins& frame, const QList<QRect>
         const QRect both = screen.intersected(wanted);
         return qint64(both.width()) * both.height();
     };
-    const auto screen = std::ranges::max_element(screens, {}, shared); // the first, if none has any
+    const auto screen = std::ranges::max_element(screens, {}, shared); // the first if none shows it
     if (screen == screens.end())
         return wanted;
     QRect framed = wanted.marginsAdded(frame);

@@ -7,9 +7,10 @@
 
 namespace zelvo::app {
 
-/// Where a window wholly shows, as near to `wanted` as that goes: on the screen that has most of
-/// it, smaller where the screen is. Places are those of the window without its frame, a title bar
-/// with `frame` around it. `screens` are what windows may take up of each; without any it stays.
+/// Moves a window so that all of it is visible. It goes to the screen that shows most of `wanted`,
+/// as near to it as possible, and is made smaller only if the screen is too small. Rectangles do
+/// not include the title bar and borders; `frame` says how wide those are. `screens` are the areas
+/// that windows can use; if there are none, the result is `wanted`.
 [[nodiscard]] QRect
 whollyShown(const QRect& wanted, const QMargins& frame, const QList<QRect>& screens);
 
