@@ -12,7 +12,7 @@ namespace zelvo::app {
 
 namespace {
 
-/// Seconds until the opening movement, which every start of the program shows, has ended.
+/// Seconds until the opening fly-in, which every start of the program shows, has ended.
 constexpr double kOpening = 0.5;
 
 void sayAlert(const std::string& title, const std::string& message) {

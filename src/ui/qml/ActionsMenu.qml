@@ -5,7 +5,7 @@ import Zelvo
 import Zelvo.Controls as Controls
 import Zelvo.Menus as Menus
 
-// An ActionsMenu: six buttons to perform on, and under them the tabs.
+// View of an ActionsMenu: the six buttons of a tab, and the tabs below them.
 Item {
     id: root
 
@@ -46,7 +46,8 @@ Item {
         controller: root.controller.speedButton
     }
 
-    // What all tabs side by side would take up, with the speed button's place free on both sides.
+    // Tells the controller the width of all tabs in one row, with room for the speed button on both
+    // sides.
     TextMetrics {
         id: measure
 

@@ -4,7 +4,7 @@ import QtQuick.Templates as T
 import Zelvo
 import Zelvo.Controls as Controls
 
-// One choice of an alert.
+// A button of an alert.
 T.AbstractButton {
     id: root
 

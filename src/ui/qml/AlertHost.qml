@@ -4,7 +4,7 @@ import QtQuick
 import Zelvo
 import Zelvo.Controls as Controls
 
-// The alert on show, over everything else of its window.
+// Shows the current alert on top of everything else in the window.
 FocusScope {
     id: root
 
@@ -21,7 +21,7 @@ FocusScope {
     Keys.onReturnPressed: event => accept(event)
     Keys.onEnterPressed: event => accept(event)
 
-    // Return is one answer a press: the next alert waits for its own.
+    // A held Return answers only one alert; the next one needs its own press.
     function accept(event: KeyEvent): void {
         if (!event.isAutoRepeat)
             alerts.accept();
@@ -44,7 +44,7 @@ FocusScope {
         anchors.fill: parent
         color: "#99000000"
     }
-    MouseArea { // nothing goes through to what lies below
+    MouseArea { // keeps the mouse away from the items below
         anchors.fill: parent
         hoverEnabled: true
         onWheel: wheel => wheel.accepted = true

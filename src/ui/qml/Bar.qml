@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 
-// An area full of controls, of which no tooltip may hide one.
+// An area full of controls. Tooltips stay outside of it, so that they hide none of the controls.
 Rectangle {
-    property real reach // how far controls that belong to it stand out above it
+    property real reach // height of controls that belong to the bar but are above it
 }

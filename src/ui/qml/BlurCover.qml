@@ -2,8 +2,8 @@
 import QtQuick
 import Zelvo.Screens as Screens
 
-// A BlurCover over `source`, which must not contain it. The picture below is taken once, when the
-// cover comes.
+// View of a BlurCover: hides `source` behind a blurred picture of it, which is taken once, when the
+// cover appears. `source` must not contain the cover.
 Item {
     id: root
 

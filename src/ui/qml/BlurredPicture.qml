@@ -2,8 +2,8 @@
 import QtQuick
 import Zelvo
 
-// A dark blur of an item as it looks now: small pictures of it, each half as large as the one before
-// and smoothed as it is drawn, cost next to nothing even in software.
+// A dark, blurred picture of an item as it looks now. It is made from smaller and smaller pictures,
+// each half as large as the one before, because that is fast even without a GPU.
 Item {
     id: root
 

@@ -5,7 +5,7 @@ import Zelvo
 import Zelvo.Controls as Controls
 import Zelvo.Layouter as Layouter
 
-// A ButtonStrip.
+// View of a ButtonStrip.
 StripView {
     id: root
 

@@ -5,7 +5,7 @@ import QtQuick.Templates as T
 import Zelvo
 import Zelvo.Layouter as Layouter
 
-// A SimpleColorPicker.
+// View of a SimpleColorPicker: a row of colours.
 StripView {
     id: root
 
@@ -47,7 +47,7 @@ StripView {
                     radius: 6
                     scale: swatch.isChosen ? 1 : swatch.hovered ? 0.92 : 0.84
                     color: swatch.modelData
-                    // A dark colour still stands out from the ground.
+                    // The border makes a dark colour visible on the dark background.
                     border.width: swatch.isChosen ? 2.5 : 1.5
                     border.color: swatch.isChosen ? "white" : Qt.lighter(Theme.mutedText, 1.25)
 

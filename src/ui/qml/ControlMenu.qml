@@ -4,7 +4,7 @@ import QtQuick
 import Zelvo.Controls as Controls
 import Zelvo.Menus as Menus
 
-// A ControlMenu: the record button and what goes with it, in a row.
+// View of a ControlMenu: the record button and the buttons next to it.
 Row {
     id: root
 

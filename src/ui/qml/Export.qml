@@ -3,7 +3,7 @@ import QtQuick
 import Zelvo
 import Zelvo.Screens as Screens
 
-// The screen of an ExportViewController: ring and percentage on a sheet, then the preview over all.
+// View of an ExportViewController: a ring with a percentage, and at the end the preview.
 FocusStack {
     id: root
 

@@ -4,7 +4,7 @@ import QtQuick.Shapes
 import Zelvo
 import Zelvo.Screens as Screens
 
-// The ring of an ExportProgressView.
+// View of an ExportProgressView: a ring.
 Shape {
     id: root
 

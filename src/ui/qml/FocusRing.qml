@@ -2,7 +2,7 @@
 import QtQuick
 import Zelvo
 
-// Shows where the keyboard is. Stands in the control that it surrounds.
+// Marks the control that has the keyboard focus. Put it into that control.
 Rectangle {
     property bool shown: false
 

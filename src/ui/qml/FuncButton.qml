@@ -3,12 +3,12 @@ import QtQuick
 import Zelvo
 import Zelvo.Controls as Controls
 
-// A FuncButton: acts when it is touched, by finger, mouse or key.
+// View of a FuncButton: acts when it is pressed by finger, mouse or key, not when it is released.
 Rectangle {
     id: root
 
     required property Controls.FuncButton controller
-    property bool isKnown: false // pressed since the pointer came: it needs no telling any more
+    property bool isKnown: false // pressed since the pointer came; then no tooltip is needed
 
     implicitWidth: 90
     implicitHeight: 36

@@ -4,7 +4,7 @@ import QtQuick
 import Zelvo
 import Zelvo.Screens as Screens
 
-// The screen of a HistoryController: what the performance holds, a row for each act.
+// View of a HistoryController: the performance, with a row for each action.
 FocusScope {
     id: root
 
@@ -12,14 +12,14 @@ FocusScope {
 
     focus: true
     Keys.onEscapePressed: controller.dismissViewController()
-    Keys.forwardTo: [list] // also after a press beside the list
+    Keys.forwardTo: [list] // so that keys also work after a click outside the list
     Component.onCompleted: controller.viewDidAppear()
 
     Rectangle {
         anchors.fill: parent
         color: Theme.row
     }
-    MouseArea { // nothing goes through to what lies behind
+    MouseArea { // keeps the mouse away from the items below
         anchors.fill: parent
         hoverEnabled: true
         onWheel: wheel => wheel.accepted = true
@@ -73,7 +73,7 @@ FocusScope {
             Accessible.role: Accessible.List
             Accessible.name: qsTr("Actions")
 
-            // A row a press: what is deleted here does not come back.
+            // A held key deletes only one row, because a deleted row cannot be restored.
             Keys.onPressed: event => {
                 event.accepted = event.key === Qt.Key_Delete || event.key === Qt.Key_Backspace;
                 if (event.accepted && !event.isAutoRepeat)

@@ -2,8 +2,8 @@
 import QtQuick
 import Zelvo
 
-// A row of the history. A drag to the left by finger or mouse opens Delete; under the pointer, and
-// where the keyboard is, a button for it shows.
+// A row of the history. A drag to the left opens "Delete". A row under the pointer, or with the
+// keyboard focus, also has a button for it.
 Item {
     id: root
 
@@ -102,7 +102,7 @@ Item {
             onClicked: root.deleted()
         }
     }
-    Rectangle { // slides over the row, whose text stays readable
+    Rectangle { // slides over the row, so that the text stays readable
         property real pull: swipe.active ? root.dragged : root.rest
 
         x: root.width + pull

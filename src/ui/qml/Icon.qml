@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 
-// A picture of the icon family by its name, sharp at any scale of the display.
+// An icon by its name. It is sharp at any scale of the display.
 Image {
     property string name
     source: name === "" ? "" : "icons/" + name + ".svg"

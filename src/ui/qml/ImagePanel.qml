@@ -5,7 +5,7 @@ import Zelvo
 import Zelvo.Controls as Controls
 import Zelvo.Layouter as Layouter
 
-// An ImagePanel: picture and word side by side on each button.
+// View of an ImagePanel: buttons with a picture and a word.
 Item {
     id: root
 

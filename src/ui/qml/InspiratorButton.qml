@@ -3,7 +3,7 @@ import QtQuick
 import Zelvo
 import Zelvo.Layouter as Layouter
 
-// An Inspirator: its title goes and comes back on its own while it is off.
+// View of an Inspirator. While the button is disabled, its title fades out and in by itself.
 Item {
     id: root
 

@@ -5,8 +5,8 @@ import Zelvo.Menus as Menus
 import Zelvo.Layouter as Layouter
 import Zelvo.Main as MainScreen
 
-// The keys of the main screen. A button that has the focus keeps its own, but for the space bar: that
-// starts and stops, unless a field is written in.
+// The keys of the main screen. A button with the focus still gets its own keys, except the space
+// bar: it starts and stops a run, unless the user is typing in a field.
 FocusScope {
     id: root
 
@@ -16,11 +16,12 @@ FocusScope {
     readonly property Menus.ActionsMenu catalogue: main.panel as Menus.ActionsMenu
     readonly property Layouter.LayouterMenu layouter: main.panel as Layouter.LayouterMenu
 
-    // The digits play the buttons of the tab, as long as they are held.
+    // A digit holds a button of the tab down until the key is released. Negative: no digit.
     function digit(event: KeyEvent): int {
         return event.modifiers & ~Qt.KeypadModifier || event.isAutoRepeat ? -1 : event.key - Qt.Key_1;
     }
-    // By what the key is on the keyboard: a modifier that comes in between changes its name.
+    // The pressed digits by their place on the keyboard. A key's name is not enough: it changes if a
+    // modifier is pressed before the key is released.
     property var held: ({})
 
     function idOf(event: KeyEvent): int {
@@ -83,7 +84,7 @@ FocusScope {
         if (!event.isAutoRepeat)
             letGo(idOf(event));
     }
-    // Another window does not tell when its keys are released.
+    // If another window gets the keyboard, this one is not told that keys are released.
     onActiveFocusChanged: if (!activeFocus) Object.keys(held).forEach(letGo)
 
     Shortcut { sequence: "Space"; autoRepeat: false; enabled: root.enabled; onActivated: root.main.controlMenu.record() }

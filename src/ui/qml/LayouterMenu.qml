@@ -3,7 +3,7 @@ import QtQuick
 import Zelvo
 import Zelvo.Layouter as Layouter
 
-// A LayouterMenu: what there is to choose, and under it the tabs of what is in hand.
+// View of a LayouterMenu: the tabs for the selected node, and above them the options of a tab.
 Item {
     id: root
 
@@ -35,8 +35,8 @@ Item {
             visible: !root.controller.isWriting
             Component.onCompleted: show()
 
-            // The view is given its strip and not bound to it: the next strip may be of another
-            // kind.
+            // Sets the strip only once, without a binding: the next strip may have another type, and
+            // then this view would get a strip that it cannot show.
             function show(): void {
                 source = "";
                 if (root.controller.strip)

@@ -3,8 +3,8 @@ import QtQuick
 import QtMultimedia
 import Zelvo
 
-// A movie that begins again when it has ended. Apart from its users, so that these load where there
-// is no player.
+// A movie that starts again when it has ended. It is in its own file, so that the other views can be
+// loaded on a system without a media player.
 VideoOutput {
     id: root
 
@@ -24,7 +24,7 @@ VideoOutput {
 
         target: root.videoSink
     }
-    Component.onDestruction: { // pictures come on a thread of their own: none may find its screen gone
+    Component.onDestruction: { // pictures come from another thread: stop it before the output is gone
         colors.target = null;
         player.stop();
     }

@@ -5,7 +5,7 @@ import QtQuick.Window
 import Zelvo
 import Zelvo.Main as MainScreen
 
-// The window of a MainViewController.
+// View of a MainViewController: the window.
 Window {
     id: root
 

@@ -3,7 +3,7 @@ import QtQuick
 import Zelvo
 import Zelvo.Main as MainScreen
 
-// What lies over the stage: the bar on top, the strip of speed and nodes, the panel.
+// The controls over the stage: the bar at the top, the strip of nodes and speeds, and the panel.
 Item {
     id: root
 
@@ -89,7 +89,7 @@ Item {
         color: Theme.ground
     }
 
-    // What is pressed beside a button is no gesture on the stage below.
+    // Catches presses between the buttons, so that they do not become gestures on the stage below.
     component Solid: MultiPointTouchArea {
         anchors.fill: parent
     }

@@ -4,7 +4,7 @@ import QtQuick.Templates as T
 import Zelvo
 import Zelvo.Controls as Controls
 
-// A MyButton: a picture or a text on its fill.
+// View of a MyButton: a picture or a text on a filled background.
 T.AbstractButton {
     id: root
 
@@ -13,7 +13,7 @@ T.AbstractButton {
     property int fontWeight: Font.DemiBold
     property real fontSize: 13
     property int role: Accessible.Button
-    property real alpha: 1 // of the row it stands in; its marks stay legible
+    property real alpha: 1 // opacity of the background; below 1, picture and text are dimmed
     property real dimmed: Theme.dimmed
 
     implicitWidth: Math.max(controller.width, label.implicitWidth + 2 * horizontalInset)

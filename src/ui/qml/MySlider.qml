@@ -3,13 +3,14 @@ import QtQuick
 import Zelvo
 import Zelvo.Controls as Controls
 
-// A MySlider: a double tap brings its default back, a click on the number lets one write it.
+// View of a MySlider. A double click restores the default; a click on the number lets the user type
+// one.
 FocusScope {
     id: root
 
     required property Controls.MySlider controller
     readonly property real room: width - handle.width
-    readonly property real middle: shareOf(0) // a slider about zero fills from there
+    readonly property real middle: shareOf(0) // the fill starts at zero, if zero is in the range
 
     function shareOf(value: real): real {
         const share = (value - controller.minimumValue) / (controller.maximumValue - controller.minimumValue);
@@ -66,7 +67,7 @@ FocusScope {
     MouseArea {
         id: knob
 
-        property real grip // of the handle, from its left; below 0: it is not held
+        property real grip // where the handle is held, from its left edge; negative: not held
 
         anchors.fill: parent
         hoverEnabled: true
@@ -80,7 +81,7 @@ FocusScope {
         }
         onPositionChanged: mouse => { if (pressed && grip >= 0) root.moveHandle(mouse.x - grip) }
         onDoubleClicked: {
-            grip = -1; // what is left of the second click moves nothing
+            grip = -1; // so that the rest of the second click does not move the handle
             root.controller.sliderTapped();
         }
     }
@@ -107,7 +108,7 @@ FocusScope {
     SliderNumber {
         id: number
 
-        // Where the track is not filled, if there is room.
+        // On the side of the handle where the track is not filled, if there is room.
         readonly property real placeLeft: handle.x - width - 6
         readonly property real placeRight: handle.x + handle.width + 6
         readonly property bool isFilledLeft: root.shareOf(root.controller.value) >= root.middle

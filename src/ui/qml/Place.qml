@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 
-// Holds the view of whatever controller stands in it at the moment.
+// Shows the view of its current controller.
 Loader {
     id: root
 

@@ -4,14 +4,14 @@ import QtQuick
 import Zelvo
 import Zelvo.Screens as Screens
 
-// The screen of a PreviewViewController: the movie with its controls, and what to do with it.
+// View of a PreviewViewController: the finished movie, its player controls, and the share panel.
 FocusStack {
     id: root
 
     required property Screens.PreviewViewController controller
 
     focus: true
-    Component.onDestruction: { // pictures come on a thread of their own: none may find its screen gone
+    Component.onDestruction: { // pictures come from another thread: stop it before the output is gone
         colors.target = null;
         player.stop();
     }

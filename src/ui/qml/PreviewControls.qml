@@ -5,7 +5,7 @@ import QtQuick.Templates as T
 import Zelvo
 import Zelvo.Screens as Screens
 
-// Play, pause, seek and the times of a movie, and where it lies.
+// Play, pause, seek and the times of a movie, and the path of its file.
 Item {
     id: root
 

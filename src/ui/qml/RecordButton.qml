@@ -2,13 +2,13 @@
 import QtQuick
 import Zelvo
 
-// A RecordButton: picture and running time side by side.
+// View of a RecordButton: a picture and the current time.
 MyButton {
     id: root
 
     implicitWidth: Math.max(controller.width, content.implicitWidth + 16)
 
-    dimmed: 0.8 // red is darker than white
+    dimmed: 0.8 // less than other buttons, because red is darker than white
 
     contentItem: Item {
         Rectangle {
@@ -32,7 +32,7 @@ MyButton {
             }
             Text {
                 anchors.verticalCenter: parent.verticalCenter
-                // As wide as the longest time, so that nothing moves while it runs.
+                // As wide as the longest time, so that the button does not change while time runs.
                 width: widest.advanceWidth
                 text: root.controller.title
                 color: root.controller.textColor

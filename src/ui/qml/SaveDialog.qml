@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick.Dialogs
 
-// Asks where a copy of the movie goes.
+// Asks where to save a copy of the movie.
 FileDialog {
     function ask(suggestion: url): void {
         currentFolder = String(suggestion).replace(/[^/]*$/, "");

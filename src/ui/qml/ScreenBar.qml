@@ -2,7 +2,8 @@
 import QtQuick
 import Zelvo
 
-// The bar on top of a screen: a title in the middle, what is declared in it on its left and right.
+// The bar at the top of a screen: a title in the middle, `leading` on the left, `trailing` on the
+// right.
 Item {
     id: root
 

@@ -3,14 +3,14 @@ import QtQuick
 import QtQuick.Templates as T
 import Zelvo
 
-// A button of a screen's bars: a picture, or a text in its tint on a fill that may be absent.
+// A button in a screen's bars: a picture, or a text in colour `tint` on colour `fill`.
 T.AbstractButton {
     id: root
 
     property string image
     property string name: text
     property string key
-    property bool isUsable: true // what is disabled as a whole, below an alert, is not dimmed
+    property bool isUsable: true // false also dims; `enabled` alone is off behind an alert, too
     property color tint: Theme.text
     property color fill: "transparent"
 

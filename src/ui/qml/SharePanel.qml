@@ -3,12 +3,12 @@ import QtQuick
 import Zelvo
 import Zelvo.Screens as Screens
 
-// What can be done with a finished movie, over all of the preview: a press beside it closes it.
+// A menu over the preview: what to do with the finished movie. A click outside closes it.
 FocusScope {
     id: root
 
     required property Screens.PreviewViewController controller
-    property real below // the bar that it hangs from
+    property real below // y of the menu: the lower edge of the bar
 
     Keys.onEscapePressed: controller.share()
 

@@ -3,7 +3,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Zelvo
 
-// Where the number of a SliderNumber is written.
+// The text field of a SliderNumber.
 T.TextField {
     id: root
 

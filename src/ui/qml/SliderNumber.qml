@@ -3,14 +3,14 @@ import QtQuick
 import Zelvo
 import Zelvo.Controls as Controls
 
-// The number of a MySlider. While it is written: Return takes it, Escape leaves it as it was.
+// The number of a MySlider. When the user types: Return sets the number, Escape cancels.
 Rectangle {
     id: root
 
     required property Controls.MySlider controller
     property bool isWriting: false
 
-    signal done // by a key
+    signal done // Return or Escape was pressed
 
     onIsWritingChanged: {
         if (isWriting)

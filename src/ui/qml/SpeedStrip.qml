@@ -5,7 +5,7 @@ import Zelvo
 import Zelvo.Controls as Controls
 import Zelvo.Menus as Menus
 
-// A SpeedViewController: the nodes on the left, the speeds on the right.
+// View of a SpeedViewController: the nodes on the left, the speeds on the right.
 Item {
     id: root
 
@@ -46,7 +46,7 @@ Item {
         controller: root.controller.speedStackView
     }
 
-    // Keeps the buttons, which let the stage shine through, legible on a bright one.
+    // The buttons are transparent. This background makes them readable on a bright stage.
     component Ground: Rectangle {
         radius: Theme.radius
         color: Theme.bar

@@ -3,7 +3,7 @@ import QtQuick
 import Zelvo.Layouter as Layouter
 import Zelvo.Main as MainScreen
 
-// The live stage, as large as it goes at 16 to 9.
+// The live stage, as large as possible at 16:9.
 Item {
     id: root
 

@@ -2,8 +2,8 @@
 import QtQuick
 import Zelvo.Layouter as Layouter
 
-// The scrolling of a Strip: half the width stands free at both ends, so that the first and the
-// last entry can stand in the middle.
+// The scrolling part of a Strip. Both ends have free space of half the width, so that the first and
+// the last entry can scroll to the middle.
 Flickable {
     id: root
 
@@ -23,7 +23,7 @@ Flickable {
     onWidthChanged: Qt.callLater(centre, false)
     Component.onCompleted: Qt.callLater(centre, false)
 
-    // Brings the chosen entry, or that one, to the middle.
+    // Scrolls `entry`, or else the selected entry, to the middle.
     function centre(animated: bool, entry: Item): void {
         if (!strip)
             return;

@@ -4,7 +4,7 @@ import QtQuick
 import Zelvo
 import Zelvo.Controls as Controls
 
-// A TabStackView: its buttons in a row on one ground.
+// View of a TabStackView: buttons in a row on one background.
 Rectangle {
     id: root
 

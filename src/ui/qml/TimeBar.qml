@@ -2,7 +2,7 @@
 import QtQuick
 import Zelvo.Screens as Screens
 
-// The thin time bar of a ProgressView.
+// View of a ProgressView: a thin bar.
 Item {
     id: root
 

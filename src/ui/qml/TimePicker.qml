@@ -3,7 +3,7 @@ import QtQuick
 import Zelvo
 import Zelvo.Menus as Menus
 
-// A TimePickerView: two wheels for the duration dialog.
+// View of a TimePickerView: two wheels for the duration dialog.
 FocusScope {
     id: root
 
@@ -51,7 +51,7 @@ FocusScope {
             onPicked: row => root.controller.select(1, row)
             onTyped: digit => root.controller.type(1, digit)
             KeyNavigation.left: minutes
-            focus: true // what one mostly sets
+            focus: true // most users set only the seconds
         }
         WheelLabel {
             x: 192

@@ -3,17 +3,17 @@ import QtQuick
 import QtQuick.Templates as T
 import Zelvo
 
-// Names a button, and the key that does the same, once the pointer rests on it. In a bar it stands
-// outside of all of the bar, so that it hides none of its buttons.
+// A tooltip: the name of a button and its key, shown when the pointer rests on the button. It is
+// outside of the whole Bar, so that it hides no other button.
 T.ToolTip {
     id: tip
 
     property string name
     property string key
     property bool isAsked
-    property Item ground // what it stands beside
+    property Item ground // the item next to the tooltip: the bar, or the button
     property real reach
-    property bool isBelow // where there is no room above
+    property bool isBelow // if there is no room above
 
     function barAround(item: Item): Item {
         return !item || item instanceof Bar ? item : barAround(item.parent);
@@ -33,7 +33,7 @@ T.ToolTip {
     implicitWidth: contentItem.implicitWidth + 2 * padding
     implicitHeight: contentItem.implicitHeight + 2 * padding
     closePolicy: T.Popup.NoAutoClose
-    onAboutToShow: { // by now the button has its place
+    onAboutToShow: { // not earlier, because the button must have its place
         const bar = barAround(parent);
         ground = bar ?? parent;
         reach = bar?.reach ?? 0;

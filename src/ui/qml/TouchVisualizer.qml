@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Zelvo.Screens as Screens
 
-// The fingers of a Visualizer, over everything else of the window.
+// View of a Visualizer: marks for the fingers, on top of everything else in the window.
 Item {
     id: root
 

@@ -4,7 +4,7 @@ import Zelvo
 import Zelvo.Controls as Controls
 import Zelvo.Layouter as Layouter
 
-// A TransformPanel: what to move, and the slider that moves it.
+// View of a TransformPanel: buttons for what to change, and the slider that changes it.
 Item {
     id: root
 

@@ -3,7 +3,7 @@ import QtQuick
 import Zelvo
 import Zelvo.Controls as Controls
 
-// A ValueLabel: a passing message.
+// View of a ValueLabel: a message that disappears by itself.
 Rectangle {
     id: root
 

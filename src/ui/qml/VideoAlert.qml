@@ -4,7 +4,8 @@ import QtQuick.Templates as T
 import Zelvo
 import Zelvo.Menus as Menus
 
-// A VideoAlertViewController: the hint movie, or its still and its text, over the whole screen.
+// View of a VideoAlertViewController: the hint movie, or a picture of it, and a text, over the whole
+// screen.
 FocusScope {
     id: root
 
@@ -31,7 +32,7 @@ FocusScope {
         WheelHandler {
             acceptedDevices: PointerDevice.AllDevices
         }
-        HoverHandler { // what lies below shows no tooltips
+        HoverHandler { // so that the items below show no tooltips
             blocking: true
         }
     }

@@ -3,13 +3,14 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Zelvo
 
-// A wheel of two-digit numbers: by finger, by a click on a row, by mouse wheel, arrow keys and digits.
+// A wheel with two-digit numbers. It is turned by finger, mouse wheel, arrow keys and digits, or by
+// a click on a row.
 ListView {
     id: root
 
     required property string name
     required property int rows
-    required property int row ///< where it is to stand
+    required property int row // the number to show
     signal picked(int row)
     signal typed(int digit)
 
@@ -77,7 +78,7 @@ ListView {
         anchors.bottomMargin: (root.height - 30) / 2
     }
     WheelHandler {
-        property real turned // in eighths of a degree; a touchpad turns by less than a notch
+        property real turned // sum in eighths of a degree: a touchpad sends parts of a notch
 
         onWheel: event => {
             turned += event.angleDelta.y;

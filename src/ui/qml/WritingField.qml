@@ -4,7 +4,7 @@ import QtQuick.Templates as T
 import Zelvo
 import Zelvo.Layouter as Layouter
 
-// Where a LayouterMenu's text is written; each edit shows on the stage at once.
+// The text field of a LayouterMenu. The stage shows each change at once.
 T.TextField {
     id: root
 
@@ -26,7 +26,7 @@ T.TextField {
     onTextEdited: controller.textFieldDidChange(text)
     onAccepted: controller.endWriting()
     Keys.onEscapePressed: controller.endWriting()
-    onFocusChanged: if (!focus) controller.endWriting() // after a press beside it
+    onFocusChanged: if (!focus) controller.endWriting() // after a click outside
     Component.onCompleted: {
         text = controller.writtenText;
         forceActiveFocus();
