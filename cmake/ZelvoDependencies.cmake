@@ -1,4 +1,4 @@
-# Every library the project calls, found once. Names on the right are what the folders link.
+# Finds every library that the project uses.
 
 find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)

@@ -1,8 +1,8 @@
-# cmake --install: the program, what it reads while it runs, and what a desktop has to know of it.
+# cmake --install: the program, its resources, and the files that make it known to a desktop.
 include(GNUInstallDirs)
 
 install(TARGETS zelvo RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
-# The program looks for them in ../share/zelvo, wherever it stands.
+# The program looks for them in ../share/zelvo, relative to itself, so it can be installed anywhere.
 install(DIRECTORY "${CMAKE_SOURCE_DIR}/resources/" "${ZELVO_BAKED_DIR}/" DESTINATION "share/zelvo")
 install(FILES "${CMAKE_SOURCE_DIR}/LICENSE" DESTINATION "share/doc/zelvo")
 install(FILES "${CMAKE_SOURCE_DIR}/packaging/zelvo.desktop" DESTINATION "share/applications")

@@ -1,12 +1,12 @@
-# How this project's targets are made: one static library a folder of src/, one test program a folder of tests/.
+# Functions that make the targets: one static library for each folder of src/, one test program for each of tests/.
 
 add_library(zelvo_options INTERFACE)
-# Qt's `signals` would be a macro otherwise, and ours is a function.
+# Otherwise Qt defines a macro `signals`, which would replace our function of that name.
 target_compile_definitions(zelvo_options INTERFACE QT_NO_KEYWORDS)
 target_compile_options(zelvo_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Werror
                        "-fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=")
 
-# What costs next to nothing and keeps a mistake in memory from becoming an attack.
+# These options cost almost nothing, and make it harder to attack the program through a memory error.
 include(CheckCXXCompilerFlag)
 include(CheckLinkerFlag)
 check_cxx_compiler_flag(-fstack-protector-strong ZELVO_HAS_STACK_PROTECTOR)
@@ -16,7 +16,7 @@ target_compile_options(zelvo_options INTERFACE
                        "$<$<BOOL:${ZELVO_HAS_STACK_PROTECTOR}>:-fstack-protector-strong>"
                        "$<$<BOOL:${ZELVO_HAS_CF_PROTECTION}>:-fcf-protection>")
 target_link_options(zelvo_options INTERFACE "$<$<BOOL:${ZELVO_HAS_FULL_RELRO}>:-Wl,-z,relro,-z,now>")
-# Fortified calls need the optimiser.
+# Only in release, because fortified calls need optimisation.
 target_compile_options(zelvo_options INTERFACE "$<$<CONFIG:Release>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
 
 if(ZELVO_SANITIZE)
@@ -25,12 +25,12 @@ if(ZELVO_SANITIZE)
     target_link_options(zelvo_options INTERFACE -fsanitize=${ZELVO_SANITIZE})
 endif()
 if(ZELVO_FUZZ)
-    # The libraries tell libFuzzer which way an input took through them, without which it searches blindly.
+    # libFuzzer needs to know which code each input has reached, in the libraries too.
     target_compile_options(zelvo_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 # zelvo_library(name SOURCES a.cpp … [PUBLIC libs…] [PRIVATE libs…])
-# PUBLIC names what the headers need, PRIVATE what only the sources need.
+# A static library. PUBLIC: libraries that its headers need; PRIVATE: libraries that only its sources need.
 function(zelvo_library name)
     cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
     add_library(${name} STATIC ${ARG_SOURCES})
@@ -39,13 +39,13 @@ function(zelvo_library name)
 endfunction()
 
 # zelvo_qml_module(name URI Zelvo.X [DEPENDENCIES uris…] [QML_FILES …] [RESOURCES …])
-# Makes the classes of a zelvo_library that say QML_ELEMENT a module that views import, and describes them to qmllint.
-# Before Qt 6.5 the engine looks for modules below qt-project.org/imports alone.
+# Makes a QML module of a zelvo_library: views can import its classes that have QML_ELEMENT, and qmllint knows them.
+# The prefix is needed because an engine before Qt 6.5 looks for modules only below qt-project.org/imports.
 function(zelvo_qml_module name)
     cmake_parse_arguments(ARG "" "URI" "DEPENDENCIES;QML_FILES;RESOURCES" ${ARGN})
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_link_libraries(${name} PUBLIC Qt6::Qml)
-    # What registers the classes includes their headers by the file's name alone.
+    # The generated source that registers the classes includes their headers without a folder.
     target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
     qt_add_qml_module(${name}
         URI ${ARG_URI}
@@ -57,7 +57,7 @@ function(zelvo_qml_module name)
         NO_PLUGIN NO_CACHEGEN NO_LINT)
 endfunction()
 
-# zelvo_test(name SOURCES a.cpp … LINK libs…): a GoogleTest program, each of its tests known to CTest.
+# zelvo_test(name SOURCES a.cpp … LINK libs… [TIMEOUT seconds]): a GoogleTest program. CTest runs each test on its own.
 function(zelvo_test name)
     cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINK" ${ARGN})
     if(NOT ARG_TIMEOUT)
@@ -78,8 +78,9 @@ function(zelvo_benchmark name)
     target_link_libraries(${name} PRIVATE zelvo_options ${ARG_LINK} benchmark::benchmark_main)
 endfunction()
 
-# zelvo_fuzz(name SOURCE a.cpp CORPUS dir [MUTATOR b.cpp] LINK libs…): LLVMFuzzerTestOneInput. Under clang with ZELVO_FUZZ
-# it is a libFuzzer program, with LLVMFuzzerCustomMutator if there is one; elsewhere it runs once over its corpus as a test.
+# zelvo_fuzz(name SOURCE a.cpp CORPUS dir [MUTATOR b.cpp] LINK libs…): a fuzz target (LLVMFuzzerTestOneInput). With
+# ZELVO_FUZZ it is a libFuzzer program, with LLVMFuzzerCustomMutator if there is a MUTATOR; otherwise it is a test that
+# runs once over the corpus.
 function(zelvo_fuzz name)
     cmake_parse_arguments(ARG "" "SOURCE;CORPUS;MUTATOR" "LINK" ${ARGN})
     if(ZELVO_FUZZ)

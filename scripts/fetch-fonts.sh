@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Lays the built-in fonts of resources/fonts.tsv, and the licence texts that come with them, into
-# build/resources/fonts. Does nothing when that has been done for the same tables before.
+# Puts the built-in fonts of resources/fonts.tsv and their licence texts into build/resources/fonts. Does nothing if
+# that was done before and neither the tables nor this script have changed.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -16,12 +16,12 @@ if [[ -f "$stamp" && "$(cat "$stamp")" == "$key" ]]; then
     exit 0
 fi
 
-# rows SOURCE: the table's lines of one source.
+# rows SOURCE: prints the table's lines with this source.
 rows() {
     awk -F'\t' -v source="$1" '!/^#/ && $2 == source' "$table"
 }
 
-# need PROGRAM-OR-FILE PACKAGES...: makes sure it is there, through apt where we may.
+# need PROGRAM-OR-FILE PACKAGES...: if it is missing, installs the packages with apt (only root can).
 need() {
     local wanted=$1
     shift
@@ -43,7 +43,7 @@ write_package_json() {
     } >"$modules/package.json"
 }
 
-# place SOURCE-FILE TARGET-NAME
+# place SOURCE-FILE TARGET-NAME: puts a font file into the folder, as TrueType.
 place() {
     local from=$1 target=$2
     if [[ ! -s "$from" ]]; then
@@ -59,8 +59,7 @@ place() {
     fi
 }
 
-# keep_licence FOLDER PACKAGE: the package's licence text, if it has one. A font's own text comes before the
-# package's.
+# keep_licence FOLDER PACKAGE: keeps the package's licence text, if it has one. A text of the font itself is preferred.
 keep_licence() {
     local folder=$1 name
     name=$(basename "$2")
@@ -73,7 +72,7 @@ keep_licence() {
     done
 }
 
-# text_of LICENCE: the text itself, out of what the packages brought.
+# text_of LICENCE: prints its text, which one of the packages contains.
 text_of() {
     case $1 in
         OFL-1.1)
@@ -89,7 +88,7 @@ text_of() {
     esac
 }
 
-# For packages without a licence text: what their fonts state, and the text of the licence named there.
+# For packages without a licence text: writes what their fonts state, and the text of the licence that they name.
 write_stated_licences() {
     local name licence copyright
     while IFS=$'\t' read -r name licence copyright; do
@@ -100,7 +99,7 @@ write_stated_licences() {
     done < <(grep -v -e '^#' -e '^package' "$statements")
 }
 
-# A Debian copyright file may point to a text that only Debian systems have.
+# Adds the licence texts that Debian's copyright files only refer to, because other systems do not have them.
 complete_debian_licences() {
     local file text
     for file in "$licences"/fonts-*.txt; do

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs what building, testing and running Zelvo needs on Debian 12 and fetches the built-in fonts. Does nothing,
-# and says nothing, when all is there.
+# Installs the Debian 12 packages for building, testing and running Zelvo, and fetches the built-in fonts. Prints nothing
+# if all is there. An argument names another list of packages.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 

@@ -1,5 +1,5 @@
-# Writes a C++ source file that holds the given shader files as strings.
-# cmake -DOUTPUT=file.cpp "-DINPUTS=a.glsl;b.glsl" -P EmbedShaders.cmake
+# Writes a C++ source file with the given shader files as strings. Run as:
+#   cmake -DOUTPUT=file.cpp "-DINPUTS=a.glsl;b.glsl" -P EmbedShaders.cmake
 set(rows "")
 foreach(input ${INPUTS})
     get_filename_component(name "${input}" NAME)
