@@ -21,8 +21,8 @@ namespace zelvo::ui {
 /// If the window is wide enough, the row shows all tabs. Otherwise it has two pages with an arrow
 /// between them:
 ///
-///     page one   OT1 OT2 OT3 FLY IN1 IN2 IN3 IN4  >
-///     page two   <  TXT ROT CAM FX1 FX2 FX3
+///     page one   OT1 OT2 OT3 FLY IN1 …  >
+///     page two   <  TXT ROT CAM FX1 …
 ///
 /// At first IN1 is open, or page one is shown with OT1 lit above the buttons of FLY.
 class ActionsMenu final : public QObject {
