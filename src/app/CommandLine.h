@@ -24,7 +24,7 @@ struct PictureSize {
 inline constexpr int kMinSide = 16;
 inline constexpr int kMaxSide = 4096;
 
-/// zelvo perform
+/// `zelvo perform`.
 struct PerformCommand {
     std::filesystem::path file;
     std::filesystem::path movie;  ///< empty: the user's videos folder
@@ -35,7 +35,7 @@ struct PerformCommand {
     bool showsTiming = false;
 };
 
-/// zelvo frame
+/// `zelvo frame`.
 struct FrameCommand {
     std::filesystem::path file;
     double at = 0; ///< seconds of the movie; negative in the count-in
@@ -44,7 +44,7 @@ struct FrameCommand {
     std::uint64_t seed = 0;
 };
 
-/// zelvo strip
+/// `zelvo strip`.
 struct StripCommand {
     std::filesystem::path file;
     double from = 0; ///< seconds of the movie; negative in the count-in
@@ -60,7 +60,7 @@ struct StripCommand {
 
 enum class SheetKind { materials, scenes, shapes, masks, fonts };
 
-/// zelvo sheet
+/// `zelvo sheet`.
 struct SheetCommand {
     SheetKind what = SheetKind::materials;
     std::filesystem::path out;
@@ -68,12 +68,12 @@ struct SheetCommand {
 
 enum class Listing { tabs, buttons, fonts, materials, scenes, shapes, masks, speeds };
 
-/// zelvo list
+/// `zelvo list`.
 struct ListCommand {
     Listing what = Listing::tabs;
 };
 
-/// zelvo without a command: opens the window.
+/// `zelvo` without a command: opens the window.
 struct WindowCommand {
     std::vector<std::filesystem::path> files; ///< to open in the window
     bool showsTouches = false;                ///< marks each finger, from the start

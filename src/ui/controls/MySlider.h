@@ -29,7 +29,7 @@ public:
         double step = 1; ///< for an arrow key or a notch of the wheel; large enough to be visible
     };
 
-    /// steps for Shift with an arrow key, and for a page key
+    /// Steps for Shift with an arrow key, and for a page key.
     static constexpr double kLargeSteps = 5;
     static constexpr double kSmallSteps = 1.0 / kLargeSteps; ///< steps for Ctrl with an arrow key
 

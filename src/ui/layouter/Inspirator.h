@@ -26,7 +26,7 @@ class Inspirator final : public QObject {
 public:
     static constexpr double kFadeOut = 0.2; ///< seconds, of the scene
     static constexpr double kDot = 0.12;    ///< between two dots
-    /// seconds from the end of the last dot until the scene returns
+    /// Seconds from the end of the last dot until the scene returns.
     static constexpr double kDark = 0.6;
     static constexpr double kFadeIn = 0.4; ///< of the scene, then of the button's title
 

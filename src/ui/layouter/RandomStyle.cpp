@@ -19,7 +19,7 @@ constexpr auto kFont = "Audiowide-Regular";
 
 using foundation::arc4random_uniform;
 
-/// A random index, without the last.
+/// The number of entries without the last one, which is never chosen.
 std::uint32_t lastButOne(std::size_t count) {
     return static_cast<std::uint32_t>(count - 1);
 }

@@ -25,8 +25,8 @@ struct RandomStyle {
     double extrusionDepth = 0; ///< scene units
 };
 
-/// Draws from the process's random source. Never repeats the current scene, colour or material
-/// pair.
+/// Draws from the process's random source. The last scene, the last colour of the palette and the
+/// last material pair are never chosen.
 [[nodiscard]] RandomStyle drawRandomStyle(const stage::Nodes& nodes);
 
 /// Applies it to both texts, the object (unless it shows the materials of an import), the

@@ -91,7 +91,7 @@ public:
         const image::Color& current,
         QObject* parent = nullptr);
 
-    /// called for changes by the user; may be empty
+    /// Called for changes by the user; may be empty.
     std::function<void(const image::Color&)> didChangeColor;
 
     /// A swatch was touched.

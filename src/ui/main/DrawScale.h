@@ -16,7 +16,7 @@ public:
     static constexpr double kMin = 0.5;
     static constexpr double kStart = 1.0;
     static constexpr double kLongFrame = 0.022; ///< seconds; leaves much room at 30 frames a second
-    /// seconds; a display of 60 Hz has no shorter frames
+    /// Seconds; a display of 60 Hz has no shorter frames.
     static constexpr double kShortFrame = 0.0175;
 
     static constexpr double kMaxAtRest = 2.0;

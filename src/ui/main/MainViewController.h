@@ -83,7 +83,7 @@ public:
     ControlMenu controlMenu;
     SpeedViewController speedViewController;
     Stage stage;
-    /// of the current panel; null: gestures are ignored
+    /// Of the current panel; null: gestures are ignored.
     GestureDelegate* gestureDelegate = nullptr;
 
     Q_INVOKABLE void showAnim();

@@ -24,7 +24,7 @@ public:
     static constexpr float kSlop = 10;        ///< points that a finger may move in a tap
     static constexpr double kTapTime = 0.35;  ///< seconds between the taps of a double tap
     static constexpr float kTapDistance = 40; ///< points between them
-    /// seconds without a step after which a wheel's pinch ends
+    /// Seconds without a step after which a wheel's pinch ends.
     static constexpr double kWheelPause = 0.2;
 
     SceneRecognizers(foundation::RunLoop& loop, GestureDelegate& receiver);

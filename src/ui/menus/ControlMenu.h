@@ -87,7 +87,7 @@ private:
     void pressIfUsable(MyButton& button) const;
 
     bool enabled = false;
-    /// of the last duration dialog, which may still be shown
+    /// Of the last duration dialog, which may still be shown.
     std::shared_ptr<TimePickerView> picker;
     foundation::Lifetime lifetime;
 };
