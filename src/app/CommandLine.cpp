@@ -16,10 +16,9 @@ namespace zelvo::app {
 namespace {
 
 constexpr std::string_view kDescription =
-    "Makes short three-dimensional title movies from a performance: a stage of two texts, and the\n"
-    "buttons that are pressed on it while the clock runs. Without a command a window opens, in "
-    "which\n"
-    "one performs by hand.";
+    "Makes short three-dimensional title movies from a performance: the look of a stage with two\n"
+    "texts, and the buttons that are pressed while the clock runs. Without a command, a window\n"
+    "opens, in which you perform by hand.";
 
 constexpr std::string_view kFooter =
     "Examples:\n"
@@ -36,27 +35,29 @@ constexpr std::string_view kFooter =
     "  129, 130 or 143 stopped by SIGHUP, SIGINT or SIGTERM.";
 
 constexpr std::string_view kPerformFooter =
-    "The performance is styled and performed as its file says, then drawn frame by frame at 60\n"
-    "frames a second and written with its music. The same file and seed give the same frames.\n"
-    "Without --movie the finished movie goes to the videos folder, and its path is printed; with\n"
-    "--frames alone no movie is made. An earlier movie is replaced only by a finished one.";
+    "Draws the performance at 60 frames a second, and writes it with its music. The same file and\n"
+    "seed give the same frames. Without --movie, the movie is written to your videos folder and\n"
+    "its path is printed. With --frames and without --movie, no movie is made. An earlier movie "
+    "is\n"
+    "replaced only by a finished one.";
 
-constexpr std::string_view kFrameFooter =
-    "The picture is the movie's own frame of that time. Times below 0 lie in the two seconds of\n"
-    "count-in, which a movie does not show.";
+constexpr std::string_view kFrameFooter = "The picture is the same as in the movie at that time. "
+                                          "Times below 0 are in the count-in of two\n"
+                                          "seconds, which the movie does not show.";
 
 constexpr std::string_view kStripFooter =
-    "The moments are spread evenly from the first to the last, both included, and stand in rows "
-    "of\n"
-    "at most four, each a frame of the movie with its time below it. Times below 0 lie in the\n"
-    "count-in; --size is that of one moment.";
+    "Shows frames of the movie in rows of at most four, with their times below. They are at equal\n"
+    "distances from the first moment to the last. Times below 0 are in the count-in. --size is "
+    "the\n"
+    "size of one frame.";
 
 constexpr std::string_view kSheetFooter =
-    "Each is drawn on the stage as a movie would show it, with the name that a performance file\n"
-    "uses below it, in the order of zelvo list.";
+    "Each is drawn as in a movie, with its name for performance files below. The order is that of\n"
+    "zelvo list.";
 
 constexpr std::string_view kListFooter =
-    "One name a line; buttons as tab, a tab stop, and the title that a performance file uses.";
+    "Prints one name per line. For a button: its tab, a tab character, and its title for\n"
+    "performance files.";
 
 struct ListingName {
     std::string_view name;
@@ -141,7 +142,7 @@ void addSize(CLI::App& command, PictureSize& size) {
 }
 
 void addSeed(CLI::App& command, std::uint64_t& seed) {
-    command.add_option("--seed", seed, "Start of all random draws, 0 if not given")
+    command.add_option("--seed", seed, "Seed of all random numbers, 0 if not given")
         ->check(CLI::Validator(CLI::NonNegativeNumber).description(""))
         ->type_name("N");
 }
@@ -158,7 +159,7 @@ void addSeed(CLI::App& command, std::uint64_t& seed) {
 }
 
 void addOut(CLI::App& command, std::filesystem::path& out) {
-    command.add_option("--out", out, "Where the picture goes")
+    command.add_option("--out", out, "The picture file to write")
         ->required()
         ->check(named())
         ->type_name("PICTURE.png");
@@ -168,7 +169,7 @@ void addPerform(CLI::App& app, PerformCommand& options) {
     auto& command = *app.add_subcommand("perform", "Make a movie of a performance");
     command.footer(std::string(kPerformFooter));
     addFile(command, options.file);
-    command.add_option("--movie", options.movie, "Where the movie goes")
+    command.add_option("--movie", options.movie, "The movie file to write")
         ->check(named())
         ->type_name("OUT.mov");
     command
@@ -183,17 +184,18 @@ void addPerform(CLI::App& app, PerformCommand& options) {
         .add_option_function<std::string>(
             "--codec",
             [&options, codecs](const std::string& name) { options.codec = codecs.at(name); },
-            "hevc or h264; if not given, HEVC where the machine encodes it in hardware")
+            "hevc or h264; if not given, HEVC if the machine encodes it in hardware, else H.264")
         ->check(CLI::IsMember({"hevc", "h264"}))
         ->type_name("CODEC");
-    command.add_flag("--timing", options.showsTiming, "End with a table of milliseconds a frame");
+    command.add_flag(
+        "--timing", options.showsTiming, "At the end, print a table of milliseconds per frame");
 }
 
 void addFrame(CLI::App& app, FrameCommand& options) {
     auto& command = *app.add_subcommand("frame", "Make a picture of one moment of a performance");
     command.footer(std::string(kFrameFooter));
     addFile(command, options.file);
-    command.add_option("--at", options.at, "Seconds of the movie; the count-in is below 0")
+    command.add_option("--at", options.at, "Seconds of the movie; negative in the count-in")
         ->required()
         ->type_name("SECONDS");
     addOut(command, options.out);
@@ -206,7 +208,7 @@ void addStrip(CLI::App& app, StripCommand& options) {
         *app.add_subcommand("strip", "Make a picture of several moments of a performance");
     command.footer(std::string(kStripFooter));
     addFile(command, options.file);
-    command.add_option("--from", options.from, "The first moment, seconds of the movie")
+    command.add_option("--from", options.from, "The first moment, in seconds of the movie")
         ->required()
         ->type_name("SECONDS");
     command.add_option("--to", options.to, "The last moment, not before the first")
@@ -246,8 +248,8 @@ void addWhat(CLI::App& command, const Rows& rows, const std::string& description
 }
 
 void addSheet(CLI::App& app, SheetCommand& options) {
-    auto& command =
-        *app.add_subcommand("sheet", "Make a picture that shows all a performance can use");
+    auto& command = *app.add_subcommand(
+        "sheet", "Make a picture of all materials, scenes, shapes, masks or fonts");
     command.footer(std::string(kSheetFooter));
     addWhat(
         command,
@@ -258,7 +260,7 @@ void addSheet(CLI::App& app, SheetCommand& options) {
 }
 
 void addList(CLI::App& app, ListCommand& options) {
-    auto& command = *app.add_subcommand("list", "Print the names a performance can use");
+    auto& command = *app.add_subcommand("list", "Print the names that a performance can use");
     command.footer(std::string(kListFooter));
     addWhat(
         command,
