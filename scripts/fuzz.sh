@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Searches for inputs that break the parsers of foreign data: scripts/fuzz.sh [SECONDS [TARGET…]], 120 seconds a target
-# by default. Prints how many inputs each target tried, and how many in a second of processor time. Inputs that broke it
-# are kept in build/fuzz/found; what the search learnt is in build/fuzz/learnt, and the next search begins there.
-# Installs clang and its runtime if missing. Ends with 1 if anything was found.
+# Searches for inputs that break the parsers of foreign data: scripts/fuzz.sh [SECONDS [TARGET…]], by default 120 seconds
+# for each target. Prints how many inputs each target tried, in all and per second of processor time. Inputs that broke a
+# parser are in build/fuzz/found. Inputs that reached new code are in build/fuzz/learnt; the next search starts with them.
+# Installs clang and its runtime if they are missing. The exit status is 1 if anything was found.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh

@@ -40,7 +40,8 @@ FocusScope {
         if (catalogue && place !== undefined)
             catalogue.releaseButton(place);
     }
-    // The arrow keys, Page Up and Page Down move the node in hand, [ and ] size it.
+    // Arrow keys, Page Up and Page Down move the selected node; [ and ] change its size; Tab selects
+    // the next node. True if there was something to do.
     function movesNode(event: KeyEvent): bool {
         const step = event.modifiers & Qt.ShiftModifier ? 10 : 1;
         const moves = {
