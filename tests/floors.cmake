@@ -1,5 +1,5 @@
-# Includes run downwards only, between folders and between files. Run as: cmake -DSRC=<src> -P floors.cmake
-# The order of the folders is read from src/CMakeLists.txt, and the picture of docs/house.md is held to it.
+# Checks that includes only go down, between folders and between files. Run as: cmake -DSRC=<src> -P floors.cmake
+# The order of the folders is in src/CMakeLists.txt and in the drawing in docs/house.md.
 
 cmake_minimum_required(VERSION 3.25)
 file(READ "${SRC}/CMakeLists.txt" order)
@@ -7,7 +7,7 @@ string(REGEX MATCH "foreach\\(folder([^)]*)\\)" ignored "${order}")
 string(REGEX REPLACE "[ \n\t]+" ";" folders "${CMAKE_MATCH_1}")
 list(FILTER folders EXCLUDE REGEX "^$")
 
-# The longest listed folder that holds the file.
+# The longest listed folder that contains the file.
 function(folder_of file result)
     set(found "")
     foreach(folder IN LISTS folders)
@@ -25,7 +25,7 @@ endfunction()
 
 set(faults 0)
 
-# The picture of the house: a room's line in it, from the top down. Every top-level folder has one.
+# The number of each folder's line in the drawing, counted from the top. Every top-level folder must be in it.
 file(STRINGS "${SRC}/../docs/house.md" page)
 set(at 0)
 foreach(line IN LISTS page)
@@ -47,7 +47,7 @@ foreach(folder IN LISTS folders)
     endif()
 endforeach()
 
-# A top-level folder is one floor: were its folders apart, others between them would climb into it.
+# The parts of a top-level folder must be listed together: a folder between them would be both above and below it.
 set(passed "")
 set(last "")
 foreach(folder IN LISTS folders)
@@ -92,7 +92,7 @@ foreach(file IN LISTS files)
     endforeach()
 endforeach()
 
-# Circles: take away files all of whose includes are gone, until nothing changes. What is left goes round.
+# Cycles: removes files whose includes are all removed, until nothing changes. The files that are left form cycles.
 set(left ${files})
 set(changed TRUE)
 while(changed)

@@ -1,12 +1,12 @@
-# Every name in the views stands for something. Run as:
+# Checks that every name in the views is known. Run as:
 #   cmake -DQMLLINT=<program> -DQT_TYPES=<Qt's QML folder> -DMODULES=<described modules> -DVIEWS=<folder> -P qmllint.cmake
 
 cmake_minimum_required(VERSION 3.25)
 file(GLOB views "${VIEWS}/*.qml")
 set(faults 0)
 
-# What qmllint 6.4 takes for faults, and they are none: a content item with an identifier is made at once, which is when
-# it is made anyway; the others it does not know of the toolkit itself.
+# Some warnings of qmllint 6.4 are wrong here. A content item with an id is made at once, but that is always so. The
+# others are about members of Qt that it does not know.
 execute_process(COMMAND "${QMLLINT}" --deferred-property-id disable --unused-imports warning -I "${MODULES}" ${views}
                 OUTPUT_VARIABLE report ERROR_VARIABLE report RESULT_VARIABLE result)
 set(none "Property \"callLater\" is a QJSValue property|Type \"qlonglong\" of property \"(position|duration)\" not found")
@@ -19,8 +19,8 @@ foreach(line IN LISTS lines)
     endif()
 endforeach()
 
-# It does not look into functions without types (`event => ...`) nor at the handlers of Connections. So each name after a
-# dot must be that of a member of some type, and each handler's that of some signal.
+# qmllint does not check functions without types (`event => ...`) and handlers in Connections. So this checks that each
+# name after a dot is a member of some type, and that each handler belongs to some signal.
 set(known "")
 file(GLOB_RECURSE types "${MODULES}/*.qmltypes" "${QT_TYPES}/*.qmltypes")
 list(FILTER types EXCLUDE REGEX "/Qt/labs/|/QtQuick/Controls/")
@@ -48,9 +48,9 @@ foreach(view IN LISTS views)
             string(TOLOWER "${CMAKE_MATCH_1}" first)
             set(name "${first}${CMAKE_MATCH_2}")
         endif()
-        # The signal of a property's change, and the handler of a signal.
+        # The signal for a change of a property, and the handler of a signal.
         string(REGEX REPLACE "^(.+)Changed$" "\\1" property "${name}")
-        string(REGEX REPLACE "^on.*$" "on" handler "${name}") # by qmllint
+        string(REGEX REPLACE "^on.*$" "on" handler "${name}") # checked by qmllint
         if(NOT name IN_LIST known AND NOT property IN_LIST known AND NOT handler STREQUAL "on")
             message("${view}: no type has a member ${name}")
             math(EXPR faults "${faults} + 1")

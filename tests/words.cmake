@@ -1,4 +1,4 @@
-# Every word of the window has its translation, and every translation its word. Run as:
+# Checks that every text of the window has a translation, and that no translation is left over. Run as:
 #   cmake -DLUPDATE=<program> -DSOURCES=<folder> -DWORDS=<file.ts> -DCOPY=<scratch file.ts> -P words.cmake
 configure_file("${WORDS}" "${COPY}" COPYONLY)
 execute_process(COMMAND "${LUPDATE}" -silent -locations none "${SOURCES}" -ts "${COPY}"

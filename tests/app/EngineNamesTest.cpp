@@ -43,7 +43,7 @@ using Strings = std::vector<std::string>;
     return fmt::format("{{\"enum\": [\"{}\"]}}", fmt::join(names, "\", \""));
 }
 
-/// A pattern for the names in any case of letters.
+/// A pattern for the names, in upper or lower case.
 [[nodiscard]] std::string patternOf(const Strings& names) {
     std::string pattern;
     for (const std::string& name : names) {
@@ -58,7 +58,7 @@ using Strings = std::vector<std::string>;
     return "^(" + pattern + ")$";
 }
 
-/// What the tab allows as "press" and as "hold".
+/// The schema of a tab's buttons: their titles for "press" and for "hold".
 [[nodiscard]] std::string buttonsOf(const TabNames& tab) {
     Strings fired;
     for (const std::string& title : tab.titles) {
@@ -81,7 +81,7 @@ using Strings = std::vector<std::string>;
         fmt::join(ways, ", "));
 }
 
-/// The end of the schema: the names that the tables of the engine hold.
+/// The last part of the schema: the names in the engine's tables.
 [[nodiscard]] std::string namesAsSchema(const Names& names) {
     Strings tabs, buttons;
     for (const TabNames& tab : names.tabs) {
@@ -110,7 +110,7 @@ using Strings = std::vector<std::string>;
            fmt::format("{}", fmt::join(buttons, ",\n")) + "\n      ]\n    }\n  }\n}\n";
 }
 
-// ZELVO_UPDATE_GOLDEN=1 in the environment writes them anew.
+// With ZELVO_UPDATE_GOLDEN=1 in the environment, the file is updated.
 TEST(EngineNames, are_the_names_that_the_schema_allows) {
     constexpr std::string_view kWritten = "\"written\": {\"$comment\"";
     std::ifstream in(resource("performance.schema.json"));

@@ -40,7 +40,7 @@ const std::string kWhole = R"({
   ]
 })";
 
-/// All problems of a text, one a line.
+/// All problems of a text, one per line.
 [[nodiscard]] std::string problemsOf(const std::string& text) {
     const auto read = readPerformance(text, testNames());
     if (read)
@@ -111,7 +111,7 @@ TEST_F(WholePerformance, has_its_cues_by_time_and_those_of_one_time_in_their_ord
     EXPECT_TRUE(std::holds_alternative<Undo>(read->cues[7].act));
 }
 
-/// A text, and all that is wrong with it.
+/// A text, and all its problems.
 struct BadCase {
     std::string text;
     std::string problems;

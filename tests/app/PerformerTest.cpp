@@ -22,7 +22,7 @@ namespace {
 
 class PerformerTest : public testing::Test {
 protected:
-    /// Performs, and looks at the stage with every frame.
+    /// Performs, and calls `look` in every frame.
     void perform(const std::string& members, const std::function<void(int frame)>& look) {
         const auto read = readPerformance("{\"duration\": 3, " + members + "}", engineNames());
         ASSERT_TRUE(read) << read.error().front().text;
@@ -54,7 +54,7 @@ TEST_F(PerformerTest, PlaysAtTheSpeedOfThePerformanceUnlessAPressHasItsOwn) {
             yaw[frame] = stage.cameraYHandle->eulerAngles().y;
             turned[frame] = stage.mediaHolderNode->yAxisNode->eulerAngles().y;
         });
-    // The camera is home 0.8 times 0.2125 seconds after lift-off.
+    // The camera is home 0.8 times 0.2125 seconds after the release.
     for (const int liftOff : {48, 114}) {
         EXPECT_GT(yaw[liftOff], 1.4f);
         EXPECT_GT(yaw[liftOff + 6], 0.01f);

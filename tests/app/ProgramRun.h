@@ -11,28 +11,28 @@
 
 namespace zelvo::app {
 
-/// How a run of the program ended.
+/// The result of a run of the program.
 struct Ending {
-    int status = -1; ///< of exit; 128 plus the signal's number where one killed it
+    int status = -1; ///< the exit status; 128 plus the signal's number if a signal killed it
     std::string out;
     std::string err;
 };
 
-/// Runs the program from outside, with a home folder of its own.
+/// Runs the program as a process with its own home folder.
 class Program {
 public:
     using Arguments = std::vector<std::string>;
 
     [[nodiscard]] const std::filesystem::path& home() const { return folder.path(); }
 
-    /// Files cannot grow beyond so many bytes, as on a full disk; 0 sets no limit.
+    /// No file can have more than `maxFileBytes`, as on a full disk; 0: no limit.
     [[nodiscard]] Ending run(const Arguments& arguments, long maxFileBytes = 0) const;
 
-    /// Sends the signal as soon as the first file has appeared in the folder.
+    /// Sends the signal when the first file appears in the folder.
     [[nodiscard]] Ending runAndSignal(
         const Arguments& arguments, const std::filesystem::path& watched, int signal) const;
 
-    /// Writes a file into the home folder and gives its path.
+    /// Writes a file into the home folder and returns its path.
     std::string write(const std::string& name, const std::string& text) const;
 
     [[nodiscard]] std::string path(const std::string& name) const { return home() / name; }

@@ -17,7 +17,7 @@ namespace {
 
 using Pixels = std::vector<std::uint8_t>;
 
-// Of the sheets, in pixels.
+// Measures of a sheet, in pixels.
 constexpr int kGap = 12;
 constexpr int kCaption = 30;
 
@@ -36,7 +36,7 @@ constexpr int kCaption = 30;
     return cut;
 }
 
-/// A sheet's picture or the strip below it with its caption, by its place.
+/// Cuts single pictures, or the captions below them, out of a sheet.
 struct Grid {
     int columns, width, height;
 
@@ -141,7 +141,7 @@ TEST(Strip, DependsOnNothingThatEarlierRunsLeft) {
         return contentOf(out);
     };
     const auto fresh = strip();
-    // As if a run had been killed while it built letters.
+    // As after a run that was killed while it built letters.
     std::filesystem::create_directories(program.home() / "zelvo");
     program.write(
         "zelvo/defaults.json",
@@ -149,7 +149,7 @@ TEST(Strip, DependsOnNothingThatEarlierRunsLeft) {
     EXPECT_TRUE(strip() == fresh);
 }
 
-/// The names of `zelvo list`, one a tile.
+/// The names of `zelvo list`, one for each tile.
 [[nodiscard]] std::vector<std::string> namesOf(const Program& program, const std::string& kind) {
     std::istringstream lines(program.run({"list", kind}).out);
     std::vector<std::string> names;
@@ -158,7 +158,7 @@ TEST(Strip, DependsOnNothingThatEarlierRunsLeft) {
     return names;
 }
 
-/// Every third pixel's neighbourhood as one pixel.
+/// A third of the size: each pixel is the mean of 3 x 3.
 [[nodiscard]] image::Image smaller(const Pixels& pixels, int width, int height) {
     constexpr int kTimes = 3;
     image::Image small(width / kTimes, height / kTimes);
@@ -176,8 +176,8 @@ TEST(Strip, DependsOnNothingThatEarlierRunsLeft) {
     return small;
 }
 
-/// Holds each tile, made smaller, against the one of its name in the kept atlas: tiles below each
-/// other in a column. ZELVO_UPDATE_GOLDEN=1 writes the atlas anew.
+/// Makes each tile smaller and compares it with the tile of the same name in the stored picture,
+/// where tiles are in one column. ZELVO_UPDATE_GOLDEN=1 updates that picture.
 void expectTilesLikeGolden(
     const std::vector<image::Image>& tiles,
     const std::vector<std::string>& names,
@@ -207,7 +207,7 @@ void expectTilesLikeGolden(
 struct Sheet {
     const char* kind;
     int columns, width, height; ///< of the tiles
-    bool hasGolden; ///< those without are kept elsewhere, or are the fonts' own business
+    bool hasGolden; ///< false: other tests store these pictures, or they only show fonts
 };
 
 class SheetShows : public testing::TestWithParam<Sheet> {};

@@ -14,12 +14,12 @@
 namespace zelvo::app {
 namespace {
 
-/// Titles of environments, between them with each kind of surface.
+/// Titles for the environments. Together they show each kind of surface.
 struct Title {
     const char* scene;
     const char* background;
     const char* front; ///< material of the first line
-    const char* other; ///< and of the second
+    const char* other; ///< material of the second line
     const char* font;
 };
 
@@ -39,7 +39,7 @@ constexpr auto kTitles = std::to_array<Title>({
 
 // clang-format on
 
-/// Any environment that has no row looks like this.
+/// The title of an environment without a row.
 constexpr Title kUsual{"", "#E61919", "Iron", "Plain", "Bungee-Regular"};
 
 [[nodiscard]] Title titleOf(const std::string& scene) {

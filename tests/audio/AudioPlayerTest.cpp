@@ -21,8 +21,8 @@ protected:
         media::writeWav(file("short.wav"), 8000, 3.0, media::sine(440.0, 0.5));
     }
 
-    /// Steps as the frame clock does, both clocks side by side, up to and with the movie time; from
-    /// the count-in.
+    /// Steps like the frame clock, with both clocks, from a time in the count-in up to (and with)
+    /// the movie time `until`.
     void play(double until, double from = -0.5) {
         const long steps = std::lround(std::floor((until - from) / kFrame + 1e-4));
         for (long i = 0; i <= steps; ++i) {
@@ -132,14 +132,14 @@ TEST_F(AudioPlayerTest, StartsOnAFrameAndFadesAndEndsOnTheirTicks) {
 TEST_F(AudioPlayerTest, VolumeFollowsTheFadeState) {
     struct Row {
         FadeState state;
-        double atBegin;   // one frame in
-        double inFadeIn;  // 0.8 s in
+        double atBegin;   // one frame after the start
+        double inFadeIn;  // 0.8 s after the start
         double inFadeOut; // 1.05 s before the end
         double atEnd;
         bool isFadingOut;
     };
 
-    // A stretch of 8 s: fade-in over 1.6 s; fade-out from 6.0 over 1.9 s.
+    // The stretch has 8 s: fade-in during 1.6 s; fade-out from 6.0 s, during 1.9 s.
     // clang-format off
     constexpr auto kRows = std::to_array<Row>({
         {FadeState::noFade,    1.0, 1.0, 1.0, 1.0, false},

@@ -45,8 +45,8 @@ class CrashGuardDeathTest : public testing::Test {
 protected:
     [[nodiscard]] UserDefaults onDisk() const { return UserDefaults(file); }
 
-    /// A whole process that dies while it builds letters of the deadly font that nobody has built
-    /// before.
+    /// Runs a process that dies while it builds letters of the deadly font. No process has built
+    /// them before.
     void killProcessInsideBuilder() const {
         static int kills = 0;
         const std::string fresh(1, static_cast<char>('a' + kills++));

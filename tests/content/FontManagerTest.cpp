@@ -57,7 +57,7 @@ TEST(FontManager, LendsLettersOfOtherScriptsToEveryFont) {
         const std::size_t drawn = text::outlineOf(letter, attributes).elements().size();
         EXPECT_TRUE(drawings.insert(drawn).second) << letter << " looks like another";
     }
-    // Drawn one by one, Arabic letters stand apart: as wide together as alone.
+    // Arabic letters that are drawn one by one do not join: together they are as wide as alone.
     const auto word = text::layoutLine("\u0634\u0645\u0633", attributes);
     for (const text::PlacedCharacter& letter : word)
         EXPECT_NEAR(letter.width, text::layoutLine(letter.text, attributes).front().width, 1e-6);

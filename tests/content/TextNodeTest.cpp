@@ -25,7 +25,7 @@ protected:
             {.text = string, .fontName = font, .shortName = "TX1"}, world.surroundings());
     }
 
-    /// What is seen, in the space of the node: the content with its pivots, without the frame.
+    /// The box of the visible content in the space of the node, without the frame.
     static geometry::Box seen(const TextNode& text) { return text.positionNode->boundingBox(); }
 
     static float middle(const TextNode& text) {
@@ -46,7 +46,7 @@ TEST_F(TextNodeTest, CentresTheStringOnTheNode) {
         const char* font;
     };
 
-    // Side bearings and the spacing behind the last letter are all that may pull it off.
+    // Only side bearings and the spacing after the last letter may move it from the middle.
     constexpr float kTolerance = 6;
     // clang-format off
     const auto rows = std::to_array<Row>({
@@ -84,7 +84,7 @@ TEST_F(TextNodeTest, MakesOneLetterPerCharacterOfAnything) {
         const char* what;
         std::string text;
         std::size_t letters;
-        float offMiddle; ///< at most
+        float offMiddle; ///< the largest distance allowed
     };
 
     const std::string fiveHundred(500, 'n');

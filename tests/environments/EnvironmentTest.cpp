@@ -68,7 +68,7 @@ TEST_F(EnvironmentTest, AreMadeByNumberAndLightTheContent) {
 TEST_F(EnvironmentTest, ShowTheColourItselfOrStayBlack) {
     struct Row {
         int index;
-        Color background; ///< red is given
+        Color background; ///< expected for red
     };
 
     const Color black = Color::white(0);
@@ -139,8 +139,8 @@ TEST_F(EnvironmentTest, SpreadTheColourOverTheirLamps) {
     struct Row {
         int index;
         const char* lamp;
-        float shift;        ///< of the hue, turns; red is given; kOwn: the lamp keeps its colour
-        std::uint32_t mask; ///< of the light; 0: every node's
+        float shift;        ///< of the hue, from red, in turns; kOwn: the lamp keeps its colour
+        std::uint32_t mask; ///< of the light; 0: the light reaches every node
     };
 
     constexpr float kOwn = 9;
@@ -184,7 +184,7 @@ TEST_F(EnvironmentTest, SpreadTheColourOverTheirLamps) {
 }
 
 TEST_F(EnvironmentTest, TakeTheColourWithoutTheNodesOfTheirRecipes) {
-    (void)content::mediaShapes(); // which have scene files of their own, read once
+    (void)content::mediaShapes(); // read now, because the test replaces all scene files
     const test::TemporaryFolder folder;
     const foundation::Bundle whole = foundation::mainBundle();
     const std::filesystem::path resources = whole.path("Plain.scn").parent_path();
@@ -211,8 +211,8 @@ TEST_F(EnvironmentTest, TakeTheColourWithoutTheNodesOfTheirRecipes) {
 TEST_F(EnvironmentTest, TintCubesFaceByFace) {
     struct Row {
         int index;
-        const char* faces; ///< by letter, in the cube's order; the same letter is the same picture
-        std::size_t untinted; ///< a face that keeps its own colours; 6 is none
+        const char* faces;    ///< a letter for each, in the cube's order; same letter: same picture
+        std::size_t untinted; ///< a face that keeps its own colours; 6: none
     };
 
     for (const Row& row : {Row{backlight, "aaaaba", 6}, Row{spaceBox, "aabbaa", 2}}) {

@@ -10,14 +10,14 @@
 
 namespace zelvo::test {
 
-/// What a fake renderer was asked for.
+/// What a fake renderer was asked to do.
 struct FakeRendering {
-    std::vector<double> drawn; ///< times, in order
+    std::vector<double> drawn; ///< times of the frames, in this order
     int mostInFlight = 0;
 };
 
-/// Frames without a graphics card: all of one grey, which rises by 2 from frame to frame and starts
-/// again at 16.
+/// Frames without a graphics card. Each is one grey, which increases by 2 in each frame and then
+/// starts again at 16.
 class FakeFrames final : public movie::FrameSource {
 public:
     explicit FakeFrames(FakeRendering& log)

@@ -29,7 +29,7 @@ protected:
         return media::decodeMovie(writer.movieURL(), 32, 18);
     }
 
-    /// Of a sine of amplitude 0.5.
+    /// The loudness of a sine with amplitude 0.5.
     static constexpr double kFull = 0.353553;
 };
 
@@ -44,7 +44,7 @@ TEST_F(MovieMusicTest, SoundsInItsStretch) {
 TEST_F(MovieMusicTest, FadesInAndOut) {
     song->fadesIn = song->fadesOut = true;
     const auto movie = made();
-    // In from 1 to 2; out from 3.9 to 4.9.
+    // Fade-in from 1 to 2; fade-out from 3.9 to 4.9.
     EXPECT_NEAR(movie.loudness(1.2, 1.3), 0.25 * kFull, 0.03);
     EXPECT_NEAR(movie.loudness(1.7, 1.8), 0.75 * kFull, 0.03);
     EXPECT_NEAR(movie.loudness(2.2, 3.8), kFull, 0.02);
@@ -63,7 +63,7 @@ TEST_F(MovieMusicTest, DropsTheFadeInWhereTheFadesWouldOverlap) {
 TEST_F(MovieMusicTest, StaysSilentWithoutAUsableSong) {
     const auto noise = folder.path() / "noise.mp3";
     std::ofstream(noise) << std::string(3000, 'x');
-    const auto unknown = folder.path() / "unknown.wav"; // has a track, in no known coding
+    const auto unknown = folder.path() / "unknown.wav"; // has a track in an unknown coding
     std::filesystem::copy_file(song->file, unknown);
     std::fstream(unknown, std::ios::in | std::ios::out | std::ios::binary).seekp(20) << "??";
     for (const auto& file : {noise, unknown}) {
@@ -85,7 +85,7 @@ TEST_F(MovieMusicTest, SaysThatTheSongIsDamagedInItsMiddle) {
     struct Row {
         const char* name;
         const char* encoder;
-        bool keepsTime;       ///< its packets tell where they belong
+        bool keepsTime;       ///< its packets have times
         double damage = 0.06; ///< share of the file; 0: a single byte
     };
 

@@ -18,8 +18,8 @@
 
 namespace zelvo::test {
 
-/// A movie writer whose owner is the test: a clock on the virtual run loop, music, and a record of
-/// alerts.
+/// A movie writer whose owner is the test. It has a clock on the virtual run loop, music, and a
+/// list of alerts.
 class MovieWriterTest : public testing::Test, public movie::MovieWriterOwner {
 protected:
     MovieWriterTest() {
@@ -30,7 +30,7 @@ protected:
         writer.showVideoSignal.subscribe(listening, [this] { ++videosShown; });
     }
 
-    // --- what the writer asks of its owner
+    // --- the owner of the writer
     void start() override {
         int frame = -6;
         ticks = loop.scheduleRepeating(FrameClock::kStep, [this, frame]() mutable {
@@ -50,7 +50,7 @@ protected:
     [[nodiscard]] double duration() const override { return length; }
 
     [[nodiscard]] std::optional<movie::MusicStretch> music() const override {
-        isMuxing = true; // the movie is put together at once
+        isMuxing = true; // the writer asks for music when it joins it
         return song;
     }
 
@@ -58,8 +58,8 @@ protected:
         alerts.emplace_back(title, message);
     }
 
-    // --- what the tests do
-    /// Exports until the outcome is there.
+    // --- for the tests
+    /// Exports a movie and waits for the outcome.
     void exportMovie() {
         outcome.reset();
         const auto started = writer.start();

@@ -23,7 +23,7 @@ TEST_F(MovieWriterTest, MakesAMovieOfEveryFrameButTheLastThree) {
         EXPECT_EQ(state.framesTotal, drawn);
         progress.push_back(state.framesDone);
     });
-    std::vector<int> greys; // of the same frames as a tap sees them
+    std::vector<int> greys; // of the frames, as a tap gets them
     writer.options.tap = FrameTap{
         .wants = [](int frame) { return frame >= 0; },
         .take = [&](int frame, const render::FrameView& picture) -> foundation::Result<void> {
@@ -47,7 +47,7 @@ TEST_F(MovieWriterTest, MakesAMovieOfEveryFrameButTheLastThree) {
     EXPECT_EQ(made.audioCodec, "") << "there was no music";
     for (std::size_t n = 0; n < made.frameTimes.size(); ++n) {
         EXPECT_NEAR(made.frameTimes[n], static_cast<double>(n) / 60, 1e-9);
-        // A grey of full range in the range that video has, and a little loss.
+        // The full-range grey as video range, with a small loss.
         EXPECT_NEAR(made.centres[n][0], 16 + greys[n] * 219.0 / 255, 2) << n;
     }
     EXPECT_THAT(media::topAtoms((*outcome)->movie), testing::Contains("moov"));
@@ -99,7 +99,7 @@ TEST_F(MovieWriterTest, IsNotDisturbedByAnotherWindow) {
     loop.runFor(1);
     MovieWriter other(
         *this, folders, [this] { return std::make_unique<test::FakeFrames>(rendering); });
-    const foundation::Timer clock = std::exchange(ticks, {}); // the other stops its own
+    const foundation::Timer clock = std::exchange(ticks, {}); // `other` stops the timer in ticks
     other.options.renderSize = {64, 36};
     EXPECT_NE(other.movieURL(), writer.movieURL()) << "they may finish at the same moment";
     ASSERT_TRUE(other.start());
@@ -156,7 +156,7 @@ TEST_F(MovieWriterTest, KeepsTheMovieWhenTheLibraryIsDenied) {
 TEST_F(MovieWriterTest, LeavesTheEarlierMovieWhenTheDiskIsFull) {
     writeEarlierMovie();
     length = 4;
-    for (const rlim_t bytes : {100U, 4000U}) { // while frames are written; later
+    for (const rlim_t bytes : {100U, 4000U}) { // fails while frames are written; later
         SCOPED_TRACE(bytes);
         alerts.clear();
         const media::FileSizeLimit limit(bytes);

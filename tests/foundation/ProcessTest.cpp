@@ -15,7 +15,7 @@ namespace {
 }
 
 TEST(Process, EndsInOneLineWhereMemoryOrAResourceIsMissing) {
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // they end it themselves
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // they end it in another way
     EXPECT_EXIT(
         takeAllMemory(), testing::ExitedWithCode(1), "^zelvo: there is not enough memory.*\n$");
 #endif

@@ -21,7 +21,7 @@ std::vector<std::uint32_t> draws(std::uint64_t seed) {
 TEST(Random, ASeedRepeatsItsDrawsAndSeedsDiffer) {
     EXPECT_EQ(draws(7), draws(7));
     EXPECT_NE(draws(7), draws(8));
-    EXPECT_NE(draws(7), draws(7 + (1ULL << 32U))); // the upper half counts too
+    EXPECT_NE(draws(7), draws(7 + (1ULL << 32U))); // the upper half matters, too
 }
 
 TEST(Random, BoundedDrawsAreUniform) {
@@ -31,7 +31,7 @@ TEST(Random, BoundedDrawsAreUniform) {
     for (int i = 0; i < kDraws; ++i) {
         ++counts.at(arc4random_uniform(6));
     }
-    // Chi-square with 5 degrees of freedom: 20.5 is passed by one seed in a thousand.
+    // Chi-square with 5 degrees of freedom: one seed in a thousand exceeds 20.5.
     double chi = 0;
     for (const int count : counts) {
         const double off = count - kDraws / 6.0;

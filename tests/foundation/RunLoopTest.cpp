@@ -22,7 +22,7 @@ TEST(VirtualRunLoop, CallsComeByDueTimeThenByOrderOfMaking) {
     loop.asyncAfter(1.0, [&] { order += "a"; });
     loop.asyncAfter(1.0, [&] {
         order += "b";
-        loop.post([&] { order += "p"; }); // a post runs before the clock moves on
+        loop.post([&] { order += "p"; }); // a post runs before the clock advances
     });
     EXPECT_TRUE(loop.runUntil([&] { return order.size() == 4; }));
     EXPECT_EQ(order, "abpc");

@@ -30,7 +30,7 @@ TEST(UserDefaults, EveryTypeComesBackAfterARelaunchAndOnlyAsItself) {
     EXPECT_EQ(again.string("name"), "Gang of \"three\" – ü");
     EXPECT_EQ(again.strings("list"), (Strings{"a", "b"}));
     EXPECT_FALSE(again.string("gone"));
-    EXPECT_FALSE(again.string("list")); // mistyped counts as missing
+    EXPECT_FALSE(again.string("list")); // a value of another type counts as missing
     EXPECT_FALSE(again.strings("name"));
 }
 

@@ -46,7 +46,7 @@ Baked small(const Recipe& recipe) {
 }
 
 void expectToGoOnOverItsRims(const image::Image& picture, Repeats repeats) {
-    constexpr double kSlack = 1.1; // of fine grain, every step is as rough as any
+    constexpr double kSlack = 1.1; // in fine grain, all steps are about equal
     if (repeats == Repeats::never)
         return;
     EXPECT_LE(step(picture, picture.width - 1, 0, true), kSlack * roughest(picture, true));
@@ -63,7 +63,7 @@ TEST(Bake, EveryRecipeShowsSomethingAndTheSameEachTime) {
         const Baked baked = small(recipe);
         const std::set<std::uint8_t> values(
             baked.picture.pixels.begin(), baked.picture.pixels.end());
-        // Masks are cut-outs, a filler is plain, and a particle's picture is small.
+        // Masks and fillers have one colour in large parts, and a particle's picture is small.
         const bool isPlain = recipe.name.starts_with("Mask") || recipe.name.starts_with("black_");
         const bool isParticle = recipe.name.starts_with("particle_");
         EXPECT_GT(values.size(), isPlain ? 1U : (isParticle ? 4U : 20U));
@@ -82,7 +82,7 @@ TEST(Bake, NormalsOfADomePointAwayFromItsTop) {
 
     struct Row {
         int x, y;
-        int right, up; ///< the sign wanted
+        int right, up; ///< the expected sign
     };
 
     for (const Row& row : {Row{26, 16, 1, 0}, {5, 16, -1, 0}, {16, 5, 0, 1}, {16, 26, 0, -1}}) {
@@ -109,12 +109,12 @@ TEST(Bake, BlurSpreadsAPointOverTheRimAndLosesNothing) {
     EXPECT_GT(soft.at(0, 0), soft.at(3, 0));
 }
 
-/// White plastic under each environment, at the strength it is used with.
+/// White plastic in the light of each environment, with the strength that the program uses.
 TEST(Bake, EnvironmentsModelLettersWithoutBurningThem) {
     struct Row {
         std::string_view name;
         float strength;
-        float least, most; ///< reflected by a white face that looks at the camera
+        float least, most; ///< light reflected by a white face that faces the camera
     };
 
     constexpr auto kRows = std::to_array<Row>(

@@ -9,7 +9,7 @@ namespace zelvo::image {
 namespace {
 
 TEST(Color, TransferFunctionAgreesWithPublishedValues) {
-    // Byte values and their linear light as tabled for IEC 61966-2-1.
+    // Byte values and their linear light, from a table for IEC 61966-2-1.
     // clang-format off
     constexpr auto kRows = std::to_array<std::pair<int, float>>({
         {0,   0.0f        },
@@ -45,7 +45,7 @@ TEST(Color, HueSaturationBrightnessOfKnownColours) {
         float hue, saturation, brightness;
     };
 
-    // Degrees and percentages as any colour picker shows them.
+    // Degrees and percentages, as a colour picker shows them.
     // clang-format off
     constexpr auto kRows = std::to_array<Row>({
         {0xFF0000, 0,       100,    100  },

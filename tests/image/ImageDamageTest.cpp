@@ -12,7 +12,7 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// A sound PNG and a sound JPEG of the same picture.
+/// An undamaged PNG and an undamaged JPEG of the same picture.
 std::vector<Bytes> sound() {
     const test::TemporaryFolder folder;
     const Image image = quartered(24, 16);
@@ -91,7 +91,7 @@ Bytes letters(std::string_view text) {
     return {text.begin(), text.end()};
 }
 
-/// The number's bytes, the highest first.
+/// The bytes of the number, highest first.
 Bytes number(std::uint32_t value) {
     Bytes bytes;
     for (int shift = 24; shift >= 0; shift -= 8)
@@ -130,7 +130,7 @@ Bytes lyingBMP(std::uint32_t side) {
     return joined({letters("BM"), littleEndian(54), head, sides, {1, 0, 32, 0}, Bytes(24)});
 }
 
-/// A progressive JPEG of three components with scans that hold nothing.
+/// A progressive JPEG with three components and empty scans.
 Bytes lyingJPEG(std::uint32_t side, int scans = 1) {
     const auto segment = [](std::uint8_t marker, const Bytes& data) {
         return joined({{0xFF, marker, 0, static_cast<std::uint8_t>(2 + data.size())}, data});
@@ -147,7 +147,7 @@ Bytes lyingJPEG(std::uint32_t side, int scans = 1) {
     return joined({bytes, {0xFF, 0xD9}});
 }
 
-/// A GIF of one dot on a canvas of that size.
+/// A GIF with one pixel on a canvas of this size.
 Bytes lyingGIF(std::uint16_t side) {
     const auto low = static_cast<std::uint8_t>(side);
     const auto high = static_cast<std::uint8_t>(side >> 8U);
@@ -160,7 +160,7 @@ Bytes lyingGIF(std::uint16_t side) {
          {0, 2, 2, 0x44, 1, 0, 0x3B}});
 }
 
-/// A WebP that claims 16384 x 16384 pixels, more than its decoder may hold.
+/// A WebP that claims to have 16384 x 16384 pixels, more than the decoder accepts.
 Bytes lyingWebP() {
     const std::string_view head("RIFF\x1E\0\0\0WEBPVP8L\x12\0\0\0", 20);
     return joined({letters(head), number(0x2FFFFFFF), number(0x0F000000), Bytes(10)});

@@ -14,7 +14,7 @@
 
 namespace zelvo::image {
 
-/// A quarter each, from the top left by rows: red, green, blue, half transparent white.
+/// Four quarters, from the top left, row by row: red, green, blue, half transparent white.
 inline Image quartered(int width, int height) {
     using Pixel = std::array<std::uint8_t, 4>;
     constexpr std::array<Pixel, 4> kColours{

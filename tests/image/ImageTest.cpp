@@ -13,7 +13,8 @@ namespace {
 
 using foundation::Cause;
 
-/// The name of the colour at a place given in quarters of the sides: r, g, b, w, or ? for another.
+/// The colour at a place, as r, g, b, w, or ? for another one. The place is in quarters of the
+/// sides.
 char colourAt(const Image& image, int xQuarters, int yQuarters) {
     const int x = image.width * xQuarters / 4;
     const int y = image.height * yQuarters / 4;
@@ -37,7 +38,7 @@ std::string cornersOf(const Image& image) {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// Exif that says nothing but the orientation.
+/// Exif data with only the orientation.
 Bytes exifOf(std::uint8_t orientation) {
     return {'M', 'M', 0, 42, 0, 0, 0,           8, 0, 1, 0x01, 0x12, 0,
             3,   0,   0, 0,  1, 0, orientation, 0, 0, 0, 0,    0,    0};
@@ -55,7 +56,7 @@ Bytes orientedJPEG(const Bytes& jpeg, std::uint8_t orientation) {
 
 Bytes orientedPNG(const Bytes& png, std::uint8_t orientation) {
     Bytes exif = exifOf(orientation);
-    exif.insert(exif.end(), 4, 0); // no one looks at the checksum
+    exif.insert(exif.end(), 4, 0); // the checksum is not read
     return inserted(png, 33, {0, 0, 0, 26, 'e', 'X', 'I', 'f'}, exif);
 }
 
@@ -77,7 +78,7 @@ TEST(Image, ExifOrientationIsApplied) {
     ASSERT_TRUE(savePNG(quartered(64, 32), folder.path() / "a.png"));
     const Bytes jpeg = bytesOf(folder.path() / "a.jpg");
     const Bytes png = bytesOf(folder.path() / "a.png");
-    // Where the stored corners red, green, blue, white must stand, by the tag's definition in
+    // The places of the stored corners (red, green, blue, white), by the definition of the tag in
     // Exif 2.3.
     constexpr auto kCorners = std::to_array<const char*>(
         {"rgbw", "grwb", "wbgr", "bwrg", "rbgw", "brwg", "wgbr", "gwrb"});
@@ -146,7 +147,7 @@ TEST(Image, WebPLoads) {
     ASSERT_TRUE(picture) << picture.error().message;
     EXPECT_EQ((*picture)->pixels, (Bytes{255, 0, 0, 255, 0, 0, 255, 255}));
 
-    // The same as an extended file with Exif: turned left, so that the right end comes up.
+    // The same picture as an extended file with Exif: turned left, so that its right end is on top.
     Bytes turned = inserted(
         Bytes(kRedAndBlue.begin(), kRedAndBlue.end()),
         12,

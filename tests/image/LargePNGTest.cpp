@@ -14,25 +14,25 @@ namespace {
 using Bytes = std::vector<std::uint8_t>;
 using Colour = std::array<int, 3>;
 
-/// How a picture is written. Its left half is dark, its right half light; the bottom half is
-/// transparent where the kind has transparency.
+/// A kind of PNG. The left half of its picture is dark and the right half light; the bottom half is
+/// transparent if the kind can be transparent.
 struct Kind {
     const char* name;
     int colorType;
     int depth;
     Bytes dark;  ///< one pixel, for the top
-    Bytes light; ///< likewise
-    Bytes clear; ///< one pixel for all of the bottom; none: as at the top
+    Bytes light; ///< the same
+    Bytes clear; ///< one pixel, for all of the bottom; none: like the top
     Colour expectedDark;
     Colour expectedLight;
-    double gamma = 0; ///< of the file; 0: it tells none
+    double gamma = 0; ///< of the file; 0: the file has none
     int interlace = PNG_INTERLACE_NONE;
 };
 
 // clang-format off
 const Kind kPalette{"palette", PNG_COLOR_TYPE_PALETTE, 8, {0}, {1}, {2}, {40, 60, 80}, {200, 220, 240}};
 
-/// Half of a file's range is 0.5 of sRGB: with a gamma of 1/2 it is a quarter of the light.
+/// A value of half the range is 0.5 in sRGB. With a gamma of 1/2 it is a quarter of the light.
 const std::vector<Kind> kKinds{
     kPalette,
     {"grey",        PNG_COLOR_TYPE_GRAY,      8,  {30},                     {250},                      {7},                {30, 30, 30},    {250, 250, 250}},
@@ -123,7 +123,7 @@ TEST(LargePNG, EveryKindIsScaledDown) {
         EXPECT_EQ(colourAt(image, kMaxSide - 1, 0), kind.expectedLight);
         EXPECT_EQ(image.pixels.at(3), 255);
         EXPECT_EQ(image.pixels.back(), kind.clear.empty() ? 255 : 0);
-        // Row 6 covers the edge: half of it is there, and what is clear lends it no colour.
+        // Row 6 covers the edge: it is half transparent, and the transparent part adds no colour.
         EXPECT_EQ(colourAt(image, 0, 6), kind.expectedDark);
         EXPECT_NEAR(image.pixels.at(6U * kMaxSide * 4 + 3), kind.clear.empty() ? 255 : 127.5, 1);
     }

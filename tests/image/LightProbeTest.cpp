@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kSamples = 32;
 
-/// A picture of the directions for which `inside` says yes, else black.
+/// A panorama with `light` in the directions for which `inside` is true, and black elsewhere.
 template <class Inside> Radiance painted(const glm::vec3& light, Inside inside) {
     Radiance radiance{128, 64, {}};
     for (int row = 0; row < radiance.height; ++row) {
@@ -83,9 +83,9 @@ TEST(LightProbe, UniformLightStaysAsItIs) {
 }
 
 TEST(LightProbe, IrradianceOfACapFollowsTheCosine) {
-    // A cap of half angle a and radiance L about an axis gives L sin(a)^2 cos(t) to a surface
-    // turned away by t, as long as all of the cap is above its horizon. Nine coefficients are good
-    // to some hundredths of the peak.
+    // A cap with half angle a and radiance L gives L sin(a)^2 cos(t) to a surface at angle t to its
+    // axis, if all of the cap is above the surface's horizon. Nine coefficients have an error of a
+    // few hundredths of the peak.
     constexpr float kHalfAngle = 0.5f;
     const float peak = 4 * std::sin(kHalfAngle) * std::sin(kHalfAngle);
     for (const glm::vec3& axis : std::initializer_list<glm::vec3>{

@@ -64,13 +64,13 @@ TEST_F(AVAssetExportSessionTest, FadesTheMusicAlongItsRampsAndCutsItWithTheMovie
 
 TEST_F(AVAssetExportSessionTest, CutsEveryFormatToTheMillisecond) {
     writeMovie(file("raw.mov"), 63);
-    // The tone sets in at 12.25 s of the song.
+    // The tone starts at 12.25 s of the song.
     const Wave tone = sine(1000.0, 0.5);
     const Wave song = [&](double t) { return t < 12.25 ? 0.0 : tone(t); };
 
     struct Row {
         const char* name;
-        const char* encoder; // null: WAV by hand
+        const char* encoder; // null: a WAV file, written by the test
     };
 
     // clang-format off
@@ -97,7 +97,7 @@ TEST_F(AVAssetExportSessionTest, CutsEveryFormatToTheMillisecond) {
         const double onset = static_cast<double>(loud - movie.left.begin()) / 48000.0;
         EXPECT_NEAR(onset, 0.75, 0.001);
         EXPECT_NEAR(
-            movie.loudness(0.8, 0.95) / kToneLoudness, 1.0, 0.06); // lossy encoders take some
+            movie.loudness(0.8, 0.95) / kToneLoudness, 1.0, 0.06); // lossy encoders lose a little
         ++heard;
     }
     EXPECT_GE(heard, 3);
@@ -114,7 +114,7 @@ TEST_F(AVAssetExportSessionTest, ASongThatEndsEarlyOrBeginsBehindTheMovieIsSilen
         double soundsTo;
     };
 
-    // Asked for 5 s of a song of 1 s.
+    // 5 s are requested of a song of 1 s.
     // clang-format off
     const auto rows = std::to_array<Row>({
         {0.0, 0.0, 0.0, 1.0},
@@ -159,7 +159,7 @@ TEST_F(AVAssetExportSessionTest, AFailureOrCancellingLeavesTheEarlierMovieUntouc
     const auto stopped = session(file("raw.mov"), 57, {});
     stopped->exportAsynchronously([] {});
     stopped->cancelExport();
-    // It may just have been done; there is no state in between.
+    // The movie may be finished already, but never half written.
     const bool isEarlier = readBytes(file("Movie.mov")) == earlier;
     EXPECT_EQ(isEarlier, stopped->status() == Status::cancelled);
     EXPECT_EQ(filesLeft(), (std::vector<std::string>{"Movie.mov", "raw.mov", "song.wav"}));

@@ -35,7 +35,7 @@ TEST_F(AVAssetWriterTest, KeepsEveryFrameAtItsExactTimeAndTagsTheMovie) {
     EXPECT_EQ(tracks[0].naturalTimeScale, 600);
 }
 
-/// The picture with its upper left corner white, which tells top from bottom.
+/// Makes the upper left corner white, to see which side is up.
 PixelBuffer withCorner(PixelBuffer picture) {
     for (int y = 0; y < picture.height() / 4; ++y)
         std::fill_n(picture.row(y), picture.width(), std::uint8_t{255});
@@ -52,7 +52,7 @@ TEST_F(AVAssetWriterTest, ShowsTheSquareWhereItWasDrawn) {
     Writing writing = start(file("square.mov"), kSmall);
     ASSERT_TRUE(writing.adaptor->appendPixelBuffer(withCorner(picture(160, 90)), {}));
     finish(writing);
-    // BT.709 of (0, 255, 0), (0, 0, 128) and the white corner.
+    // Green (0, 255, 0), blue (0, 0, 128) and white in BT.709.
     expectColour(decodeMovie(file("square.mov"), 80, 44).centres.at(0), 173, 42, 26);
     expectColour(decodeMovie(file("square.mov"), 80, 82).centres.at(0), 24, 184, 123);
     expectColour(decodeMovie(file("square.mov"), 8, 8).centres.at(0), 235, 128, 128);
@@ -76,8 +76,8 @@ TEST_F(AVAssetWriterTest, WritesHevcWithTheTagThatPlayersTakeWhenForced) {
 
 TEST_F(AVAssetWriterTest, HoldsTheProducerBackInsteadOfLosingFramesOrReorderingThem) {
     Writing writing = start(file("raw.mov"), {VideoCodec::h264, 1280, 720});
-    // A picture's memory comes back when the encoder's thread drops it: no more than the queue and
-    // the one in work are ever alive.
+    // The encoder's thread gives the memory of a picture back. So there are never more than the
+    // pictures in the queue and the one that is encoded.
     std::set<const std::uint8_t*> places;
     for (int i = 0; i < 40; ++i) {
         writing.input->waitUntilReady();

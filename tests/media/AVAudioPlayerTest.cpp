@@ -15,7 +15,7 @@
 namespace zelvo::media {
 namespace {
 
-/// Stands in for a device; the test takes the samples itself.
+/// Replaces the sound device; the test takes the samples itself.
 class TestOutput final : public AudioOutput {
 public:
     explicit TestOutput(Source& place)
@@ -31,7 +31,7 @@ private:
 
 class AVAudioPlayerTest : public MediaTest {
 protected:
-    /// A song of 4 s whose value rises from 0 to 0.8, so that a sample tells its song time.
+    /// A song of 4 s whose value rises from 0 to 0.8, so that a sample shows its song time.
     [[nodiscard]] std::unique_ptr<AVAudioPlayer> openRamp() {
         writeWav(file("ramp.wav"), 48000, 4.0, [](double t) { return 0.2 * t; });
         auto opened =
@@ -40,7 +40,7 @@ protected:
         return std::move(*opened);
     }
 
-    /// Takes so many seconds from the player; the left channel.
+    /// Takes this many seconds from the player; returns the left channel.
     [[nodiscard]] std::vector<float> take(double seconds) const {
         std::vector<float> both(static_cast<std::size_t>(std::lround(seconds * 48000.0)) * 2);
         source(both);
@@ -107,7 +107,7 @@ TEST_F(AVAudioPlayerTest, TheDeviceGetsTheSongFromThePositionWithTheFadeOnIt) {
         const double expected = 0.2 * (2.0 + t) * std::min(t, 1.0);
         EXPECT_NEAR(faded[static_cast<std::size_t>(t * 48000.0)], expected, 0.002) << t;
     }
-    EXPECT_EQ(faded.back(), 0.0F); // behind the song's end
+    EXPECT_EQ(faded.back(), 0.0F); // after the song's end
     player->pause();
     EXPECT_FALSE(source);
 
@@ -117,7 +117,7 @@ TEST_F(AVAudioPlayerTest, TheDeviceGetsTheSongFromThePositionWithTheFadeOnIt) {
     EXPECT_NEAR(take(5.0)[48000 * 3], 0.2 * 2.9, 0.002);
 }
 
-/// Whatever stands in the file: an error with a sentence, or sound that can be read to its end.
+/// Expects an error with a sentence, or a sound that can be read to its end.
 void expectHarmless(const std::filesystem::path& file) {
     if (const auto asset = AVAsset::open(file); !asset) {
         EXPECT_NE(asset.error().message.find(file.filename().string()), std::string::npos);
@@ -186,7 +186,7 @@ TEST_F(AVAudioPlayerTest, AHoleOfGigabytesInASongTakesNoMemory) {
     getrusage(RUSAGE_SELF, &after);
     ASSERT_TRUE(reader) << reader.error().message;
     EXPECT_NEAR(reader->duration(), 2.0, 0.1);
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // they keep what was freed
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // they keep freed memory
     EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 400L << 10U) << "KiB";
 #endif
 }
@@ -246,7 +246,7 @@ TEST_F(AVAudioPlayerTest, DamagedMusicPlaysAsFarAsItGoes) {
             Bytes damaged = whole;
             if (round % 3 == 0)
                 damaged.resize(1 + random() % damaged.size());
-            // Heads are where damage tells most.
+            // Damage in the head of a file has the most effects.
             const std::size_t reach =
                 round % 2 == 0 ? std::min<std::size_t>(400, damaged.size()) : damaged.size();
             for (int i = 0; i < 1 + round; ++i) {

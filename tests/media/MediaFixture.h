@@ -13,7 +13,7 @@
 
 namespace zelvo::media {
 
-/// A folder of its own for each test, gone afterwards.
+/// Each test has its own folder, which is deleted at the end.
 class MediaTest : public ::testing::Test {
 protected:
     MediaTest();
@@ -38,21 +38,21 @@ using Wave = std::function<double(double)>;
 
 [[nodiscard]] Wave sine(double frequency, double amplitude);
 
-/// A 16-bit mono WAV file, put together by hand.
+/// Writes a 16-bit mono WAV file without FFmpeg.
 void writeWav(const std::filesystem::path& file, int sampleRate, double seconds, const Wave& wave);
 
-/// The same through one of FFmpeg's encoders and muxers, by their names; false if this machine
-/// lacks them.
+/// Writes a sound file with an encoder and a muxer of FFmpeg, by their names; false if this machine
+/// does not have them.
 [[nodiscard]] bool encodeSound(
     const std::filesystem::path& file, const char* encoder, double seconds, const Wave& wave);
 
-/// A movie as FFmpeg shows it, decoded to the end.
+/// A movie that FFmpeg has decoded to the end.
 struct DecodedMovie {
     std::string videoTag;
     std::string audioCodec;
     bool isBt709Limited = false;
     std::vector<double> frameTimes;                   ///< seconds
-    std::vector<std::array<std::uint8_t, 3>> centres; ///< Y, Cb, Cr at the probe of each frame
+    std::vector<std::array<std::uint8_t, 3>> centres; ///< Y, Cb, Cr of each frame at the probe
     std::vector<double> left;                         ///< sound, left channel, at 48 kHz
     double soundStart = 0.0;                          ///< seconds
 
@@ -60,7 +60,7 @@ struct DecodedMovie {
     [[nodiscard]] double loudness(double from, double to) const;
 };
 
-/// `probeX`, `probeY`: where each frame's colour is taken.
+/// The colour of each frame is taken at `probeX`, `probeY`.
 [[nodiscard]] DecodedMovie decodeMovie(const std::filesystem::path& file, int probeX, int probeY);
 
 /// The four-letter names of a QuickTime file's top-level atoms, in order.

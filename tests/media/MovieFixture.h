@@ -12,7 +12,7 @@
 
 namespace zelvo::media {
 
-/// Files may grow to so many bytes only, while this lives; as on a full disk, writing fails beyond.
+/// Limits the size of files while it exists: writing more fails, as on a full disk.
 class FileSizeLimit {
 public:
     explicit FileSizeLimit(rlim_t bytes) {
@@ -31,15 +31,14 @@ private:
     rlimit before{};
 };
 
-/// Writes small movies: 160 x 90 with a green square of 40 x 40 in the middle, unless told
-/// otherwise.
+/// Writes small movies, by default 160 x 90 with a green square of 40 x 40 in the middle.
 class MovieTest : public MediaTest {
 protected:
     static constexpr VideoSettings kSmall{VideoCodec::h264, 160, 90};
 
     [[nodiscard]] static PixelBuffer picture(int width, int height);
 
-    /// A writer with its input, started; fails the test if that fails.
+    /// A writer that has been started, with its input.
     struct Writing {
         std::unique_ptr<AVAssetWriter> writer;
         AVAssetWriterInput* input = nullptr;
@@ -52,7 +51,7 @@ protected:
     static void finish(Writing& writing);
     void writeMovie(const std::filesystem::path& file, int frames);
 
-    /// The stretch of music of an export, in seconds.
+    /// The stretch of music in an export. Times are seconds.
     struct Music {
         std::filesystem::path file;
         double in = 0.0;
@@ -61,7 +60,7 @@ protected:
         AVMutableAudioMixInputParameters volume;
     };
 
-    /// A session for the first `frames` of the movie, with music if its file is named.
+    /// A session for the first `frames` of the movie, with music if there is a file for it.
     [[nodiscard]] std::unique_ptr<AVAssetExportSession>
     session(const std::filesystem::path& movie, int frames, const Music& music);
     static void run(AVAssetExportSession& session);

@@ -11,9 +11,9 @@
 
 namespace zelvo::test {
 
-inline constexpr double kGoldenShare = 0.004; ///< share of the channels that may differ more
+inline constexpr double kGoldenShare = 0.004; ///< share of channels that may differ by more
 
-/// The share of channels (0 to 1) that differ by more than the rounding of drivers.
+/// The share of channels (0 to 1) that differ by more than drivers round differently.
 inline double differingShare(const image::Image& one, const image::Image& other) {
     constexpr int kMaxDifference = 8; // differences up to this are ignored
     std::size_t different = 0;

@@ -7,9 +7,9 @@
 
 namespace zelvo::test {
 
-/// From now on whatever an engine of QML warns of fails the test that runs: a name that stands for
-/// nothing, a handler of no signal, a value of another type. Engines report on the console, so
-/// those that a program makes by itself are heard as well.
+/// From now on, every warning of a QML engine fails the current test: an unknown name, a handler
+/// without a signal, a value of a wrong type. It reads the console, so it also gets the warnings of
+/// engines that the tested code makes.
 inline void failOnViewWarnings() {
     static QtMessageHandler former = nullptr;
     former = qInstallMessageHandler(

@@ -30,7 +30,7 @@ TEST(FontRegistry, FindsByPostScriptNameThenFullNameThenFamilyThenAlias) {
     // clang-format off
     const Row rows[] = {
         {"Geo-Regular",         "Geo-Regular"     }, // PostScript name
-        {"Geo-Oblique",         "Geo-Oblique"     }, // before another's alias
+        {"Geo-Oblique",         "Geo-Oblique"     }, // its own name comes before another's alias
         {"Geo Oblique",         "Geo-Oblique"     }, // full name
         {"Geo",                 "Geo-Regular"     }, // a full name comes before a family
         {"Inter Tight",         "InterTight-Light"}, // family

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 
-// The solids of letters, over all fonts that come with the program.
+// The solids of letters, for all built-in fonts.
 
 #include "geometry/SolidChecks.h"
 #include "platform/geometry/Extrusion.h"
@@ -67,7 +67,7 @@ void expectSoundLetter(
     const auto radius = static_cast<double>(options.chamferRadius);
     const double whole = slab.area * depth;
     const double most = whole * (1 + 1e-4) + 1e-3;
-    // The chamfers take less than two slanted strips along the whole outline.
+    // The chamfers remove less than two slanted strips along the whole outline.
     const double height = std::min(radius, depth / 2);
     const double least = whole - slab.perimeter * radius * height * (1 + radius) - 1e-4 * whole;
     EXPECT_LE(report.volume, most) << name;
@@ -87,7 +87,7 @@ TEST(LetterSolid, IsClosedInEveryFontAtEveryBevel) {
             const std::string string(1, character);
             const auto skeleton = makeSkeleton(outlineOf(string, attributes), 0.1F);
             const ExtrusionOptions& options = all[turn % all.size()];
-            turn += 7; // shares no factor with the number of options, so fonts and letters mix
+            turn += 7; // no common factor with the number of options, so fonts and letters mix
             expectSoundLetter(
                 *skeleton,
                 options,
@@ -121,7 +121,8 @@ TEST(LetterSolid, DoesNotFoldWhereFacesNarrow) {
     }
 }
 
-// A hole takes 2 from the corners - sides + triangles of a solid, each further body adds 2.
+// Euler's formula: corners - sides + triangles of a solid is 2; each hole subtracts 2, each further
+// body adds 2.
 TEST(LetterSolid, KeepsItsCountersOpen) {
     using Row = std::pair<const char*, long>;
 

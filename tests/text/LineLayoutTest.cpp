@@ -111,10 +111,10 @@ TEST(LineLayout, RightToLeftTextRunsLeftwardsAndTheLineEndsBehindIt) {
         {"a\u05D0 \u05D1b",     {0, 3, 2, 1, 4}   },
         {"\u05D0 12 \u05D1",    {5, 4, 2, 3, 1, 0}},
         {"\u0627\u0628!",       {1, 0, 2}         },
-        {"\u05D0 1,2 \u05D1",   {6, 5, 2, 3, 4, 1, 0}}, // a number with its comma is one
-        {"\u05D0 $1",           {2, 3, 1, 0}      },    // and so with its currency
-        {"\u05D0(\u05D1)b",     {3, 2, 1, 0, 4}   },    // brackets go with what they hold
-        {"\u202Eab\u202Cc",     {0, 3, 2, 1, 4}   },    // turned round by an override
+        {"\u05D0 1,2 \u05D1",   {6, 5, 2, 3, 4, 1, 0}}, // a number keeps its comma
+        {"\u05D0 $1",           {2, 3, 1, 0}      },    // and its currency sign
+        {"\u05D0(\u05D1)b",     {3, 2, 1, 0, 4}   },    // brackets stay around their content
+        {"\u202Eab\u202Cc",     {0, 3, 2, 1, 4}   },    // reversed by an override
     };
     // clang-format on
     for (const Row& row : rows) {

@@ -17,7 +17,7 @@ namespace zelvo::text {
     return foundation::mainBundle().path("fonts/" + name + ".ttf");
 }
 
-/// All files that lie beside a known font.
+/// All files in the folder of a known font.
 [[nodiscard]] inline std::set<std::filesystem::path> allFontFiles() {
     std::set<std::filesystem::path> files;
     for (const auto& entry :

@@ -122,7 +122,7 @@ TEST_F(LayouterMenuTest, DrawsTheFrameUnderThePointerInFull) {
         });
         return found;
     };
-    // The picture's frame is the largest: the others lie inside of it.
+    // The frame of the picture is the largest; the others are inside.
     const node::NodePtr picture = nodes.imageNode;
     for (const glm::vec2 size : {glm::vec2(1280, 720), glm::vec2(500, 700)}) {
         // A point at this distance outside the corner of the frame.

@@ -29,7 +29,7 @@ protected:
         return (glm::vec2(clip.x, -clip.y) / clip.w + 1.0f) / 2.0f * size;
     }
 
-    /// A point of a node's content, in the space of the content.
+    /// The place on screen of a point in the space of a node's content.
     [[nodiscard]] glm::vec2 onScreen(const node::Node& node, const glm::vec3& point) const {
         return onScreen(glm::vec3(node.contentNode->worldTransform() * glm::vec4(point, 1)));
     }
@@ -47,7 +47,7 @@ protected:
         menu.handlePinch({state, scale, 0, kSize / 2.0f, kSize});
     }
 
-    /// Only these are shown. They stand in front of the camera, side by side, `apart` units.
+    /// Shows only these nodes, side by side in front of the camera, at a distance of `apart` units.
     void showOnly(const std::vector<node::NodePtr>& shown, float apart) {
         for (const node::NodePtr& node : nodes.content()) {
             const auto found = std::ranges::find(shown, node);
@@ -70,7 +70,7 @@ TEST_F(StageGesturesTest, TakesTheShapeThatIsSeenThenOneBesideItThenTheSmallestF
     nodes.textNode1->setText("I");
     nodes.mediaNode->setShape(content::MediaNode::shapeNamed("None"));
     showOnly({text, object}, 0);
-    object->scale2D = 0.5f; // its frame is the smaller one, and lies all over the letter
+    object->scale2D = 0.5f; // its frame is smaller, and covers the letter
     object->applyScale();
     const geometry::Box letter = text->contentNode->boundingBox();
     const glm::vec3 side{letter.max.x, (letter.min.y + letter.max.y) / 2, letter.max.z};
@@ -94,7 +94,7 @@ TEST_F(StageGesturesTest, OneTouchesWhatStandsBehindTheHolesOfAPicture) {
     const node::NodePtr text = nodes.textNode1;
     nodes.textNode1->setText("MM");
     nodes.mediaNode->setShape(content::MediaNode::shapeNamed("None"));
-    image::Image picture(2, 1); // its left half can be looked through
+    image::Image picture(2, 1); // its left half is transparent
     picture.pixels[7] = 255;
     nodes.imageNode->setImage(std::make_shared<const image::Image>(picture));
     showOnly({text, nodes.imageNode}, 0);
@@ -111,7 +111,7 @@ TEST_F(StageGesturesTest, OneTouchesWhatStandsBehindTheHolesOfAPicture) {
     EXPECT_EQ(tap(onScreen(*text, middle + quarter)), text) << "what is in hand wins";
 }
 
-// The factor of a drag is that of a lens of 58 degrees; the camera has 60.
+// A drag is calculated for a lens of 58 degrees, but the camera has 60.
 TEST_F(StageGesturesTest, ADragMovesItsNodeAsFarAsThePointerAtEachDepth) {
     const node::NodePtr text = nodes.textNode1;
     for (const float depth : {-150.0f, 0.0f, 150.0f}) {
@@ -172,7 +172,7 @@ TEST_F(StageGesturesTest, ADragTakesWhatItBeganOnButOnlyWhileSomethingIsInHand) 
 
 TEST_F(StageGesturesTest, APinchSizesWithinLimitsAndGrowsSlowerThanItShrinks) {
     pinch(GestureState::began);
-    pinch(GestureState::changed, 3); // nothing is in hand
+    pinch(GestureState::changed, 3); // nothing is selected
     const node::NodePtr text = nodes.textNode1;
     text->scale2D = 1;
     menu.setCurrentNode(text);

@@ -61,7 +61,7 @@ protected:
         return text;
     }
 
-    /// What the first action button stands for.
+    /// The name of the first action button.
     [[nodiscard]] std::string firstAction() const {
         return menu.actionButtons().empty() ? ""
                                             : menu.actionButtons().front()->name().toStdString();

@@ -35,7 +35,7 @@ protected:
         return *qobject_cast<ui::TimePickerView*>(alerts.content());
     }
 
-    /// Undo, redo, history, delete all.
+    /// Whether undo, redo, history and "delete all" are enabled.
     [[nodiscard]] std::array<bool, 4> usable() const {
         return {
             menu.undoButton.isEnabled(),
@@ -154,9 +154,9 @@ TEST(TimePicker, DoesNotLetUnderTwoSecondsBePicked) {
           Row{61, 0, 0, 0, 2},
           Row{61, 1, 0, 1, 0}, // a minute is long enough
           Row{8, 1, 59, 0, 59},
-          Row{3 * 3600 + 62, 1, 2, 1, 2}, // hours left out
-          Row{8, 0, 75, 59, 8},           // there is no such row
-          Row{8, 2, 1, 0, 8}}) {          // there is no such wheel
+          Row{3 * 3600 + 62, 1, 2, 1, 2}, // hours are ignored
+          Row{8, 0, 75, 59, 8},           // no such row
+          Row{8, 2, 1, 0, 8}}) {          // no such wheel
         ui::TimePickerView picker(row.duration);
         picker.select(row.component, row.row);
         EXPECT_EQ(picker.minutes(), row.minutes) << row.duration << ", row " << row.row;

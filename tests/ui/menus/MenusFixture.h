@@ -11,14 +11,14 @@
 
 namespace zelvo::test {
 
-/// The model with what the menus are built of.
+/// The model and the objects that the menus need.
 class MenusTest : public ModelTest {
 protected:
     [[nodiscard]] foundation::VirtualRunLoop& loop() { return world.runLoop; }
 
     [[nodiscard]] actions::ActionController& controller() const { return model.actionController(); }
 
-    /// The user's answer to the alert on show, by its title.
+    /// Answers the current alert with the action of this title.
     void answer(const QString& title) {
         const auto offered = alerts.actions();
         for (int i = 0; i < offered.size(); ++i) {

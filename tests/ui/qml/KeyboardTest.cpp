@@ -75,7 +75,7 @@ protected:
 
     ActionsMenu& menu() { return panel<ActionsMenu>(); }
 
-    /// The places of the buttons that are held.
+    /// The indices of the buttons that are held.
     [[nodiscard]] std::string held() {
         std::string places;
         for (std::size_t i = 0; i < menu().actionButtons().size(); ++i)

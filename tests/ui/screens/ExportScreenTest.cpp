@@ -24,7 +24,7 @@ protected:
         QObject::connect(screen.get(), &ExportViewController::dismissed, [this] { ++dismissals; });
     }
 
-    /// Lets the export go on until the percentage is reached.
+    /// Runs the export until it has reached the percentage.
     void runToPercent(int percent) {
         ASSERT_TRUE(loop().runUntil([&] { return screen->currentPerc >= percent; }));
     }
@@ -59,7 +59,7 @@ TEST_F(ExportScreenTest, RingAndPercentageRiseToTheEndAndThePreviewFollows) {
         highest = screen->currentPerc;
         fullest = ring();
     });
-    runToPercent(1); // the count-in counts
+    runToPercent(1); // the count-in is a part of it
     EXPECT_EQ(screen->progressLabel(), "1 %");
     EXPECT_EQ(screen->preview(), nullptr);
     runToOutcome();

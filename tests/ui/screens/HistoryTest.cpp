@@ -57,7 +57,7 @@ TEST_F(HistoryTest, ShowsOneRowForEachActInEitherOrder) {
         ElementsAre("Explode|1:03.00", "Left In (TX1)|0:03.50", "Camera Move|0:02.25");
     EXPECT_THAT(rowsOf(history), byTime);
 
-    HistoryController later(services); // the order is kept
+    HistoryController later(services); // the sort order is kept
     EXPECT_THAT(rowsOf(later), byTime);
     later.sortFunction();
     EXPECT_EQ(world.defaults.string("SortedDefaultsKey"), "LastAdded");

@@ -119,7 +119,7 @@ TEST_F(PreviewTest, AsksForAReviewOnceTheScreenHasGone) {
     EXPECT_EQ(reviews, 1);
 }
 
-/// A picture of 4 x 2 pixels in one colour, as a player hands it out.
+/// A frame of 4 x 2 pixels in one colour, as a player makes it.
 QVideoFrame pictureOf(
     std::array<int, 3> yuv,
     QVideoFrameFormat::PixelFormat layout,

@@ -9,10 +9,10 @@
 
 namespace zelvo::test {
 
-/// The model with what the screens are built of.
+/// The model and the objects that the screens need.
 class ScreenTest : public ModelTest {
 protected:
-    /// Puts a record into the performance.
+    /// Adds a record to the performance.
     void record(const std::string& title, double time, int identifier, bool isRow = true) {
         const auto xac = std::make_shared<actions::XAC>();
         xac->time = time;

@@ -61,7 +61,7 @@ TEST_F(TouchTest, FingersUseTheSameViewsAgain) {
     }
     touch(1, TouchPhase::began);
     touch(1, TouchPhase::ended);
-    touch(1, TouchPhase::began); // while the view of the one before still fades
+    touch(1, TouchPhase::began); // while the last finger's view is still fading
     EXPECT_EQ(shown(), 1);
     loop.runFor(0.2);
     EXPECT_EQ(shown(), 1);
