@@ -5,7 +5,7 @@ import QtQuick.Layouts
 import Zelvo
 import Zelvo.Layouter as Layouter
 
-// A FormPanel: two sliders with their names, and two toggles that draw what they do.
+// View of a FormPanel: two sliders with their names, and two toggles with pictures.
 RowLayout {
     id: root
 
@@ -25,7 +25,7 @@ RowLayout {
     }
     PictureButton { controller: root.controller.profileToggle }
     PictureButton {
-        // as wide for both words, so that nothing moves under the pointer
+        // Equally wide for both words, so that nothing moves under the pointer.
         minimumWidth: Theme.px(165)
         controller: root.controller.fillToggle
     }

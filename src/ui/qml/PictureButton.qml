@@ -2,7 +2,7 @@
 import QtQuick
 import Zelvo
 
-// A MyButton with its picture and its word side by side.
+// View of a MyButton: a picture and a word next to each other.
 MyButton {
     id: root
 
