@@ -21,8 +21,8 @@ protected:
         media::writeWav(file("short.wav"), 8000, 3.0, media::sine(440.0, 0.5));
     }
 
-    /// Steps like the frame clock, with both clocks, from a time in the count-in up to (and with)
-    /// the movie time `until`.
+    /// Steps the player and the run loop tick by tick, from the count-in up to and including
+    /// `until`, in movie time.
     void play(double until, double from = -0.5) {
         const long steps = std::lround(std::floor((until - from) / kFrame + 1e-4));
         for (long i = 0; i <= steps; ++i) {
@@ -139,16 +139,12 @@ TEST_F(AudioPlayerTest, VolumeFollowsTheFadeState) {
         bool isFadingOut;
     };
 
-    // The stretch has 8 s: fade-in during 1.6 s; fade-out from 6.0 s, during 1.9 s.
-    // clang-format off
-    constexpr auto kRows = std::to_array<Row>({
-        {FadeState::noFade,    1.0, 1.0, 1.0, 1.0, false},
-        {FadeState::fadeIn,    0.0, 0.5, 1.0, 1.0, false},
-        {FadeState::fadeOut,   1.0, 1.0, 0.5, 0.0, true },
-        {FadeState::fadeInOut, 0.0, 0.5, 0.5, 0.0, true },
-    });
-    // clang-format on
-    for (const Row& row : kRows) {
+    // A stretch of 8 s: fade-in over 1.6 s; fade-out from 6.0 over 1.9 s.
+    for (const Row& row :
+         {Row{FadeState::noFade, 1.0, 1.0, 1.0, 1.0, false},
+          {FadeState::fadeIn, 0.0, 0.5, 1.0, 1.0, false},
+          {FadeState::fadeOut, 1.0, 1.0, 0.5, 0.0, true},
+          {FadeState::fadeInOut, 0.0, 0.5, 0.5, 0.0, true}}) {
         SCOPED_TRACE(static_cast<int>(row.state));
         player.loadSong(file("song.wav"), "Song");
         player.fadeState = row.state;

@@ -15,6 +15,26 @@ using Status = AVAssetExportSession::Status;
 /// Root mean square of sine(f, 0.5).
 constexpr double kToneLoudness = 0.5 / std::numbers::sqrt2;
 
+TEST(CMTime, GoesToTheNearestUnitAndHalvesAwayFromZero) {
+    struct Row {
+        CMTime time;
+        std::int64_t units;
+    };
+
+    for (const auto& [time, units] :
+         {Row{{1, 2}, 1}, {{-1, 2}, -1}, {{1, 3}, 0}, {{-1, 3}, 0}, {{-2, 3}, -1}, {{90, 60}, 2}})
+        EXPECT_EQ(time.converted(1).value, units) << time.value << "/" << time.timescale;
+}
+
+TEST(AVMutableAudioMix, ARampThatBeganBeforeTheMovieIsHeardFromItsMiddle) {
+    AVMutableAudioMixInputParameters volume;
+    volume.setVolume(0.0, {});
+    volume.setVolumeRamp(0.0, 1.0, {{-60, 60}, {120, 60}});
+    EXPECT_NEAR(volume.volumeAt(0.0), 0.5, 1e-9);
+    EXPECT_NEAR(volume.volumeAt(0.5), 0.75, 1e-9);
+    EXPECT_EQ(volume.volumeAt(3.0), 1.0);
+}
+
 class AVAssetExportSessionTest : public MovieTest {};
 
 TEST_F(AVAssetExportSessionTest, CutsTheLastFramesAndPutsTheIndexInFront) {
@@ -114,15 +134,8 @@ TEST_F(AVAssetExportSessionTest, ASongThatEndsEarlyOrBeginsBehindTheMovieIsSilen
         double soundsTo;
     };
 
-    // 5 s are requested of a song of 1 s.
-    // clang-format off
-    const auto rows = std::to_array<Row>({
-        {0.0, 0.0, 0.0, 1.0},
-        {0.5, 1.0, 1.0, 1.5},
-        {0.0, 3.0, 2.0, 2.0}
-    });
-    // clang-format on
-    for (const Row& row : rows) {
+    // Asked for 5 s of a song of 1 s.
+    for (const Row& row : {Row{0.0, 0.0, 0.0, 1.0}, {0.5, 1.0, 1.0, 1.5}, {0.0, 3.0, 2.0, 2.0}}) {
         const auto exporting =
             session(file("raw.mov"), 120, {file("song.wav"), row.in, 5.0, row.at, {}});
         run(*exporting);

@@ -4,8 +4,7 @@
 #include "media/MediaFixture.h"
 #include "platform/media/AVAsset.h"
 #include "platform/media/AudioReader.h"
-
-#include <sys/resource.h>
+#include "support/PeakMemory.h"
 
 #include <algorithm>
 #include <array>
@@ -117,7 +116,7 @@ TEST_F(AVAudioPlayerTest, TheDeviceGetsTheSongFromThePositionWithTheFadeOnIt) {
     EXPECT_NEAR(take(5.0)[48000 * 3], 0.2 * 2.9, 0.002);
 }
 
-/// Expects an error with a sentence, or a sound that can be read to its end.
+/// The file gives an error with a message, or a sound that can be read to its end.
 void expectHarmless(const std::filesystem::path& file) {
     if (const auto asset = AVAsset::open(file); !asset) {
         EXPECT_NE(asset.error().message.find(file.filename().string()), std::string::npos);
@@ -147,27 +146,20 @@ TEST_F(AVAudioPlayerTest, MusicThatIsNotMusicIsAnError) {
     writeWav(file("low.wav"), 999, 1.0, sine(100.0, 0.5));
     using foundation::Cause;
 
-    struct Row {
-        const char* name;
-        Cause cause;
-    };
+    using Row = std::pair<const char*, Cause>;
 
-    // clang-format off
-    const auto rows = std::to_array<Row>({
-        {"noise.mp3",   Cause::malformed  },
-        {"empty.wav",   Cause::malformed  },
-        {"list.mp3",    Cause::malformed  },
-        {"folder.mp3",  Cause::unreadable },
-        {"missing.mp3", Cause::notFound   },
-        {"slow.wav",    Cause::unsupported},
-        {"low.wav",     Cause::unsupported},
-    });
-    // clang-format on
-    for (const Row& row : rows) {
-        const auto opened = AVAudioPlayer::open(file(row.name), loop, nullptr);
-        ASSERT_FALSE(opened) << row.name;
-        EXPECT_EQ(opened.error().cause, row.cause) << row.name << ": " << opened.error().message;
-        EXPECT_NE(opened.error().message.find(row.name), std::string::npos);
+    for (const auto& [name, cause] :
+         {Row{"noise.mp3", Cause::malformed},
+          {"empty.wav", Cause::malformed},
+          {"list.mp3", Cause::malformed},
+          {"folder.mp3", Cause::unreadable},
+          {"missing.mp3", Cause::notFound},
+          {"slow.wav", Cause::unsupported},
+          {"low.wav", Cause::unsupported}}) {
+        const auto opened = AVAudioPlayer::open(file(name), loop, nullptr);
+        ASSERT_FALSE(opened) << name;
+        EXPECT_EQ(opened.error().cause, cause) << name << ": " << opened.error().message;
+        EXPECT_NE(opened.error().message.find(name), std::string::npos);
     }
 }
 
@@ -176,18 +168,12 @@ TEST_F(AVAudioPlayerTest, AHoleOfGigabytesInASongTakesNoMemory) {
         GTEST_SKIP() << "no MP3 encoder";
     std::filesystem::resize_file(file("song.mp3"), 3LL << 30U);
 
-    struct rusage before {};
-
-    getrusage(RUSAGE_SELF, &before);
+    [[maybe_unused]] const long before = test::peakKilobytes();
     const auto reader = AudioReader::open(file("song.mp3"));
-
-    struct rusage after {};
-
-    getrusage(RUSAGE_SELF, &after);
     ASSERT_TRUE(reader) << reader.error().message;
     EXPECT_NEAR(reader->duration(), 2.0, 0.1);
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // they keep freed memory
-    EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 400L << 10U) << "KiB";
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // they keep what was freed
+    EXPECT_LT(test::peakKilobytes() - before, 400L << 10U);
 #endif
 }
 
@@ -246,7 +232,7 @@ TEST_F(AVAudioPlayerTest, DamagedMusicPlaysAsFarAsItGoes) {
             Bytes damaged = whole;
             if (round % 3 == 0)
                 damaged.resize(1 + random() % damaged.size());
-            // Damage in the head of a file has the most effects.
+            // Damage at the start of a file has the most effect.
             const std::size_t reach =
                 round % 2 == 0 ? std::min<std::size_t>(400, damaged.size()) : damaged.size();
             for (int i = 0; i < 1 + round; ++i) {

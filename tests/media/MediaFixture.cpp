@@ -11,15 +11,6 @@
 
 namespace zelvo::media {
 
-MediaTest::MediaTest() {
-    std::string name = std::filesystem::temp_directory_path() / "zelvo-media-XXXXXX";
-    folder = mkdtemp(name.data());
-}
-
-MediaTest::~MediaTest() {
-    std::filesystem::remove_all(folder);
-}
-
 std::vector<std::string> MediaTest::filesLeft() const {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
@@ -41,36 +32,6 @@ void writeBytes(const std::filesystem::path& file, std::span<const std::uint8_t>
 
 Wave sine(double frequency, double amplitude) {
     return [=](double t) { return amplitude * std::sin(2.0 * std::numbers::pi * frequency * t); };
-}
-
-void writeWav(const std::filesystem::path& file, int sampleRate, double seconds, const Wave& wave) {
-    Bytes bytes;
-    const auto text = [&](std::string_view letters) {
-        bytes.insert(bytes.end(), letters.begin(), letters.end());
-    };
-    const auto number = [&](std::uint32_t value, int size) {
-        for (int i = 0; i < size; ++i)
-            bytes.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
-    };
-    const auto samples = static_cast<std::uint32_t>(std::llround(seconds * sampleRate));
-    const auto rate = static_cast<std::uint32_t>(sampleRate);
-    text("RIFF");
-    number(36 + samples * 2, 4);
-    text("WAVEfmt ");
-    number(16, 4);
-    number(1, 2); // PCM
-    number(1, 2); // mono
-    number(rate, 4);
-    number(rate * 2, 4);
-    number(2, 2);
-    number(16, 2);
-    text("data");
-    number(samples * 2, 4);
-    for (std::uint32_t i = 0; i < samples; ++i) {
-        const double value = wave(static_cast<double>(i) / sampleRate);
-        number(static_cast<std::uint32_t>(std::lround(value * 32767.0)), 2);
-    }
-    writeBytes(file, bytes);
 }
 
 namespace {
@@ -98,7 +59,11 @@ void putSample(AVFrame& frame, int index, double value) {
 } // namespace
 
 bool encodeSound(
-    const std::filesystem::path& file, const char* encoder, double seconds, const Wave& wave) {
+    const std::filesystem::path& file,
+    const char* encoder,
+    double seconds,
+    const Wave& wave,
+    int sampleRate) {
     silenceFFmpeg();
     const AVCodec* codec = avcodec_find_encoder_by_name(encoder);
     if (codec == nullptr)
@@ -109,7 +74,7 @@ bool encodeSound(
             context->sample_fmt = *format;
         }
     }
-    context->sample_rate = 44100;
+    context->sample_rate = sampleRate;
     context->time_base = {1, context->sample_rate};
     context->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     av_channel_layout_default(&context->ch_layout, 1);
@@ -123,7 +88,7 @@ bool encodeSound(
     avio_open(&format->pb, file.c_str(), AVIO_FLAG_WRITE);
     Options options{{"page_duration", "60000"}}; // Ogg, microseconds: short, as in rich sound
     const bool hasBegun = avformat_write_header(format, options.get()) >= 0;
-    const int total = static_cast<int>(seconds * context->sample_rate);
+    const int total = static_cast<int>(std::lround(seconds * context->sample_rate));
     const int step = context->frame_size > 0 ? context->frame_size : 1024;
     for (int from = 0; hasBegun && from < total; from += step) {
         const FFmpegPtr<AVFrame> frame(av_frame_alloc());
@@ -145,6 +110,10 @@ bool encodeSound(
     avio_closep(&format->pb);
     avformat_free_context(format);
     return hasBegun;
+}
+
+void writeWav(const std::filesystem::path& file, int sampleRate, double seconds, const Wave& wave) {
+    EXPECT_TRUE(encodeSound(file, "pcm_s16le", seconds, wave, sampleRate));
 }
 
 namespace {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "support/TemporaryFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -13,19 +15,17 @@
 
 namespace zelvo::media {
 
-/// Each test has its own folder, which is deleted at the end.
+/// Each test has a folder of its own, which is deleted at its end.
 class MediaTest : public ::testing::Test {
 protected:
-    MediaTest();
-    ~MediaTest() override;
-
     [[nodiscard]] std::filesystem::path file(const std::string& name) const {
         return folder / name;
     }
 
     [[nodiscard]] std::vector<std::string> filesLeft() const;
 
-    std::filesystem::path folder;
+    const test::TemporaryFolder temporary;
+    const std::filesystem::path& folder = temporary.path();
 };
 
 using Bytes = std::vector<std::uint8_t>;
@@ -38,13 +38,17 @@ using Wave = std::function<double(double)>;
 
 [[nodiscard]] Wave sine(double frequency, double amplitude);
 
-/// Writes a 16-bit mono WAV file without FFmpeg.
+/// A 16-bit mono WAV file.
 void writeWav(const std::filesystem::path& file, int sampleRate, double seconds, const Wave& wave);
 
-/// Writes a sound file with an encoder and a muxer of FFmpeg, by their names; false if this machine
-/// does not have them.
+/// A mono file of the format that its name says, by the FFmpeg encoder of that name. False if this
+/// machine lacks one of the two.
 [[nodiscard]] bool encodeSound(
-    const std::filesystem::path& file, const char* encoder, double seconds, const Wave& wave);
+    const std::filesystem::path& file,
+    const char* encoder,
+    double seconds,
+    const Wave& wave,
+    int sampleRate = 44100);
 
 /// A movie that FFmpeg has decoded to the end.
 struct DecodedMovie {

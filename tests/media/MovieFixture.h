@@ -12,7 +12,7 @@
 
 namespace zelvo::media {
 
-/// Limits the size of files while it exists: writing more fails, as on a full disk.
+/// While it lives, no file can grow beyond so many bytes: writing fails then, as on a full disk.
 class FileSizeLimit {
 public:
     explicit FileSizeLimit(rlim_t bytes) {
