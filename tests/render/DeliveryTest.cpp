@@ -24,24 +24,18 @@ TEST(AreaResampler, KeepsEveryFlatValueExactly) {
     }
 }
 
-/// A picture with edges and colours in all directions.
-void fill(scene::SCNScene& scene) {
-    int i = 0;
-    for (const unsigned color : {0xE6194CU, 0x19E64CU, 0xFFFFFFU, 0x194CE6U}) {
-        auto node = std::make_shared<scene::SCNNode>();
-        node->geometry = std::make_shared<scene::SCNPlane>(0.7, 0.5);
-        node->position =
-            glm::vec3(-0.6f + 0.4f * static_cast<float>(i), 0.3f - 0.2f * static_cast<float>(i), i);
-        node->setEulerAngles({0, 0, 0.3f * static_cast<float>(++i)});
-        auto material = std::make_shared<scene::SCNMaterial>();
-        material->lightingModelName = scene::SCNLightingModel::constant;
-        material->diffuse.contents = image::Color::hex(color);
-        node->geometry->materials = {material};
-        scene.rootNode()->addChildNode(node);
+class Delivery : public Stage {
+protected:
+    /// Edges and colours in all directions.
+    void fill() const {
+        float i = 0;
+        for (const unsigned color : {0xE6194CU, 0x19E64CU, 0xFFFFFFU, 0x194CE6U}) {
+            const auto node = addSquare(makeMaterial(image::Color::hex(color)), 0, 0.6f);
+            node->position = glm::vec3(-0.6f + 0.4f * i, 0.3f - 0.2f * i, i);
+            node->setEulerAngles({0, 0, 0.3f * ++i});
+        }
     }
-}
-
-using Delivery = Stage;
+};
 
 std::vector<std::uint8_t> bytesOf(SCNRenderer& renderer) {
     renderer.begin({0, {64, 64}});
@@ -50,7 +44,7 @@ std::vector<std::uint8_t> bytesOf(SCNRenderer& renderer) {
 }
 
 TEST_F(Delivery, OnTheCpuAndInShadersIsTheSame) {
-    fill(*scene);
+    fill();
     auto made = SCNRenderer::make(Downscaling::gpu);
     ASSERT_TRUE(made.has_value());
     SCNRenderer& other = **made;
@@ -65,7 +59,7 @@ TEST_F(Delivery, OnTheCpuAndInShadersIsTheSame) {
 }
 
 TEST_F(Delivery, GivesTheSameBytesTwiceAndInOrder) {
-    fill(*scene);
+    fill();
     const auto first = bytesOf(*renderer);
     EXPECT_EQ(first, bytesOf(*renderer));
     // Beginning a frame must not change an earlier one that still waits.
@@ -80,18 +74,16 @@ TEST_F(Delivery, GivesTheSameBytesTwiceAndInOrder) {
 // A half plane with a slanting edge: a pixel's brightness is the share that it covers.
 TEST_F(Delivery, OversamplingApproachesTheCoveredArea) {
     constexpr float kSlope = 0.3f;
-    addSquare(makeMaterial(image::Color::white(1)), 0, 8)->position = glm::vec3(-4, 0, 0);
-    scene->rootNode()->childNodes().back()->setEulerAngles({0, 0, -std::atan(kSlope)});
     const float across = std::sqrt(1 + kSlope * kSlope);
-    scene->rootNode()->childNodes().back()->position =
-        glm::vec3(-4 / across, 4 * kSlope / across, 0);
+    const auto half = addSquare(makeMaterial(image::Color::white(1)), 0, 8);
+    half->setEulerAngles({0, 0, -std::atan(kSlope)});
+    half->position = glm::vec3(-4 / across, 4 * kSlope / across, 0);
     for (const double oversampling : {1.0, 1.5, 4.0}) {
         const image::Image picture = draw(oversampling);
         double worst = 0;
         for (int y = 0; y < 64; ++y) {
             for (int x = 0; x < 64; ++x) {
-                const double share = std::clamp((x + 0.5 - 32) + 0.0, -99.0, 99.0);
-                const double distance = (share - (32 - (y + 0.5)) * kSlope) / across;
+                const double distance = (x + 0.5 - 32 - (32 - (y + 0.5)) * kSlope) / across;
                 const double covered =
                     std::clamp(0.5 - distance / (std::abs(1 / across) + kSlope / across), 0.0, 1.0);
                 const double got = std::pow(at(picture, x, y)[0] / 255.0, 2);

@@ -7,11 +7,22 @@ namespace {
 using image::Color;
 using Materials = Stage;
 
-TEST_F(Materials, AConstantColourIsExactAtAnyOversampling) {
-    addSquare(makeMaterial(Color::hex(0x194CE6)), 0, 4);
+TEST_F(Materials, AConstantColourAndABackgroundAreExactAtAnyOversampling) {
+    const auto square = addSquare(makeMaterial({}), 0, 1);
     camera->camera->wantsHDR = true;
+    camera->camera->exposureOffset = 2;
+    const auto colorOf = [](const Pixel& p) {
+        return Color::hex(static_cast<unsigned>(p[0] << 16 | p[1] << 8 | p[2]));
+    };
     for (const double oversampling : {1.0, 1.5, 2.0}) {
-        EXPECT_EQ(at(draw(oversampling), 31, 17), (Pixel{25, 76, 230}));
+        for (const Pixel& wanted : {Pixel{0x19, 0x4C, 0xE6}, {255, 255, 255}, {1, 2, 3}}) {
+            const Pixel other{wanted[1], 0x80, wanted[0]};
+            scene->background.contents = colorOf(wanted);
+            square->geometry->materials[0]->diffuse.contents = colorOf(other);
+            const image::Image picture = draw(oversampling);
+            EXPECT_EQ(at(picture, 10, 50), wanted);
+            EXPECT_EQ(at(picture, 31, 27), other);
+        }
     }
 }
 
@@ -167,22 +178,19 @@ TEST_F(Materials, ASolidFadesAsAWhole) {
 TEST_F(Materials, BlendModesCombineWithWhatIsBehind) {
     using Mode = scene::SCNBlendMode;
 
-    struct Row {
-        Mode mode;
-        Pixel wanted;
-    };
+    using Row = std::pair<Mode, Pixel>;
 
     addSquare(makeMaterial(Color::hex(0x808040)), -1, 4);
-    for (const Row& row :
+    for (const auto& [mode, wanted] :
          {Row{Mode::add, {0xC0, 0xA0, 0x40}},
           {Mode::subtract, {0x40, 0x60, 0x40}},
           {Mode::multiply, {0x20, 0x10, 0x00}},
           {Mode::screen, {0xA0, 0x90, 0x40}},
           {Mode::replace, {0x40, 0x20, 0x00}}}) {
         const auto material = makeMaterial(Color::hex(0x402000));
-        material->blendMode = row.mode;
+        material->blendMode = mode;
         const auto square = addSquare(material);
-        expectNear(middle(), row.wanted, 1);
+        expectNear(middle(), wanted, 1);
         square->removeFromParentNode();
     }
 }

@@ -8,19 +8,6 @@ namespace {
 using image::Color;
 using Pictures = Stage;
 
-TEST_F(Pictures, ABackgroundColourIsShownExactly) {
-    camera->camera->wantsHDR = true;
-    camera->camera->exposureOffset = 2;
-    for (const unsigned color : {0x194CE6U, 0xFFFFFFU, 0x010203U}) {
-        scene->background.contents = Color::hex(color);
-        const Pixel wanted{
-            static_cast<int>(color >> 16U),
-            static_cast<int>(color >> 8U & 0xFFU),
-            static_cast<int>(color & 0xFFU)};
-        EXPECT_EQ(at(draw(1.5), 10, 50), wanted);
-    }
-}
-
 /// Eight columns with different colours; the fourth and fifth are in the middle.
 image::ImagePtr makePanorama(std::uint8_t alpha) {
     std::vector<std::array<std::uint8_t, 4>> pixels;

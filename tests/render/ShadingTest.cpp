@@ -13,10 +13,6 @@ namespace {
 using image::Color;
 using scene::SCNLightType;
 
-double linearFrom(double encoded) { // IEC 61966-2-1
-    return encoded <= 0.04045 ? encoded / 12.92 : std::pow((encoded + 0.055) / 1.055, 2.4);
-}
-
 class Shading : public Stage {
 protected:
     /// Shows a surface whose normal is turned to the right by an angle.
@@ -45,7 +41,9 @@ protected:
         for (int i = 0; i < 256; ++i) {
             const Pixel pixel = at(picture, 24 + i % 16, 24 + i / 16);
             for (int c = 0; c < 3; ++c)
-                sum[c] += linearFrom(pixel.at(static_cast<std::size_t>(c)) / 255.0) / 256;
+                sum[c] += static_cast<double>(image::linearFromSRGB(
+                              static_cast<float>(pixel.at(static_cast<std::size_t>(c))) / 255)) /
+                          256;
         }
         return sum;
     }
@@ -116,14 +114,11 @@ TEST_F(Shading, AWhiteMirrorInAWhiteRoomGivesBackAllLight) {
 
 // Expected: the published reference of the Khronos PBR neutral tone mapper.
 TEST_F(Shading, ToneMapsAsThePublishedCurve) {
-    struct Row {
-        glm::dvec3 light;
-        glm::dvec3 wanted;
-    };
+    using Row = std::pair<glm::dvec3, glm::dvec3>;
 
     camera->camera->wantsHDR = true;
     addSquare(makeMatte(Color::white(1)));
-    for (const Row& row :
+    for (const auto& [light, wanted] :
          {Row{{0.05, 0.05, 0.05}, {0.016, 0.016, 0.016}},
           {{0.5, 0.5, 0.5}, {0.460, 0.460, 0.460}},
           {{0.6, 0.1, 0.1}, {0.560, 0.060, 0.060}},
@@ -132,11 +127,11 @@ TEST_F(Shading, ToneMapsAsThePublishedCurve) {
           {{60, 6, 6}, {0.999, 0.908, 0.908}}}) {
         for (int c = 0; c < 3; ++c) {
             Color color = Color::hex(c == 0 ? 0xFF0000 : c == 1 ? 0x00FF00 : 0x0000FF);
-            addLight(SCNLightType::ambient, {}, 1000 * row.light[c])->color = color;
+            addLight(SCNLightType::ambient, {}, 1000 * light[c])->color = color;
         }
         const glm::dvec3 got = measured();
         for (int c = 0; c < 3; ++c)
-            EXPECT_NEAR(got[c], row.wanted[c], 0.006) << row.light.r << ", channel " << c;
+            EXPECT_NEAR(got[c], wanted[c], 0.006) << light.r << ", channel " << c;
         clear(2);
     }
 }

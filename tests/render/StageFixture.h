@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <memory>
@@ -97,19 +98,12 @@ inline void expectNear(const Pixel& pixel, const Pixel& wanted, int tolerance) {
     }
 }
 
-inline image::Image
-makePicture(int width, int height, const std::vector<std::array<std::uint8_t, 4>>& pixels) {
-    image::Image picture(width, height);
-    picture.pixels.clear();
-    for (const auto& pixel : pixels) {
-        picture.pixels.insert(picture.pixels.end(), pixel.begin(), pixel.end());
-    }
-    return picture;
-}
-
 inline image::ImagePtr
 sharePicture(int width, int height, const std::vector<std::array<std::uint8_t, 4>>& pixels) {
-    return std::make_shared<image::Image>(makePicture(width, height, pixels));
+    auto picture = std::make_shared<image::Image>(width, height);
+    for (std::size_t i = 0; i < pixels.size(); ++i)
+        std::ranges::copy(pixels[i], &picture->pixels[4 * i]);
+    return picture;
 }
 
 } // namespace zelvo::render

@@ -138,23 +138,27 @@ TEST_F(StillStage, ChangesShowAtOnce) {
     const auto paint = [this](std::array<std::uint8_t, 4> pixel) {
         floor->geometry->materials[0]->diffuse.setImage(sharePicture(1, 1, {pixel}));
     };
-    std::vector<Change> changes;
-    const auto add = [&changes](const char* name, std::function<void()> make) {
-        changes.push_back({name, std::move(make)});
+    const Change changes[] = {
+        {"nothing", [] {}},
+        {"a box moves", [this] { moving->position = glm::vec3(80, 10, 20); }},
+        {"a light", [this] { light->color = Color::hex(0x19E64C); }},
+        {"the background", [this] { scene->background.contents = Color::hex(0x194CE6); }},
+        {"a number", [this] { floor->geometry->materials[0]->roughness.contents = 0.1f; }},
+        {"a picture",
+         [paint] {
+             paint({9, 99, 199, 255});
+         }},
+        {"another picture",
+         [paint] {
+             paint({199, 99, 9, 255});
+         }},
+        {"the camera", [this] { camera->position = glm::vec3(10, 60, 330); }},
+        {"a solid", [this] { standing->geometry = std::make_shared<scene::SCNBox>(90, 40, 9, 0); }},
+        {"a caster fades", [this] { moving->opacity = 0.5f; }},
+        {"it fades further", [this] { moving->opacity = 0.3f; }},
+        {"hiding", [this] { standing->isHidden = true; }},
+        {"the exposure", [this] { camera->camera->exposureOffset = -1; }},
     };
-    add("nothing", [] {});
-    add("a box moves", [this] { moving->position = glm::vec3(80, 10, 20); });
-    add("a light", [this] { light->color = Color::hex(0x19E64C); });
-    add("the background", [this] { scene->background.contents = Color::hex(0x194CE6); });
-    add("a number", [this] { floor->geometry->materials[0]->roughness.contents = 0.1f; });
-    add("a picture", [paint] { paint({9, 99, 199, 255}); });
-    add("another picture", [paint] { paint({199, 99, 9, 255}); });
-    add("the camera", [this] { camera->position = glm::vec3(10, 60, 330); });
-    add("a solid", [this] { standing->geometry = std::make_shared<scene::SCNBox>(90, 40, 9, 0); });
-    add("a caster fades", [this] { moving->opacity = 0.5f; });
-    add("it fades further", [this] { moving->opacity = 0.3f; });
-    add("hiding", [this] { standing->isHidden = true; });
-    add("the exposure", [this] { camera->camera->exposureOffset = -1; });
     image::Image last(1, 1);
     for (const Change& change : changes) {
         change.make();

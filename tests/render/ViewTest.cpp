@@ -58,13 +58,9 @@ protected:
 
 image::Image upsideDown(const image::Image& picture) {
     image::Image turned(picture.width, picture.height);
-    const auto rowBytes = static_cast<std::ptrdiff_t>(picture.width) * 4;
-    for (std::ptrdiff_t y = 0; y < picture.height; ++y) {
-        std::copy_n(
-            picture.pixels.begin() + (picture.height - 1 - y) * rowBytes,
-            rowBytes,
-            turned.pixels.begin() + y * rowBytes);
-    }
+    const auto row = static_cast<std::ptrdiff_t>(picture.width) * 4;
+    for (std::ptrdiff_t at = 0; at < row * picture.height; at += row)
+        std::copy_n(picture.pixels.end() - at - row, row, turned.pixels.begin() + at);
     return turned;
 }
 
