@@ -45,8 +45,8 @@ class CrashGuardDeathTest : public testing::Test {
 protected:
     [[nodiscard]] UserDefaults onDisk() const { return UserDefaults(file); }
 
-    /// Runs a process that dies while it builds letters of the deadly font. No process has built
-    /// them before.
+    /// Runs a process that is killed while it builds a letter of the deadly font. Each call takes
+    /// another letter, because the process keeps those it has built.
     void killProcessInsideBuilder() const {
         static int kills = 0;
         const std::string fresh(1, static_cast<char>('a' + kills++));

@@ -41,28 +41,21 @@ protected:
 };
 
 TEST_F(TextNodeTest, CentresTheStringOnTheNode) {
-    struct Row {
-        const char* text;
-        const char* font;
-    };
+    using Row = std::pair<const char*, const char*>;
 
     // Only side bearings and the spacing after the last letter may move it from the middle.
     constexpr float kTolerance = 6;
-    // clang-format off
-    const auto rows = std::to_array<Row>({
-        {"TITLE",    "Audiowide-Regular"},
-        {"iiiiWWWW", "Audiowide-Regular"},
-        {"WWWWiiii", "DaysOne-Regular"  },
-        {"AVAVAV",   "Quicksand-Bold"   },
-        {"M",        "Bangers-Regular"  },
-    });
-    // clang-format on
-    for (const Row& row : rows) {
-        const auto text = textOf(row.text, row.font);
+    for (const auto& [string, font] :
+         {Row{"TITLE", "Audiowide-Regular"},
+          {"iiiiWWWW", "Audiowide-Regular"},
+          {"WWWWiiii", "DaysOne-Regular"},
+          {"AVAVAV", "Quicksand-Bold"},
+          {"M", "Bangers-Regular"}}) {
+        const auto text = textOf(string, font);
         const geometry::Box box = seen(*text);
-        EXPECT_GT(box.max.x - box.min.x, 40) << row.text;
-        EXPECT_NEAR(middle(*text), 0, kTolerance) << row.text << " in " << row.font;
-        EXPECT_NEAR(box.max.y, -box.min.y, 8) << row.text << ": capitals stand around the origin";
+        EXPECT_GT(box.max.x - box.min.x, 40) << string;
+        EXPECT_NEAR(middle(*text), 0, kTolerance) << string << " in " << font;
+        EXPECT_NEAR(box.max.y, -box.min.y, 8) << string << ": capitals stand around the origin";
     }
 }
 
@@ -88,19 +81,15 @@ TEST_F(TextNodeTest, MakesOneLetterPerCharacterOfAnything) {
     };
 
     const std::string fiveHundred(500, 'n');
-    // clang-format off
-    const auto rows = std::to_array<Row>({
-        {"empty",                                      "",                                           0,   0 },
-        {"combining mark",                             "e\u0301a",                                   2,   6 },
-        {"right to left",                              "\u05E9\u05DC\u05D5\u05DD",                   4,   6 },
-        {"a mark alone, which stands left of its pen", "\u0301",                                     1,   60},
-        {"a character that binds the next one",        "A\u0600",                                    2,   16},
-        {"a family",                                   "\U0001F468\u200D\U0001F469\u200D\U0001F467", 1,   10},
-        {"no UTF-8",                                   "A\xC3",                                      2,   16},
-        {"long",                                       fiveHundred,                                  500, 6 },
-    });
-    // clang-format on
-    for (const Row& row : rows) {
+    for (const Row& row :
+         {Row{"empty", "", 0, 0},
+          {"combining mark", "e\u0301a", 2, 6},
+          {"right to left", "\u05E9\u05DC\u05D5\u05DD", 4, 6},
+          {"a mark alone, which stands left of its pen", "\u0301", 1, 60},
+          {"a character that binds the next one", "A\u0600", 2, 16},
+          {"a family", "\U0001F468\u200D\U0001F469\u200D\U0001F467", 1, 10},
+          {"no UTF-8", "A\xC3", 2, 16},
+          {"long", fiveHundred, 500, 6}}) {
         const auto text = textOf(row.text);
         EXPECT_EQ(text->letters().size(), row.letters) << row.what;
         for (const CharNodePtr& letter : text->letters()) {
@@ -182,10 +171,13 @@ TEST_F(TextNodeTest, TakesAWholeStyle) {
 TEST_F(TextNodeTest, KeepsItsColoursAcrossPairs) {
     const auto text = textOf("A");
     const Color red{1, 0, 0, 1};
+    const Color green{0, 1, 0, 1};
     text->setFrontColor(red);
+    text->setBandColor(green);
     text->setCurrentMaterialName(XMATClasses::ironPlastic);
     EXPECT_EQ(text->currentMaterial->name, XMATClasses::ironPlastic);
     EXPECT_EQ(solid(*text).materials[0]->diffuse.colorOr({}), red);
+    EXPECT_EQ(solid(*text).materials[2]->diffuse.colorOr({}), green);
     text->setCurrentMaterialName(XMATClasses::bigBand);
     EXPECT_EQ(text->currentMaterial->name, XMATClasses::flat) << "the first pair stands in";
 
