@@ -13,7 +13,7 @@ namespace zelvo::app {
 
 /// The result of a run of the program.
 struct Ending {
-    int status = -1; ///< the exit status; 128 plus the signal's number if a signal killed it
+    int status = -1; ///< the exit status; 128 plus the signal's number if a signal ended it
     std::string out;
     std::string err;
 };

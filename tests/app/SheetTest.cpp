@@ -36,7 +36,7 @@ constexpr int kCaption = 30;
     return cut;
 }
 
-/// Cuts single pictures, or the captions below them, out of a sheet.
+/// Cuts out one picture of a sheet, or the caption below it.
 struct Grid {
     int columns, width, height;
 
@@ -100,34 +100,6 @@ TEST(Strip, ShowsTheFramesOfItsMomentsInRows) {
     EXPECT_FALSE(grid.picture(*sheet, 2) == grid.picture(*sheet, 3));
 }
 
-TEST(Strip, SaysInOneLineWhatIsWrongWithItsMoments) {
-    const Program program;
-    const std::string file = program.write("a.json", R"({"duration": 2, "cues": []})");
-
-    struct Row {
-        Program::Arguments moments;
-        std::string part;
-    };
-
-    // clang-format off
-    const std::vector<Row> rows = {
-        {{"--from", "0", "--to", "2.1", "--count", "2"},                      "--to must be -2 to 2"},
-        {{"--from", "-9", "--to", "1", "--count", "2"},                       "--from must be"      },
-        {{"--from", "1", "--to", "0.5", "--count", "2"},                      "before --from, 1"    },
-        {{"--from", "0", "--to", "1", "--count", "0"},                        "1 to 100"            },
-        {{"--from", "0", "--to", "nan", "--count", "2"},                      "--to"                },
-        {{"--from", "0", "--to", "1", "--count", "9", "--size", "4096x4096"}, "smaller --size"      },
-    };
-    // clang-format on
-    for (const auto& row : rows) {
-        Program::Arguments arguments{"strip", file, "--out", program.path("strip.png")};
-        arguments.insert(arguments.end(), row.moments.begin(), row.moments.end());
-        const Ending ending = program.run(arguments);
-        EXPECT_NE(ending.status, 0) << row.part;
-        EXPECT_NE(ending.err.find(row.part), std::string::npos) << ending.err;
-    }
-}
-
 TEST(Strip, DependsOnNothingThatEarlierRunsLeft) {
     const Program program;
     const std::string file = program.write("bevel.json", R"({"duration": 2, "scene": "Plain",
@@ -176,8 +148,8 @@ TEST(Strip, DependsOnNothingThatEarlierRunsLeft) {
     return small;
 }
 
-/// Makes each tile smaller and compares it with the tile of the same name in the stored picture,
-/// where tiles are in one column. ZELVO_UPDATE_GOLDEN=1 updates that picture.
+/// Compares each tile with the stored one of its name. The stored tiles are one picture, a column of
+/// tiles. ZELVO_UPDATE_GOLDEN=1 in the environment writes it anew.
 void expectTilesLikeGolden(
     const std::vector<image::Image>& tiles,
     const std::vector<std::string>& names,
@@ -207,7 +179,8 @@ void expectTilesLikeGolden(
 struct Sheet {
     const char* kind;
     int columns, width, height; ///< of the tiles
-    bool hasGolden; ///< false: other tests store these pictures, or they only show fonts
+    bool
+        hasGolden; ///< the scenes are compared in TitleGoldenTest.cpp; fonts change with their files
 };
 
 class SheetShows : public testing::TestWithParam<Sheet> {};
@@ -252,14 +225,6 @@ INSTANTIATE_TEST_SUITE_P(
         Sheet{"masks", 6, 252, 168, true},
         Sheet{"fonts", 6, 252, 126, false}),
     [](const auto& each) { return std::string(each.param.kind); });
-
-TEST(Sheet, SaysWhereItCannotBeWritten) {
-    const Program program;
-    const Ending ending = program.run({"sheet", "masks", "--out", program.path("no/sheet.png")});
-    EXPECT_EQ(ending.status, 1);
-    EXPECT_NE(ending.err.find("no/sheet.png"), std::string::npos) << ending.err;
-    EXPECT_EQ(program.run({"sheet", "tabs", "--out", "a.png"}).status, 2);
-}
 
 } // namespace
 } // namespace zelvo::app

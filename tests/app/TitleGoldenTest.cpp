@@ -14,7 +14,7 @@
 namespace zelvo::app {
 namespace {
 
-/// Titles for the environments. Together they show each kind of surface.
+/// A title for each environment. Together they use every kind of surface.
 struct Title {
     const char* scene;
     const char* background;
