@@ -2,9 +2,8 @@
 #include "ui/layouter/Inspirator.h"
 
 #include "environments/SceneManager.h"
-#include "model/ModelFixture.h"
 #include "shared/Palette.h"
-#include "ui/controls/Alerts.h"
+#include "ui/UiFixture.h"
 #include "ui/layouter/RandomStyle.h"
 
 #include <gmock/gmock.h>
@@ -17,11 +16,7 @@
 namespace zelvo::ui {
 namespace {
 
-class InspiratorTest : public test::ModelTest {
-protected:
-    Alerts alerts;
-    Services services{model, world.runLoop, world.defaults, alerts};
-};
+class InspiratorTest : public test::UiTest {};
 
 TEST_F(InspiratorTest, DrawsAllButTheLastOfEachList) {
     std::set<int> scenes;
@@ -69,6 +64,7 @@ TEST_F(InspiratorTest, AppliesOneStyleToTextsObjectAndStage) {
         EXPECT_DOUBLE_EQ(text->bevelRadius(), 1.5);
         EXPECT_DOUBLE_EQ(text->extrusionDepth(), 33);
         EXPECT_EQ(text->bevelInnerOuter(), look::BevelInnerOuter::outer);
+        EXPECT_EQ(text->bevelProfile(), look::BevelProfile::rounded);
     }
     EXPECT_EQ(nodes.mediaNode->currentMaterialName(), look::XMATClasses::iron);
     EXPECT_EQ(model.currentBackgroundColor(), kPalette[12]);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/MainViewController.h"
 
-#include "../screens/ScreensFixture.h"
+#include "ui/UiFixture.h"
 #include "ui/menus/ActionsMenu.h"
 #include "ui/screens/HistoryController.h"
 
@@ -11,7 +11,7 @@ namespace zelvo::ui {
 
 namespace {
 
-class MainScreenTest : public test::ScreenTest {
+class MainScreenTest : public test::UiTest {
 protected:
     MainViewController main{services};
 

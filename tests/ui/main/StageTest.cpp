@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/Stage.h"
 
-#include "../screens/ScreensFixture.h"
+#include "ui/UiFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -9,17 +9,7 @@ namespace zelvo::ui {
 
 namespace {
 
-class NoGestures final : public GestureDelegate {
-    void handlePinch(const PinchGesture&) override {}
-
-    void handlePan(const PanGesture&) override {}
-
-    void handleTap(const TapGesture&) override {}
-
-    void handleDoubleTap(const TapGesture&) override {}
-};
-
-class StageTest : public test::ScreenTest {
+class StageTest : public test::UiTest {
 protected:
     StageTest() { model.setSceneView(&stage.view); }
 
@@ -34,7 +24,7 @@ protected:
     }
 
     std::optional<std::uint64_t> picture; ///< empty: every picture is different
-    NoGestures nobody;
+    GestureDelegate nobody;
     Stage stage{services, nobody};
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/menus/ControlMenu.h"
 
-#include "MenusFixture.h"
+#include "ui/UiFixture.h"
 #include "ui/menus/TimePickerView.h"
 
 #include <array>
@@ -11,7 +11,7 @@ namespace zelvo::test {
 
 namespace {
 
-class ControlMenuTest : public MenusTest {
+class ControlMenuTest : public UiTest {
 protected:
     ControlMenuTest() {
         menu.playAction = [this](bool) { model.toggle(); };

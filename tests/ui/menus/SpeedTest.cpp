@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "MenusFixture.h"
+#include "ui/UiFixture.h"
 #include "ui/menus/SpeedViewController.h"
 
 #include <gmock/gmock.h>
@@ -10,7 +10,7 @@ namespace {
 
 using testing::ElementsAre;
 
-class SpeedTest : public MenusTest {
+class SpeedTest : public UiTest {
 protected:
     ui::SpeedViewController strip{services};
 };

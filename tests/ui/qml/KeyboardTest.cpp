@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The keys of the main screen.
 
+#include "ui/UiFixture.h"
 #include "ui/layouter/LayouterMenu.h"
 #include "ui/main/MainViewController.h"
 #include "ui/menus/ActionsMenu.h"
-#include "ui/menus/MenusFixture.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -40,7 +40,7 @@ Window {
 }
 )";
 
-class KeyboardTest : public test::MenusTest {
+class KeyboardTest : public test::UiTest {
 protected:
     void show(const char* scene, const QVariantMap& properties) {
         QQmlComponent component(&engine);

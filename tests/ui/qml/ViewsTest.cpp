@@ -4,13 +4,13 @@
 #include "ui/qml/Views.h"
 
 #include "support/ViewSearch.h"
+#include "ui/UiFixture.h"
 #include "ui/controls/MySlider.h"
 #include "ui/controls/ValueLabel.h"
 #include "ui/layouter/LayouterMenu.h"
 #include "ui/main/MainViewController.h"
 #include "ui/menus/ActionsMenu.h"
 #include "ui/menus/ControlMenu.h"
-#include "ui/menus/MenusFixture.h"
 #include "ui/menus/SpeedViewController.h"
 #include "ui/menus/TimePickerView.h"
 #include "ui/menus/VideoAlertViewController.h"
@@ -26,7 +26,7 @@ namespace zelvo::test {
 
 namespace {
 
-class MenuViewsTest : public MenusTest {
+class MenuViewsTest : public UiTest {
 protected:
     MenuViewsTest() {
         view.setResizeMode(QQuickView::SizeRootObjectToView);

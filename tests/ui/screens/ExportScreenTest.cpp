@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ScreensFixture.h"
 #include "media/MovieFixture.h"
+#include "ui/UiFixture.h"
 #include "ui/screens/ExportViewController.h"
 
 #include <QGuiApplication>
@@ -14,7 +14,7 @@ namespace {
 using ui::BlurCover;
 using ui::ExportViewController;
 
-class ExportScreenTest : public ScreenTest {
+class ExportScreenTest : public UiTest {
 protected:
     ExportScreenTest() { model.setDuration(2); }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ScreensFixture.h"
+#include "ui/UiFixture.h"
 #include "ui/screens/HistoryController.h"
 
 #include <gmock/gmock.h>
@@ -17,7 +17,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using ui::HistoryController;
 
-class HistoryTest : public ScreenTest {
+class HistoryTest : public UiTest {
 protected:
     HistoryTest() {
         record("Left In (TX1)", 3.5, 1);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ScreensFixture.h"
+#include "ui/UiFixture.h"
 #include "ui/qml/TrueColorSink.h"
 #include "ui/screens/PreviewViewController.h"
 
@@ -15,7 +15,7 @@ namespace zelvo::test {
 
 namespace {
 
-class PreviewTest : public ScreenTest {
+class PreviewTest : public UiTest {
 protected:
     PreviewTest() { std::ofstream(model.movieURL()) << "frames"; }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ScreensFixture.h"
+#include "ui/UiFixture.h"
 #include "ui/screens/ProgressView.h"
 
 namespace zelvo::test {
@@ -9,7 +9,7 @@ namespace {
 using ui::PreparingStage;
 using ui::ProgressView;
 
-using TimeBarTest = ScreenTest;
+using TimeBarTest = UiTest;
 
 TEST_F(TimeBarTest, ShrinksInTheCountInAndGrowsInTheRun) {
     struct Row {

@@ -1,19 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Whether texts and icons can be read whatever the stage shows, measured in the real window.
 // ZELVO_WINDOW_PICTURES names a folder for pictures of what was measured.
-#include "app/Application.h"
-#include "support/TemporaryFolder.h"
-#include "ui/layouter/LayouterMenu.h"
-#include "ui/menus/ActionsMenu.h"
-
-#include <gtest/gtest.h>
+#include "ui/window/WindowFixture.h"
 
 #include <QImage>
 #include <QQmlComponent>
 #include <QQmlEngine>
-#include <QQuickItem>
-#include <QQuickWindow>
-#include <QTest>
 
 #include <algorithm>
 #include <cmath>
@@ -22,7 +14,6 @@
 namespace zelvo::app {
 namespace {
 
-constexpr int kPatience = 60'000; // ms; software graphics on a busy machine
 constexpr double kLegible = 4.5;
 constexpr double kDimmed = 3; ///< of controls that are off
 
@@ -57,30 +48,11 @@ double contrastIn(const QImage& picture, const QRect& place) {
     return best;
 }
 
-class ContrastTest : public testing::Test {
+class ContrastTest : public test::WindowFixture {
 protected:
-    ContrastTest() {
-        window.resize(1280, 720);
-        application.show();
-    }
-
-    [[nodiscard]] static bool soon(const std::function<bool()>& happens) {
-        return QTest::qWaitFor(happens, kPatience);
-    }
-
-    [[nodiscard]] QQuickItem* stageItem(QQuickItem* below) {
-        if (below->property("stage").value<QObject*>() == &application.main.stage)
-            return below;
-        for (QQuickItem* const child : below->childItems()) {
-            if (QQuickItem* const found = stageItem(child))
-                return found;
-        }
-        return nullptr;
-    }
-
     /// A sheet of one colour over all that the stage shows: no environment is brighter or darker.
     void coverStage() {
-        QQuickItem* const stage = stageItem(window.contentItem());
+        QQuickItem* const stage = view(&application.main.stage, "stage");
         ASSERT_NE(stage, nullptr);
         QQmlComponent component(qmlEngine(stage));
         component.setData("import QtQuick; Rectangle { anchors.fill: parent }", {});
@@ -140,25 +112,21 @@ protected:
         return part;
     }
 
-    test::TemporaryFolder folder;
-    Application application{foundation::Folders::below(folder.path())};
-    QQuickWindow& window = *application.window();
     std::unique_ptr<QQuickItem> sheet;
     int measured = 0;
 };
 
 TEST_F(ContrastTest, TextsAndIconsAreLegibleWhateverTheStageShows) {
-    ASSERT_TRUE(soon([&] { return application.main.stage.framesShown() > 0; }));
+    ASSERT_TRUE(isDrawn());
     ASSERT_NO_FATAL_FAILURE(coverStage());
     measure("style");
-    qobject_cast<ui::LayouterMenu*>(application.main.panel())->setCurrentNodeFromButton(0);
+    panel<ui::LayouterMenu>()->setCurrentNodeFromButton(0);
     measure("text");
     application.main.showAnim();
-    auto& menu = *qobject_cast<ui::ActionsMenu*>(application.main.panel());
-    menu.speedButton.click();
+    panel<ui::ActionsMenu>()->speedButton.click();
     measure("catalogue");
-    application.model().setDuration(600);
-    application.model().start();
+    model.setDuration(600);
+    model.start();
     measure("run");
     sheet.reset();
 }

@@ -7,18 +7,28 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace zelvo::test {
 
-/// The model and the objects that the menus need.
-class MenusTest : public ModelTest {
+/// The model with what the controllers of the window are built of.
+class UiTest : public ModelTest {
 protected:
     [[nodiscard]] foundation::VirtualRunLoop& loop() { return world.runLoop; }
 
     [[nodiscard]] actions::ActionController& controller() const { return model.actionController(); }
 
-    /// Answers the current alert with the action of this title.
+    /// Puts a record into the performance.
+    void record(const std::string& title, double time, int identifier, bool isRow = true) {
+        const auto xac = std::make_shared<actions::XAC>();
+        xac->time = time;
+        xac->xacFunc = [] {};
+        xac->identifier = identifier;
+        xac->title = title;
+        xac->registerUndo = isRow;
+        controller().append(xac);
+    }
+
+    /// Answers the alert on show with the choice of this title.
     void answer(const QString& title) {
         const auto offered = alerts.actions();
         for (int i = 0; i < offered.size(); ++i) {

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/Application.h"
+#include "support/TemporaryFolder.h"
+#include "support/ViewSearch.h"
+#include "ui/layouter/LayouterMenu.h"
+#include "ui/menus/ActionsMenu.h"
+
+#include <gtest/gtest.h>
+
+#include <QQuickWindow>
+#include <QTest>
+
+namespace zelvo::test {
+
+/// Waits, as software graphics on a busy machine take their time.
+template <class Condition> [[nodiscard]] bool soon(const Condition& happens) {
+    constexpr int kPatience = 60'000; // milliseconds
+    return QTest::qWaitFor(happens, kPatience);
+}
+
+/// The whole program in a real window, with a home folder of its own.
+class WindowFixture : public testing::Test {
+protected:
+    WindowFixture() {
+        window.resize(1280, 720);
+        application.show();
+        window.requestActivate();
+    }
+
+    [[nodiscard]] bool isDrawn() {
+        return soon([this] { return application.main.stage.framesShown() > 0; });
+    }
+
+    /// The view of a controller; null while there is none.
+    [[nodiscard]] QQuickItem*
+    view(const QObject* controller, const char* property = "controller") const {
+        return viewOf(window.contentItem(), controller, property);
+    }
+
+    template <class Kind> Kind* panel() { return qobject_cast<Kind*>(application.main.panel()); }
+
+    TemporaryFolder folder;
+    app::Application application{foundation::Folders::below(folder.path())};
+    QQuickWindow& window = *application.window();
+    model::Model& model = application.model();
+};
+
+} // namespace zelvo::test
