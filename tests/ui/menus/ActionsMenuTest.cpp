@@ -14,6 +14,35 @@ namespace {
 using testing::ElementsAre;
 using testing::SizeIs;
 
+using Titles = std::vector<std::string>;
+
+[[nodiscard]] Titles everyTab() {
+    Titles titles;
+    for (const catalogue::Tab& tab : catalogue::tabs())
+        titles.emplace_back(tab.shortTitle);
+    return titles;
+}
+
+/// The tabs of a page, by their places.
+[[nodiscard]] Titles page(int number) {
+    Titles titles;
+    for (int place = 1; place <= static_cast<int>(catalogue::tabs().size()); ++place) {
+        for (const catalogue::Tab& tab : catalogue::tabs()) {
+            if (tab.onPage.page == number && tab.onPage.place == place)
+                titles.emplace_back(tab.shortTitle);
+        }
+    }
+    return titles;
+}
+
+/// The row of these tabs, with the lit one in brackets.
+[[nodiscard]] std::string shown(const Titles& tabs, const std::string& lit) {
+    std::string text;
+    for (const std::string& tab : tabs)
+        text += (text.empty() ? "" : " ") + (tab == lit ? "[" + tab + "]" : tab);
+    return text;
+}
+
 class ActionsMenuTest : public UiTest {
 protected:
     /// The tabs of the row, arrows as "<" and ">", the lit one in brackets.
