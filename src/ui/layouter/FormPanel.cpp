@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/layouter/FormPanel.h"
 
+#include "content/StylePresets.h"
+
 #include <utility>
 
 namespace zelvo::ui {
@@ -9,8 +11,6 @@ namespace {
 
 constexpr MySlider::Range kDepth{1, 150, 5};
 constexpr MySlider::Range kBevel{0, 4, 0.2};
-constexpr double kHomeDepth = 24;
-constexpr double kHomeBevel = 1.8;
 
 } // namespace
 
@@ -21,15 +21,16 @@ FormPanel::FormPanel(content::TextNodePtr edited, QObject* parent)
     , profileToggle({}, [this] { changeBevel(); })
     , fillToggle({}, [this] { changeBevelInnerOuter(); })
     , node(std::move(edited)) {
+    const content::TextStylePreset home;
     for (MyButton* const button : {&profileToggle, &fillToggle}) {
         button->unselectedColor = kButtonColor;
         button->selectedColor = kButtonColor;
     }
-    depthSlider.defaultValue = kHomeDepth;
+    depthSlider.defaultValue = home.extrusionDepth;
     depthSlider.setValue(node->extrusionDepth());
     depthSlider.valueChanged = [this](double depth) { node->setExtrusionDepth(depth); };
     bevelSlider.decimals = 1;
-    bevelSlider.defaultValue = kHomeBevel;
+    bevelSlider.defaultValue = home.bevelRadius;
     bevelSlider.setValue(node->bevelRadius());
     bevelSlider.valueChanged = [this](double radius) {
         node->setBevelRadius(static_cast<float>(radius));

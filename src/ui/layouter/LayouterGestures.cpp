@@ -15,7 +15,8 @@ namespace {
 
 using actions::GestureState;
 
-/// At this width, a point of the view is a unit of the stage times kUnitsADepth and the depth.
+/// A drag is measured in points of a view of this size. A point moves the node by kUnitsADepth for
+/// each unit between the camera and the node.
 constexpr glm::vec2 kView{1280, 720};
 constexpr float kUnitsADepth = 0.00154f;
 
