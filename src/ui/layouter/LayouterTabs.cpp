@@ -5,6 +5,7 @@
 #include "model/Model.h"
 #include "platform/foundation/RunLoop.h"
 #include "shared/Palette.h"
+#include "ui/layouter/ColorPickers.h"
 #include "ui/layouter/FormPanel.h"
 #include "ui/layouter/ImagePanel.h"
 #include "ui/layouter/LayouterMenu.h"

@@ -3,7 +3,6 @@
 
 #include "ui/controls/MyButton.h"
 
-#include <QColor>
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -11,13 +10,7 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
-#include <span>
 #include <vector>
-
-namespace zelvo::image {
-struct Color;
-}
 
 namespace zelvo::ui {
 
@@ -75,32 +68,6 @@ public:
 private:
     std::function<void(std::size_t)> chosen;
     std::vector<std::unique_ptr<MyButton>> row;
-};
-
-/// A strip with a swatch for each colour.
-class SimpleColorPicker final : public zelvo::ui::Strip {
-    Q_OBJECT
-    QML_ELEMENT
-    QML_UNCREATABLE("")
-    Q_PROPERTY(QList<QColor> colors READ colors CONSTANT)
-
-public:
-    /// If the colour is not in the palette, no swatch is selected.
-    SimpleColorPicker(
-        std::span<const image::Color> palette,
-        const image::Color& current,
-        QObject* parent = nullptr);
-
-    /// Called for changes by the user; may be empty.
-    std::function<void(const image::Color&)> didChangeColor;
-
-    /// A swatch was touched.
-    Q_INVOKABLE void buttonAction(int tag);
-
-    [[nodiscard]] QList<QColor> colors() const;
-
-private:
-    std::span<const image::Color> palette_;
 };
 
 } // namespace zelvo::ui

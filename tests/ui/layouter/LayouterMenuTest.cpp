@@ -5,9 +5,9 @@
 #include "platform/render/CameraView.h"
 #include "shared/Palette.h"
 #include "ui/controls/Alerts.h"
+#include "ui/layouter/ColorPickers.h"
 #include "ui/layouter/FormPanel.h"
 #include "ui/layouter/ImagePanel.h"
-#include "ui/layouter/Strips.h"
 #include "ui/layouter/TransformPanel.h"
 
 #include <gmock/gmock.h>
