@@ -40,13 +40,17 @@ struct Polygons {
     };
 
     std::vector<glm::dvec3> points;
-    std::vector<glm::vec2> uvs;     ///< v downwards
-    std::vector<glm::vec3> normals; ///< of any length; zero counts as kNone
-    /// sRGB with alpha; one for each point, or one for each corner, or none.
-    std::vector<glm::u8vec4> colors;
+    std::vector<glm::vec2> uvs;            ///< v downwards
+    std::vector<glm::vec3> normals;        ///< of any length; zero counts as kNone
+    std::vector<glm::u8vec4> pointColors;  ///< sRGB with alpha; one for each point, or none
+    std::vector<glm::u8vec4> cornerColors; ///< one for each corner, or none
     std::vector<Corner> corners;
     std::vector<Face> faces;
 };
+
+/// Takes out what cannot be drawn: faces with a point out of range or with fewer than three corners.
+/// Any other index out of range becomes kNone. Addition of pieces does this by itself.
+void dropBrokenFaces(Polygons& polygons);
 
 struct PieceOptions {
     std::string name; ///< of the pieces

@@ -1,0 +1,288 @@
+// SPDX-License-Identifier: MIT
+#include "platform/object/Polygons.h"
+
+#include "platform/foundation/Check.h"
+#include "platform/object/Normals.h"
+#include "platform/object/PlaceTable.h"
+#include "platform/object/PolygonTriangulator.h"
+
+#include <glm/ext/matrix_transform.hpp>
+
+#include <algorithm>
+#include <limits>
+#include <span>
+#include <utility>
+
+namespace zelvo::object {
+
+using foundation::Result;
+
+namespace {
+
+using Corner = Polygons::Corner;
+
+/// Triangles that stand together in the list and have one material.
+struct Run {
+    std::uint32_t material;
+    std::size_t firstTriangle;
+    std::size_t count;
+};
+
+struct Triangles {
+    std::vector<Corner> corners;
+    std::vector<glm::u8vec4> colors; ///< of the corners, or none
+    std::vector<Run> runs;
+
+    void addToRuns(std::uint32_t material, std::size_t first, std::size_t count) {
+        if (runs.empty() || runs.back().material != material)
+            runs.push_back({material, first, 0});
+        runs.back().count += count;
+    }
+};
+
+/// Takes the corners from the polygons. Where all faces are triangles, they stay in their memory.
+Triangles triangulated(Polygons& polygons) {
+    std::size_t bound = 0;
+    bool isInPlace = true;
+    for (const Polygons::Face& face : polygons.faces) {
+        bound += (face.cornerCount - 2) * std::size_t{3};
+        isInPlace = isInPlace && face.cornerCount == 3;
+    }
+    Triangles result;
+    std::vector<Corner> wide(isInPlace ? 0 : bound);
+    std::vector<glm::u8vec4> wideColors(isInPlace || polygons.cornerColors.empty() ? 0 : bound);
+    std::vector<Corner>& corners = isInPlace ? polygons.corners : wide;
+    std::vector<glm::u8vec4>& colors = isInPlace ? polygons.cornerColors : wideColors;
+
+    PolygonTriangulator cutter;
+    std::vector<glm::dvec3> outline;
+    std::size_t first = 0;
+    std::size_t used = 0;
+    for (const Polygons::Face& face : polygons.faces) {
+        outline.clear();
+        for (std::size_t i = first; i < first + face.cornerCount; ++i)
+            outline.push_back(polygons.points[polygons.corners[i].point]);
+        const auto triangles = cutter.cut(outline);
+        result.addToRuns(face.material, used / 3, triangles.size());
+        for (const auto& triangle : triangles) {
+            for (const std::uint32_t corner : triangle) {
+                corners[used] = polygons.corners[first + corner];
+                if (!colors.empty())
+                    colors[used] = polygons.cornerColors[first + corner];
+                ++used;
+            }
+        }
+        first += face.cornerCount;
+    }
+    corners.resize(used);
+    colors.resize(colors.empty() ? 0 : used);
+    result.corners = std::move(corners);
+    result.colors = std::move(colors);
+    return result;
+}
+
+/// Makes one piece. Equal corners become one vertex.
+class PieceMaker {
+public:
+    PieceMaker(const Polygons& source, const Triangles& given)
+        : polygons(source)
+        , triangles(given) {}
+
+    void add(const Run& run) {
+        for (std::size_t i = run.firstTriangle; i < run.firstTriangle + run.count; ++i) {
+            const std::uint32_t mirrored = isMirrored(i * 3) ? kMirrored : 0;
+            for (std::size_t corner = i * 3; corner < i * 3 + 3; ++corner)
+                indices.push_back(vertexOf(keyOf(corner, mirrored)));
+        }
+    }
+
+    void reserve(std::size_t triangleCount) { indices.reserve(triangleCount * 3); }
+
+    [[nodiscard]] Piece take(const glm::dvec3& origin) {
+        Piece piece;
+        table = PlaceTable();
+        piece.mesh.vertices.reserve(keys.size());
+        const bool hasColors = !polygons.pointColors.empty() || !triangles.colors.empty();
+        piece.colors.reserve(hasColors ? keys.size() : 0);
+        for (const Key& key : keys) {
+            geometry::Vertex vertex;
+            vertex.position = glm::vec3(polygons.points[key.pointOnly()] - origin);
+            vertex.normal = polygons.normals[key.normal];
+            if (key.uv != Polygons::kNone)
+                vertex.uv = polygons.uvs[key.uv];
+            piece.mesh.vertices.push_back(vertex);
+            if (hasColors)
+                piece.colors.push_back(key.color);
+        }
+        piece.mesh.elements = {{0, static_cast<std::uint32_t>(indices.size())}};
+        piece.mesh.indices = std::move(indices);
+        addTangents(piece.mesh);
+        return piece;
+    }
+
+private:
+    static constexpr std::uint32_t kMirrored = 1U << 31U;
+    static_assert(Limits::kMaxPoints < kMirrored);
+
+    /// What tells vertices apart.
+    struct Key {
+        std::uint32_t point; ///< and kMirrored
+        std::uint32_t uv;
+        std::uint32_t normal;
+        glm::u8vec4 color;
+
+        bool operator==(const Key&) const = default;
+
+        [[nodiscard]] std::uint32_t pointOnly() const { return point & ~kMirrored; }
+
+        [[nodiscard]] std::uint64_t hash() const {
+            return mixed(point, std::uint64_t{uv} << 32U | normal);
+        }
+    };
+
+    [[nodiscard]] Key keyOf(std::size_t at, std::uint32_t mirrored) const {
+        const Corner& corner = triangles.corners[at];
+        glm::u8vec4 color(255);
+        if (!triangles.colors.empty()) {
+            color = triangles.colors[at];
+        } else if (!polygons.pointColors.empty()) {
+            color = polygons.pointColors[corner.point];
+        }
+        return {corner.point | mirrored, corner.uv, corner.normal, color};
+    }
+
+    [[nodiscard]] bool isMirrored(std::size_t first) const {
+        const auto uv = [&](std::size_t i) {
+            const std::uint32_t index = triangles.corners[first + i].uv;
+            return index == Polygons::kNone ? glm::vec2(0) : polygons.uvs[index];
+        };
+        return isPictureMirrored(uv(0), uv(1), uv(2));
+    }
+
+    [[nodiscard]] std::uint32_t vertexOf(const Key& key) {
+        const auto added = static_cast<std::uint32_t>(keys.size());
+        const std::uint32_t found = table.find(
+            key.hash(),
+            added,
+            [&](std::uint32_t other) { return keys[other] == key; },
+            [&](std::uint32_t other) { return keys[other].hash(); });
+        if (found == added)
+            keys.push_back(key);
+        return found;
+    }
+
+    const Polygons& polygons;
+    const Triangles& triangles;
+    PlaceTable table;
+    std::vector<Key> keys;
+    std::vector<std::uint32_t> indices;
+};
+
+[[nodiscard]] glm::dvec3 middleOf(const std::vector<glm::dvec3>& points) {
+    glm::dvec3 min(std::numeric_limits<double>::max());
+    glm::dvec3 max(std::numeric_limits<double>::lowest());
+    for (const glm::dvec3& point : points) {
+        min = glm::min(min, point);
+        max = glm::max(max, point);
+    }
+    return points.empty() ? glm::dvec3(0) : (min + max) / 2.0;
+}
+
+void checkShape(const Polygons& polygons) {
+    std::size_t corners = 0;
+    for (const Polygons::Face& face : polygons.faces)
+        corners += face.cornerCount;
+    CHECK(corners == polygons.corners.size(), "faces have {} corners in all", corners);
+    const auto fits = [](std::size_t colors, std::size_t wanted) {
+        return colors == 0 || colors == wanted;
+    };
+    CHECK(
+        fits(polygons.pointColors.size(), polygons.points.size()) &&
+            fits(polygons.cornerColors.size(), corners),
+        "{} colours of points, {} of corners",
+        polygons.pointColors.size(),
+        polygons.cornerColors.size());
+}
+
+} // namespace
+
+void dropBrokenFaces(Polygons& polygons) {
+    checkShape(polygons);
+    std::size_t first = 0;
+    std::size_t keptCorners = 0;
+    std::size_t keptFaces = 0;
+    const auto limit = [](std::uint32_t& index, std::size_t size) {
+        if (index >= size)
+            index = Polygons::kNone;
+    };
+    for (const Polygons::Face face : polygons.faces) {
+        const auto corners = std::span(polygons.corners).subspan(first, face.cornerCount);
+        const bool isWhole = corners.size() >= 3 && std::ranges::all_of(corners, [&](Corner here) {
+                                 return here.point < polygons.points.size();
+                             });
+        for (std::size_t i = 0; isWhole && i < corners.size(); ++i) {
+            Corner corner = corners[i];
+            limit(corner.uv, polygons.uvs.size());
+            limit(corner.normal, polygons.normals.size());
+            if (!polygons.cornerColors.empty())
+                polygons.cornerColors[keptCorners] = polygons.cornerColors[first + i];
+            polygons.corners[keptCorners++] = corner;
+        }
+        if (isWhole)
+            polygons.faces[keptFaces++] = face;
+        first += face.cornerCount;
+    }
+    polygons.corners.resize(keptCorners);
+    polygons.faces.resize(keptFaces);
+    if (!polygons.cornerColors.empty())
+        polygons.cornerColors.resize(keptCorners);
+}
+
+Result<AddedPieces>
+addPieces(ObjectScene& scene, Polygons polygons, const PieceOptions& options, const Watch& watch) {
+    dropBrokenFaces(polygons);
+    AddedPieces added{scene.pieces.size(), 0, middleOf(polygons.points)};
+    if (watch.stop.stop_requested())
+        return tl::unexpected(cancelledError());
+    completeNormals(polygons, options.creaseAngle);
+    if (watch.stop.stop_requested())
+        return tl::unexpected(cancelledError());
+    Triangles triangles = triangulated(polygons);
+    polygons.faces = {};
+
+    // One piece for each material, in the order of the materials.
+    std::ranges::stable_sort(triangles.runs, {}, &Run::material);
+    for (auto run = triangles.runs.begin(); run != triangles.runs.end();) {
+        if (watch.stop.stop_requested())
+            return tl::unexpected(cancelledError());
+        const auto end = std::find_if(run, triangles.runs.end(), [run](const Run& other) {
+            return other.material != run->material;
+        });
+        const std::uint32_t material = run->material;
+        PieceMaker maker(polygons, triangles);
+        std::size_t count = 0;
+        for (auto each = run; each != end; ++each)
+            count += each->count;
+        maker.reserve(count);
+        for (; run != end; ++run)
+            maker.add(*run);
+        if (count == 0)
+            continue;
+        Piece piece = maker.take(added.origin);
+        piece.name = options.name;
+        piece.isDoubleSided = options.isDoubleSided;
+        if (material != Polygons::kNone)
+            piece.material = material;
+        scene.pieces.push_back(std::move(piece));
+        ++added.count;
+    }
+    return added;
+}
+
+void place(ObjectScene& scene, const AddedPieces& pieces, const glm::dmat4& transform) {
+    const glm::dmat4 placed = glm::translate(transform, pieces.origin);
+    for (std::size_t i = 0; i < pieces.count; ++i)
+        scene.placements.push_back({pieces.first + i, placed});
+}
+
+} // namespace zelvo::object
