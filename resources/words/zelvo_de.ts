@@ -232,13 +232,6 @@
     </message>
 </context>
 <context>
-    <name>zelvo::ui::IdleTimer</name>
-    <message>
-        <source>A performance is being recorded</source>
-        <translation>Eine Aufnahme läuft</translation>
-    </message>
-</context>
-<context>
     <name>zelvo::ui::FormPanel</name>
     <message>
         <source>Depth</source>
@@ -263,6 +256,13 @@
     <message>
         <source>Fill w. Frontcol.</source>
         <translation>Füllung: Front</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::IdleTimer</name>
+    <message>
+        <source>A performance is being recorded</source>
+        <translation>Eine Aufnahme läuft</translation>
     </message>
 </context>
 <context>
@@ -392,6 +392,22 @@
     <message>
         <source>Mask</source>
         <translation>Maske</translation>
+    </message>
+    <message>
+        <source>Custom</source>
+        <translation>Eigenes</translation>
+    </message>
+    <message>
+        <source>Import a 3D object</source>
+        <translation>3D-Objekt importieren</translation>
+    </message>
+    <message>
+        <source>3D objects cannot be imported yet</source>
+        <translation>3D-Objekte lassen sich noch nicht importieren</translation>
+    </message>
+    <message>
+        <source>A later version will open your own objects here. Until then, choose one of the shapes.</source>
+        <translation>Eine spätere Version öffnet hier eigene Objekte. Wähle bis dahin eine der Formen.</translation>
     </message>
 </context>
 <context>

@@ -18,6 +18,8 @@ class SimpleColorPicker final : public zelvo::ui::Strip {
     Q_PROPERTY(QList<QColor> colors READ colors CONSTANT)
 
 public:
+    void choose(int index) override { buttonAction(index); }
+
     /// If the colour is not in the palette, no swatch is selected.
     SimpleColorPicker(
         std::span<const image::Color> palette,

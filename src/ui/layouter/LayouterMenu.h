@@ -117,6 +117,12 @@ public:
 
     [[nodiscard]] QString writtenText() const;
 
+    /// The title of the music, for its tab; empty: there is no music.
+    void setAudioTitle(const QString& title);
+
+    /// Imports an object of the user as the shape.
+    void showObjectImport();
+
     [[nodiscard]] bool isBackVisible() const;
 
     [[nodiscard]] bool isInspiratorVisible() const { return currentOption_ == CurrentOption::none; }
@@ -168,11 +174,12 @@ private:
     [[nodiscard]] LaterPtr<QObject> makeStrip();
     [[nodiscard]] LaterPtr<QObject> makeFontStrip(const content::TextNodePtr& text) const;
     [[nodiscard]] LaterPtr<QObject> makeMaterialStrip();
-    [[nodiscard]] LaterPtr<QObject> makeShapeStrip() const;
+    [[nodiscard]] LaterPtr<QObject> makeShapeStrip();
     [[nodiscard]] LaterPtr<QObject> makeMaskStrip() const;
     [[nodiscard]] LaterPtr<QObject> makeSceneStrip();
     [[nodiscard]] LaterPtr<QObject> makeColorStrip();
     void assignColor(const image::Color& color);
+    [[nodiscard]] QString shownAudioTitle() const;
 
     node::NodePtr currentNode_;
     node::NodePtr pointedNode; ///< the pointer is over its frame; null: over none
@@ -181,6 +188,9 @@ private:
     LaterPtr<QObject> strip;
     QString stripView_;
     std::vector<LaterPtr<MySegmentedStackButton>> tabs;
+    MySegmentedStackButton* audioTitleButton = nullptr; ///< one of the tabs; null: not shown
+    QString audioTitle_;
+    int wantedScene = -1; ///< chosen last, and shown soon
     bool writing = false;
     CameraGestures cameraGestures;
     glm::vec2 previousLocation{0};             ///< of a drag

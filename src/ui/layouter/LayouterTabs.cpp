@@ -3,8 +3,11 @@
 #include "content/FontManager.h"
 #include "environments/SceneManager.h"
 #include "model/Model.h"
+#include "platform/foundation/Folders.h"
 #include "platform/foundation/RunLoop.h"
 #include "shared/Palette.h"
+#include "shared/Thumbnail.h"
+#include "ui/controls/Alerts.h"
 #include "ui/layouter/ColorPickers.h"
 #include "ui/layouter/FormPanel.h"
 #include "ui/layouter/ImagePanel.h"
@@ -22,6 +25,7 @@ namespace zelvo::ui {
 
 namespace {
 
+constexpr auto kNone = "None";
 constexpr double kSceneDelay = 0.15; ///< seconds: the strip has then scrolled
 
 /// The index of the first entry for which the predicate is true; -1: none.
@@ -30,11 +34,42 @@ template <class List, class Predicate> int placeOf(const List& list, Predicate i
     return found == list.end() ? -1 : static_cast<int>(found - list.begin());
 }
 
-template <class List, class Title> QList<QString> titlesOf(const List& list, Title title) {
-    QList<QString> titles;
-    for (const auto& entry : list)
-        titles.append(QString::fromStdString(std::string(title(entry))));
-    return titles;
+/// Sizes in device-independent pixels.
+QSizeF sizeOf(ThumbnailKind kind) {
+    switch (kind) {
+    case ThumbnailKind::environment:
+        return {50, 28};
+    case ThumbnailKind::mask:
+        return {40, 28};
+    default:
+        return {28, 28};
+    }
+}
+
+/// The entries of a list with their thumbnails. "None" has an icon.
+template <class List, class Title>
+QList<StripEntry> entriesOf(const List& list, ThumbnailKind kind, Title titleOf) {
+    QList<StripEntry> entries;
+    for (const auto& one : list) {
+        const std::string title(titleOf(one));
+        StripEntry entry{.title = QString::fromStdString(title)};
+        const auto file = foundation::mainBundle().path(thumbnailName(kind, title));
+        if (title == kNone) {
+            entry.image = "None";
+        } else if (!file.empty()) {
+            entry.thumbnail = QUrl::fromLocalFile(QString::fromStdString(file.string()));
+            entry.thumbnailSize = sizeOf(kind);
+        }
+        entries.append(entry);
+    }
+    return entries;
+}
+
+QList<StripEntry> withoutThumbnails(const QStringList& titles) {
+    QList<StripEntry> entries;
+    for (const QString& title : titles)
+        entries.append({.title = title});
+    return entries;
 }
 
 QStringList sortedFontNames() {
@@ -86,7 +121,7 @@ std::vector<LayouterMenu::TabRow> LayouterMenu::tabsNow() {
             optionTab(QT_TR_NOOP("Environment"), backgroundScenes),
             optionTab(QT_TR_NOOP("Color"), backgroundColor)};
     if (currentOption_ == audio)
-        return {{tr("No music"), [] {}, audio}};
+        return {{shownAudioTitle(), [] {}, audio}};
     if (std::dynamic_pointer_cast<content::TextNode>(currentNode_)) {
         return {
             {tr("Write"), [this] { writeAction(); }, write, false},
@@ -130,6 +165,19 @@ void LayouterMenu::rebuildTabs() {
     stackView.setArrangedSubviews(row);
     stackView.select(lit);
     tabs = std::move(made);
+    audioTitleButton = currentOption_ == CurrentOption::audio ? tabs.front().get() : nullptr;
+}
+
+QString LayouterMenu::shownAudioTitle() const {
+    return audioTitle_.isEmpty() ? tr("No music") : audioTitle_;
+}
+
+void LayouterMenu::setAudioTitle(const QString& title) {
+    audioTitle_ = title;
+    services.runLoop.post(lifetime.guard([this] {
+        if (audioTitleButton != nullptr)
+            audioTitleButton->setFace({.title = shownAudioTitle()});
+    }));
 }
 
 LayouterMenu::LaterPtr<QObject> LayouterMenu::makeStrip() {
@@ -171,8 +219,9 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeStrip() {
 
 LayouterMenu::LaterPtr<QObject> LayouterMenu::makeMaterialStrip() {
     const auto& pairs = currentNode_->allMaterials;
-    const auto titles = titlesOf(pairs, [](const look::XMATPtr& pair) { return pair->title; });
-    LaterPtr<ButtonStrip> made(new ButtonStrip(titles, [node = currentNode_](std::size_t tag) {
+    const auto entries = entriesOf(
+        pairs, ThumbnailKind::material, [](const look::XMATPtr& pair) { return pair->title; });
+    LaterPtr<ButtonStrip> made(new ButtonStrip(entries, [node = currentNode_](std::size_t tag) {
         node->setCurrentMaterialName(node->allMaterials.at(tag)->name);
     }));
     made->select(
@@ -188,22 +237,30 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeMaterialStrip() {
 LayouterMenu::LaterPtr<QObject>
 LayouterMenu::makeFontStrip(const content::TextNodePtr& text) const {
     const QStringList names = sortedFontNames();
-    LaterPtr<ButtonStrip> made(new ButtonStrip(names, [text, names](std::size_t tag) {
-        text->setFontName(names.at(static_cast<qsizetype>(tag)).toStdString());
-    }));
+    LaterPtr<ButtonStrip> made(
+        new ButtonStrip(withoutThumbnails(names), [text, names](std::size_t tag) {
+            text->setFontName(names.at(static_cast<qsizetype>(tag)).toStdString());
+        }));
     made->select(
         static_cast<int>(names.indexOf(QString::fromStdString(text->fontName()))),
         Strip::Motion::atOnce);
     return made;
 }
 
-LayouterMenu::LaterPtr<QObject> LayouterMenu::makeShapeStrip() const {
+LayouterMenu::LaterPtr<QObject> LayouterMenu::makeShapeStrip() {
     const auto& shapes = content::mediaShapes();
     const content::MediaNodePtr node = services.model.nodes().mediaNode;
-    LaterPtr<ButtonStrip> made(
-        new ButtonStrip(titlesOf(shapes, kNameOf), [node, &shapes](std::size_t tag) {
-            node->setShape(shapes.at(tag));
-        }));
+    LaterPtr<ButtonStrip> made(new ButtonStrip(
+        entriesOf(shapes, ThumbnailKind::shape, kNameOf),
+        [node, &shapes](std::size_t tag) { node->setShape(shapes.at(tag)); },
+        ButtonStrip::First{
+            .face = {.image = "Import", .title = tr("Custom"), .name = tr("Import a 3D object")},
+            .size = {96, 36},
+            .action = [this] { showObjectImport(); }}));
+    if (node->customNode()) {
+        made->selectFirst(Strip::Motion::atOnce);
+        return made;
+    }
     const content::MediaShapePtr& current = node->currentShape();
     made->select(
         placeOf(
@@ -215,11 +272,18 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeShapeStrip() const {
     return made;
 }
 
+void LayouterMenu::showObjectImport() {
+    services.alerts.showAlert(
+        tr("3D objects cannot be imported yet").toStdString(),
+        tr("A later version will open your own objects here. Until then, choose one of the shapes.")
+            .toStdString());
+}
+
 LayouterMenu::LaterPtr<QObject> LayouterMenu::makeMaskStrip() const {
     const auto& masks = content::imageMasks();
     const content::ImageNodePtr node = services.model.nodes().imageNode;
-    LaterPtr<ButtonStrip> made(
-        new ButtonStrip(titlesOf(masks, kNameOf), [node, &masks](std::size_t tag) {
+    LaterPtr<ButtonStrip> made(new ButtonStrip(
+        entriesOf(masks, ThumbnailKind::mask, kNameOf), [node, &masks](std::size_t tag) {
             node->setCurrentMask(masks.at(tag));
             node->isVisible = true;
             node->updateVisibility();
@@ -237,14 +301,17 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeMaskStrip() const {
 
 LayouterMenu::LaterPtr<QObject> LayouterMenu::makeSceneStrip() {
     LaterPtr<ButtonStrip> made(new ButtonStrip(
-        titlesOf(
-            environments::SceneManager::sceneNames, [](std::string_view name) { return name; }),
+        entriesOf(
+            environments::SceneManager::sceneNames,
+            ThumbnailKind::environment,
+            [](std::string_view name) { return name; }),
         [this](std::size_t tag) {
-            services.runLoop.asyncAfter(
-                kSceneDelay, lifetime.guard([this, index = static_cast<int>(tag)] {
-                    if (services.model.currentSceneIndex() != index)
-                        services.model.setScene(index);
-                }));
+            wantedScene = static_cast<int>(tag);
+            services.runLoop.asyncAfter(kSceneDelay, lifetime.guard([this, index = wantedScene] {
+                // Only the last of several quick choices is made.
+                if (index == wantedScene && services.model.currentSceneIndex() != index)
+                    services.model.setScene(index);
+            }));
         }));
     made->select(services.model.currentSceneIndex(), Strip::Motion::atOnce);
     return made;

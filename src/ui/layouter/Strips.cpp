@@ -1,9 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "ui/layouter/Strips.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace zelvo::ui {
+
+namespace {
+
+constexpr qreal kHeight = 36;
+
+} // namespace
 
 Strip::Strip(int length, QObject* parent)
     : QObject(parent)
@@ -15,31 +22,83 @@ void Strip::select(int index, Motion motion) {
     Q_EMIT selected();
 }
 
+bool Strip::pressKey(int key) {
+    const int last = count - 1;
+    int wanted = currentIndex_;
+    switch (key) {
+    case Qt::Key_Left:
+    case Qt::Key_Up:
+        wanted = std::max(currentIndex_ - 1, 0);
+        break;
+    case Qt::Key_Right:
+    case Qt::Key_Down:
+        wanted = std::min(currentIndex_ + 1, last);
+        break;
+    case Qt::Key_Home:
+        wanted = 0;
+        break;
+    case Qt::Key_End:
+        wanted = last;
+        break;
+    default:
+        return false;
+    }
+    if (wanted != currentIndex_)
+        choose(wanted);
+    return true;
+}
+
 ButtonStrip::ButtonStrip(
-    const QList<QString>& titles, std::function<void(std::size_t)> chosenFunc, QObject* parent)
-    : Strip(static_cast<int>(titles.size()), parent)
+    const QList<StripEntry>& entries,
+    std::function<void(std::size_t)> chosenFunc,
+    std::optional<First> first,
+    QObject* parent)
+    : Strip(static_cast<int>(entries.size()), parent)
     , chosen(std::move(chosenFunc)) {
-    for (const QString& title : titles) {
-        const auto place = static_cast<int>(row.size());
-        auto button = std::make_unique<MyButton>(ButtonFace{.title = title}, [this, place] {
-            select(place, Motion::animated);
-            chosen(static_cast<std::size_t>(place));
-        });
-        button->size = {0, 36};
+    const auto makeButton = [](ButtonFace face, const QSizeF& size, std::function<void()> action) {
+        auto button = std::make_unique<StripButton>(std::move(face), std::move(action));
+        button->size = size;
         button->selectedColor = kAccentColor;
         button->unselectedColor = kButtonColor;
+        return button;
+    };
+    if (first)
+        ahead = makeButton(first->face, first->size, std::move(first->action));
+    for (const StripEntry& entry : entries) {
+        const auto place = static_cast<int>(row.size());
+        auto button =
+            makeButton({.image = entry.image, .title = entry.title}, {0, kHeight}, [this, place] {
+                choose(place);
+            });
+        button->thumbnail = entry.thumbnail;
+        button->thumbnailSize = entry.thumbnailSize;
         row.push_back(std::move(button));
     }
 }
 
 void ButtonStrip::select(int index, Motion motion) {
+    if (ahead)
+        ahead->setMySelected(false);
     for (std::size_t place = 0; place < row.size(); ++place)
         row[place]->setMySelected(static_cast<int>(place) == index);
     Strip::select(index, motion);
 }
 
-QList<MyButton*> ButtonStrip::buttonObjects() const {
-    QList<MyButton*> objects;
+void ButtonStrip::choose(int index) {
+    select(index, Motion::animated);
+    chosen(static_cast<std::size_t>(index));
+}
+
+void ButtonStrip::selectFirst(Motion motion) {
+    for (const auto& button : row)
+        button->setMySelected(false);
+    if (ahead)
+        ahead->setMySelected(true);
+    Strip::select(-1, motion);
+}
+
+QList<StripButton*> ButtonStrip::buttonObjects() const {
+    QList<StripButton*> objects;
     for (const auto& button : row)
         objects.append(button.get());
     return objects;

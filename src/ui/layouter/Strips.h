@@ -5,11 +5,14 @@
 
 #include <QList>
 #include <QObject>
+#include <QSizeF>
 #include <QString>
+#include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace zelvo::ui {
@@ -32,6 +35,13 @@ public:
     /// Selects nothing if the index is out of range.
     virtual void select(int index, Motion motion);
 
+    /// Does what a tap on the entry does.
+    virtual void choose(int index) { select(index, Motion::animated); }
+
+    /// Arrow keys, Home and End choose the neighbour, the first and the last entry. False: another
+    /// key.
+    Q_INVOKABLE bool pressKey(int key);
+
     /// -1: none.
     [[nodiscard]] int currentIndex() const { return currentIndex_; }
 
@@ -46,28 +56,75 @@ private:
     Motion motion_ = Motion::atOnce;
 };
 
+/// A button with a small picture before its title.
+class StripButton final : public zelvo::ui::MyLabelButton {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("")
+    Q_PROPERTY(QUrl thumbnail MEMBER thumbnail CONSTANT)
+    Q_PROPERTY(QSizeF thumbnailSize MEMBER thumbnailSize CONSTANT)
+
+public:
+    using MyLabelButton::MyLabelButton;
+
+    QUrl thumbnail;       ///< of a file; empty: there is none, or it is missing
+    QSizeF thumbnailSize; ///< device-independent pixels; empty: there is none
+};
+
+/// Makes the list type known to QML's tools.
+struct StripButtonList {
+    Q_GADGET
+    QML_ANONYMOUS
+    QML_FOREIGN(QList<zelvo::ui::StripButton*>)
+    QML_SEQUENTIAL_CONTAINER(zelvo::ui::StripButton*)
+};
+
+/// An entry of a ButtonStrip.
+struct StripEntry {
+    QString title;
+    QString image{}; ///< name of an icon, where there is no thumbnail; empty: none
+    QUrl thumbnail{};
+    QSizeF thumbnailSize{};
+};
+
 /// A strip with a button for each entry. A press selects the button and reports its index.
 class ButtonStrip final : public zelvo::ui::Strip {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("")
-    Q_PROPERTY(QList<zelvo::ui::MyButton*> buttons READ buttonObjects CONSTANT)
+    Q_PROPERTY(QList<zelvo::ui::StripButton*> buttons READ buttonObjects CONSTANT)
+    Q_PROPERTY(zelvo::ui::StripButton* firstButton READ firstButton CONSTANT)
 
 public:
+    /// A button ahead of the entries, which is none of them.
+    struct First {
+        ButtonFace face;
+        QSizeF size;
+        std::function<void()> action;
+    };
+
     ButtonStrip(
-        const QList<QString>& titles,
+        const QList<StripEntry>& entries,
         std::function<void(std::size_t)> chosenFunc,
+        std::optional<First> first = {},
         QObject* parent = nullptr);
 
     void select(int index, Motion motion) override;
+    void choose(int index) override;
+    /// Selects the button ahead of the entries, and none of them.
+    void selectFirst(Motion motion);
 
-    [[nodiscard]] const std::vector<std::unique_ptr<MyButton>>& buttons() const { return row; }
+    [[nodiscard]] const std::vector<std::unique_ptr<StripButton>>& buttons() const { return row; }
 
-    [[nodiscard]] QList<MyButton*> buttonObjects() const;
+    [[nodiscard]] QList<StripButton*> buttonObjects() const;
+
+    /// Null if there is none.
+    [[nodiscard]] StripButton* firstButton() const { return ahead.get(); }
 
 private:
     std::function<void(std::size_t)> chosen;
-    std::vector<std::unique_ptr<MyButton>> row;
+    std::unique_ptr<StripButton> ahead;
+    std::vector<std::unique_ptr<StripButton>> row;
 };
 
 } // namespace zelvo::ui

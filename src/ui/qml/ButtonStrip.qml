@@ -2,7 +2,6 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Zelvo
-import Zelvo.Controls as Controls
 import Zelvo.Layouter as Layouter
 
 // View of a ButtonStrip.
@@ -14,19 +13,35 @@ StripView {
     strip: controller
     spacing: 3
     entries: buttons
+    first: ahead.count > 0 ? ahead.itemAt(0) : null
+    isFirstChosen: controller.firstButton?.isMySelected ?? false
 
+    Repeater {
+        id: ahead
+
+        model: root.controller.firstButton ? [root.controller.firstButton] : []
+        delegate: StripButton {
+            required property Layouter.StripButton modelData
+
+            controller: modelData
+            fontSize: 15
+            horizontalInset: 6
+            onVisualFocusChanged: if (visualFocus) root.centre(true, this)
+        }
+    }
     Repeater {
         id: buttons
 
         model: root.controller.buttons
-        delegate: MyButton {
-            required property Controls.MyButton modelData
+        delegate: StripButton {
+            required property Layouter.StripButton modelData
 
             controller: modelData
-            horizontalInset: 12
             height: 36
             role: Accessible.ListItem
-            onVisualFocusChanged: if (visualFocus) root.centre(true, this)
+            focusPolicy: Qt.NoFocus
+            showsFocus: root.showsFocus && modelData.isMySelected
+            onClicked: root.takeFocus()
         }
     }
 }

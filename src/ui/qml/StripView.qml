@@ -3,41 +3,64 @@ import QtQuick
 import Zelvo.Layouter as Layouter
 
 // The scrolling part of a Strip. Both ends have free space of half the width, so that the first and
-// the last entry can scroll to the middle.
+// the last entry can scroll to the middle. With the focus, arrow keys choose another entry.
 Flickable {
     id: root
 
     required property Layouter.Strip strip
     property alias spacing: row.spacing
     property Repeater entries
+    property Item first: null // an item ahead of the entries
+    property bool isFirstChosen: false
     default property alias content: row.data
+    // The focus is shown only to those who use the keyboard.
+    property bool showsFocus: false
 
     contentWidth: row.width + width
     contentHeight: height
     flickableDirection: Flickable.HorizontalFlick
     boundsBehavior: Flickable.StopAtBounds
+    activeFocusOnTab: true
     clip: true
 
     Accessible.role: Accessible.List
+    Accessible.focusable: true
 
     onWidthChanged: Qt.callLater(centre, false)
     Component.onCompleted: Qt.callLater(centre, false)
+    onActiveFocusChanged: showsFocus = activeFocus
+    onMovementStarted: scroll.stop()
+    Keys.onPressed: event => {
+        event.accepted = strip.pressKey(event.key);
+        showsFocus = showsFocus || event.accepted;
+    }
+
+    // After a tap on an entry, the arrow keys go on from there.
+    function takeFocus(): void {
+        forceActiveFocus(Qt.MouseFocusReason);
+        showsFocus = false;
+    }
 
     // Scrolls `entry`, or else the selected entry, to the middle.
     function centre(animated: bool, entry: Item): void {
         if (!strip)
             return;
-        const item = entry ?? entries?.itemAt(Math.max(0, strip.currentIndex)) ?? null;
-        if (!item)
-            return;
+        const chosen = isFirstChosen ? first : entries?.itemAt(Math.max(0, strip.currentIndex)) ?? null;
+        const item = entry ?? chosen;
+        if (item)
+            scrollTo(item.x + item.width / 2, animated ? 150 : 0, Easing.InOutQuad);
+    }
+
+    function scrollTo(target: real, milliseconds: int, curve: int): void {
+        cancelFlick();
         scroll.stop();
-        const target = item.x + item.width / 2;
-        if (!animated) {
-            contentX = target;
-            return;
-        }
-        scroll.to = target;
-        scroll.start();
+        scroll.to = Math.max(0, Math.min(contentWidth - width, target));
+        scroll.duration = milliseconds;
+        scroll.easing.type = curve;
+        if (milliseconds > 0)
+            scroll.start();
+        else
+            contentX = scroll.to;
     }
 
     Row {
@@ -58,14 +81,32 @@ Flickable {
 
         target: root
         property: "contentX"
-        duration: 150
-        easing.type: Easing.InOutQuad
     }
-    WheelHandler {
-        acceptedDevices: PointerDevice.Mouse
+    StripWheel {
+        orientation: Qt.Horizontal
+    }
+    StripWheel {
+        orientation: Qt.Vertical
+    }
+
+    // A notch of a wheel scrolls softly; a touchpad's small steps follow the finger at once. Of a
+    // slanted movement, the longer part counts.
+    component StripWheel: WheelHandler {
+        readonly property bool isLevel: orientation === Qt.Horizontal
+
+        function along(delta: point): real {
+            const isMine = isLevel === Math.abs(delta.x) > Math.abs(delta.y);
+            return isMine ? (isLevel ? delta.x : delta.y) : 0;
+        }
+
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
         onWheel: event => {
-            const step = event.angleDelta.y !== 0 ? event.angleDelta.y : event.angleDelta.x;
-            root.contentX = Math.max(0, Math.min(root.contentWidth - root.width, root.contentX - step));
+            const exact = along(event.pixelDelta);
+            const turned = along(event.angleDelta);
+            const from = scroll.running ? scroll.to : root.contentX;
+            const isNotch = !exact && Math.abs(turned) >= 120;
+            if (exact || turned)
+                root.scrollTo(from - (exact || turned), isNotch ? 150 : 0, Easing.OutCubic);
         }
     }
 }

@@ -12,6 +12,8 @@
 
 #include <gmock/gmock.h>
 
+#include <QFile>
+
 #include <algorithm>
 #include <iterator>
 #include <string>
@@ -32,7 +34,8 @@ protected:
     }
 
     /// The button of the title in a row; null if there is none.
-    [[nodiscard]] static MyButton* titled(const std::string& title, const QList<MyButton*>& row) {
+    template <class Row>
+    [[nodiscard]] static MyButton* titled(const std::string& title, const Row& row) {
         const auto found = std::ranges::find(row, QString::fromStdString(title), &MyButton::title);
         return found == row.end() ? nullptr : *found;
     }
@@ -44,7 +47,7 @@ protected:
     }
 
     /// The title of the first button of the row that is lit; empty if none is.
-    [[nodiscard]] static std::string litIn(const QList<MyButton*>& row) {
+    template <class Row> [[nodiscard]] static std::string litIn(const Row& row) {
         const auto found = std::ranges::find_if(row, &MyButton::isMySelected);
         return found == row.end() ? std::string() : (*found)->title().toStdString();
     }
@@ -185,6 +188,15 @@ TEST_F(LayouterMenuTest, StripsShowWhatIsAndSetWhatIsChosen) {
     EXPECT_EQ(chosen(), "None");
     choose("Sphere");
     EXPECT_EQ(nodes.mediaNode->currentShape()->name, "Sphere");
+    nodes.mediaNode->setCustomNode(std::make_shared<scene::SCNNode>());
+    press("Material");
+    press("Shape");
+    EXPECT_EQ(chosen(), "") << "an imported object is none of the shapes";
+    EXPECT_TRUE(strip<ButtonStrip>().firstButton()->isMySelected());
+    strip<ButtonStrip>().firstButton()->click();
+    EXPECT_TRUE(alerts.isShowing());
+    choose("Cube");
+    EXPECT_FALSE(strip<ButtonStrip>().firstButton()->isMySelected());
 
     menu.setCurrentNodeFromButton(2);
     EXPECT_FALSE(nodes.imageNode->isVisible);
@@ -195,9 +207,58 @@ TEST_F(LayouterMenuTest, StripsShowWhatIsAndSetWhatIsChosen) {
     EXPECT_TRUE(nodes.imageNode->isVisible);
 }
 
+TEST_F(LayouterMenuTest, EveryEntryButNoneHasAThumbnail) {
+    const auto expectPictures = [this](const char* tab) {
+        for (const auto& button : strip<ButtonStrip>().buttons()) {
+            const bool isThere = QFile::exists(button->thumbnail.toLocalFile());
+            EXPECT_NE(isThere, button->title() == "None")
+                << tab << " " << button->title().toStdString();
+        }
+    };
+    for (const char* const node : {"Text 1", "Object", "Image", "Background"}) {
+        press(node);
+        for (const std::string& tab : titles()) {
+            press(tab);
+            if (tab != "Font" && qobject_cast<ButtonStrip*>(menu.stripObject()) != nullptr)
+                expectPictures(node);
+        }
+        menu.backButton.click();
+    }
+}
+
+TEST_F(LayouterMenuTest, KeysChooseNeighboursAndStayInsideTheStrip) {
+    press("Object");
+    auto& shapes = strip<ButtonStrip>();
+    for (const auto& [key, shape] : std::initializer_list<std::pair<Qt::Key, const char*>>{
+             {Qt::Key_Left, "None"},
+             {Qt::Key_Right, "Star 1"},
+             {Qt::Key_Down, "Star 2"},
+             {Qt::Key_Up, "Star 1"},
+             {Qt::Key_End, "Arrows"},
+             {Qt::Key_Right, "Arrows"},
+             {Qt::Key_Home, "None"}}) {
+        EXPECT_TRUE(shapes.pressKey(key));
+        EXPECT_EQ(chosen(), shape);
+        EXPECT_EQ(nodes.mediaNode->currentShape()->name, shape);
+    }
+    EXPECT_FALSE(shapes.pressKey(Qt::Key_Space));
+}
+
+TEST_F(LayouterMenuTest, TheTabOfTheMusicShowsItsTitleSoon) {
+    press("Audio");
+    menu.setAudioTitle("Overture");
+    world.runLoop.drain();
+    EXPECT_THAT(titles(), ElementsAre("Overture"));
+    menu.backButton.click();
+    menu.setAudioTitle("");
+    world.runLoop.drain();
+    EXPECT_THAT(titles(), testing::Not(testing::Contains("No music"))) << "another tab's title";
+}
+
 TEST_F(LayouterMenuTest, ScenesChangeWhenTheStripHasScrolled) {
     press("Background");
     EXPECT_EQ(chosen(), "Shiny");
+    choose("Flares");
     choose("Stage");
     EXPECT_EQ(model.currentSceneIndex(), 2);
     world.runLoop.runFor(0.2);

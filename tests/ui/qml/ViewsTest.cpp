@@ -8,6 +8,7 @@
 #include "ui/controls/MySlider.h"
 #include "ui/controls/ValueLabel.h"
 #include "ui/layouter/LayouterMenu.h"
+#include "ui/layouter/Strips.h"
 #include "ui/main/MainViewController.h"
 #include "ui/menus/ActionsMenu.h"
 #include "ui/menus/ControlMenu.h"
@@ -235,6 +236,56 @@ TEST_F(MenuViewsTest, ASliderIsWorkedByMouseWheelAndKeys) {
     QWheelEvent notch(at(0.2), at(0.2), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(&view, &notch);
     EXPECT_EQ(slider.value(), 2.5);
+    view.setSource({});
+}
+
+TEST_F(MenuViewsTest, AStripIsScrolledByDragAndWheelAndSteppedByKeys) {
+    ui::LayouterMenu panel(services);
+    panel.setCurrentNodeFromButton(3);
+    show("LayouterMenu", "controller", &panel);
+    const auto* const strip = qobject_cast<ui::ButtonStrip*>(panel.stripObject());
+    QQuickItem* const row = viewOf(view.rootObject(), strip, "controller");
+    const auto place = [row] { return row->property("contentX").toReal(); };
+    const auto isCentred = [&](std::size_t entry) {
+        const QQuickItem* const button = viewOf(row, strip->buttons()[entry].get(), "controller");
+        const QRectF shown = button->mapRectToItem(row, button->boundingRect());
+        return std::abs(shown.center().x() - row->width() / 2) < 1;
+    };
+    const auto onEntry = [&](std::size_t entry) {
+        const QQuickItem* const button = viewOf(row, strip->buttons()[entry].get(), "controller");
+        return button->mapToScene(button->boundingRect().center()).toPoint();
+    };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return isCentred(0); }, 2000));
+
+    QTest::mouseClick(&view, Qt::LeftButton, {}, onEntry(2));
+    EXPECT_FALSE(isCentred(2)) << "a tap scrolls softly";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isCentred(2); }, 2000));
+    QTest::keyClick(&view, Qt::Key_Right);
+    EXPECT_EQ(strip->currentIndex(), 3) << "the tap has given it the focus";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isCentred(3); }, 2000));
+
+    const qreal before = place();
+    QPoint finger = onEntry(4);
+    QTest::mousePress(&view, Qt::LeftButton, {}, finger);
+    for (int step = 0; step < 8; ++step)
+        QTest::mouseMove(&view, finger -= QPoint(15, 0), 10);
+    QTest::mouseRelease(&view, Qt::LeftButton, {}, finger, 10);
+    const qreal released = place();
+    EXPECT_GT(released, before + 60);
+    EXPECT_EQ(strip->currentIndex(), 3) << "a drag chooses nothing";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return place() > released + 20; }, 2000)) << "momentum";
+
+    const auto turn = [&](QPoint pixels, QPoint angle) {
+        QWheelEvent event(finger, finger, pixels, angle, {}, {}, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&view, &event);
+    };
+    for (const QPoint back : {QPoint(40, 0), QPoint(0, 40)}) {
+        const qreal from = place();
+        turn(back, back * 3); // as a touchpad does
+        EXPECT_NEAR(place(), from - 40, 0.5);
+    }
+    turn({}, {0, 12'000});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return place() == 0; }, 2000)) << "not beyond the first";
     view.setSource({});
 }
 
