@@ -1,35 +1,15 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Zelvo
-import Zelvo.Controls as Controls
 
 // View of a MySlider. A double click restores the default; a click on the number lets the user type
 // one.
-FocusScope {
+SliderArea {
     id: root
 
-    required property Controls.MySlider controller
-    readonly property real room: width - handle.width
     readonly property real middle: shareOf(0) // the fill starts at zero, if zero is in the range
 
-    function shareOf(value: real): real {
-        const share = (value - controller.minimumValue) / (controller.maximumValue - controller.minimumValue);
-        return Math.max(0, Math.min(1, share));
-    }
-    function moveHandle(left: real): void {
-        controller.moveTo(controller.minimumValue + left / room * (controller.maximumValue - controller.minimumValue));
-    }
-
-    implicitWidth: 160
-    implicitHeight: 36
-    activeFocusOnTab: true
-
-    Accessible.role: Accessible.Slider
-    Accessible.name: controller.name + " " + controller.text
-    Accessible.focusable: true
-    Accessible.onIncreaseAction: controller.moveBy(1)
-    Accessible.onDecreaseAction: controller.moveBy(-1)
-    Keys.onPressed: event => event.accepted = !number.isWriting && controller.pressKey(event.key, event.modifiers)
+    isWriting: number.isWriting
     Keys.onReturnPressed: number.isWriting = true
     Keys.onEnterPressed: number.isWriting = true
 
@@ -64,40 +44,15 @@ FocusScope {
             color: Theme.mutedText
         }
     }
-    MouseArea {
-        id: knob
-
-        property real grip // where the handle is held, from its left edge; negative: not held
-
-        anchors.fill: parent
-        hoverEnabled: true
-        preventStealing: true
-        onPressed: mouse => {
-            root.forceActiveFocus(Qt.MouseFocusReason);
-            const inside = mouse.x - handle.x;
-            grip = inside >= 0 && inside <= handle.width ? inside : handle.width / 2;
-            if (grip !== inside)
-                root.moveHandle(mouse.x - grip);
-        }
-        onPositionChanged: mouse => { if (pressed && grip >= 0) root.moveHandle(mouse.x - grip) }
-        onDoubleClicked: {
-            grip = -1; // so that the rest of the second click does not move the handle
-            root.controller.sliderTapped();
-        }
-    }
-    WheelHandler {
-        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
-        onWheel: event => root.controller.moveBy((event.angleDelta.y || event.angleDelta.x) / 120)
-    }
     Rectangle {
         id: handle
 
-        x: root.shareOf(root.controller.value) * root.room
+        x: root.handleX
         anchors.verticalCenter: parent.verticalCenter
-        width: 22
-        height: 22
-        radius: 11
-        color: knob.pressed ? Qt.darker(Theme.text, 1.15) : Theme.text
+        width: root.handleSize
+        height: root.handleSize
+        radius: width / 2
+        color: root.isHeld ? Qt.darker(Theme.text, 1.15) : Theme.text
 
         FocusRing {
             radius: parent.radius + 2
@@ -118,9 +73,5 @@ FocusScope {
         anchors.verticalCenter: parent.verticalCenter
         controller: root.controller
         onDone: root.forceActiveFocus(Qt.TabFocusReason)
-    }
-    Tip {
-        name: root.controller.name
-        isAsked: knob.containsMouse && !knob.pressed
     }
 }
