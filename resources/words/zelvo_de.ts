@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>ColorPicker</name>
+    <message>
+        <source>Color</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Former color %1</source>
+        <translation>Vorherige Farbe %1</translation>
+    </message>
+    <message>
+        <source>New color %1</source>
+        <translation>Neue Farbe %1</translation>
+    </message>
+    <message>
+        <source>Pixel %1</source>
+        <translation>Pixel %1</translation>
+    </message>
+</context>
+<context>
     <name>ColorStrip</name>
     <message>
         <source>Color %1</source>
@@ -27,6 +46,17 @@
     <message>
         <source>Unsupported file.</source>
         <translation>Diese Datei wird nicht unterstützt.</translation>
+    </message>
+</context>
+<context>
+    <name>HexField</name>
+    <message>
+        <source>Hex</source>
+        <translation>Hex</translation>
+    </message>
+    <message>
+        <source>This is no color.</source>
+        <translation>Das ist keine Farbe.</translation>
     </message>
 </context>
 <context>
@@ -186,6 +216,20 @@
     </message>
 </context>
 <context>
+    <name>zelvo::ui::BrightnessPickerView</name>
+    <message>
+        <source>Brightness</source>
+        <translation>Helligkeit</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::ColorPipette</name>
+    <message>
+        <source>Pick a color from the stage</source>
+        <translation>Farbe von der Bühne aufnehmen</translation>
+    </message>
+</context>
+<context>
     <name>zelvo::ui::ControlMenu</name>
     <message>
         <source>Duration</source>
@@ -256,6 +300,13 @@
     <message>
         <source>Fill w. Frontcol.</source>
         <translation>Füllung: Front</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::HuePickerView</name>
+    <message>
+        <source>Hue</source>
+        <translation>Farbton</translation>
     </message>
 </context>
 <context>
@@ -500,6 +551,20 @@
     <message>
         <source>Stop</source>
         <translation>Stopp</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::SaturationPickerView</name>
+    <message>
+        <source>Saturation</source>
+        <translation>Sättigung</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::SimpleColorPicker</name>
+    <message>
+        <source>More colors</source>
+        <translation>Weitere Farben</translation>
     </message>
 </context>
 <context>

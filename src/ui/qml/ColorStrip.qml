@@ -5,62 +5,89 @@ import QtQuick.Templates as T
 import Zelvo
 import Zelvo.Layouter as Layouter
 
-// View of a SimpleColorPicker: a row of colours.
-StripView {
+// View of a SimpleColorPicker: a row of colours, and before it the button for all others.
+Item {
     id: root
 
     required property Layouter.SimpleColorPicker controller
 
-    strip: controller
-    entries: swatches
+    MyButton {
+        id: opener
 
-    Repeater {
-        id: swatches
+        // Next to the first colour, but never out of view.
+        x: Math.max(0, row.width / 2 - row.contentX)
+        z: 1
+        width: 40
+        height: parent.height
+        horizontalInset: 8
+        controller: root.controller.importButton
+    }
+    StripView {
+        id: row
 
-        model: root.controller.colors
-        delegate: T.AbstractButton {
-            id: swatch
+        anchors.fill: parent
+        anchors.leftMargin: opener.width + spacing
+        spacing: root.controller.spacing
+        strip: root.controller
+        entries: swatches
 
-            required property color modelData
-            required property int index
-            readonly property bool isChosen: root.controller.currentIndex === index
+        Repeater {
+            id: swatches
 
-            width: 40
-            height: 36
-            focusPolicy: Qt.TabFocus
-            hoverEnabled: true
-            onPressed: root.controller.buttonAction(index)
-            Keys.onReturnPressed: root.controller.buttonAction(index)
-            onVisualFocusChanged: if (visualFocus) root.centre(true, this)
+            model: root.controller.colors
+            delegate: T.AbstractButton {
+                id: swatch
 
-            Accessible.role: Accessible.ListItem
-            Accessible.name: qsTr("Color %1").arg(modelData.toString())
-            Accessible.selected: isChosen
-            Accessible.onPressAction: root.controller.buttonAction(index)
+                required property color modelData
+                required property int index
+                readonly property bool isChosen: root.controller.currentIndex === index
 
-            background: Item {
-                Rectangle {
-                    objectName: "edge"
-                    anchors.centerIn: parent
-                    width: 35
-                    height: 36
-                    radius: 6
-                    scale: swatch.isChosen ? 1 : swatch.hovered ? 0.92 : 0.84
-                    color: swatch.modelData
-                    // The border makes a dark colour visible on the dark background.
-                    border.width: swatch.isChosen ? 2.5 : 1.5
-                    border.color: swatch.isChosen ? "white" : Qt.lighter(Theme.mutedText, 1.25)
+                width: 40 - row.spacing
+                height: 36
+                focusPolicy: Qt.NoFocus
+                hoverEnabled: true
+                onPressed: {
+                    root.controller.buttonAction(index);
+                    row.takeFocus();
+                }
 
-                    Behavior on scale {
-                        NumberAnimation {
-                            duration: 100
+                Accessible.role: Accessible.ListItem
+                Accessible.name: qsTr("Color %1").arg(modelData.toString())
+                Accessible.selected: isChosen
+                Accessible.onPressAction: root.controller.buttonAction(index)
+
+                background: Item {
+                    Rectangle {
+                        objectName: "edge"
+                        anchors.fill: parent
+                        anchors.topMargin: 3
+                        anchors.bottomMargin: 3
+                        radius: 6
+                        scale: swatch.isChosen ? 1.15 : swatch.hovered ? 1.06 : 1
+                        color: swatch.modelData
+                        // A line makes a dark colour visible on the dark background.
+                        border.width: swatch.isChosen ? 2.5 : 1
+                        border.color: swatch.isChosen ? "white" : Qt.lighter(Theme.mutedText, 1.25)
+
+                        Behavior on scale {
+                            NumberAnimation {
+                                duration: 100
+                            }
                         }
-                    }
-                    FocusRing {
-                        shown: swatch.visualFocus
+                        Behavior on border.width {
+                            NumberAnimation {
+                                duration: 100
+                            }
+                        }
+                        FocusRing {
+                            shown: row.showsFocus && swatch.isChosen
+                        }
                     }
                 }
             }
         }
+    }
+    ColorPicker {
+        controller: root.controller.picker
     }
 }

@@ -10,8 +10,12 @@ Item {
     required property MainScreen.MainViewController main
 
     readonly property Layouter.LayouterMenu layouter: main.panel as Layouter.LayouterMenu
+    readonly property Layouter.SimpleColorPicker colors: layouter ? layouter.strip as Layouter.SimpleColorPicker : null
+    readonly property Layouter.ColorPipette pipette: colors?.picker.pipette ?? null
 
     MainScreen.StageItem {
+        id: stage
+
         anchors.centerIn: parent
         width: Math.min(parent.width, Math.round(parent.height * 16 / 9))
         height: Math.min(parent.height, Math.round(parent.width * 9 / 16))
@@ -23,6 +27,17 @@ Item {
         HoverHandler { cursorShape: root.layouter ? root.layouter.cursor : Qt.ArrowCursor }
         Behavior on opacity {
             NumberAnimation { duration: root.main.sceneFadeMilliseconds }
+        }
+    }
+    Loader {
+        readonly property bool isPicking: root.pipette?.isOn ?? false
+
+        anchors.fill: stage
+        onIsPickingChanged: {
+            if (isPicking)
+                setSource("Pipette.qml", {controller: root.pipette, stage: stage});
+            else
+                source = "";
         }
     }
 }

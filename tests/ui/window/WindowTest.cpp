@@ -2,8 +2,10 @@
 // One performance by hand in the real window, with real events: from the start to the preview.
 // With ZELVO_WINDOW_PICTURES naming a folder, pictures of the screens are left there.
 #include "app/WindowPlace.h"
+#include "shared/Palette.h"
 #include "support/ViewWarnings.h"
 #include "ui/controls/Alerts.h"
+#include "ui/layouter/ColorPickers.h"
 #include "ui/screens/ExportViewController.h"
 #include "ui/screens/HistoryController.h"
 #include "ui/screens/PreviewViewController.h"
@@ -179,6 +181,34 @@ TEST_F(WindowTest, APerformanceFromTheStartToThePreview) {
     ASSERT_NO_FATAL_FAILURE(record());
     ASSERT_NO_FATAL_FAILURE(deleteFromHistory());
     ASSERT_NO_FATAL_FAILURE(exportMovie());
+}
+
+TEST_F(WindowTest, ThePipetteTakesAColorFromTheStageAndEscapeGivesItBack) {
+    ASSERT_TRUE(isDrawn());
+    ui::LayouterMenu& menu = *panel<ui::LayouterMenu>();
+    menu.setCurrentNodeFromButton(0);
+    menu.setCurrentOption(ui::CurrentOption::frontColor);
+    const auto& text = *model.nodes().textNode1;
+    text.contentNode->isHidden = true; // nothing but the background, which is blue
+    auto& strip = *qobject_cast<ui::SimpleColorPicker*>(menu.stripObject());
+    click(&strip.importButton);
+    ASSERT_TRUE(soon([&] { return strip.picker.isOpen() && view(&strip.picker.pipette.button); }));
+    click(&strip.picker.pipette.button);
+    ASSERT_TRUE(soon([&] { return strip.picker.pipette.hasPicture(); }));
+    const QPoint place(1000, 180);
+    QTest::mousePress(&window, Qt::LeftButton, {}, place);
+    picture("7-pipette");
+    QColor shown;
+    EXPECT_TRUE(soon([&] { // after the stage has faded in
+        shown = window.grabWindow().pixelColor(place * window.devicePixelRatio());
+        return shown.blue() > shown.red() + 40 && strip.picker.pipette.color() == shown;
+    }));
+    QTest::mouseRelease(&window, Qt::LeftButton, {}, place);
+    EXPECT_EQ(text.frontColor(), image::Color::hex(shown.rgb() & 0xFFFFFFU));
+    EXPECT_TRUE(soon([&] { return takesKeys(&strip.picker.pipette.button); }));
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_EQ(text.frontColor(), ui::kPalette[ui::kWhiteIndex]);
+    EXPECT_TRUE(soon([&] { return !strip.picker.isOpen(); }));
 }
 
 TEST_F(WindowTest, ARunKeepsItsTimeHoweverLongAPictureTakes) {
