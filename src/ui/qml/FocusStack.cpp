@@ -22,6 +22,13 @@ FocusStack::FocusStack(QQuickItem* parent)
     setFlag(ItemIsFocusScope);
 }
 
+FocusStack::~FocusStack() {
+    // The item's own destructor hides the layers and moves the focus. This object is gone by then.
+    disconnect(following);
+    for (QQuickItem* const child : childItems())
+        child->disconnect(this);
+}
+
 std::vector<QQuickItem*> FocusStack::layers() const {
     std::vector<QQuickItem*> scopes;
     for (QQuickItem* const child : childItems()) {

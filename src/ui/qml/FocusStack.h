@@ -26,6 +26,9 @@ class FocusStack : public QQuickItem {
 
 public:
     explicit FocusStack(QQuickItem* parent = nullptr);
+    ~FocusStack() override;
+    FocusStack(const FocusStack&) = delete;
+    FocusStack& operator=(const FocusStack&) = delete;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
