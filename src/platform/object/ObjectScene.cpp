@@ -40,6 +40,11 @@ struct DoubleBox {
 
 } // namespace
 
+glm::mat3 withVDownwards(const glm::mat3& upwards) {
+    const glm::mat3 turned({1, 0, 0}, {0, -1, 0}, {0, 1, 1}); // v' = 1 - v
+    return turned * upwards * turned;
+}
+
 void ObjectScene::warn(std::string line) {
     if (warnings.size() < kMaxWarnings && (warnings.empty() || warnings.back() != line))
         warnings.push_back(std::move(line));

@@ -60,6 +60,9 @@ struct PictureUse {
     bool isData = false; ///< the numbers are not sRGB, also in a slot of colour
 };
 
+/// The same transform of texture coordinates, for v downwards instead of upwards.
+[[nodiscard]] glm::mat3 withVDownwards(const glm::mat3& upwards);
+
 /// A number or colour of a material. A picture is multiplied with the factor.
 template <class Value> struct Slot {
     Value factor;

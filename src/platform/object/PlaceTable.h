@@ -55,7 +55,7 @@ private:
 
 /// Mixes a number into a hash (the finaliser of D. Lea's and G. Steele's SplitMix, 2014).
 [[nodiscard]] inline std::uint64_t mixed(std::uint64_t hash, std::uint64_t number) {
-    hash = (hash ^ number) + 0x9E3779B97F4A7C15U;
+    hash = (hash * 0x9E3779B97F4A7C15U) ^ number; // small numbers in both must not cancel out
     hash = (hash ^ (hash >> 30U)) * 0xBF58476D1CE4E5B9U;
     hash = (hash ^ (hash >> 27U)) * 0x94D049BB133111EBU;
     return hash ^ (hash >> 31U);

@@ -7,6 +7,7 @@
 #include "platform/object/PolygonTriangulator.h"
 
 #include <glm/ext/matrix_transform.hpp>
+#include <glm/geometric.hpp>
 
 #include <algorithm>
 #include <limits>
@@ -136,7 +137,7 @@ private:
         [[nodiscard]] std::uint32_t pointOnly() const { return point & ~kMirrored; }
 
         [[nodiscard]] std::uint64_t hash() const {
-            return mixed(point, std::uint64_t{uv} << 32U | normal);
+            return mixed(point + 1ULL, std::uint64_t{uv} << 32U | normal);
         }
     };
 
@@ -178,14 +179,19 @@ private:
     std::vector<std::uint32_t> indices;
 };
 
-[[nodiscard]] glm::dvec3 middleOf(const std::vector<glm::dvec3>& points) {
+/// Where the pieces get their zero. The points' own zero, so that they stay as written, if they are
+/// not so far from it that float would lose their detail.
+[[nodiscard]] glm::dvec3 originFor(const std::vector<glm::dvec3>& points) {
     glm::dvec3 min(std::numeric_limits<double>::max());
     glm::dvec3 max(std::numeric_limits<double>::lowest());
     for (const glm::dvec3& point : points) {
         min = glm::min(min, point);
         max = glm::max(max, point);
     }
-    return points.empty() ? glm::dvec3(0) : (min + max) / 2.0;
+    constexpr double kFar = 10; // times the size
+    if (points.empty() || glm::length(min + max) <= 2 * kFar * glm::length(max - min))
+        return glm::dvec3(0);
+    return (min + max) / 2.0;
 }
 
 void checkShape(const Polygons& polygons) {
@@ -241,7 +247,7 @@ void dropBrokenFaces(Polygons& polygons) {
 Result<AddedPieces>
 addPieces(ObjectScene& scene, Polygons polygons, const PieceOptions& options, const Watch& watch) {
     dropBrokenFaces(polygons);
-    AddedPieces added{scene.pieces.size(), 0, middleOf(polygons.points)};
+    AddedPieces added{scene.pieces.size(), 0, originFor(polygons.points)};
     if (watch.stop.stop_requested())
         return tl::unexpected(cancelledError());
     completeNormals(polygons, options.creaseAngle);

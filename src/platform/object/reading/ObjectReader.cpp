@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "platform/object/reading/ObjectReader.h"
+
+#include "platform/object/reading/OBJReader.h"
+#include "platform/object/reading/Words.h"
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <memory>
+#include <string_view>
+#include <system_error>
+
+namespace zelvo::object {
+
+using foundation::Cause;
+using foundation::fail;
+using foundation::Result;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// A file that is open for reading.
+struct OpenFile {
+    fs::path path;
+    std::uint64_t size = 0;
+    ByteSource bytes;
+};
+
+[[nodiscard]] Result<OpenFile> open(const fs::path& path) {
+    std::error_code error;
+    if (!fs::exists(path, error))
+        return fail(Cause::notFound, "there is no such file");
+    auto stream = std::make_shared<std::ifstream>(path, std::ios::binary);
+    if (!fs::is_regular_file(path, error) || !*stream)
+        return fail(Cause::unreadable, "it cannot be opened for reading");
+    const std::uint64_t size = fs::file_size(path, error);
+    if (error || size > Limits::kMaxFileBytes)
+        return fail(Cause::tooLarge, "the file is above two gigabytes");
+    return OpenFile{path, size, [stream](std::span<char> target) {
+                        stream->read(target.data(), static_cast<std::streamsize>(target.size()));
+                        return static_cast<std::size_t>(stream->gcount());
+                    }};
+}
+
+[[nodiscard]] Result<ObjectScene> readOBJFile(const OpenFile& file, const Watch& watch) {
+    return readOBJ(
+        {file.bytes,
+         file.size,
+         file.path.filename().string(),
+         NeighbourFiles(fs::absolute(file.path).parent_path())},
+        watch);
+}
+
+struct Format {
+    std::string_view extension;
+    Result<ObjectScene> (*read)(const OpenFile& file, const Watch& watch);
+};
+
+constexpr auto kFormats = std::to_array<Format>({
+    {".obj", &readOBJFile},
+});
+
+} // namespace
+
+Result<ObjectScene> readObject(const fs::path& file, const Watch& watch) {
+    const std::string name = file.filename().string();
+    const std::string extension = lowered(file.extension().string());
+    const auto* format = std::ranges::find(kFormats, extension, &Format::extension);
+    if (format == kFormats.end()) {
+        return fail(
+            Cause::unsupported, name + ": this is no 3D object; use a USDZ, OBJ, glTF or STL file");
+    }
+    const auto opened = open(file);
+    if (!opened)
+        return tl::unexpected(opened.error().in(name));
+    auto scene = format->read(*opened, watch);
+    return scene ? std::move(scene) : tl::unexpected(scene.error().in(name));
+}
+
+} // namespace zelvo::object
