@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "content/CrashGuard.h"
 
+#include "platform/foundation/ProcessMark.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/foundation/UserDefaults.h"
 
@@ -14,9 +15,23 @@ namespace {
 
 constexpr auto kListKey = "CorruptFontNames";
 constexpr auto kMarkKey = "PotentialCorruptFontName";
+constexpr auto kOwnerKey = "PotentialCorruptFontProcess"; ///< the process that wrote the mark
 
 bool holds(const std::vector<std::string>& names, const std::string& name) {
     return std::ranges::find(names, name) != names.end();
+}
+
+bool isOtherBuilding(const foundation::UserDefaults& defaults) {
+    const auto owner = defaults.string(kOwnerKey);
+    return defaults.string(kMarkKey) && owner && *owner != foundation::processMark() &&
+           foundation::isRunning(*owner);
+}
+
+/// The owner is written once in a process, and stays there between builds.
+void setMark(foundation::UserDefaults& defaults, const std::string& fontName) {
+    if (const auto owner = foundation::processMark(); defaults.string(kOwnerKey) != owner)
+        defaults.set(kOwnerKey, owner);
+    defaults.set(kMarkKey, fontName);
 }
 
 void tellUser(const node::Surroundings& surroundings, const std::string& fontName) {
@@ -37,9 +52,10 @@ void tellUser(const node::Surroundings& surroundings, const std::string& fontNam
 CrashGuard::CrashGuard(const node::Surroundings& world, const std::string& fontName)
     : surroundings(world) {
     foundation::UserDefaults& defaults = *surroundings.defaults;
-    std::vector<std::string> corrupt =
-        defaults.strings(kListKey).value_or(std::vector<std::string>{});
-    if (const auto culprit = defaults.string(kMarkKey)) {
+    defaults.refresh();
+    std::vector<std::string> corrupt = corruptFonts(defaults);
+    const bool isMarkAnothers = isOtherBuilding(defaults);
+    if (const auto culprit = defaults.string(kMarkKey); culprit && !isMarkAnothers) {
         if (!holds(corrupt, *culprit)) {
             corrupt.push_back(*culprit);
             defaults.set(kListKey, corrupt);
@@ -48,12 +64,18 @@ CrashGuard::CrashGuard(const node::Surroundings& world, const std::string& fontN
         defaults.remove(kMarkKey);
     }
     isListed = holds(corrupt, fontName);
-    if (!isListed)
-        defaults.set(kMarkKey, fontName);
+    hasMark = !isListed && !isMarkAnothers;
+    if (hasMark)
+        setMark(defaults, fontName);
 }
 
 CrashGuard::~CrashGuard() {
-    removeMark(surroundings);
+    if (hasMark)
+        surroundings.defaults->remove(kMarkKey);
+}
+
+std::vector<std::string> CrashGuard::corruptFonts(const foundation::UserDefaults& defaults) {
+    return defaults.strings(kListKey).value_or(std::vector<std::string>{});
 }
 
 void CrashGuard::removeMark(const node::Surroundings& world) {

@@ -4,6 +4,7 @@
 #include "node/Surroundings.h"
 
 #include <string>
+#include <vector>
 
 namespace zelvo::content {
 
@@ -16,6 +17,9 @@ namespace zelvo::content {
 ///                                                 // the guard's destructor removes the mark
 ///
 /// A font found in this way stays in a list and is not guarded again. The user is told once.
+///
+/// There is one mark for all windows of the program. While another window builds letters, its mark
+/// is left alone, and this build has none.
 class CrashGuard {
 public:
     CrashGuard(const node::Surroundings& world, const std::string& fontName);
@@ -28,9 +32,14 @@ public:
     /// Removes the mark without a build.
     static void removeMark(const node::Surroundings& world);
 
+    /// The names of the fonts that crashed the process.
+    [[nodiscard]] static std::vector<std::string>
+    corruptFonts(const foundation::UserDefaults& defaults);
+
 private:
     const node::Surroundings& surroundings;
     bool isListed = false;
+    bool hasMark = false;
 };
 
 } // namespace zelvo::content

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "content/CrashGuard.h"
+
 #include "content/TextNode.h"
 #include "platform/geometry/Extrusion.h"
 #include "platform/scene/SCNShapes.h"
@@ -6,7 +8,10 @@
 #include "support/TestWorld.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <array>
 #include <csignal>
 #include <filesystem>
 
@@ -129,6 +134,37 @@ TEST_F(CrashGuardDeathTest, LeavesNoMarkBehindABuildThatEnds) {
     EXPECT_EQ(onDisk().string("PotentialCorruptFontName"), std::nullopt);
     EXPECT_EQ(onDisk().strings("CorruptFontNames"), std::nullopt)
         << "a text without letters builds nothing";
+}
+
+TEST_F(CrashGuardDeathTest, LeavesTheMarkOfAnotherWindowAlone) {
+    std::array<int, 2> line{};
+    ASSERT_EQ(pipe(line.data()), 0);
+    const pid_t window = fork();
+    if (window == 0) { // builds letters until it is ended
+        TestWorld other(onDisk());
+        const node::Surroundings around = other.surroundings();
+        const CrashGuard building(around, kDeadlyFont);
+        static_cast<void>(write(line[1], "", 1));
+        pause();
+    }
+    char hasBegun = 1;
+    ASSERT_EQ(read(line[0], &hasBegun, 1), 1);
+
+    TestWorld world(onDisk());
+    const node::Surroundings around = world.surroundings();
+    const auto build = [&] {
+        const CrashGuard guard(around, kHarmlessFont);
+        world.runLoop.drain();
+    };
+    build();
+    EXPECT_EQ(onDisk().string("PotentialCorruptFontName"), kDeadlyFont);
+    EXPECT_TRUE(world.alerts.empty());
+
+    kill(window, SIGKILL);
+    ASSERT_EQ(waitpid(window, nullptr, 0), window);
+    build();
+    EXPECT_EQ(world.alerts.size(), 1U) << "now it has crashed";
+    EXPECT_EQ(onDisk().string("PotentialCorruptFontName"), std::nullopt);
 }
 
 } // namespace

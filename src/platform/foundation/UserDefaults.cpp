@@ -112,16 +112,19 @@ std::optional<double> UserDefaults::number(const std::string& key) const {
     return valueOf<double>(values, key);
 }
 
-void UserDefaults::set(const std::string& key, Value value) {
+void UserDefaults::refresh() {
     if (!hasReportedUnwritable) // else the file is older than what is in memory
         takeChangesOfOthers(values, file);
+}
+
+void UserDefaults::set(const std::string& key, Value value) {
+    refresh();
     values[key] = std::move(value);
     save();
 }
 
 void UserDefaults::remove(const std::string& key) {
-    if (!hasReportedUnwritable)
-        takeChangesOfOthers(values, file);
+    refresh();
     if (values.erase(key) > 0)
         save();
 }

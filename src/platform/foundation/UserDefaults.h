@@ -31,6 +31,9 @@ public:
     void set(const std::string& key, Value value);
     void remove(const std::string& key);
 
+    /// Takes over what other windows of the program have changed since the last change here.
+    void refresh();
+
 private:
     void save();
 
