@@ -4,9 +4,13 @@
 #include "platform/text/FontFace.h"
 #include "platform/text/LineLayout.h"
 #include "support/TemporaryFolder.h"
+#include "text/FontForms.h"
 #include "text/TestFonts.h"
 
+#include <gmock/gmock.h>
+
 #include <cmath>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 
@@ -16,7 +20,7 @@ namespace {
 
 using foundation::Cause;
 
-TEST(FontRegistry, FindsByPostScriptNameThenFullNameThenFamilyThenAlias) {
+TEST(FontRegistry, FindsByPostScriptNameThenFullNameThenAliasThenFamily) {
     FontRegistry registry;
     EXPECT_EQ(registry.find("Geo-Regular"), nullptr);
     EXPECT_EQ(registry.fallback(), nullptr);
@@ -51,6 +55,59 @@ TEST(FontRegistry, FindsByPostScriptNameThenFullNameThenFamilyThenAlias) {
     registry.unregisterFile(fontFile("Geo-Regular"));
     EXPECT_EQ(registry.find("Squares"), nullptr);
     EXPECT_NE(registry.find("Geo-Oblique"), nullptr);
+}
+
+TEST(FontRegistry, AddedFontsTakeNoNameAwayAndAnswerForTheirFamilyLast) {
+    FontRegistry registry;
+    ASSERT_TRUE(registry.registerFile(fontFile("Abel-Regular"), {"Geo-Regular", "Quicksand"}));
+    registry.setLookup([&registry](std::string_view name) {
+        if (name == "Orbitron Regular") {
+            ASSERT_TRUE(registry.addFace(fontFile("Orbitron-Regular"), 0, std::string(name)));
+        }
+    });
+    for (const char* added : {"Geo-Regular", "Quicksand-Bold", "Orbitron-Bold"})
+        ASSERT_TRUE(registry.addFile(fontFile(added)));
+    const auto found = [&registry](std::string_view name) {
+        const FontPtr font = registry.find(name);
+        return font ? font->postScriptName() : "none";
+    };
+    EXPECT_EQ(found("Geo-Regular"), "Abel-Regular");
+    EXPECT_EQ(found("Quicksand"), "Abel-Regular");
+    EXPECT_EQ(found("Orbitron"), "Orbitron-Bold") << "there is no other of this family yet";
+    EXPECT_EQ(found("Orbitron Regular"), "Orbitron-Regular");
+    EXPECT_EQ(found("Geo"), "Geo-Regular") << "its full name";
+    EXPECT_EQ(found("Nobody's"), "none");
+}
+
+TEST(FontRegistry, ReadsCollectionsAndFontsForTheWeb) {
+    const std::string geo = test::bytesOf(fontFile("Geo-Regular"));
+    const std::string abel = test::bytesOf(fontFile("Abel-Regular"));
+    const test::TemporaryFolder folder;
+    const auto packed = folder.path() / "Geo.ttf";
+    std::ofstream(packed, std::ios::binary) << geo;
+    ASSERT_EQ(std::system(("woff2_compress " + packed.string() + " >/dev/null 2>&1").c_str()), 0);
+
+    const auto both = readFaces(test::collectionOf({geo, test::withoutName(abel), abel}));
+    ASSERT_TRUE(both) << both.error().message;
+    ASSERT_EQ(both->size(), 2U) << "a face without a name is left out";
+    EXPECT_EQ((*both)[1]->postScriptName(), "Abel-Regular");
+    EXPECT_EQ((*both)[1]->faceIndex(), 2U);
+    const auto outline = [](const std::shared_ptr<const FontFace>& face) {
+        return outlineOf("g", {.font = face}).elements().size();
+    };
+    for (const std::string& web :
+         {test::webFontOf(geo), test::bytesOf(folder.path() / "Geo.woff2")}) {
+        const auto faces = readFaces(web);
+        ASSERT_TRUE(faces) << faces.error().message;
+        EXPECT_EQ(faces->front()->fullName(), "Geo");
+        EXPECT_EQ(outline(faces->front()), outline(both->front()));
+        EXPECT_FALSE(readFaces(web.substr(0, web.size() / 2)));
+    }
+    std::string hugeClaim = test::webFontOf(geo);
+    hugeClaim.replace(16, 4, test::bigEndian(kMaxFontFile + 1));
+    EXPECT_EQ(readFaces(hugeClaim).error().cause, Cause::tooLarge);
+    EXPECT_THAT(
+        readFaces(test::withoutName(geo)).error().message, testing::HasSubstr("without a name"));
 }
 
 TEST(FontRegistry, SaysWhatIsWrongWithAFile) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/text/FontFace.h"
 
+#include "platform/text/WebFont.h"
+
 #include <hb-ot.h>
 #include <hb.h>
 
@@ -158,6 +160,10 @@ geometry::BezierPath FontFace::outline(std::uint32_t glyph, double size) const {
     return pen.isOverfull ? BezierPath{} : std::move(pen.path);
 }
 
+unsigned FontFace::faceIndex() const {
+    return hb_face_get_index(face.get());
+}
+
 double FontFace::unitsPerEm() const {
     return hb_face_get_upem(face.get());
 }
@@ -184,34 +190,77 @@ std::uint32_t FontFace::drawnGlyph(char32_t character) const {
     return isDrawn ? glyph : 0;
 }
 
-foundation::Result<std::vector<std::shared_ptr<const FontFace>>> readFaces(std::string bytes) {
-    if (bytes.size() > kMaxFontFile) {
-        return foundation::fail(
-            foundation::Cause::tooLarge, "is over 64 MiB, more than a font file may have");
-    }
+namespace {
+
+using Faces = std::vector<std::shared_ptr<const FontFace>>;
+using foundation::Cause;
+
+bool hasTable(hb_face_t* face, hb_tag_t tag) {
+    hb_blob_t* const table = hb_face_reference_table(face, tag);
+    const bool isThere = hb_blob_get_length(table) > 0;
+    hb_blob_destroy(table);
+    return isThere;
+}
+
+// A font of pictures (emoji) has glyphs, but nothing that can become a solid.
+bool hasOutlines(hb_face_t* face) {
+    return hb_face_get_glyph_count(face) > 0 && (hasTable(face, HB_TAG('g', 'l', 'y', 'f')) ||
+                                                 hasTable(face, HB_TAG('C', 'F', 'F', ' ')) ||
+                                                 hasTable(face, HB_TAG('C', 'F', 'F', '2')));
+}
+
+hb_blob_t* ownedBlob(std::string bytes) {
     auto kept = std::make_unique<std::string>(std::move(bytes));
     const char* data = kept->data();
     const auto size = static_cast<unsigned>(kept->size());
-    hb_blob_t* blob =
-        hb_blob_create(data, size, HB_MEMORY_MODE_READONLY, kept.release(), [](void* text) {
-            delete static_cast<std::string*>(text); // NOLINT: HarfBuzz owns it
-        });
-    std::vector<std::shared_ptr<const FontFace>> faces;
+    return hb_blob_create(data, size, HB_MEMORY_MODE_READONLY, kept.release(), [](void* text) {
+        delete static_cast<std::string*>(text); // NOLINT: HarfBuzz owns it
+    });
+}
+
+// Tells a font that lacks something from what is no font at all.
+struct Lack {
+    bool isNameless = false;
+    bool isWithoutOutlines = false;
+
+    [[nodiscard]] const char* text() const {
+        if (isNameless)
+            return "is a font without a name, so it could not be found; use another copy of it";
+        if (isWithoutOutlines)
+            return "is a font of pictures, without outlines that could become solids";
+        return "is no TrueType or OpenType font, or is damaged; use another copy of it";
+    }
+};
+
+foundation::Result<Faces> facesIn(std::string bytes) {
+    hb_blob_t* const blob = ownedBlob(std::move(bytes));
+    Faces faces;
+    Lack lack;
     const unsigned count = std::min(hb_face_count(blob), kMaxFaces);
     for (unsigned i = 0; i < count; ++i) {
         auto face = std::make_shared<const FontFace>(hb_face_create(blob, i));
-        const bool hasGlyphs = hb_face_get_glyph_count(hb_font_get_face(face->handle())) > 0;
-        const bool hasName = !face->postScriptName().empty() || !face->fullName().empty();
-        if (hasGlyphs && hasName)
+        hb_face_t* const handle = hb_font_get_face(face->handle());
+        const bool hasName = !shownName(*face).empty();
+        if (hasName && hasOutlines(handle)) {
             faces.push_back(std::move(face));
+        } else if (hb_face_get_glyph_count(handle) > 0) {
+            (hasName ? lack.isWithoutOutlines : lack.isNameless) = true;
+        }
     }
     hb_blob_destroy(blob);
-    if (faces.empty()) {
-        return foundation::fail(
-            foundation::Cause::malformed,
-            "is no TrueType or OpenType font, or is damaged; use another copy of it");
-    }
+    if (faces.empty())
+        return foundation::fail(Cause::malformed, lack.text());
     return faces;
+}
+
+} // namespace
+
+foundation::Result<Faces> readFaces(std::string bytes) {
+    if (bytes.size() > kMaxFontFile)
+        return foundation::fail(Cause::tooLarge, "is over 64 MiB, more than a font file may have");
+    if (isWebFont(bytes))
+        return unpackWebFont(bytes).and_then(facesIn);
+    return facesIn(std::move(bytes));
 }
 
 } // namespace zelvo::text

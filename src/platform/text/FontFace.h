@@ -34,6 +34,8 @@ public:
 
     [[nodiscard]] const std::string& family() const override { return family_; }
 
+    [[nodiscard]] unsigned faceIndex() const override;
+
     [[nodiscard]] geometry::BezierPath outline(std::uint32_t glyph, double size) const override;
 
     [[nodiscard]] Metrics metrics() const;
@@ -62,7 +64,9 @@ private:
     std::string family_;
 };
 
-/// Reads the faces in a font file's bytes; at least one. Errors: `malformed`, `tooLarge`.
+/// Reads the faces in a font file's bytes; at least one. TrueType and OpenType fonts, collections of
+/// them, and their packed forms for the web (WOFF, WOFF2). Faces without a name or without outlines
+/// are left out. Errors: `malformed`, `tooLarge`.
 [[nodiscard]] foundation::Result<std::vector<std::shared_ptr<const FontFace>>>
 readFaces(std::string bytes);
 

@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <array>
 #include <fstream>
+#include <span>
 #include <system_error>
+#include <utility>
 
 namespace zelvo::text {
 
@@ -16,41 +18,91 @@ using foundation::Cause;
 using foundation::Result;
 using Faces = std::vector<std::shared_ptr<const FontFace>>;
 
-Result<std::string> readBytes(const std::filesystem::path& file) {
-    std::error_code error;
-    if (!std::filesystem::exists(file, error)) {
-        return foundation::fail(Cause::notFound, "there is no such file");
-    }
-    const auto size = std::filesystem::file_size(file, error);
-    if (error)
-        return foundation::fail(Cause::unreadable, "is no file that can be read");
-    if (size > kMaxFontFile) {
-        return foundation::fail(Cause::tooLarge, "is over 64 MiB, more than a font file may have");
-    }
-    std::ifstream in(file, std::ios::binary);
-    std::string bytes(size, '\0');
-    in.read(bytes.data(), static_cast<std::streamsize>(size));
-    if (!in)
-        return foundation::fail(Cause::unreadable, "cannot be read; check its permissions");
-    return bytes;
-}
-
 Result<Faces> readFile(const std::filesystem::path& file) {
-    return readBytes(file).and_then(readFaces).map_error(
+    return readFontBytes(file).and_then(readFaces).map_error(
         [&file](const foundation::Error& error) { return error.in(file.string()); });
 }
 
+enum class Origin { program, added };
+
 struct Entry {
     std::filesystem::path file;
+    Origin origin;
     std::shared_ptr<const FontFace> face;
     std::vector<std::string> aliases;
 };
+
+using Match = bool (*)(const Entry&, std::string_view);
+
+bool matchesPostScript(const Entry& entry, std::string_view asked) {
+    return entry.face->postScriptName() == asked;
+}
+
+bool matchesFullName(const Entry& entry, std::string_view asked) {
+    return entry.face->fullName() == asked;
+}
+
+bool matchesFamily(const Entry& entry, std::string_view asked) {
+    return entry.face->family() == asked;
+}
+
+bool matchesAlias(const Entry& entry, std::string_view asked) {
+    return std::ranges::find(entry.aliases, asked) != entry.aliases.end();
+}
+
+struct Step {
+    Origin origin;
+    Match matches;
+};
+
+constexpr auto kKnown = std::to_array<Step>({
+    {Origin::program, &matchesPostScript},
+    {Origin::program, &matchesFullName},
+    {Origin::program, &matchesAlias},
+    {Origin::added, &matchesPostScript},
+    {Origin::added, &matchesFullName},
+    {Origin::added, &matchesAlias},
+});
+constexpr auto kFamilies = std::to_array<Step>({
+    {Origin::program, &matchesFamily},
+    {Origin::added, &matchesFamily},
+});
+
+FontPtr
+firstMatch(std::span<const Step> steps, const std::vector<Entry>& entries, std::string_view name) {
+    for (const Step& step : steps) {
+        const auto found = std::ranges::find_if(entries, [&](const Entry& entry) {
+            return entry.origin == step.origin && step.matches(entry, name);
+        });
+        if (found != entries.end())
+            return found->face;
+    }
+    return nullptr;
+}
 
 } // namespace
 
 struct FontRegistry::State {
     std::vector<Entry> entries;
     std::vector<FontPtr> fallbacks;
+    Lookup lookup;
+
+    Result<void> read(
+        const std::filesystem::path& file, Origin origin, const std::vector<std::string>& aliases) {
+        Result<Faces> faces = readFile(file);
+        if (!faces)
+            return tl::unexpected(faces.error());
+        remove(file);
+        for (const auto& face : *faces)
+            entries.push_back({file.lexically_normal(), origin, face, aliases});
+        return {};
+    }
+
+    void remove(const std::filesystem::path& file) {
+        std::erase_if(entries, [normal = file.lexically_normal()](const Entry& entry) {
+            return entry.file == normal;
+        });
+    }
 };
 
 FontRegistry::FontRegistry()
@@ -60,44 +112,57 @@ FontRegistry::~FontRegistry() = default;
 
 Result<void> FontRegistry::registerFile(
     const std::filesystem::path& file, const std::vector<std::string>& aliases) {
-    Result<Faces> faces = readFile(file);
-    if (!faces)
-        return tl::unexpected(faces.error());
-    unregisterFile(file);
-    for (const auto& face : *faces) {
-        state->entries.push_back({file.lexically_normal(), face, aliases});
+    return state->read(file, Origin::program, aliases);
+}
+
+Result<void> FontRegistry::addFile(const std::filesystem::path& file) {
+    return state->read(file, Origin::added, {});
+}
+
+Result<void> FontRegistry::addFace(
+    const std::filesystem::path& file, unsigned faceIndex, const std::string& alias) {
+    const auto normal = file.lexically_normal();
+    if (facesOf(normal).empty()) {
+        if (auto added = addFile(normal); !added)
+            return added;
+    }
+    for (Entry& entry : state->entries) {
+        if (entry.file == normal && entry.face->faceIndex() == faceIndex)
+            entry.aliases.push_back(alias);
     }
     return {};
 }
 
 void FontRegistry::unregisterFile(const std::filesystem::path& file) {
-    std::erase_if(state->entries, [normal = file.lexically_normal()](const Entry& entry) {
-        return entry.file == normal;
-    });
+    state->remove(file);
+}
+
+std::vector<FontPtr> FontRegistry::facesOf(const std::filesystem::path& file) const {
+    std::vector<FontPtr> faces;
+    for (const Entry& entry : state->entries) {
+        if (entry.file == file.lexically_normal())
+            faces.push_back(entry.face);
+    }
+    return faces;
+}
+
+void FontRegistry::setLookup(Lookup lookup) {
+    state->lookup = std::move(lookup);
+}
+
+FontPtr FontRegistry::findKnown(std::string_view name) const {
+    return name.empty() ? nullptr : firstMatch(kKnown, state->entries, name);
 }
 
 FontPtr FontRegistry::find(std::string_view name) const {
-    using Match = bool (*)(const Entry&, std::string_view);
-    constexpr auto kMatches = std::to_array<Match>({
-        [](const Entry& entry, std::string_view asked) {
-            return entry.face->postScriptName() == asked;
-        },
-        [](const Entry& entry, std::string_view asked) { return entry.face->fullName() == asked; },
-        [](const Entry& entry, std::string_view asked) { return entry.face->family() == asked; },
-        [](const Entry& entry, std::string_view asked) {
-            return std::find(entry.aliases.begin(), entry.aliases.end(), asked) !=
-                   entry.aliases.end();
-        },
-    });
-    if (name.empty())
-        return nullptr;
-    for (const Match matches : kMatches) {
-        for (const Entry& entry : state->entries) {
-            if (matches(entry, name))
-                return entry.face;
-        }
+    FontPtr found = findKnown(name);
+    if (found || name.empty())
+        return found;
+    if (state->lookup) {
+        state->lookup(name);
+        found = findKnown(name);
     }
-    return nullptr;
+    return found ? found : firstMatch(kFamilies, state->entries, name);
 }
 
 std::vector<FontPtr> FontRegistry::fallbacks() const {
@@ -116,11 +181,39 @@ FontPtr FontRegistry::fallback() const {
     return fonts.empty() ? nullptr : fonts.front();
 }
 
-Result<std::string> fullNameOfFile(const std::filesystem::path& file) {
-    return readFile(file).map([](const Faces& faces) {
-        const FontFace& face = *faces.front();
-        return face.fullName().empty() ? face.postScriptName() : face.fullName();
+const std::string& shownName(const Font& font) {
+    return font.fullName().empty() ? font.postScriptName() : font.fullName();
+}
+
+Result<std::string> readFontBytes(const std::filesystem::path& file) {
+    std::error_code error;
+    if (!std::filesystem::exists(file, error)) {
+        return foundation::fail(Cause::notFound, "there is no such file");
+    }
+    const auto size = std::filesystem::file_size(file, error);
+    if (error)
+        return foundation::fail(Cause::unreadable, "is no file that can be read");
+    if (size > kMaxFontFile) {
+        return foundation::fail(Cause::tooLarge, "is over 64 MiB, more than a font file may have");
+    }
+    std::ifstream in(file, std::ios::binary);
+    std::string bytes(size, '\0');
+    in.read(bytes.data(), static_cast<std::streamsize>(size));
+    if (!in)
+        return foundation::fail(Cause::unreadable, "cannot be read; check its permissions");
+    return bytes;
+}
+
+Result<std::string> nameOfFontBytes(std::string bytes) {
+    return readFaces(std::move(bytes)).map([](const Faces& faces) {
+        return shownName(*faces.front());
     });
+}
+
+Result<std::string> fullNameOfFile(const std::filesystem::path& file) {
+    return readFontBytes(file)
+        .and_then(nameOfFontBytes)
+        .map_error([&file](const foundation::Error& error) { return error.in(file.string()); });
 }
 
 } // namespace zelvo::text
