@@ -49,6 +49,67 @@
     </message>
 </context>
 <context>
+    <name>FontDialog</name>
+    <message>
+        <source>Import Fonts</source>
+        <translation>Schriften importieren</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+</context>
+<context>
+    <name>FontImport</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Howto</source>
+        <translation>So geht’s</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>No imported fonts</source>
+        <translation>Keine importierten Schriften</translation>
+    </message>
+</context>
+<context>
+    <name>FontImporter</name>
+    <message>
+        <source>%1 Font(s) installed</source>
+        <translation>%1 Schrift(en) installiert</translation>
+    </message>
+    <message>
+        <source>Do you want to install %1 fonts?</source>
+        <translation>Möchten Sie %1 Schriften installieren?</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Unsupported file.</source>
+        <translation>Diese Datei wird nicht unterstützt.</translation>
+    </message>
+    <message>
+        <source>There is a font named “%1” already.</source>
+        <translation>Es gibt schon eine Schrift mit dem Namen „%1“.</translation>
+    </message>
+    <message>
+        <source>No Fonts Found</source>
+        <translation>Keine Schriften gefunden</translation>
+    </message>
+</context>
+<context>
     <name>HexField</name>
     <message>
         <source>Hex</source>
@@ -72,17 +133,6 @@
     <message>
         <source>No actions</source>
         <translation>Keine Aktionen</translation>
-    </message>
-</context>
-<context>
-    <name>HistoryRow</name>
-    <message>
-        <source>Delete</source>
-        <translation>Löschen</translation>
-    </message>
-    <message>
-        <source>Delete %1</source>
-        <translation>%1 löschen</translation>
     </message>
 </context>
 <context>
@@ -162,6 +212,17 @@
     <message>
         <source>The stage</source>
         <translation>Die Bühne</translation>
+    </message>
+</context>
+<context>
+    <name>SwipeRow</name>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Delete %1</source>
+        <translation>%1 löschen</translation>
     </message>
 </context>
 <context>
@@ -273,6 +334,37 @@
     <message>
         <source>Error</source>
         <translation>Fehler</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::FontImportViewController</name>
+    <message>
+        <source>Imported Fonts (%1)</source>
+        <translation>Importierte Schriften (%1)</translation>
+    </message>
+    <message>
+        <source>Fonts and archives (%1)</source>
+        <translation>Schriften und Archive (%1)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>You can install fonts easily with Safari / Mail using the integrated &apos;open in / share&apos; service.</source>
+        <translation>Schriften lassen sich leicht aus Safari / Mail installieren, über „Öffnen in / Teilen“.</translation>
+    </message>
+    <message>
+        <source>OTF (OpenType Format) and TTF (TrueType Format) fonts are supported, even when zipped.</source>
+        <translation>OTF (OpenType Format) und TTF (TrueType Format) werden unterstützt, auch in einem ZIP-Archiv.</translation>
+    </message>
+    <message>
+        <source>NOTE: Before you install / use a font, make sure you have the proper license for it.</source>
+        <translation>HINWEIS: Bevor Sie eine Schrift installieren oder verwenden, vergewissern Sie sich, dass Sie die Lizenz dafür haben.</translation>
+    </message>
+    <message>
+        <source>How to install fonts</source>
+        <translation>So werden Schriften installiert</translation>
     </message>
 </context>
 <context>

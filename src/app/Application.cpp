@@ -4,7 +4,6 @@
 #include "app/Commands.h"
 #include "app/Stopwatch.h"
 #include "app/WindowPlace.h"
-#include "content/FontManager.h"
 #include "export/RendererFrames.h"
 #include "platform/foundation/Console.h"
 #include "platform/foundation/Random.h"
@@ -65,10 +64,11 @@ void keepFrameOnScreen(QQuickWindow& window) {
 
 Application::Application(const foundation::Folders& folders)
     : defaults(folders.config / "defaults.json")
+    , fontManager(fonts, folders)
     , nodes(surroundings())
     , model_(modelServices(folders))
     , hasSound(activateSound())
-    , main({model_, runLoop_, defaults, alerts}) {
+    , main({model_, runLoop_, defaults, alerts, fontManager}) {
     foundation::seedRandom(std::random_device{}());
     ui::installViews();
     engine.setInitialProperties({{"main", QVariant::fromValue(&main)}});
@@ -84,7 +84,7 @@ Application::~Application() {
 }
 
 node::Surroundings Application::surroundings() {
-    content::FontManager(fonts).registerBuiltIns(foundation::mainBundle());
+    fontManager.registerBuiltIns(foundation::mainBundle());
     return {
         &fonts,
         &defaults,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "content/FontManager.h"
 #include "model/Model.h"
 #include "platform/foundation/Folders.h"
 #include "platform/foundation/RunLoop.h"
@@ -36,6 +37,7 @@ private:
     foundation::UserDefaults defaults;
     ui::Alerts alerts;
     text::FontRegistry fonts;
+    content::FontManager fontManager;
     stage::Nodes nodes;
     model::Model model_;
     bool hasSound; ///< stands here because sound must start before the main screen

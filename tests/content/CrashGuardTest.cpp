@@ -144,7 +144,7 @@ TEST_F(CrashGuardDeathTest, LeavesTheMarkOfAnotherWindowAlone) {
         TestWorld other(onDisk());
         const node::Surroundings around = other.surroundings();
         const CrashGuard building(around, kDeadlyFont);
-        static_cast<void>(write(line[1], "", 1));
+        EXPECT_EQ(write(line[1], "", 1), 1);
         pause();
     }
     char hasBegun = 1;

@@ -49,13 +49,16 @@ protected:
 
     TestWorld world;
     TemporaryFolder folder;
+    const foundation::Folders folders = foundation::Folders::below(folder.path());
+    text::FontRegistry addedFonts; ///< without the built-in ones
+    content::FontManager fontManager{addedFonts, folders};
     stage::Nodes nodes{world.surroundings()};
     FakeRendering rendering;
     scene::HeadlessView view;
     model::Model model{
         {.runLoop = world.runLoop,
          .nodes = nodes,
-         .folders = foundation::Folders::below(folder.path()),
+         .folders = folders,
          .makeFrames = [this] { return std::make_unique<FakeFrames>(rendering); },
          .makeAudioOutput = {},
          .showAlert = {}}};

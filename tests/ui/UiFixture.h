@@ -39,7 +39,7 @@ protected:
     }
 
     ui::Alerts alerts;
-    ui::Services services{model, world.runLoop, world.defaults, alerts};
+    ui::Services services{model, world.runLoop, world.defaults, alerts, fontManager};
 };
 
 } // namespace zelvo::test

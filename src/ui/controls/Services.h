@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+namespace zelvo::content {
+class FontManager;
+}
+
 namespace zelvo::model {
 class Model;
 }
@@ -20,6 +24,7 @@ struct Services {
     foundation::RunLoop& runLoop;
     foundation::UserDefaults& defaults;
     Alerts& alerts;
+    content::FontManager& fonts;
 };
 
 } // namespace zelvo::ui

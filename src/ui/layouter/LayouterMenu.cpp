@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/layouter/LayouterMenu.h"
 
+#include "content/FontManager.h"
 #include "model/Model.h"
+#include "platform/foundation/RunLoop.h"
 
 #include <array>
 #include <utility>
@@ -45,6 +47,8 @@ LayouterMenu::LayouterMenu(const Services& given, QObject* parent)
             isBelow ? node::NamePlace::below : node::NamePlace::above);
     }
     services.model.actionController().resetAll(actions::CameraHandles::include);
+    services.fonts.fontsInstalled.subscribe(lifetime, [this] { fontsHaveChanged(); });
+    services.fonts.fontsChanged.subscribe(lifetime, [this] { fontsHaveChanged(); });
     refresh();
 }
 
@@ -91,6 +95,28 @@ void LayouterMenu::backButtonClicked() {
 void LayouterMenu::writeAction() {
     writing = isText(currentNode_);
     Q_EMIT writingChanged();
+}
+
+void LayouterMenu::showFontImport() {
+    if (presentFontImport)
+        presentFontImport();
+}
+
+void LayouterMenu::fontImported(const std::string& name) {
+    if (const auto node = std::dynamic_pointer_cast<content::TextNode>(currentNode_))
+        node->setFontName(name);
+    fontsHaveChanged();
+}
+
+/// Many fonts may come at once; the list is made anew after the last one.
+void LayouterMenu::fontsHaveChanged() {
+    if (std::exchange(isFontListOld, true))
+        return;
+    services.runLoop.post(lifetime.guard([this] {
+        isFontListOld = false;
+        if (currentOption_ == CurrentOption::font)
+            refresh();
+    }));
 }
 
 void LayouterMenu::textFieldDidChange(const QString& text) {

@@ -7,6 +7,7 @@
 #include "ui/controls/HighlightButton.h"
 #include "ui/controls/Services.h"
 #include "ui/controls/TabStackView.h"
+#include "ui/imports/FontImportViewController.h"
 #include "ui/layouter/Inspirator.h"
 #include "ui/layouter/NodePicker.h"
 
@@ -15,7 +16,9 @@
 #include <QtQml/qqmlregistration.h>
 
 #include <array>
+#include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace zelvo::ui {
@@ -45,7 +48,9 @@ enum class CurrentOption {
 ///       └──Background, Audio──> theirs ──back──> root
 ///
 /// The strip of the root is the Inspirator.
-class LayouterMenu final : public QObject, public GestureDelegate {
+class LayouterMenu final : public QObject,
+                           public GestureDelegate,
+                           public FontImportViewControllerDelegate {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("")
@@ -108,6 +113,14 @@ public:
     /// Tells what a press would do.
     [[nodiscard]] Qt::CursorShape cursor() const { return cursor_; }
 
+    /// Opens the screen of imported fonts; set by the owner.
+    std::function<void()> presentFontImport;
+    Q_INVOKABLE void showFontImport();
+    /// The user has picked a font there for the selected text.
+    void fontImported(const std::string& name) override;
+
+    [[nodiscard]] const foundation::Lifetime& ownLifetime() const { return lifetime; }
+
     /// Opens the text field for the selected text.
     void writeAction();
     Q_INVOKABLE void textFieldDidChange(const QString& text);
@@ -163,6 +176,7 @@ private:
     void refresh();
     void rebuildTabs();
     void showOutlines() const;
+    void fontsHaveChanged();
     [[nodiscard]] node::NodePtr hit(const StagePlace& place) const;
     void drag(const PanGesture& pan);
     void resize(float scale);
@@ -192,6 +206,7 @@ private:
     QString audioTitle_;
     int wantedScene = -1; ///< chosen last, and shown soon
     bool writing = false;
+    bool isFontListOld = false; ///< and will be made anew in the next turn of the loop
     CameraGestures cameraGestures;
     glm::vec2 previousLocation{0};             ///< of a drag
     node::NodePtr hittedNodeWhileBeganPanning; ///< null: the drag moves the camera

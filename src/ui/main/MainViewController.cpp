@@ -4,6 +4,7 @@
 #include "model/Model.h"
 #include "platform/foundation/Folders.h"
 #include "ui/controls/Alerts.h"
+#include "ui/imports/FontImportViewController.h"
 #include "ui/layouter/LayouterMenu.h"
 #include "ui/main/FileSystem.h"
 #include "ui/menus/ActionsMenu.h"
@@ -130,6 +131,7 @@ void MainViewController::showLayouterMenu() {
     auto menu = std::make_unique<LayouterMenu>(services);
     menu->inspirator.fadeScene =
         lifetime.guard([this](double alpha, double seconds) { fadeScene(alpha, seconds); });
+    menu->presentFontImport = lifetime.guard([this] { showFontImport(); });
     LayouterMenu& panel = *menu;
     setPanel(menu.release(), kStylePanel);
     gestureDelegate = &panel;
@@ -228,6 +230,20 @@ void MainViewController::showExport() {
     connect(
         sheet.get(), &ExportViewController::dismissed, this, &MainViewController::dismissScreen);
     present(sheet.release(), "Export");
+}
+
+void MainViewController::showFontImport() {
+    if (screen_)
+        return;
+    auto sheet = std::make_unique<FontImportViewController>(services);
+    if (auto* const menu = qobject_cast<LayouterMenu*>(panel()); menu != nullptr)
+        sheet->setDelegate(*menu, menu->ownLifetime());
+    connect(
+        sheet.get(),
+        &FontImportViewController::dismissed,
+        this,
+        &MainViewController::dismissScreen);
+    present(sheet.release(), "FontImport");
 }
 
 bool MainViewController::openURL(const QUrl& url) {

@@ -93,6 +93,8 @@ public:
     void shareAction();
     /// Recording and export are only possible while the catalogue is shown.
     void setEditing(bool enabled);
+    /// Opens the screen of imported fonts for the style panel.
+    void showFontImport();
     /// Whether the program has accepted the file.
     Q_INVOKABLE bool openURL(const QUrl& url);
 

@@ -120,6 +120,7 @@ FocusScope {
     component AlertText: Text {
         width: parent.width
         horizontalAlignment: Text.AlignHCenter
+        textFormat: Text.PlainText // names of files are not markup
         wrapMode: Text.Wrap
     }
 }

@@ -60,7 +60,7 @@ protected:
     }
 
     Alerts alerts;
-    Services services{model, world.runLoop, world.defaults, alerts};
+    Services services{model, world.runLoop, world.defaults, alerts, fontManager};
     LayouterMenu menu{services};
 };
 
