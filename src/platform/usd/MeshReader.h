@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/object/Polygons.h"
+#include "platform/usd/Primvar.h"
+#include "platform/usd/Stage.h"
+#include "platform/usd/Surface.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zelvo::usd {
+
+/// Makes polygons of one mesh. Faces that are holes, or refer to points that are not there, are left
+/// out.
+class MeshReader {
+public:
+    MeshReader(const Prim& prim, SurfaceReader& source)
+        : mesh(prim)
+        , surfaces(source) {}
+
+    [[nodiscard]] object::Polygons read();
+
+private:
+    struct Face {
+        std::size_t number = 0; ///< in the file, also of the faces that are left out
+        std::size_t firstCorner = 0;
+        std::size_t cornerCount = 0;
+    };
+
+    /// The texture coordinates of one primvar, and where they begin among all.
+    struct Coordinates {
+        Primvar values;
+        std::uint32_t first = 0;
+    };
+
+    /// What colours a face: a primvar, or one constant.
+    struct Colors {
+        std::optional<Primvar> color;
+        std::optional<Primvar> opacity;
+    };
+
+    void readPoints();
+    void readFaces();
+    [[nodiscard]] bool isSound(const Face& face) const;
+    void assignSurfaces();
+    void readNormals();
+    void addFace(const Face& face, bool isReversed);
+    void addColor(const CornerPlace& place, const Surface* surface);
+    [[nodiscard]] const Coordinates* coordinatesFor(const Surface* surface);
+    [[nodiscard]] std::string coordinatesName(const Surface* surface) const;
+    [[nodiscard]] const Colors& colorsFor(const std::string& name);
+
+    const Prim& mesh;
+    SurfaceReader& surfaces;
+    object::Polygons polygons;
+    IntArray indices;
+    std::vector<Face> faces;
+    MeshCounts counts;
+    std::vector<const Surface*> surfaceOf; ///< by a face's number; null: none
+    bool hasColors = false;
+    std::optional<Primvar> normals;
+    std::map<std::string, std::optional<Coordinates>> coordinates;
+    std::map<std::string, Colors> colors;
+};
+
+} // namespace zelvo::usd
