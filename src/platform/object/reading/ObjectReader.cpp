@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/object/reading/ObjectReader.h"
 
+#include "platform/object/reading/GLTFReader.h"
 #include "platform/object/reading/OBJReader.h"
+#include "platform/object/reading/STLReader.h"
 #include "platform/object/reading/Words.h"
 
 #include <algorithm>
@@ -53,6 +55,25 @@ struct OpenFile {
         watch);
 }
 
+[[nodiscard]] Result<ObjectScene> readSTLFile(const OpenFile& file, const Watch& watch) {
+    return readSTL(file.bytes, file.size, file.path.stem().string(), watch);
+}
+
+[[nodiscard]] Result<ObjectScene> readGLTFFile(const OpenFile& file, const Watch& watch) {
+    std::vector<std::uint8_t> bytes(file.size);
+    std::size_t count = 0;
+    while (count < bytes.size()) {
+        // NOLINTNEXTLINE: the source gives characters
+        const std::span<char> left(
+            reinterpret_cast<char*>(bytes.data()) + count, bytes.size() - count);
+        const std::size_t more = file.bytes(left);
+        if (more == 0)
+            return fail(Cause::unreadable, "it cannot be read to its end");
+        count += more;
+    }
+    return readGLTF(bytes, NeighbourFiles(fs::absolute(file.path).parent_path()), watch);
+}
+
 struct Format {
     std::string_view extension;
     Result<ObjectScene> (*read)(const OpenFile& file, const Watch& watch);
@@ -60,6 +81,9 @@ struct Format {
 
 constexpr auto kFormats = std::to_array<Format>({
     {".obj", &readOBJFile},
+    {".stl", &readSTLFile},
+    {".gltf", &readGLTFFile},
+    {".glb", &readGLTFFile},
 });
 
 } // namespace
