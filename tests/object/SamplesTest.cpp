@@ -46,8 +46,6 @@ TEST(Samples, give_the_figures_that_their_list_tells) {
     for (const Expected& row : rows) {
         SCOPED_TRACE(row.file);
         const auto scene = readObject(std::string(folder) + "/" + row.file);
-        if (!scene && scene.error().cause == foundation::Cause::unsupported)
-            continue;
         ASSERT_TRUE(scene) << scene.error().message;
         const Figures& figures = scene->figures;
         EXPECT_TRUE(row.meshes == "-" || row.meshes == std::to_string(figures.meshes));

@@ -5,6 +5,7 @@
 #include "platform/object/reading/OBJReader.h"
 #include "platform/object/reading/STLReader.h"
 #include "platform/object/reading/Words.h"
+#include "platform/usd/USDReader.h"
 
 #include <algorithm>
 #include <array>
@@ -59,19 +60,30 @@ struct OpenFile {
     return readSTL(file.bytes, file.size, file.path.stem().string(), watch);
 }
 
-[[nodiscard]] Result<ObjectScene> readGLTFFile(const OpenFile& file, const Watch& watch) {
+[[nodiscard]] Result<std::vector<std::uint8_t>> wholeOf(const OpenFile& file) {
     std::vector<std::uint8_t> bytes(file.size);
     std::size_t count = 0;
     while (count < bytes.size()) {
-        // NOLINTNEXTLINE: the source gives characters
-        const std::span<char> left(
-            reinterpret_cast<char*>(bytes.data()) + count, bytes.size() - count);
-        const std::size_t more = file.bytes(left);
+        // NOLINTNEXTLINE: a source gives characters
+        char* const target = reinterpret_cast<char*>(bytes.data()) + count;
+        const std::size_t more = file.bytes({target, bytes.size() - count});
         if (more == 0)
             return fail(Cause::unreadable, "it cannot be read to its end");
         count += more;
     }
-    return readGLTF(bytes, NeighbourFiles(fs::absolute(file.path).parent_path()), watch);
+    return bytes;
+}
+
+[[nodiscard]] Result<ObjectScene> readGLTFFile(const OpenFile& file, const Watch& watch) {
+    const auto bytes = wholeOf(file);
+    if (!bytes)
+        return tl::unexpected(bytes.error());
+    return readGLTF(*bytes, NeighbourFiles(fs::absolute(file.path).parent_path()), watch);
+}
+
+[[nodiscard]] Result<ObjectScene> readUSDFile(const OpenFile& file, const Watch& watch) {
+    const auto bytes = wholeOf(file);
+    return bytes ? usd::readUSD(*bytes, watch) : tl::unexpected(bytes.error());
 }
 
 struct Format {
@@ -84,6 +96,10 @@ constexpr auto kFormats = std::to_array<Format>({
     {".stl", &readSTLFile},
     {".gltf", &readGLTFFile},
     {".glb", &readGLTFFile},
+    {".usdz", &readUSDFile},
+    {".usda", &readUSDFile},
+    {".usdc", &readUSDFile},
+    {".usd", &readUSDFile},
 });
 
 } // namespace
