@@ -73,6 +73,11 @@ struct ListCommand {
     Listing what = Listing::tabs;
 };
 
+/// `zelvo inspect`.
+struct InspectCommand {
+    std::vector<std::filesystem::path> files;
+};
+
 /// `zelvo` without a command: opens the window.
 struct WindowCommand {
     std::vector<std::filesystem::path> files; ///< to open in the window
@@ -90,6 +95,7 @@ using Command = std::variant<
     StripCommand,
     SheetCommand,
     ListCommand,
+    InspectCommand,
     WindowCommand,
     TextCommand>;
 

@@ -50,6 +50,7 @@ TEST(CommandLine, takes_every_option_to_its_place) {
     EXPECT_EQ(strip.size, (PictureSize{384, 216}));
 
     EXPECT_EQ(parsed<ListCommand>({"list", "speeds"}).what, Listing::speeds);
+    EXPECT_EQ(parsed<InspectCommand>({"inspect", "a.obj", "b c.usdz"}).files.at(1), "b c.usdz");
     EXPECT_NE(parsed<TextCommand>({"--help"}).text.find("Exit status:"), std::string::npos);
     EXPECT_NE(parsed<TextCommand>({"perform", "--help"}).text.find("--timing"), std::string::npos);
     EXPECT_TRUE(parsed<TextCommand>({"--version"}).text.starts_with("zelvo 0."));
@@ -83,6 +84,7 @@ TEST(CommandLine, refuses_in_one_line_what_it_does_not_know) {
         {{"perform", "a.json", "--codec", "vp9"},        "vp9"      },
         {{"frame", "a.json", "--at", "x", "--out", "p"}, "--at"     },
         {{"frame", "a.json", "--out", "p.png"},          "--at"     },
+        {{"inspect"},                                    "FILE"     },
         {{"list", "animals"},                            "animals"  },
         {{"dance"},                                      "dance"    },
         {{"missing.json"},                               "missing"  },

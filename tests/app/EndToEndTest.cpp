@@ -249,6 +249,20 @@ TEST(EndToEnd, says_in_one_line_which_of_its_own_files_is_missing_or_damaged) {
     unsetenv("ZELVO_RESOURCES");
 }
 
+TEST(EndToEnd, inspects_3D_files_with_a_line_for_each) {
+    const Program program;
+    const std::string good = program.write(
+        "good.obj", "mtllib no.mtl\nv -1 0 0.5\nv 1 0 0\nv 1 2 0\nv -1 2 0\nusemtl a\nf 1 2 3 4\n");
+    const std::string bad = program.write("bad.obj", "v 0 0 0\n");
+    const auto all = program.run({"inspect", good, bad, good});
+    EXPECT_EQ(all.status, 2);
+    const std::string line = good + "\t1\t4\t1\t2\t1\t0\t-1 0 0\t1 2 0.5\n";
+    EXPECT_EQ(all.out, line + bad + "\tthere are no faces in it that could be drawn\n" + line);
+    EXPECT_NE(all.err.find("good.obj: the library no.mtl is missing"), std::string::npos)
+        << all.err;
+    EXPECT_EQ(program.run({"inspect", good}).status, 0);
+}
+
 TEST(EndToEnd, leaves_the_earlier_movie_and_no_temporary_files_when_it_does_not_finish) {
     const Program program;
     const auto file = program.write("a.json", withText("A"));
