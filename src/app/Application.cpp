@@ -7,6 +7,7 @@
 #include "export/RendererFrames.h"
 #include "platform/foundation/Console.h"
 #include "platform/foundation/Random.h"
+#include "platform/foundation/TemporaryFolder.h"
 #include "platform/media/AVAudioSession.h"
 #include "platform/media/AudioOutput.h"
 #include "ui/qml/Views.h"
@@ -70,6 +71,7 @@ Application::Application(const foundation::Folders& folders)
     , hasSound(activateSound())
     , main({model_, runLoop_, defaults, alerts, fontManager}) {
     foundation::seedRandom(std::random_device{}());
+    foundation::TemporaryFolder::removeLeftovers(folders.temporary);
     ui::installViews();
     engine.setInitialProperties({{"main", QVariant::fromValue(&main)}});
     engine.load(ui::viewUrl("Main"));
