@@ -59,6 +59,22 @@ foundation::Result<void> writeFile(const std::filesystem::path& target, const st
     });
 }
 
+/// A font of the system that a text has used goes, so that an imported one can have its name. False
+/// if the font is none of the system's.
+bool giveWay(
+    text::FontRegistry& registry,
+    const std::vector<text::SystemFont>& systemFonts,
+    const text::FontPtr& known) {
+    const auto found = std::ranges::find_if(systemFonts, [&](const text::SystemFont& font) {
+        const auto faces = registry.facesOf(font.file);
+        return std::ranges::find(faces, known) != faces.end();
+    });
+    if (found == systemFonts.end())
+        return false;
+    registry.unregisterFile(found->file);
+    return true;
+}
+
 void sortByName(std::vector<FontEntry>& fonts) {
     std::ranges::sort(fonts, &text::comesBefore, &FontEntry::name);
 }
@@ -152,7 +168,8 @@ foundation::Result<Installation> FontManager::install(const std::filesystem::pat
     if (!name)
         return tl::unexpected(name.error());
     (void)importedFiles(); // registers them
-    if (registry.findKnown(*name))
+    const auto known = registry.findKnown(*name);
+    if (known && !giveWay(registry, knownSystemFonts(), known))
         return Installation{.isNew = false, .nameTaken = *name};
     if (auto written = writeFile(target, *bytes); !written)
         return tl::unexpected(written.error());

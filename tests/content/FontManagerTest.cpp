@@ -203,6 +203,9 @@ TEST_F(ImportedFontsTest, StandInTheMenuAmongTheBuiltInOnesAndBeforeThoseOfTheSy
     ASSERT_NE(registry.find(dejaVu->name), nullptr);
     EXPECT_EQ(registry.find(dejaVu->name)->fullName(), dejaVu->name);
     EXPECT_EQ(registry.find("DejaVu Sans")->fullName(), "DejaVu Sans") << "not Bold of that family";
+    ASSERT_TRUE(fonts.install(dejaVu->file)->isNew) << "a font of the system takes no name";
+    const auto imported = registry.facesOf(fonts.folder() / dejaVu->file.filename());
+    EXPECT_EQ(std::vector{registry.find(dejaVu->name)}, imported);
 }
 
 } // namespace
