@@ -12,12 +12,13 @@ namespace {
 
 constexpr int kLongestTrail = 50;
 
-/// A reference and the layer that its path is relative to.
-struct Anchored {
-    Reference reference;
-    AssetId layer;
+/// A reference with the file that it means, because layers of several folders edit one list.
+struct Resolved {
+    bool isHere = true;          ///< in the same layer stack
+    std::optional<AssetId> file; ///< nothing if it is missing
+    std::string prim;
 
-    auto operator<=>(const Anchored&) const = default;
+    auto operator<=>(const Resolved&) const = default;
 };
 
 /// Edits the list by what every site says, weakest first. `converted` makes an item of the list.
@@ -175,25 +176,25 @@ void Composition::expand(CompositionNode& node, const Trail* up, int depth) {
 
 void Composition::addReferences(CompositionNode& node, const Trail& trail, Arc arc, int depth) {
     const auto field = arc == Arc::reference ? &PrimSpec::references : &PrimSpec::payloads;
-    const auto anchored = [](const Reference& reference, const Site& site) {
-        return Anchored{reference, site.layer};
+    const auto resolved = [this](const Reference& reference, const Site& site) {
+        Resolved result{reference.asset.empty(), {}, withoutVariants(reference.prim)};
+        if (result.isHere)
+            return result;
+        result.file = assets.resolve(reference.asset, site.layer);
+        if (!result.file)
+            warnings().add(fmt::format("the layer {} is missing", reference.asset));
+        return result;
     };
-    for (const Anchored& item : editedList<Anchored>(node.sites, field, anchored)) {
-        const LayerStack* stack = node.stack;
-        if (!item.reference.asset.empty()) {
-            const auto file = assets.resolve(item.reference.asset, item.layer);
-            if (!file)
-                warnings().add(fmt::format("the layer {} is missing", item.reference.asset));
-            stack = file ? stacks.open(*file) : nullptr;
-        }
-        if (stack == nullptr)
-            continue;
-        const std::string& prim = item.reference.prim;
-        addArc(
-            node,
-            trail,
-            {arc, stack, prim.empty() ? stack->defaultPrim() : withoutVariants(prim)},
-            depth);
+    for (const Resolved& item : editedList<Resolved>(node.sites, field, resolved)) {
+        const LayerStack* stack = item.isHere ? node.stack : nullptr;
+        if (item.file)
+            stack = stacks.open(*item.file);
+        if (stack != nullptr)
+            addArc(
+                node,
+                trail,
+                {arc, stack, item.prim.empty() ? stack->defaultPrim() : item.prim},
+                depth);
     }
 }
 

@@ -182,7 +182,8 @@ bool TableReader::readFieldSets() {
 bool TableReader::readPaths() {
     ByteReader reader(section("PATHS"));
     const auto count = readCount(reader);
-    if (reader.hasFailed())
+    constexpr std::uint64_t kMostPerByte = 64; // packed ones take little
+    if (reader.hasFailed() || count > bytes.size() * kMostPerByte)
         return false;
     tables.paths.resize(count);
     if (isPacked())

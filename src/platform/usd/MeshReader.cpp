@@ -4,8 +4,11 @@
 #include "platform/usd/DisplayColor.h"
 #include "platform/usd/MaterialBinding.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace zelvo::usd {
@@ -120,19 +123,18 @@ void MeshReader::readNormals() {
 }
 
 /// What the material asks for; without that, the usual name, otherwise the first that fits.
-std::string MeshReader::coordinatesName(const Surface* surface) const {
-    constexpr std::string_view kUsual = "primvars:st";
-    const auto fits = [this](const std::string& name) { return mesh.floats(name, 2) != nullptr; };
-    if (surface != nullptr && !surface->uvName.empty()) {
-        std::string name = "primvars:" + surface->uvName;
-        if (fits(name))
-            return name;
+std::optional<Primvar> MeshReader::readCoordinates(const std::string& asked) const {
+    constexpr std::string_view kStart = "primvars:";
+    std::vector<std::string> names;
+    if (!asked.empty())
+        names.push_back(fmt::format("{}{}", kStart, asked));
+    names.emplace_back("primvars:st");
+    std::ranges::copy(mesh.namesBeginning(kStart), std::back_inserter(names));
+    for (const std::string& name : names) {
+        if (auto primvar = Primvar::read(mesh, name, 2, counts))
+            return primvar;
     }
-    const auto names = mesh.namesBeginning("primvars:");
-    if (std::ranges::find(names, kUsual) != names.end())
-        return std::string(kUsual);
-    const auto found = std::ranges::find_if(names, fits);
-    return found == names.end() ? std::string() : *found;
+    return std::nullopt;
 }
 
 const MeshReader::Coordinates* MeshReader::coordinatesFor(const Surface* surface) {
@@ -140,8 +142,7 @@ const MeshReader::Coordinates* MeshReader::coordinatesFor(const Surface* surface
     const auto [place, isNew] = coordinates.try_emplace(asked);
     if (!isNew)
         return place->second ? &*place->second : nullptr;
-    const std::string name = coordinatesName(surface);
-    auto primvar = name.empty() ? std::nullopt : Primvar::read(mesh, name, 2, counts);
+    auto primvar = readCoordinates(asked);
     if (!primvar)
         return nullptr;
     const auto& v = primvar->values().values;
@@ -183,9 +184,7 @@ void MeshReader::addColor(const CornerPlace& place, const Surface* surface) {
     polygons.cornerColors.push_back(displayColor(linear, share));
 }
 
-void MeshReader::addFace(const Face& face, bool isReversed) {
-    const Surface* surface = surfaceOf[face.number];
-    const Coordinates* uvs = coordinatesFor(surface);
+void MeshReader::addFace(const Face& face, const Surface* surface, const Coordinates* uvs) {
     for (std::size_t i = 0; i < face.cornerCount; ++i) {
         const std::size_t corner = face.firstCorner + (isReversed ? face.cornerCount - 1 - i : i);
         const auto point = static_cast<std::size_t>(indices[corner]);
@@ -199,7 +198,6 @@ void MeshReader::addFace(const Face& face, bool isReversed) {
         if (hasColors)
             addColor(place, surface);
     }
-    const bool isFaceted = mesh.text("subdivisionScheme") == "none";
     polygons.faces.push_back(
         {static_cast<std::uint32_t>(face.cornerCount),
          surface == nullptr ? Polygons::kNone : static_cast<std::uint32_t>(surface->material),
@@ -213,9 +211,17 @@ Polygons MeshReader::read() {
     readNormals();
     polygons.faces.reserve(faces.size());
     polygons.corners.reserve(indices.size());
-    const bool isReversed = mesh.text("orientation") == "leftHanded";
-    for (const Face& face : faces)
-        addFace(face, isReversed);
+    isReversed = mesh.text("orientation") == "leftHanded";
+    isFaceted = mesh.text("subdivisionScheme") == "none";
+    const Surface* surface = faces.empty() ? nullptr : surfaceOf[faces.front().number];
+    const Coordinates* uvs = coordinatesFor(surface);
+    for (const Face& face : faces) {
+        if (surfaceOf[face.number] != surface) {
+            surface = surfaceOf[face.number];
+            uvs = coordinatesFor(surface);
+        }
+        addFace(face, surface, uvs);
+    }
     // No face uses these any more.
     for (glm::dvec3& point : polygons.points) {
         if (!isFinite(point))

@@ -47,10 +47,10 @@ private:
     [[nodiscard]] bool isSound(const Face& face) const;
     void assignSurfaces();
     void readNormals();
-    void addFace(const Face& face, bool isReversed);
+    void addFace(const Face& face, const Surface* surface, const Coordinates* uvs);
     void addColor(const CornerPlace& place, const Surface* surface);
     [[nodiscard]] const Coordinates* coordinatesFor(const Surface* surface);
-    [[nodiscard]] std::string coordinatesName(const Surface* surface) const;
+    [[nodiscard]] std::optional<Primvar> readCoordinates(const std::string& asked) const;
     [[nodiscard]] const Colors& colorsFor(const std::string& name);
 
     const Prim& mesh;
@@ -61,6 +61,8 @@ private:
     MeshCounts counts;
     std::vector<const Surface*> surfaceOf; ///< by a face's number; null: none
     bool hasColors = false;
+    bool isReversed = false;
+    bool isFaceted = false;
     std::optional<Primvar> normals;
     std::map<std::string, std::optional<Coordinates>> coordinates;
     std::map<std::string, Colors> colors;

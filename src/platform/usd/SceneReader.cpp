@@ -136,6 +136,9 @@ Result<const SceneReader::Drawn*> SceneReader::drawnOf(const Prim& prim) {
     if (!added)
         return tl::unexpected(added.error());
     made.pieces = *added;
+    if (watch.isAdvanced)
+        watch.isAdvanced(
+            static_cast<double>(visitedPrims) / static_cast<double>(stage.primCount()));
     return &drawn.emplace(&prim, made).first->second;
 }
 
@@ -190,6 +193,7 @@ Result<void> SceneReader::visitInstances(const Prim& prim, const Inherited& inhe
 Result<void> SceneReader::visit(const Prim& prim, const Inherited& inherited, Need need) {
     if (watch.stop.stop_requested())
         return tl::unexpected(object::cancelledError());
+    visitedPrims = std::min(visitedPrims + 1, stage.primCount());
     // An instancer may draw itself: the depth ends that.
     if (!visitBudget.take(1) || inherited.depth > 2 * kMaxDepth)
         return tooMany();
@@ -222,6 +226,8 @@ Result<object::ObjectScene> SceneReader::read() {
     scene.upAxis = layer.upAxis == "Z" ? object::UpAxis::z : object::UpAxis::y;
     if (const auto visited = visitChildren(stage.root(), {}); !visited)
         return tl::unexpected(visited.error());
+    if (scene.placements.empty())
+        return fail(Cause::malformed, "there is nothing in it that can be drawn");
     for (const std::string& line : stage.warnings().lines())
         scene.warn(line);
     object::completeFigures(scene);

@@ -25,7 +25,7 @@ public:
         , cornerBudget(limits.corners)
         , watch(given) {}
 
-    /// Errors: `tooLarge`, `cancelled`.
+    /// Errors: `malformed` if nothing is drawn, `tooLarge`, `cancelled`.
     [[nodiscard]] foundation::Result<object::ObjectScene> read();
 
 private:
@@ -59,6 +59,7 @@ private:
     Budget visitBudget;
     Budget cornerBudget;
     const object::Watch& watch;
+    std::size_t visitedPrims = 0;   ///< prims, at most all
     std::size_t triangles = 0; ///< of all that is drawn
     std::unordered_map<const Prim*, Drawn> drawn;
 };

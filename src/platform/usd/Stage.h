@@ -72,6 +72,8 @@ public:
     /// Null if there is none.
     [[nodiscard]] const Prim* at(std::string_view path) const;
 
+    [[nodiscard]] std::size_t primCount() const { return byPath.size(); }
+
     [[nodiscard]] Assets& assets() { return *assets_; }
 
     [[nodiscard]] const Layer& rootLayer() const { return *rootLayer_; }

@@ -6,7 +6,6 @@
 #include "platform/usd/Limits.h"
 
 #include <cstdint>
-#include <filesystem>
 #include <span>
 
 namespace zelvo::usd {
@@ -18,9 +17,5 @@ namespace zelvo::usd {
     std::span<const std::uint8_t> bytes,
     const object::Watch& watch = {},
     const Limits& limits = {});
-
-/// The same for a file. More errors: `notFound`, `unreadable`. Every error begins with its name.
-[[nodiscard]] foundation::Result<object::ObjectScene>
-readUSD(const std::filesystem::path& file, const object::Watch& watch = {});
 
 } // namespace zelvo::usd
