@@ -65,7 +65,6 @@ private:
     struct Around {
         std::uint32_t corner;
         std::uint32_t face;
-        float angle; ///< of the face at this corner
     };
 
     [[nodiscard]] bool isBare(const Around& here) const {
@@ -75,8 +74,10 @@ private:
     void measureFaces() {
         std::vector<glm::dvec3> outline;
         faceNormals.reserve(polygons.faces.size());
-        std::size_t first = 0;
+        faceStarts.reserve(polygons.faces.size());
+        std::uint32_t first = 0;
         for (const Polygons::Face& face : polygons.faces) {
+            faceStarts.push_back(first);
             outline.clear();
             for (std::size_t i = first; i < first + face.cornerCount; ++i)
                 outline.push_back(polygons.points[polygons.corners[i].point]);
@@ -94,19 +95,18 @@ private:
         std::partial_sum(starts.begin(), starts.end(), starts.begin());
         sorted.resize(polygons.corners.size());
         std::vector<std::uint32_t> free(starts.begin(), starts.end() - 1);
-        std::uint32_t first = 0;
         for (std::uint32_t face = 0; face < polygons.faces.size(); ++face) {
-            const std::uint32_t count = polygons.faces[face].cornerCount;
-            for (std::uint32_t i = 0; i < count; ++i) {
-                const std::uint32_t corner = first + i;
-                sorted[free[places[polygons.corners[corner].point]]++] = {
-                    corner, face, angleAt(first, count, i)};
-            }
-            first += count;
+            const std::uint32_t first = faceStarts[face];
+            for (std::uint32_t i = first; i < first + polygons.faces[face].cornerCount; ++i)
+                sorted[free[places[polygons.corners[i].point]]++] = {i, face};
         }
     }
 
-    [[nodiscard]] float angleAt(std::uint32_t first, std::uint32_t count, std::uint32_t at) const {
+    /// Of the face at this corner.
+    [[nodiscard]] float angleAt(const Around& here) const {
+        const std::uint32_t first = faceStarts[here.face];
+        const std::uint32_t count = polygons.faces[here.face].cornerCount;
+        const std::uint32_t at = here.corner - first;
         const auto point = [&](std::uint32_t i) {
             return polygons.points[polygons.corners[first + i % count].point];
         };
@@ -118,6 +118,9 @@ private:
     void completePlace(std::span<const Around> around) {
         const std::size_t firstNew = polygons.normals.size();
         const bool isCrowded = around.size() > kMaxAround;
+        angles.clear();
+        for (std::size_t i = 0; !isCrowded && i < around.size(); ++i)
+            angles.push_back(angleAt(around[i]));
         for (const Around& here : around) {
             if (!isBare(here))
                 continue;
@@ -133,13 +136,14 @@ private:
         if (smoothing == Polygons::kFlat && hasOwn)
             return own;
         glm::vec3 sum(0);
-        for (const Around& other : around) {
+        for (std::size_t i = 0; i < around.size(); ++i) {
+            const Around& other = around[i];
             const glm::vec3& normal = faceNormals[other.face];
             const bool belongs = smoothing == Polygons::kByAngle
                                      ? !hasOwn || glm::dot(own, normal) >= minCosine
                                      : polygons.faces[other.face].smoothing == smoothing;
             if (belongs)
-                sum += normal * other.angle;
+                sum += normal * angles[i];
         }
         const glm::vec3 mean = normalizedOrZero(sum);
         return mean != glm::vec3(0) ? mean : own;
@@ -160,7 +164,9 @@ private:
     Polygons& polygons;
     float minCosine;
     std::vector<glm::vec3> faceNormals;
-    std::vector<std::uint32_t> starts; ///< of each place in `sorted`, and the end
+    std::vector<std::uint32_t> faceStarts; ///< the first corner of each face
+    std::vector<float> angles;             ///< of the faces around the place in hand
+    std::vector<std::uint32_t> starts;     ///< of each place in `sorted`, and the end
     std::vector<Around> sorted;
 };
 
