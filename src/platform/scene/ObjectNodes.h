@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/object/ObjectScene.h"
+#include "platform/scene/SCNNode.h"
+
+#include <vector>
+
+namespace zelvo::scene {
+
+/// The materials of a 3D file as the renderer draws them, in the file's order. Decodes the pictures,
+/// which takes long; any thread. Pictures that cannot be decoded give a warning of the scene.
+///
+/// Limits: an opacity that cuts out gets soft edges by filtering; a surface has one set of texture
+/// coordinates; a material has no colours of vertices.
+[[nodiscard]] std::vector<SCNMaterialPtr> materialsOf(object::ObjectScene& scene);
+
+/// The file as a subtree: a node for each placement, with y up. The lengths stay the file's own, but
+/// a file that is far from its zero is moved there. Takes the geometry. Main thread only.
+[[nodiscard]] SCNNodePtr
+nodeOf(object::ObjectScene scene, const std::vector<SCNMaterialPtr>& materials);
+
+} // namespace zelvo::scene
