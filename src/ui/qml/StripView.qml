@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Zelvo
 import Zelvo.Layouter as Layouter
 
 // The scrolling part of a Strip. Both ends have free space of half the width, so that the first and
@@ -41,6 +42,11 @@ Flickable {
         showsFocus = false;
     }
 
+    // Gives the entries their places now.
+    function layOut(): void {
+        row.forceLayout();
+    }
+
     // Scrolls `entry`, or else the selected entry, to the middle.
     function centre(animated: bool, entry: Item): void {
         if (!strip)
@@ -69,6 +75,18 @@ Flickable {
         x: root.width / 2
         height: root.height
     }
+    Fade { // in the strip, not in its content, so that it stays in its place
+        parent: root
+        height: root.height
+        visible: root.contentX > row.x
+    }
+    Fade {
+        parent: root
+        x: root.width - width
+        height: root.height
+        rotation: 180
+        visible: row.x + row.width > root.contentX + root.width
+    }
     Connections {
         target: root.strip
 
@@ -87,6 +105,24 @@ Flickable {
     }
     StripWheel {
         orientation: Qt.Vertical
+    }
+
+    // Where more entries follow, the strip ends softly.
+    component Fade: Rectangle {
+        z: 1
+        width: 24
+        gradient: Gradient {
+            orientation: Gradient.Horizontal
+
+            GradientStop {
+                position: 0
+                color: Theme.background
+            }
+            GradientStop {
+                position: 1
+                color: Qt.rgba(Theme.background.r, Theme.background.g, Theme.background.b, 0)
+            }
+        }
     }
 
     // A notch of a wheel scrolls softly; a touchpad's small steps follow the finger at once. Of a
