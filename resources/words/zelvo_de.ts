@@ -110,6 +110,28 @@
     </message>
 </context>
 <context>
+    <name>FontListView</name>
+    <message>
+        <source>Search fonts</source>
+        <translation>Schriften suchen</translation>
+    </message>
+    <message>
+        <source>Fonts</source>
+        <translation>Schriften</translation>
+    </message>
+    <message>
+        <source>No font has this name</source>
+        <translation>Keine Schrift heißt so</translation>
+    </message>
+</context>
+<context>
+    <name>FontRow</name>
+    <message>
+        <source>This font has crashed Zelvo. It is shown without a bevel.</source>
+        <translation>Mit dieser Schrift ist Zelvo abgestürzt. Sie erscheint ohne Fase.</translation>
+    </message>
+</context>
+<context>
     <name>HexField</name>
     <message>
         <source>Hex</source>
@@ -365,6 +387,24 @@
     <message>
         <source>How to install fonts</source>
         <translation>So werden Schriften installiert</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::FontList</name>
+    <message>
+        <source>Fonts of the system</source>
+        <translation>Schriften des Systems</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::FontStrip</name>
+    <message>
+        <source>All fonts</source>
+        <translation>Alle Schriften</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
     </message>
 </context>
 <context>

@@ -5,10 +5,10 @@
 #include "platform/foundation/Folders.h"
 #include "platform/text/FontRegistry.h"
 #include "platform/text/LineLayout.h"
+#include "ui/controls/PainterPath.h"
 
 #include <QImage>
 #include <QPainter>
-#include <QPainterPath>
 
 #include <algorithm>
 #include <cstring>
@@ -25,41 +25,10 @@ constexpr double kCaptionBaseline = 20; ///< pixels below the picture
 const QColor kGround(24, 25, 28);
 const QColor kInk(214, 216, 220);
 
-[[nodiscard]] QPointF pointAt(glm::vec2 point) {
-    return {point.x, -point.y}; // in outlines, y goes up
-}
-
-[[nodiscard]] QPainterPath painterPath(const geometry::BezierPath& outline) {
-    using Verb = geometry::BezierPath::Verb;
-    QPainterPath path;
-    path.setFillRule(Qt::WindingFill);
-    for (const auto& element : outline.elements()) {
-        const QPointF end = pointAt(element.point);
-        switch (element.verb) {
-        case Verb::move:
-            path.moveTo(end);
-            break;
-        case Verb::line:
-            path.lineTo(end);
-            break;
-        case Verb::quad:
-            path.quadTo(pointAt(element.control1), end);
-            break;
-        case Verb::cubic:
-            path.cubicTo(pointAt(element.control1), pointAt(element.control2), end);
-            break;
-        case Verb::close:
-            path.closeSubpath();
-            break;
-        }
-    }
-    return path;
-}
-
 /// Draws the caption; one that is wider than its tile is made narrower. It is drawn as outlines,
 /// because Qt's own fonts need a QGuiApplication, and a command has none.
 void drawCaption(QPainter& painter, const Tile& tile, const text::FontPtr& font) {
-    const auto path = painterPath(text::outlineOf(
+    const auto path = ui::painterPath(text::outlineOf(
         tile.caption, {.font = font, .fallbacks = {}, .size = kCaptionSize, .kern = 0.2}));
     const double width = path.boundingRect().right();
     const double narrowing = std::min(1.0, tile.picture.width / std::max(width, 1.0));

@@ -4,6 +4,7 @@
 #include "node/Node.h"
 #include "platform/foundation/Lifetime.h"
 #include "ui/controls/CameraGestures.h"
+#include "ui/controls/FontPictures.h"
 #include "ui/controls/HighlightButton.h"
 #include "ui/controls/Services.h"
 #include "ui/controls/TabStackView.h"
@@ -186,7 +187,8 @@ private:
     [[nodiscard]] TabRow optionTab(const char* title, CurrentOption option);
 
     [[nodiscard]] LaterPtr<QObject> makeStrip();
-    [[nodiscard]] LaterPtr<QObject> makeFontStrip(const content::TextNodePtr& text) const;
+    [[nodiscard]] LaterPtr<QObject> makeFontStrip(const content::TextNodePtr& text);
+    void chooseFont(const content::TextNodePtr& text, const std::string& name);
     [[nodiscard]] LaterPtr<QObject> makeMaterialStrip();
     [[nodiscard]] LaterPtr<QObject> makeShapeStrip();
     [[nodiscard]] LaterPtr<QObject> makeMaskStrip() const;
@@ -204,7 +206,9 @@ private:
     std::vector<LaterPtr<MySegmentedStackButton>> tabs;
     MySegmentedStackButton* audioTitleButton = nullptr; ///< one of the tabs; null: not shown
     QString audioTitle_;
-    int wantedScene = -1; ///< chosen last, and shown soon
+    int wantedScene = -1;   ///< chosen last, and shown soon
+    std::string wantedFont; ///< likewise
+    std::shared_ptr<FontPictures> fontPictures = std::make_shared<FontPictures>(services.runLoop);
     bool writing = false;
     bool isFontListOld = false; ///< and will be made anew in the next turn of the loop
     CameraGestures cameraGestures;

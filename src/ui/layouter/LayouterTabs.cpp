@@ -9,13 +9,12 @@
 #include "shared/Thumbnail.h"
 #include "ui/controls/Alerts.h"
 #include "ui/layouter/ColorPickers.h"
+#include "ui/layouter/FontStrip.h"
 #include "ui/layouter/FormPanel.h"
 #include "ui/layouter/ImagePanel.h"
 #include "ui/layouter/LayouterMenu.h"
 #include "ui/layouter/Strips.h"
 #include "ui/layouter/TransformPanel.h"
-
-#include <QCollator>
 
 #include <algorithm>
 #include <functional>
@@ -63,23 +62,6 @@ QList<StripEntry> entriesOf(const List& list, ThumbnailKind kind, Title titleOf)
         entries.append(entry);
     }
     return entries;
-}
-
-QList<StripEntry> withoutThumbnails(const QStringList& titles) {
-    QList<StripEntry> entries;
-    for (const QString& title : titles)
-        entries.append({.title = title});
-    return entries;
-}
-
-QStringList sortedFontNames() {
-    QStringList names;
-    for (const content::BuiltInFont& font : content::FontManager::builtInFonts())
-        names.append(QString::fromUtf8(font.name.data(), static_cast<qsizetype>(font.name.size())));
-    QCollator order;
-    order.setCaseSensitivity(Qt::CaseInsensitive);
-    std::ranges::sort(names, order);
-    return names;
 }
 
 const auto kNameOf = [](const auto& entry) { return entry->name; };
@@ -192,7 +174,7 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeStrip() {
     case material:
         return shown("ButtonStrip", currentNode_ ? makeMaterialStrip() : nullptr);
     case font:
-        return shown("ButtonStrip", textNode ? makeFontStrip(textNode) : nullptr);
+        return shown("FontStrip", textNode ? makeFontStrip(textNode) : nullptr);
     case shape:
         return shown("ButtonStrip", makeShapeStrip());
     case mask:
@@ -234,17 +216,21 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeMaterialStrip() {
     return made;
 }
 
-LayouterMenu::LaterPtr<QObject>
-LayouterMenu::makeFontStrip(const content::TextNodePtr& text) const {
-    const QStringList names = sortedFontNames();
-    LaterPtr<ButtonStrip> made(
-        new ButtonStrip(withoutThumbnails(names), [text, names](std::size_t tag) {
-            text->setFontName(names.at(static_cast<qsizetype>(tag)).toStdString());
-        }));
-    made->select(
-        static_cast<int>(names.indexOf(QString::fromStdString(text->fontName()))),
-        Strip::Motion::atOnce);
-    return made;
+LayouterMenu::LaterPtr<QObject> LayouterMenu::makeFontStrip(const content::TextNodePtr& text) {
+    return LaterPtr<QObject>(new FontStrip(
+        services.fonts.fontMenu(services.defaults),
+        text->fontName(),
+        fontPictures,
+        {.choose = [this, text](const std::string& name) { chooseFont(text, name); },
+         .import = [this] { showFontImport(); }}));
+}
+
+void LayouterMenu::chooseFont(const content::TextNodePtr& text, const std::string& name) {
+    wantedFont = name;
+    services.runLoop.post(lifetime.guard([this, text, name] {
+        if (name == wantedFont) // of several quick choices, only the last is built
+            text->setFontName(name);
+    }));
 }
 
 LayouterMenu::LaterPtr<QObject> LayouterMenu::makeShapeStrip() {

@@ -72,6 +72,7 @@ ButtonStrip::ButtonStrip(
             });
         button->thumbnail = entry.thumbnail;
         button->thumbnailSize = entry.thumbnailSize;
+        button->fontFile = entry.font;
         row.push_back(std::move(button));
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/controls/FontPictures.h"
 #include "ui/controls/MyButton.h"
 
 #include <QList>
@@ -63,12 +64,14 @@ class StripButton final : public zelvo::ui::MyLabelButton {
     QML_UNCREATABLE("")
     Q_PROPERTY(QUrl thumbnail MEMBER thumbnail CONSTANT)
     Q_PROPERTY(QSizeF thumbnailSize MEMBER thumbnailSize CONSTANT)
+    Q_PROPERTY(zelvo::ui::FontFile fontFile MEMBER fontFile CONSTANT)
 
 public:
     using MyLabelButton::MyLabelButton;
 
     QUrl thumbnail;       ///< of a file; empty: there is none, or it is missing
     QSizeF thumbnailSize; ///< device-independent pixels; empty: there is none
+    FontFile fontFile;    ///< the font of the title; without a path: the font of the interface
 };
 
 /// Makes the list type known to QML's tools.
@@ -85,10 +88,11 @@ struct StripEntry {
     QString image{}; ///< name of an icon, where there is no thumbnail; empty: none
     QUrl thumbnail{};
     QSizeF thumbnailSize{};
+    FontFile font{};
 };
 
 /// A strip with a button for each entry. A press selects the button and reports its index.
-class ButtonStrip final : public zelvo::ui::Strip {
+class ButtonStrip : public zelvo::ui::Strip {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("")

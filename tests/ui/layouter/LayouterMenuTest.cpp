@@ -168,7 +168,9 @@ TEST_F(LayouterMenuTest, StripsShowWhatIsAndSetWhatIsChosen) {
     EXPECT_TRUE(strip<ButtonStrip>().isAnimated());
     press("Font");
     EXPECT_EQ(chosen(), nodes.textNode2->fontName());
+    choose("Bangers-Regular");
     choose("Monoton-Regular");
+    world.runLoop.drain();
     EXPECT_EQ(nodes.textNode2->fontName(), "Monoton-Regular");
     EXPECT_EQ(strip<ButtonStrip>().buttons()[1]->title(), "Aldrich")
         << "in the order of the alphabet";

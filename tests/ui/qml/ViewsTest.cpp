@@ -7,6 +7,7 @@
 #include "ui/UiFixture.h"
 #include "ui/controls/MySlider.h"
 #include "ui/controls/ValueLabel.h"
+#include "ui/layouter/FontStrip.h"
 #include "ui/layouter/LayouterMenu.h"
 #include "ui/layouter/Strips.h"
 #include "ui/main/MainViewController.h"
@@ -22,6 +23,8 @@
 #include <QQuickItem>
 #include <QQuickView>
 #include <QTest>
+
+#include <algorithm>
 
 namespace zelvo::test {
 
@@ -286,6 +289,45 @@ TEST_F(MenuViewsTest, AStripIsScrolledByDragAndWheelAndSteppedByKeys) {
     }
     turn({}, {0, 12'000});
     EXPECT_TRUE(QTest::qWaitFor([&] { return place() == 0; }, 2000)) << "not beyond the first";
+    view.setSource({});
+}
+
+TEST_F(MenuViewsTest, TheListOfFontsIsSearchedAndSteppedFromItsField) {
+    ui::LayouterMenu panel(services);
+    panel.setCurrentNodeFromButton(0);
+    panel.setCurrentOption(ui::CurrentOption::font);
+    show("LayouterMenu", "controller", &panel);
+    view.rootObject()->setY(400);
+    auto* const strip = qobject_cast<ui::FontStrip*>(panel.stripObject());
+    const auto current = [&] {
+        loop().drain();
+        return nodes.textNode1->fontName();
+    };
+    const auto built = [&] {
+        return std::ranges::count_if(strip->buttons(), [this](const auto& button) {
+            return viewOf(view.rootObject(), button.get(), "controller") != nullptr;
+        });
+    };
+    EXPECT_GT(built(), 3);
+    EXPECT_LT(built(), 25) << "names out of sight are not built";
+
+    strip->listButton.click();
+    layOut();
+    const std::string before = current();
+    QTest::keyClick(&view, Qt::Key_Down);
+    EXPECT_NE(current(), before);
+    QTest::keyClick(&view, Qt::Key_Up);
+    EXPECT_EQ(current(), before);
+    for (const char letter : {'m', 'o', 'n', 'o', 't'})
+        QTest::keyClick(&view, letter);
+    EXPECT_EQ(strip->list.count(), 1);
+    QTest::keyClick(&view, Qt::Key_Down);
+    EXPECT_EQ(current(), "Monoton-Regular");
+    QTest::keyClick(&view, Qt::Key_Escape);
+    EXPECT_GT(strip->list.count(), 50) << "Escape first clears the field";
+    EXPECT_TRUE(strip->isListOpen());
+    QTest::keyClick(&view, Qt::Key_Escape);
+    EXPECT_FALSE(strip->isListOpen());
     view.setSource({});
 }
 
