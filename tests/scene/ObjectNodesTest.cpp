@@ -156,6 +156,35 @@ TEST(ObjectNodes, stand_upright_and_near_zero) {
     EXPECT_TRUE(node->childNodes()[0]->geometry->materialFor(0)->isDoubleSided);
 }
 
+/// What each triangle shows is checked through its texture coordinates.
+TEST(ObjectNodes, show_the_colors_of_vertices) {
+    ObjectScene scene;
+    object::Piece piece;
+    const glm::u8vec4 red(255, 0, 0, 255);
+    const glm::u8vec4 blue(0, 0, 255, 255);
+    piece.mesh.vertices.resize(5);
+    piece.colors = {red, red, red, blue, blue};
+    piece.mesh.indices = {0, 1, 2, 2, 3, 4, 0, 2, 1};
+    piece.mesh.elements = {{0, 9}};
+    scene.pieces = {piece};
+    scene.placements = {{0, glm::dmat4(1)}};
+    const SCNNodePtr node = nodeOf(std::move(scene), {});
+    const SCNGeometry& geometry = *node->childNodes().at(0)->geometry;
+    const image::ImagePtr palette = geometry.materialFor(0)->diffuse.image();
+    ASSERT_TRUE(palette);
+    EXPECT_EQ(geometry.mesh().vertices.size(), 6U); // only vertex 2 has two colours
+    const std::array<std::array<int, 3>, 3> wanted{{{255, 0, 0}, {85, 0, 170}, {255, 0, 0}}};
+    for (std::size_t i = 0; i < 9; ++i) {
+        const glm::vec2 uv = geometry.mesh().vertices.at(geometry.mesh().indices[i]).uv;
+        const auto x = static_cast<std::size_t>(uv.x * static_cast<float>(palette->width));
+        const auto y = static_cast<std::size_t>(uv.y * static_cast<float>(palette->height));
+        const auto* shown =
+            &palette->pixels[(y * static_cast<std::size_t>(palette->width) + x) * 4];
+        for (std::size_t part = 0; part < 3; ++part)
+            EXPECT_NEAR(shown[part], wanted[i / 3][part], 1) << i;
+    }
+}
+
 } // namespace
 
 } // namespace zelvo::scene

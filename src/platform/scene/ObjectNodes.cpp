@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/scene/ObjectNodes.h"
 
+#include "platform/scene/ObjectColors.h"
 #include "platform/scene/ObjectPictures.h"
 
 #include <glm/gtc/constants.hpp>
@@ -174,15 +175,39 @@ private:
     return glm::length(middle) > kFar * size ? middle : glm::dvec3(0);
 }
 
-/// The material of a piece; made for itself if the piece is double-sided and the material is not.
+[[nodiscard]] bool hasPictures(const SCNMaterial& material) {
+    return std::ranges::any_of(material.allProperties(), [](const SCNMaterialProperty* slot) {
+        return slot->image() != nullptr;
+    });
+}
+
+/// What is drawn where the file says nothing.
+[[nodiscard]] SCNMaterialPtr greyMaterial() {
+    auto material = std::make_shared<SCNMaterial>();
+    material->diffuse.contents = image::Color::white(0.8F);
+    return material;
+}
+
+/// The material of a piece. It is the piece's own if the piece is double-sided and the material is
+/// not, or if it has colours. Colours need the texture coordinates, so pictures go before them.
 [[nodiscard]] SCNMaterialPtr
-materialFor(const object::Piece& piece, const std::vector<SCNMaterialPtr>& materials) {
-    SCNMaterialPtr material =
-        piece.material ? materials[*piece.material] : std::make_shared<SCNMaterial>();
-    if (!piece.isDoubleSided || material->isDoubleSided)
+materialFor(object::Piece& piece, const std::vector<SCNMaterialPtr>& materials) {
+    const SCNMaterialPtr material = piece.material ? materials[*piece.material] : greyMaterial();
+    const bool showsColors = !piece.colors.empty() && !hasPictures(*material);
+    const bool turnsBack = piece.isDoubleSided && !material->isDoubleSided;
+    if (!showsColors && !turnsBack)
         return material;
     auto own = std::make_shared<SCNMaterial>(*material);
-    own->isDoubleSided = true;
+    own->isDoubleSided = own->isDoubleSided || piece.isDoubleSided;
+    if (showsColors) {
+        const image::Color base =
+            piece.material ? own->diffuse.colorOr(image::Color::white(1)) : image::Color::white(1);
+        own->diffuse.setImage(takeColors(
+            piece,
+            {image::linearFromSRGB(base.red),
+             image::linearFromSRGB(base.green),
+             image::linearFromSRGB(base.blue)}));
+    }
     return own;
 }
 
@@ -201,8 +226,9 @@ SCNNodePtr nodeOf(ObjectScene scene, const std::vector<SCNMaterialPtr>& material
     auto root = std::make_shared<SCNNode>();
     std::vector<SCNGeometryPtr> geometries;
     for (object::Piece& piece : scene.pieces) {
+        SCNMaterialPtr material = materialFor(piece, materials); // may change the mesh
         auto geometry = std::make_shared<SCNReadGeometry>(std::move(piece.mesh));
-        geometry->materials = {materialFor(piece, materials)};
+        geometry->materials = {std::move(material)};
         geometries.push_back(std::move(geometry));
     }
     const glm::dmat4 upright =

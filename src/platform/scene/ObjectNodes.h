@@ -12,11 +12,12 @@ namespace zelvo::scene {
 /// which takes long; any thread. Pictures that cannot be decoded give a warning of the scene.
 ///
 /// Limits: an opacity that cuts out gets soft edges by filtering; a surface has one set of texture
-/// coordinates; a material has no colours of vertices.
+/// coordinates.
 [[nodiscard]] std::vector<SCNMaterialPtr> materialsOf(object::ObjectScene& scene);
 
 /// The file as a subtree: a node for each placement, with y up. The lengths stay the file's own, but
-/// a file that is far from its zero is moved there. Takes the geometry. Main thread only.
+/// a file that is far from its zero is moved there. Vertex colours are shown where the material has
+/// no pictures, one for each triangle. Takes the geometry. Main thread only.
 [[nodiscard]] SCNNodePtr
 nodeOf(object::ObjectScene scene, const std::vector<SCNMaterialPtr>& materials);
 
