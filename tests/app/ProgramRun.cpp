@@ -26,7 +26,27 @@ void redirect(int descriptor, const std::string& file) {
     dup2(opened, descriptor);
 }
 
+/// Waits for a file of the program in a watched folder.
+void waitForFile(int watch) {
+    alignas(inotify_event) std::array<char, 4096> events{};
+    while (true) {
+        const auto end = read(watch, events.data(), events.size());
+        ASSERT_GT(end, 0);
+        for (ssize_t at = 0; at < end;) {
+            const auto* const event =
+                reinterpret_cast<const inotify_event*>(&events.at(static_cast<std::size_t>(at)));
+            if (!isOfTheSanitizer(event->name))
+                return;
+            at += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
+        }
+    }
+}
+
 } // namespace
+
+bool isOfTheSanitizer(const std::string& name) {
+    return name.starts_with("tsan.");
+}
 
 std::string contentOf(const std::filesystem::path& file) {
     std::ifstream in(file, std::ios::binary);
@@ -80,9 +100,7 @@ Ending Program::runAndSignal(
     const int watch = inotify_init1(IN_CLOEXEC);
     inotify_add_watch(watch, watched.c_str(), IN_CREATE);
     const pid_t child = start(arguments, 0);
-    std::array<char, 4096> event{};
-    const auto seen = read(watch, event.data(), event.size());
-    EXPECT_GT(seen, 0);
+    waitForFile(watch);
     kill(child, signal);
     close(watch);
     return end(child);

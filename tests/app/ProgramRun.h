@@ -44,6 +44,9 @@ private:
     test::TemporaryFolder folder;
 };
 
+/// Whether the thread sanitizer has made this file, at the start of a program.
+[[nodiscard]] bool isOfTheSanitizer(const std::string& name);
+
 [[nodiscard]] std::string contentOf(const std::filesystem::path& file);
 
 } // namespace zelvo::app
