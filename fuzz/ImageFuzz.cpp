@@ -4,14 +4,11 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto image = zelvo::image::decodeImage({data, size});
-    if (image) {
-        const auto& picture = **image;
-        CHECK(
-            picture.width > 0 && picture.height > 0 && picture.width <= zelvo::image::kMaxSide &&
-                picture.height <= zelvo::image::kMaxSide,
-            "a picture of {} x {}",
-            picture.width,
-            picture.height);
-    }
+    if (!image)
+        return 0;
+    const auto isSide = [](int side) { return side > 0 && side <= zelvo::image::kMaxSide; };
+    const auto& picture = **image;
+    const bool isInside = isSide(picture.width) && isSide(picture.height);
+    CHECK(isInside, "a picture of {} x {}", picture.width, picture.height);
     return 0;
 }
