@@ -77,6 +77,10 @@
         <source>No imported fonts</source>
         <translation>Keine importierten Schriften</translation>
     </message>
+    <message>
+        <source>Press “Import”, or drop fonts or a ZIP archive here.</source>
+        <translation>„Importieren“ drücken, oder Schriften oder ein ZIP-Archiv hierher ziehen.</translation>
+    </message>
 </context>
 <context>
     <name>FontImporter</name>

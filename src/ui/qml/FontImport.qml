@@ -78,6 +78,8 @@ FocusScope {
 
             anchors.fill: parent
             anchors.topMargin: bar.height + 1
+            anchors.leftMargin: 1 // inside the border
+            anchors.rightMargin: 1
             anchors.bottomMargin: 2 * Theme.radius
             clip: true
             focus: true
@@ -116,13 +118,24 @@ FocusScope {
                 }
             }
         }
-        Text {
+        Column {
             anchors.centerIn: parent
             visible: list.count === 0
-            text: qsTr("No imported fonts")
-            color: Theme.mutedText
-            font.pixelSize: Theme.px(14)
-            font.weight: Font.Medium
+            spacing: 6
+
+            Text {
+                anchors.horizontalCenter: parent.horizontalCenter
+                text: qsTr("No imported fonts")
+                color: Theme.text
+                font.pixelSize: Theme.px(14)
+                font.weight: Font.Medium
+            }
+            Text {
+                anchors.horizontalCenter: parent.horizontalCenter
+                text: qsTr("Press “Import”, or drop fonts or a ZIP archive here.")
+                color: Theme.mutedText
+                font.pixelSize: Theme.px(13)
+            }
         }
     }
     Loader {
