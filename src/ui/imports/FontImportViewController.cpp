@@ -13,7 +13,8 @@
 namespace zelvo::ui {
 
 FontImportViewController::FontImportViewController(const Services& given)
-    : services(given) {
+    : services(given)
+    , pictures(services.runLoop) {
     services.fonts.fontsChanged.subscribe(lifetime, [this] { reload(); });
     reload();
 }
@@ -38,6 +39,17 @@ QStringList FontImportViewController::rows() const {
     for (const std::string& name : importedFonts)
         names.append(QString::fromStdString(name));
     return names;
+}
+
+bool FontImportViewController::isRow(int row) const {
+    return row >= 0 && static_cast<std::size_t>(row) < importedFonts.size();
+}
+
+FontFile FontImportViewController::fontFile(int row) const {
+    if (!isRow(row))
+        return {};
+    const auto file = services.fonts.folder() / importedFonts[static_cast<std::size_t>(row)];
+    return {.path = QString::fromStdString(file.string())};
 }
 
 QStringList FontImportViewController::nameFilters() const {
@@ -67,10 +79,8 @@ void FontImportViewController::importFrom(const QUrl& file) {
 }
 
 void FontImportViewController::deleteRow(int row) {
-    const auto place = static_cast<std::size_t>(row);
-    if (row < 0 || place >= importedFonts.size())
-        return;
-    services.fonts.deleteFont(std::string(importedFonts[place]));
+    if (isRow(row))
+        services.fonts.deleteFont(std::string(importedFonts[static_cast<std::size_t>(row)]));
 }
 
 void FontImportViewController::pickRow(int row) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/foundation/Lifetime.h"
+#include "ui/controls/FontPictures.h"
 #include "ui/controls/Services.h"
 
 #include <QObject>
@@ -31,6 +32,7 @@ class FontImportViewController final : public QObject {
     QML_UNCREATABLE("")
     Q_PROPERTY(QString title READ title NOTIFY changed)
     Q_PROPERTY(QStringList rows READ rows NOTIFY changed)
+    Q_PROPERTY(zelvo::ui::FontPictures* pictures READ picturesObject CONSTANT)
     Q_PROPERTY(double cellHeight MEMBER cellHeight CONSTANT)
     Q_PROPERTY(QStringList nameFilters READ nameFilters CONSTANT)
 
@@ -46,8 +48,12 @@ public:
 
     [[nodiscard]] QString title() const;
     [[nodiscard]] QStringList rows() const;
+    /// The font of a row, for drawing its name.
+    Q_INVOKABLE [[nodiscard]] zelvo::ui::FontFile fontFile(int row) const;
     /// For the file dialog.
     [[nodiscard]] QStringList nameFilters() const;
+
+    [[nodiscard]] FontPictures* picturesObject() { return &pictures; }
 
     Q_INVOKABLE void showHowto();
     Q_INVOKABLE void importFrom(const QUrl& file);
@@ -63,6 +69,7 @@ Q_SIGNALS:
 
 private:
     void reload();
+    [[nodiscard]] bool isRow(int row) const;
 
     struct Delegate {
         FontImportViewControllerDelegate& object;
@@ -70,6 +77,7 @@ private:
     };
 
     Services services;
+    FontPictures pictures;
     std::optional<Delegate> delegate;
     foundation::Lifetime lifetime;
 };

@@ -106,6 +106,8 @@ FocusScope {
 
                 width: ListView.view.width
                 height: root.controller.cellHeight
+                pictures: root.controller.pictures
+                fontFile: root.controller.fontFile(index)
                 isCurrent: ListView.isCurrentItem && root.activeFocus
                 isOpen: list.openRow === index
                 onPicked: list.currentIndex = index
