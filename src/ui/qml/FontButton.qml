@@ -46,7 +46,7 @@ MyButton {
             anchors.fill: sample
             visible: !sample.isDrawn
             text: root.controller.title
-            color: Theme.mutedText
+            color: root.controller.isMySelected ? Theme.text : Theme.mutedText
             font.pixelSize: Theme.px(13)
             elide: Text.ElideRight
             horizontalAlignment: Text.AlignHCenter

@@ -81,7 +81,7 @@ Rectangle {
         highlightMoveDuration: 0
         boundsBehavior: Flickable.StopAtBounds
         reuseItems: true
-        cacheBuffer: 240
+        cacheBuffer: 800 // names are drawn before they come into sight
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Fonts")
 
