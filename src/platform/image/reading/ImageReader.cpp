@@ -5,6 +5,7 @@
 #include "platform/image/reading/AreaScaler.h"
 #include "platform/image/reading/JPEGMarkers.h"
 #include "platform/image/reading/PNGRows.h"
+#include "platform/image/reading/SVGReader.h"
 #include "platform/image/reading/StoredOrientation.h"
 
 #include <fmt/format.h>
@@ -41,6 +42,24 @@ constexpr int kAllocationMegabytes = 512; ///< for a decoded picture, before sca
 constexpr auto kFormats =
     std::to_array<std::string_view>({"png", "jpeg", "gif", "bmp", "webp", "tiff", "heic", "heif"});
 
+/// A file that cannot be read on as soon as it is stopped, so that its decoder ends.
+class StoppableFile final : public QFile {
+public:
+    StoppableFile(const QString& path, const std::function<bool()>& stops)
+        : QFile(path)
+        , asked(stops) {}
+
+    [[nodiscard]] bool isStopped() const { return asked && asked(); }
+
+protected:
+    qint64 readData(char* data, qint64 count) override {
+        return isStopped() ? -1 : QFile::readData(data, count);
+    }
+
+private:
+    const std::function<bool()>& asked;
+};
+
 QString qPath(const std::filesystem::path& path) {
     return QString::fromStdString(path.string());
 }
@@ -48,7 +67,7 @@ QString qPath(const std::filesystem::path& path) {
 Result<ImagePtr> failDecode(const QImageReader& reader) {
     switch (reader.error()) {
     case QImageReader::UnsupportedFormatError:
-        return fail(Cause::malformed, "this is no picture; use a PNG, JPEG or WebP file");
+        return fail(Cause::malformed, "this is no picture; use a PNG, JPEG, WebP or SVG file");
     case QImageReader::DeviceError:
         return fail(Cause::unreadable, "the picture cannot be read");
     default:
@@ -248,7 +267,7 @@ Result<ImagePtr> decodeWithQt(QIODevice& device) {
         return failDecode(reader);
     const std::string format = reader.format().toStdString();
     if (std::ranges::find(kFormats, format) == kFormats.end())
-        return fail(Cause::malformed, "this is no picture; use a PNG, JPEG or WebP file");
+        return fail(Cause::malformed, "this is no picture; use a PNG, JPEG, WebP or SVG file");
     if (format == "tiff")
         silenceTIFF();
 
@@ -285,12 +304,20 @@ Result<ImagePtr> decodePNG(QIODevice& device, std::span<const std::uint8_t> star
     return readPNG(device);
 }
 
+std::span<const std::uint8_t> spanOf(const QByteArray& bytes) {
+    return {
+        reinterpret_cast<const std::uint8_t*>(bytes.data()),
+        static_cast<std::size_t>(bytes.size())};
+}
+
 Result<ImagePtr> decodeStored(QIODevice& device) {
-    const QByteArray start = device.peek(kPNGHeaderBytes);
-    const std::span bytes(
-        reinterpret_cast<const std::uint8_t*>(start.data()),
-        static_cast<std::size_t>(start.size()));
-    return isPNG(bytes) ? decodePNG(device, bytes) : decodeWithQt(device);
+    constexpr qint64 kStart = 256; // an SVG may begin with empty lines
+    static_assert(kStart >= kPNGHeaderBytes);
+    const QByteArray start = device.peek(kStart);
+    if (isPNG(spanOf(start)))
+        return decodePNG(
+            device, spanOf(start).first(std::min(spanOf(start).size(), kPNGHeaderBytes)));
+    return isSVG(spanOf(start)) ? readSVG(spanOf(device.readAll())) : decodeWithQt(device);
 }
 
 Result<ImagePtr> decode(QIODevice& device) {
@@ -312,19 +339,34 @@ Result<ImagePtr> decode(QIODevice& device) {
 
 } // namespace
 
-Result<ImagePtr> loadImage(const std::filesystem::path& file) {
+Result<ImagePtr>
+loadImage(const std::filesystem::path& file, const std::function<bool()>& isStopped) {
     std::error_code error;
     if (!std::filesystem::exists(file, error)) {
         return fail(Cause::notFound, file.string() + ": there is no such file");
     }
-    QFile device(qPath(file));
-    if (!std::filesystem::is_regular_file(file, error) || !device.open(QIODevice::ReadOnly)) {
-        return fail(Cause::unreadable, file.string() + ": the file cannot be opened");
+    if (std::filesystem::is_directory(file, error))
+        return fail(Cause::unreadable, file.string() + ": this is a folder");
+    if (!std::filesystem::is_regular_file(file, error)) // reading a pipe would never end
+        return fail(Cause::unreadable, file.string() + ": this is a device, not a file");
+    StoppableFile device(qPath(file), isStopped);
+    if (!device.open(QIODevice::ReadOnly)) {
+        return fail(
+            Cause::unreadable,
+            fmt::format(
+                "{}: the file cannot be opened ({})",
+                file.string(),
+                device.errorString().toStdString()));
     }
+    if (device.size() == 0)
+        return fail(Cause::malformed, file.string() + ": the file is empty");
     if (device.size() > kMaxFileBytes) {
         return fail(Cause::tooLarge, file.string() + ": the file is larger than 512 MiB");
     }
-    return decode(device).map_error([&](const auto& failure) { return failure.in(file.string()); });
+    auto picture = decode(device);
+    if (!picture && device.isStopped())
+        return fail(Cause::cancelled, file.string() + ": nobody waits for it any more");
+    return picture.map_error([&](const auto& failure) { return failure.in(file.string()); });
 }
 
 Result<ImagePtr> decodeImage(std::span<const std::uint8_t> bytes) {

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <span>
 
 namespace zelvo::image {
@@ -16,8 +17,12 @@ inline constexpr int kMaxSide = 4096;
 inline constexpr std::int64_t kMaxPixels = 400'000'000;
 
 /// Loads a picture file: detects the format by content, applies the EXIF orientation and converts
-/// to sRGB. Errors: `notFound`, `unreadable`, `malformed`, `tooLarge`.
-[[nodiscard]] foundation::Result<ImagePtr> loadImage(const std::filesystem::path& file);
+/// to sRGB. Of an animated picture, the first one. An SVG drawing is drawn at kDrawingSize
+/// (SVGReader.h). Errors: `notFound`, `unreadable`, `malformed`, `tooLarge`.
+/// A large picture takes seconds: `isStopped` is asked while the file is read, on the same thread,
+/// and ends the reading with the cause `cancelled`.
+[[nodiscard]] foundation::Result<ImagePtr>
+loadImage(const std::filesystem::path& file, const std::function<bool()>& isStopped = {});
 
 /// The same for a file in memory.
 [[nodiscard]] foundation::Result<ImagePtr> decodeImage(std::span<const std::uint8_t> bytes);
