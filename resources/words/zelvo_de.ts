@@ -42,13 +42,6 @@
     </message>
 </context>
 <context>
-    <name>FileSystem</name>
-    <message>
-        <source>Unsupported file.</source>
-        <translation>Diese Datei wird nicht unterstützt.</translation>
-    </message>
-</context>
-<context>
     <name>FontDialog</name>
     <message>
         <source>Import Fonts</source>
@@ -159,6 +152,17 @@
     <message>
         <source>No actions</source>
         <translation>Keine Aktionen</translation>
+    </message>
+</context>
+<context>
+    <name>PictureDialog</name>
+    <message>
+        <source>Import a Picture</source>
+        <translation>Bild importieren</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
     </message>
 </context>
 <context>
@@ -356,10 +360,48 @@
     </message>
 </context>
 <context>
+    <name>zelvo::ui::DropTarget</name>
+    <message>
+        <source>Drop it to use it as the image</source>
+        <translation>Loslassen, um es als Bild zu verwenden</translation>
+    </message>
+    <message>
+        <source>Drop to import fonts</source>
+        <translation>Loslassen, um Schriften zu importieren</translation>
+    </message>
+    <message>
+        <source>This is a link. Save the picture as a file first.</source>
+        <translation>Das ist ein Link. Das Bild zuerst als Datei sichern.</translation>
+    </message>
+    <message>
+        <source>Only pictures, fonts and ZIP archives of fonts can be opened</source>
+        <translation>Nur Bilder, Schriften und ZIP-Archive mit Schriften lassen sich öffnen</translation>
+    </message>
+</context>
+<context>
     <name>zelvo::ui::ExportViewController</name>
     <message>
         <source>Error</source>
         <translation>Fehler</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::FileSystem</name>
+    <message>
+        <source>There is no such file.</source>
+        <translation>Diese Datei gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>This is not a file.</source>
+        <translation>Das ist keine Datei.</translation>
+    </message>
+    <message>
+        <source>Links cannot be opened.</source>
+        <translation>Links lassen sich nicht öffnen.</translation>
+    </message>
+    <message>
+        <source>Save the picture as a file. Then drop the file here.</source>
+        <translation>Das Bild als Datei sichern, dann die Datei hierher ziehen.</translation>
     </message>
 </context>
 <context>
@@ -490,6 +532,14 @@
         <source>Show the image</source>
         <translation>Bild zeigen</translation>
     </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Choose a picture</source>
+        <translation>Ein Bild auswählen</translation>
+    </message>
 </context>
 <context>
     <name>zelvo::ui::Inspirator</name>
@@ -596,6 +646,26 @@
         <source>A later version will open your own objects here. Until then, choose one of the shapes.</source>
         <translation>Eine spätere Version öffnet hier eigene Objekte. Wähle bis dahin eine der Formen.</translation>
     </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>from ...</source>
+        <translation>aus …</translation>
+    </message>
+    <message>
+        <source>Photos</source>
+        <translation>Fotos</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Dokumente</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
 </context>
 <context>
     <name>zelvo::ui::MainMenu</name>
@@ -641,6 +711,33 @@
     <message>
         <source>Press the record button, then the buttons of the actions while the clock runs.</source>
         <translation>Den Aufnahmeknopf drücken, dann die Knöpfe der Aktionen, während die Uhr läuft.</translation>
+    </message>
+    <message>
+        <source>There is no picture on the clipboard</source>
+        <translation>In der Zwischenablage ist kein Bild</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::PictureImporter</name>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Loading %1 …</source>
+        <translation>%1 wird geladen …</translation>
+    </message>
+    <message>
+        <source>The picture cannot be opened.</source>
+        <translation>Das Bild lässt sich nicht öffnen.</translation>
+    </message>
+    <message>
+        <source>Pictures (%1)</source>
+        <translation>Bilder (%1)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
     </message>
 </context>
 <context>

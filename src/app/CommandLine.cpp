@@ -23,6 +23,7 @@ constexpr std::string_view kDescription =
 constexpr std::string_view kFooter =
     "Examples:\n"
     "  zelvo\n"
+    "  zelvo logo.svg\n"
     "  zelvo perform night.json --movie night.mov\n"
     "  zelvo frame night.json --at 2.5 --out still.png --size 1280x720\n"
     "  zelvo strip night.json --from 0 --to 2 --count 8 --out strip.png\n"
@@ -283,7 +284,7 @@ void addInspect(CLI::App& app, InspectCommand& options) {
 }
 
 void addWindow(CLI::App& app, WindowCommand& options) {
-    app.add_option("FILES", options.files, "Files to open in the window")
+    app.add_option("FILES", options.files, "Pictures, fonts and ZIP archives of fonts to open in the window")
         ->check(CLI::ExistingPath.description(""))
         ->type_name("");
     app.add_flag(

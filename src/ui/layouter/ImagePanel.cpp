@@ -5,8 +5,11 @@
 
 namespace zelvo::ui {
 
-ImagePanel::ImagePanel(content::ImageNodePtr edited, QObject* parent)
+ImagePanel::ImagePanel(content::ImageNodePtr edited, std::function<void()> import, QObject* parent)
     : QObject(parent)
+    , importButton(
+          {.image = "Import", .title = tr("Import"), .name = tr("Choose a picture")},
+          std::move(import))
     , toggleImageVisibilityButton({}, [this] { toggleVisibility(); })
     , flipH(
           {.image = "FlipH_1", .title = tr("Flip"), .name = tr("Mirror left to right")},
@@ -20,7 +23,7 @@ ImagePanel::ImagePanel(content::ImageNodePtr edited, QObject* parent)
     , node(std::move(edited)) {
     flipH.selectedImage = "FlipH_2";
     flipV.selectedImage = "FlipV_2";
-    for (MyButton* const button : {&toggleImageVisibilityButton, &flipH, &flipV, &rotate}) {
+    for (MyButton* const button : buttonObjects()) {
         button->unselectedColor = kButtonColor;
         button->selectedColor = kButtonColor;
         button->size = {110, 36};
@@ -69,7 +72,7 @@ void ImagePanel::refresh() {
 }
 
 QList<MyButton*> ImagePanel::buttonObjects() {
-    return {&toggleImageVisibilityButton, &flipH, &flipV, &rotate};
+    return {&importButton, &toggleImageVisibilityButton, &flipH, &flipV, &rotate};
 }
 
 } // namespace zelvo::ui

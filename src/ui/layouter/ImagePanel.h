@@ -8,9 +8,11 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
+#include <functional>
+
 namespace zelvo::ui {
 
-/// Shows or hides the picture, mirrors it, and turns it by 90 degrees. Mirroring and turning also
+/// Asks for a picture; shows or hides the picture, mirrors it, and turns it by 90 degrees. Mirroring and turning also
 /// show it.
 class ImagePanel final : public QObject {
     Q_OBJECT
@@ -19,8 +21,11 @@ class ImagePanel final : public QObject {
     Q_PROPERTY(QList<zelvo::ui::MyButton*> buttons READ buttonObjects CONSTANT)
 
 public:
-    explicit ImagePanel(content::ImageNodePtr edited, QObject* parent = nullptr);
+    /// `import` asks for a picture.
+    ImagePanel(
+        content::ImageNodePtr edited, std::function<void()> import, QObject* parent = nullptr);
 
+    MyLabelButton importButton;
     MyLabelButton toggleImageVisibilityButton;
     MyLabelButton flipH;
     MyLabelButton flipV;

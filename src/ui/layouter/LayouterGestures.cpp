@@ -42,6 +42,8 @@ void LayouterMenu::handleTap(const TapGesture& tap) {
 void LayouterMenu::handleDoubleTap(const TapGesture& tap) {
     setCurrentNode(hit(placeOf(tap)));
     writeAction();
+    if (std::dynamic_pointer_cast<content::ImageNode>(currentNode_))
+        showImportOptions();
 }
 
 void LayouterMenu::handlePan(const PanGesture& pan) {
@@ -96,7 +98,11 @@ void LayouterMenu::handleHover(const std::optional<Hover>& hover) {
     } else {
         setCursor(found ? Qt::PointingHandCursor : Qt::ArrowCursor);
     }
-    if (std::exchange(pointedNode, found) != found)
+    pointAt(found);
+}
+
+void LayouterMenu::pointAt(const node::NodePtr& node) {
+    if (std::exchange(pointedNode, node) != node)
         showOutlines();
 }
 

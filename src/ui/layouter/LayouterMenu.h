@@ -14,6 +14,8 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
+#include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
 #include <array>
@@ -65,6 +67,7 @@ class LayouterMenu final : public QObject,
     Q_PROPERTY(QString note READ note NOTIFY refreshed)
     Q_PROPERTY(bool isWriting READ isWriting NOTIFY writingChanged)
     Q_PROPERTY(QString writtenText READ writtenText NOTIFY writingChanged)
+    Q_PROPERTY(QStringList pictureFilters READ pictureFilters CONSTANT)
     Q_PROPERTY(Qt::CursorShape cursor READ cursor NOTIFY cursorChanged)
 
 public:
@@ -95,7 +98,7 @@ public:
 
     /// Selects what is there; on nothing, nothing is selected any more.
     void handleTap(const TapGesture& tap) override;
-    /// Also opens the text field for a text.
+    /// Also opens the text field for a text, and asks for a picture on the image.
     void handleDoubleTap(const TapGesture& tap) override;
     /// Moves the selected node, or the node on which it began; on nothing, turns the camera.
     void handlePan(const PanGesture& pan) override;
@@ -110,6 +113,19 @@ public:
     Q_INVOKABLE bool grow(double factor);
     /// Selects the next node (step 1) or the one before (-1); false after the last.
     Q_INVOKABLE bool takeNext(int step);
+
+    /// Asks where the picture for the image is.
+    void showImportOptions();
+    /// Called with the file that the user has picked; may be empty.
+    std::function<void(const QUrl&)> openPicture;
+    Q_INVOKABLE void pictureWasPicked(const QUrl& file);
+    /// For the dialog in which a picture is picked.
+    [[nodiscard]] static QStringList pictureFilters();
+    /// The image has another picture.
+    void imageDidChange();
+
+    /// Shows the whole frame of a node; null: of none.
+    void pointAt(const node::NodePtr& node);
 
     /// Tells what a press would do.
     [[nodiscard]] Qt::CursorShape cursor() const { return cursor_; }
@@ -159,6 +175,8 @@ Q_SIGNALS:
     void refreshed();
     void writingChanged();
     void cursorChanged();
+    /// The user wants to pick a picture; the dialog begins in that folder.
+    void pictureAsked(const QUrl& folder);
 
 private:
     // Objects that QML still uses, or that are being clicked, are deleted in the next turn of the

@@ -189,7 +189,10 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeStrip() {
         return shown("FormPanel", textNode ? LaterPtr<QObject>(new FormPanel(textNode)) : nullptr);
     case image:
         return shown(
-            "ImagePanel", imageNode ? LaterPtr<QObject>(new ImagePanel(imageNode)) : nullptr);
+            "ImagePanel",
+            imageNode
+                ? LaterPtr<QObject>(new ImagePanel(imageNode, [this] { showImportOptions(); }))
+                : nullptr);
     case transform:
         return shown(
             "TransformPanel",

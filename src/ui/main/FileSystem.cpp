@@ -2,16 +2,130 @@
 #include "ui/main/FileSystem.h"
 
 #include "ui/controls/Alerts.h"
+#include "ui/imports/FontImporter.h"
+#include "ui/imports/PictureImporter.h"
 
-#include <QCoreApplication>
+#include <QMimeData>
+#include <QMimeDatabase>
+#include <QUrl>
+
+#include <algorithm>
+#include <array>
+#include <system_error>
 
 namespace zelvo::ui {
 
-bool FileSystem::open(const std::filesystem::path& file, Alerts& alerts) {
-    // Importing objects (archives) and fonts is not implemented.
-    const QString title = QCoreApplication::translate("FileSystem", "Unsupported file.");
-    alerts.showAlert(title.toStdString(), file.filename().string());
+namespace {
+
+/// Data that programs offer for one and the same picture, the best first.
+constexpr std::array kPictureTypes{
+    "image/svg+xml",
+    "image/png",
+    "image/webp",
+    "image/tiff",
+    "image/jpeg",
+    "image/gif",
+    "image/bmp"};
+
+Offer kindOf(const std::filesystem::path& file) {
+    if (FontImporter::isFont(file) || FontImporter::isArchive(file))
+        return Offer::fonts;
+    const QMimeType type = QMimeDatabase().mimeTypeForFile(QString::fromStdString(file.string()));
+    return type.name().startsWith("image/") ? Offer::picture : Offer::unknown;
+}
+
+/// The files that the data names: in its list of addresses, or as text with one path.
+QStringList filesIn(const QMimeData& data) {
+    QStringList files;
+    for (const QUrl& url : data.urls()) {
+        if (url.isLocalFile())
+            files.append(url.toLocalFile());
+    }
+    if (!files.isEmpty() || data.hasUrls())
+        return files;
+    constexpr qsizetype kLongestPath = 4096; // Linux, limits.h
+    const QString text = data.text().trimmed();
+    if (text.size() > kLongestPath)
+        return {};
+    const QUrl url(text);
+    const QString path = url.isLocalFile() ? url.toLocalFile() : text;
+    std::error_code error;
+    const bool isFile = path.startsWith('/') && !path.contains('\n') &&
+                        std::filesystem::exists(path.toStdString(), error);
+    return isFile ? QStringList(path) : QStringList();
+}
+
+QByteArray pictureIn(const QMimeData& data) {
+    for (const char* const type : kPictureTypes) {
+        const QString name = QString::fromLatin1(type);
+        if (!data.hasFormat(name))
+            continue;
+        if (const QByteArray bytes = data.data(name); !bytes.isEmpty())
+            return bytes;
+    }
+    return {};
+}
+
+bool hasPicture(const QMimeData& data) {
+    return std::ranges::any_of(kPictureTypes, [&data](const char* type) {
+        return data.hasFormat(QString::fromLatin1(type));
+    });
+}
+
+} // namespace
+
+bool FileSystem::open(const std::filesystem::path& file) {
+    const auto refuse = [&](const QString& title) {
+        services.alerts.showAlert(title.toStdString(), file.filename().string());
+        return false;
+    };
+    std::error_code error;
+    const auto status = std::filesystem::status(file, error);
+    if (!std::filesystem::exists(status))
+        return refuse(tr("There is no such file."));
+    if (!std::filesystem::is_regular_file(status))
+        return refuse(tr("This is not a file."));
+    if (kindOf(file) != Offer::picture)
+        return FontImporter(services).importFile(file);
+    pictures.load(file);
+    return true;
+}
+
+bool FileSystem::open(const QUrl& url) {
+    if (url.isLocalFile() || url.scheme().isEmpty())
+        return open(std::filesystem::path(url.toLocalFile().toStdString()));
+    services.alerts.showAlert(
+        tr("Links cannot be opened.").toStdString(),
+        tr("Save the picture as a file. Then drop the file here.").toStdString());
     return false;
+}
+
+bool FileSystem::open(const QMimeData& data) {
+    const QStringList files = filesIn(data);
+    for (const QString& file : files)
+        (void)open(std::filesystem::path(file.toStdString()));
+    if (!files.isEmpty())
+        return true;
+    if (const QByteArray picture = pictureIn(data); !picture.isEmpty()) {
+        pictures.load(picture);
+        return true;
+    }
+    if (data.urls().isEmpty())
+        return false;
+    (void)open(data.urls().front());
+    return true;
+}
+
+Offer FileSystem::offerOf(const QMimeData& data) {
+    const QStringList files = filesIn(data);
+    if (files.isEmpty() && hasPicture(data))
+        return Offer::picture;
+    if (files.isEmpty())
+        return data.hasUrls() ? Offer::link : Offer::unknown;
+    Offer best = Offer::unknown;
+    for (const QString& file : files)
+        best = std::min(best, kindOf(file.toStdString()));
+    return best;
 }
 
 } // namespace zelvo::ui

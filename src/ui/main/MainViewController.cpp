@@ -6,11 +6,14 @@
 #include "ui/controls/Alerts.h"
 #include "ui/imports/FontImportViewController.h"
 #include "ui/layouter/LayouterMenu.h"
-#include "ui/main/FileSystem.h"
 #include "ui/menus/ActionsMenu.h"
 #include "ui/menus/VideoAlertViewController.h"
 #include "ui/screens/ExportViewController.h"
 #include "ui/screens/HistoryController.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
 
 #include <utility>
 
@@ -38,10 +41,13 @@ MainViewController::MainViewController(const Services& given)
     , stage(services, *this)
     , visualizer(services.runLoop)
     , cameraGestures(services.model.actionController().gestures)
+    , pictures(services)
+    , files(services, pictures)
     , valueLabel(services.runLoop)
     , progressView(services)
     , blurCover(services.runLoop) {
     wire();
+    wirePictures();
     viewDidLoad();
 }
 
@@ -71,6 +77,22 @@ void MainViewController::wire() {
         if (panelView_ != kStylePanel)
             showLayouterMenu();
     });
+}
+
+void MainViewController::wirePictures() {
+    // A picture can come long after it was asked for. The user may edit something else by then.
+    pictures.didAsk = [this] {
+        if (LayouterMenu* const panel = layouter())
+            panel->setCurrentNode(services.model.nodes().imageNode);
+    };
+    pictures.didArrive = [this] {
+        if (LayouterMenu* const panel = layouter())
+            panel->imageDidChange();
+    };
+}
+
+LayouterMenu* MainViewController::layouter() const {
+    return qobject_cast<LayouterMenu*>(panel());
 }
 
 /// Ends what is held first. Otherwise its further records would carry a number that the next
@@ -132,6 +154,7 @@ void MainViewController::showLayouterMenu() {
     menu->inspirator.fadeScene =
         lifetime.guard([this](double alpha, double seconds) { fadeScene(alpha, seconds); });
     menu->presentFontImport = lifetime.guard([this] { showFontImport(); });
+    menu->openPicture = lifetime.guard([this](const QUrl& file) { (void)openURL(file); });
     LayouterMenu& panel = *menu;
     setPanel(menu.release(), kStylePanel);
     gestureDelegate = &panel;
@@ -204,6 +227,7 @@ void MainViewController::present(QObject* controller, const char* view) {
     if (controller != nullptr)
         controller->setParent(this);
     screenView_ = QString::fromLatin1(view);
+    pictures.setHeld(controller != nullptr);
     valueLabel.dismiss(); // its message belongs to the screen before
     Q_EMIT screenChanged();
 }
@@ -247,7 +271,19 @@ void MainViewController::showFontImport() {
 }
 
 bool MainViewController::openURL(const QUrl& url) {
-    return FileSystem::open(url.toLocalFile().toStdString(), services.alerts);
+    return files.open(url);
+}
+
+void MainViewController::paste() {
+    const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
+    if (data == nullptr || !files.open(*data))
+        signals().messageSignal.fire(tr("There is no picture on the clipboard").toStdString());
+}
+
+void MainViewController::showOffer(Offer kind) {
+    const bool isPicture = kind == Offer::picture;
+    if (LayouterMenu* const panel = layouter())
+        panel->pointAt(isPicture ? services.model.nodes().imageNode : nullptr);
 }
 
 void MainViewController::handlePinch(const PinchGesture& pinch) {

@@ -7,6 +7,8 @@
 #include "ui/controls/MyButton.h"
 #include "ui/controls/Services.h"
 #include "ui/controls/ValueLabel.h"
+#include "ui/imports/PictureImporter.h"
+#include "ui/main/FileSystem.h"
 #include "ui/main/IdleTimer.h"
 #include "ui/main/MainMenu.h"
 #include "ui/main/Stage.h"
@@ -27,6 +29,7 @@
 
 namespace zelvo::ui {
 
+class LayouterMenu;
 class VideoAlertViewController;
 
 /// The main screen: the stage, the bar above it, and one of two panels below it. A panel is built
@@ -97,6 +100,14 @@ public:
     void showFontImport();
     /// Whether the program has accepted the file.
     Q_INVOKABLE bool openURL(const QUrl& url);
+
+    /// Opens what was dropped or copied: files or a picture. Whether there was any.
+    bool open(const QMimeData& data) { return files.open(data); }
+
+    /// Opens what is on the clipboard.
+    Q_INVOKABLE void paste();
+    /// Shows on the stage where the thing would go that is being dragged over the window.
+    void showOffer(Offer kind);
 
     /// The window's size in device-independent pixels.
     Q_INVOKABLE void setViewSize(QSizeF size) { viewSize = size; }
@@ -180,9 +191,14 @@ private:
     void showHint();
     /// Runs the call in the next turn of the loop, unless this object is gone by then.
     [[nodiscard]] std::function<void()> posted(std::function<void()> call) const;
+    void wirePictures();
+    /// Null while another panel is shown.
+    [[nodiscard]] LayouterMenu* layouter() const;
 
     CameraGestures cameraGestures;
     IdleTimer idleTimer;
+    PictureImporter pictures;
+    FileSystem files;
     ValueLabel valueLabel;
     ProgressView progressView;
     BlurCover blurCover;

@@ -51,7 +51,8 @@ FocusScope {
     }
     Rectangle {
         anchors.centerIn: parent
-        width: Math.min(Math.max(300, Theme.px(300)), parent.width - 32)
+        // From three buttons on, their words need more than a short sentence does.
+        width: Math.min(Math.max(300, Theme.px(300), Theme.px(120 * actions.count)), parent.width - 32)
         height: card.implicitHeight + 32
         color: Qt.darker(Theme.separator, 1.35)
         radius: 2 * Theme.radius

@@ -80,6 +80,9 @@ Item {
             }
         }
     }
+    PictureDialog {
+        controller: root.controller
+    }
     TabStack {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom

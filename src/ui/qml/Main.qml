@@ -68,13 +68,13 @@ Window {
             alerts: root.main.alerts
         }
     }
+    DropCover {
+        anchors.fill: parent
+        enabled: keyboard.enabled || (root.main.screenView === "FontImport" && !root.main.alerts.isShowing)
+        main: root.main
+    }
     TouchVisualizer {
         anchors.fill: parent
         controller: root.main.visualizer
-    }
-    DropArea {
-        anchors.fill: parent
-        keys: ["text/uri-list"]
-        onDropped: drop => drop.urls.forEach(url => root.main.openURL(url))
     }
 }

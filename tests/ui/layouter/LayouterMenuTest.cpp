@@ -315,7 +315,7 @@ TEST_F(LayouterMenuTest, ImagePanelMirrorsTurnsAndShows) {
     EXPECT_FALSE(nodes.imageNode->hFlipped);
     panel.rotate.click();
     EXPECT_TRUE(nodes.imageNode->orientationRotationNode->hasActions());
-    const ImagePanel later(nodes.imageNode);
+    const ImagePanel later(nodes.imageNode, {});
     EXPECT_TRUE(later.flipV.isMySelected() && !later.flipH.isMySelected());
 }
 

@@ -204,11 +204,6 @@ TEST_F(MainScreenTest, shows_one_screen_at_a_time_until_it_is_dismissed) {
     EXPECT_EQ(main.screen(), nullptr);
 }
 
-TEST_F(MainScreenTest, refuses_files_that_it_cannot_import) {
-    EXPECT_FALSE(main.openURL(QUrl::fromLocalFile("/tmp/a.txt")));
-    EXPECT_EQ(alerts.title(), "Unsupported file.");
-}
-
 } // namespace
 
 } // namespace zelvo::ui

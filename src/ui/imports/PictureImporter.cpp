@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "ui/imports/PictureImporter.h"
+
+#include "model/Model.h"
+#include "platform/image/reading/ImageReader.h"
+#include "shared/Signal.h"
+#include "ui/controls/Alerts.h"
+
+#include <array>
+#include <span>
+#include <string>
+#include <utility>
+
+namespace zelvo::ui {
+
+namespace {
+
+constexpr double kWordInterval = 2; ///< seconds; the word goes by itself soon after
+
+/// The usual endings of what loadImage reads.
+constexpr std::array kSuffixes{
+    "png", "jpg", "jpeg", "webp", "svg", "svgz", "gif", "tif", "tiff", "bmp"};
+
+/// The message with the file's name in place of its path.
+std::string shortened(std::string message, const std::filesystem::path& file) {
+    const std::string path = file.string();
+    if (message.starts_with(path))
+        message.replace(0, path.size(), file.filename().string());
+    return message;
+}
+
+} // namespace
+
+PictureImporter::PictureImporter(const Services& given)
+    : services(given)
+    , queue(services.runLoop.makeSerialQueue("pictures")) {}
+
+PictureImporter::~PictureImporter() {
+    ++*latest; // pictures that have not begun are not decoded any more
+}
+
+void PictureImporter::load(const std::filesystem::path& file) {
+    begin(QString::fromStdString(file.filename().string()), [file](const IsStopped& isStopped) {
+        return image::loadImage(file, isStopped).map_error([&file](foundation::Error error) {
+            error.message = shortened(std::move(error.message), file);
+            return error;
+        });
+    });
+}
+
+void PictureImporter::load(const QByteArray& encoded) {
+    begin(tr("Picture"), [encoded](const IsStopped&) {
+        return image::decodeImage(
+            {reinterpret_cast<const std::uint8_t*>(encoded.data()),
+             static_cast<std::size_t>(encoded.size())});
+    });
+}
+
+void PictureImporter::begin(const QString& name, Decode decode) {
+    const std::uint64_t number = ++*latest;
+    waiting = nullptr;
+    if (didAsk)
+        didAsk();
+    const std::string word = tr("Loading %1 …").arg(name).toStdString();
+    loadingWord = services.runLoop.scheduleOnce(kPatience, [this, word] {
+        signals().messageSignal.fire(word);
+        loadingWord = services.runLoop.scheduleRepeating(
+            kWordInterval, [word] { signals().messageSignal.fire(word); });
+    });
+    queue->async([&loop = services.runLoop,
+                  isStopped = IsStopped([latest = latest, number] { return number != *latest; }),
+                  decode = std::move(decode),
+                  done = lifetime.guard([this, number, name](const Decoded& decoded) {
+                      finish(number, name, decoded);
+                  })] {
+        if (!isStopped())
+            loop.post([done, decoded = decode(isStopped)] { done(decoded); });
+    });
+}
+
+void PictureImporter::finish(std::uint64_t number, const QString& name, const Decoded& decoded) {
+    if (number != *latest)
+        return;
+    loadingWord.invalidate();
+    if (!decoded) {
+        services.alerts.showAlert(
+            tr("The picture cannot be opened.").toStdString(), decoded.error().message);
+        return;
+    }
+    waiting = [this, name, picture = *decoded] { show(picture, name); };
+    setHeld(isHeld);
+}
+
+void PictureImporter::setHeld(bool isOn) {
+    isHeld = isOn;
+    if (const auto call = isHeld ? nullptr : std::exchange(waiting, nullptr))
+        call();
+}
+
+void PictureImporter::show(const image::ImagePtr& picture, const QString& name) {
+    content::ImageNode& node = *services.model.nodes().imageNode;
+    node.resetLayout();
+    node.setImage(picture);
+    node.isVisible = true;
+    node.updateVisibility();
+    signals().messageSignal.fire(name.toStdString()); // in place of the size from the reset
+    if (didArrive)
+        didArrive();
+}
+
+QStringList PictureImporter::nameFilters() {
+    QStringList patterns;
+    for (const char* const suffix : kSuffixes) { // the dialog of some desktops minds the case
+        patterns.append(QStringLiteral("*.") + QString::fromLatin1(suffix));
+        patterns.append(patterns.back().toUpper());
+    }
+    return {tr("Pictures (%1)").arg(patterns.join(' ')), tr("All files (*)")};
+}
+
+} // namespace zelvo::ui
