@@ -225,8 +225,10 @@ bool PolygonTriangulator::isWhole() const {
 
 /// For what has no ears: corners that touch sides, collinear bridges.
 bool PolygonTriangulator::cutByTessellator() {
-    if (flat.size() > kMaxTessellated)
+    const std::uint64_t cost = flat.size() * flat.size() * kTestsPerCrossing;
+    if (flat.size() > kMaxTessellated || testsLeft < cost)
         return false;
+    testsLeft -= cost;
     // Corners at one place get one number, and a bridge's two sides are left out.
     const auto isBefore = [this](std::uint32_t a, std::uint32_t b) {
         return std::pair(flat[a].x, flat[a].y) < std::pair(flat[b].x, flat[b].y);

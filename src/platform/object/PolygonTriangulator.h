@@ -53,7 +53,10 @@ private:
     /// Ears take a time that grows with the square of the corners. When a file has used this many
     /// tests (some seconds), its other concave polygons are cut as fans.
     static constexpr std::uint64_t kMaxTests = 2'000'000'000;
-    static constexpr std::size_t kMaxTessellated = 1024; ///< corners; more take too long
+    /// The tessellator's time grows with the crossings, of which there are at most as many as the
+    /// square of the corners; each is about this many tests.
+    static constexpr std::uint64_t kTestsPerCrossing = 1000;
+    static constexpr std::size_t kMaxTessellated = 256; ///< corners; more take too long
 };
 
 } // namespace zelvo::object

@@ -41,46 +41,67 @@ struct Triangles {
     }
 };
 
-/// Takes the corners from the polygons. Where all faces are triangles, they stay in their memory.
-Triangles triangulated(Polygons& polygons) {
-    std::size_t bound = 0;
-    bool isInPlace = true;
-    for (const Polygons::Face& face : polygons.faces) {
-        bound += (face.cornerCount - 2) * std::size_t{3};
-        isInPlace = isInPlace && face.cornerCount == 3;
+/// Cuts the faces and writes their corners one after the other. Where all faces are triangles, the
+/// corners stay in the memory of the polygons.
+class FaceCutter {
+public:
+    explicit FaceCutter(Polygons& given)
+        : polygons(given) {
+        std::size_t bound = 0;
+        bool isInPlace = true;
+        for (const Polygons::Face& face : polygons.faces) {
+            bound += (face.cornerCount - 2) * std::size_t{3};
+            isInPlace = isInPlace && face.cornerCount == 3;
+        }
+        wide.resize(isInPlace ? 0 : bound);
+        wideColors.resize(isInPlace || polygons.cornerColors.empty() ? 0 : bound);
+        corners = isInPlace ? &polygons.corners : &wide;
+        colors = isInPlace ? &polygons.cornerColors : &wideColors;
     }
-    Triangles result;
-    std::vector<Corner> wide(isInPlace ? 0 : bound);
-    std::vector<glm::u8vec4> wideColors(isInPlace || polygons.cornerColors.empty() ? 0 : bound);
-    std::vector<Corner>& corners = isInPlace ? polygons.corners : wide;
-    std::vector<glm::u8vec4>& colors = isInPlace ? polygons.cornerColors : wideColors;
 
-    PolygonTriangulator cutter;
-    std::vector<glm::dvec3> outline;
-    std::size_t first = 0;
-    std::size_t used = 0;
-    for (const Polygons::Face& face : polygons.faces) {
+    [[nodiscard]] Triangles run() {
+        std::size_t first = 0;
+        for (const Polygons::Face& face : polygons.faces) {
+            cut(face, first);
+            first += face.cornerCount;
+        }
+        corners->resize(used);
+        colors->resize(colors->empty() ? 0 : used);
+        result.corners = std::move(*corners);
+        result.colors = std::move(*colors);
+        return std::move(result);
+    }
+
+private:
+    void cut(const Polygons::Face& face, std::size_t first) {
         outline.clear();
         for (std::size_t i = first; i < first + face.cornerCount; ++i)
             outline.push_back(polygons.points[polygons.corners[i].point]);
         const auto triangles = cutter.cut(outline);
         result.addToRuns(face.material, used / 3, triangles.size());
         for (const auto& triangle : triangles) {
-            for (const std::uint32_t corner : triangle) {
-                corners[used] = polygons.corners[first + corner];
-                if (!colors.empty())
-                    colors[used] = polygons.cornerColors[first + corner];
-                ++used;
-            }
+            for (const std::uint32_t corner : triangle)
+                add(first + corner);
         }
-        first += face.cornerCount;
     }
-    corners.resize(used);
-    colors.resize(colors.empty() ? 0 : used);
-    result.corners = std::move(corners);
-    result.colors = std::move(colors);
-    return result;
-}
+
+    void add(std::size_t corner) {
+        (*corners)[used] = polygons.corners[corner];
+        if (!colors->empty())
+            (*colors)[used] = polygons.cornerColors[corner];
+        ++used;
+    }
+
+    Polygons& polygons;
+    Triangles result;
+    PolygonTriangulator cutter;
+    std::vector<glm::dvec3> outline;
+    std::vector<Corner> wide;
+    std::vector<glm::u8vec4> wideColors;
+    std::vector<Corner>* corners = nullptr; ///< where the result is written
+    std::vector<glm::u8vec4>* colors = nullptr;
+    std::size_t used = 0;
+};
 
 /// Makes one piece. Equal corners become one vertex.
 class PieceMaker {
@@ -253,7 +274,7 @@ addPieces(ObjectScene& scene, Polygons polygons, const PieceOptions& options, co
     completeNormals(polygons, options.creaseAngle);
     if (watch.stop.stop_requested())
         return tl::unexpected(cancelledError());
-    Triangles triangles = triangulated(polygons);
+    Triangles triangles = FaceCutter(polygons).run();
     polygons.faces = {};
 
     // One piece for each material, in the order of the materials.

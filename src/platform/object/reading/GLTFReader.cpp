@@ -17,6 +17,7 @@
 #include <exception>
 #include <fstream>
 #include <iterator>
+#include <ranges>
 #include <set>
 #include <string_view>
 #include <utility>
@@ -68,7 +69,7 @@ bool writeNothing(std::string*, const std::string&, const std::vector<unsigned c
 }
 
 /// Keeps a picture that stands in the text. Those in buffers are copied later, with checks.
-bool keepPicture(
+bool keepPicture( // NOLINT(readability-function-size): the library's interface
     tinygltf::Image* image,
     int /*number*/,
     std::string* /*error*/,
@@ -234,9 +235,8 @@ private:
                 continue;
             worlds[index] = parent * transformOf(model.nodes[index]);
             order.push_back(index);
-            const std::vector<int>& children = model.nodes[index].children;
-            for (auto child = children.rbegin(); child != children.rend(); ++child)
-                open.emplace_back(*child, *worlds[index]);
+            for (const int child : std::views::reverse(model.nodes[index].children))
+                open.emplace_back(child, *worlds[index]);
         }
     }
 
@@ -246,7 +246,7 @@ private:
             return {};
         Mesh& mesh = meshes[static_cast<std::size_t>(node.mesh)];
         if (!mesh.isBuilt) {
-            const auto built = buildMesh(mesh, model.meshes[static_cast<std::size_t>(node.mesh)]);
+            auto built = buildMesh(mesh, model.meshes[static_cast<std::size_t>(node.mesh)]);
             if (!built)
                 return built;
         }
