@@ -98,14 +98,15 @@ public:
         for (std::size_t i = 0; i < values.size(); ++i) {
             const std::int32_t difference = values[i] - std::exchange(last, values[i]);
             unsigned code = 3;
-            if (difference == kCommon)
+            if (difference == kCommon) {
                 code = 0;
-            else if (difference == static_cast<std::int8_t>(difference))
+            } else if (difference == static_cast<std::int8_t>(difference)) {
                 code = 1, differences += raw(static_cast<std::int8_t>(difference));
-            else if (difference == static_cast<std::int16_t>(difference))
+            } else if (difference == static_cast<std::int16_t>(difference)) {
                 code = 2, differences += raw(static_cast<std::int16_t>(difference));
-            else
+            } else {
                 differences += raw(difference);
+            }
             codes[i / 4] =
                 static_cast<char>(static_cast<unsigned char>(codes[i / 4]) | code << i % 4 * 2);
         }
@@ -210,10 +211,11 @@ private:
             const auto step = static_cast<std::int32_t>(siblingOf(i) - i);
             indices.push_back(static_cast<std::int32_t>(i));
             elements.push_back(paths[i].isProperty ? -element : element);
-            if (siblingOf(i) == 0)
+            if (siblingOf(i) == 0) {
                 jumps.push_back(hasChild(i) ? -1 : -2);
-            else
+            } else {
                 jumps.push_back(hasChild(i) ? step : 0);
+            }
         }
         const auto count = raw(std::uint64_t{paths.size()});
         return count + count + packedInts(indices) + packedInts(elements) + packedInts(jumps);

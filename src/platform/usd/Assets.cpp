@@ -52,10 +52,11 @@ std::optional<std::string> joined(std::string_view folder, std::string_view path
         at = end + 1;
         if (part == ".." && parts.empty())
             return std::nullopt;
-        if (part == "..")
+        if (part == "..") {
             parts.pop_back();
-        else if (!part.empty() && part != ".")
+        } else if (!part.empty() && part != ".") {
             parts.push_back(part);
+        }
     }
     return fmt::format("{}", fmt::join(parts, "/"));
 }

@@ -95,10 +95,11 @@ void collect(
     std::vector<const CompositionNode*>& specialized) {
     sites.insert(sites.end(), node.sites.begin(), node.sites.end());
     for (const auto& child : node.children) {
-        if (child->arc == Arc::specialize)
+        if (child->arc == Arc::specialize) {
             specialized.push_back(child.get());
-        else
+        } else {
             collect(*child, sites, specialized);
+        }
     }
 }
 

@@ -39,10 +39,11 @@ template <class T> void take(const Value& value, T& target) {
 
 /// Some lists are stored without a way of editing.
 void takeList(const Value& value, ListOp<std::string>& target) {
-    if (const auto* plain = std::get_if<StringList>(&value))
+    if (const auto* plain = std::get_if<StringList>(&value)) {
         target = ListOp<std::string>::exactly(*plain);
-    else
+    } else {
         take(value, target);
+    }
 }
 
 std::optional<double> numberIn(const Value& value) {
@@ -57,14 +58,15 @@ Specifier specifierOf(double number) {
 }
 
 void setLayerField(Layer& layer, std::string_view name, const Value& value) {
-    if (name == "defaultPrim")
+    if (name == "defaultPrim") {
         take(value, layer.defaultPrim);
-    else if (name == "upAxis")
+    } else if (name == "upAxis") {
         take(value, layer.upAxis);
-    else if (name == "metersPerUnit")
+    } else if (name == "metersPerUnit") {
         layer.metersPerUnit = numberIn(value);
-    else if (name == "subLayers")
+    } else if (name == "subLayers") {
         take(value, layer.subLayers);
+    }
 }
 
 using PrimSetter = void (*)(PrimSpec&, const Value&);
@@ -179,12 +181,13 @@ void LayerMaker::setPrim(const CrateSpec& spec) {
         return;
     const bool isRoot = spec.type == CrateSpecType::pseudoRoot;
     visitFields(spec, [&](const std::string& name, std::uint64_t value) {
-        if (name == "primChildren")
+        if (name == "primChildren") {
             take(store.decode(value), orders.emplace_back(prim, StringList()).second);
-        else if (isRoot)
+        } else if (isRoot) {
             setLayerField(layer, name, store.decode(value));
-        else if (const PrimSetter set = primSetterOf(name))
+        } else if (const PrimSetter set = primSetterOf(name)) {
             set(*prim, store.decode(value));
+        }
     });
 }
 

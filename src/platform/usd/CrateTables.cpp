@@ -295,10 +295,11 @@ std::optional<std::string> CrateTables::path(std::uint64_t index) const {
         const std::string& element = tokens[(*at)->element];
         const bool isJoined = element.starts_with('{') || element.starts_with('[') ||
                               (!text.empty() && text.back() == '}');
-        if ((*at)->isProperty)
+        if ((*at)->isProperty) {
             text += '.';
-        else if (!isJoined)
+        } else if (!isJoined) {
             text += '/';
+        }
         text += element;
     }
     return text.empty() ? "/" : text;

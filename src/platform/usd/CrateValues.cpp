@@ -218,10 +218,11 @@ Value CrateValues::decode(std::uint64_t bits) const {
     const std::uint64_t count = stored.isArray ? readArrayLength(reader, tables.version) : 0;
     Decoder decoder(reader, tables, *budget);
     Value value;
-    if (isText)
+    if (isText) {
         value = decoder.items(count, stored.type == kToken ? &Decoder::token : &Decoder::string);
-    else
+    } else {
         value = decodeAt(decoder, stored.type, tables.version);
+    }
     return decoder.hasFailed() ? Value() : value;
 }
 

@@ -34,10 +34,11 @@ void LayerStacks::add(LayerStack& stack, AssetId id, int depth) {
     }
     stack.members.push_back({*layer, id});
     for (const std::string& path : (*layer)->subLayers) {
-        if (const auto sub = assets.resolve(path, id))
+        if (const auto sub = assets.resolve(path, id)) {
             add(stack, *sub, depth + 1);
-        else
+        } else {
             warnings.add(fmt::format("the layer {} is missing", path));
+        }
     }
 }
 

@@ -156,35 +156,43 @@ const MeshReader::Coordinates* MeshReader::coordinatesFor(const Surface* surface
     return &*place->second;
 }
 
-const MeshReader::Colors& MeshReader::colorsFor(const std::string& name) {
-    const auto [place, isNew] = colors.try_emplace(name);
-    if (isNew) {
-        place->second.color = Primvar::read(mesh, "primvars:" + name, 3, counts);
-        if (name == "displayColor")
-            place->second.opacity = Primvar::read(mesh, "primvars:displayOpacity", 1, counts);
+/// Colours are converted once each, not for every corner.
+const MeshReader::Colors* MeshReader::colorsFor(const Surface* surface) {
+    if (surface != nullptr && surface->colorName.empty())
+        return nullptr;
+    const auto [place, isNew] = colors.try_emplace(surface == nullptr ? "" : surface->colorName);
+    Colors& made = place->second;
+    if (!isNew)
+        return &made;
+    if (surface == nullptr)
+        made.plain = displayColor(glm::vec3(kPlainGray), 1);
+    const std::string name = surface == nullptr ? "displayColor" : surface->colorName;
+    made.color = Primvar::read(mesh, fmt::format("primvars:{}", name), 3, counts);
+    if (made.color) {
+        const auto& v = made.color->values().values;
+        for (std::size_t i = 0; i + 3 <= v.size(); i += 3)
+            made.table.push_back(displayColor({v[i], v[i + 1], v[i + 2]}, 1));
     }
-    return place->second;
+    if (surface == nullptr)
+        made.opacity = Primvar::read(mesh, "primvars:displayOpacity", 1, counts);
+    if (made.opacity) {
+        for (const float share : made.opacity->values().values)
+            made.opacities.push_back(displayColor(glm::vec3(0), share).a);
+    }
+    return &made;
 }
 
-void MeshReader::addColor(const CornerPlace& place, const Surface* surface) {
-    if (surface != nullptr && surface->colorName.empty()) {
-        polygons.cornerColors.emplace_back(255);
-        return;
-    }
-    const auto& [color, opacity] =
-        colorsFor(surface == nullptr ? "displayColor" : surface->colorName);
-    glm::vec3 linear(surface == nullptr ? kPlainGray : 1);
-    if (const auto at = color ? color->indexAt(place) : std::nullopt) {
-        const float* v = color->values().values.data() + std::size_t{*at} * 3;
-        linear = {v[0], v[1], v[2]};
-    }
-    float share = 1;
-    if (const auto at = opacity ? opacity->indexAt(place) : std::nullopt)
-        share = opacity->values().values[*at];
-    polygons.cornerColors.push_back(displayColor(linear, share));
+glm::u8vec4 MeshReader::Colors::at(const CornerPlace& place) const {
+    glm::u8vec4 result = plain;
+    if (const auto index = color ? color->indexAt(place) : std::nullopt)
+        result = table[*index];
+    if (const auto index = opacity ? opacity->indexAt(place) : std::nullopt)
+        result.a = opacities[*index];
+    return result;
 }
 
-void MeshReader::addFace(const Face& face, const Surface* surface, const Coordinates* uvs) {
+void MeshReader::addFace(const Face& face, const Style& style) {
+    const auto& [surface, uvs, tint] = style;
     for (std::size_t i = 0; i < face.cornerCount; ++i) {
         const std::size_t corner = face.firstCorner + (isReversed ? face.cornerCount - 1 - i : i);
         const auto point = static_cast<std::size_t>(indices[corner]);
@@ -196,7 +204,7 @@ void MeshReader::addFace(const Face& face, const Surface* surface, const Coordin
             added.normal = normals->indexAt(place).value_or(Polygons::kNone);
         polygons.corners.push_back(added);
         if (hasColors)
-            addColor(place, surface);
+            polygons.cornerColors.push_back(tint == nullptr ? glm::u8vec4(255) : tint->at(place));
     }
     polygons.faces.push_back(
         {static_cast<std::uint32_t>(face.cornerCount),
@@ -211,16 +219,17 @@ Polygons MeshReader::read() {
     readNormals();
     polygons.faces.reserve(faces.size());
     polygons.corners.reserve(indices.size());
+    polygons.cornerColors.reserve(hasColors ? indices.size() : 0);
     isReversed = mesh.text("orientation") == "leftHanded";
     isFaceted = mesh.text("subdivisionScheme") == "none";
-    const Surface* surface = faces.empty() ? nullptr : surfaceOf[faces.front().number];
-    const Coordinates* uvs = coordinatesFor(surface);
+    const auto styleOf = [this](const Surface* surface) {
+        return Style{surface, coordinatesFor(surface), hasColors ? colorsFor(surface) : nullptr};
+    };
+    Style style = styleOf(faces.empty() ? nullptr : surfaceOf[faces.front().number]);
     for (const Face& face : faces) {
-        if (surfaceOf[face.number] != surface) {
-            surface = surfaceOf[face.number];
-            uvs = coordinatesFor(surface);
-        }
-        addFace(face, surface, uvs);
+        if (surfaceOf[face.number] != style.surface)
+            style = styleOf(surfaceOf[face.number]);
+        addFace(face, style);
     }
     // No face uses these any more.
     for (glm::dvec3& point : polygons.points) {

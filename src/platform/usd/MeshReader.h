@@ -36,10 +36,22 @@ private:
         std::uint32_t first = 0;
     };
 
-    /// What colours a face: a primvar, or one constant.
+    /// What colours faces: a primvar, where it has a value.
     struct Colors {
         std::optional<Primvar> color;
+        std::vector<glm::u8vec4> table; ///< of the primvar's values
         std::optional<Primvar> opacity;
+        std::vector<std::uint8_t> opacities;
+        glm::u8vec4 plain{255}; ///< where there is no value
+
+        [[nodiscard]] glm::u8vec4 at(const CornerPlace& place) const;
+    };
+
+    /// What faces with one surface have in common. Each may be null.
+    struct Style {
+        const Surface* surface = nullptr;
+        const Coordinates* coordinates = nullptr;
+        const Colors* colors = nullptr; ///< null: white
     };
 
     void readPoints();
@@ -47,11 +59,10 @@ private:
     [[nodiscard]] bool isSound(const Face& face) const;
     void assignSurfaces();
     void readNormals();
-    void addFace(const Face& face, const Surface* surface, const Coordinates* uvs);
-    void addColor(const CornerPlace& place, const Surface* surface);
+    void addFace(const Face& face, const Style& style);
     [[nodiscard]] const Coordinates* coordinatesFor(const Surface* surface);
     [[nodiscard]] std::optional<Primvar> readCoordinates(const std::string& asked) const;
-    [[nodiscard]] const Colors& colorsFor(const std::string& name);
+    [[nodiscard]] const Colors* colorsFor(const Surface* surface);
 
     const Prim& mesh;
     SurfaceReader& surfaces;
@@ -65,7 +76,7 @@ private:
     bool isFaceted = false;
     std::optional<Primvar> normals;
     std::map<std::string, std::optional<Coordinates>> coordinates;
-    std::map<std::string, Colors> colors;
+    std::map<std::string, Colors> colors; ///< by primvar; the empty name: without a material
 };
 
 } // namespace zelvo::usd

@@ -59,8 +59,8 @@ private:
     Budget visitBudget;
     Budget cornerBudget;
     const object::Watch& watch;
-    std::size_t visitedPrims = 0;   ///< prims, at most all
-    std::size_t triangles = 0; ///< of all that is drawn
+    std::size_t visitedPrims = 0; ///< prims, at most all
+    std::size_t triangles = 0;    ///< of all that is drawn
     std::unordered_map<const Prim*, Drawn> drawn;
 };
 

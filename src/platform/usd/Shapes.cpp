@@ -73,15 +73,16 @@ Polygons turned(const std::vector<OutlinePoint>& outline) {
         const Ring& low = rings[i];
         const Ring& high = rings[i + 1];
         for (std::uint32_t s = 0; s < kSegments && !(low.isPole && high.isPole); ++s) {
-            if (low.isPole)
+            if (low.isPole) {
                 addFace(solid, {low.first, high.at(s + 1), high.at(s)}, Polygons::kByAngle);
-            else if (high.isPole)
+            } else if (high.isPole) {
                 addFace(solid, {low.at(s), low.at(s + 1), high.first}, Polygons::kByAngle);
-            else
+            } else {
                 addFace(
                     solid,
                     {low.at(s), low.at(s + 1), high.at(s + 1), high.at(s)},
                     Polygons::kByAngle);
+            }
         }
     }
     return solid;
@@ -106,10 +107,11 @@ std::vector<OutlinePoint> roundOutline(double lowRadius, double highRadius, doub
 /// Puts the axis of the shape, so far z, along another one.
 void turnAxis(Polygons& shape, std::string_view axis) {
     for (glm::dvec3& p : shape.points) {
-        if (axis == "X")
+        if (axis == "X") {
             p = {p.z, p.x, p.y};
-        else if (axis == "Y")
+        } else if (axis == "Y") {
             p = {p.y, p.z, p.x};
+        }
     }
 }
 
@@ -120,12 +122,13 @@ Polygons plane(double width, double length, std::string_view axis) {
          std::to_array<std::array<double, 2>>({{-1, -1}, {1, -1}, {1, 1}, {-1, 1}})) {
         const double w = x * width / 2;
         const double l = y * length / 2;
-        if (axis == "X")
+        if (axis == "X") {
             sheet.points.emplace_back(0, l, -w);
-        else if (axis == "Y")
+        } else if (axis == "Y") {
             sheet.points.emplace_back(w, 0, -l);
-        else
+        } else {
             sheet.points.emplace_back(w, l, 0);
+        }
     }
     addFace(sheet, {0, 1, 2, 3}, Polygons::kFlat);
     return sheet;
@@ -152,16 +155,17 @@ std::optional<Polygons> shapeOf(const Prim& prim) {
     const double high = number("radiusTop", radius);
     const double half = number("height", isCapsule ? 1 : 2) / 2;
     Polygons shape;
-    if (type == "Sphere")
+    if (type == "Sphere") {
         shape = turned(roundOutline(radius, radius, 0));
-    else if (type == "Cylinder" || type == "Cylinder_1")
+    } else if (type == "Cylinder" || type == "Cylinder_1") {
         shape = turned({{0, -half}, {low, -half}, {high, half}, {0, half}});
-    else if (type == "Cone")
+    } else if (type == "Cone") {
         shape = turned({{0, -half}, {radius, -half}, {0, half}});
-    else if (isCapsule)
+    } else if (isCapsule) {
         shape = turned(roundOutline(low, high, half));
-    else
+    } else {
         return std::nullopt;
+    }
     turnAxis(shape, axis);
     return shape;
 }

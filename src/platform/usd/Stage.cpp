@@ -132,12 +132,13 @@ Numbers Prim::numbers(std::string_view attribute, std::size_t count) const {
     if (held == nullptr)
         return {};
     Numbers result;
-    if (const auto* plain = std::get_if<Numbers>(held.get()))
+    if (const auto* plain = std::get_if<Numbers>(held.get())) {
         result = *plain;
-    else if (const auto* array = std::get_if<FloatArray>(held.get()))
+    } else if (const auto* array = std::get_if<FloatArray>(held.get())) {
         result.assign(array->values.begin(), array->values.end());
-    else if (const auto* whole = std::get_if<IntArray>(held.get()))
+    } else if (const auto* whole = std::get_if<IntArray>(held.get())) {
         result.assign(whole->begin(), whole->end());
+    }
     return result.size() < count ? Numbers() : result;
 }
 

@@ -75,10 +75,11 @@ const Surface* SurfaceReader::read(const std::string& materialPath) {
     const auto [place, isNew] = surfaces.try_emplace(materialPath);
     if (isNew) {
         const Prim* prim = stage.at(materialPath);
-        if (prim == nullptr)
+        if (prim == nullptr) {
             stage.warnings().add(fmt::format("the material {} is missing", materialPath));
-        else if (scene.materials.size() < object::Limits::kMaxMaterials)
+        } else if (scene.materials.size() < object::Limits::kMaxMaterials) {
             place->second = make(*prim);
+        }
     }
     return place->second ? &*place->second : nullptr;
 }
@@ -89,10 +90,11 @@ Surface SurfaceReader::make(const Prim& prim) {
     material.name = prim.name;
     material.baseColor.factor = glm::vec3(kPlainGray);
     const Prim* shader = surfaceShaderOf(stage, prim);
-    if (shader != nullptr && shaderKind(*shader) == "UsdPreviewSurface")
+    if (shader != nullptr && shaderKind(*shader) == "UsdPreviewSurface") {
         fill(*shader, material, surface);
-    else
+    } else {
         stage.warnings().add(fmt::format("the material {} has no preview surface", prim.name));
+    }
     surface.material = scene.materials.size();
     scene.materials.push_back(std::move(material));
     return surface;

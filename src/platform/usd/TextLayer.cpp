@@ -117,34 +117,36 @@ template <class Entry> void LayerReader::metadata(Entry entry) {
 
 void LayerReader::layerMetadata() {
     metadata([this](std::string_view key, Edit) {
-        if (key == "defaultPrim")
+        if (key == "defaultPrim") {
             layer.defaultPrim = scanner.string();
-        else if (key == "upAxis")
+        } else if (key == "upAxis") {
             layer.upAxis = scanner.string();
-        else if (key == "metersPerUnit")
+        } else if (key == "metersPerUnit") {
             layer.metersPerUnit = scanner.number();
-        else if (key == "subLayers")
+        } else if (key == "subLayers") {
             layer.subLayers = readTextStrings(scanner);
-        else
+        } else {
             return false;
+        }
         return true;
     });
 }
 
 bool LayerReader::composition(
     PrimSpec& prim, const std::string& path, std::string_view key, Edit how) {
-    if (key == "references")
+    if (key == "references") {
         editList(prim.references, how, readTextReferences(scanner));
-    else if (key == "payload")
+    } else if (key == "payload") {
         editList(prim.payloads, how, readTextReferences(scanner));
-    else if (key == "inherits")
+    } else if (key == "inherits") {
         editList(prim.inherits, how, readTextPaths(scanner, path));
-    else if (key == "specializes")
+    } else if (key == "specializes") {
         editList(prim.specializes, how, readTextPaths(scanner, path));
-    else if (key == "variantSets")
+    } else if (key == "variantSets") {
         editList(prim.variantSetNames, how, readTextStrings(scanner));
-    else
+    } else {
         return false;
+    }
     return true;
 }
 
@@ -180,12 +182,13 @@ void LayerReader::variantSelections(PrimSpec& prim) {
 
 bool LayerReader::tryPrim(PrimSpec& parent, const std::string& path, int depth) {
     Specifier specifier = Specifier::def;
-    if (scanner.acceptWord("over"))
+    if (scanner.acceptWord("over")) {
         specifier = Specifier::over;
-    else if (scanner.acceptWord("class"))
+    } else if (scanner.acceptWord("class")) {
         specifier = Specifier::abstract;
-    else if (!scanner.acceptWord("def"))
+    } else if (!scanner.acceptWord("def")) {
         return false;
+    }
     const std::string typeName(scanner.word());
     const std::string name = scanner.string();
     PrimSpec& prim = parent.children.at(name);
@@ -205,10 +208,11 @@ void LayerReader::body(PrimSpec& prim, const std::string& path, int depth) {
     while (!scanner.isAtEndOf('}')) {
         if (tryPrim(prim, path, depth))
             continue;
-        if (scanner.acceptWord("variantSet"))
+        if (scanner.acceptWord("variantSet")) {
             variantSet(prim, path, depth);
-        else
+        } else {
             property(prim, path);
+        }
     }
     scanner.expect('}');
 }
@@ -246,22 +250,24 @@ void LayerReader::property(PrimSpec& prim, const std::string& path) {
     PropertySpec& property = prim.properties.at(name);
     const std::string part(scanner.accept('.') ? scanner.word() : std::string_view());
     if (scanner.accept('=')) {
-        if (type == "rel" || part == "connect")
+        if (type == "rel" || part == "connect") {
             editList(property.targets, how, readTextPaths(scanner, path));
-        else
+        } else {
             attributeValue(property, part, type);
+        }
     }
     propertyMetadata(property);
 }
 
 void LayerReader::attributeValue(
     PropertySpec& attribute, std::string_view part, std::string_view type) {
-    if (part.empty())
+    if (part.empty()) {
         attribute.value.ready = std::make_shared<Value>(readTextValue(scanner, type, budget));
-    else if (part == "timeSamples")
+    } else if (part == "timeSamples") {
         samples(attribute, type);
-    else
+    } else {
         skipTextValue(scanner);
+    }
 }
 
 void LayerReader::samples(PropertySpec& attribute, std::string_view type) {
@@ -284,12 +290,13 @@ void LayerReader::samples(PropertySpec& attribute, std::string_view type) {
 
 void LayerReader::propertyMetadata(PropertySpec& property) {
     metadata([&](std::string_view key, Edit) {
-        if (key == "interpolation")
+        if (key == "interpolation") {
             property.interpolation = scanner.string();
-        else if (key == "bindMaterialAs")
+        } else if (key == "bindMaterialAs") {
             property.bindMaterialAs = scanner.string();
-        else
+        } else {
             return false;
+        }
         return true;
     });
 }

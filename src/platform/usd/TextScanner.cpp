@@ -39,12 +39,13 @@ char unescaped(char letter) {
 
 void TextScanner::skipBlanks() {
     while (at < text.size()) {
-        if (isBlank(text[at]))
+        if (isBlank(text[at])) {
             ++at;
-        else if (text[at] == '#')
+        } else if (text[at] == '#') {
             at = std::min(text.find('\n', at), text.size());
-        else
+        } else {
             return;
+        }
     }
 }
 
@@ -117,10 +118,11 @@ std::string TextScanner::string() {
     at += closing.size();
     std::string result;
     while (at < text.size() && !text.substr(at).starts_with(closing)) {
-        if (text[at] == '\\' && at + 1 < text.size())
+        if (text[at] == '\\' && at + 1 < text.size()) {
             result += unescaped(text[++at]);
-        else
+        } else {
             result += text[at];
+        }
         ++at;
     }
     if (at >= text.size())

@@ -29,10 +29,11 @@ template <class Item> void readList(TextScanner& scanner, char opening, char clo
 template <class Item> void readOneOrMany(TextScanner& scanner, Item item) {
     if (scanner.acceptWord("None"))
         return;
-    if (scanner.peek() == '[')
+    if (scanner.peek() == '[') {
         readList(scanner, '[', ']', item);
-    else
+    } else {
         item();
+    }
 }
 
 double readNumber(TextScanner& scanner) {
@@ -47,10 +48,11 @@ double readNumber(TextScanner& scanner) {
 /// Appends the numbers of a tuple, also of one that holds tuples.
 void readTuple(TextScanner& scanner, std::vector<double>& numbers) {
     readList(scanner, '(', ')', [&] {
-        if (scanner.peek() != '(')
+        if (scanner.peek() != '(') {
             numbers.push_back(readNumber(scanner));
-        else
+        } else {
             readList(scanner, '(', ')', [&] { numbers.push_back(readNumber(scanner)); });
+        }
         if (numbers.size() > kLargestTuple)
             scanner.fail("a tuple has too many numbers");
     });
@@ -113,18 +115,19 @@ void ArrayReader::readTupleItem() {
 
 void ArrayReader::readItem() {
     const char next = scanner.peek();
-    if (next == '(')
+    if (next == '(') {
         readTupleItem();
-    else if (scanner.isAtString())
+    } else if (scanner.isAtString()) {
         strings.push_back(scanner.string());
-    else if (next == '@')
+    } else if (next == '@') {
         strings.push_back(scanner.assetPath());
-    else if (next == '<')
+    } else if (next == '<') {
         strings.push_back(scanner.path());
-    else if (isWhole)
+    } else if (isWhole) {
         ints.push_back(toInt(readNumber(scanner)));
-    else
+    } else {
         floats.values.push_back(static_cast<float>(readNumber(scanner)));
+    }
 }
 
 Value ArrayReader::read() {
@@ -170,18 +173,19 @@ void skipDictionary(TextScanner& scanner, int depth) {
 
 void skipNested(TextScanner& scanner, int depth) {
     const char next = scanner.peek();
-    if (depth > kMaxDepth)
+    if (depth > kMaxDepth) {
         scanner.fail("values are nested too deeply");
-    else if (next == '{')
+    } else if (next == '{') {
         skipDictionary(scanner, depth);
-    else if (next == '[' || next == '(')
+    } else if (next == '[' || next == '(') {
         readList(scanner, next, next == '[' ? ']' : ')', [&] { skipNested(scanner, depth + 1); });
-    else if (scanner.isAtString())
+    } else if (scanner.isAtString()) {
         static_cast<void>(scanner.string());
-    else if (next == '@' || next == '<')
+    } else if (next == '@' || next == '<') {
         static_cast<void>(readReference(scanner, depth));
-    else if (!scanner.number() && scanner.word().empty())
+    } else if (!scanner.number() && scanner.word().empty()) {
         scanner.fail("a value is missing");
+    }
 }
 
 /// "(offset = 1; scale = 2)" and the like.
@@ -200,10 +204,11 @@ void skipAssignments(TextScanner& scanner, int depth) {
 
 Reference readReference(TextScanner& scanner, int depth) {
     Reference reference;
-    if (scanner.peek() == '@')
+    if (scanner.peek() == '@') {
         reference.asset = scanner.assetPath();
-    else if (scanner.peek() != '<')
+    } else if (scanner.peek() != '<') {
         scanner.fail("a reference is missing");
+    }
     if (scanner.peek() == '<')
         reference.prim = scanner.path();
     if (reference.prim == "/")
@@ -245,10 +250,11 @@ Value readTextValue(TextScanner& scanner, std::string_view typeName, Budget& bud
         return {};
     }
     Numbers numbers;
-    if (next == '(')
+    if (next == '(') {
         readTuple(scanner, numbers);
-    else
+    } else {
         numbers.push_back(readNumber(scanner));
+    }
     if (typeName.starts_with("quat"))
         putRealPartLast(numbers);
     return numbers;

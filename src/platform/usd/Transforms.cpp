@@ -97,10 +97,11 @@ LocalTransform localTransformOf(const Prim& prim) {
     LocalTransform local;
     // From the outermost to the innermost.
     for (const std::string& operation : prim.texts("xformOpOrder")) {
-        if (operation == kReset)
+        if (operation == kReset) {
             local = {glm::dmat4(1), true};
-        else
+        } else {
             local.matrix = local.matrix * operationOf(prim, operation);
+        }
     }
     return local;
 }
