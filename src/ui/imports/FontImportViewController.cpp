@@ -7,6 +7,8 @@
 #include "ui/controls/Alerts.h"
 #include "ui/imports/FontImporter.h"
 
+#include <QStandardPaths>
+
 #include <algorithm>
 #include <cstddef>
 
@@ -56,6 +58,10 @@ QStringList FontImportViewController::nameFilters() const {
     return {
         tr("Fonts and archives (%1)").arg("*.ttf *.otf *.ttc *.otc *.woff *.woff2 *.zip"),
         tr("All files (*)")};
+}
+
+QUrl FontImportViewController::downloads() {
+    return QUrl::fromLocalFile(QStandardPaths::writableLocation(QStandardPaths::DownloadLocation));
 }
 
 void FontImportViewController::showHowto() {

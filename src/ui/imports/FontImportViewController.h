@@ -35,6 +35,7 @@ class FontImportViewController final : public QObject {
     Q_PROPERTY(zelvo::ui::FontPictures* pictures READ picturesObject CONSTANT)
     Q_PROPERTY(double cellHeight MEMBER cellHeight CONSTANT)
     Q_PROPERTY(QStringList nameFilters READ nameFilters CONSTANT)
+    Q_PROPERTY(QUrl downloads READ downloads CONSTANT)
 
 public:
     explicit FontImportViewController(const Services& given);
@@ -52,6 +53,8 @@ public:
     Q_INVOKABLE [[nodiscard]] zelvo::ui::FontFile fontFile(int row) const;
     /// For the file dialog.
     [[nodiscard]] QStringList nameFilters() const;
+    /// Where the file dialog begins: fonts mostly come from the web.
+    [[nodiscard]] static QUrl downloads();
 
     [[nodiscard]] FontPictures* picturesObject() { return &pictures; }
 

@@ -60,7 +60,7 @@ FocusScope {
                     text: qsTr("Import")
                     onClicked: {
                         dialog.active = true;
-                        (dialog.item as FontDialog).ask(root.controller.nameFilters);
+                        (dialog.item as FontDialog).ask(root.controller.nameFilters, root.controller.downloads);
                     }
                 }
             ]
