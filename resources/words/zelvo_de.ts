@@ -105,6 +105,10 @@
         <source>No Fonts Found</source>
         <translation>Keine Schriften gefunden</translation>
     </message>
+    <message>
+        <source>Already there: %1</source>
+        <translation>Schon vorhanden: %1</translation>
+    </message>
 </context>
 <context>
     <name>FontListView</name>

@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <QString>
+#include <QStringList>
 
 #include <algorithm>
 #include <array>
@@ -78,14 +79,30 @@ Result<Unpacked> unpack(const fs::path& file, const fs::path& temporary) {
     return unpacked;
 }
 
+/// Says that fonts of these names were there before; empty if there are none.
+std::string alreadyThere(const QStringList& names) {
+    constexpr qsizetype kShown = 8;
+    if (names.empty())
+        return {};
+    const QString shown = names.mid(0, kShown).join(", ") + (names.size() > kShown ? ", …" : "");
+    return QCoreApplication::translate("FontImporter", "Already there: %1")
+        .arg(shown)
+        .toStdString();
+}
+
 /// Installs fonts one by one; an error is shown, and the next one follows.
 void installAll(const Services& services, const std::vector<fs::path>& fonts) {
     int count = 0;
+    QStringList namesTaken;
     for (const fs::path& font : fonts) {
-        if (const auto installed = services.fonts.install(font))
-            ++count;
-        else
+        const auto installed = services.fonts.install(font);
+        if (!installed) {
             services.alerts.showAlert(installed.error().message, {});
+            continue;
+        }
+        ++count;
+        if (!installed->nameTaken.empty())
+            namesTaken.append(QString::fromStdString(installed->nameTaken));
     }
     if (count == 0)
         return;
@@ -93,7 +110,7 @@ void installAll(const Services& services, const std::vector<fs::path>& fonts) {
         QCoreApplication::translate("FontImporter", "%1 Font(s) installed")
             .arg(count)
             .toStdString(),
-        {});
+        alreadyThere(namesTaken));
     services.fonts.fontsInstalled.fire();
 }
 

@@ -47,10 +47,12 @@ TEST_F(FontImportTest, AsksBeforeItInstallsAnArchiveAndLeavesNothingBehind) {
     test::ZipFile zip(archive());
     zip.add("readme.txt").add("deep/er/Abel-Regular.ttf", font("Abel-Regular.ttf"));
     zip.add("Broken.otf", "no font").add("__MACOSX/._Abel-Regular.ttf", "no font");
-    zip.add("Geo-Regular.TTF", font("Geo-Regular.ttf")).close();
+    zip.add("Geo-Regular.TTF", font("Geo-Regular.ttf"))
+        .add("x.ttf", font("Geo-Regular.ttf"))
+        .close();
 
     EXPECT_TRUE(import(archive()));
-    EXPECT_EQ(alerts.title(), "Do you want to install 3 fonts?");
+    EXPECT_EQ(alerts.title(), "Do you want to install 4 fonts?");
     EXPECT_EQ(alerts.message(), "");
     EXPECT_EQ(leftInTemporary(), 1U);
     answer("Cancel");
@@ -62,7 +64,8 @@ TEST_F(FontImportTest, AsksBeforeItInstallsAnArchiveAndLeavesNothingBehind) {
     answer("Ok");
     EXPECT_THAT(alerts.title().toStdString(), testing::StartsWith("Broken.otf: is no TrueType"));
     alerts.escape();
-    EXPECT_EQ(alerts.title(), "2 Font(s) installed");
+    EXPECT_EQ(alerts.title(), "3 Font(s) installed");
+    EXPECT_EQ(alerts.message(), "Already there: Geo");
     alerts.escape();
     EXPECT_EQ(installations, 1);
     EXPECT_EQ(leftInTemporary(), 0U);
@@ -72,7 +75,7 @@ TEST_F(FontImportTest, AsksBeforeItInstallsAnArchiveAndLeavesNothingBehind) {
     EXPECT_TRUE(import(archive()));
     answer("Ok");
     alerts.escape();
-    EXPECT_EQ(alerts.title(), "2 Font(s) installed") << "those that were there count";
+    EXPECT_EQ(alerts.title(), "3 Font(s) installed") << "those that were there count";
 }
 
 TEST_F(FontImportTest, SaysWhyAnArchiveGivesNoFonts) {
