@@ -17,7 +17,6 @@
 #include <exception>
 #include <fstream>
 #include <iterator>
-#include <ranges>
 #include <set>
 #include <string_view>
 #include <utility>
@@ -235,7 +234,9 @@ private:
                 continue;
             worlds[index] = parent * transformOf(model.nodes[index]);
             order.push_back(index);
-            for (const int child : std::views::reverse(model.nodes[index].children))
+            const std::vector<int>& children = model.nodes[index].children;
+            const std::vector<int> lastFirst(children.rbegin(), children.rend());
+            for (const int child : lastFirst)
                 open.emplace_back(child, *worlds[index]);
         }
     }
