@@ -16,6 +16,8 @@ namespace {
 constexpr auto kListKey = "CorruptFontNames";
 constexpr auto kMarkKey = "PotentialCorruptFontName";
 constexpr auto kOwnerKey = "PotentialCorruptFontProcess"; ///< the process that wrote the mark
+// Each step of a slider writes the mark, so it must be quick.
+constexpr auto kMarkOutlives = foundation::UserDefaults::Outlives::program;
 
 bool holds(const std::vector<std::string>& names, const std::string& name) {
     return std::ranges::find(names, name) != names.end();
@@ -31,7 +33,7 @@ bool isOtherBuilding(const foundation::UserDefaults& defaults) {
 void setMark(foundation::UserDefaults& defaults, const std::string& fontName) {
     if (const auto owner = foundation::processMark(); defaults.string(kOwnerKey) != owner)
         defaults.set(kOwnerKey, owner);
-    defaults.set(kMarkKey, fontName);
+    defaults.set(kMarkKey, fontName, kMarkOutlives);
 }
 
 void tellUser(const node::Surroundings& surroundings, const std::string& fontName) {
@@ -61,7 +63,7 @@ CrashGuard::CrashGuard(const node::Surroundings& world, const std::string& fontN
             defaults.set(kListKey, corrupt);
             tellUser(surroundings, *culprit);
         }
-        defaults.remove(kMarkKey);
+        defaults.remove(kMarkKey, kMarkOutlives);
     }
     isListed = holds(corrupt, fontName);
     hasMark = !isListed && !isMarkAnothers;
@@ -71,7 +73,7 @@ CrashGuard::CrashGuard(const node::Surroundings& world, const std::string& fontN
 
 CrashGuard::~CrashGuard() {
     if (hasMark)
-        surroundings.defaults->remove(kMarkKey);
+        surroundings.defaults->remove(kMarkKey, kMarkOutlives);
 }
 
 std::vector<std::string> CrashGuard::corruptFonts(const foundation::UserDefaults& defaults) {
@@ -79,7 +81,7 @@ std::vector<std::string> CrashGuard::corruptFonts(const foundation::UserDefaults
 }
 
 void CrashGuard::removeMark(const node::Surroundings& world) {
-    world.defaults->remove(kMarkKey);
+    world.defaults->remove(kMarkKey, kMarkOutlives);
 }
 
 } // namespace zelvo::content

@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
+#include <iterator>
 
 namespace zelvo::foundation {
 namespace {
@@ -54,13 +56,15 @@ TEST(UserDefaults, TwoWindowsKeepWhatTheOtherHasChanged) {
     UserDefaults other(file);
     one.set("sort", std::string("PlayTime"));
     one.remove("old");
-    other.set("size", 2.0);
+    other.set("size", 2.0, UserDefaults::Outlives::program);
     one.remove("nothing");
     for (const UserDefaults& defaults : {one, other, UserDefaults(file)}) {
         EXPECT_EQ(defaults.string("sort"), "PlayTime");
         EXPECT_EQ(defaults.number("size"), 2.0);
         EXPECT_FALSE(defaults.boolean("old"));
     }
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1)
+        << "nothing is left beside it";
 }
 
 TEST(UserDefaults, AFolderThatCannotBeWrittenKeepsTheValuesInMemory) {

@@ -10,6 +10,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSaveFile>
+#include <QTemporaryFile>
 
 #include <utility>
 
@@ -78,6 +79,28 @@ void takeChangesOfOthers(Values& values, const std::filesystem::path& file) {
         values = *std::move(current);
 }
 
+// Both ways of writing replace the file in one step, so that a crash leaves the old one or the new
+// one. They return what went wrong; empty: nothing.
+
+QString writeToDisk(const std::filesystem::path& file, const QByteArray& content) {
+    QSaveFile out(QString::fromStdString(file.string()));
+    const bool isSaved = out.open(QIODevice::WriteOnly) && out.write(content) >= 0 && out.commit();
+    return isSaved ? QString() : out.errorString();
+}
+
+/// Does not wait until the disk has it.
+QString writeSoon(const std::filesystem::path& file, const QByteArray& content) {
+    QTemporaryFile out(QString::fromStdString(file.string() + ".XXXXXX"));
+    if (!out.open() || out.write(content) < 0 || !out.flush())
+        return out.errorString();
+    std::error_code error;
+    std::filesystem::rename(out.fileName().toStdString(), file, error);
+    if (error)
+        return QString::fromStdString(error.message());
+    out.setAutoRemove(false);
+    return {};
+}
+
 } // namespace
 
 UserDefaults::UserDefaults(std::filesystem::path path)
@@ -117,19 +140,19 @@ void UserDefaults::refresh() {
         takeChangesOfOthers(values, file);
 }
 
-void UserDefaults::set(const std::string& key, Value value) {
+void UserDefaults::set(const std::string& key, Value value, Outlives crash) {
     refresh();
     values[key] = std::move(value);
-    save();
+    save(crash);
 }
 
-void UserDefaults::remove(const std::string& key) {
+void UserDefaults::remove(const std::string& key, Outlives crash) {
     refresh();
     if (values.erase(key) > 0)
-        save();
+        save(crash);
 }
 
-void UserDefaults::save() {
+void UserDefaults::save(Outlives crash) {
     if (file.empty())
         return;
     QJsonObject object;
@@ -138,14 +161,13 @@ void UserDefaults::save() {
     }
     std::error_code ignored;
     std::filesystem::create_directories(file.parent_path(), ignored);
-    QSaveFile out(QString::fromStdString(file.string()));
-    const bool isSaved = out.open(QIODevice::WriteOnly) &&
-                         out.write(QJsonDocument(object).toJson()) >= 0 && out.commit();
-    if (isSaved || hasReportedUnwritable)
+    const QByteArray json = QJsonDocument(object).toJson();
+    const QString error =
+        crash == Outlives::machine ? writeToDisk(file, json) : writeSoon(file, json);
+    if (error.isEmpty() || hasReportedUnwritable)
         return;
     hasReportedUnwritable = true;
-    logLine(fmt::format(
-        "{}: settings cannot be saved ({})", file.string(), out.errorString().toStdString()));
+    logLine(fmt::format("{}: settings cannot be saved ({})", file.string(), error.toStdString()));
 }
 
 } // namespace zelvo::foundation

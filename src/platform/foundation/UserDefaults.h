@@ -10,8 +10,8 @@
 
 namespace zelvo::foundation {
 
-/// Small values kept between launches. Every change is on disk when the call returns, so it
-/// survives a crash. A damaged or missing file counts as empty. If the file cannot be written, this
+/// Small values kept between launches. Every change survives a crash of the program from when the
+/// call returns, and usually one of the machine (see Outlives). A damaged or missing file counts as empty. If the file cannot be written, this
 /// is reported once on the console and the values stay in memory.
 class UserDefaults {
 public:
@@ -28,14 +28,17 @@ public:
     [[nodiscard]] std::optional<bool> boolean(const std::string& key) const;
     [[nodiscard]] std::optional<double> number(const std::string& key) const;
 
-    void set(const std::string& key, Value value);
-    void remove(const std::string& key);
+    /// What a change must survive. The machine's crash takes milliseconds of waiting for the disk.
+    enum class Outlives { program, machine };
+
+    void set(const std::string& key, Value value, Outlives crash = Outlives::machine);
+    void remove(const std::string& key, Outlives crash = Outlives::machine);
 
     /// Takes over what other windows of the program have changed since the last change here.
     void refresh();
 
 private:
-    void save();
+    void save(Outlives crash);
 
     std::filesystem::path file;
     std::map<std::string, Value> values;
