@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <cmath>
 #include <mutex>
+#include <optional>
+#include <utility>
 
 namespace zelvo::geometry {
 
@@ -222,6 +224,39 @@ private:
     Mesh mesh;
 };
 
+struct ChamferSize {
+    double width = 0;
+    double height = 0;
+
+    friend bool operator==(const ChamferSize&, const ChamferSize&) = default;
+};
+
+ChamferSize chamferSizeOf(const ExtrusionOptions& options) {
+    const auto depth = static_cast<double>(options.depth);
+    const auto radius = static_cast<double>(options.chamferRadius);
+    CHECK(std::isfinite(depth) && depth > 0, "a solid of depth {} has no inside", depth);
+    CHECK(std::isfinite(radius) && radius >= 0, "a chamfer has no radius of {}", radius);
+    return {radius, std::min(radius, depth / 2)};
+}
+
+ChamferProfile profileOf(const BezierPath& path, const ChamferSize& size) {
+    const bool hasChamfer = size.width >= kMinChamfer;
+    return hasChamfer ? ChamferProfile(path, size.width, size.height) : ChamferProfile();
+}
+
+Mesh writeSolid(
+    const OutlineSkeleton& skeleton, const Front& front, const ExtrusionOptions& options) {
+    return SolidWriter(skeleton, front, static_cast<double>(options.depth))
+        .write(options.chamferRadius > 0);
+}
+
+bool areEqual(const BezierPath& a, const BezierPath& b) {
+    return std::ranges::equal(a.elements(), b.elements(), [](const auto& p, const auto& q) {
+        return p.verb == q.verb && p.control1 == q.control1 && p.control2 == q.control2 &&
+               p.point == q.point;
+    });
+}
+
 } // namespace
 
 std::shared_ptr<const OutlineSkeleton> makeSkeleton(const BezierPath& outline, float flatness) {
@@ -231,20 +266,37 @@ std::shared_ptr<const OutlineSkeleton> makeSkeleton(const BezierPath& outline, f
 }
 
 Mesh extrude(const OutlineSkeleton& skeleton, const ExtrusionOptions& options) {
-    const auto depth = static_cast<double>(options.depth);
-    const auto radius = static_cast<double>(options.chamferRadius);
-    CHECK(std::isfinite(depth) && depth > 0, "a solid of depth {} has no inside", depth);
-    CHECK(std::isfinite(radius) && radius >= 0, "a chamfer has no radius of {}", radius);
-    const bool hasChamfer = radius >= kMinChamfer;
-    const ChamferProfile profile =
-        hasChamfer ? ChamferProfile(options.chamferProfile, radius, std::min(radius, depth / 2))
-                   : ChamferProfile();
-    const Front front = makeFront(skeleton, profile);
-    return SolidWriter(skeleton, front, depth).write(radius > 0);
+    const ChamferSize size = chamferSizeOf(options);
+    const Front front = makeFront(skeleton, profileOf(options.chamferProfile, size));
+    return writeSolid(skeleton, front, options);
 }
 
 Mesh extrude(const BezierPath& outline, const ExtrusionOptions& options) {
     return extrude(*makeSkeleton(outline, options.flatness), options);
+}
+
+struct Extruder::State {
+    std::shared_ptr<const OutlineSkeleton> skeleton;
+    std::optional<Front> front{};
+    ChamferSize size{}; ///< of the front
+    BezierPath profile{};
+};
+
+Extruder::Extruder(std::shared_ptr<const OutlineSkeleton> outline)
+    : state(std::make_unique<State>(State{.skeleton = std::move(outline)})) {}
+
+Extruder::~Extruder() = default;
+
+Mesh Extruder::extrude(const ExtrusionOptions& options) {
+    const ChamferSize size = chamferSizeOf(options);
+    const bool isKept =
+        state->front && state->size == size && areEqual(state->profile, options.chamferProfile);
+    if (!isKept) {
+        state->front = makeFront(*state->skeleton, profileOf(options.chamferProfile, size));
+        state->size = size;
+        state->profile = options.chamferProfile;
+    }
+    return writeSolid(*state->skeleton, *state->front, options);
 }
 
 } // namespace zelvo::geometry

@@ -45,4 +45,20 @@ makeSkeleton(const BezierPath& outline, float flatness);
 [[nodiscard]] Mesh extrude(const OutlineSkeleton& skeleton, const ExtrusionOptions& options);
 [[nodiscard]] Mesh extrude(const BezierPath& outline, const ExtrusionOptions& options);
 
+/// Makes solids of one outline, one after another. What depends on the chamfer alone is kept for the
+/// next solid, so that another depth takes a fraction of the time. The solids are those of `extrude`.
+class Extruder {
+public:
+    explicit Extruder(std::shared_ptr<const OutlineSkeleton> outline);
+    ~Extruder();
+    Extruder(const Extruder&) = delete;
+    Extruder& operator=(const Extruder&) = delete;
+
+    [[nodiscard]] Mesh extrude(const ExtrusionOptions& options);
+
+private:
+    struct State;
+    std::unique_ptr<State> state;
+};
+
 } // namespace zelvo::geometry

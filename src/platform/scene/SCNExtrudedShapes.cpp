@@ -33,6 +33,7 @@ void SCNText::setFlatness(double value) {
     if (value == flatness)
         return;
     flatness = value;
+    extruder.reset();
     setNeedsRebuild();
 }
 
@@ -55,7 +56,9 @@ geometry::Mesh SCNText::build() const {
         .flatness = static_cast<float>(flatness),
         .chamferProfile = chamferProfile};
     checkExtrusion(options);
-    return geometry::extrude(*skeletonOf(string, attributes, flatness), options);
+    if (!extruder)
+        extruder = std::make_unique<geometry::Extruder>(skeletonOf(string, attributes, flatness));
+    return extruder->extrude(options);
 }
 
 SCNShape::SCNShape(geometry::BezierPath outline, double extrusionDepth)

@@ -5,13 +5,14 @@
 #include "platform/scene/SCNGeometry.h"
 #include "platform/text/LineLayout.h"
 
+#include <memory>
 #include <string>
 
 namespace zelvo::scene {
 
 /// Extruded text. Elements: front, back, sides and, with a chamfer, front and back chamfer. The
 /// text starts at x 0, its baseline is y 0, its middle z 0. Outlines of letters are kept in a cache
-/// of limited size, so that changing depth or bevel is fast.
+/// of limited size, so that changing depth or bevel is fast. A change of depth alone is fastest.
 class SCNText final : public SCNGeometry {
 public:
     SCNText(std::string letters, text::TextAttributes style, double extrusionDepth);
@@ -36,6 +37,7 @@ private:
     double flatness = 0.6;
     double chamferRadius_ = 0;
     geometry::BezierPath chamferProfile;
+    mutable std::unique_ptr<geometry::Extruder> extruder; ///< null until the first build
 };
 
 /// A filled path as an extruded solid. Elements as in SCNText.
