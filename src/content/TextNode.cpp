@@ -10,7 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
+#include <utility>
 
 namespace zelvo::content {
 namespace {
@@ -63,6 +63,10 @@ coordinatesOf(const std::string& line, const text::TextAttributes& attributes) {
              static_cast<float>(place.width)});
     }
     return coordinates;
+}
+
+bool isSameStyle(const text::TextAttributes& a, const text::TextAttributes& b) {
+    return a.font == b.font && a.fallbacks == b.fallbacks && a.size == b.size && a.kern == b.kern;
 }
 
 } // namespace
@@ -191,16 +195,13 @@ void TextNode::buildLetters() {
         characters.size(),
         coordinates.size());
 
-    std::map<std::string, std::shared_ptr<scene::SCNText>> solids; // equal letters share a solid
+    makeSolids(characters, style);
     float maxHeight = 0;
     float widthSum = 0;
     for (std::size_t i = 0; i < characters.size(); ++i) {
-        std::shared_ptr<scene::SCNText>& solid = solids[characters[i]];
-        if (!solid)
-            solid = makeSolid(characters[i], style);
         const auto letter = std::make_shared<CharNode>();
         letter->wrapperNode = std::static_pointer_cast<Node>(shared_from_this());
-        letter->geometry = solid;
+        letter->geometry = solids.at(characters[i]);
         contentNode->addChildNode(letter);
         const geometry::Box box = letter->boundingBox();
         maxHeight = std::max(maxHeight, box.max.y);
@@ -212,16 +213,36 @@ void TextNode::buildLetters() {
     centreLetters(widthSum, maxHeight, lineAdvance(coordinates, characters.size()));
 }
 
-std::shared_ptr<scene::SCNText>
-TextNode::makeSolid(const std::string& character, const text::TextAttributes& style) const {
-    auto solid =
-        std::make_shared<scene::SCNText>(character, style, std::max(extrusionDepth_, kThinnest));
-    solid->setFlatness(kFlatness);
-    solid->setChamferRadius(isFontCorrupt ? 0 : std::max(bevelRadius_, 0.0));
-    solid->setChamferProfile(
-        bevelProfile_ == look::BevelProfile::linear ? linearProfile : roundedProfile);
-    solid->materials = currentMaterial->materials;
-    return solid;
+// Keeps the solids of characters that stay: a keystroke builds only the new letter.
+void TextNode::makeSolids(
+    const std::vector<std::string>& characters, const text::TextAttributes& style) {
+    const Solids former = isSameStyle(style, solidStyle) && bevelProfile_ == solidProfile
+                              ? std::exchange(solids, {})
+                              : Solids();
+    solids.clear();
+    solidStyle = style;
+    solidProfile = bevelProfile_;
+    for (const std::string& character : characters) {
+        std::shared_ptr<scene::SCNText>& solid = solids[character];
+        if (solid)
+            continue;
+        const auto kept = former.find(character);
+        if (kept != former.end()) {
+            solid = kept->second;
+        } else {
+            solid = std::make_shared<scene::SCNText>(character, style, kThinnest);
+            solid->setFlatness(kFlatness);
+            solid->setChamferProfile(
+                bevelProfile_ == look::BevelProfile::linear ? linearProfile : roundedProfile);
+        }
+        form(*solid);
+    }
+}
+
+void TextNode::form(scene::SCNText& solid) const {
+    solid.setExtrusionDepth(std::max(extrusionDepth_, kThinnest));
+    solid.setChamferRadius(isFontCorrupt ? 0 : std::max(bevelRadius_, 0.0));
+    solid.materials = currentMaterial->materials;
 }
 
 void TextNode::centreLetters(float widthSum, float maxHeight, float advance) {

@@ -5,6 +5,7 @@
 #include "node/Node.h"
 #include "platform/text/LineLayout.h"
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -77,10 +78,12 @@ public:
     [[nodiscard]] std::vector<CharNodePtr> letters() const;
 
 private:
+    using Solids = std::map<std::string, std::shared_ptr<scene::SCNText>>; ///< by character
+
     [[nodiscard]] text::TextAttributes attributes() const;
     void buildLetters();
-    [[nodiscard]] std::shared_ptr<scene::SCNText>
-    makeSolid(const std::string& character, const text::TextAttributes& style) const;
+    void makeSolids(const std::vector<std::string>& characters, const text::TextAttributes& style);
+    void form(scene::SCNText& solid) const;
     void centreLetters(float widthSum, float maxHeight, float advance);
     void updateExtrusion();
 
@@ -94,6 +97,9 @@ private:
     look::BevelProfile bevelProfile_ = look::BevelProfile::linear;
     look::BevelInnerOuter bevelInnerOuter_ = look::BevelInnerOuter::inner;
     bool isFontCorrupt = false;
+    Solids solids; ///< of the letters; equal letters share one
+    text::TextAttributes solidStyle;
+    look::BevelProfile solidProfile = look::BevelProfile::linear;
 };
 
 using TextNodePtr = std::shared_ptr<TextNode>;

@@ -7,7 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <functional>
+#include <iterator>
 
 namespace zelvo::content {
 namespace {
@@ -31,6 +34,14 @@ protected:
     static float middle(const TextNode& text) {
         const geometry::Box box = seen(text);
         return (box.min.x + box.max.x) / 2;
+    }
+
+    static bool areEqual(const geometry::Mesh& a, const geometry::Mesh& b) {
+        return a.indices == b.indices &&
+               std::ranges::equal(a.vertices, b.vertices, [](const auto& p, const auto& q) {
+                   return p.position == q.position && p.normal == q.normal &&
+                          p.tangent == q.tangent && p.uv == q.uv;
+               });
     }
 
     static const scene::SCNText& solid(const TextNode& text) {
@@ -140,6 +151,41 @@ TEST_F(TextNodeTest, RebuildsLettersButForADepth) {
     text->setBevelRadius(-1);
     EXPECT_GT(solid(*text).extrusionDepth(), 0) << "nothing can be flat";
     EXPECT_GE(solid(*text).chamferRadius(), 0);
+}
+
+TEST_F(TextNodeTest, AChangedTextHasTheLettersOfANewOne) {
+    using Change = std::function<void(TextNode&)>;
+    // clang-format off
+    const Change changes[] = {
+        [](TextNode& text) { text.setExtrusionDepth(60); },
+        [](TextNode& text) { text.setExtrusionDepth(3); }, // the chamfers take half of it each
+        [](TextNode& text) { text.setBevelRadius(3); },
+        [](TextNode& text) { text.setText("ABCA"); },
+        [](TextNode& text) { text.setBevelProfile(look::BevelProfile::rounded); },
+        [](TextNode& text) { text.setFontName("Bangers-Regular"); },
+        [](TextNode& text) { text.setExtrusionDepth(80); },
+        [](TextNode& text) { text.setBevelRadius(0); },
+        [](TextNode& text) { text.setBevelRadius(0.5f); },
+    };
+    // clang-format on
+    const auto text = textOf("AB");
+    for (std::size_t last = 0; last < std::size(changes); ++last) {
+        changes[last](*text);
+        const auto fresh = textOf(text->text(), text->fontName());
+        fresh->setBevelProfile(text->bevelProfile());
+        fresh->setBevelRadius(static_cast<float>(text->bevelRadius()));
+        fresh->setExtrusionDepth(text->extrusionDepth());
+        fresh->setKerning(8);
+        fresh->setKerning(TextNode::kKerning); // builds all anew
+        ASSERT_EQ(text->letters().size(), fresh->letters().size());
+        for (std::size_t i = 0; i < text->letters().size(); ++i) {
+            const auto& made = *text->letters()[i];
+            const auto& wanted = *fresh->letters()[i];
+            EXPECT_EQ(made.originalPosition, wanted.originalPosition) << last;
+            EXPECT_EQ(made.pivot, wanted.pivot) << last;
+            EXPECT_TRUE(areEqual(made.geometry->mesh(), wanted.geometry->mesh())) << last;
+        }
+    }
 }
 
 TEST_F(TextNodeTest, TakesAWholeStyle) {
