@@ -10,9 +10,9 @@
 
 namespace zelvo::foundation {
 
-/// Small values kept between launches. Every change survives a crash of the program from when the
-/// call returns, and usually one of the machine (see Outlives). A damaged or missing file counts as empty. If the file cannot be written, this
-/// is reported once on the console and the values stay in memory.
+/// Small values kept between launches. When a call returns, its change survives a crash of the
+/// program, and by default one of the machine. A damaged or missing file counts as empty. If the
+/// file cannot be written, this is reported once on the console and the values stay in memory.
 class UserDefaults {
 public:
     using Value = std::variant<bool, double, std::string, std::vector<std::string>>;

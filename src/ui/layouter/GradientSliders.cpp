@@ -34,8 +34,11 @@ float GradientSlider::currentPart() const {
 
 QList<QColor> GradientSlider::image() const {
     QList<QColor> stops;
-    for (int i = 0; i < kStops; ++i)
-        stops.append(shownColor(colorWith(static_cast<float>(i) / (kStops - 1))));
+    image::HSBColor parts = gradientParts();
+    for (int i = 0; i < kStops; ++i) {
+        parts.*part = static_cast<float>(i) / (kStops - 1);
+        stops.append(shownColor(image::fromHSB(parts)));
+    }
     return stops;
 }
 
@@ -43,9 +46,9 @@ QColor GradientSlider::color() const {
     return shownColor(colorNow());
 }
 
-image::Color GradientSlider::colorWith(float value) const {
+image::Color GradientSlider::colorNow() const {
     image::HSBColor parts = others;
-    parts.*part = value;
+    parts.*part = currentPart();
     return image::fromHSB(parts);
 }
 

@@ -15,8 +15,7 @@ namespace zelvo::ui {
 
 [[nodiscard]] QColor shownColor(const image::Color& color);
 
-/// A slider for one part of a colour. The gradient below it shows at each place the colour that the
-/// slider would give there.
+/// A slider for one part of a colour, over a gradient of what it would give at each place.
 class GradientSlider : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -35,7 +34,7 @@ public:
     [[nodiscard]] float currentPart() const;
 
     /// The gradient, from the slider's lowest to its highest value: kStops colours at equal
-    /// distances. Between two of them the colours are exactly those in between.
+    /// distances.
     [[nodiscard]] QList<QColor> image() const;
 
     /// The colour at the slider's handle.
@@ -60,11 +59,12 @@ protected:
         std::function<void()> moved);
 
     /// The colour with this slider's part.
-    [[nodiscard]] image::Color colorNow() const { return colorWith(currentPart()); }
+    [[nodiscard]] image::Color colorNow() const;
+
+    /// The other parts of the gradient's colours.
+    [[nodiscard]] virtual image::HSBColor gradientParts() const { return others; }
 
 private:
-    [[nodiscard]] image::Color colorWith(float value) const;
-
     Part part;
     image::HSBColor others; ///< its own part is not used
 };
@@ -79,6 +79,10 @@ public:
     std::function<void(const image::Color&)> didChangeColor;
 
     [[nodiscard]] image::Color currentColor() const { return colorNow(); }
+
+private:
+    /// Always the full circle: where red is must be seen on white and on black, too.
+    [[nodiscard]] image::HSBColor gradientParts() const override { return {0, 1, 1, 1}; }
 };
 
 class SaturationPickerView final : public zelvo::ui::GradientSlider {

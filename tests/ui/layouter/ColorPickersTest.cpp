@@ -25,6 +25,7 @@ TEST_F(ColorPickersTest, TheColorPickerColorsTheNodeUntilItIsTakenBack) {
     strip.importButton.click();
     ASSERT_TRUE(picker.isOpen());
     EXPECT_EQ(picker.hex(), "#FFFFFF");
+    EXPECT_EQ(picker.huePickerView.image().front(), QColor(Qt::red)) << "white hides no hue";
 
     picker.huePickerView.slider.moveTo(240);
     EXPECT_EQ(front(), Color::white(1)) << "white has no hue";
