@@ -25,10 +25,15 @@ constexpr image::Color kLast{1, 0, 0, 1};
     return step == kColors - 1 ? kLast : image::Color{0, static_cast<float>(step) / kColors, 1, 1};
 }
 
-/// Red is only in the last colour. In a cube, the first face is checked.
-[[nodiscard]] bool showsLast(const scene::SCNMaterialProperty& background) {
+/// Of a cube, the first face.
+[[nodiscard]] image::ImagePtr pictureOf(const scene::SCNMaterialProperty& background) {
     const auto* const faces = std::get_if<scene::CubeImages>(&background.contents);
-    const image::ImagePtr picture = faces != nullptr ? faces->front() : background.image();
+    return faces != nullptr ? faces->front() : background.image();
+}
+
+/// Red is only in the last colour.
+[[nodiscard]] bool showsLast(const scene::SCNMaterialProperty& background) {
+    const image::ImagePtr picture = pictureOf(background);
     return picture != nullptr && picture->pixels.at(0) > 0 && picture->pixels.at(2) == 0;
 }
 
@@ -54,6 +59,28 @@ void hundredColors(benchmark::State& state) {
     state.counters["longest call, ms"] = std::chrono::duration<double, std::milli>(longest).count();
 }
 
+/// A drag with a colour for each frame: how many of them were seen?
+void drag(benchmark::State& state) {
+    constexpr double kFrame = 1.0 / 60;
+    const auto index = static_cast<int>(state.range(0));
+    state.SetLabel(
+        std::string(environments::SceneManager::sceneNames.at(static_cast<std::size_t>(index))));
+    foundation::WallRunLoop loop;
+    const environments::SNEPtr environment = environments::SceneManager::sceneData(index, loop);
+    int seen = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        for (int i = 0; i < kColors; ++i) {
+            const auto before = pictureOf(environment->scene->background);
+            environment->setBackground(sliderAt(i));
+            bool isOver = false;
+            loop.asyncAfter(kFrame, [&] { isOver = true; });
+            loop.runUntil([&] { return isOver; });
+            seen += pictureOf(environment->scene->background) != before ? 1 : 0;
+        }
+    }
+    state.counters["seen, of 100"] = seen;
+}
+
 // Shiny, Spherical, Backlight, SpaceBox: those with a painted background.
 BENCHMARK(hundredColors)
     ->Arg(2)
@@ -62,6 +89,7 @@ BENCHMARK(hundredColors)
     ->Arg(7)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
+BENCHMARK(drag)->Arg(2)->Arg(3)->Arg(5)->Arg(7)->Iterations(1)->UseRealTime();
 
 } // namespace
 

@@ -63,9 +63,9 @@ scene::SCNCameraPtr SNE::makeCamera() const {
 }
 
 void SNE::tintBackground() {
-    cancelOperations();
     scene::SCNMaterialProperty& background = scene->background;
     if (std::holds_alternative<image::Color>(background.contents)) {
+        cancelOperations();
         background.contents = backgroundColor_;
         return;
     }
@@ -80,30 +80,33 @@ void SNE::tintBackground() {
 }
 
 void SNE::paintBackground(Painter painter) {
-    cancelOperations();
+    if (isNewestReplaced)
+        *isNewestReplaced = true;
+    isNewestReplaced = std::make_shared<std::atomic<bool>>(false);
+    if (!areCancelled)
+        areCancelled = std::make_shared<std::atomic<bool>>(false);
     // The job holds the scene weakly: it must not keep an old scene alive, nor destroy it on its
     // thread.
-    isNewestCancelled = std::make_shared<std::atomic<bool>>(false);
     operationQueue->async([painter = std::move(painter),
                            color = backgroundColor_,
-                           isCancelled = isNewestCancelled,
+                           isReplaced = isNewestReplaced,
+                           isCancelled = areCancelled,
                            stage = std::weak_ptr(scene),
                            &loop = runLoop] {
-        if (*isCancelled)
+        if (*isReplaced || *isCancelled)
             return;
-        auto result = painter(color);
-        if (*isCancelled)
-            return;
-        loop.post([result = std::move(result), stage] {
-            if (const auto shown = stage.lock())
+        loop.post([result = painter(color), isCancelled, stage] {
+            const auto shown = stage.lock();
+            if (shown && !*isCancelled)
                 shown->background.contents = result;
         });
     });
 }
 
 void SNE::cancelOperations() {
-    if (isNewestCancelled)
-        *isNewestCancelled = true;
+    if (areCancelled)
+        *areCancelled = true;
+    areCancelled.reset();
 }
 
 void SNE::loadScene(const std::string& name) {

@@ -14,8 +14,9 @@ namespace zelvo::environments {
 
 /// A scene environment: the scene around the content, and a rule that applies the user's background
 /// colour to it. The content belongs to Nodes and moves from one environment's scene to the next.
-/// Main thread only. Pictures are tinted on the environment's own queue; only the newest tint is
-/// shown.
+/// Main thread only. Pictures are tinted on the environment's own queue, one at a time. A tint that
+/// has begun is shown, so that a dragged colour is followed; of those that wait, only the newest is
+/// done.
 class SNE {
 public:
     explicit SNE(foundation::RunLoop& loop);
@@ -50,8 +51,8 @@ protected:
     /// used as a mask, filled with the colour, and shown when that is done.
     void tintBackground();
 
-    /// Runs `painter` on the queue and sets its result as the scene's background, unless a newer
-    /// job has been started.
+    /// Runs `painter` on the queue and sets its result as the scene's background. Does nothing if a
+    /// newer job was queued before this one began.
     using Painter = std::function<scene::SCNMaterialProperty::Contents(const image::Color&)>;
     void paintBackground(Painter painter);
 
@@ -69,8 +70,9 @@ private:
     image::Color backgroundColor_{0, 0, 1, 1};
     scene::SCNParticleSystemPtr particleSystem_;
     std::unique_ptr<foundation::SerialQueue> operationQueue;
-    /// Flag of the newest job; null before the first.
-    std::shared_ptr<std::atomic<bool>> isNewestCancelled;
+    using Flag = std::shared_ptr<std::atomic<bool>>;
+    Flag isNewestReplaced; ///< of the newest job; null before the first
+    Flag areCancelled;     ///< of all jobs since the last cancelOperations; null before the first
 };
 
 using SNEPtr = std::shared_ptr<SNE>;
