@@ -19,6 +19,8 @@ constexpr auto kOwnerKey = "PotentialCorruptFontProcess"; ///< the process that 
 // Each step of a slider writes the mark, so it must be quick.
 constexpr auto kMarkOutlives = foundation::UserDefaults::Outlives::program;
 
+int buildsNow = 0; ///< in this process
+
 bool holds(const std::vector<std::string>& names, const std::string& name) {
     return std::ranges::find(names, name) != names.end();
 }
@@ -56,7 +58,7 @@ CrashGuard::CrashGuard(const node::Surroundings& world, const std::string& fontN
     foundation::UserDefaults& defaults = *surroundings.defaults;
     defaults.refresh();
     std::vector<std::string> corrupt = corruptFonts(defaults);
-    const bool isMarkAnothers = isOtherBuilding(defaults);
+    const bool isMarkAnothers = buildsNow++ > 0 || isOtherBuilding(defaults);
     if (const auto culprit = defaults.string(kMarkKey); culprit && !isMarkAnothers) {
         if (!holds(corrupt, *culprit)) {
             corrupt.push_back(*culprit);
@@ -72,6 +74,7 @@ CrashGuard::CrashGuard(const node::Surroundings& world, const std::string& fontN
 }
 
 CrashGuard::~CrashGuard() {
+    --buildsNow;
     if (hasMark)
         surroundings.defaults->remove(kMarkKey, kMarkOutlives);
 }
@@ -81,7 +84,8 @@ std::vector<std::string> CrashGuard::corruptFonts(const foundation::UserDefaults
 }
 
 void CrashGuard::removeMark(const node::Surroundings& world) {
-    world.defaults->remove(kMarkKey, kMarkOutlives);
+    if (buildsNow == 0)
+        world.defaults->remove(kMarkKey, kMarkOutlives);
 }
 
 } // namespace zelvo::content

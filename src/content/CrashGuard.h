@@ -19,7 +19,8 @@ namespace zelvo::content {
 /// A font found in this way stays in a list and is not guarded again. The user is told once.
 ///
 /// There is one mark for all windows of the program. While another window builds letters, its mark
-/// is left alone, and this build has none.
+/// is left alone, and this build has none. The same is true for a build during another one of this
+/// process. Main thread only.
 class CrashGuard {
 public:
     CrashGuard(const node::Surroundings& world, const std::string& fontName);

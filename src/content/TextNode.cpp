@@ -4,7 +4,9 @@
 #include "content/CrashGuard.h"
 #include "content/StylePresets.h"
 #include "platform/foundation/Check.h"
+#include "platform/foundation/RunLoop.h"
 #include "platform/scene/SCNTransaction.h"
+#include "platform/scene/SkeletonCache.h"
 
 #include <glm/gtc/matrix_transform.hpp>
 
@@ -92,14 +94,77 @@ TextNode::TextNode(Key key, Options options, const node::Surroundings& surroundi
     shortName = std::move(options.shortName);
 }
 
+TextNode::~TextNode() {
+    if (isNewestCancelled)
+        *isNewestCancelled = true;
+}
+
 void TextNode::setText(std::string text) {
+    coming.text.reset();
     text_ = std::move(text);
     updateContent();
 }
 
 void TextNode::setFontName(std::string wanted) {
+    coming.fontName.reset();
     fontName_ = std::move(wanted);
     updateContent();
+}
+
+void TextNode::setTextSoon(std::string text) {
+    coming.text = std::move(text);
+    prepareComing();
+}
+
+void TextNode::setFontNameSoon(std::string wanted) {
+    coming.fontName = std::move(wanted);
+    prepareComing();
+}
+
+void TextNode::settle() {
+    if (isNewestCancelled)
+        *isNewestCancelled = true;
+    coming.guard.reset();
+    const auto text = std::exchange(coming.text, {});
+    const auto font = std::exchange(coming.fontName, {});
+    if (!text && !font)
+        return;
+    text_ = text.value_or(text_);
+    fontName_ = font.value_or(fontName_);
+    updateContent();
+}
+
+// A job that is replaced stops after the letter it is at; so jobs never queue up.
+void TextNode::prepareComing() {
+    if (isNewestCancelled)
+        *isNewestCancelled = true;
+    const std::string& font = coming.fontName.value_or(fontName_);
+    auto missing = scene::missingSkeletons(
+        text::charactersOf(coming.text.value_or(text_)), attributesWith(font), kFlatness);
+    if (missing.empty() || !currentMaterialName())
+        return settle();
+    coming.guard.reset();
+    coming.guard = std::make_unique<CrashGuard>(surroundings(), font);
+    isNewestCancelled = std::make_shared<std::atomic<bool>>(false);
+    if (!outlineQueue)
+        outlineQueue = surroundings().runLoop->makeSerialQueue("outlines");
+    const auto finish = lifetime.guard([this] { settle(); });
+    outlineQueue->async([missing = std::move(missing),
+                         isCancelled = isNewestCancelled,
+                         finish,
+                         &loop = *surroundings().runLoop]() mutable {
+        for (scene::MissingSkeleton& letter : missing) {
+            if (*isCancelled)
+                break;
+            letter.compute();
+        }
+        loop.post([missing = std::move(missing), isCancelled, finish] {
+            for (const scene::MissingSkeleton& letter : missing)
+                letter.keep();
+            if (!*isCancelled)
+                finish();
+        });
+    });
 }
 
 void TextNode::setBevelRadius(float radius) {
@@ -132,6 +197,7 @@ void TextNode::applyStyle(const TextStylePreset& preset) {
     setBandColor(preset.bandColor);
     // A single rebuild at the end is enough.
     keepMaterialName(preset.material);
+    coming.fontName.reset();
     fontName_ = preset.fontName;
     bevelProfile_ = preset.bevelProfile;
     bevelRadius_ = preset.bevelRadius;
@@ -166,10 +232,10 @@ std::vector<CharNodePtr> TextNode::letters() const {
     return found;
 }
 
-text::TextAttributes TextNode::attributes() const {
+text::TextAttributes TextNode::attributesWith(const std::string& font) const {
     const text::FontRegistry& fonts = *surroundings().fonts;
     text::TextAttributes attributes;
-    attributes.font = fonts.find(fontName_);
+    attributes.font = fonts.find(font);
     attributes.fallbacks = fonts.fallbacks();
     if (!attributes.font)
         attributes.font = fonts.fallback();
@@ -183,7 +249,7 @@ void TextNode::buildLetters() {
     for (const scene::SCNNodePtr& letter : former)
         letter->removeFromParentNode();
 
-    const text::TextAttributes style = attributes();
+    const text::TextAttributes style = attributesWith(fontName_);
     const std::vector<std::string> characters = text::charactersOf(text_);
     std::vector<TextCoords> coordinates = coordinatesOf(text_ + kLineMeasure, style);
     // Some characters join with the next one; such a line is measured without the extra character.

@@ -3,14 +3,23 @@
 
 #include "content/CharNode.h"
 #include "node/Node.h"
+#include "platform/foundation/Lifetime.h"
 #include "platform/text/LineLayout.h"
 
+#include <atomic>
 #include <map>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+namespace zelvo::foundation {
+class SerialQueue;
+} // namespace zelvo::foundation
+
 namespace zelvo::content {
 
+class CrashGuard;
 struct TextStylePreset;
 
 /// The place of a glyph in a line, in scene units. `y` and `width` are not used yet.
@@ -39,6 +48,9 @@ public:
     [[nodiscard]] static std::shared_ptr<TextNode>
     make(Options options, const node::Surroundings& surroundings);
     TextNode(Key key, Options options, const node::Surroundings& surroundings);
+    ~TextNode() override;
+    TextNode(const TextNode&) = delete;
+    TextNode& operator=(const TextNode&) = delete;
 
     /// Em, scene units; the apparent size is the rig's scale.
     static constexpr double kFontSize = 94;
@@ -66,6 +78,14 @@ public:
 
     void setText(std::string text);
     void setFontName(std::string wanted);
+
+    /// As setText and setFontName, but outlines that were not needed before are computed on another
+    /// thread. Until then the letters stay as they are. Of several calls, the last one counts.
+    void setTextSoon(std::string text);
+    void setFontNameSoon(std::string wanted);
+    /// Does now what setTextSoon and setFontNameSoon have not done yet.
+    void settle();
+
     void setBevelRadius(float radius);
     void setKerning(float kerning);
     void setBevelProfile(look::BevelProfile profile);
@@ -80,7 +100,15 @@ public:
 private:
     using Solids = std::map<std::string, std::shared_ptr<scene::SCNText>>; ///< by character
 
-    [[nodiscard]] text::TextAttributes attributes() const;
+    /// What is to be shown when its outlines are known.
+    struct Coming {
+        std::optional<std::string> text{};
+        std::optional<std::string> fontName{};
+        std::unique_ptr<CrashGuard> guard{}; ///< null: no outlines are being computed
+    };
+
+    [[nodiscard]] text::TextAttributes attributesWith(const std::string& font) const;
+    void prepareComing();
     void buildLetters();
     void makeSolids(const std::vector<std::string>& characters, const text::TextAttributes& style);
     void form(scene::SCNText& solid) const;
@@ -100,6 +128,11 @@ private:
     Solids solids; ///< of the letters; equal letters share one
     text::TextAttributes solidStyle;
     look::BevelProfile solidProfile = look::BevelProfile::linear;
+    Coming coming;
+    std::shared_ptr<std::atomic<bool>>
+        isNewestCancelled; ///< of the outlines; null: there were none
+    std::unique_ptr<foundation::SerialQueue> outlineQueue; ///< null until it is needed
+    foundation::Lifetime lifetime;
 };
 
 using TextNodePtr = std::shared_ptr<TextNode>;

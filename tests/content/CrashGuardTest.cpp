@@ -136,6 +136,23 @@ TEST_F(CrashGuardDeathTest, LeavesNoMarkBehindABuildThatEnds) {
         << "a text without letters builds nothing";
 }
 
+TEST_F(CrashGuardDeathTest, GuardsOutlinesThatAreComputedLater) {
+    EXPECT_EXIT(
+        {
+            TestWorld world(onDisk());
+            const auto text =
+                TextNode::make({.text = "Z", .fontName = kHarmlessFont}, world.surroundings());
+            isBuilderDeadly = true;
+            text->setFontNameSoon(kDeadlyFont);
+            text->setBevelRadius(1); // a build while the other one goes on
+            world.runLoop.drain();
+        },
+        testing::KilledBySignal(SIGKILL),
+        "");
+    EXPECT_EQ(onDisk().string("PotentialCorruptFontName"), kDeadlyFont);
+    EXPECT_EQ(onDisk().strings("CorruptFontNames"), std::nullopt);
+}
+
 TEST_F(CrashGuardDeathTest, LeavesTheMarkOfAnotherWindowAlone) {
     std::array<int, 2> line{};
     ASSERT_EQ(pipe(line.data()), 0);

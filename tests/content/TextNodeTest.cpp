@@ -188,6 +188,29 @@ TEST_F(TextNodeTest, AChangedTextHasTheLettersOfANewOne) {
     }
 }
 
+TEST_F(TextNodeTest, ShowsOnlyTheLastOfWhatIsToBeShownSoon) {
+    const auto text = textOf("AB");
+    const auto letters = text->letters();
+    text->setTextSoon("QX");
+    text->setFontNameSoon("Bangers-Regular");
+    text->setTextSoon("QJ%");
+    EXPECT_EQ(text->letters(), letters) << "until the outlines are known";
+    world.runLoop.drain();
+    EXPECT_EQ(text->text(), "QJ%");
+    EXPECT_EQ(text->fontName(), "Bangers-Regular");
+    EXPECT_EQ(text->letters().size(), 3U);
+
+    text->setTextSoon("J%Q");
+    EXPECT_EQ(text->text(), "J%Q") << "all of them are known";
+    text->setTextSoon("&");
+    text->setText("A");
+    world.runLoop.drain();
+    EXPECT_EQ(text->text(), "A") << "it came later";
+    text->setTextSoon("$");
+    text->settle();
+    EXPECT_EQ(text->text(), "$");
+}
+
 TEST_F(TextNodeTest, TakesAWholeStyle) {
     const auto text = textOf("AB");
     TextStylePreset style;

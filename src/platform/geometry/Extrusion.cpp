@@ -265,6 +265,10 @@ std::shared_ptr<const OutlineSkeleton> makeSkeleton(const BezierPath& outline, f
         makeOutline(outline, static_cast<double>(flatness)));
 }
 
+void prepareChamfer(const OutlineSkeleton& skeleton) {
+    static_cast<void>(skeleton.map());
+}
+
 Mesh extrude(const OutlineSkeleton& skeleton, const ExtrusionOptions& options) {
     const ChamferSize size = chamferSizeOf(options);
     const Front front = makeFront(skeleton, profileOf(options.chamferProfile, size));

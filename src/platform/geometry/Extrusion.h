@@ -37,6 +37,9 @@ class OutlineSkeleton;
 [[nodiscard]] std::shared_ptr<const OutlineSkeleton>
 makeSkeleton(const BezierPath& outline, float flatness);
 
+/// Computes now what the first chamfer would have to; that takes most of the time. Any thread.
+void prepareChamfer(const OutlineSkeleton& skeleton);
+
 /// A closed solid. Its elements are front, back, sides and, with a chamfer, front chamfer, back
 /// chamfer (always 3 or 5 elements, even if empty). Normals are smooth along curves and broken at
 /// corners. Texture coordinates of the faces cover the outline's bounding box (0 to 1 over the

@@ -121,12 +121,15 @@ void LayouterMenu::fontsHaveChanged() {
 
 void LayouterMenu::textFieldDidChange(const QString& text) {
     if (const auto node = std::dynamic_pointer_cast<content::TextNode>(currentNode_))
-        node->setText(text.toStdString());
+        node->setTextSoon(text.toStdString());
 }
 
 void LayouterMenu::endWriting() {
-    if (std::exchange(writing, false))
-        Q_EMIT writingChanged();
+    if (!std::exchange(writing, false))
+        return;
+    if (const auto node = std::dynamic_pointer_cast<content::TextNode>(currentNode_))
+        node->settle();
+    Q_EMIT writingChanged();
 }
 
 QString LayouterMenu::writtenText() const {

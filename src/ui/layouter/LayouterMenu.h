@@ -206,7 +206,6 @@ private:
 
     [[nodiscard]] LaterPtr<QObject> makeStrip();
     [[nodiscard]] LaterPtr<QObject> makeFontStrip(const content::TextNodePtr& text);
-    void chooseFont(const content::TextNodePtr& text, const std::string& name);
     [[nodiscard]] LaterPtr<QObject> makeMaterialStrip();
     [[nodiscard]] LaterPtr<QObject> makeShapeStrip();
     [[nodiscard]] LaterPtr<QObject> makeMaskStrip() const;
@@ -225,7 +224,6 @@ private:
     MySegmentedStackButton* audioTitleButton = nullptr; ///< one of the tabs; null: not shown
     QString audioTitle_;
     int wantedScene = -1;   ///< chosen last, and shown soon
-    std::string wantedFont; ///< likewise
     std::shared_ptr<FontPictures> fontPictures = std::make_shared<FontPictures>(services.runLoop);
     bool writing = false;
     bool isFontListOld = false; ///< and will be made anew in the next turn of the loop

@@ -224,16 +224,8 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeFontStrip(const content::TextN
         services.fonts.fontMenu(services.defaults),
         text->fontName(),
         fontPictures,
-        {.choose = [this, text](const std::string& name) { chooseFont(text, name); },
+        {.choose = [text](const std::string& name) { text->setFontNameSoon(name); },
          .import = [this] { showFontImport(); }}));
-}
-
-void LayouterMenu::chooseFont(const content::TextNodePtr& text, const std::string& name) {
-    wantedFont = name;
-    services.runLoop.post(lifetime.guard([this, text, name] {
-        if (name == wantedFont) // of several quick choices, only the last is built
-            text->setFontName(name);
-    }));
 }
 
 LayouterMenu::LaterPtr<QObject> LayouterMenu::makeShapeStrip() {

@@ -170,7 +170,7 @@ TEST_F(LayouterMenuTest, StripsShowWhatIsAndSetWhatIsChosen) {
     EXPECT_EQ(chosen(), nodes.textNode2->fontName());
     choose("Bangers-Regular");
     choose("Monoton-Regular");
-    world.runLoop.drain();
+    world.runLoop.drain(); // the outlines are computed
     EXPECT_EQ(nodes.textNode2->fontName(), "Monoton-Regular");
     EXPECT_EQ(strip<ButtonStrip>().buttons()[1]->title(), "Aldrich")
         << "in the order of the alphabet";
@@ -351,7 +351,13 @@ TEST_F(LayouterMenuTest, WritesOnTheTextInHandAlone) {
     EXPECT_EQ(menu.writtenText(), "TITLE");
     EXPECT_EQ(lit(), "Material") << "Write does not become the current tab";
     menu.textFieldDidChange(QString::fromUtf8("Grüße"));
+    menu.endWriting();
     EXPECT_EQ(nodes.textNode1->text(), "Grüße");
+    menu.writeAction();
+    menu.textFieldDidChange("QX%");
+    model.start();
+    EXPECT_EQ(nodes.textNode1->text(), "QX%") << "a run begins with what was written";
+    model.stop(model::Reset::toStart);
     menu.setCurrentNodeFromButton(3);
     EXPECT_FALSE(menu.isWriting());
     menu.textFieldDidChange("nobody's");
