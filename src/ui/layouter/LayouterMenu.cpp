@@ -5,6 +5,8 @@
 #include "model/Model.h"
 #include "platform/foundation/RunLoop.h"
 
+#include <QRegularExpression>
+
 #include <array>
 #include <utility>
 
@@ -18,6 +20,17 @@ const LayouterMenu* outliner = nullptr;
 
 bool isText(const node::NodePtr& node) {
     return std::dynamic_pointer_cast<content::TextNode>(node) != nullptr;
+}
+
+/// A text may be pasted: it gets a blank for each line break, and no half of a character where the
+/// field has cut it off.
+QString lineOf(QString text) {
+    static const QRegularExpression breaks(
+        QStringLiteral("\\r\\n|[\\x{0}-\\x{1F}\\x{7F}\\x{85}\\x{2028}\\x{2029}]"));
+    text.replace(breaks, QStringLiteral(" "));
+    if (!text.isEmpty() && text.back().isHighSurrogate())
+        text.chop(1);
+    return text;
 }
 
 /// Whether the option stays when no node is selected any more.
@@ -121,7 +134,7 @@ void LayouterMenu::fontsHaveChanged() {
 
 void LayouterMenu::textFieldDidChange(const QString& text) {
     if (const auto node = std::dynamic_pointer_cast<content::TextNode>(currentNode_))
-        node->setTextSoon(text.toStdString());
+        node->setTextSoon(lineOf(text).toStdString());
 }
 
 void LayouterMenu::endWriting() {

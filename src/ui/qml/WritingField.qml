@@ -9,6 +9,7 @@ T.TextField {
     id: root
 
     required property Layouter.LayouterMenu controller
+    property bool isReady: false
 
     leftPadding: 12
     rightPadding: 12
@@ -23,7 +24,8 @@ T.TextField {
 
     Accessible.name: qsTr("Text")
 
-    onTextEdited: controller.textFieldDidChange(text)
+    // With what an input method has not committed yet.
+    onDisplayTextChanged: if (isReady) controller.textFieldDidChange(displayText)
     onAccepted: controller.endWriting()
     Keys.onEscapePressed: controller.endWriting()
     onFocusChanged: if (!focus) controller.endWriting() // after a click outside
@@ -31,6 +33,7 @@ T.TextField {
         text = controller.writtenText;
         forceActiveFocus();
         selectAll();
+        isReady = true;
     }
 
     background: Rectangle {
