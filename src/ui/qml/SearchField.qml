@@ -39,7 +39,7 @@ T.TextField {
             anchors.verticalCenter: parent.verticalCenter
             visible: root.text === ""
             text: root.name
-            color: Theme.mutedText
+            color: Qt.lighter(Theme.mutedText, 1.35) // legible on the field
             font: root.font
         }
     }
