@@ -19,7 +19,9 @@
 #include "ui/screens/HistoryController.h"
 #include "ui/screens/Visualizer.h"
 
+#include <QClipboard>
 #include <QGuiApplication>
+#include <QInputMethodEvent>
 #include <QQuickItem>
 #include <QQuickView>
 #include <QTest>
@@ -337,6 +339,37 @@ TEST_F(MenuViewsTest, AMenuThatIsOffIsDimmedOnce) {
     const QQuickItem* const record = menuView->childItems().constFirst();
     const auto* const fill = record->property("background").value<QQuickItem*>();
     EXPECT_DOUBLE_EQ(menuView->opacity() * record->opacity() * fill->opacity(), 0.1);
+}
+
+TEST_F(MenuViewsTest, WritingShowsPreeditAndPastedTextOnTheStage) {
+    ui::LayouterMenu panel(services);
+    show("LayouterMenu", "controller", &panel);
+    panel.setCurrentNodeFromButton(0);
+    panel.writeAction();
+    layOut();
+    const auto shown = [&] {
+        loop().drain();
+        return nodes.textNode1->text();
+    };
+    const auto compose = [&](const QString& preedit, const QString& commit) {
+        QInputMethodEvent event(preedit, {});
+        event.setCommitString(commit);
+        QCoreApplication::sendEvent(view.focusObject(), &event);
+    };
+    EXPECT_EQ(shown(), "TITLE");
+    compose(QStringLiteral("n"), {});
+    EXPECT_EQ(shown(), "n") << "instead of all that was selected";
+    compose(QStringLiteral("ñu"), {});
+    EXPECT_EQ(shown(), "ñu");
+    compose({}, QStringLiteral("ñ"));
+    EXPECT_EQ(shown(), "ñ");
+    QGuiApplication::clipboard()->setText(QStringLiteral("a\r\nb\u2028") + QString(300, 'c'));
+    QTest::keyClick(&view, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(shown().find_first_of("\r\n"), std::string::npos);
+    EXPECT_EQ(QString::fromStdString(shown()).size(), 200);
+    panel.textFieldDidChange(QStringLiteral("a\r\nb\t") + QChar(0xD83D));
+    EXPECT_EQ(shown(), "a b ");
+    view.setSource({});
 }
 
 TEST_F(MenuViewsTest, EachTabOfTheStylePanelShowsItsStrip) {
