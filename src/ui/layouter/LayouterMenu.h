@@ -223,7 +223,7 @@ private:
     std::vector<LaterPtr<MySegmentedStackButton>> tabs;
     MySegmentedStackButton* audioTitleButton = nullptr; ///< one of the tabs; null: not shown
     QString audioTitle_;
-    int wantedScene = -1;   ///< chosen last, and shown soon
+    int wantedScene = -1; ///< chosen last, and shown soon
     std::shared_ptr<FontPictures> fontPictures = std::make_shared<FontPictures>(services.runLoop);
     bool writing = false;
     bool isFontListOld = false; ///< and will be made anew in the next turn of the loop
