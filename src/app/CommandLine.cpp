@@ -284,7 +284,10 @@ void addInspect(CLI::App& app, InspectCommand& options) {
 }
 
 void addWindow(CLI::App& app, WindowCommand& options) {
-    app.add_option("FILES", options.files, "Pictures, fonts and ZIP archives of fonts to open in the window")
+    app.add_option(
+           "FILES",
+           options.files,
+           "Pictures, fonts and ZIP archives of fonts to open in the window")
         ->check(CLI::ExistingPath.description(""))
         ->type_name("");
     app.add_flag(
