@@ -5,8 +5,6 @@
 #include "model/Model.h"
 #include "platform/foundation/RunLoop.h"
 
-#include <QRegularExpression>
-
 #include <array>
 #include <utility>
 
@@ -25,9 +23,13 @@ bool isText(const node::NodePtr& node) {
 /// A text may be pasted: it gets a blank for each line break, and no half of a character where the
 /// field has cut it off.
 QString lineOf(QString text) {
-    static const QRegularExpression breaks(
-        QStringLiteral("\\r\\n|[\\x{0}-\\x{1F}\\x{7F}\\x{85}\\x{2028}\\x{2029}]"));
-    text.replace(breaks, QStringLiteral(" "));
+    text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+    for (QChar& letter : text) {
+        using enum QChar::Category;
+        const auto kind = letter.category();
+        if (kind == Other_Control || kind == Separator_Line || kind == Separator_Paragraph)
+            letter = u' ';
+    }
     if (!text.isEmpty() && text.back().isHighSurrogate())
         text.chop(1);
     return text;

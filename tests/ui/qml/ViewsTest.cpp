@@ -366,7 +366,7 @@ TEST_F(MenuViewsTest, WritingShowsPreeditAndPastedTextOnTheStage) {
     QGuiApplication::clipboard()->setText(QStringLiteral("a\r\nb\u2028") + QString(300, 'c'));
     QTest::keyClick(&view, Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(shown().find_first_of("\r\n"), std::string::npos);
-    EXPECT_EQ(QString::fromStdString(shown()).size(), 200);
+    EXPECT_EQ(QString::fromStdString(shown()).size(), 199) << "of 200, CR and LF are one blank";
     panel.textFieldDidChange(QStringLiteral("a\r\nb\t") + QChar(0xD83D));
     EXPECT_EQ(shown(), "a b ");
     view.setSource({});
