@@ -76,13 +76,13 @@ int FontList::rowCount(const QModelIndex& parent) const {
 QVariant FontList::data(const QModelIndex& index, int role) const {
     const content::FontEntry& font = at(index.row());
     switch (role) {
-    case NameRole:
+    case nameRole:
         return QString::fromStdString(font.name);
-    case FontRole:
+    case fontRole:
         return QVariant::fromValue(fontFileOf(font));
-    case SectionRole:
+    case sectionRole:
         return font.source == content::FontSource::system ? tr("Fonts of the system") : QString();
-    case CorruptRole:
+    case corruptRole:
         return font.isCorrupt;
     default:
         return {};
@@ -91,10 +91,10 @@ QVariant FontList::data(const QModelIndex& index, int role) const {
 
 QHash<int, QByteArray> FontList::roleNames() const {
     return {
-        {NameRole, "name"},
-        {FontRole, "fontFile"},
-        {SectionRole, "section"},
-        {CorruptRole, "isCorrupt"}};
+        {nameRole, "name"},
+        {fontRole, "fontFile"},
+        {sectionRole, "section"},
+        {corruptRole, "isCorrupt"}};
 }
 
 } // namespace zelvo::ui

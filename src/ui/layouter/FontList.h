@@ -25,7 +25,7 @@ class FontList final : public QAbstractListModel {
     Q_PROPERTY(int currentRow READ currentRow NOTIFY currentChanged)
 
 public:
-    enum Role { NameRole = Qt::UserRole, FontRole, SectionRole, CorruptRole };
+    enum Role { nameRole = Qt::UserRole, fontRole, sectionRole, corruptRole };
 
     explicit FontList(std::vector<content::FontEntry> all, QObject* parent = nullptr);
 

@@ -112,7 +112,7 @@ void LayouterMenu::writeAction() {
     Q_EMIT writingChanged();
 }
 
-void LayouterMenu::showFontImport() {
+void LayouterMenu::showFontImport() const {
     if (presentFontImport)
         presentFontImport();
 }

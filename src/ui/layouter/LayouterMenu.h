@@ -132,7 +132,7 @@ public:
 
     /// Opens the screen of imported fonts; set by the owner.
     std::function<void()> presentFontImport;
-    Q_INVOKABLE void showFontImport();
+    Q_INVOKABLE void showFontImport() const;
     /// The user has picked a font there for the selected text.
     void fontImported(const std::string& name) override;
 

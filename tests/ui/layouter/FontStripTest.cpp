@@ -25,7 +25,7 @@ protected:
     [[nodiscard]] std::vector<std::string> listed() const {
         std::vector<std::string> names;
         for (int row = 0; row < strip.list.count(); ++row) {
-            const auto name = strip.list.data(strip.list.index(row), FontList::NameRole);
+            const auto name = strip.list.data(strip.list.index(row), FontList::nameRole);
             names.push_back(name.toString().toStdString());
         }
         return names;
