@@ -56,15 +56,18 @@ void writeField(const std::filesystem::path& file, bool hasNormals) {
     return bytes;
 }
 
+object::ObjectScene readOrEnd(const std::filesystem::path& file) {
+    auto scene = object::readObject(file);
+    CHECK(scene.has_value(), "{}", scene.error().message);
+    return std::move(*scene);
+}
+
 void readField(benchmark::State& state) {
     const auto file = std::filesystem::temp_directory_path() / "zelvo-bench-field.obj";
     writeField(file, state.range(0) != 0);
     double bytes = 1;
-    for ([[maybe_unused]] auto step : state) {
-        const auto scene = object::readObject(file);
-        CHECK(scene.has_value(), "{}", scene.error().message);
-        bytes = finalBytes(*scene);
-    }
+    for ([[maybe_unused]] auto step : state)
+        bytes = finalBytes(readOrEnd(file));
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
     state.counters["megabytes"] = static_cast<double>(std::filesystem::file_size(file)) / 1e6;

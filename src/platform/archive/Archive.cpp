@@ -171,7 +171,7 @@ Result<void> Archive::readEntries(const Limits& limits) {
         auto path = entryPath(entry->name, limits.depth);
         if (!path)
             return tl::unexpected(path.error());
-        const auto checked =
+        auto checked =
             checkKind(handle->zip, *entry).and_then([&] { return checkSize(*entry, limits); });
         if (!checked)
             return checked;
@@ -225,7 +225,7 @@ Result<void> Archive::unpackInto(const fs::path& folder) const {
         auto made = NewFile::create(target, NewFile::Use::temporary);
         if (!made)
             return tl::unexpected(made.error());
-        const auto written = made->write(std::as_bytes(std::span(*content))).and_then([&made] {
+        auto written = made->write(std::as_bytes(std::span(*content))).and_then([&made] {
             return made->commit();
         });
         if (!written)

@@ -24,7 +24,7 @@ void Strip::select(int index, Motion motion) {
 
 bool Strip::pressKey(int key) {
     const int last = count - 1;
-    int wanted = currentIndex_;
+    int wanted = 0;
     switch (key) {
     case Qt::Key_Left:
     case Qt::Key_Up:
