@@ -37,7 +37,7 @@ TEST_F(MTL, takes_what_many_programs_mean) {
         write(name, "");
 
     struct Row {
-        const char* library;
+        const char* lines;
         std::function<bool(const Material&)> isRight;
     };
 
@@ -76,10 +76,10 @@ TEST_F(MTL, takes_what_many_programs_mean) {
     };
     // clang-format on
     for (const Row& row : rows) {
-        const ObjectScene scene = with(row.library);
+        const ObjectScene scene = with(row.lines);
         ASSERT_EQ(scene.materials.size(), 1U);
-        EXPECT_TRUE(row.isRight(scene.materials[0])) << row.library;
-        EXPECT_TRUE(scene.warnings.empty()) << row.library;
+        EXPECT_TRUE(row.isRight(scene.materials[0])) << row.lines;
+        EXPECT_TRUE(scene.warnings.empty()) << row.lines;
     }
 }
 
