@@ -27,7 +27,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         .packed = 64U << 10U, .unpacked = 256U << 10U, .file = 64U << 10U, .entries = 64};
     if (size > kLimits.packed)
         return 0;
-    const auto opened = Archive::openBytes(std::string(data, data + size), kLimits);
+    const auto opened = Archive::openBytes({reinterpret_cast<const char*>(data), size}, kLimits);
     if (!opened)
         return 0;
     for (const auto& file : opened->files())

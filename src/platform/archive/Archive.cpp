@@ -102,7 +102,6 @@ bool isFolder(const std::string& name) {
 } // namespace
 
 struct Archive::Handle {
-    std::string bytes; ///< of an archive in memory; must outlive the archive
     zip_t* zip = nullptr;
 
     Handle() = default;
@@ -141,13 +140,11 @@ Result<Archive> Archive::open(const fs::path& file, const Limits& limits) {
     return made.readEntries(limits).map([&made] { return std::move(made); });
 }
 
-Result<Archive> Archive::openBytes(std::string bytes, const Limits& limits) {
+Result<Archive> Archive::openBytes(std::string_view bytes, const Limits& limits) {
     auto opened = std::make_unique<Handle>();
-    opened->bytes = std::move(bytes);
     zip_error_t why;
     zip_error_init(&why);
-    zip_source_t* const source =
-        zip_source_buffer_create(opened->bytes.data(), opened->bytes.size(), 0, &why);
+    zip_source_t* const source = zip_source_buffer_create(bytes.data(), bytes.size(), 0, &why);
     opened->zip = source == nullptr ? nullptr : zip_open_from_source(source, ZIP_RDONLY, &why);
     if (opened->zip == nullptr) {
         zip_source_free(source);
@@ -187,7 +184,7 @@ Result<void> Archive::readEntries(const Limits& limits) {
     return {};
 }
 
-Result<std::string> Archive::contentOf(const ArchivedFile& file) const {
+Result<std::vector<std::uint8_t>> Archive::contentOf(const ArchivedFile& file) const {
     const auto failed = [&file](const char* why) {
         return tl::unexpected(foundation::Error{Cause::malformed, why}.in(file.path.string()));
     };
@@ -195,8 +192,9 @@ Result<std::string> Archive::contentOf(const ArchivedFile& file) const {
         zip_fopen_index(handle->zip, file.index, 0));
     if (!opened)
         return failed("is packed in a way that is not known here");
-    // Grows as it is read, because the stated size is only a claim.
-    std::string content;
+    // The stated size is only a claim, but within the limits.
+    std::vector<std::uint8_t> content;
+    content.reserve(file.size + kBlock);
     while (true) {
         const std::size_t before = content.size();
         content.resize(before + kBlock);

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
-#include <string>
+#include <string_view>
 #include <vector>
 
 namespace zelvo::archive {
@@ -40,9 +40,9 @@ public:
     /// Errors: `notFound`, `unreadable`, `malformed`, `tooLarge`, `unsupported` (encrypted).
     [[nodiscard]] static foundation::Result<Archive>
     open(const std::filesystem::path& file, const Limits& limits = {});
-    /// The same for an archive in memory.
+    /// The same for an archive in memory. The bytes must outlive the archive.
     [[nodiscard]] static foundation::Result<Archive>
-    openBytes(std::string bytes, const Limits& limits = {});
+    openBytes(std::string_view bytes, const Limits& limits = {});
 
     Archive(Archive&& other) noexcept;
     Archive& operator=(Archive&&) = delete;
@@ -51,7 +51,8 @@ public:
     [[nodiscard]] const std::vector<ArchivedFile>& files() const { return files_; }
 
     /// Errors: `malformed` (damaged, or not of the size that the archive states), `unsupported`.
-    [[nodiscard]] foundation::Result<std::string> contentOf(const ArchivedFile& file) const;
+    [[nodiscard]] foundation::Result<std::vector<std::uint8_t>>
+    contentOf(const ArchivedFile& file) const;
 
     /// Writes all files below an existing folder, up to the first error. Each file is complete or
     /// not there. Of two files with one name, the first is kept. Errors: as `contentOf`, and

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/archive/Archive.h"
 #include "platform/foundation/Result.h"
 #include "platform/usd/Limits.h"
 
@@ -13,22 +14,16 @@
 #include <string_view>
 #include <vector>
 
-struct zip;
-
 namespace zelvo::usd {
 
 [[nodiscard]] bool isArchive(std::span<const std::uint8_t> bytes);
 
-/// The files in a ZIP archive in memory. Never looks outside of it.
+/// The files of a package by their names: a ZIP archive in memory. Never looks outside of it.
 class Archive {
 public:
-    /// The bytes must stay. Errors: `malformed`, `tooLarge`.
+    /// The bytes must stay. Errors: `malformed`, `unsupported` (encrypted), `tooLarge`.
     [[nodiscard]] static foundation::Result<std::unique_ptr<Archive>>
     open(std::span<const std::uint8_t> bytes, const Limits& limits);
-
-    ~Archive();
-    Archive(const Archive&) = delete;
-    Archive& operator=(const Archive&) = delete;
 
     /// In the order of the archive; without folders and without what a desktop adds for itself.
     [[nodiscard]] const std::vector<std::string>& names() const { return names_; }
@@ -38,17 +33,16 @@ public:
     /// The first file with this name in any folder.
     [[nodiscard]] std::optional<std::size_t> findAnywhere(std::string_view fileName) const;
 
-    /// Errors: `malformed`, `unsupported` (encrypted), `tooLarge`.
+    /// Errors: `malformed`, `tooLarge`.
     [[nodiscard]] foundation::Result<std::vector<std::uint8_t>>
     read(std::size_t file, Budget& unpackedBytes) const;
 
 private:
-    explicit Archive(zip* opened)
-        : handle(opened) {}
+    explicit Archive(archive::Archive opened);
 
-    zip* handle;
+    archive::Archive packed;
+    std::vector<archive::ArchivedFile> files; ///< of the names
     std::vector<std::string> names_;
-    std::vector<std::uint64_t> entries; ///< the place of each file in the archive
     std::map<std::string, std::size_t, std::less<>> byName;
     std::map<std::string, std::size_t, std::less<>> byLowerCase;
     std::map<std::string, std::size_t, std::less<>> byFileName; ///< in lower case
