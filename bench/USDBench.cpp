@@ -86,9 +86,10 @@ std::string textLayer(const Sheet& sheet) {
     const auto add = [&text](const std::string& name, const auto& values, std::size_t width) {
         text += name + " = [";
         for (std::size_t i = 0; i < values.size(); ++i) {
-            const std::string separator = i % width == 0 ? (width > 1 ? "(" : "") : "";
-            const std::string end = width > 1 && i % width == width - 1 ? ")" : "";
-            text += separator + std::to_string(values[i]) + end + ", ";
+            if (width > 1 && i % width == 0)
+                text += '(';
+            text += std::to_string(values[i]);
+            text += width > 1 && i % width == width - 1 ? "), " : ", ";
         }
         text += "]\n";
     };

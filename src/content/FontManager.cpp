@@ -81,9 +81,9 @@ void sortByName(std::vector<FontEntry>& fonts) {
 
 } // namespace
 
-FontManager::FontManager(text::FontRegistry& fonts, std::optional<foundation::Folders> given)
+FontManager::FontManager(text::FontRegistry& fonts, std::optional<foundation::Folders> userFolders)
     : registry(fonts)
-    , folders(std::move(given)) {
+    , folders(std::move(userFolders)) {
     if (folders)
         registry.setLookup([this](std::string_view name) { addByName(name); });
 }

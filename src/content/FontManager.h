@@ -57,7 +57,7 @@ public:
     /// Without folders there are only built-in fonts. With folders, the registry asks this object
     /// for names that it does not know; then this object must outlive the use of the registry.
     explicit FontManager(
-        text::FontRegistry& fonts, std::optional<foundation::Folders> folders = {});
+        text::FontRegistry& fonts, std::optional<foundation::Folders> userFolders = {});
     ~FontManager();
     FontManager(const FontManager&) = delete;
     FontManager& operator=(const FontManager&) = delete;

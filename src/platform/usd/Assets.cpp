@@ -76,10 +76,10 @@ std::optional<std::size_t> rootFileOf(const Archive& archive) {
 
 } // namespace
 
-Assets::Assets(const Limits& given)
-    : limits(given)
-    , unpackedBytes(given.unpackedBytes)
-    , valueBytes(std::make_shared<Budget>(given.valueBytes)) {}
+Assets::Assets(const Limits& allowed)
+    : limits(allowed)
+    , unpackedBytes(allowed.unpackedBytes)
+    , valueBytes(std::make_shared<Budget>(allowed.valueBytes)) {}
 
 Result<std::unique_ptr<Assets>>
 Assets::open(std::span<const std::uint8_t> bytes, const Limits& limits) {

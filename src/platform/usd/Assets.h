@@ -23,6 +23,7 @@ struct AssetId {
     std::size_t package = 0;
     std::size_t file = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): it takes the 0 of comparisons for a pointer
     auto operator<=>(const AssetId&) const = default;
 };
 
@@ -54,7 +55,7 @@ private:
         std::map<std::size_t, std::optional<std::size_t>> inner; ///< packages, by their file
     };
 
-    explicit Assets(const Limits& limits);
+    explicit Assets(const Limits& allowed);
 
     [[nodiscard]] foundation::Result<std::size_t>
     addPackage(std::span<const std::uint8_t> bytes, int depth);

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <optional>
+#include <ranges>
+#include <tuple>
 #include <utility>
 
 namespace zelvo::usd {
@@ -18,7 +20,11 @@ struct Resolved {
     std::optional<AssetId> file; ///< nothing if it is missing
     std::string prim;
 
-    auto operator<=>(const Resolved&) const = default;
+    bool operator==(const Resolved&) const = default;
+
+    friend bool operator<(const Resolved& a, const Resolved& b) {
+        return std::tie(a.isHere, a.file, a.prim) < std::tie(b.isHere, b.file, b.prim);
+    }
 };
 
 /// Edits the list by what every site says, weakest first. `converted` makes an item of the list.
@@ -26,14 +32,15 @@ template <class Item, class Field, class Convert>
 std::vector<Item>
 editedList(const std::vector<Site>& sites, ListOp<Field> PrimSpec::*field, Convert converted) {
     std::vector<Item> list;
-    for (auto site = sites.rbegin(); site != sites.rend(); ++site) {
-        const ListOp<Field>& edit = site->spec->*field;
+    for (const Site& site : std::views::reverse(sites)) {
+        const ListOp<Field>& edit = site.spec->*field;
         if (edit.isEmpty())
             continue;
         const auto convertAll = [&](const std::vector<Field>& items) {
             std::vector<Item> result;
+            result.reserve(items.size());
             for (const Field& item : items)
-                result.push_back(converted(item, *site));
+                result.push_back(converted(item, site));
             return result;
         };
         ListOp<Item> own;

@@ -68,7 +68,7 @@ std::optional<std::vector<T>> readPacked(ByteReader& reader, std::uint64_t count
         case 0:
             break;
         case 1:
-            difference = explicitOnes.read<typename Widths<T>::Small>();
+            difference = static_cast<T>(explicitOnes.read<typename Widths<T>::Small>());
             break;
         case 2:
             difference = explicitOnes.read<typename Widths<T>::Middle>();

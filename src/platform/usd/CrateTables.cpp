@@ -6,7 +6,9 @@
 #include "platform/usd/CratePaths.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
+#include <ranges>
 #include <string_view>
 
 namespace zelvo::usd {
@@ -251,7 +253,7 @@ Result<CrateTables> TableReader::read() {
     };
 
     // The order matters: the first says how to read all others.
-    constexpr Step kSteps[] = {
+    constexpr auto kSteps = std::to_array<Step>({
         {&TableReader::readHeader, "its table of contents is damaged"},
         {&TableReader::readTokens, "its table of words is damaged"},
         {&TableReader::readStrings, "its table of texts is damaged"},
@@ -259,7 +261,7 @@ Result<CrateTables> TableReader::read() {
         {&TableReader::readFieldSets, "its table of field sets is damaged"},
         {&TableReader::readPaths, "its table of paths is damaged"},
         {&TableReader::readSpecs, "its table of objects is damaged"},
-    };
+    });
     for (const Step& step : kSteps) {
         if (!(this->*step.run)())
             return fail(Cause::malformed, std::string(step.fault));
@@ -291,11 +293,11 @@ std::optional<std::string> CrateTables::path(std::uint64_t index) const {
          at = &paths[at->parent])
         chain.push_back(at);
     std::string text;
-    for (auto at = chain.rbegin(); at != chain.rend(); ++at) {
-        const std::string& element = tokens[(*at)->element];
+    for (const CratePath* const at : std::views::reverse(chain)) {
+        const std::string& element = tokens[at->element];
         const bool isJoined = element.starts_with('{') || element.starts_with('[') ||
                               (!text.empty() && text.back() == '}');
-        if ((*at)->isProperty) {
+        if (at->isProperty) {
             text += '.';
         } else if (!isJoined) {
             text += '/';

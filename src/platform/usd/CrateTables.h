@@ -15,6 +15,7 @@ namespace zelvo::usd {
 struct CrateVersion {
     std::uint8_t major = 0, minor = 0, patch = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): it takes the 0 of comparisons for a pointer
     auto operator<=>(const CrateVersion&) const = default;
 };
 

@@ -4,6 +4,7 @@
 #include "platform/usd/ByteReader.h"
 #include "platform/usd/CrateNumbers.h"
 
+#include <array>
 #include <utility>
 
 namespace zelvo::usd {
@@ -132,13 +133,13 @@ template <class T> ListOp<T> Decoder::listOp(T (Decoder::*item)()) {
     std::vector<T> ordered;
     result.isExplicit = (bits & 1U) != 0;
     // In the order in which they are stored.
-    const std::pair<unsigned, std::vector<T>*> groups[] = {
-        {2U, &result.explicitItems},
-        {4U, &result.added},
-        {32U, &result.prepended},
-        {64U, &result.appended},
-        {8U, &result.deleted},
-        {16U, &ordered}};
+    const auto groups = std::to_array<std::pair<unsigned, std::vector<T>*>>(
+        {{2U, &result.explicitItems},
+         {4U, &result.added},
+         {32U, &result.prepended},
+         {64U, &result.appended},
+         {8U, &result.deleted},
+         {16U, &ordered}});
     for (const auto& [bit, group] : groups) {
         if ((bits & bit) != 0)
             *group = list(item);
@@ -190,39 +191,43 @@ Value decodeAt(Decoder& decoder, unsigned type, CrateVersion version) {
     }
 }
 
+bool isText(unsigned type) {
+    return type == kString || type == kToken || type == kAssetPath;
+}
+
+Value numbersOf(const Stored& stored, const NumberType& type, ByteReader& reader) {
+    auto value = stored.isInlined ? inlinedNumbers(type, static_cast<std::uint32_t>(stored.payload))
+                                  : readNumbers(type, reader);
+    return value.empty() ? Value() : Value(std::move(value));
+}
+
+Value textOf(const Stored& stored, const CrateTables& tables) {
+    auto text =
+        stored.type == kString ? tables.string(stored.payload) : tables.token(stored.payload);
+    return text ? Value(*std::move(text)) : Value();
+}
+
 } // namespace
 
 Value CrateValues::decode(std::uint64_t bits) const {
     const Stored stored(bits);
     if (stored.type == kBlocked)
         return Blocked{};
-    const auto numbers = numberTypeOf(stored.type);
-    const bool isText =
-        stored.type == kString || stored.type == kToken || stored.type == kAssetPath;
     if (stored.isArray && stored.payload == 0)
-        return isText ? Value(StringList()) : Value(FloatArray());
+        return isText(stored.type) ? Value(StringList()) : Value(FloatArray());
     ByteReader reader(bytes, stored.payload);
-    if (numbers && stored.isArray)
-        return readNumberArray(*numbers, reader, {tables.version, stored.isPacked}, *budget);
-    if (numbers) {
-        auto value = stored.isInlined
-                         ? inlinedNumbers(*numbers, static_cast<std::uint32_t>(stored.payload))
-                         : readNumbers(*numbers, reader);
-        return value.empty() ? Value() : Value(std::move(value));
+    if (const auto numbers = numberTypeOf(stored.type)) {
+        return stored.isArray
+                   ? readNumberArray(*numbers, reader, {tables.version, stored.isPacked}, *budget)
+                   : numbersOf(stored, *numbers, reader);
     }
-    if (isText && !stored.isArray) {
-        auto text =
-            stored.type == kString ? tables.string(stored.payload) : tables.token(stored.payload);
-        return text ? Value(*std::move(text)) : Value();
-    }
+    if (isText(stored.type) && !stored.isArray)
+        return textOf(stored, tables);
     const std::uint64_t count = stored.isArray ? readArrayLength(reader, tables.version) : 0;
     Decoder decoder(reader, tables, *budget);
-    Value value;
-    if (isText) {
-        value = decoder.items(count, stored.type == kToken ? &Decoder::token : &Decoder::string);
-    } else {
-        value = decodeAt(decoder, stored.type, tables.version);
-    }
+    const auto text = stored.type == kToken ? &Decoder::token : &Decoder::string;
+    Value value = isText(stored.type) ? Value(decoder.items(count, text))
+                                      : decodeAt(decoder, stored.type, tables.version);
     return decoder.hasFailed() ? Value() : value;
 }
 

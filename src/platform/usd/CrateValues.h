@@ -27,11 +27,11 @@ public:
         , tables(source)
         , budget(std::move(budget_)) {}
 
-    [[nodiscard]] Value decode(std::uint64_t stored) const override;
+    [[nodiscard]] Value decode(std::uint64_t bits) const override;
     /// Whether it is not a value, but takes one away.
     [[nodiscard]] static bool isBlocked(std::uint64_t stored);
     /// Of the samples of an animated attribute, the first one that is not blocked, still stored.
-    [[nodiscard]] std::optional<std::uint64_t> firstSample(std::uint64_t stored) const;
+    [[nodiscard]] std::optional<std::uint64_t> firstSample(std::uint64_t bits) const;
 
 private:
     std::span<const std::uint8_t> bytes;

@@ -5,7 +5,6 @@
 
 #include <array>
 #include <cmath>
-#include <initializer_list>
 #include <string_view>
 #include <vector>
 
@@ -19,7 +18,7 @@ constexpr std::uint32_t kSegments = 48; ///< around; a multiple of 4, so that th
 constexpr int kStacks = 12;             ///< of a quarter circle
 
 void addFace(
-    Polygons& polygons, std::initializer_list<std::uint32_t> points, std::uint32_t smoothing) {
+    Polygons& polygons, const std::vector<std::uint32_t>& points, std::uint32_t smoothing) {
     for (const std::uint32_t point : points)
         polygons.corners.push_back({point, Polygons::kNone, Polygons::kNone});
     const auto count = static_cast<std::uint32_t>(points.size());
@@ -46,19 +45,32 @@ struct OutlinePoint {
     double z = 0;
 };
 
+/// A circle of the outline's turn.
+struct Ring {
+    std::uint32_t first;
+    bool isPole;
+
+    [[nodiscard]] std::uint32_t at(std::uint32_t segment) const {
+        return isPole ? first : first + segment % kSegments;
+    }
+};
+
+void addBand(Polygons& solid, const Ring& low, const Ring& high) {
+    if (low.isPole && high.isPole)
+        return;
+    for (std::uint32_t s = 0; s < kSegments; ++s) {
+        std::vector<std::uint32_t> corners = {low.at(s), low.at(s + 1), high.at(s + 1), high.at(s)};
+        if (low.isPole)
+            corners.erase(corners.begin() + 1);
+        if (high.isPole)
+            corners.pop_back();
+        addFace(solid, corners, Polygons::kByAngle);
+    }
+}
+
 /// A solid of revolution. The outline goes from the lower pole to the upper one.
 Polygons turned(const std::vector<OutlinePoint>& outline) {
     Polygons solid;
-
-    struct Ring {
-        std::uint32_t first;
-        bool isPole;
-
-        [[nodiscard]] std::uint32_t at(std::uint32_t segment) const {
-            return isPole ? first : first + segment % kSegments;
-        }
-    };
-
     std::vector<Ring> rings;
     for (const OutlinePoint& point : outline) {
         const bool isPole = point.radius == 0;
@@ -69,22 +81,8 @@ Polygons turned(const std::vector<OutlinePoint>& outline) {
                 point.radius * std::cos(angle), point.radius * std::sin(angle), point.z);
         }
     }
-    for (std::size_t i = 0; i + 1 < rings.size(); ++i) {
-        const Ring& low = rings[i];
-        const Ring& high = rings[i + 1];
-        for (std::uint32_t s = 0; s < kSegments && !(low.isPole && high.isPole); ++s) {
-            if (low.isPole) {
-                addFace(solid, {low.first, high.at(s + 1), high.at(s)}, Polygons::kByAngle);
-            } else if (high.isPole) {
-                addFace(solid, {low.at(s), low.at(s + 1), high.first}, Polygons::kByAngle);
-            } else {
-                addFace(
-                    solid,
-                    {low.at(s), low.at(s + 1), high.at(s + 1), high.at(s)},
-                    Polygons::kByAngle);
-            }
-        }
-    }
+    for (std::size_t i = 0; i + 1 < rings.size(); ++i)
+        addBand(solid, rings[i], rings[i + 1]);
     return solid;
 }
 

@@ -30,7 +30,7 @@ public:
     [[nodiscard]] const Surface* read(const std::string& materialPath);
 
 private:
-    [[nodiscard]] Surface make(const Prim& material);
+    [[nodiscard]] Surface make(const Prim& prim);
     void fill(const Prim& shader, object::Material& material, Surface& surface);
     void fillColors(const Prim& shader, object::Material& material, Surface& surface);
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/usd/TextScanner.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <charconv>
 #include <limits>
@@ -64,7 +66,7 @@ bool TextScanner::accept(char wanted) {
 bool TextScanner::expect(char wanted) {
     if (accept(wanted))
         return true;
-    fail(std::string("'") + wanted + "' is missing");
+    fail(fmt::format("'{}' is missing", wanted));
     return false;
 }
 
@@ -169,12 +171,12 @@ bool TextScanner::isAtEndOf(char closing) {
     return hasFailed() || peek() == '\0' || peek() == closing;
 }
 
-void TextScanner::fail(std::string what) {
+void TextScanner::fail(std::string_view what) {
     if (hasFailed())
         return;
     const auto line =
         1 + std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(at), '\n');
-    fault = "line " + std::to_string(line) + ": " + what;
+    fault = fmt::format("line {}: {}", line, what);
     at = text.size();
 }
 

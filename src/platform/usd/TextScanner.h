@@ -41,7 +41,7 @@ public:
     [[nodiscard]] bool isAtEndOf(char closing);
 
     /// Remembers the first fault.
-    void fail(std::string what);
+    void fail(std::string_view what);
 
     [[nodiscard]] bool hasFailed() const { return !fault.empty(); }
 

@@ -47,11 +47,12 @@ double readNumber(TextScanner& scanner) {
 
 /// Appends the numbers of a tuple, also of one that holds tuples.
 void readTuple(TextScanner& scanner, std::vector<double>& numbers) {
+    const auto readOne = [&] { numbers.push_back(readNumber(scanner)); };
     readList(scanner, '(', ')', [&] {
         if (scanner.peek() != '(') {
-            numbers.push_back(readNumber(scanner));
+            readOne();
         } else {
-            readList(scanner, '(', ')', [&] { numbers.push_back(readNumber(scanner)); });
+            readList(scanner, '(', ')', readOne);
         }
         if (numbers.size() > kLargestTuple)
             scanner.fail("a tuple has too many numbers");

@@ -31,6 +31,7 @@ struct Reference {
     std::string asset; ///< empty: the same layer
     std::string prim;  ///< empty: the default prim of the layer
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): it takes the 0 of comparisons for a pointer
     auto operator<=>(const Reference&) const = default;
 };
 

@@ -54,7 +54,7 @@ FontFile FontImportViewController::fontFile(int row) const {
     return {.path = QString::fromStdString(file.string())};
 }
 
-QStringList FontImportViewController::nameFilters() const {
+QStringList FontImportViewController::nameFilters() {
     return {
         tr("Fonts and archives (%1)").arg("*.ttf *.otf *.ttc *.otc *.woff *.woff2 *.zip"),
         tr("All files (*)")};

@@ -52,7 +52,7 @@ public:
     /// The font of a row, for drawing its name.
     Q_INVOKABLE [[nodiscard]] zelvo::ui::FontFile fontFile(int row) const;
     /// For the file dialog.
-    [[nodiscard]] QStringList nameFilters() const;
+    [[nodiscard]] static QStringList nameFilters();
     /// Where the file dialog begins: fonts mostly come from the web.
     [[nodiscard]] static QUrl downloads();
 

@@ -97,7 +97,7 @@ void PictureImporter::setHeld(bool isOn) {
         call();
 }
 
-void PictureImporter::show(const image::ImagePtr& picture, const QString& name) {
+void PictureImporter::show(const image::ImagePtr& picture, const QString& name) const {
     content::ImageNode& node = *services.model.nodes().imageNode;
     node.resetLayout();
     node.setImage(picture);

@@ -55,7 +55,7 @@ private:
 
     void begin(const QString& name, Decode decode);
     void finish(std::uint64_t number, const QString& name, const Decoded& decoded);
-    void show(const image::ImagePtr& picture, const QString& name);
+    void show(const image::ImagePtr& picture, const QString& name) const;
 
     Services services;
     /// The number of the latest picture asked for. The decoding of earlier ones stops.

@@ -118,7 +118,7 @@ public:
     void showImportOptions();
     /// Called with the file that the user has picked; may be empty.
     std::function<void(const QUrl&)> openPicture;
-    Q_INVOKABLE void pictureWasPicked(const QUrl& file);
+    Q_INVOKABLE void pictureWasPicked(const QUrl& file) const;
     /// For the dialog in which a picture is picked.
     [[nodiscard]] static QStringList pictureFilters();
     /// The image has another picture.

@@ -35,7 +35,7 @@ void LayouterMenu::showImportOptions() {
     });
 }
 
-void LayouterMenu::pictureWasPicked(const QUrl& file) {
+void LayouterMenu::pictureWasPicked(const QUrl& file) const {
     if (openPicture)
         openPicture(file);
 }

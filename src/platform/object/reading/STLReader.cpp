@@ -148,7 +148,7 @@ Result<void> readText(ByteSource source, Polygons& polygons, const Watch& watch)
 } // namespace
 
 Result<ObjectScene>
-readSTL(ByteSource source, std::uint64_t size, const std::string& name, const Watch& watch) {
+readSTL(const ByteSource& source, std::uint64_t size, const std::string& name, const Watch& watch) {
     std::array<char, kHead> head{};
     const std::size_t headBytes = readFully(source, head);
     Polygons polygons;

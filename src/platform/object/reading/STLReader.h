@@ -15,6 +15,6 @@ namespace zelvo::object {
 ///
 /// Errors: `malformed`, `tooLarge`, `cancelled`.
 [[nodiscard]] foundation::Result<ObjectScene>
-readSTL(ByteSource source, std::uint64_t size, const std::string& name, const Watch& watch);
+readSTL(const ByteSource& source, std::uint64_t size, const std::string& name, const Watch& watch);
 
 } // namespace zelvo::object
