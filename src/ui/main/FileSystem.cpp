@@ -60,7 +60,7 @@ QByteArray pictureIn(const QMimeData& data) {
         const QString name = QString::fromLatin1(type);
         if (!data.hasFormat(name))
             continue;
-        if (const QByteArray bytes = data.data(name); !bytes.isEmpty())
+        if (QByteArray bytes = data.data(name); !bytes.isEmpty())
             return bytes;
     }
     return {};

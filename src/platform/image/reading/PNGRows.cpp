@@ -96,17 +96,12 @@ void readGamma(png_structp png, png_infop info, LimitedPNG& picture) {
         return;
     picture.gamma = gamma;
     Chromaticities c{};
-    const png_uint_32 isThere = png_get_cHRM(
-        png,
-        info,
-        &c.white[0],
-        &c.white[1],
-        &c.red[0],
-        &c.red[1],
-        &c.green[0],
-        &c.green[1],
-        &c.blue[0],
-        &c.blue[1]);
+    auto& [whiteX, whiteY] = c.white;
+    auto& [redX, redY] = c.red;
+    auto& [greenX, greenY] = c.green;
+    auto& [blueX, blueY] = c.blue;
+    const png_uint_32 isThere =
+        png_get_cHRM(png, info, &whiteX, &whiteY, &redX, &redY, &greenX, &greenY, &blueX, &blueY);
     if (isThere != 0)
         picture.chromaticities = c;
 }
