@@ -3,6 +3,7 @@
 // The cost of a movie without drawing: converting and encoding frames of 1920 x 1080 that look like
 // a title.
 
+#include "platform/foundation/TemporaryFolder.h"
 #include "platform/media/AVAssetWriter.h"
 #include "platform/media/ColorConversion.h"
 
@@ -14,6 +15,7 @@ extern "C" {
 }
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
@@ -81,7 +83,7 @@ int largestDifference(
 void convertFrame(benchmark::State& state) {
     const PixelBuffer frame = draw(0);
     Planes planes;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         convertToYuv420(frame, planes.view());
         benchmark::DoNotOptimize(planes.luma.data());
     }
@@ -127,12 +129,13 @@ void convertFrameByLibrary(benchmark::State& state) {
     }
     Planes planes;
     const YuvPlanes view = planes.view();
-    const std::uint8_t* const from[] = {frame.row(0), nullptr, nullptr, nullptr};
-    const int fromStrides[] = {static_cast<int>(frame.bytesPerRow()), 0, 0, 0};
-    std::uint8_t* const to[] = {view.luma, view.cb, view.cr, nullptr};
-    const int toStrides[] = {kWidth, kWidth / 2, kWidth / 2, 0};
-    for (auto _ : state) {
-        sws_scale(scaler.get(), from, fromStrides, 0, kHeight, to, toStrides);
+    const std::array<const std::uint8_t*, 4> from{frame.row(0)};
+    const std::array<int, 4> fromStrides{static_cast<int>(frame.bytesPerRow())};
+    const std::array<std::uint8_t*, 4> to{view.luma, view.cb, view.cr};
+    const std::array<int, 4> toStrides{kWidth, kWidth / 2, kWidth / 2};
+    for ([[maybe_unused]] auto _ : state) {
+        sws_scale(
+            scaler.get(), from.data(), fromStrides.data(), 0, kHeight, to.data(), toStrides.data());
         benchmark::DoNotOptimize(planes.luma.data());
     }
     Planes ours;
@@ -172,14 +175,19 @@ double writeMovie(const std::vector<PixelBuffer>& pictures, const std::filesyste
 void encodeMovie(benchmark::State& state) {
     constexpr int kFrames = 45;
     std::vector<PixelBuffer> pictures;
+    pictures.reserve(kFrames);
     for (int i = 0; i < kFrames; ++i)
         pictures.push_back(draw(i));
-    const auto file = std::filesystem::temp_directory_path() / "zelvo-media-bench.mov";
+    const auto folder = foundation::TemporaryFolder::make(std::filesystem::temp_directory_path());
+    if (!folder) {
+        state.SkipWithError(folder.error().message.c_str());
+        return;
+    }
+    const auto file = folder->path() / "frames.mov";
     double seconds = 0.0;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         seconds += writeMovie(pictures, file);
     const auto bytes = static_cast<double>(std::filesystem::file_size(file));
-    std::filesystem::remove(file);
     state.counters["ms a frame"] =
         benchmark::Counter(seconds * 1000.0 / kFrames, benchmark::Counter::kAvgIterations);
     state.counters["Mbit/s"] = bytes * 8.0 * 60.0 / kFrames / 1e6;

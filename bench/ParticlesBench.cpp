@@ -48,7 +48,7 @@ void animate(benchmark::State& state) {
     scene::SCNScene scene;
     addParticles(*scene.rootNode());
     double time = 0;
-    for (auto step : state) {
+    for ([[maybe_unused]] auto _ : state) {
         scene.applyAnimations(time += 1.0 / 60);
     }
     std::size_t live = 0;
@@ -72,7 +72,7 @@ void draw(benchmark::State& state) {
     renderer.setScene(scene);
     state.SetLabel(renderer.deviceName());
     FrameRequest request;
-    for (auto step : state) {
+    for ([[maybe_unused]] auto _ : state) {
         request.time += 1.0 / 60;
         renderer.begin(request);
         benchmark::DoNotOptimize(renderer.finish().bytes.data());

@@ -98,7 +98,7 @@ void drawFrames(benchmark::State& state, void (*furnish)(scene::SCNScene&)) {
 
     const SCNNodePtr moving = scene->rootNode()->childNodes()[4];
     FrameRequest request;
-    for (auto step : state) {
+    for ([[maybe_unused]] auto _ : state) {
         request.time += 1.0 / 60;
         moving->position = moving->position.value() + glm::vec3(0.1f, 0, 0);
         renderer.begin(request);

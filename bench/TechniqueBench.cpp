@@ -40,7 +40,7 @@ void techniqueFrame(benchmark::State& state, const std::string& name) {
     renderer.setScene(scene);
     renderer.technique = techniqueOf(name);
     FrameRequest request;
-    for (auto step : state) {
+    for ([[maybe_unused]] auto _ : state) {
         request.time += 1.0 / 60;
         renderer.begin(request);
         benchmark::DoNotOptimize(renderer.finish().bytes.data());

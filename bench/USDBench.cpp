@@ -104,7 +104,7 @@ std::string textLayer(const Sheet& sheet) {
 void readAll(benchmark::State& state, const std::string& name, const std::string& layer) {
     const std::string package = test::packageOf({{name, layer}});
     std::size_t triangles = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const auto scene = usd::readUSD(test::bytesOf(package));
         CHECK(scene.has_value(), "{}", scene.error().message);
         triangles = scene->figures.triangles;

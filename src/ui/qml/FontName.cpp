@@ -49,7 +49,7 @@ void FontName::updatePolish() {
 
 void FontName::ask() {
     disconnect(waiting);
-    if (!pictures || shown.font.path.isEmpty() || shown.width <= 2 || shown.height <= 2)
+    if (pictures == nullptr || shown.font.path.isEmpty() || shown.width <= 2 || shown.height <= 2)
         return;
     if (const QImage* const found = pictures->find(shown))
         show(*found);
