@@ -64,12 +64,13 @@ void keepFrameOnScreen(QQuickWindow& window) {
 } // namespace
 
 Application::Application(const foundation::Folders& folders)
-    : defaults(folders.config / "defaults.json")
-    , fontManager(fonts, folders)
+    : folders_(folders)
+    , defaults(folders_.config / "defaults.json")
+    , fontManager(fonts, folders_)
     , nodes(surroundings())
-    , model_(modelServices(folders))
+    , model_(modelServices(folders_))
     , hasSound(activateSound())
-    , main({model_, runLoop_, defaults, alerts, fontManager}) {
+    , main({model_, runLoop_, defaults, alerts, fontManager, folders_}) {
     foundation::seedRandom(std::random_device{}());
     foundation::TemporaryFolder::removeLeftovers(folders.temporary);
     ui::installViews();

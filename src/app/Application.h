@@ -33,6 +33,7 @@ public:
     Application& operator=(const Application&) = delete;
 
 private:
+    foundation::Folders folders_;
     foundation::WallRunLoop runLoop_;
     foundation::UserDefaults defaults;
     ui::Alerts alerts;

@@ -39,7 +39,7 @@ protected:
     }
 
     ui::Alerts alerts;
-    ui::Services services{model, world.runLoop, world.defaults, alerts, fontManager};
+    ui::Services services{model, world.runLoop, world.defaults, alerts, fontManager, folders};
 };
 
 } // namespace zelvo::test

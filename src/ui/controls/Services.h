@@ -10,6 +10,7 @@ class Model;
 }
 
 namespace zelvo::foundation {
+struct Folders;
 class RunLoop;
 class UserDefaults;
 } // namespace zelvo::foundation
@@ -25,6 +26,7 @@ struct Services {
     foundation::UserDefaults& defaults;
     Alerts& alerts;
     content::FontManager& fonts;
+    const foundation::Folders& folders;
 };
 
 } // namespace zelvo::ui

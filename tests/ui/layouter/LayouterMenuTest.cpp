@@ -65,7 +65,7 @@ protected:
     [[nodiscard]] std::string chosen() { return litIn(strip<ButtonStrip>().buttonObjects()); }
 
     Alerts alerts;
-    Services services{model, world.runLoop, world.defaults, alerts, fontManager};
+    Services services{model, world.runLoop, world.defaults, alerts, fontManager, folders};
     LayouterMenu menu{services};
 };
 

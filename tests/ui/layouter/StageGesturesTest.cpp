@@ -60,7 +60,7 @@ protected:
     }
 
     Alerts alerts;
-    Services services{model, world.runLoop, world.defaults, alerts, fontManager};
+    Services services{model, world.runLoop, world.defaults, alerts, fontManager, folders};
     LayouterMenu menu{services};
 };
 
