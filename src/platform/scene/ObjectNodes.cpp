@@ -213,12 +213,20 @@ materialFor(object::Piece& piece, const std::vector<SCNMaterialPtr>& materials) 
 
 } // namespace
 
-std::vector<SCNMaterialPtr> materialsOf(ObjectScene& scene) {
+std::vector<SCNMaterialPtr> materialsOf(ObjectScene& scene, const object::Watch& watch) {
     ObjectPictures pictures(scene);
     std::vector<SCNMaterialPtr> materials;
     materials.reserve(scene.materials.size());
-    for (const object::Material& material : scene.materials)
+    for (const object::Material& material : scene.materials) {
+        if (watch.stop.stop_requested())
+            break;
         materials.push_back(MaterialMaker(material, pictures).make());
+        if (watch.isAdvanced) {
+            watch.isAdvanced(
+                static_cast<double>(materials.size()) /
+                static_cast<double>(scene.materials.size()));
+        }
+    }
     return materials;
 }
 
