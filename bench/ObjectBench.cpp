@@ -66,7 +66,7 @@ void readField(benchmark::State& state) {
     const auto file = std::filesystem::temp_directory_path() / "zelvo-bench-field.obj";
     writeField(file, state.range(0) != 0);
     double bytes = 1;
-    for ([[maybe_unused]] auto step : state)
+    for ([[maybe_unused]] auto _ : state)
         bytes = finalBytes(readOrEnd(file));
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);

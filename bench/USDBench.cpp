@@ -101,14 +101,17 @@ std::string textLayer(const Sheet& sheet) {
     return text + "}\n";
 }
 
+std::size_t trianglesOf(const std::string& package) {
+    const auto scene = usd::readUSD(test::bytesOf(package));
+    CHECK(scene.has_value(), "{}", scene.error().message);
+    return scene->figures.triangles;
+}
+
 void readAll(benchmark::State& state, const std::string& name, const std::string& layer) {
     const std::string package = test::packageOf({{name, layer}});
     std::size_t triangles = 0;
-    for ([[maybe_unused]] auto _ : state) {
-        const auto scene = usd::readUSD(test::bytesOf(package));
-        CHECK(scene.has_value(), "{}", scene.error().message);
-        triangles = scene->figures.triangles;
-    }
+    for ([[maybe_unused]] auto _ : state)
+        triangles = trianglesOf(package);
     state.counters["MB"] = static_cast<double>(package.size()) / 1e6;
     state.counters["triangles"] = static_cast<double>(triangles);
 }

@@ -40,7 +40,7 @@ using Strings = std::vector<std::string>;
 }
 
 [[nodiscard]] std::string listOf(const Strings& names) {
-    return fmt::format("{{\"enum\": [\"{}\"]}}", fmt::join(names, "\", \""));
+    return fmt::format(R"({{"enum": ["{}"]}})", fmt::join(names, R"(", ")"));
 }
 
 /// A pattern for the names, in upper or lower case.
@@ -77,7 +77,7 @@ using Strings = std::vector<std::string>;
           "then": {{{}"properties": {{{}}}}}
         }})",
         tab.tab,
-        ways.size() == 1 ? fmt::format("\"required\": [\"{}\"], ", only) : "",
+        ways.size() == 1 ? fmt::format(R"("required": ["{}"], )", only) : "",
         fmt::join(ways, ", "));
 }
 
@@ -112,7 +112,7 @@ using Strings = std::vector<std::string>;
 
 // With ZELVO_UPDATE_GOLDEN=1 in the environment, the file is updated.
 TEST(EngineNames, are_the_names_that_the_schema_allows) {
-    constexpr std::string_view kWritten = "\"written\": {\"$comment\"";
+    constexpr std::string_view kWritten = R"("written": {"$comment")";
     std::ifstream in(resource("performance.schema.json"));
     std::string kept{std::istreambuf_iterator<char>(in), {}};
     const auto mark = kept.find(kWritten);
@@ -136,7 +136,7 @@ TEST(Performances, that_come_with_the_program_are_right_and_use_every_tab_and_ge
         ASSERT_TRUE(read) << read.error().front();
         for (const auto& cue : read->cues) {
             const auto* const press = std::get_if<Press>(&cue.act);
-            used.insert(press ? press->tab : std::to_string(cue.act.index()));
+            used.insert(press != nullptr ? press->tab : std::to_string(cue.act.index()));
         }
     }
     Strings wanted;

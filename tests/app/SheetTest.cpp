@@ -80,7 +80,7 @@ TEST(Strip, ShowsTheFramesOfItsMomentsInRows) {
     ASSERT_EQ(sheet->height, kGap + 2 * (54 + kCaption + kGap));
 
     const Grid grid{3, 96, 54};
-    const double moments[] = {-0.5, 0, 0.5, 1, 1.5};
+    constexpr auto moments = std::to_array({-0.5, 0.0, 0.5, 1.0, 1.5});
     for (int i = 0; i < 5; ++i) {
         const std::string picture = program.path("frame.png");
         const Ending frame = program.run(

@@ -117,10 +117,10 @@ TEST_F(ArchiveTest, RefusesWhatCouldDoHarmBeforeAnythingIsUnpacked) {
 TEST_F(ArchiveTest, LeavesNoHalfFileOfADamagedArchive) {
     ASSERT_TRUE(archiveOf([](ZipFile& zip) { zip.add("a.txt", "first").add("b.txt", "second"); }));
     const std::string whole = contentOf(file);
-    const auto readWhole = [this](std::string bytes) {
+    const auto readWhole = [this](const std::string& bytes) {
         fs::remove_all(target);
         fs::create_directory(target);
-        const auto opened = Archive::openBytes(std::move(bytes), kSmall);
+        const auto opened = Archive::openBytes(bytes, kSmall);
         return opened && opened->unpackInto(target);
     };
     ASSERT_TRUE(readWhole(whole));

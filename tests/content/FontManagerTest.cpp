@@ -77,7 +77,7 @@ protected:
 
     /// A font file from elsewhere.
     std::filesystem::path given(const std::string& name, const std::string& bytes) const {
-        const auto file = temporary.path() / "given" / name;
+        auto file = temporary.path() / "given" / name;
         std::filesystem::create_directories(file.parent_path());
         std::ofstream(file, std::ios::binary) << bytes;
         return file;

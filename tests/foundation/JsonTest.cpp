@@ -46,7 +46,7 @@ TEST(Json, RefusesWhatNobodyWrites) {
 
     // clang-format off
     const Row rows[] = {
-        {"[\"\\\"0\", 0e9, 0e]",
+        {R"(["\"0", 0e9, 0e])",
          "1: not JSON: a digit is expected in the exponent"                                     },
         {"[1 e0]", "1: not JSON: a comma or a closing ] is missing"},
         {"[1,\n1e309]",                                   "2: not JSON: a number is too big"    },

@@ -11,10 +11,9 @@ namespace {
 
 std::vector<std::uint32_t> draws(std::uint64_t seed) {
     seedRandom(seed);
-    std::vector<std::uint32_t> values;
-    for (int i = 0; i < 50; ++i) {
-        values.push_back(arc4random_uniform(1000));
-    }
+    std::vector<std::uint32_t> values(50);
+    for (std::uint32_t& value : values)
+        value = arc4random_uniform(1000);
     return values;
 }
 

@@ -39,7 +39,7 @@ TEST(UserDefaults, EveryTypeComesBackAfterARelaunchAndOnlyAsItself) {
 TEST(UserDefaults, ADamagedFileCountsAsEmptyAndIsReplacedByTheNextChange) {
     const test::TemporaryFolder folder;
     const auto file = folder.path() / "defaults.json";
-    for (const char* damage : {"", "{", "[1,2]", "{\"a\":[1,\"x\"],\"b\":{}}", "\xff\xfe"}) {
+    for (const char* damage : {"", "{", "[1,2]", R"({"a":[1,"x"],"b":{}})", "\xff\xfe"}) {
         std::ofstream(file, std::ios::binary) << damage;
         UserDefaults defaults(file);
         EXPECT_FALSE(defaults.strings("a")) << damage;

@@ -35,7 +35,8 @@ TEST(SVG, SmallDrawingsFillThe4KFrameWithSharpEdgesAndStraightAlpha) {
     EXPECT_EQ(image.height, kDrawingSize.width / 2);
     EXPECT_EQ(alphaAt(image, 0.02, 0.02), 0U);
     EXPECT_EQ(alphaAt(image, 0.5, 0.5), 128U);
-    const auto middle = static_cast<std::size_t>(image.width * (image.height / 2) * 4);
+    const auto middle =
+        4 * static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height / 2);
     int blended = 0; // pixels between none and all of the circle, in the row of its middle
     for (std::size_t at = middle; at < middle + static_cast<std::size_t>(image.width) * 4;
          at += 4) {

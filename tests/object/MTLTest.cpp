@@ -131,8 +131,8 @@ TEST_F(MTL, finds_files_however_they_are_named_but_not_outside) {
     const Row rows[] = {
         {"leaf.png", "leaf.png"},
         {"LEAF.PNG", "leaf.png"},
-        {"C:\\Users\\me\\leaf.png", "leaf.png"},
-        {"\"textures\\\\leaf.png\"", "leaf.png"},
+        {R"(C:\Users\me\leaf.png)", "leaf.png"},
+        {R"("textures\\leaf.png")", "leaf.png"},
         {"/tmp/leaf.tga", "leaf.png"},
         {"maps\\wood.png", "Maps/Wood.JPG"},
         {"Maps/../leaf.png", "leaf.png"},

@@ -2,6 +2,7 @@
 #include "object/ObjectSupport.h"
 #include "platform/object/Polygons.h"
 
+#include <fmt/format.h>
 #include <glm/gtc/constants.hpp>
 
 #include <algorithm>
@@ -151,9 +152,7 @@ TEST(OBJ, makes_missing_normals_by_groups_or_by_angle) {
     std::string tube;
     for (int i = 0; i < 12; ++i) {
         const double angle = glm::two_pi<double>() * i / 12;
-        const std::string place =
-            std::to_string(std::cos(angle)) + " " + std::to_string(std::sin(angle));
-        tube += "v " + place + " 0\nv " + place + " 1\n";
+        tube += fmt::format("v {0} {1} 0\nv {0} {1} 1\n", std::cos(angle), std::sin(angle));
     }
     for (int i = 0; i < 12; ++i) {
         const auto corner = [i](int at) { return std::to_string((i * 2 + at) % 24 + 1) + " "; };

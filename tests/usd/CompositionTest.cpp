@@ -55,7 +55,7 @@ TEST_F(CompositionTest, opinions_stand_in_the_order_of_their_arcs) {
               "} } }\n"},
          {"sub.usda", "over \"A\" { double a = 2 double b = 2 double x = 2 }"},
          {"ref.usda",
-          "( defaultPrim = \"R\" ) def \"R\" { double h = 5 double i = 5 double d = 5 double g = 5 "
+          R"(( defaultPrim = "R" ) def "R" { double h = 5 double i = 5 double d = 5 double g = 5 )"
           "}"},
          {"pay.usda", "def \"P\" { double i = 6 double j = 6 double g = 6 }"}});
     const Prim& a = *stage->at("/A");
@@ -120,7 +120,7 @@ TEST_F(CompositionTest, a_reference_sees_what_ancestors_of_its_target_refer_to) 
     compose(
         {{"root.usda", R"(def "Copy" ( references = </Library/Chair> ) {}
                           def "Library" ( references = @library.usda@ ) {})"},
-         {"library.usda", "def \"L\" { def \"Chair\" { double x = 4 } }"}});
+         {"library.usda", R"(def "L" { def "Chair" { double x = 4 } })"}});
     EXPECT_EQ(x("/Copy"), 4);
 }
 
@@ -192,8 +192,10 @@ TEST_F(CompositionTest, a_value_that_is_taken_away_hides_weaker_ones) {
 
 /// Every layer refers to the next one twice: the prims double with each layer.
 TEST_F(CompositionTest, references_that_multiply_are_refused) {
+    constexpr int kLayers = 30;
     std::vector<test::PackedFile> files;
-    for (int i = 0; i < 30; ++i) {
+    files.reserve(kLayers);
+    for (int i = 0; i < kLayers; ++i) {
         files.push_back(
             {fmt::format("{}.usda", i),
              fmt::format(

@@ -84,19 +84,19 @@ TEST(Shapes, have_the_size_and_axis_that_they_say) {
     expectBox("def Cube \"A\" {}", {-1, -1, -1}, {1, 1, 1});
     expectBox("def Sphere \"A\" { double radius = 3 }", {-3, -3, -3}, {3, 3, 3});
     expectBox(
-        "def Cylinder \"A\" { double height = 6 token axis = \"X\" }", {-3, -1, -1}, {3, 1, 1});
-    expectBox("def Cone \"A\" { token axis = \"Y\" double height = 8 }", {-1, -4, -1}, {1, 4, 1});
+        R"(def Cylinder "A" { double height = 6 token axis = "X" })", {-3, -1, -1}, {3, 1, 1});
+    expectBox(R"(def Cone "A" { token axis = "Y" double height = 8 })", {-1, -4, -1}, {1, 4, 1});
     expectBox("def Capsule \"A\" {}", {-0.5, -0.5, -1}, {0.5, 0.5, 1});
     expectBox(
         "def Cylinder_1 \"A\" { double radiusTop = 0 double radiusBottom = 2 }",
         {-2, -2, -1},
         {2, 2, 1});
     expectBox(
-        "def Plane \"A\" { double width = 4 double length = 6 token axis = \"X\" }",
+        R"(def Plane "A" { double width = 4 double length = 6 token axis = "X" })",
         {0, -3, -2},
         {0, 3, 2});
     expectBox(
-        "def Plane \"A\" { double width = 4 double length = 6 token axis = \"Y\" }",
+        R"(def Plane "A" { double width = 4 double length = 6 token axis = "Y" })",
         {-2, 0, -3},
         {2, 0, 3});
 }
@@ -126,9 +126,9 @@ TEST(Shapes, are_closed_and_face_outwards) {
     const Row rows[] = {
         {"Cube \"A\" {}", 8},
         {"Sphere \"A\" {}", 4.18879},
-        {"Cylinder \"A\" { token axis = \"Y\" }", 6.28319},
+        {R"(Cylinder "A" { token axis = "Y" })", 6.28319},
         {"Cone \"A\" {}", 2.0944},
-        {"Capsule \"A\" { token axis = \"X\" }", 1.309}};
+        {R"(Capsule "A" { token axis = "X" })", 1.309}};
     for (const Row& row : rows) {
         const auto scene = readText("def " + row.shape);
         ASSERT_TRUE(scene) << scene.error().message;

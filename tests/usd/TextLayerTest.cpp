@@ -103,7 +103,7 @@ TEST(TextLayer, a_fault_is_told_with_its_line) {
         {"def \"A\" {\nfloat a = ?\n}", "line 3: a number is missing"},
         {"def \"A\" {", "line 2: '}' is missing"},
         {"def Mesh {}", "line 2: a text is missing"},
-        {"def \"A\" { string s = \"open }", "line 2: a text has no end"},
+        {R"(def "A" { string s = "open })", "line 2: a text has no end"},
         {"def \"A\" { float2[] a = [(1, 2), (3)] }",
          "line 2: a tuple has another length than the first one"},
         {"(x = " + deep + ")", "line 2: values are nested too deeply"},

@@ -45,6 +45,15 @@ QImage viewOf(const image::Image& picture) {
     return {picture.pixels.data(), picture.width, picture.height, QImage::Format_RGBX8888};
 }
 
+/// Premultiplied colour is at most its opacity.
+QRgb withAlpha(QRgb color, int alpha) {
+    return qRgba(
+        std::min(qRed(color), alpha),
+        std::min(qGreen(color), alpha),
+        std::min(qBlue(color), alpha),
+        alpha);
+}
+
 /// The figure without its ground, from pictures on black and on white: a ground that shows through
 /// differs between the two.
 QImage cutOut(const QImage& onBlack, const QImage& onWhite) {
@@ -54,12 +63,7 @@ QImage cutOut(const QImage& onBlack, const QImage& onWhite) {
         for (int x = 0; x < figure.width(); ++x) {
             const QRgb black = onBlack.pixel(x, y);
             const int seen = qGreen(onWhite.pixel(x, y)) - qGreen(black);
-            const int alpha = 255 - std::clamp(seen * 255 / ground, 0, 255);
-            const auto limited = [alpha](int channel) { return std::min(channel, alpha); };
-            figure.setPixel(
-                x,
-                y,
-                qRgba(limited(qRed(black)), limited(qGreen(black)), limited(qBlue(black)), alpha));
+            figure.setPixel(x, y, withAlpha(black, 255 - std::clamp(seen * 255 / ground, 0, 255)));
         }
     }
     return figure;

@@ -32,7 +32,7 @@ constexpr render::Size kStage{150, 84};
 constexpr double kCorner = 12; ///< radius
 constexpr double kRim = 2;     ///< width
 
-constexpr double kLeadIn = 1.5;    ///< seconds until particles are seen
+constexpr int kLeadIn = 45;        ///< steps until particles are seen
 constexpr double kStep = 1.0 / 30; ///< seconds between updates of the scene
 
 /// Writes pictures until one cannot be written.
@@ -167,9 +167,11 @@ void drawEnvironments(render::SCNRenderer& renderer, app::Engine& engine, Album&
         engine.model().setCurrentBackgroundColor(image::Color::hex(environment.sample.background));
         engine.model().setScene(index++);
         putBall(engine.stage(), environment.sample);
-        engine.runLoop.runFor(kLeadIn);
-        for (const double end = time + kLeadIn; time < end; time += kStep)
+        engine.runLoop.runFor(kLeadIn * kStep);
+        for (int step = 0; step < kLeadIn; ++step) {
             renderer.update(time);
+            time += kStep;
+        }
         album.add(
             ThumbnailKind::environment,
             environment.name,

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <ranges>
 #include <tuple>
 #include <utility>
 
@@ -32,15 +31,15 @@ template <class Item, class Field, class Convert>
 std::vector<Item>
 editedList(const std::vector<Site>& sites, ListOp<Field> PrimSpec::*field, Convert converted) {
     std::vector<Item> list;
-    for (const Site& site : std::views::reverse(sites)) {
-        const ListOp<Field>& edit = site.spec->*field;
+    for (auto site = sites.rbegin(); site != sites.rend(); ++site) {
+        const ListOp<Field>& edit = site->spec->*field;
         if (edit.isEmpty())
             continue;
         const auto convertAll = [&](const std::vector<Field>& items) {
             std::vector<Item> result;
             result.reserve(items.size());
             for (const Field& item : items)
-                result.push_back(converted(item, site));
+                result.push_back(converted(item, *site));
             return result;
         };
         ListOp<Item> own;

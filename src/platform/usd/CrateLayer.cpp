@@ -5,7 +5,6 @@
 #include "platform/usd/CrateValues.h"
 
 #include <functional>
-#include <ranges>
 #include <string_view>
 #include <unordered_map>
 
@@ -155,11 +154,11 @@ PrimSpec* LayerMaker::primAt(std::uint32_t path) {
         }
     }
     PrimSpec* prim = prims[at];
-    for (const auto next : std::views::reverse(missing)) {
-        prim = childAt(tables.paths[next], *prim);
+    for (auto next = missing.rbegin(); next != missing.rend(); ++next) {
+        prim = childAt(tables.paths[*next], *prim);
         if (prim == nullptr)
             return nullptr;
-        prims[next] = prim;
+        prims[*next] = prim;
     }
     return prim;
 }

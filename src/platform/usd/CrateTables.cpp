@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <array>
 #include <map>
-#include <ranges>
 #include <string_view>
 
 namespace zelvo::usd {
@@ -293,11 +292,11 @@ std::optional<std::string> CrateTables::path(std::uint64_t index) const {
          at = &paths[at->parent])
         chain.push_back(at);
     std::string text;
-    for (const CratePath* const at : std::views::reverse(chain)) {
-        const std::string& element = tokens[at->element];
+    for (auto at = chain.rbegin(); at != chain.rend(); ++at) {
+        const std::string& element = tokens[(*at)->element];
         const bool isJoined = element.starts_with('{') || element.starts_with('[') ||
                               (!text.empty() && text.back() == '}');
-        if (at->isProperty) {
+        if ((*at)->isProperty) {
             text += '.';
         } else if (!isJoined) {
             text += '/';

@@ -4,7 +4,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <ranges>
 #include <unordered_set>
 
 namespace zelvo::usd {
@@ -19,8 +18,8 @@ namespace {
 std::vector<std::string> childNames(const std::vector<Site>& sites) {
     std::vector<std::string> names;
     std::unordered_set<std::string_view> there;
-    for (const Site& site : std::views::reverse(sites)) {
-        for (const auto& child : site.spec->children.all()) {
+    for (auto site = sites.rbegin(); site != sites.rend(); ++site) {
+        for (const auto& child : site->spec->children.all()) {
             if (there.insert(child->name).second)
                 names.push_back(child->name);
         }
@@ -189,15 +188,15 @@ Prim::floats(std::string_view attribute, std::size_t width) const {
 
 std::vector<std::string> Prim::targets(std::string_view property) const {
     std::vector<std::string> list;
-    for (const Site& site : std::views::reverse(sites)) {
-        const PropertySpec* spec = site.spec->properties.find(property);
+    for (auto site = sites.rbegin(); site != sites.rend(); ++site) {
+        const PropertySpec* spec = site->spec->properties.find(property);
         if (spec == nullptr || spec->targets.isEmpty())
             continue;
         ListOp<std::string> edit = spec->targets;
         for (auto* items :
              {&edit.explicitItems, &edit.added, &edit.prepended, &edit.appended, &edit.deleted}) {
             for (std::string& target : *items)
-                target = site.paths->apply(target);
+                target = site->paths->apply(target);
             std::erase(*items, std::string());
         }
         edit.applyTo(list);
@@ -224,8 +223,8 @@ std::string Prim::bindMaterialAs(std::string_view relationship) const {
 
 std::vector<std::string> Prim::namesBeginning(std::string_view start) const {
     std::vector<std::string> names;
-    for (const Site& site : std::views::reverse(sites)) {
-        for (const auto& property : site.spec->properties.all()) {
+    for (auto site = sites.rbegin(); site != sites.rend(); ++site) {
+        for (const auto& property : site->spec->properties.all()) {
             if (property->name.starts_with(start) &&
                 std::ranges::find(names, property->name) == names.end())
                 names.push_back(property->name);
