@@ -40,7 +40,7 @@ protected:
         return found == row.end() ? nullptr : *found;
     }
 
-    void press(const std::string& title) {
+    void press(const std::string& title) const {
         MyButton* const tab = titled(title, menu.stackView.arranged());
         ASSERT_NE(tab, nullptr) << title;
         tab->click();

@@ -44,8 +44,9 @@ TEST(LostTime, leaves_pictures_out_while_a_run_loses_time_but_not_all) {
     time.runBegan(0);
     time.ticked(5); // the window was dragged, which stops the clock
     EXPECT_GT(time.drawsFrom(5), 5.1);
-    for (double now = 5; now < 5 + LostTime::kMaxKept / LostTime::kAllowedShare; now += kStep)
-        time.ticked(now);
+    const int steps = static_cast<int>(LostTime::kMaxKept / LostTime::kAllowedShare / kStep);
+    for (int i = 0; i < steps; ++i)
+        time.ticked(5 + i * kStep);
     EXPECT_EQ(time.drawsFrom(7), 7) << "forgotten after two seconds";
     time.ticked(12);
     time.runEnded();

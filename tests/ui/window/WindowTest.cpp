@@ -48,7 +48,8 @@ protected:
     [[nodiscard]] bool takesKeys(const QObject* controller) const {
         const QQuickItem* const shown = view(controller);
         const QQuickItem* const focus = window.activeFocusItem();
-        return shown && focus && (shown == focus || shown->isAncestorOf(focus));
+        return shown != nullptr && focus != nullptr &&
+               (shown == focus || shown->isAncestorOf(focus));
     }
 
     void picture(const QString& name) {
