@@ -3,6 +3,8 @@
 
 #include "platform/scene/SCNTechnique.h"
 
+#include <fmt/format.h>
+
 #include <array>
 #include <cmath>
 #include <cstdlib>
@@ -69,7 +71,7 @@ std::string difference(const std::string& seen, const std::string& wanted) {
         if (*oneEnd != 0 || *otherEnd != 0 || !ones || !others)
             return kOtherLine;
         if (std::abs(is - should) > 0.15 + 1e-4 * std::abs(should))
-            return "at " + std::to_string(kMoments.at(moment)) + "/16: " + one + ", not " + other;
+            return fmt::format("at {}/16: {}, not {}", kMoments.at(moment), one, other);
     }
     return {};
 }
@@ -286,7 +288,7 @@ std::string PosesTest::watch(const std::string& title, const Snapshot& rest) {
     std::string text = '\n' + title + ": " + std::to_string(frames.size() - 1) + " frames\n";
     for (const auto& [way, who] : lines) {
         const auto& [what, track] = way;
-        text += "  " + who + ", " + what + ':' + columnOf(track.front());
+        text += fmt::format("  {}, {}:{}", who, what, columnOf(track.front()));
         const bool stays = std::ranges::count(track, track.front()) == std::ssize(track);
         for (std::size_t i = 1; i < track.size() && !stays; ++i)
             text += " |" + (track[i] == track[i - 1] ? " =" : columnOf(track[i]));

@@ -54,7 +54,7 @@ protected:
     std::string performQuickly(const Button& button) {
         factor /= 4;
         poseFrame /= 4;
-        const std::string poses = perform(button);
+        std::string poses = perform(button);
         factor *= 4;
         poseFrame *= 4;
         return poses;

@@ -186,7 +186,7 @@ TEST_F(EnvironmentTest, SpreadTheColourOverTheirLamps) {
 TEST_F(EnvironmentTest, TakeTheColourWithoutTheNodesOfTheirRecipes) {
     (void)content::mediaShapes(); // read now, because the test replaces all scene files
     const test::TemporaryFolder folder;
-    const foundation::Bundle whole = foundation::mainBundle();
+    foundation::Bundle whole = foundation::mainBundle(); // a copy, as the test sets another one
     const std::filesystem::path resources = whole.path("Plain.scn").parent_path();
     for (const auto& file : std::filesystem::directory_iterator(resources)) {
         if (file.path().extension() == ".scn")

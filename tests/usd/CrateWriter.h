@@ -96,7 +96,9 @@ public:
         constexpr std::int32_t kCommon = 1;
         std::int32_t last = 0;
         for (std::size_t i = 0; i < values.size(); ++i) {
-            const std::int32_t difference = values[i] - std::exchange(last, values[i]);
+            const auto difference = static_cast<std::int32_t>( // wraps
+                static_cast<std::uint32_t>(values[i]) -
+                static_cast<std::uint32_t>(std::exchange(last, values[i])));
             unsigned code = 3;
             if (difference == kCommon) {
                 code = 0;
