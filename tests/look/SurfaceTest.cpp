@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "look/FlowingNoise.h"
 #include "look/SMAT.h"
+#include "look/ShaderNode.h"
 #include "platform/foundation/Folders.h"
 #include "platform/image/Image.h"
 
@@ -77,12 +78,19 @@ TEST(Surface, DynamicNeverGoesDead) {
     }
 }
 
-TEST(FlowingNoise, RunsTheOtherWayByOneSign) {
-    std::string turned = flowingNoise(Flow::backwards);
+TEST(FlowingNoise, RunsTheOtherWayOnTheTorusByOneSign) {
+    const ShaderNode node;
+    ASSERT_EQ(node.geometry->materials, std::vector{node.material});
+    constexpr auto kSurface = scene::SCNShaderModifierEntryPoint::surface;
+    std::string turned = node.material->shaderModifiers.at(kSurface);
     const auto sign = turned.find("- u_time");
     ASSERT_NE(sign, std::string::npos);
     turned[sign] = '+';
-    EXPECT_EQ(turned, flowingNoise(Flow::forwards));
+    EXPECT_EQ(turned, SMAT_Dynamic().shaderModifiers.at(kSurface));
+    EXPECT_NE(node.material->diffuse.image(), nullptr);
+    EXPECT_NE(node.material->emission.image(), nullptr);
+    for (const scene::SCNMaterialProperty* slot : node.material->allProperties())
+        EXPECT_EQ(slot->wrapT, scene::SCNWrapMode::repeat) << "the noise flows out of the picture";
 }
 
 } // namespace
