@@ -9,6 +9,9 @@ Rectangle {
     id: root
 
     required property Controls.TabStackView controller
+    property real reach: 0 // of the buttons
+    // The place of the button that had the focus when the row was replaced; negative: none had it.
+    property int lostPlace: -1
     readonly property real share: (width - controller.spacing * (buttons.count - 1)) / Math.max(1, buttons.count)
 
     implicitWidth: row.implicitWidth
@@ -30,6 +33,16 @@ Rectangle {
             id: buttons
 
             model: root.controller.arrangedSubviews
+            onItemRemoved: (index, item) => {
+                if (item.activeFocus)
+                    root.lostPlace = index;
+            }
+            onItemAdded: (index, item) => {
+                if (root.lostPlace < 0 || index !== Math.min(root.lostPlace, count - 1))
+                    return;
+                root.lostPlace = -1;
+                item.forceActiveFocus(Qt.TabFocusReason);
+            }
             delegate: MyButton {
                 required property Controls.MyButton modelData
 
@@ -37,6 +50,7 @@ Rectangle {
                 horizontalInset: root.controller.leftInset
                 width: root.controller.fillsEqually ? root.share : implicitWidth
                 height: row.height
+                reach: root.reach
                 role: Accessible.PageTab
             }
         }
