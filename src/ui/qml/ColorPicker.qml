@@ -29,7 +29,9 @@ T.Popup {
     implicitHeight: sheet.implicitHeight + 2 * padding
     modal: !isPicking // the pipette needs the pointer on the stage
     focus: true
-    closePolicy: isPicking ? T.Popup.NoAutoClose : T.Popup.CloseOnPressOutside
+    // With the policy for Escape, the shortcuts of the main screen are off; but here Escape only
+    // ends the pipette.
+    closePolicy: isPicking ? T.Popup.CloseOnEscape : T.Popup.CloseOnPressOutside
     onOpened: hues.slider.forceActiveFocus()
     onAboutToHide: controller.keep()
     onIsPickingChanged: {
@@ -52,50 +54,57 @@ T.Popup {
         Keys.onReturnPressed: root.controller.keep()
         Keys.onEnterPressed: root.controller.keep()
 
-        RowLayout {
-            id: sheet
-
+        Bar { // the whole sheet
             anchors.fill: parent
-            spacing: 18
+            anchors.margins: -root.padding
+            color: "transparent"
 
-            ColumnLayout {
-                spacing: 8
+            RowLayout {
+                id: sheet
 
-                Row { // before and after
-                    Swatch {
-                        name: qsTr("Former color %1").arg(root.controller.formerColor.toString())
-                        color: root.controller.formerColor
-                        onClicked: root.controller.takeFormer()
-                    }
-                    Swatch {
-                        name: qsTr("New color %1").arg(root.controller.currentColor.toString())
-                        color: root.controller.currentColor
-                        enabled: false
-                    }
-                }
-                Row {
+                anchors.fill: parent
+                anchors.margins: root.padding
+                spacing: 18
+
+                ColumnLayout {
                     spacing: 8
 
-                    HexField {
-                        width: Theme.px(104)
-                        controller: root.controller
+                    Row { // before and after
+                        Swatch {
+                            name: qsTr("Former color %1").arg(root.controller.formerColor.toString())
+                            color: root.controller.formerColor
+                            onClicked: root.controller.takeFormer()
+                        }
+                        Swatch {
+                            name: qsTr("New color %1").arg(root.controller.currentColor.toString())
+                            color: root.controller.currentColor
+                            enabled: false
+                        }
                     }
-                    MyButton {
-                        id: pipetteButton
+                    Row {
+                        spacing: 8
 
-                        width: 40
-                        height: 36
-                        horizontalInset: 8
-                        controller: root.controller.pipette.button
+                        HexField {
+                            width: Theme.px(104)
+                            controller: root.controller
+                        }
+                        MyButton {
+                            id: pipetteButton
+
+                            width: 40
+                            height: 36
+                            horizontalInset: 8
+                            controller: root.controller.pipette.button
+                        }
                     }
                 }
-            }
-            ColumnLayout {
-                spacing: 4
+                ColumnLayout {
+                    spacing: 0
 
-                Part { id: hues; view: root.controller.stackView[0] }
-                Part { view: root.controller.stackView[1] }
-                Part { view: root.controller.stackView[2] }
+                    Part { id: hues; view: root.controller.stackView[0] }
+                    Part { view: root.controller.stackView[1] }
+                    Part { view: root.controller.stackView[2] }
+                }
             }
         }
         Item { // takes the keys while the pipette is on

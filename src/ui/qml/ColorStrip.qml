@@ -11,6 +11,9 @@ Item {
 
     required property Layouter.SimpleColorPicker controller
 
+    // What comes up over the panel gets the keys.
+    onEnabledChanged: if (!enabled) controller.picker.keep()
+
     MyButton {
         id: opener
 
@@ -18,7 +21,8 @@ Item {
         x: Math.max(0, row.width / 2 - row.contentX)
         z: 1
         width: 40
-        height: parent.height
+        height: row.entryHeight
+        reach: 4
         horizontalInset: 8
         controller: root.controller.importButton
     }
@@ -43,7 +47,8 @@ Item {
                 readonly property bool isChosen: root.controller.currentIndex === index
 
                 width: 40 - row.spacing
-                height: 36
+                height: row.height
+                opacity: row.shareInView(this)
                 focusPolicy: Qt.NoFocus
                 hoverEnabled: true
                 onPressed: {
@@ -61,7 +66,7 @@ Item {
                         objectName: "edge"
                         anchors.fill: parent
                         anchors.topMargin: 3
-                        anchors.bottomMargin: 3
+                        anchors.bottomMargin: 3 + row.height - row.entryHeight
                         radius: 6
                         scale: swatch.isChosen ? 1.15 : swatch.hovered ? 1.06 : 1
                         color: swatch.modelData

@@ -5,8 +5,8 @@ import QtQuick.Window
 import Zelvo
 import Zelvo.Layouter as Layouter
 
-// The list of all fonts over the stage, with a search field. The arrow keys try one font after the
-// other on the text, also while the user is typing in the field.
+// The list of all fonts, with a search field. The arrow keys try one font after the other on the
+// text, also while the user is typing in the field.
 Rectangle {
     id: root
 
@@ -14,16 +14,13 @@ Rectangle {
     readonly property Layouter.FontList list: controller.list
     readonly property real room: Window.height - 94 - 45 // between the panel and the bar at the top
 
-    width: 320
-    height: Math.min(480, room - 24)
+    implicitWidth: 320
+    implicitHeight: Math.min(480, room - 24)
     radius: 10
     color: Theme.row
     border.color: Theme.separator
 
-    Component.onCompleted: {
-        field.forceActiveFocus();
-        rows.positionViewAtIndex(Math.max(0, list.currentRow), ListView.Center);
-    }
+    Component.onCompleted: field.forceActiveFocus()
 
     Keys.onUpPressed: list.moveBy(-1)
     Keys.onDownPressed: list.moveBy(1)
@@ -68,6 +65,7 @@ Rectangle {
         height: field.height
         minimumWidth: 0
         controller: root.controller.importButton
+        onClicked: root.controller.openList(false)
     }
     ListView {
         id: rows
@@ -79,6 +77,7 @@ Rectangle {
         model: root.list
         currentIndex: root.list.currentRow
         highlightMoveDuration: 0
+        onHeightChanged: positionViewAtIndex(Math.max(0, root.list.currentRow), ListView.Center)
         boundsBehavior: Flickable.StopAtBounds
         reuseItems: true
         cacheBuffer: 800 // names are drawn before they come into sight

@@ -83,7 +83,9 @@ Item {
             visible: root.isCorrupt
             name: "CorruptFont"
         }
-        Tip {
+        Tip { // beside the list, so that it hides no row
+            x: root.width + 8
+            y: (parent.height - implicitHeight) / 2
             name: root.isCorrupt ? qsTr("This font has crashed Zelvo. It is shown without a bevel.") : root.name
             isAsked: area.containsMouse && root.isCorrupt
         }

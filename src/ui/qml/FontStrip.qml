@@ -17,6 +17,8 @@ Item {
         return Math.max(64, Math.min(200, metrics.advanceWidth(title) + (isMarked ? 46 : 28)));
     }
 
+    // What comes up over the panel gets the keys.
+    onEnabledChanged: if (!enabled) controller.openList(false)
     Component.onCompleted: {
         row.layOut();
         row.centre(false, null);
@@ -32,8 +34,10 @@ Item {
         id: listButton
 
         width: 40
-        height: parent.height
+        height: row.entryHeight
+        reach: 4
         horizontalInset: 8
+        hasTip: !root.controller.isListOpen // it would hide a part of the list
         controller: root.controller.listButton
     }
     StripView {
@@ -57,7 +61,8 @@ Item {
                 readonly property bool isInSight: root.isPlaced && start < row.width + root.reach && start + width > -root.reach
 
                 width: root.widthOf(modelData.title, modelData.image !== "")
-                height: row.height
+                height: row.entryHeight
+                opacity: row.shareInView(this)
                 onIsInSightChanged: if (isInSight && !item) setSource("FontButton.qml", {controller: modelData, pictures: root.controller.pictures})
 
                 Binding {
@@ -79,15 +84,15 @@ Item {
     Loader {
         readonly property bool isOpen: root.controller.isListOpen
 
-        anchors.bottom: parent.top
-        anchors.bottomMargin: 12
         onIsOpenChanged: {
             if (isOpen) {
-                setSource("FontListView.qml", {controller: root.controller});
-            } else {
-                source = "";
-                row.forceActiveFocus(); // the arrow keys go on in the strip
+                setSource("FontListPopup.qml", {controller: root.controller, parent: root});
+                return;
             }
+            const isLeft = !(item as FontListPopup)?.visible; // by a press elsewhere
+            source = "";
+            if (!isLeft)
+                row.forceActiveFocus(); // the arrow keys go on in the strip
         }
     }
 }

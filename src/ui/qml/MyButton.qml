@@ -15,6 +15,8 @@ T.AbstractButton {
     property int role: Accessible.Button
     property real alpha: 1 // opacity of the background; below 1, picture and text are dimmed
     property real dimmed: Theme.dimmed
+    property real reach: 0 // a press this far above or below hits the button, too: fingers are thick
+    property bool hasTip: true
 
     implicitWidth: Math.max(controller.width, label.implicitWidth + 2 * horizontalInset)
     implicitHeight: controller.height
@@ -31,6 +33,11 @@ T.AbstractButton {
     Keys.onReturnPressed: event => { if (!event.isAutoRepeat) controller.click() }
     Keys.onEnterPressed: event => { if (!event.isAutoRepeat) controller.click() }
     onClicked: controller.click()
+    containmentMask: QtObject {
+        function contains(place: point): bool {
+            return place.x >= 0 && place.x < root.width && place.y >= -root.reach && place.y < root.height + root.reach;
+        }
+    }
 
     background: Rectangle {
         opacity: root.alpha * (root.controller.isEnabled ? 1 : root.dimmed)
@@ -77,6 +84,6 @@ T.AbstractButton {
     Tip {
         name: root.controller.name
         key: root.controller.key
-        isAsked: root.hovered && !root.down && (key !== "" || root.controller.image !== "" || name !== label.text)
+        isAsked: root.hasTip && root.hovered && !root.down && (key !== "" || root.controller.image !== "" || name !== label.text)
     }
 }
