@@ -26,6 +26,7 @@ StripView {
             controller: modelData
             fontSize: 15
             horizontalInset: 6
+            opacity: root.shareInView(this)
             onVisualFocusChanged: if (visualFocus) root.centre(true, this)
         }
     }
@@ -37,7 +38,8 @@ StripView {
             required property Layouter.StripButton modelData
 
             controller: modelData
-            height: 36
+            height: root.entryHeight
+            opacity: root.shareInView(this)
             role: Accessible.ListItem
             focusPolicy: Qt.NoFocus
             showsFocus: root.showsFocus && modelData.isMySelected

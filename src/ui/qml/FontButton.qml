@@ -15,6 +15,7 @@ MyButton {
     property bool showsFocus: false
 
     horizontalInset: 10
+    reach: 4
     focusPolicy: Qt.NoFocus
     role: Accessible.ListItem
 

@@ -6,28 +6,32 @@ import Zelvo
 import Zelvo.Layouter as Layouter
 
 // View of a FormPanel: two sliders with their names, and two toggles with pictures.
-RowLayout {
+Item {
     id: root
 
     required property Layouter.FormPanel controller
 
-    spacing: 9
+    RowLayout {
+        width: parent.width
+        height: 36
+        spacing: 9
 
-    Title { text: root.controller.depthSlider.name }
-    MySlider {
-        Layout.fillWidth: true
-        controller: root.controller.depthSlider
-    }
-    Title { text: root.controller.bevelSlider.name }
-    MySlider {
-        Layout.fillWidth: true
-        controller: root.controller.bevelSlider
-    }
-    PictureButton { controller: root.controller.profileToggle }
-    PictureButton {
-        // Equally wide for both words, so that nothing moves under the pointer.
-        minimumWidth: Theme.px(165)
-        controller: root.controller.fillToggle
+        Title { text: root.controller.depthSlider.name }
+        MySlider {
+            Layout.fillWidth: true
+            controller: root.controller.depthSlider
+        }
+        Title { text: root.controller.bevelSlider.name }
+        MySlider {
+            Layout.fillWidth: true
+            controller: root.controller.bevelSlider
+        }
+        PictureButton { controller: root.controller.profileToggle }
+        PictureButton {
+            // Equally wide for both words, so that nothing moves under the pointer.
+            minimumWidth: Theme.px(165)
+            controller: root.controller.fillToggle
+        }
     }
 
     component Title: Text {

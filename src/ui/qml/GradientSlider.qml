@@ -10,13 +10,14 @@ SliderArea {
     required property Layouter.GradientSlider model
 
     controller: model.slider
-    implicitHeight: 30
+    implicitHeight: 40
     handleSize: 24
+    reach: 0
 
     Rectangle {
         anchors.fill: parent
-        anchors.topMargin: 5
-        anchors.bottomMargin: 5
+        anchors.topMargin: 10
+        anchors.bottomMargin: 10
         radius: height / 2
         border.color: Theme.mutedText
         gradient: Gradient {

@@ -15,6 +15,7 @@ Item {
         anchors.horizontalCenter: parent.horizontalCenter
         width: 200
         height: 36
+        reach: 4
         dimmed: 1
         controller: root.controller.button
 

@@ -16,7 +16,10 @@ Item {
     }
 
     MyButton {
-        width: 34
+        x: -6 // the panel's margin belongs to it, too
+        width: 40
+        leftInset: 6
+        leftPadding: 6
         height: parent.height
         horizontalInset: 7
         visible: root.controller.isBackVisible
@@ -32,6 +35,7 @@ Item {
 
             objectName: "strip"
             anchors.fill: parent
+            anchors.bottomMargin: -9 // a finger may press half of the gap to the tabs, too
             visible: !root.controller.isWriting
             Component.onCompleted: show()
 
@@ -86,6 +90,7 @@ Item {
     TabStack {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
+        reach: 5
         controller: root.controller.stackView
     }
 }

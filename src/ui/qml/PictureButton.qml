@@ -9,6 +9,7 @@ MyButton {
     property real minimumWidth: 110
 
     height: 36
+    reach: 4
     implicitWidth: Math.max(minimumWidth, face.implicitWidth + 24)
 
     contentItem: Item {

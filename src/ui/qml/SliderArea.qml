@@ -10,6 +10,7 @@ FocusScope {
 
     required property Controls.MySlider controller
     property real handleSize: 22
+    property real reach: 4 // a press this far above or below hits the slider, too
     property bool isWriting: false // keys go to a text field
     readonly property real room: width - handleSize
     readonly property real handleX: shareOf(controller.value) * room
@@ -40,6 +41,8 @@ FocusScope {
         property real grip // where the handle is held, from its left edge; negative: not held
 
         anchors.fill: parent
+        anchors.topMargin: -root.reach
+        anchors.bottomMargin: -root.reach
         hoverEnabled: true
         preventStealing: true
         onPressed: mouse => {

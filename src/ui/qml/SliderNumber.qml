@@ -43,6 +43,8 @@ Rectangle {
     }
     MouseArea {
         anchors.fill: parent
+        anchors.topMargin: -8 // for fingers
+        anchors.bottomMargin: -8
         visible: !root.isWriting
         cursorShape: Qt.IBeamCursor
         onClicked: root.isWriting = true

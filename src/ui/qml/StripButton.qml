@@ -12,6 +12,7 @@ MyButton {
     property bool showsFocus: false
 
     horizontalInset: 10
+    reach: 4
     implicitWidth: Math.max(controller.width, face.implicitWidth + 2 * horizontalInset)
 
     contentItem: Item {

@@ -4,7 +4,8 @@ import Zelvo
 import Zelvo.Layouter as Layouter
 
 // The scrolling part of a Strip. Both ends have free space of half the width, so that the first and
-// the last entry can scroll to the middle. With the focus, arrow keys choose another entry.
+// the last entry can scroll to the middle. With the focus, arrow keys choose another entry. The view
+// may be higher than its entries, because a finger does not aim well.
 Flickable {
     id: root
 
@@ -13,6 +14,7 @@ Flickable {
     property Repeater entries
     property Item first: null // an item ahead of the entries
     property bool isFirstChosen: false
+    readonly property real entryHeight: 36
     default property alias content: row.data
     // The focus is shown only to those who use the keyboard.
     property bool showsFocus: false
@@ -29,7 +31,11 @@ Flickable {
 
     onWidthChanged: Qt.callLater(centre, false)
     Component.onCompleted: Qt.callLater(centre, false)
-    onActiveFocusChanged: showsFocus = activeFocus
+    onActiveFocusChanged: {
+        showsFocus = activeFocus;
+        if (activeFocus)
+            centre(true, null); // it may have been scrolled out of view
+    }
     onMovementStarted: scroll.stop()
     Keys.onPressed: event => {
         event.accepted = strip.pressKey(event.key);
@@ -40,6 +46,14 @@ Flickable {
     function takeFocus(): void {
         forceActiveFocus(Qt.MouseFocusReason);
         showsFocus = false;
+    }
+
+    // How much of an entry is in view, from 0 to 1. An entry fades as it leaves, so the strip ends
+    // softly on any background.
+    function shareInView(entry: Item): real {
+        const start = row.x + entry.x - contentX;
+        const whole = Math.max(1, entry.width);
+        return Math.max(0, Math.min(1, (start + whole) / whole, (width - start) / whole));
     }
 
     // Gives the entries their places now.
@@ -75,17 +89,12 @@ Flickable {
         x: root.width / 2
         height: root.height
     }
-    Fade { // in the strip, not in its content, so that it stays in its place
+    FocusRing { // if no entry can show the focus
         parent: root
-        height: root.height
-        visible: root.contentX > row.x
-    }
-    Fade {
-        parent: root
-        x: root.width - width
-        height: root.height
-        rotation: 180
-        visible: row.x + row.width > root.contentX + root.width
+        anchors.margins: 1
+        anchors.bottomMargin: root.height - root.entryHeight + 1
+        radius: Theme.radius - 1
+        shown: root.showsFocus && !root.isFirstChosen && (root.strip?.currentIndex ?? -1) < 0
     }
     Connections {
         target: root.strip
@@ -105,24 +114,6 @@ Flickable {
     }
     StripWheel {
         orientation: Qt.Vertical
-    }
-
-    // Where more entries follow, the strip ends softly.
-    component Fade: Rectangle {
-        z: 1
-        width: 24
-        gradient: Gradient {
-            orientation: Gradient.Horizontal
-
-            GradientStop {
-                position: 0
-                color: Theme.background
-            }
-            GradientStop {
-                position: 1
-                color: Qt.rgba(Theme.background.r, Theme.background.g, Theme.background.b, 0)
-            }
-        }
     }
 
     // A notch of a wheel scrolls softly; a touchpad's small steps follow the finger at once. Of a

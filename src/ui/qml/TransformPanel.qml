@@ -15,6 +15,7 @@ Item {
 
         width: Math.max(260, 4 * Theme.px(58))
         height: 36
+        reach: 4
         controller: root.controller.stackView
     }
     Loader {
