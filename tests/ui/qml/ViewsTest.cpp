@@ -280,6 +280,26 @@ TEST_F(MenuViewsTest, AStripIsScrolledByDragAndWheelAndSteppedByKeys) {
     EXPECT_EQ(strip->currentIndex(), 3) << "a drag chooses nothing";
     EXPECT_TRUE(QTest::qWaitFor([&] { return place() > released + 20; }, 2000)) << "momentum";
 
+    const auto device = std::unique_ptr<QPointingDevice>(QTest::createTouchDevice());
+    auto touch = QTest::touchEvent(&view, device.get(), false);
+    const QPoint below = onEntry(2) + QPoint(0, 21); // fingers press beside the picture, too
+    touch.press(1, below).commit();
+    touch.release(1, below).commit();
+    EXPECT_EQ(strip->currentIndex(), 2);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isCentred(2); }, 2000));
+    const qreal touched = place();
+    finger = onEntry(3);
+    touch.press(1, finger).commit();
+    for (int step = 0; step < 8; ++step) {
+        QTest::qWait(10);
+        touch.move(1, finger -= QPoint(15, 0)).commit();
+    }
+    touch.release(1, finger).commit();
+    const qreal lifted = place();
+    EXPECT_GT(lifted, touched + 60);
+    EXPECT_EQ(strip->currentIndex(), 2);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return place() > lifted + 20; }, 2000)) << "momentum";
+
     const auto turn = [&](QPoint pixels, QPoint angle) {
         QWheelEvent event(finger, finger, pixels, angle, {}, {}, Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(&view, &event);
@@ -329,6 +349,13 @@ TEST_F(MenuViewsTest, TheListOfFontsIsSearchedAndSteppedFromItsField) {
     EXPECT_GT(strip->list.count(), 50) << "Escape first clears the field";
     EXPECT_TRUE(strip->isListOpen());
     QTest::keyClick(&view, Qt::Key_Escape);
+    EXPECT_FALSE(strip->isListOpen());
+    strip->listButton.click();
+    layOut();
+    QTest::mouseClick(&view, Qt::LeftButton, {}, {700, 20});
+    EXPECT_FALSE(strip->isListOpen()) << "a press elsewhere";
+    strip->listButton.click();
+    view.rootObject()->setEnabled(false); // a screen or an alert comes up
     EXPECT_FALSE(strip->isListOpen());
     view.setSource({});
 }
@@ -385,6 +412,24 @@ TEST_F(MenuViewsTest, EachTabOfTheStylePanelShowsItsStrip) {
             EXPECT_EQ(stripOnShow(), panel.stripObject()) << tab->title().toStdString();
         }
     }
+    view.setSource({});
+}
+
+TEST_F(MenuViewsTest, KeysStayInTheRowOfTabsWhenATabReplacesIt) {
+    ui::LayouterMenu panel(services);
+    show("LayouterMenu", "controller", &panel);
+    const auto tab = [&](qsizetype place) {
+        return viewOf(view.rootObject(), panel.stackView.arranged().at(place), "controller");
+    };
+    tab(5)->forceActiveFocus(Qt::TabFocusReason);
+    QTest::keyClick(&view, Qt::Key_Return);
+    ASSERT_EQ(panel.currentOption(), ui::CurrentOption::audio);
+    EXPECT_EQ(view.activeFocusItem(), tab(0)) << "there is only one now";
+    panel.setCurrentNodeFromButton(0);
+    QTest::keyClick(&view, Qt::Key_Tab);
+    QTest::keyClick(&view, Qt::Key_Return);
+    ASSERT_EQ(panel.currentOption(), ui::CurrentOption::font);
+    EXPECT_EQ(view.activeFocusItem(), tab(1));
     view.setSource({});
 }
 
