@@ -16,7 +16,9 @@ namespace {
 using actions::GestureState;
 
 /// A drag is measured in points of a view of this size. A point moves the node by kUnitsADepth for
-/// each unit between the camera and the node.
+/// each unit between the camera and the node's middle. The lens would need 0.0016 there. The factor
+/// is 4 % less: so what stays under the pointer is nearer by 4 % of the distance, which lies between
+/// the middle and the front of usual letters.
 constexpr glm::vec2 kView{1280, 720};
 constexpr float kUnitsADepth = 0.00154f;
 

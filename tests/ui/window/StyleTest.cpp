@@ -12,6 +12,8 @@
 #include <QGuiApplication>
 #include <QMimeData>
 
+#include <cmath>
+
 namespace zelvo::app {
 namespace {
 
@@ -21,17 +23,20 @@ class StyleTest : public test::WindowFixture {
 protected:
     ui::LayouterMenu& menu() { return *panel<ui::LayouterMenu>(); }
 
-    /// Where a node's middle is in the window, which has the stage's proportions.
-    [[nodiscard]] QPoint placeOf(const node::Node& node) const {
+    /// Where a drag holds a node, in the window, which has the stage's proportions: a little in front
+    /// of its middle.
+    [[nodiscard]] QPointF placeOf(const node::Node& node) const {
         const auto size = glm::vec2(window.width(), window.height());
         const auto& camera = *model.nodes().cameraNode;
         const auto view =
             render::makeCameraView(camera.worldTransform(), *camera.camera, size.x / size.y);
         const geometry::Box box = node.contentNode->boundingBox();
-        const glm::vec4 clip = view.viewProjection * node.contentNode->worldTransform() *
-                               glm::vec4((box.min + box.max) / 2.0f, 1);
+        glm::vec4 held =
+            node.contentNode->worldTransform() * glm::vec4((box.min + box.max) / 2.0f, 1);
+        held.z += 0.04f * (stage::kCameraHome.z - held.z);
+        const glm::vec4 clip = view.viewProjection * held;
         const glm::vec2 place = (glm::vec2(clip.x, -clip.y) / clip.w + 1.0f) / 2.0f * size;
-        return QPointF(place.x, place.y).toPoint();
+        return {place.x, place.y};
     }
 
     void click(const QObject* controller) {
@@ -64,12 +69,22 @@ protected:
         }
     }
 
-    /// The stage is drawn, and has faded in.
+    /// The stage is drawn, has faded in, and the texts have flown in. On a slow machine the flight
+    /// takes longer than the wait for the fade.
     [[nodiscard]] bool isReady() {
-        return isDrawn() && soon([this] { return application.main.sceneAlpha() == 1; });
+        return isDrawn() && soon([this] { return application.main.sceneAlpha() == 1; }) &&
+               soon([this] { return text.presentedPosition() == glm::vec3(0); });
+    }
+
+    /// Waits until the text is held within a pixel of a place.
+    void expectAt(const QPointF& place) {
+        const auto aside = [&] { return placeOf(text) - place; };
+        const auto isThere = [&] { return std::hypot(aside().x(), aside().y()) < 1; };
+        EXPECT_TRUE(soon(isThere, 5000)) << aside().x() << ", " << aside().y() << " px beside it";
     }
 
     void drag();
+    void touch();
     void write();
     void mixColor();
 
@@ -78,20 +93,47 @@ protected:
 
 void StyleTest::drag() {
     text.setText("H"); // its middle is no hole
-    const QPoint from = placeOf(text);
-    QTest::mouseClick(&window, Qt::LeftButton, {}, from);
+    const QPointF from = placeOf(text);
+    QTest::mouseClick(&window, Qt::LeftButton, {}, from.toPoint());
     ASSERT_TRUE(soon([&] { return menu().currentNode() == model.nodes().textNode1; }));
     QTest::qWait(600); // the press that follows is no second tap
     const QPoint by(90, -50);
-    QTest::mousePress(&window, Qt::LeftButton, {}, from);
+    QTest::mousePress(&window, Qt::LeftButton, {}, from.toPoint());
     for (int i = 1; i <= 10; ++i) {
-        QTest::mouseMove(&window, from + by * i / 10);
+        QTest::mouseMove(&window, from.toPoint() + by * i / 10);
         QTest::qWait(30);
     }
-    QTest::mouseRelease(&window, Qt::LeftButton, {}, from + by);
-    const auto distance = [&] { return (placeOf(text) - from - by).manhattanLength(); };
-    const int halfway = by.manhattanLength() / 2;
-    EXPECT_TRUE(soon([&] { return distance() < halfway; })) << distance() << " px from the pointer";
+    QTest::mouseRelease(&window, Qt::LeftButton, {}, from.toPoint() + by);
+    expectAt(from + by);
+}
+
+void StyleTest::touch() {
+    const auto screen = std::unique_ptr<QPointingDevice>(QTest::createTouchDevice());
+    auto fingers = QTest::touchEvent(&window, screen.get(), false);
+    const QPointF from = placeOf(text);
+    const QPoint first = from.toPoint();
+    menu().setCurrentNode(nullptr);
+    fingers.press(1, first).commit();
+    fingers.release(1, first).commit();
+    ASSERT_TRUE(soon([&] { return menu().currentNode() == model.nodes().textNode1; }));
+    QTest::qWait(600); // what follows is no second tap
+
+    const QPoint by(-60, 40);
+    fingers.press(1, first).commit();
+    for (int i = 1; i <= 4; ++i)
+        fingers.move(1, first + by * i / 4).commit();
+    fingers.release(1, first + by).commit();
+    expectAt(from + by);
+
+    const glm::vec3 place = text.layoutPosition();
+    const float size = text.scale2D;
+    const QPoint left(500, 200);
+    fingers.press(1, left).commit();
+    fingers.stationary(1).press(2, left + QPoint(100, 0)).commit();
+    fingers.stationary(1).move(2, left + QPoint(150, 0)).commit();
+    fingers.release(1, left).release(2, left + QPoint(150, 0)).commit();
+    EXPECT_TRUE(soon([&] { return std::abs(text.scale2D - size - 0.35f) < 0.01f; }));
+    EXPECT_EQ(text.layoutPosition(), place);
 }
 
 void StyleTest::write() {
@@ -118,6 +160,13 @@ void StyleTest::mixColor() {
         ASSERT_NO_FATAL_FAILURE(click(slider->sliderObject()));
     EXPECT_TRUE(soon([&] { return text.frontColor() != before; }));
     picture("style-color");
+    ASSERT_NO_FATAL_FAILURE(click(&strip.picker.pipette.button));
+    QTest::keyClick(&window, Qt::Key_F3); // it is on top, and has the keys
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_TRUE(soon([&] { return !strip.picker.pipette.isOn(); }));
+    EXPECT_TRUE(strip.picker.isOpen());
+    EXPECT_EQ(panel<ui::ActionsMenu>(), nullptr);
+    QTest::keyClick(&window, Qt::Key_Tab); // leaves the pipette's button
     QTest::keyClick(&window, Qt::Key_Return);
     EXPECT_TRUE(soon([&] { return !strip.picker.isOpen(); }));
 }
@@ -125,6 +174,7 @@ void StyleTest::mixColor() {
 TEST_F(StyleTest, AStageIsDressedByHand) {
     ASSERT_TRUE(isReady());
     ASSERT_NO_FATAL_FAILURE(drag());
+    ASSERT_NO_FATAL_FAILURE(touch());
     ASSERT_NO_FATAL_FAILURE(write());
     const std::string font = text.fontName();
     ASSERT_NO_FATAL_FAILURE(openTab("Font"));

@@ -15,9 +15,9 @@
 namespace zelvo::test {
 
 /// Waits, as software graphics on a busy machine take their time.
-template <class Condition> [[nodiscard]] bool soon(const Condition& happens) {
-    constexpr int kPatience = 60'000; // milliseconds
-    return QTest::qWaitFor(happens, kPatience);
+template <class Condition>
+[[nodiscard]] bool soon(const Condition& happens, int patience = 60'000 /* milliseconds */) {
+    return QTest::qWaitFor(happens, patience);
 }
 
 /// The whole program in a real window, with a home folder of its own.
