@@ -21,7 +21,9 @@ constexpr std::uintmax_t kMaxBytes = 8ULL << 30U;
 // Container formats. Play lists and scripts are left out, because they name other files to read.
 constexpr const char* kFormats =
     "aac,ac3,aiff,amr,ape,asf,au,avi,caf,eac3,flac,flv,matroska,webm,mov,mp4,m4a,mp3,mpc,mpc8,mpeg,"
-    "mpegts,ogg,tak,tta,voc,w64,wav,wv";
+    "mpegts,ogg,tak,tta,voc,w64,wav,wv,"
+    // only for pictures
+    "dv,h264,hevc,ivf,m4v,mpegvideo,mxf,nut,obu,rm,yuv4mpegpipe";
 
 /// The demuxer may read this much for one packet, or for finding the streams.
 constexpr std::int64_t kMaxBytesAtOnce = 64LL << 20U;

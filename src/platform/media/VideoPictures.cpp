@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: MIT
+#include "platform/media/VideoPictures.h"
+
+extern "C" {
+#include <libavutil/pixdesc.h>
+#include <libswscale/swscale.h>
+}
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace zelvo::media {
+namespace {
+
+using image::Image;
+
+constexpr int kMaxRowsOfBT601 = 576;
+constexpr double kMaxPixelAspect = 8; ///< more is an error in the file
+
+int matrixOf(const AVFrame& frame) {
+    switch (frame.colorspace) {
+    case AVCOL_SPC_BT709:
+        return SWS_CS_ITU709;
+    case AVCOL_SPC_FCC:
+        return SWS_CS_FCC;
+    case AVCOL_SPC_BT470BG:
+    case AVCOL_SPC_SMPTE170M:
+        return SWS_CS_ITU601;
+    case AVCOL_SPC_SMPTE240M:
+        return SWS_CS_SMPTE240M;
+    case AVCOL_SPC_BT2020_NCL:
+    case AVCOL_SPC_BT2020_CL:
+        return SWS_CS_BT2020;
+    default:
+        return frame.height <= kMaxRowsOfBT601 ? SWS_CS_ITU601 : SWS_CS_ITU709;
+    }
+}
+
+/// Formats of JPEG have the full range by definition, and the scaler warns of their names.
+AVPixelFormat withoutJPEGName(AVPixelFormat format) {
+    switch (format) {
+    case AV_PIX_FMT_YUVJ420P:
+        return AV_PIX_FMT_YUV420P;
+    case AV_PIX_FMT_YUVJ422P:
+        return AV_PIX_FMT_YUV422P;
+    case AV_PIX_FMT_YUVJ444P:
+        return AV_PIX_FMT_YUV444P;
+    case AV_PIX_FMT_YUVJ440P:
+        return AV_PIX_FMT_YUV440P;
+    default:
+        return format;
+    }
+}
+
+bool hasFullRange(const AVFrame& frame) {
+    const auto format = static_cast<AVPixelFormat>(frame.format);
+    return frame.color_range == AVCOL_RANGE_JPEG || withoutJPEGName(format) != format;
+}
+
+int scaled(int side, double factor) {
+    return std::max(1, static_cast<int>(std::lround(side * factor)));
+}
+
+/// Copies a picture, turned.
+void turn(const Image& from, const VideoOrientation& turns, Image& to) {
+    const auto width = static_cast<std::size_t>(from.width);
+    const auto pixelAt = [&](int x, int y) {
+        return (static_cast<std::size_t>(y) * width + static_cast<std::size_t>(x)) * 4;
+    };
+    std::size_t place = 0;
+    for (int row = 0; row < to.height; ++row) {
+        const int y = turns.mirrorsY ? to.height - 1 - row : row;
+        for (int column = 0; column < to.width; ++column) {
+            const int x = turns.mirrorsX ? to.width - 1 - column : column;
+            const std::size_t source = turns.swapsAxes ? pixelAt(y, x) : pixelAt(x, y);
+            std::copy_n(&from.pixels[source], 4, &to.pixels[place]);
+            place += 4;
+        }
+    }
+}
+
+} // namespace
+
+VideoOrientation VideoOrientation::of(const std::int32_t* matrix) {
+    if (matrix == nullptr)
+        return {};
+    const auto [a, b, c, d] = std::array{matrix[0], matrix[1], matrix[3], matrix[4]};
+    const auto size = [](std::int32_t value) { return std::abs(static_cast<std::int64_t>(value)); };
+    if (size(b) + size(c) > size(a) + size(d))
+        return {.swapsAxes = true, .mirrorsX = c < 0, .mirrorsY = b < 0};
+    return {.swapsAxes = false, .mirrorsX = a < 0, .mirrorsY = d < 0};
+}
+
+/// Memory for pictures. They may be destroyed on any thread and may outlive the stock.
+class VideoPictures::Stock : public std::enable_shared_from_this<Stock> {
+public:
+    [[nodiscard]] std::shared_ptr<Image> take(int width, int height) {
+        std::unique_ptr<Image> made = spareOne();
+        if (!made)
+            made = std::make_unique<Image>(width, height);
+        return {made.release(), [home = weak_from_this()](Image* picture) {
+                    std::unique_ptr<Image> left(picture);
+                    if (const auto stock = home.lock())
+                        stock->giveBack(std::move(left));
+                }};
+    }
+
+private:
+    static constexpr std::size_t kMaxSpare = 3;
+
+    std::unique_ptr<Image> spareOne() {
+        const std::lock_guard lock(mutex);
+        if (spare.empty())
+            return nullptr;
+        std::unique_ptr<Image> one = std::move(spare.back());
+        spare.pop_back();
+        return one;
+    }
+
+    void giveBack(std::unique_ptr<Image> picture) {
+        const std::lock_guard lock(mutex);
+        if (spare.size() < kMaxSpare)
+            spare.push_back(std::move(picture));
+    }
+
+    std::mutex mutex; // guards spare
+    std::vector<std::unique_ptr<Image>> spare;
+};
+
+void VideoPictures::ScalerDelete::operator()(SwsContext* context) const {
+    sws_freeContext(context);
+}
+
+VideoPictures::VideoPictures(const Source& source, int maxSide)
+    : turns(source.orientation)
+    , stock(std::make_shared<Stock>()) {
+    const bool isUsable =
+        source.pixelAspect >= 1 / kMaxPixelAspect && source.pixelAspect <= kMaxPixelAspect;
+    const double aspect = isUsable ? source.pixelAspect : 1;
+    // The side that is too short grows, so that no pixel is lost.
+    const double width = source.width * std::max(aspect, 1.0);
+    const double height = source.height / std::min(aspect, 1.0);
+    const double fit = std::min(1.0, maxSide / std::max(width, height));
+    storedWidth = scaled(source.width, std::max(aspect, 1.0) * fit);
+    storedHeight = scaled(source.height, fit / std::min(aspect, 1.0));
+    if (turns.swapsAxes || turns.mirrorsX || turns.mirrorsY)
+        unturned = Image(storedWidth, storedHeight);
+}
+
+VideoPictures::~VideoPictures() = default;
+VideoPictures::VideoPictures(VideoPictures&& other) noexcept = default;
+
+image::ImagePtr VideoPictures::picture(const AVFrame& frame) {
+    if (!prepareScaler(frame))
+        return nullptr;
+    std::shared_ptr<Image> result = stock->take(width(), height());
+    if (unturned.pixels.empty())
+        return convert(frame, *result) ? result : nullptr;
+    if (!convert(frame, unturned))
+        return nullptr;
+    turn(unturned, turns, *result);
+    return result;
+}
+
+bool VideoPictures::prepareScaler(const AVFrame& frame) {
+    const auto format = static_cast<AVPixelFormat>(frame.format);
+    if (frame.width <= 0 || frame.height <= 0 || sws_isSupportedInput(format) == 0)
+        return false;
+    const Colors colors{format, matrixOf(frame), hasFullRange(frame)};
+    const SwsContext* const before = scaler.get();
+    scaler.reset(sws_getCachedContext(
+        scaler.release(),
+        frame.width,
+        frame.height,
+        withoutJPEGName(format),
+        storedWidth,
+        storedHeight,
+        AV_PIX_FMT_RGBA,
+        SWS_BILINEAR,
+        nullptr,
+        nullptr,
+        nullptr));
+    if (!scaler)
+        return false;
+    if (scaler.get() == before && colors == lastColors)
+        return true;
+    lastColors = colors;
+    constexpr int kNeutral = 1 << 16; // contrast and saturation
+    sws_setColorspaceDetails(
+        scaler.get(),
+        sws_getCoefficients(colors.matrix),
+        colors.hasFullRange ? 1 : 0,
+        sws_getCoefficients(SWS_CS_DEFAULT),
+        1,
+        0,
+        kNeutral,
+        kNeutral);
+    return true;
+}
+
+bool VideoPictures::convert(const AVFrame& frame, Image& target) {
+    const std::array<std::uint8_t*, 4> planes{target.pixels.data()};
+    const std::array<int, 4> strides{target.width * 4};
+    return sws_scale(
+               scaler.get(),
+               static_cast<const std::uint8_t* const*>(frame.data),
+               static_cast<const int*>(frame.linesize),
+               0,
+               frame.height,
+               planes.data(),
+               strides.data()) > 0;
+}
+
+} // namespace zelvo::media
