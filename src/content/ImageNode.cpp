@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "content/ImageNode.h"
 
+#include "content/ImageVideo.h"
 #include "content/StylePresets.h"
 
 #include <glm/gtc/matrix_transform.hpp>
@@ -43,7 +44,7 @@ ImageNode::ImageNode(
     Key key, const glm::vec3& home, float size, const node::Surroundings& surroundings)
     : Node(key, home, size, surroundings)
     , material(makePictureMaterial())
-    , imageNode(std::make_shared<node::ReferNode>())
+    , imageNode(std::make_shared<ImagePlane>())
     , plane(std::make_shared<scene::SCNPlane>(kMaxDim, kMaxDim))
     , currentMask_(imageMasks().front()) {
     name = "ImageNode";
@@ -59,11 +60,13 @@ void ImageNode::setCurrentMask(ImageMaskPtr mask) {
 }
 
 void ImageNode::setImage(image::ImagePtr picture) {
+    endVideo(*this);
     image_ = std::move(picture);
     updateContent();
 }
 
 void ImageNode::applyStyle(const ImageStylePreset& preset) {
+    endVideo(*this);
     image_ = preset.image;
     currentMask_ = preset.mask;
     isVisible = preset.isVisible;
@@ -72,7 +75,8 @@ void ImageNode::applyStyle(const ImageStylePreset& preset) {
 }
 
 void ImageNode::updateContent() {
-    material->diffuse.setImage(image_);
+    if (videoOf(*this) == nullptr) // a video sets its pictures itself
+        material->diffuse.setImage(image_);
     if (const image::ImagePtr mask = currentMask_ ? currentMask_->image() : nullptr) {
         material->transparent.setImage(mask);
     } else {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "model/Model.h"
 
+#include "content/ImageVideo.h"
 #include "environments/SceneManager.h"
 #include "model/DistanceFade.h"
 #include "platform/foundation/Check.h"
@@ -24,6 +25,17 @@ constexpr int kFirstScene = 2;
 Model*& sharedModel() {
     static Model* model = nullptr;
     return model;
+}
+
+/// The video of the image node begins with the movie. An export waits for each picture; a live run
+/// shows what is ready.
+void followRun(content::VideoNodePlayer* video, int frame, media::AVPlayer::Patience patience) {
+    if (video == nullptr || frame < 0)
+        return;
+    const double time = FrameClock::secondsOf(frame);
+    if (frame == 0)
+        video->play(time);
+    video->updateAtTime(time, patience);
 }
 
 } // namespace
@@ -102,6 +114,8 @@ void Model::stop(Reset reset) {
     clearTechniques();
     actionController().endRun();
     services.nodes.removeEffects();
+    if (content::VideoNodePlayer* const video = content::videoOf(*services.nodes.imageNode))
+        video->stop();
 }
 
 void Model::toggle() {
@@ -118,6 +132,11 @@ void Model::runTimedCode() {
     clock.advance();
     fireTimeSignal();
 
+    using Patience = media::AVPlayer::Patience;
+    followRun(
+        content::videoOf(*services.nodes.imageNode),
+        frame,
+        isRecordingMovie() ? Patience::waits : Patience::takesNearest);
     if (isRecordingMovie()) {
         movieWriter().renderFrame(frame);
         if (!isRecordingMovie())

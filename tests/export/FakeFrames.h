@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <vector>
 
 namespace zelvo::test {
@@ -14,6 +15,7 @@ namespace zelvo::test {
 struct FakeRendering {
     std::vector<double> drawn; ///< times of the frames, in this order
     int mostInFlight = 0;
+    std::function<void()> onDraw; ///< called for each frame; may be empty
 };
 
 /// Frames without a graphics card. Each is one grey, which increases by 2 in each frame and then
@@ -32,6 +34,8 @@ public:
     void begin(const render::FrameRequest& request) override {
         view.update(request.time);
         rendering.drawn.push_back(request.time);
+        if (rendering.onDraw)
+            rendering.onDraw();
         begun.push_back(request);
         rendering.mostInFlight = std::max(rendering.mostInFlight, framesInFlight());
     }

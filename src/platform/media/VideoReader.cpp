@@ -95,8 +95,7 @@ Result<VideoReader> VideoReader::open(const std::filesystem::path& file) {
         .hasSound = hasSound};
     if (found.duration > 0)
         found.framesPerSecond = static_cast<double>(timeline.count()) / found.duration;
-    VideoReader reader(
-        std::make_unique<State>(std::move(*decoder), std::move(pictures), found));
+    VideoReader reader(std::make_unique<State>(std::move(*decoder), std::move(pictures), found));
     if (reader.picture(0) == nullptr)
         return fail(
             Cause::unsupported,
