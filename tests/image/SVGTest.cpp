@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "image/ImageFiles.h"
 #include "platform/image/reading/ImageReader.h"
+#include "platform/image/reading/SVGDrawing.h"
 #include "platform/image/reading/SVGReader.h"
 
 #include <fmt/format.h>
@@ -102,6 +103,60 @@ TEST(SVG, DamagedAndHostileDrawingsEndWithAWord) {
         EXPECT_EQ(picture.error().cause, foundation::Cause::malformed);
         EXPECT_EQ(picture.error().message.find('\n'), std::string::npos);
     }
+}
+
+std::string manyUses() {
+    std::string body = R"(<g id="a0"><circle r="1900" fill-opacity="0.01"/></g>)";
+    for (int i = 1; i < 6; ++i) {
+        body += fmt::format(R"(<g id="a{}">)", i);
+        for (int n = 0; n < 10; ++n)
+            body += fmt::format(R"(<use href="#a{}"/>)", i - 1);
+        body += "</g>";
+    }
+    return svg(R"(width="3840" height="2160")", body);
+}
+
+std::string nestedBlurs() {
+    std::string body = R"(<filter id="f" width="100%" height="100%" x="0" y="0">)"
+                       R"(<feGaussianBlur stdDeviation="900 700"/></filter>)";
+    for (int i = 0; i < 200; ++i)
+        body += "<g filter='url(#f)'>";
+    body += R"(<circle r="1900"/>)";
+    for (int i = 0; i < 200; ++i)
+        body += "</g>";
+    return svg(R"(width="3840" height="2160")", body);
+}
+
+/// Layers, each with a surface of the whole picture: gigabytes.
+std::string nestedLayers() {
+    std::string body;
+    for (int i = 0; i < 150; ++i)
+        body += R"(<g opacity="0.9"><rect width="1" height="1"/>)";
+    for (int i = 0; i < 150; ++i)
+        body += "</g>";
+    return svg(R"(width="3840" height="2160")", body);
+}
+
+std::span<const std::uint8_t> bytesOf(const std::string& text) {
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+TEST(SVG, DrawingsThatAskForHoursOrGigabytesAreRefusedAndCanBeStopped) {
+    for (const std::string& hostile : {manyUses(), nestedBlurs()}) {
+        const auto refused = readSVG(bytesOf(hostile), {}, 1);
+        ASSERT_FALSE(refused);
+        EXPECT_EQ(refused.error().cause, foundation::Cause::tooLarge);
+        EXPECT_NE(refused.error().message.find("longer than 1 second"), std::string::npos);
+        int asked = 0;
+        const auto stopped = readSVG(bytesOf(hostile), [&asked] { return ++asked > 5; });
+        ASSERT_FALSE(stopped);
+        EXPECT_EQ(stopped.error().cause, foundation::Cause::cancelled);
+    }
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // they need terabytes
+    const auto refused = readSVG(bytesOf(nestedLayers()));
+    ASSERT_FALSE(refused);
+    EXPECT_NE(refused.error().message.find("more memory"), std::string::npos);
+#endif
 }
 
 } // namespace

@@ -49,10 +49,11 @@ void PictureImporter::load(const std::filesystem::path& file) {
 }
 
 void PictureImporter::load(const QByteArray& encoded) {
-    begin(tr("Picture"), [encoded](const IsStopped&) {
+    begin(tr("Picture"), [encoded](const IsStopped& isStopped) {
         return image::decodeImage(
             {reinterpret_cast<const std::uint8_t*>(encoded.data()),
-             static_cast<std::size_t>(encoded.size())});
+             static_cast<std::size_t>(encoded.size())},
+            isStopped);
     });
 }
 

@@ -2,18 +2,13 @@
 #pragma once
 
 #include "platform/image/Image.h"
+#include "platform/image/reading/Extent.h"
 
 #include <cstdint>
 #include <span>
 #include <vector>
 
 namespace zelvo::image {
-
-/// The size of a picture in pixels.
-struct Extent {
-    int width = 0;
-    int height = 0;
-};
 
 /// The same extent, scaled down if its longer side is above kMaxSide.
 [[nodiscard]] Extent limitedExtent(Extent extent);

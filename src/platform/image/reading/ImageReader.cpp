@@ -42,22 +42,23 @@ constexpr int kAllocationMegabytes = 512; ///< for a decoded picture, before sca
 constexpr auto kFormats =
     std::to_array<std::string_view>({"png", "jpeg", "gif", "bmp", "webp", "tiff", "heic", "heif"});
 
-/// A file that cannot be read on as soon as it is stopped, so that its decoder ends.
-class StoppableFile final : public QFile {
+/// A file or buffer that cannot be read on as soon as it is stopped, so that its decoder ends.
+template <class Device> class Stoppable final : public Device {
 public:
-    StoppableFile(const QString& path, const std::function<bool()>& stops)
-        : QFile(path)
+    template <class Source>
+    Stoppable(const IsStopped& stops, Source source)
+        : Device(source)
         , asked(stops) {}
 
     [[nodiscard]] bool isStopped() const { return asked && asked(); }
 
 protected:
     qint64 readData(char* data, qint64 count) override {
-        return isStopped() ? -1 : QFile::readData(data, count);
+        return isStopped() ? -1 : Device::readData(data, count);
     }
 
 private:
-    const std::function<bool()>& asked;
+    const IsStopped& asked;
 };
 
 QString qPath(const std::filesystem::path& path) {
@@ -310,17 +311,18 @@ std::span<const std::uint8_t> spanOf(const QByteArray& bytes) {
         static_cast<std::size_t>(bytes.size())};
 }
 
-Result<ImagePtr> decodeStored(QIODevice& device) {
+Result<ImagePtr> decodeStored(QIODevice& device, const IsStopped& isStopped) {
     constexpr qint64 kStart = 256; // an SVG may begin with empty lines
     static_assert(kStart >= kPNGHeaderBytes);
     const QByteArray start = device.peek(kStart);
     if (isPNG(spanOf(start)))
         return decodePNG(
             device, spanOf(start).first(std::min(spanOf(start).size(), kPNGHeaderBytes)));
-    return isSVG(spanOf(start)) ? readSVG(spanOf(device.readAll())) : decodeWithQt(device);
+    return isSVG(spanOf(start)) ? readSVG(spanOf(device.readAll()), isStopped)
+                                : decodeWithQt(device);
 }
 
-Result<ImagePtr> decode(QIODevice& device) {
+Result<ImagePtr> decode(QIODevice& device, const IsStopped& isStopped) {
     const auto read = [&device](std::int64_t at, std::size_t count) {
         const bool isInside = at <= device.size() && device.seek(at);
         const QByteArray bytes = isInside ? device.read(static_cast<qint64>(count)) : QByteArray();
@@ -331,7 +333,7 @@ Result<ImagePtr> decode(QIODevice& device) {
     // For other formats, Qt applies the orientation itself.
     const unsigned orientation = storedOrientation(read);
     device.seek(0);
-    auto picture = decodeStored(device);
+    auto picture = decodeStored(device, isStopped);
     if (!picture || orientation == 1)
         return picture;
     return std::make_shared<const Image>(upright(**picture, orientation));
@@ -339,8 +341,7 @@ Result<ImagePtr> decode(QIODevice& device) {
 
 } // namespace
 
-Result<ImagePtr>
-loadImage(const std::filesystem::path& file, const std::function<bool()>& isStopped) {
+Result<ImagePtr> loadImage(const std::filesystem::path& file, const IsStopped& isStopped) {
     std::error_code error;
     if (!std::filesystem::exists(file, error)) {
         return fail(Cause::notFound, file.string() + ": there is no such file");
@@ -349,7 +350,7 @@ loadImage(const std::filesystem::path& file, const std::function<bool()>& isStop
         return fail(Cause::unreadable, file.string() + ": this is a folder");
     if (!std::filesystem::is_regular_file(file, error)) // reading a pipe would never end
         return fail(Cause::unreadable, file.string() + ": this is a device, not a file");
-    StoppableFile device(qPath(file), isStopped);
+    Stoppable<QFile> device(isStopped, qPath(file));
     if (!device.open(QIODevice::ReadOnly)) {
         return fail(
             Cause::unreadable,
@@ -363,21 +364,24 @@ loadImage(const std::filesystem::path& file, const std::function<bool()>& isStop
     if (device.size() > kMaxFileBytes) {
         return fail(Cause::tooLarge, file.string() + ": the file is larger than 512 MiB");
     }
-    auto picture = decode(device);
+    auto picture = decode(device, isStopped);
     if (!picture && device.isStopped())
         return fail(Cause::cancelled, file.string() + ": nobody waits for it any more");
     return picture.map_error([&](const auto& failure) { return failure.in(file.string()); });
 }
 
-Result<ImagePtr> decodeImage(std::span<const std::uint8_t> bytes) {
+Result<ImagePtr> decodeImage(std::span<const std::uint8_t> bytes, const IsStopped& isStopped) {
     if (bytes.size() > static_cast<std::size_t>(kMaxFileBytes)) {
         return fail(Cause::tooLarge, "the picture is larger than 512 MiB");
     }
     const auto* const data = reinterpret_cast<const char*>(bytes.data());
     QByteArray array = QByteArray::fromRawData(data, static_cast<qsizetype>(bytes.size()));
-    QBuffer buffer(&array);
+    Stoppable<QBuffer> buffer(isStopped, &array);
     buffer.open(QIODevice::ReadOnly);
-    return decode(buffer);
+    auto picture = decode(buffer, isStopped);
+    if (!picture && buffer.isStopped())
+        return fail(Cause::cancelled, "nobody waits for the picture any more");
+    return picture;
 }
 
 } // namespace zelvo::image

@@ -3,21 +3,25 @@
 
 #include "platform/foundation/Result.h"
 #include "platform/image/Image.h"
-#include "platform/image/reading/AreaScaler.h"
 
 #include <cstdint>
+#include <functional>
 #include <span>
 
 namespace zelvo::image {
 
-/// A drawing is drawn as large as fits into this size, whatever size it claims. This is the frame
-/// of a 4K movie: where the whole picture is in view, it never has fewer pixels than the movie.
-inline constexpr Extent kDrawingSize{3840, 2160};
+/// The processor time that a drawing may take, on all its threads.
+inline constexpr int kDrawingSeconds = 10;
 
 /// Whether a file that begins so may be an SVG drawing, plain or compressed with gzip.
 [[nodiscard]] bool isSVG(std::span<const std::uint8_t> start);
 
-/// Draws an SVG file. Other files that it names are not read. Errors: `malformed`, `tooLarge`.
-[[nodiscard]] foundation::Result<ImagePtr> readSVG(std::span<const std::uint8_t> file);
+/// Draws an SVG file in a process of its own: a few kilobytes can ask for hours of work and all of
+/// the memory, and librsvg cannot be interrupted. Errors: `malformed`, `tooLarge` (the file, or the
+/// work), `unavailable`, and `cancelled` as soon as `isStopped` says so.
+[[nodiscard]] foundation::Result<ImagePtr> readSVG(
+    std::span<const std::uint8_t> file,
+    const std::function<bool()>& isStopped = {},
+    int seconds = kDrawingSeconds);
 
 } // namespace zelvo::image
