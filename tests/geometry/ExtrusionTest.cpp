@@ -206,22 +206,41 @@ TEST(Extrusion, OddOutlinesGiveSoundSolidsOrNone) {
     }
 }
 
-// Random scribbles that cross themselves at all angles.
-TEST(Extrusion, ScribblesStayClosed) {
-    std::uint32_t state = 1;
-    const auto draw = [&state] {
+// Random lines that cross each other at all angles.
+class Scribbler {
+public:
+    float draw() {
         state = state * 1664525U + 1013904223U;
         return static_cast<float>(state >> 8) / static_cast<float>(1U << 24) * 60;
-    };
-    for (int round = 0; round < 60; ++round) {
-        Corners corners(static_cast<std::size_t>(5 + round % 20));
-        for (glm::vec2& corner : corners) {
+    }
+
+    Corners scribble(int count) {
+        Corners corners(static_cast<std::size_t>(count));
+        for (glm::vec2& corner : corners)
             corner = {draw(), draw()};
-        }
-        const Mesh solid = extrude(pathOf({corners}), options(10, 0.5F + 0.05F * draw()));
+        return corners;
+    }
+
+private:
+    std::uint32_t state = 1;
+};
+
+TEST(Extrusion, ScribblesStayClosed) {
+    Scribbler pen;
+    for (int round = 0; round < 60; ++round) {
+        const Corners corners = pen.scribble(5 + round % 20);
+        const Mesh solid = extrude(pathOf({corners}), options(10, 0.5F + 0.05F * pen.draw()));
         EXPECT_EQ(inspect(solid).openSides, 0U) << "scribble " << round;
         EXPECT_GT(inspect(solid).volume, 0) << "scribble " << round;
     }
+}
+
+TEST(Extrusion, WhatIsMadeToTakeHoursGivesNothing) {
+    Corners hatching; // no line crosses another
+    for (int i = 0; i < 60'000; ++i)
+        hatching.emplace_back(i % 2 == 0 ? 0.0F : 90.0F, 0.01F * static_cast<float>(i));
+    EXPECT_TRUE(extrude(pathOf({Scribbler().scribble(12'000)}), options(10, 1)).indices.empty());
+    EXPECT_TRUE(extrude(pathOf({hatching}), options(10, 1)).indices.empty());
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "platform/geometry/Cross.h"
 #include "platform/geometry/Flatten.h"
 #include "platform/geometry/OutlineRepair.h"
+#include "platform/geometry/Tangle.h"
 
 #include <glm/common.hpp>
 #include <glm/geometric.hpp>
@@ -148,7 +149,7 @@ void findJoint(Outline& outline, OutlineCorner& corner, const Joints& joints) {
 Outline makeOutline(const BezierPath& path, double flatness) {
     const std::vector<FlatContour> contours = flatten(path, flatness);
     Outline outline;
-    if (contours.empty())
+    if (contours.empty() || isTangle(contours))
         return outline;
     for (const GridLoop& loop : uniteContours(contours)) {
         appendLoop(outline, loop);

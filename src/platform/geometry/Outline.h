@@ -32,7 +32,8 @@ struct OutlineCorner {
 };
 
 /// The union of a path's contours (non-zero) as simple loops with the inside on their left:
-/// counter-clockwise outside, clockwise around holes. No corner touches another corner or piece.
+/// counter-clockwise outside, clockwise around holes. No corner touches another corner or piece. A
+/// path that would take too long (Tangle.h) has no loops.
 struct Outline {
     struct Loop {
         std::uint32_t first = 0;

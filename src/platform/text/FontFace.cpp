@@ -19,7 +19,7 @@ using geometry::BezierPath;
 
 constexpr unsigned kMaxFaces = 64; // in one file
 // in one outline; real fonts have fewer than a thousand
-constexpr std::size_t kMaxElements = 200000;
+constexpr std::size_t kMaxElements = 40000;
 constexpr unsigned kLongestName = 256; // bytes
 
 std::string nameIn(hb_face_t* face, hb_ot_name_id_t id, hb_language_t language) {
