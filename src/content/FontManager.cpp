@@ -7,6 +7,7 @@
 #include "platform/foundation/NewFile.h"
 #include "platform/foundation/Process.h"
 #include "platform/text/NameOrder.h"
+#include "platform/text/SystemFontIndex.h"
 
 #include <fmt/format.h>
 
@@ -229,8 +230,11 @@ std::vector<FontEntry> FontManager::ownFonts() {
     return fonts;
 }
 
+/// None as long as they are being read.
 std::vector<FontEntry> FontManager::systemFonts(const std::set<std::string>& taken) {
     std::vector<FontEntry> fonts;
+    if (folders && text::systemFontsIfRead() == nullptr)
+        return fonts;
     std::set<std::string> listed = taken;
     for (const text::SystemFont& font : knownSystemFonts()) {
         if (listed.insert(font.name).second)
@@ -242,7 +246,7 @@ std::vector<FontEntry> FontManager::systemFonts(const std::set<std::string>& tak
 
 const std::vector<text::SystemFont>& FontManager::knownSystemFonts() {
     if (!systemFonts_)
-        systemFonts_ = folders ? text::systemFonts() : std::vector<text::SystemFont>{};
+        systemFonts_ = folders ? text::awaitedSystemFonts() : std::vector<text::SystemFont>{};
     return *systemFonts_;
 }
 

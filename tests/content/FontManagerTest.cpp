@@ -2,6 +2,7 @@
 #include "content/FontManager.h"
 
 #include "platform/text/LineLayout.h"
+#include "platform/text/SystemFontIndex.h"
 #include "support/TemporaryFolder.h"
 #include "support/TestWorld.h"
 #include "text/FontForms.h"
@@ -177,6 +178,7 @@ TEST_F(ImportedFontsTest, StandInTheMenuAmongTheBuiltInOnesAndBeforeThoseOfTheSy
         {test::bytesOf(builtIn("Geo-Oblique.ttf")), test::bytesOf(builtIn("Nunito-Regular.ttf"))});
     ASSERT_TRUE(fonts.install(given("both.ttc", both)));
     defaults.set("CorruptFontNames", std::vector<std::string>{"Bangers-Regular"});
+    ASSERT_FALSE(text::awaitedSystemFonts().empty());
     const auto menu = fonts.fontMenu(defaults);
     const auto at = [&menu](std::string_view name) {
         return std::ranges::find(menu, name, &FontEntry::name);

@@ -26,6 +26,14 @@ FontList::FontList(std::vector<content::FontEntry> all, QObject* parent)
     setSearch({});
 }
 
+void FontList::setFonts(std::vector<content::FontEntry> all) {
+    beginResetModel();
+    entries = std::move(all);
+    rows.clear();
+    endResetModel();
+    setSearch(search_);
+}
+
 const content::FontEntry& FontList::at(int row) const {
     return entries[rows.at(static_cast<std::size_t>(row))];
 }
@@ -46,21 +54,21 @@ void FontList::setSearch(const QString& text) {
 
 int FontList::currentRow() const {
     const auto found =
-        std::ranges::find(rows, current, [this](std::size_t i) { return entries[i].name; });
+        std::ranges::find(rows, current_, [this](std::size_t i) { return entries[i].name; });
     return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
 }
 
 void FontList::setCurrent(const std::string& name) {
-    if (current == name)
+    if (current_ == name)
         return;
-    current = name;
+    current_ = name;
     Q_EMIT currentChanged();
 }
 
 void FontList::choose(int row) {
     setCurrent(at(row).name);
     if (chosen)
-        chosen(current);
+        chosen(current_);
 }
 
 void FontList::moveBy(int step) {

@@ -34,6 +34,9 @@ public:
 
     [[nodiscard]] const std::vector<content::FontEntry>& fonts() const { return entries; }
 
+    /// Shows these fonts instead, with the same search.
+    void setFonts(std::vector<content::FontEntry> all);
+
     /// Shows the fonts whose names contain all words of the text; upper and lower case are alike.
     void setSearch(const QString& text);
 
@@ -43,6 +46,8 @@ public:
 
     /// The row of the current font; -1: it is not listed.
     [[nodiscard]] int currentRow() const;
+
+    [[nodiscard]] const std::string& current() const { return current_; }
 
     void setCurrent(const std::string& name);
     /// Does what a tap on the row does.
@@ -64,7 +69,7 @@ private:
     std::vector<content::FontEntry> entries;
     std::vector<std::size_t> rows; ///< indices of the entries that are shown
     QString search_;
-    std::string current;
+    std::string current_;
 };
 
 } // namespace zelvo::ui

@@ -59,6 +59,17 @@ FontStrip::FontStrip(
     show(current, Motion::atOnce);
 }
 
+void FontStrip::setFonts(std::vector<content::FontEntry> fonts) {
+    list.setFonts(std::move(fonts));
+    setEntries(entriesOf(list.fonts(), list.current()));
+    show(list.current(), Motion::atOnce);
+}
+
+void FontStrip::setCurrent(const std::string& name) {
+    list.setCurrent(name);
+    show(name, Motion::animated);
+}
+
 void FontStrip::openList(bool isOpen) {
     if (isOpen == isListOpen())
         return;
@@ -69,11 +80,16 @@ void FontStrip::openList(bool isOpen) {
 }
 
 void FontStrip::show(const std::string& name, Motion motion) {
-    const auto found =
-        std::ranges::find(buttons(), QString::fromStdString(name), [](const auto& button) {
-            return button->title();
-        });
-    select(found == buttons().end() ? -1 : static_cast<int>(found - buttons().begin()), motion);
+    const auto place = [this, title = QString::fromStdString(name)] {
+        const auto found =
+            std::ranges::find(buttons(), title, [](const auto& button) { return button->title(); });
+        return found == buttons().end() ? -1 : static_cast<int>(found - buttons().begin());
+    };
+    if (place() < 0) { // a font of the system
+        setEntries(entriesOf(list.fonts(), name));
+        motion = Motion::atOnce;
+    }
+    select(place(), motion);
 }
 
 } // namespace zelvo::ui

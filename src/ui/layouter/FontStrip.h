@@ -12,8 +12,8 @@
 namespace zelvo::ui {
 
 /// The strip of fonts, each name in its own face: the program's and the imported ones, and the
-/// current one. A button ahead of it opens the list of all fonts. Strip and list show the same
-/// choice.
+/// font of the system that was chosen last. A button ahead of it opens the list of all fonts. Strip
+/// and list show the same choice.
 class FontStrip final : public zelvo::ui::ButtonStrip {
     Q_OBJECT
     QML_ELEMENT
@@ -44,6 +44,11 @@ public:
     [[nodiscard]] bool isListOpen() const { return listButton.isMySelected(); }
 
     Q_INVOKABLE void openList(bool isOpen);
+
+    /// Shows these fonts instead. The list stays open, with its search and its current font.
+    void setFonts(std::vector<content::FontEntry> fonts);
+    /// Shows that font as the current one, as soon as it is among the fonts.
+    void setCurrent(const std::string& name);
 
     [[nodiscard]] FontPictures* picturesObject() const { return pictures.get(); }
 

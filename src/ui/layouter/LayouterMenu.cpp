@@ -4,6 +4,7 @@
 #include "content/FontManager.h"
 #include "model/Model.h"
 #include "platform/foundation/RunLoop.h"
+#include "ui/layouter/FontStrip.h"
 
 #include <array>
 #include <utility>
@@ -119,7 +120,9 @@ void LayouterMenu::showFontImport() const {
 
 void LayouterMenu::fontImported(const std::string& name) {
     if (const auto node = std::dynamic_pointer_cast<content::TextNode>(currentNode_))
-        node->setFontName(name);
+        node->setFontNameSoon(name);
+    if (auto* const fonts = dynamic_cast<FontStrip*>(strip.get()))
+        fonts->setCurrent(name);
     fontsHaveChanged();
 }
 
@@ -129,8 +132,8 @@ void LayouterMenu::fontsHaveChanged() {
         return;
     services.runLoop.post(lifetime.guard([this] {
         isFontListOld = false;
-        if (currentOption_ == CurrentOption::font)
-            refresh();
+        if (auto* const fonts = dynamic_cast<FontStrip*>(strip.get()))
+            fonts->setFonts(services.fonts.fontMenu(services.defaults));
     }));
 }
 

@@ -5,6 +5,7 @@
 #include "model/Model.h"
 #include "platform/foundation/Folders.h"
 #include "platform/foundation/RunLoop.h"
+#include "platform/text/SystemFontIndex.h"
 #include "shared/Palette.h"
 #include "shared/Thumbnail.h"
 #include "ui/controls/Alerts.h"
@@ -65,6 +66,14 @@ QList<StripEntry> entriesOf(const List& list, ThumbnailKind kind, Title titleOf)
 }
 
 const auto kNameOf = [](const auto& entry) { return entry->name; };
+
+void whenSystemFontsAreRead(foundation::RunLoop& loop, std::function<void()> call) {
+    constexpr double kInterval = 0.05; // seconds
+    if (text::systemFontsIfRead() != nullptr)
+        return call();
+    loop.asyncAfter(
+        kInterval, [&loop, call = std::move(call)] { whenSystemFontsAreRead(loop, call); });
+}
 
 } // namespace
 
@@ -220,6 +229,8 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeMaterialStrip() {
 }
 
 LayouterMenu::LaterPtr<QObject> LayouterMenu::makeFontStrip(const content::TextNodePtr& text) {
+    if (text::systemFontsIfRead() == nullptr)
+        whenSystemFontsAreRead(services.runLoop, lifetime.guard([this] { fontsHaveChanged(); }));
     return LaterPtr<QObject>(new FontStrip(
         services.fonts.fontMenu(services.defaults),
         text->fontName(),

@@ -10,6 +10,15 @@ namespace {
 
 constexpr qreal kHeight = 36;
 
+std::unique_ptr<StripButton>
+makeButton(ButtonFace face, const QSizeF& size, std::function<void()> action) {
+    auto button = std::make_unique<StripButton>(std::move(face), std::move(action));
+    button->size = size;
+    button->selectedColor = kAccentColor;
+    button->unselectedColor = kButtonColor;
+    return button;
+}
+
 } // namespace
 
 Strip::Strip(int length, QObject* parent)
@@ -54,18 +63,17 @@ ButtonStrip::ButtonStrip(
     std::optional<First> first,
     QObject* parent)
     : Strip(static_cast<int>(entries.size()), parent)
-    , chosen(std::move(chosenFunc)) {
-    const auto makeButton = [](ButtonFace face, const QSizeF& size, std::function<void()> action) {
-        auto button = std::make_unique<StripButton>(std::move(face), std::move(action));
-        button->size = size;
-        button->selectedColor = kAccentColor;
-        button->unselectedColor = kButtonColor;
-        return button;
-    };
+    , chosen(std::move(chosenFunc))
+    , row(buttonsFor(entries)) {
     if (first)
         ahead = makeButton(first->face, first->size, std::move(first->action));
+}
+
+std::vector<std::unique_ptr<StripButton>>
+ButtonStrip::buttonsFor(const QList<StripEntry>& entries) {
+    std::vector<std::unique_ptr<StripButton>> made;
     for (const StripEntry& entry : entries) {
-        const auto place = static_cast<int>(row.size());
+        const auto place = static_cast<int>(made.size());
         auto button =
             makeButton({.image = entry.image, .title = entry.title}, {0, kHeight}, [this, place] {
                 choose(place);
@@ -73,8 +81,18 @@ ButtonStrip::ButtonStrip(
         button->thumbnail = entry.thumbnail;
         button->thumbnailSize = entry.thumbnailSize;
         button->fontFile = entry.font;
-        row.push_back(std::move(button));
+        made.push_back(std::move(button));
     }
+    return made;
+}
+
+void ButtonStrip::setEntries(const QList<StripEntry>& entries) {
+    auto former = std::exchange(row, buttonsFor(entries));
+    setLength(static_cast<int>(row.size()));
+    select(-1, Motion::atOnce);
+    Q_EMIT entriesChanged();
+    for (auto& button : former) // one of them may be calling
+        button.release()->deleteLater();
 }
 
 void ButtonStrip::select(int index, Motion motion) {

@@ -51,6 +51,10 @@ public:
 Q_SIGNALS:
     void selected();
 
+protected:
+    /// The index stays.
+    void setLength(int length) { count = length; }
+
 private:
     int count;
     int currentIndex_ = -1;
@@ -96,7 +100,7 @@ class ButtonStrip : public zelvo::ui::Strip {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("")
-    Q_PROPERTY(QList<zelvo::ui::StripButton*> buttons READ buttonObjects CONSTANT)
+    Q_PROPERTY(QList<zelvo::ui::StripButton*> buttons READ buttonObjects NOTIFY entriesChanged)
     Q_PROPERTY(zelvo::ui::StripButton* firstButton READ firstButton CONSTANT)
 
 public:
@@ -125,7 +129,17 @@ public:
     /// Null if there is none.
     [[nodiscard]] StripButton* firstButton() const { return ahead.get(); }
 
+Q_SIGNALS:
+    void entriesChanged();
+
+protected:
+    /// Selects none of them.
+    void setEntries(const QList<StripEntry>& entries);
+
 private:
+    [[nodiscard]] std::vector<std::unique_ptr<StripButton>>
+    buttonsFor(const QList<StripEntry>& entries);
+
     std::function<void(std::size_t)> chosen;
     std::unique_ptr<StripButton> ahead;
     std::vector<std::unique_ptr<StripButton>> row;

@@ -10,19 +10,25 @@ Item {
 
     required property Layouter.FontStrip controller
     readonly property real reach: 200 // built beyond the edges of the strip
-    property bool isPlaced: false
+    property bool isReady: false
+    property bool isPlaced: false // the entries have their places
 
     // From the font of the interface: a font that is not read yet has no width.
     function widthOf(title: string, isMarked: bool): real {
         return Math.max(64, Math.min(200, metrics.advanceWidth(title) + (isMarked ? 46 : 28)));
     }
 
-    // What comes up over the panel gets the keys.
-    onEnabledChanged: if (!enabled) controller.openList(false)
-    Component.onCompleted: {
+    function place(): void {
         row.layOut();
         row.centre(false, null);
         isPlaced = true;
+    }
+
+    // What comes up over the panel gets the keys.
+    onEnabledChanged: if (!enabled) controller.openList(false)
+    Component.onCompleted: {
+        isReady = true;
+        place();
     }
 
     FontMetrics {
@@ -53,6 +59,8 @@ Item {
             id: names
 
             model: root.controller.buttons
+            onItemRemoved: root.isPlaced = false
+            onModelChanged: if (root.isReady) root.place()
             delegate: Loader {
                 id: entry
 

@@ -50,7 +50,9 @@ TEST_F(FontStripTest, TheListOffersAllFontsTheStripOnlyOwnOnesAndTheCurrentOne) 
     EXPECT_EQ(strip.currentIndex(), 2);
     EXPECT_EQ(strip.list.currentRow(), 2);
     strip.list.moveBy(1);
-    EXPECT_EQ(strip.currentIndex(), -1) << "this one is not in the strip";
+    ASSERT_EQ(strip.buttons().size(), 3u) << "the font of the system that was chosen last";
+    EXPECT_EQ(strip.currentIndex(), 2);
+    EXPECT_EQ(strip.buttons()[2]->title(), "DejaVu Sans Mono");
     strip.pressKey(Qt::Key_Home);
     EXPECT_EQ(strip.list.currentRow(), 0);
     EXPECT_THAT(chosen, ElementsAre("DejaVu Sans Mono", "Abel"));
@@ -72,6 +74,22 @@ TEST_F(FontStripTest, ASearchFindsNamesWithAllItsWords) {
     EXPECT_EQ(chosen.size(), 1u);
     strip.openList(false);
     EXPECT_EQ(listed().size(), 4u) << "the list opens without the old search";
+}
+
+TEST_F(FontStripTest, FontsThatComeLaterLeaveTheListOpenWithItsSearchAndItsChoice) {
+    strip.openList(true);
+    strip.list.setSearch("new");
+    strip.setCurrent("New Serif");
+    EXPECT_EQ(strip.currentIndex(), -1);
+    auto fonts = strip.list.fonts();
+    fonts.push_back({.name = "New Serif", .file = "e.ttf", .source = FontSource::system});
+    strip.setFonts(fonts);
+    EXPECT_TRUE(strip.isListOpen());
+    EXPECT_THAT(listed(), ElementsAre("New Serif"));
+    EXPECT_EQ(strip.list.currentRow(), 0);
+    ASSERT_EQ(strip.currentIndex(), 2);
+    EXPECT_EQ(strip.buttons()[2]->title(), "New Serif");
+    EXPECT_THAT(chosen, ElementsAre());
 }
 
 TEST(FontPictures, AreDrawnLaterTheNewestFirst) {
