@@ -96,3 +96,43 @@ function(zelvo_fuzz name)
     endif()
     target_link_libraries(${name} PRIVATE zelvo_options ${ARG_LINK})
 endfunction()
+
+# zelvo_made(name COMMENT text INPUTS files… COMMAND program arguments…)
+# A target that runs one of our programs in each build. @KEY@ among its arguments stands for a text that changes with
+# the inputs: the program does nothing if it has done its work for this text before.
+function(zelvo_made name)
+    cmake_parse_arguments(ARG "" "COMMENT" "INPUTS;COMMAND" ${ARGN})
+    list(POP_FRONT ARG_COMMAND program)
+    list(JOIN ARG_INPUTS "\n" inputs)
+    file(WRITE "${CMAKE_CURRENT_BINARY_DIR}/${name}.inputs" "${inputs}\n")
+    add_custom_target(${name} ALL
+                      COMMAND ${CMAKE_COMMAND} "-DINPUTS=${CMAKE_CURRENT_BINARY_DIR}/${name}.inputs"
+                              -P "${CMAKE_SOURCE_DIR}/cmake/WithKey.cmake" -- $<TARGET_FILE:${program}> ${ARG_COMMAND}
+                      COMMENT "${ARG_COMMENT}" VERBATIM)
+endfunction()
+
+# zelvo_sources(result target): the sources of one of our programs or libraries and of all our libraries that it links,
+# with the headers and shaders beside them.
+function(zelvo_sources result target)
+    set(open ${target})
+    set(seen "")
+    set(files "")
+    while(open)
+        list(POP_FRONT open next)
+        list(APPEND seen ${next})
+        get_target_property(folder ${next} SOURCE_DIR)
+        get_target_property(sources ${next} SOURCES)
+        list(FILTER sources INCLUDE REGEX "^[^/]+[.]cpp$")
+        list(TRANSFORM sources PREPEND "${folder}/")
+        file(GLOB beside CONFIGURE_DEPENDS "${folder}/*.h" "${folder}/shaders/*")
+        list(APPEND files ${sources} ${beside})
+        get_target_property(links ${next} LINK_LIBRARIES)
+        list(FILTER links INCLUDE REGEX "^zelvo_")
+        list(REMOVE_ITEM links zelvo_options ${seen})
+        list(APPEND open ${links})
+        list(REMOVE_DUPLICATES open)
+    endwhile()
+    list(REMOVE_DUPLICATES files)
+    list(SORT files)
+    set(${result} ${files} PARENT_SCOPE)
+endfunction()

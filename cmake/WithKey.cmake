@@ -1,0 +1,22 @@
+# Runs a program with a text that changes whenever one of its inputs does. Run as:
+#   cmake -DINPUTS=<file with a path a line> -P WithKey.cmake -- program arguments… @KEY@
+file(STRINGS "${INPUTS}" inputs)
+set(digests "")
+foreach(input IN LISTS inputs)
+    file(SHA256 "${input}" digest)
+    string(APPEND digests "${digest}")
+endforeach()
+string(SHA256 key "${digests}")
+
+set(command "")
+set(isOurs FALSE)
+math(EXPR last "${CMAKE_ARGC} - 1")
+foreach(at RANGE ${last})
+    if(isOurs)
+        string(REPLACE "@KEY@" "${key}" argument "${CMAKE_ARGV${at}}")
+        list(APPEND command "${argument}")
+    elseif(CMAKE_ARGV${at} STREQUAL "--")
+        set(isOurs TRUE)
+    endif()
+endforeach()
+execute_process(COMMAND ${command} COMMAND_ERROR_IS_FATAL ANY)
