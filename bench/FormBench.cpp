@@ -11,8 +11,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QCoreApplication>
-
 #include <algorithm>
 #include <array>
 #include <ctime>
@@ -133,10 +131,3 @@ BENCHMARK(outlinesSoon)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(keystroke)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char** argv) {
-    const QCoreApplication process(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -8,8 +8,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QCoreApplication>
-
 #include <algorithm>
 #include <chrono>
 #include <string>
@@ -17,6 +15,7 @@
 namespace {
 
 using namespace zelvo;
+using Clock = std::chrono::steady_clock;
 
 constexpr int kColors = 100;
 constexpr image::Color kLast{1, 0, 0, 1};
@@ -37,46 +36,63 @@ constexpr image::Color kLast{1, 0, 0, 1};
     return picture != nullptr && picture->pixels.at(0) > 0 && picture->pixels.at(2) == 0;
 }
 
+[[nodiscard]] int indexOf(const benchmark::State& state) {
+    return static_cast<int>(state.range(0));
+}
+
+/// The environment of this run, with its name as the label.
+[[nodiscard]] environments::SNEPtr
+makeEnvironment(benchmark::State& state, foundation::RunLoop& loop) {
+    const auto& names = environments::SceneManager::sceneNames;
+    state.SetLabel(std::string(names.at(static_cast<std::size_t>(indexOf(state)))));
+    environments::SNEPtr made = environments::SceneManager::sceneData(indexOf(state), loop);
+    CHECK(made != nullptr, "no environment {}", indexOf(state));
+    return made;
+}
+
+/// Returns the time of the longest call.
+Clock::duration setAllColors(environments::SNE& environment) {
+    Clock::duration longest{};
+    for (int i = 0; i < kColors; ++i) {
+        const auto began = Clock::now();
+        environment.setBackground(sliderAt(i));
+        longest = std::max(longest, Clock::now() - began);
+    }
+    return longest;
+}
+
 void hundredColors(benchmark::State& state) {
-    using Clock = std::chrono::steady_clock;
-    const auto index = static_cast<int>(state.range(0));
-    state.SetLabel(
-        std::string(environments::SceneManager::sceneNames.at(static_cast<std::size_t>(index))));
     foundation::WallRunLoop loop;
     Clock::duration longest{};
     for ([[maybe_unused]] auto _ : state) {
         state.PauseTiming();
-        const environments::SNEPtr environment = environments::SceneManager::sceneData(index, loop);
-        CHECK(environment != nullptr, "no environment {}", index);
+        const environments::SNEPtr environment = makeEnvironment(state, loop);
         state.ResumeTiming();
-        for (int i = 0; i < kColors; ++i) {
-            const auto began = Clock::now();
-            environment->setBackground(sliderAt(i));
-            longest = std::max(longest, Clock::now() - began);
-        }
+        longest = std::max(longest, setAllColors(*environment));
         loop.runUntil([&] { return showsLast(environment->scene->background); });
     }
     state.counters["longest call, ms"] = std::chrono::duration<double, std::milli>(longest).count();
 }
 
+/// Sets a colour and waits for a frame; whether another picture is there then.
+bool isSeen(environments::SNE& environment, const image::Color& color, foundation::RunLoop& loop) {
+    constexpr double kFrame = 1.0 / 60;
+    const auto before = pictureOf(environment.scene->background);
+    environment.setBackground(color);
+    bool isOver = false;
+    loop.asyncAfter(kFrame, [&] { isOver = true; });
+    loop.runUntil([&] { return isOver; });
+    return pictureOf(environment.scene->background) != before;
+}
+
 /// A drag with a colour for each frame: how many of them were seen?
 void drag(benchmark::State& state) {
-    constexpr double kFrame = 1.0 / 60;
-    const auto index = static_cast<int>(state.range(0));
-    state.SetLabel(
-        std::string(environments::SceneManager::sceneNames.at(static_cast<std::size_t>(index))));
     foundation::WallRunLoop loop;
-    const environments::SNEPtr environment = environments::SceneManager::sceneData(index, loop);
+    const environments::SNEPtr environment = makeEnvironment(state, loop);
     int seen = 0;
     for ([[maybe_unused]] auto _ : state) {
-        for (int i = 0; i < kColors; ++i) {
-            const auto before = pictureOf(environment->scene->background);
-            environment->setBackground(sliderAt(i));
-            bool isOver = false;
-            loop.asyncAfter(kFrame, [&] { isOver = true; });
-            loop.runUntil([&] { return isOver; });
-            seen += pictureOf(environment->scene->background) != before ? 1 : 0;
-        }
+        for (int i = 0; i < kColors; ++i)
+            seen += isSeen(*environment, sliderAt(i), loop) ? 1 : 0;
     }
     state.counters["seen, of 100"] = seen;
 }
@@ -92,10 +108,3 @@ BENCHMARK(hundredColors)
 BENCHMARK(drag)->Arg(2)->Arg(3)->Arg(5)->Arg(7)->Iterations(1)->UseRealTime();
 
 } // namespace
-
-int main(int argc, char** argv) {
-    const QCoreApplication process(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -1,1 +1,1 @@
-zelvo_benchmark(form_bench SOURCES FormBench.cpp LINK zelvo_content Qt6::Core)
+zelvo_benchmark(form_bench SOURCES FormBench.cpp ApplicationMain.cpp LINK zelvo_content Qt6::Core)

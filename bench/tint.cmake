@@ -1,1 +1,1 @@
-zelvo_benchmark(tint_bench SOURCES TintBench.cpp LINK zelvo_environments Qt6::Core)
+zelvo_benchmark(tint_bench SOURCES TintBench.cpp ApplicationMain.cpp LINK zelvo_environments Qt6::Core)
