@@ -6,6 +6,7 @@
 #include "platform/foundation/Console.h"
 #include "platform/foundation/NewFile.h"
 #include "platform/foundation/Process.h"
+#include "platform/foundation/WritingError.h"
 #include "platform/text/NameOrder.h"
 #include "platform/text/SystemFontIndex.h"
 
@@ -159,9 +160,12 @@ foundation::Result<Installation> FontManager::install(const std::filesystem::pat
         return error.in(file.filename().string());
     };
     const auto target = folder() / file.filename();
-    std::error_code ignored;
-    if (std::filesystem::exists(target, ignored))
+    std::error_code error;
+    if (std::filesystem::exists(target, error))
         return Installation{};
+    std::filesystem::create_directories(target.parent_path(), error);
+    if (error)
+        return tl::unexpected(foundation::writingError(error.value(), target.parent_path()));
     const auto bytes = text::readFontBytes(file).map_error(inFile);
     if (!bytes)
         return tl::unexpected(bytes.error());

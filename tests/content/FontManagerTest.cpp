@@ -157,6 +157,11 @@ TEST_F(ImportedFontsTest, RefusesWhatIsNoFontAndLeavesNothingHalfCopied) {
         wordFor(given("nameless.ttf", test::withoutName(geo))),
         testing::HasSubstr("without a name"));
     EXPECT_THAT(wordFor(temporary.path()), testing::HasSubstr("is no file"));
+    std::filesystem::remove_all(folders.documents);
+    std::ofstream(folders.documents) << "a file where a folder should be";
+    EXPECT_THAT(
+        wordFor(given("geo.ttf", geo)), testing::HasSubstr("ImportedFonts cannot be written"));
+    std::filesystem::remove(folders.documents);
 
     // A limit on the size of files stops the copy as a full disk would.
     rlimit before{};
