@@ -2,13 +2,11 @@
 #include "ui/main/StageItem.h"
 
 #include "platform/render/SCNView.h"
+#include "ui/controls/ScenePicture.h"
 #include "ui/main/Stage.h"
 
 #include <QNativeGestureEvent>
-#include <QOpenGLContext>
 #include <QOpenGLFramebufferObject>
-#include <QOpenGLFunctions>
-#include <QPointer>
 #include <QQuickWindow>
 #include <qqml.h>
 
@@ -36,21 +34,6 @@ constexpr float kDegreesAPixel = 0.5f; ///< for touchpads that report pixels
     return {static_cast<float>(place.x()), static_cast<float>(place.y())};
 }
 
-std::unique_ptr<QOpenGLFramebufferObject> makeTarget(QSize size) {
-    // Without alpha, because the stage covers everything behind it.
-    constexpr unsigned kRgb8 = 0x8051;
-    QOpenGLFramebufferObjectFormat format;
-    format.setInternalTextureFormat(kRgb8);
-    return std::make_unique<QOpenGLFramebufferObject>(size, format);
-}
-
-/// Attaches the model's scene to the view that draws.
-void attach(render::SCNView& drawn, const scene::HeadlessView& shown) {
-    drawn.setScene(shown.scene());
-    drawn.pointOfView = shown.pointOfView;
-    drawn.technique = shown.technique;
-}
-
 /// Draws into its own picture while the main thread waits. The window shows this picture, also
 /// after the scene has moved to an export.
 class StageRenderer final : public QQuickFramebufferObject::Renderer {
@@ -58,64 +41,39 @@ protected:
     void synchronize(QQuickFramebufferObject* item) override {
         auto* shown = static_cast<StageItem*>(item);
         Stage* stage = shown->stage();
-        if (stage == nullptr || !stage->view.scene() || hasFailed || !ensureView(*stage))
+        if (stage == nullptr || !stage->view.scene() || hasFailed || !isReady(*stage))
             return;
-        attach(*view, stage->view);
-        shown->setDrawnBy(view);
+        ScenePicture::attach(*picture.view(), stage->view);
+        shown->setDrawnBy(picture.view());
         const double scale = stage->drawScale();
         const double pixels = item->window()->effectiveDevicePixelRatio() * std::min(scale, 1.0);
         const QSize size(
             std::max(1, static_cast<int>(std::lround(item->width() * pixels))),
             std::max(1, static_cast<int>(std::lround(item->height() * pixels))));
-        const bool hasSize = picture && picture->size() == size;
-        if (hasSize && stage->isDrawn())
-            return;
-        if (!hasSize)
-            picture = makeTarget(size);
-        view->quality.oversampling = std::max(scale, 1.0);
-        const render::ViewTarget target{
-            .framebuffer = picture->handle(),
-            .size = {size.width(), size.height()},
-            .rows = render::RowOrder::topFirst};
-        view->draw(target);
+        if (picture.size() != size || !stage->isDrawn())
+            picture.draw(size, std::max(scale, 1.0));
     }
 
     QOpenGLFramebufferObject* createFramebufferObject(const QSize& size) override {
-        return makeTarget(size).release(); // the caller owns it
+        return ScenePicture::makeTarget(size).release(); // the caller owns it
     }
 
-    void render() override {
-        QOpenGLFunctions& gl = *QOpenGLContext::currentContext()->functions();
-        if (picture) {
-            QOpenGLFramebufferObject::blitFramebuffer(
-                framebufferObject(), picture.get(), GL_COLOR_BUFFER_BIT, GL_LINEAR);
-            framebufferObject()->bind();
-            return;
-        }
-        gl.glClearColor(0, 0, 0, 1);
-        gl.glClear(GL_COLOR_BUFFER_BIT);
-    }
+    void render() override { picture.copyTo(*framebufferObject()); }
 
 private:
-    bool ensureView(Stage& stage) {
-        if (view)
-            return true;
-        auto made = render::SCNView::make();
-        if (made) {
-            view = std::move(*made);
-            return true;
-        }
-        hasFailed = true;
-        QMetaObject::invokeMethod(
-            &stage,
-            "failGraphics",
-            Qt::QueuedConnection,
-            Q_ARG(QString, QString::fromStdString(made.error().message)));
-        return false;
+    bool isReady(Stage& stage) {
+        const auto ready = picture.prepare();
+        hasFailed = !ready;
+        if (hasFailed)
+            QMetaObject::invokeMethod(
+                &stage,
+                "failGraphics",
+                Qt::QueuedConnection,
+                Q_ARG(QString, QString::fromStdString(ready.error().message)));
+        return !hasFailed;
     }
 
-    std::shared_ptr<render::SCNView> view;
-    std::unique_ptr<QOpenGLFramebufferObject> picture;
+    ScenePicture picture;
     bool hasFailed = false;
 };
 
@@ -179,7 +137,7 @@ std::optional<std::uint64_t> StageItem::pictureKey() const {
     const std::shared_ptr<render::SCNView> view = drawnBy.lock();
     if (!view || height() <= 0)
         return std::nullopt;
-    attach(*view, stage_->view);
+    ScenePicture::attach(*view, stage_->view);
     return view->pictureKey(width() / height());
 }
 
