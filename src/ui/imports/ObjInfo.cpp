@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include "ui/imports/ObjInfo.h"
+
+#include "platform/object/reading/TextLines.h"
+#include "platform/object/reading/Words.h"
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+namespace zelvo::ui {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct ImageKey {
+    std::string_view key;
+    const char* label;
+};
+
+// clang-format off
+constexpr auto kImageKeys = std::to_array<ImageKey>({
+    {"map_ka",   QT_TRANSLATE_NOOP("zelvo::ui::ObjInfo", "Ambient texture: ")   },
+    {"map_kd",   QT_TRANSLATE_NOOP("zelvo::ui::ObjInfo", "Diffuse texture: ")   },
+    {"map_ks",   QT_TRANSLATE_NOOP("zelvo::ui::ObjInfo", "Specular color: ")    },
+    {"map_ns",   QT_TRANSLATE_NOOP("zelvo::ui::ObjInfo", "Specular highlight: ")},
+    {"map_d",    QT_TRANSLATE_NOOP("zelvo::ui::ObjInfo", "Alpha texture: ")     },
+    {"map_bump", QT_TRANSLATE_NOOP("zelvo::ui::ObjInfo", "Alpha texture: ")     },
+    {"bump",     QT_TRANSLATE_NOOP("zelvo::ui::ObjInfo", "Alpha texture: ")     },
+});
+
+// clang-format on
+
+using Pieces = std::vector<std::string_view>;
+
+[[nodiscard]] Pieces piecesOf(std::string_view line) {
+    constexpr std::string_view kBlanks = " \t\r\n\v\f";
+    Pieces pieces;
+    for (auto begin = line.find_first_not_of(kBlanks); begin != std::string_view::npos;
+         begin = line.find_first_not_of(kBlanks)) {
+        line.remove_prefix(begin);
+        pieces.push_back(line.substr(0, line.find_first_of(kBlanks)));
+        line.remove_prefix(pieces.back().size());
+    }
+    return pieces;
+}
+
+/// Calls back with each line that is not empty, until it returns false. False if the file cannot be
+/// opened.
+bool forEachLine(
+    const fs::path& file, std::uint64_t maxBytes, const std::function<bool(const Pieces&)>& take) {
+    const auto stream = std::make_shared<std::ifstream>(file, std::ios::binary);
+    std::error_code error;
+    if (!fs::is_regular_file(file, error) || !*stream)
+        return false;
+    object::TextLines lines([stream](std::span<char> target) {
+        stream->read(target.data(), static_cast<std::streamsize>(target.size()));
+        return static_cast<std::size_t>(stream->gcount());
+    });
+    bool goesOn = true;
+    for (auto line = lines.next(); goesOn && line; line = lines.next()) {
+        const Pieces pieces = piecesOf(*line);
+        goesOn = (pieces.empty() || take(pieces)) && lines.bytesRead() <= maxBytes;
+    }
+    return true;
+}
+
+[[nodiscard]] QString shown(std::string_view name) {
+    const auto size = std::min(name.size(), ObjInfo::kMaxName);
+    return QString::fromUtf8(name.data(), static_cast<qsizetype>(size));
+}
+
+/// Whether the folder has the file. Nothing outside of the folder counts.
+[[nodiscard]] bool isBeside(const fs::path& folder, std::string_view name) {
+    const fs::path path = fs::path(name).lexically_normal();
+    if (name.size() > ObjInfo::kMaxName || path.is_absolute() || *path.begin() == "..")
+        return false;
+    std::error_code error;
+    return fs::exists(folder / path, error);
+}
+
+/// Draws up the report.
+class Reporter {
+    Q_DECLARE_TR_FUNCTIONS(zelvo::ui::ObjInfo)
+
+public:
+    Reporter(const fs::path& object, const std::stop_token& isStopped)
+        : file(object)
+        , folder(object.parent_path())
+        , stop(isStopped) {}
+
+    [[nodiscard]] QString report() {
+        const QString name = QString::fromStdString(file.filename().string());
+        if (name.endsWith("usdz"))
+            return tr("Universal Scene Description (Usdz) File:") + "\n" + name + "\n\n";
+        if (!name.endsWith("obj"))
+            return tr("File: ") + name + "\n\n";
+        text = tr("Wavefront .obj File: ") + name + "\n\n";
+        std::error_code error;
+        if (!fs::exists(file, error))
+            return text + tr("🚫 File not found.") + "\n";
+        const bool isOpen =
+            forEachLine(file, ObjInfo::kMaxObjectBytes, [this](const Pieces& pieces) {
+                if (object::lowered(pieces.front()) == "mtllib")
+                    addLibrary(pieces.back());
+                return libraries < ObjInfo::kMaxLibraries && !stop.stop_requested();
+            });
+        return isOpen ? text : text + tr("🚫 Unknown error.") + "\n";
+    }
+
+private:
+    void addLibrary(std::string_view name) {
+        ++libraries;
+        text += tr("Material template library: ") + shown(name) + "\n";
+        if (!isBeside(folder, name)) {
+            text += tr("🚫 File %1 not found.").arg(shown(name)) + "\n\n";
+            return;
+        }
+        text += tr("✅ File %1 is at its place.").arg(shown(name)) + "\n";
+        text += "\n" + materialReport(folder / fs::path(name));
+    }
+
+    [[nodiscard]] QString materialReport(const fs::path& library) {
+        QString lines;
+        int images = 0;
+        const bool isOpen =
+            forEachLine(library, ObjInfo::kMaxLibraryBytes, [&](const Pieces& pieces) {
+                const auto line = imageLine(library.parent_path(), pieces);
+                lines += line.value_or(QString());
+                images += line ? 1 : 0;
+                return images < ObjInfo::kMaxImages && !stop.stop_requested();
+            });
+        if (!isOpen)
+            return tr("🚫 Couldn't read .mtl file.") + "\n";
+        if (images == 0)
+            return lines;
+        const QString count = images == 1
+                                  ? tr("%1 image is referenced in the .mtl library:") + "\n\n"
+                                  : tr("%1 images are referenced in the .mtl library:") + "\n\n";
+        return count.arg(images) + lines;
+    }
+
+    /// Nothing if the line names no image.
+    [[nodiscard]] static std::optional<QString>
+    imageLine(const fs::path& place, const Pieces& pieces) {
+        if (pieces.size() < 2)
+            return std::nullopt;
+        const std::string key = object::lowered(pieces.front());
+        const auto* const found = std::ranges::find(kImageKeys, key, &ImageKey::key);
+        if (found == kImageKeys.end())
+            return std::nullopt;
+        const QString name = shown(pieces.back());
+        const QString verdict = isBeside(place, pieces.back())
+                                    ? tr("✅ The image %1 is at its place.") + "\n\n"
+                                    : tr("⚠️ The image %1 is missing.") + "\n\n";
+        return tr(found->label) + name + "\n" + verdict.arg(name);
+    }
+
+    fs::path file;
+    fs::path folder;
+    std::stop_token stop;
+    QString text;
+    int libraries = 0;
+};
+
+} // namespace
+
+QString ObjInfo::report(const fs::path& file, const std::stop_token& stop) {
+    return Reporter(file, stop).report();
+}
+
+QString ObjInfo::withoutEscapes(const QString& report) {
+    constexpr int kHexDigits = 4;
+    constexpr int kOctalDigits = 3;
+    QString plain;
+    for (qsizetype at = 0; at < report.size(); ++at) {
+        if (report[at] != u'\\') {
+            plain += report[at];
+            continue;
+        }
+        const bool isHex = report.mid(at + 1, 1) == u"u";
+        const int digits = isHex ? kHexDigits : kOctalDigits;
+        const QString number = report.mid(at + (isHex ? 2 : 1), digits);
+        bool isNumber = number.size() == digits;
+        const uint code = isNumber ? number.toUInt(&isNumber, isHex ? 16 : 8) : 0;
+        const bool isBackslash = report.mid(at + 1, 1) == u"\\";
+        if (!isBackslash && !isNumber)
+            return report;
+        plain += isBackslash ? QChar(u'\\') : QChar(static_cast<char16_t>(code));
+        at += isBackslash ? 1 : digits + (isHex ? 1 : 0);
+    }
+    return plain;
+}
+
+} // namespace zelvo::ui
