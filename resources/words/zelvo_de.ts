@@ -159,6 +159,88 @@
     </message>
 </context>
 <context>
+    <name>LoadingNotice</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Give up</source>
+        <translation>Aufgeben</translation>
+    </message>
+</context>
+<context>
+    <name>ObjectDialog</name>
+    <message>
+        <source>Import Objects</source>
+        <translation>Objekte importieren</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+</context>
+<context>
+    <name>ObjectImport</name>
+    <message>
+        <source>Imported Objects</source>
+        <translation>Importierte Objekte</translation>
+    </message>
+</context>
+<context>
+    <name>ObjectImportRow</name>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Rename %1</source>
+        <translation>%1 umbenennen</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Info about %1</source>
+        <translation>Info über %1</translation>
+    </message>
+</context>
+<context>
+    <name>ObjectInfo</name>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+</context>
+<context>
+    <name>ObjectList</name>
+    <message>
+        <source>Imported Objects</source>
+        <translation>Importierte Objekte</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Howto</source>
+        <translation>So geht’s</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>No imported objects</source>
+        <translation>Keine importierten Objekte</translation>
+    </message>
+    <message>
+        <source>Press “Import”, or drop a USDZ, OBJ, glTF or STL file here, a folder, or a ZIP archive.</source>
+        <translation>„Importieren“ drücken, oder eine USDZ-, OBJ-, glTF- oder STL-Datei, einen Ordner oder ein ZIP-Archiv hierher ziehen.</translation>
+    </message>
+</context>
+<context>
     <name>PictureDialog</name>
     <message>
         <source>Import a Picture</source>
@@ -201,6 +283,13 @@
     <message>
         <source>The movie lies at %1</source>
         <translation>Der Film liegt in %1</translation>
+    </message>
+</context>
+<context>
+    <name>RenameField</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
     </message>
 </context>
 <context>
@@ -378,8 +467,16 @@
         <translation>Das ist ein Link. Das Bild zuerst als Datei sichern.</translation>
     </message>
     <message>
-        <source>Only pictures, fonts and ZIP archives of fonts can be opened</source>
-        <translation>Nur Bilder, Schriften und ZIP-Archive mit Schriften lassen sich öffnen</translation>
+        <source>Drop it to use it as the object</source>
+        <translation>Loslassen, um es als Objekt zu verwenden</translation>
+    </message>
+    <message>
+        <source>Drop to import fonts or 3D objects</source>
+        <translation>Loslassen, um Schriften oder 3D-Objekte zu importieren</translation>
+    </message>
+    <message>
+        <source>Only pictures, 3D objects, fonts and ZIP archives of them can be opened</source>
+        <translation>Nur Bilder, 3D-Objekte, Schriften und ZIP-Archive davon lassen sich öffnen</translation>
     </message>
 </context>
 <context>
@@ -643,14 +740,6 @@
         <translation>3D-Objekt importieren</translation>
     </message>
     <message>
-        <source>3D objects cannot be imported yet</source>
-        <translation>3D-Objekte lassen sich noch nicht importieren</translation>
-    </message>
-    <message>
-        <source>A later version will open your own objects here. Until then, choose one of the shapes.</source>
-        <translation>Eine spätere Version öffnet hier eigene Objekte. Wähle bis dahin eine der Formen.</translation>
-    </message>
-    <message>
         <source>Import</source>
         <translation>Importieren</translation>
     </message>
@@ -719,6 +808,185 @@
     <message>
         <source>There is no picture on the clipboard</source>
         <translation>In der Zwischenablage ist kein Bild</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::ObjInfo</name>
+    <message>
+        <source>Ambient texture: </source>
+        <translation>Textur des Umgebungslichts: </translation>
+    </message>
+    <message>
+        <source>Diffuse texture: </source>
+        <translation>Textur der Farbe: </translation>
+    </message>
+    <message>
+        <source>Specular color: </source>
+        <translation>Farbe des Glanzes: </translation>
+    </message>
+    <message>
+        <source>Specular highlight: </source>
+        <translation>Stärke des Glanzes: </translation>
+    </message>
+    <message>
+        <source>Alpha texture: </source>
+        <translation>Textur der Deckkraft: </translation>
+    </message>
+    <message>
+        <source>File: </source>
+        <translation>Datei: </translation>
+    </message>
+    <message>
+        <source>Wavefront .obj File: </source>
+        <translation>Wavefront .obj, Datei: </translation>
+    </message>
+    <message>
+        <source>Material template library: </source>
+        <translation>Bibliothek der Materialien: </translation>
+    </message>
+    <message>
+        <source>Universal Scene Description (Usdz) File:</source>
+        <translation>Universal Scene Description (Usdz), Datei:</translation>
+    </message>
+    <message>
+        <source>🚫 File not found.</source>
+        <translation>🚫 Die Datei gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>🚫 Unknown error.</source>
+        <translation>🚫 Unbekannter Fehler.</translation>
+    </message>
+    <message>
+        <source>🚫 File %1 not found.</source>
+        <translation>🚫 Die Datei %1 fehlt.</translation>
+    </message>
+    <message>
+        <source>✅ File %1 is at its place.</source>
+        <translation>✅ Die Datei %1 ist an ihrem Platz.</translation>
+    </message>
+    <message>
+        <source>🚫 Couldn&apos;t read .mtl file.</source>
+        <translation>🚫 Die .mtl-Datei lässt sich nicht lesen.</translation>
+    </message>
+    <message>
+        <source>%1 image is referenced in the .mtl library:</source>
+        <translation>%1 Bild wird in der .mtl-Bibliothek genannt:</translation>
+    </message>
+    <message>
+        <source>%1 images are referenced in the .mtl library:</source>
+        <translation>%1 Bilder werden in der .mtl-Bibliothek genannt:</translation>
+    </message>
+    <message>
+        <source>✅ The image %1 is at its place.</source>
+        <translation>✅ Das Bild %1 ist an seinem Platz.</translation>
+    </message>
+    <message>
+        <source>⚠️ The image %1 is missing.</source>
+        <translation>⚠️ Das Bild %1 fehlt.</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::ObjectController</name>
+    <message>
+        <source>3D objects, their parts, archives (%1)</source>
+        <translation>3D-Objekte, ihre Teile, Archive (%1)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Zelvo lets you import USDZ &amp; Wavefront .obj files, their associated material .mtl files and thereby the import of textures in form of (png &amp; jpeg) images. Zip files are unzipped to the one main directory.</source>
+        <translation>Mit Zelvo lassen sich USDZ- und Wavefront-.obj-Dateien importieren, die .mtl-Dateien mit ihren Materialien, und damit auch Texturen als Bilder (png und jpeg). Zip-Dateien werden in den einen gemeinsamen Ordner entpackt.</translation>
+    </message>
+    <message>
+        <source>glTF, GLB and STL files can be imported as well. You can also drop files or a folder on the window.</source>
+        <translation>Auch glTF-, GLB- und STL-Dateien lassen sich importieren. Dateien oder ein Ordner können auch auf das Fenster gezogen werden.</translation>
+    </message>
+    <message>
+        <source>Does an object not look as it should? Send its files, with a picture of what you expect, to the people from whom you have Zelvo.</source>
+        <translation>Sieht ein Objekt nicht so aus, wie es soll? Dann bitte seine Dateien, mit einem Bild davon, wie es aussehen soll, an die Leute schicken, von denen Sie Zelvo haben.</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>USDZ &amp; Wavefront .obj</source>
+        <translation>USDZ &amp; Wavefront .obj</translation>
+    </message>
+    <message>
+        <source>3D Import</source>
+        <translation>3D-Import</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::ObjectImporter</name>
+    <message>
+        <source>Unsupported file type.</source>
+        <translation>Diese Art von Datei wird nicht unterstützt.</translation>
+    </message>
+    <message>
+        <source>No 3D files found in ZIP</source>
+        <translation>Keine 3D-Dateien im ZIP gefunden</translation>
+    </message>
+    <message>
+        <source>Not everything could be imported</source>
+        <translation>Nicht alles ließ sich importieren</translation>
+    </message>
+    <message>
+        <source>The folder cannot be imported</source>
+        <translation>Der Ordner lässt sich nicht importieren</translation>
+    </message>
+    <message>
+        <source>No 3D files found in the folder</source>
+        <translation>Keine 3D-Dateien im Ordner gefunden</translation>
+    </message>
+    <message>
+        <source>This is no name for a file.</source>
+        <translation>So kann eine Datei nicht heißen.</translation>
+    </message>
+    <message>
+        <source>There is a file of this name already.</source>
+        <translation>Es gibt schon eine Datei mit diesem Namen.</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::ObjectInfoController</name>
+    <message>
+        <source>Loading …</source>
+        <translation>Wird geladen …</translation>
+    </message>
+    <message>
+        <source>Loading … %1 %</source>
+        <translation>Wird geladen … %1 %</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::ObjectLoading</name>
+    <message>
+        <source>Loading %1 …</source>
+        <translation>%1 wird geladen …</translation>
+    </message>
+    <message>
+        <source>Loading the pictures of %1 …</source>
+        <translation>Bilder von %1 werden geladen …</translation>
+    </message>
+    <message>
+        <source>The object cannot be opened.</source>
+        <translation>Das Objekt lässt sich nicht öffnen.</translation>
+    </message>
+    <message>
+        <source>%1 is not complete.</source>
+        <translation>%1 ist nicht vollständig.</translation>
     </message>
 </context>
 <context>

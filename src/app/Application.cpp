@@ -163,8 +163,7 @@ void Application::keepWindowPlace() {
 }
 
 void Application::open(const std::vector<std::filesystem::path>& files) {
-    for (const auto& file : files)
-        (void)main.openURL(QUrl::fromLocalFile(QString::fromStdString(file.string())));
+    (void)main.open(files);
 }
 
 void prepareGraphics() {

@@ -287,7 +287,7 @@ void addWindow(CLI::App& app, WindowCommand& options) {
     app.add_option(
            "FILES",
            options.files,
-           "Pictures, fonts and ZIP archives of fonts to open in the window")
+           "Pictures, 3D objects with their parts, fonts, folders or ZIP archives to open in the window")
         ->check(CLI::ExistingPath.description(""))
         ->type_name("");
     app.add_flag(

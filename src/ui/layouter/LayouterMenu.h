@@ -9,6 +9,7 @@
 #include "ui/controls/Services.h"
 #include "ui/controls/TabStackView.h"
 #include "ui/imports/FontImportViewController.h"
+#include "ui/imports/ObjectController.h"
 #include "ui/layouter/Inspirator.h"
 #include "ui/layouter/NodePicker.h"
 
@@ -53,7 +54,8 @@ enum class CurrentOption {
 /// The strip of the root is the Inspirator.
 class LayouterMenu final : public QObject,
                            public GestureDelegate,
-                           public FontImportViewControllerDelegate {
+                           public FontImportViewControllerDelegate,
+                           public ObjectImportVCDelegate {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("")
@@ -150,8 +152,11 @@ public:
     /// The title of the music, for its tab; empty: there is no music.
     void setAudioTitle(const QString& title);
 
-    /// Imports an object of the user as the shape.
-    void showObjectImport();
+    /// Opens the screen of imported objects; set by the owner.
+    std::function<void()> presentObjectImport;
+    void showObjectImport() const;
+    /// The user has picked an object: it is the shape of the object node, if that is selected.
+    void objectChosen(const scene::SCNNodePtr& node) override;
 
     [[nodiscard]] bool isBackVisible() const;
 

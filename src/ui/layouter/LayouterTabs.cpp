@@ -8,7 +8,6 @@
 #include "platform/text/SystemFontIndex.h"
 #include "shared/Palette.h"
 #include "shared/Thumbnail.h"
-#include "ui/controls/Alerts.h"
 #include "ui/layouter/ColorPickers.h"
 #include "ui/layouter/FontStrip.h"
 #include "ui/layouter/FormPanel.h"
@@ -264,11 +263,19 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeShapeStrip() {
     return made;
 }
 
-void LayouterMenu::showObjectImport() {
-    services.alerts.showAlert(
-        tr("3D objects cannot be imported yet").toStdString(),
-        tr("A later version will open your own objects here. Until then, choose one of the shapes.")
-            .toStdString());
+void LayouterMenu::showObjectImport() const {
+    if (presentObjectImport)
+        presentObjectImport();
+}
+
+void LayouterMenu::objectChosen(const scene::SCNNodePtr& node) {
+    const auto media = std::dynamic_pointer_cast<content::MediaNode>(currentNode_);
+    if (!media)
+        return;
+    media->setCustomNode(node);
+    if (auto* const shapes = qobject_cast<ButtonStrip*>(strip.get());
+        currentOption_ == CurrentOption::shape && shapes != nullptr)
+        shapes->selectFirst(Strip::Motion::animated);
 }
 
 LayouterMenu::LaterPtr<QObject> LayouterMenu::makeMaskStrip() const {

@@ -26,12 +26,16 @@ QString DropTarget::promise() const {
     switch (offer) {
     case Offer::picture:
         return tr("Drop it to use it as the image");
+    case Offer::object:
+        return tr("Drop it to use it as the object");
     case Offer::fonts:
         return tr("Drop to import fonts");
+    case Offer::archive:
+        return tr("Drop to import fonts or 3D objects");
     case Offer::link:
         return tr("This is a link. Save the picture as a file first.");
     case Offer::unknown:
-        return tr("Only pictures, fonts and ZIP archives of fonts can be opened");
+        return tr("Only pictures, 3D objects, fonts and ZIP archives of them can be opened");
     case Offer::none:
         break;
     }

@@ -24,7 +24,7 @@ public:
 
     /// Whether what is being dragged over it can be opened.
     [[nodiscard]] bool isWelcome() const {
-        return offer == Offer::picture || offer == Offer::fonts;
+        return offer != Offer::none && offer != Offer::link && offer != Offer::unknown;
     }
 
 Q_SIGNALS:

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/FileSystem.h"
 
+#include "platform/archive/Archive.h"
+#include "platform/object/reading/Words.h"
 #include "ui/controls/Alerts.h"
 #include "ui/imports/FontImporter.h"
+#include "ui/imports/ObjectImporter.h"
 #include "ui/imports/PictureImporter.h"
 
 #include <QMimeData>
@@ -28,8 +31,15 @@ constexpr std::array kPictureTypes{
     "image/bmp"};
 
 Offer kindOf(const std::filesystem::path& file) {
-    if (FontImporter::isFont(file) || FontImporter::isArchive(file))
+    std::error_code error;
+    if (FontImporter::isFont(file))
         return Offer::fonts;
+    if (FontImporter::isArchive(file))
+        return Offer::archive;
+    const bool isLibrary = object::lowered(file.extension().string()) == ".mtl";
+    if (isLibrary || objectFileKind(file) == ObjectFile::object ||
+        std::filesystem::is_directory(file, error))
+        return Offer::object;
     const QMimeType type = QMimeDatabase().mimeTypeForFile(QString::fromStdString(file.string()));
     return type.name().startsWith("image/") ? Offer::picture : Offer::unknown;
 }
@@ -74,7 +84,49 @@ bool hasPicture(const QMimeData& data) {
 
 } // namespace
 
-bool FileSystem::open(const std::filesystem::path& file) {
+bool FileSystem::open(const std::vector<std::filesystem::path>& files) {
+    const bool hasObject = std::ranges::any_of(
+        files, [](const std::filesystem::path& file) { return kindOf(file) == Offer::object; });
+    std::vector<std::filesystem::path> together;
+    bool isAll = true;
+    for (const std::filesystem::path& file : files) {
+        const bool isPart = kindOf(file) == Offer::object ||
+                            (hasObject && objectFileKind(file) == ObjectFile::part);
+        std::error_code error;
+        if (isPart && std::filesystem::exists(file, error))
+            together.push_back(file);
+        else
+            isAll = openAlone(file) && isAll;
+    }
+    return (together.empty() || importObjects(together)) && isAll;
+}
+
+bool FileSystem::importObjects(const std::vector<std::filesystem::path>& files) {
+    const auto imported = objects.importFiles(files);
+    if (!imported.empty() && showObject)
+        showObject(imported.front());
+    return !imported.empty();
+}
+
+/// It may have objects and fonts, both, or none.
+bool FileSystem::openArchive(const std::filesystem::path& file) {
+    const auto opened = archive::Archive::open(file);
+    const auto has = [&opened](auto isWanted) {
+        return opened && std::ranges::any_of(
+                             opened->files(), [&isWanted](const archive::ArchivedFile& entry) {
+                                 return isWanted(entry.path);
+                             });
+    };
+    const bool hasObjects = has([](const std::filesystem::path& entry) {
+        return objectFileKind(entry) == ObjectFile::object;
+    });
+    const bool isImported = hasObjects && importObjects({file});
+    if (hasObjects && !has(&FontImporter::isFont))
+        return isImported;
+    return FontImporter(services).importFile(file) || isImported;
+}
+
+bool FileSystem::openAlone(const std::filesystem::path& file) {
     const auto refuse = [&](const QString& title) {
         services.alerts.showAlert(title.toStdString(), file.filename().string());
         return false;
@@ -85,7 +137,10 @@ bool FileSystem::open(const std::filesystem::path& file) {
         return refuse(tr("There is no such file."));
     if (!std::filesystem::is_regular_file(status))
         return refuse(tr("This is not a file."));
-    if (kindOf(file) != Offer::picture)
+    const Offer kind = kindOf(file);
+    if (kind == Offer::archive)
+        return openArchive(file);
+    if (kind != Offer::picture)
         return FontImporter(services).importFile(file);
     pictures.load(file);
     return true;
@@ -93,7 +148,7 @@ bool FileSystem::open(const std::filesystem::path& file) {
 
 bool FileSystem::open(const QUrl& url) {
     if (url.isLocalFile() || url.scheme().isEmpty())
-        return open(std::filesystem::path(url.toLocalFile().toStdString()));
+        return open(std::vector{std::filesystem::path(url.toLocalFile().toStdString())});
     services.alerts.showAlert(
         tr("Links cannot be opened.").toStdString(),
         tr("Save the picture as a file. Then drop the file here.").toStdString());
@@ -102,10 +157,13 @@ bool FileSystem::open(const QUrl& url) {
 
 bool FileSystem::open(const QMimeData& data) {
     const QStringList files = filesIn(data);
-    for (const QString& file : files)
-        (void)open(std::filesystem::path(file.toStdString()));
-    if (!files.isEmpty())
+    if (!files.isEmpty()) {
+        std::vector<std::filesystem::path> paths;
+        for (const QString& file : files)
+            paths.emplace_back(file.toStdString());
+        (void)open(paths);
         return true;
+    }
     if (const QByteArray picture = pictureIn(data); !picture.isEmpty()) {
         pictures.load(picture);
         return true;

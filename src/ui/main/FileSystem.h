@@ -6,36 +6,46 @@
 #include <QCoreApplication>
 
 #include <filesystem>
+#include <functional>
+#include <vector>
 
 class QMimeData;
 class QUrl;
 
 namespace zelvo::ui {
 
+class ObjectImporter;
 class PictureImporter;
 
 /// What something from outside is good for.
 enum class Offer {
     none,    ///< there is nothing
+    object,  ///< a 3D object, maybe with its parts, or a folder of them
     picture, ///< for the image node
-    fonts,   ///< font files or archives
+    fonts,   ///< font files
+    archive, ///< of fonts or 3D objects
     link,    ///< to another machine; nothing is fetched from there
     unknown
 };
 
 /// Opens what comes from outside: from the command line, a file dialog, a drop or the clipboard. It
-/// decides by the type: that of fonts and archives is told by the name, that of pictures by the
-/// name or else the content.
+/// decides by the type: that of fonts, objects and archives is told by the name, that of pictures by
+/// the name or else the content. Pictures that come together with an object are its textures.
 class FileSystem {
     Q_DECLARE_TR_FUNCTIONS(zelvo::ui::FileSystem)
 
 public:
-    FileSystem(const Services& given, PictureImporter& pictureImporter)
+    FileSystem(
+        const Services& given, PictureImporter& pictureImporter, ObjectImporter& objectImporter)
         : services(given)
-        , pictures(pictureImporter) {}
+        , pictures(pictureImporter)
+        , objects(objectImporter) {}
 
-    /// Whether there was something to do with it; otherwise an alert says why not.
-    [[nodiscard]] bool open(const std::filesystem::path& file);
+    /// Called with the first object of those that were imported; set by the owner.
+    std::function<void(const std::filesystem::path&)> showObject;
+
+    /// Whether there was something to do with each of them; otherwise an alert says why not.
+    [[nodiscard]] bool open(const std::vector<std::filesystem::path>& files);
     [[nodiscard]] bool open(const QUrl& url);
 
     /// Opens local files, the data of a picture, or the file of a path that is given as text.
@@ -46,8 +56,13 @@ public:
     [[nodiscard]] static Offer offerOf(const QMimeData& data);
 
 private:
+    [[nodiscard]] bool openAlone(const std::filesystem::path& file);
+    [[nodiscard]] bool openArchive(const std::filesystem::path& file);
+    [[nodiscard]] bool importObjects(const std::vector<std::filesystem::path>& files);
+
     Services services;
     PictureImporter& pictures;
+    ObjectImporter& objects;
 };
 
 } // namespace zelvo::ui

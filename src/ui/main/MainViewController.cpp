@@ -5,6 +5,7 @@
 #include "platform/foundation/Folders.h"
 #include "ui/controls/Alerts.h"
 #include "ui/imports/FontImportViewController.h"
+#include "ui/imports/ObjectController.h"
 #include "ui/layouter/LayouterMenu.h"
 #include "ui/menus/ActionsMenu.h"
 #include "ui/menus/VideoAlertViewController.h"
@@ -27,6 +28,7 @@ constexpr double kHintShare = 1 / 1.5; ///< share of the window's width
 constexpr double kHintAspect = 9.0 / 16;
 constexpr const char* kStylePanel = "LayouterMenu"; ///< names of their views
 constexpr const char* kCataloguePanel = "ActionsMenu";
+constexpr const char* kObjectScreen = "ObjectImport";
 constexpr const char* kHintMovie = "HintRecordAction.mp4";
 
 } // namespace
@@ -42,12 +44,15 @@ MainViewController::MainViewController(const Services& given)
     , visualizer(services.runLoop)
     , cameraGestures(services.model.actionController().gestures)
     , pictures(services)
-    , files(services, pictures)
+    , objects(services)
+    , loading(services)
+    , files(services, pictures, objects)
     , valueLabel(services.runLoop)
     , progressView(services)
     , blurCover(services.runLoop) {
     wire();
     wirePictures();
+    wireObjects();
     viewDidLoad();
 }
 
@@ -89,6 +94,31 @@ void MainViewController::wirePictures() {
         if (LayouterMenu* const panel = layouter())
             panel->imageDidChange();
     };
+}
+
+void MainViewController::wireObjects() {
+    files.showObject = [this](const std::filesystem::path& file) {
+        if (qobject_cast<ObjectController*>(screen()) == nullptr) // there the user chooses
+            loadObject(file);
+    };
+    loading.didLoad = [this](const scene::SCNNodePtr& node) {
+        if (auto* const list = qobject_cast<ObjectController*>(screen()); list != nullptr) {
+            list->didLoad(node);
+            return;
+        }
+        const content::MediaNodePtr media = services.model.nodes().mediaNode;
+        LayouterMenu* const panel = layouter();
+        if (panel != nullptr && panel->currentNode() == media)
+            panel->objectChosen(node);
+        else
+            media->setCustomNode(node);
+    };
+}
+
+void MainViewController::loadObject(const std::filesystem::path& file) {
+    if (LayouterMenu* const panel = layouter())
+        panel->setCurrentNode(services.model.nodes().mediaNode);
+    loading.load(file);
 }
 
 LayouterMenu* MainViewController::layouter() const {
@@ -154,6 +184,7 @@ void MainViewController::showLayouterMenu() {
     menu->inspirator.fadeScene =
         lifetime.guard([this](double alpha, double seconds) { fadeScene(alpha, seconds); });
     menu->presentFontImport = lifetime.guard([this] { showFontImport(); });
+    menu->presentObjectImport = lifetime.guard([this] { showObjectImport(); });
     menu->openPicture = lifetime.guard([this](const QUrl& file) { (void)openURL(file); });
     LayouterMenu& panel = *menu;
     setPanel(menu.release(), kStylePanel);
@@ -228,6 +259,7 @@ void MainViewController::present(QObject* controller, const char* view) {
         controller->setParent(this);
     screenView_ = QString::fromLatin1(view);
     pictures.setHeld(controller != nullptr);
+    loading.setHeld(controller != nullptr && screenView_ != kObjectScreen);
     valueLabel.dismiss(); // its message belongs to the screen before
     Q_EMIT screenChanged();
 }
@@ -270,8 +302,27 @@ void MainViewController::showFontImport() {
     present(sheet.release(), "FontImport");
 }
 
+void MainViewController::showObjectImport() {
+    if (screen_)
+        return;
+    auto sheet = std::make_unique<ObjectController>(services, objects);
+    if (auto* const menu = layouter(); menu != nullptr)
+        sheet->setDelegate(*menu, menu->ownLifetime());
+    sheet->load = [this](const std::filesystem::path& file) { loading.load(file); };
+    connect(sheet.get(), &ObjectController::dismissed, this, &MainViewController::dismissScreen);
+    present(sheet.release(), kObjectScreen);
+}
+
 bool MainViewController::openURL(const QUrl& url) {
     return files.open(url);
+}
+
+bool MainViewController::open(const QMimeData& data) {
+    auto* const list = qobject_cast<ObjectController*>(screen());
+    if (list == nullptr || !data.hasUrls())
+        return files.open(data);
+    list->importFrom(data.urls());
+    return true;
 }
 
 void MainViewController::paste() {
@@ -281,9 +332,14 @@ void MainViewController::paste() {
 }
 
 void MainViewController::showOffer(Offer kind) {
-    const bool isPicture = kind == Offer::picture;
+    const stage::Nodes& nodes = services.model.nodes();
+    node::NodePtr target;
+    if (kind == Offer::picture)
+        target = nodes.imageNode;
+    if (kind == Offer::object)
+        target = nodes.mediaNode;
     if (LayouterMenu* const panel = layouter())
-        panel->pointAt(isPicture ? services.model.nodes().imageNode : nullptr);
+        panel->pointAt(target);
 }
 
 void MainViewController::handlePinch(const PinchGesture& pinch) {

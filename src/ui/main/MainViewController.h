@@ -7,6 +7,8 @@
 #include "ui/controls/MyButton.h"
 #include "ui/controls/Services.h"
 #include "ui/controls/ValueLabel.h"
+#include "ui/imports/ObjectImporter.h"
+#include "ui/imports/ObjectLoading.h"
 #include "ui/imports/PictureImporter.h"
 #include "ui/main/FileSystem.h"
 #include "ui/main/IdleTimer.h"
@@ -24,8 +26,10 @@
 #include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
+#include <filesystem>
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace zelvo::ui {
 
@@ -66,6 +70,7 @@ class MainViewController final : public QObject, private GestureDelegate {
     Q_PROPERTY(zelvo::ui::Alerts* alerts READ alertsObject CONSTANT)
     Q_PROPERTY(zelvo::ui::ValueLabel* valueLabel READ valueLabelObject CONSTANT)
     Q_PROPERTY(zelvo::ui::BlurCover* blurCover READ blurCoverObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::ObjectLoading* loading READ loadingObject CONSTANT)
     Q_PROPERTY(zelvo::ui::Visualizer* visualizer READ visualizerObject CONSTANT)
 
 public:
@@ -98,11 +103,17 @@ public:
     void setEditing(bool enabled);
     /// Opens the screen of imported fonts for the style panel.
     void showFontImport();
+    /// Opens the screen of imported objects for the style panel.
+    void showObjectImport();
     /// Whether the program has accepted the file.
     Q_INVOKABLE bool openURL(const QUrl& url);
 
-    /// Opens what was dropped or copied: files or a picture. Whether there was any.
-    bool open(const QMimeData& data) { return files.open(data); }
+    /// Opens files that belong together, such as an object and its textures.
+    bool open(const std::vector<std::filesystem::path>& given) { return files.open(given); }
+
+    /// Opens what was dropped or copied: files or a picture. Whether there was any. While imported
+    /// objects are listed, files go into the list.
+    bool open(const QMimeData& data);
 
     /// Opens what is on the clipboard.
     Q_INVOKABLE void paste();
@@ -153,6 +164,8 @@ public:
 
     [[nodiscard]] BlurCover* blurCoverObject() { return &blurCover; }
 
+    [[nodiscard]] ObjectLoading* loadingObject() { return &loading; }
+
     [[nodiscard]] Visualizer* visualizerObject() { return &visualizer; }
 
     Visualizer visualizer;
@@ -192,12 +205,16 @@ private:
     /// Runs the call in the next turn of the loop, unless this object is gone by then.
     [[nodiscard]] std::function<void()> posted(std::function<void()> call) const;
     void wirePictures();
+    void wireObjects();
+    void loadObject(const std::filesystem::path& file);
     /// Null while another panel is shown.
     [[nodiscard]] LayouterMenu* layouter() const;
 
     CameraGestures cameraGestures;
     IdleTimer idleTimer;
     PictureImporter pictures;
+    ObjectImporter objects;
+    ObjectLoading loading;
     FileSystem files;
     ValueLabel valueLabel;
     ProgressView progressView;

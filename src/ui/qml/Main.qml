@@ -63,14 +63,26 @@ Window {
             width: Math.min(implicitWidth, parent.width - 24)
             controller: root.main.valueLabel
         }
+        LoadingNotice {
+            anchors.horizontalCenter: parent.horizontalCenter
+            y: root.main.topHeight + 12
+            controller: root.main.loading
+        }
         AlertHost {
             anchors.fill: parent
             alerts: root.main.alerts
         }
     }
+    Shortcut {
+        sequence: "Escape"
+        enabled: root.main.loading.isLoading && !root.main.alerts.isShowing
+        onActivated: root.main.loading.giveUp()
+    }
     DropCover {
+        readonly property bool isImporting: root.main.screenView === "FontImport" || root.main.screenView === "ObjectImport"
+
         anchors.fill: parent
-        enabled: keyboard.enabled || (root.main.screenView === "FontImport" && !root.main.alerts.isShowing)
+        enabled: keyboard.enabled || (isImporting && !root.main.alerts.isShowing)
         main: root.main
     }
     TouchVisualizer {

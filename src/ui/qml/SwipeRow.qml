@@ -2,17 +2,21 @@
 import QtQuick
 import Zelvo
 
-// A row of a list that can be deleted. A drag to the left opens "Delete". A row under the pointer,
-// or with the keyboard focus, also has a button for it. The content is between the left margin and
-// that button.
+// A row of a list that can be deleted. A drag to the left opens "Delete", and a second action if it
+// has a title. A row under the pointer, or with the keyboard focus, also has buttons for them. The
+// content is between the left margin and these buttons, the accessory at the right end.
 Item {
     id: root
 
     property string name // what the row is called when it is read out, and on its button
     property bool isCurrent
     property bool isOpen
+    property string secondTitle // empty: there is no second action
+    property string secondName: secondTitle
     default property alias content: place.data
-    readonly property real openWidth: 96
+    property alias accessory: end.data
+    readonly property real actionWidth: 96
+    readonly property real openWidth: secondTitle === "" ? actionWidth : 2 * actionWidth
     readonly property real rest: isOpen ? -openWidth : 0
     readonly property real dragged: Math.max(-1.4 * openWidth, Math.min(0, rest + swipe.activeTranslation.x))
 
@@ -21,6 +25,7 @@ Item {
     signal opened
     signal closed
     signal deleted
+    signal secondChosen
 
     clip: true
 
@@ -62,7 +67,7 @@ Item {
 
             anchors.left: parent.left
             anchors.leftMargin: 18
-            anchors.right: remover.left
+            anchors.right: buttons.left
             height: parent.height
         }
         Rectangle {
@@ -76,19 +81,37 @@ Item {
         TapHandler {
             onTapped: root.tap()
         }
-        ScreenButton {
-            id: remover
+        Row {
+            id: buttons
+
+            anchors.right: end.left
+            anchors.verticalCenter: parent.verticalCenter
+            opacity: !root.isOpen && (hover.hovered || root.isCurrent) ? 1 : 0
+            enabled: opacity > 0
+
+            ScreenButton {
+                visible: root.secondTitle !== ""
+                text: root.secondTitle
+                name: root.secondName
+                tint: Theme.howto
+                focusPolicy: Qt.NoFocus
+                onClicked: root.secondChosen()
+            }
+            ScreenButton {
+                text: qsTr("Delete")
+                name: qsTr("Delete %1").arg(root.name)
+                tint: Theme.record
+                focusPolicy: Qt.NoFocus
+                onClicked: root.deleted()
+            }
+        }
+        Item {
+            id: end
 
             anchors.right: parent.right
             anchors.rightMargin: 8
-            anchors.verticalCenter: parent.verticalCenter
-            text: qsTr("Delete")
-            name: qsTr("Delete %1").arg(root.name)
-            tint: Theme.record
-            focusPolicy: Qt.NoFocus
-            opacity: !root.isOpen && (hover.hovered || root.isCurrent) ? 1 : 0
-            enabled: opacity > 0
-            onClicked: root.deleted()
+            width: childrenRect.width
+            height: parent.height
         }
     }
     Rectangle { // slides over the row, so that the text stays readable
@@ -106,11 +129,27 @@ Item {
         }
 
         ScreenButton {
-            anchors.fill: parent
+            anchors.right: parent.right
+            width: root.secondTitle === "" ? parent.width : root.actionWidth
+            height: parent.height
             text: qsTr("Delete")
             name: qsTr("Delete %1").arg(root.name)
             focusPolicy: Qt.NoFocus
             onClicked: root.deleted()
+        }
+        Rectangle {
+            width: parent.width - root.actionWidth
+            height: parent.height
+            color: Theme.howto
+            visible: root.secondTitle !== ""
+
+            ScreenButton {
+                anchors.fill: parent
+                text: root.secondTitle
+                name: root.secondName
+                focusPolicy: Qt.NoFocus
+                onClicked: root.secondChosen()
+            }
         }
     }
     HoverHandler {

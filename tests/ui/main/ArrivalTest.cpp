@@ -3,8 +3,10 @@
 #include "image/ImageFiles.h"
 #include "support/TemporaryFolder.h"
 #include "ui/UiFixture.h"
+#include "ui/imports/ObjectController.h"
 #include "ui/layouter/ImagePanel.h"
 #include "ui/layouter/LayouterMenu.h"
+#include "ui/layouter/Strips.h"
 #include "ui/main/MainViewController.h"
 
 #include <gtest/gtest.h>
@@ -117,7 +119,7 @@ TEST_F(ArrivalTest, WhatCannotBeOpenedIsNamedWithItsCause) {
     // clang-format off
     const Row rows[] = {
         {folder.path() / "none.png",        "There is no such file.", "none.png"                   },
-        {folder.path(),                     "This is not a file.",    ""                           },
+        {folder.path(),                     "No 3D files found in the folder", ""                  },
         {folder.path() / "pipe.png",        "This is not a file.",    "pipe.png"                   },
         {write("empty.png", ""),            picture,                  "empty.png: the file is empty"},
         {folder.path() / "cut.png",         picture,                  "cut.png: the picture is damaged"},
@@ -178,6 +180,83 @@ TEST_F(ArrivalTest, DropsAndPastesBringFilesPicturesOrPaths) {
     EXPECT_EQ(FileSystem::offerOf(link), Offer::link);
     EXPECT_EQ(opened(link), 0);
     EXPECT_EQ(alerts.title(), "Links cannot be opened.");
+}
+
+TEST_F(ArrivalTest, AnObjectComesOntoTheStageWithItsPartsAndNamesWhatIsMissing) {
+    const auto& media = *nodes.mediaNode;
+    const image::ImagePtr before = node.image();
+    const auto triangle = [](const std::string& material) {
+        return "mtllib a.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\nusemtl " + material + "\nf 1 2 3\n";
+    };
+    QMimeData data;
+    data.setUrls(
+        {url(picture("hull.png", 4, 4)),
+         url(write("a.obj", triangle("red"))),
+         url(write("a.mtl", "newmtl red\nmap_Kd hull.png\nnewmtl blue\nmap_Kd none.png\n"))});
+    EXPECT_EQ(FileSystem::offerOf(data), Offer::object);
+    EXPECT_TRUE(main.open(data));
+    EXPECT_EQ(panel().currentNode(), nodes.mediaNode);
+    loop().runFor(1);
+    const scene::SCNNodePtr first = media.customNode();
+    ASSERT_NE(first, nullptr);
+    EXPECT_FALSE(alerts.isShowing());
+    EXPECT_EQ(node.image(), before) << "the picture is a texture";
+    EXPECT_TRUE(qobject_cast<ButtonStrip*>(panel().stripObject())->firstButton()->isMySelected());
+
+    EXPECT_TRUE(main.open({write("b.obj", triangle("blue"))}));
+    loop().runFor(1);
+    EXPECT_EQ(alerts.title(), "b.obj is not complete.");
+    EXPECT_EQ(alerts.message(), "the picture none.png is missing");
+    alerts.accept();
+    const scene::SCNNodePtr second = media.customNode();
+    EXPECT_NE(second, first);
+
+    EXPECT_TRUE(main.open({write("broken.usdz", "PK")}));
+    loop().runFor(1);
+    EXPECT_EQ(alerts.title(), "The object cannot be opened.");
+    EXPECT_TRUE(alerts.message().startsWith("broken.usdz: "));
+    alerts.accept();
+    EXPECT_TRUE(main.open({folder.path() / "a.obj"}));
+    EXPECT_TRUE(main.loadingObject()->isLoading());
+    main.loadingObject()->giveUp();
+    loop().runFor(1);
+    EXPECT_EQ(media.customNode(), second);
+}
+
+TEST_F(ArrivalTest, TheListOfObjectsPutsAChosenOneOnTheStageAndAMovieStaysAsItIs) {
+    const auto object = [this](const std::string& name) {
+        return write(name, "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
+    };
+    panel().setCurrentNodeFromButton(3);
+    panel().showObjectImport();
+    auto* list = qobject_cast<ObjectController*>(main.screen());
+    ASSERT_NE(list, nullptr);
+    QMimeData data;
+    data.setUrls({url(picture("a.png", 4, 4)), url(object("b.obj"))});
+    EXPECT_TRUE(main.open(data));
+    loop().runFor(1);
+    EXPECT_EQ(list->rows().size(), 2);
+    EXPECT_EQ(nodes.mediaNode->customNode(), nullptr) << "the user has chosen none";
+    list->pickRow(0);
+    loop().runFor(1);
+    EXPECT_EQ(alerts.message(), "a.png: this is no 3D object; use a USDZ, OBJ, glTF or STL file");
+    alerts.accept();
+    EXPECT_NE(main.screen(), nullptr);
+    list->pickRow(1);
+    loop().runFor(1);
+    EXPECT_EQ(main.screen(), nullptr);
+    const scene::SCNNodePtr chosen = nodes.mediaNode->customNode();
+    EXPECT_NE(chosen, nullptr);
+
+    record("Drop", 1, 1);
+    main.setEditing(true);
+    EXPECT_TRUE(main.open({object("c.obj")}));
+    main.share();
+    ASSERT_NE(main.screen(), nullptr);
+    loop().drain();
+    EXPECT_EQ(nodes.mediaNode->customNode(), chosen);
+    QMetaObject::invokeMethod(main.screen(), "dismissed");
+    EXPECT_NE(nodes.mediaNode->customNode(), chosen);
 }
 
 TEST_F(ArrivalTest, TwoTapsOnTheImageAskWhereThePictureIs) {
