@@ -96,7 +96,7 @@ TEST(LineLayout, AMarkStandsOverItsLetterHoweverTallThatIs) {
     }
 }
 
-TEST(LineLayout, RightToLeftTextRunsLeftwardsAndTheLineEndsBehindIt) {
+TEST(LineLayout, ALineRunsAsItsFirstLetterDoesAndEndsBehindItsLast) {
     const TextAttributes attributes = attributesOf("Abel-Regular");
 
     struct Row {
@@ -107,13 +107,13 @@ TEST(LineLayout, RightToLeftTextRunsLeftwardsAndTheLineEndsBehindIt) {
     // clang-format off
     const Row rows[] = {
         {"ab_",                 {0, 1, 2}         },
-        {"\u05D0\u05D1\u05D2_", {2, 1, 0, 3}      },
+        {"\u05D0\u05D1\u05D2_", {3, 2, 1, 0}      },
         {"a\u05D0 \u05D1b",     {0, 3, 2, 1, 4}   },
         {"\u05D0 12 \u05D1",    {5, 4, 2, 3, 1, 0}},
-        {"\u0627\u0628!",       {1, 0, 2}         },
+        {"\u0627\u0628!",       {2, 1, 0}         },
         {"\u05D0 1,2 \u05D1",   {6, 5, 2, 3, 4, 1, 0}}, // a number keeps its comma
         {"\u05D0 $1",           {2, 3, 1, 0}      },    // and its currency sign
-        {"\u05D0(\u05D1)b",     {3, 2, 1, 0, 4}   },    // brackets stay around their content
+        {"\u05D0(\u05D1)b",     {4, 3, 2, 1, 0}   },    // brackets stay around their content
         {"\u202Eab\u202Cc",     {0, 3, 2, 1, 4}   },    // reversed by an override
     };
     // clang-format on

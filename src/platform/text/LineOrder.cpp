@@ -19,7 +19,7 @@ std::vector<CharacterOrder> orderOf(std::u32string_view characters) {
     }
     fribidi_get_bidi_types(string.data(), length, types.data());
     fribidi_get_bracket_types(string.data(), length, types.data(), brackets.data());
-    FriBidiParType direction = FRIBIDI_PAR_LTR;
+    FriBidiParType direction = FRIBIDI_PAR_ON; // the first letter decides
     const bool isOrdered =
         count > 0 &&
         fribidi_get_par_embedding_levels_ex(

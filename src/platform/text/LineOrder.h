@@ -15,8 +15,8 @@ struct CharacterOrder {
     std::size_t place = 0; ///< on the line, from the left
 };
 
-/// Orders the characters of a left-to-right line by the bidirectional algorithm (UAX #9). Returns
-/// one entry for each character.
+/// Orders the characters of a line by the bidirectional algorithm (UAX #9). As in text fields, the
+/// line has the direction of its first letter. Returns one entry for each character.
 [[nodiscard]] std::vector<CharacterOrder> orderOf(std::u32string_view characters);
 
 } // namespace zelvo::text

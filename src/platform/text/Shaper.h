@@ -30,7 +30,7 @@ struct ShapedLine {
     std::vector<ShapedGlyph> glyphs; ///< from left to right
 };
 
-/// Sets a string on one line from left to right. Right-to-left parts are reversed within it.
+/// Sets a string on one line. Where it is written right to left, later letters are farther left.
 [[nodiscard]] ShapedLine shapeLine(std::string_view string, const TextAttributes& attributes);
 
 } // namespace zelvo::text
