@@ -475,8 +475,8 @@
         <translation>Loslassen, um Schriften oder 3D-Objekte zu importieren</translation>
     </message>
     <message>
-        <source>Only pictures, 3D objects, fonts and ZIP archives of them can be opened</source>
-        <translation>Nur Bilder, 3D-Objekte, Schriften und ZIP-Archive davon lassen sich öffnen</translation>
+        <source>Only pictures, videos, 3D objects, fonts and ZIP archives of them can be opened</source>
+        <translation>Nur Bilder, Videos, 3D-Objekte, Schriften und ZIP-Archive davon lassen sich öffnen</translation>
     </message>
 </context>
 <context>
@@ -1002,6 +1002,14 @@
     <message>
         <source>The picture cannot be opened.</source>
         <translation>Das Bild lässt sich nicht öffnen.</translation>
+    </message>
+    <message>
+        <source>Pictures and videos (%1)</source>
+        <translation>Bilder und Videos (%1)</translation>
+    </message>
+    <message>
+        <source>Videos (%1)</source>
+        <translation>Videos (%1)</translation>
     </message>
     <message>
         <source>Pictures (%1)</source>

@@ -287,7 +287,9 @@ void addWindow(CLI::App& app, WindowCommand& options) {
     app.add_option(
            "FILES",
            options.files,
-           "Pictures, 3D objects with their parts, fonts, folders or ZIP archives to open in the window")
+           "Pictures, videos, 3D objects with their parts, fonts, folders or ZIP archives to open "
+           "in "
+           "the window")
         ->check(CLI::ExistingPath.description(""))
         ->type_name("");
     app.add_flag(

@@ -101,7 +101,9 @@ readImageStyle(const JsonValue& value, const Names& names, Problems& problems) {
     result.line = object.lineOf("image");
     result.image = object.string("image");
     if (result.image == "")
-        problems.add(result.line, "\"image\" in node IMG must be the path of a picture file");
+        problems.add(result.line, "\"image\" in node IMG must be the path of a picture or a video");
+    result.sound = object.boolean("sound").value_or(false);
+    result.hideAtEnd = object.boolean("hideAtEnd").value_or(false);
     result.mask = object.choice("mask", "mask", names.masks);
     result.flipH = object.boolean("flipH");
     result.flipV = object.boolean("flipV");

@@ -40,9 +40,12 @@ struct TextStyle : LayoutStyle {
 
 /// The style of the image node. It shows the node, unless `visible` is false.
 struct ImageStyle : LayoutStyle {
-    int line = 1;                     ///< of `image` in the file, for error messages
-    std::optional<std::string> image; ///< path as in the file, relative to the performance
-    std::optional<std::string> mask;  ///< name of a mask
+    int line = 1; ///< of `image` in the file, for error messages
+    /// Path of a picture or a video as in the file, relative to the performance.
+    std::optional<std::string> image;
+    bool sound = false;              ///< the video's sound is the music of the movie
+    bool hideAtEnd = false;          ///< the video is hidden when it has ended
+    std::optional<std::string> mask; ///< name of a mask
     std::optional<bool> flipH;
     std::optional<bool> flipV;
     std::optional<int> quarterTurns; ///< 0 to 3, clockwise

@@ -45,6 +45,8 @@ public:
         }
         if (const auto* const audio = object.find("audio"))
             result.music = music(*audio);
+        if (result.picture && result.picture->sound)
+            takeVideoSound(result);
         result.cues =
             readCues(object, {names, result.duration.value_or(kDefaultDuration)}, problems);
         (void)object.has("$schema"); // allowed, because editors use it
@@ -55,6 +57,21 @@ public:
     Problems problems;
 
 private:
+    /// A movie has one sound, so that of a video takes the place of the music.
+    void takeVideoSound(Performance& performance) {
+        const ImageStyle& picture = *performance.picture;
+        if (performance.music || !picture.image) {
+            problems.add(
+                picture.line,
+                "\"sound\" in node IMG needs a video in \"image\" and no \"audio\": a movie has "
+                "one sound");
+            return;
+        }
+        performance.music.emplace();
+        performance.music->line = picture.line;
+        performance.music->file = *picture.image;
+    }
+
     [[nodiscard]] std::optional<Music> music(const JsonValue& value) {
         JsonObject object(value, "audio", problems);
         Music result;

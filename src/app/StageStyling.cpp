@@ -2,6 +2,7 @@
 #include "app/StageStyling.h"
 
 #include "content/ImageMask.h"
+#include "content/ImageVideo.h"
 #include "platform/foundation/Check.h"
 #include "platform/image/reading/ImageReader.h"
 
@@ -76,12 +77,31 @@ const content::ImageMaskPtr& maskNamed(const std::string& name) {
 }
 
 foundation::Result<void>
+showVideo(const ImageStyle& style, const std::filesystem::path& file, content::ImageNode& node) {
+    const auto player = media::AVPlayer::open(file);
+    if (!player)
+        return tl::unexpected(player.error());
+    content::setVideo(node, *player);
+    content::videoOf(node)->hidesWhenStopped = style.hideAtEnd;
+    return {};
+}
+
+foundation::Result<void> showPicture(const std::filesystem::path& file, content::ImageNode& node) {
+    auto picture = image::loadImage(file);
+    if (!picture)
+        return tl::unexpected(picture.error());
+    node.setImage(std::move(*picture));
+    return {};
+}
+
+foundation::Result<void>
 styleImage(const ImageStyle& style, const std::filesystem::path& folder, content::ImageNode& node) {
     if (style.image) {
-        auto picture = image::loadImage(folder / *style.image);
-        if (!picture)
-            return tl::unexpected(picture.error().in(std::to_string(style.line)));
-        node.setImage(std::move(*picture));
+        const auto file = folder / *style.image;
+        const auto shown =
+            media::isVideoFile(file) ? showVideo(style, file, node) : showPicture(file, node);
+        if (!shown)
+            return tl::unexpected(shown.error().in(std::to_string(style.line)));
     }
     if (style.mask)
         node.setCurrentMask(maskNamed(*style.mask));

@@ -23,8 +23,8 @@ const std::string kWhole = R"({
     "TX1": {"text": "NIGHT", "font": "Audiowide-Regular", "material": "Iron", "frontColor": "#FFFFFF",
             "bandColor": "#000000", "depth": 150, "bevel": 0, "profile": "rounded", "fill": "outer",
             "position": [0, 32.5, -1], "scale": 0.15, "rotation": [180, -90, 0], "visible": false},
-    "IMG": {"image": "a b.png", "mask": "Mask 12", "flipH": false, "flipV": true, "quarterTurns": 3,
-            "position": [1, 2, 3], "visible": false},
+    "IMG": {"image": "a b.png", "sound": false, "hideAtEnd": true, "mask": "Mask 12",
+            "flipH": false, "flipV": true, "quarterTurns": 3, "position": [1, 2, 3], "visible": false},
     "OBJ": {"shape": "Heart", "material": "Iron", "color": "#E6B219", "scale": 2, "rotation": [0, 0, 180]}
   },
   "audio": {"file": "a b.mp3", "in": 3.0, "end": 5.0, "preRoll": 0.5, "fade": "fadeInOut"},
@@ -93,6 +93,22 @@ TEST_F(WholePerformance, has_every_field_in_its_place) {
     EXPECT_EQ(read->picture->visible, false);
     EXPECT_EQ(read->object->shape, "Heart");
     EXPECT_EQ(read->object->color, image::Color::hex(0xE6B219));
+}
+
+TEST(PerformanceReader, takes_the_sound_of_a_video_as_the_music) {
+    const auto read = readPerformance(
+        R"({"nodes": {"IMG": {"image": "a.mp4", "sound": true}}, "cues": []})", testNames());
+    ASSERT_TRUE(read);
+    ASSERT_TRUE(read->music);
+    EXPECT_EQ(read->music->file, "a.mp4");
+    const char* const why =
+        "1: \"sound\" in node IMG needs a video in \"image\" and no \"audio\": a movie has one "
+        "sound";
+    EXPECT_EQ(problemsOf(R"({"nodes": {"IMG": {"sound": true}}, "cues": []})"), why);
+    EXPECT_EQ(
+        problemsOf(R"({"nodes": {"IMG": {"image": "a.mp4", "sound": true}},
+                       "audio": {"file": "b.mp3"}, "cues": []})"),
+        why);
 }
 
 TEST_F(WholePerformance, has_its_cues_by_time_and_those_of_one_time_in_their_order) {

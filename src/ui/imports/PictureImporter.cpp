@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/imports/PictureImporter.h"
 
+#include "content/ImageVideo.h"
 #include "model/Model.h"
 #include "platform/image/reading/ImageReader.h"
 #include "shared/Signal.h"
@@ -18,8 +19,21 @@ namespace {
 constexpr double kWordInterval = 2; ///< seconds; the word goes by itself soon after
 
 /// The usual endings of what loadImage reads.
-constexpr std::array kSuffixes{
+constexpr std::array kPictureSuffixes{
     "png", "jpg", "jpeg", "webp", "svg", "svgz", "gif", "tif", "tiff", "bmp"};
+/// The usual endings of videos.
+constexpr std::array kVideoSuffixes{
+    "mp4", "mov", "m4v", "webm", "mkv", "avi", "mpg", "mpeg", "ts", "mts", "3gp", "ogv", "wmv"};
+
+/// The desktop's dialogs mind the case.
+template <std::size_t count> QString patternsOf(const std::array<const char*, count>& suffixes) {
+    QStringList patterns;
+    for (const char* const suffix : suffixes) {
+        patterns.append(QStringLiteral("*.") + QString::fromLatin1(suffix));
+        patterns.append(patterns.back().toUpper());
+    }
+    return patterns.join(' ');
+}
 
 /// The message with the file's name in place of its path.
 std::string shortened(std::string message, const std::filesystem::path& file) {
@@ -39,9 +53,17 @@ PictureImporter::~PictureImporter() {
     ++*latest; // pictures that have not begun are not decoded any more
 }
 
+PictureImporter::Decoded
+PictureImporter::read(const std::filesystem::path& file, const IsStopped& isStopped) {
+    const auto asContent = [](auto read) { return Content(std::move(read)); };
+    if (media::isVideoFile(file))
+        return media::AVPlayer::open(file).map(asContent);
+    return image::loadImage(file, isStopped).map(asContent);
+}
+
 void PictureImporter::load(const std::filesystem::path& file) {
     begin(QString::fromStdString(file.filename().string()), [file](const IsStopped& isStopped) {
-        return image::loadImage(file, isStopped).map_error([&file](foundation::Error error) {
+        return read(file, isStopped).map_error([&file](foundation::Error error) {
             error.message = shortened(std::move(error.message), file);
             return error;
         });
@@ -49,7 +71,7 @@ void PictureImporter::load(const std::filesystem::path& file) {
 }
 
 void PictureImporter::load(const QByteArray& encoded) {
-    begin(tr("Picture"), [encoded](const IsStopped& isStopped) {
+    begin(tr("Picture"), [encoded](const IsStopped& isStopped) -> Decoded {
         return image::decodeImage(
             {reinterpret_cast<const std::uint8_t*>(encoded.data()),
              static_cast<std::size_t>(encoded.size())},
@@ -88,7 +110,7 @@ void PictureImporter::finish(std::uint64_t number, const QString& name, const De
             tr("The picture cannot be opened.").toStdString(), decoded.error().message);
         return;
     }
-    waiting = [this, name, picture = *decoded] { show(picture, name); };
+    waiting = [this, name, arrived = *decoded] { show(arrived, name); };
     setHeld(isHeld);
 }
 
@@ -98,10 +120,13 @@ void PictureImporter::setHeld(bool isOn) {
         call();
 }
 
-void PictureImporter::show(const image::ImagePtr& picture, const QString& name) const {
+void PictureImporter::show(const Content& arrived, const QString& name) const {
     content::ImageNode& node = *services.model.nodes().imageNode;
     node.resetLayout();
-    node.setImage(picture);
+    if (const auto* const video = std::get_if<std::shared_ptr<media::AVPlayer>>(&arrived))
+        content::setVideo(node, *video);
+    else
+        node.setImage(std::get<image::ImagePtr>(arrived));
     node.isVisible = true;
     node.updateVisibility();
     signals().messageSignal.fire(name.toStdString()); // in place of the size from the reset
@@ -110,12 +135,13 @@ void PictureImporter::show(const image::ImagePtr& picture, const QString& name) 
 }
 
 QStringList PictureImporter::nameFilters() {
-    QStringList patterns;
-    for (const char* const suffix : kSuffixes) { // the dialog of some desktops minds the case
-        patterns.append(QStringLiteral("*.") + QString::fromLatin1(suffix));
-        patterns.append(patterns.back().toUpper());
-    }
-    return {tr("Pictures (%1)").arg(patterns.join(' ')), tr("All files (*)")};
+    const QString pictures = patternsOf(kPictureSuffixes);
+    const QString videos = patternsOf(kVideoSuffixes);
+    return {
+        tr("Pictures and videos (%1)").arg(pictures + ' ' + videos),
+        tr("Pictures (%1)").arg(pictures),
+        tr("Videos (%1)").arg(videos),
+        tr("All files (*)")};
 }
 
 } // namespace zelvo::ui

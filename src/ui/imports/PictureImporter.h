@@ -17,12 +17,17 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <variant>
+
+namespace zelvo::media {
+class AVPlayer;
+} // namespace zelvo::media
 
 namespace zelvo::ui {
 
-/// Puts pictures of the user on the stage's image node. A picture is decoded on another thread, and
-/// the stage stays as it is until then. If several are asked for, the last one stays. A picture that
-/// cannot be read leaves the node as it is, and an alert says why.
+/// Puts pictures and videos of the user on the stage's image node. They are read on another thread,
+/// and the stage stays as it is until then. If several are asked for, the last one stays. A file
+/// that cannot be read leaves the node as it is, and an alert says why.
 class PictureImporter {
     Q_DECLARE_TR_FUNCTIONS(zelvo::ui::PictureImporter)
 
@@ -49,13 +54,16 @@ public:
     [[nodiscard]] static QStringList nameFilters();
 
 private:
-    using Decoded = foundation::Result<image::ImagePtr>;
+    using Content = std::variant<image::ImagePtr, std::shared_ptr<media::AVPlayer>>;
+    using Decoded = foundation::Result<Content>;
     using IsStopped = std::function<bool()>; ///< any thread
     using Decode = std::function<Decoded(const IsStopped&)>;
 
+    [[nodiscard]] static Decoded
+    read(const std::filesystem::path& file, const IsStopped& isStopped);
     void begin(const QString& name, Decode decode);
     void finish(std::uint64_t number, const QString& name, const Decoded& decoded);
-    void show(const image::ImagePtr& picture, const QString& name) const;
+    void show(const Content& arrived, const QString& name) const;
 
     Services services;
     /// The number of the latest picture asked for. The decoding of earlier ones stops.

@@ -35,7 +35,8 @@ QString DropTarget::promise() const {
     case Offer::link:
         return tr("This is a link. Save the picture as a file first.");
     case Offer::unknown:
-        return tr("Only pictures, 3D objects, fonts and ZIP archives of them can be opened");
+        return tr(
+            "Only pictures, videos, 3D objects, fonts and ZIP archives of them can be opened");
     case Offer::none:
         break;
     }

@@ -41,7 +41,8 @@ Offer kindOf(const std::filesystem::path& file) {
         std::filesystem::is_directory(file, error))
         return Offer::object;
     const QMimeType type = QMimeDatabase().mimeTypeForFile(QString::fromStdString(file.string()));
-    return type.name().startsWith("image/") ? Offer::picture : Offer::unknown;
+    const bool isShown = type.name().startsWith("image/") || type.name().startsWith("video/");
+    return isShown ? Offer::picture : Offer::unknown;
 }
 
 /// The files that the data names: in its list of addresses, or as text with one path.

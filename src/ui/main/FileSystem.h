@@ -21,7 +21,7 @@ class PictureImporter;
 enum class Offer {
     none,    ///< there is nothing
     object,  ///< a 3D object, maybe with its parts, or a folder of them
-    picture, ///< for the image node
+    picture, ///< or a video, for the image node
     fonts,   ///< font files
     archive, ///< of fonts or 3D objects
     link,    ///< to another machine; nothing is fetched from there
