@@ -16,6 +16,7 @@ using image::LightProbe;
 using scene::SCNWrapMode;
 
 constexpr float kMaxAnisotropy = 8;
+constexpr int kSpareFrames = 15; ///< a quarter of a second: the slowest videos
 
 GLint wrapOf(SCNWrapMode mode) {
     switch (mode) {
@@ -103,10 +104,14 @@ int levelCount(int width, int height) {
     return std::bit_width(static_cast<unsigned>(std::max(width, height)));
 }
 
-TextureHandle uploaded(const Image& picture, bool hasLevels) {
+TextureHandle makePictureTexture(const Image& picture, bool hasLevels) {
     TextureHandle texture = makeTexture(GL_TEXTURE_2D);
     const int levels = hasLevels ? levelCount(picture.width, picture.height) : 1;
     glTextureStorage2D(texture.name(), levels, GL_RGBA8, picture.width, picture.height);
+    return texture;
+}
+
+void upload(const TextureHandle& texture, const Image& picture, bool hasLevels) {
     glTextureSubImage2D(
         texture.name(),
         0,
@@ -119,7 +124,6 @@ TextureHandle uploaded(const Image& picture, bool hasLevels) {
         picture.pixels.data());
     if (hasLevels)
         glGenerateTextureMipmap(texture.name());
-    return texture;
 }
 
 template <class Map> bool dropExpired(Map& map) {
@@ -133,18 +137,35 @@ TextureStore::TextureStore(DeviceInfo deviceInfo, PictureHoles& pictureHoles)
     , holes(pictureHoles) {}
 
 std::uint32_t TextureStore::picture(const ImagePtr& picture, PictureUse use) {
-    Kept<Image>& entry = pictures[{picture.get(), use}];
+    KeptPicture& entry = pictures[{picture.get(), use}];
     // A new picture can get the address of a deleted one; then the old weak pointer has expired.
     if (entry.texture && !entry.owner.expired())
         return entry.texture.name();
     entry.owner = picture;
     const bool hasLevels = use != PictureUse::backdrop;
-    if (use != PictureUse::data && holes.isIn(picture)) {
-        entry.texture = uploaded(premultiplied(*picture), hasLevels);
-    } else {
-        entry.texture = uploaded(*picture, hasLevels);
-    }
+    const bool hasSize = entry.width == picture->width && entry.height == picture->height;
+    if (!entry.texture || !hasSize)
+        entry.texture = textureFor(*picture, hasLevels);
+    entry.width = picture->width;
+    entry.height = picture->height;
+    if (use != PictureUse::data && holes.isIn(picture))
+        upload(entry.texture, premultiplied(*picture), hasLevels);
+    else
+        upload(entry.texture, *picture, hasLevels);
     return entry.texture.name();
+}
+
+TextureHandle TextureStore::textureFor(const Image& picture, bool hasLevels) {
+    const auto fits = [&](const Spare& spare) {
+        return spare.width == picture.width && spare.height == picture.height &&
+               spare.hasLevels == hasLevels;
+    };
+    const auto found = std::ranges::find_if(spares, fits);
+    if (found == spares.end())
+        return makePictureTexture(picture, hasLevels);
+    TextureHandle texture = std::move(found->texture);
+    spares.erase(found);
+    return texture;
 }
 
 std::uint32_t TextureStore::cube(const scene::CubeImages& faces) {
@@ -214,7 +235,8 @@ std::uint32_t TextureStore::white() {
     if (!whiteTexture) {
         Image pixel(1, 1);
         std::fill(pixel.pixels.begin(), pixel.pixels.end(), std::uint8_t{255});
-        whiteTexture = uploaded(pixel, false);
+        whiteTexture = makePictureTexture(pixel, false);
+        upload(whiteTexture, pixel, false);
     }
     return whiteTexture.name();
 }
@@ -257,9 +279,26 @@ std::uint32_t TextureStore::shadowSampler() {
 }
 
 bool TextureStore::prune() {
-    const bool droppedPictures = dropExpired(pictures);
+    for (Spare& spare : spares)
+        ++spare.age;
+    const bool droppedSpares =
+        std::erase_if(spares, [](const Spare& spare) { return spare.age > kSpareFrames; }) > 0;
+    spareExpiredPictures();
     const bool droppedProbes = dropExpired(probes);
-    return droppedPictures || droppedProbes;
+    return droppedSpares || droppedProbes;
+}
+
+void TextureStore::spareExpiredPictures() {
+    for (auto entry = pictures.begin(); entry != pictures.end();) {
+        KeptPicture& kept = entry->second;
+        if (!kept.owner.expired()) {
+            ++entry;
+            continue;
+        }
+        const bool hasLevels = entry->first.second != PictureUse::backdrop;
+        spares.push_back({std::move(kept.texture), kept.width, kept.height, hasLevels});
+        entry = pictures.erase(entry);
+    }
 }
 
 } // namespace zelvo::render

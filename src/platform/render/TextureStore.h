@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace zelvo::render {
 
@@ -21,6 +22,9 @@ enum class PictureUse {
 };
 
 /// Keeps pictures, cubes and light probes in GPU memory, as long as their owners exist.
+///
+/// A video gives a new picture for each of its frames. Therefore the texture of a picture that is
+/// gone is used again for the next one of the same size, for some frames.
 class TextureStore {
 public:
     TextureStore(DeviceInfo deviceInfo, PictureHoles& pictureHoles);
@@ -50,9 +54,26 @@ private:
         TextureHandle texture;
     };
 
+    struct KeptPicture : Kept<image::Image> {
+        int width = 0;
+        int height = 0;
+    };
+
+    struct Spare {
+        TextureHandle texture;
+        int width = 0;
+        int height = 0;
+        bool hasLevels = false;
+        int age = 0; ///< frames since its picture is gone
+    };
+
+    [[nodiscard]] TextureHandle textureFor(const image::Image& picture, bool hasLevels);
+    void spareExpiredPictures();
+
     DeviceInfo device;
     PictureHoles& holes;
-    std::map<std::pair<const image::Image*, PictureUse>, Kept<image::Image>> pictures;
+    std::map<std::pair<const image::Image*, PictureUse>, KeptPicture> pictures;
+    std::vector<Spare> spares;
     std::map<const image::LightProbe*, Kept<image::LightProbe>> probes;
     std::array<std::weak_ptr<const image::Image>, 6> cubeFaces;
     TextureHandle cubeTexture; ///< the last cube; a scene has at most one
