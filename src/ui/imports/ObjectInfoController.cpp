@@ -29,7 +29,7 @@ struct Mark {
 
 constexpr auto kMarks = std::to_array<Mark>({
     {u"✅", "InPlace"},
-    {u"⚠️", "Missing"},
+    {u"⚠️", "CorruptFont"},
     {u"🚫", "NotFound"},
 });
 
