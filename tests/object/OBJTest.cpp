@@ -178,6 +178,20 @@ TEST(OBJ, turns_texture_coordinates_to_the_pictures_top_with_tangents_along_u) {
     }
 }
 
+TEST(OBJ, joins_equal_corners_also_where_very_many_meet) {
+    constexpr int kFaces = 80; // more than a chain holds
+    std::string text = kSquare;
+    std::string faces;
+    for (int i = 0; i < kFaces; ++i) {
+        text += "vt 0." + std::to_string(i % 100) + " 0\n";
+        faces += "f 1/" + std::to_string(i + 1) + " 2/1 3/1\n";
+    }
+    const ObjectScene scene = objectOf(text + faces + "usemtl other\n" + faces + faces);
+    ASSERT_EQ(scene.pieces.size(), 2U);
+    for (const Piece& piece : scene.pieces)
+        EXPECT_EQ(piece.mesh.vertices.size(), kFaces + 2U);
+}
+
 TEST(OBJ, reads_colors_of_points) {
     struct Row {
         const char* text;

@@ -170,6 +170,15 @@ private:
     std::vector<Around> sorted;
 };
 
+/// The same in float, which is enough for all but very large and very small vectors.
+[[nodiscard]] glm::vec3 quicklyNormalized(const glm::vec3& vector) {
+    constexpr float kSmall = 1e-30F;
+    constexpr float kLarge = 1e30F;
+    const float square = glm::dot(vector, vector);
+    return square > kSmall && square < kLarge ? vector / std::sqrt(square)
+                                              : normalizedOrZero(vector);
+}
+
 } // namespace
 
 void completeNormals(Polygons& polygons, double creaseAngle) {
@@ -204,7 +213,7 @@ void addTangents(geometry::Mesh& mesh) {
         geometry::Vertex& b = mesh.vertices[corners[1]];
         geometry::Vertex& c = mesh.vertices[corners[2]];
         // The direction in which u grows, whatever the size of the triangle on the picture.
-        const glm::vec3 along = normalizedOrZero(
+        const glm::vec3 along = quicklyNormalized(
             (b.position - a.position) * (c.uv.y - a.uv.y) -
             (c.position - a.position) * (b.uv.y - a.uv.y));
         const bool isMirrored = isPictureMirrored(a.uv, b.uv, c.uv);
@@ -216,7 +225,7 @@ void addTangents(geometry::Mesh& mesh) {
     }
     for (std::size_t i = 0; i < sums.size(); ++i) {
         const glm::vec3 normal = mesh.vertices[i].normal;
-        glm::vec3 tangent = normalizedOrZero(sums[i] - normal * glm::dot(normal, sums[i]));
+        glm::vec3 tangent = quicklyNormalized(sums[i] - normal * glm::dot(normal, sums[i]));
         if (tangent == glm::vec3(0)) {
             const glm::vec3 other =
                 std::abs(normal.x) < 0.7F ? glm::vec3(1, 0, 0) : glm::vec3(0, 1, 0);

@@ -74,6 +74,10 @@ public:
 
 private:
     void cut(const Polygons::Face& face, std::size_t first) {
+        if (face.cornerCount == 3) {
+            takeTriangle(face, first);
+            return;
+        }
         outline.clear();
         for (std::size_t i = first; i < first + face.cornerCount; ++i)
             outline.push_back(polygons.points[polygons.corners[i].point]);
@@ -83,6 +87,18 @@ private:
             for (const std::uint32_t corner : triangle)
                 add(first + corner);
         }
+    }
+
+    /// There is nothing to cut; it must only have three different places.
+    void takeTriangle(const Polygons::Face& face, std::size_t first) {
+        const auto place = [&](std::size_t i) -> const glm::dvec3& {
+            return polygons.points[polygons.corners[first + i].point];
+        };
+        if (place(0) == place(1) || place(1) == place(2) || place(2) == place(0))
+            return;
+        result.addToRuns(face.material, used / 3, 1);
+        for (std::size_t i = 0; i < 3; ++i)
+            add(first + i);
     }
 
     void add(std::size_t corner) {
@@ -103,12 +119,19 @@ private:
     std::size_t used = 0;
 };
 
-/// Makes one piece. Equal corners become one vertex.
+/// The first vertex at each point, of the piece in hand; kNone where there is none yet.
+using FirstVertices = std::vector<std::uint32_t>;
+
+/// Makes one piece. Equal corners become one vertex. The vertices at a point are found through a
+/// chain, because points that follow each other are near in memory, and hashes are not. A file can
+/// have any number of vertices at one point, so a long chain goes on as a hash table.
 class PieceMaker {
 public:
-    PieceMaker(const Polygons& source, const Triangles& given)
+    /// `first` has an entry for each point, all kNone, and is left so by take().
+    PieceMaker(const Polygons& source, const Triangles& given, FirstVertices& first)
         : polygons(source)
-        , triangles(given) {}
+        , triangles(given)
+        , firstAt(first) {}
 
     void add(const Run& run) {
         for (std::size_t i = run.firstTriangle; i < run.firstTriangle + run.count; ++i) {
@@ -123,6 +146,9 @@ public:
     [[nodiscard]] Piece take(const glm::dvec3& origin) {
         Piece piece;
         table = PlaceTable();
+        following = {};
+        for (const Key& key : keys)
+            firstAt[key.pointOnly()] = Polygons::kNone;
         piece.mesh.vertices.reserve(keys.size());
         const bool hasColors = !polygons.pointColors.empty() || !triangles.colors.empty();
         piece.colors.reserve(hasColors ? keys.size() : 0);
@@ -182,20 +208,40 @@ private:
     }
 
     [[nodiscard]] std::uint32_t vertexOf(const Key& key) {
+        constexpr int kMaxChain = 32;
+        std::uint32_t* link = &firstAt[key.pointOnly()];
+        for (int length = 0; *link != Polygons::kNone; ++length) {
+            if (keys[*link] == key)
+                return *link;
+            if (length == kMaxChain)
+                return vertexOfCrowd(key);
+            link = &following[*link];
+        }
+        *link = static_cast<std::uint32_t>(keys.size());
+        following.push_back(Polygons::kNone); // ends the life of `link`
+        keys.push_back(key);
+        return static_cast<std::uint32_t>(keys.size() - 1);
+    }
+
+    [[nodiscard]] std::uint32_t vertexOfCrowd(const Key& key) {
         const auto added = static_cast<std::uint32_t>(keys.size());
         const std::uint32_t found = table.find(
             key.hash(),
             added,
             [&](std::uint32_t other) { return keys[other] == key; },
             [&](std::uint32_t other) { return keys[other].hash(); });
-        if (found == added)
+        if (found == added) {
+            following.push_back(Polygons::kNone);
             keys.push_back(key);
+        }
         return found;
     }
 
     const Polygons& polygons;
     const Triangles& triangles;
-    PlaceTable table;
+    FirstVertices& firstAt;
+    std::vector<std::uint32_t> following; ///< by vertex: the next one at the same point
+    PlaceTable table;                     ///< of the vertices beyond the chains
     std::vector<Key> keys;
     std::vector<std::uint32_t> indices;
 };
@@ -277,6 +323,7 @@ addPieces(ObjectScene& scene, Polygons polygons, const PieceOptions& options, co
     Triangles triangles = FaceCutter(polygons).run();
     polygons.faces = {};
 
+    FirstVertices firstVertices(polygons.points.size(), Polygons::kNone);
     // One piece for each material, in the order of the materials.
     std::ranges::stable_sort(triangles.runs, {}, &Run::material);
     for (auto run = triangles.runs.begin(); run != triangles.runs.end();) {
@@ -286,7 +333,7 @@ addPieces(ObjectScene& scene, Polygons polygons, const PieceOptions& options, co
             return other.material != run->material;
         });
         const std::uint32_t material = run->material;
-        PieceMaker maker(polygons, triangles);
+        PieceMaker maker(polygons, triangles, firstVertices);
         std::size_t count = 0;
         for (auto each = run; each != end; ++each)
             count += each->count;
