@@ -96,7 +96,7 @@ TEST_F(GLTF, takes_materials_and_pictures_from_everywhere) {
             "pbrMetallicRoughness": {"baseColorFactor": [0.5, 1, 1, 0.5], "metallicFactor": 0.25,
                 "baseColorTexture": {"index": 0, "extensions": {"KHR_texture_transform": {"offset": [0.5, 0], "scale": [2, 3]}}},
                 "metallicRoughnessTexture": {"index": 1}},
-            "normalTexture": {"index": 2, "scale": 0.5}}],
+            "occlusionTexture": {"index": 0, "texCoord": 1}, "normalTexture": {"index": 2, "scale": 0.5}}],
             "textures": [{"source": 0}, {"source": 1}, {"source": 2}],
             "images": [{"uri": "leaf%20one.png"}, {"uri": "data:image/png;base64,AAEC"}, {"uri": "none.png"}])"));
     ASSERT_TRUE(scene) << scene.error().message;
@@ -113,7 +113,12 @@ TEST_F(GLTF, takes_materials_and_pictures_from_everywhere) {
     EXPECT_TRUE(material.isDoubleSided);
     EXPECT_EQ(scene->textures.at(0).file, folder.path() / "leaf one.png");
     EXPECT_EQ(scene->textures.at(1).bytes, (std::vector<std::uint8_t>{0, 1, 2}));
-    EXPECT_EQ(scene->warnings, std::vector<std::string>{"the picture none.png is missing"});
+    EXPECT_FALSE(material.occlusion.picture) << "there is one set of coordinates";
+    EXPECT_EQ(
+        scene->warnings,
+        (std::vector<std::string>{
+            "the picture leaf one.png is left out, because it has texture coordinates of its own",
+            "the picture none.png is missing"}));
     EXPECT_EQ(scene->figures.textures, 3U);
 }
 

@@ -67,6 +67,13 @@ pairOf(const tinygltf::Value& object, const char* key, const glm::vec2& fallback
            glm::mat3({scale.x, 0, 0}, {0, scale.y, 0}, {0, 0, 1});
 }
 
+/// The transform can name another set.
+template <class Info> [[nodiscard]] int setOf(const Info& info) {
+    const auto* transform = extensionOf(info.extensions, "KHR_texture_transform");
+    const bool isNamed = transform != nullptr && transform->Get("texCoord").IsNumber();
+    return isNamed ? transform->Get("texCoord").GetNumberAsInt() : info.texCoord;
+}
+
 [[nodiscard]] Wrap wrapOf(int mode) {
     switch (mode) {
     case TINYGLTF_TEXTURE_WRAP_CLAMP_TO_EDGE:
@@ -120,24 +127,30 @@ std::optional<std::size_t> GLTFMaterials::numberOf(int material) {
 }
 
 int GLTFMaterials::uvSetOf(int material) const {
-    if (!isIndex(material, model.materials.size()))
-        return 0;
-    const tinygltf::Material& source = model.materials[static_cast<std::size_t>(material)];
+    return isIndex(material, model.materials.size())
+               ? uvSetOf(model.materials[static_cast<std::size_t>(material)])
+               : 0;
+}
+
+int GLTFMaterials::uvSetOf(const tinygltf::Material& source) {
     const auto& metallic = source.pbrMetallicRoughness;
     for (const tinygltf::TextureInfo* info :
          {&metallic.baseColorTexture,
           &metallic.metallicRoughnessTexture,
           &source.emissiveTexture}) {
         if (info->index >= 0)
-            return info->texCoord;
+            return setOf(*info);
     }
-    return source.normalTexture.index >= 0 ? source.normalTexture.texCoord : 0;
+    if (source.normalTexture.index >= 0)
+        return setOf(source.normalTexture);
+    return source.occlusionTexture.index >= 0 ? setOf(source.occlusionTexture) : 0;
 }
 
 Material GLTFMaterials::converted(const tinygltf::Material& source) {
     const tinygltf::PbrMetallicRoughness& metallic = source.pbrMetallicRoughness;
     Material material;
     material.name = source.name;
+    uvSet = uvSetOf(source);
     material.isDoubleSided = source.doubleSided;
     material.isUnlit = source.extensions.contains("KHR_materials_unlit");
     material.baseColor = {
@@ -172,6 +185,13 @@ std::optional<PictureUse> GLTFMaterials::use(const Info& info, Channel channel) 
     const auto texture = textureOf(imageOf(source));
     if (!texture)
         return std::nullopt;
+    // With the wrong coordinates it would look worse than without the picture.
+    if (setOf(info) != uvSet) {
+        scene.warn(fmt::format(
+            "the picture {} is left out, because it has texture coordinates of its own",
+            scene.textures[*texture].name));
+        return std::nullopt;
+    }
     PictureUse result;
     result.texture = *texture;
     result.channel = channel;

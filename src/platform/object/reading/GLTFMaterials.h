@@ -28,10 +28,12 @@ public:
     [[nodiscard]] std::optional<std::size_t> numberOf(int material);
 
     /// Which set of texture coordinates (TEXCOORD_n) the material uses. There can be only one: that
-    /// of the base colour, or of the first picture that it has.
+    /// of the base colour, or of the first picture that it has. Pictures with another one are left
+    /// out.
     [[nodiscard]] int uvSetOf(int material) const;
 
 private:
+    [[nodiscard]] static int uvSetOf(const tinygltf::Material& source);
     [[nodiscard]] Material converted(const tinygltf::Material& source);
     /// `info` is one of the library's three kinds of texture reference.
     template <class Info>
@@ -42,6 +44,7 @@ private:
     const tinygltf::Model& model;
     NeighbourFiles& files;
     ObjectScene& scene;
+    int uvSet = 0; ///< of the material that is being converted
     std::map<int, std::size_t> materials;
     std::map<int, std::size_t> textures; ///< by image
 };
