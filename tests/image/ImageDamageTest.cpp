@@ -12,13 +12,13 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// An undamaged PNG and an undamaged JPEG of the same picture.
+/// An undamaged PNG and an undamaged JPEG of the same picture, and a TGA.
 std::vector<Bytes> sound() {
     const test::TemporaryFolder folder;
     const Image image = quartered(24, 16);
     EXPECT_TRUE(savePNG(image, folder.path() / "a.png"));
     EXPECT_TRUE(saveJPEG(image, folder.path() / "a.jpg"));
-    return {bytesOf(folder.path() / "a.png"), bytesOf(folder.path() / "a.jpg")};
+    return {bytesOf(folder.path() / "a.png"), bytesOf(folder.path() / "a.jpg"), runsInTGA()};
 }
 
 /// The result is an error with a message, or a complete picture.

@@ -30,6 +30,19 @@ inline Image quartered(int width, int height) {
     return image;
 }
 
+/// A TGA of 4 x 2 in runs: below, three times red and half transparent green; above, two of each of
+/// blue and white.
+inline std::vector<std::uint8_t> runsInTGA() {
+    std::vector<std::uint8_t> bytes{0, 0, 10, 0, 0, 0, 0, 0, 0, 0, 0, 0, 4, 0, 2, 0, 32, 8};
+    for (const auto& part : std::to_array<std::array<std::uint8_t, 5>>(
+             {{0x82, 0, 0, 255, 255},
+              {0x00, 0, 255, 0, 128},
+              {0x81, 255, 0, 0, 255},
+              {0x81, 255, 255, 255, 255}}))
+        bytes.insert(bytes.end(), part.begin(), part.end());
+    return bytes;
+}
+
 inline std::vector<std::uint8_t> bytesOf(const std::filesystem::path& file) {
     std::ifstream in(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};

@@ -165,6 +165,14 @@ TEST(Image, WebPLoads) {
     EXPECT_EQ((*upright)->pixels, (Bytes{0, 0, 255, 255, 255, 0, 0, 255}));
 }
 
+TEST(Image, TGALoadsUprightWithItsRuns) {
+    const auto picture = decodeImage(runsInTGA());
+    ASSERT_TRUE(picture) << picture.error().message;
+    EXPECT_EQ((*picture)->pixels, (Bytes{0,   0,   255, 255, 0,   0,   255, 255, 255, 255, 255,
+                                         255, 255, 255, 255, 255, 255, 0,   0,   255, 255, 0,
+                                         0,   255, 255, 0,   0,   255, 0,   255, 0,   128}));
+}
+
 TEST(Image, OtherKindsOfFilesThatQtCouldDrawAreNoPictures) {
     const std::string drawing = R"(/* XPM */ static char* a[] = {"1 1 1 1", "x c #FF0000", "x"};)";
     const auto picture = decodeImage(std::vector<std::uint8_t>(drawing.begin(), drawing.end()));

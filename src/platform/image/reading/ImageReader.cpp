@@ -7,6 +7,7 @@
 #include "platform/image/reading/PNGRows.h"
 #include "platform/image/reading/SVGReader.h"
 #include "platform/image/reading/StoredOrientation.h"
+#include "platform/image/reading/TGAReader.h"
 
 #include <fmt/format.h>
 
@@ -311,6 +312,14 @@ std::span<const std::uint8_t> spanOf(const QByteArray& bytes) {
         static_cast<std::size_t>(bytes.size())};
 }
 
+/// Qt's plugin knows only a part of the format.
+Result<ImagePtr> decodeTGA(QIODevice& device) {
+    const auto picture = readTGA(spanOf(device.readAll()));
+    if (!picture)
+        return tl::unexpected(picture.error());
+    return inSRGB(limited(viewOf(*picture)));
+}
+
 Result<ImagePtr> decodeStored(QIODevice& device, const IsStopped& isStopped) {
     constexpr qint64 kStart = 256; // an SVG may begin with empty lines
     static_assert(kStart >= kPNGHeaderBytes);
@@ -318,6 +327,8 @@ Result<ImagePtr> decodeStored(QIODevice& device, const IsStopped& isStopped) {
     if (isPNG(spanOf(start)))
         return decodePNG(
             device, spanOf(start).first(std::min(spanOf(start).size(), kPNGHeaderBytes)));
+    if (isTGA(spanOf(start)))
+        return decodeTGA(device);
     return isSVG(spanOf(start)) ? readSVG(spanOf(device.readAll()), isStopped)
                                 : decodeWithQt(device);
 }
