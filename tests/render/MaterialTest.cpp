@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "platform/scene/SCNColoredGeometry.h"
 #include "render/StageFixture.h"
 
 namespace zelvo::render {
@@ -193,6 +194,52 @@ TEST_F(Materials, BlendModesCombineWithWhatIsBehind) {
         expectNear(middle(), wanted, 1);
         square->removeFromParentNode();
     }
+}
+
+TEST_F(Materials, CutOutsAreWholeOrNotThere) {
+    addSquare(makeMaterial(Color::hex(0x00FF00)), -1, 4);
+    const auto material = makeMaterial(Color::white(1));
+    material->blendMode = scene::SCNBlendMode::replace;
+    material->diffuse.setImage(sharePicture(2, 1, {{255, 0, 0, 200}, {255, 0, 0, 60}}));
+    const auto square = addSquare(material);
+    for (const auto& [opacity, wanted] :
+         {std::pair(1.0F, Pixel{255, 0, 0}), {0.5F, {128, 128, 0}}}) {
+        square->opacity = opacity;
+        const image::Image picture = draw();
+        expectNear(at(picture, 8, 32), wanted, 1);
+        EXPECT_EQ(at(picture, 56, 32), (Pixel{0, 255, 0}));
+    }
+}
+
+/// A square whose vertices are black on the left and red on the right.
+class ColoredSquare final : public scene::SCNColoredGeometry {
+public:
+    explicit ColoredSquare(const scene::SCNMaterialPtr& material)
+        : SCNColoredGeometry(
+              {{0, 0, 0, 255}, {255, 0, 0, 255}, {255, 0, 0, 255}, {0, 0, 0, 255}}, material) {
+        materials = {material};
+    }
+
+private:
+    [[nodiscard]] geometry::Mesh build() const override {
+        geometry::Mesh mesh;
+        for (const glm::vec2& place : {glm::vec2(-1, -1), {1, -1}, {1, 1}, {-1, 1}}) {
+            mesh.vertices.emplace_back();
+            mesh.vertices.back().position = glm::vec3(place, 0);
+        }
+        mesh.indices = {0, 1, 2, 0, 2, 3};
+        mesh.elements = {{0, 6}};
+        return mesh;
+    }
+};
+
+TEST_F(Materials, ColoursOfVerticesMixInLinearLight) {
+    const auto material = makeMaterial(Color::white(1));
+    const auto node = addNode({0, 0, 0});
+    node->geometry = std::make_shared<ColoredSquare>(material);
+    expectNear(middle(), {189, 0, 0}, 2); // a half, encoded
+    node->geometry->materials = {makeMaterial(Color::hex(0x00FF00))};
+    EXPECT_EQ(middle(), (Pixel{0, 255, 0})) << "another material hides them";
 }
 
 TEST_F(Materials, AModifierChangesTheSurfaceAndABrokenOneDoesNoHarm) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/scene/ObjectNodes.h"
 
+#include "platform/scene/ObjectBatches.h"
+#include "platform/scene/SCNColoredGeometry.h"
 #include "support/TemporaryFolder.h"
 
 #include <glm/geometric.hpp>
@@ -156,32 +158,63 @@ TEST(ObjectNodes, stand_upright_and_near_zero) {
     EXPECT_TRUE(node->childNodes()[0]->geometry->materialFor(0)->isDoubleSided);
 }
 
-/// What each triangle shows is checked through its texture coordinates.
-TEST(ObjectNodes, show_the_colors_of_vertices) {
+TEST(ObjectNodes, show_the_colors_of_vertices_with_their_own_material) {
     ObjectScene scene;
     object::Piece piece;
-    const glm::u8vec4 red(255, 0, 0, 255);
-    const glm::u8vec4 blue(0, 0, 255, 255);
-    piece.mesh.vertices.resize(5);
-    piece.colors = {red, red, red, blue, blue};
-    piece.mesh.indices = {0, 1, 2, 2, 3, 4, 0, 2, 1};
-    piece.mesh.elements = {{0, 9}};
+    piece.mesh.vertices.resize(3);
+    piece.colors = {{255, 0, 0, 255}, {0, 0, 255, 255}, {0, 255, 0, 100}};
+    piece.mesh.indices = {0, 1, 2};
+    piece.mesh.elements = {{0, 3}};
     scene.pieces = {piece};
     scene.placements = {{0, glm::dmat4(1)}};
     const SCNNodePtr node = nodeOf(std::move(scene), {});
-    const SCNGeometry& geometry = *node->childNodes().at(0)->geometry;
-    const image::ImagePtr palette = geometry.materialFor(0)->diffuse.image();
-    ASSERT_TRUE(palette);
-    EXPECT_EQ(geometry.mesh().vertices.size(), 6U); // only vertex 2 has two colours
-    const std::array<std::array<int, 3>, 3> wanted{{{255, 0, 0}, {85, 0, 170}, {255, 0, 0}}};
-    for (std::size_t i = 0; i < 9; ++i) {
-        const glm::vec2 uv = geometry.mesh().vertices.at(geometry.mesh().indices[i]).uv;
-        const auto x = static_cast<std::size_t>(uv.x * static_cast<float>(palette->width));
-        const auto y = static_cast<std::size_t>(uv.y * static_cast<float>(palette->height));
-        const auto* shown =
-            &palette->pixels[(y * static_cast<std::size_t>(palette->width) + x) * 4];
-        for (std::size_t part = 0; part < 3; ++part)
-            EXPECT_NEAR(shown[part], wanted[i / 3][part], 1) << i;
+    SCNGeometry& geometry = *node->childNodes().at(0)->geometry;
+    EXPECT_EQ(geometry.materialFor(0)->diffuse.colorOr({}), image::Color::white(1));
+    const SCNColoredGeometry* const colored = coloredGeometry(geometry, *geometry.materialFor(0));
+    ASSERT_NE(colored, nullptr);
+    EXPECT_EQ(colored->colors(), piece.colors);
+    EXPECT_TRUE(colored->isSeenThrough());
+    const SCNMaterial other = *geometry.materialFor(0);
+    EXPECT_EQ(coloredGeometry(geometry, other), nullptr);
+}
+
+TEST(ObjectNodes, are_joined_where_there_are_very_many) {
+    ObjectScene scene;
+    object::Piece piece;
+    piece.mesh.vertices.resize(3);
+    piece.mesh.vertices[1].position = {1, 0, 0};
+    piece.mesh.vertices[2].position = {0, 1, 0};
+    piece.mesh.indices = {0, 1, 2};
+    piece.mesh.elements = {{0, 3}};
+    piece.material = 0;
+    scene.pieces = {piece, piece, piece};
+    scene.pieces[1].material = 1;
+    scene.pieces[2].isDoubleSided = true;
+    scene.materials.resize(2);
+    scene.materials[1].opacity.factor = 0.5F;
+    for (std::size_t i = 0; i < 90; ++i) {
+        auto transform = glm::translate(glm::dmat4(1), glm::dvec3(static_cast<double>(i), 5, 0));
+        if (i % 2 == 1)
+            transform = glm::scale(transform, glm::dvec3(1, 1, -2)); // mirrored
+        scene.placements.push_back({i % 3, transform});
+    }
+    scene.figures.boxMax = {90, 6, 0};
+    joinSmallPieces(scene);
+    const auto materials = materialsOf(scene);
+    const SCNNodePtr node = nodeOf(std::move(scene), materials);
+    // One for each of the two that can be joined, and the thirty that are seen through.
+    ASSERT_EQ(node->childNodes().size(), 32U);
+    const geometry::Box box = node->boundingBox();
+    EXPECT_EQ(box.min, glm::vec3(0, 5, 0));
+    EXPECT_EQ(box.max, glm::vec3(90, 6, 0));
+    const geometry::Mesh& mesh = node->childNodes()[30]->geometry->mesh();
+    ASSERT_EQ(mesh.indices.size(), 90U);
+    for (std::size_t i = 0; i < mesh.indices.size(); i += 3) {
+        const geometry::Vertex& a = mesh.vertices.at(mesh.indices[i]);
+        const glm::vec3 up = glm::cross(
+            mesh.vertices.at(mesh.indices[i + 1]).position - a.position,
+            mesh.vertices.at(mesh.indices[i + 2]).position - a.position);
+        EXPECT_GT(glm::dot(up, a.normal), 0) << "the front stays the front";
     }
 }
 

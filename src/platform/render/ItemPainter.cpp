@@ -4,6 +4,7 @@
 #include "platform/render/Hash.h"
 #include "platform/render/StillLayer.h"
 #include "platform/scene/MaterialOpacity.h"
+#include "platform/scene/SCNColoredGeometry.h"
 
 #include <epoxy/gl.h>
 #include <glm/matrix.hpp>
@@ -16,6 +17,7 @@ using scene::SCNBlendMode;
 Blend blendOf(SCNBlendMode mode) {
     switch (mode) {
     case SCNBlendMode::alpha:
+    case SCNBlendMode::replace: // while the node fades
         return Blend::over;
     case SCNBlendMode::add:
         return Blend::add;
@@ -25,8 +27,6 @@ Blend blendOf(SCNBlendMode mode) {
         return Blend::multiply;
     case SCNBlendMode::screen:
         return Blend::screen;
-    case SCNBlendMode::replace:
-        return Blend::off;
     }
     return Blend::over;
 }
@@ -90,6 +90,8 @@ MaterialBinding ItemPainter::bound(const Frame& frame, const DrawItem& item) con
     binding.features |= frame.features;
     if ((binding.features & kLit) == 0)
         binding.features &= ~static_cast<std::uint32_t>(kEnvironment);
+    if (scene::coloredGeometry(*node.geometry, *item.material) != nullptr)
+        binding.features |= kVertexColors;
     if (item.material->blendMode == SCNBlendMode::multiply)
         binding.features |= kMultiplyBlend;
     binding.item.world = node.world;

@@ -53,6 +53,8 @@ constexpr auto kFeatures = std::to_array<FeatureRow>({
     {kMultiplyBlend,   "MULTIPLY_BLEND"      },
     {kEnvironment,     "HAS_ENVIRONMENT"     },
     {kToneMap,         "TONE_MAP"            },
+    {kCutOut,          "CUT_OUT"             },
+    {kVertexColors,    "HAS_VERTEX_COLORS"   },
 });
 
 // clang-format on
@@ -97,6 +99,9 @@ void bindPictures(MaterialBinding& binding, const SCNMaterial& material, Picture
         binding.features |= kSlotTransforms;
     if (holes.isIn(material.diffuse.image()))
         binding.features |= kDiffuseHasHoles;
+    constexpr std::uint32_t kHoles = kDiffuseHasHoles | slotFeature(kTransparentUnit);
+    if (material.blendMode == scene::SCNBlendMode::replace && (binding.features & kHoles) != 0)
+        binding.features |= kCutOut;
 }
 
 /// True for an unlit material with only a diffuse colour or picture. It skips decoding and

@@ -25,6 +25,8 @@ enum Feature : std::uint32_t {
     kMultiplyBlend = 1U << 18U,
     kEnvironment = 1U << 19U,
     kToneMap = 1U << 20U,
+    kCutOut = 1U << 21U, ///< drawn where the pictures' opacity is at least a half, and opaque there
+    kVertexColors = 1U << 22U,
 };
 
 [[nodiscard]] constexpr std::uint32_t slotFeature(Unit unit) {

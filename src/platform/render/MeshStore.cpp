@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/MeshStore.h"
 
+#include "platform/image/Color.h"
+#include "platform/scene/SCNColoredGeometry.h"
+
 #include <epoxy/gl.h>
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 
 namespace zelvo::render {
@@ -51,6 +55,32 @@ VertexArrayHandle makeVertexArray(const BufferHandle& vertices, const BufferHand
     return VertexArrayHandle(name);
 }
 
+/// Linear, so that the mixture between two vertices is linear, too.
+std::vector<glm::u16vec4> linearColors(const std::vector<glm::u8vec4>& colors) {
+    constexpr float kMost = 65535;
+    std::array<std::uint16_t, 256> table{};
+    for (std::size_t i = 0; i < table.size(); ++i) {
+        const float linear = image::linearFromSRGB(static_cast<float>(i) / 255);
+        table.at(i) = static_cast<std::uint16_t>(std::lround(linear * kMost));
+    }
+    std::vector<glm::u16vec4> result;
+    result.reserve(colors.size());
+    for (const glm::u8vec4& color : colors)
+        result.emplace_back(
+            table.at(color.r), table.at(color.g), table.at(color.b), color.a * 257); // 255 is 65535
+    return result;
+}
+
+void addColors(const VertexArrayHandle& array, const BufferHandle& colors) {
+    constexpr GLuint kLocation = 4;
+    constexpr GLuint kBinding = 1;
+    const GLuint name = array.name();
+    glVertexArrayVertexBuffer(name, kBinding, colors.name(), 0, sizeof(glm::u16vec4));
+    glEnableVertexArrayAttrib(name, kLocation);
+    glVertexArrayAttribFormat(name, kLocation, 4, GL_UNSIGNED_SHORT, GL_TRUE, 0);
+    glVertexArrayAttribBinding(name, kLocation, kBinding);
+}
+
 } // namespace
 
 std::uint32_t MeshStore::vertexArray(const scene::SCNGeometry& geometry) {
@@ -61,6 +91,11 @@ std::uint32_t MeshStore::vertexArray(const scene::SCNGeometry& geometry) {
         entry.vertices = makeBuffer(mesh.vertices);
         entry.indices = makeBuffer(mesh.indices);
         entry.array = makeVertexArray(entry.vertices, entry.indices);
+        const auto* colored = dynamic_cast<const scene::SCNColoredGeometry*>(&geometry);
+        if (colored != nullptr && !colored->colors().empty()) {
+            entry.colors = makeBuffer(linearColors(colored->colors()));
+            addColors(entry.array, entry.colors);
+        }
     }
     return entry.array.name();
 }

@@ -14,7 +14,7 @@ namespace zelvo::render {
 class MeshStore {
 public:
     /// A vertex array with 32-bit indices. Locations 0 to 3 are position, normal, tangent, texture
-    /// coordinate.
+    /// coordinate; 4 is the linear colour, if the geometry is an SCNColoredGeometry.
     [[nodiscard]] std::uint32_t vertexArray(const scene::SCNGeometry& geometry);
 
     /// Call it once a frame. True if a mesh was dropped.
@@ -25,6 +25,7 @@ private:
         VertexArrayHandle array;
         BufferHandle vertices;
         BufferHandle indices;
+        BufferHandle colors;
         std::uint64_t lastFrame = 0;
     };
 

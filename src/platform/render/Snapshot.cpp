@@ -2,6 +2,7 @@
 #include "platform/render/Snapshot.h"
 
 #include "platform/scene/MaterialOpacity.h"
+#include "platform/scene/SCNColoredGeometry.h"
 
 #include <glm/geometric.hpp>
 
@@ -48,6 +49,8 @@ bool Snapshot::isTranslucent(const SCNMaterial& material, float opacity) {
         return true;
     if (material.blendMode != SCNBlendMode::alpha && material.blendMode != SCNBlendMode::replace)
         return true;
+    if (material.blendMode == SCNBlendMode::replace)
+        return false; // what the pictures leave out is cut out
     return material.transparent.image() != nullptr || holes.isIn(material.diffuse.image());
 }
 
@@ -144,7 +147,9 @@ void Snapshot::addItems(std::uint32_t index) {
             continue;
         // Opaque items are sorted by their farthest corner, so that a floor that reaches to the
         // horizon comes after what stands on it.
-        if (isTranslucent(*material, node.opacity)) {
+        const auto* const colored = scene::coloredGeometry(*node.geometry, *material);
+        const bool hasClearColors = colored != nullptr && colored->isSeenThrough();
+        if (hasClearColors || isTranslucent(*material, node.opacity)) {
             translucent_.push_back({index, element, material, node.middle, true});
         } else {
             opaque_.push_back({index, element, material, node.farthest, false});

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "platform/scene/ObjectNodes.h"
 
-#include "platform/scene/ObjectColors.h"
 #include "platform/scene/ObjectPictures.h"
+#include "platform/scene/SCNColoredGeometry.h"
 
 #include <glm/gtc/constants.hpp>
 #include <glm/gtc/matrix_transform.hpp>
 #include <glm/matrix.hpp>
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,10 +23,13 @@ using object::PictureUse;
 namespace {
 
 /// A mesh that is there from the start.
-class SCNReadGeometry final : public SCNGeometry {
+class SCNReadGeometry final : public SCNColoredGeometry {
 public:
-    explicit SCNReadGeometry(geometry::Mesh given)
-        : read(std::move(given)) {}
+    SCNReadGeometry(object::Piece& piece, const SCNMaterialPtr& material)
+        : SCNColoredGeometry(std::move(piece.colors), material)
+        , read(std::move(piece.mesh)) {
+        materials = {material};
+    }
 
 private:
     /// Called once, because nothing asks for a rebuild.
@@ -86,6 +90,8 @@ public:
         material->lightingModelName =
             source.isUnlit ? SCNLightingModel::constant : SCNLightingModel::physicallyBased;
         setColorAndOpacity();
+        if (source.cutOutBelow > 0)
+            material->blendMode = SCNBlendMode::replace; // what is not cut out is opaque
         setNumber(material->metalness, source.metalness);
         setNumber(material->roughness, source.roughness);
         setEmission();
@@ -175,38 +181,42 @@ private:
     return glm::length(middle) > kFar * size ? middle : glm::dvec3(0);
 }
 
-[[nodiscard]] bool hasPictures(const SCNMaterial& material) {
-    return std::ranges::any_of(material.allProperties(), [](const SCNMaterialProperty* slot) {
-        return slot->image() != nullptr;
-    });
-}
-
-/// What is drawn where the file says nothing.
-[[nodiscard]] SCNMaterialPtr greyMaterial() {
+/// What is drawn where the file says nothing: light grey, or white for colours of vertices.
+[[nodiscard]] SCNMaterialPtr unnamedMaterial(bool hasColors) {
     auto material = std::make_shared<SCNMaterial>();
-    material->diffuse.contents = image::Color::white(0.8F);
+    material->diffuse.contents = image::Color::white(hasColors ? 1.0F : 0.8F);
     return material;
 }
 
+/// The base colour times one of the vertices' colours, and the opacity times its alpha.
+void tint(SCNMaterial& material, const glm::u8vec4& color) {
+    const image::Color base = material.diffuse.colorOr(image::Color::white(1));
+    const auto mixed = [](float one, std::uint8_t other) {
+        return image::linearFromSRGB(one) *
+               image::linearFromSRGB(static_cast<float>(other) / 255.0F);
+    };
+    material.diffuse.contents =
+        colorOf({mixed(base.red, color.r), mixed(base.green, color.g), mixed(base.blue, color.b)});
+    material.transparency *= static_cast<float>(color.a) / 255.0F;
+}
+
 /// The material of a piece. It is the piece's own if the piece is double-sided and the material is
-/// not, or if it has colours. Colours need the texture coordinates, so pictures go before them.
+/// not, or if all its vertices have one colour, which then is the material's.
 [[nodiscard]] SCNMaterialPtr
 materialFor(object::Piece& piece, const std::vector<SCNMaterialPtr>& materials) {
-    const SCNMaterialPtr material = piece.material ? materials[*piece.material] : greyMaterial();
-    const bool showsColors = !piece.colors.empty() && !hasPictures(*material);
+    SCNMaterialPtr material =
+        piece.material ? materials[*piece.material] : unnamedMaterial(!piece.colors.empty());
+    const auto isFirst = [&](const glm::u8vec4& color) { return color == piece.colors.front(); };
+    const bool hasOneColor = !piece.colors.empty() && !material->diffuse.image() &&
+                             std::ranges::all_of(piece.colors, isFirst);
     const bool turnsBack = piece.isDoubleSided && !material->isDoubleSided;
-    if (!showsColors && !turnsBack)
+    if (!hasOneColor && !turnsBack)
         return material;
     auto own = std::make_shared<SCNMaterial>(*material);
     own->isDoubleSided = own->isDoubleSided || piece.isDoubleSided;
-    if (showsColors) {
-        const image::Color base =
-            piece.material ? own->diffuse.colorOr(image::Color::white(1)) : image::Color::white(1);
-        own->diffuse.setImage(takeColors(
-            piece,
-            {image::linearFromSRGB(base.red),
-             image::linearFromSRGB(base.green),
-             image::linearFromSRGB(base.blue)}));
+    if (hasOneColor) {
+        tint(*own, piece.colors.front());
+        piece.colors = {};
     }
     return own;
 }
@@ -233,12 +243,9 @@ std::vector<SCNMaterialPtr> materialsOf(ObjectScene& scene, const object::Watch&
 SCNNodePtr nodeOf(ObjectScene scene, const std::vector<SCNMaterialPtr>& materials) {
     auto root = std::make_shared<SCNNode>();
     std::vector<SCNGeometryPtr> geometries;
-    for (object::Piece& piece : scene.pieces) {
-        SCNMaterialPtr material = materialFor(piece, materials); // may change the mesh
-        auto geometry = std::make_shared<SCNReadGeometry>(std::move(piece.mesh));
-        geometry->materials = {std::move(material)};
-        geometries.push_back(std::move(geometry));
-    }
+    for (object::Piece& piece : scene.pieces)
+        geometries.push_back(
+            std::make_shared<SCNReadGeometry>(piece, materialFor(piece, materials)));
     const glm::dmat4 upright =
         glm::translate(glm::dmat4(uprightTransform(scene.upAxis)), -originOf(scene.figures));
     for (const object::Placement& placement : scene.placements) {

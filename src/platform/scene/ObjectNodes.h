@@ -12,14 +12,13 @@ namespace zelvo::scene {
 /// which takes long; any thread. Pictures that cannot be decoded give a warning of the scene. If it
 /// is stopped, the materials that come after are left out.
 ///
-/// Limits: an opacity that cuts out gets soft edges by filtering; a surface has one set of texture
-/// coordinates.
+/// Limit: a surface has one set of texture coordinates.
 [[nodiscard]] std::vector<SCNMaterialPtr>
 materialsOf(object::ObjectScene& scene, const object::Watch& watch = {});
 
 /// The file as a subtree: a node for each placement, with y up. The lengths stay the file's own, but
-/// a file that is far from its zero is moved there. Vertex colours are shown where the material has
-/// no pictures, one for each triangle. Takes the geometry. Main thread only.
+/// a file that is far from its zero is moved there. The geometries of pieces with vertex colours are
+/// SCNColoredGeometry. Takes the geometry. Main thread only.
 [[nodiscard]] SCNNodePtr
 nodeOf(object::ObjectScene scene, const std::vector<SCNMaterialPtr>& materials);
 

@@ -2,6 +2,7 @@
 #include "platform/scene/SCNReferenceNode.h"
 
 #include "platform/object/reading/ObjectReader.h"
+#include "platform/scene/ObjectBatches.h"
 #include "platform/scene/ObjectNodes.h"
 
 #include <utility>
@@ -35,6 +36,7 @@ Result<ReadObject> readObjectFile(const std::filesystem::path& file, const LoadW
     if (!scene)
         return tl::unexpected(scene.error());
     ReadObject read{std::move(*scene), {}};
+    joinSmallPieces(read.scene);
     read.materials = materialsOf(read.scene, watchOf(watch, LoadStep::pictures));
     if (watch.stop.stop_requested())
         return tl::unexpected(object::cancelledError());

@@ -45,7 +45,7 @@ struct LoadWatch {
 readObjectFile(const std::filesystem::path& file, const LoadWatch& watch = {});
 
 /// A node whose subtree is a 3D file: USDZ, OBJ, glTF or STL, by the extension. The subtree has a
-/// node for each placement of a mesh, the file's
+/// node for each placement of a mesh (if there are very many, the small ones are joined), the file's
 /// materials, and the default `categoryBitMask`. Lengths are the file's own.
 ///
 /// `castsShadow` concerns the node alone, as with every node, so the meshes below it cast shadows.

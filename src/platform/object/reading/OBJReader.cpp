@@ -151,6 +151,11 @@ Result<ObjectScene> readOBJ(OBJSource source, const Watch& watch) {
         addPieces(scene, std::move(polygons), {fs::path(source.name).stem().string(), true}, watch);
     if (!pieces)
         return tl::unexpected(pieces.error());
+    // Programs write the colours beside a picture of the same, not to be multiplied with it.
+    for (Piece& piece : scene.pieces) {
+        if (piece.material && scene.materials[*piece.material].baseColor.picture)
+            piece.colors = {};
+    }
     place(scene, *pieces, glm::dmat4(1));
     completeFigures(scene);
     if (scene.figures.triangles == 0)

@@ -87,6 +87,13 @@ Surface sampledSurface() {
     s.diffuse *= vec4(linearFromSRGB(texel.rgb), texel.a);
 #endif
 #endif
+#ifdef HAS_VERTEX_COLORS
+#ifdef PASS_THROUGH
+    s.diffuse *= vec4(sRGBFromLinear(vColor.rgb), vColor.a);
+#else
+    s.diffuse *= vColor;
+#endif
+#endif
     s.emission = vec4(emission.rgb, 1.0);
 #ifdef HAS_EMISSION_PICTURE
     s.emission.rgb *= linearFromSRGB(texture(u_emissionTexture, texcoord(UNIT_EMISSION)).rgb);

@@ -11,6 +11,9 @@ layout(location = 3) in vec2 vTexcoord;
 #ifdef VERTEX_IRRADIANCE
 layout(location = 4) in vec3 vIrradiance;
 #endif
+#ifdef HAS_VERTEX_COLORS
+layout(location = 5) in vec4 vColor;
+#endif
 layout(location = 0) out vec4 oColor;
 
 #include "color.glsl"
@@ -76,6 +79,10 @@ vec3 shadedColor(Surface surface) {
 void main() {
     Surface surface = sampledSurface();
     float alpha = clamp(surface.opacity * surface.diffuse.a, 0.0, 1.0);
+#ifdef CUT_OUT
+    if (alpha < 0.5 * diffuse.a) discard;
+    alpha = diffuse.a;
+#endif
 #ifdef HAS_MODIFIER
     surface.normal = mat3(view) * surface.normal;
     modifySurface(surface);

@@ -4,6 +4,9 @@ layout(location = 0) in vec3 aPosition;
 layout(location = 1) in vec3 aNormal;
 layout(location = 2) in vec4 aTangent;
 layout(location = 3) in vec2 aTexcoord;
+#ifdef HAS_VERTEX_COLORS
+layout(location = 4) in vec4 aColor; // linear
+#endif
 
 #include "irradiance.glsl"
 
@@ -21,6 +24,9 @@ layout(location = 3) out vec2 vTexcoord;
 #ifdef VERTEX_IRRADIANCE
 layout(location = 4) out vec3 vIrradiance;
 #endif
+#ifdef HAS_VERTEX_COLORS
+layout(location = 5) out vec4 vColor;
+#endif
 #endif
 
 void main() {
@@ -29,6 +35,9 @@ void main() {
 #ifndef DEPTH_ONLY
     vPosition = position.xyz;
     vNormal = mat3(normalMatrix) * aNormal;
+#ifdef HAS_VERTEX_COLORS
+    vColor = aColor;
+#endif
 #ifdef VERTEX_IRRADIANCE
     vIrradiance = irradianceAt(normalize(vNormal));
 #endif
