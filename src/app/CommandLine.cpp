@@ -30,6 +30,7 @@ constexpr std::string_view kFooter =
     "  zelvo sheet materials --out materials.png\n"
     "  zelvo list buttons\n"
     "  zelvo inspect ship.usdz chair.obj\n"
+    "  zelvo sheet objects ship.usdz chair.obj --out objects.png\n"
     "\n"
     "Exit status:\n"
     "  0 done; 1 the export failed, or no window could be opened; 2 the command line or a file it "
@@ -55,7 +56,9 @@ constexpr std::string_view kStripFooter =
 
 constexpr std::string_view kSheetFooter =
     "Each is drawn as in a movie, with its name for performance files below. The order is that of\n"
-    "zelvo list.";
+    "zelvo list. For objects, name the 3D files: each is drawn in its own materials, with its name "
+    "and\n"
+    "how many triangles and materials it has.";
 
 constexpr std::string_view kListFooter =
     "Prints one name per line. For a button: its tab, a tab character, and its title for\n"
@@ -98,6 +101,7 @@ constexpr auto kSheets = std::to_array<SheetName>({
     {"shapes",    SheetKind::shapes   },
     {"masks",     SheetKind::masks    },
     {"fonts",     SheetKind::fonts    },
+    {"objects",   SheetKind::objects  },
 });
 
 // clang-format on
@@ -257,13 +261,19 @@ void addWhat(CLI::App& command, const Rows& rows, const std::string& description
 
 void addSheet(CLI::App& app, SheetCommand& options) {
     auto& command = *app.add_subcommand(
-        "sheet", "Make a picture of all materials, scenes, shapes, masks or fonts");
+        "sheet", "Make a picture of all materials, scenes, shapes, masks or fonts, or of 3D files");
     command.footer(std::string(kSheetFooter));
     addWhat(
         command,
         kSheets,
-        "materials, scenes, shapes, masks or fonts",
+        "materials, scenes, shapes, masks, fonts or objects",
         [&options](const SheetName& row) { options.what = row.kind; });
+    command.add_option("FILE", options.files, "3D files, for objects")->type_name("");
+    command.final_callback([&options] {
+        if ((options.what == SheetKind::objects) == options.files.empty())
+            throw CLI::ValidationError(
+                "FILE", "name 3D files for a sheet of objects, and only then");
+    });
     addOut(command, options.out);
 }
 

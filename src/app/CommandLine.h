@@ -58,11 +58,12 @@ struct StripCommand {
     static constexpr int kMaxMoments = 100;
 };
 
-enum class SheetKind { materials, scenes, shapes, masks, fonts };
+enum class SheetKind { materials, scenes, shapes, masks, fonts, objects };
 
 /// `zelvo sheet`.
 struct SheetCommand {
     SheetKind what = SheetKind::materials;
+    std::vector<std::filesystem::path> files; ///< of the objects; otherwise none
     std::filesystem::path out;
 };
 

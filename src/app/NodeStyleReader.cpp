@@ -125,6 +125,12 @@ readMediaStyle(const JsonValue& value, const Names& names, Problems& problems) {
     JsonObject object(value, "node OBJ", problems);
     MediaStyle result;
     result.shape = object.choice("shape", "shape", names.shapes);
+    result.line = object.lineOf("object");
+    result.object = object.string("object");
+    if (result.object == "")
+        problems.add(result.line, "\"object\" in node OBJ must be the path of a 3D file");
+    if (result.object && result.shape)
+        problems.add(result.line, "node OBJ can have an \"object\" or a \"shape\", not both");
     result.material = object.choice("material", "material", names.objectMaterials);
     result.color = readColor(object, "color");
     static_cast<LayoutStyle&>(result) = readLayout(object);

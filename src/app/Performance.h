@@ -53,7 +53,10 @@ struct ImageStyle : LayoutStyle {
 
 /// The style of the media node.
 struct MediaStyle : LayoutStyle {
-    std::optional<std::string> shape;    ///< name of a shape
+    std::optional<std::string> shape; ///< name of a shape
+    int line = 1;                     ///< of `object` in the file, for error messages
+    std::optional<std::string>
+        object; ///< 3D file; path as in the file, relative to the performance
     std::optional<std::string> material; ///< title of a material pair
     std::optional<image::Color> color;
 };

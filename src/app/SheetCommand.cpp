@@ -11,9 +11,15 @@
 #include "platform/foundation/TemporaryFolder.h"
 #include "platform/render/SCNRenderer.h"
 
+#include <fmt/format.h>
+#include <glm/gtc/matrix_transform.hpp>
+
 #include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
 
 namespace zelvo::app {
 
@@ -38,6 +44,10 @@ void fit(node::Node& node, const SheetFormat& format) {
     node.applyScale();
 }
 
+[[nodiscard]] std::string counted(std::size_t count, std::string_view name) {
+    return fmt::format("{} {}{}", count, name, count == 1 ? "" : "s");
+}
+
 /// Draws views one after the other on the same stage.
 class SheetPainter {
 public:
@@ -49,6 +59,7 @@ public:
     }
 
     [[nodiscard]] foundation::Result<Tile> paint(const SheetView& view) {
+        const std::string caption = view.object.empty() ? view.caption : showInMiddle(view);
         if (auto ready = setUp(view.stage, {}, engine); !ready)
             return tl::unexpected(ready.error());
         if (view.fitted)
@@ -57,27 +68,56 @@ public:
         for (double end = time + kLeadIn; time < end; time += kStep)
             renderer.update(time);
         return Tile{
-            view.caption,
+            caption,
             renderer.snapshotAtTime(time, {format.tile.width, format.tile.height}, kOversampling)};
     }
 
+    /// Whether a file could not be read. Its tile is empty, and tells why.
+    [[nodiscard]] bool hasFailed() const { return hasFailed_; }
+
 private:
+    /// Puts the view's 3D file on the stage, in the middle wherever its own zero is. Resets the
+    /// layout. Returns the caption.
+    [[nodiscard]] std::string showInMiddle(const SheetView& view) {
+        content::MediaNode& node = *engine.stage().mediaNode;
+        const auto object = showObject(view.object, node);
+        if (!object) {
+            hasFailed_ = true;
+            node.setShape(std::make_shared<content::NoShape>());
+            return object.error().message;
+        }
+        const geometry::Box box = (*object)->boundingBox();
+        (*object)->pivot = glm::translate(glm::mat4(1), (box.min + box.max) / 2.0F);
+        const object::Figures& figures = (*object)->figures();
+        return fmt::format(
+            "{}   {}   {}",
+            view.caption,
+            counted(figures.triangles, "triangle"),
+            counted(figures.materials, "material"));
+    }
+
     Engine& engine;
     render::SCNRenderer& renderer;
     SheetFormat format;
+    bool hasFailed_ = false;
     double time = 0; ///< scene time, seconds
 };
 
-[[nodiscard]] foundation::Result<image::Image>
-drawSheet(SheetKind kind, const foundation::Folders& folders, StoppableLoop& loop) {
+struct Sheet {
+    image::Image picture;
+    bool isWhole = true; ///< false if a file could not be read
+};
+
+[[nodiscard]] foundation::Result<Sheet>
+drawSheet(const SheetCommand& command, const foundation::Folders& folders, StoppableLoop& loop) {
     auto renderer = render::SCNRenderer::make();
     if (!renderer)
         return tl::unexpected(renderer.error());
     Engine engine(loop.runLoop, folders, 0);
-    const auto format = formatOf(kind);
+    const auto format = formatOf(command.what);
     SheetPainter painter(engine, **renderer, format);
     std::vector<Tile> tiles;
-    for (const auto& view : viewsOf(kind)) {
+    for (const auto& view : viewsOf(command)) {
         auto tile = painter.paint(view);
         if (!tile)
             return tl::unexpected(tile.error());
@@ -85,14 +125,18 @@ drawSheet(SheetKind kind, const foundation::Folders& folders, StoppableLoop& loo
             return foundation::fail(foundation::Cause::cancelled, "the sheet was stopped");
         tiles.push_back(std::move(*tile));
     }
-    return contactSheet(
+    auto sheet = contactSheet(
         tiles, layoutFor(tiles.size(), format.columns, format.tile.width, format.tile.height));
+    if (!sheet)
+        return tl::unexpected(sheet.error());
+    return Sheet{std::move(*sheet), !painter.hasFailed()};
 }
 
 } // namespace
 
 int run(const SheetCommand& command) {
     StoppableLoop loop;
+    bool isWhole = true;
     const auto drawn = [&]() -> foundation::Result<void> {
         if (auto writable = foundation::NewFile::check(command.out); !writable)
             return writable;
@@ -101,18 +145,18 @@ int run(const SheetCommand& command) {
         if (!temporary)
             return tl::unexpected(temporary.error());
         // A temporary folder, so that the user's settings have no influence.
-        const auto sheet =
-            drawSheet(command.what, foundation::Folders::below(temporary->path()), loop);
+        const auto sheet = drawSheet(command, foundation::Folders::below(temporary->path()), loop);
         if (!sheet)
             return tl::unexpected(sheet.error());
-        return image::savePNG(*sheet, command.out);
+        isWhole = sheet->isWhole;
+        return image::savePNG(sheet->picture, command.out);
     }();
     if (!drawn && drawn.error().cause == foundation::Cause::cancelled)
         return stoppedBy(loop.stopSignal());
     if (!drawn)
         return complain(drawn.error(), ExitStatus::kFailed);
     (void)std::fputs((command.out.string() + "\n").c_str(), stdout);
-    return ExitStatus::kDone;
+    return isWhole ? ExitStatus::kDone : ExitStatus::kWrong;
 }
 
 } // namespace zelvo::app

@@ -64,7 +64,8 @@ constexpr auto kSample = "Rag8"; // round and straight strokes, a counter, a des
     SheetView view{
         .caption = material,
         .stage = emptyStage("Subtle", image::Color::hex(0x197FE6)),
-        .fitted = {}};
+        .fitted = {},
+        .object = {}};
     const bool hasBall = pair.use == look::PairUse::everyNode;
     auto& text = view.stage.nodes["TX1"] = shownText(hasBall ? "R8" : "Rag", kHeavyFont, material);
     text.frontColor = image::Color::hex(pair.sampleFront);
@@ -90,7 +91,8 @@ constexpr auto kSample = "Rag8"; // round and straight strokes, a counter, a des
     SheetView view{
         .caption = std::string(environment.name),
         .stage = emptyStage(environment.name, background),
-        .fitted = {}};
+        .fitted = {},
+        .object = {}};
     auto& first = view.stage.nodes["TX1"] = shownText("OPEN", kHeavyFont, titleOf(sample.first));
     first.frontColor = image::Color::white(1);
     first.bandColor = background;
@@ -109,7 +111,8 @@ constexpr auto kSample = "Rag8"; // round and straight strokes, a counter, a des
     SheetView view{
         .caption = shape,
         .stage = emptyStage("Subtle", image::Color::hex(0x19E6E6)),
-        .fitted = "OBJ"};
+        .fitted = "OBJ",
+        .object = {}};
     auto& object = *view.stage.object;
     object.shape = shape;
     object.material = "Iron";
@@ -121,7 +124,8 @@ constexpr auto kSample = "Rag8"; // round and straight strokes, a counter, a des
 }
 
 [[nodiscard]] SheetView maskView(const std::string& mask) {
-    SheetView view{.caption = mask, .stage = emptyStage("Plain", kDim), .fitted = "IMG"};
+    SheetView view{
+        .caption = mask, .stage = emptyStage("Plain", kDim), .fitted = "IMG", .object = {}};
     auto& picture = *view.stage.picture;
     picture.image = foundation::mainBundle().path("Postcard.png");
     picture.mask = mask;
@@ -131,12 +135,27 @@ constexpr auto kSample = "Rag8"; // round and straight strokes, a counter, a des
 }
 
 [[nodiscard]] SheetView fontView(const std::string& font) {
-    SheetView view{.caption = font, .stage = emptyStage("Plain", kDim), .fitted = "TX1"};
+    SheetView view{
+        .caption = font, .stage = emptyStage("Plain", kDim), .fitted = "TX1", .object = {}};
     auto& text = view.stage.nodes["TX1"] = shownText(kSample, font, "Plain");
     text.frontColor = image::Color::white(1);
     text.bandColor = image::Color::hex(0xE64C19);
     text.bevel = 1.8;
     text.depth = 24;
+    return view;
+}
+
+/// In the file's own materials, which are best seen in even light.
+[[nodiscard]] SheetView objectView(const std::filesystem::path& file) {
+    SheetView view{
+        .caption = file.filename().string(),
+        .stage = emptyStage("Subtle", kDim),
+        .fitted = "OBJ",
+        .object = file};
+    auto& object = *view.stage.object;
+    object.position = glm::dvec3(0);
+    object.rotation = glm::dvec3(-0.25, 0.5, 0);
+    object.visible = true;
     return view;
 }
 
@@ -160,14 +179,16 @@ SheetFormat formatOf(SheetKind kind) {
         return {.columns = 6, .tile = {252, 168}, .fitWidth = 500, .fitHeight = 330};
     case SheetKind::shapes:
         return {.columns = 6, .tile = {252, 168}, .fitWidth = 440, .fitHeight = 270};
+    case SheetKind::objects:
+        return {.columns = 4, .tile = {384, 288}, .fitWidth = 420, .fitHeight = 300};
     case SheetKind::fonts:
         return {.columns = 6, .tile = {252, 126}, .fitWidth = 640, .fitHeight = 270};
     }
     FATAL("no sheet {}", static_cast<int>(kind));
 }
 
-std::vector<SheetView> viewsOf(SheetKind kind) {
-    switch (kind) {
+std::vector<SheetView> viewsOf(const SheetCommand& command) {
+    switch (command.what) {
     case SheetKind::materials:
         return viewsOfAll(look::kPairs, materialView);
     case SheetKind::scenes:
@@ -178,8 +199,10 @@ std::vector<SheetView> viewsOf(SheetKind kind) {
         return viewsOfAll(listed(Listing::masks), maskView);
     case SheetKind::fonts:
         return viewsOfAll(listed(Listing::fonts), fontView);
+    case SheetKind::objects:
+        return viewsOfAll(command.files, objectView);
     }
-    FATAL("no sheet {}", static_cast<int>(kind));
+    FATAL("no sheet {}", static_cast<int>(command.what));
 }
 
 } // namespace zelvo::app

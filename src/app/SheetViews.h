@@ -4,6 +4,7 @@
 #include "app/CommandLine.h"
 #include "app/Performance.h"
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,6 +16,7 @@ struct SheetView {
     std::string caption;
     Performance stage;
     std::optional<std::string> fitted; ///< the node's short name; empty: no node is scaled
+    std::filesystem::path object;      ///< a 3D file to show; the caption tells its figures, too
 };
 
 /// The layout of a sheet.
@@ -27,7 +29,8 @@ struct SheetFormat {
 
 [[nodiscard]] SheetFormat formatOf(SheetKind kind);
 
-/// One view for each material, scene, shape, mask or font, in the order of `zelvo list`.
-[[nodiscard]] std::vector<SheetView> viewsOf(SheetKind kind);
+/// One view for each material, scene, shape, mask or font, in the order of `zelvo list`, or for each
+/// of the files.
+[[nodiscard]] std::vector<SheetView> viewsOf(const SheetCommand& command);
 
 } // namespace zelvo::app

@@ -4,11 +4,14 @@
 #include "content/ImageMask.h"
 #include "content/ImageVideo.h"
 #include "platform/foundation/Check.h"
+#include "platform/foundation/Console.h"
 #include "platform/image/reading/ImageReader.h"
 
 #include <glm/gtc/constants.hpp>
 
 #include <algorithm>
+#include <memory>
+#include <string>
 
 namespace zelvo::app {
 
@@ -119,7 +122,13 @@ styleImage(const ImageStyle& style, const std::filesystem::path& folder, content
     return {};
 }
 
-void styleMedia(const MediaStyle& style, content::MediaNode& node) {
+/// An object keeps its own materials if the style has no material and no colour.
+foundation::Result<void>
+styleMedia(const MediaStyle& style, const std::filesystem::path& folder, content::MediaNode& node) {
+    if (style.object) {
+        if (auto shown = showObject(folder / *style.object, node); !shown)
+            return tl::unexpected(shown.error().in(std::to_string(style.line)));
+    }
     if (style.material)
         node.setCurrentMaterialName(materialTitled(*style.material));
     if (style.color)
@@ -127,6 +136,7 @@ void styleMedia(const MediaStyle& style, content::MediaNode& node) {
     if (style.shape)
         node.setShape(content::MediaNode::shapeNamed(*style.shape));
     styleLayout(style, node);
+    return {};
 }
 
 void styleTexts(const Performance& performance, stage::Nodes& stage) {
@@ -139,11 +149,25 @@ void styleTexts(const Performance& performance, stage::Nodes& stage) {
 
 } // namespace
 
+foundation::Result<scene::SCNReferenceNodePtr>
+showObject(const std::filesystem::path& file, content::MediaNode& node) {
+    auto object = std::make_shared<scene::SCNReferenceNode>(file);
+    if (auto loaded = object->load(); !loaded)
+        return tl::unexpected(loaded.error());
+    for (const std::string& warning : object->warnings())
+        foundation::logLine("zelvo: " + file.filename().string() + ": " + warning);
+    object->castsShadow = false;
+    node.setCustomNode(object);
+    return object;
+}
+
 foundation::Result<void> styleContent(
     const Performance& performance, const std::filesystem::path& folder, stage::Nodes& stage) {
     styleTexts(performance, stage);
-    if (performance.object)
-        styleMedia(*performance.object, *stage.mediaNode);
+    if (performance.object) {
+        if (auto styled = styleMedia(*performance.object, folder, *stage.mediaNode); !styled)
+            return styled;
+    }
     if (!performance.picture)
         return {};
     return styleImage(*performance.picture, folder, *stage.imageNode);

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <sstream>
 #include <string>
@@ -174,6 +175,154 @@ void expectTilesLikeGolden(
         EXPECT_LE(test::differingShare(tiles[i], wanted), test::kGoldenShare)
             << kind << ": " << names[i];
     }
+}
+
+// A square with texture coordinates: four places, four coordinates, six indices.
+constexpr auto kSquare = "AACAvwAAgL8AAAAAAACAPwAAgL8AAAAAAACAPwAAgD8AAAAAAACAvwAAgD8AAAAAAAAAAA"
+                         "AAgD8AAIA/AACAPwAAgD8AAAAAAAAAAAAAAAAAAAEAAgAAAAIAAwA=";
+
+/// A picture of four colours; its last column is clear.
+void writePicture(const Program& program) {
+    image::Image picture(4, 4);
+    const std::array<std::array<std::uint8_t, 3>, 4> corners{
+        {{220, 40, 30}, {240, 220, 60}, {40, 90, 220}, {40, 170, 70}}};
+    for (std::size_t i = 0; i < 16; ++i) {
+        std::ranges::copy(corners.at(i % 4 / 2 + i / 8 * 2), &picture.pixels[4 * i]);
+        picture.pixels[4 * i + 3] = i % 4 == 3 ? 0 : 255;
+    }
+    ASSERT_TRUE(image::savePNG(picture, program.path("four.png")).has_value());
+}
+
+/// A textured box without its right and its upper side; a metal ball above a carpet with colours at
+/// its points, z up; a square with a part cut out.
+[[nodiscard]] std::vector<std::string> writeObjects(const Program& program) {
+    writePicture(program);
+    program.write("box.mtl", "newmtl paper\nmap_Kd four.png\nnewmtl tin\nKd 0.6 0.6 0.7\nPm 1\n");
+    return {
+        program.write("box.obj", R"(mtllib box.mtl
+v 3 0 4
+v 5 0 4
+v 5 2 4
+v 3 2 4
+v 3 0 2
+v 5 0 2
+v 5 2 2
+v 3 2 2
+vt 0 0
+vt 1 0
+vt 1 1
+vt 0 1
+usemtl paper
+f 1/1 2/2 3/3 4/4
+usemtl tin
+f 4 3 7 8
+f 2 6 7 3
+)"),
+        program.write("ball.usda", R"(#usda 1.0
+( upAxis = "Z" )
+def Sphere "Ball" ( apiSchemas = ["MaterialBindingAPI"] ) {
+    double radius = 1
+    double3 xformOp:translate = (0, 0, 1.2)
+    uniform token[] xformOpOrder = ["xformOp:translate"]
+    rel material:binding = </Gold>
+}
+def Material "Gold" {
+    token outputs:surface.connect = </Gold/Surface.outputs:surface>
+    def Shader "Surface" {
+        uniform token info:id = "UsdPreviewSurface"
+        color3f inputs:diffuseColor = (0.9, 0.6, 0.2)
+        float inputs:metallic = 1
+        float inputs:roughness = 0.3
+        token outputs:surface
+    }
+}
+def Mesh "Carpet" {
+    point3f[] points = [(-2, -2, 0), (2, -2, 0), (2, 2, 0), (-2, 2, 0)]
+    int[] faceVertexCounts = [4]
+    int[] faceVertexIndices = [0, 1, 2, 3]
+    color3f[] primvars:displayColor = [(1, 0, 0), (0, 1, 0), (0, 0, 1), (1, 1, 1)] (
+        interpolation = "vertex"
+    )
+}
+)"),
+        program.write(
+            "flag.gltf",
+            fmt::format(
+                R"({{"asset": {{"version": "2.0"}}, "scenes": [{{"nodes": [0]}}], "nodes": [{{"mesh": 0}}],
+"meshes": [{{"primitives": [{{"attributes": {{"POSITION": 0, "TEXCOORD_0": 1}}, "indices": 2,
+  "material": 0}}]}}],
+"materials": [{{"alphaMode": "MASK", "doubleSided": true,
+  "pbrMetallicRoughness": {{"baseColorTexture": {{"index": 0}}, "metallicFactor": 0}}}}],
+"textures": [{{"source": 0}}], "images": [{{"uri": "four.png"}}],
+"accessors": [
+  {{"bufferView": 0, "componentType": 5126, "count": 4, "type": "VEC3", "min": [-1, -1, 0],
+    "max": [1, 1, 0]}},
+  {{"bufferView": 1, "componentType": 5126, "count": 4, "type": "VEC2"}},
+  {{"bufferView": 2, "componentType": 5123, "count": 6, "type": "SCALAR"}}],
+"bufferViews": [{{"buffer": 0, "byteLength": 48}}, {{"buffer": 0, "byteOffset": 48, "byteLength": 32}},
+  {{"buffer": 0, "byteOffset": 80, "byteLength": 12}}],
+"buffers": [{{"byteLength": 92, "uri": "data:application/octet-stream;base64,{}"}}]}})",
+                kSquare))};
+}
+
+TEST(SheetOfObjects, ShowsEachFileAsItLooked) {
+    const Program program;
+    std::vector<std::string> arguments{"sheet", "objects"};
+    const std::vector<std::string> files = writeObjects(program);
+    arguments.insert(arguments.end(), files.begin(), files.end());
+    const std::string none = program.write("none.obj", "v 0 0 0\n");
+    arguments.insert(arguments.end(), {none, "--out", program.path("sheet.png")});
+    const Ending made = program.run(arguments);
+    EXPECT_EQ(made.status, 2) << "one of the files has nothing in it";
+    const auto picture = loaded(program.path("sheet.png"));
+    const Grid grid{4, 384, 288};
+    ASSERT_EQ(picture->width, kGap + grid.columns * (grid.width + kGap)) << made.err;
+    std::vector<image::Image> tiles;
+    for (int i = 0; i < 3; ++i)
+        tiles.push_back(smaller(grid.picture(*picture, i), grid.width, grid.height));
+    expectTilesLikeGolden(tiles, files, "objects");
+
+    EXPECT_EQ(program.run({"sheet", "objects", "--out", program.path("x.png")}).status, 2);
+    EXPECT_EQ(program.run({"sheet", "masks", none, "--out", program.path("x.png")}).status, 2);
+}
+
+/// A colour takes its own materials away.
+TEST(Frame, ShowsTheObjectThatThePerformanceNames) {
+    const Program program;
+    (void)writeObjects(program);
+    /// Red and blue of a point of its picture.
+    const auto shown = [&](const std::string& style) {
+        const std::string out = program.path("frame.png");
+        const std::string file = program.write(
+            "object.json",
+            fmt::format(
+                R"({{"duration": 2, "scene": "Flat", "background": "#000000",
+                    "nodes": {{"OBJ": {{"object": "flag.gltf"{}}}}},
+                    "cues": [{{"at": -1.5, "tab": "IN1", "press": "Left In", "nodes": ["OBJ"]}}]}})",
+                style));
+        const Ending made =
+            program.run({"frame", file, "--at", "1.9", "--out", out, "--size", "160x90"});
+        EXPECT_EQ(made.status, 0) << made.err;
+        const auto picture = loaded(out);
+        constexpr std::size_t kPlace = 4 * (30 * 160 + 70);
+        return std::to_array({picture->pixels.at(kPlace), picture->pixels.at(kPlace + 2)});
+    };
+    const auto own = shown("");
+    EXPECT_GT(own[0], own[1] + 60) << "red";
+    const auto tinted = shown(R"(, "color": "#0000FF")");
+    EXPECT_GT(tinted[1], tinted[0] + 60) << "blue";
+    EXPECT_EQ(
+        program
+            .run(
+                {"frame",
+                 program.write("both.json", R"({"nodes": {"OBJ":
+                       {"object": "flag.gltf", "shape": "Cube"}}, "cues": []})"),
+                 "--at",
+                 "1",
+                 "--out",
+                 program.path("both.png")})
+            .status,
+        2);
 }
 
 struct Sheet {
