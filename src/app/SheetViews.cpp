@@ -154,7 +154,7 @@ constexpr auto kSample = "Rag8"; // round and straight strokes, a counter, a des
         .object = file};
     auto& object = *view.stage.object;
     object.position = glm::dvec3(0);
-    object.rotation = glm::dvec3(-0.25, 0.5, 0);
+    object.rotation = glm::dvec3(0.25, -0.5, 0);
     object.visible = true;
     return view;
 }

@@ -80,7 +80,7 @@ void main() {
     Surface surface = sampledSurface();
     float alpha = clamp(surface.opacity * surface.diffuse.a, 0.0, 1.0);
 #ifdef CUT_OUT
-    if (alpha < 0.5 * diffuse.a) discard;
+    bool isCutOut = alpha < 0.5 * diffuse.a;
     alpha = diffuse.a;
 #endif
 #ifdef HAS_MODIFIER
@@ -99,5 +99,9 @@ void main() {
     oColor = vec4(color * alpha, alpha);
 #else
     oColor = vec4(color, 1.0);
+#endif
+#ifdef CUT_OUT
+    // At the end, because lookups above need the neighbouring pixels.
+    if (isCutOut) discard;
 #endif
 }
