@@ -40,8 +40,7 @@ glm::mat4 translation(float x, float y) {
     return glm::translate(glm::mat4(1), {x, y, 0});
 }
 
-/// The advance of the whole line. It is the position of the measuring character, unless that is
-/// left of the letters (right-to-left text) or was joined to the last character.
+/// The advance of the whole line. It is the position of the measuring character, if there is one.
 float lineAdvance(const std::vector<TextCoords>& coordinates, std::size_t letterCount) {
     float end = 0;
     for (std::size_t i = 0; i < letterCount; ++i) {
@@ -49,9 +48,12 @@ float lineAdvance(const std::vector<TextCoords>& coordinates, std::size_t letter
     }
     if (coordinates.size() == letterCount)
         return end;
-    const TextCoords& measure = coordinates.back();
-    const bool isLeftmost = letterCount > 0 && measure.x < coordinates.front().x;
-    return isLeftmost ? measure.x + measure.width + end : measure.x;
+    return coordinates.back().x;
+}
+
+/// The extra character is left of the letters, where a line ends that is written right to left.
+bool endsLeft(const std::vector<TextCoords>& coordinates) {
+    return coordinates.back().x < coordinates.front().x;
 }
 
 std::vector<TextCoords>
@@ -253,7 +255,8 @@ void TextNode::buildLetters() {
     const std::vector<std::string> characters = text::charactersOf(text_);
     std::vector<TextCoords> coordinates = coordinatesOf(text_ + kLineMeasure, style);
     // Some characters join with the next one; such a line is measured without the extra character.
-    if (coordinates.size() == characters.size())
+    // So is a line that ends on the left: its letters must begin at zero.
+    if (coordinates.size() == characters.size() || endsLeft(coordinates))
         coordinates = coordinatesOf(text_, style);
     CHECK(
         coordinates.size() >= characters.size(),

@@ -111,6 +111,9 @@ TEST_F(TextNodeTest, MakesOneLetterPerCharacterOfAnything) {
         EXPECT_NEAR(middle(*text), 0, row.offMiddle) << row.what;
     }
     EXPECT_EQ(textOf("")->bgPlane->width(), 100);
+    const auto text = textOf("\u05E9\u05DC\u05D5\u05DD");
+    const geometry::Box box = text->contentNode->boundingBox();
+    EXPECT_NEAR(text->bgPlane->width(), box.max.x - box.min.x, 12) << "the frame fits";
 }
 
 TEST_F(TextNodeTest, TurnsAllLettersAboutOneCommonPoint) {
