@@ -5,6 +5,7 @@
 #include "ui/imports/ObjectController.h"
 #include "ui/imports/ObjectImporter.h"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 
 #include <QUrl>
@@ -188,7 +189,7 @@ TEST_F(ObjectImportTest, TheScreenListsRenamesAndHandsOverWhatWasLoaded) {
         loop().drain();
         std::string text;
         for (const ObjectRowData& row : screen.rows())
-            text += (row.isObject ? "*" : "") + row.name.toStdString() + " ";
+            text += fmt::format("{}{} ", row.isObject ? "*" : "", row.name.toStdString());
         return text;
     };
     QList<QUrl> given;
