@@ -14,6 +14,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 namespace zelvo::ui {
@@ -93,10 +94,10 @@ class Reporter {
     Q_DECLARE_TR_FUNCTIONS(zelvo::ui::ObjInfo)
 
 public:
-    Reporter(const fs::path& object, const std::stop_token& isStopped)
+    Reporter(const fs::path& object, std::stop_token isStopped)
         : file(object)
         , folder(object.parent_path())
-        , stop(isStopped) {}
+        , stop(std::move(isStopped)) {}
 
     [[nodiscard]] QString report() {
         const QString name = QString::fromStdString(file.filename().string());
@@ -172,6 +173,26 @@ private:
     int libraries = 0;
 };
 
+/// What stands behind a backslash.
+struct Escape {
+    QChar character;
+    qsizetype length = 0;
+};
+
+/// Nothing if the text begins with no escape.
+std::optional<Escape> escapeAt(QStringView text) {
+    if (text.startsWith(u'\\'))
+        return Escape{u'\\', 1};
+    const bool isHex = text.startsWith(u'u');
+    const qsizetype prefix = isHex ? 1 : 0;
+    const qsizetype digits = isHex ? 4 : 3;
+    bool isNumber = false;
+    const uint code = text.mid(prefix, digits).toUInt(&isNumber, isHex ? 16 : 8);
+    if (!isNumber || text.size() < prefix + digits)
+        return std::nullopt;
+    return Escape{static_cast<char16_t>(code), prefix + digits};
+}
+
 } // namespace
 
 QString ObjInfo::report(const fs::path& file, const std::stop_token& stop) {
@@ -179,24 +200,17 @@ QString ObjInfo::report(const fs::path& file, const std::stop_token& stop) {
 }
 
 QString ObjInfo::withoutEscapes(const QString& report) {
-    constexpr int kHexDigits = 4;
-    constexpr int kOctalDigits = 3;
     QString plain;
     for (qsizetype at = 0; at < report.size(); ++at) {
         if (report[at] != u'\\') {
             plain += report[at];
             continue;
         }
-        const bool isHex = report.mid(at + 1, 1) == u"u";
-        const int digits = isHex ? kHexDigits : kOctalDigits;
-        const QString number = report.mid(at + (isHex ? 2 : 1), digits);
-        bool isNumber = number.size() == digits;
-        const uint code = isNumber ? number.toUInt(&isNumber, isHex ? 16 : 8) : 0;
-        const bool isBackslash = report.mid(at + 1, 1) == u"\\";
-        if (!isBackslash && !isNumber)
+        const auto escape = escapeAt(QStringView(report).mid(at + 1));
+        if (!escape)
             return report;
-        plain += isBackslash ? QChar(u'\\') : QChar(static_cast<char16_t>(code));
-        at += isBackslash ? 1 : digits + (isHex ? 1 : 0);
+        plain += escape->character;
+        at += escape->length;
     }
     return plain;
 }

@@ -106,7 +106,7 @@ ObjectImporter::ObjectImporter(const Services& given)
     : services(given) {}
 
 fs::path ObjectImporter::folder() const {
-    const fs::path path = services.folders.documents / kFolder;
+    fs::path path = services.folders.documents / kFolder;
     std::error_code ignored; // errors show when a file is written
     fs::create_directories(path, ignored);
     return path;
@@ -150,8 +150,8 @@ std::vector<fs::path> ObjectImporter::importFiles(const Paths& given) {
 }
 
 Result<fs::path> ObjectImporter::place(const fs::path& file) const {
-    const fs::path target = folder() / file.filename();
-    return copyInto(file, target).map([&target] { return target; });
+    fs::path target = folder() / file.filename();
+    return copyInto(file, target).map([&target] { return std::move(target); });
 }
 
 ObjectImporter::Paths ObjectImporter::importOne(const fs::path& file) {
@@ -244,7 +244,7 @@ void ObjectImporter::refuse(const QString& title, const std::string& message) {
 }
 
 Result<void> ObjectImporter::rename(const std::string& name, const std::string& wanted) {
-    const auto renamed = [&]() -> Result<void> {
+    auto renamed = [&]() -> Result<void> {
         if (!isPlainName(wanted))
             return fail(Cause::malformed, tr("This is no name for a file.").toStdString());
         const fs::path from = folder() / name;

@@ -52,17 +52,17 @@ SceneViewItem::SceneViewItem(QQuickItem* parent)
     : QQuickFramebufferObject(parent) {}
 
 SceneViewItem::~SceneViewItem() {
-    if (shown)
+    if (shown != nullptr)
         shown->setWindow({});
 }
 
 void SceneViewItem::setController(SceneView* view) {
     if (view == shown)
         return;
-    if (shown)
+    if (shown != nullptr)
         shown->setWindow({});
     shown = view;
-    if (shown)
+    if (shown != nullptr)
         shown->setWindow([this] { update(); });
     Q_EMIT controllerChanged();
 }
@@ -81,7 +81,7 @@ void SceneViewItem::itemChange(ItemChange change, const ItemChangeData& data) {
         &QQuickWindow::frameSwapped,
         this,
         [this] {
-            if (shown)
+            if (shown != nullptr)
                 shown->frameShown();
         },
         Qt::QueuedConnection);
