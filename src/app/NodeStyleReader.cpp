@@ -128,9 +128,9 @@ readMediaStyle(const JsonValue& value, const Names& names, Problems& problems) {
     result.line = object.lineOf("object");
     result.object = object.string("object");
     if (result.object == "")
-        problems.add(result.line, "\"object\" in node OBJ must be the path of a 3D file");
+        problems.add(result.line, R"("object" in node OBJ must be the path of a 3D file)");
     if (result.object && result.shape)
-        problems.add(result.line, "node OBJ can have an \"object\" or a \"shape\", not both");
+        problems.add(result.line, R"(node OBJ can have an "object" or a "shape", not both)");
     result.material = object.choice("material", "material", names.objectMaterials);
     result.color = readColor(object, "color");
     static_cast<LayoutStyle&>(result) = readLayout(object);

@@ -85,7 +85,7 @@ Item {
         }
         Tip { // beside the list, so that it hides no row
             x: root.width + 8
-            y: (parent.height - implicitHeight) / 2
+            y: parent ? (parent.height - implicitHeight) / 2 : 0
             name: root.isCorrupt ? qsTr("This font has crashed Zelvo. It is shown without a bevel.") : root.name
             isAsked: area.containsMouse && root.isCorrupt
         }
