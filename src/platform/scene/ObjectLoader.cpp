@@ -31,6 +31,14 @@ private:
     int last = 0;
 };
 
+/// Tells it on the main thread.
+std::function<void(const LoadProgress&)>
+posting(foundation::RunLoop& loop, std::function<void(const LoadProgress&)> tell) {
+    return [&loop, tell = std::move(tell)](const LoadProgress& progress) {
+        loop.post([tell, progress] { tell(progress); });
+    };
+}
+
 } // namespace
 
 ObjectLoader::ObjectLoader(foundation::RunLoop& loop)
@@ -57,9 +65,9 @@ void ObjectLoader::load(const std::filesystem::path& file, Callbacks callbacks) 
         if (job->stop.stop_requested())
             return;
         const LoadWatch watch{
-            job->stop.get_token(), Percents([&loop, job, advanced](const LoadProgress& progress) {
-                loop.post([job, advanced, progress] { advanced(job, progress); });
-            })};
+            job->stop.get_token(), Percents(posting(loop, [job, advanced](const LoadProgress& now) {
+                advanced(job, now);
+            }))};
         // A call in the queue must be copyable.
         const auto read =
             std::make_shared<foundation::Result<ReadObject>>(readObjectFile(job->file, watch));

@@ -161,7 +161,7 @@ private:
 };
 
 [[nodiscard]] glm::mat4 uprightTransform(object::UpAxis up) {
-    constexpr float kQuarter = glm::half_pi<float>();
+    constexpr auto kQuarter = glm::half_pi<float>();
     switch (up) {
     case object::UpAxis::z:
         return glm::rotate(glm::mat4(1), -kQuarter, glm::vec3(1, 0, 0));
