@@ -128,7 +128,7 @@ std::string nestedBlurs() {
 }
 
 /// Layers, each with a surface of the whole picture: gigabytes.
-std::string nestedLayers() {
+[[maybe_unused]] std::string nestedLayers() {
     std::string body;
     for (int i = 0; i < 150; ++i)
         body += R"(<g opacity="0.9"><rect width="1" height="1"/>)";

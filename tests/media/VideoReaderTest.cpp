@@ -6,6 +6,7 @@
 #include "platform/media/AVPlayer.h"
 
 #include <algorithm>
+#include <numeric>
 #include <random>
 
 namespace zelvo::media {
@@ -66,9 +67,8 @@ TEST_F(VideoReaderTest, ShowsTheRightPictureAtAnyTimeOfAnyFile) {
         VideoReader reader = made(row.name, row.video);
         const int count = row.video.frames - row.first;
         ASSERT_EQ(reader.count(), static_cast<std::size_t>(count));
-        std::vector<int> order;
-        for (int i = 0; i < count; ++i)
-            order.push_back(i);
+        std::vector<int> order(static_cast<std::size_t>(count));
+        std::iota(order.begin(), order.end(), 0);
         std::vector<int> mixed = order;
         std::shuffle(mixed.begin(), mixed.end(), std::mt19937(1));
         order.insert(order.end(), mixed.begin(), mixed.end());

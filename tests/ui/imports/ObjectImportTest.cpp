@@ -31,7 +31,7 @@ protected:
     }
 
     fs::path write(const fs::path& name, const std::string& text) const {
-        const fs::path file = folder.path() / "given" / name;
+        fs::path file = folder.path() / "given" / name;
         fs::create_directories(file.parent_path());
         std::ofstream(file, std::ios::binary) << text;
         return file;
@@ -44,7 +44,7 @@ protected:
 
     /// The title of the alert on show, which is closed; empty: there is none.
     std::string told() {
-        const std::string title = alerts.title().toStdString();
+        std::string title = alerts.title().toStdString();
         alerts.accept();
         return title;
     }
