@@ -278,6 +278,7 @@ TEST(SheetOfObjects, ShowsEachFileAsItLooked) {
     const Grid grid{4, 384, 288};
     ASSERT_EQ(picture->width, kGap + grid.columns * (grid.width + kGap)) << made.err;
     std::vector<image::Image> tiles;
+    tiles.reserve(files.size());
     for (int i = 0; i < 3; ++i)
         tiles.push_back(smaller(grid.picture(*picture, i), grid.width, grid.height));
     expectTilesLikeGolden(tiles, files, "objects");
