@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 namespace zelvo::image {
 namespace {
@@ -142,11 +143,15 @@ std::span<const std::uint8_t> bytesOf(const std::string& text) {
 }
 
 TEST(SVG, DrawingsThatAskForHoursOrGigabytesAreRefusedAndCanBeStopped) {
-    for (const std::string& hostile : {manyUses(), nestedBlurs()}) {
+    const std::pair<std::string, const char*> rows[] = {
+        {manyUses(), "longer than 1 second"},
+        {nestedBlurs(), "make it simpler"}, // its time or its memory ends first
+    };
+    for (const auto& [hostile, why] : rows) {
         const auto refused = readSVG(bytesOf(hostile), {}, 1);
         ASSERT_FALSE(refused);
         EXPECT_EQ(refused.error().cause, foundation::Cause::tooLarge);
-        EXPECT_NE(refused.error().message.find("longer than 1 second"), std::string::npos);
+        EXPECT_NE(refused.error().message.find(why), std::string::npos) << refused.error().message;
         int asked = 0;
         const auto stopped = readSVG(bytesOf(hostile), [&asked] { return ++asked > 5; });
         ASSERT_FALSE(stopped);
