@@ -22,7 +22,7 @@ protected:
     /// A square on the ground, in red, with that name.
     std::filesystem::path square(const std::string& name) {
         std::ofstream(folder.path() / "paint.mtl") << "newmtl red\nKd 1 0 0\n";
-        const auto file = folder.path() / (name + ".obj");
+        auto file = folder.path() / (name + ".obj");
         std::ofstream(file) << "mtllib paint.mtl\nusemtl red\nv 0 0 0\nv 0 0 3\nv 3 0 3\nv 3 0 0\n"
                                "f 1 2 3 4\n";
         return file;

@@ -155,6 +155,8 @@ TEST(ObjectNodes, stand_upright_and_near_zero) {
     const geometry::Box box = node->boundingBox();
     EXPECT_LT(glm::distance(box.max - box.min, glm::vec3(1.25F, 2, 0)), 1e-5F);
     EXPECT_LT(glm::length(box.min), 2);
+    const glm::vec4 top = node->childNodes()[0]->worldTransform() * glm::vec4(0, 0, 2, 1);
+    EXPECT_NEAR(top.y, box.max.y, 1e-5F) << "upside down";
     EXPECT_TRUE(node->childNodes()[0]->geometry->materialFor(0)->isDoubleSided);
 }
 

@@ -65,6 +65,21 @@ TEST(Particles, StandInTheSamePlacesInWhateverStepsTheTimeIsReached) {
     EXPECT_GT(glm::distance(inFrames.front().position, ofAnotherRun.front().position), 0.01f);
 }
 
+TEST(Particles, AreTheSameInAReplayAndOthersInASecondEmitter) {
+    const auto system = makeSpray();
+    const auto sprayed = [&system](int emitters) {
+        Stage stage;
+        for (int i = 0; i < emitters; ++i)
+            stage.node->addParticleSystem(system);
+        stage.apply({0, 1.25});
+        return particlesOf(*stage.node, static_cast<std::size_t>(emitters) - 1);
+    };
+    const auto first = sprayed(1);
+    ASSERT_FALSE(first.empty());
+    EXPECT_GT(glm::distance(first.front().position, sprayed(2).front().position), 0.01f);
+    expectSame(first, sprayed(1));
+}
+
 TEST(Particles, AreAsManyAsRateTimesLife) {
     Stage stage;
     const auto system = makeSpray();

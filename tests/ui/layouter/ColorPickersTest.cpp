@@ -89,6 +89,13 @@ TEST(ColorPicker, ReadsHexadecimalDigitsAndNothingElse) {
     }
 }
 
+TEST(ColorPicker, KeepsTheHueWhileTheColorIsGrey) {
+    AdvancedColorPicker picker([](const image::Color&) {});
+    picker.open(image::Color::hex(0x0000FF));
+    ASSERT_TRUE(picker.writeHex("#808080"));
+    EXPECT_NEAR(picker.stackView().front()->currentPart(), 2.0f / 3.0f, 0.01f);
+}
+
 TEST(ColorPicker, ThePipetteTakesThePixelBelowThePointer) {
     image::Color told;
     AdvancedColorPicker picker([&](const image::Color& color) { told = color; });
