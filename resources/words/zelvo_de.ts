@@ -42,18 +42,11 @@
     </message>
 </context>
 <context>
-    <name>FontDialog</name>
+    <name>FontImport</name>
     <message>
         <source>Import Fonts</source>
         <translation>Schriften importieren</translation>
     </message>
-    <message>
-        <source>Import</source>
-        <translation>Importieren</translation>
-    </message>
-</context>
-<context>
-    <name>FontImport</name>
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
@@ -159,6 +152,13 @@
     </message>
 </context>
 <context>
+    <name>ImportDialog</name>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+</context>
+<context>
     <name>LoadingNotice</name>
     <message>
         <source>%1 %</source>
@@ -167,17 +167,6 @@
     <message>
         <source>Give up</source>
         <translation>Aufgeben</translation>
-    </message>
-</context>
-<context>
-    <name>ObjectDialog</name>
-    <message>
-        <source>Import Objects</source>
-        <translation>Objekte importieren</translation>
-    </message>
-    <message>
-        <source>Import</source>
-        <translation>Importieren</translation>
     </message>
 </context>
 <context>
@@ -215,6 +204,10 @@
 </context>
 <context>
     <name>ObjectList</name>
+    <message>
+        <source>Import Objects</source>
+        <translation>Objekte importieren</translation>
+    </message>
     <message>
         <source>Imported Objects</source>
         <translation>Importierte Objekte</translation>

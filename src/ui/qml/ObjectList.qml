@@ -33,8 +33,9 @@ FocusScope {
             ScreenButton {
                 text: qsTr("Import")
                 onClicked: {
-                    dialog.active = true;
-                    (dialog.item as ObjectDialog).ask(root.controller.nameFilters, root.controller.downloads);
+                    if (!dialog.item)
+                        dialog.setSource("ImportDialog.qml", { title: qsTr("Import Objects"), takesMany: true });
+                    (dialog.item as ImportDialog).ask(root.controller.nameFilters, root.controller.downloads);
                 }
             }
         ]
@@ -126,15 +127,12 @@ FocusScope {
     }
     Loader {
         id: dialog
-
-        active: false
-        source: "ObjectDialog.qml"
     }
     Connections {
         target: dialog.item
 
         function onAccepted(): void {
-            root.controller.importFrom((dialog.item as ObjectDialog).selectedFiles);
+            root.controller.importFrom((dialog.item as ImportDialog).selectedFiles);
         }
     }
 }

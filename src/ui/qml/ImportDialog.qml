@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 import QtQuick.Dialogs
 
-// Asks for objects and their parts. It begins in the given folder, and the next time where the user
-// was.
+// Asks for files to import. It begins in the given folder, and the next time where the user was.
 FileDialog {
+    property bool takesMany: false
     property bool hasBegun: false
 
     function ask(filters: list<string>, folder: url): void {
@@ -14,7 +14,6 @@ FileDialog {
         open();
     }
 
-    title: qsTr("Import Objects")
-    fileMode: FileDialog.OpenFiles
+    fileMode: takesMany ? FileDialog.OpenFiles : FileDialog.OpenFile
     acceptLabel: qsTr("Import")
 }
