@@ -393,6 +393,53 @@
     </message>
 </context>
 <context>
+    <name>zelvo::ui::AudioViewController</name>
+    <message>
+        <source>No Fade</source>
+        <translation>Keine Blende</translation>
+    </message>
+    <message>
+        <source>Fade In</source>
+        <translation>Einblenden</translation>
+    </message>
+    <message>
+        <source>Fade Out</source>
+        <translation>Ausblenden</translation>
+    </message>
+    <message>
+        <source>Fade In+Out</source>
+        <translation>Ein- und ausblenden</translation>
+    </message>
+    <message>
+        <source>Choose the music</source>
+        <translation>Musik wählen</translation>
+    </message>
+    <message>
+        <source>Remove the music</source>
+        <translation>Musik entfernen</translation>
+    </message>
+    <message>
+        <source>Stop the music</source>
+        <translation>Musik anhalten</translation>
+    </message>
+    <message>
+        <source>Play the music</source>
+        <translation>Musik abspielen</translation>
+    </message>
+    <message>
+        <source>Remove Audio?</source>
+        <translation>Musik entfernen?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
     <name>zelvo::ui::BrightnessPickerView</name>
     <message>
         <source>Brightness</source>
