@@ -25,12 +25,12 @@ constexpr int kMaxSourceChannels = 16;
 /// Decoders give correct samples only after some packets (overlapping windows, bit reservoirs).
 constexpr double kRunUpSeconds = 0.25;
 
-/// Time stamps of some files are wrong by up to this many frames.
-constexpr std::int64_t kJitter = AudioReader::kSampleRate / 10;
+/// Time stamps of some files are wrong by up to this many milliseconds.
+constexpr std::int64_t kJitterMs = 100;
 /// In Ogg the stamps are the only sign of damage: a page with a wrong checksum is left out without a
 /// word, and in rich sound it is shorter than the above. The stamps are off by 10 ms where Vorbis
 /// changes the length of its blocks.
-constexpr std::int64_t kJitterInOgg = AudioReader::kSampleRate * 3 / 100;
+constexpr std::int64_t kJitterInOggMs = 30;
 
 /// The longest silence that is inserted at once, in frames.
 constexpr std::int64_t kMaxGap = 60LL * AudioReader::kSampleRate;
@@ -38,12 +38,28 @@ constexpr std::int64_t kMaxGap = 60LL * AudioReader::kSampleRate;
 /// A decoded frame longer than this means that the file is damaged.
 constexpr int kMaxFrameSamples = 1 << 17;
 
+/// The shares of the file's channels in the first channel alone.
+constexpr auto kFirstChannel = [] {
+    std::array<double, kMaxSourceChannels> factors{1.0};
+    return factors;
+}();
+/// Mono goes to both sides at full level; the library would reduce it by 3 dB.
+constexpr std::array<double, AudioReader::kChannels> kBothSides{1.0, 1.0};
+
 std::int64_t startOf(const AVStream& stream) {
     return stream.start_time == AV_NOPTS_VALUE ? 0 : stream.start_time;
 }
 
-std::int64_t jitterIn(const AVFormatContext& format) {
-    return format.iformat->name == std::string_view("ogg") ? kJitterInOgg : kJitter;
+/// In frames of that rate.
+std::int64_t jitterIn(const AVFormatContext& format, int rate) {
+    const bool isOgg = format.iformat->name == std::string_view("ogg");
+    return (isOgg ? kJitterInOggMs : kJitterMs) * rate / 1000;
+}
+
+tl::unexpected<foundation::Error> noSoundIn(const std::filesystem::path& file) {
+    return fail(
+        Cause::malformed,
+        file.string() + " holds no sound that can be decoded; save it as a WAV, MP3 or M4A file.");
 }
 
 } // namespace
@@ -55,12 +71,21 @@ Result<AudioReader> AudioReader::open(const std::filesystem::path& file) {
     reader.duration_ = reader.measureDuration();
     reader.seek(0.0);
     reader.decodeMore();
-    if (reader.pending.empty() || reader.duration_ <= 0.0) {
-        return fail(
-            Cause::malformed,
-            file.string() +
-                " holds no sound that can be decoded; save it as a WAV, MP3 or M4A file.");
-    }
+    if (reader.pending.empty() || reader.duration_ <= 0.0)
+        return noSoundIn(file);
+    return reader;
+}
+
+Result<AudioReader> AudioReader::openFirstChannel(const std::filesystem::path& file) {
+    AudioReader reader;
+    if (auto opened = reader.openDecoder(file); !opened)
+        return tl::unexpected(opened.error());
+    reader.rate =
+        std::min(reader.format->streams[reader.stream]->codecpar->sample_rate, kMaxSourceRate);
+    reader.channels = 1;
+    reader.decodeMore();
+    if (reader.pending.empty())
+        return noSoundIn(file);
     return reader;
 }
 
@@ -124,7 +149,7 @@ double AudioReader::measureDuration() {
 
 void AudioReader::seek(double seconds) {
     const double start = std::clamp<double>(seconds, 0, kMaxSeconds);
-    target = std::llround(start * kSampleRate);
+    target = std::llround(start * rate);
     const AVStream& source = *format->streams[stream];
     const double early = std::max(start - kRunUpSeconds, 0.0);
     const auto offset = static_cast<std::int64_t>(std::floor(early / av_q2d(source.time_base)));
@@ -150,7 +175,7 @@ void AudioReader::rewindTo(std::int64_t timestamp) {
 
 std::size_t AudioReader::read(std::span<float> interleaved) {
     std::size_t filled = 0;
-    const std::size_t wanted = interleaved.size() - interleaved.size() % kChannels;
+    const std::size_t wanted = interleaved.size() - interleaved.size() % channels;
     while (filled < wanted) {
         if (pendingStart == pending.size()) {
             if (isAtEnd)
@@ -166,7 +191,7 @@ std::size_t AudioReader::read(std::span<float> interleaved) {
         pendingStart += count;
         filled += count;
     }
-    return filled / kChannels;
+    return filled / channels;
 }
 
 /// Decodes until there are samples to read or the file ends.
@@ -190,7 +215,7 @@ void AudioReader::decodeMore() {
         if (converter)
             convert(nullptr);
         // Half a second is sound; less may be what other programs write behind it.
-        const double missing = duration_ - static_cast<double>(nextPlace) / kSampleRate;
+        const double missing = duration_ - static_cast<double>(nextPlace) / rate;
         hasGaps_ = hasGaps_ || (hasStumbled && missing > 0.5);
         isAtEnd = true;
     }
@@ -226,23 +251,23 @@ bool AudioReader::prepareConverter(const AVFrame& source) {
     } else {
         av_channel_layout_copy(&layout, &source.ch_layout);
     }
-    AVChannelLayout stereo = AV_CHANNEL_LAYOUT_STEREO;
+    AVChannelLayout outLayout{};
+    av_channel_layout_default(&outLayout, channels);
     SwrContext* made = nullptr;
     swr_alloc_set_opts2(
         &made,
-        &stereo,
+        &outLayout,
         AV_SAMPLE_FMT_FLT,
-        kSampleRate,
+        rate,
         &layout,
         static_cast<AVSampleFormat>(source.format),
         source.sample_rate,
         0,
         nullptr);
-    if (source.ch_layout.nb_channels == 1) {
-        // Mono goes to both sides at full level; the library would reduce it by 3 dB.
-        constexpr std::array<double, kChannels> kBothSides{1.0, 1.0};
+    if (channels == 1)
+        swr_set_matrix(made, kFirstChannel.data(), source.ch_layout.nb_channels);
+    else if (source.ch_layout.nb_channels == 1)
         swr_set_matrix(made, kBothSides.data(), 1);
-    }
     av_channel_layout_uninit(&layout);
     converter.reset(made);
     if (!converter || swr_init(converter.get()) < 0) {
@@ -262,7 +287,7 @@ std::optional<std::int64_t> AudioReader::placeOf(const AVFrame& source) const {
     if (pts == AV_NOPTS_VALUE)
         return std::nullopt;
     const double seconds = static_cast<double>(pts - startOf(origin)) * av_q2d(origin.time_base);
-    return std::llround(std::clamp<double>(seconds, 0, kMaxSeconds) * kSampleRate);
+    return std::llround(std::clamp<double>(seconds, 0, kMaxSeconds) * rate);
 }
 
 /// The position of the first frame after a seek decides how much is dropped, or how much silence is
@@ -273,14 +298,14 @@ void AudioReader::alignToTarget(const AVFrame& first) {
     const std::int64_t place = placeOf(first).value_or(0);
     nextPlace = place;
     toSkip = std::max<std::int64_t>(target - place, 0);
-    const std::int64_t gap = std::clamp<std::int64_t>(place - target, 0, kSampleRate);
-    pending.insert(pending.end(), static_cast<std::size_t>(gap * kChannels), 0.0F);
+    const std::int64_t gap = std::clamp<std::int64_t>(place - target, 0, rate);
+    pending.insert(pending.end(), static_cast<std::size_t>(gap * channels), 0.0F);
 }
 
 /// Fills the gap that lost or damaged packets leave before the next frame with silence.
 void AudioReader::bridgeGap(const AVFrame& next) {
     const std::int64_t gap = placeOf(next).value_or(nextPlace) - nextPlace;
-    if (gap < jitterIn(*format))
+    if (gap < jitterIn(*format, rate))
         return;
     hasGaps_ = hasGaps_ || toSkip == 0;
     // Not from a buffer, because a damaged file can tell of a minute at each packet.
@@ -288,16 +313,16 @@ void AudioReader::bridgeGap(const AVFrame& next) {
     const std::int64_t dropped = std::min(toSkip, silent);
     nextPlace += silent;
     toSkip -= dropped;
-    pending.insert(pending.end(), static_cast<std::size_t>((silent - dropped) * kChannels), 0.0F);
+    pending.insert(pending.end(), static_cast<std::size_t>((silent - dropped) * channels), 0.0F);
 }
 
 /// Takes whole frames, but not those before the target.
 void AudioReader::append(std::span<const float> samples) {
-    const auto frames = static_cast<std::int64_t>(samples.size()) / kChannels;
+    const auto frames = static_cast<std::int64_t>(samples.size()) / channels;
     const auto dropped = std::min(toSkip, frames);
     nextPlace += frames;
     toSkip -= dropped;
-    for (const float value : samples.subspan(static_cast<std::size_t>(dropped * kChannels)))
+    for (const float value : samples.subspan(static_cast<std::size_t>(dropped * channels)))
         pending.push_back(std::isfinite(value) ? std::clamp(value, -1.0F, 1.0F) : 0.0F);
 }
 
@@ -307,7 +332,7 @@ void AudioReader::convert(const AVFrame* source) {
     const int room = swr_get_out_samples(converter.get(), inSamples);
     if (room <= 0)
         return;
-    std::vector<float> converted(static_cast<std::size_t>(room) * kChannels);
+    std::vector<float> converted(static_cast<std::size_t>(room) * channels);
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): the library takes bytes
     auto* out = reinterpret_cast<std::uint8_t*>(converted.data());
     const auto* const* in =
@@ -316,7 +341,7 @@ void AudioReader::convert(const AVFrame* source) {
         swr_convert(converter.get(), &out, room, const_cast<const std::uint8_t**>(in), inSamples);
     if (made <= 0)
         return;
-    append(std::span(converted).first(static_cast<std::size_t>(made) * kChannels));
+    append(std::span(converted).first(static_cast<std::size_t>(made) * channels));
 }
 
 } // namespace zelvo::media

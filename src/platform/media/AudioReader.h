@@ -12,8 +12,8 @@
 
 namespace zelvo::media {
 
-/// Decodes the sound of a file to interleaved stereo at 48 kHz, from any position, exact to the
-/// sample. Damaged packets become silence where the file has time stamps, so that the sound behind
+/// Decodes the sound of a file to interleaved stereo at 48 kHz (or its first channel at its own rate),
+/// from any position, exact to the sample. Damaged packets become silence where the file has time stamps, so that the sound behind
 /// them keeps its time; in other files they are skipped.
 class AudioReader {
 public:
@@ -22,6 +22,15 @@ public:
 
     /// Errors: those of openMediaFile, and `unsupported` if no sound in the file can be decoded.
     [[nodiscard]] static foundation::Result<AudioReader> open(const std::filesystem::path& file);
+
+    /// Reads the first channel alone, at the sample rate of the file, for pictures of the sound. The
+    /// first samples are there at once, however long the file is, because its duration is not
+    /// measured: it is 0. Errors: as above.
+    [[nodiscard]] static foundation::Result<AudioReader>
+    openFirstChannel(const std::filesystem::path& file);
+
+    /// Of the samples that are read.
+    [[nodiscard]] int sampleRate() const { return rate; }
 
     /// Seconds that can be read, at most 24 hours. Computed from the packets, because headers can
     /// be wrong or missing.
@@ -58,6 +67,8 @@ private:
     FFmpegPtr<AVFrame> frame;
     FFmpegPtr<AVPacket> packet;
     int stream = -1;
+    int rate = kSampleRate; ///< of the samples that are given out, as is `channels`
+    int channels = kChannels;
     double duration_ = 0.0;
 
     // The input format of the converter. It can change within a damaged file.
