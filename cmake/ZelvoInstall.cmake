@@ -3,7 +3,7 @@ include(GNUInstallDirs)
 
 install(TARGETS zelvo RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 # The program looks for its helpers in ../libexec/zelvo, relative to itself.
-install(TARGETS zelvo-draw RUNTIME DESTINATION "libexec/zelvo")
+install(TARGETS zelvo-draw zelvo-tags RUNTIME DESTINATION "libexec/zelvo")
 # The program looks for them in ../share/zelvo, relative to itself, so it can be installed anywhere.
 install(DIRECTORY "${CMAKE_SOURCE_DIR}/resources/" "${ZELVO_BAKED_DIR}/" DESTINATION "share/zelvo")
 install(FILES "${CMAKE_SOURCE_DIR}/LICENSE" DESTINATION "share/doc/zelvo")

@@ -27,11 +27,19 @@ Folders Folders::standard() {
         .config = standardPath(QStandardPaths::GenericConfigLocation) / "zelvo",
         .temporary = standardPath(QStandardPaths::TempLocation),
         .videos = standardPath(QStandardPaths::MoviesLocation),
+        .music = standardPath(QStandardPaths::MusicLocation),
+        .cache = standardPath(QStandardPaths::GenericCacheLocation) / "zelvo",
     };
 }
 
 Folders Folders::below(const std::filesystem::path& root) {
-    return {root / "documents", root / "config", root / "temporary", root / "videos"};
+    return {
+        root / "documents",
+        root / "config",
+        root / "temporary",
+        root / "videos",
+        root / "music",
+        root / "cache"};
 }
 
 Bundle::Bundle(std::vector<std::filesystem::path> roots)

@@ -15,10 +15,13 @@ struct Folders {
     std::filesystem::path temporary;
     /// The user's videos folder (XDG_VIDEOS_DIR); used as the photo library.
     std::filesystem::path videos;
+    std::filesystem::path music; ///< the user's music folder (XDG_MUSIC_DIR)
+    /// What can be made again if it is deleted (XDG_CACHE_HOME/zelvo)
+    std::filesystem::path cache;
 
     /// The user's folders, by the XDG base directory rules. Creates nothing on disk.
     [[nodiscard]] static Folders standard();
-    /// All four folders inside one root folder.
+    /// All folders inside one root folder.
     [[nodiscard]] static Folders below(const std::filesystem::path& root);
 };
 
