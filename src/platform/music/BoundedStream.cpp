@@ -26,7 +26,7 @@ TagLib::ByteVector BoundedStream::readBlock(unsigned long length) {
     length = std::min(length, static_cast<unsigned long>(size - place));
     if (length > kMaxBlock && largeBlock == LargeBlock::isZeroed && length <= kMaxBytes) {
         place += static_cast<long>(length);
-        return TagLib::ByteVector(static_cast<unsigned>(length), '\0');
+        return {static_cast<unsigned>(length), '\0'};
     }
     length = std::min({length, kMaxBlock, bytesLeft});
     TagLib::ByteVector block(static_cast<unsigned>(length), '\0');

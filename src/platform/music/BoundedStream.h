@@ -24,7 +24,7 @@ public:
         isZeroed, ///< it has its length, for formats whose later parts must be found
     };
 
-    BoundedStream(const std::filesystem::path& file, LargeBlock policy);
+    BoundedStream(const std::filesystem::path& path, LargeBlock policy);
 
     [[nodiscard]] TagLib::FileName name() const override { return fileName.c_str(); }
 

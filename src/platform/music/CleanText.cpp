@@ -24,7 +24,7 @@ QString repaired(QString text) {
     if (isPlain || !isBytes)
         return text;
     QStringDecoder decoder(QStringDecoder::Utf8);
-    const QString read = decoder.decode(text.toLatin1());
+    QString read = decoder.decode(text.toLatin1());
     if (!decoder.hasError() && !read.contains(QChar::ReplacementCharacter))
         return read;
     for (QChar& character : text) {

@@ -100,8 +100,8 @@ std::string suffixOf(const std::filesystem::path& file) {
 }
 
 const Format* formatOf(const std::filesystem::path& file) {
-    const auto found = std::ranges::find(kFormats, suffixOf(file), &Format::suffix);
-    return found == kFormats.end() ? nullptr : &*found;
+    const auto* const found = std::ranges::find(kFormats, suffixOf(file), &Format::suffix);
+    return found == kFormats.end() ? nullptr : found;
 }
 
 std::string textOf(const TagLib::String& text) {

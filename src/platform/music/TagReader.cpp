@@ -66,7 +66,7 @@ Result<std::vector<Result<SongTags>>> readTags(Paths files, const IsStopped& isS
                 all.push_back(std::move(line));
         }
         if (all.size() < files.size()) // the helper has ended at this file
-            all.push_back(fail(Cause::tooLarge, "it takes too much time or memory to read"));
+            all.emplace_back(fail(Cause::tooLarge, "it takes too much time or memory to read"));
     }
     return all;
 }

@@ -3,6 +3,8 @@
 
 #include "model/Model.h"
 #include "platform/foundation/Folders.h"
+#include "ui/audio/AlbumTableViewController.h"
+#include "ui/audio/AudioViewController.h"
 #include "ui/controls/Alerts.h"
 #include "ui/imports/FontImportViewController.h"
 #include "ui/imports/ObjectController.h"
@@ -311,6 +313,18 @@ void MainViewController::showObjectImport() {
     sheet->load = [this](const std::filesystem::path& file) { loading.load(file); };
     connect(sheet.get(), &ObjectController::dismissed, this, &MainViewController::dismissScreen);
     present(sheet.release(), kObjectScreen);
+}
+
+void MainViewController::showMusicLibrary(AudioViewController& editor) {
+    if (screen_)
+        return;
+    auto sheet = std::make_unique<AlbumTableViewController>(services, &editor);
+    connect(
+        sheet.get(),
+        &AlbumTableViewController::dismissed,
+        this,
+        &MainViewController::dismissScreen);
+    present(sheet.release(), "MusicLibrary");
 }
 
 bool MainViewController::openURL(const QUrl& url) {

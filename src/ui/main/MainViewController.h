@@ -33,6 +33,7 @@
 
 namespace zelvo::ui {
 
+class AudioViewController;
 class LayouterMenu;
 class VideoAlertViewController;
 
@@ -105,6 +106,8 @@ public:
     void showFontImport();
     /// Opens the screen of imported objects for the style panel.
     void showObjectImport();
+    /// Opens the list of albums for the audio editor. "Documents" there opens the editor's own choice.
+    void showMusicLibrary(AudioViewController& editor);
     /// Whether the program has accepted the file.
     Q_INVOKABLE bool openURL(const QUrl& url);
 
