@@ -31,6 +31,7 @@ constexpr std::string_view kFooter =
     "  zelvo list buttons\n"
     "  zelvo inspect ship.usdz chair.obj\n"
     "  zelvo sheet objects ship.usdz chair.obj --out objects.png\n"
+    "  zelvo waveform song.mp3 --out song.png\n"
     "\n"
     "Exit status:\n"
     "  0 done; 1 the export failed, or no window could be opened; 2 the command line or a file it "
@@ -69,6 +70,11 @@ constexpr std::string_view kInspectFooter =
     "triangles, materials and textures are drawn, and the least and the largest corner of the box\n"
     "around them in the file's own units and axes. If a file cannot be read, the reason stands\n"
     "behind its name, and the exit status is 2. Reads USDZ, USD, OBJ, glTF, GLB and STL.";
+
+constexpr std::string_view kWaveformFooter =
+    "Draws how loud the song is over its time, with its name above and a ruler below. Reads any "
+    "sound\n"
+    "or movie file that a performance can have as its music.";
 
 struct ListingName {
     std::string_view name;
@@ -293,6 +299,14 @@ void addInspect(CLI::App& app, InspectCommand& options) {
     command.add_option("FILE", options.files, "3D files")->required()->type_name("");
 }
 
+void addWaveform(CLI::App& app, WaveformCommand& options) {
+    auto& command = *app.add_subcommand("waveform", "Make a picture of a song");
+    command.footer(std::string(kWaveformFooter));
+    command.add_option("SONG", options.song, "A sound or movie file")->required()->type_name("");
+    addOut(command, options.out);
+    addSize(command, options.size);
+}
+
 void addWindow(CLI::App& app, WindowCommand& options) {
     app.add_option(
            "FILES",
@@ -326,6 +340,7 @@ foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments)
     SheetCommand sheet;
     ListCommand list;
     InspectCommand inspect;
+    WaveformCommand waveform;
     WindowCommand window;
     addWindow(app, window);
     addPerform(app, perform);
@@ -334,6 +349,7 @@ foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments)
     addSheet(app, sheet);
     addList(app, list);
     addInspect(app, inspect);
+    addWaveform(app, waveform);
 
     // CLI11 throws; no exception leaves this function.
     try {
@@ -359,6 +375,8 @@ foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments)
         return list;
     if (app.got_subcommand("inspect"))
         return inspect;
+    if (app.got_subcommand("waveform"))
+        return waveform;
     return window;
 }
 

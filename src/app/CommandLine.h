@@ -79,6 +79,13 @@ struct InspectCommand {
     std::vector<std::filesystem::path> files;
 };
 
+/// `zelvo waveform`.
+struct WaveformCommand {
+    std::filesystem::path song;
+    std::filesystem::path out;
+    PictureSize size{1280, 320};
+};
+
 /// `zelvo` without a command: opens the window.
 struct WindowCommand {
     std::vector<std::filesystem::path> files; ///< to open in the window
@@ -97,6 +104,7 @@ using Command = std::variant<
     SheetCommand,
     ListCommand,
     InspectCommand,
+    WaveformCommand,
     WindowCommand,
     TextCommand>;
 

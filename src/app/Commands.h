@@ -28,6 +28,7 @@ struct ExitStatus {
 [[nodiscard]] int run(const SheetCommand& command);
 [[nodiscard]] int run(const ListCommand& command);
 [[nodiscard]] int run(const InspectCommand& command);
+[[nodiscard]] int run(const WaveformCommand& command);
 [[nodiscard]] int run(const WindowCommand& command);
 [[nodiscard]] int run(const TextCommand& command);
 

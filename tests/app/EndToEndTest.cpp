@@ -2,6 +2,7 @@
 #include "app/ProgramRun.h"
 #include "media/MediaFixture.h"
 #include "platform/foundation/Folders.h"
+#include "platform/image/reading/ImageReader.h"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -116,6 +117,30 @@ TEST(EndToEnd, draws_the_same_bytes_for_the_same_seed_and_the_same_moment) {
     EXPECT_TRUE(contentOf(picture) == first[30]);
 }
 
+TEST(EndToEnd, draws_where_a_song_is_loud) {
+    const Program program;
+    const auto song = program.path("song.wav");
+    media::writeWav(
+        song, 44100, 10, [](double t) { return t < 5 ? 0.0 : media::sine(440, 0.6)(t); });
+    const auto made =
+        program.run({"waveform", song, "--out", program.path("a.png"), "--size", "640x240"});
+    ASSERT_EQ(made.status, 0) << made.err;
+    EXPECT_EQ(made.out, program.path("a.png") + "\n");
+    const auto picture = image::loadImage(program.path("a.png"));
+    ASSERT_TRUE(picture) << picture.error().message;
+    const auto lightPixels = [&](int fromX, int toX, int y) {
+        int count = 0;
+        for (int x = fromX; x < toX; ++x)
+            count += (*picture)->pixels[4 * std::size_t(y * 640 + x)] > 200 ? 1 : 0;
+        return count;
+    };
+    constexpr int kAboveMiddle =
+        90; // the mean of the sine reaches 56 pixels from the middle at 122
+    EXPECT_EQ(lightPixels(20, 310, kAboveMiddle), 0);
+    EXPECT_GT(lightPixels(330, 620, kAboveMiddle), 100);
+    EXPECT_EQ(lightPixels(330, 620, 122 - 60), 0);
+}
+
 TEST(EndToEnd, draws_any_text) {
     const Program program;
     const std::string text500(500, 'W');
@@ -180,6 +205,8 @@ TEST(EndToEnd, says_in_one_line_what_is_wrong_and_ends_with_its_status) {
         {2, "--to",                      strip("0", "nan", "2", kSize)                                    },
         {2, "smaller --size",            strip("0", "1", "9", "4096x4096")                                },
         {2, "tabs",                      {"sheet", "tabs", "--out", picture}                              },
+        {2, "noise.mp3 is not a sound",  {"waveform", program.path("noise.mp3"), "--out", picture}        },
+        {1, "no/a.png",                  {"waveform", program.path("song.wav"), "--out", noPicture}       },
         {1, "no/a.png",                  {"sheet", "masks", "--out", noPicture}                           },
         {1, "no/folder",                 {"perform", good, "--movie", noMovie, "--size", kSize}           },
         {1, "a.png",                     {"frame", good, "--at", "0", "--out", noPicture, "--size", kSize}},
