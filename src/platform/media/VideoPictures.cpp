@@ -105,8 +105,8 @@ public:
             made = std::make_unique<Image>(width, height);
         return {made.release(), [home = weak_from_this()](Image* picture) {
                     std::unique_ptr<Image> left(picture);
-                    if (const auto stock = home.lock())
-                        stock->giveBack(std::move(left));
+                    if (const auto kept = home.lock())
+                        kept->giveBack(std::move(left));
                 }};
     }
 

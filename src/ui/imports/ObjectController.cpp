@@ -9,6 +9,7 @@
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace zelvo::ui {
@@ -46,8 +47,24 @@ void ObjectController::reload() {
     QList<ObjectRowData> rows;
     for (const std::string& name : names)
         rows.append({QString::fromStdString(name), objectFileKind(name) == ObjectFile::object});
-    if (std::exchange(rows_, rows) != rows)
-        Q_EMIT changed();
+    if (rows_ == rows)
+        return;
+    const auto kept = std::ranges::find(rows, currentName(), &ObjectRowData::name);
+    const int row =
+        kept != rows.end()
+            ? static_cast<int>(std::distance(rows.begin(), kept))
+            : std::clamp(currentRow_, 0, std::max(0, static_cast<int>(rows.size()) - 1));
+    rows_ = std::move(rows);
+    renamed.clear();
+    Q_EMIT changed(); // the view begins at the first row again
+    currentRow_ = row;
+    Q_EMIT currentRowChanged();
+}
+
+QString ObjectController::currentName() const {
+    if (!renamed.isEmpty())
+        return renamed;
+    return isRow(currentRow_) ? rows_[currentRow_].name : QString();
 }
 
 QStringList ObjectController::nameFilters() {
@@ -117,9 +134,11 @@ void ObjectController::renameRow(int row) {
 void ObjectController::renameTo(const QString& name, const QString& wanted) {
     if (wanted.isEmpty() || wanted == name)
         return;
-    const auto renamed = objects.rename(name.toStdString(), wanted.toStdString());
-    if (!renamed)
-        services.alerts.showAlert(renamed.error().message, wanted.toStdString());
+    const auto done = objects.rename(name.toStdString(), wanted.toStdString());
+    if (!done)
+        services.alerts.showAlert(done.error().message, wanted.toStdString());
+    else if (currentName() == name)
+        renamed = wanted;
 }
 
 void ObjectController::pickRow(int row) {

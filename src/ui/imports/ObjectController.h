@@ -78,6 +78,7 @@ class ObjectController final : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("")
     Q_PROPERTY(QList<zelvo::ui::ObjectRowData> rows READ rows NOTIFY changed)
+    Q_PROPERTY(int currentRow READ currentRow WRITE setCurrentRow NOTIFY currentRowChanged)
     Q_PROPERTY(double cellHeight MEMBER cellHeight CONSTANT)
     Q_PROPERTY(QStringList nameFilters READ nameFilters CONSTANT)
     Q_PROPERTY(QUrl downloads READ downloads CONSTANT)
@@ -100,6 +101,12 @@ public:
 
     [[nodiscard]] const QList<ObjectRowData>& rows() const { return rows_; }
 
+    /// The row that keys act on. It stays with its file when other rows come or go, and when the file
+    /// gets another name. When its file goes, the next one has it.
+    [[nodiscard]] int currentRow() const { return currentRow_; }
+
+    void setCurrentRow(int row) { currentRow_ = row; }
+
     /// For the file dialog.
     [[nodiscard]] static QStringList nameFilters();
     [[nodiscard]] static QUrl downloads();
@@ -120,6 +127,7 @@ public:
 
 Q_SIGNALS:
     void changed();
+    void currentRowChanged();
     void infoChanged();
     void dismissed();
 
@@ -130,6 +138,7 @@ private:
     };
 
     void reload();
+    [[nodiscard]] QString currentName() const;
 
     [[nodiscard]] bool isRow(int row) const { return row >= 0 && row < rows_.size(); }
 
@@ -139,6 +148,8 @@ private:
     Services services;
     ObjectImporter& objects;
     QList<ObjectRowData> rows_;
+    int currentRow_ = 0;
+    QString renamed; ///< what the current file is called once the list is read again
     std::optional<Delegate> delegate;
     foundation::Lifetime lifetime;
 };

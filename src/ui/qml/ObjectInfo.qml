@@ -125,7 +125,8 @@ FocusScope {
         anchors.leftMargin: 18
         anchors.rightMargin: 18
         clip: true
-        header: Item { height: 12 }
+        topMargin: 14
+        bottomMargin: 14
         model: root.controller.report
         boundsBehavior: Flickable.StopAtBounds
 

@@ -79,6 +79,7 @@ FocusScope {
                 action(currentIndex);
         }
         onMovementStarted: openRow = -1
+        onCurrentIndexChanged: root.controller.currentRow = currentIndex
 
         delegate: ObjectImportRow {
             required property int index
@@ -123,6 +124,13 @@ FocusScope {
             text: qsTr("Press “Import”, or drop a USDZ, OBJ, glTF or STL file here, a folder, or a ZIP archive.")
             color: Theme.mutedText
             font.pixelSize: Theme.px(13)
+        }
+    }
+    Connections {
+        target: root.controller
+
+        function onCurrentRowChanged(): void {
+            list.currentIndex = root.controller.currentRow;
         }
     }
     Loader {
