@@ -4,6 +4,7 @@
 #include "content/CrashGuard.h"
 #include "platform/foundation/Check.h"
 #include "platform/foundation/Console.h"
+#include "platform/foundation/Files.h"
 #include "platform/foundation/NewFile.h"
 #include "platform/foundation/Process.h"
 #include "platform/foundation/WritingError.h"
@@ -32,22 +33,6 @@ text::FontPtr scriptFont(const foundation::Bundle& bundle, std::string_view name
     text::FontRegistry alone;
     const auto registered = alone.registerFile(bundle.path(fmt::format("fonts/{}", name)));
     return registered ? alone.fallback() : nullptr;
-}
-
-/// The regular files in a folder, without hidden ones, which are copies not yet complete.
-std::vector<std::string> filesIn(const std::filesystem::path& folder) {
-    std::vector<std::string> names;
-    std::error_code error;
-    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        auto name = entry->path().filename().string();
-        std::error_code ignored;
-        if (entry->is_regular_file(ignored) && !name.starts_with('.'))
-            names.push_back(std::move(name));
-    }
-    if (error)
-        foundation::logLine(fmt::format("{}: {}", folder.string(), error.message()));
-    return names;
 }
 
 foundation::Result<void> writeFile(const std::filesystem::path& target, const std::string& bytes) {
@@ -132,7 +117,7 @@ std::vector<std::string> FontManager::importedFiles() {
     if (!folders)
         return {};
     const auto place = folder();
-    auto names = filesIn(place);
+    auto names = foundation::visibleFilesIn(place);
     for (const std::string& name : names) {
         if (registry.facesOf(place / name).empty())
             (void)registry.addFile(place / name); // a damaged file is only not found by name
@@ -185,7 +170,7 @@ foundation::Result<Installation> FontManager::install(const std::filesystem::pat
 }
 
 bool FontManager::deleteFont(const std::string& fileName) {
-    const auto names = filesIn(folder());
+    const auto names = foundation::visibleFilesIn(folder());
     const bool isThere = std::ranges::find(names, fileName) != names.end();
     if (isThere) {
         registry.unregisterFile(folder() / fileName);

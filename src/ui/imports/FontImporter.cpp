@@ -2,11 +2,10 @@
 #include "ui/imports/FontImporter.h"
 
 #include "content/FontManager.h"
-#include "platform/archive/Archive.h"
 #include "platform/foundation/Console.h"
 #include "platform/foundation/RunLoop.h"
-#include "platform/foundation/TemporaryFolder.h"
 #include "ui/controls/Alerts.h"
+#include "ui/imports/Unpacked.h"
 
 #include <QCoreApplication>
 #include <QString>
@@ -14,9 +13,9 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <memory>
 #include <string_view>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -27,7 +26,6 @@ namespace fs = std::filesystem;
 namespace {
 
 using foundation::Result;
-using foundation::TemporaryFolder;
 
 constexpr auto kFontExtensions =
     std::to_array<std::string_view>({"ttf", "otf", "ttc", "otc", "woff", "woff2"});
@@ -42,41 +40,22 @@ bool hasExtension(const fs::path& file, const std::array<std::string_view, Count
     });
 }
 
-/// An archive, unpacked into a folder that goes away with this object.
-struct Unpacked {
-    TemporaryFolder folder;
+/// The fonts of an archive.
+struct UnpackedFonts {
+    Unpacked archive; ///< holds their folder
     std::vector<fs::path> fonts;
-    std::string failure; ///< why not all of it is there; empty: all is
 };
 
-/// The fonts in a folder and the folders in it, without what a file manager has hidden there.
-std::vector<fs::path> fontsBelow(const fs::path& folder) {
-    std::vector<fs::path> fonts;
-    std::error_code error;
-    for (fs::recursive_directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        std::error_code ignored;
-        const bool isHidden = entry->path().filename().string().starts_with('.');
-        if (!isHidden && entry->is_regular_file(ignored) && FontImporter::isFont(entry->path()))
-            fonts.push_back(entry->path());
-    }
-    std::ranges::sort(fonts); // the order on the disk is any
-    return fonts;
-}
-
-Result<Unpacked> unpack(const fs::path& file, const fs::path& temporary) {
-    auto folder = TemporaryFolder::make(temporary);
-    if (!folder)
-        return tl::unexpected(folder.error());
-    const auto done = archive::Archive::open(file).and_then(
-        [&folder](const archive::Archive& opened) { return opened.unpackInto(folder->path()); });
-    Unpacked unpacked{*std::move(folder), {}, {}};
-    if (!done) {
-        unpacked.failure = done.error().in(file.filename().string()).message;
-        foundation::logLine("Extraction of ZIP failed with error: " + unpacked.failure);
-    }
-    unpacked.fonts = fontsBelow(unpacked.folder.path());
-    return unpacked;
+Result<UnpackedFonts> unpackFonts(const fs::path& file, const fs::path& temporary) {
+    auto unpacked = unpack(file, temporary);
+    if (!unpacked)
+        return tl::unexpected(unpacked.error());
+    if (!unpacked->failure.empty())
+        foundation::logLine("Extraction of ZIP failed with error: " + unpacked->failure);
+    UnpackedFonts result{*std::move(unpacked), {}};
+    std::ranges::copy_if(
+        result.archive.files, std::back_inserter(result.fonts), &FontImporter::isFont);
+    return result;
 }
 
 /// Says that fonts of these names were there before; empty if there are none.
@@ -114,12 +93,12 @@ void installAll(const Services& services, const std::vector<fs::path>& fonts) {
     services.fonts.fontsInstalled.fire();
 }
 
-void askToInstall(const Services& services, const std::shared_ptr<const Unpacked>& unpacked) {
+void askToInstall(const Services& services, const std::shared_ptr<const UnpackedFonts>& unpacked) {
     const QString question =
         QCoreApplication::translate("FontImporter", "Do you want to install %1 fonts?");
     services.alerts.show(
         {.title = question.arg(unpacked->fonts.size()).toStdString(),
-         .message = unpacked->failure,
+         .message = unpacked->archive.failure,
          .actions = {
              {.title = QCoreApplication::translate("FontImporter", "Ok").toStdString(),
               .handler = [services, unpacked] { installAll(services, unpacked->fonts); }},
@@ -168,7 +147,7 @@ bool FontImporter::importFont(const fs::path& file) {
 }
 
 bool FontImporter::importArchive(const fs::path& file) {
-    auto unpacked = unpack(file, services.fonts.temporaryFolder());
+    auto unpacked = unpackFonts(file, services.fonts.temporaryFolder());
     if (!unpacked) {
         services.alerts.showAlert(unpacked.error().message, {});
         return false;
@@ -176,10 +155,10 @@ bool FontImporter::importArchive(const fs::path& file) {
     if (unpacked->fonts.empty()) {
         services.alerts.showAlert(
             QCoreApplication::translate("FontImporter", "No Fonts Found").toStdString(),
-            unpacked->failure);
+            unpacked->archive.failure);
         return false;
     }
-    const auto kept = std::make_shared<const Unpacked>(*std::move(unpacked));
+    const auto kept = std::make_shared<const UnpackedFonts>(*std::move(unpacked));
     services.runLoop.post([services = services, kept] { askToInstall(services, kept); });
     return true;
 }

@@ -6,11 +6,8 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
 #include <functional>
-#include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -57,22 +54,12 @@ using Pieces = std::vector<std::string_view>;
 
 /// Calls back with each line that is not empty, until it returns false. False if the file cannot be
 /// opened.
-bool forEachLine(
+bool forEachFilledLine(
     const fs::path& file, std::uint64_t maxBytes, const std::function<bool(const Pieces&)>& take) {
-    const auto stream = std::make_shared<std::ifstream>(file, std::ios::binary);
-    std::error_code error;
-    if (!fs::is_regular_file(file, error) || !*stream)
-        return false;
-    object::TextLines lines([stream](std::span<char> target) {
-        stream->read(target.data(), static_cast<std::streamsize>(target.size()));
-        return static_cast<std::size_t>(stream->gcount());
+    return object::forEachLine(file, maxBytes, [&take](std::string_view line) {
+        const Pieces pieces = piecesOf(line);
+        return pieces.empty() || take(pieces);
     });
-    bool goesOn = true;
-    for (auto line = lines.next(); goesOn && line; line = lines.next()) {
-        const Pieces pieces = piecesOf(*line);
-        goesOn = (pieces.empty() || take(pieces)) && lines.bytesRead() <= maxBytes;
-    }
-    return true;
 }
 
 [[nodiscard]] QString shown(std::string_view name) {
@@ -110,7 +97,7 @@ public:
         if (!fs::exists(file, error))
             return text + tr("🚫 File not found.") + "\n";
         const bool isOpen =
-            forEachLine(file, ObjInfo::kMaxObjectBytes, [this](const Pieces& pieces) {
+            forEachFilledLine(file, ObjInfo::kMaxObjectBytes, [this](const Pieces& pieces) {
                 if (object::lowered(pieces.front()) == "mtllib")
                     addLibrary(pieces.back());
                 return libraries < ObjInfo::kMaxLibraries && !stop.stop_requested();
@@ -134,7 +121,7 @@ private:
         QString lines;
         int images = 0;
         const bool isOpen =
-            forEachLine(library, ObjInfo::kMaxLibraryBytes, [&](const Pieces& pieces) {
+            forEachFilledLine(library, ObjInfo::kMaxLibraryBytes, [&](const Pieces& pieces) {
                 const auto line = imageLine(library.parent_path(), pieces);
                 lines += line.value_or(QString());
                 images += line ? 1 : 0;

@@ -16,9 +16,7 @@
 #include <array>
 #include <fstream>
 #include <functional>
-#include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -62,16 +60,12 @@ void forEachStatement(
     const fs::path& file,
     std::uint64_t maxBytes,
     const std::function<void(const std::string& key, object::Words& rest)>& take) {
-    const auto stream = std::make_shared<std::ifstream>(file, std::ios::binary);
-    object::TextLines lines([stream](std::span<char> target) {
-        stream->read(target.data(), static_cast<std::streamsize>(target.size()));
-        return static_cast<std::size_t>(stream->gcount());
-    });
-    for (auto line = lines.next(); line && lines.bytesRead() <= maxBytes; line = lines.next()) {
-        object::Words words(*line);
+    object::forEachLine(file, maxBytes, [&take](std::string_view line) {
+        object::Words words(line);
         const std::string key = object::lowered(words.next());
         take(key, words);
-    }
+        return true;
+    });
 }
 
 [[nodiscard]] bool namesPicture(std::string_view key) {

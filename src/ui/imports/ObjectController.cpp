@@ -2,6 +2,7 @@
 #include "ui/imports/ObjectController.h"
 
 #include "platform/foundation/RunLoop.h"
+#include "platform/object/reading/ObjectReader.h"
 #include "platform/text/NameOrder.h"
 #include "ui/controls/Alerts.h"
 #include "ui/imports/ObjectImporter.h"
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string_view>
 #include <utility>
 
 namespace zelvo::ui {
@@ -68,11 +70,14 @@ QString ObjectController::currentName() const {
 }
 
 QStringList ObjectController::nameFilters() {
-    constexpr const char* kObjects = "*.usdz *.usd *.usda *.usdc *.obj *.glb *.gltf *.stl";
+    QStringList objects;
+    for (const std::string_view extension : object::objectExtensions())
+        objects.append(
+            "*" + QString::fromUtf8(extension.data(), static_cast<qsizetype>(extension.size())));
     constexpr const char* kParts = "*.mtl *.bin *.png *.jpg *.jpeg *.webp *.tga *.bmp *.tif *.tiff";
     return {
         tr("3D objects, their parts, archives (%1)")
-            .arg(QStringLiteral("%1 %2 *.zip").arg(kObjects, kParts)),
+            .arg(QStringLiteral("%1 %2 *.zip").arg(objects.join(' '), kParts)),
         tr("All files (*)")};
 }
 

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "ui/imports/ObjectImporter.h"
 
-#include "platform/archive/Archive.h"
 #include "platform/foundation/Console.h"
+#include "platform/foundation/Files.h"
 #include "platform/foundation/Folders.h"
-#include "platform/foundation/NewFile.h"
-#include "platform/foundation/TemporaryFolder.h"
+#include "platform/object/reading/ObjectReader.h"
 #include "platform/object/reading/Words.h"
 #include "ui/controls/Alerts.h"
 #include "ui/imports/FolderFiles.h"
 #include "ui/imports/FontImporter.h"
 #include "ui/imports/ObjectCompanions.h"
+#include "ui/imports/Unpacked.h"
 
 #include <fmt/format.h>
 
@@ -32,13 +32,10 @@ namespace fs = std::filesystem;
 namespace {
 
 using foundation::Cause;
+using foundation::copyFile;
 using foundation::fail;
-using foundation::NewFile;
 using foundation::Result;
-using foundation::TemporaryFolder;
 
-constexpr auto kObjectExtensions = std::to_array<std::string_view>(
-    {".usdz", ".usd", ".usda", ".usdc", ".obj", ".glb", ".gltf", ".stl"});
 constexpr auto kPartExtensions = std::to_array<std::string_view>({".mtl", ".bin"});
 constexpr const char* kFolder = "ImportedObjects";
 
@@ -46,37 +43,11 @@ constexpr const char* kFolder = "ImportedObjects";
     return objectFileKind(file) == ObjectFile::object;
 }
 
-/// Copies a file, whole or not at all.
-Result<void> copyInto(const fs::path& source, const fs::path& target) {
-    std::error_code ignored;
-    if (fs::equivalent(source, target, ignored))
-        return {};
-    const std::string name = source.filename().string();
-    std::ifstream stream(source, std::ios::binary);
-    if (!fs::is_regular_file(source, ignored) || !stream)
-        return fail(Cause::unreadable, name + ": it cannot be opened for reading");
-    (void)NewFile::check(target); // removes leftovers; errors show in the next line
-    auto file = NewFile::create(target);
-    if (!file)
-        return tl::unexpected(file.error());
-    constexpr std::size_t kBlock = 1U << 20U;
-    std::vector<char> block(kBlock);
-    while (stream.read(block.data(), static_cast<std::streamsize>(block.size())),
-           stream.gcount() > 0) {
-        const auto bytes = std::span(block).first(static_cast<std::size_t>(stream.gcount()));
-        if (auto written = file->write(std::as_bytes(bytes)); !written)
-            return written;
-    }
-    if (stream.bad())
-        return fail(Cause::unreadable, name + ": it cannot be read to its end");
-    return file->commit();
-}
-
 /// Moves a file, or copies it to another disk.
 Result<void> moveInto(const fs::path& source, const fs::path& target) {
     std::error_code error;
     fs::rename(source, target, error);
-    return error ? copyInto(source, target) : Result<void>();
+    return error ? copyFile(source, target) : Result<void>();
 }
 
 /// Whether a file of this name would be listed, and only in the folder itself.
@@ -92,7 +63,8 @@ Result<void> moveInto(const fs::path& source, const fs::path& target) {
 
 ObjectFile objectFileKind(const fs::path& file) {
     const std::string extension = object::lowered(file.extension().string());
-    if (std::ranges::find(kObjectExtensions, extension) != kObjectExtensions.end())
+    const auto formats = object::objectExtensions();
+    if (std::ranges::find(formats, extension) != formats.end())
         return ObjectFile::object;
     if (FontImporter::isArchive(file))
         return ObjectFile::archive;
@@ -113,18 +85,7 @@ fs::path ObjectImporter::folder() const {
 }
 
 std::vector<std::string> ObjectImporter::list() const {
-    std::vector<std::string> names;
-    std::error_code error;
-    for (fs::directory_iterator entry(folder(), error), end; !error && entry != end;
-         entry.increment(error)) {
-        std::string name = entry->path().filename().string();
-        std::error_code ignored;
-        if (entry->is_regular_file(ignored) && !name.starts_with('.'))
-            names.push_back(std::move(name));
-    }
-    if (error)
-        foundation::logLine(fmt::format("{}: {}", kFolder, error.message()));
-    return names;
+    return foundation::visibleFilesIn(folder());
 }
 
 std::vector<fs::path> ObjectImporter::importFiles(const Paths& given) {
@@ -151,7 +112,7 @@ std::vector<fs::path> ObjectImporter::importFiles(const Paths& given) {
 
 Result<fs::path> ObjectImporter::place(const fs::path& file) const {
     fs::path target = folder() / file.filename();
-    return copyInto(file, target).map([&target] { return std::move(target); });
+    return copyFile(file, target).map([&target] { return std::move(target); });
 }
 
 ObjectImporter::Paths ObjectImporter::importOne(const fs::path& file) {
@@ -173,26 +134,20 @@ ObjectImporter::Paths ObjectImporter::importOne(const fs::path& file) {
 }
 
 ObjectImporter::Paths ObjectImporter::importArchive(const fs::path& file) {
-    const std::string name = file.filename().string();
-    const auto unpacked = TemporaryFolder::make(services.folders.temporary);
+    const auto unpacked = unpack(file, services.folders.temporary);
     if (!unpacked) {
         services.alerts.showAlert(unpacked.error().message, {});
         return {};
     }
-    std::string failure;
-    const auto done = archive::Archive::open(file).and_then(
-        [&](const archive::Archive& opened) { return opened.unpackInto(unpacked->path()); });
-    if (!done) {
-        failure = done.error().in(name).message;
+    std::string failure = unpacked->failure;
+    if (!failure.empty())
         foundation::logLine("handleZip Extraction of ZIP failed with error: " + failure);
-    }
-    const auto files = filesBelow(unpacked->path(), {}).value_or(Paths());
-    if (std::ranges::none_of(files, &isObject)) {
+    if (std::ranges::none_of(unpacked->files, &isObject)) {
         refuse(tr("No 3D files found in ZIP"), failure);
         return {};
     }
     Paths objects;
-    for (const fs::path& one : files) {
+    for (const fs::path& one : unpacked->files) {
         const fs::path target = folder() / one.filename();
         const auto moved = moveInto(one, target);
         if (moved && isObject(target))

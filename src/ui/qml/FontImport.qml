@@ -69,8 +69,11 @@ Sheet {
         // A held key deletes only one row, because a deleted file cannot be restored.
         Keys.onPressed: event => {
             event.accepted = event.key === Qt.Key_Delete || event.key === Qt.Key_Backspace;
-            if (event.accepted && !event.isAutoRepeat)
-                root.controller.deleteRow(currentIndex);
+            if (!event.accepted || event.isAutoRepeat)
+                return;
+            const row = currentIndex;
+            root.controller.deleteRow(row);
+            currentIndex = Math.min(row, count - 1); // the list began at its first row again
         }
         Keys.onReturnPressed: root.controller.pickRow(currentIndex)
         Keys.onEnterPressed: root.controller.pickRow(currentIndex)

@@ -9,8 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
-#include <memory>
 #include <string_view>
 #include <system_error>
 
@@ -35,16 +33,13 @@ struct OpenFile {
     std::error_code error;
     if (!fs::exists(path, error))
         return fail(Cause::notFound, "there is no such file");
-    auto stream = std::make_shared<std::ifstream>(path, std::ios::binary);
-    if (!fs::is_regular_file(path, error) || !*stream)
+    auto bytes = sourceOfFile(path);
+    if (!bytes)
         return fail(Cause::unreadable, "it cannot be opened for reading");
     const std::uint64_t size = fs::file_size(path, error);
     if (error || size > Limits::kMaxFileBytes)
         return fail(Cause::tooLarge, "the file is above two gigabytes");
-    return OpenFile{path, size, [stream](std::span<char> target) {
-                        stream->read(target.data(), static_cast<std::streamsize>(target.size()));
-                        return static_cast<std::size_t>(stream->gcount());
-                    }};
+    return OpenFile{path, size, *std::move(bytes)};
 }
 
 [[nodiscard]] Result<ObjectScene> readOBJFile(const OpenFile& file, const Watch& watch) {
@@ -103,6 +98,15 @@ constexpr auto kFormats = std::to_array<Format>({
 });
 
 } // namespace
+
+std::span<const std::string_view> objectExtensions() {
+    static const auto extensions = [] {
+        std::array<std::string_view, kFormats.size()> all;
+        std::ranges::transform(kFormats, all.begin(), &Format::extension);
+        return all;
+    }();
+    return extensions;
+}
 
 Result<ObjectScene> readObject(const fs::path& file, const Watch& watch) {
     const std::string name = file.filename().string();

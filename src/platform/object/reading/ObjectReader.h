@@ -4,6 +4,8 @@
 #include "platform/object/ObjectScene.h"
 
 #include <filesystem>
+#include <span>
+#include <string_view>
 
 namespace zelvo::object {
 
@@ -14,5 +16,8 @@ namespace zelvo::object {
 /// error, but a warning of the scene.
 [[nodiscard]] foundation::Result<ObjectScene>
 readObject(const std::filesystem::path& file, const Watch& watch = {});
+
+/// The extensions of the files that are read, each with its dot: ".obj".
+[[nodiscard]] std::span<const std::string_view> objectExtensions();
 
 } // namespace zelvo::object

@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <fstream>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 namespace zelvo::object {
@@ -123,6 +125,17 @@ ByteSource sourceOf(std::string_view bytes) {
         const std::size_t count = left.copy(target.data(), target.size());
         left.remove_prefix(count);
         return count;
+    };
+}
+
+std::optional<ByteSource> sourceOfFile(const std::filesystem::path& file) {
+    const auto stream = std::make_shared<std::ifstream>(file, std::ios::binary);
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(file, error) || !*stream)
+        return std::nullopt;
+    return [stream](std::span<char> target) {
+        stream->read(target.data(), static_cast<std::streamsize>(target.size()));
+        return static_cast<std::size_t>(stream->gcount());
     };
 }
 
@@ -244,6 +257,20 @@ std::optional<std::string_view> TextLines::next() {
         start = std::min(at + 1, end);
         return goesOn ? line.substr(0, last) : line;
     }
+}
+
+bool forEachLine(
+    const std::filesystem::path& file,
+    std::uint64_t maxBytes,
+    const std::function<bool(std::string_view line)>& take) {
+    auto source = sourceOfFile(file);
+    if (!source)
+        return false;
+    TextLines lines(*std::move(source));
+    bool goesOn = true;
+    for (auto line = lines.next(); goesOn && line; line = lines.next())
+        goesOn = take(*line) && lines.bytesRead() <= maxBytes;
+    return true;
 }
 
 } // namespace zelvo::object

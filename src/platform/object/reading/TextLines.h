@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <span>
@@ -16,6 +17,9 @@ using ByteSource = std::function<std::size_t(std::span<char>)>;
 
 /// A source that reads these bytes, which must stay.
 [[nodiscard]] ByteSource sourceOf(std::string_view bytes);
+
+/// A source that reads a file; nothing if it cannot be opened or is no regular file.
+[[nodiscard]] std::optional<ByteSource> sourceOfFile(const std::filesystem::path& file);
 
 /// The lines of a text file that some unknown program wrote. The file is read in blocks, and lines
 /// are not copied.
@@ -51,5 +55,12 @@ private:
     bool endedWithReturn = false; ///< the last byte loaded was a CR
     bool isCutOff = false;        ///< the last line was too long
 };
+
+/// Calls back with each line of a file until it returns false, or this many bytes are read. False if
+/// the file cannot be opened.
+bool forEachLine(
+    const std::filesystem::path& file,
+    std::uint64_t maxBytes,
+    const std::function<bool(std::string_view line)>& take);
 
 } // namespace zelvo::object
