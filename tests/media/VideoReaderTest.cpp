@@ -162,6 +162,28 @@ TEST_F(VideoReaderTest, ShowsPicturesUprightWithSquarePixels) {
     }
 }
 
+TEST_F(VideoReaderTest, ShowsAllColumnsOfPicturesOfAnyWidth) {
+    constexpr int kStep = 12; // of grey, from column to column
+    const auto draw = [](image::Image& picture, int) {
+        for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
+            const std::size_t column = i / 4 % static_cast<std::size_t>(picture.width);
+            picture.pixels[i] = i % 4 == 3 ? 255 : static_cast<std::uint8_t>(kStep * column);
+        }
+    };
+    for (const int width : {2, 13, 16, 18}) {
+        SCOPED_TRACE(width);
+        VideoReader reader = made(
+            "grey.mkv",
+            {.encoder = "ffv1", .width = width, .height = 32, .frames = 1, .draw = draw});
+        const image::ImagePtr picture = reader.picture(0);
+        ASSERT_EQ(picture->width, width);
+        for (std::size_t i = 0; i < picture->pixels.size(); i += 4) {
+            const int column = static_cast<int>(i) / 4 % width;
+            ASSERT_NEAR(picture->pixels[i], kStep * column, 3) << "column " << column;
+        }
+    }
+}
+
 TEST_F(VideoReaderTest, RefusesWhatIsNoVideo) {
     writeWav(file("sound.wav"), 8000, 0.5, sine(440, 0.5));
     writeBytes(file("words.mp4"), Bytes(2000, 'a'));

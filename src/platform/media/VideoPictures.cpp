@@ -21,6 +21,8 @@ using image::Image;
 
 constexpr int kMaxRowsOfBT601 = 576;
 constexpr double kMaxPixelAspect = 8; ///< more is an error in the file
+constexpr int kBlock = 16;            ///< pixels that the scaler writes at once, at most
+constexpr int kChannels = 4;
 
 int matrixOf(const AVFrame& frame) {
     switch (frame.colorspace) {
@@ -204,8 +206,25 @@ bool VideoPictures::prepareScaler(const AVFrame& frame) {
 }
 
 bool VideoPictures::convert(const AVFrame& frame, Image& target) {
+    // libswscale writes blocks of pixels, also over the end of a row and of the last one.
+    if (target.width % kBlock == 0)
+        return scale(frame, target);
+    const int blocks = (target.width + kBlock - 1) / kBlock;
+    if (wide.pixels.empty())
+        wide = Image(blocks * kBlock, target.height);
+    if (!scale(frame, wide))
+        return false;
+    const auto wideRow = static_cast<std::size_t>(wide.width) * kChannels;
+    const auto row = static_cast<std::size_t>(target.width) * kChannels;
+    for (std::size_t y = 0; y < static_cast<std::size_t>(target.height); ++y)
+        std::copy_n(&wide.pixels[y * wideRow], row, &target.pixels[y * row]);
+    return true;
+}
+
+/// The target may be wider than what is written.
+bool VideoPictures::scale(const AVFrame& frame, Image& target) {
     const std::array<std::uint8_t*, 4> planes{target.pixels.data()};
-    const std::array<int, 4> strides{target.width * 4};
+    const std::array<int, 4> strides{target.width * kChannels};
     return sws_scale(
                scaler.get(),
                static_cast<const std::uint8_t* const*>(frame.data),

@@ -70,6 +70,7 @@ private:
 
     [[nodiscard]] bool prepareScaler(const AVFrame& frame);
     [[nodiscard]] bool convert(const AVFrame& frame, image::Image& target);
+    [[nodiscard]] bool scale(const AVFrame& frame, image::Image& target);
 
     VideoOrientation turns;
     int storedWidth = 1; ///< with square pixels, before turning
@@ -78,6 +79,7 @@ private:
     Colors lastColors;
     std::shared_ptr<Stock> stock;
     image::Image unturned; ///< empty while pictures need no turning
+    image::Image wide;     ///< rows of whole blocks; empty while pictures have such rows
 };
 
 } // namespace zelvo::media

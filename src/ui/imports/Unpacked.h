@@ -19,6 +19,6 @@ struct Unpacked {
 
 /// Unpacks as much of the archive as can be. Errors: of the temporary folder alone.
 [[nodiscard]] foundation::Result<Unpacked>
-unpack(const std::filesystem::path& archive, const std::filesystem::path& temporary);
+unpack(const std::filesystem::path& file, const std::filesystem::path& temporary);
 
 } // namespace zelvo::ui
