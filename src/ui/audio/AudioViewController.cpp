@@ -1,21 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include "ui/audio/AudioViewController.h"
 
+#include "actions/ActionController.h"
 #include "audio/AudioPlayer.h"
 #include "model/Model.h"
-#include "shared/FrameClock.h"
+#include "shared/FormatTime.h"
 #include "shared/Signal.h"
+#include "ui/audio/AudioImporter.h"
 #include "ui/controls/Alerts.h"
+
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <system_error>
 #include <utility>
 
 namespace zelvo::ui {
 
 using audio::AudioPlayer;
 using audio::FadeState;
-using shared::FrameClock;
 
 namespace {
 
@@ -44,28 +49,52 @@ const FadeFace& faceOf(FadeState state) {
 
 AudioViewController::AudioViewController(const Services& given, QObject* parent)
     : QObject(parent)
+    , services(given)
     , playPauseButton({}, [this] { togglePlay(); })
     , importButton(
           {.image = "Import", .name = tr("Choose the music")}, [this] { showAudioImport(); })
     , trashButton(
           {.image = "Trashcan", .name = tr("Remove the music")}, [this] { deleteAudioAction(); })
     , fadesButton({}, [this] { toggleFades(); })
-    , services(given) {
+    , draggableView(
+          DraggedPart::stretch, services.model.audioPlayer(), draggerCalls(DraggedPart::stretch))
+    , leftDragger(
+          DraggedPart::start, services.model.audioPlayer(), draggerCalls(DraggedPart::start))
+    , rightDragger(DraggedPart::end, services.model.audioPlayer(), draggerCalls(DraggedPart::end))
+    , waveform(services.runLoop) {
+    for (const Dragger* const dragger : {&draggableView, &leftDragger, &rightDragger})
+        connect(this, &AudioViewController::layoutChanged, dragger, &Dragger::moved);
     signals().isPlayingSignal.subscribe(lifetime, [this](bool isPlaying) {
-        if (isPlaying)
+        if (isPlaying && isPreviewing())
             stop();
     });
-    stop();
+    signals().undoStateSignal.subscribe(lifetime, [this] { showMarks(); });
+    connect(&watcher, &QFileSystemWatcher::fileChanged, this, [this] { checkSong(); });
+    showIdle();
     showFades();
+    showMarks();
+    refresh();
 }
 
 AudioViewController::~AudioViewController() {
-    stop();
+    if (isPreviewing())
+        stop();
+}
+
+Dragger::Calls AudioViewController::draggerCalls(DraggedPart part) {
+    const auto stopIt = [this, part] {
+        if (part != DraggedPart::end && isPreviewing())
+            stop();
+    };
+    return {
+        .movieDuration = [this] { return movieDuration(); },
+        .willDrag = stopIt,
+        .didMove = [this] { Q_EMIT layoutChanged(); }};
 }
 
 void AudioViewController::setSongTitleClosure(std::function<void(const QString&)> closure) {
     songTitleClosure = std::move(closure);
-    refresh();
+    songTitleClosure(title());
 }
 
 void AudioViewController::assignSong(const std::filesystem::path& url, const std::string& title) {
@@ -75,40 +104,42 @@ void AudioViewController::assignSong(const std::filesystem::path& url, const std
 }
 
 void AudioViewController::refresh() {
-    const AudioPlayer& player = services.model.audioPlayer();
     if (songTitleClosure)
-        songTitleClosure(QString::fromStdString(player.songTitle.value_or("")));
+        songTitleClosure(title());
+    playPauseButton.setEnabled(hasSong());
     trashButton.setEnabled(hasSong());
+    watchSong();
+    if (const auto& song = services.model.audioPlayer().audioURL)
+        waveform.load(*song);
+    else
+        waveform.clear();
     Q_EMIT songChanged();
     Q_EMIT layoutChanged();
 }
 
-void AudioViewController::togglePlay() {
-    // While the lead-in is still silent, a press starts over.
-    if (services.model.audioPlayer().isPlaying)
-        return stop();
-    if (services.model.isPlaying())
-        services.model.stop(model::Reset::toStart);
-    currentTimerTime_ = 0;
-    playTimer = services.runLoop.scheduleRepeating(FrameClock::kStep, [this] { timerFunc(); });
-    playPauseButton.setFace({.image = "PauseButton", .name = tr("Stop the music")});
-    Q_EMIT progressChanged();
+QString AudioViewController::title() const {
+    return QString::fromStdString(services.model.audioPlayer().songTitle.value_or(""));
 }
 
-void AudioViewController::timerFunc() {
-    AudioPlayer& player = services.model.audioPlayer();
-    player.step(currentTimerTime_);
-    if (player.songEnd() <= currentTimerTime_)
-        return stop();
-    currentTimerTime_ += FrameClock::kStep;
-    Q_EMIT progressChanged();
+void AudioViewController::watchSong() {
+    if (!watcher.files().isEmpty())
+        watcher.removePaths(watcher.files());
+    isSongMissing = false;
+    if (const auto& song = services.model.audioPlayer().audioURL)
+        watcher.addPath(QString::fromStdString(song->string()));
+    checkSong();
 }
 
-void AudioViewController::stop() {
-    playTimer.invalidate();
-    services.model.audioPlayer().stop();
-    playPauseButton.setFace({.image = "PlayButton", .name = tr("Play the music")});
-    Q_EMIT progressChanged();
+void AudioViewController::checkSong() {
+    const auto& song = services.model.audioPlayer().audioURL;
+    std::error_code error;
+    const bool isMissing = song && !std::filesystem::exists(*song, error);
+    if (!std::exchange(isSongMissing, isMissing) && isMissing)
+        services.alerts.showAlert(
+            tr("The music is gone.").toStdString(),
+            tr("“%1” was moved or deleted. The movie stays silent until you choose other music.")
+                .arg(QString::fromStdString(song->filename().string()))
+                .toStdString());
 }
 
 void AudioViewController::toggleFades() {
@@ -125,6 +156,27 @@ void AudioViewController::showFades() {
 
 void AudioViewController::showAudioImport() {
     stop();
+    const auto askForFile = [this] {
+        const auto folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+        Q_EMIT fileAsked(AudioImporter::nameFilters(), QUrl::fromLocalFile(folder));
+    };
+    const auto showAlbums = [this] {
+        if (presentMusicLibrary)
+            presentMusicLibrary();
+    };
+    services.alerts.show({
+        .title = tr("Import").toStdString(),
+        .message = tr("from ...").toStdString(),
+        .actions =
+            {{.title = tr("Music").toStdString(), .handler = lifetime.guard(showAlbums)},
+             {.title = tr("Documents").toStdString(), .handler = lifetime.guard(askForFile)},
+             {.title = tr("Cancel").toStdString(), .role = AlertRole::cancel}},
+    });
+}
+
+void AudioViewController::importFrom(const QUrl& file) const {
+    if (openSong)
+        openSong(file.toLocalFile().toStdString());
 }
 
 void AudioViewController::deleteAudioAction() {
@@ -141,62 +193,8 @@ void AudioViewController::deleteAudioAction() {
              {.title = tr("Cancel").toStdString(), .role = AlertRole::cancel}}});
 }
 
-void AudioViewController::beginDrag(Part part, double x) {
-    if (part != Part::end)
-        stop();
-    const AudioPlayer& player = services.model.audioPlayer();
-    drag = {part, x, player.audioIn, player.audioEnd, player.audioPreRoll};
-}
-
-void AudioViewController::dragTo(double x) {
-    if (drag)
-        move(*drag, x - drag->second);
-}
-
-void AudioViewController::endDrag() {
-    drag.reset();
-}
-
-void AudioViewController::nudge(Part part, double seconds) {
-    beginDrag(part, 0);
-    dragTo(seconds);
-    endDrag();
-}
-
-void AudioViewController::moveToLimit(Part part, bool isLast) {
-    const AudioPlayer& player = services.model.audioPlayer();
-    const double far = std::max(player.totalDuration, player.audioPreRoll);
-    if (part == Part::stretch && isLast)
-        return nudge(part, services.model.duration() - player.songEnd());
-    nudge(part, isLast ? far : -far);
-}
-
-void AudioViewController::move(const Drag& from, double seconds) {
-    AudioPlayer& player = services.model.audioPlayer();
-    switch (from.part) {
-    case Part::stretch:
-        player.audioPreRoll = std::max(from.audioPreRoll + seconds, 0.0);
-        break;
-    case Part::start:
-        player.audioIn =
-            std::min(player.audioEnd - kLeastStretch, std::max(from.audioIn + seconds, 0.0));
-        break;
-    case Part::end:
-        player.audioEnd = std::min(
-            player.totalDuration,
-            std::max(player.audioIn + kLeastStretch, from.audioEnd + seconds));
-        break;
-    }
-    Q_EMIT layoutChanged();
-}
-
 bool AudioViewController::hasSong() const {
     return services.model.audioPlayer().audioURL.has_value();
-}
-
-QUrl AudioViewController::song() const {
-    const auto& url = services.model.audioPlayer().audioURL;
-    return url ? QUrl::fromLocalFile(QString::fromStdString(url->string())) : QUrl();
 }
 
 double AudioViewController::totalDuration() const {
@@ -217,6 +215,21 @@ double AudioViewController::audioEnd() const {
 
 double AudioViewController::movieDuration() const {
     return services.model.duration();
+}
+
+void AudioViewController::showMarks() {
+    QList<PressMark> found;
+    for (const actions::XACPtr& record : services.model.actionController().recordedActions()) {
+        const double time = record->time - services.model.startCounter();
+        if (record->registerUndo && time >= 0)
+            found.append(
+                {time,
+                 QString::fromStdString(formatTime(time)),
+                 QString::fromStdString(record->title)});
+    }
+    std::ranges::stable_sort(found, {}, &PressMark::time);
+    if (std::exchange(marks_, found) != found)
+        Q_EMIT marksChanged();
 }
 
 } // namespace zelvo::ui

@@ -4,6 +4,7 @@
 #include "content/FontManager.h"
 #include "model/Model.h"
 #include "platform/foundation/RunLoop.h"
+#include "ui/audio/AudioViewController.h"
 #include "ui/layouter/FontStrip.h"
 
 #include <array>
@@ -159,10 +160,16 @@ bool LayouterMenu::isBackVisible() const {
     return currentNode_ != nullptr || currentOption_ != CurrentOption::none;
 }
 
-QString LayouterMenu::note() const {
-    return currentOption_ == CurrentOption::audio
-               ? tr("The movie has no music. This version cannot add any yet.")
-               : QString();
+void LayouterMenu::showAudio() {
+    if (currentOption_ == CurrentOption::audio)
+        return;
+    setCurrentNode(nullptr);
+    setCurrentOption(CurrentOption::audio);
+}
+
+void LayouterMenu::songDidChange() {
+    if (auto* const editor = qobject_cast<AudioViewController*>(strip.get()); editor != nullptr)
+        editor->refresh();
 }
 
 void LayouterMenu::refresh() {

@@ -20,12 +20,15 @@
 #include <QtQml/qqmlregistration.h>
 
 #include <array>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace zelvo::ui {
+
+class AudioViewController;
 
 /// The content of the style panel's strip.
 enum class CurrentOption {
@@ -66,7 +69,7 @@ class LayouterMenu final : public QObject,
     Q_PROPERTY(bool isBackVisible READ isBackVisible NOTIFY refreshed)
     Q_PROPERTY(QString stripView READ stripView NOTIFY refreshed)
     Q_PROPERTY(QObject* strip READ stripObject NOTIFY refreshed)
-    Q_PROPERTY(QString note READ note NOTIFY refreshed)
+    Q_PROPERTY(bool isStripTall READ isStripTall NOTIFY refreshed)
     Q_PROPERTY(bool isWriting READ isWriting NOTIFY writingChanged)
     Q_PROPERTY(QString writtenText READ writtenText NOTIFY writingChanged)
     Q_PROPERTY(QStringList pictureFilters READ pictureFilters CONSTANT)
@@ -151,6 +154,14 @@ public:
 
     /// The title of the music, for its tab; empty: there is no music.
     void setAudioTitle(const QString& title);
+    /// Opens the list of the user's albums for the audio editor; set by the owner.
+    std::function<void(AudioViewController&)> presentMusicLibrary;
+    /// Called with the song that the user has picked; set by the owner.
+    std::function<void(const std::filesystem::path&)> openSong;
+    /// Shows the audio editor; a new song is on its way.
+    void showAudio();
+    /// There is another song.
+    void songDidChange();
 
     /// Opens the screen of imported objects; set by the owner.
     std::function<void()> presentObjectImport;
@@ -167,8 +178,8 @@ public:
 
     [[nodiscard]] QObject* stripObject() const { return strip.get(); }
 
-    /// A sentence shown instead of a strip.
-    [[nodiscard]] QString note() const;
+    /// Whether the strip has the height of the whole panel, and the tabs lie on it.
+    [[nodiscard]] bool isStripTall() const { return currentOption_ == CurrentOption::audio; }
 
     [[nodiscard]] TabStackView* stackObject() { return &stackView; }
 
@@ -216,6 +227,7 @@ private:
     [[nodiscard]] LaterPtr<QObject> makeMaskStrip() const;
     [[nodiscard]] LaterPtr<QObject> makeSceneStrip();
     [[nodiscard]] LaterPtr<QObject> makeColorStrip();
+    [[nodiscard]] LaterPtr<QObject> makeAudioEditor();
     void assignColor(const image::Color& color);
     [[nodiscard]] QString shownAudioTitle() const;
 

@@ -8,6 +8,7 @@
 #include "platform/text/SystemFontIndex.h"
 #include "shared/Palette.h"
 #include "shared/Thumbnail.h"
+#include "ui/audio/AudioViewController.h"
 #include "ui/layouter/ColorPickers.h"
 #include "ui/layouter/FontStrip.h"
 #include "ui/layouter/FormPanel.h"
@@ -205,9 +206,25 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeStrip() {
         return shown(
             "TransformPanel",
             currentNode_ ? LaterPtr<QObject>(new TransformPanel(currentNode_)) : nullptr);
+    case audio:
+        return shown("AudioEditor", makeAudioEditor());
     default:
         return shown("", nullptr);
     }
+}
+
+LayouterMenu::LaterPtr<QObject> LayouterMenu::makeAudioEditor() {
+    LaterPtr<AudioViewController> made(new AudioViewController(services));
+    made->setSongTitleClosure([this](const QString& title) { setAudioTitle(title); });
+    made->presentMusicLibrary = [this, editor = made.get()] {
+        if (presentMusicLibrary)
+            presentMusicLibrary(*editor);
+    };
+    made->openSong = [this](const std::filesystem::path& file) {
+        if (openSong)
+            openSong(file);
+    };
+    return made;
 }
 
 LayouterMenu::LaterPtr<QObject> LayouterMenu::makeMaterialStrip() {

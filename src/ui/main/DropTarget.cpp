@@ -28,6 +28,8 @@ QString DropTarget::promise() const {
         return tr("Drop it to use it as the image");
     case Offer::object:
         return tr("Drop it to use it as the object");
+    case Offer::sound:
+        return tr("Drop it to use it as the music");
     case Offer::fonts:
         return tr("Drop to import fonts");
     case Offer::archive:
@@ -35,8 +37,7 @@ QString DropTarget::promise() const {
     case Offer::link:
         return tr("This is a link. Save the picture as a file first.");
     case Offer::unknown:
-        return tr(
-            "Only pictures, videos, 3D objects, fonts and ZIP archives of them can be opened");
+        return tr("Only pictures, videos, music, 3D objects, fonts and ZIP archives can be opened");
     case Offer::none:
         break;
     }

@@ -3,6 +3,7 @@
 
 #include "platform/archive/Archive.h"
 #include "platform/object/reading/Words.h"
+#include "ui/audio/AudioImporter.h"
 #include "ui/controls/Alerts.h"
 #include "ui/imports/FontImporter.h"
 #include "ui/imports/ObjectImporter.h"
@@ -41,6 +42,8 @@ Offer kindOf(const std::filesystem::path& file) {
         std::filesystem::is_directory(file, error))
         return Offer::object;
     const QMimeType type = QMimeDatabase().mimeTypeForFile(QString::fromStdString(file.string()));
+    if (type.name().startsWith("audio/"))
+        return Offer::sound;
     const bool isShown = type.name().startsWith("image/") || type.name().startsWith("video/");
     return isShown ? Offer::picture : Offer::unknown;
 }
@@ -141,6 +144,10 @@ bool FileSystem::openAlone(const std::filesystem::path& file) {
     const Offer kind = kindOf(file);
     if (kind == Offer::archive)
         return openArchive(file);
+    if (kind == Offer::sound) {
+        songs.load(file);
+        return true;
+    }
     if (kind != Offer::picture)
         return FontImporter(services).importFile(file);
     pictures.load(file);

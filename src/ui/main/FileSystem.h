@@ -14,6 +14,7 @@ class QUrl;
 
 namespace zelvo::ui {
 
+class AudioImporter;
 class ObjectImporter;
 class PictureImporter;
 
@@ -22,6 +23,7 @@ enum class Offer {
     none,    ///< there is nothing
     object,  ///< a 3D object, maybe with its parts, or a folder of them
     picture, ///< or a video, for the image node
+    sound,   ///< the music of the movie
     fonts,   ///< font files
     archive, ///< of fonts or 3D objects
     link,    ///< to another machine; nothing is fetched from there
@@ -29,17 +31,21 @@ enum class Offer {
 };
 
 /// Opens what comes from outside: from the command line, a file dialog, a drop or the clipboard. It
-/// decides by the type: that of fonts, objects and archives is told by the name, that of pictures by
-/// the name or else the content. Pictures that come together with an object are its textures.
+/// decides by the type: that of fonts, objects and archives is told by the name, that of pictures and
+/// sounds by the name or else the content. Pictures that come together with an object are its textures.
 class FileSystem {
     Q_DECLARE_TR_FUNCTIONS(zelvo::ui::FileSystem)
 
 public:
     FileSystem(
-        const Services& given, PictureImporter& pictureImporter, ObjectImporter& objectImporter)
+        const Services& given,
+        PictureImporter& pictureImporter,
+        ObjectImporter& objectImporter,
+        AudioImporter& audioImporter)
         : services(given)
         , pictures(pictureImporter)
-        , objects(objectImporter) {}
+        , objects(objectImporter)
+        , songs(audioImporter) {}
 
     /// Called with the first object of those that were imported; set by the owner.
     std::function<void(const std::filesystem::path&)> showObject;
@@ -63,6 +69,7 @@ private:
     Services services;
     PictureImporter& pictures;
     ObjectImporter& objects;
+    AudioImporter& songs;
 };
 
 } // namespace zelvo::ui

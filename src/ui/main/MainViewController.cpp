@@ -48,13 +48,15 @@ MainViewController::MainViewController(const Services& given)
     , pictures(services)
     , objects(services)
     , loading(services)
-    , files(services, pictures, objects)
+    , songs(services)
+    , files(services, pictures, objects, songs)
     , valueLabel(services.runLoop)
     , progressView(services)
     , blurCover(services.runLoop) {
     wire();
     wirePictures();
     wireObjects();
+    wireSongs();
     viewDidLoad();
 }
 
@@ -114,6 +116,19 @@ void MainViewController::wireObjects() {
             panel->objectChosen(node);
         else
             media->setCustomNode(node);
+    };
+}
+
+void MainViewController::wireSongs() {
+    songs.didAsk = [this] {
+        if (LayouterMenu* const panel = layouter())
+            panel->showAudio();
+    };
+    songs.didArrive = [this](const std::filesystem::path& song, const std::string& title) {
+        services.model.stop(model::Reset::toStart); // a run has one music from start to end
+        services.model.audioPlayer().loadSong(song, title);
+        if (LayouterMenu* const panel = layouter())
+            panel->songDidChange();
     };
 }
 
@@ -187,6 +202,10 @@ void MainViewController::showLayouterMenu() {
         lifetime.guard([this](double alpha, double seconds) { fadeScene(alpha, seconds); });
     menu->presentFontImport = lifetime.guard([this] { showFontImport(); });
     menu->presentObjectImport = lifetime.guard([this] { showObjectImport(); });
+    menu->presentMusicLibrary =
+        lifetime.guard([this](AudioViewController& editor) { showMusicLibrary(editor); });
+    menu->openSong =
+        lifetime.guard([this](const std::filesystem::path& file) { songs.load(file); });
     menu->openPicture = lifetime.guard([this](const QUrl& file) { (void)openURL(file); });
     LayouterMenu& panel = *menu;
     setPanel(menu.release(), kStylePanel);
@@ -261,6 +280,7 @@ void MainViewController::present(QObject* controller, const char* view) {
         controller->setParent(this);
     screenView_ = QString::fromLatin1(view);
     pictures.setHeld(controller != nullptr);
+    songs.setHeld(controller != nullptr);
     loading.setHeld(controller != nullptr && screenView_ != kObjectScreen);
     valueLabel.dismiss(); // its message belongs to the screen before
     Q_EMIT screenChanged();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/foundation/Lifetime.h"
+#include "ui/audio/AudioImporter.h"
 #include "ui/controls/CameraGestures.h"
 #include "ui/controls/GestureDelegate.h"
 #include "ui/controls/MyButton.h"
@@ -209,6 +210,7 @@ private:
     [[nodiscard]] std::function<void()> posted(std::function<void()> call) const;
     void wirePictures();
     void wireObjects();
+    void wireSongs();
     void loadObject(const std::filesystem::path& file);
     /// Null while another panel is shown.
     [[nodiscard]] LayouterMenu* layouter() const;
@@ -218,6 +220,7 @@ private:
     PictureImporter pictures;
     ObjectImporter objects;
     ObjectLoading loading;
+    AudioImporter songs;
     FileSystem files;
     ValueLabel valueLabel;
     ProgressView progressView;

@@ -28,14 +28,15 @@ Item {
     Item {
         x: 37
         width: parent.width - 2 * 37
-        height: 36
+        height: root.controller.isStripTall ? parent.height : 36
 
         Loader {
             id: strip
 
             objectName: "strip"
             anchors.fill: parent
-            anchors.bottomMargin: -9 // a finger may press half of the gap to the tabs, too
+            // A finger may press half of the gap to the tabs, too.
+            anchors.bottomMargin: root.controller.isStripTall ? 0 : -9
             visible: !root.controller.isWriting
             Component.onCompleted: show()
 
@@ -59,16 +60,6 @@ Item {
             anchors.fill: parent
             visible: root.controller.isInspiratorVisible
             controller: root.controller.inspirator
-        }
-        Text {
-            anchors.fill: parent
-            visible: text !== ""
-            text: root.controller.note
-            color: Theme.text
-            font.pixelSize: Theme.px(13)
-            horizontalAlignment: Text.AlignHCenter
-            verticalAlignment: Text.AlignVCenter
-            elide: Text.ElideRight
         }
         Loader {
             readonly property bool isWriting: root.controller.isWriting

@@ -12,6 +12,7 @@ extern void qml_register_types_Zelvo();
 extern void qml_register_types_Zelvo_Controls();
 extern void qml_register_types_Zelvo_Menus();
 extern void qml_register_types_Zelvo_Imports();
+extern void qml_register_types_Zelvo_Audio();
 extern void qml_register_types_Zelvo_Layouter();
 extern void qml_register_types_Zelvo_Screens();
 extern void qml_register_types_Zelvo_Main();
@@ -27,11 +28,12 @@ namespace {
 /// nobody uses.
 void keepModules() {
     using Register = void (*)();
-    const std::array<Register, 7> modules{
+    const std::array<Register, 8> modules{
         &qml_register_types_Zelvo,
         &qml_register_types_Zelvo_Controls,
         &qml_register_types_Zelvo_Menus,
         &qml_register_types_Zelvo_Imports,
+        &qml_register_types_Zelvo_Audio,
         &qml_register_types_Zelvo_Layouter,
         &qml_register_types_Zelvo_Screens,
         &qml_register_types_Zelvo_Main};

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace zelvo::audio {
+
+class AudioPlayer;
+
+/// The volume that a run from the beginning has reached at movie time `t`, 0 to 1.
+[[nodiscard]] double volumeAt(const AudioPlayer& player, double t);
+
+/// Starts the music in the middle of its stretch, as loud as a run from the beginning has it there.
+/// `step` goes on from `t`. Does nothing before and after the stretch, or if the music plays.
+void startMidStretch(AudioPlayer& player, double t);
+
+} // namespace zelvo::audio
