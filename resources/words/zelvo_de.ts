@@ -2,6 +2,20 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>AudioEditor</name>
+    <message>
+        <source>Choose the music</source>
+        <translation>Musik wählen</translation>
+    </message>
+</context>
+<context>
+    <name>AudioTimeline</name>
+    <message>
+        <source>Import a song, or drop one on the window</source>
+        <translation>Importieren Sie ein Stück, oder ziehen Sie eines auf das Fenster</translation>
+    </message>
+</context>
+<context>
     <name>ColorPicker</name>
     <message>
         <source>Color</source>
@@ -245,6 +259,13 @@
     </message>
 </context>
 <context>
+    <name>PressMarks</name>
+    <message>
+        <source>Recorded actions</source>
+        <translation>Aufgenommene Aktionen</translation>
+    </message>
+</context>
+<context>
     <name>Preview</name>
     <message>
         <source>Cancel</source>
@@ -393,6 +414,33 @@
     </message>
 </context>
 <context>
+    <name>zelvo::ui::AudioImporter</name>
+    <message>
+        <source>Copying %1 …</source>
+        <translation>%1 wird kopiert …</translation>
+    </message>
+    <message>
+        <source>The music cannot be imported.</source>
+        <translation>Die Musik kann nicht importiert werden.</translation>
+    </message>
+    <message>
+        <source>Music and videos (%1)</source>
+        <translation>Musik und Videos (%1)</translation>
+    </message>
+    <message>
+        <source>Music (%1)</source>
+        <translation>Musik (%1)</translation>
+    </message>
+    <message>
+        <source>Videos (%1)</source>
+        <translation>Videos (%1)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+</context>
+<context>
     <name>zelvo::ui::AudioViewController</name>
     <message>
         <source>No Fade</source>
@@ -437,6 +485,30 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>The music is gone.</source>
+        <translation>Die Musik ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>“%1” was moved or deleted. The movie stays silent until you choose other music.</source>
+        <translation>„%1“ wurde verschoben oder gelöscht. Der Film bleibt stumm, bis Sie andere Musik wählen.</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>from ...</source>
+        <translation>aus ...</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musik</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Dokumente</translation>
     </message>
 </context>
 <context>
@@ -493,6 +565,21 @@
     </message>
 </context>
 <context>
+    <name>zelvo::ui::Dragger</name>
+    <message>
+        <source>Start of the music, at %1 of the song</source>
+        <translation>Anfang der Musik, bei %1 des Stücks</translation>
+    </message>
+    <message>
+        <source>End of the music, at %1 of the song</source>
+        <translation>Ende der Musik, bei %1 des Stücks</translation>
+    </message>
+    <message>
+        <source>Music, from %1 of the movie</source>
+        <translation>Musik, ab %1 des Films</translation>
+    </message>
+</context>
+<context>
     <name>zelvo::ui::DropTarget</name>
     <message>
         <source>Drop it to use it as the image</source>
@@ -515,8 +602,12 @@
         <translation>Loslassen, um Schriften oder 3D-Objekte zu importieren</translation>
     </message>
     <message>
-        <source>Only pictures, videos, 3D objects, fonts and ZIP archives of them can be opened</source>
-        <translation>Nur Bilder, Videos, 3D-Objekte, Schriften und ZIP-Archive davon lassen sich öffnen</translation>
+        <source>Drop it to use it as the music</source>
+        <translation>Ablegen, um es als Musik zu verwenden</translation>
+    </message>
+    <message>
+        <source>Only pictures, videos, music, 3D objects, fonts and ZIP archives can be opened</source>
+        <translation>Nur Bilder, Videos, Musik, 3D-Objekte, Schriften und ZIP-Archive können geöffnet werden</translation>
     </message>
 </context>
 <context>
@@ -710,10 +801,6 @@
     <message>
         <source>Object</source>
         <translation>Objekt</translation>
-    </message>
-    <message>
-        <source>The movie has no music. This version cannot add any yet.</source>
-        <translation>Der Film hat keine Musik. Diese Version kann noch keine hinzufügen.</translation>
     </message>
     <message>
         <source>Background</source>
