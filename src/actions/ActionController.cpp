@@ -32,7 +32,11 @@ const std::vector<XACPtr>& ActionController::recordedActions() const {
 }
 
 void ActionController::addAction(
-    std::function<void()> xacFunc, int identifier, std::string title, RegisterUndo registerUndo) {
+    std::function<void()> xacFunc,
+    int identifier,
+    std::string title,
+    RegisterUndo registerUndo,
+    Snapping snapping) {
     auto xac = std::make_shared<XAC>();
     xac->xacFunc = std::move(xacFunc);
     xac->identifier = identifier;
@@ -46,9 +50,12 @@ void ActionController::addAction(
             xac->hasRun = true;
             *isInRun = owner.isPlaying();
         },
-        [this, xac, isInRun, performance = performanceNumber] {
-            if (*isInRun && performance == performanceNumber)
+        [this, xac, isInRun, snapping, performance = performanceNumber] {
+            if (*isInRun && performance == performanceNumber) {
+                if (snapping == Snapping::toBeats)
+                    snap(*xac);
                 keep(xac);
+            }
             if (!*isInRun || owner.isPlaying())
                 xac->xacFunc();
         });
@@ -72,6 +79,16 @@ void ActionController::keep(const XACPtr& xac) {
     append(xac);
     if (xac->registerUndo)
         undoManager.add(MyUndoManagerActionType::remove, xac);
+}
+
+void ActionController::snap(XAC& xac) const {
+    const auto first = std::ranges::find(
+        recordedActions_, xac.identifier, [](const XACPtr& kept) { return kept->identifier; });
+    if (first != recordedActions_.end())
+        xac.snapped = (*first)->snapped;
+    else if (snapTime)
+        xac.snapped = snapTime(xac.time) - xac.time;
+    xac.time += xac.snapped;
 }
 
 std::string

@@ -23,6 +23,12 @@ enum class RegisterUndo {
     yes ///< this record represents its group in undo and history
 };
 
+/// Whether an action may be recorded at the beat that is nearest to its press.
+enum class Snapping {
+    no,     ///< a movement of the fingers, which has its own time
+    toBeats ///< a button
+};
+
 /// Records what the user does to the stage and replays it.
 ///
 ///     press ── addAction ──> serial queue: makes the record, reads the time
@@ -55,7 +61,14 @@ public:
         std::function<void()> xacFunc,
         int identifier,
         std::string title,
-        RegisterUndo registerUndo);
+        RegisterUndo registerUndo,
+        Snapping snapping = Snapping::toBeats);
+
+    /// Moves the time of a press to a beat; both are seconds of the clock, including the count-in.
+    /// Empty: presses are recorded when they come. A press is performed at once in any case, and in
+    /// this run it is not performed again at the beat. The further records of its action, such as the
+    /// release of a held button, are moved as far as the first one, so that a hold keeps its length.
+    std::function<double(double)> snapTime;
 
     /// For example "Left In (TX1, TX2)".
     [[nodiscard]] static std::string
@@ -94,6 +107,7 @@ private:
     void send(std::function<void()> onQueue, std::function<void()> onLoop);
     void behindPresses(const std::function<void()>& step);
     void keep(const XACPtr& xac);
+    void snap(XAC& xac) const;
     void checkOwnerThread() const;
 
     ActionControllerOwner& owner;

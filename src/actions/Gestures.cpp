@@ -102,7 +102,8 @@ void Gestures::pan(GestureState state, const glm::vec2& location) {
             [&stage = controller.nodes, d] { turnCamera(stage, d); },
             panningActionIdentifier,
             "",
-            RegisterUndo::no);
+            RegisterUndo::no,
+            Snapping::no);
     } else {
         releasePan();
     }
@@ -114,7 +115,8 @@ void Gestures::beginPan() {
         [&stage = controller.nodes] { stopHandles(stage); },
         panningActionIdentifier,
         "Camera Move",
-        RegisterUndo::yes);
+        RegisterUndo::yes,
+        Snapping::no);
 }
 
 void Gestures::releasePan() {
@@ -123,7 +125,8 @@ void Gestures::releasePan() {
         [&stage = controller.nodes, duration] { straightenCamera(stage, duration); },
         panningActionIdentifier,
         "",
-        RegisterUndo::no);
+        RegisterUndo::no,
+        Snapping::no);
 }
 
 void Gestures::pinch(GestureState state, float velocity) {
@@ -149,7 +152,8 @@ void Gestures::pinchCamera(float value, int identifier, RegisterUndo registerUnd
         [&stage = controller.nodes, value] { pushCameraIn(stage, value); },
         identifier,
         "Camera Pinch",
-        registerUndo);
+        registerUndo,
+        Snapping::no);
 }
 
 void Gestures::releasePinch() {
@@ -160,7 +164,8 @@ void Gestures::releasePinch() {
         },
         pinchActionIdentifier,
         "",
-        RegisterUndo::no);
+        RegisterUndo::no,
+        Snapping::no);
 }
 
 void Gestures::doubleTap() {
@@ -173,7 +178,8 @@ void Gestures::doubleTap() {
         },
         controller.newIdentifier(),
         "Center",
-        RegisterUndo::yes);
+        RegisterUndo::yes,
+        Snapping::no);
 }
 
 } // namespace zelvo::actions

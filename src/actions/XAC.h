@@ -10,7 +10,8 @@ namespace zelvo::actions {
 /// A recorded action: a callback and the time when it was performed. The callback captures all it
 /// needs at that moment: values and permanent nodes, never nodes that are rebuilt, such as letters.
 struct XAC {
-    double time = 0; ///< seconds of the model's clock, including the count-in
+    double time = 0;    ///< seconds of the model's clock, including the count-in
+    double snapped = 0; ///< how far the time was moved to a beat, in seconds
     /// Can be called again: at the press and once in each later run.
     std::function<void()> xacFunc;
     int identifier = 0;        ///< shared by all records of one user action

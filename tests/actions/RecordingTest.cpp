@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <cmath>
 
 namespace zelvo::actions {
 namespace {
@@ -50,6 +51,37 @@ TEST_F(RecordingTest, ReplaysEachRecordOnceInEachRun) {
     }
     // The record of time 0 runs with the second tick, that of 99 never.
     EXPECT_THAT(order, ElementsAre(0, 3, 4, 0, 3, 4));
+}
+
+TEST_F(RecordingTest, RecordsPressesAtTheBeatsButPerformsThemAtOnce) {
+    plays = true;
+    controller.snapTime = [](double time) { return std::round(time); };
+    int runs = 0;
+    int releases = 0;
+    clock = 2.6;
+    const int hold = controller.newIdentifier();
+    add("hold", hold, [&] { ++runs; });
+    clock = 2.9;
+    controller.addAction([&] { ++releases; }, hold, "", RegisterUndo::no);
+    controller.gestures.doubleTap();
+    world.runLoop.drain();
+    EXPECT_EQ(runs, 1);
+    std::vector<double> times;
+    for (const XACPtr& xac : controller.recordedActions())
+        times.push_back(xac->time);
+    EXPECT_THAT(times, ElementsAre(3.0, testing::DoubleNear(3.3, 1e-9), 2.9))
+        << "a hold keeps its length, a gesture its time";
+
+    tick(3.1);
+    EXPECT_EQ(runs, 1) << "not again in the run in which it was pressed";
+    controller.undo();
+    controller.undo();
+    controller.redo();
+    controller.markAllNotRun();
+    tick(2.7);
+    EXPECT_EQ(runs, 1);
+    tick(3.0);
+    EXPECT_EQ(runs, 2);
 }
 
 TEST_F(RecordingTest, RunsWhatIsDueTogetherInTheOrderOfMakingBehindTheTick) {
