@@ -31,6 +31,12 @@ FFmpegPtr<AVCodecContext> openEncoder(const VideoToMake& video) {
     encoder->framerate = {30, 1};
     encoder->sample_aspect_ratio = av_d2q(video.pixelAspect, 100);
     encoder->colorspace = static_cast<AVColorSpace>(av_color_space_from_name(video.matrix));
+    encoder->color_trc =
+        static_cast<AVColorTransferCharacteristic>(av_color_transfer_from_name(video.transfer));
+    if (video.isInterlaced) {
+        encoder->field_order = AV_FIELD_TT;
+        encoder->flags |= AV_CODEC_FLAG_INTERLACED_DCT;
+    }
     encoder->color_range = video.hasFullRange ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
     encoder->gop_size = video.keyInterval;
     encoder->max_b_frames = video.bFrames;
@@ -80,6 +86,9 @@ FFmpegPtr<AVFrame> converted(const Image& picture, const AVCodecContext& encoder
     frame->width = encoder.width;
     frame->height = encoder.height;
     frame->colorspace = encoder.colorspace;
+    frame->color_trc = encoder.color_trc;
+    frame->interlaced_frame = encoder.field_order == AV_FIELD_TT ? 1 : 0;
+    frame->top_field_first = frame->interlaced_frame;
     frame->color_range = encoder.color_range;
     av_frame_get_buffer(frame.get(), 0);
     SwsContext* const scaler = sws_getContext(

@@ -25,7 +25,9 @@ struct VideoToMake {
     /// The time of each frame in ticks; by default 30 frames a second.
     std::function<std::int64_t(int)> timeOf = [](int frame) { return std::int64_t{20} * frame; };
     const char* matrix = "bt709";
+    const char* transfer = "bt709";
     bool hasFullRange = false;
+    bool isInterlaced = false; ///< the upper field first
     int bFrames = 2;
     int keyInterval = 8;
     double pixelAspect = 1;

@@ -108,6 +108,59 @@ TEST_F(VideoReaderTest, ConvertsEachMatrixAndRangeToTheSameColour) {
     }
 }
 
+/// The light of a display, worked out by hand: dark and middle tones keep their light, 203 cd/m² and
+/// more come near full white, and red of the wide primaries is cut off.
+TEST_F(VideoReaderTest, ShowsHDRWithTheLightThatItsFileTells) {
+    struct Row {
+        const char* transfer;
+        Pixel code; ///< of 255
+        Pixel wanted;
+    };
+
+    for (const Row& row :
+         {Row{"smpte2084", {0, 0, 0, 255}, {0, 0, 0, 255}},
+          {"smpte2084", {112, 112, 112, 255}, {136, 136, 136, 255}}, // 50 cd/m²
+          {"smpte2084", {192, 192, 192, 255}, {255, 255, 255, 255}}, // 1000 cd/m²
+          {"smpte2084", {112, 0, 0, 255}, {170, 0, 0, 255}},
+          {"arib-std-b67", {96, 96, 96, 255}, {100, 100, 100, 255}}, // 26 cd/m²
+          {"arib-std-b67", {255, 255, 255, 255}, {255, 255, 255, 255}}}) {
+        SCOPED_TRACE(row.transfer + std::to_string(row.code[0]));
+        const auto draw = [&row](image::Image& picture, int) {
+            for (std::size_t i = 0; i < picture.pixels.size(); ++i)
+                picture.pixels[i] = static_cast<std::uint8_t>(row.code.at(i % 4));
+        };
+        VideoReader reader = made(
+            "hdr.mkv",
+            {.encoder = "ffv1",
+             .pixelFormat = "yuv444p10le",
+             .width = 40, // no whole blocks of the scaler
+             .frames = 1,
+             .matrix = "bt2020nc",
+             .transfer = row.transfer,
+             .draw = draw});
+        expectNear(pixelAt(*reader.picture(0), 0.9, 0.9), row.wanted, 5);
+    }
+}
+
+TEST_F(VideoReaderTest, ShowsOneMomentOfAnInterlacedFrame) {
+    const auto draw = [](image::Image& picture, int) {
+        for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
+            const std::size_t row = i / 4 / static_cast<std::size_t>(picture.width);
+            picture.pixels[i] = i % 4 == 3 || row % 2 == 0 ? 255 : 0; // the second moment is black
+        }
+    };
+    VideoReader reader = made(
+        "interlaced.mov",
+        {.encoder = "prores_ks",
+         .pixelFormat = "yuv422p10le",
+         .frames = 1,
+         .isInterlaced = true,
+         .draw = draw});
+    const image::ImagePtr picture = reader.picture(0);
+    for (const double y : {0.0, 0.3, 0.31, 0.99})
+        expectNear(pixelAt(*picture, 0.5, y), {255, 255, 255, 255}, 4);
+}
+
 TEST_F(VideoReaderTest, KeepsTransparency) {
     const auto draw = [](image::Image& picture, int number) {
         drawNumber(picture, number);

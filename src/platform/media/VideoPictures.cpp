@@ -11,6 +11,7 @@ extern "C" {
 #include <cmath>
 #include <cstdlib>
 #include <mutex>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -62,6 +63,43 @@ AVPixelFormat withoutJPEGName(AVPixelFormat format) {
 bool hasFullRange(const AVFrame& frame) {
     const auto format = static_cast<AVPixelFormat>(frame.format);
     return frame.color_range == AVCOL_RANGE_JPEG || withoutJPEGName(format) != format;
+}
+
+std::optional<HDRConversion::Transfer> transferOf(const AVFrame& frame) {
+    switch (frame.color_trc) {
+    case AVCOL_TRC_SMPTE2084:
+        return HDRConversion::Transfer::pq;
+    case AVCOL_TRC_ARIB_STD_B67:
+        return HDRConversion::Transfer::hlg;
+    default:
+        return std::nullopt;
+    }
+}
+
+/// libswscale writes blocks of pixels, also over the end of a row and of the last one.
+int wholeBlocks(int width) {
+    return (width + kBlock - 1) / kBlock * kBlock;
+}
+
+template <class Number>
+std::span<Number> rowOf(std::vector<Number>& pixels, int width, std::size_t y) {
+    const auto size = static_cast<std::size_t>(width) * kChannels;
+    return std::span(pixels).subspan(y * size, size);
+}
+
+/// Keeps the rows of the first field and puts the mean of two of them between them: the second field
+/// shows another moment.
+void deinterlace(Image& picture, bool isTopFirst) {
+    const auto height = static_cast<std::size_t>(picture.height);
+    for (std::size_t y = isTopFirst ? 1 : 0; y < height; y += 2) {
+        const std::size_t below = y + 1 < height ? y + 1 : y - 1;
+        const auto upper = rowOf(picture.pixels, picture.width, y > 0 ? y - 1 : below);
+        const auto lower = rowOf(picture.pixels, picture.width, below);
+        std::ranges::transform(
+            upper, lower, rowOf(picture.pixels, picture.width, y).begin(), [](int a, int b) {
+                return static_cast<std::uint8_t>((a + b + 1) / 2);
+            });
+    }
 }
 
 int scaled(int side, double factor) {
@@ -173,7 +211,9 @@ bool VideoPictures::prepareScaler(const AVFrame& frame) {
     const auto format = static_cast<AVPixelFormat>(frame.format);
     if (frame.width <= 0 || frame.height <= 0 || sws_isSupportedInput(format) == 0)
         return false;
-    const Colors colors{format, matrixOf(frame), hasFullRange(frame)};
+    const Colors colors{format, matrixOf(frame), hasFullRange(frame), transferOf(frame)};
+    if (colors.transfer != lastColors.transfer)
+        hdr = colors.transfer ? std::make_unique<HDRConversion>(*colors.transfer) : nullptr;
     const SwsContext* const before = scaler.get();
     scaler.reset(sws_getCachedContext(
         scaler.release(),
@@ -182,7 +222,7 @@ bool VideoPictures::prepareScaler(const AVFrame& frame) {
         withoutJPEGName(format),
         storedWidth,
         storedHeight,
-        AV_PIX_FMT_RGBA,
+        hdr ? AV_PIX_FMT_RGBA64 : AV_PIX_FMT_RGBA,
         SWS_BILINEAR,
         nullptr,
         nullptr,
@@ -206,25 +246,43 @@ bool VideoPictures::prepareScaler(const AVFrame& frame) {
 }
 
 bool VideoPictures::convert(const AVFrame& frame, Image& target) {
-    // libswscale writes blocks of pixels, also over the end of a row and of the last one.
-    if (target.width % kBlock == 0)
-        return scale(frame, target);
-    const int blocks = (target.width + kBlock - 1) / kBlock;
+    const bool isConverted = hdr ? convertHDR(frame, target) : convertSDR(frame, target);
+    if (isConverted && frame.interlaced_frame != 0)
+        deinterlace(target, frame.top_field_first != 0);
+    return isConverted;
+}
+
+bool VideoPictures::convertSDR(const AVFrame& frame, Image& target) {
+    const int columns = wholeBlocks(target.width);
+    if (columns == target.width)
+        return scale(frame, target.pixels.data(), columns * kChannels);
     if (wide.pixels.empty())
-        wide = Image(blocks * kBlock, target.height);
-    if (!scale(frame, wide))
+        wide = Image(columns, target.height);
+    if (!scale(frame, wide.pixels.data(), columns * kChannels))
         return false;
-    const auto wideRow = static_cast<std::size_t>(wide.width) * kChannels;
     const auto row = static_cast<std::size_t>(target.width) * kChannels;
     for (std::size_t y = 0; y < static_cast<std::size_t>(target.height); ++y)
-        std::copy_n(&wide.pixels[y * wideRow], row, &target.pixels[y * row]);
+        std::ranges::copy(rowOf(wide.pixels, wide.width, y).first(row), &target.pixels[y * row]);
     return true;
 }
 
-/// The target may be wider than what is written.
-bool VideoPictures::scale(const AVFrame& frame, Image& target) {
-    const std::array<std::uint8_t*, 4> planes{target.pixels.data()};
-    const std::array<int, 4> strides{target.width * kChannels};
+bool VideoPictures::convertHDR(const AVFrame& frame, Image& target) {
+    const int columns = wholeBlocks(target.width);
+    deep.resize(static_cast<std::size_t>(columns) * kChannels * target.height);
+    const int rowBytes = columns * kChannels * static_cast<int>(sizeof(deep.front()));
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): the library writes bytes
+    if (!scale(frame, reinterpret_cast<std::uint8_t*>(deep.data()), rowBytes))
+        return false;
+    const auto row = static_cast<std::size_t>(target.width) * kChannels;
+    for (std::size_t y = 0; y < static_cast<std::size_t>(target.height); ++y)
+        hdr->convert(rowOf(deep, columns, y).first(row), rowOf(target.pixels, target.width, y));
+    return true;
+}
+
+// NOLINTNEXTLINE(readability-non-const-parameter): the library writes there
+bool VideoPictures::scale(const AVFrame& frame, std::uint8_t* target, int rowBytes) {
+    const std::array<std::uint8_t*, 4> planes{target};
+    const std::array<int, 4> strides{rowBytes};
     return sws_scale(
                scaler.get(),
                static_cast<const std::uint8_t* const*>(frame.data),

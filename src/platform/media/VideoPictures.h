@@ -5,8 +5,12 @@
 
 #include "platform/image/Image.h"
 #include "platform/media/FFmpeg.h"
+#include "platform/media/HDRConversion.h"
 
+#include <cstdint>
 #include <memory>
+#include <optional>
+#include <vector>
 
 struct SwsContext;
 
@@ -28,7 +32,8 @@ struct VideoOrientation {
 ///
 /// The matrix (BT.601, BT.709, BT.2020) and the range of the luma are those that the file names. A
 /// file that names none has BT.601 up to 576 rows and BT.709 above. Transfer curves are taken as
-/// they are, as all players do with BT.709; films in HDR (PQ) look pale.
+/// they are, as all players do with BT.709, but for those of HDR. Of an interlaced frame the first
+/// field is shown.
 class VideoPictures {
 public:
     struct Source {
@@ -62,6 +67,7 @@ private:
         int format = -1;
         int matrix = 0;
         bool hasFullRange = false;
+        std::optional<HDRConversion::Transfer> transfer; ///< nothing: not in HDR
 
         bool operator==(const Colors&) const = default;
     };
@@ -70,7 +76,9 @@ private:
 
     [[nodiscard]] bool prepareScaler(const AVFrame& frame);
     [[nodiscard]] bool convert(const AVFrame& frame, image::Image& target);
-    [[nodiscard]] bool scale(const AVFrame& frame, image::Image& target);
+    [[nodiscard]] bool convertSDR(const AVFrame& frame, image::Image& target);
+    [[nodiscard]] bool convertHDR(const AVFrame& frame, image::Image& target);
+    [[nodiscard]] bool scale(const AVFrame& frame, std::uint8_t* target, int rowBytes);
 
     VideoOrientation turns;
     int storedWidth = 1; ///< with square pixels, before turning
@@ -80,6 +88,8 @@ private:
     std::shared_ptr<Stock> stock;
     image::Image unturned; ///< empty while pictures need no turning
     image::Image wide;     ///< rows of whole blocks; empty while pictures have such rows
+    std::unique_ptr<HDRConversion> hdr; ///< null while frames are not in HDR
+    std::vector<std::uint16_t> deep;    ///< the scaler's picture in HDR, in rows of whole blocks
 };
 
 } // namespace zelvo::media
