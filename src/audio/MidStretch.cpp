@@ -42,7 +42,8 @@ double volumeAt(const AudioPlayer& player, double t) {
 }
 
 void startMidStretch(AudioPlayer& player, double t) {
-    const bool isWithin = t >= player.audioPreRoll && t < player.songEnd();
+    // In its first frame, `step` starts it.
+    const bool isWithin = t >= player.audioPreRoll + FrameClock::kStep && t < player.songEnd();
     if (!isWithin || player.isPlaying || !player.avAudioPlayer)
         return;
     media::AVAudioPlayer& song = *player.avAudioPlayer;

@@ -5,6 +5,7 @@
 #include "platform/media/AVAsset.h"
 #include "shared/FrameClock.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace zelvo::movie {
@@ -48,7 +49,9 @@ Result<int> insertMusic(media::AVMutableComposition& composition, const MusicStr
     if (!track)
         return tl::unexpected(track.error());
     auto& audio = composition.addMutableTrack(MediaType::audio, 0);
-    const CMTimeRange stretch{sixtieths(music.audioIn), sixtieths(music.audioEnd - music.audioIn)};
+    // A stretch that is longer than its song begins before it; the song then sounds from its start.
+    const double songStart = std::max(music.audioIn, 0.0);
+    const CMTimeRange stretch{sixtieths(songStart), sixtieths(music.audioEnd - music.audioIn)};
     const auto inserted = audio.insertTimeRange(stretch, *track, sixtieths(music.audioPreRoll));
     if (!inserted)
         return tl::unexpected(inserted.error());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "audio/AudioPlayer.h"
 
+#include "audio/MidStretch.h"
 #include "media/MediaFixture.h"
 #include "platform/foundation/Folders.h"
 #include "shared/FrameClock.h"
@@ -160,6 +161,32 @@ TEST_F(AudioPlayerTest, VolumeFollowsTheFadeState) {
         EXPECT_TRUE(sounds());
         player.stop();
     }
+}
+
+TEST_F(AudioPlayerTest, AStartInTheMiddleIsAsLoudAsARunFromTheBeginning) {
+    for (const double begin : {0.4, 1.2, 3.0, 6.5, 7.85}) {
+        for (const double passed : {0.0, 0.3, 1.0}) {
+            SCOPED_TRACE(testing::Message() << begin << " + " << passed);
+            player.loadSong(file("song.wav"), "Song");
+            player.audioPreRoll = 0.25;
+            player.audioIn = 2.0;
+            player.audioEnd = 10.0; // ends at 8.25 of the movie
+            const double end = std::min(begin + passed, 8.2);
+            play(end, -kFrame);
+            const double expected = player.avAudioPlayer->volume();
+            const double place = player.avAudioPlayer->currentTime();
+            player.stop();
+            startMidStretch(player, begin);
+            play(end, begin);
+            EXPECT_NEAR(player.avAudioPlayer->volume(), expected, 0.03);
+            EXPECT_NEAR(player.avAudioPlayer->currentTime(), place, 2.5 * kFrame);
+            player.stop();
+        }
+    }
+    player.stop();
+    startMidStretch(player, 0.2);
+    startMidStretch(player, 8.25);
+    EXPECT_FALSE(sounds()) << "outside of the stretch";
 }
 
 TEST_F(AudioPlayerTest, AStretchShorterThanItsFadeOutFadesFromItsFirstTick) {

@@ -41,6 +41,15 @@ TEST_F(MovieMusicTest, SoundsInItsStretch) {
     EXPECT_LT(movie.loudness(5.1, 5.8), 0.01) << "after the stretch";
 }
 
+TEST_F(MovieMusicTest, SoundsFromItsStartIfTheStretchIsLongerThanTheSong) {
+    media::writeWav(song->file, 48'000, 1.5, media::sine(440, 0.5));
+    song->audioIn = -0.5;
+    song->audioEnd = 1.5;
+    const auto movie = made();
+    EXPECT_NEAR(movie.loudness(1.05, 2.45), kFull, 0.02);
+    EXPECT_LT(movie.loudness(2.6, 5.8), 0.01);
+}
+
 TEST_F(MovieMusicTest, FadesInAndOut) {
     song->fadesIn = song->fadesOut = true;
     const auto movie = made();

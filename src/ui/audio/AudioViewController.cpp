@@ -19,7 +19,6 @@
 
 namespace zelvo::ui {
 
-using audio::AudioPlayer;
 using audio::FadeState;
 
 namespace {

@@ -49,7 +49,7 @@ public:
         std::function<void()> didMove;
     };
 
-    Dragger(DraggedPart moved, audio::AudioPlayer& written, Calls given);
+    Dragger(DraggedPart dragged, audio::AudioPlayer& written, Calls given);
 
     /// x is a time on the ruler.
     Q_INVOKABLE void beginDrag(double x);

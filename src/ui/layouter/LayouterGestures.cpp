@@ -131,6 +131,8 @@ bool LayouterMenu::grow(double factor) {
 }
 
 bool LayouterMenu::takeNext(int step) {
+    if (currentOption_ == CurrentOption::audio) // Tab steps through the timeline
+        return false;
     const auto content = services.model.nodes().content();
     const auto count = static_cast<int>(content.size());
     const auto found = std::ranges::find(content, currentNode_);
