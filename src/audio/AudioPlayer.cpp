@@ -67,27 +67,44 @@ void AudioPlayer::step(double t) {
     const bool isInWindow = FrameClock::nearestFrame(t) >= FrameClock::nearestFrame(audioPreRoll) &&
                             t - audioPreRoll < FrameClock::kStep;
     if (!isPlaying && isInWindow && avAudioPlayer && !avAudioPlayer->isPlaying())
-        startStretch();
-
+        startAt(audioPreRoll);
+    // The sound fades by itself, exact to the sample; ticks only follow.
     const double fadeOutStart = songEnd() - fadeOutDuration - fadeOutBeginDelay;
-    if (hasFadeOut(fadeState) && !isFadingOut && fadeOutStart <= t) {
-        if (avAudioPlayer)
-            avAudioPlayer->setVolume(0.0F, fadeOutDuration);
-        isFadingOut = true;
-    }
+    isFadingOut = isFadingOut || (hasFadeOut(fadeState) && fadeOutStart <= t);
     if (t >= songEnd())
         stop();
+    else if (isPlaying && fades() != sounding)
+        startAt(t); // a fade or the end was changed meanwhile
 }
 
-void AudioPlayer::startStretch() {
+shared::MusicFades AudioPlayer::fades() const {
+    return {
+        .begin = audioPreRoll,
+        .end = songEnd(),
+        .fadeInDuration = fadeInDuration,
+        .fadeOutDuration = fadeOutDuration,
+        .fadeOutBeginDelay = fadeOutBeginDelay,
+        .fadesIn = hasFadeIn(fadeState),
+        .fadesOut = hasFadeOut(fadeState)};
+}
+
+void AudioPlayer::startAt(double t) {
+    CHECK(avAudioPlayer != nullptr, "there is no song to start");
+    // The same samples at the same time as in the movie.
+    const auto onFrame = [](double seconds) {
+        return FrameClock::presentationTime(FrameClock::nearestFrame(seconds)).seconds();
+    };
+    const double begin = onFrame(audioPreRoll);
+    const double passed = std::max(t - audioPreRoll, 0.0);
     isFadingOut = false;
-    avAudioPlayer->prepareToPlay();
-    // Start at the same sample as in the movie.
-    avAudioPlayer->setCurrentTime(
-        FrameClock::presentationTime(FrameClock::nearestFrame(audioIn)).seconds());
-    avAudioPlayer->setVolume(0.0F);
+    sounding = fades();
+    avAudioPlayer->setCurrentTime(std::max(onFrame(audioIn), 0.0) + passed);
+    avAudioPlayer->setPassage(
+        {.duration = onFrame(audioEnd - audioIn) - passed,
+         .volumeAt = [volumes = shared::volumesOf(fades()), from = begin + passed](double seconds) {
+             return volumes.volumeAt(from + seconds);
+         }});
     avAudioPlayer->play();
-    avAudioPlayer->setVolume(1.0F, hasFadeIn(fadeState) ? fadeInDuration : 0.0);
     isPlaying = true;
 }
 

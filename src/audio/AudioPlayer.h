@@ -4,6 +4,7 @@
 #include "platform/foundation/RunLoop.h"
 #include "platform/media/AVAudioPlayer.h"
 #include "platform/media/AudioOutput.h"
+#include "shared/MusicFades.h"
 
 #include <array>
 #include <filesystem>
@@ -104,12 +105,16 @@ public:
 
     void stop();
 
+    /// Starts the player at movie time `t`, which must be within the stretch.
+    void startAt(double t);
+
 private:
-    void startStretch();
+    [[nodiscard]] shared::MusicFades fades() const;
 
     const foundation::RunLoop& loop;
     std::function<double()> movieDuration;
     media::AudioOutputFactory makeOutput;
+    shared::MusicFades sounding; ///< since the last start
 };
 
 } // namespace zelvo::audio

@@ -5,9 +5,6 @@ namespace zelvo::audio {
 
 class AudioPlayer;
 
-/// The volume that a run from the beginning has reached at movie time `t`, 0 to 1.
-[[nodiscard]] double volumeAt(const AudioPlayer& player, double t);
-
 /// Starts the music in the middle of its stretch, as loud as a run from the beginning has it there.
 /// `step` goes on from `t`. Does nothing in the stretch's first frame, which `step` handles, outside of
 /// it, and while the music plays.

@@ -4,6 +4,7 @@
 #include "platform/foundation/Check.h"
 #include "platform/media/AVAsset.h"
 #include "shared/FrameClock.h"
+#include "shared/MusicFades.h"
 
 #include <algorithm>
 #include <cmath>
@@ -61,21 +62,15 @@ Result<int> insertMusic(media::AVMutableComposition& composition, const MusicStr
 } // namespace
 
 media::AVMutableAudioMixInputParameters fadesOf(const MusicStretch& music, int trackID) {
-    media::AVMutableAudioMixInputParameters volumes;
+    auto volumes = shared::volumesOf(
+        {.begin = music.audioPreRoll,
+         .end = music.audioPreRoll + music.audioEnd - music.audioIn,
+         .fadeInDuration = music.fadeInDuration,
+         .fadeOutDuration = music.fadeOutDuration,
+         .fadeOutBeginDelay = music.fadeOutBeginDelay,
+         .fadesIn = music.fadesIn,
+         .fadesOut = music.fadesOut});
     volumes.setTrackID(trackID);
-    volumes.setVolume(1.0, sixtieths(0));
-    const double fadeOutStart = music.audioPreRoll + music.audioEnd - music.audioIn -
-                                music.fadeOutDuration - music.fadeOutBeginDelay;
-    const double fadeInEnd = music.audioPreRoll + music.fadeInDuration;
-    if (music.fadesIn && (!music.fadesOut || fadeOutStart >= fadeInEnd)) {
-        volumes.setVolume(0.0, sixtieths(0));
-        volumes.setVolumeRamp(
-            0.0, 1.0, {sixtieths(music.audioPreRoll), sixtieths(music.fadeInDuration)});
-    }
-    if (music.fadesOut) {
-        volumes.setVolumeRamp(
-            1.0, 0.0, {sixtieths(fadeOutStart), sixtieths(music.fadeOutDuration)});
-    }
     return volumes;
 }
 

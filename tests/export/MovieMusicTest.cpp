@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The sound of a finished movie, measured.
+#include "audio/AudioPlayer.h"
 #include "export/MovieMux.h"
 #include "export/MovieWriterFixture.h"
 
@@ -67,6 +68,111 @@ TEST_F(MovieMusicTest, DropsTheFadeInWhereTheFadesWouldOverlap) {
     const auto movie = made();
     EXPECT_NEAR(movie.loudness(1.1, 2.8), kFull, 0.02) << "loud at once";
     EXPECT_NEAR(movie.loudness(3.85, 3.95), 0.5 * kFull, 0.03) << "out from 2.9 to 4.9";
+}
+
+/// A sound device that reads 80 ms ahead and plays 20 ms late, as real ones do. What it drops when it
+/// is stopped is not heard.
+class DeviceAhead final : public media::AudioOutput {
+public:
+    explicit DeviceAhead(std::vector<float>& target)
+        : heard(target) {}
+
+    void start(Source newSource) override {
+        source = std::move(newSource);
+        pull(kAhead);
+    }
+
+    void stop() override {
+        if (source)
+            heard.resize(heard.size() - kAhead - kLate);
+        source = nullptr;
+    }
+
+    void finish() override { source = nullptr; }
+
+    void pull(std::size_t frames) {
+        if (!source)
+            return;
+        std::vector<float> both(2 * frames);
+        source(both);
+        for (std::size_t i = 0; i < both.size(); i += 2)
+            heard.push_back(both[i]);
+    }
+
+private:
+    static constexpr std::size_t kAhead = 3840;
+    static constexpr std::size_t kLate = 960;
+
+    std::vector<float>& heard;
+    Source source;
+};
+
+class PreviewTest : public MovieMusicTest {
+protected:
+    /// What is heard of a live run, from the movie's beginning.
+    std::vector<double> heardLive(audio::FadeState fades) {
+        std::vector<float> heard;
+        DeviceAhead* device = nullptr;
+        audio::AudioPlayer player(
+            loop,
+            [this] { return length; },
+            [&] {
+                auto made = std::make_unique<DeviceAhead>(heard);
+                device = made.get();
+                return made;
+            });
+        player.loadSong(song->file, "Song");
+        player.audioPreRoll = song->audioPreRoll;
+        player.audioIn = song->audioIn;
+        player.audioEnd = song->audioEnd;
+        player.fadeInDuration = song->fadeInDuration;
+        player.fadeOutDuration = song->fadeOutDuration;
+        player.fadeOutBeginDelay = song->fadeOutBeginDelay;
+        player.fadeState = fades;
+        for (int frame = 0; frame < 60 * length; ++frame) {
+            player.step(FrameClock::secondsOf(frame));
+            loop.runFor(FrameClock::kStep);
+            device->pull(800);
+        }
+        std::vector<double> all(static_cast<std::size_t>(song->audioPreRoll * 48000));
+        all.insert(all.end(), heard.begin(), heard.end());
+        all.resize(static_cast<std::size_t>(length * 48000));
+        return all;
+    }
+};
+
+TEST_F(PreviewTest, IsAsLoudAsTheMovieAtAnyTime) {
+    media::writeWav(
+        song->file, 48'000, 9, [](double t) { return t > 0.5 ? media::sine(440, 0.5)(t) : 0; });
+    using enum audio::FadeState;
+    for (const auto fades : {fadeIn, fadeOut, fadeInOut}) {
+        for (const double duration : {1.0, 5.0}) { // apart; overlapping and longer than the stretch
+            SCOPED_TRACE(testing::Message() << static_cast<int>(fades) << ", " << duration << " s");
+            song->fadesIn = audio::hasFadeIn(fades);
+            song->fadesOut = audio::hasFadeOut(fades);
+            song->fadeInDuration = song->fadeOutDuration = duration;
+            const auto movie = made();
+            media::DecodedMovie live;
+            live.left = heardLive(fades);
+            for (int i = 0; i < 115; ++i) {
+                const double from = 0.05 * i;
+                EXPECT_NEAR(
+                    live.loudness(from, from + 0.05), movie.loudness(from, from + 0.05), 0.01)
+                    << "at " << from;
+            }
+        }
+    }
+}
+
+TEST_F(PreviewTest, BeginsAndEndsOnTheSample) {
+    media::writeWav(song->file, 48'000, 9, [](double) { return 0.5; });
+    song->audioEnd = 5.5;
+    const auto live = heardLive(audio::FadeState::noFade);
+    const auto isHeard = [](double value) { return value != 0.0; };
+    const auto first = std::ranges::find_if(live, isHeard) - live.begin();
+    const auto last = std::find_if(live.rbegin(), live.rend(), isHeard) - live.rbegin();
+    EXPECT_EQ(first, 48000);
+    EXPECT_EQ(std::ssize(live) - last, 48000 * 45 / 10);
 }
 
 TEST_F(MovieMusicTest, StaysSilentWithoutAUsableSong) {

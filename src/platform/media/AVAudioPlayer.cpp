@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdint>
 #include <mutex>
+#include <optional>
 #include <span>
 #include <utility>
 
@@ -45,6 +46,18 @@ public:
             gain = target;
     }
 
+    /// `seconds` of the passage have passed where the next fill begins.
+    void setPassage(const Passage& next, double seconds) {
+        const std::lock_guard lock(mutex);
+        passage = next;
+        passed = std::llround(seconds * AudioReader::kSampleRate);
+    }
+
+    void endPassage() {
+        const std::lock_guard lock(mutex);
+        passage.reset();
+    }
+
     void fill(std::span<float> out) {
         const std::lock_guard lock(mutex);
         isPrepared = false;
@@ -62,10 +75,23 @@ public:
             hasJustLooped = frames == 0;
         }
         std::ranges::fill(out.subspan(filled), 0.0F);
-        applyGain(out);
+        if (passage)
+            applyPassage(out);
+        else
+            applyGain(out);
     }
 
 private:
+    void applyPassage(std::span<float> out) {
+        const auto end = std::llround(passage->duration * AudioReader::kSampleRate);
+        for (std::size_t i = 0; i + 1 < out.size(); i += AudioReader::kChannels, ++passed) {
+            const double seconds = static_cast<double>(passed) / AudioReader::kSampleRate;
+            const double volume = passed < end ? passage->volumeAt(seconds) : 0.0;
+            out[i] *= static_cast<float>(volume);
+            out[i + 1] *= static_cast<float>(volume);
+        }
+    }
+
     void applyGain(std::span<float> out) {
         for (std::size_t i = 0; i + 1 < out.size(); i += AudioReader::kChannels) {
             if (framesLeft > 0)
@@ -84,6 +110,8 @@ private:
     float gain = 1.0F;
     float target = 1.0F;
     std::int64_t framesLeft = 0;
+    std::optional<Passage> passage;
+    std::int64_t passed = 0; ///< frames of the passage
 };
 
 Result<std::unique_ptr<AVAudioPlayer>> AVAudioPlayer::open(
@@ -104,7 +132,14 @@ AVAudioPlayer::AVAudioPlayer(
     std::unique_ptr<AudioOutput> soundOutput)
     : loop(runLoop)
     , voice(std::move(soundingVoice))
-    , output(std::move(soundOutput)) {}
+    , output(std::move(soundOutput)) {
+    if (output) {
+        output->onDeviceChange = [this] {
+            if (isPlaying())
+                startOutputAnew();
+        };
+    }
+}
 
 AVAudioPlayer::~AVAudioPlayer() {
     stopOutput();
@@ -139,6 +174,8 @@ double AVAudioPlayer::currentTime() const {
 void AVAudioPlayer::setCurrentTime(double seconds) {
     const bool goesOn = isPlaying();
     stopOutput();
+    passage.reset();
+    voice->endPassage();
     position = std::clamp(seconds, 0.0, duration());
     startedAt = loop.now();
     wasStarted = goesOn;
@@ -148,6 +185,8 @@ void AVAudioPlayer::setCurrentTime(double seconds) {
 }
 
 float AVAudioPlayer::volume() const {
+    if (passage)
+        return static_cast<float>(passage->volumeAt(passageTime()));
     const double passed = loop.now() - fade.start;
     if (passed >= fade.duration)
         return fade.to;
@@ -168,6 +207,15 @@ void AVAudioPlayer::passVolumeOn() {
     voice->setGain(volume(), fade.to, fade.duration - passed);
 }
 
+void AVAudioPlayer::setPassage(Passage next) {
+    passage = std::move(next);
+    passageStart = currentTime();
+}
+
+double AVAudioPlayer::passageTime() const {
+    return elapsed() - passageStart;
+}
+
 void AVAudioPlayer::play() {
     if (isPlaying())
         return;
@@ -182,9 +230,18 @@ void AVAudioPlayer::play() {
 }
 
 void AVAudioPlayer::pause() {
+    // What was read of a passage is heard to its last sample, although the device is behind the clock.
+    constexpr double kTick = 0.02; // the clock may come to the end a tick early
+    const bool isAtEnd = wasStarted && passage && passageTime() >= passage->duration - kTick;
     position = currentTime();
     wasStarted = false;
+    if (isAtEnd && isOutputRunning) {
+        output->finish();
+        isOutputRunning = false;
+    }
     stopOutput();
+    passage.reset();
+    voice->endPassage();
 }
 
 bool AVAudioPlayer::isPlaying() const {
@@ -194,8 +251,17 @@ bool AVAudioPlayer::isPlaying() const {
 void AVAudioPlayer::startOutput() {
     if (!output)
         return;
+    if (passage)
+        voice->setPassage(*passage, passageTime());
     output->start([this](std::span<float> out) { voice->fill(out); });
     isOutputRunning = true;
+}
+
+void AVAudioPlayer::startOutputAnew() {
+    stopOutput();
+    voice->seek(currentTime());
+    passVolumeOn();
+    startOutput();
 }
 
 void AVAudioPlayer::stopOutput() {

@@ -6,7 +6,9 @@
 #include "platform/media/AudioOutput.h"
 
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <optional>
 
 namespace zelvo::media {
 
@@ -46,6 +48,18 @@ public:
     /// Fades linearly from the current volume, whether it plays or not.
     void setVolume(float volume, double fadeDuration);
 
+    /// A part of the song with its volume over time. It is heard exact to the sample, however far the
+    /// sound device reads ahead.
+    struct Passage {
+        double duration = 0; ///< seconds; silence follows
+        /// Times are in seconds from the beginning of the passage. Is called on any thread.
+        std::function<double(double)> volumeAt;
+    };
+
+    /// The next play() plays this passage from the current position on, once. It ends with pause() or
+    /// setCurrentTime(); until then, setVolume() is not heard.
+    void setPassage(Passage next);
+
     void play();
     /// Keeps the position; play() continues there.
     void pause();
@@ -72,16 +86,20 @@ private:
     /// Seconds of playback since the start of the first pass, counted over all repeats.
     [[nodiscard]] double elapsed() const;
     [[nodiscard]] bool hasEnded() const;
+    [[nodiscard]] double passageTime() const;
     void passVolumeOn();
     void startOutput();
+    void startOutputAnew();
     void stopOutput();
 
     const foundation::RunLoop& loop;
     std::unique_ptr<Voice> voice;
     std::unique_ptr<AudioOutput> output; // destroyed first, because it calls the voice
     Fade fade;
-    double position = 0.0;  // at the last play, pause or set
-    double startedAt = 0.0; // time of the run loop
+    std::optional<Passage> passage;
+    double passageStart = 0.0; // of the song
+    double position = 0.0;     // at the last play, pause or set
+    double startedAt = 0.0;    // time of the run loop
     int numberOfLoops_ = 0;
     bool wasStarted = false;
     bool isOutputRunning = false;

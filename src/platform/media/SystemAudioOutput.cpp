@@ -10,8 +10,10 @@
 #include <QCoreApplication>
 #include <QIODevice>
 #include <QMediaDevices>
+#include <QTimer>
 
 #include <cstring>
+#include <memory>
 #include <mutex>
 #include <utility>
 #include <vector>
@@ -66,38 +68,74 @@ private:
     std::vector<float> block;
 };
 
+/// Follows the default device while it plays: headphones come and go.
 class SystemAudioOutput final : public AudioOutput {
 public:
-    explicit SystemAudioOutput(const QAudioDevice& device)
-        : sink(device, stereoFloat()) {
-        sink.setBufferSize(
-            static_cast<int>(kBytesPerFrame * AudioReader::kSampleRate * kBufferMs / 1000));
+    SystemAudioOutput() {
         stream.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+        draining.setSingleShot(true);
+        QObject::connect(&draining, &QTimer::timeout, [this] { release(); });
+        QObject::connect(
+            &devices, &QMediaDevices::audioOutputsChanged, [this] { followDefaultDevice(); });
     }
 
-    ~SystemAudioOutput() override { sink.stop(); }
+    ~SystemAudioOutput() override { release(); }
 
     SystemAudioOutput(const SystemAudioOutput&) = delete;
     SystemAudioOutput& operator=(const SystemAudioOutput&) = delete;
 
     void start(Source source) override {
         CHECK(!isStarted, "the sound device plays already");
+        release();
         isStarted = true;
         stream.setSource(std::move(source));
-        sink.start(&stream);
-        if (sink.error() != QAudio::NoError)
-            foundation::logLine("The sound device does not start.");
+        openSink();
     }
 
     void stop() override {
         isStarted = false;
-        sink.reset(); // drops the buffer, so it is silent at once
         stream.setSource({});
+        release(); // drops the buffer, so it is silent at once
+    }
+
+    void finish() override {
+        isStarted = false;
+        stream.setSource({}); // silence from now on
+        draining.start(2 * kBufferMs);
     }
 
 private:
+    void openSink() {
+        device = QMediaDevices::defaultAudioOutput();
+        if (device.isNull() || !device.isFormatSupported(stereoFloat()))
+            return;
+        sink = std::make_unique<QAudioSink>(device, stereoFloat());
+        sink->setBufferSize(
+            static_cast<int>(kBytesPerFrame * AudioReader::kSampleRate * kBufferMs / 1000));
+        sink->start(&stream);
+        if (sink->error() != QAudio::NoError)
+            foundation::logLine("The sound device does not start.");
+    }
+
+    void release() {
+        draining.stop();
+        if (sink)
+            sink->reset();
+        sink.reset();
+    }
+
+    void followDefaultDevice() {
+        if (!isStarted || QMediaDevices::defaultAudioOutput() == device)
+            return;
+        if (onDeviceChange)
+            onDeviceChange(); // stops, and starts where the song is now
+    }
+
     SourceDevice stream; // must outlive the sink, which reads it
-    QAudioSink sink;
+    QMediaDevices devices;
+    QAudioDevice device;
+    std::unique_ptr<QAudioSink> sink; ///< null while there is no device
+    QTimer draining;
     bool isStarted = false;
 };
 
@@ -106,10 +144,7 @@ private:
 std::unique_ptr<AudioOutput> makeSystemAudioOutput() {
     if (QCoreApplication::instance() == nullptr)
         return nullptr;
-    const QAudioDevice device = QMediaDevices::defaultAudioOutput();
-    if (device.isNull() || !device.isFormatSupported(stereoFloat()))
-        return nullptr;
-    return std::make_unique<SystemAudioOutput>(device);
+    return std::make_unique<SystemAudioOutput>();
 }
 
 } // namespace zelvo::media
