@@ -175,7 +175,8 @@ void AudioReader::rewindTo(std::int64_t timestamp) {
 
 std::size_t AudioReader::read(std::span<float> interleaved) {
     std::size_t filled = 0;
-    const std::size_t wanted = interleaved.size() - interleaved.size() % channels;
+    const std::size_t wanted =
+        interleaved.size() - interleaved.size() % static_cast<std::size_t>(channels);
     while (filled < wanted) {
         if (pendingStart == pending.size()) {
             if (isAtEnd)
@@ -191,7 +192,7 @@ std::size_t AudioReader::read(std::span<float> interleaved) {
         pendingStart += count;
         filled += count;
     }
-    return filled / channels;
+    return filled / static_cast<std::size_t>(channels);
 }
 
 /// Decodes until there are samples to read or the file ends.
@@ -332,7 +333,7 @@ void AudioReader::convert(const AVFrame* source) {
     const int room = swr_get_out_samples(converter.get(), inSamples);
     if (room <= 0)
         return;
-    std::vector<float> converted(static_cast<std::size_t>(room) * channels);
+    std::vector<float> converted(static_cast<std::size_t>(room * channels));
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): the library takes bytes
     auto* out = reinterpret_cast<std::uint8_t*>(converted.data());
     const auto* const* in =
@@ -341,7 +342,7 @@ void AudioReader::convert(const AVFrame* source) {
         swr_convert(converter.get(), &out, room, const_cast<const std::uint8_t**>(in), inSamples);
     if (made <= 0)
         return;
-    append(std::span(converted).first(static_cast<std::size_t>(made) * channels));
+    append(std::span(converted).first(static_cast<std::size_t>(made * channels)));
 }
 
 } // namespace zelvo::media
