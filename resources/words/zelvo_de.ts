@@ -510,6 +510,18 @@
         <source>Documents</source>
         <translation>Dokumente</translation>
     </message>
+    <message>
+        <source>Record actions on the beats of the music</source>
+        <translation>Aktionen auf die Schläge der Musik aufnehmen</translation>
+    </message>
+    <message>
+        <source>Actions on beats</source>
+        <translation>Aktionen auf den Schlägen</translation>
+    </message>
+    <message>
+        <source>Actions at any time</source>
+        <translation>Aktionen zu jeder Zeit</translation>
+    </message>
 </context>
 <context>
     <name>zelvo::ui::BrightnessPickerView</name>

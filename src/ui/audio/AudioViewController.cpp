@@ -46,7 +46,8 @@ const FadeFace& faceOf(FadeState state) {
 
 } // namespace
 
-AudioViewController::AudioViewController(const Services& given, QObject* parent)
+AudioViewController::AudioViewController(
+    const Services& given, SongBeats* songBeats, QObject* parent)
     : QObject(parent)
     , services(given)
     , playPauseButton({}, [this] { togglePlay(); })
@@ -55,14 +56,26 @@ AudioViewController::AudioViewController(const Services& given, QObject* parent)
     , trashButton(
           {.image = "Trashcan", .name = tr("Remove the music")}, [this] { deleteAudioAction(); })
     , fadesButton({}, [this] { toggleFades(); })
+    , snapButton(
+          {.image = "SnapToBeats", .name = tr("Record actions on the beats of the music")},
+          [this] { toggleSnapping(); })
     , draggableView(
           DraggedPart::stretch, services.model.audioPlayer(), draggerCalls(DraggedPart::stretch))
     , leftDragger(
           DraggedPart::start, services.model.audioPlayer(), draggerCalls(DraggedPart::start))
     , rightDragger(DraggedPart::end, services.model.audioPlayer(), draggerCalls(DraggedPart::end))
-    , waveform(services.runLoop) {
+    , waveform(services.runLoop)
+    , songBeats_(songBeats) {
     for (const Dragger* const dragger : {&draggableView, &leftDragger, &rightDragger})
         connect(this, &AudioViewController::layoutChanged, dragger, &Dragger::moved);
+    for (const Dragger* const handle : {&leftDragger, &rightDragger})
+        connect(handle, &Dragger::heldChanged, this, [this, handle] {
+            if (!handle->isHeld())
+                refreshBeats();
+        });
+    snapButton.selectedColor = kAccentColor;
+    snapButton.setEnabled(songBeats_ != nullptr);
+    snapButton.setMySelected(songBeats_ != nullptr && songBeats_->isSnapping());
     signals().isPlayingSignal.subscribe(lifetime, [this](bool isPlaying) {
         if (isPlaying && isPreviewing())
             stop();
@@ -88,7 +101,28 @@ Dragger::Calls AudioViewController::draggerCalls(DraggedPart part) {
     return {
         .movieDuration = [this] { return movieDuration(); },
         .willDrag = stopIt,
-        .didMove = [this] { Q_EMIT layoutChanged(); }};
+        .didMove =
+            [this] {
+                Q_EMIT layoutChanged();
+                // While a handle is dragged, each step would ask for another estimate.
+                if (!leftDragger.isHeld() && !rightDragger.isHeld())
+                    refreshBeats();
+            }};
+}
+
+void AudioViewController::refreshBeats() {
+    if (songBeats_ != nullptr)
+        songBeats_->refresh();
+}
+
+void AudioViewController::toggleSnapping() {
+    if (songBeats_ == nullptr)
+        return;
+    songBeats_->setSnapping(!songBeats_->isSnapping());
+    snapButton.setMySelected(songBeats_->isSnapping());
+    signals().messageSignal.fire(
+        (songBeats_->isSnapping() ? tr("Actions on beats") : tr("Actions at any time"))
+            .toStdString());
 }
 
 void AudioViewController::setSongTitleClosure(std::function<void(const QString&)> closure) {
@@ -112,6 +146,7 @@ void AudioViewController::refresh() {
         waveform.load(*song);
     else
         waveform.clear();
+    refreshBeats();
     Q_EMIT songChanged();
     Q_EMIT layoutChanged();
 }

@@ -4,6 +4,7 @@
 #include "platform/foundation/Lifetime.h"
 #include "platform/foundation/RunLoop.h"
 #include "ui/audio/Dragger.h"
+#include "ui/audio/SongBeats.h"
 #include "ui/audio/SongWaveform.h"
 #include "ui/controls/MyButton.h"
 #include "ui/controls/Services.h"
@@ -58,6 +59,8 @@ class AudioViewController final : public QObject {
     Q_PROPERTY(zelvo::ui::MyButton* importButton READ importObject CONSTANT)
     Q_PROPERTY(zelvo::ui::MyButton* trashButton READ trashObject CONSTANT)
     Q_PROPERTY(zelvo::ui::MyButton* fadesButton READ fadesObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::MyButton* snapButton READ snapObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::SongBeats* beats READ beatsObject CONSTANT)
     Q_PROPERTY(zelvo::ui::Dragger* draggableView READ draggableObject CONSTANT)
     Q_PROPERTY(zelvo::ui::Dragger* leftDragger READ leftObject CONSTANT)
     Q_PROPERTY(zelvo::ui::Dragger* rightDragger READ rightObject CONSTANT)
@@ -73,7 +76,9 @@ class AudioViewController final : public QObject {
     Q_PROPERTY(QList<zelvo::ui::PressMark> marks READ marks NOTIFY marksChanged)
 
 public:
-    explicit AudioViewController(const Services& given, QObject* parent = nullptr);
+    /// `songBeats` may be null: then no beats are marked.
+    explicit AudioViewController(
+        const Services& given, SongBeats* songBeats = nullptr, QObject* parent = nullptr);
     /// Stops the preview.
     ~AudioViewController() override;
     AudioViewController(const AudioViewController&) = delete;
@@ -87,6 +92,7 @@ public:
     MyButton importButton;
     MyButton trashButton;
     MyButton fadesButton;
+    MyButton snapButton;   ///< presses are recorded at the beats
     Dragger draggableView; ///< the whole stretch
     Dragger leftDragger;
     Dragger rightDragger;
@@ -101,6 +107,7 @@ public:
     void togglePlay();
     void stop();
     void toggleFades();
+    void toggleSnapping();
     void showAudioImport();
     void deleteAudioAction();
 
@@ -138,6 +145,11 @@ public:
 
     [[nodiscard]] MyButton* fadesObject() { return &fadesButton; }
 
+    [[nodiscard]] MyButton* snapObject() { return &snapButton; }
+
+    /// Null if there are none.
+    [[nodiscard]] SongBeats* beatsObject() const { return songBeats_; }
+
     [[nodiscard]] Dragger* draggableObject() { return &draggableView; }
 
     [[nodiscard]] Dragger* leftObject() { return &leftDragger; }
@@ -167,6 +179,9 @@ private:
     /// Tells the user once if the file has gone.
     void checkSong();
 
+    void refreshBeats();
+
+    SongBeats* songBeats_;
     std::function<void(const QString&)> songTitleClosure;
     QList<PressMark> marks_;
     QFileSystemWatcher watcher;

@@ -29,6 +29,7 @@
 namespace zelvo::ui {
 
 class AudioViewController;
+class SongBeats;
 
 /// The content of the style panel's strip.
 enum class CurrentOption {
@@ -158,6 +159,7 @@ public:
     std::function<void(AudioViewController&)> presentMusicLibrary;
     /// Called with the song that the user has picked; set by the owner.
     std::function<void(const std::filesystem::path&)> openSong;
+    SongBeats* songBeats = nullptr; ///< of the audio editor; set by the owner
     /// Shows the audio editor; a new song is on its way.
     void showAudio();
     /// There is another song.

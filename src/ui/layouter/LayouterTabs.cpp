@@ -214,7 +214,7 @@ LayouterMenu::LaterPtr<QObject> LayouterMenu::makeStrip() {
 }
 
 LayouterMenu::LaterPtr<QObject> LayouterMenu::makeAudioEditor() {
-    LaterPtr<AudioViewController> made(new AudioViewController(services));
+    LaterPtr<AudioViewController> made(new AudioViewController(services, songBeats));
     made->setSongTitleClosure([this](const QString& title) { setAudioTitle(title); });
     made->presentMusicLibrary = [this, editor = made.get()] {
         if (presentMusicLibrary)

@@ -49,6 +49,7 @@ MainViewController::MainViewController(const Services& given)
     , objects(services)
     , loading(services)
     , songs(services)
+    , songBeats(services)
     , files(services, pictures, objects, songs)
     , valueLabel(services.runLoop)
     , progressView(services)
@@ -202,6 +203,7 @@ void MainViewController::showLayouterMenu() {
         lifetime.guard([this](double alpha, double seconds) { fadeScene(alpha, seconds); });
     menu->presentFontImport = lifetime.guard([this] { showFontImport(); });
     menu->presentObjectImport = lifetime.guard([this] { showObjectImport(); });
+    menu->songBeats = &songBeats;
     menu->presentMusicLibrary =
         lifetime.guard([this](AudioViewController& editor) { showMusicLibrary(editor); });
     menu->openSong =

@@ -3,6 +3,7 @@
 
 #include "platform/foundation/Lifetime.h"
 #include "ui/audio/AudioImporter.h"
+#include "ui/audio/SongBeats.h"
 #include "ui/controls/CameraGestures.h"
 #include "ui/controls/GestureDelegate.h"
 #include "ui/controls/MyButton.h"
@@ -221,6 +222,7 @@ private:
     ObjectImporter objects;
     ObjectLoading loading;
     AudioImporter songs;
+    SongBeats songBeats;
     FileSystem files;
     ValueLabel valueLabel;
     ProgressView progressView;

@@ -31,6 +31,12 @@ FocusScope {
             reach: 2
             controller: root.controller.fadesButton
         }
+        MyButton {
+            height: root.rowHeight
+            reach: 2
+            role: Accessible.CheckBox
+            controller: root.controller.snapButton
+        }
     }
     Row {
         anchors.right: parent.right

@@ -43,6 +43,7 @@ Rectangle {
             height: 44
             labelSize: Theme.px(10)
             pointsPerSecond: scroller.pointsPerSecond
+            beats: root.controller.beats ? root.controller.beats.marks : []
             origin: scroller.inset - scroller.contentX
         }
         TimelineScroller {

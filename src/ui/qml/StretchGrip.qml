@@ -92,7 +92,7 @@ FocusScope {
     Rectangle {
         readonly property real wanted: root.isScrolledByTouch ? 0 : (root.width - width) / 2
 
-        x: Math.max(wanted, root.timeline.contentX - root.timeline.xOf(root.controller.place))
+        x: Math.max(wanted, root.timeline.contentX - root.timeline.xOf(root.controller.place) + (root.isScrolledByTouch ? 0 : root.width))
         y: -height
         z: 1
         width: words.implicitWidth + 10
