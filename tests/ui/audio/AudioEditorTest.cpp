@@ -258,6 +258,32 @@ TEST_F(AudioEditorTest, ASongThatGoesAwayIsReportedOnce) {
     EXPECT_TRUE(alerts.isShowing()) << "the panel was opened again";
 }
 
+TEST_F(AudioEditorTest, BeatsFollowTheStretch) {
+    const auto file = folder.path() / "clicks.wav";
+    media::writeWav(file, 22050, 20, [](double t) {
+        return std::sin(t * 2000) * std::exp(-std::fmod(t, 0.5) * 40);
+    });
+    SongBeats beats(services);
+    AudioViewController other(services, &beats);
+    other.assignSong(file, "Clicks");
+    loop().runFor(1);
+    const auto first = beats.marks();
+    ASSERT_GT(first.size(), 10);
+    other.leftDragger.pressKey(Qt::Key_Right, Qt::NoModifier);
+    loop().runFor(1);
+    ASSERT_GT(beats.marks().size(), 10);
+    EXPECT_NEAR(std::fmod(first[5] - beats.marks()[5] + 10, 0.5), 0.1, 0.02)
+        << "the song has slid under the stretch";
+    other.leftDragger.beginDrag(0);
+    other.leftDragger.dragTo(0.1);
+    other.leftDragger.endDrag();
+    loop().runFor(1);
+    EXPECT_GT(beats.marks().size(), 10);
+    EXPECT_FALSE(beats.isSnapping());
+    other.snapButton.click();
+    EXPECT_TRUE(beats.isSnapping());
+}
+
 TEST(RulerViewTest, LabelsComeEveryFiveSecondsAtRestAndKeepTheirDistance) {
     const RulerScale& rest = RulerScale::at(RulerView::multiplier);
     EXPECT_EQ(rest.tickSeconds, 1);
