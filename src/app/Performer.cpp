@@ -56,7 +56,9 @@ using shared::FrameClock;
     const double end = music.end.value_or(std::min(length, music.in + model.duration()));
     // The file may give the end of the song in rounded seconds.
     constexpr double kRounding = 0.05;
-    if (end > length + kRounding || music.in + kMinStretch > length + kRounding) {
+    // A short one, such as that of a video, is played as a whole.
+    const double least = std::min(kMinStretch, length);
+    if (end > length + kRounding || music.in + least > length + kRounding) {
         return foundation::fail(
             foundation::Cause::malformed,
             fmt::format(

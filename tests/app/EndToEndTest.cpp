@@ -117,6 +117,20 @@ TEST(EndToEnd, draws_the_same_bytes_for_the_same_seed_and_the_same_moment) {
     EXPECT_TRUE(contentOf(picture) == first[30]);
 }
 
+TEST(EndToEnd, plays_a_short_song_as_a_whole) {
+    const Program program;
+    media::writeWav(program.path("song.wav"), 44100, 1.2, media::sine(440, 0.5));
+    const auto file = program.write(
+        "short.json",
+        performance(R"("audio": {"file": "song.wav", "fade": "noFade"}, "cues": [])"));
+    const auto movie = program.path("short.mov");
+    const auto made = program.run({"perform", file, "--movie", movie, "--size", "96x54"});
+    ASSERT_EQ(made.status, 0) << made.err;
+    const auto seen = media::decodeMovie(movie, 48, 27);
+    EXPECT_NEAR(seen.loudness(0.1, 1.1), 0.354, 0.03);
+    EXPECT_LT(seen.loudness(1.3, 1.9), 0.01);
+}
+
 TEST(EndToEnd, draws_where_a_song_is_loud) {
     const Program program;
     const auto song = program.path("song.wav");
