@@ -2,11 +2,9 @@
 
 // A foreign sound or movie file: opened, sought and decoded for some seconds.
 
+#include "MemoryFile.h"
 #include "platform/media/AVAsset.h"
 #include "platform/media/AudioReader.h"
-
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include <cstdint>
 #include <string>
@@ -36,11 +34,6 @@ void readAll(const std::string& path) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size > kMaxBytes)
         return 0;
-    const int file = memfd_create("sound", 0);
-    if (file < 0)
-        return 0;
-    if (write(file, data, size) == static_cast<ssize_t>(size))
-        readAll("/proc/self/fd/" + std::to_string(file));
-    close(file);
+    zelvo::fuzz::withFile(data, size, &readAll);
     return 0;
 }

@@ -2,10 +2,8 @@
 
 // A foreign video file: opened, and some of its pictures decoded, forwards and backwards.
 
+#include "MemoryFile.h"
 #include "platform/media/VideoReader.h"
-
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include <cstdint>
 #include <string>
@@ -28,11 +26,6 @@ void readAll(const std::string& path) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size > kMaxBytes)
         return 0;
-    const int file = memfd_create("video", 0);
-    if (file < 0)
-        return 0;
-    if (write(file, data, size) == static_cast<ssize_t>(size))
-        readAll("/proc/self/fd/" + std::to_string(file));
-    close(file);
+    zelvo::fuzz::withFile(data, size, &readAll);
     return 0;
 }

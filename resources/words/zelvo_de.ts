@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>AlbumList</name>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Unknown Album</source>
+        <translation>Unbekanntes Album</translation>
+    </message>
+</context>
+<context>
     <name>AudioEditor</name>
     <message>
         <source>Choose the music</source>
@@ -39,6 +54,17 @@
     <message>
         <source>Color %1</source>
         <translation>Farbe %1</translation>
+    </message>
+</context>
+<context>
+    <name>EmptyMusic</name>
+    <message>
+        <source>Open Folder</source>
+        <translation>Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Dokumente</translation>
     </message>
 </context>
 <context>
@@ -322,6 +348,13 @@
     </message>
 </context>
 <context>
+    <name>SectionIndex</name>
+    <message>
+        <source>Letters of the albums</source>
+        <translation>Anfangsbuchstaben der Alben</translation>
+    </message>
+</context>
+<context>
     <name>SharePanel</name>
     <message>
         <source>Share</source>
@@ -342,6 +375,13 @@
     <message>
         <source>Save a Copy…</source>
         <translation>Kopie sichern …</translation>
+    </message>
+</context>
+<context>
+    <name>SongList</name>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
     </message>
 </context>
 <context>
@@ -404,6 +444,59 @@
     <message>
         <source>More actions</source>
         <translation>Weitere Aktionen</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::AlbumTableViewController</name>
+    <message>
+        <source>Albums</source>
+        <translation>Alben</translation>
+    </message>
+    <message>
+        <source>Tunes</source>
+        <translation>Stücke</translation>
+    </message>
+    <message>
+        <source>%1 songs</source>
+        <translation>%1 Titel</translation>
+    </message>
+    <message>
+        <source>Looking for music …</source>
+        <translation>Musik wird gesucht …</translation>
+    </message>
+    <message>
+        <source>No song here can be used</source>
+        <translation>Kein Titel ist verwendbar</translation>
+    </message>
+    <message>
+        <source>No music found</source>
+        <translation>Keine Musik gefunden</translation>
+    </message>
+    <message>
+        <source>All songs in %1 are protected or not downloaded.</source>
+        <translation>Alle Titel in %1 sind geschützt oder nicht geladen.</translation>
+    </message>
+    <message>
+        <source>Put songs into %1, or choose a file.</source>
+        <translation>Legen Sie Titel in %1, oder wählen Sie eine Datei.</translation>
+    </message>
+    <message>
+        <source>Only importable titles are shown</source>
+        <translation>Nur importierbare Titel werden gezeigt</translation>
+    </message>
+    <message>
+        <source>Titles that are 
+• downloaded to the device
+• not from Apple Music
+• not DRM-Protected</source>
+        <translation>Titel, die
+• auf das Gerät geladen sind
+• nicht von Apple Music stammen
+• nicht DRM-geschützt sind</translation>
+    </message>
+    <message>
+        <source>Unknown Album</source>
+        <translation>Unbekanntes Album</translation>
     </message>
 </context>
 <context>
@@ -1217,6 +1310,37 @@
     <message>
         <source>More colors</source>
         <translation>Weitere Farben</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::SongsTableViewController</name>
+    <message>
+        <source>protected</source>
+        <translation>geschützt</translation>
+    </message>
+    <message>
+        <source>not downloaded</source>
+        <translation>nicht geladen</translation>
+    </message>
+    <message>
+        <source>Song Unavailable</source>
+        <translation>Titel nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>This song is DRM protected and can&apos;t be used.</source>
+        <translation>Dieser Titel ist DRM-geschützt und kann nicht verwendet werden.</translation>
+    </message>
+    <message>
+        <source>Open its folder and choose Make Available Offline for this song.</source>
+        <translation>Öffnen Sie den Ordner und machen Sie diesen Titel offline verfügbar.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musik</translation>
     </message>
 </context>
 <context>

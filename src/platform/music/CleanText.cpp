@@ -40,7 +40,8 @@ bool isLeftOut(char32_t character) {
            category == QChar::Other_NotAssigned || QChar::isNonCharacter(character) ||
            (character >= U'\x200E' && character <= U'\x200F') ||
            (character >= U'\x202A' && character <= U'\x202E') ||
-           (character >= U'\x2066' && character <= U'\x2069') || character == U'\xFEFF';
+           (character >= U'\x2066' && character <= U'\x2069') || character == U'\xFEFF' ||
+           character == U'\xFFFD';
 }
 
 } // namespace

@@ -197,9 +197,9 @@ bool isProtected(const Format& format, TagLib::File& file) {
 
 /// Calls with the open file of a song.
 template <class Call>
-auto withSong(const std::filesystem::path& path, Call call)
+auto withSong(const std::filesystem::path& path, const std::filesystem::path& name, Call call)
     -> decltype(call(std::declval<const Format&>(), std::declval<TagLib::File&>())) {
-    const Format* const format = formatOf(path);
+    const Format* const format = formatOf(name);
     if (format == nullptr)
         return fail(Cause::malformed, "it is no song");
     BoundedStream stream(path, format->largeBlock);
@@ -237,14 +237,19 @@ bool isSong(const std::filesystem::path& file) {
 }
 
 Result<SongTags> readSongTags(const std::filesystem::path& file) {
-    return withSong(file, [](const Format& format, TagLib::File& song) -> Result<SongTags> {
+    return readSongTags(file, file);
+}
+
+Result<SongTags>
+readSongTags(const std::filesystem::path& file, const std::filesystem::path& name) {
+    return withSong(file, name, [](const Format& format, TagLib::File& song) -> Result<SongTags> {
         return tagsOf(format, song);
     });
 }
 
 Result<std::vector<std::uint8_t>> readSongCover(const std::filesystem::path& file) {
     using Bytes = std::vector<std::uint8_t>;
-    return withSong(file, [](const Format&, TagLib::File& song) -> Result<Bytes> {
+    return withSong(file, file, [](const Format&, TagLib::File& song) -> Result<Bytes> {
         const auto picture = coverOf(song);
         if (!picture)
             return fail(Cause::notFound, "it has no cover");

@@ -42,6 +42,9 @@ inline constexpr std::size_t kMaxCoverBytes = 16U << 20U;
 /// A hostile file can take very long, or all memory: use TagReader, which does this in another
 /// process.
 [[nodiscard]] foundation::Result<SongTags> readSongTags(const std::filesystem::path& file);
+/// The same for a file without a telling name of its own.
+[[nodiscard]] foundation::Result<SongTags>
+readSongTags(const std::filesystem::path& file, const std::filesystem::path& name);
 
 /// The bytes of the picture in a song: the front cover, else the first one. Errors: as above;
 /// `notFound`: it has none.
