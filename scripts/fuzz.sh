@@ -10,11 +10,11 @@ scripts/setup.sh scripts/packages-fuzz.txt
 
 seconds=${1:-120}
 targets=("${@:2}")
-[ ${#targets[@]} -gt 0 ] || targets=(archive font image object performance scene sound svgpath technique usd video)
+[ ${#targets[@]} -gt 0 ] || targets=(archive font image object performance scene sound svgpath tags technique usd video)
 
 # The longest input in bytes: room for all parts of a file, but short inputs are tried more often.
 declare -A longest=(
-    [archive]=2048 [font]=2048 [image]=4096 [object]=2048 [performance]=2048 [scene]=8192 [sound]=10240 [video]=16384 [svgpath]=300 [technique]=4096
+    [archive]=2048 [font]=2048 [image]=4096 [object]=2048 [performance]=2048 [scene]=8192 [sound]=10240 [video]=16384 [svgpath]=300 [tags]=4096 [technique]=4096
     [usd]=4096)
 
 [ -f build/fuzz/build.ninja ] || cmake --preset fuzz

@@ -485,18 +485,28 @@
         <translation>Nur importierbare Titel werden gezeigt</translation>
     </message>
     <message>
-        <source>Titles that are 
-• downloaded to the device
-• not from Apple Music
-• not DRM-Protected</source>
-        <translation>Titel, die
-• auf das Gerät geladen sind
-• nicht von Apple Music stammen
-• nicht DRM-geschützt sind</translation>
-    </message>
-    <message>
         <source>Unknown Album</source>
         <translation>Unbekanntes Album</translation>
+    </message>
+    <message>
+        <source>The song cannot be played.</source>
+        <translation>Der Titel kann nicht abgespielt werden.</translation>
+    </message>
+    <message>
+        <source>Titles that are </source>
+        <translation>Titel, die</translation>
+    </message>
+    <message>
+        <source>• downloaded to the device</source>
+        <translation>• auf das Gerät geladen sind</translation>
+    </message>
+    <message>
+        <source>• not from Apple Music</source>
+        <translation>• nicht von Apple Music stammen</translation>
+    </message>
+    <message>
+        <source>• not DRM-Protected</source>
+        <translation>• nicht DRM-geschützt sind</translation>
     </message>
 </context>
 <context>

@@ -53,7 +53,7 @@ constexpr const char* kAlbums = R"(
 
 constexpr const char* kSongs = R"(
     SELECT path, title, album, albumArtist, duration, isProtected, isCloud, hasCover FROM songs
-    WHERE albumKey = ?1 AND state = 0 ORDER BY disc, track, path)";
+    WHERE albumKey = ?1 AND state = 0 ORDER BY track = 0, disc, track, path)";
 
 /// A placeholder cannot tell its album. Where all other songs of its folder are of one, it is, too.
 constexpr const char* kJoinPlaceholders = R"(

@@ -3,6 +3,7 @@
 
 #include "model/Model.h"
 #include "platform/foundation/Folders.h"
+#include "platform/media/AudioReader.h"
 #include "ui/audio/AudioViewController.h"
 #include "ui/controls/Alerts.h"
 
@@ -138,11 +139,13 @@ int AlbumTableViewController::rowOfTyped(const QString& start) const {
 }
 
 void AlbumTableViewController::showHelp() {
+    const QStringList lines{
+        tr("Titles that are "),
+        tr("• downloaded to the device"),
+        tr("• not from Apple Music"),
+        tr("• not DRM-Protected")};
     services.alerts.showAlert(
-        tr("Only importable titles are shown").toStdString(),
-        tr("Titles that are \n• downloaded to the device\n• not from Apple Music\n• not "
-           "DRM-Protected")
-            .toStdString());
+        tr("Only importable titles are shown").toStdString(), lines.join('\n').toStdString());
 }
 
 void AlbumTableViewController::pickRow(int row) {
@@ -179,6 +182,11 @@ void AlbumTableViewController::popSongs() {
 }
 
 void AlbumTableViewController::assign(const std::filesystem::path& url, const std::string& title) {
+    if (const auto sound = media::AudioReader::open(url); !sound) {
+        services.alerts.showAlert(
+            tr("The song cannot be played.").toStdString(), sound.error().message);
+        return;
+    }
     if (audioViewController != nullptr)
         audioViewController->assignSong(url, title);
     dismissViewController();

@@ -188,12 +188,13 @@ void AudioViewController::showFades() {
     fadesButton.setFace({.image = face.image, .name = tr(face.notice)});
 }
 
+void AudioViewController::askForFile() {
+    const auto folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    Q_EMIT fileAsked(AudioImporter::nameFilters(), QUrl::fromLocalFile(folder));
+}
+
 void AudioViewController::showAudioImport() {
     stop();
-    const auto askForFile = [this] {
-        const auto folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-        Q_EMIT fileAsked(AudioImporter::nameFilters(), QUrl::fromLocalFile(folder));
-    };
     const auto showAlbums = [this] {
         if (presentMusicLibrary)
             presentMusicLibrary();
@@ -203,7 +204,8 @@ void AudioViewController::showAudioImport() {
         .message = tr("from ...").toStdString(),
         .actions =
             {{.title = tr("Music").toStdString(), .handler = lifetime.guard(showAlbums)},
-             {.title = tr("Documents").toStdString(), .handler = lifetime.guard(askForFile)},
+             {.title = tr("Documents").toStdString(),
+              .handler = lifetime.guard([this] { askForFile(); })},
              {.title = tr("Cancel").toStdString(), .role = AlertRole::cancel}},
     });
 }

@@ -109,6 +109,8 @@ public:
     void toggleFades();
     void toggleSnapping();
     void showAudioImport();
+    /// Opens the file dialog.
+    void askForFile();
     void deleteAudioAction();
 
     /// Opens the list of the user's albums; set by the owner.

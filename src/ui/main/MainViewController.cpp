@@ -346,6 +346,11 @@ void MainViewController::showMusicLibrary(AudioViewController& editor) {
         &AlbumTableViewController::dismissed,
         this,
         &MainViewController::dismissScreen);
+    connect(
+        sheet.get(),
+        &AlbumTableViewController::documentsAsked,
+        &editor,
+        &AudioViewController::askForFile);
     present(sheet.release(), "MusicLibrary");
 }
 

@@ -21,7 +21,7 @@ FocusScope {
         leading: ScreenButton {
             visible: root.controller.hasHelp
             text: qsTr("Help")
-            tint: Theme.accent
+            tint: Qt.lighter(Theme.accent, 1.4) // legible on the sheet
             onClicked: root.controller.showHelp()
         }
         trailing: ScreenButton {
@@ -87,32 +87,44 @@ FocusScope {
         function jumpTo(row: int): void {
             currentIndex = row;
             positionViewAtIndex(row, ListView.Beginning);
+            const isFirst = row === root.controller.rowOfSection(root.controller.sectionOfRow(row));
+            if (!isFirst) // not below the letter at the top
+                contentY = Math.max(originY, contentY - letter.height);
         }
 
         section.property: "section"
-        section.labelPositioning: ViewSection.InlineLabels | ViewSection.CurrentLabelAtStart
-        section.delegate: SectionHeader {
-            width: ListView.view.width
-        }
-        delegate: MusicRow {
+        delegate: Item {
             id: row
 
             required property int index
             required property string title
             required property string artist
             required property string cover
+            readonly property string heading: ListView.section !== ListView.previousSection ? ListView.section : ""
 
             width: ListView.view.width
-            height: root.controller.cellHeight
-            rightMargin: edge.visible ? edge.width : 0
-            isCurrent: ListView.isCurrentItem && root.activeFocus
-            covers: root.controller.covers
-            picture: row.cover
-            text: row.title !== "" ? row.title : qsTr("Unknown Album")
-            subText: row.artist
-            onPicked: {
-                list.currentIndex = row.index;
-                root.controller.pickRow(row.index);
+            height: header.height + root.controller.cellHeight
+
+            SectionHeader {
+                id: header
+
+                width: parent.width
+                section: row.heading
+            }
+            MusicRow {
+                y: header.height
+                width: parent.width
+                height: root.controller.cellHeight
+                rightMargin: edge.visible ? edge.width : 0
+                isCurrent: row.ListView.isCurrentItem && root.activeFocus
+                covers: root.controller.covers
+                picture: row.cover
+                text: row.title !== "" ? row.title : qsTr("Unknown Album")
+                subText: row.artist
+                onPicked: {
+                    list.currentIndex = row.index;
+                    root.controller.pickRow(row.index);
+                }
             }
         }
         Timer {
@@ -129,15 +141,23 @@ FocusScope {
             }
         }
     }
+    SectionHeader { // stays, while the albums of its letter scroll
+        id: letter
+
+        anchors.top: list.top
+        width: list.width
+        visible: section !== "" && list.contentY > list.originY
+        section: root.controller.sectionIndexTitles[edge.current] ?? ""
+    }
     SectionIndex {
         id: edge
 
         anchors.right: list.right
         anchors.top: list.top
         anchors.bottom: list.bottom
-        visible: titles.length > 1
-        titles: root.controller.sectionIndexTitles
-        current: root.controller.sectionOfRow(Math.max(0, list.indexAt(4, list.contentY + 40)))
+        visible: count > 1
+        controller: root.controller
+        current: root.controller.sectionOfRow(Math.max(0, list.indexAt(4, list.contentY + 1)))
         onChosen: section => list.jumpTo(root.controller.rowOfSection(section))
     }
     MusicProgress {

@@ -21,7 +21,7 @@ Item {
     signal picked
 
     Accessible.role: Accessible.ListItem
-    Accessible.name: [text, subText, iconName].filter(part => part !== "").join(", ")
+    Accessible.name: text + (subText !== "" ? ", " + subText : "") + (iconName !== "" ? ", " + iconName : "")
     Accessible.focused: isCurrent
     Accessible.onPressAction: picked()
 

@@ -2,7 +2,7 @@
 import QtQuick
 import Zelvo
 
-// The letter above the albums that begin with it. It stays at the top while they scroll.
+// The letter above the albums that begin with it. Empty: nothing.
 Rectangle {
     id: root
 

@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
 pragma ComponentBehavior: Bound
 import QtQuick
-import Zelvo
+import Zelvo.Audio as Audio
 
 // The letters of the sections along the right edge. A press or a drag goes to one. Where they have no
 // room, some are left out; a drag still meets them.
 Item {
     id: root
 
-    property list<string> titles
+    required property Audio.AlbumTableViewController controller
+    readonly property int count: controller.sectionIndexTitles.length
     property int current: -1
-    readonly property int step: Math.max(1, Math.ceil(titles.length * 14 / Math.max(1, height - 16)))
-    readonly property real pitch: Math.min(20, (height - 16) / Math.max(1, titles.length))
+    readonly property int step: Math.max(1, Math.ceil(count * 14 / Math.max(1, height - 16)))
+    readonly property real pitch: Math.min(20, (height - 16) / Math.max(1, count))
 
     signal chosen(int section)
 
@@ -23,11 +24,11 @@ Item {
         id: letters
 
         width: parent.width
-        height: root.pitch * root.titles.length
+        height: root.pitch * root.count
         anchors.verticalCenter: parent.verticalCenter
 
         Repeater {
-            model: root.titles
+            model: root.controller.sectionIndexTitles
 
             Text {
                 required property int index
@@ -57,7 +58,7 @@ Item {
 
         function choose(y: real): void {
             const section = Math.floor((y - letters.y) / root.pitch);
-            root.chosen(Math.max(0, Math.min(root.titles.length - 1, section)));
+            root.chosen(Math.max(0, Math.min(root.count - 1, section)));
         }
     }
 }
