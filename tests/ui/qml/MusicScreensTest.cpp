@@ -64,7 +64,7 @@ TEST_F(MusicScreensTest, ASongThatCannotBeUsedSaysWhy) {
     media::writeBytes(folders.music / "2.mp3.nextcloud", media::Bytes(1, ' '));
     const auto list = open();
     QUrl opened;
-    list->openFolder = [&opened](const QUrl& folder) { opened = folder; };
+    list->openFolder = [&opened](const QUrl& shown) { opened = shown; };
     list->pickRow(0);
     ASSERT_EQ(list->songsObject()->rows().size(), 2);
     const qsizetype cloud = list->songsObject()->rows()[0].icon.isEmpty() ? 1 : 0;
@@ -97,24 +97,24 @@ TEST_F(MusicScreensTest, AreSeenAndWorkedByKeys) {
     for (const char* const album : {"Able", "Night", "Nocturne", "Zoo"})
         write((std::string(album) + ".wav").c_str(), {{"ALBUM", album}, {"TITLE", album}});
     const auto list = open();
-    QQuickView view;
-    view.setInitialProperties({{"controller", QVariant::fromValue(list.get())}});
-    view.setSource(ui::viewUrl("MusicLibrary"));
-    view.setResizeMode(QQuickView::SizeRootObjectToView);
-    view.resize(960, 540);
-    view.show();
-    view.requestActivate();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
+    QQuickView window;
+    window.setInitialProperties({{"controller", QVariant::fromValue(list.get())}});
+    window.setSource(ui::viewUrl("MusicLibrary"));
+    window.setResizeMode(QQuickView::SizeRootObjectToView);
+    window.resize(960, 540);
+    window.show();
+    window.requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     for (const char key : {'N', 'o'})
-        QTest::keyClick(&view, key);
-    QTest::keyClick(&view, Qt::Key_Return);
+        QTest::keyClick(&window, key);
+    QTest::keyClick(&window, Qt::Key_Return);
     ASSERT_NE(list->songsObject(), nullptr);
     EXPECT_EQ(list->songsObject()->title(), "Nocturne");
     QCoreApplication::processEvents();
-    QTest::keyClick(&view, Qt::Key_Backspace);
+    QTest::keyClick(&window, Qt::Key_Backspace);
     EXPECT_EQ(list->songsObject(), nullptr);
     const QSignalSpy dismissed(list.get(), &ui::AlbumTableViewController::dismissed);
-    QTest::keyClick(&view, Qt::Key_Escape);
+    QTest::keyClick(&window, Qt::Key_Escape);
     EXPECT_EQ(dismissed.count(), 1);
 }
 
