@@ -268,7 +268,8 @@ bool VideoPictures::convertSDR(const AVFrame& frame, Image& target) {
 
 bool VideoPictures::convertHDR(const AVFrame& frame, Image& target) {
     const int columns = wholeBlocks(target.width);
-    deep.resize(static_cast<std::size_t>(columns) * kChannels * target.height);
+    deep.resize(
+        static_cast<std::size_t>(columns * kChannels) * static_cast<std::size_t>(target.height));
     const int rowBytes = columns * kChannels * static_cast<int>(sizeof(deep.front()));
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): the library writes bytes
     if (!scale(frame, reinterpret_cast<std::uint8_t*>(deep.data()), rowBytes))
