@@ -91,7 +91,7 @@ std::string shownName(const fs::path& name) {
     return cleanText(text.toStdU16String(), SongTags::kMaxTextLength);
 }
 
-/// "Abbey Road", for a song without tags in a folder of that name. Nothing for the music folder
+/// "Winter Songs", for a song without tags in a folder of that name. Nothing for the music folder
 /// itself.
 std::string albumByFolder(const fs::path& song, const fs::path& musicFolder) {
     const fs::path folder = song.parent_path();
