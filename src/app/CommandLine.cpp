@@ -311,7 +311,8 @@ void addWindow(CLI::App& app, WindowCommand& options) {
     app.add_option(
            "FILES",
            options.files,
-           "Pictures, videos, 3D objects with their parts, fonts, folders or ZIP archives to open "
+           "Pictures, videos, music, 3D objects with their parts, fonts, folders or ZIP archives "
+           "to open "
            "in "
            "the window")
         ->check(CLI::ExistingPath.description(""))
