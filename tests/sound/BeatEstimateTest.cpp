@@ -31,6 +31,11 @@ class BeatEstimateTest : public media::MediaTest {
 protected:
     const std::vector<double>& beatsOf(const Wave& wave, double seconds, double from, double to) {
         media::writeWav(file("song.wav"), 44100, seconds, wave);
+        return beatsOfStretch(from, to);
+    }
+
+    /// Of the song that was written last.
+    const std::vector<double>& beatsOfStretch(double from, double to) {
         estimate.estimate(file("song.wav"), from, to);
         EXPECT_TRUE(loop.runUntil([this] { return !estimate.isEstimating(); }));
         return estimate.beats();
@@ -75,6 +80,25 @@ TEST_F(BeatEstimateTest, FindsClicksUnderNoiseAndAChord) {
         EXPECT_NEAR(std::remainder(beat - 0.2, 60 / 110.0), 0.0, kNear) << "at " << beat;
 }
 
+TEST_F(BeatEstimateTest, InNoiseMarksStayWhenTheStretchStartsElsewhere) {
+    for (const double level : {0.03, 0.1, 0.25}) {
+        SCOPED_TRACE(level);
+        std::mt19937 random(7);
+        std::normal_distribution<double> noise(0, level);
+        const auto click = clicks(120.0, 0.2);
+        const auto noisy = [&](double t) {
+            return std::clamp(click(t) + noise(random), -1.0, 1.0);
+        };
+        media::writeWav(file("song.wav"), 44100, 9.0, noisy);
+        for (const double from : {0.0, 0.1, 0.23, 0.37}) {
+            const auto& beats = beatsOfStretch(from, 8.0);
+            EXPECT_NEAR(double(beats.size()), 15.5, 0.51) << "from " << from;
+            for (const double beat : beats)
+                EXPECT_NEAR(std::remainder(beat - 0.2, 0.5), 0.0, kNear) << "from " << from;
+        }
+    }
+}
+
 TEST_F(BeatEstimateTest, WithoutBeatsThereAreNoMarks) {
     std::mt19937 random(5);
     std::normal_distribution<double> noise(0, 0.1);
@@ -86,6 +110,9 @@ TEST_F(BeatEstimateTest, WithoutBeatsThereAreNoMarks) {
           Wave([&](double) { return noise(random); }),
           Wave(once)})
         EXPECT_TRUE(beatsOf(wave, 10.0, 0.0, 10.0).empty()) << estimate.tempo();
+    media::writeWav(file("song.wav"), 44100, 10.0, [&](double) { return noise(random); });
+    for (const double from : {0.0, 0.4, 1.1, 2.3, 3.0, 4.0})
+        EXPECT_TRUE(beatsOfStretch(from, from + 6.0).empty()) << "noise from " << from;
     EXPECT_TRUE(beatsOf(clicks(120, 0), 10.0, 5.0, 5.0).empty()) << "an empty stretch";
     estimate.estimate(file("missing.wav"), 0.0, 10.0);
     EXPECT_TRUE(loop.runUntil([this] { return !estimate.isEstimating(); }));

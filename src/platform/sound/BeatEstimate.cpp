@@ -21,6 +21,11 @@ namespace {
 constexpr std::size_t kPieceFrames = 20UL * OnsetStrength::kSampleRate;
 constexpr std::size_t kReadFrames = 4096;
 
+/// So much is heard before the stretch, in seconds: where it begins within the music, that is no onset.
+constexpr double kRunUp = 0.25;
+/// A beat may be found so much too early, in seconds.
+constexpr double kEarly = 0.005;
+
 } // namespace
 
 /// Listens to one stretch. Only `giveUp` and `isGivenUp` may be called on another thread than the
@@ -30,8 +35,10 @@ public:
     Job(std::filesystem::path song, double from, double to)
         : file(std::move(song))
         , start(std::max(from, 0.0))
+        , heardFrom(std::max(start - kRunUp, 0.0))
         , framesLeft(static_cast<std::size_t>(
-              std::clamp(to - start, 0.0, kMaxStretch) * OnsetStrength::kSampleRate)) {}
+              (start - heardFrom + std::clamp(to - start, 0.0, kMaxStretch)) *
+              OnsetStrength::kSampleRate)) {}
 
     void giveUp() { isGivenUp_ = true; }
 
@@ -65,19 +72,23 @@ private:
         if (!opened)
             return false;
         reader.emplace(std::move(*opened));
-        reader->seek(start);
+        reader->seek(heardFrom);
         return true;
     }
 
     [[nodiscard]] Found beats() const {
         TrackedBeats tracked = trackBeats(strength);
         for (double& time : tracked.times)
-            time += start;
+            time += heardFrom;
+        std::erase_if(tracked.times, [this](double time) { return time < start - kEarly; });
+        for (double& time : tracked.times)
+            time = std::max(time, start);
         return {std::move(tracked.times), tracked.tempo};
     }
 
     std::filesystem::path file;
     double start;
+    double heardFrom;
     std::size_t framesLeft;
     std::atomic<bool> isGivenUp_ = false;
     std::optional<AudioReader> reader;

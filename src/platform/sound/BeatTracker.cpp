@@ -25,10 +25,15 @@ constexpr double kUsualTempo = 120.0;
 constexpr double kOctavesOfDoubt = 1.0; ///< standard deviation around the usual tempo
 constexpr double kEquallyStrong = 0.85;
 
-/// Onsets that repeat at no distance at least this well have no tempo. 1 is exact repetition.
-constexpr double kMinRepetition = 0.12;
+/// Onsets that repeat at no distance at least this well have no tempo. 1 is exact repetition. Noise
+/// repeats by chance, the better the shorter it lasts; the standard deviation is one by the root of the
+/// number of independent strengths. As strengths are smoothed, these are some hops apart.
+constexpr double kMinRepetition = 0.1;
+constexpr double kDeviationsOfChance = 4.0;
+constexpr double kIndependentHops = 5.0;
 /// A sound without a strength above this has no onsets: noise of rounding, a steady tone.
 constexpr float kMinStrength = 1.0F;
+constexpr float kMaxOnset = 6.0F; ///< standard deviations
 constexpr std::size_t kMinBeats = 4;
 
 /// How strictly the tempo is held, against how strong onsets are.
@@ -62,6 +67,7 @@ Strengths smoothed(const Strengths& values, double deviation) {
 }
 
 /// What stands out of the mean around it, in units of its standard deviation. Empty without onsets.
+/// A single loud onset, as where the sound begins, must not pull beats out of their tempo.
 Strengths onsetsOf(const Strengths& strengths) {
     if (strengths.empty() || *std::ranges::max_element(strengths) < kMinStrength)
         return {};
@@ -75,7 +81,7 @@ Strengths onsetsOf(const Strengths& strengths) {
     }
     const double deviation = std::sqrt(squares / static_cast<double>(onsets.size()));
     for (float& onset : onsets)
-        onset = static_cast<float>(onset / deviation);
+        onset = std::min(static_cast<float>(onset / deviation), kMaxOnset);
     return onsets;
 }
 
@@ -104,6 +110,12 @@ double repetitionNear(const std::vector<double>& repetitions, int lag) {
     return *std::max_element(first, std::min(first + 3, repetitions.end()));
 }
 
+/// Less is chance in a sound of so many hops.
+double leastRepetition(std::size_t hops) {
+    const double independent = static_cast<double>(hops) / kIndependentHops;
+    return std::max(kMinRepetition, kDeviationsOfChance / std::sqrt(independent));
+}
+
 /// Hops from beat to beat.
 std::optional<int> periodOf(const Strengths& onsets) {
     const int longest = hopsOf(kMinTempo);
@@ -119,7 +131,7 @@ std::optional<int> periodOf(const Strengths& onsets) {
             bestScore = score;
         }
     }
-    if (best == 0 || repetitions[static_cast<std::size_t>(best)] < kMinRepetition)
+    if (best == 0 || repetitions[static_cast<std::size_t>(best)] < leastRepetition(onsets.size()))
         return std::nullopt;
     const int half = (best + 1) / 2;
     const bool isTwiceAsFast = half >= hopsOf(kMaxTempo) &&

@@ -25,8 +25,8 @@ public:
 
     void add(std::span<const float> samples);
 
-    /// The growth of the spectrum, where magnitudes are compressed as by the ear. Strength i belongs
-    /// to the time i times kHopSeconds.
+    /// How far the levels of the bands of hearing rise, in units of what each moves without onsets, so
+    /// that noise hides few of them. Strength i belongs to the time i times kHopSeconds.
     [[nodiscard]] const std::vector<float>& strengths() const { return strengths_; }
 
     /// The mean square of each block.
