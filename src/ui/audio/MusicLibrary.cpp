@@ -37,6 +37,11 @@ foundation::Result<music::IndexUpdate> updateOf(
     return update || update.error().cause != Cause::malformed ? update : attempt();
 }
 
+/// Calls back on the run loop, from any thread.
+template <class Call> auto onLoop(foundation::RunLoop& loop, Call call) {
+    return [&loop, call](const auto& result) { loop.post([call, result] { call(result); }); };
+}
+
 } // namespace
 
 MusicLibrary::MusicLibrary(foundation::RunLoop& runLoop, MusicPlaces given)
@@ -59,17 +64,13 @@ void MusicLibrary::refresh() {
     isUpdateAsked = isUpdating;
     if (std::exchange(isUpdating, true))
         return;
-    const auto post = [&runLoop = loop](auto call) {
-        return [&runLoop, call](const auto& result) {
-            runLoop.post([call, result] { call(result); });
-        };
-    };
-    updating->async([places = places_,
-                     isStopped = music::IsStopped([over = isOver] { return over->load(); }),
-                     tell = post(lifetime.guard([this](const IndexProgress& now) { follow(now); })),
-                     done = post(lifetime.guard([this](const Update& update) {
-                         finish(update);
-                     }))] { done(updateOf(places, tell, isStopped)); });
+    updating->async(
+        [places = places_,
+         isStopped = music::IsStopped([over = isOver] { return over->load(); }),
+         tell = onLoop(loop, lifetime.guard([this](const IndexProgress& now) { follow(now); })),
+         done = onLoop(loop, lifetime.guard([this](const Update& update) { finish(update); }))] {
+            done(updateOf(places, tell, isStopped));
+        });
 }
 
 void MusicLibrary::follow(const IndexProgress& now) {

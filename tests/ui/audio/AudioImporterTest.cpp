@@ -96,6 +96,30 @@ TEST_F(AudioImporterTest, WhatCannotBeDecodedSaysSoAndTheSongBeforeStays) {
     }
 }
 
+TEST_F(AudioImporterTest, AllUsualFormatsAreTaken) {
+    struct Row {
+        const char* file;
+        const char* encoder;
+    };
+
+    for (const auto& [file, encoder] :
+         {Row{"a.mp3", "libmp3lame"},
+          {"a.m4a", "aac"},
+          {"a.flac", "flac"},
+          {"a.ogg", "libvorbis"},
+          {"a.opus", "libopus"},
+          {"a.wav", "pcm_s16le"},
+          {"a.aiff", "pcm_s16be"},
+          {"a.mp4", "aac"}}) {
+        SCOPED_TRACE(file);
+        ASSERT_TRUE(
+            media::encodeSound(given.path() / file, encoder, 3, media::sine(440, 0.5), 48000));
+        import(given.path() / file);
+        EXPECT_THAT(kept(), ElementsAre(file));
+        EXPECT_NEAR(player.totalDuration, 3, 0.1);
+    }
+}
+
 TEST_F(AudioImporterTest, TheLastOfSeveralCountsAndAHeldOneWaits) {
     import(wav("before.wav", 3));
     importer.load(wav("first.wav", 3));

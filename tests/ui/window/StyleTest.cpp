@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: MIT
 // A stage dressed by hand in the real window, with real events. With ZELVO_WINDOW_PICTURES naming a
 // folder, pictures are left there.
+#include "audio/AudioPlayer.h"
+#include "content/ImageVideo.h"
 #include "environments/SceneManager.h"
 #include "image/ImageFiles.h"
+#include "media/MediaFixture.h"
+#include "media/VideoFixture.h"
 #include "platform/render/CameraView.h"
+#include "ui/audio/AudioViewController.h"
 #include "ui/layouter/ColorPickers.h"
 #include "ui/window/WindowFixture.h"
 
@@ -84,6 +89,11 @@ protected:
         EXPECT_TRUE(soon(isThere, 5000)) << aside().x() << ", " << aside().y() << " px beside it";
     }
 
+    /// Drops a file from another program on the middle of the stage.
+    void drop(const std::filesystem::path& file);
+    /// Drags an item by its middle; with the finger it has to be held first.
+    void pull(const QObject& controller, int points, bool isByFinger = false);
+
     void drag();
     void touch();
     void write();
@@ -91,6 +101,40 @@ protected:
 
     content::TextNode& text = *model.nodes().textNode1;
 };
+
+void StyleTest::drop(const std::filesystem::path& file) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(file.c_str())});
+    const QPoint place(640, 300);
+    QDragEnterEvent entering(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&window, &entering);
+    EXPECT_TRUE(entering.isAccepted());
+    picture("drop");
+    QDropEvent dropping(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&window, &dropping);
+    EXPECT_EQ(dropping.dropAction(), Qt::CopyAction);
+}
+
+void StyleTest::pull(const QObject& controller, int points, bool isByFinger) {
+    const auto* const item = view(&controller);
+    ASSERT_NE(item, nullptr);
+    const QPoint from = item->mapRectToScene(item->boundingRect()).center().toPoint();
+    constexpr int kSteps = 6;
+    if (isByFinger) {
+        const auto screen = std::unique_ptr<QPointingDevice>(QTest::createTouchDevice());
+        auto finger = QTest::touchEvent(&window, screen.get(), false);
+        finger.press(1, from).commit();
+        QTest::qWait(500);
+        for (int i = 1; i <= kSteps; ++i)
+            finger.move(1, from + QPoint(points * i / kSteps, 0)).commit();
+        finger.release(1, from + QPoint(points, 0)).commit();
+        return;
+    }
+    QTest::mousePress(&window, Qt::LeftButton, {}, from);
+    for (int i = 1; i <= kSteps; ++i)
+        QTest::mouseMove(&window, from + QPoint(points * i / kSteps, 0), 10);
+    QTest::mouseRelease(&window, Qt::LeftButton, {}, from + QPoint(points, 0));
+}
 
 void StyleTest::drag() {
     text.setText("H"); // its middle is no hole
@@ -207,16 +251,7 @@ TEST_F(StyleTest, PicturesAreDroppedAndPasted) {
     const auto width = [&] { return model.nodes().imageNode->image()->width; };
     const auto file = folder.path() / "dropped.png";
     ASSERT_TRUE(savePNG(image::quartered(30, 20), file));
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(file.c_str())});
-    const QPoint place(640, 300);
-    QDragEnterEvent entering(place, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(&window, &entering);
-    EXPECT_TRUE(entering.isAccepted());
-    picture("drop");
-    QDropEvent dropping(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(&window, &dropping);
-    EXPECT_EQ(dropping.dropAction(), Qt::CopyAction);
+    drop(file);
     EXPECT_TRUE(soon([&] { return width() == 30; }));
     EXPECT_EQ(menu().currentNode(), model.nodes().imageNode);
 
@@ -229,6 +264,49 @@ TEST_F(StyleTest, PicturesAreDroppedAndPasted) {
     QGuiApplication::clipboard()->setMimeData(copied.release());
     QTest::keyClick(&window, Qt::Key_V, Qt::ControlModifier);
     EXPECT_TRUE(soon([&] { return width() == 44; }));
+}
+
+TEST_F(StyleTest, AVideoIsDropped) {
+    ASSERT_TRUE(isReady());
+    const auto clip = folder.path() / "clip.mp4";
+    media::makeVideo(clip, {});
+    drop(clip);
+    const auto& node = *model.nodes().imageNode;
+    EXPECT_TRUE(soon([&] { return content::videoOf(node) != nullptr; }));
+}
+
+TEST_F(StyleTest, MusicIsDroppedAndCut) {
+    ASSERT_TRUE(isReady());
+    const auto song = folder.path() / "song.wav";
+    media::writeWav(song, 44100, 20, media::sine(440, 0.5));
+    drop(song);
+    const auto& player = model.audioPlayer();
+    ASSERT_TRUE(soon([&] { return player.audioURL.has_value(); }));
+    const auto editorOf = [this] {
+        return qobject_cast<ui::AudioViewController*>(menu().stripObject());
+    };
+    ASSERT_TRUE(soon([&] { return editorOf() != nullptr && view(editorOf()) != nullptr; }));
+    auto& editor = *editorOf();
+    QTest::qWait(500); // it has slid in
+    picture("music");
+
+    const double end = player.audioEnd; // of the song
+    constexpr double kPoint = 1.0 / 30; // seconds
+    ASSERT_NO_FATAL_FAILURE(pull(editor.rightDragger, -60));
+    EXPECT_NEAR(player.audioEnd, end - 2, 2 * kPoint);
+    ASSERT_NO_FATAL_FAILURE(pull(editor.draggableView, 90));
+    EXPECT_NEAR(player.audioPreRoll, 3, 2 * kPoint);
+    ASSERT_NO_FATAL_FAILURE(pull(editor.draggableView, -30, true));
+    EXPECT_NEAR(player.audioPreRoll, 2, 2 * kPoint);
+    QTest::keyClick(&window, Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_NEAR(player.audioPreRoll, 1, 3 * kPoint) << "what was dragged has the keys";
+
+    ASSERT_NO_FATAL_FAILURE(click(&editor.playPauseButton));
+    EXPECT_TRUE(soon([&] { return editor.currentTimerTime() > player.audioPreRoll + 0.2; }));
+    EXPECT_TRUE(player.isPlaying);
+    QTest::keyClick(&window, Qt::Key_F3);
+    EXPECT_TRUE(soon([&] { return panel<ui::ActionsMenu>() != nullptr; }));
+    EXPECT_FALSE(player.isPlaying) << "the preview ends with its screen";
 }
 
 } // namespace
