@@ -61,11 +61,14 @@ std::vector<WaveformBar> barsOf(std::span<const float> values, const WaveformPla
     if (values.empty() || place.pointsPerValue <= 0.0)
         return bars;
     const Step step = stepOf(place.pointsPerValue);
-    const auto together = static_cast<std::ptrdiff_t>(
-        std::lround(std::min(step.values * (1 - step.growth / 2), double(values.size()))));
     const auto onPixel = [&](double length) {
         return std::round(length * place.pixelsPerPoint) / place.pixelsPerPoint;
     };
+    // No value is left out, also while the bars between are too narrow to be drawn.
+    const bool showsBetween = onPixel(kBarWidth * step.growth) > 0.0;
+    const double covered = step.values * (showsBetween ? 1 - step.growth / 2 : 1.0);
+    const auto together =
+        static_cast<std::ptrdiff_t>(std::lround(std::min(covered, double(values.size()))));
     // Counted in half steps: the odd bars are those that grow.
     const double half = step.values / 2;
     const auto indexAt = [&](double x) {

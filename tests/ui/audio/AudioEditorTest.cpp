@@ -28,6 +28,15 @@ protected:
         return file;
     }
 
+    /// 20 s with a click at each half second.
+    std::filesystem::path clicks() {
+        auto file = folder.path() / "clicks.wav";
+        media::writeWav(file, 22050, 20, [](double t) {
+            return std::sin(t * 2000) * std::exp(-std::fmod(t, 0.5) * 40);
+        });
+        return file;
+    }
+
     void take(double seconds) { editor.assignSong(song("song.wav", seconds), "Song"); }
 
     /// Drags by so many seconds in two steps; the last one counts.
@@ -259,13 +268,9 @@ TEST_F(AudioEditorTest, ASongThatGoesAwayIsReportedOnce) {
 }
 
 TEST_F(AudioEditorTest, BeatsFollowTheStretch) {
-    const auto file = folder.path() / "clicks.wav";
-    media::writeWav(file, 22050, 20, [](double t) {
-        return std::sin(t * 2000) * std::exp(-std::fmod(t, 0.5) * 40);
-    });
     SongBeats beats(services);
     AudioViewController other(services, &beats);
-    other.assignSong(file, "Clicks");
+    other.assignSong(clicks(), "Clicks");
     loop().runFor(1);
     const auto first = beats.marks();
     ASSERT_GT(first.size(), 10);
@@ -282,6 +287,33 @@ TEST_F(AudioEditorTest, BeatsFollowTheStretch) {
     EXPECT_FALSE(beats.isSnapping());
     other.snapButton.click();
     EXPECT_TRUE(beats.isSnapping());
+}
+
+TEST_F(AudioEditorTest, PressesSnapToTheBeatsThatAreInTheMusicAndInTheMovie) {
+    SongBeats beats(services);
+    const auto place = [&](double preRoll) {
+        player.loadSong(clicks(), "Clicks");
+        player.audioPreRoll = preRoll;
+        player.audioIn = 2.1; // so the first beat is 0.4 s behind the pre-roll
+        player.audioEnd = 6;
+        beats.refresh();
+        loop().runFor(1);
+        ASSERT_EQ(beats.marks().size(), 7);
+    };
+    // Movie times; the clock also has the count-in.
+    const auto snapped = [&](double time) {
+        const double countIn = model.startCounter();
+        return controller().snapTime(time + countIn) - countIn;
+    };
+    place(1);
+    EXPECT_EQ(snapped(1.5), 1.5) << "it is off at first";
+    beats.setSnapping(true);
+    for (const auto& [time, to] :
+         {std::pair{1.5, 1.4}, {1.62, 1.4}, {1.68, 1.9}, {4.6, 4.4}, {1.1, 1.1}, {4.7, 4.7}})
+        EXPECT_NEAR(snapped(time), to, 0.01) << "of " << time;
+    place(5.7); // beats at 6.1, 6.6, 7.1, 7.6, and at 8.1, where the movie has ended
+    EXPECT_NEAR(snapped(7.5), 7.6, 0.01);
+    EXPECT_NEAR(snapped(7.95), 7.95, 1e-9);
 }
 
 TEST(RulerViewTest, LabelsComeEveryFiveSecondsAtRestAndKeepTheirDistance) {
