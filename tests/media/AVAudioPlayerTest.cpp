@@ -116,6 +116,23 @@ TEST_F(AVAudioPlayerTest, TheDeviceGetsTheSongFromThePositionWithTheFadeOnIt) {
     EXPECT_NEAR(take(5.0)[48000 * 3], 0.2 * 2.9, 0.002);
 }
 
+TEST_F(AVAudioPlayerTest, ASongThatGoesAwayOrIsCutOffWhileItPlaysEndsInSilence) {
+    const auto player = openRamp();
+    player->play();
+    EXPECT_NEAR(take(1.0).back(), 0.2, 0.001);
+    std::filesystem::resize_file(file("ramp.wav"), 44 + 2 * 48000 * 2);
+    const auto rest = take(4.0);
+    EXPECT_NEAR(rest[48000 / 2], 0.3, 0.001);
+    EXPECT_EQ(rest.back(), 0.0F);
+    player->pause();
+    std::filesystem::remove(file("ramp.wav"));
+    player->setCurrentTime(1.0); // it is still open
+    player->play();
+    EXPECT_NEAR(take(0.5).back(), 0.3, 0.001);
+    EXPECT_EQ(take(4.0).back(), 0.0F);
+    EXPECT_FALSE(AVAudioPlayer::open(file("ramp.wav"), loop, nullptr));
+}
+
 /// The file gives an error with a message, or a sound that can be read to its end.
 void expectHarmless(const std::filesystem::path& file) {
     if (const auto asset = AVAsset::open(file); !asset) {

@@ -97,6 +97,16 @@ TEST_F(WaveformTest, FillsFromTheLeftInPieces) {
     EXPECT_TRUE(std::ranges::is_sorted(counts));
 }
 
+TEST_F(WaveformTest, ASongThatIsCutOffWhileItIsLoadedKeepsTheValuesThatItHad) {
+    writeWav(file("cut.wav"), 8000, 300.0, sine(440, 0.5));
+    waveform.load(file("cut.wav"));
+    ASSERT_TRUE(loop.runUntil([this] { return !waveform.values().empty(); }));
+    std::filesystem::resize_file(file("cut.wav"), 100 * 8000 * 2);
+    ASSERT_TRUE(loop.runUntil([this] { return !waveform.isLoading(); }));
+    EXPECT_FALSE(waveform.error());
+    EXPECT_NEAR(double(waveform.values().size()), 100 * 8000 / 6000.0, 2.0);
+}
+
 TEST_F(WaveformTest, SaysWhyASongHasNoValuesAndForgetsItWithTheNextSong) {
     media::writeBytes(file("noise.mp3"), media::Bytes(5000, 0x5A));
     EXPECT_TRUE(valuesOf("noise.mp3").empty());
