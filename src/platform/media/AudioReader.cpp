@@ -333,7 +333,8 @@ void AudioReader::convert(const AVFrame* source) {
     const int room = swr_get_out_samples(converter.get(), inSamples);
     if (room <= 0)
         return;
-    std::vector<float> converted(static_cast<std::size_t>(room * channels));
+    std::vector<float> converted(
+        static_cast<std::size_t>(room) * static_cast<std::size_t>(channels));
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): the library takes bytes
     auto* out = reinterpret_cast<std::uint8_t*>(converted.data());
     const auto* const* in =
@@ -342,7 +343,8 @@ void AudioReader::convert(const AVFrame* source) {
         swr_convert(converter.get(), &out, room, const_cast<const std::uint8_t**>(in), inSamples);
     if (made <= 0)
         return;
-    append(std::span(converted).first(static_cast<std::size_t>(made * channels)));
+    append(std::span(converted).first(
+        static_cast<std::size_t>(made) * static_cast<std::size_t>(channels)));
 }
 
 } // namespace zelvo::media
