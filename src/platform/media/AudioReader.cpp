@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/media/AudioReader.h"
 
+#include "platform/media/MeasuredLengths.h"
 #include "platform/media/MediaFile.h"
 
 #include <fmt/format.h>
@@ -68,7 +69,7 @@ Result<AudioReader> AudioReader::open(const std::filesystem::path& file) {
     AudioReader reader;
     if (auto opened = reader.openDecoder(file); !opened)
         return tl::unexpected(opened.error());
-    reader.duration_ = reader.measureDuration();
+    reader.duration_ = measuredLength(file, [&reader] { return reader.measureDuration(); });
     reader.seek(0.0);
     reader.decodeMore();
     if (reader.pending.empty() || reader.duration_ <= 0.0)

@@ -3,7 +3,7 @@
 
 #include "model/Model.h"
 #include "platform/foundation/Folders.h"
-#include "platform/media/AudioReader.h"
+#include "platform/media/AVAsset.h"
 #include "ui/audio/AudioViewController.h"
 #include "ui/controls/Alerts.h"
 
@@ -40,7 +40,8 @@ AlbumTableViewController::AlbumTableViewController(
     , audioViewController(editor)
     , audioPlayer(given.model.audioPlayer())
     , contentType(content)
-    , covers(given.runLoop, placesOf(given)) {
+    , covers(given.runLoop, placesOf(given))
+    , checking(given.runLoop.makeSerialQueue("picked song")) {
     if (contentType == ContentType::tunes) {
         rows.setList(listOf(audioPlayer.appTracks));
         return;
@@ -182,9 +183,22 @@ void AlbumTableViewController::popSongs() {
 }
 
 void AlbumTableViewController::assign(const std::filesystem::path& url, const std::string& title) {
-    if (const auto sound = media::AudioReader::open(url); !sound) {
+    const auto done = lifetime.guard([this, url, title, number = ++picks](const auto& checked) {
+        if (number == picks)
+            finish(url, title, checked);
+    });
+    checking->async([&loop = services.runLoop, url, done] {
+        loop.post([done, checked = media::checkSound(url)] { done(checked); });
+    });
+}
+
+void AlbumTableViewController::finish(
+    const std::filesystem::path& url,
+    const std::string& title,
+    const foundation::Result<void>& checked) {
+    if (!checked) {
         services.alerts.showAlert(
-            tr("The song cannot be played.").toStdString(), sound.error().message);
+            tr("The song cannot be played.").toStdString(), checked.error().message);
         return;
     }
     if (audioViewController != nullptr)

@@ -2,6 +2,9 @@
 #pragma once
 
 #include "audio/AudioPlayer.h"
+#include "platform/foundation/Lifetime.h"
+#include "platform/foundation/Result.h"
+#include "platform/foundation/RunLoop.h"
 #include "ui/audio/AlbumRows.h"
 #include "ui/audio/CoverPictures.h"
 #include "ui/audio/MusicLibrary.h"
@@ -107,7 +110,12 @@ Q_SIGNALS:
 
 private:
     void showAlbums();
+    /// Makes sure on another thread that the song can be decoded; a long one takes a while.
     void assign(const std::filesystem::path& url, const std::string& title);
+    void finish(
+        const std::filesystem::path& url,
+        const std::string& title,
+        const foundation::Result<void>& checked);
 
     Services services;
     QPointer<AudioViewController> audioViewController;
@@ -116,6 +124,9 @@ private:
     std::unique_ptr<MusicLibrary> library; ///< null in the list of tunes
     AlbumRows rows;
     CoverPictures covers;
+    int picks = 0; ///< the last one counts
+    std::unique_ptr<foundation::SerialQueue> checking;
+    foundation::Lifetime lifetime;
 };
 
 } // namespace zelvo::ui

@@ -54,6 +54,7 @@ TEST_F(MusicScreensTest, APickGoesToTheEditorWithArtistAndTitle) {
          std::map<int, std::string>{{0, "Somebody - One"}, {1, " - Two"}}) {
         list->pickRow(row);
         list->songsObject()->pickRow(0);
+        loop().runFor(0.1); // it is decoded first
         EXPECT_EQ(model.audioPlayer().songTitle, expected);
     }
     EXPECT_EQ(dismissed.count(), 2);
