@@ -21,7 +21,7 @@ FocusScope {
         leading: ScreenButton {
             visible: root.controller.hasHelp
             text: qsTr("Help")
-            tint: Qt.lighter(Theme.accent, 1.4) // legible on the sheet
+            tint: Theme.accentText
             onClicked: root.controller.showHelp()
         }
         trailing: ScreenButton {

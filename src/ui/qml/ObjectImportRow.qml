@@ -21,7 +21,7 @@ SwipeRow {
         visible: root.modelData.isObject
         text: qsTr("Info")
         name: qsTr("Info about %1").arg(root.name)
-        tint: Theme.accent
+        tint: Theme.accentText
         focusPolicy: Qt.NoFocus
         onClicked: root.infoAsked()
     }
@@ -29,7 +29,7 @@ SwipeRow {
     Text {
         anchors.fill: parent
         text: root.name
-        color: root.modelData.isObject ? Theme.accent : "#dddddd"
+        color: root.modelData.isObject ? Theme.accentText : "#dddddd"
         font.pixelSize: Theme.px(19)
         elide: Text.ElideMiddle
         verticalAlignment: Text.AlignVCenter

@@ -17,6 +17,7 @@ class Theme final : public QObject {
     QML_ELEMENT
     QML_SINGLETON
     Q_PROPERTY(QColor accent MEMBER accent CONSTANT)
+    Q_PROPERTY(QColor accentText MEMBER accentText CONSTANT)
     Q_PROPERTY(QColor record MEMBER record CONSTANT)
     Q_PROPERTY(QColor buttonFill MEMBER buttonFill CONSTANT)
     Q_PROPERTY(QColor buttonFillClear MEMBER buttonFillClear CONSTANT)
@@ -43,6 +44,7 @@ public:
     Q_INVOKABLE [[nodiscard]] int px(qreal size) const { return qRound(size * textScale); }
 
     const QColor accent = kAccentColor;
+    const QColor accentText = accent.lighter(140); ///< legible on dark
     const QColor record = kRecordColor;
     const QColor buttonFill = kButtonColor;
     const QColor buttonFillClear = kClearButtonColor;
