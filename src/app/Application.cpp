@@ -12,6 +12,7 @@
 #include "platform/media/AudioOutput.h"
 #include "ui/qml/Views.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QQuickWindow>
 #include <QScreen>
@@ -84,6 +85,8 @@ Application::Application(const foundation::Folders& folders)
 
 Application::~Application() {
     keepWindowPlace();
+    // Closed screens are still about to be deleted, and some stop their sound then: the model must live.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 node::Surroundings Application::surroundings() {
