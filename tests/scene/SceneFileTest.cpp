@@ -13,11 +13,12 @@ const std::string kGoodScene = R"({
   "nodes": [
     {"name": "key", "position": [1, 2, 3], "eulerAngles": [-90, 0, 45], "scale": [1, 2, 1], "opacity": 0.5,
      "hidden": true, "castsShadow": false, "categoryBitMask": 260,
-     "light": {"type": "spot", "color": "#FF0000", "intensity": 2.5e7, "castsShadow": true, "shadowRadius": 4,
+     "light": {"type": "spot", "color": "#FF0000", "intensity": 2.5e7, "castsShadow": true, "shadowRadius": 4, "lampRadius": 7,
                "shadowCasterMask": 4, "shadowMapSize": 512, "shadowColor": "#00000080", "spotInnerAngle": 10,
                "spotOuterAngle": 60, "zNear": 5, "zFar": 900, "categoryBitMask": 2}},
     {"name": "floor", "geometry": {"type": "box", "width": 20, "height": 2, "length": 10, "chamferRadius": 0},
-     "material": {"lightingModel": "constant", "diffuse": "#00FF00", "roughness": 0.25, "doubleSided": true},
+     "material": {"lightingModel": "constant", "diffuse": "#00FF00", "roughness": 0.25, "doubleSided": true,
+                  "floor": {"mirror": 0.5, "contact": 0.25, "height": -12}},
      "children": [{"name": "ball", "geometry": {"type": "sphere", "radius": 3, "segments": 24}}]}
   ]
 })";
@@ -37,6 +38,7 @@ TEST(SceneFile, BuildsTheTreeItDescribes) {
     EXPECT_NEAR(key->light->shadowColor.alpha, 0.502f, 1e-3f);
     EXPECT_DOUBLE_EQ(key->light->spotOuterAngle, 60);
     EXPECT_EQ(key->light->shadowCasterMask, 4U);
+    EXPECT_FLOAT_EQ(key->light->lampRadius, 7);
 
     const SCNNodePtr floor = root.childNodeWithName("floor", SCNNode::Search::childrenOnly);
     ASSERT_TRUE(floor && floor->geometry);
@@ -45,6 +47,10 @@ TEST(SceneFile, BuildsTheTreeItDescribes) {
     EXPECT_EQ(material->diffuse.colorOr(image::Color::clear()), image::Color::hex(0x00FF00));
     EXPECT_FLOAT_EQ(material->roughness.colorOr(image::Color::clear()).red, 0.25f);
     EXPECT_TRUE(material->isDoubleSided && material->metalness.isEmpty());
+    ASSERT_TRUE(material->floor.has_value());
+    EXPECT_FLOAT_EQ(material->floor->mirror, 0.5f);
+    EXPECT_FLOAT_EQ(material->floor->contact, 0.25f);
+    EXPECT_FLOAT_EQ(material->floor->height, -12);
     EXPECT_NE(root.childNodeWithName("ball", SCNNode::Search::recursively), nullptr);
     EXPECT_FLOAT_EQ((*scene)->background.intensity, 0.5f);
     EXPECT_TRUE((*scene)->lightingEnvironment.isEmpty());

@@ -31,7 +31,10 @@ public:
     SCNShadowMode shadowMode = SCNShadowMode::forward;
     /// Alpha is the share of the light that a full shadow takes away.
     image::Color shadowColor{0, 0, 0, 0.5f};
-    float shadowRadius = 3; ///< softness, in texels of the shadow map
+    float shadowRadius = 3; ///< softness of every shadow, in texels of the shadow map
+    /// Size of the lamp: the farther a shadow falls from its caster, the softer it is. Scene units;
+    /// of a directional light, at a distance of 1000.
+    float lampRadius = 40;
     int shadowMapSize = 1024;
 
     double spotInnerAngle = 0;  ///< degrees; full brightness inside

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <variant>
 
@@ -50,6 +51,17 @@ enum class SCNBlendMode { alpha = 0, add = 1, subtract = 2, multiply = 3, screen
 enum class SCNTransparencyMode { aOne = 0, rgbZero = 1 };
 enum class SCNShaderModifierEntryPoint { surface };
 
+/// What a flat floor shows of the things that stand on it: their mirror image, and the dark places
+/// under them. Only the floor's horizontal part shows it.
+struct SCNFloorLook {
+    /// Share of the light that is mirrored when seen from straight above; more at grazing angles.
+    /// Rough places of the floor mirror less.
+    float mirror = 0;
+    float blur = 0.3f; ///< 0: sharp; 1: only soft patches; grows with the distance from the floor
+    float contact = 0.6f; ///< how dark the floor is where something stands on it
+    float height = 0;     ///< of the horizontal part, scene units above the node's origin
+};
+
 /// How a surface looks. Colour slots are in sRGB; `normal`, `roughness`, `metalness`,
 /// `ambientOcclusion` and `displacement` are data. An empty slot means: diffuse white, emission
 /// black, roughness 0.5, metalness 0, ambientOcclusion 1, transparent opaque, multiply white,
@@ -75,6 +87,7 @@ public:
     bool isDoubleSided = false;
     float transparency = 1; ///< opacity of the whole material
     std::map<SCNShaderModifierEntryPoint, std::string> shaderModifiers;
+    std::optional<SCNFloorLook> floor; ///< nothing: the surface is no floor
 
     SCNMaterialProperty diffuse;
     SCNMaterialProperty ambient;

@@ -72,6 +72,8 @@ void readShadow(JsonObject& object, SCNLight& light) {
         light.shadowColor = *color;
     if (const auto radius = object.number("shadowRadius", {0, 100}))
         light.shadowRadius = static_cast<float>(*radius);
+    if (const auto radius = object.number("lampRadius", {0, 1000}))
+        light.lampRadius = static_cast<float>(*radius);
     if (const auto size = object.integer("shadowMapSize", {16, 4096}))
         light.shadowMapSize = *size;
     if (const auto near = object.number("zNear", kLength))

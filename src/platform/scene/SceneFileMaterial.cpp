@@ -121,6 +121,21 @@ SCNMaterialProperty readProperty(JsonObject& object, std::string_view key, Probl
     return property;
 }
 
+SCNFloorLook readFloor(const JsonValue& value, const std::string& place, Problems& problems) {
+    SCNFloorLook floor;
+    JsonObject object(value, place, problems);
+    const auto read = [&](std::string_view key, Range range, float& target) {
+        if (const auto number = object.number(key, range))
+            target = static_cast<float>(*number);
+    };
+    read("mirror", kFraction, floor.mirror);
+    read("blur", kFraction, floor.blur);
+    read("contact", kFraction, floor.contact);
+    read("height", kCoordinate, floor.height);
+    object.finish();
+    return floor;
+}
+
 SCNMaterialPtr readMaterial(const JsonValue& value, const std::string& place, Problems& problems) {
     auto material = std::make_shared<SCNMaterial>();
     JsonObject object(value, place, problems);
@@ -132,6 +147,8 @@ SCNMaterialPtr readMaterial(const JsonValue& value, const std::string& place, Pr
         material->transparency = static_cast<float>(*transparency);
     if (const auto doubleSided = object.boolean("doubleSided"))
         material->isDoubleSided = *doubleSided;
+    if (const JsonValue* floor = object.find("floor"))
+        material->floor = readFloor(*floor, object.placeOf("floor"), problems);
     for (const auto& slot : kSlots) {
         (*material).*slot.value = readProperty(object, slot.name, problems);
     }
