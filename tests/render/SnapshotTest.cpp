@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/Snapshot.h"
 
+#include "platform/geometry/Primitives.h"
 #include "platform/render/DepthOfField.h"
 #include "platform/scene/SCNShapes.h"
 
@@ -83,6 +84,51 @@ TEST_F(Snapshots, TurnBillboardsToTheCameraAtTheirOwnSize) {
     const glm::mat4 seen = snapshot.camera().view * snapshot.nodes()[0].world;
     EXPECT_NEAR(seen[0].x, 3, 1e-4);
     EXPECT_NEAR(seen[0].z, 0, 1e-4);
+}
+
+// A ball with versions whose surfaces are 0.1 and 1 off.
+class Ball final : public scene::SCNGeometry {
+private:
+    [[nodiscard]] geometry::Mesh build() const override {
+        geometry::Mesh mesh = geometry::makeSphere(10, 12);
+        mesh.coarser = {{{0, 1, 2}, 0.1F}, {{0, 1, 2}, 1}};
+        mesh.isClosedSolid = true;
+        return mesh;
+    }
+};
+
+TEST_F(Snapshots, TakeFewerTrianglesWhereTheyCannotBeToldFromAll) {
+    const auto node = add({0, 0, -200});
+    node->geometry = std::make_shared<Ball>();
+    auto eye = std::make_shared<scene::SCNNode>();
+    eye->camera = std::make_shared<scene::SCNCamera>();
+    eye->camera->zFar = 1000;
+    scene.rootNode()->addChildNode(eye);
+    const auto levelAt = [&](float distance, int height) {
+        node->position = glm::vec3(0, 0, -distance);
+        snapshot.take(scene, nullptr, 1, height);
+        return snapshot.nodes()[0].level;
+    };
+    // At a distance of 200 - 5, a picture of 1000 rows and 60 degrees has 4.4 of them a unit.
+    EXPECT_EQ(levelAt(200, 1000), 1U);
+    EXPECT_EQ(levelAt(200, 200), 2U); // 0.9
+    EXPECT_EQ(levelAt(80, 1000), 0U);
+    EXPECT_EQ(levelAt(80, 0), 0U); // whole, if nobody says how large the picture is
+    node->scale = glm::vec3(3);
+    EXPECT_EQ(levelAt(200, 1000), 0U);
+}
+
+TEST_F(Snapshots, BackFacesOfAClosedSolidAreSeenOnlyFromInsideOfItsBox) {
+    const auto node = add({0, 0, -200});
+    node->geometry = std::make_shared<Ball>();
+    snapshot.take(scene, nullptr, 1);
+    const VisibleNode& ball = snapshot.nodes()[0];
+    EXPECT_FALSE(canShowBackFaces(ball, {0, 0, 0}));
+    EXPECT_TRUE(canShowBackFaces(ball, {0, 0, -200}));
+    EXPECT_TRUE(canShowBackFaces(ball, {0, 0, -189.5F}));         // the near plane reaches in
+    node->geometry = std::make_shared<scene::SCNBox>(1, 1, 1, 0); // nobody has looked
+    snapshot.take(scene, nullptr, 1);
+    EXPECT_TRUE(canShowBackFaces(snapshot.nodes()[0], {0, 0, 0}));
 }
 
 // Expected: the photographers' hyperfocal distance H = f^2 / (N c) + f. With this focus, objects

@@ -36,11 +36,23 @@ struct MeshElement {
     std::uint32_t indexCount = 0; ///< a multiple of 3
 };
 
+/// A coarser version of a mesh, with some of its vertices.
+struct MeshLevel {
+    std::vector<std::uint32_t> indices;
+    float error = 0; ///< how far its surface is from the mesh, about; in the mesh's units
+};
+
 /// Triangles are counter-clockwise seen from outside.
 struct Mesh {
     std::vector<Vertex> vertices;
     std::vector<std::uint32_t> indices;
     std::vector<MeshElement> elements;
+    /// To be drawn where the mesh is small in the picture; finest first. Only a mesh with one
+    /// element has them (see MeshLevels.h).
+    std::vector<MeshLevel> coarser;
+    /// Whether its back faces can never be seen from outside of its box (see ClosedSolid.h). False
+    /// if nobody has looked.
+    bool isClosedSolid = false;
 
     [[nodiscard]] Box bounds() const;
 };

@@ -84,6 +84,14 @@ bool ItemPainter::fadesAsAWhole(const scene::SCNMaterial& material) const {
            (bindMaterial(material, tools.holes).features & kHoles) == 0;
 }
 
+bool ItemPainter::showsBackFaces(const Frame& frame, const DrawItem& item) const {
+    if (!item.material->isDoubleSided)
+        return false;
+    // They are also seen through what stands before them.
+    return item.isTranslucent || !fadesAsAWhole(*item.material) ||
+           canShowBackFaces(frame.snapshot.nodes()[item.node], frame.snapshot.camera().position);
+}
+
 MaterialBinding ItemPainter::bound(const Frame& frame, const DrawItem& item) const {
     const VisibleNode& node = frame.snapshot.nodes()[item.node];
     MaterialBinding binding = bindMaterial(*item.material, tools.holes);
@@ -107,7 +115,9 @@ ItemPainter::key(const Frame& frame, const DrawItem& item, const Lights lights) 
     if (binding.modifier != nullptr)
         return StillLayer::kMoving;
     Hash hash;
-    hash.add(frame.snapshot.nodes()[item.node].geometry->revision());
+    const VisibleNode& node = frame.snapshot.nodes()[item.node];
+    hash.add(node.geometry->revision());
+    hash.add(node.level);
     hash.add(item.element);
     hash.add(binding.features);
     hash.addBlock(binding.item);
@@ -181,7 +191,7 @@ void ItemPainter::draw(
     tools.state.set(
         {.depthTest = depthTest,
          .depthWrite = isTranslucent ? DepthWrite::off : DepthWrite::on,
-         .culling = material.isDoubleSided ? Culling::none : Culling::backFaces,
+         .culling = showsBackFaces(frame, item) ? Culling::none : Culling::backFaces,
          .winding = windingOf(binding.item.world),
          .fill = material.fillMode == scene::SCNFillMode::lines ? Fill::lines : Fill::faces,
          .blend = isTranslucent ? blendOf(material.blendMode) : Blend::off});
@@ -195,16 +205,16 @@ void ItemPainter::drawDepth(const Frame& frame, const DrawItem& item) {
     tools.state.useProgram(tools.shaders.depthProgram(SurfaceShaders::DepthOnly::whole));
     frame.uniforms.bind(tools.state, kItemBinding, block);
     tools.state.set(
-        {.culling = item.material->isDoubleSided ? Culling::none : Culling::backFaces,
+        {.culling = showsBackFaces(frame, item) ? Culling::none : Culling::backFaces,
          .winding = windingOf(node.world),
          .colorWrite = ColorWrite::off});
     submit(frame, item);
 }
 
 void ItemPainter::submit(const Frame& frame, const DrawItem& item) {
-    const scene::SCNGeometry& geometry = *frame.snapshot.nodes()[item.node].geometry;
-    const geometry::MeshElement& element = geometry.mesh().elements[item.element];
-    tools.state.bindVertexArray(tools.meshes.vertexArray(geometry));
+    const VisibleNode& node = frame.snapshot.nodes()[item.node];
+    const geometry::MeshElement element = drawnRange(node, item.element);
+    tools.state.bindVertexArray(tools.meshes.vertexArray(*node.geometry, node.level));
     const std::uintptr_t offset = std::uintptr_t{element.firstIndex} * sizeof(std::uint32_t);
     glDrawElements(
         GL_TRIANGLES,

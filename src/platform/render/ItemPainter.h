@@ -55,6 +55,9 @@ public:
     /// while it fades.
     [[nodiscard]] bool fadesAsAWhole(const scene::SCNMaterial& material) const;
 
+    /// Whether it is drawn without culling.
+    [[nodiscard]] bool showsBackFaces(const Frame& frame, const DrawItem& item) const;
+
     /// A hash of what decides the item's pixels, for the same camera and surroundings (see
     /// StillLayer). kMoving if the item depends on time.
     [[nodiscard]] std::uint64_t key(const Frame& frame, const DrawItem& item, Lights lights) const;

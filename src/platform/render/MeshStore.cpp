@@ -83,21 +83,25 @@ void addColors(const VertexArrayHandle& array, const BufferHandle& colors) {
 
 } // namespace
 
-std::uint32_t MeshStore::vertexArray(const scene::SCNGeometry& geometry) {
+std::uint32_t MeshStore::vertexArray(const scene::SCNGeometry& geometry, std::size_t level) {
+    const geometry::Mesh& mesh = geometry.mesh();
     Uploaded& entry = meshes[geometry.revision()];
     entry.lastFrame = frame;
-    if (!entry.array) {
-        const geometry::Mesh& mesh = geometry.mesh();
+    if (!entry.vertices) {
         entry.vertices = makeBuffer(mesh.vertices);
-        entry.indices = makeBuffer(mesh.indices);
-        entry.array = makeVertexArray(entry.vertices, entry.indices);
+        entry.levels.resize(1 + mesh.coarser.size());
         const auto* colored = dynamic_cast<const scene::SCNColoredGeometry*>(&geometry);
-        if (colored != nullptr && !colored->colors().empty()) {
+        if (colored != nullptr && !colored->colors().empty())
             entry.colors = makeBuffer(linearColors(colored->colors()));
-            addColors(entry.array, entry.colors);
-        }
     }
-    return entry.array.name();
+    Level& drawn = entry.levels.at(level);
+    if (!drawn.array) {
+        drawn.indices = makeBuffer(level == 0 ? mesh.indices : mesh.coarser[level - 1].indices);
+        drawn.array = makeVertexArray(entry.vertices, drawn.indices);
+        if (entry.colors)
+            addColors(drawn.array, entry.colors);
+    }
+    return drawn.array.name();
 }
 
 bool MeshStore::prune() {

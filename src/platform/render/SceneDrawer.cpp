@@ -20,7 +20,8 @@ SceneDrawer::Frame SceneDrawer::begin(
     const RenderTarget& target,
     UniformArena& uniforms) {
     const auto [width, height] = target.size();
-    snapshot.take(scene, pointOfView, static_cast<float>(width) / static_cast<float>(height));
+    snapshot.take(
+        scene, pointOfView, static_cast<float>(width) / static_cast<float>(height), height);
     views = shadowViews(snapshot);
     painter.begin();
     return {
@@ -134,8 +135,9 @@ SceneDrawer::planned(const ItemPainter::Frame& frame, const DrawItem& item, Size
     const ItemPainter::Lights all = painter.lightsFor(frame, node.categoryBitMask, Shadows::cast);
     const LightSet& set = painter.lightSet(all);
     const int maps = set.counts.directionalShadows + set.counts.spotShadows;
-    if (maps == 0 || item.material->lightingModelName == scene::SCNLightingModel::constant)
-        return {&item, all, all};
+    if (maps == 0 || item.material->lightingModelName == scene::SCNLightingModel::constant ||
+        hidesItself(frame, item))
+        return {&item, all, all, {}, hidesItself(frame, item)};
 
     PixelRect shadowed;
     bool isCaster = false;
@@ -151,6 +153,12 @@ SceneDrawer::planned(const ItemPainter::Frame& frame, const DrawItem& item, Size
     if (isCaster && !shadowed.isEmpty())
         return {&item, all, all};
     return {&item, painter.lightsFor(frame, node.categoryBitMask, Shadows::none), all, shadowed};
+}
+
+bool SceneDrawer::hidesItself(const ItemPainter::Frame& frame, const DrawItem& item) const {
+    constexpr std::uint32_t kDense = 3 * 2000; // indices
+    return painter.showsBackFaces(frame, item) && painter.fadesAsAWhole(*item.material) &&
+           drawnRange(snapshot.nodes()[item.node], item.element).indexCount > kDense;
 }
 
 void SceneDrawer::keepWhatTheLayerShows(const scene::SCNScene& scene) {
@@ -173,7 +181,12 @@ void SceneDrawer::drawBackground(const Frame& frame, const RenderTarget& target)
 }
 
 void SceneDrawer::drawWhole(const ItemPainter::Frame& frame, const OpaqueItem& opaque) {
-    painter.draw(frame, *opaque.item, opaque.lights, DepthTest::nearer);
+    if (!opaque.isDepthFirst) {
+        painter.draw(frame, *opaque.item, opaque.lights, DepthTest::nearer);
+        return;
+    }
+    painter.drawDepth(frame, *opaque.item);
+    painter.draw(frame, *opaque.item, opaque.lights, DepthTest::nearerOrEqual);
 }
 
 void SceneDrawer::drawShadowed(

@@ -83,7 +83,8 @@ private:
         const DrawItem* item = nullptr;
         ItemPainter::Lights lights = 0; ///< for the whole item
         ItemPainter::Lights shadowLights = 0;
-        PixelRect shadowed{}; ///< where it is drawn with shadowLights; may be empty
+        PixelRect shadowed{};      ///< where it is drawn with shadowLights; may be empty
+        bool isDepthFirst = false; ///< its depth is drawn before its colour
     };
 
     /// Null if the scene has no image-based light.
@@ -93,6 +94,9 @@ private:
     [[nodiscard]] std::uint32_t frameFeatures(const scene::SCNScene& scene);
     [[nodiscard]] OpaqueItem
     planned(const ItemPainter::Frame& frame, const DrawItem& item, Size picture);
+    /// Whether an item has many triangles that its own front hides. They cost only their depth if
+    /// that is drawn first.
+    [[nodiscard]] bool hidesItself(const ItemPainter::Frame& frame, const DrawItem& item) const;
     [[nodiscard]] std::uint64_t surroundingsKey(const Frame& frame) const;
     void keepWhatTheLayerShows(const scene::SCNScene& scene);
     void drawBackground(const Frame& frame, const RenderTarget& target);

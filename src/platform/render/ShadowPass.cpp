@@ -16,6 +16,7 @@ std::uint64_t contentOf(const Snapshot& snapshot, const ShadowView& view) {
         if (!casts(node, light))
             continue;
         hash.add(node.geometry->revision());
+        hash.add(node.level);
         hash.addBlock(node.world);
         hash.addBlock(node.opacity);
     }
@@ -63,8 +64,10 @@ void ShadowPass::drawCasters(const Tools& tools, const Snapshot& snapshot, const
         item.world = node.world;
         item.diffuse.a = node.opacity;
         tools.uniforms.bind(tools.state, kItemBinding, item);
-        tools.state.bindVertexArray(tools.meshes.vertexArray(*node.geometry));
-        const auto count = static_cast<GLsizei>(node.geometry->mesh().indices.size());
+        tools.state.bindVertexArray(tools.meshes.vertexArray(*node.geometry, node.level));
+        const geometry::Mesh& mesh = node.geometry->mesh();
+        const auto count = static_cast<GLsizei>(
+            node.level == 0 ? mesh.indices.size() : mesh.coarser[node.level - 1].indices.size());
         glDrawElements(GL_TRIANGLES, count, GL_UNSIGNED_INT, nullptr);
     }
     tools.state.setDepthOffset(0, 0);

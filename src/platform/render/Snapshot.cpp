@@ -5,6 +5,8 @@
 #include "platform/scene/SCNColoredGeometry.h"
 
 #include <glm/geometric.hpp>
+#include <glm/matrix.hpp>
+#include <glm/vector_relational.hpp>
 
 #include <algorithm>
 #include <cmath>
@@ -41,7 +43,46 @@ glm::mat4 facing(const glm::mat4& world, const glm::mat3& axes) {
     return result;
 }
 
+/// The coarsest version of a mesh that cannot be told from it, where a length of 1 has this many
+/// pixels.
+std::size_t levelFor(const geometry::Mesh& mesh, float pixels) {
+    constexpr float kUnseen = 1; // pixels
+    std::size_t level = 0;
+    while (level < mesh.coarser.size() && mesh.coarser[level].error * pixels < kUnseen) {
+        ++level;
+    }
+    return level;
+}
+
+/// With the room that the near plane takes.
+bool contains(const geometry::Box& box, const glm::mat4& world, const glm::vec3& place) {
+    constexpr float kRoom = 1.1F;
+    const glm::vec3 local(glm::inverse(world) * glm::vec4(place, 1));
+    const glm::vec3 middle = (box.min + box.max) * 0.5F;
+    const glm::vec3 half = (box.max - box.min) * 0.5F * kRoom;
+    return glm::all(glm::lessThanEqual(glm::abs(local - middle), half));
+}
+
+float largestScale(const glm::mat4& world) {
+    return std::max(
+        {glm::length(glm::vec3(world[0])),
+         glm::length(glm::vec3(world[1])),
+         glm::length(glm::vec3(world[2]))});
+}
+
 } // namespace
+
+bool canShowBackFaces(const VisibleNode& node, const glm::vec3& place) {
+    return !node.geometry->mesh().isClosedSolid ||
+           contains(node.geometry->boundingBox(), node.world, place);
+}
+
+geometry::MeshElement drawnRange(const VisibleNode& node, std::size_t element) {
+    const geometry::Mesh& mesh = node.geometry->mesh();
+    if (node.level == 0)
+        return mesh.elements[element];
+    return {0, static_cast<std::uint32_t>(mesh.coarser[node.level - 1].indices.size())};
+}
 
 bool Snapshot::isTranslucent(const SCNMaterial& material, float opacity) {
     using scene::SCNBlendMode;
@@ -54,13 +95,15 @@ bool Snapshot::isTranslucent(const SCNMaterial& material, float opacity) {
     return material.transparent.image() != nullptr || holes.isIn(material.diffuse.image());
 }
 
-void Snapshot::take(const scene::SCNScene& scene, const SCNNode* pointOfView, float aspect) {
+void Snapshot::take(
+    const scene::SCNScene& scene, const SCNNode* pointOfView, float aspect, int height) {
     nodes_.clear();
     opaque_.clear();
     translucent_.clear();
     lights_.clear();
     emitters_.clear();
     placeCamera(scene, pointOfView, aspect);
+    pixelsAtOne = camera_.projection[1][1] * static_cast<float>(height) / 2;
     const Frustum frustum(camera_.viewProjection);
     walk(*scene.rootNode(), {glm::mat4(1), 1}, frustum);
     std::sort(opaque_.begin(), opaque_.end(), [](const DrawItem& a, const DrawItem& b) {
@@ -121,6 +164,7 @@ void Snapshot::addNode(const SCNNode& node, const Inherited& own, const Frustum&
         node.castsShadow,
         isInView,
         0,
+        0,
         0};
     const glm::vec4 depthOf =
         -glm::vec4(camera_.view[0][2], camera_.view[1][2], camera_.view[2][2], camera_.view[3][2]);
@@ -129,6 +173,11 @@ void Snapshot::addNode(const SCNNode& node, const Inherited& own, const Frustum&
     visible.farthest = visible.middle + std::abs(glm::dot(depthOf, own.world[0])) * half.x +
                        std::abs(glm::dot(depthOf, own.world[1])) * half.y +
                        std::abs(glm::dot(depthOf, own.world[2])) * half.z;
+    if (!mesh.coarser.empty() && pixelsAtOne > 0) {
+        const float nearest = 2 * visible.middle - visible.farthest;
+        const float distance = std::max((nearest + visible.middle) / 2, 1.0F);
+        visible.level = levelFor(mesh, largestScale(own.world) * pixelsAtOne / distance);
+    }
     nodes_.push_back(visible);
     if (isInView)
         addItems(static_cast<std::uint32_t>(nodes_.size() - 1));

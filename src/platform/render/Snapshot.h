@@ -5,6 +5,7 @@
 #include "platform/render/PictureHoles.h"
 #include "platform/scene/SCNScene.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -19,10 +20,18 @@ struct VisibleNode {
     float opacity = 1; ///< multiplied by those of its ancestors
     std::uint32_t categoryBitMask = 1;
     bool castsShadow = true;
-    bool isInView = true; ///< false: only its shadow may be visible
-    float farthest = 0;   ///< distance along the view of its box's farthest corner, scene units
-    float middle = 0;     ///< the same for the middle of its box
+    bool isInView = true;  ///< false: only its shadow may be visible
+    float farthest = 0;    ///< distance along the view of its box's farthest corner, scene units
+    float middle = 0;      ///< the same for the middle of its box
+    std::size_t level = 0; ///< 0: the whole mesh; n: the nth of Mesh::coarser
 };
+
+/// Whether back faces of a double-sided material can be seen from a place. A closed solid hides
+/// them, unless the place is in its box.
+[[nodiscard]] bool canShowBackFaces(const VisibleNode& node, const glm::vec3& place);
+
+/// The range of indices of an element, in the level at which the node is drawn.
+[[nodiscard]] geometry::MeshElement drawnRange(const VisibleNode& node, std::size_t element);
 
 /// One element of a visible node, drawn by one call.
 struct DrawItem {
@@ -53,8 +62,13 @@ public:
     static constexpr float kInvisible = 1.0f / 512.0f;
 
     /// `pointOfView` may be null: then the first node with a camera is used. A scene without a
-    /// camera is seen from the origin.
-    void take(const scene::SCNScene& scene, const scene::SCNNode* pointOfView, float aspect);
+    /// camera is seen from the origin. `height` is that of the picture in pixels: meshes with more
+    /// triangles than it can show are taken in a coarser version. 0: all are taken whole.
+    void take(
+        const scene::SCNScene& scene,
+        const scene::SCNNode* pointOfView,
+        float aspect,
+        int height = 0);
 
     [[nodiscard]] const CameraView& camera() const { return camera_; }
 
@@ -89,6 +103,7 @@ private:
     [[nodiscard]] bool isTranslucent(const scene::SCNMaterial& material, float opacity);
 
     CameraView camera_;
+    float pixelsAtOne = 0; ///< pixels of a length of 1 at a distance of 1
     const scene::SCNCamera* sceneCamera_ = nullptr;
     std::vector<VisibleNode> nodes_;
     std::vector<DrawItem> opaque_;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/scene/SCNReferenceNode.h"
 
+#include "platform/geometry/ClosedSolid.h"
+#include "platform/geometry/MeshLevels.h"
 #include "platform/object/reading/ObjectReader.h"
 #include "platform/scene/ObjectBatches.h"
 #include "platform/scene/ObjectNodes.h"
@@ -29,6 +31,16 @@ constexpr double kReadingShare = 0.7; ///< of the time, by and large
     return result;
 }
 
+/// Finds out how few triangles can be drawn where the mesh is small, or seen from outside.
+void saveTriangles(geometry::Mesh& mesh, const std::stop_token& stop) {
+    constexpr std::size_t kFewest = 3 * 4000;    // indices; below, nothing is to be gained
+    constexpr std::size_t kMost = 3 * 500'000; // above, loading would take seconds longer
+    if (mesh.indices.size() < kFewest || mesh.indices.size() > kMost || stop.stop_requested())
+        return;
+    mesh.isClosedSolid = geometry::isClosedSolid(mesh);
+    mesh.coarser = geometry::coarserLevels(mesh, [&stop] { return stop.stop_requested(); });
+}
+
 } // namespace
 
 Result<ReadObject> readObjectFile(const std::filesystem::path& file, const LoadWatch& watch) {
@@ -37,6 +49,8 @@ Result<ReadObject> readObjectFile(const std::filesystem::path& file, const LoadW
         return tl::unexpected(scene.error());
     ReadObject read{std::move(*scene), {}};
     joinSmallPieces(read.scene);
+    for (object::Piece& piece : read.scene.pieces)
+        saveTriangles(piece.mesh, watch.stop);
     read.materials = materialsOf(read.scene, watchOf(watch, LoadStep::pictures));
     if (watch.stop.stop_requested())
         return tl::unexpected(object::cancelledError());
