@@ -25,6 +25,8 @@ namespace {
 /// enough for exact fades.
 constexpr int kBufferMs = 80;
 
+constexpr int kLookMs = 500; ///< how soon a lost or new device is noticed
+
 constexpr qint64 kBytesPerFrame = qint64{AudioReader::kChannels} * qint64{sizeof(float)};
 
 QAudioFormat stereoFloat() {
@@ -77,6 +79,8 @@ public:
         QObject::connect(&draining, &QTimer::timeout, [this] { release(); });
         QObject::connect(
             &devices, &QMediaDevices::audioOutputsChanged, [this] { followDefaultDevice(); });
+        // With PulseAudio, Qt 6.4 does not tell of a change, so the program looks itself.
+        QObject::connect(&looking, &QTimer::timeout, [this] { followDefaultDevice(); });
     }
 
     ~SystemAudioOutput() override { release(); }
@@ -90,16 +94,19 @@ public:
         isStarted = true;
         stream.setSource(std::move(source));
         openSink();
+        looking.start(kLookMs);
     }
 
     void stop() override {
         isStarted = false;
+        looking.stop();
         stream.setSource({});
         release(); // drops the buffer, so it is silent at once
     }
 
     void finish() override {
         isStarted = false;
+        looking.stop();
         stream.setSource({}); // silence from now on
         draining.start(2 * kBufferMs);
     }
@@ -113,7 +120,7 @@ private:
         sink->setBufferSize(
             static_cast<int>(kBytesPerFrame * AudioReader::kSampleRate * kBufferMs / 1000));
         sink->start(&stream);
-        if (sink->error() != QAudio::NoError)
+        if (sink->error() != QAudio::NoError && !std::exchange(hasComplained, true))
             foundation::logLine("The sound device does not start.");
     }
 
@@ -125,7 +132,8 @@ private:
     }
 
     void followDefaultDevice() {
-        if (!isStarted || QMediaDevices::defaultAudioOutput() == device)
+        const bool isLost = sink && sink->state() == QAudio::StoppedState;
+        if (!isStarted || (!isLost && QMediaDevices::defaultAudioOutput() == device))
             return;
         if (onDeviceChange)
             onDeviceChange(); // stops, and starts where the song is now
@@ -136,7 +144,9 @@ private:
     QAudioDevice device;
     std::unique_ptr<QAudioSink> sink; ///< null while there is no device
     QTimer draining;
+    QTimer looking;
     bool isStarted = false;
+    bool hasComplained = false;
 };
 
 } // namespace
