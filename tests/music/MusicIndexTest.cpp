@@ -41,10 +41,12 @@ TEST_F(MusicIndexTest, ListsTheSongsOfAnAlbumByDiscAndTrack) {
     write(
         "a/2.wav", {{"TITLE", "Three"}, {"ALBUM", "A"}, {"TRACKNUMBER", "1"}, {"DISCNUMBER", "2"}});
     write("a/3.wav", {{"TITLE", "One"}, {"ALBUM", "A"}, {"TRACKNUMBER", "1"}, {"DISCNUMBER", "1"}});
+    write("a/0.wav", {{"TITLE", "Nowhere"}, {"ALBUM", "A"}});
     write("b/4.wav", {{"TITLE", "Other"}, {"ALBUM", "A"}});
     write("Live/no tags.wav", {});
-    EXPECT_EQ(update().read, 5);
-    EXPECT_THAT(titles(), ElementsAre("A/One", "A/Two", "A/Three", "A/Other", "Live/no tags"));
+    EXPECT_EQ(update().read, 6);
+    EXPECT_THAT(
+        titles(), ElementsAre("A/One", "A/Two", "A/Three", "A/Nowhere", "A/Other", "Live/no tags"));
 }
 
 TEST_F(MusicIndexTest, ReadsOnlyWhatHasChanged) {
@@ -154,6 +156,8 @@ TEST(AlbumList, HasSectionsByLetterAndFindsWhatIsTyped) {
     EXPECT_EQ(list.albums.at(list.find("the w").value()).key, "4");
     EXPECT_EQ(list.find("wall"), std::nullopt);
     EXPECT_EQ(list.sectionOf(2), 1);
+    const auto volumes = AlbumList::arrange({{"10", "Volume 10", ""}, {"9", "Volume 9", ""}});
+    EXPECT_EQ(volumes.albums.front().key, "9");
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 
+#include <chrono>
 #include <cmath>
 
 namespace zelvo::sound {
@@ -146,6 +147,8 @@ TEST_F(WallWaveformTest, TheLastOfManyQuickSongsIsTheOnlyOneShown) {
     });
     for (int round = 0; round < 30; ++round) {
         isSoft = round % 2 != 0;
+        // Meanwhile the next piece of the former song is decoded, and waits to be taken.
+        std::this_thread::sleep_for(std::chrono::milliseconds(round % 3 * 5));
         waveform.load(file(isSoft ? "soft.wav" : "loud.wav"));
         EXPECT_TRUE(waveform.values().empty());
         const auto some = static_cast<std::size_t>(round % 4) * 20;

@@ -2,6 +2,7 @@
 #include "platform/music/AlbumList.h"
 
 #include <QCollator>
+#include <QLocale>
 #include <QString>
 
 #include <algorithm>
@@ -57,10 +58,15 @@ struct Place {
     }
 };
 
+/// The locale "C" has no order of letters, and none of numbers.
+QLocale sortingLocale() {
+    return QLocale().language() == QLocale::C ? QLocale(QLocale::English) : QLocale();
+}
+
 } // namespace
 
 AlbumList AlbumList::arrange(std::vector<MusicAlbum> albums) {
-    QCollator collator;
+    QCollator collator(sortingLocale());
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     collator.setNumericMode(true);
     std::vector<Place> places;

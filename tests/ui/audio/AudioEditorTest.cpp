@@ -178,6 +178,8 @@ TEST_F(AudioEditorTest, WhatEndsThePreview) {
     EXPECT_TRUE(isEndedBy([this] { drag(editor.draggableView, 1); }));
     EXPECT_TRUE(isEndedBy([this] { drag(editor.leftDragger, 1); }));
     EXPECT_FALSE(isEndedBy([this] { drag(editor.rightDragger, 1); }));
+    EXPECT_TRUE(
+        isEndedBy([this] { editor.draggableView.pressKey(Qt::Key_Right, Qt::NoModifier); }));
     EXPECT_TRUE(isEndedBy([this] { editor.assignSong(song("other.wav", 9), "Other"); }));
     EXPECT_TRUE(isEndedBy([this] { editor.importButton.click(); }));
     answer("Cancel");
