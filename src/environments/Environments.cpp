@@ -39,6 +39,7 @@ void SNE_Plain::setBackground(const image::Color& color) {
 
 SNE_Shiny::SNE_Shiny(foundation::RunLoop& loop)
     : SNE(loop) {
+    loadScene("Shiny.scn");
     scene->background.setImage(image::requiredImage("Background001.png"));
     setLighting("Environment001.jpg", kShinyLight);
 }
@@ -57,8 +58,7 @@ SNE_Stage::SNE_Stage(foundation::RunLoop& loop)
 
 void SNE_Stage::setBackground(const image::Color& color) {
     SNE::setBackground(color);
-    if (omniLight && omniLight->light)
-        omniLight->light->color = color;
+    setLamp(omniLight, color);
 }
 
 } // namespace zelvo::environments

@@ -125,6 +125,18 @@ void SNE::setLighting(const std::string& picture, float intensity) {
     scene->lightingEnvironment.intensity = intensity;
 }
 
+void SNE::setLamp(const scene::SCNNodePtr& node, const image::Color& color) {
+    if (!node || !node->light)
+        return;
+    node->light->color = color;
+    node->enumerateHierarchy([&color](const scene::SCNNode& part) {
+        if (!part.geometry)
+            return;
+        for (const scene::SCNMaterialPtr& material : part.geometry->materials)
+            material->multiply.contents = color;
+    });
+}
+
 scene::SCNNodePtr SNE::nodeNamed(const std::string& name) const {
     return scene->rootNode()->childNodeWithName(name, scene::SCNNode::Search::recursively);
 }

@@ -60,6 +60,9 @@ protected:
     void loadScene(const std::string& name);
     /// Sets a resource panorama as image-based light; a missing one gives no light.
     void setLighting(const std::string& picture, float intensity);
+    /// Gives a lamp its colour, and all that hangs below it: tubes, cones, glows. Does nothing if
+    /// the node or its light is missing.
+    static void setLamp(const scene::SCNNodePtr& node, const image::Color& color);
     /// The first descendant of the root with this name; null if there is none.
     [[nodiscard]] scene::SCNNodePtr nodeNamed(const std::string& name) const;
 

@@ -23,11 +23,6 @@ constexpr float kFlaresLight = 7.0f;
 constexpr std::array<float, 4> kBrillianceShifts = {0.06f, 0.12f, -0.12f, -0.06f};
 constexpr float kFlaresShift = 0.3f;
 
-void setLight(const scene::SCNNodePtr& node, const image::Color& color) {
-    if (node && node->light)
-        node->light->color = color;
-}
-
 void setLightMask(const scene::SCNNodePtr& node, std::uint32_t mask) {
     if (node && node->light)
         node->light->categoryBitMask = mask;
@@ -76,7 +71,7 @@ SNE_Ancient::SNE_Ancient(foundation::RunLoop& loop)
 void SNE_Ancient::setBackground(const image::Color& color) {
     SNE::setBackground(color);
     for (const auto& lamp : {light3, light5, light4, shadowLight})
-        setLight(lamp, color);
+        setLamp(lamp, color);
 }
 
 SNE_Backlight::SNE_Backlight(foundation::RunLoop& loop)
@@ -100,7 +95,7 @@ void SNE_Backlight::setBackground(const image::Color& color) {
             return scene::CubeImages{wall, wall, wall, wall, front, wall};
         });
     scene->background.contents = color; // until the walls are painted
-    setLight(shadowLight, color);
+    setLamp(shadowLight, color);
 }
 
 SNE_SpaceBox::SNE_SpaceBox(foundation::RunLoop& loop)
@@ -138,7 +133,7 @@ SNE_Brilliance::SNE_Brilliance(foundation::RunLoop& loop)
 void SNE_Brilliance::setBackground(const image::Color& color) {
     SNE::setBackground(color);
     for (std::size_t i = 0; i < spotLightNodes.size(); ++i)
-        setLight(spotLightNodes.at(i), shifted(color, kBrillianceShifts.at(i)));
+        setLamp(spotLightNodes.at(i), shifted(color, kBrillianceShifts.at(i)));
 }
 
 SNE_Subtle::SNE_Subtle(foundation::RunLoop& loop)
@@ -150,7 +145,7 @@ SNE_Subtle::SNE_Subtle(foundation::RunLoop& loop)
 
 void SNE_Subtle::setBackground(const image::Color& color) {
     SNE::setBackground(color);
-    setLight(colorLight, color);
+    setLamp(colorLight, color);
 }
 
 SNE_Flares::SNE_Flares(foundation::RunLoop& loop)
@@ -167,10 +162,10 @@ void SNE_Flares::setBackground(const image::Color& color) {
     SNE::setBackground(color);
     if (floor)
         floor->opacity = color == ui::kPalette.front() ? 0.0f : 1.0f;
-    setLight(omniLight1, color);
-    setLight(omniLight2, color);
-    setLight(omniLight3, shifted(color, kFlaresShift));
-    setLight(omniLight4, shifted(color, kFlaresShift));
+    setLamp(omniLight1, color);
+    setLamp(omniLight2, color);
+    setLamp(omniLight3, shifted(color, kFlaresShift));
+    setLamp(omniLight4, shifted(color, kFlaresShift));
 }
 
 } // namespace zelvo::environments

@@ -168,6 +168,7 @@ TEST_F(EnvironmentTest, SpreadTheColourOverTheirLamps) {
         {flares,     "omni4",       0.3f,   0},
     });
     // clang-format on
+    int bodies = 0; // tubes, cones and glows that hang below a lamp
     for (const Row& row : rows) {
         const SNEPtr one = environment(row.index);
         one->setBackground(kRed);
@@ -178,8 +179,16 @@ TEST_F(EnvironmentTest, SpreadTheColourOverTheirLamps) {
         EXPECT_EQ(std::abs(hue - turns) < 1e-4f, row.shift != kOwn) << row.lamp << ": " << hue;
         EXPECT_NE(node->light->color == kRed, row.shift != 0) << row.lamp;
         const std::uint32_t mask = node->light->categoryBitMask;
+        node->enumerateHierarchy([&](const scene::SCNNode& part) {
+            if (!part.geometry)
+                return;
+            ++bodies;
+            const auto& material = part.geometry->materials.front();
+            EXPECT_EQ(material->multiply.colorOr(kGreen), node->light->color) << part.name;
+        });
         EXPECT_TRUE(row.mask != 0 ? mask == row.mask : (mask & node::kContentMask) != 0) << mask;
     }
+    EXPECT_GT(bodies, 0);
     EXPECT_EQ(nodeOf(*environment(ancient), "plane")->categoryBitMask, 2U);
 }
 

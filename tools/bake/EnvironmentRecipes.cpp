@@ -146,13 +146,12 @@ float awayFromRim(const glm::vec2& place) {
     return glm::smoothstep(0.0f, 0.30f, rim.x) * glm::smoothstep(0.0f, 0.30f, rim.y);
 }
 
-/// A wall with a frame of neon tube, and its glow to both sides.
+/// A wall in the glow of a frame of tubes, which the scene hangs in front of it.
 float litWall(const glm::vec2& coordinates) {
     const glm::vec2 place = coordinates - 0.5f;
     const float outside = roundedFrame(place, {0.41f, 0.235f}, 0.05f);
     const float away = std::abs(outside);
-    const float tube = 1 - glm::smoothstep(0.0040f, 0.0062f, away);
-    const float halo = 0.62f * std::exp(-away / 0.020f) + 0.34f * std::exp(-away / 0.085f);
+    const float halo = 0.22f * std::exp(-away / 0.040f) + 0.30f * std::exp(-away / 0.11f);
     const float middle = glm::length(place / glm::vec2(0.46f, 0.24f));
     const float behind = 0.20f * std::exp(-middle * middle);
     // Slats break up the glow.
@@ -160,7 +159,7 @@ float litWall(const glm::vec2& coordinates) {
     const float groove = glm::mix(0.80f, 1.0f, glm::smoothstep(0.0f, 0.18f, 1 - slat));
     const glm::vec2 rim = 0.5f - glm::abs(place);
     const float fade = glm::smoothstep(0.0f, 0.09f, std::min(rim.x, rim.y));
-    return std::max(tube, kRoomRim + fade * ((halo + behind) * groove - 0.03f));
+    return kRoomRim + fade * ((halo + behind) * groove - 0.03f);
 }
 
 float plainWall(const glm::vec2& coordinates) {
@@ -228,13 +227,13 @@ Baked starrySky(int width, int height) {
 
 // clang-format off
 constexpr auto kRecipes = std::to_array<Recipe>({
-    {"cloud_layers_mirror.png",  Repeats::sideways, 2048, 1024, cloudLayers      },
+    {"cloud_layers_mirror.png",  Repeats::sideways, 4096, 2048, cloudLayers      },
     {"Environment002.jpg",       Repeats::sideways, 1024, 512,  jewelRoom        },
     {"Environment003.jpg",       Repeats::sideways, 1024, 512,  softRoom         },
     {"Showroom.png",             Repeats::never,    1024, 1024, maskOf<litWall>  },
     {"Showroom_filler.png",      Repeats::never,    1024, 1024, maskOf<plainWall>},
     {"black_cubemap_filler.png", Repeats::never,    1024, 1024, blackness        },
-    {"Glitter.png",              Repeats::sideways, 1024, 1024, starrySky        },
+    {"Glitter.png",              Repeats::sideways, 2048, 2048, starrySky        },
 });
 // clang-format on
 

@@ -21,6 +21,7 @@ std::vector<Recipe> allRecipes() {
           energyRecipes(),
           cityRecipes(),
           environmentRecipes(),
+         stageRecipes(),
           placeholderRecipes(),
           maskRecipes(),
           particleRecipes()}) {

@@ -40,6 +40,7 @@ struct Recipe {
 [[nodiscard]] std::span<const Recipe> energyRecipes();
 [[nodiscard]] std::span<const Recipe> cityRecipes();
 [[nodiscard]] std::span<const Recipe> studioRecipes();
+[[nodiscard]] std::span<const Recipe> stageRecipes();
 [[nodiscard]] std::span<const Recipe> environmentRecipes();
 [[nodiscard]] std::span<const Recipe> placeholderRecipes();
 [[nodiscard]] std::span<const Recipe> maskRecipes();
