@@ -69,7 +69,8 @@ public:
             renderer.update(time);
         return Tile{
             caption,
-            renderer.snapshotAtTime(time, {format.tile.width, format.tile.height}, kOversampling)};
+            renderer.snapshotAtTime(
+                time, {format.tile.width, format.tile.height}, {.oversampling = kOversampling})};
     }
 
     /// Whether a file could not be read. Its tile is empty, and tells why.

@@ -27,8 +27,7 @@ struct FrameTap {
 /// The settings of the next export.
 struct MovieOptions {
     render::Size renderSize{1920, 1080}; ///< of the movie; both sides even
-    /// drawn size over renderSize; scaling down takes the place of antialiasing
-    double oversampling = 1.5;
+    render::DrawQuality quality{};
 
     /// Empty: HEVC if the machine encodes it in hardware, otherwise H.264.
     std::optional<media::VideoCodec> codec;

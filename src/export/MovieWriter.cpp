@@ -121,7 +121,7 @@ void MovieWriter::renderFrame(int frame) {
     const render::FrameRequest request{
         .time = time,
         .outputSize = options.renderSize,
-        .oversampling = options.oversampling,
+        .quality = options.quality,
     };
     if (auto drawn = pipeline->submit(request, stamp); !drawn)
         fail(drawn.error());

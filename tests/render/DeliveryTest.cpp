@@ -38,7 +38,7 @@ protected:
 };
 
 std::vector<std::uint8_t> bytesOf(SCNRenderer& renderer) {
-    renderer.begin({0, {64, 64}});
+    renderer.begin({0, {64, 64}, {1.5, 4}});
     const FrameView view = renderer.finish();
     return {view.bytes.begin(), view.bytes.end()};
 }
@@ -63,7 +63,7 @@ TEST_F(Delivery, GivesTheSameBytesTwiceAndInOrder) {
     const auto first = bytesOf(*renderer);
     EXPECT_EQ(first, bytesOf(*renderer));
     // Beginning a frame must not change an earlier one that still waits.
-    renderer->begin({0, kSize});
+    renderer->begin({0, kSize, {1.5, 4}});
     scene->background.contents = image::Color::hex(0x808080);
     renderer->begin({0, kSize});
     const FrameView view = renderer->finish();
@@ -72,25 +72,28 @@ TEST_F(Delivery, GivesTheSameBytesTwiceAndInOrder) {
 }
 
 // A half plane with a slanting edge: a pixel's brightness is the share that it covers.
-TEST_F(Delivery, OversamplingApproachesTheCoveredArea) {
+TEST_F(Delivery, SamplesAndOversamplingApproachTheCoveredArea) {
     constexpr float kSlope = 0.3f;
     const float across = std::sqrt(1 + kSlope * kSlope);
     const auto half = addSquare(makeMaterial(image::Color::white(1)), 0, 8);
     half->setEulerAngles({0, 0, -std::atan(kSlope)});
     half->position = glm::vec3(-4 / across, 4 * kSlope / across, 0);
-    for (const double oversampling : {1.0, 1.5, 4.0}) {
-        const image::Image picture = draw(oversampling);
+    for (const DrawQuality& quality :
+         {DrawQuality{1, 1}, {1.5, 1}, {4, 1}, {1, 4}, {1.5, 4}, {2, 4}}) {
+        const image::Image picture = renderer->snapshotAtTime(0, kSize, quality);
         double worst = 0;
         for (int y = 0; y < 64; ++y) {
             for (int x = 0; x < 64; ++x) {
                 const double distance = (x + 0.5 - 32 - (32 - (y + 0.5)) * kSlope) / across;
                 const double covered =
                     std::clamp(0.5 - distance / (std::abs(1 / across) + kSlope / across), 0.0, 1.0);
-                const double got = std::pow(at(picture, x, y)[0] / 255.0, 2);
+                const double got =
+                    image::linearFromSRGB(static_cast<float>(at(picture, x, y)[0]) / 255);
                 worst = std::max(worst, std::abs(got - covered));
             }
         }
-        EXPECT_LT(worst, 0.6 / oversampling) << "oversampling " << oversampling;
+        const double perSide = quality.oversampling * std::sqrt(quality.samples);
+        EXPECT_LT(worst, 0.6 / perSide) << quality.oversampling << ", " << quality.samples;
     }
 }
 

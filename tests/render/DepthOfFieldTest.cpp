@@ -22,7 +22,7 @@ protected:
     /// Pixels of the middle row that are neither white nor black.
     [[nodiscard]] int softPixels(double focusDistance) const {
         camera->camera->focusDistance = focusDistance;
-        const image::Image picture = renderer->snapshotAtTime(0, kPicture, 1);
+        const image::Image picture = renderer->snapshotAtTime(0, kPicture, {1, 1});
         int count = 0;
         for (int x = 0; x < kPicture.width; ++x) {
             const int red = at(picture, x, kPicture.height / 2)[0];
@@ -52,7 +52,7 @@ TEST_F(Focus, BlursTheMoreTheFartherFromTheFocus) {
 TEST_F(Focus, BlursByTheDepthOfItsOwnFrameWhateverSizesCameBefore) {
     const auto drawnAt = [this](SCNRenderer& by, int size, float z) {
         square->position = glm::vec3(0, 0, z);
-        return by.snapshotAtTime(0, {size, size}, 1);
+        return by.snapshotAtTime(0, {size, size}, {1, 1});
     };
     camera->camera->focusDistance = 10;
     auto fresh = *SCNRenderer::make();
@@ -67,7 +67,7 @@ TEST_F(Focus, BlursByTheDepthOfItsOwnFrameWhateverSizesCameBefore) {
 
 TEST_F(Focus, KeepsTheLightOfWhatItSpreads) {
     const auto mean = [this] {
-        const image::Image picture = renderer->snapshotAtTime(0, kPicture, 1);
+        const image::Image picture = renderer->snapshotAtTime(0, kPicture, {1, 1});
         double sum = 0;
         for (std::size_t i = 0; i < picture.pixels.size(); i += 4)
             sum += static_cast<double>(picture.pixels[i]) * picture.pixels[i];

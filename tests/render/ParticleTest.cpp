@@ -41,8 +41,12 @@ TEST_F(ParticleTest, CoversOrAddsByItsAlpha) {
 
     for (const Row& row : std::initializer_list<Row>{
              {{1, 0, 0, 1}, ParticleBlendMode::alpha, {255, 0, 0}},
-             {{1, 0, 0, 0.5f}, ParticleBlendMode::alpha, {160, 32, 32}},
-             {{1, 0.5f, 0, 0.5f}, ParticleBlendMode::additive, {192, 128, 64}}}) {
+             {{1, 0, 0, 0.5f},
+              ParticleBlendMode::alpha,
+              {lit(0.5, 255, 0.5, 64), lit(0.5, 64), lit(0.5, 64)}},
+             {{1, 0.5f, 0, 0.5f},
+              ParticleBlendMode::additive,
+              {lit(1, 128, 1, 64), lit(1, 64, 1, 64), 64}}}) {
         const scene::SCNNodePtr node = addParticle(row.color, row.mode);
         expectNear(middle(), row.wanted, 2);
         expectNear(at(draw(), 10, 32), {64, 64, 64}, 1); // beside it
@@ -59,13 +63,13 @@ TEST_F(ParticleTest, StandsBehindWhatIsNearer) {
     expectNear(middle(), {64, 64, 64}, 1);
     // An additive particle is a ball: half its size is in front of the wall.
     addParticle({0, 0, 0.5f, 1}, ParticleBlendMode::additive, -1.3f);
-    expectNear(middle(), {64, 64, 192}, 1);
+    expectNear(middle(), {64, 64, lit(1, 128, 1, 64)}, 1);
 }
 
 TEST_F(ParticleTest, FadesBeforeTheCamera) {
     const scene::SCNNodePtr node = addParticle({1, 1, 1, 1}, ParticleBlendMode::additive, 45);
     const int half = middle()[0]; // 55 units away: half way between 20 and 90
-    EXPECT_NEAR(half, 64 + 128, 3);
+    EXPECT_NEAR(half, lit(1, 128, 1, 64), 3);
     node->removeFromParentNode();
     addParticle({1, 1, 1, 1}, ParticleBlendMode::additive, 85);
     expectNear(middle(), {64, 64, 64}, 1);

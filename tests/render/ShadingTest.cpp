@@ -127,7 +127,7 @@ TEST_F(Shading, ToneMapsAsThePublishedCurve) {
           {{60, 6, 6}, {0.999, 0.908, 0.908}}}) {
         for (int c = 0; c < 3; ++c) {
             Color color = Color::hex(c == 0 ? 0xFF0000 : c == 1 ? 0x00FF00 : 0x0000FF);
-            addLight(SCNLightType::ambient, {}, 1000 * light[c])->color = color;
+            addLight(SCNLightType::directional, {}, 1000 * light[c])->color = color;
         }
         const glm::dvec3 got = measured();
         for (int c = 0; c < 3; ++c)

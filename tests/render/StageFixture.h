@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdlib>
 #include <memory>
 
@@ -77,7 +78,7 @@ protected:
     }
 
     [[nodiscard]] image::Image draw(double oversampling = 1) const {
-        return renderer->snapshotAtTime(0, kSize, oversampling);
+        return renderer->snapshotAtTime(0, kSize, {oversampling, 1});
     }
 
     static Pixel at(const image::Image& picture, int x, int y) {
@@ -96,6 +97,15 @@ inline void expectNear(const Pixel& pixel, const Pixel& wanted, int tolerance) {
     for (std::size_t c = 0; c < 3; ++c) {
         EXPECT_NEAR(pixel.at(c), wanted.at(c), tolerance) << "channel " << c;
     }
+}
+
+/// The encoded value of so much of the light of one encoded value and so much of another's.
+inline int lit(double share, int value, double otherShare = 0, int other = 0) {
+    const auto light = [](int encoded) {
+        return image::linearFromSRGB(static_cast<float>(encoded) / 255);
+    };
+    const double sum = share * light(value) + otherShare * light(other);
+    return static_cast<int>(std::lround(255 * image::sRGBFromLinear(static_cast<float>(sum))));
 }
 
 inline image::ImagePtr

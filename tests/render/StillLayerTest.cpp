@@ -80,7 +80,7 @@ protected:
         auto fresh = *SCNRenderer::make();
         fresh->setScene(scene);
         fresh->pointOfView = camera;
-        return fresh->snapshotAtTime(0, kPicture, 1);
+        return fresh->snapshotAtTime(0, kPicture, {1, 1});
     }
 
     struct Reach {
@@ -166,7 +166,7 @@ TEST_F(StillStage, ChangesShowAtOnce) {
         EXPECT_NE(wanted.pixels, last.pixels) << change.name << " is not to be seen";
         last = wanted;
         for (int frame = 0; frame < 15; ++frame) {
-            ASSERT_EQ(renderer->snapshotAtTime(0, kPicture, 1).pixels, wanted.pixels)
+            ASSERT_EQ(renderer->snapshotAtTime(0, kPicture, {1, 1}).pixels, wanted.pixels)
                 << change.name << ", frame " << frame;
         }
     }

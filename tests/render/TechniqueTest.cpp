@@ -39,7 +39,7 @@ protected:
     void addEdge() const { addSquare(makeMaterial(Color::white(1)))->position = {-1, 0, 0}; }
 
     [[nodiscard]] image::Image drawAt(double time) const {
-        return renderer->snapshotAtTime(time, {192, 96}, 1);
+        return renderer->snapshotAtTime(time, {192, 96}, {1, 1});
     }
 };
 

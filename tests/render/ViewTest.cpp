@@ -65,19 +65,19 @@ image::Image upsideDown(const image::Image& picture) {
 }
 
 TEST_F(View, ShowsWhatTheOffscreenRendererShowsInEitherOrderOfRows) {
-    view->quality.oversampling = 1;
+    view->quality = {1, 1};
     const image::Image topFirst = drawnInto(RowOrder::topFirst);
     const image::Image bottomFirst = drawnInto(RowOrder::bottomFirst);
-    const image::Image offscreen = renderer->snapshotAtTime(0, kWindow, 1);
+    const image::Image offscreen = renderer->snapshotAtTime(0, kWindow, {1, 1});
     EXPECT_EQ(topFirst.pixels, offscreen.pixels);
     EXPECT_EQ(upsideDown(bottomFirst).pixels, offscreen.pixels);
     EXPECT_NE(topFirst.pixels, bottomFirst.pixels);
 }
 
-TEST_F(View, OversamplingMakesTheStepsOfEdgesSmall) {
+TEST_F(View, ItsQualityMakesTheStepsOfEdgesSmall) {
     camera->setEulerAngles({0, 0, 0.1f});
-    const auto mixedPixels = [this](double oversampling) {
-        view->quality.oversampling = oversampling;
+    const auto mixedPixels = [this](const DrawQuality& quality) {
+        view->quality = quality;
         const image::Image picture = drawnInto(RowOrder::topFirst);
         int count = 0;
         for (std::size_t i = 0; i < picture.pixels.size(); i += 4) {
@@ -86,8 +86,9 @@ TEST_F(View, OversamplingMakesTheStepsOfEdgesSmall) {
         }
         return count;
     };
-    EXPECT_EQ(mixedPixels(1), 0);
-    EXPECT_GT(mixedPixels(1.5), 20);
+    EXPECT_EQ(mixedPixels({1, 1}), 0);
+    EXPECT_GT(mixedPixels({1.5, 1}), 20);
+    EXPECT_GT(mixedPixels({1, 4}), 20);
 }
 
 TEST_F(View, ToleratesAnyStateAndLeavesOpenGLsOwn) {

@@ -108,7 +108,8 @@ QImage Studio::photograph(const scene::SCNNodePtr& figure, int side) {
     renderer.pointOfView = camera;
     const auto shotOn = [this, side](float ground) {
         scene->background.contents = image::Color::white(ground);
-        return renderer.snapshotAtTime(kTime, {kDetail * side, kDetail * side}, kOversampling);
+        return renderer.snapshotAtTime(
+            kTime, {kDetail * side, kDetail * side}, {.oversampling = kOversampling});
     };
     const QImage cut = cutOut(viewOf(shotOn(0)), viewOf(shotOn(1)));
     figure->removeFromParentNode();

@@ -175,7 +175,7 @@ void drawEnvironments(render::SCNRenderer& renderer, app::Engine& engine, Album&
         album.add(
             ThumbnailKind::environment,
             environment.name,
-            rounded(renderer.snapshotAtTime(time, kStage, 3)));
+            rounded(renderer.snapshotAtTime(time, kStage, {.oversampling = 3})));
     }
 }
 

@@ -2,6 +2,7 @@
 #include "platform/render/BackgroundPass.h"
 
 #include "platform/render/Hash.h"
+#include "platform/render/MaterialBinding.h"
 
 #include <glm/matrix.hpp>
 
@@ -11,10 +12,6 @@ namespace zelvo::render {
 namespace {
 
 using scene::SCNMaterialProperty;
-
-bool isPicture(const SCNMaterialProperty& background) {
-    return background.image() || std::holds_alternative<scene::CubeImages>(background.contents);
-}
 
 /// From clip space to directions in the world, without the camera's position.
 glm::mat4 directionsOf(const CameraView& camera) {
@@ -28,6 +25,10 @@ glm::mat4 directionsOf(const CameraView& camera) {
 
 } // namespace
 
+bool BackgroundPass::isPicture(const SCNMaterialProperty& background) {
+    return background.image() || std::holds_alternative<scene::CubeImages>(background.contents);
+}
+
 void BackgroundPass::draw(
     const Tools& tools,
     const SCNMaterialProperty& background,
@@ -35,39 +36,12 @@ void BackgroundPass::draw(
     const RenderTarget& target) {
     if (!isPicture(background)) {
         const image::Color color = background.colorOr(image::Color::white(0));
+        const glm::vec3 light = linearColor(
+            {color.red * color.alpha, color.green * color.alpha, color.blue * color.alpha, 1});
         target.bind(tools.state);
-        tools.state.clearColor(
-            color.red * color.alpha, color.green * color.alpha, color.blue * color.alpha);
+        tools.state.clearColor(light);
         return;
     }
-    if (!isKept(background, camera, target.size())) {
-        ++drawings;
-        kept.resize(target.size(), tools.state);
-        drawPicture(tools, background, camera);
-        keptView = directionsOf(camera);
-        keptContents = background.contents;
-    }
-    kept.copyTo(target, tools.state);
-}
-
-std::uint64_t BackgroundPass::key(
-    const SCNMaterialProperty& background, const CameraView& camera, Size size) const {
-    if (isPicture(background))
-        return drawings + (isKept(background, camera, size) ? 0 : 1);
-    const image::Color color = background.colorOr(image::Color::white(0));
-    Hash hash;
-    hash.addBlock(std::array{color.red, color.green, color.blue, color.alpha});
-    return hash.result();
-}
-
-bool BackgroundPass::isKept(
-    const SCNMaterialProperty& background, const CameraView& camera, Size size) const {
-    return kept.size() == size && keptView == directionsOf(camera) &&
-           keptContents == background.contents;
-}
-
-void BackgroundPass::drawPicture(
-    const Tools& tools, const SCNMaterialProperty& background, const CameraView& camera) {
     TextureStore& textures = tools.textures;
     PassBlock block;
     block.passDirections = directionsOf(camera);
@@ -75,14 +49,29 @@ void BackgroundPass::drawPicture(
     if (const auto* faces = std::get_if<scene::CubeImages>(&background.contents)) {
         cube.run(
             drawing,
-            kept,
+            target,
             {{kPictureUnit, textures.cube(*faces), textures.smoothSampler()}},
             block);
         return;
     }
     const std::uint32_t picture = textures.picture(background.image(), PictureUse::backdrop);
     equirectangular.run(
-        drawing, kept, {{kPictureUnit, picture, textures.backdropSampler()}}, block);
+        drawing, target, {{kPictureUnit, picture, textures.backdropSampler()}}, block);
+}
+
+std::uint64_t BackgroundPass::key(const SCNMaterialProperty& background) {
+    Hash hash;
+    if (isPicture(background)) {
+        if (background.contents != lastPicture) {
+            lastPicture = background.contents;
+            ++pictures;
+        }
+        hash.add(pictures);
+    } else {
+        const image::Color color = background.colorOr(image::Color::white(0));
+        hash.addBlock(std::array{color.red, color.green, color.blue, color.alpha});
+    }
+    return hash.result();
 }
 
 } // namespace zelvo::render

@@ -9,9 +9,8 @@
 
 namespace zelvo::render {
 
-/// Fills a target with the scene's background. A panorama is drawn only when the picture, the
-/// camera or the size changes; otherwise the last drawing is copied. On the CPU a copy costs a
-/// thirtieth of drawing.
+/// Fills a target with the scene's background: a colour or a panorama. A panorama is costly on the
+/// CPU, so StillLayer keeps it while neither the picture nor the camera changes.
 class BackgroundPass {
 public:
     struct Tools {
@@ -27,22 +26,16 @@ public:
         const CameraView& camera,
         const RenderTarget& target);
 
-    /// A hash of what the next draw shows: it changes when the background's pixels would.
-    [[nodiscard]] std::uint64_t
-    key(const scene::SCNMaterialProperty& background, const CameraView& camera, Size size) const;
+    /// A hash of the contents. For the same camera, the same key gives the same pixels.
+    [[nodiscard]] std::uint64_t key(const scene::SCNMaterialProperty& background);
+
+    [[nodiscard]] static bool isPicture(const scene::SCNMaterialProperty& background);
 
 private:
-    void drawPicture(
-        const Tools& tools, const scene::SCNMaterialProperty& background, const CameraView& camera);
-    [[nodiscard]] bool
-    isKept(const scene::SCNMaterialProperty& background, const CameraView& camera, Size size) const;
-
     FullscreenPass equirectangular{"background.frag", {"DIRECTIONS"}};
     FullscreenPass cube{"background.frag", {"DIRECTIONS", "CUBE"}};
-    RenderTarget kept{TargetFormat::rgba8};
-    scene::SCNMaterialProperty::Contents keptContents;
-    glm::mat4 keptView{0};
-    std::uint64_t drawings = 0;
+    scene::SCNMaterialProperty::Contents lastPicture;
+    std::uint64_t pictures = 0; ///< how many different ones there were, one after the other
 };
 
 } // namespace zelvo::render

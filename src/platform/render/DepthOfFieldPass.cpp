@@ -29,14 +29,16 @@ PassBlock lensOf(const scene::SCNCamera& camera, Size size) {
 
 void DepthOfFieldPass::draw(
     const scene::SCNCamera& camera,
+    const RenderTarget& scene,
     const FramePictures& pictures,
     const FullscreenPass::Tools& tools) {
     const RenderTarget& picture = pictures.picture;
-    pass.run(
-        tools,
-        pictures.spare,
-        {{kPictureUnit, picture.color()}, {kDepthUnit, picture.depth()}},
-        lensOf(camera, picture.size()));
+    (scene.samples() > 1 ? passOfSamples : pass)
+        .run(
+            tools,
+            pictures.spare,
+            {{kPictureUnit, picture.color()}, {kDepthUnit, scene.depth()}},
+            lensOf(camera, picture.size()));
     pictures.exchange();
 }
 

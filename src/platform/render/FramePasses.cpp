@@ -12,7 +12,7 @@ namespace zelvo::render {
 namespace {
 
 /// What one pass makes and another needs. A pass that tests depth reads it.
-enum Part : std::uint32_t { kNothing = 0, kShadowMaps = 1, kColor = 2, kDepth = 4 };
+enum Part : std::uint32_t { kNothing = 0, kShadowMaps = 1, kLight = 2, kDepth = 4, kColor = 8 };
 
 } // namespace
 
@@ -45,27 +45,39 @@ std::span<const FramePasses::Pass> FramePasses::passes() {
          [](Const all, F) { return all.drawer.hasShadows(); },
          [](All all, F frame) { all.drawer.drawShadows(frame.scene); }},
 
-        {"background and what stands still", kShadowMaps, kColor | kDepth,
+        {"background and what stands still", kShadowMaps, kLight | kDepth,
          [](Const, F) { return true; },
          [](All all, F frame) { all.drawer.drawStill(frame.scene); }},
 
-        {"what moves", kShadowMaps | kDepth, kColor | kDepth,
+        {"what moves", kShadowMaps | kDepth, kLight | kDepth,
          [](Const all, F) { return all.drawer.hasOpaque(); },
          [](All all, F frame) { all.drawer.drawMoving(frame.scene); }},
 
-        {"translucent items", kShadowMaps | kDepth, kColor | kDepth,
+        {"translucent items", kShadowMaps | kDepth, kLight | kDepth,
          [](Const all, F) { return all.drawer.hasTranslucent(); },
          [](All all, F frame) { all.drawer.drawTranslucent(frame.scene); }},
 
-        {"particles", kDepth, kColor,
+        {"particles", kDepth, kLight,
          [](Const all, F) { return all.drawer.hasParticles(); },
          [](All all, F frame) { all.drawer.drawParticles(frame.scene); }},
+
+        {"display", kLight, kColor,
+         [](Const, F) { return true; },
+         [](All all, F frame) {
+             all.display.draw(
+                 {all.light, all.drawer.hasToneMap()},
+                 frame.pictures.picture,
+                 frame.tools(all.graphicsState()));
+         }},
 
         {"depth of field", kColor | kDepth, kColor,
          [](Const all, F frame) { return all.isOutOfFocus(frame); },
          [](All all, F frame) {
              all.depthOfField.draw(
-                 *all.drawer.sceneCamera(), frame.pictures, frame.tools(all.graphicsState()));
+                 *all.drawer.sceneCamera(),
+                 all.light,
+                 frame.pictures,
+                 frame.tools(all.graphicsState()));
          }},
 
         {"techniques", kColor, kColor,
@@ -97,11 +109,12 @@ FramePasses::FramePasses(const DeviceInfo& device)
 void FramePasses::draw(const FrameInput& input, RenderTarget& picture) {
     GraphicsState& state = graphicsState();
     picture.resize(input.drawnSize, state);
+    light.resize(input.drawnSize, state, input.samples);
     input.uniforms.reset();
     const Frame frame{
         input,
         {picture, spare},
-        drawer.begin(input.scene, input.pointOfView, picture, input.uniforms)};
+        drawer.begin(input.scene, input.pointOfView, light, input.uniforms)};
     for (const Pass& pass : passes()) {
         if (!pass.isSeen(*this, frame))
             continue;

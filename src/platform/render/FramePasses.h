@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/render/DepthOfFieldPass.h"
+#include "platform/render/DisplayPass.h"
 #include "platform/render/SceneDrawer.h"
 #include "platform/render/TechniquePasses.h"
 
@@ -17,6 +18,7 @@ struct FrameInput {
     const scene::SCNNode* pointOfView;       ///< null: the first node with a camera
     const scene::SCNTechniquePtr& technique; ///< null: no technique
     Size drawnSize;
+    int samples; ///< of a drawn pixel at edges: 1 or 4
     /// height in pixels of the delivered picture: a blur smaller than its pixels is skipped
     int shownHeight;
     UniformArena& uniforms; ///< must not be reused until the GPU has finished the frame
@@ -31,11 +33,8 @@ public:
     FramePasses(const FramePasses&) = delete;
     FramePasses& operator=(const FramePasses&) = delete;
 
-    /// A picture to draw frames into. All pictures share one depth buffer, which this object owns,
-    /// so this object must outlive them.
-    [[nodiscard]] RenderTarget makePicture() { return {{TargetFormat::rgba8}, depth}; }
-
-    /// Resizes the picture to the drawn size. Its textures may be different ones after each frame.
+    /// Resizes the picture to the drawn size; it is `rgba8` without depth. Its textures may be
+    /// different ones after each frame.
     void draw(const FrameInput& input, RenderTarget& picture);
 
     /// Returns a hash of all that the picture depends on, without a technique: same key, same
@@ -57,8 +56,9 @@ private:
     SceneDrawer drawer;
     DepthOfFieldPass depthOfField;
     TechniquePasses techniques;
-    RenderTarget depth{TargetFormat::depth32};
-    RenderTarget spare{{TargetFormat::rgba8}, depth};
+    DisplayPass display;
+    RenderTarget light{TargetFormat::half, TargetFormat::depth32};
+    RenderTarget spare{TargetFormat::rgba8};
 };
 
 } // namespace zelvo::render

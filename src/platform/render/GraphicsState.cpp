@@ -43,12 +43,14 @@ void setDepth(DepthTest test, DepthWrite write) {
     glDepthMask(write == DepthWrite::on ? GL_TRUE : GL_FALSE);
 }
 
-void setBlend(Blend blend) {
+void setBlend(Blend blend, Colors colors) {
     const BlendRow& row = kBlends.at(static_cast<std::size_t>(blend));
     toggle(GL_BLEND, blend != Blend::off);
     glBlendEquationSeparate(row.equation, GL_FUNC_ADD);
-    // The target's alpha stays 1.
-    glBlendFuncSeparate(row.source, row.target, GL_ZERO, GL_ONE);
+    // The target's alpha is the share of colours of the scene.
+    const GLenum added = colors == Colors::ofScene ? GL_ONE : GL_ZERO;
+    const GLenum kept = blend == Blend::over ? GL_ONE_MINUS_SRC_ALPHA : GL_ONE;
+    glBlendFuncSeparate(row.source, row.target, blend == Blend::over ? added : GL_ZERO, kept);
 }
 
 } // namespace
@@ -165,8 +167,8 @@ void GraphicsState::set(const RasterState& state) {
         const GLboolean on = state.colorWrite == ColorWrite::on ? GL_TRUE : GL_FALSE;
         glColorMask(on, on, on, on);
     }
-    if (all || old.blend != state.blend)
-        setBlend(state.blend);
+    if (all || old.blend != state.blend || old.colors != state.colors)
+        setBlend(state.blend, state.colors);
 }
 
 void GraphicsState::setDepthOffset( // NOLINT(readability-convert-member-functions-to-static): state
@@ -190,9 +192,9 @@ void GraphicsState::clearDepth() {
     glClear(GL_DEPTH_BUFFER_BIT);
 }
 
-void GraphicsState::clearColor(float red, float green, float blue) {
+void GraphicsState::clearColor(const glm::vec3& color) {
     set({});
-    glClearColor(red, green, blue, 1);
+    glClearColor(color.r, color.g, color.b, 0);
     glClear(GL_COLOR_BUFFER_BIT);
 }
 

@@ -5,6 +5,8 @@
 #include "platform/render/PixelRect.h"
 #include "platform/render/Size.h"
 
+#include <glm/vec3.hpp>
+
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -21,6 +23,8 @@ enum class ColorWrite { off, on };
 
 /// How a new colour is mixed with the target's. Colours are premultiplied by their alpha.
 enum class Blend { off, over, add, subtract, multiply, screen };
+/// Which kind of colour is blended; see `color.glsl`. It decides what happens to the target's alpha.
+enum class Colors { shown, ofScene };
 
 struct RasterState {
     DepthTest depthTest = DepthTest::nearer;
@@ -30,6 +34,7 @@ struct RasterState {
     Fill fill = Fill::faces;
     ColorWrite colorWrite = ColorWrite::on;
     Blend blend = Blend::off;
+    Colors colors = Colors::shown;
 
     friend bool operator==(const RasterState&, const RasterState&) = default;
 };
@@ -60,7 +65,8 @@ public:
     /// Limits drawing to a part of the target; nothing = the whole target.
     void setScissor(const std::optional<PixelRect>& part);
     void clearDepth();
-    void clearColor(float red, float green, float blue);
+    /// A linear colour that is shown as it is.
+    void clearColor(const glm::vec3& color);
 
     /// Call it after a texture, framebuffer or program was deleted, as OpenGL may reuse its name.
     void forgetBindings();

@@ -51,6 +51,13 @@ std::uint64_t keyOf(const LightSet& set, const ShadowPass& shadows) {
     return hash.result();
 }
 
+/// Whether the lit colour is light of the scene. A surface that only ambient light falls on shows
+/// the colours that the user gave it.
+bool showsSceneLight(const MaterialBinding& binding, const LightCounts& lights) {
+    const bool hasLamps = lights.directional + lights.omni + lights.spot > 0;
+    return (binding.features & kLit) != 0 && (hasLamps || (binding.features & kEnvironment) != 0);
+}
+
 void addPicture(Hash& hash, const scene::SCNMaterialProperty& slot) {
     hash.addAddress(slot.image().get());
     hash.addBlock(slot.contentsTransform);
@@ -178,6 +185,9 @@ void ItemPainter::draw(
     const bool isTranslucent = depthTest == DepthTest::equal || item.isTranslucent;
     if (isTranslucent)
         binding.features |= kTranslucent;
+    const bool isSceneLight = showsSceneLight(binding, sets[lights].set.counts);
+    if (isSceneLight)
+        binding.features |= kSceneLight;
     tools.state.useProgram(
         tools.shaders.program(binding.features, sets[lights].set.counts, binding.modifier));
     if ((binding.features & kLit) != 0)
@@ -194,7 +204,8 @@ void ItemPainter::draw(
          .culling = showsBackFaces(frame, item) ? Culling::none : Culling::backFaces,
          .winding = windingOf(binding.item.world),
          .fill = material.fillMode == scene::SCNFillMode::lines ? Fill::lines : Fill::faces,
-         .blend = isTranslucent ? blendOf(material.blendMode) : Blend::off});
+         .blend = isTranslucent ? blendOf(material.blendMode) : Blend::off,
+         .colors = isSceneLight ? Colors::ofScene : Colors::shown});
     submit(frame, item);
 }
 

@@ -32,7 +32,7 @@ public:
         const Snapshot& snapshot;
         std::span<const ShadowView> views;
         UniformArena& uniforms;
-        /// needed by every material of the frame: tone map, environment
+        /// needed by every lit material of the frame: the environment
         std::uint32_t features = 0;
     };
 

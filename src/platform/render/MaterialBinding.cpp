@@ -44,7 +44,7 @@ struct FeatureRow {
 // clang-format off
 constexpr auto kFeatures = std::to_array<FeatureRow>({
     {kLit,             "LIT"                 },
-    {kPassThrough,     "PASS_THROUGH"        },
+    {kSceneLight,      "SCENE_LIGHT"         },
     {kDiffuseHasHoles, "DIFFUSE_HAS_HOLES"   },
     {kRgbZero,         "TRANSPARENT_RGB_ZERO"},
     {kSlotTransforms,  "SLOT_TRANSFORMS"     },
@@ -52,7 +52,6 @@ constexpr auto kFeatures = std::to_array<FeatureRow>({
     {kTranslucent,     "TRANSLUCENT"         },
     {kMultiplyBlend,   "MULTIPLY_BLEND"      },
     {kEnvironment,     "HAS_ENVIRONMENT"     },
-    {kToneMap,         "TONE_MAP"            },
     {kCutOut,          "CUT_OUT"             },
     {kVertexColors,    "HAS_VERTEX_COLORS"   },
 });
@@ -102,22 +101,6 @@ void bindPictures(MaterialBinding& binding, const SCNMaterial& material, Picture
     constexpr std::uint32_t kHoles = kDiffuseHasHoles | slotFeature(kTransparentUnit);
     if (material.blendMode == scene::SCNBlendMode::replace && (binding.features & kHoles) != 0)
         binding.features |= kCutOut;
-}
-
-/// True for an unlit material with only a diffuse colour or picture. It skips decoding and
-/// encoding, so that every value stays exact.
-bool passesThrough(const MaterialBinding& binding, const SCNMaterial& material) {
-    constexpr std::uint32_t kAllowed = slotFeature(kDiffuseUnit) | slotFeature(kTransparentUnit);
-    constexpr std::uint32_t kSlotBits = (1U << kSlotUnitCount) - 1;
-    return material.lightingModelName == SCNLightingModel::constant &&
-           binding.modifier == nullptr && (binding.features & kSlotBits & ~kAllowed) == 0;
-}
-
-glm::vec3 encoded(const glm::vec3& linear) {
-    return {
-        image::sRGBFromLinear(linear.r),
-        image::sRGBFromLinear(linear.g),
-        image::sRGBFromLinear(linear.b)};
 }
 
 } // namespace
@@ -171,12 +154,6 @@ MaterialBinding bindMaterial(const SCNMaterial& material, PictureHoles& holes) {
         binding.features |= kDoubleSided;
     if (material.transparencyMode == scene::SCNTransparencyMode::rgbZero)
         binding.features |= kRgbZero;
-    if (passesThrough(binding, material)) {
-        binding.features |= kPassThrough;
-        const glm::vec3 color(item.diffuse * (1.0f + item.selfIllumination) + item.emission);
-        item.diffuse =
-            glm::vec4(encoded(glm::clamp(color * glm::vec3(item.multiply), 0.0f, 1.0f)), 0);
-    }
     return binding;
 }
 

@@ -16,7 +16,7 @@ namespace zelvo::render {
 /// first bits are slots, numbered by texture unit.
 enum Feature : std::uint32_t {
     kLit = 1U << 11U,
-    kPassThrough = 1U << 12U, ///< the diffuse values are written without decoding and encoding
+    kSceneLight = 1U << 12U, ///< the colour is light of the scene and is tone mapped
     kDiffuseHasHoles = 1U << 13U,
     kRgbZero = 1U << 14U,
     kSlotTransforms = 1U << 15U,
@@ -24,7 +24,6 @@ enum Feature : std::uint32_t {
     kTranslucent = 1U << 17U,
     kMultiplyBlend = 1U << 18U,
     kEnvironment = 1U << 19U,
-    kToneMap = 1U << 20U,
     kCutOut = 1U << 21U, ///< drawn where the pictures' opacity is at least a half, and opaque there
     kVertexColors = 1U << 22U,
 };

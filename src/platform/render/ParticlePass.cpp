@@ -62,6 +62,12 @@ Sides stretchedSides(const Particle& particle, const CameraView& camera, float s
     return {across * (half / length), up};
 }
 
+ProgramHandle build(std::vector<std::string> defines) {
+    auto built = buildProgram({"particles.vert", "particles.frag", std::move(defines)});
+    CHECK(built.has_value(), "{}", built.error().message);
+    return std::move(*built);
+}
+
 } // namespace
 
 void ParticlePass::draw(const Tools& tools, const Snapshot& snapshot) {
@@ -75,9 +81,10 @@ void ParticlePass::draw(const Tools& tools, const Snapshot& snapshot) {
         return;
     ensureReady();
     upload();
-    tools.state.useProgram(program.name());
     tools.state.bindVertexArray(array.name());
     for (const Batch& batch : batches) {
+        const bool isGlow = batch.system->blendMode == ParticleBlendMode::additive;
+        tools.state.useProgram((isGlow ? glow : cover).name());
         const image::ImagePtr& picture = batch.system->particleImage;
         tools.state.bindTexture(
             kPictureUnit,
@@ -87,8 +94,7 @@ void ParticlePass::draw(const Tools& tools, const Snapshot& snapshot) {
             {.depthTest = DepthTest::nearer,
              .depthWrite = DepthWrite::off,
              .culling = Culling::none,
-             .blend = batch.system->blendMode == ParticleBlendMode::additive ? Blend::add
-                                                                             : Blend::over});
+             .blend = isGlow ? Blend::add : Blend::over});
         glDrawArraysInstancedBaseInstance(
             GL_TRIANGLE_STRIP,
             0,
@@ -139,11 +145,10 @@ void ParticlePass::addBatch(
 }
 
 void ParticlePass::ensureReady() {
-    if (program)
+    if (cover)
         return;
-    auto built = buildProgram({"particles.vert", "particles.frag"});
-    CHECK(built.has_value(), "{}", built.error().message);
-    program = std::move(*built);
+    cover = build({});
+    glow = build({"ADDITIVE"});
     GLuint name = 0;
     glCreateVertexArrays(1, &name);
     array = VertexArrayHandle(name);

@@ -17,8 +17,8 @@ namespace zelvo::render {
 /// Particles near the camera fade, so that none fills the picture. A particle that adds light is
 /// drawn half its size nearer, like a ball, so that a floor does not cut it off.
 ///
-/// Colours are written as encoded values, without lighting and tone map. The frame's uniforms must
-/// be bound.
+/// Colours are shown as they are, without lighting; glows add up in linear light. The frame's
+/// uniforms must be bound.
 class ParticlePass {
 public:
     struct Tools {
@@ -51,7 +51,8 @@ private:
     void ensureReady();
     void upload();
 
-    ProgramHandle program;
+    ProgramHandle cover;
+    ProgramHandle glow;
     VertexArrayHandle array;
     BufferHandle buffer;
     std::size_t capacity = 0;

@@ -17,17 +17,23 @@ struct FormatRow {
 };
 
 /// In the order of TargetFormat.
-constexpr auto kFormats =
-    std::to_array<FormatRow>({{GL_RGBA8, false}, {GL_DEPTH_COMPONENT32F, true}});
+constexpr auto kFormats = std::to_array<FormatRow>(
+    {{GL_RGBA8, false}, {GL_RGBA16F, false}, {GL_DEPTH_COMPONENT32F, true}});
 
 const FormatRow& rowOf(TargetFormat format) {
     return kFormats.at(static_cast<std::size_t>(format));
 }
 
-TextureHandle makeTexture(TargetFormat format, Size size) {
+TextureHandle makeTexture(TargetFormat format, Size size, int samples) {
+    const GLenum storage = rowOf(format).storage;
     GLuint name = 0;
-    glCreateTextures(GL_TEXTURE_2D, 1, &name);
-    glTextureStorage2D(name, 1, rowOf(format).storage, size.width, size.height);
+    if (samples > 1) {
+        glCreateTextures(GL_TEXTURE_2D_MULTISAMPLE, 1, &name);
+        glTextureStorage2DMultisample(name, samples, storage, size.width, size.height, GL_TRUE);
+    } else {
+        glCreateTextures(GL_TEXTURE_2D, 1, &name);
+        glTextureStorage2D(name, 1, storage, size.width, size.height);
+    }
     return TextureHandle(name);
 }
 
@@ -43,18 +49,20 @@ RenderTarget::RenderTarget(std::initializer_list<TargetFormat> formats, RenderTa
     lender = &depthLender;
 }
 
-bool RenderTarget::resize(Size wanted, GraphicsState& state) {
+bool RenderTarget::resize(Size wanted, GraphicsState& state, int wantedSamples) {
     if (lender != nullptr)
-        lender->resize(wanted, state);
+        lender->resize(wanted, state, wantedSamples);
     const int lent = lender != nullptr ? lender->generation : 0;
-    if (size_ == wanted && lentGeneration == lent)
+    const bool isSame = size_ == wanted && samples_ == wantedSamples;
+    if (isSame && lentGeneration == lent)
         return false;
     state.forgetBindings();
-    if (size_ != wanted) {
+    if (!isSame) {
         for (Attachment& attachment : attachments)
-            attachment.texture = makeTexture(attachment.format, wanted);
+            attachment.texture = makeTexture(attachment.format, wanted, wantedSamples);
     }
     size_ = wanted;
+    samples_ = wantedSamples;
     lentGeneration = lent;
     ++generation;
     attach();

@@ -11,6 +11,7 @@ namespace zelvo::render {
 
 enum class TargetFormat {
     rgba8,   ///< encoded colours
+    half,    ///< linear light, brighter than white, too; alpha: see `color.glsl`
     depth32, ///< reversed, floating point
 };
 
@@ -24,15 +25,19 @@ public:
     /// Pictures that are drawn one after the other can share one depth.
     RenderTarget(std::initializer_list<TargetFormat> formats, RenderTarget& depthLender);
 
-    /// True if the size has changed; the content is undefined then.
-    bool resize(Size wanted, GraphicsState& state);
+    /// True if the size or the number of samples has changed; the content is undefined then. With
+    /// more than one sample, a pixel keeps one colour and depth for each.
+    bool resize(Size wanted, GraphicsState& state, int wantedSamples = 1);
 
     void bind(GraphicsState& state) const;
 
-    /// Copies what both have (colour, depth) to a target of the same size, and binds that one.
+    /// Copies what both have (colour, depth) to a target of the same size and number of samples, and
+    /// binds that one.
     void copyTo(const RenderTarget& other, GraphicsState& state) const;
 
     [[nodiscard]] Size size() const { return size_; }
+
+    [[nodiscard]] int samples() const { return samples_; }
 
     [[nodiscard]] std::uint32_t framebuffer() const { return framebuffer_.name(); }
 
@@ -52,6 +57,7 @@ private:
     RenderTarget* lender = nullptr; ///< null: it has its own depth, or none
     FramebufferHandle framebuffer_;
     Size size_;
+    int samples_ = 1;
     /// counts the rebuilds, because OpenGL reuses the names of deleted textures
     int generation = 0;
     int lentGeneration = 0;

@@ -18,27 +18,26 @@ constexpr int kMaxDrawnSide = 8192;
 
 /// What belongs to one frame in flight.
 struct Slot {
-    Slot(RenderTarget made, int uniformAlignment)
-        : picture(std::move(made))
-        , uniforms(uniformAlignment) {}
+    explicit Slot(int uniformAlignment)
+        : uniforms(uniformAlignment) {}
 
-    RenderTarget picture;
+    RenderTarget picture{TargetFormat::rgba8};
     UniformArena uniforms;
     DrawnFrame frame;
     Fence done;
 };
 
 Size drawnSizeOf(const FrameRequest& request) {
-    return request.outputSize.scaled(request.oversampling);
+    return request.outputSize.scaled(request.quality.oversampling);
 }
 
 void checkRequest(const FrameRequest& request) {
     const Size size = request.outputSize;
     CHECK(size.width > 0 && size.height > 0, "a picture of {} x {}", size.width, size.height);
     CHECK(
-        request.oversampling >= 1 && request.oversampling <= 4,
+        request.quality.oversampling >= 1 && request.quality.oversampling <= 4,
         "an oversampling of {}",
-        request.oversampling);
+        request.quality.oversampling);
     const Size drawn = drawnSizeOf(request);
     CHECK(
         drawn.width <= kMaxDrawnSide && drawn.height <= kMaxDrawnSide,
@@ -59,9 +58,9 @@ struct SCNRenderer::State {
         , device(readDeviceInfo())
         , passes(device)
         , slots{
-              Slot(passes.makePicture(), device.uniformAlignment),
-              Slot(passes.makePicture(), device.uniformAlignment),
-              Slot(passes.makePicture(), device.uniformAlignment)} {
+              Slot(device.uniformAlignment),
+              Slot(device.uniformAlignment),
+              Slot(device.uniformAlignment)} {
         const bool onCpu = downscaling == Downscaling::automatic ? device.isSoftware
                                                                  : downscaling == Downscaling::cpu;
         delivery = onCpu ? makeCpuDelivery() : makeGpuDelivery();
@@ -117,6 +116,7 @@ void SCNRenderer::begin(const FrameRequest& request) {
          pointOfView.get(),
          technique,
          drawnSizeOf(request),
+         request.quality.samples,
          request.outputSize.height,
          slot.uniforms},
         slot.picture);
@@ -151,9 +151,9 @@ int SCNRenderer::framesInFlight() const {
     return static_cast<int>(state->begun - state->finished);
 }
 
-image::Image SCNRenderer::snapshotAtTime(double time, Size outputSize, double oversampling) {
+image::Image SCNRenderer::snapshotAtTime(double time, Size outputSize, const DrawQuality& quality) {
     CHECK(framesInFlight() == 0, "a snapshot in the middle of {} frames", framesInFlight());
-    begin({time, outputSize, oversampling});
+    begin({time, outputSize, quality});
     const FrameView view = finish();
     image::Image picture(outputSize.width, outputSize.height);
     picture.pixels.assign(view.bytes.begin(), view.bytes.end());

@@ -3,6 +3,7 @@
 
 #include "platform/foundation/Result.h"
 #include "platform/image/Image.h"
+#include "platform/render/DrawQuality.h"
 #include "platform/render/Size.h"
 #include "platform/scene/SCNSceneRenderer.h"
 
@@ -13,12 +14,11 @@
 
 namespace zelvo::render {
 
-/// One frame to draw. It is drawn larger than it is delivered: scaling down takes the place of
-/// antialiasing.
+/// One frame to draw.
 struct FrameRequest {
     double time = 0;             ///< scene time in seconds
     Size outputSize{1920, 1080}; ///< of the delivered picture
-    double oversampling = 1.5;   ///< drawn size over output size, 1 to 4
+    DrawQuality quality{};
 };
 
 /// The pixels of a finished frame: red, green, blue, alpha (opaque), rows from the top without
@@ -62,7 +62,7 @@ public:
 
     /// `begin` and `finish` in one call. Blocks until the picture is ready.
     [[nodiscard]] image::Image
-    snapshotAtTime(double time, Size outputSize, double oversampling = 1.5);
+    snapshotAtTime(double time, Size outputSize, const DrawQuality& quality = {});
 
     [[nodiscard]] const FrameTimes& times() const;
     void resetTimes();

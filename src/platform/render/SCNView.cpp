@@ -52,7 +52,6 @@ struct SCNView::State {
     State()
         : device(readDeviceInfo())
         , passes(device)
-        , picture(passes.makePicture())
         , frames{
               FrameMemory(device.uniformAlignment),
               FrameMemory(device.uniformAlignment),
@@ -62,7 +61,8 @@ struct SCNView::State {
 
     DeviceInfo device;
     FramePasses passes;
-    RenderTarget picture; ///< the drawn frame, before it is copied to the target
+    RenderTarget picture{
+        TargetFormat::rgba8}; ///< the drawn frame, before it is copied to the target
     std::array<FrameMemory, kFrames> frames;
     std::size_t drawn = 0;
 };
@@ -107,6 +107,7 @@ void SCNView::draw(const ViewTarget& target) {
          pointOfView.get(),
          technique,
          target.size.scaled(oversampling),
+         quality.samples,
          target.size.height,
          frame.uniforms},
         state->picture);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/foundation/Result.h"
+#include "platform/render/DrawQuality.h"
 #include "platform/render/Size.h"
 #include "platform/scene/SCNSceneRenderer.h"
 
@@ -23,13 +24,6 @@ struct ViewTarget {
     RowOrder rows = RowOrder::bottomFirst;
 };
 
-/// How finely a view draws.
-struct ViewQuality {
-    /// Drawn size over the target's size, 1 to 2. Scaling down takes the place of antialiasing, so
-    /// at 1 edges show steps.
-    double oversampling = 1.5;
-};
-
 /// Draws the view on screen: the same passes as SCNRenderer, into a framebuffer of the window's
 /// OpenGL context. This context must be current when the view is made, drawn and destroyed. The
 /// scene must not change on another thread while it is drawn.
@@ -43,7 +37,8 @@ public:
     [[nodiscard]] static foundation::Result<std::unique_ptr<SCNView>> make();
     ~SCNView() override;
 
-    ViewQuality quality;
+    /// An oversampling above 2 counts as 2.
+    DrawQuality quality;
 
     /// Draws the scene in its current state. Call `update` before.
     void draw(const ViewTarget& target);

@@ -46,6 +46,8 @@ void SceneDrawer::drawStill(const Frame& frame) {
         opaques.push_back(planned(frame.items, item, size));
         keys.push_back(painter.key(frame.items, item, opaques.back().lights));
     }
+    if (BackgroundPass::isPicture(frame.scene.background))
+        keys.push_back(background.key(frame.scene.background));
     const StillLayer::Step step = layer.plan(keys, surroundingsKey(frame), size);
     if (step == StillLayer::Step::without) {
         drawBackground(frame, frame.target);
@@ -53,7 +55,7 @@ void SceneDrawer::drawStill(const Frame& frame) {
     }
     if (step == StillLayer::Step::build) {
         keepWhatTheLayerShows(frame.scene);
-        drawBackground(frame, layer.resized(state));
+        drawBackground(frame, layer.resized(state, frame.target.samples()));
         for (std::size_t i = 0; i < opaques.size(); ++i) {
             if (layer.holds(keys[i]))
                 drawWhole(frame.items, opaques[i]);
@@ -81,9 +83,6 @@ void SceneDrawer::drawParticles(const Frame& /*frame*/) {
 
 std::uint32_t SceneDrawer::frameFeatures(const scene::SCNScene& scene) {
     std::uint32_t features = 0;
-    const scene::SCNCamera* camera = snapshot.sceneCamera();
-    if (camera != nullptr && camera->wantsHDR)
-        features |= kToneMap;
     if (const std::shared_ptr<const image::LightProbe> probe = probeOf(scene)) {
         features |= kEnvironment;
         state.bindTexture(kProbeUnit, textures.probe(probe), textures.smoothSampler());
@@ -117,14 +116,15 @@ FrameBlock SceneDrawer::frameBlock(const scene::SCNScene& scene) const {
     return block;
 }
 
-std::uint64_t SceneDrawer::surroundingsKey(const Frame& frame) const {
+std::uint64_t SceneDrawer::surroundingsKey(const Frame& frame) {
     FrameBlock timeless = frame.block;
     timeless.frame.x = 0; // only shader modifiers use the time, and items with one are never kept
     Hash hash;
     hash.addBlock(timeless);
     hash.add(frame.items.features);
     hash.addAddress(probeOf(frame.scene).get());
-    hash.add(background.key(frame.scene.background, snapshot.camera(), frame.target.size()));
+    hash.add(background.key(frame.scene.background));
+    hash.add(static_cast<std::uint64_t>(frame.target.samples()));
     return hash.result();
 }
 

@@ -24,9 +24,8 @@ namespace zelvo::render {
 /// Draws a scene: shadow maps, background, items, particles. FramePasses calls the functions in
 /// this order.
 ///
-/// The surface shader lights in linear light, then tone maps and encodes at once, so that 8 bits a
-/// channel are enough for the target. Blending and the background use encoded values; so a
-/// background keeps its exact colour.
+/// Everything is drawn and blended in linear light, into a target of half-floats. `color.glsl` says
+/// what its alpha means.
 class SceneDrawer {
 public:
     explicit SceneDrawer(const DeviceInfo& device);
@@ -47,6 +46,11 @@ public:
         UniformArena& uniforms);
     /// Frees what is no longer used.
     void end();
+
+    /// Whether light of the scene is tone mapped.
+    [[nodiscard]] bool hasToneMap() const {
+        return snapshot.sceneCamera() != nullptr && snapshot.sceneCamera()->wantsHDR;
+    }
 
     [[nodiscard]] bool hasShadows() const { return views.count > 0; }
 
@@ -97,7 +101,7 @@ private:
     /// Whether an item has many triangles that its own front hides. They cost only their depth if
     /// that is drawn first.
     [[nodiscard]] bool hidesItself(const ItemPainter::Frame& frame, const DrawItem& item) const;
-    [[nodiscard]] std::uint64_t surroundingsKey(const Frame& frame) const;
+    [[nodiscard]] std::uint64_t surroundingsKey(const Frame& frame);
     void keepWhatTheLayerShows(const scene::SCNScene& scene);
     void drawBackground(const Frame& frame, const RenderTarget& target);
     void drawWhole(const ItemPainter::Frame& frame, const OpaqueItem& opaque);

@@ -66,7 +66,7 @@ enum Unit : std::uint32_t {
     ONE(mat4, world)                                                                                      \
     ONE(mat4, normalMatrix)                                                                               \
     ONE(mat4, uvTransform)                                                                                \
-    ONE(vec4, diffuse)          /* rgb linear (encoded if PASS_THROUGH), a opacity */                     \
+    ONE(vec4, diffuse)          /* rgb linear, a opacity */                                               \
     ONE(vec4, emission)         /* rgb linear, w intensity of the normal map */                           \
     ONE(vec4, specular)         /* rgb, 0.5 is 4 % at normal incidence; w intensity of the reflection */  \
     ONE(vec4, multiply)         /* rgb linear */                                                          \

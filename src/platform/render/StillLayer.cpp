@@ -43,8 +43,8 @@ bool StillLayer::holds(std::uint64_t key) const {
     return key != kMoving && std::ranges::binary_search(held, key);
 }
 
-const RenderTarget& StillLayer::resized(GraphicsState& state) {
-    target.resize(size, state);
+const RenderTarget& StillLayer::resized(GraphicsState& state, int samples) {
+    target.resize(size, state, samples);
     return target;
 }
 

@@ -33,7 +33,7 @@ public:
     [[nodiscard]] bool holds(std::uint64_t key) const;
 
     /// The layer to draw into, in the planned size.
-    [[nodiscard]] const RenderTarget& resized(GraphicsState& state);
+    [[nodiscard]] const RenderTarget& resized(GraphicsState& state, int samples);
 
     /// Copies the layer to a target of the same size and binds that target.
     void copyTo(const RenderTarget& other, GraphicsState& state) const {
@@ -43,7 +43,7 @@ public:
     void forget();
 
 private:
-    RenderTarget target{TargetFormat::rgba8, TargetFormat::depth32};
+    RenderTarget target{TargetFormat::half, TargetFormat::depth32};
     Size size;
     std::uint64_t lastSurroundings = 0;
     int age = 0; ///< number of frames in which the same items have not changed

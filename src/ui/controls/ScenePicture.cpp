@@ -38,7 +38,7 @@ QSize ScenePicture::size() const {
 void ScenePicture::draw(const QSize& pixels, double oversampling) {
     if (size() != pixels)
         picture = makeTarget(pixels);
-    view_->quality.oversampling = oversampling;
+    view_->quality = {oversampling, 1};
     view_->draw(
         {.framebuffer = picture->handle(),
          .size = {pixels.width(), pixels.height()},

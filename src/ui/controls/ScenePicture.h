@@ -36,7 +36,7 @@ public:
 
     /// In pixels; invalid: nothing has been drawn.
     [[nodiscard]] QSize size() const;
-    /// `oversampling`: as in render::ViewQuality.
+    /// `oversampling`: as in render::DrawQuality.
     void draw(const QSize& pixels, double oversampling);
 
     /// Makes the framebuffer of an item.

@@ -1,8 +1,9 @@
-// Draws a panorama as the background, without lighting and tone map. The pictures are
+// Draws a panorama as the background. Its colours are shown as they are. The pictures are
 // premultiplied, so black shows through transparent pixels.
 layout(location = 0) in vec3 vDirection;
 layout(location = 0) out vec4 oColor;
 
+#include "color.glsl"
 #include "directions.glsl"
 
 #ifdef CUBE
@@ -14,4 +15,4 @@ layout(binding = UNIT_PICTURE) uniform sampler2D uPicture;
 vec3 pictureColor() { return textureLod(uPicture, equirectangular(normalize(vDirection)), 0.0).rgb; }
 #endif
 
-void main() { oColor = vec4(pictureColor(), 1.0); }
+void main() { oColor = vec4(linearFromSRGB(pictureColor()), 0.0); }

@@ -2,7 +2,11 @@
 // objects behind it; a farther point does not blur over sharp objects in front of it.
 layout(location = 0) out vec4 oColor;
 layout(binding = UNIT_PICTURE) uniform sampler2D uPicture;
+#ifdef MULTISAMPLED
+layout(binding = UNIT_DEPTH) uniform sampler2DMS uDepth; // one of the samples is enough
+#else
 layout(binding = UNIT_DEPTH) uniform sampler2D uDepth;
+#endif
 
 // x near times far, y far minus near, z near (planes), w largest radius in pixels
 #define LENS passNumbers[0]

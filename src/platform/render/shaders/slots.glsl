@@ -81,18 +81,10 @@ Surface sampledSurface() {
 #ifdef DIFFUSE_HAS_HOLES
     texel = straight(texel);
 #endif
-#ifdef PASS_THROUGH
-    s.diffuse *= texel;
-#else
     s.diffuse *= vec4(linearFromSRGB(texel.rgb), texel.a);
 #endif
-#endif
 #ifdef HAS_VERTEX_COLORS
-#ifdef PASS_THROUGH
-    s.diffuse *= vec4(sRGBFromLinear(vColor.rgb), vColor.a);
-#else
     s.diffuse *= vColor;
-#endif
 #endif
     s.emission = vec4(emission.rgb, 1.0);
 #ifdef HAS_EMISSION_PICTURE

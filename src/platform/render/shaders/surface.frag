@@ -88,17 +88,19 @@ void main() {
     modifySurface(surface);
     surface.normal = normalize(surface.normal * mat3(view));
 #endif
-#ifdef PASS_THROUGH
-    vec3 color = surface.diffuse.rgb;
-#else
-    vec3 color = finished(shadedColor(surface));
+    vec3 color = shadedColor(surface);
+#ifdef LIT
+    color *= frame.y;
 #endif
+    color = clamp(color, vec3(0.0), vec3(kBrightest));
 #ifdef MULTIPLY_BLEND
     oColor = vec4(mix(vec3(1.0), color, alpha), 1.0);
 #elif defined(TRANSLUCENT)
     oColor = vec4(color * alpha, alpha);
-#else
+#elif defined(SCENE_LIGHT)
     oColor = vec4(color, 1.0);
+#else
+    oColor = vec4(color, 0.0);
 #endif
 #ifdef CUT_OUT
     // At the end, because lookups above need the neighbouring pixels.

@@ -1,0 +1,67 @@
+// Turns the light of the drawn scene into a picture: tone map, samples to pixels, encoding, dither.
+layout(location = 0) out vec4 oColor;
+#if SAMPLES > 1
+layout(binding = UNIT_PICTURE) uniform sampler2DMS uPicture;
+#else
+layout(binding = UNIT_PICTURE) uniform sampler2D uPicture;
+#endif
+
+#include "color.glsl"
+
+// Khronos Group 2024, "PBR Neutral Tone Mapper". Colours up to 0.8 keep their hue and saturation;
+// brighter ones move towards white.
+vec3 toneMapped(vec3 c) {
+    const float kStart = 0.8 - 0.04;
+    const float kDesaturation = 0.15;
+    float least = min(c.r, min(c.g, c.b));
+    c -= least < 0.08 ? least - 6.25 * least * least : 0.04;
+    float peak = max(c.r, max(c.g, c.b));
+    const float d = 1.0 - kStart;
+    float newPeak = 1.0 - d * d / (max(peak, kStart) + d - kStart);
+    float grey = 1.0 - 1.0 / (kDesaturation * (peak - newPeak) + 1.0);
+    vec3 bright = mix(c * (newPeak / max(peak, kStart)), vec3(newPeak), grey);
+    return peak < kStart ? c : bright;
+}
+
+// Does not change colours up to white. Brighter ones, such as sums of glows, keep their hue and
+// move towards white, as above.
+vec3 limited(vec3 c) {
+    float over = max(max(c.r, max(c.g, c.b)), 1.0);
+    return mix(vec3(1.0), c / over, 1.0 / (0.15 * (over - 1.0) + 1.0));
+}
+
+// What the screen shows of a linear colour; alpha as in color.glsl.
+vec3 shown(vec4 light) {
+    vec3 c = max(light.rgb, vec3(0.0));
+#ifdef TONE_MAP
+    return mix(limited(c), toneMapped(c), light.a);
+#else
+    return limited(c);
+#endif
+}
+
+// Jimenez 2014, "Next Generation Post Processing in Call of Duty: Advanced Warfare": interleaved gradient noise.
+float interleavedNoise(vec2 pixel) {
+    return fract(52.9829189 * fract(dot(pixel, vec2(0.06711056, 0.00583715))));
+}
+
+void main() {
+    ivec2 here = ivec2(gl_FragCoord.xy);
+    vec4 first = texelFetch(uPicture, here, 0);
+    vec3 color = shown(first);
+    float ofScene = first.a;
+#if SAMPLES > 1
+    // Each sample is tone mapped, so that the edges of bright things are smooth, too.
+    for (int i = 1; i < SAMPLES; ++i) {
+        vec4 light = texelFetch(uPicture, here, i);
+        color += shown(light);
+        ofScene += light.a;
+    }
+    color *= 1.0 / float(SAMPLES);
+    ofScene *= 1.0 / float(SAMPLES);
+#endif
+    // Noise of up to half an 8-bit step, so that soft gradients do not band. Less for colours that
+    // are shown as they are: these stay exact.
+    float noise = (interleavedNoise(gl_FragCoord.xy) - 0.5) * mix(0.6, 1.0, ofScene);
+    oColor = vec4(sRGBFromLinear(min(color, vec3(1.0))) + noise / 255.0, 1.0);
+}
