@@ -4,6 +4,7 @@
 
 #include <glm/common.hpp>
 #include <glm/geometric.hpp>
+#include <glm/trigonometric.hpp>
 
 #include <array>
 #include <cmath>
@@ -97,25 +98,42 @@ Baked darkStage(int width, int height) {
     });
 }
 
-/// How much of the user's colour is seen in a direction: a lit backdrop behind the letters, a floor
-/// that reflects it, dark corners, and faint lamps where the camera may turn to.
-float backdrop(const glm::vec3& direction) {
-    constexpr float kHorizon = -13;
-    const float elevation = elevationOf(direction);
-    const float wide = glow(direction, directionOf(0, 6), 44);
-    const float core = glow(direction, directionOf(0, 4), 21);
+/// The wall behind the letters: lit in the middle, with two slanting beams and dark corners, and
+/// faint lamps where the camera may turn to.
+float litBackdrop(const glm::vec3& direction, float elevation) {
+    const float wide = glow(direction, directionOf(0, 5), 40);
+    const float core = glow(direction, directionOf(0, 3), 19);
     const float around = 0.20f * glow(direction, directionOf(180, 20), 60) +
                          0.10f * glow(direction, directionOf(90, 10), 34) +
                          0.10f * glow(direction, directionOf(270, 10), 34);
-    const float wall = 0.13f + 0.46f * wide + 0.34f * core + around;
+    const float azimuth = glm::degrees(std::atan2(direction.x, -direction.z));
+    float beams = 0;
+    for (const float side : {-1.0f, 1.0f}) {
+        const float width = 5 + 0.14f * (40 - elevation);
+        const float away = (azimuth * side - 16 - 0.42f * elevation) / width;
+        beams += std::exp(-away * away) * glm::smoothstep(52.0f, 0.0f, elevation);
+    }
+    return 0.07f + 0.42f * wide + 0.34f * core + around + 0.10f * beams;
+}
 
-    // The floor mirrors the wall weakly, best at a flat angle, and gets darker towards the camera.
+/// How much of the user's colour is seen in a direction: a lit backdrop behind the letters, and a
+/// polished floor that mirrors it.
+float backdrop(const glm::vec3& direction) {
+    constexpr float kHorizon = -14;
+    const float elevation = elevationOf(direction);
+    const float above = 2 * kHorizon - elevation;
+    const float flat = std::sqrt(direction.x * direction.x + direction.z * direction.z);
+    const glm::vec3 mirrored = glm::normalize(
+        glm::vec3(direction.x, flat * std::tan(glm::radians(std::min(above, 80.0f))), direction.z));
     const float below = std::max(0.0f, kHorizon - elevation);
-    const float mirrored = 0.46f * glow(direction, directionOf(0, -22), 40) +
-                           0.30f * glow(direction, directionOf(0, -18), 20);
-    const float floor =
-        (0.11f + mirrored + around * 0.5f) * (0.60f + 0.28f * std::exp(-below / 9.0f));
-    return glm::mix(floor, wall, glm::smoothstep(kHorizon - 3.2f, kHorizon + 1.6f, elevation));
+    const float floor = 0.05f + 0.62f * std::exp(-below / 15) * litBackdrop(mirrored, above) +
+                        0.20f * glow(direction, directionOf(0, -34), 24);
+    const float seam = (elevation - kHorizon) / 0.7f;
+    const float foot = 1 - 0.35f * std::exp(-seam * seam);
+    return foot * glm::mix(
+                      floor,
+                      litBackdrop(direction, elevation),
+                      glm::smoothstep(kHorizon - 0.6f, kHorizon + 0.6f, elevation));
 }
 
 Baked tintableBackdrop(int width, int height) {
