@@ -138,6 +138,23 @@ TEST(Image, ResourcesAreFoundByNameAndKept) {
     foundation::setMainBundle(std::move(before));
 }
 
+TEST(Image, FineNormalsComeBackForTheirPictureOnly) {
+    const test::TemporaryFolder folder;
+    const auto file = folder.path() / "a.normals";
+    Image picture(3, 2);
+    EXPECT_EQ(loadFineNormals(picture, file).error().cause, Cause::notFound);
+    for (unsigned i = 0; i < 12; ++i)
+        picture.fineNormals.push_back(static_cast<std::uint16_t>(i * 5461));
+    ASSERT_TRUE(saveFineNormals(picture, file));
+    Image same(3, 2);
+    ASSERT_TRUE(loadFineNormals(same, file));
+    EXPECT_EQ(same.fineNormals, picture.fineNormals);
+    for (Image other : {Image(2, 2), Image(4, 2)}) {
+        EXPECT_EQ(loadFineNormals(other, file).error().cause, Cause::malformed);
+        EXPECT_TRUE(other.fineNormals.empty());
+    }
+}
+
 TEST(Image, WebPLoads) {
     constexpr auto kRedAndBlue = std::to_array<std::uint8_t>(
         {0x52, 0x49, 0x46, 0x46, 0x1E, 0x00, 0x00, 0x00, 0x57, 0x45, 0x42, 0x50, 0x56,

@@ -15,6 +15,9 @@ namespace zelvo::bake {
 struct Baked {
     image::Image picture;
     std::optional<image::Radiance> light;
+    /// How much of the light falls on matte surfaces. Lamps that are bright enough to be mirrored by
+    /// metal would burn white letters.
+    float matteShare = 1;
 };
 
 /// In which directions a picture repeats without a seam.
@@ -49,7 +52,11 @@ struct Recipe {
 /// All recipes, grouped by family.
 [[nodiscard]] std::vector<Recipe> allRecipes();
 
-/// Writes the files of a recipe's result: the picture and, for an environment, its light probe.
+/// The light of an environment, filtered.
+[[nodiscard]] image::LightProbe probeOf(const Baked& baked, int samplesPerTexel);
+
+/// Writes the files of a recipe's result: the picture, the fine normals of a normal map, and the
+/// light probe of an environment.
 [[nodiscard]] foundation::Result<void>
 store(const Baked& baked, std::string_view name, const std::filesystem::path& folder);
 

@@ -25,6 +25,11 @@ image::Image greyPicture(const Field& field) {
 
 namespace {
 
+/// Maps 0 .. 1 to 0 .. 65535.
+std::uint16_t wordOf(float value) {
+    return static_cast<std::uint16_t>(std::lround(std::clamp(value, 0.0f, 1.0f) * 65535));
+}
+
 /// The Sobel operator: the slope over two pixels, smoothed across.
 glm::vec3 normalAt(const Field& relief, int x, int y, float depth) {
     const auto h = [&](int dx, int dy) { return relief.at(x + dx, y + dy); };
@@ -46,6 +51,8 @@ image::Image normalPicture(const Field& relief, float depth) {
         result.pixels[at + 1] = byteOf(normal.y * 0.5f + 0.5f);
         result.pixels[at + 2] = byteOf(normal.z * 0.5f + 0.5f);
         result.pixels[at + 3] = 255;
+        for (const float part : {normal.x, normal.y})
+            result.fineNormals.push_back(wordOf(part * 0.5f + 0.5f));
     }
     return result;
 }

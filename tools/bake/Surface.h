@@ -18,7 +18,7 @@ namespace zelvo::bake {
 [[nodiscard]] image::Image greyPicture(const Field& field);
 
 /// The normals of a relief: +x right, +y up, +z towards the viewer, each from -1 .. 1 to 0 .. 255.
-/// `depth` is the height of the value 1, as a share of the tile's width.
+/// They are stored in 16 bits, too (`fineNormals`). `depth` is the height of the value 1, as a share of the tile's width.
 [[nodiscard]] image::Image normalPicture(const Field& relief, float depth);
 
 /// A picture from a function of the coordinates (0 to 1, rows from the top) that returns RGBA, 0 to

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fstream>
 #include <span>
 #include <string_view>
 
@@ -50,6 +51,43 @@ QImage viewOf(const Image& image) {
         image.height,
         static_cast<qsizetype>(image.width) * 4,
         QImage::Format_RGBA8888};
+}
+
+namespace {
+
+std::size_t normalCount(const Image& image) {
+    return 2U * static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height);
+}
+
+} // namespace
+
+Result<void> saveFineNormals(const Image& image, const std::filesystem::path& file) {
+    CHECK(image.fineNormals.size() == normalCount(image), "{}: no normals", file.string());
+    return foundation::NewFile::create(file).and_then([&](foundation::NewFile out) {
+        return out.write(std::as_bytes(std::span(image.fineNormals))).and_then([&] {
+            return out.commit();
+        });
+    });
+}
+
+Result<void> loadFineNormals(Image& image, const std::filesystem::path& file) {
+    std::error_code error;
+    const auto bytes = std::filesystem::file_size(file, error);
+    if (error)
+        return foundation::fail(
+            foundation::Cause::notFound, file.string() + ": there is no such file");
+    std::vector<std::uint16_t> normals(normalCount(image));
+    std::ifstream in(file, std::ios::binary);
+    if (bytes == normals.size() * sizeof(std::uint16_t)) {
+        in.read(reinterpret_cast<char*>(normals.data()), static_cast<std::streamsize>(bytes));
+    }
+    if (!in || bytes != normals.size() * sizeof(std::uint16_t)) {
+        return foundation::fail(
+            foundation::Cause::malformed,
+            file.string() + ": not the normals of its picture; bake the resources again");
+    }
+    image.fineNormals = std::move(normals);
+    return {};
 }
 
 Result<void> savePNG(const Image& image, const std::filesystem::path& file) {

@@ -20,6 +20,10 @@ struct Image {
     int height = 0;
     std::vector<std::uint8_t> pixels; ///< 4 * width * height bytes
 
+    /// A normal map's x and y in 16 bits, -1 to 1 as 0 to 65535: eight bits would show as steps in
+    /// reflections. 2 * width * height values, or none.
+    std::vector<std::uint16_t> fineNormals;
+
     /// Image-based light, baked from this picture; null if the picture is not an environment.
     std::shared_ptr<const LightProbe> lightProbe;
 
@@ -33,6 +37,14 @@ struct Image {
 };
 
 using ImagePtr = std::shared_ptr<const Image>;
+
+/// Writes `fineNormals` without compression, so that the program starts quickly. Error: `unwritable`.
+[[nodiscard]] foundation::Result<void>
+saveFineNormals(const Image& image, const std::filesystem::path& file);
+
+/// Reads what saveFineNormals wrote for this picture. Errors: `notFound`, `malformed` (wrong size).
+[[nodiscard]] foundation::Result<void>
+loadFineNormals(Image& image, const std::filesystem::path& file);
 
 /// Writes a PNG. Error: `unwritable`.
 [[nodiscard]] foundation::Result<void>

@@ -104,14 +104,20 @@ int levelCount(int width, int height) {
     return std::bit_width(static_cast<unsigned>(std::max(width, height)));
 }
 
+bool hasNormals(const Image& picture) {
+    return !picture.fineNormals.empty();
+}
+
 TextureHandle makePictureTexture(const Image& picture, bool hasLevels) {
     TextureHandle texture = makeTexture(GL_TEXTURE_2D);
     const int levels = hasLevels ? levelCount(picture.width, picture.height) : 1;
-    glTextureStorage2D(texture.name(), levels, GL_RGBA8, picture.width, picture.height);
+    const GLenum format = hasNormals(picture) ? GL_RG16 : GL_RGBA8;
+    glTextureStorage2D(texture.name(), levels, format, picture.width, picture.height);
     return texture;
 }
 
 void upload(const TextureHandle& texture, const Image& picture, bool hasLevels) {
+    const bool isFine = hasNormals(picture);
     glTextureSubImage2D(
         texture.name(),
         0,
@@ -119,9 +125,9 @@ void upload(const TextureHandle& texture, const Image& picture, bool hasLevels) 
         0,
         picture.width,
         picture.height,
-        GL_RGBA,
-        GL_UNSIGNED_BYTE,
-        picture.pixels.data());
+        isFine ? GL_RG : GL_RGBA,
+        isFine ? GL_UNSIGNED_SHORT : GL_UNSIGNED_BYTE,
+        isFine ? static_cast<const void*>(picture.fineNormals.data()) : picture.pixels.data());
     if (hasLevels)
         glGenerateTextureMipmap(texture.name());
 }
@@ -143,12 +149,14 @@ std::uint32_t TextureStore::picture(const ImagePtr& picture, PictureUse use) {
         return entry.texture.name();
     entry.owner = picture;
     const bool hasLevels = use != PictureUse::backdrop;
-    const bool hasSize = entry.width == picture->width && entry.height == picture->height;
+    const bool hasSize = entry.width == picture->width && entry.height == picture->height &&
+                         entry.isFine == hasNormals(*picture);
     if (!entry.texture || !hasSize)
         entry.texture = textureFor(*picture, hasLevels);
     entry.width = picture->width;
     entry.height = picture->height;
-    if (use != PictureUse::data && holes.isIn(picture))
+    entry.isFine = hasNormals(*picture);
+    if (use != PictureUse::data && !entry.isFine && holes.isIn(picture))
         upload(entry.texture, premultiplied(*picture), hasLevels);
     else
         upload(entry.texture, *picture, hasLevels);
@@ -158,7 +166,7 @@ std::uint32_t TextureStore::picture(const ImagePtr& picture, PictureUse use) {
 TextureHandle TextureStore::textureFor(const Image& picture, bool hasLevels) {
     const auto fits = [&](const Spare& spare) {
         return spare.width == picture.width && spare.height == picture.height &&
-               spare.hasLevels == hasLevels;
+               spare.hasLevels == hasLevels && !hasNormals(picture);
     };
     const auto found = std::ranges::find_if(spares, fits);
     if (found == spares.end())
@@ -296,7 +304,9 @@ void TextureStore::spareExpiredPictures() {
             continue;
         }
         const bool hasLevels = entry->first.second != PictureUse::backdrop;
-        spares.push_back({std::move(kept.texture), kept.width, kept.height, hasLevels});
+        // Videos need spares; they have no normals.
+        if (!kept.isFine)
+            spares.push_back({std::move(kept.texture), kept.width, kept.height, hasLevels});
         entry = pictures.erase(entry);
     }
 }

@@ -57,6 +57,7 @@ private:
     struct KeptPicture : Kept<image::Image> {
         int width = 0;
         int height = 0;
+        bool isFine = false; ///< has the picture's fine normals
     };
 
     struct Spare {

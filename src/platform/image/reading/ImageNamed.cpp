@@ -16,18 +16,28 @@ using foundation::Result;
 
 namespace {
 
+/// Whether the file is there; then it must be right.
+template <class Value> Result<bool> found(const Result<Value>& loaded) {
+    if (!loaded && loaded.error().cause != foundation::Cause::notFound)
+        return tl::unexpected(loaded.error());
+    return loaded.has_value();
+}
+
 Result<ImagePtr> loadResource(const std::filesystem::path& file) {
     auto loaded = loadImage(file);
     if (!loaded)
         return loaded;
-    auto probe = LightProbe::load(file.string() + ".probe");
-    if (!probe && probe.error().cause == foundation::Cause::notFound)
-        return loaded;
-    if (!probe)
-        return tl::unexpected(probe.error());
     auto image = std::make_shared<Image>(**loaded);
-    image->lightProbe = std::make_shared<const LightProbe>(*std::move(probe));
-    return image;
+    const auto hasNormals = found(image::loadFineNormals(*image, file.string() + ".normals"));
+    if (!hasNormals)
+        return tl::unexpected(hasNormals.error());
+    auto probe = LightProbe::load(file.string() + ".probe");
+    const auto hasProbe = found(probe);
+    if (!hasProbe)
+        return tl::unexpected(hasProbe.error());
+    if (*hasProbe)
+        image->lightProbe = std::make_shared<const LightProbe>(*std::move(probe));
+    return *hasProbe || *hasNormals ? Result<ImagePtr>(image) : loaded;
 }
 
 /// Pictures by file, so that another bundle gets its own.

@@ -40,17 +40,25 @@ vec4 straight(vec4 texel) {
     return vec4(texel.rgb / max(texel.a, 1.0 / 255.0), texel.a);
 }
 
-vec3 shadingNormal() {
+// The normal of the shape itself, without the relief of a picture.
+vec3 shapeNormal() {
     vec3 N = normalize(vNormal);
 #ifdef DOUBLE_SIDED
     N = gl_FrontFacing ? N : -N;
 #endif
+    return N;
+}
+
+vec3 shadingNormal() {
+    vec3 N = shapeNormal();
 #ifdef HAS_NORMAL_PICTURE
     vec3 T = normalize(vTangent.xyz - N * dot(N, vTangent.xyz));
     vec3 B = cross(T, N) * vTangent.w; // up in the picture, against growing v
-    vec3 n = texture(uNormal, texcoord(UNIT_NORMAL)).xyz * 2.0 - 1.0;
-    n.xy *= emission.w;
-    N = normalize(T * n.x + B * n.y + N * max(n.z, 0.05));
+    // z follows from the other two, as fine pictures have only these.
+    vec2 n = texture(uNormal, texcoord(UNIT_NORMAL)).xy * 2.0 - 1.0;
+    float z = sqrt(max(1.0 - dot(n, n), 0.0025));
+    n *= emission.w;
+    N = normalize(T * n.x + B * n.y + N * z);
 #endif
     return N;
 }
