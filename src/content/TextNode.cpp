@@ -8,6 +8,7 @@
 #include "platform/scene/SCNTransaction.h"
 #include "platform/scene/SkeletonCache.h"
 
+#include <glm/common.hpp>
 #include <glm/gtc/matrix_transform.hpp>
 
 #include <algorithm>
@@ -67,6 +68,12 @@ coordinatesOf(const std::string& line, const text::TextAttributes& attributes) {
              static_cast<float>(place.width)});
     }
     return coordinates;
+}
+
+/// Where a letter starts in its material's pictures. The steps never repeat, and neighbours are far
+/// apart (Roberts 2018, "The Unreasonable Effectiveness of Quasirandom Sequences").
+glm::vec2 textureShiftOf(std::size_t letter) {
+    return glm::fract(static_cast<float>(letter) * glm::vec2(0.7548777f, 0.5698403f));
 }
 
 bool isSameStyle(const text::TextAttributes& a, const text::TextAttributes& b) {
@@ -271,6 +278,7 @@ void TextNode::buildLetters() {
         const auto letter = std::make_shared<CharNode>();
         letter->wrapperNode = std::static_pointer_cast<Node>(shared_from_this());
         letter->geometry = solids.at(characters[i]);
+        letter->textureShift = textureShiftOf(i);
         contentNode->addChildNode(letter);
         const geometry::Box box = letter->boundingBox();
         maxHeight = std::max(maxHeight, box.max.y);

@@ -36,12 +36,27 @@ struct SlotRecipe {
     float intensity = 1;
 };
 
+/// What a surface has beyond its slots.
+struct Finish {
+    scene::SCNMaterial::Rim rim{1.0f, 1.0f};
+    float clearCoat = 0;
+    float clearCoatRelief = 0;
+};
+
 struct SurfaceRecipe {
     Surface surface;
     std::string_view name;
     scene::SCNLightingModel lightingModel;
     std::array<SlotRecipe, 3> slots;
+    Finish finish{};
 };
+
+// Metals shine most along their edges; stone does not.
+inline constexpr Finish kMetal{.rim = {0.12f, 0.6f}};
+inline constexpr Finish kMatte{.rim = {1.0f, 0.6f}};
+inline constexpr Finish kLacquered{.rim = {0.2f, 0.8f}, .clearCoat = 1.0f};
+inline constexpr Finish kEnamelled{.rim = {0.12f, 0.6f}, .clearCoat = 1.0f, .clearCoatRelief = 1.0f};
+inline constexpr Finish kVarnished{.rim = {0.12f, 0.5f}, .clearCoat = 0.6f, .clearCoatRelief = 0.3f};
 
 // clang-format off
 inline constexpr auto kSurfaces = [] {
@@ -50,16 +65,16 @@ inline constexpr auto kSurfaces = [] {
     constexpr auto kPhysical = scene::SCNLightingModel::physicallyBased;
     constexpr auto kConstant = scene::SCNLightingModel::constant;
     return std::to_array<SurfaceRecipe>({
-        {Surface::plain,        "Plain",        kPhysical, {}},
+        {Surface::plain,        "Plain",        kPhysical, {}, kMatte},
         {Surface::flat,         "Flat",         kConstant, {}},
         {Surface::plate,        "Plate",        kPhysical,
-         {{{&Slots::normal, "QX_NoiseNormal_21.jpg"sv}}}},
+         {{{&Slots::normal, "QX_NoiseNormal_21.jpg"sv}}}, kEnamelled},
         {Surface::plastic,      "Plastic",      kPhysical,
-         {{{&Slots::normal, "plastic_normal.png"sv}}}},
+         {{{&Slots::normal, "plastic_normal.png"sv}}}, kLacquered},
         {Surface::iron,         "Iron",         kPhysical,
          {{{&Slots::roughness, "scratches_roughness.jpg"sv},
            {&Slots::metalness, "scratches_metal.jpg"sv},
-           {&Slots::ambientOcclusion, "scratches_ambientOcclusion.jpg"sv}}}},
+           {&Slots::ambientOcclusion, "scratches_ambientOcclusion.jpg"sv}}}, kMetal},
         {Surface::rock,         "Rock",         kPhysical,
          {{{&Slots::roughness, "rock.jpg"sv},
            {&Slots::normal, "rock_normal.jpg"sv},
@@ -67,14 +82,14 @@ inline constexpr auto kSurfaces = [] {
         {Surface::circuitBoard, "CircuitBoard", kPhysical,
          {{{&Slots::roughness, "scratches_roughness.jpg"sv},
            {&Slots::metalness, "scratches_metal.jpg"sv},
-           {&Slots::normal, "circuits_normal.jpg"sv}}}},
+           {&Slots::normal, "circuits_normal.jpg"sv}}}, kMetal},
         {Surface::grained,      "Grained",      kPhysical,
          {{{&Slots::metalness, 0.5f},
-           {&Slots::normal, "seamlesstexture14_500_NRM.png"sv}}}},
+           {&Slots::normal, "seamlesstexture14_500_NRM.png"sv}}}, kVarnished},
         {Surface::oldMetal,     "Old Metal",    kPhysical,
          {{{&Slots::roughness, "scratches_roughness.jpg"sv},
            {&Slots::metalness, image::Color::white(0.88f)},
-           {&Slots::normal, "scratches_normal.jpg"sv, 0.3f}}}},
+           {&Slots::normal, "scratches_normal.jpg"sv, 0.3f}}}, kMetal},
         {Surface::cracks,       "Cracked",      kPhysical,
          {{{&Slots::ambientOcclusion, "cracks_ambientocclusion.png"sv},
            {&Slots::specular, "cracks_specular.png"sv},

@@ -44,6 +44,9 @@ RecipeSurface::RecipeSurface(Surface surface) {
     const SurfaceRecipe& recipe = recipeOf(surface);
     name = recipe.name;
     lightingModelName = recipe.lightingModel;
+    rim = recipe.finish.rim;
+    clearCoat = recipe.finish.clearCoat;
+    clearCoatRelief = recipe.finish.clearCoatRelief;
     for (const SlotRecipe& slot : recipe.slots) {
         if (slot.slot != nullptr)
             fillSlot(this->*slot.slot, slot);

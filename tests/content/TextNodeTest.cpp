@@ -132,6 +132,18 @@ TEST_F(TextNodeTest, TurnsAllLettersAboutOneCommonPoint) {
     }
 }
 
+TEST_F(TextNodeTest, StartsTheMaterialOfEachLetterElsewhere) {
+    const auto text = textOf("AAAAAA");
+    const auto letters = text->letters();
+    for (std::size_t i = 0; i < letters.size(); ++i) {
+        for (std::size_t k = 0; k < i; ++k) {
+            const glm::vec2 apart = letters[i]->textureShift - letters[k]->textureShift;
+            const glm::vec2 inTile = glm::abs(apart - glm::round(apart));
+            EXPECT_GT(std::max(inTile.x, inTile.y), 0.1f) << i << " and " << k;
+        }
+    }
+}
+
 TEST_F(TextNodeTest, SpacesLettersByKerning) {
     const auto text = textOf("HEH");
     const float before = text->letters()[2]->originalPosition->x;

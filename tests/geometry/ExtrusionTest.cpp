@@ -116,6 +116,8 @@ TEST(Extrusion, ChamferTakesAtMostHalfTheDepth) {
     const Mesh tile = extrude(pathOf({squareAt(0, 0, 100)}), options(2, 10));
     EXPECT_EQ(faultOf(tile), "");
     EXPECT_EQ(tile.elements.size(), 5U);
+    for (std::size_t i = 0; i < tile.elements.size(); ++i)
+        EXPECT_EQ(tile.elements[i].isRim, i >= 3) << "only chamfers are rims: " << i;
     EXPECT_EQ(tile.elements[2].indexCount, 0U) << "nothing is left of the walls";
     // Two frustums of height 1, between 100 x 100 and 80 x 80.
     EXPECT_NEAR(inspect(tile).volume, 2 * (10000 + 8000 + 6400) / 3.0, 5);

@@ -112,6 +112,32 @@ TEST_F(Shading, AWhiteMirrorInAWhiteRoomGivesBackAllLight) {
     }
 }
 
+// Expected: Fresnel's 4 % at normal incidence, and what is left below it.
+TEST_F(Shading, ALacquerShinesOverTheReliefBelowIt) {
+    const auto material = makeMatte(Color::white(0));
+    material->specular.contents = Color::white(0);
+    material->normal.setImage(sharePicture(1, 1, {{230, 128, 200, 255}})); // leans far away
+    show(material, 0);
+    shine({0, 0, 1});
+    const double bare = measured().g;
+    material->clearCoat = 1;
+    EXPECT_GT(measured().g, bare + 0.3);
+    material->clearCoatRelief = 1;
+    EXPECT_LT(measured().g, bare + 0.05) << "it follows the relief";
+}
+
+// A bump turned to a lamp behind the surface must stay dark.
+TEST_F(Shading, NoLightComesThroughFromBehindARelief) {
+    const auto material = makeMatte(Color::white(1));
+    material->normal.setImage(sharePicture(1, 1, {{250, 128, 150, 255}}));
+    show(material, 0);
+    shine({0.98, 0, -0.2});
+    EXPECT_LT(measured().g, 0.002);
+    clear(2);
+    shine({0.98, 0, 0.4});
+    EXPECT_GT(measured().g, 0.2);
+}
+
 // Expected: the published reference of the Khronos PBR neutral tone mapper.
 TEST_F(Shading, ToneMapsAsThePublishedCurve) {
     using Row = std::pair<glm::dvec3, glm::dvec3>;

@@ -111,7 +111,9 @@ public:
         addElement([this] { writeWalls(); });
         if (hasChamferElements) {
             addElement([this] { writeChamfer(1); });
+            mesh.elements.back().isRim = true;
             addElement([this] { writeChamfer(-1); });
+            mesh.elements.back().isRim = true;
         }
         return std::move(mesh);
     }

@@ -34,6 +34,7 @@ struct Vertex {
 struct MeshElement {
     std::uint32_t firstIndex = 0;
     std::uint32_t indexCount = 0; ///< a multiple of 3
+    bool isRim = false;           ///< a chamfer: polished more than the rest (SCNMaterial::rim)
 };
 
 /// A coarser version of a mesh, with some of its vertices.

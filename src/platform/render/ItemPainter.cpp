@@ -109,6 +109,11 @@ MaterialBinding ItemPainter::bound(const Frame& frame, const DrawItem& item) con
         binding.features |= kVertexColors;
     if (item.material->blendMode == SCNBlendMode::multiply)
         binding.features |= kMultiplyBlend;
+    moveTexture(binding, node.textureShift);
+    if (node.geometry->mesh().elements[item.element].isRim) {
+        binding.item.emission.w *= item.material->rim.relief;
+        binding.item.factors.x *= item.material->rim.roughness;
+    }
     binding.item.world = node.world;
     binding.item.normalMatrix = glm::mat4(glm::transpose(glm::inverse(glm::mat3(node.world))));
     binding.item.diffuse.a = node.opacity * scene::constantOpacity(*item.material);

@@ -54,6 +54,7 @@ constexpr auto kFeatures = std::to_array<FeatureRow>({
     {kEnvironment,     "HAS_ENVIRONMENT"     },
     {kCutOut,          "CUT_OUT"             },
     {kVertexColors,    "HAS_VERTEX_COLORS"   },
+    {kClearCoat,       "CLEAR_COAT"          },
 });
 
 // clang-format on
@@ -150,6 +151,10 @@ MaterialBinding bindMaterial(const SCNMaterial& material, PictureHoles& holes) {
 
     if (material.lightingModelName == SCNLightingModel::physicallyBased)
         binding.features |= kLit;
+    if ((binding.features & kLit) != 0 && material.clearCoat > 0)
+        binding.features |= kClearCoat;
+    item.multiply.w = material.clearCoat;
+    item.selfIllumination.w = material.clearCoatRelief;
     if (material.isDoubleSided)
         binding.features |= kDoubleSided;
     if (material.transparencyMode == scene::SCNTransparencyMode::rgbZero)
@@ -157,11 +162,18 @@ MaterialBinding bindMaterial(const SCNMaterial& material, PictureHoles& holes) {
     return binding;
 }
 
+void moveTexture(MaterialBinding& binding, const glm::vec2& shift) {
+    binding.textureShift = shift;
+    binding.item.uvTransform[3] += glm::vec4(shift, 0, 0);
+}
+
 SlotBlock slotTransforms(const MaterialBinding& binding) {
     SlotBlock block;
     for (std::size_t unit = 0; unit < kSlotUnitCount; ++unit) {
         const SCNMaterialProperty* slot = binding.pictures.at(unit);
-        block.slotTransform.at(unit) = slot != nullptr ? slot->contentsTransform : glm::mat4(1);
+        glm::mat4& matrix = block.slotTransform.at(unit);
+        matrix = slot != nullptr ? slot->contentsTransform : glm::mat4(1);
+        matrix[3] += glm::vec4(binding.textureShift, 0, 0);
     }
     return block;
 }

@@ -26,6 +26,7 @@ enum Feature : std::uint32_t {
     kEnvironment = 1U << 19U,
     kCutOut = 1U << 21U, ///< drawn where the pictures' opacity is at least a half, and opaque there
     kVertexColors = 1U << 22U,
+    kClearCoat = 1U << 24U,
 };
 
 [[nodiscard]] constexpr std::uint32_t slotFeature(Unit unit) {
@@ -43,9 +44,13 @@ struct MaterialBinding {
     /// By texture unit. Null: the slot has no picture.
     std::array<const scene::SCNMaterialProperty*, kSlotUnitCount> pictures{};
     const std::string* modifier = nullptr; ///< null: no modifier
+    glm::vec2 textureShift{0};
 };
 
 [[nodiscard]] MaterialBinding bindMaterial(const scene::SCNMaterial& material, PictureHoles& holes);
+
+/// Adds to the texture coordinates of all pictures.
+void moveTexture(MaterialBinding& binding, const glm::vec2& shift);
 
 /// The contents transforms of the slots that have pictures, by texture unit.
 [[nodiscard]] SlotBlock slotTransforms(const MaterialBinding& binding);

@@ -69,8 +69,8 @@ enum Unit : std::uint32_t {
     ONE(vec4, diffuse)          /* rgb linear, a opacity */                                               \
     ONE(vec4, emission)         /* rgb linear, w intensity of the normal map */                           \
     ONE(vec4, specular)         /* rgb, 0.5 is 4 % at normal incidence; w intensity of the reflection */  \
-    ONE(vec4, multiply)         /* rgb linear */                                                          \
-    ONE(vec4, selfIllumination) /* rgb linear */                                                          \
+    ONE(vec4, multiply)         /* rgb linear, w clear coat */                                            \
+    ONE(vec4, selfIllumination) /* rgb linear, w relief of the clear coat */                              \
     ONE(vec4, factors)          /* roughness, metalness, ambient occlusion, transparency */
 
 #define ZELVO_SLOT_BLOCK(ONE, LIST)                                                                       \

@@ -165,7 +165,8 @@ void Snapshot::addNode(const SCNNode& node, const Inherited& own, const Frustum&
         isInView,
         0,
         0,
-        0};
+        0,
+        node.textureShift};
     const glm::vec4 depthOf =
         -glm::vec4(camera_.view[0][2], camera_.view[1][2], camera_.view[2][2], camera_.view[3][2]);
     const glm::vec3 half = (box.max - box.min) * 0.5f;

@@ -24,6 +24,7 @@ struct VisibleNode {
     float farthest = 0;    ///< distance along the view of its box's farthest corner, scene units
     float middle = 0;      ///< the same for the middle of its box
     std::size_t level = 0; ///< 0: the whole mesh; n: the nth of Mesh::coarser
+    glm::vec2 textureShift{0};
 };
 
 /// Whether back faces of a double-sided material can be seen from a place. A closed solid hides

@@ -47,8 +47,8 @@ std::uint32_t SurfaceShaders::program(
     std::uint32_t features, const LightCounts& lights, const std::string* modifier) {
     const std::uint32_t index = modifier != nullptr ? modifierIndex(*modifier) : 0;
     const LightCounts counts = (features & kLit) != 0 ? lights : LightCounts();
-    const std::uint64_t key = features | static_cast<std::uint64_t>(counts.key()) << 24U |
-                              static_cast<std::uint64_t>(index) << 44U;
+    const std::uint64_t key = features | static_cast<std::uint64_t>(counts.key()) << 28U |
+                              static_cast<std::uint64_t>(index) << 48U;
     ProgramHandle& known = programs[key];
     if (known)
         return known.name();

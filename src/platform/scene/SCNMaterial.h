@@ -86,6 +86,17 @@ public:
     SCNTransparencyMode transparencyMode = SCNTransparencyMode::aOne;
     bool isDoubleSided = false;
     float transparency = 1; ///< opacity of the whole material
+    /// The share of a clear lacquer over everything, 0 to 1. It has highlights and reflections of its own.
+    float clearCoat = 0;
+    float clearCoatRelief = 0; ///< 0: the lacquer is smooth; 1: it follows the relief of `normal`
+
+    /// The chamfers of a solid. Edges are touched and polished most.
+    struct Rim {
+        float relief = 1;    ///< times the intensity of `normal`
+        float roughness = 1; ///< times the roughness
+    };
+
+    Rim rim;
     std::map<SCNShaderModifierEntryPoint, std::string> shaderModifiers;
     std::optional<SCNFloorLook> floor; ///< nothing: the surface is no floor
 

@@ -62,6 +62,8 @@ public:
     Animated<glm::vec3> scale{glm::vec3(1)};
     Animated<float> opacity{1.0f};
     glm::mat4 pivot{1}; ///< position, rotation and scale act around this frame
+    /// Added to all texture coordinates, so that nodes with the same pictures do not look the same.
+    glm::vec2 textureShift{0};
 
     /// As set: 720 degrees stay 720 degrees.
     [[nodiscard]] glm::vec3 eulerAngles() const { return eulerAngles_; }

@@ -9,7 +9,14 @@ struct Shading {
     float roughness; // perceptual
     float alpha; // roughness squared
     vec3 energy; // correction for light that is reflected more than once
+    vec3 shapeN; // without the relief of a normal picture
+    vec3 coatN; // of the clear coat
+    float openness; // how far a hollow is open to lamps, 1 where there are no hollows
 };
+
+#if defined(HAS_NORMAL_PICTURE) || defined(HAS_MODIFIER)
+#define HAS_RELIEF
+#endif
 
 // Karis 2014, "Physically Based Shading on Mobile": scale and bias of f0, an analytic fit of the
 // second part of the split sum.
@@ -32,16 +39,42 @@ float singleBounceEnergy(float roughness, float NoV) {
 // Walter et al. 2007, "Microfacet Models for Refraction through Rough Surfaces" (GGX), times pi;
 // Hammon 2017, "PBR Diffuse Lighting for GGX+Smith Microsurfaces": fit of the height-correlated Smith visibility;
 // Schlick 1994, "An Inexpensive BRDF Model for Physically-based Rendering".
-vec3 specularLobe(Shading s, float NoL, float NoH, float LoH) {
-    float a2 = s.alpha * s.alpha;
+float distribution(float alpha, float NoL, float NoV, float NoH) {
+    float a2 = alpha * alpha;
     float k = (NoH * a2 - NoH) * NoH + 1.0;
-    float q = 1.0 - LoH;
-    float q2 = q * q;
-    vec3 F = s.f0 + (1.0 - s.f0) * (q2 * q2 * q);
     // alpha is at least 0.0036, so the divisor stays above 1e-10 wherever NoL > 0
-    float DV = a2 * 0.5 / max(k * k * mix(2.0 * NoL * s.NoV, NoL + s.NoV, s.alpha), 1e-10);
-    return F * DV;
+    return a2 * 0.5 / max(k * k * mix(2.0 * NoL * NoV, NoL + NoV, alpha), 1e-10);
 }
+
+float fresnelPower(float cosine) {
+    float q = 1.0 - cosine;
+    float q2 = q * q;
+    return q2 * q2 * q;
+}
+
+vec3 specularLobe(Shading s, float NoL, float NoH, float LoH) {
+    vec3 F = s.f0 + (1.0 - s.f0) * fresnelPower(LoH);
+    return F * distribution(s.alpha, NoL, s.NoV, NoH);
+}
+
+#ifdef CLEAR_COAT
+// A lacquer with the index of refraction 1.5. The smoother it is, the less it follows the relief below.
+const float kCoatAlpha = 0.03;
+const float kCoatRoughness = 0.17;
+
+float coatShare(float cosine) {
+    return multiply.w * (0.04 + 0.96 * fresnelPower(cosine));
+}
+
+// What passes the lacquer is lit below it; the rest is reflected in the lamp's colour.
+vec3 coated(Shading s, vec3 below, vec3 L, vec3 H, float LoH) {
+    float NoL = clamp(dot(s.coatN, L), 0.0, 1.0);
+    float NoV = clamp(dot(s.coatN, s.V), 1e-3, 1.0);
+    float NoH = clamp(dot(s.coatN, H), 0.0, 1.0);
+    float share = coatShare(LoH);
+    return below * (1.0 - share) + share * NoL * distribution(kCoatAlpha, NoL, NoV, NoH);
+}
+#endif
 
 // The light reflected to the eye, for irradiance 1 from L.
 vec3 reflected(Shading s, vec3 L) {
@@ -49,7 +82,20 @@ vec3 reflected(Shading s, vec3 L) {
     vec3 H = normalize(s.V + L);
     float NoH = clamp(dot(s.N, H), 0.0, 1.0);
     float LoH = clamp(dot(L, H), 0.0, 1.0);
-    return NoL * (s.albedo + s.energy * specularLobe(s, NoL, NoH, LoH));
+#ifdef HAS_RELIEF
+    // Light from behind the shape reaches no bump on it.
+    NoL *= clamp(4.0 * dot(s.shapeN, L), 0.0, 1.0);
+#endif
+#ifdef HAS_AMBIENT_OCCLUSION_PICTURE
+    // Chan 2018, "Material Advances in Call of Duty: WWII": what is occluded from most of the room is
+    // reached only by steep light.
+    NoL *= clamp(NoL + s.openness, 0.0, 1.0);
+#endif
+    vec3 light = NoL * (s.albedo + s.energy * specularLobe(s, NoL, NoH, LoH));
+#ifdef CLEAR_COAT
+    light = coated(s, light, L, H, LoH);
+#endif
+    return light;
 }
 
 // Tokuyoshi and Kaplanyan 2019, "Improved Geometric Specular Antialiasing". Where the normal

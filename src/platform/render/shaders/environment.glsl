@@ -20,10 +20,20 @@ vec3 environmentAt(Shading s, vec2 fit, float ambientOcclusion) {
     // with the fit's own sum, so that an evenly lit room stays even
     vec3 energy = 1.0 + s.f0 * (1.0 / (fit.x + fit.y) - 1.0);
     vec3 specularPart = prefiltered(R, s.roughness) * (s.f0 * fit.x + fit.y) * energy;
+#ifdef HAS_RELIEF
+    // A ray that goes into the shape meets it again instead of the room.
+    float above = clamp(1.0 + 1.5 * dot(R, s.shapeN), 0.0, 1.0);
+    specularPart *= above * above;
+#endif
 #ifdef VERTEX_IRRADIANCE
     vec3 irradianceHere = vIrradiance;
 #else
     vec3 irradianceHere = irradianceAt(s.N);
 #endif
-    return (irradianceHere * s.albedo + specularPart) * (ambientOcclusion * frame.z);
+    vec3 light = irradianceHere * s.albedo + specularPart;
+#ifdef CLEAR_COAT
+    float share = coatShare(clamp(dot(s.coatN, s.V), 0.0, 1.0));
+    light = mix(light, prefiltered(reflect(-s.V, s.coatN), kCoatRoughness), share);
+#endif
+    return light * (ambientOcclusion * frame.z);
 }

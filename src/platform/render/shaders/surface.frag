@@ -42,15 +42,24 @@ void modifySurface(inout Surface _surface) {
 #endif
 
 #ifdef LIT
+const float kMetalWhite = 0.12;
+
 vec3 litColor(Surface surface) {
     Shading s;
     s.N = surface.normal;
+    s.shapeN = shapeNormal();
+    s.coatN = normalize(mix(s.shapeN, s.N, selfIllumination.w));
+    s.openness = 2.0 * surface.ambientOcclusion * surface.ambientOcclusion - 1.0;
     s.V = normalize(cameraPosition.xyz - vPosition);
     s.NoV = clamp(dot(s.N, s.V), 1e-3, 1.0);
     float metalness = clamp(surface.metalness, 0.0, 1.0);
     vec3 base = surface.diffuse.rgb;
-    s.albedo = base * (1.0 - metalness);
-    s.f0 = mix(0.08 * surface.specular.rgb, base, metalness);
+    // What is not metal on a metal is dirt and oxide, darker than the metal.
+    s.albedo = base * ((1.0 - metalness) * (1.0 - 0.7 * metalness));
+    // Each real metal reflects some of every colour. A colour as pure as a picker gives would look
+    // like paint in the highlights.
+    vec3 metal = mix(base, vec3(max(base.r, max(base.g, base.b))), kMetalWhite);
+    s.f0 = mix(0.08 * surface.specular.rgb, metal, metalness);
     float roughness = clamp(surface.roughness, 0.06, 1.0);
     s.alpha = widenedAlpha(s.N, roughness * roughness);
     s.roughness = sqrt(s.alpha);
@@ -71,7 +80,9 @@ vec3 shadedColor(Surface surface) {
     vec3 color = litColor(surface) + surface.emission.rgb;
 #ifdef HAS_REFLECTIVE_PICTURE
     vec3 R = reflect(normalize(vPosition - cameraPosition.xyz), surface.normal);
-    color += linearFromSRGB(texture(uReflective, equirectangularWithoutSeam(R)).rgb) * specular.w;
+    // The mipmaps' blur stands for that of a rough mirror.
+    float blur = 3.0 * surface.roughness;
+    color += linearFromSRGB(texture(uReflective, equirectangularWithoutSeam(R), blur).rgb) * specular.w;
 #endif
     return color * surface.multiplied;
 }
