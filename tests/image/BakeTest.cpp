@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "Panorama.h"
 #include "Recipe.h"
 #include "Surface.h"
+#include "platform/image/Octahedral.h"
 
 #include <glm/geometric.hpp>
+#include <glm/gtc/packing.hpp>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -79,6 +82,9 @@ TEST(Bake, NormalsOfADomePointAwayFromItsTop) {
     const Field dome =
         Field::of(32, 32, [](const glm::vec2& p) { return 1 - 3 * glm::dot(p - 0.5f, p - 0.5f); });
     const image::Image normals = normalPicture(dome, 0.2f);
+    ASSERT_EQ(normals.fineNormals.size(), normals.pixels.size() / 2);
+    for (std::size_t i = 0; i < normals.fineNormals.size(); ++i)
+        EXPECT_NEAR(normals.fineNormals[i] / 257.0, normals.pixels[i / 2 * 4 + i % 2], 0.51);
 
     struct Row {
         int x, y;
@@ -125,7 +131,7 @@ TEST(Bake, EnvironmentsModelLettersWithoutBurningThem) {
         ASSERT_NE(found, recipes.end()) << row.name;
         const Baked baked = small(*found);
         ASSERT_TRUE(baked.light) << row.name;
-        const auto probe = image::LightProbe::filtered(*baked.light, 1);
+        const auto probe = probeOf(baked, 1);
         const auto reflected = [&](const glm::vec3& normal) {
             return probe.diffuse(normal).g * row.strength;
         };
@@ -135,6 +141,30 @@ TEST(Bake, EnvironmentsModelLettersWithoutBurningThem) {
         EXPECT_GT(reflected({0, 1, 0}), 1.4f * face) << row.name;
         EXPECT_LT(reflected({0, -1, 0}), 0.6f * face) << row.name;
         EXPECT_GT(std::abs(reflected({1, 0, 0}) - reflected({-1, 0, 0})), 0.2f * face) << row.name;
+    }
+}
+
+/// Metal looks like metal only if flat faces mirror bright and dark side by side.
+TEST(Bake, EveryEnvironmentGivesMetalFacesBrightAndDark) {
+    for (const Recipe& recipe : allRecipes()) {
+        const Baked baked = small(recipe);
+        if (!baked.light)
+            continue;
+        const auto probe = probeOf(baked, 16);
+        float darkest = 1e9f;
+        float brightest = 0;
+        for (int i = 0; i < 35; ++i) { // what a title of two lines mirrors
+            const float azimuth = 180 + 8.0f * static_cast<float>(i % 7 - 3);
+            const glm::vec2 place = image::octahedralFromDirection(
+                directionOf(azimuth, 6.0f * static_cast<float>(i / 7 - 2)));
+            const glm::ivec2 texel(place * 128.0f + 1.0f);
+            const auto at = static_cast<std::size_t>(texel.y * image::LightProbe::kSide + texel.x);
+            const float light = glm::unpackHalf1x16(probe.specular[1][at * 3 + 1]);
+            darkest = std::min(darkest, light);
+            brightest = std::max(brightest, light);
+        }
+        EXPECT_GT(brightest, 6 * darkest) << recipe.name;
+        EXPECT_GT(brightest, 2 * probe.diffuse({0, 0, 1}).g) << recipe.name;
     }
 }
 

@@ -56,20 +56,28 @@ float cloudySky(const glm::vec3& direction) {
 }
 
 // The scenes multiply the light of the clouds by 24.
+constexpr FaceLight kCloudFace{
+    .panel = 0.085f,
+    .floor = 0.030f,
+    .columns = 0.7f,
+    .brightestColumn = -12,
+    .above = kWarm,
+    .below = kCool};
+
 // clang-format off
 constexpr auto kCloudLamps = std::to_array<Softbox>({
-    {196, 30, -5, {0.80f, 0.40f},  0.25f, 0.115f, 0.80f, kWarm},
-    {262, 14, 3,  {0.070f, 0.90f}, 0.03f, 0.30f,  0.10f, kWarm},
-    {100, 12, -3, {0.055f, 0.80f}, 0.03f, 0.22f,  0.20f, kCool},
-    {330, 24, 0,  {0.16f, 0.40f},  0.05f, 0.30f,  0.0f,  kCool},
+    {180, 56, 0,  {1.20f, 0.080f}, 0.02f, 0.26f, 0.0f,  kWarm},
+    {256, 12, 3,  {0.070f, 0.95f}, 0.02f, 0.40f, 0.10f, kWarm},
+    {104, 10, -3, {0.050f, 0.85f}, 0.02f, 0.34f, 0.20f, kCool},
+    {330, 24, 0,  {0.14f, 0.40f},  0.04f, 0.36f, 0.0f,  kCool},
 });
 
 // clang-format on
 
 Baked cloudLayers(int width, int height) {
-    Baked baked = environment(width, height, [](const glm::vec3& direction) {
-        return 0.055f * cloudySky(direction) * glm::vec3(0.95f, 1.0f, 1.07f) +
-               lightOf(kCloudLamps, direction);
+    Baked baked = environment(width, height, 0.55f, [](const glm::vec3& direction) {
+        return 0.050f * cloudySky(direction) * glm::vec3(0.95f, 1.0f, 1.07f) +
+               lightOf(kCloudFace, direction) + lightOf(kCloudLamps, direction);
     });
     Dice dice(205);
     baked.picture = picture(width, height, [&](const glm::vec2& place) {
@@ -94,40 +102,60 @@ glm::vec3 jewelLamps(const glm::vec3& direction) {
 }
 
 // The scenes multiply this light by 8.
+constexpr FaceLight kJewelFace{
+    .panel = 0.125f,
+    .floor = 0.070f,
+    .columns = 0.9f,
+    .brightestColumn = -8,
+    .above = kNeutral,
+    .below = kCool};
+
 // clang-format off
 constexpr auto kJewelPanels = std::to_array<Softbox>({
-    {205, 32, -8, {0.60f, 0.26f},  0.05f,  0.16f, 0.90f, kNeutral},
-    {168, 2,  34, {0.030f, 0.60f}, 0.010f, 0.36f, 0.20f, kNeutral},
-    {258, 10, 4,  {0.050f, 0.90f}, 0.012f, 0.90f, 0.10f, kWarm   },
-    {102, 10, -4, {0.050f, 0.90f}, 0.012f, 0.70f, 0.10f, kCool   },
+    {180, 60, 0,  {1.20f, 0.070f}, 0.012f, 0.80f, 0.0f,  kNeutral},
+    {168, 2,  34, {0.022f, 0.60f}, 0.010f, 0.40f, 0.20f, kNeutral},
+    {252, 10, 4,  {0.050f, 0.95f}, 0.012f, 1.00f, 0.10f, kWarm   },
+    {106, 10, -4, {0.050f, 0.95f}, 0.012f, 0.90f, 0.10f, kCool   },
 });
 
 // clang-format on
 
 Baked jewelRoom(int width, int height) {
-    return environment(width, height, [](const glm::vec3& direction) {
+    return environment(width, height, 0.55f, [](const glm::vec3& direction) {
         const float walls = 0.0025f + 0.006f * glow(direction, directionOf(180, -30), 35);
-        return glm::vec3(walls) + 1.1f * jewelLamps(direction) + lightOf(kJewelPanels, direction);
+        return glm::vec3(walls) + 1.1f * jewelLamps(direction) + lightOf(kJewelFace, direction) +
+               lightOf(kJewelPanels, direction);
     });
 }
 
 // The scenes multiply this light by 2.5 or 7.
+constexpr FaceLight kSoftFace{
+    .panel = 0.62f,
+    .floor = 0.17f,
+    .columns = 0.85f,
+    .brightestColumn = 12,
+    .above = kWarm,
+    .below = kNeutral};
+
 // clang-format off
 constexpr auto kSoftPanels = std::to_array<Softbox>({
-    {200, 34, -5, {0.95f, 0.42f},  0.22f, 0.52f, 0.80f, kNeutral},
-    {268, 16, 3,  {0.16f, 0.90f},  0.06f, 0.75f, 0.15f, kWarm   },
-    {92,  14, -3, {0.12f, 0.85f},  0.06f, 0.55f, 0.20f, kCool   },
-    {170, 4,  28, {0.050f, 0.60f}, 0.03f, 0.45f, 0.20f, kNeutral},
+    {180, 57, 0,  {1.20f, 0.085f}, 0.02f, 1.15f, 0.0f,  kNeutral},
+    {258, 14, 3,  {0.080f, 0.95f}, 0.02f, 1.40f, 0.15f, kWarm   },
+    {102, 12, -3, {0.060f, 0.90f}, 0.02f, 1.30f, 0.20f, kCool   },
+    {170, 4,  28, {0.022f, 0.60f}, 0.01f, 0.80f, 0.20f, kNeutral},
+    {322, 46, 0,  {0.14f, 0.24f},  0.03f, 1.50f, 0.0f,  kCool   },
+    {40,  46, 0,  {0.14f, 0.24f},  0.03f, 1.30f, 0.0f,  kWarm   },
 });
 
 // clang-format on
 
 Baked softRoom(int width, int height) {
-    return environment(width, height, [](const glm::vec3& direction) {
+    return environment(width, height, 0.5f, [](const glm::vec3& direction) {
         const float elevation = elevationOf(direction);
-        const float wall = glm::mix(0.018f, 0.060f, glm::smoothstep(-20.0f, 80.0f, elevation));
-        const float floor = 0.03f * glow(direction, directionOf(180, -30), 40);
-        return (wall + floor) * kNeutral + lightOf(kSoftPanels, direction);
+        const float wall = glm::mix(0.010f, 0.050f, glm::smoothstep(-20.0f, 80.0f, elevation));
+        const float floor = 0.02f * glow(direction, directionOf(180, -36), 24);
+        return (wall + floor) * kNeutral + lightOf(kSoftFace, direction) +
+               lightOf(kSoftPanels, direction);
     });
 }
 

@@ -54,6 +54,26 @@ glm::vec3 lightOf(std::span<const Softbox> lamps, const glm::vec3& direction) {
     return sum;
 }
 
+glm::vec3 lightOf(const FaceLight& light, const glm::vec3& direction) {
+    constexpr float kSlant = 0.22f;         // degrees up for each to the left
+    constexpr float kColumnDegrees = 27.0f; // from one column to the next
+    if (direction.z <= 0)
+        return glm::vec3(0);
+    const float across = glm::degrees(std::atan2(direction.x, direction.z));
+    const float elevation = elevationOf(direction);
+    const float up = elevation + kSlant * across;
+    const float wave =
+        std::cos(glm::radians((across - light.brightestColumn) * 360 / kColumnDegrees));
+    const float share = 1 - light.columns * glm::smoothstep(0.6f, -0.9f, wave);
+    const float rise = glm::smoothstep(-3.0f, 15.0f, up);
+    const float end = 1 - glm::smoothstep(30.0f, 46.0f, elevation);
+    const float below = std::max(0.0f, -5.5f - up);
+    const float shine = glm::smoothstep(-2.5f, -6.0f, up) * std::exp(-below * below / 60);
+    const float sides = 1 - glm::smoothstep(44.0f, 74.0f, std::abs(across));
+    return sides *
+           (light.above * (light.panel * share * rise * end) + light.below * (light.floor * shine));
+}
+
 float glow(const glm::vec3& direction, const glm::vec3& towards, float degrees) {
     const float angle =
         glm::degrees(std::acos(glm::clamp(glm::dot(direction, towards), -1.0f, 1.0f)));

@@ -37,6 +37,22 @@ struct Softbox {
 
 [[nodiscard]] glm::vec3 lightOf(std::span<const Softbox> lamps, const glm::vec3& direction);
 
+/// What flat faces mirror. The camera looks along -z, so letters that face it mirror the surroundings
+/// of +z, up to about 30 degrees to the sides and 16 up and down. There must be dark and bright, or
+/// metal looks like paint. A panel above the horizon gets brighter upwards, in columns with dark
+/// flags between them; below a dark line, a floor shines. All of it slants, so that a line of text
+/// changes from letter to letter.
+struct FaceLight {
+    float panel;           ///< radiance at the brightest point
+    float floor;           ///< the same below the dark line
+    float columns;         ///< 0: even; 1: black between the columns
+    float brightestColumn; ///< degrees from +z towards +x
+    glm::vec3 above;       ///< tints
+    glm::vec3 below;
+};
+
+[[nodiscard]] glm::vec3 lightOf(const FaceLight& light, const glm::vec3& direction);
+
 /// A Gaussian of the angle to a direction, 1 in the middle. At `degrees` it is about a third.
 [[nodiscard]] float glow(const glm::vec3& direction, const glm::vec3& towards, float degrees);
 
@@ -45,7 +61,7 @@ struct Softbox {
 
 /// A panorama from a function of the direction, and the picture to show.
 template <class Function>
-[[nodiscard]] Baked environment(int width, int height, Function function) {
+[[nodiscard]] Baked environment(int width, int height, float matteShare, Function function) {
     image::Radiance light{width, height, {}};
     light.pixels.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     for (int y = 0; y < height; ++y) {
@@ -55,7 +71,7 @@ template <class Function>
         }
     }
     image::Image shown = displayed(light);
-    return {std::move(shown), std::move(light)};
+    return {std::move(shown), std::move(light), matteShare};
 }
 
 } // namespace zelvo::bake

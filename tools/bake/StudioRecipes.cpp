@@ -9,9 +9,9 @@
 #include <array>
 #include <cmath>
 
-// Rooms that light the letters. The camera looks along -z, so the faces of letters mirror what is
-// around +z (azimuth 180), up to about 30 degrees to the sides and 15 up and down. Bevels mirror
-// all the rest.
+// Rooms that light the letters. Faces mirror what FaceLight describes; chamfers mirror all the rest:
+// those at the top what is overhead, from front to back, those at the sides the strips, those at the
+// bottom the floor. Lamps are small and many times brighter than white, so that rims glint.
 
 namespace zelvo::bake {
 
@@ -21,19 +21,27 @@ constexpr glm::vec3 kWarm{1.04f, 1.0f, 0.94f};
 constexpr glm::vec3 kNeutral{1.0f, 1.0f, 1.0f};
 constexpr glm::vec3 kCool{0.92f, 0.98f, 1.08f};
 
+constexpr FaceLight kProductFace{
+    .panel = 0.85f,
+    .floor = 0.34f,
+    .columns = 0.8f,
+    .brightestColumn = -14,
+    .above = kWarm,
+    .below = kCool};
+
 // azimuth, elevation, roll, half sides, edge, power, falloff, tint
 // clang-format off
 constexpr auto kProductLamps = std::to_array<Softbox>({
-    {200, 27,  -6, {0.85f, 0.42f},  0.04f,  1.5f,  0.92f, kWarm   }, // the large panel behind the camera
-    {168, 1,   32, {0.034f, 0.60f}, 0.010f, 2.4f,  0.20f, kNeutral}, // slanting strip: a glint on faces
-    {160, 76,  0,  {0.75f, 0.20f},  0.05f,  2.2f,  0.20f, kNeutral}, // overhead
-    {262, 12,  3,  {0.060f, 1.00f}, 0.012f, 6.5f,  0.10f, kWarm   }, // strip to the left
-    {248, 14,  3,  {0.014f, 0.90f}, 0.006f, 6.0f,  0.10f, kWarm   }, // its thin twin
-    {98,  10,  -3, {0.045f, 0.90f}, 0.012f, 3.6f,  0.20f, kCool   }, // strip to the right
-    {112, 8,   -3, {0.012f, 0.80f}, 0.006f, 4.5f,  0.20f, kCool   },
-    {318, 20,  0,  {0.060f, 0.55f}, 0.015f, 6.0f,  0.0f,  kCool   }, // rim lights behind the letters
-    {44,  24,  0,  {0.060f, 0.50f}, 0.015f, 5.0f,  0.0f,  kWarm   },
-    {180, -50, 0,  {0.70f, 0.12f},  0.08f,  0.25f, 0.0f,  kNeutral}, // a reflector on the floor
+    {180, 56,  0,  {1.30f, 0.085f}, 0.020f, 5.0f,  0.0f,  kNeutral}, // above the camera: the rims at the top
+    {150, 88,  0,  {0.75f, 0.16f},  0.05f,  2.4f,  0.0f,  kNeutral}, // overhead
+    {168, 1,   32, {0.020f, 0.60f}, 0.008f, 2.6f,  0.20f, kNeutral}, // slanting strip: a glint on faces
+    {254, 10,  3,  {0.070f, 1.00f}, 0.012f, 6.5f,  0.10f, kWarm   }, // strip to the left
+    {236, 12,  3,  {0.014f, 0.90f}, 0.006f, 7.0f,  0.10f, kWarm   }, // its thin twin
+    {102, 8,   -3, {0.050f, 0.90f}, 0.012f, 5.0f,  0.20f, kCool   }, // strip to the right
+    {120, 8,   -3, {0.012f, 0.80f}, 0.006f, 6.0f,  0.20f, kCool   },
+    {318, 24,  0,  {0.070f, 0.55f}, 0.015f, 7.0f,  0.0f,  kCool   }, // behind the letters
+    {44,  26,  0,  {0.070f, 0.50f}, 0.015f, 6.0f,  0.0f,  kWarm   },
+    {180, -54, 0,  {0.90f, 0.10f},  0.05f,  0.80f, 0.0f,  kWarm   }, // a reflector on the floor
 });
 
 // clang-format on
@@ -42,59 +50,79 @@ constexpr auto kProductLamps = std::to_array<Softbox>({
 /// light.
 glm::vec3 productRoom(const glm::vec3& direction) {
     const float elevation = elevationOf(direction);
-    const float wall = glm::mix(0.025f, 0.08f, glm::smoothstep(0.0f, 80.0f, elevation));
-    const float pool = 0.16f * glow(direction, directionOf(180, -20), 22) +
-                       0.04f * glow(direction, directionOf(0, -40), 60);
-    const float floor = 0.014f + 0.03f * glm::smoothstep(-2.0f, -30.0f, elevation) + pool;
+    const float wall = glm::mix(0.016f, 0.06f, glm::smoothstep(0.0f, 80.0f, elevation));
+    const float pool = 0.04f * glow(direction, directionOf(0, -40), 60);
+    const float floor = 0.010f + 0.03f * glm::smoothstep(-2.0f, -30.0f, elevation) + pool;
     return glm::mix(glm::vec3(floor), wall * kCool, glm::smoothstep(-2.5f, 2.5f, elevation));
 }
 
 Baked productStudio(int width, int height) {
-    return environment(width, height, [](const glm::vec3& direction) {
+    return environment(width, height, 0.62f, [](const glm::vec3& direction) {
         constexpr float kExposure = 1.12f;
-        return kExposure * (productRoom(direction) + lightOf(kProductLamps, direction));
+        return kExposure * (productRoom(direction) + lightOf(kProductFace, direction) +
+                            lightOf(kProductLamps, direction));
     });
 }
 
 // The plain stage multiplies this light by 7.
+constexpr FaceLight kHorizonFace{
+    .panel = 0.20f,
+    .floor = 0.085f,
+    .columns = 0.75f,
+    .brightestColumn = 6,
+    .above = kNeutral,
+    .below = kNeutral};
+
 // clang-format off
 constexpr auto kHorizonLamps = std::to_array<Softbox>({
-    {205, 40, -6, {0.80f, 0.42f}, 0.18f, 0.24f, 0.55f, kNeutral},
-    {272, 18, 2,  {0.12f, 0.85f}, 0.04f, 0.75f, 0.15f, kNeutral},
-    {80,  14, -2, {0.08f, 0.80f}, 0.03f, 0.45f, 0.15f, kNeutral},
-    {330, 30, 0,  {0.10f, 0.45f}, 0.03f, 0.60f, 0.0f,  kNeutral},
+    {180, 58, 0,  {1.20f, 0.080f}, 0.02f, 0.85f, 0.0f,  kNeutral},
+    {262, 12, 2,  {0.09f, 0.95f},  0.02f, 1.20f, 0.10f, kWarm   },
+    {96,  10, -2, {0.05f, 0.90f},  0.02f, 0.75f, 0.10f, kCool   },
+    {326, 30, 0,  {0.10f, 0.45f},  0.03f, 0.90f, 0.0f,  kNeutral},
+    {36,  30, 0,  {0.08f, 0.45f},  0.03f, 0.80f, 0.0f,  kNeutral},
 });
 
 // clang-format on
 
 /// Grey overcast: light at the zenith, a bright haze above the horizon, ground below.
 Baked greyHorizon(int width, int height) {
-    return environment(width, height, [](const glm::vec3& direction) {
+    return environment(width, height, 0.56f, [](const glm::vec3& direction) {
         const float elevation = elevationOf(direction);
         const float sky = glm::mix(0.034f, 0.10f, glm::smoothstep(8.0f, 85.0f, elevation));
         const float haze = 0.040f * std::exp(-std::max(0.0f, elevation) / 9.0f);
         const float ground = glm::mix(0.010f, 0.030f, glm::smoothstep(-4.0f, -60.0f, elevation));
         const float grey = glm::mix(ground, sky + haze, glm::smoothstep(-1.5f, 1.5f, elevation));
-        return glm::vec3(grey) + lightOf(kHorizonLamps, direction);
+        return glm::vec3(grey) + lightOf(kHorizonFace, direction) +
+               lightOf(kHorizonLamps, direction);
     });
 }
 
-// The dark stage: lamps are only where the audience sits, so that faces mirror them and the floor
-// does not.
+// The dark stage. Behind the letters, lamps hang so high that the floor does not mirror them to the
+// camera.
+constexpr FaceLight kStageFace{
+    .panel = 1.2f,
+    .floor = 0.50f,
+    .columns = 0.85f,
+    .brightestColumn = -9,
+    .above = kWarm,
+    .below = kCool};
+
 // clang-format off
 constexpr auto kStageLamps = std::to_array<Softbox>({
-    {190, 26, -6, {0.70f, 0.34f},  0.05f,  1.2f, 0.90f, kWarm   },
-    {170, 2,  30, {0.040f, 0.60f}, 0.010f, 2.6f, 0.20f, kNeutral},
-    {128, 10, -3, {0.045f, 0.80f}, 0.012f, 4.0f, 0.20f, kCool   },
-    {234, 12, 3,  {0.055f, 0.85f}, 0.012f, 4.5f, 0.10f, kWarm   },
+    {180, 58, 0,  {1.10f, 0.075f}, 0.015f, 6.5f, 0.0f,  kNeutral},
+    {170, 2,  30, {0.022f, 0.60f}, 0.010f, 3.4f, 0.20f, kNeutral},
+    {112, 10, -3, {0.045f, 0.90f}, 0.012f, 8.0f, 0.20f, kCool   },
+    {246, 12, 3,  {0.055f, 0.90f}, 0.012f, 8.5f, 0.10f, kWarm   },
+    {316, 52, 0,  {0.16f, 0.20f},  0.020f, 8.0f, 0.0f,  kCool   },
+    {44,  52, 0,  {0.16f, 0.20f},  0.020f, 7.0f, 0.0f,  kWarm   },
 });
 
 // clang-format on
 
 Baked darkStage(int width, int height) {
-    return environment(width, height, [](const glm::vec3& direction) {
-        const float hall = 0.008f + 0.10f * glow(direction, directionOf(180, -24), 30);
-        return glm::vec3(hall) + lightOf(kStageLamps, direction);
+    return environment(width, height, 0.5f, [](const glm::vec3& direction) {
+        const float hall = 0.008f + 0.06f * glow(direction, directionOf(180, -34), 24);
+        return glm::vec3(hall) + lightOf(kStageFace, direction) + lightOf(kStageLamps, direction);
     });
 }
 
