@@ -14,7 +14,8 @@ namespace zelvo::bake {
 
 namespace {
 
-constexpr int kGrid = 30;
+constexpr int kGrid = 54;
+constexpr float kScale = 30.0f / kGrid; ///< for widths, which are given for 30 cells
 constexpr std::array<glm::ivec2, 8> kSteps{
     {{1, 0}, {1, 1}, {0, 1}, {-1, 1}, {-1, 0}, {-1, -1}, {0, -1}, {1, -1}}};
 
@@ -25,9 +26,9 @@ public:
         , dice(81) {}
 
     [[nodiscard]] Field relief() {
-        for (int i = 0; i < 60 && chips < 6; ++i)
+        for (int i = 0; i < 160 && chips < 14; ++i)
             placeChip();
-        for (int i = 0; i < 900; ++i)
+        for (int i = 0; i < 2600; ++i)
             placeTrack();
         return canvas.field();
     }
@@ -76,11 +77,14 @@ private:
             canvas.line(
                 foot - across * reach,
                 foot + across * reach,
-                {0.0085f, 0.45f, 0.0015f, Profile::flat});
+                {0.0085f * kScale, 0.45f, 0.0015f * kScale, Profile::flat});
         }
         const glm::vec2 half = (glm::vec2(size) * 0.5f - across * 0.85f - along * 0.12f) * kCell;
-        canvas.box(middle, half, {0.006f, 1.0f, 0.0022f, Profile::flat});
-        canvas.box(middle, half - 0.008f, {0.004f, 1.06f, 0.0020f, Profile::flat});
+        canvas.box(middle, half, {0.006f * kScale, 1.0f, 0.0022f * kScale, Profile::flat});
+        canvas.box(
+            middle,
+            half - 0.008f * kScale,
+            {0.004f * kScale, 1.06f, 0.0020f * kScale, Profile::flat});
     }
 
     void placeTrack() {
@@ -124,14 +128,14 @@ private:
     }
 
     void draw(const std::vector<glm::vec2>& points) {
-        const Brush eye{0.0185f, 0.40f, 0.0018f, Profile::flat};
+        const Brush eye{0.0185f * kScale, 0.40f, 0.0018f * kScale, Profile::flat};
         if (points.size() > 1)
-            canvas.polyline(points, {0.0095f, 0.28f, 0.0018f, Profile::flat});
+            canvas.polyline(points, {0.0095f * kScale, 0.28f, 0.0018f * kScale, Profile::flat});
         canvas.disc(points.front(), eye);
         canvas.disc(points.back(), eye);
         // A bright dot in the middle looks like solder.
-        canvas.disc(points.front(), {0.0085f, 0.62f, 0.0018f, Profile::round});
-        canvas.disc(points.back(), {0.0085f, 0.62f, 0.0018f, Profile::round});
+        canvas.disc(points.front(), {0.0085f * kScale, 0.62f, 0.0018f * kScale, Profile::round});
+        canvas.disc(points.back(), {0.0085f * kScale, 0.62f, 0.0018f * kScale, Profile::round});
     }
 
     Canvas canvas;
@@ -143,9 +147,9 @@ private:
 Baked circuitNormal(int side, int) {
     const Field relief = combined(
         Board(side).relief(),
-        Field::of(side, side, [](const glm::vec2& p) { return gradientNoise(p, 120, 82); }),
+        Field::of(side, side, [](const glm::vec2& p) { return gradientNoise(p, 200, 82); }),
         [](float height, float weave) { return height + 0.012f * weave; });
-    return {normalPicture(blurred(relief, 0.0009f), 0.012f), {}};
+    return {normalPicture(blurred(relief, 0.0007f), 0.0065f), {}};
 }
 
 constexpr auto kRecipes = std::to_array<Recipe>({

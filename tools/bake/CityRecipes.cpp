@@ -79,28 +79,9 @@ std::optional<glm::vec3> streetLight(const Street& street, float turn, float ele
     const glm::vec2 cell = glm::floor(place);
     const glm::vec2 rim = glm::abs(place - cell - 0.5f);
     const float pane =
-        (1 - glm::smoothstep(0.27f, 0.34f, rim.x)) * (1 - glm::smoothstep(0.24f, 0.33f, rim.y));
+        (1 - glm::smoothstep(0.12f, 0.46f, rim.x)) * (1 - glm::smoothstep(0.10f, 0.46f, rim.y));
     return wall + windowLight(static_cast<int>(cell.x), static_cast<int>(cell.y), street, house) *
                       (pane * street.brightness);
-}
-
-/// Blurred lamps along the streets below.
-glm::vec3 traffic(float turn, float elevation) {
-    glm::vec3 sum{0};
-    for (int i = 0; i < 150; ++i) {
-        const float away = chance(i, 11, 104);
-        const glm::vec2 lamp{chance(i, 12, 104), -3.0f - 24 * away * away};
-        float aside = std::abs(turn - lamp.x);
-        aside = std::min(aside, 1 - aside) * 360;
-        const float radius = 0.5f + 2.2f * away;
-        const float distance = glm::length(glm::vec2(aside, elevation - lamp.y));
-        const float kind = chance(i, 13, 104);
-        const glm::vec3 colour = kind < 0.45f ? glm::vec3(1.0f, 0.62f, 0.22f)
-                                              : (kind < 0.75f ? glm::vec3(1, 0.93f, 0.8f)
-                                                              : glm::vec3(1.0f, 0.12f, 0.07f));
-        sum += colour * (1 - glm::smoothstep(radius * 0.85f, radius, distance)) * 0.30f;
-    }
-    return sum;
 }
 
 /// Everything above the street level.
@@ -123,7 +104,7 @@ glm::vec3 skyline(float turn, float elevation) {
 glm::vec3 town(const glm::vec2& place) {
     const float elevation = 90 - place.y * 180;
     if (elevation >= kStreetLevel)
-        return skyline(place.x, elevation) + traffic(place.x, elevation);
+        return skyline(place.x, elevation);
 
     // A wet street: the houses mirrored, stretched and broken by ripples.
     const float depth = kStreetLevel - elevation;
@@ -133,7 +114,45 @@ glm::vec3 town(const glm::vec2& place) {
         skyline(turn - std::floor(turn), kStreetLevel + depth * 0.75f + ripple * 2.5f);
     const glm::vec3 asphalt = glm::vec3(0.09f, 0.055f, 0.035f) * std::exp(-depth / 14) +
                               glm::vec3(0.006f, 0.007f, 0.011f);
-    return asphalt + mirrored * 0.30f * std::exp(-depth / 30) + traffic(place.x, elevation);
+    return asphalt + mirrored * 0.30f * std::exp(-depth / 30);
+}
+
+/// A lamp out of focus: an even disc with a brighter rim, as lenses draw it.
+struct Disc {
+    glm::vec2 middle; ///< degrees of azimuth and elevation
+    float radius;     ///< degrees
+    glm::vec3 light;
+};
+
+Disc randomDisc(Dice& dice) {
+    constexpr auto kLamps = std::to_array<glm::vec3>(
+        {{1.0f, 0.60f, 0.20f},
+         {1.0f, 0.60f, 0.20f},
+         {1.0f, 0.90f, 0.74f},
+         {1.0f, 0.14f, 0.10f},
+         {0.25f, 0.70f, 1.0f},
+         {0.90f, 0.25f, 0.75f}});
+    const float near = dice.unit() * dice.unit();
+    const float away = dice.between(-1, 1);
+    const glm::vec2 middle{dice.between(0, 360), 2 + 17 * away * std::abs(away)};
+    const glm::vec3 lamp = kLamps.at(static_cast<std::size_t>(dice.below(kLamps.size())));
+    return {middle, 0.45f + 2.1f * near, lamp * dice.between(0.10f, 0.75f)};
+}
+
+void add(image::Radiance& light, const Disc& disc) {
+    const float perDegree = static_cast<float>(light.width) / 360;
+    const glm::vec2 middle{disc.middle.x * perDegree, (90 - disc.middle.y) * perDegree};
+    const int reach = static_cast<int>(disc.radius * perDegree) + 2;
+    for (int i = 0; i < 4 * reach * reach; ++i) {
+        const glm::ivec2 pixel =
+            glm::ivec2(middle) + glm::ivec2(i % (2 * reach), i / (2 * reach)) - reach;
+        const float away = glm::length(glm::vec2(pixel) - middle) / (disc.radius * perDegree);
+        const float rim = 0.7f + 0.3f * glm::smoothstep(0.6f, 0.9f, away);
+        const int column = (pixel.x + light.width) % light.width;
+        const int row = std::clamp(pixel.y, 0, light.height - 1);
+        light.pixels[static_cast<std::size_t>(row * light.width + column)] +=
+            disc.light * (rim * (1 - glm::smoothstep(0.88f, 1.04f, away)));
+    }
 }
 
 Baked townAtNight(int width, int height) {
@@ -148,6 +167,9 @@ Baked townAtNight(int width, int height) {
         }
         light.pixels.push_back(sum * 0.25f);
     }
+    Dice dice(106);
+    for (int i = 0; i < 620; ++i)
+        add(light, randomDisc(dice));
     return {displayed(light), {}};
 }
 

@@ -15,9 +15,9 @@ namespace {
 /// Glowing veins in dark clouds. The surface multiplies red by four, so most of it is dark here.
 Baked veins(int side, int) {
     const Field glow = normalised(Field::of(side, side, [](const glm::vec2& p) {
-        const glm::vec2 bent = warped(p, 0.05f, octaves(3, 4, 0.5f, 71));
-        const float vein = ridged(bent, octaves(4, 5, 0.45f, 73));
-        const float cloud = 0.5f + 0.5f * fractal(p, octaves(2, 5, 0.5f, 74));
+        const glm::vec2 bent = warped(p, 0.03f, octaves(6, 3, 0.5f, 71));
+        const float vein = ridged(bent, octaves(9, 4, 0.42f, 73));
+        const float cloud = 0.5f + 0.5f * fractal(p, octaves(4, 4, 0.5f, 74));
         return std::pow(vein, 3.0f) * (0.35f + 0.9f * cloud) + 0.12f * cloud;
     }));
     return {
@@ -41,8 +41,8 @@ Baked veins(int side, int) {
 /// Wide soft waves as normals: red and green shift the lookup by a fraction of the tile.
 Baked swells(int side, int) {
     const Field relief = Field::of(
-        side, side, [](const glm::vec2& p) { return fractal(p, octaves(3, 4, 0.42f, 75)); });
-    return {normalPicture(relief, 0.032f), {}};
+        side, side, [](const glm::vec2& p) { return fractal(p, octaves(5, 3, 0.40f, 75)); });
+    return {normalPicture(relief, 0.014f), {}};
 }
 
 constexpr auto kRecipes = std::to_array<Recipe>({

@@ -10,8 +10,9 @@
 #include <cmath>
 #include <numbers>
 
-// Plates, plastics and worn metal. A letter shows a whole tile, so details must not be finer than
-// about a hundredth of it.
+// Plates, plastics and worn metal. A letter shows a whole tile on some 300 pixels, so the main pattern
+// has about twenty elements to a tile: a grain that is felt more than seen. Relief is shallow, or
+// reflections break up.
 
 namespace zelvo::bake {
 
@@ -20,29 +21,21 @@ namespace {
 /// A sheet beaten by hand: shallow round dents that overlap.
 Baked beatenPlate(int side, int) {
     const Field relief = Field::of(side, side, [](const glm::vec2& p) {
-        const glm::vec2 bent = warped(p, 0.006f, octaves(6, 3, 0.5f, 11));
-        const Scatter dents = scattered(bent, 9, 13);
+        const glm::vec2 bent = warped(p, 0.004f, octaves(9, 3, 0.5f, 11));
+        const Scatter dents = scattered(bent, 17, 13);
         const float bowl = std::min(1.0f, dents.nearest * dents.nearest);
         const float depth = 0.6f + 0.4f * dents.chance;
-        return bowl * depth + 0.10f * fractal(p, octaves(5, 3, 0.5f, 14));
+        return bowl * depth + 0.30f * fractal(p, octaves(4, 2, 0.5f, 14));
     });
-    return {normalPicture(blurred(relief, 0.009f), 0.024f), {}};
+    return {normalPicture(blurred(relief, 0.006f), 0.0085f), {}};
 }
 
-/// Moulded plastic: low round studs in staggered rows, all exactly alike.
-Baked plasticGrip(int side, int) {
-    // Even, so that the stagger closes; about six to seven.
-    constexpr float kColumns = 28, kRows = 32;
+/// Moulded plastic: a fine even grain, on a skin that is not quite flat.
+Baked plasticGrain(int side, int) {
     const Field relief = Field::of(side, side, [](const glm::vec2& p) {
-        const float row = std::floor(p.y * kRows);
-        const float shift = std::fmod(row, 2.0f) * 0.5f;
-        const glm::vec2 cell{
-            p.x * kColumns + shift - std::floor(p.x * kColumns + shift) - 0.5f,
-            p.y * kRows - row - 0.5f};
-        const float away = glm::length(cell / glm::vec2(kColumns, kRows)) * kColumns;
-        return 1 - glm::smoothstep(0.12f, 0.40f, away);
+        return fractal(p, octaves(72, 2, 0.6f, 15)) + 5.0f * fractal(p, octaves(4, 2, 0.4f, 16));
     });
-    return {normalPicture(blurred(relief, 0.0022f), 0.0062f), {}};
+    return {normalPicture(blurred(relief, 0.0015f), 0.0006f), {}};
 }
 
 /// The wear used by four maps: fine scratches in all directions, a few deep ones, stains.
@@ -73,41 +66,45 @@ void scratch(Canvas& canvas, Dice& dice, const Brush& brush, float length) {
 Wear wornMetal(int side) {
     Dice dice(31);
     Canvas hairlines(side);
-    for (int i = 0; i < 520; ++i) {
+    for (int i = 0; i < 700; ++i) {
         const float strength = dice.unit();
         const Brush brush{
-            0.0022f + 0.0018f * strength,
+            0.0014f + 0.0008f * strength,
             0.15f + 0.85f * strength * strength,
             0.001f,
             Profile::sharp};
-        scratch(hairlines, dice, brush, dice.between(0.05f, 0.5f));
+        scratch(hairlines, dice, brush, dice.between(0.03f, 0.20f));
     }
     Canvas gouges(side);
-    for (int i = 0; i < 26; ++i) {
+    for (int i = 0; i < 22; ++i) {
         const float strength = dice.unit();
         scratch(
             gouges,
             dice,
-            {0.004f + 0.005f * strength, 0.4f + 0.6f * strength, 0.001f, Profile::round},
-            dice.between(0.03f, 0.22f));
+            {0.0018f + 0.0018f * strength, 0.3f + 0.5f * strength, 0.001f, Profile::round},
+            dice.between(0.02f, 0.09f));
     }
     const Field stains = Field::of(side, side, [](const glm::vec2& p) {
-        const float cloud = fractal(p, octaves(3, 6, 0.55f, 32));
-        return glm::smoothstep(-0.10f, 0.42f, cloud);
+        const float cloud = fractal(p, octaves(8, 5, 0.55f, 32));
+        return glm::smoothstep(-0.05f, 0.55f, cloud);
     });
     return {hairlines.field(), gouges.field(), stains};
 }
 
+/// The fine parallel lines of a grinding belt.
+float brushedGrain(const glm::vec2& p) {
+    return fractal({p.x, glm::fract(p.y * 24)}, octaves(6, 3, 0.7f, 33));
+}
+
 Baked scratchedRoughness(int side, int) {
     const Wear wear = wornMetal(side);
-    Field rough = Field::of(side, side, [](const glm::vec2& p) {
-        return 0.27f + 0.05f * fractal(p, octaves(8, 5, 0.6f, 33));
-    });
-    rough = combined(rough, wear.stains, [](float a, float stain) { return a + 0.07f * stain; });
-    rough = combined(rough, wear.hairlines, [](float a, float line) { return a + 0.24f * line; });
+    Field rough =
+        Field::of(side, side, [](const glm::vec2& p) { return 0.17f + 0.035f * brushedGrain(p); });
+    rough = combined(rough, wear.stains, [](float a, float stain) { return a + 0.05f * stain; });
+    rough = combined(rough, wear.hairlines, [](float a, float line) { return a + 0.12f * line; });
     return {
         greyPicture(
-            combined(rough, wear.gouges, [](float a, float line) { return a + 0.25f * line; })),
+            combined(rough, wear.gouges, [](float a, float line) { return a + 0.18f * line; })),
         {}};
 }
 
@@ -120,7 +117,7 @@ Baked scratchedMetal(int side, int) {
         greyPicture(combined(
             wear.stains,
             bare,
-            [](float stain, float line) { return 1 - 0.12f * stain * (1 - line); })),
+            [](float stain, float line) { return 1 - 0.05f * stain * (1 - line); })),
         {}};
 }
 
@@ -134,45 +131,46 @@ Baked scratchedOcclusion(int side, int) {
             wear.stains,
             dirt,
             [](float stain, float line) {
-                return (1 - 0.14f * stain) * (1 - 0.65f * std::min(1.0f, line));
+                return (1 - 0.07f * stain) * (1 - 0.45f * std::min(1.0f, line));
             })),
         {}};
 }
 
-/// Deep, because it is used at a third of its strength. Old metal is dented and pitted as well as
-/// scratched.
+/// Deep, because it is used at a third of its strength. Old metal was hammered once and is worn: soft
+/// dents, over which reflections swim, few pits, scratches.
 Baked scratchedNormal(int side, int) {
     const Wear wear = wornMetal(side);
     Field relief = Field::of(side, side, [](const glm::vec2& p) {
-        const glm::vec2 bent = warped(p, 0.02f, octaves(5, 3, 0.5f, 35));
-        const Scatter dents = scattered(bent, 6, 36);
-        const float dent = std::max(0.0f, 1 - dents.nearest * dents.nearest * 2.4f) * dents.chance;
-        const Scatter pits = scattered(p, 34, 37);
+        const glm::vec2 bent = warped(p, 0.012f, octaves(9, 3, 0.5f, 35));
+        const Scatter dents = scattered(bent, 15, 36);
+        const float dent = std::max(0.0f, 1 - dents.nearest * dents.nearest * 1.6f) * dents.chance;
+        const Scatter pits = scattered(p, 90, 37);
         const float pit =
-            pits.chance > 0.72f ? std::max(0.0f, 1 - pits.nearest * pits.nearest * 9) : 0.0f;
-        return 0.6f * fractal(p, octaves(4, 5, 0.5f, 34)) - 0.9f * dent - 0.16f * pit;
+            pits.chance > 0.8f ? std::max(0.0f, 1 - pits.nearest * pits.nearest * 9) : 0.0f;
+        return 1.9f * fractal(p, octaves(5, 3, 0.42f, 34)) - 0.7f * dent - 0.10f * pit;
     });
-    relief = combined(relief, wear.hairlines, [](float a, float line) { return a - 0.10f * line; });
-    relief = combined(relief, wear.gouges, [](float a, float line) { return a - 0.40f * line; });
-    return {normalPicture(blurred(relief, 0.0008f), 0.055f), {}};
+    relief = blurred(relief, 0.006f);
+    relief = combined(relief, wear.hairlines, [](float a, float line) { return a - 0.06f * line; });
+    relief = combined(relief, wear.gouges, [](float a, float line) { return a - 0.20f * line; });
+    return {normalPicture(blurred(relief, 0.0008f), 0.017f), {}};
 }
 
 /// Cast metal: dense small grains.
 Baked grained(int side, int) {
     const Field relief = Field::of(side, side, [](const glm::vec2& p) {
-        const Scatter grain = scattered(p, 60, 41);
+        const Scatter grain = scattered(p, 110, 41);
         const float bump =
             std::max(0.0f, 1 - grain.nearest * grain.nearest * 1.8f) * (0.4f + 0.6f * grain.chance);
-        return bump + 0.5f * fractal(p, octaves(40, 2, 0.6f, 42)) +
-               0.35f * fractal(p, octaves(7, 2, 0.5f, 43));
+        return bump + 0.5f * fractal(p, octaves(80, 2, 0.6f, 42)) +
+               0.8f * fractal(p, octaves(9, 2, 0.5f, 43));
     });
-    return {normalPicture(blurred(relief, 0.002f), 0.0055f), {}};
+    return {normalPicture(blurred(relief, 0.0012f), 0.0028f), {}};
 }
 
 // clang-format off
 constexpr auto kRecipes = std::to_array<Recipe>({
     {"QX_NoiseNormal_21.jpg",          Repeats::bothWays, 1024, 1024, beatenPlate       },
-    {"plastic_normal.png",             Repeats::bothWays, 1024, 1024, plasticGrip       },
+    {"plastic_normal.png",             Repeats::bothWays, 1024, 1024, plasticGrain      },
     {"scratches_roughness.jpg",        Repeats::bothWays, 1024, 1024, scratchedRoughness},
     {"scratches_metal.jpg",            Repeats::bothWays, 1024, 1024, scratchedMetal    },
     {"scratches_ambientOcclusion.jpg", Repeats::bothWays, 1024, 1024, scratchedOcclusion},

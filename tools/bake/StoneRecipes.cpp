@@ -16,19 +16,19 @@ namespace {
 /// Hewn rock: facets with different slants, with crags and grain over them.
 Field rockRelief(int side) {
     return normalised(Field::of(side, side, [](const glm::vec2& p) {
-        const glm::vec2 bent = warped(p, 0.05f, octaves(4, 5, 0.5f, 51));
-        const float facets = scattered(bent, 5, 53).nearest;
-        const float chips = scattered(bent + 0.37f, 12, 54).nearest;
-        const float crags = ridged(bent, octaves(3, 5, 0.55f, 52));
-        const float grain = fractal(p, octaves(10, 6, 0.62f, 55));
-        return 0.55f * facets + 0.20f * chips + 0.45f * crags + 0.28f * grain;
+        const glm::vec2 bent = warped(p, 0.025f, octaves(8, 4, 0.5f, 51));
+        const float facets = scattered(bent, 11, 53).nearest;
+        const float chips = scattered(bent + 0.37f, 27, 54).nearest;
+        const float crags = ridged(bent, octaves(7, 4, 0.5f, 52));
+        const float grain = fractal(p, octaves(30, 4, 0.6f, 55));
+        return 0.50f * facets + 0.20f * chips + 0.40f * crags + 0.30f * grain;
     }));
 }
 
 Baked rockRoughness(int side, int) {
     const Field relief = rockRelief(side);
     const Field fine = Field::of(
-        side, side, [](const glm::vec2& p) { return fractal(p, octaves(24, 4, 0.6f, 57)); });
+        side, side, [](const glm::vec2& p) { return fractal(p, octaves(60, 3, 0.6f, 57)); });
     return {
         greyPicture(combined(
             relief,
@@ -40,27 +40,27 @@ Baked rockRoughness(int side, int) {
 }
 
 Baked rockNormal(int side, int) {
-    return {normalPicture(blurred(rockRelief(side), 0.0012f), 0.075f), {}};
+    return {normalPicture(blurred(rockRelief(side), 0.001f), 0.034f), {}};
 }
 
 Baked rockOcclusion(int side, int) {
     const Field relief = rockRelief(side);
-    const Field wide = openness(relief, 0.05f, 1.9f);
-    const Field narrow = openness(relief, 0.010f, 3.0f);
+    const Field wide = openness(relief, 0.022f, 1.9f);
+    const Field narrow = openness(relief, 0.005f, 2.4f);
     return {
         greyPicture(
             combined(wide, narrow, [](float a, float b) { return std::max(0.12f, a * b); })),
         {}};
 }
 
-/// Dried ground: the distance to the nearest crack, in about tenths of the tile's width.
+/// Dried ground: the distance to the nearest crack, in cells of the plates.
 Field crackDistance(int side) {
     return Field::of(side, side, [](const glm::vec2& p) {
-        const glm::vec2 bent = warped(p, 0.030f, octaves(5, 5, 0.55f, 61));
-        const Scatter plates = scattered(bent, 5, 63);
-        const Scatter shards = scattered(bent + 0.19f, 11, 64);
+        const glm::vec2 bent = warped(p, 0.016f, octaves(9, 4, 0.5f, 61));
+        const Scatter plates = scattered(bent, 9, 63);
+        const Scatter shards = scattered(bent + 0.19f, 20, 64);
         const float broken =
-            glm::smoothstep(0.05f, 0.5f, fractal(p, octaves(3, 3, 0.5f, 65)) + 0.25f);
+            glm::smoothstep(0.05f, 0.5f, fractal(p, octaves(5, 3, 0.5f, 65)) + 0.15f);
         const float main = plates.border * 1.8f;
         const float small = shards.border * 0.9f / std::max(broken, 0.02f);
         // Where the ground is whole, small cracks close.
@@ -71,8 +71,8 @@ Field crackDistance(int side) {
 Field crackRelief(int side) {
     const Field distance = crackDistance(side);
     const Field ground = Field::of(side, side, [](const glm::vec2& p) {
-        const Scatter plates = scattered(p, 5, 66);
-        return 0.16f * plates.chance + 0.16f * fractal(p, octaves(6, 6, 0.55f, 67));
+        const Scatter plates = scattered(p, 9, 66);
+        return 0.10f * plates.chance + 0.14f * fractal(p, octaves(14, 4, 0.5f, 67));
     });
     return combined(distance, blurred(ground, 0.003f), [](float d, float height) {
         const float wall = glm::smoothstep(0.01f, 0.075f, d);
@@ -84,7 +84,7 @@ Field crackRelief(int side) {
 Baked crackOcclusion(int side, int) {
     const Field depth =
         crackDistance(side).mapped([](float d) { return glm::smoothstep(0.0f, 0.085f, d); });
-    const Field shade = openness(crackRelief(side), 0.03f, 0.8f);
+    const Field shade = openness(crackRelief(side), 0.017f, 0.8f);
     return {
         greyPicture(combined(
             depth,
@@ -99,7 +99,7 @@ Baked crackSpecular(int side, int) {
     const Field depth =
         crackDistance(side).mapped([](float d) { return glm::smoothstep(0.02f, 0.10f, d); });
     const Field polish = Field::of(side, side, [](const glm::vec2& p) {
-        return 0.55f + 0.45f * fractal(p, octaves(5, 6, 0.6f, 68));
+        return 0.55f + 0.45f * fractal(p, octaves(14, 4, 0.6f, 68));
     });
     return {
         greyPicture(
@@ -108,7 +108,7 @@ Baked crackSpecular(int side, int) {
 }
 
 Baked crackNormal(int side, int) {
-    return {normalPicture(blurred(crackRelief(side), 0.0012f), 0.022f), {}};
+    return {normalPicture(blurred(crackRelief(side), 0.001f), 0.013f), {}};
 }
 
 // clang-format off
