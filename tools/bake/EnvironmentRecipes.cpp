@@ -57,7 +57,7 @@ float cloudySky(const glm::vec3& direction) {
 
 // The scenes multiply the light of the clouds by 24.
 constexpr FaceLight kCloudFace{
-    .panel = 0.085f,
+    .panel = 0.098f,
     .floor = 0.030f,
     .columns = 0.7f,
     .brightestColumn = -12,
@@ -76,7 +76,7 @@ constexpr auto kCloudLamps = std::to_array<Softbox>({
 
 Baked cloudLayers(int width, int height) {
     Baked baked = environment(width, height, 0.55f, [](const glm::vec3& direction) {
-        return 0.050f * cloudySky(direction) * glm::vec3(0.95f, 1.0f, 1.07f) +
+        return 0.042f * cloudySky(direction) * glm::vec3(0.95f, 1.0f, 1.07f) +
                lightOf(kCloudFace, direction) + lightOf(kCloudLamps, direction);
     });
     Dice dice(205);

@@ -66,7 +66,7 @@ Baked productStudio(int width, int height) {
 
 // The plain stage multiplies this light by 7.
 constexpr FaceLight kHorizonFace{
-    .panel = 0.20f,
+    .panel = 0.22f,
     .floor = 0.085f,
     .columns = 0.75f,
     .brightestColumn = 6,
