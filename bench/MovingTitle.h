@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/EngineNames.h"
+#include "app/Export.h"
+#include "app/Performer.h"
+#include "environments/SceneManager.h"
+#include "platform/foundation/Check.h"
+#include "platform/foundation/TemporaryFolder.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+
+namespace zelvo::bench {
+
+inline constexpr auto kTitle =
+    R"({{"duration": 2, "scene": "{}", "background": "#194CE6", "nodes": {{
+    "TX1": {{"text": "MIDNIGHT", "font": "Audiowide-Regular", "material": "Iron", "depth": 26,
+             "bevel": 2.0, "profile": "rounded", "fill": "outer", "frontColor": "#FFFFFF",
+             "position": [0, 44, 0], "scale": 1.1}},
+    "TX2": {{"text": "EXPRESS", "font": "Audiowide-Regular", "material": "Plain", "depth": 24,
+             "bevel": 1.8, "profile": "rounded", "fill": "outer", "frontColor": "#E6B219",
+             "position": [0, -44, 0]}}}},
+    "cues": [{{"at": 0, "tab": "IN1", "press": "Left In", "nodes": ["TX1"]}},
+             {{"at": 0.2, "tab": "IN1", "press": "Right In", "nodes": ["TX2"]}}]}})";
+
+inline foundation::TemporaryFolder temporaryFolder() {
+    auto made = foundation::TemporaryFolder::make(std::filesystem::temp_directory_path());
+    CHECK(made.has_value(), "{}", made.error().message);
+    return std::move(*made);
+}
+
+/// A recorded title in one of the environments.
+class Title {
+public:
+    explicit Title(int scene)
+        : folder(temporaryFolder())
+        , engine(loop.runLoop, foundation::Folders::below(folder.path()), 0) {
+        const auto& name =
+            environments::SceneManager::sceneNames.at(static_cast<std::size_t>(scene));
+        const auto title = app::readPerformance(fmt::format(kTitle, name), app::engineNames());
+        CHECK(title.has_value(), "{}", title.error().front().text);
+        CHECK(app::setUp(*title, {}, engine).has_value(), "no music is asked for");
+        app::perform(*title, engine);
+    }
+
+    foundation::TemporaryFolder folder;
+    app::StoppableLoop loop;
+    app::Engine engine;
+};
+
+} // namespace zelvo::bench
