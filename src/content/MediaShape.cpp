@@ -4,6 +4,7 @@
 #include "content/ShapeOutlines.h"
 #include "platform/foundation/Check.h"
 #include "platform/geometry/Flatten.h"
+#include "platform/geometry/Primitives.h"
 #include "platform/geometry/SVGPath.h"
 #include "platform/scene/SCNScene.h"
 #include "platform/scene/SCNShapes.h"
@@ -26,7 +27,8 @@ namespace {
 
 constexpr double kCubeSide = 130;
 constexpr double kCubeChamfer = 3;
-constexpr double kSphereRadius = 80;
+constexpr float kSphereRadius = 80;
+constexpr int kSphereSegments = 128;
 constexpr double kFlatness = 0.1; // in units of an outline
 
 // clang-format off
@@ -94,6 +96,13 @@ MediaShapePtr makeShape(std::string_view name) {
     return std::make_shared<NoShape>();
 }
 
+/// A ball on which pictures are not drawn together at poles.
+class Ball final : public scene::SCNGeometry {
+    [[nodiscard]] geometry::Mesh build() const override {
+        return geometry::makeSixSidedSphere(kSphereRadius, kSphereSegments);
+    }
+};
+
 } // namespace
 
 MediaShape::MediaShape(std::string shapeName)
@@ -146,11 +155,13 @@ BoxShape::BoxShape()
     : MediaShape("Cube") {
     node->geometry = std::make_shared<scene::SCNBox>(kCubeSide, kCubeSide, kCubeSide, kCubeChamfer);
     node->position = glm::vec3(0);
+    node->categoryBitMask = node::kContentMask;
 }
 
 SphereShape::SphereShape()
     : MediaShape("Sphere") {
-    node->geometry = std::make_shared<scene::SCNSphere>(kSphereRadius);
+    node->geometry = std::make_shared<Ball>();
+    node->categoryBitMask = node::kContentMask;
 }
 
 const std::vector<MediaShapePtr>& mediaShapes() {

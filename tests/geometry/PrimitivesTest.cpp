@@ -30,6 +30,7 @@ TEST(Primitives, AreClosedSolidsOfTheirBodysVolume) {
         {"rounded box", makeBox(8,    6,   4,                      1), roundBox,    2},
         {"pill",        makeBox(2,    2,   2,                      9), 4 * kPi / 3, 2},
         {"sphere",      makeSphere(5, 64), 4 * kPi / 3 * 125,      2 },
+        {"six-sided sphere", makeSixSidedSphere(5, 64), 4 * kPi / 3 * 125,      2 },
         {"torus",            makeTorus(10,                      2, 64, 32),  2 * kPi * kPi * 10 * 4,            0      },
     };
     // clang-format on

@@ -67,12 +67,13 @@ TEST_F(Lights, ThrowAShadowWhereSomethingStandsInTheirWay) {
     constexpr float kUnit = 200; // half the picture
     camera->position = glm::vec3(0, 0, 10 * kUnit);
     camera->camera->zFar = 20 * kUnit;
-    for (const SCNLightType type : {SCNLightType::directional, SCNLightType::spot}) {
+    for (const SCNLightType type :
+         {SCNLightType::directional, SCNLightType::spot, SCNLightType::omni}) {
         addSquare(makeMatte(), 0, 4 * kUnit)->castsShadow = false;
         const auto blocker = addSquare(makeMatte(), 0, 0.4f * kUnit);
         blocker->position = glm::vec3(0.5f * kUnit);
         const auto light =
-            addLight(type, glm::vec3(2 * kUnit), type == SCNLightType::spot ? 5e8 : 1000);
+            addLight(type, glm::vec3(2 * kUnit), type == SCNLightType::directional ? 1000 : 5e8);
         scene->rootNode()->childNodes().back()->setOrientation(
             glm::quatLookAt(glm::normalize(glm::vec3(-1)), glm::vec3(0, 1, 0)));
         light->spotOuterAngle = 100;
@@ -103,6 +104,53 @@ TEST_F(Lights, ThrowAShadowWhereSomethingStandsInTheirWay) {
             scene->rootNode()->childNodes().back()->removeFromParentNode();
         }
     }
+}
+
+// A wall and a bar before it, lit from the front: the share of light along a line across the edge
+// of the bar's shadow.
+TEST_F(Lights, ThrowShadowsThatAreSofterFarFromTheirCasterAndFadeWithIt) {
+    constexpr float kUnit = 200; // half the picture
+    camera->position = glm::vec3(0, 0, 10 * kUnit);
+    camera->camera->zFar = 20 * kUnit;
+    addSquare(makeMatte(), 0, 4 * kUnit)->castsShadow = false;
+    const auto bar = addSquare(makeMatte(), 0, 2 * kUnit);
+    const auto light = addLight(SCNLightType::spot, {2 * kUnit, 0, 3 * kUnit}, 5e8);
+    scene->rootNode()->childNodes().back()->setOrientation(
+        glm::quatLookAt(glm::normalize(glm::vec3(-2, 0, -3)), glm::vec3(0, 1, 0)));
+    light->spotOuterAngle = 80;
+    light->castsShadow = true;
+    light->shadowColor.alpha = 1;
+    light->zNear = 100;
+    light->lampRadius = 60;
+    // The edge of the shadow falls on the wall at x = -0.5 units, column 16.
+    const auto columnsOfTheEdge = [&](float z) {
+        const float share = z / (3 * kUnit);
+        bar->position = glm::vec3(-0.5f * kUnit + share * 2.5f * kUnit + kUnit * (1 - share), 0, z);
+        bar->scale = glm::vec3(1 - share);
+        const image::Image picture = draw();
+        int soft = 0;
+        const int barBegins = static_cast<int>(32 * (0.5f + 2.5f * share));
+        for (int x = 4; x < std::min(28, barBegins - 2); ++x) {
+            const int step = at(picture, x, 32)[0] - at(picture, x + 1, 32)[0];
+            EXPECT_GE(step, -4) << "darker to the right, at " << x << ", " << z;
+            soft += at(picture, x, 32)[0] > 12 && step > 6 ? 1 : 0;
+        }
+        return soft;
+    };
+    const int near = columnsOfTheEdge(0.15f * kUnit);
+    const int far = columnsOfTheEdge(1.2f * kUnit);
+    EXPECT_LE(near, 3);
+    EXPECT_GE(far, near + 3);
+
+    bar->opacity = 0.5f;
+    const image::Image half = draw();
+    bar->opacity = 0;
+    const image::Image none = draw();
+    EXPECT_NEAR(at(half, 2, 32)[0], at(none, 2, 32)[0], 2);
+    for (int y = 8; y < 56; ++y) // no pattern of holes
+        EXPECT_NEAR(at(half, 24, y)[0], at(half, 24, 32)[0], 12) << y;
+    EXPECT_LT(at(half, 24, 32)[0], at(none, 24, 32)[0] - 15);
+    EXPECT_GT(at(half, 24, 32)[0], 30);
 }
 
 // Otherwise the edges of all shadows would crawl while one letter moves.
@@ -150,6 +198,9 @@ TEST(LightSet, OrdersLightsAsTheShaderComputesThem) {
     EXPECT_EQ(set.counts, (LightCounts{2, 1, 1, 0, 0}));
     EXPECT_GT(set.block.lightShadow[0].x, 0) << "the one with a shadow comes first";
     EXPECT_EQ(set.block.lightShadow[1].x, 0);
+    const std::vector<ShadowView> ofOmni{{.light = 1}};
+    EXPECT_EQ(makeLightSet(lights, ofOmni, 1).counts, (LightCounts{2, 0, 0, 1, 1}))
+        << "an omni light with a shadow is computed as a spot";
 }
 
 TEST(LightSet, TakesNoMoreLightsThanTheShaderHas) {

@@ -5,6 +5,7 @@
 
 #include <glm/common.hpp>
 #include <glm/geometric.hpp>
+#include <glm/trigonometric.hpp>
 
 #include <algorithm>
 #include <array>
@@ -168,6 +169,29 @@ Mesh makeSphere(float radius, int segmentCount) {
         }
     }
     grid.finish();
+    closeElement(mesh);
+    return mesh;
+}
+
+Mesh makeSixSidedSphere(float radius, int segmentCount) {
+    CHECK(radius > 0 && segmentCount >= 4, "no sphere has {} segments", segmentCount);
+    const int pieces = segmentCount / 4;
+    Mesh mesh;
+    for (const BoxSide& side : kBoxSides) {
+        GridWriter grid(mesh, pieces + 1);
+        for (int row = 0; row <= pieces; ++row) {
+            for (int column = 0; column <= pieces; ++column) {
+                // Lines at equal angles: the vertices, and with them the picture, are spread evenly.
+                const glm::vec2 uv = glm::vec2(column, row) / static_cast<float>(pieces);
+                const glm::vec2 slope = glm::tan((uv - 0.5f) * (kPi / 2));
+                const glm::vec3 normal =
+                    glm::normalize(side.outward + side.right * slope.x + side.down * slope.y);
+                const glm::vec3 along = side.right - normal * glm::dot(normal, side.right);
+                grid.addVertex({normal * radius, normal, glm::vec4(glm::normalize(along), -1), uv});
+            }
+        }
+        grid.finish();
+    }
     closeElement(mesh);
     return mesh;
 }

@@ -12,6 +12,9 @@ namespace zelvo::geometry {
 /// The poles are on the y axis. `segmentCount` (at least 3) goes around, half as many from pole to
 /// pole.
 [[nodiscard]] Mesh makeSphere(float radius, int segmentCount);
+/// A sphere of six sides, like a blown-up cube. Pictures repeat on each side and are nowhere
+/// stretched by more than a third. `segmentCount` (at least 4) goes around.
+[[nodiscard]] Mesh makeSixSidedSphere(float radius, int segmentCount);
 /// In the xy plane, facing +z. u goes right, v goes down from the top edge.
 [[nodiscard]] Mesh makePlane(float width, float height);
 /// The axis is y.

@@ -52,6 +52,31 @@ makeCameraView(const glm::mat4& nodeToWorld, const scene::SCNCamera& camera, flo
     return result;
 }
 
+CameraView mirrored(const CameraView& camera, float height) {
+    CameraView result = camera;
+    glm::mat4 flip(1);
+    flip[1][1] = -1;
+    flip[3][1] = 2 * height;
+    result.view = camera.view * flip;
+    result.position = glm::vec3(flip * glm::vec4(camera.position, 1));
+    // Lengyel 2005, "Oblique View Frustum Depth Projection and Clipping", for reversed depth: the
+    // near plane, where depth equals w, is the mirror.
+    const glm::vec4 above(0, 1, 0, -height);
+    const glm::vec4 plane = glm::transpose(glm::inverse(result.view)) * above;
+    float steepest = 1e-4f; // of the rays through the corners of the picture
+    for (const float x : {-1.0f, 1.0f}) {
+        for (const float y : {-1.0f, 1.0f}) {
+            const glm::vec3 ray(x / camera.projection[0][0], y / camera.projection[1][1], -1);
+            steepest = std::max(steepest, glm::dot(glm::vec3(plane), ray));
+        }
+    }
+    for (int column = 0; column < 4; ++column) {
+        result.projection[column][2] = result.projection[column][3] - plane[column] / steepest;
+    }
+    result.viewProjection = result.projection * result.view;
+    return result;
+}
+
 geometry::Ray rayThrough(const CameraView& camera, const glm::vec2& point) {
     const glm::vec3 inEye(point.x / camera.projection[0][0], point.y / camera.projection[1][1], -1);
     return {camera.position, glm::normalize(camera.axes * inEye)};

@@ -26,6 +26,11 @@ struct CameraView {
 [[nodiscard]] CameraView
 makeCameraView(const glm::mat4& nodeToWorld, const scene::SCNCamera& camera, float aspect);
 
+/// What a level mirror at this height shows: the picture of an eye as far below as the camera is
+/// above. The near plane is the mirror, so that nothing below it is seen. Faces turn the other way
+/// round; the axes stay those of the camera.
+[[nodiscard]] CameraView mirrored(const CameraView& camera, float height);
+
 /// From the eye through a point of the picture: -1 to 1, x to the right, y up. The direction has
 /// length 1.
 [[nodiscard]] geometry::Ray rayThrough(const CameraView& camera, const glm::vec2& point);

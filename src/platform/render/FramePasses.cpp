@@ -12,7 +12,14 @@ namespace zelvo::render {
 namespace {
 
 /// What one pass makes and another needs. A pass that tests depth reads it.
-enum Part : std::uint32_t { kNothing = 0, kShadowMaps = 1, kLight = 2, kDepth = 4, kColor = 8 };
+enum Part : std::uint32_t {
+    kNothing = 0,
+    kShadowMaps = 1,
+    kLight = 2,
+    kDepth = 4,
+    kColor = 8,
+    kMirror = 16
+};
 
 } // namespace
 
@@ -45,6 +52,10 @@ std::span<const FramePasses::Pass> FramePasses::passes() {
          [](Const all, F) { return all.drawer.hasShadows(); },
          [](All all, F frame) { all.drawer.drawShadows(frame.scene); }},
 
+        {"what the floor shows", kNothing, kMirror,
+         [](Const all, F) { return all.drawer.hasFloor(); },
+         [](All all, F frame) { all.drawer.prepareFloor(frame.scene); }},
+
         {"background and what stands still", kShadowMaps, kLight | kDepth,
          [](Const, F) { return true; },
          [](All all, F frame) { all.drawer.drawStill(frame.scene); }},
@@ -52,6 +63,10 @@ std::span<const FramePasses::Pass> FramePasses::passes() {
         {"what moves", kShadowMaps | kDepth, kLight | kDepth,
          [](Const all, F) { return all.drawer.hasOpaque(); },
          [](All all, F frame) { all.drawer.drawMoving(frame.scene); }},
+
+        {"floor", kMirror | kDepth, kLight,
+         [](Const all, F) { return all.drawer.hasFloor(); },
+         [](All all, F frame) { all.drawer.drawOnFloor(frame.scene); }},
 
         {"translucent items", kShadowMaps | kDepth, kLight | kDepth,
          [](Const all, F) { return all.drawer.hasTranslucent(); },

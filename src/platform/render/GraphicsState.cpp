@@ -22,7 +22,8 @@ constexpr auto kBlends = std::to_array<BlendRow>({
     {GL_FUNC_ADD,              GL_ONE,       GL_ONE                },
     {GL_FUNC_REVERSE_SUBTRACT, GL_ONE,       GL_ONE                },
     {GL_FUNC_ADD,              GL_DST_COLOR, GL_ZERO               },
-    {GL_FUNC_ADD,              GL_ONE,       GL_ONE_MINUS_SRC_COLOR}
+    {GL_FUNC_ADD,              GL_ONE,       GL_ONE_MINUS_SRC_COLOR},
+    {GL_MAX,                   GL_ONE,       GL_ONE                }
 });
 // clang-format on
 
@@ -69,7 +70,7 @@ void GraphicsState::forget() {
     glEnable(GL_TEXTURE_CUBE_MAP_SEAMLESS);
     glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
     glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    setDepthOffset(0, 0);
+    glDisable(GL_POLYGON_OFFSET_FILL);
     set({});
 }
 
@@ -79,7 +80,6 @@ void GraphicsState::handBack() {
     glClearDepth(1);
     glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
     glPixelStorei(GL_PACK_ALIGNMENT, 4);
-    setDepthOffset(0, 0);
     glDisable(GL_DEPTH_TEST);
     glDepthFunc(GL_LESS);
     glDepthMask(GL_TRUE);
@@ -171,14 +171,6 @@ void GraphicsState::set(const RasterState& state) {
         setBlend(state.blend, state.colors);
 }
 
-void GraphicsState::setDepthOffset( // NOLINT(readability-convert-member-functions-to-static): state
-                                    // of the context
-    float units,
-    float slope) {
-    toggle(GL_POLYGON_OFFSET_FILL, units != 0 || slope != 0);
-    glPolygonOffset(-slope, -units); // depth is reversed
-}
-
 void GraphicsState::setScissor( // NOLINT(readability-convert-member-functions-to-static): state of
                                 // the context
     const std::optional<PixelRect>& part) {
@@ -196,6 +188,12 @@ void GraphicsState::clearColor(const glm::vec3& color) {
     set({});
     glClearColor(color.r, color.g, color.b, 0);
     glClear(GL_COLOR_BUFFER_BIT);
+}
+
+void GraphicsState::clear() {
+    set({});
+    glClearColor(0, 0, 0, 0);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
 }
 
 void GraphicsState::forgetBindings() {

@@ -22,7 +22,7 @@ enum class Fill { faces, lines };
 enum class ColorWrite { off, on };
 
 /// How a new colour is mixed with the target's. Colours are premultiplied by their alpha.
-enum class Blend { off, over, add, subtract, multiply, screen };
+enum class Blend { off, over, add, subtract, multiply, screen, greatest };
 /// Which kind of colour is blended; see `color.glsl`. It decides what happens to the target's alpha.
 enum class Colors { shown, ofScene };
 
@@ -60,13 +60,13 @@ public:
     void
     bindUniforms(std::uint32_t binding, std::uint32_t buffer, std::size_t offset, std::size_t size);
     void set(const RasterState& state);
-    /// Moves what is drawn away from the camera (units and slope as in glPolygonOffset). 0 = off.
-    void setDepthOffset(float units, float slope);
     /// Limits drawing to a part of the target; nothing = the whole target.
     void setScissor(const std::optional<PixelRect>& part);
     void clearDepth();
     /// A linear colour that is shown as it is.
     void clearColor(const glm::vec3& color);
+    /// Colour and alpha to 0, and the depth.
+    void clear();
 
     /// Call it after a texture, framebuffer or program was deleted, as OpenGL may reuse its name.
     void forgetBindings();

@@ -36,8 +36,9 @@ constexpr bool isData(std::size_t unit) {
            unit == kRoughnessUnit;
 }
 
-Winding windingOf(const glm::mat4& world) {
-    return glm::determinant(glm::mat3(world)) < 0 ? Winding::clockwise : Winding::counterClockwise;
+Winding windingOf(const glm::mat4& world, bool isMirrored) {
+    const bool isTurned = glm::determinant(glm::mat3(world)) < 0;
+    return isTurned != isMirrored ? Winding::clockwise : Winding::counterClockwise;
 }
 
 std::uint64_t keyOf(const LightSet& set, const ShadowPass& shadows) {
@@ -207,7 +208,7 @@ void ItemPainter::draw(
         {.depthTest = depthTest,
          .depthWrite = isTranslucent ? DepthWrite::off : DepthWrite::on,
          .culling = showsBackFaces(frame, item) ? Culling::none : Culling::backFaces,
-         .winding = windingOf(binding.item.world),
+         .winding = windingOf(binding.item.world, frame.isMirrored),
          .fill = material.fillMode == scene::SCNFillMode::lines ? Fill::lines : Fill::faces,
          .blend = isTranslucent ? blendOf(material.blendMode) : Blend::off,
          .colors = isSceneLight ? Colors::ofScene : Colors::shown});
@@ -218,12 +219,27 @@ void ItemPainter::drawDepth(const Frame& frame, const DrawItem& item) {
     const VisibleNode& node = frame.snapshot.nodes()[item.node];
     ItemBlock block;
     block.world = node.world;
-    tools.state.useProgram(tools.shaders.depthProgram(SurfaceShaders::DepthOnly::whole));
+    tools.state.useProgram(tools.shaders.depthProgram());
     frame.uniforms.bind(tools.state, kItemBinding, block);
     tools.state.set(
         {.culling = showsBackFaces(frame, item) ? Culling::none : Culling::backFaces,
-         .winding = windingOf(node.world),
+         .winding = windingOf(node.world, frame.isMirrored),
          .colorWrite = ColorWrite::off});
+    submit(frame, item);
+}
+
+void ItemPainter::drawOver(const Frame& frame, const DrawItem& item) {
+    const MaterialBinding binding = bound(frame, item);
+    bindPictures(binding);
+    frame.uniforms.bind(tools.state, kItemBinding, binding.item);
+    const bool isSeen = scene::constantOpacity(*item.material) > 0;
+    tools.state.set(
+        {.depthTest = DepthTest::nearerOrEqual,
+         .depthWrite = DepthWrite::off,
+         .culling = showsBackFaces(frame, item) ? Culling::none : Culling::backFaces,
+         .winding = windingOf(binding.item.world, frame.isMirrored),
+         .blend = Blend::over,
+         .colors = isSeen ? Colors::ofScene : Colors::shown});
     submit(frame, item);
 }
 

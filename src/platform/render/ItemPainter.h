@@ -34,6 +34,7 @@ public:
         UniformArena& uniforms;
         /// needed by every lit material of the frame: the environment
         std::uint32_t features = 0;
+        bool isMirrored = false; ///< faces turn the other way round
     };
 
     /// Index of a set of lights; valid for this frame.
@@ -50,6 +51,9 @@ public:
 
     void draw(const Frame& frame, const DrawItem& item, Lights lights, DepthTest depthTest);
     void drawDepth(const Frame& frame, const DrawItem& item);
+    /// Draws over the item with the program in use, which blends; it gets the item's numbers and the
+    /// picture of its roughness.
+    void drawOver(const Frame& frame, const DrawItem& item);
 
     /// True for a closed solid that is translucent only by its opacity: its inside must not show
     /// while it fades.

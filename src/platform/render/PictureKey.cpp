@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/PictureKey.h"
 
+#include "platform/render/MirrorImage.h"
 #include "platform/render/StillLayer.h"
 
 #include <array>
@@ -26,7 +27,8 @@ std::optional<std::uint64_t> PictureKey::of(
     const ItemPainter::Frame frame{snapshot, views.all(), unused};
     painter.begin();
     const bool isStill = addItems(hash, snapshot.opaque(), painter, frame) &&
-                         addItems(hash, snapshot.translucent(), painter, frame);
+                         addItems(hash, snapshot.translucent(), painter, frame) &&
+                         addFloor(hash, scene, painter);
     return isStill ? std::optional(hash.result()) : std::nullopt;
 }
 
@@ -63,8 +65,22 @@ void PictureKey::addShadows(Hash& hash, std::span<const ShadowView> views) const
         hash.addBlock(node.world);
         hash.add(node.geometry->revision());
         hash.add(node.castsShadow ? 1 : 0);
+        hash.addBlock(node.opacity);
         hash.add(node.categoryBitMask);
     }
+}
+
+bool PictureKey::addFloor(Hash& hash, const scene::SCNScene& scene, ItemPainter& painter) {
+    if (!snapshot.floor())
+        return true;
+    const auto& [item, height, opacity] = *snapshot.floor();
+    hash.addBlock(*item.material->floor);
+    hash.addBlock(std::array{height, opacity});
+    mirrored.takeMirrored(scene, snapshot, height + MirrorImage::kLift);
+    UniformArena unused(1);
+    const ItemPainter::Frame frame{mirrored, {}, unused};
+    return addItems(hash, mirrored.opaque(), painter, frame) &&
+           addItems(hash, mirrored.translucent(), painter, frame);
 }
 
 bool PictureKey::addItems(
@@ -73,7 +89,7 @@ bool PictureKey::addItems(
     ItemPainter& painter,
     const ItemPainter::Frame& frame) {
     for (const DrawItem& item : items) {
-        const std::uint32_t mask = snapshot.nodes()[item.node].categoryBitMask;
+        const std::uint32_t mask = frame.snapshot.nodes()[item.node].categoryBitMask;
         const std::uint64_t key =
             painter.key(frame, item, painter.lightsFor(frame, mask, ItemPainter::Shadows::cast));
         if (key == StillLayer::kMoving)

@@ -27,6 +27,8 @@ public:
 private:
     void addCamera(Hash& hash) const;
     void addSurroundings(Hash& hash, const scene::SCNScene& scene);
+    /// False if what the floor shows depends on time.
+    [[nodiscard]] bool addFloor(Hash& hash, const scene::SCNScene& scene, ItemPainter& painter);
     void addShadows(Hash& hash, std::span<const ShadowView> views) const;
     [[nodiscard]] bool addItems(
         Hash& hash,
@@ -35,6 +37,7 @@ private:
         const ItemPainter::Frame& frame);
 
     Snapshot snapshot;
+    Snapshot mirrored; ///< what the floor mirrors; it may be out of view itself
     // The key uses addresses. The objects are held, so that no new one can get such an address.
     std::vector<std::shared_ptr<const void>> owners;
     std::vector<std::shared_ptr<const void>> lastOwners;

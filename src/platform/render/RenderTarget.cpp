@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 
 namespace zelvo::render {
 namespace {
@@ -14,11 +15,21 @@ namespace {
 struct FormatRow {
     GLenum storage;
     bool isDepth;
+    bool hasLevels;
 };
 
 /// In the order of TargetFormat.
-constexpr auto kFormats = std::to_array<FormatRow>(
-    {{GL_RGBA8, false}, {GL_RGBA16F, false}, {GL_DEPTH_COMPONENT32F, true}});
+// clang-format off
+constexpr auto kFormats = std::to_array<FormatRow>({
+    {GL_RGBA8,              false, false},
+    {GL_RGBA16F,            false, false},
+    {GL_DEPTH_COMPONENT32F, true,  false},
+    {GL_RGBA8,              false, true },
+    {GL_RGBA16F,            false, true },
+    {GL_R8,                 false, false}
+});
+
+// clang-format on
 
 const FormatRow& rowOf(TargetFormat format) {
     return kFormats.at(static_cast<std::size_t>(format));
@@ -31,8 +42,10 @@ TextureHandle makeTexture(TargetFormat format, Size size, int samples) {
         glCreateTextures(GL_TEXTURE_2D_MULTISAMPLE, 1, &name);
         glTextureStorage2DMultisample(name, samples, storage, size.width, size.height, GL_TRUE);
     } else {
+        const auto side = static_cast<unsigned>(std::max(size.width, size.height));
+        const int levels = rowOf(format).hasLevels ? std::bit_width(side) : 1;
         glCreateTextures(GL_TEXTURE_2D, 1, &name);
-        glTextureStorage2D(name, 1, storage, size.width, size.height);
+        glTextureStorage2D(name, levels, storage, size.width, size.height);
     }
     return TextureHandle(name);
 }

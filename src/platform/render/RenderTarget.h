@@ -13,6 +13,9 @@ enum class TargetFormat {
     rgba8,   ///< encoded colours
     half,    ///< linear light, brighter than white, too; alpha: see `color.glsl`
     depth32, ///< reversed, floating point
+    casters, ///< 8 bits, with mipmaps: of a shadow map
+    mirror,  ///< half floats, with mipmaps
+    r8,      ///< a share
 };
 
 /// A framebuffer and its textures, all of one size. It takes no memory until `resize` gives it a

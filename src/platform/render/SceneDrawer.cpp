@@ -35,7 +35,19 @@ void SceneDrawer::end() {
 }
 
 void SceneDrawer::drawShadows(const Frame& frame) {
-    shadows.draw({state, meshes, shaders, frame.items.uniforms}, snapshot, views.all());
+    shadows.draw({state, meshes, shaders, frame.items.uniforms, textures}, snapshot, views.all());
+}
+
+FloorPass::Tools SceneDrawer::floorTools() {
+    return {state, painter, particles, textures, meshes, shaders};
+}
+
+void SceneDrawer::prepareFloor(const Frame& frame) {
+    floor.prepare(floorTools(), {frame.scene, snapshot, frame.block, frame.items, frame.target});
+}
+
+void SceneDrawer::drawOnFloor(const Frame& frame) {
+    floor.drawOn(floorTools(), {frame.scene, snapshot, frame.block, frame.items, frame.target});
 }
 
 void SceneDrawer::drawStill(const Frame& frame) {

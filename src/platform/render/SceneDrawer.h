@@ -3,6 +3,7 @@
 
 #include "platform/render/BackgroundPass.h"
 #include "platform/render/Context.h"
+#include "platform/render/FloorPass.h"
 #include "platform/render/GraphicsState.h"
 #include "platform/render/ItemPainter.h"
 #include "platform/render/ParticlePass.h"
@@ -58,6 +59,8 @@ public:
 
     [[nodiscard]] bool hasTranslucent() const { return !snapshot.translucent().empty(); }
 
+    [[nodiscard]] bool hasFloor() const { return snapshot.floor().has_value(); }
+
     [[nodiscard]] bool hasParticles() const { return !snapshot.emitters().empty(); }
 
     void drawShadows(const Frame& frame);
@@ -65,6 +68,10 @@ public:
     void drawStill(const Frame& frame);
     /// Draws the other opaque items, and the shadows on the unchanged ones.
     void drawMoving(const Frame& frame);
+    /// Draws the pictures of what the floor shows: mirror image, dark places.
+    void prepareFloor(const Frame& frame);
+    /// Draws them onto the floor.
+    void drawOnFloor(const Frame& frame);
     void drawTranslucent(const Frame& whole);
     void drawParticles(const Frame& frame);
 
@@ -91,6 +98,7 @@ private:
         bool isDepthFirst = false; ///< its depth is drawn before its colour
     };
 
+    [[nodiscard]] FloorPass::Tools floorTools();
     /// Null if the scene has no image-based light.
     [[nodiscard]] static std::shared_ptr<const image::LightProbe>
     probeOf(const scene::SCNScene& scene);
@@ -116,6 +124,7 @@ private:
     ShadowPass shadows;
     BackgroundPass background;
     ParticlePass particles;
+    FloorPass floor;
     StillLayer layer;
     ItemPainter painter;
     PictureKey pictures;

@@ -58,7 +58,7 @@ enum Unit : std::uint32_t {
     LIST(vec4, lightPosition, 8)      /* xyz in the world; directional: unit vector to the light */       \
     LIST(vec4, lightAxis, 8)          /* xyz unit direction of a spot; w scale of its cone */             \
     LIST(vec4, lightColor, 8)         /* rgb, nominal is 1; w offset of the cone */                       \
-    LIST(vec4, lightShadow, 8)        /* x strength, y sample spacing, w receiver's shift */              \
+    LIST(vec4, lightShadow, 8)        /* see shadows.glsl */                                              \
     LIST(vec4, shadowBounds, 8)       /* of all casters in the map: left, top, right, bottom, 0 to 1 */   \
     LIST(mat4, shadowMatrix, 8)       /* world to shadow map, 0 to 1 */
 

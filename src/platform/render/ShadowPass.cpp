@@ -23,11 +23,6 @@ std::uint64_t contentOf(const Snapshot& snapshot, const ShadowView& view) {
     return hash.result();
 }
 
-// Depth offset against self-shadowing, in addition to the shift along the normal (as in
-// glPolygonOffset).
-constexpr float kDepthOffset = 2;
-constexpr float kSlopeOffset = 1.5f;
-
 } // namespace
 
 void ShadowPass::draw(
@@ -42,35 +37,44 @@ void ShadowPass::draw(
         map.content = content;
         map.target.bind(tools.state);
         drawCasters(tools, snapshot, views[i]);
+        glGenerateTextureMipmap(map.target.color());
     }
 }
 
 void ShadowPass::drawCasters(const Tools& tools, const Snapshot& snapshot, const ShadowView& view) {
     const scene::SCNLight& light = *snapshot.lights()[view.light].light;
-    FrameBlock frame;
-    frame.viewProjection = view.viewProjection;
-    tools.state.clearDepth();
-    tools.uniforms.bind(tools.state, kFrameBinding, frame);
-    // No culling: a letter's back wall must stop the light as well as its front.
-    tools.state.set({.culling = Culling::none});
-    tools.state.setDepthOffset(kDepthOffset, kSlopeOffset);
+    beginMap(tools, view.viewProjection);
     for (const VisibleNode& node : snapshot.nodes()) {
-        if (!casts(node, light))
-            continue;
-        const bool isFading = node.opacity < 1;
-        tools.state.useProgram(tools.shaders.depthProgram(
-            isFading ? SurfaceShaders::DepthOnly::screenDoor : SurfaceShaders::DepthOnly::whole));
-        ItemBlock item;
-        item.world = node.world;
-        item.diffuse.a = node.opacity;
-        tools.uniforms.bind(tools.state, kItemBinding, item);
-        tools.state.bindVertexArray(tools.meshes.vertexArray(*node.geometry, node.level));
-        const geometry::Mesh& mesh = node.geometry->mesh();
-        const auto count = static_cast<GLsizei>(
-            node.level == 0 ? mesh.indices.size() : mesh.coarser[node.level - 1].indices.size());
-        glDrawElements(GL_TRIANGLES, count, GL_UNSIGNED_INT, nullptr);
+        if (casts(node, light))
+            drawCaster(tools, node);
     }
-    tools.state.setDepthOffset(0, 0);
+}
+
+void ShadowPass::beginMap(const Tools& tools, const glm::mat4& viewProjection) {
+    FrameBlock frame;
+    frame.viewProjection = viewProjection;
+    tools.state.clear();
+    tools.uniforms.bind(tools.state, kFrameBinding, frame);
+    // The greatest depth is the nearest to the light. No culling: a letter's back wall must stop the
+    // light as well as its front.
+    tools.state.set(
+        {.depthTest = DepthTest::off,
+         .depthWrite = DepthWrite::off,
+         .culling = Culling::none,
+         .blend = Blend::greatest});
+    tools.state.useProgram(tools.shaders.casterProgram());
+}
+
+void ShadowPass::drawCaster(const Tools& tools, const VisibleNode& node) {
+    ItemBlock item;
+    item.world = node.world;
+    item.diffuse.a = node.opacity;
+    tools.uniforms.bind(tools.state, kItemBinding, item);
+    tools.state.bindVertexArray(tools.meshes.vertexArray(*node.geometry, node.level));
+    const geometry::Mesh& mesh = node.geometry->mesh();
+    const auto count = static_cast<GLsizei>(
+        node.level == 0 ? mesh.indices.size() : mesh.coarser[node.level - 1].indices.size());
+    glDrawElements(GL_TRIANGLES, count, GL_UNSIGNED_INT, nullptr);
 }
 
 } // namespace zelvo::render

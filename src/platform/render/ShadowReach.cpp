@@ -25,17 +25,20 @@ struct Polygon {
     void add(const glm::vec3& point) { points.at(count++) = point; }
 };
 
-Corners cornersOf(const VisibleNode& node) {
-    const geometry::Box box = node.geometry->boundingBox();
+Corners cornersOf(const geometry::Box& box, const glm::mat4& world) {
     Corners corners{};
     for (unsigned i = 0; i < corners.size(); ++i) {
         const glm::vec3 corner(
             (i & 1U) != 0 ? box.max.x : box.min.x,
             (i & 2U) != 0 ? box.max.y : box.min.y,
             (i & 4U) != 0 ? box.max.z : box.min.z);
-        corners.at(i) = glm::vec3(node.world * glm::vec4(corner, 1));
+        corners.at(i) = glm::vec3(world * glm::vec4(corner, 1));
     }
     return corners;
+}
+
+Corners cornersOf(const VisibleNode& node) {
+    return cornersOf(node.geometry->boundingBox(), node.world);
 }
 
 /// The box's faces: indices into cornersOf, in order around the face.
@@ -122,6 +125,14 @@ private:
     glm::vec2 most{-INFINITY};
 };
 
+PixelRect boundsOnScreen(const Corners& corners, const CameraView& camera, Size picture) {
+    ScreenBounds seen(camera, picture);
+    for (const auto& face : kFaces) {
+        seen.include(polygonOf(corners, face));
+    }
+    return seen.rect();
+}
+
 /// The six planes around the space that the casters can shade, normals inwards. They are moved out
 /// by as much as the shader moves its lookup.
 std::array<glm::vec4, 6> planesOf(const ShadowView& view) {
@@ -144,13 +155,19 @@ std::array<glm::vec4, 6> planesOf(const ShadowView& view) {
 
 } // namespace
 
+geometry::Box worldBox(const VisibleNode& node) {
+    geometry::Box box;
+    for (const glm::vec3& corner : cornersOf(node))
+        box.include(corner);
+    return box;
+}
+
 PixelRect boundsOnScreen(const VisibleNode& node, const CameraView& camera, Size picture) {
-    const Corners corners = cornersOf(node);
-    ScreenBounds seen(camera, picture);
-    for (const auto& face : kFaces) {
-        seen.include(polygonOf(corners, face));
-    }
-    return seen.rect();
+    return boundsOnScreen(cornersOf(node), camera, picture);
+}
+
+PixelRect boundsOnScreen(const geometry::Box& box, const CameraView& camera, Size picture) {
+    return boundsOnScreen(cornersOf(box, glm::mat4(1)), camera, picture);
 }
 
 PixelRect shadowOnScreen(

@@ -11,6 +11,13 @@ namespace zelvo::render {
 [[nodiscard]] PixelRect
 boundsOnScreen(const VisibleNode& node, const CameraView& camera, Size picture);
 
+/// The part of a picture that shows a box in the world.
+[[nodiscard]] PixelRect
+boundsOnScreen(const geometry::Box& box, const CameraView& camera, Size picture);
+
+/// The box around a node in the world.
+[[nodiscard]] geometry::Box worldBox(const VisibleNode& node);
+
 /// The part of a picture in which casters of a light can throw a shadow on the node: the node's box
 /// cut by the light's rays around the casters. On a wide floor that is a small part.
 ///

@@ -97,13 +97,26 @@ bool Snapshot::isTranslucent(const SCNMaterial& material, float opacity) {
 
 void Snapshot::take(
     const scene::SCNScene& scene, const SCNNode* pointOfView, float aspect, int height) {
+    placeCamera(scene, pointOfView, aspect);
+    pixelsAtOne = camera_.projection[1][1] * static_cast<float>(height) / 2;
+    collect(scene);
+}
+
+void Snapshot::takeMirrored(const scene::SCNScene& scene, const Snapshot& other, float height) {
+    constexpr float kCoarser = 0.25f; // the mirror image has fewer pixels
+    camera_ = mirrored(other.camera_, height);
+    sceneCamera_ = other.sceneCamera_;
+    pixelsAtOne = other.pixelsAtOne * kCoarser;
+    collect(scene);
+}
+
+void Snapshot::collect(const scene::SCNScene& scene) {
+    floor_.reset();
     nodes_.clear();
     opaque_.clear();
     translucent_.clear();
     lights_.clear();
     emitters_.clear();
-    placeCamera(scene, pointOfView, aspect);
-    pixelsAtOne = camera_.projection[1][1] * static_cast<float>(height) / 2;
     const Frustum frustum(camera_.viewProjection);
     walk(*scene.rootNode(), {glm::mat4(1), 1}, frustum);
     std::sort(opaque_.begin(), opaque_.end(), [](const DrawItem& a, const DrawItem& b) {
@@ -193,6 +206,11 @@ void Snapshot::addItems(std::uint32_t index) {
         const SCNMaterial* material = node.geometry->materialFor(element);
         if (material == nullptr)
             material = &defaultMaterial();
+        if (material->floor && !floor_)
+            floor_ = {
+                {index, element, material, node.farthest, false},
+                node.world[3].y + material->floor->height,
+                node.opacity};
         if (node.opacity * constantOpacity(*material) < kInvisible)
             continue;
         // Opaque items are sorted by their farthest corner, so that a floor that reaches to the

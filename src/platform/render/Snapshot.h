@@ -71,10 +71,24 @@ public:
         float aspect,
         int height = 0);
 
+    /// What a level mirror at this height shows of the scene. `other` was taken from the scene in
+    /// this frame. Things under the mirror are cut off by the camera's near plane.
+    void takeMirrored(const scene::SCNScene& scene, const Snapshot& other, float height);
+
     [[nodiscard]] const CameraView& camera() const { return camera_; }
 
     /// Null if the scene has no camera.
     [[nodiscard]] const scene::SCNCamera* sceneCamera() const { return sceneCamera_; }
+
+    /// A surface in view that shows what stands on it (SCNMaterial::floor).
+    struct Floor {
+        DrawItem item;
+        float height = 0; ///< of its level part, in the world
+        float opacity = 1;
+    };
+
+    /// The first one in tree order.
+    [[nodiscard]] const std::optional<Floor>& floor() const { return floor_; }
 
     [[nodiscard]] std::span<const VisibleNode> nodes() const { return nodes_; }
 
@@ -96,6 +110,7 @@ private:
         float opacity;
     };
 
+    void collect(const scene::SCNScene& scene);
     void placeCamera(const scene::SCNScene& scene, const scene::SCNNode* pointOfView, float aspect);
     void walk(const scene::SCNNode& node, const Inherited& inherited, const Frustum& frustum);
     void addNode(const scene::SCNNode& node, const Inherited& own, const Frustum& frustum);
@@ -106,6 +121,7 @@ private:
     CameraView camera_;
     float pixelsAtOne = 0; ///< pixels of a length of 1 at a distance of 1
     const scene::SCNCamera* sceneCamera_ = nullptr;
+    std::optional<Floor> floor_;
     std::vector<VisibleNode> nodes_;
     std::vector<DrawItem> opaque_;
     std::vector<DrawItem> translucent_;

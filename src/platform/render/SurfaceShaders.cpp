@@ -65,15 +65,16 @@ std::uint32_t SurfaceShaders::program(
     return known.name();
 }
 
-std::uint32_t SurfaceShaders::depthProgram(DepthOnly kind) {
-    if (kind == DepthOnly::whole) {
-        if (!depth)
-            depth = buildOwn({"surface.vert", "depth.frag", {"DEPTH_ONLY"}});
-        return depth.name();
-    }
-    if (!screenDoor)
-        screenDoor = buildOwn({"surface.vert", "depth.frag", {"DEPTH_ONLY", "SCREEN_DOOR"}});
-    return screenDoor.name();
+std::uint32_t SurfaceShaders::depthProgram() {
+    if (!depth)
+        depth = buildOwn({"surface.vert", "depth.frag", {"DEPTH_ONLY"}});
+    return depth.name();
+}
+
+std::uint32_t SurfaceShaders::casterProgram() {
+    if (!caster)
+        caster = buildOwn({"surface.vert", "caster.frag", {"DEPTH_ONLY"}});
+    return caster.name();
 }
 
 } // namespace zelvo::render

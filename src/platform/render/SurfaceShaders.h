@@ -20,8 +20,10 @@ public:
     [[nodiscard]] std::uint32_t
     program(std::uint32_t features, const LightCounts& lights, const std::string* modifier);
 
-    enum class DepthOnly { whole, screenDoor };
-    [[nodiscard]] std::uint32_t depthProgram(DepthOnly kind);
+    /// Writes depth only.
+    [[nodiscard]] std::uint32_t depthProgram();
+    /// Draws a caster into a shadow map.
+    [[nodiscard]] std::uint32_t casterProgram();
 
 private:
     [[nodiscard]] std::uint32_t modifierIndex(const std::string& text);
@@ -29,7 +31,7 @@ private:
     std::unordered_map<std::uint64_t, ProgramHandle> programs;
     std::map<std::string, std::uint32_t> modifiers; ///< numbered from 1; 0 = does not compile
     ProgramHandle depth;
-    ProgramHandle screenDoor;
+    ProgramHandle caster;
 };
 
 } // namespace zelvo::render

@@ -279,9 +279,7 @@ std::uint32_t TextureStore::backdropSampler() {
 
 std::uint32_t TextureStore::shadowSampler() {
     if (!shadow) {
-        shadow = makeSampler(GL_CLAMP_TO_EDGE, GL_CLAMP_TO_EDGE, GL_LINEAR);
-        glSamplerParameteri(shadow.name(), GL_TEXTURE_COMPARE_MODE, GL_COMPARE_REF_TO_TEXTURE);
-        glSamplerParameteri(shadow.name(), GL_TEXTURE_COMPARE_FUNC, GL_GEQUAL);
+        shadow = makeSampler(GL_CLAMP_TO_EDGE, GL_CLAMP_TO_EDGE, GL_LINEAR_MIPMAP_NEAREST);
     }
     return shadow.name();
 }

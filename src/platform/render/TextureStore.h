@@ -42,7 +42,7 @@ public:
     [[nodiscard]] std::uint32_t smoothSampler();
     /// As smoothSampler, but repeats in u: for panoramas.
     [[nodiscard]] std::uint32_t backdropSampler();
-    /// Bilinear, compares with a reversed depth.
+    /// Bilinear, from the nearest level, clamped to the edge.
     [[nodiscard]] std::uint32_t shadowSampler();
 
     /// Call it once a frame. True if a texture was dropped.

@@ -1,25 +1,77 @@
-// Shadow maps. Four bilinear comparisons, each one texel from the middle, make a smooth soft edge
-// of four texels.
-layout(binding = UNIT_SHADOW) uniform sampler2DShadow uShadowMaps[MAX_SHADOWS];
+// Shadows that get softer with the distance from the caster (Fernando 2005, "Percentage-Closer Soft
+// Shadows").
+//
+// A map holds in red how much of the light its casters stop, and in green that times their depth
+// (reversed: larger is nearer to the light). Both can be averaged, so the map has mipmaps: a sample
+// from a coarse level stands for many, and wide edges are smooth without noise.
+//
+// lightShadow: x strength, y least radius of the edge, z radius for a depth difference of 1,
+// w shift of the receiver along its normal in scene units. Radii are shares of the map.
+// lightPosition.w: depth of the caster nearest to the light.
+layout(binding = UNIT_SHADOW) uniform sampler2D uShadowMaps[MAX_SHADOWS];
 
-float tap(int map, vec3 at, float x, float y) {
-    return textureLod(uShadowMaps[map], vec3(at.x + x, at.y + y, at.z), 0.0);
+const float kWidestRadius = 0.03;
+const float kShiftTexels = 1.5; // w was made from so many texels
+const float kDepthStep = 2.5 / 255.0; // the map has 8 bits
+const int kSearchSamples = 4;
+const int kEdgeSamples = 8;
+// Vogel 1979, "A better way to construct the sunflower head": each point is turned by the golden
+// angle against the one before, so that they cover a disc evenly.
+const mat2 kGoldenTurn = mat2(-0.7373688, 0.6754903, -0.6754903, -0.7373688);
+
+vec3 placeInMap(int light, vec3 position) {
+    vec4 p = shadowMatrix[light] * vec4(position, 1.0);
+    return p.w > 0.0 ? p.xyz / p.w : vec3(-1.0);
 }
 
-// The share of light that arrives, 0 .. 1.
+// x: how much is stopped within the radius, y: how much nearer to the light those casters are.
+vec2 castersAround(int map, vec3 at, float radius, float texels, int count) {
+    float level = log2(radius * texels);
+    vec2 direction = vec2(radius, 0.0);
+    float stopped = 0.0;
+    float distances = 0.0;
+    for (int i = 0; i < count; ++i) {
+        vec2 offset = direction * sqrt((float(i) + 0.5) / float(kSearchSamples));
+        vec2 caster = textureLod(uShadowMaps[map], at.xy + offset, level).rg;
+        float ahead = caster.g - caster.r * (at.z + kDepthStep);
+        stopped += ahead > 0.0 ? caster.r : 0.0;
+        distances += max(ahead, 0.0);
+        direction = kGoldenTurn * direction;
+    }
+    return vec2(stopped, distances / max(stopped, 1e-6));
+}
+
+float shadeAround(int map, vec3 at, float radius, float texels, float distance, int count) {
+    float level = log2(max(0.7 * radius * texels, 1.0));
+    vec2 direction = vec2(radius, 0.0);
+    float sum = 0.0;
+    for (int i = 0; i < count; ++i) {
+        vec2 offset = direction * sqrt((float(i) + 0.5) / float(kEdgeSamples));
+        vec2 caster = textureLod(uShadowMaps[map], at.xy + offset, level).rg;
+        // Where a texel mixes a caster with the receiver itself, this is the caster's share.
+        sum += clamp((caster.g - caster.r * (at.z + kDepthStep)) * (2.0 / distance), 0.0, caster.r);
+        direction = kGoldenTurn * direction;
+    }
+    return sum / float(kEdgeSamples);
+}
+
+// The share of light that arrives, 0 .. 1. A loop without rounds is skipped in software, too, if no
+// pixel beside needs it; a condition would not be.
 float shadowAt(int light, int map, vec3 N, vec3 L) {
     vec4 settings = lightShadow[light];
-    // Moves the point off the surface against self-shadowing: by the reach of the samples, most
-    // where the light is grazing.
     float NoL = clamp(dot(N, L), 0.0, 1.0);
-    vec4 p = shadowMatrix[light] * vec4(vPosition + N * (settings.w * sqrt(1.0 - NoL * NoL)), 1.0);
-    p.xyz /= p.w;
+    float tilt = max(sqrt(1.0 - NoL * NoL), 0.5);
+    vec3 at = placeInMap(light, vPosition + N * (settings.w * tilt));
     vec4 bounds = shadowBounds[light];
-    bool isInside = p.w > 0.0 && all(greaterThan(p.xy, bounds.xy)) && all(lessThan(p.xy, bounds.zw));
-    // All four samples are always taken: in software, a branch would cost more.
-    vec3 middle = vec3(p.xy, max(p.z, 0.0));
-    float reach = settings.y;
-    float share = 0.25 * (tap(map, middle, -reach, -reach) + tap(map, middle, reach, -reach)
-        + tap(map, middle, -reach, reach) + tap(map, middle, reach, reach));
-    return isInside ? 1.0 - settings.x * (1.0 - share) : 1.0;
+    bool isInside = all(greaterThan(at.xy, bounds.xy)) && all(lessThan(at.xy, bounds.zw));
+    float texels = float(textureSize(uShadowMaps[map], 0).x);
+    float widest = clamp(settings.z * (lightPosition[light].w - at.z), settings.y, kWidestRadius);
+    vec2 casters = castersAround(map, at, widest, texels, isInside ? kSearchSamples : 0);
+
+    float radius = clamp(settings.z * casters.y, settings.y, widest);
+    // The wider the edge, the farther must the point be from its own surface.
+    float shift = max(1.0, radius * texels / kShiftTexels);
+    at = placeInMap(light, vPosition + N * (settings.w * tilt * shift));
+    int count = casters.x > 0.0 ? kEdgeSamples : 0;
+    return 1.0 - settings.x * shadeAround(map, at, radius, texels, max(casters.y, 1e-6), count);
 }

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/ContactMap.h"
+
+#include "platform/render/Hash.h"
+#include "platform/render/ShadowReach.h"
+
+#include <epoxy/gl.h>
+#include <glm/gtc/matrix_transform.hpp>
+
+#include <algorithm>
+
+namespace zelvo::render {
+namespace {
+
+constexpr int kFootprintSide = 512; ///< texels
+constexpr int kSoftenedSide = 256;
+constexpr float kHalfWidth = 800;                  ///< scene units that the map covers
+constexpr glm::vec3 kMiddle{0, 0, -150};           ///< of the covered part
+constexpr float kReach = 240;                      ///< things higher above the floor do not count
+constexpr float kWidest = kReach / kHalfWidth / 2; ///< radius of the softest edge, in 0 .. 1
+
+/// Content belongs to another category than the floor. Lights and glows do not stop light.
+bool isOnFloor(const VisibleNode& node, const VisibleNode& floor) {
+    using scene::SCNBlendMode;
+    const bool isOther = (node.categoryBitMask & floor.categoryBitMask) == 0;
+    if (&node == &floor || !(node.castsShadow || isOther))
+        return false;
+    const scene::SCNMaterial* material = node.geometry->materialFor(0);
+    return material == nullptr || material->blendMode == SCNBlendMode::alpha ||
+           material->blendMode == SCNBlendMode::replace;
+}
+
+/// From the world to clip space, seen from the floor upwards: depth 1 at the floor, 0 at the reach.
+glm::mat4 upwards(float height) {
+    glm::mat4 m(0);
+    m[0][0] = 1 / kHalfWidth;
+    m[2][1] = 1 / kHalfWidth;
+    m[1][2] = -1 / kReach;
+    m[3] = {-kMiddle.x / kHalfWidth, -kMiddle.z / kHalfWidth, 1 + height / kReach, 1};
+    return m;
+}
+
+} // namespace
+
+glm::mat4 ContactMap::toTexture(float height) {
+    return clipToTexture() * upwards(height);
+}
+
+bool ContactMap::draw(
+    const ShadowPass::Tools& tools, const Snapshot& snapshot, const Snapshot::Floor& floor) {
+    things.clear();
+    Hash hash;
+    hash.addBlock(floor.height);
+    reach = {};
+    for (const VisibleNode& node : snapshot.nodes()) {
+        if (!isOnFloor(node, snapshot.nodes()[floor.item.node]))
+            continue;
+        const geometry::Box box = worldBox(node);
+        if (box.min.y > floor.height + kReach || box.max.y < floor.height)
+            continue;
+        things.push_back(&node);
+        const float spread = std::max(box.min.y - floor.height, 0.0f) + 30;
+        reach.include({box.min.x - spread, floor.height, box.min.z - spread});
+        reach.include({box.max.x + spread, floor.height, box.max.z + spread});
+        hash.add(node.geometry->revision());
+        hash.addBlock(node.world);
+        hash.addBlock(node.opacity);
+    }
+    const bool isNew = footprints.resize({kFootprintSide, kFootprintSide}, tools.state);
+    softened.resize({kSoftenedSide, kSoftenedSide}, tools.state);
+    if (things.empty() || (!isNew && content == hash.result()))
+        return !things.empty();
+    content = hash.result();
+    footprints.bind(tools.state);
+    ShadowPass::beginMap(tools, upwards(floor.height));
+    for (const VisibleNode* node : things)
+        ShadowPass::drawCaster(tools, *node);
+    glGenerateTextureMipmap(footprints.color());
+    PassBlock block;
+    block.passNumbers[0] = {kWidest, 0, 0, 0};
+    soften.run(
+        {tools.state, tools.uniforms},
+        softened,
+        {{kPictureUnit, footprints.color(), tools.textures.shadowSampler()}},
+        block);
+    return true;
+}
+
+PixelRect ContactMap::seenIn(const CameraView& camera, Size picture) const {
+    return boundsOnScreen(reach, camera, picture);
+}
+
+} // namespace zelvo::render

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/FloorPass.h"
+
+#include "platform/foundation/Check.h"
+#include "platform/render/ShaderProgram.h"
+#include "platform/render/ShadowReach.h"
+
+#include <string>
+#include <vector>
+
+namespace zelvo::render {
+namespace {
+
+/// The mirror image is blurred, so it needs fewer pixels than the picture.
+constexpr double kMirrorScale = 1.0 / 3;
+
+ProgramHandle build(bool hasRoughness) {
+    std::vector<std::string> defines{"LIT"};
+    if (hasRoughness)
+        defines.insert(defines.end(), {"HAS_TEXCOORD", "HAS_ROUGHNESS_PICTURE"});
+    auto built = buildProgram({"surface.vert", "floor.frag", defines});
+    CHECK(built.has_value(), "{}", built.error().message);
+    return std::move(*built);
+}
+
+} // namespace
+
+void FloorPass::prepare(const Tools& tools, const Frame& frame) {
+    const Snapshot::Floor& floor = *frame.snapshot.floor();
+    const scene::SCNFloorLook& look = *floor.item.material->floor;
+    hasContact =
+        look.contact > 0 &&
+        contact.draw(
+            {tools.state, tools.meshes, tools.shaders, frame.items.uniforms, tools.textures},
+            frame.snapshot,
+            floor);
+    const Size size = frame.target.size().scaled(kMirrorScale);
+    const VisibleNode& node = frame.snapshot.nodes()[floor.item.node];
+    if (look.mirror > 0)
+        mirror.draw(
+            {tools.state, tools.painter, tools.particles, tools.textures},
+            {frame.scene,
+             frame.snapshot,
+             look,
+             floor.height + MirrorImage::kLift,
+             size,
+             boundsOnScreen(node, frame.snapshot.camera(), size),
+             frame.block,
+             frame.items});
+}
+
+void FloorPass::drawOn(const Tools& tools, const Frame& frame) {
+    const Snapshot::Floor& floor = *frame.snapshot.floor();
+    const scene::SCNFloorLook& look = *floor.item.material->floor;
+    const CameraView& camera = frame.snapshot.camera();
+    const Size size = frame.target.size();
+    PixelRect part;
+    if (look.mirror > 0)
+        part = mirror.seenIn(size);
+    if (hasContact)
+        part = part.united(contact.seenIn(camera, size));
+    part = part.intersected(boundsOnScreen(frame.snapshot.nodes()[floor.item.node], camera, size));
+    if (part.isEmpty())
+        return;
+    const bool hasRoughness = floor.item.material->roughness.image() != nullptr;
+    tools.state.useProgram(program(hasRoughness));
+    PassBlock block;
+    block.passDirections = ContactMap::toTexture(floor.height);
+    block.passFrame = {0, size.width, size.height, 0};
+    block.passNumbers[0] = {
+        look.mirror, hasContact ? look.contact : 0.0f, floor.height, floor.opacity};
+    frame.items.uniforms.bind(tools.state, kPassBinding, block);
+    const std::uint32_t smooth = tools.textures.smoothSampler();
+    tools.state.bindTexture(
+        kPictureUnit, look.mirror > 0 ? mirror.texture() : tools.textures.white(), smooth);
+    tools.state.bindTexture(
+        kDepthUnit, hasContact ? contact.texture() : tools.textures.white(), smooth);
+    tools.state.setScissor(part);
+    tools.painter.drawOver(frame.items, floor.item);
+    tools.state.setScissor(std::nullopt);
+}
+
+std::uint32_t FloorPass::program(bool hasRoughness) {
+    ProgramHandle& known = hasRoughness ? textured : plain;
+    if (!known)
+        known = build(hasRoughness);
+    return known.name();
+}
+
+} // namespace zelvo::render

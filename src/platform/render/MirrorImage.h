@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/render/FullscreenPass.h"
+#include "platform/render/ItemPainter.h"
+#include "platform/render/ParticlePass.h"
+#include "platform/render/PixelRect.h"
+#include "platform/render/RenderTarget.h"
+#include "platform/render/Snapshot.h"
+
+namespace zelvo::render {
+
+/// What a level floor mirrors: the scene, drawn smaller and without shadows from under the floor,
+/// and blurred by the height of the things above it. A pixel of the floor finds its mirror image at
+/// its own place on screen.
+class MirrorImage {
+public:
+    /// Content floats well above the floor. Its true mirror image would be below the picture, so the
+    /// mirror is higher than the floor by so many scene units. In the blur nobody sees that.
+    static constexpr float kLift = 40;
+
+    struct Tools {
+        GraphicsState& state;
+        ItemPainter& painter;
+        ParticlePass& particles;
+        TextureStore& textures;
+    };
+
+    /// How to draw it.
+    struct Request {
+        const scene::SCNScene& scene;
+        const Snapshot& snapshot; ///< of the frame
+        const scene::SCNFloorLook& look;
+        float height;   ///< of the mirror, in the world
+        Size size;      ///< pixels of the mirror image
+        PixelRect part; ///< of it that is needed
+        FrameBlock block;
+        ItemPainter::Frame items;
+    };
+
+    void draw(const Tools& tools, const Request& request);
+
+    /// Colours; the floor adds them to its own.
+    [[nodiscard]] std::uint32_t texture() const { return blurred.color(); }
+
+    /// The part of a picture in which something is mirrored.
+    [[nodiscard]] PixelRect seenIn(Size picture) const;
+
+    /// What was drawn, seen from under the floor.
+    [[nodiscard]] const Snapshot& drawn() const { return snapshot; }
+
+private:
+    void drawItems(const Tools& tools, const ItemPainter::Frame& frame);
+    void blur(const Tools& tools, const Request& request);
+
+    Snapshot snapshot;
+    RenderTarget sharp{TargetFormat::mirror, TargetFormat::depth32};
+    RenderTarget heights{TargetFormat::casters};
+    RenderTarget blurred{TargetFormat::rgba8};
+    FullscreenPass measure{"mirror_heights.frag"};
+    FullscreenPass soften{"mirror_blur.frag"};
+};
+
+} // namespace zelvo::render

@@ -1,0 +1,39 @@
+// The share of the light from above that things over a floor stop. In uFootprints, red is how much
+// they cover, green that times their nearness to the floor (1 on it, 0 at the end of the reach).
+// What is higher covers a smaller part of the sky of more places: it is spread by its height.
+// passNumbers[0].x: the spread at the end of the reach, as a share of the map.
+layout(binding = UNIT_PICTURE) uniform sampler2D uFootprints; // with mipmaps
+layout(location = 0) out float oStopped;
+
+const int kSearchSamples = 8;
+const int kSamples = 24;
+const float kLeast = 0.004; // the spread of what stands on the floor
+// Vogel 1979, "A better way to construct the sunflower head"
+const mat2 kGoldenTurn = mat2(-0.7373688, 0.6754903, -0.6754903, -0.7373688);
+
+void main() {
+    vec2 uv = gl_FragCoord.xy / passFrame.yz;
+    float texels = float(textureSize(uFootprints, 0).x);
+    float widest = passNumbers[0].x;
+    float level = log2(0.6 * widest * texels);
+    vec2 direction = vec2(1.0, 0.0);
+    vec2 found = vec2(0.0);
+    for (int i = 0; i < kSearchSamples; ++i) {
+        vec2 offset = direction * (widest * sqrt((float(i) + 0.5) / float(kSearchSamples)));
+        found += textureLod(uFootprints, uv + offset, level).rg;
+        direction = kGoldenTurn * direction;
+    }
+    float nearness = found.y / max(found.x, 1e-5);
+    float spread = mix(widest, kLeast, clamp(nearness, 0.0, 1.0));
+    int count = found.x > 0.0 ? kSamples : 0;
+    level = log2(max(0.35 * spread * texels, 1.0));
+    float sum = 0.0;
+    for (int i = 0; i < count; ++i) {
+        vec2 offset = direction * (spread * sqrt((float(i) + 0.5) / float(kSamples)));
+        sum += textureLod(uFootprints, uv + offset, level).r;
+        direction = kGoldenTurn * direction;
+    }
+    // the rim of the map is never seen
+    vec2 rim = clamp((0.5 - abs(uv - 0.5)) * 12.0, 0.0, 1.0);
+    oStopped = sum / float(kSamples) * rim.x * rim.y;
+}
