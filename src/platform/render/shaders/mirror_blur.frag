@@ -7,7 +7,7 @@ layout(binding = UNIT_DEPTH) uniform sampler2D uHeights;
 layout(location = 0) out vec4 oColor;
 
 const int kSearchSamples = 3;
-const int kSamples = 8;
+const int kSamples = 16;
 const float kSideways = 0.45;
 const float kHighest = 512.0; // see mirror_heights.frag
 const float kBrightest = 4.0; // the result is kept in 8 bits; see floor.frag
@@ -33,7 +33,7 @@ void main() {
 
     // A loop without rounds is skipped in software, too, if no pixel beside needs it.
     int count = found.x > 0.004 ? kSamples : 0;
-    level = log2(max(0.6 * radius * kSideways * passFrame.z, 1.0));
+    level = log2(max(0.25 * radius * kSideways * passFrame.z, 1.0));
     vec3 sum = vec3(0.0);
     for (int i = 0; i < count; ++i) {
         vec2 offset = direction * shape * (radius * sqrt((float(i) + 0.5) / float(kSamples)));
