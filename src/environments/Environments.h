@@ -25,7 +25,8 @@ public:
     void setBackground(const image::Color& color) override;
 };
 
-/// No stage: a panorama tinted in the colour, and a bright room for reflections.
+/// A panorama tinted in the colour, a floor that is only seen by its mirror images, and a bright room
+/// for reflections.
 class SNE_Shiny final : public SNE {
 public:
     explicit SNE_Shiny(foundation::RunLoop& loop);
@@ -49,7 +50,7 @@ public:
     void setBackground(const image::Color& color) override;
 };
 
-/// A hall of columns at night; its lamps have the colour.
+/// Ruins of a hall of columns at dusk; its lamps have the colour.
 class SNE_Ancient final : public SNE {
 public:
     explicit SNE_Ancient(foundation::RunLoop& loop);
