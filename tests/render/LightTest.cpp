@@ -33,6 +33,21 @@ TEST_F(Lights, OfEachKindShineAsTheirUnitSays) {
     }
 }
 
+TEST_F(Lights, WhatIsBrighterThanWhiteGlowsButNotInFlatPictures) {
+    camera->camera->wantsHDR = true;
+    addSquare(makeMatte(Color::white(1)), 0, 0.2f);
+    const auto beside = [this](int samples) {
+        return at(renderer->snapshotAtTime(0, kSize, {1, samples}), 40, 32)[0];
+    };
+    const auto light = addLight(SCNLightType::directional, {}, 900);
+    EXPECT_EQ(beside(1), 0);
+    light->intensity = 8000;
+    EXPECT_GT(beside(1), 8);
+    EXPECT_NEAR(beside(4), beside(1), 6);
+    light->type = SCNLightType::ambient;
+    EXPECT_EQ(beside(1), 0);
+}
+
 TEST_F(Lights, ShineOnNodesThatShareABitWithTheirMask) {
     struct Row {
         std::uint32_t light;

@@ -234,6 +234,22 @@ TEST_F(Materials, CutOutsAreWholeOrNotThere) {
     }
 }
 
+TEST_F(Materials, SamplesMakeTheEdgesOfCutOutsSmooth) {
+    const auto material = makeMaterial(Color::white(1));
+    material->blendMode = scene::SCNBlendMode::replace;
+    material->diffuse.setImage(sharePicture(2, 1, {{255, 0, 0, 255}, {255, 0, 0, 0}}));
+    addSquare(material, 0, 4)->setEulerAngles({0, 0, 0.1f});
+    const auto mixedPixels = [this](int samples) {
+        const image::Image picture = renderer->snapshotAtTime(0, kSize, {1, samples});
+        int count = 0;
+        for (std::size_t i = 0; i < picture.pixels.size(); i += 4)
+            count += picture.pixels[i] > 40 && picture.pixels[i] < 240 ? 1 : 0;
+        return count;
+    };
+    EXPECT_EQ(mixedPixels(1), 0);
+    EXPECT_GT(mixedPixels(4), 20);
+}
+
 /// A square whose vertices are black on the left and red on the right.
 class ColoredSquare final : public scene::SCNColoredGeometry {
 public:

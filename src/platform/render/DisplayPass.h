@@ -12,18 +12,18 @@ public:
     struct Input {
         const RenderTarget& light;
         bool hasToneMap;
+        std::uint32_t glow; ///< the texture that BloomPass has made; 0: none
     };
 
     void draw(const Input& input, const RenderTarget& picture, const FullscreenPass::Tools& tools);
 
 private:
     struct Variant {
-        int samples;
-        bool hasToneMap;
+        std::vector<std::string> defines;
         FullscreenPass pass;
     };
 
-    [[nodiscard]] FullscreenPass& passFor(int samples, bool hasToneMap);
+    [[nodiscard]] FullscreenPass& passFor(const std::vector<std::string>& defines);
 
     std::vector<Variant> variants; ///< each built when it is first needed
 };

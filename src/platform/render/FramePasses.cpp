@@ -18,7 +18,8 @@ enum Part : std::uint32_t {
     kLight = 2,
     kDepth = 4,
     kColor = 8,
-    kMirror = 16
+    kMirror = 16,
+    kGlow = 32
 };
 
 } // namespace
@@ -76,11 +77,17 @@ std::span<const FramePasses::Pass> FramePasses::passes() {
          [](Const all, F) { return all.drawer.hasParticles(); },
          [](All all, F frame) { all.drawer.drawParticles(frame.scene); }},
 
-        {"display", kLight, kColor,
+        {"bloom", kLight, kGlow,
+         [](Const all, F frame) { return all.glows(frame); },
+         [](All all, F frame) {
+             all.glow = all.bloom.draw(all.light, frame.tools(all.graphicsState()));
+         }},
+
+        {"display", kLight | kGlow, kColor,
          [](Const, F) { return true; },
          [](All all, F frame) {
              all.display.draw(
-                 {all.light, all.drawer.hasToneMap()},
+                 {all.light, all.drawer.hasToneMap(), all.glow},
                  frame.pictures.picture,
                  frame.tools(all.graphicsState()));
          }},
@@ -125,6 +132,7 @@ void FramePasses::draw(const FrameInput& input, RenderTarget& picture) {
     GraphicsState& state = graphicsState();
     picture.resize(input.drawnSize, state);
     light.resize(input.drawnSize, state, input.samples);
+    glow = 0;
     input.uniforms.reset();
     const Frame frame{
         input,
@@ -144,6 +152,10 @@ void FramePasses::draw(const FrameInput& input, RenderTarget& picture) {
         glPopDebugGroup();
     }
     drawer.end();
+}
+
+bool FramePasses::glows(const Frame& frame) const {
+    return drawer.hasToneMap() && drawer.hasSceneLight(frame.input.scene);
 }
 
 bool FramePasses::isOutOfFocus(const Frame& frame) const {

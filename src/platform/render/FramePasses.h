@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/render/BloomPass.h"
 #include "platform/render/DepthOfFieldPass.h"
 #include "platform/render/DisplayPass.h"
 #include "platform/render/SceneDrawer.h"
@@ -51,14 +52,17 @@ private:
     struct Pass;
 
     [[nodiscard]] static std::span<const Pass> passes();
+    [[nodiscard]] bool glows(const Frame& frame) const;
     [[nodiscard]] bool isOutOfFocus(const Frame& frame) const;
 
     SceneDrawer drawer;
     DepthOfFieldPass depthOfField;
     TechniquePasses techniques;
+    BloomPass bloom;
     DisplayPass display;
     RenderTarget light{TargetFormat::half, TargetFormat::depth32};
     RenderTarget spare{TargetFormat::rgba8};
+    std::uint32_t glow = 0; ///< texture of this frame; 0: none
 };
 
 } // namespace zelvo::render

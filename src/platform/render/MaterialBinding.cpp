@@ -52,6 +52,7 @@ constexpr auto kFeatures = std::to_array<FeatureRow>({
     {kTranslucent,     "TRANSLUCENT"         },
     {kMultiplyBlend,   "MULTIPLY_BLEND"      },
     {kEnvironment,     "HAS_ENVIRONMENT"     },
+    {kAddsLight,       "GLOW"                },
     {kCutOut,          "CUT_OUT"             },
     {kVertexColors,    "HAS_VERTEX_COLORS"   },
     {kClearCoat,       "CLEAR_COAT"          },
@@ -151,6 +152,8 @@ MaterialBinding bindMaterial(const SCNMaterial& material, PictureHoles& holes) {
 
     if (material.lightingModelName == SCNLightingModel::physicallyBased)
         binding.features |= kLit;
+    else if (material.blendMode == scene::SCNBlendMode::add)
+        binding.features |= kAddsLight;
     if ((binding.features & kLit) != 0 && material.clearCoat > 0)
         binding.features |= kClearCoat;
     item.multiply.w = material.clearCoat;

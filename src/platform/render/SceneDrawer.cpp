@@ -4,6 +4,7 @@
 #include "platform/render/Hash.h"
 #include "platform/render/ShadowReach.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace zelvo::render {
@@ -25,7 +26,10 @@ SceneDrawer::Frame SceneDrawer::begin(
     views = shadowViews(snapshot);
     painter.begin();
     return {
-        scene, target, frameBlock(scene), {snapshot, views.all(), uniforms, frameFeatures(scene)}};
+        scene,
+        target,
+        frameBlock(scene, target.samples()),
+        {snapshot, views.all(), uniforms, frameFeatures(scene)}};
 }
 
 void SceneDrawer::end() {
@@ -93,6 +97,13 @@ void SceneDrawer::drawParticles(const Frame& /*frame*/) {
     particles.draw({state, textures}, snapshot);
 }
 
+bool SceneDrawer::hasSceneLight(const scene::SCNScene& scene) const {
+    return probeOf(scene) != nullptr ||
+           std::ranges::any_of(snapshot.lights(), [](const PlacedLight& placed) {
+               return placed.light->type != scene::SCNLightType::ambient;
+           });
+}
+
 std::uint32_t SceneDrawer::frameFeatures(const scene::SCNScene& scene) {
     std::uint32_t features = 0;
     if (const std::shared_ptr<const image::LightProbe> probe = probeOf(scene)) {
@@ -107,7 +118,7 @@ std::shared_ptr<const image::LightProbe> SceneDrawer::probeOf(const scene::SCNSc
     return picture ? picture->lightProbe : nullptr;
 }
 
-FrameBlock SceneDrawer::frameBlock(const scene::SCNScene& scene) const {
+FrameBlock SceneDrawer::frameBlock(const scene::SCNScene& scene, int samples) const {
     FrameBlock block;
     const CameraView& camera = snapshot.camera();
     block.viewProjection = camera.viewProjection;
@@ -119,7 +130,7 @@ FrameBlock SceneDrawer::frameBlock(const scene::SCNScene& scene) const {
         static_cast<float>(scene.time()),
         static_cast<float>(std::exp2(stops)),
         scene.lightingEnvironment.intensity,
-        0};
+        static_cast<float>(samples)};
     if (const auto probe = probeOf(scene)) {
         for (std::size_t i = 0; i < block.irradiance.size(); ++i) {
             block.irradiance.at(i) = glm::vec4(probe->irradiance.at(i), 0);
@@ -136,7 +147,6 @@ std::uint64_t SceneDrawer::surroundingsKey(const Frame& frame) {
     hash.add(frame.items.features);
     hash.addAddress(probeOf(frame.scene).get());
     hash.add(background.key(frame.scene.background));
-    hash.add(static_cast<std::uint64_t>(frame.target.samples()));
     return hash.result();
 }
 

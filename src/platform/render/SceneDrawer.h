@@ -53,6 +53,9 @@ public:
         return snapshot.sceneCamera() != nullptr && snapshot.sceneCamera()->wantsHDR;
     }
 
+    /// Whether lamps or the environment light the scene. Flat pictures have only ambient light.
+    [[nodiscard]] bool hasSceneLight(const scene::SCNScene& scene) const;
+
     [[nodiscard]] bool hasShadows() const { return views.count > 0; }
 
     [[nodiscard]] bool hasOpaque() const { return !snapshot.opaque().empty(); }
@@ -102,7 +105,7 @@ private:
     /// Null if the scene has no image-based light.
     [[nodiscard]] static std::shared_ptr<const image::LightProbe>
     probeOf(const scene::SCNScene& scene);
-    [[nodiscard]] FrameBlock frameBlock(const scene::SCNScene& scene) const;
+    [[nodiscard]] FrameBlock frameBlock(const scene::SCNScene& scene, int samples) const;
     [[nodiscard]] std::uint32_t frameFeatures(const scene::SCNScene& scene);
     [[nodiscard]] OpaqueItem
     planned(const ItemPainter::Frame& frame, const DrawItem& item, Size picture);

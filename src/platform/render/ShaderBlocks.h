@@ -43,6 +43,7 @@ enum Unit : std::uint32_t {
     kProbeUnit = 16,
     kPictureUnit = 17, ///< the input of a full-screen pass
     kDepthUnit = 18,
+    kGlowUnit = 19, ///< what BloomPass has made
 };
 
 // clang-format off
@@ -50,7 +51,7 @@ enum Unit : std::uint32_t {
     ONE(mat4, viewProjection)                                                                             \
     ONE(mat4, view)                                                                                       \
     ONE(vec4, cameraPosition)   /* xyz in the world */                                                    \
-    ONE(vec4, frame)            /* x scene seconds, y exposure factor, z environment's intensity */       \
+    ONE(vec4, frame)            /* x scene seconds, y exposure factor, z environment's intensity, w samples */ \
     LIST(vec4, irradiance, 9)   /* rgb, see image::LightProbe */
 
 #define ZELVO_LIGHT_BLOCK(ONE, LIST)                                                                      \

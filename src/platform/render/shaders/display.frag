@@ -30,6 +30,11 @@ vec3 limited(vec3 c) {
     return mix(vec3(1.0), c / over, 1.0 / (0.15 * (over - 1.0) + 1.0));
 }
 
+#ifdef GLOW
+layout(binding = UNIT_GLOW) uniform sampler2D uGlow;
+const float kGlow = 0.03; // of each of the five blurs
+#endif
+
 // What the screen shows of a linear colour; alpha as in color.glsl.
 vec3 shown(vec4 light) {
     vec3 c = max(light.rgb, vec3(0.0));
@@ -48,13 +53,18 @@ float interleavedNoise(vec2 pixel) {
 void main() {
     ivec2 here = ivec2(gl_FragCoord.xy);
     vec4 first = texelFetch(uPicture, here, 0);
-    vec3 color = shown(first);
+#ifdef GLOW
+    vec4 glow = vec4(kGlow * textureLod(uGlow, gl_FragCoord.xy / passFrame.yz, 0.0).rgb, 0.0);
+#else
+    const vec4 glow = vec4(0.0);
+#endif
+    vec3 color = shown(first + glow);
     float ofScene = first.a;
 #if SAMPLES > 1
     // Each sample is tone mapped, so that the edges of bright things are smooth, too.
     for (int i = 1; i < SAMPLES; ++i) {
         vec4 light = texelFetch(uPicture, here, i);
-        color += shown(light);
+        color += shown(light + glow);
         ofScene += light.a;
     }
     color *= 1.0 / float(SAMPLES);

@@ -91,7 +91,10 @@ void main() {
     Surface surface = sampledSurface();
     float alpha = clamp(surface.opacity * surface.diffuse.a, 0.0, 1.0);
 #ifdef CUT_OUT
-    bool isCutOut = alpha < 0.5 * diffuse.a;
+    // The share of the pixel's samples that is drawn: the line where the opacity is a half is
+    // smooth.
+    float above = alpha - 0.5 * diffuse.a;
+    float covered = clamp(above / max(fwidth(alpha), 1e-3) + 0.5, 0.0, 1.0);
     alpha = diffuse.a;
 #endif
 #ifdef HAS_MODIFIER
@@ -106,6 +109,9 @@ void main() {
     color = clamp(color, vec3(0.0), vec3(kBrightest));
 #ifdef MULTIPLY_BLEND
     oColor = vec4(mix(vec3(1.0), color, alpha), 1.0);
+#elif defined(GLOW)
+    // On black, a picture of a glow looks as it was drawn: its opacity is an encoded brightness.
+    oColor = vec4(color * linearFromSRGB(vec3(alpha)), alpha);
 #elif defined(TRANSLUCENT)
     oColor = vec4(color * alpha, alpha);
 #elif defined(SCENE_LIGHT)
@@ -115,6 +121,8 @@ void main() {
 #endif
 #ifdef CUT_OUT
     // At the end, because lookups above need the neighbouring pixels.
-    if (isCutOut) discard;
+    int count = int(covered * frame.w + 0.5);
+    if (count == 0) discard;
+    gl_SampleMask[0] = (1 << count) - 1;
 #endif
 }
