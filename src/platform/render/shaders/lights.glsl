@@ -30,20 +30,43 @@ vec3 spotLight(Shading s, int i, int map) {
 }
 #endif
 
+// Lights with shadows are written out. In a loop over lights, the shadow map would be chosen while
+// the program runs, and llvmpipe (Mesa 22.3) crashes when it builds that.
 vec3 lightsAt(Shading s, float ambientOcclusion) {
     vec3 sum = ambient.rgb * s.albedo * ambientOcclusion;
-#if DIRECTIONAL_COUNT > 0
-    for (int i = 0; i < DIRECTIONAL_COUNT; ++i) {
-        sum += directionalLight(s, i, i < DIRECTIONAL_SHADOWS ? i : -1);
-    }
+#if DIRECTIONAL_SHADOWS > 0
+    sum += directionalLight(s, 0, 0);
+#endif
+#if DIRECTIONAL_SHADOWS > 1
+    sum += directionalLight(s, 1, 1);
+#endif
+#if DIRECTIONAL_SHADOWS > 2
+    sum += directionalLight(s, 2, 2);
+#endif
+#if DIRECTIONAL_SHADOWS > 3
+    sum += directionalLight(s, 3, 3);
+#endif
+#if DIRECTIONAL_COUNT > DIRECTIONAL_SHADOWS
+    for (int i = DIRECTIONAL_SHADOWS; i < DIRECTIONAL_COUNT; ++i) sum += directionalLight(s, i, -1);
 #endif
 #if OMNI_COUNT > 0
     for (int i = 0; i < OMNI_COUNT; ++i) sum += omniLight(s, DIRECTIONAL_COUNT + i);
 #endif
-#if SPOT_COUNT > 0
-    for (int i = 0; i < SPOT_COUNT; ++i) {
-        sum += spotLight(s, DIRECTIONAL_COUNT + OMNI_COUNT + i, i < SPOT_SHADOWS ? DIRECTIONAL_SHADOWS + i : -1);
-    }
+#define FIRST_SPOT (DIRECTIONAL_COUNT + OMNI_COUNT)
+#if SPOT_SHADOWS > 0
+    sum += spotLight(s, FIRST_SPOT, DIRECTIONAL_SHADOWS);
+#endif
+#if SPOT_SHADOWS > 1
+    sum += spotLight(s, FIRST_SPOT + 1, DIRECTIONAL_SHADOWS + 1);
+#endif
+#if SPOT_SHADOWS > 2
+    sum += spotLight(s, FIRST_SPOT + 2, DIRECTIONAL_SHADOWS + 2);
+#endif
+#if SPOT_SHADOWS > 3
+    sum += spotLight(s, FIRST_SPOT + 3, DIRECTIONAL_SHADOWS + 3);
+#endif
+#if SPOT_COUNT > SPOT_SHADOWS
+    for (int i = SPOT_SHADOWS; i < SPOT_COUNT; ++i) sum += spotLight(s, FIRST_SPOT + i, -1);
 #endif
     return sum;
 }
