@@ -55,8 +55,10 @@ struct SurfaceRecipe {
 inline constexpr Finish kMetal{.rim = {0.12f, 0.6f}};
 inline constexpr Finish kMatte{.rim = {1.0f, 0.6f}};
 inline constexpr Finish kLacquered{.rim = {0.2f, 0.8f}, .clearCoat = 1.0f};
-inline constexpr Finish kEnamelled{.rim = {0.12f, 0.6f}, .clearCoat = 1.0f, .clearCoatRelief = 1.0f};
-inline constexpr Finish kVarnished{.rim = {0.12f, 0.5f}, .clearCoat = 0.6f, .clearCoatRelief = 0.3f};
+inline constexpr Finish kEnamelled{
+    .rim = {0.12f, 0.6f}, .clearCoat = 1.0f, .clearCoatRelief = 1.0f};
+inline constexpr Finish kVarnished{
+    .rim = {0.12f, 0.5f}, .clearCoat = 0.6f, .clearCoatRelief = 0.3f};
 
 // clang-format off
 inline constexpr auto kSurfaces = [] {

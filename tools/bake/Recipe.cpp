@@ -21,7 +21,7 @@ std::vector<Recipe> allRecipes() {
           energyRecipes(),
           cityRecipes(),
           environmentRecipes(),
-         stageRecipes(),
+          stageRecipes(),
           placeholderRecipes(),
           maskRecipes(),
           particleRecipes()}) {

@@ -24,7 +24,7 @@ enum Feature : std::uint32_t {
     kTranslucent = 1U << 17U,
     kMultiplyBlend = 1U << 18U,
     kEnvironment = 1U << 19U,
-    kAddsLight = 1U << 20U,   ///< adds light of its own
+    kAddsLight = 1U << 20U, ///< adds light of its own
     kCutOut = 1U << 21U, ///< drawn where the pictures' opacity is at least a half, and opaque there
     kVertexColors = 1U << 22U,
     kClearCoat = 1U << 24U,

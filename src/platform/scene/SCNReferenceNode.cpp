@@ -33,7 +33,7 @@ constexpr double kReadingShare = 0.7; ///< of the time, by and large
 
 /// Finds out how few triangles can be drawn where the mesh is small, or seen from outside.
 void saveTriangles(geometry::Mesh& mesh, const std::stop_token& stop) {
-    constexpr std::size_t kFewest = 3 * 4000;    // indices; below, nothing is to be gained
+    constexpr std::size_t kFewest = 3 * 4000;  // indices; below, nothing is to be gained
     constexpr std::size_t kMost = 3 * 500'000; // above, loading would take seconds longer
     if (mesh.indices.size() < kFewest || mesh.indices.size() > kMost || stop.stop_requested())
         return;
