@@ -178,17 +178,18 @@ Mesh makeSixSidedSphere(float radius, int segmentCount) {
     const int pieces = segmentCount / 4;
     Mesh mesh;
     for (const BoxSide& side : kBoxSides) {
+        // Lines at equal angles: the vertices, and with them the picture, are spread evenly.
+        const auto vertexAt = [&](const glm::vec2& uv) -> Vertex {
+            const glm::vec2 slope = glm::tan((uv - 0.5f) * (kPi / 2));
+            const glm::vec3 normal =
+                glm::normalize(side.outward + side.right * slope.x + side.down * slope.y);
+            const glm::vec3 along = side.right - normal * glm::dot(normal, side.right);
+            return {normal * radius, normal, glm::vec4(glm::normalize(along), -1), uv};
+        };
         GridWriter grid(mesh, pieces + 1);
         for (int row = 0; row <= pieces; ++row) {
-            for (int column = 0; column <= pieces; ++column) {
-                // Lines at equal angles: the vertices, and with them the picture, are spread evenly.
-                const glm::vec2 uv = glm::vec2(column, row) / static_cast<float>(pieces);
-                const glm::vec2 slope = glm::tan((uv - 0.5f) * (kPi / 2));
-                const glm::vec3 normal =
-                    glm::normalize(side.outward + side.right * slope.x + side.down * slope.y);
-                const glm::vec3 along = side.right - normal * glm::dot(normal, side.right);
-                grid.addVertex({normal * radius, normal, glm::vec4(glm::normalize(along), -1), uv});
-            }
+            for (int column = 0; column <= pieces; ++column)
+                grid.addVertex(vertexAt(glm::vec2(column, row) / static_cast<float>(pieces)));
         }
         grid.finish();
     }
