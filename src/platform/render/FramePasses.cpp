@@ -43,12 +43,13 @@ struct FramePasses::Pass {
     void (*run)(FramePasses&, const Frame&);
 };
 
-std::span<const FramePasses::Pass> FramePasses::passes() {
+/// In the order in which they run. A struct, as its functions reach the private members.
+struct FramePasses::Table {
     using F = const Frame&;
     using All = FramePasses&;
     using Const = const FramePasses&;
     // clang-format off
-    static constexpr auto kPasses = std::to_array<Pass>({
+    static constexpr auto kAll = std::to_array<Pass>({
         {"shadow maps", kNothing, kShadowMaps,
          [](Const all, F) { return all.drawer.hasShadows(); },
          [](All all, F frame) { all.drawer.drawShadows(frame.scene); }},
@@ -111,10 +112,13 @@ std::span<const FramePasses::Pass> FramePasses::passes() {
          }},
     });
     // clang-format on
+};
+
+std::span<const FramePasses::Pass> FramePasses::passes() {
     static_assert(
         [] {
             std::uint32_t written = kNothing;
-            for (const Pass& pass : kPasses) {
+            for (const Pass& pass : Table::kAll) {
                 if ((pass.reads & ~written) != 0)
                     return false;
                 written |= pass.writes;
@@ -122,7 +126,7 @@ std::span<const FramePasses::Pass> FramePasses::passes() {
             return true;
         }(),
         "a pass reads what no pass before it writes");
-    return kPasses;
+    return Table::kAll;
 }
 
 FramePasses::FramePasses(const DeviceInfo& device)

@@ -50,6 +50,7 @@ public:
 private:
     struct Frame;
     struct Pass;
+    struct Table;
 
     [[nodiscard]] static std::span<const Pass> passes();
     [[nodiscard]] bool glows(const Frame& frame) const;
