@@ -121,7 +121,34 @@ constexpr auto kSheets = std::to_array<SheetName>({
     return side;
 }
 
+struct SizeName {
+    std::string_view name;
+    PictureSize size;
+};
+
+// clang-format off
+constexpr auto kSizes = std::to_array<SizeName>({
+    {"720p",    {1280,  720}},
+    {"1080p",   {1920, 1080}},
+    {"1440p",   {2560, 1440}},
+    {"4k",      {3840, 2160}},
+    {"square",  {1080, 1080}},
+    {"upright", {1080, 1920}},
+});
+
+// clang-format on
+
+[[nodiscard]] std::string sizeNames() {
+    std::string names;
+    for (const SizeName& row : kSizes)
+        names += (names.empty() ? "" : ", ") + std::string(row.name);
+    return names;
+}
+
 [[nodiscard]] std::optional<PictureSize> sizeFrom(std::string_view text) {
+    const auto* const named = std::ranges::find(kSizes, text, &SizeName::name);
+    if (named != kSizes.end())
+        return named->size;
     const auto cross = text.find('x');
     if (cross == std::string_view::npos)
         return std::nullopt;
@@ -149,13 +176,16 @@ void addSize(CLI::App& command, PictureSize& size) {
                     throw CLI::ValidationError(
                         "--size",
                         fmt::format(
-                            "must be like 1920x1080, both sides even and from {} to {}",
+                            "must be like 1920x1080, both sides even and from {} to {}, or one of "
+                            "{}",
                             kMinSide,
-                            kMaxSide));
+                            kMaxSide,
+                            sizeNames()));
                 }
                 size = *parsed;
             },
-            fmt::format("Size in pixels, {}x{} if not given", size.width, size.height))
+            fmt::format(
+                "Size in pixels, or {}; {}x{} if not given", sizeNames(), size.width, size.height))
         ->type_name("WxH");
 }
 

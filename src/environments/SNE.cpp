@@ -12,6 +12,7 @@ namespace zelvo::environments {
 namespace {
 
 constexpr float kParticleReach = 2300;
+constexpr double kHomeAspect = 16.0 / 9; ///< the stages are made for pictures of this form
 constexpr auto kPlaceholderPicture = "LogoPlaceholder.png";
 
 content::TextStylePreset defaultTextStyle() {
@@ -53,6 +54,7 @@ void SNE::setBackground(const image::Color& color) {
 scene::SCNCameraPtr SNE::makeCamera() const {
     auto camera = std::make_shared<scene::SCNCamera>();
     camera->zFar = 20000;
+    camera->narrowestAspect = kHomeAspect;
     camera->fStop = 5.1;
     camera->wantsDepthOfField = true;
     camera->focusDistance = 10;

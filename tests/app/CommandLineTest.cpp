@@ -41,6 +41,9 @@ TEST(CommandLine, takes_every_option_to_its_place) {
     EXPECT_EQ(frame.out, "p.png");
     EXPECT_EQ(frame.size, (PictureSize{1920, 1080}));
     EXPECT_EQ(frame.seed, 3U);
+    EXPECT_EQ(
+        parsed<PerformCommand>({"perform", "a.json", "--size", "upright"}).size,
+        (PictureSize{1080, 1920}));
 
     const auto strip = parsed<StripCommand>(
         {"strip", "f.json", "--from", "-1", "--to", "2.5", "--count", "7", "--out", "s.png"});

@@ -36,7 +36,7 @@ protected:
 };
 
 TEST_F(Focus, BlursTheMoreTheFartherFromTheFocus) {
-    ASSERT_TRUE(needsDepthOfField(*camera->camera, kPicture.height));
+    ASSERT_TRUE(needsDepthOfField(*camera->camera, kPicture));
     EXPECT_EQ(softPixels(10), 0) << "in focus all is sharp, up to the edge";
     const int little = softPixels(9);
     const int more = softPixels(6);

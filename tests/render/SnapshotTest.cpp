@@ -131,6 +131,22 @@ TEST_F(Snapshots, BackFacesOfAClosedSolidAreSeenOnlyFromInsideOfItsBox) {
     EXPECT_TRUE(canShowBackFaces(snapshot.nodes()[0], {0, 0, 0}));
 }
 
+// A subject as wide as a picture of 16:9 stays within a square; a wide picture shows it as high.
+TEST(Camera, KeepsTheWidthInNarrowPicturesAndTheHeightInWideOnes) {
+    scene::SCNCamera camera;
+    camera.narrowestAspect = 16.0 / 9;
+    const auto edgeAt = [&](double aspect, const glm::vec3& place) {
+        const CameraView view = makeCameraView(glm::mat4(1), camera, static_cast<float>(aspect));
+        const glm::vec4 clip = view.viewProjection * glm::vec4(place, 1);
+        return glm::vec2(clip) / clip.w;
+    };
+    const float up = 10 * std::tan(glm::radians(30.0F)); // 60 degrees are high
+    const float right = up * 16 / 9;
+    EXPECT_NEAR(edgeAt(1, {right, 0, -10}).x, 1, 1e-4);
+    EXPECT_NEAR(edgeAt(9.0 / 16, {right, 0, -10}).x, 1, 1e-4);
+    EXPECT_NEAR(edgeAt(21.0 / 9, {0, up, -10}).y, 1, 1e-4);
+}
+
 // Expected: the photographers' hyperfocal distance H = f^2 / (N c) + f. With this focus, objects
 // infinitely far away have a blur of c. A lens of 50 mm, f/8 and c = 24 mm / 1000 (one pixel in a
 // picture 1000 high) has H = 13.07 m.
@@ -139,14 +155,14 @@ TEST(DepthOfField, AgreesWithTheHyperfocalDistance) {
     camera.fieldOfView = 26.9915; // 2 atan(24 mm / (2 * 50 mm))
     camera.fStop = 8;
     camera.focusDistance = 13.07;
-    EXPECT_NEAR(largestBlur(camera, 1000), 1, 0.01);
+    EXPECT_NEAR(largestBlur(camera, {1000, 1000}), 1, 0.01);
     camera.wantsDepthOfField = true;
-    EXPECT_TRUE(needsDepthOfField(camera, 1000));
+    EXPECT_TRUE(needsDepthOfField(camera, {1000, 1000}));
     // The stage's own camera at full size: less blur than an output pixel can show.
     camera.fieldOfView = 60;
     camera.fStop = 5.1;
     camera.focusDistance = 10;
-    EXPECT_FALSE(needsDepthOfField(camera, 1080));
+    EXPECT_FALSE(needsDepthOfField(camera, {1920, 1080}));
 }
 
 } // namespace

@@ -44,7 +44,7 @@ makeCameraView(const glm::mat4& nodeToWorld, const scene::SCNCamera& camera, flo
     placed[3] = glm::vec4(result.position, 1);
     result.view = glm::inverse(placed);
     result.projection = reversedPerspective(
-        static_cast<float>(glm::radians(camera.fieldOfView)),
+        static_cast<float>(camera.verticalAngle(aspect)),
         aspect,
         static_cast<float>(camera.zNear),
         static_cast<float>(camera.zFar));

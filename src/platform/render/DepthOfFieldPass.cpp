@@ -17,7 +17,7 @@ PassBlock lensOf(const scene::SCNCamera& camera, Size size) {
     const auto near = static_cast<float>(camera.zNear);
     const auto far = static_cast<float>(camera.zFar);
     const double height = size.height;
-    const double radius = largestBlur(camera, size.height) / 2;
+    const double radius = largestBlur(camera, size) / 2;
     block.passNumbers[0] = {
         near * far, far - near, near, static_cast<float>(std::min(radius, kWidest * height))};
     block.passNumbers[1] = {

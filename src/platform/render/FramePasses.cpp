@@ -164,7 +164,7 @@ bool FramePasses::glows(const Frame& frame) const {
 
 bool FramePasses::isOutOfFocus(const Frame& frame) const {
     const scene::SCNCamera* camera = drawer.sceneCamera();
-    return camera != nullptr && needsDepthOfField(*camera, frame.input.shownHeight);
+    return camera != nullptr && needsDepthOfField(*camera, frame.input.shownSize);
 }
 
 } // namespace zelvo::render

@@ -19,9 +19,8 @@ struct FrameInput {
     const scene::SCNNode* pointOfView;       ///< null: the first node with a camera
     const scene::SCNTechniquePtr& technique; ///< null: no technique
     Size drawnSize;
-    int samples; ///< of a drawn pixel at edges: 1 or 4
-    /// height in pixels of the delivered picture: a blur smaller than its pixels is skipped
-    int shownHeight;
+    int samples;            ///< of a drawn pixel at edges: 1 or 4
+    Size shownSize;         ///< of the delivered picture: a blur smaller than its pixels is skipped
     UniformArena& uniforms; ///< must not be reused until the GPU has finished the frame
 };
 

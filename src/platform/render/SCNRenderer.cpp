@@ -117,7 +117,7 @@ void SCNRenderer::begin(const FrameRequest& request) {
          technique,
          drawnSizeOf(request),
          request.quality.samples,
-         request.outputSize.height,
+         request.outputSize,
          slot.uniforms},
         slot.picture);
     state->delivery->queue(slot.frame, state->passes.graphicsState(), slot.uniforms);

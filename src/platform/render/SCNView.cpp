@@ -108,7 +108,7 @@ void SCNView::draw(const ViewTarget& target) {
          technique,
          target.size.scaled(oversampling),
          quality.samples,
-         target.size.height,
+         target.size,
          frame.uniforms},
         state->picture);
     graphics.handBack();

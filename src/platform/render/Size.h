@@ -18,6 +18,8 @@ struct Size {
         return {side(width), side(height)};
     }
 
+    [[nodiscard]] double aspect() const { return static_cast<double>(width) / height; }
+
     friend bool operator==(const Size&, const Size&) = default;
 };
 

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <memory>
+#include <numbers>
 
 namespace zelvo::scene {
 
@@ -13,15 +16,25 @@ namespace zelvo::scene {
 class SCNCamera {
 public:
     double fieldOfView = 60; ///< degrees, vertical
-    double zNear = 1;        ///< scene units
-    double zFar = 100;       ///< scene units
-    bool wantsHDR = false;   ///< filmic tone map instead of clamping
+    /// Width over height of the narrowest picture with that angle. A narrower one keeps the
+    /// horizontal angle of this one, so that a wide subject stays within it.
+    double narrowestAspect = 0;
+    double zNear = 1;      ///< scene units
+    double zFar = 100;     ///< scene units
+    bool wantsHDR = false; ///< filmic tone map instead of clamping
     bool wantsExposureAdaptation = true;
     bool wantsDepthOfField = false;
     double focusDistance = 2.5; ///< scene units
     double fStop = 5.6;
     double motionBlurIntensity = 0;
     double exposureOffset = 0; ///< stops
+
+    /// The vertical angle in a picture of that width over height, in radians.
+    [[nodiscard]] double verticalAngle(double aspect) const {
+        constexpr double kRadians = std::numbers::pi / 180;
+        const double wider = std::max(1.0, narrowestAspect / aspect);
+        return 2 * std::atan(wider * std::tan(fieldOfView * kRadians / 2));
+    }
 };
 
 using SCNCameraPtr = std::shared_ptr<SCNCamera>;
