@@ -66,6 +66,13 @@ float coatShare(float cosine) {
     return multiply.w * (0.04 + 0.96 * fresnelPower(cosine));
 }
 
+// Below the lacquer there is no air, so the step of the index of refraction is smaller: another
+// lacquer or plastic reflects nothing there (Guy and Agopian 2018, "Physically Based Rendering in
+// Filament": a fit for the index 1.5).
+vec3 reflectedBelowCoat(vec3 f0) {
+    return clamp(f0 * (f0 * (0.941892 - 0.263008 * f0) + 0.346479) - 0.0285998, 0.0, 1.0);
+}
+
 // What passes the lacquer is lit below it; the rest is reflected in the lamp's colour.
 vec3 coated(Shading s, vec3 below, vec3 L, vec3 H, float LoH) {
     float NoL = clamp(dot(s.coatN, L), 0.0, 1.0);

@@ -60,6 +60,9 @@ vec3 litColor(Surface surface) {
     // like paint in the highlights.
     vec3 metal = mix(base, vec3(max(base.r, max(base.g, base.b))), kMetalWhite);
     s.f0 = mix(0.08 * surface.specular.rgb, metal, metalness);
+#ifdef CLEAR_COAT
+    s.f0 = mix(s.f0, reflectedBelowCoat(s.f0), multiply.w);
+#endif
     float roughness = clamp(surface.roughness, 0.06, 1.0);
     s.alpha = widenedAlpha(s.N, roughness * roughness);
     s.roughness = sqrt(s.alpha);
