@@ -12,11 +12,12 @@ namespace zelvo::bake {
 
 namespace {
 
-/// Glowing veins in dark clouds. The surface multiplies red by four, so most of it is dark here.
+/// Glowing veins in dark clouds. The surface multiplies red by four, so most of it is dark here, but nowhere black:
+/// letters keep their shape.
 Baked veins(int side, int) {
     const Field glow = normalised(Field::of(side, side, [](const glm::vec2& p) {
-        const glm::vec2 bent = warped(p, 0.03f, octaves(6, 3, 0.5f, 71));
-        const float vein = ridged(bent, octaves(9, 4, 0.42f, 73));
+        const glm::vec2 bent = warped(p, 0.02f, octaves(9, 3, 0.5f, 71));
+        const float vein = ridged(bent, octaves(14, 3, 0.40f, 73));
         const float cloud = 0.5f + 0.5f * fractal(p, octaves(4, 4, 0.5f, 74));
         return std::pow(vein, 3.0f) * (0.35f + 0.9f * cloud) + 0.12f * cloud;
     }));
@@ -30,7 +31,7 @@ Baked veins(int side, int) {
                     static_cast<int>(p.y * static_cast<float>(side)));
                 // Read as a colour, so the stored value is about the square root of the light.
                 return glm::vec4(
-                    0.80f * std::pow(value, 1.6f),
+                    0.09f + 0.66f * std::pow(value, 2.4f),
                     0.85f * value * value + 0.04f,
                     0.8f * value * value * value + 0.05f,
                     1);

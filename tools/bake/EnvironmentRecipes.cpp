@@ -130,30 +130,32 @@ Baked jewelRoom(int width, int height) {
 
 // The scenes multiply this light by 2.5 or 7.
 constexpr FaceLight kSoftFace{
-    .panel = 0.62f,
-    .floor = 0.17f,
-    .columns = 0.85f,
-    .brightestColumn = 12,
+    .panel = 0.70f,
+    .floor = 0.040f,
+    .columns = 0.97f,
+    .brightestColumn = 9,
     .above = kWarm,
     .below = kNeutral};
 
 // clang-format off
 constexpr auto kSoftPanels = std::to_array<Softbox>({
-    {180, 57, 0,  {1.20f, 0.085f}, 0.02f, 1.15f, 0.0f,  kNeutral},
-    {258, 14, 3,  {0.080f, 0.95f}, 0.02f, 1.40f, 0.15f, kWarm   },
-    {102, 12, -3, {0.060f, 0.90f}, 0.02f, 1.30f, 0.20f, kCool   },
-    {170, 4,  28, {0.022f, 0.60f}, 0.01f, 0.80f, 0.20f, kNeutral},
-    {322, 46, 0,  {0.14f, 0.24f},  0.03f, 1.50f, 0.0f,  kCool   },
-    {40,  46, 0,  {0.14f, 0.24f},  0.03f, 1.30f, 0.0f,  kWarm   },
+    {180, 60, 0,  {1.20f, 0.070f}, 0.02f, 5.50f, 0.0f,  kNeutral},
+    {180, 34, 0,  {0.70f, 0.018f}, 0.01f, 3.00f, 0.0f,  kWarm   },
+    {250, 14, 3,  {0.050f, 0.90f}, 0.01f, 6.50f, 0.15f, kWarm   },
+    {108, 12, -3, {0.036f, 0.90f}, 0.01f, 5.00f, 0.20f, kNeutral},
+    {170, 4,  28, {0.022f, 0.60f}, 0.01f, 2.60f, 0.20f, kNeutral},
+    {318, 50, 0,  {0.12f, 0.20f},  0.03f, 4.50f, 0.0f,  kCool   },
+    {42,  50, 0,  {0.12f, 0.20f},  0.03f, 4.50f, 0.0f,  kWarm   },
+    {180, -52, 0, {0.80f, 0.05f},  0.02f, 1.20f, 0.0f,  kWarm   },
 });
 
 // clang-format on
 
 Baked softRoom(int width, int height) {
-    return environment(width, height, 0.5f, [](const glm::vec3& direction) {
+    return environment(width, height, 0.16f, [](const glm::vec3& direction) {
         const float elevation = elevationOf(direction);
-        const float wall = glm::mix(0.010f, 0.050f, glm::smoothstep(-20.0f, 80.0f, elevation));
-        const float floor = 0.02f * glow(direction, directionOf(180, -36), 24);
+        const float wall = glm::mix(0.004f, 0.030f, glm::smoothstep(-20.0f, 80.0f, elevation));
+        const float floor = 0.015f * glow(direction, directionOf(180, -36), 24);
         return (wall + floor) * kNeutral + lightOf(kSoftFace, direction) +
                lightOf(kSoftPanels, direction);
     });

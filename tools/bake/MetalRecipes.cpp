@@ -152,7 +152,7 @@ Baked scratchedNormal(int side, int) {
     relief = blurred(relief, 0.006f);
     relief = combined(relief, wear.hairlines, [](float a, float line) { return a - 0.06f * line; });
     relief = combined(relief, wear.gouges, [](float a, float line) { return a - 0.20f * line; });
-    return {normalPicture(blurred(relief, 0.0008f), 0.017f), {}};
+    return {normalPicture(blurred(relief, 0.0008f), 0.012f), {}};
 }
 
 /// Cast metal: dense small grains.

@@ -64,7 +64,7 @@ glm::vec3 lightOf(const FaceLight& light, const glm::vec3& direction) {
     const float up = elevation + kSlant * across;
     const float wave =
         std::cos(glm::radians((across - light.brightestColumn) * 360 / kColumnDegrees));
-    const float share = 1 - light.columns * glm::smoothstep(0.6f, -0.9f, wave);
+    const float share = 1 - light.columns * glm::smoothstep(0.85f, -0.6f, wave);
     const float rise = glm::smoothstep(-3.0f, 15.0f, up);
     const float end = 1 - glm::smoothstep(30.0f, 46.0f, elevation);
     const float below = std::max(0.0f, -5.5f - up);

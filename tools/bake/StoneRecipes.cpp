@@ -40,13 +40,13 @@ Baked rockRoughness(int side, int) {
 }
 
 Baked rockNormal(int side, int) {
-    return {normalPicture(blurred(rockRelief(side), 0.001f), 0.034f), {}};
+    return {normalPicture(blurred(rockRelief(side), 0.001f), 0.022f), {}};
 }
 
 Baked rockOcclusion(int side, int) {
     const Field relief = rockRelief(side);
-    const Field wide = openness(relief, 0.022f, 1.9f);
-    const Field narrow = openness(relief, 0.005f, 2.4f);
+    const Field wide = openness(relief, 0.022f, 1.3f);
+    const Field narrow = openness(relief, 0.005f, 1.5f);
     return {
         greyPicture(
             combined(wide, narrow, [](float a, float b) { return std::max(0.12f, a * b); })),

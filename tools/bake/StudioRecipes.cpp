@@ -66,31 +66,32 @@ Baked productStudio(int width, int height) {
 
 // The plain stage multiplies this light by 7.
 constexpr FaceLight kHorizonFace{
-    .panel = 0.22f,
-    .floor = 0.085f,
-    .columns = 0.75f,
-    .brightestColumn = 6,
+    .panel = 0.20f,
+    .floor = 0.030f,
+    .columns = 0.92f,
+    .brightestColumn = -10,
     .above = kNeutral,
     .below = kNeutral};
 
 // clang-format off
 constexpr auto kHorizonLamps = std::to_array<Softbox>({
-    {180, 58, 0,  {1.20f, 0.080f}, 0.02f, 0.85f, 0.0f,  kNeutral},
-    {262, 12, 2,  {0.09f, 0.95f},  0.02f, 1.20f, 0.10f, kWarm   },
-    {96,  10, -2, {0.05f, 0.90f},  0.02f, 0.75f, 0.10f, kCool   },
-    {326, 30, 0,  {0.10f, 0.45f},  0.03f, 0.90f, 0.0f,  kNeutral},
-    {36,  30, 0,  {0.08f, 0.45f},  0.03f, 0.80f, 0.0f,  kNeutral},
+    {180, 60, 0,  {1.20f, 0.050f}, 0.015f, 7.50f, 0.0f,  kNeutral},
+    {200, 84, 0,  {0.60f, 0.10f},  0.03f, 1.20f, 0.0f,  kNeutral},
+    {250, 14, 2,  {0.040f, 0.80f}, 0.012f, 5.50f, 0.10f, kWarm  },
+    {108, 12, -2, {0.030f, 0.80f}, 0.012f, 2.40f, 0.10f, kCool  },
+    {306, 42, 0,  {0.12f, 0.22f},  0.03f, 2.00f, 0.0f,  kNeutral},
+    {54,  42, 0,  {0.10f, 0.22f},  0.03f, 1.60f, 0.0f,  kNeutral},
 });
 
 // clang-format on
 
 /// Grey overcast: light at the zenith, a bright haze above the horizon, ground below.
 Baked greyHorizon(int width, int height) {
-    return environment(width, height, 0.56f, [](const glm::vec3& direction) {
+    return environment(width, height, 0.34f, [](const glm::vec3& direction) {
         const float elevation = elevationOf(direction);
-        const float sky = glm::mix(0.034f, 0.10f, glm::smoothstep(8.0f, 85.0f, elevation));
-        const float haze = 0.040f * std::exp(-std::max(0.0f, elevation) / 9.0f);
-        const float ground = glm::mix(0.010f, 0.030f, glm::smoothstep(-4.0f, -60.0f, elevation));
+        const float sky = glm::mix(0.010f, 0.090f, glm::smoothstep(20.0f, 85.0f, elevation));
+        const float haze = 0.012f * std::exp(-std::max(0.0f, elevation) / 9.0f);
+        const float ground = glm::mix(0.008f, 0.034f, glm::smoothstep(-8.0f, -60.0f, elevation));
         const float grey = glm::mix(ground, sky + haze, glm::smoothstep(-1.5f, 1.5f, elevation));
         return glm::vec3(grey) + lightOf(kHorizonFace, direction) +
                lightOf(kHorizonLamps, direction);
@@ -100,9 +101,9 @@ Baked greyHorizon(int width, int height) {
 // The dark stage. Behind the letters, lamps hang so high that the floor does not mirror them to the
 // camera.
 constexpr FaceLight kStageFace{
-    .panel = 1.2f,
-    .floor = 0.50f,
-    .columns = 0.85f,
+    .panel = 1.5f,
+    .floor = 0.26f,
+    .columns = 0.92f,
     .brightestColumn = -9,
     .above = kWarm,
     .below = kCool};
