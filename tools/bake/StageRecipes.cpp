@@ -184,6 +184,47 @@ Baked groundHaze(int width, int height) {
         {}};
 }
 
+/// What stands on the ground of the ruins, as a disc: middle (x, z), radius and height in scene units.
+struct Standing {
+    glm::vec2 middle;
+    float radius;
+    float height;
+};
+
+// clang-format off
+constexpr auto kStandings = std::to_array<Standing>({
+    {{-440, -110}, 44, 690}, {{440, -110}, 44, 690},
+    {{-410, -360}, 44, 690}, {{410, -360}, 44, 300},
+    {{-385, -600}, 44, 690}, {{385, -600}, 44, 690},
+    {{-250, -420}, 30, 45},  {{-190, -330}, 22, 30},
+    {{170, -285},  34, 66},  {{250, -270},  34, 66}, {{330, -255}, 34, 66},
+});
+// clang-format on
+
+constexpr float kGroundSide = 9000;              // scene units, of the picture
+constexpr glm::vec2 kShadowWay{0.940f, -0.342f}; // on the ground, away from the sun
+constexpr float kShadowLength = 1.73f;           // of a thing of height 1
+
+/// How much light the ruins leave to the ground: they never move, so their shadows in the sun and the
+/// dark places at their feet are part of the picture.
+float besideRuins(const glm::vec2& place) {
+    const glm::vec2 at = (place - 0.5f) * kGroundSide;
+    float light = 1;
+    for (const Standing& thing : kStandings) {
+        const glm::vec2 way = at - thing.middle;
+        const float along = glm::dot(way, kShadowWay);
+        const float aside = std::abs(way.x * kShadowWay.y - way.y * kShadowWay.x);
+        const float end = thing.height * kShadowLength;
+        const float soft = 8 + 0.07f * std::max(along, 0.0f);
+        const float within = glm::smoothstep(thing.radius + soft, thing.radius - soft, aside) *
+                             glm::smoothstep(-thing.radius, 0.0f, along) *
+                             glm::smoothstep(end + 2 * soft, end - 2 * soft, along);
+        const float away = std::max(0.0f, glm::length(way) - thing.radius) / 34;
+        light *= (1 - 0.55f * within) * (1 - 0.55f * std::exp(-away * away));
+    }
+    return light;
+}
+
 /// The diffuse colour of the ground: what the haze leaves of it.
 Baked groundTone(int width, int height) {
     Dice dice(325);
@@ -195,7 +236,9 @@ Baked groundTone(int width, int height) {
                 const glm::vec2 bent = warped(place, 0.02f, octaves(20, 4, 0.5f, 326));
                 const float dust = 0.62f + 0.5f * fractal(bent, octaves(36, 6, 0.6f, 327));
                 const float seen = 1 - hidden(glm::length(place * 2.0f - 1.0f));
-                return shown(linear(176, 158, 132) * (std::max(0.15f, dust) * seen), dice);
+                return shown(
+                    linear(176, 158, 132) * (std::max(0.15f, dust) * seen * besideRuins(place)),
+                    dice);
             }),
         {}};
 }
