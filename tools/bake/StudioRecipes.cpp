@@ -66,8 +66,8 @@ Baked productStudio(int width, int height) {
 
 // The plain stage multiplies this light by 7.
 constexpr FaceLight kHorizonFace{
-    .panel = 0.20f,
-    .floor = 0.030f,
+    .panel = 0.27f,
+    .floor = 0.040f,
     .columns = 0.92f,
     .brightestColumn = -10,
     .above = kNeutral,
