@@ -142,7 +142,7 @@ TEST_F(Lights, ThrowShadowsThatAreSofterFarFromTheirCasterAndFadeWithIt) {
         const float share = z / (3 * kUnit);
         bar->position = glm::vec3(-0.5f * kUnit + share * 2.5f * kUnit + kUnit * (1 - share), 0, z);
         bar->scale = glm::vec3(1 - share);
-        const image::Image picture = draw();
+        const image::Image picture = draw(2); // shadows on a wall are drawn at half the size
         int soft = 0;
         const int barBegins = static_cast<int>(32 * (0.5f + 2.5f * share));
         for (int x = 4; x < std::min(28, barBegins - 2); ++x) {
@@ -166,6 +166,46 @@ TEST_F(Lights, ThrowShadowsThatAreSofterFarFromTheirCasterAndFadeWithIt) {
         EXPECT_NEAR(at(half, 24, y)[0], at(half, 24, 32)[0], 12) << y;
     EXPECT_LT(at(half, 24, 32)[0], at(none, 24, 32)[0] - 15);
     EXPECT_GT(at(half, 24, 32)[0], 30);
+}
+
+// What does not cast is darkened by an image of half the size. A shader modifier prevents that: the
+// wall is drawn again with its own lookups.
+TEST_F(Lights, DarkenByAnImageAsByTheWallsOwnLookups) {
+    constexpr float kUnit = 200; // half the picture
+    camera->position = glm::vec3(0, 0, 10 * kUnit);
+    camera->camera->zFar = 20 * kUnit;
+    const auto wall = makeMatte(Color{0.5f, 0.4f, 0.2f, 1});
+    wall->emission.contents = Color{0, 0, 0.5f, 1};
+    addSquare(wall, 0, 4 * kUnit)->castsShadow = false;
+    const auto step = addSquare(wall, kUnit, 0.5f * kUnit); // before the wall, in the light
+    step->castsShadow = false;
+    step->position = glm::vec3(-0.25f * kUnit, -0.4f * kUnit, kUnit);
+    addSquare(makeMatte(), 0, 0.5f * kUnit)->position = glm::vec3(0.4f * kUnit);
+    for (const float side : {1.0f, -1.0f}) {
+        const auto light =
+            addLight(SCNLightType::directional, glm::vec3(side, 1, 1) * (2 * kUnit), 600);
+        scene->rootNode()->childNodes().back()->setOrientation(
+            glm::quatLookAt(glm::normalize(glm::vec3(-side, -1, -1)), glm::vec3(0, 1, 0)));
+        light->color = side > 0 ? Color{1, 0.3f, 0.2f, 1} : Color{0.2f, 0.3f, 1, 1};
+        light->castsShadow = true;
+        light->shadowColor.alpha = 0.9f;
+    }
+    const image::Image darkened = draw(2);
+    wall->shaderModifiers[scene::SCNShaderModifierEntryPoint::surface] = "";
+    const image::Image drawn = draw(2);
+    int dark = 0;
+    int others = 0;
+    for (int y = 0; y < kSize.height; ++y) {
+        for (int x = 0; x < kSize.width; ++x) {
+            const Pixel one = at(darkened, x, y);
+            const Pixel other = at(drawn, x, y);
+            dark += other[0] < 60 ? 1 : 0;
+            for (std::size_t c = 0; c < 3; ++c)
+                others += std::abs(one.at(c) - other.at(c)) > 8 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(dark, 100) << "there is a shadow";
+    EXPECT_LT(others, 1) << "but for its edges";
 }
 
 // Otherwise the edges of all shadows would crawl while one letter moves.

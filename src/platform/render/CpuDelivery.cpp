@@ -17,10 +17,11 @@ public:
     [[nodiscard]] std::span<const std::uint8_t> fetch(const DrawnFrame& frame) override {
         const Size size = frame.outputSize;
         const Size drawnSize = frame.picture->size();
-        drawn.resize(byteCount(drawnSize));
-        glBindFramebuffer(GL_READ_FRAMEBUFFER, frame.picture->framebuffer());
-        glReadPixels(
-            0, 0, drawnSize.width, drawnSize.height, GL_RGBA, GL_UNSIGNED_BYTE, drawn.data());
+        if (drawnSize == size) {
+            read(*frame.picture, output);
+            return output;
+        }
+        read(*frame.picture, drawn);
         if (!resampler || resampledSize != drawnSize || resampler->outputSize() != size) {
             resampler.emplace(drawnSize, size);
             resampledSize = drawnSize;
@@ -33,6 +34,13 @@ public:
     }
 
 private:
+    static void read(const RenderTarget& picture, std::vector<std::uint8_t>& pixels) {
+        const Size size = picture.size();
+        pixels.resize(byteCount(size));
+        glBindFramebuffer(GL_READ_FRAMEBUFFER, picture.framebuffer());
+        glReadPixels(0, 0, size.width, size.height, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
+    }
+
     std::optional<AreaResampler> resampler;
     Size resampledSize;
     std::vector<std::uint8_t> drawn;

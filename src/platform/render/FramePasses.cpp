@@ -19,7 +19,8 @@ enum Part : std::uint32_t {
     kDepth = 4,
     kColor = 8,
     kMirror = 16,
-    kGlow = 32
+    kGlow = 32,
+    kShadeImage = 64
 };
 
 } // namespace
@@ -62,7 +63,11 @@ struct FramePasses::Table {
          [](Const, F) { return true; },
          [](All all, F frame) { all.drawer.drawStill(frame.scene); }},
 
-        {"what moves", kShadowMaps | kDepth, kLight | kDepth,
+        {"shadows at half the size", kShadowMaps, kShadeImage,
+         [](Const all, F) { return all.drawer.hasShade(); },
+         [](All all, F frame) { all.drawer.drawShade(frame.scene); }},
+
+        {"what moves", kShadowMaps | kShadeImage | kDepth, kLight | kDepth,
          [](Const all, F) { return all.drawer.hasOpaque(); },
          [](All all, F frame) { all.drawer.drawMoving(frame.scene); }},
 

@@ -92,6 +92,13 @@ bool ItemPainter::fadesAsAWhole(const scene::SCNMaterial& material) const {
            (bindMaterial(material, tools.holes).features & kHoles) == 0;
 }
 
+bool ItemPainter::canBeDarkened(const scene::SCNMaterial& material) const {
+    constexpr std::uint32_t kOthers = kCutOut | slotFeature(kReflectiveUnit);
+    const MaterialBinding binding = bindMaterial(material, tools.holes);
+    return (binding.features & kLit) != 0 && (binding.features & kOthers) == 0 &&
+           binding.modifier == nullptr;
+}
+
 bool ItemPainter::showsBackFaces(const Frame& frame, const DrawItem& item) const {
     if (!item.material->isDoubleSided)
         return false;
@@ -185,15 +192,7 @@ void ItemPainter::bindPictures(const MaterialBinding& binding) {
     }
 }
 
-void ItemPainter::draw(
-    const Frame& frame, const DrawItem& item, Lights lights, DepthTest depthTest) {
-    MaterialBinding binding = bound(frame, item);
-    const bool isTranslucent = depthTest == DepthTest::equal || item.isTranslucent;
-    if (isTranslucent)
-        binding.features |= kTranslucent;
-    const bool isSceneLight = showsSceneLight(binding, sets[lights].set.counts);
-    if (isSceneLight)
-        binding.features |= kSceneLight;
+void ItemPainter::bind(const Frame& frame, const MaterialBinding& binding, Lights lights) {
     tools.state.useProgram(
         tools.shaders.program(binding.features, sets[lights].set.counts, binding.modifier));
     if ((binding.features & kLit) != 0)
@@ -203,6 +202,18 @@ void ItemPainter::draw(
         frame.uniforms.bind(tools.state, kSlotBinding, slotTransforms(binding));
     }
     frame.uniforms.bind(tools.state, kItemBinding, binding.item);
+}
+
+void ItemPainter::draw(
+    const Frame& frame, const DrawItem& item, Lights lights, DepthTest depthTest) {
+    MaterialBinding binding = bound(frame, item);
+    const bool isTranslucent = depthTest == DepthTest::equal || item.isTranslucent;
+    if (isTranslucent)
+        binding.features |= kTranslucent;
+    const bool isSceneLight = showsSceneLight(binding, sets[lights].set.counts);
+    if (isSceneLight)
+        binding.features |= kSceneLight;
+    bind(frame, binding, lights);
     const scene::SCNMaterial& material = *item.material;
     tools.state.set(
         {.depthTest = depthTest,
@@ -215,17 +226,43 @@ void ItemPainter::draw(
     submit(frame, item);
 }
 
-void ItemPainter::drawDepth(const Frame& frame, const DrawItem& item) {
+void ItemPainter::drawShape(const Frame& frame, const DrawItem& item, RasterState raster) {
     const VisibleNode& node = frame.snapshot.nodes()[item.node];
     ItemBlock block;
     block.world = node.world;
-    tools.state.useProgram(tools.shaders.depthProgram());
     frame.uniforms.bind(tools.state, kItemBinding, block);
+    raster.culling = showsBackFaces(frame, item) ? Culling::none : Culling::backFaces;
+    raster.winding = windingOf(node.world, frame.isMirrored);
+    tools.state.set(raster);
+    submit(frame, item);
+}
+
+void ItemPainter::drawDepth(const Frame& frame, const DrawItem& item) {
+    tools.state.useProgram(tools.shaders.depthProgram());
+    drawShape(frame, item, {.colorWrite = ColorWrite::off});
+}
+
+void ItemPainter::drawShade(const Frame& frame, const DrawItem& item, Lights lights) {
+    constexpr std::uint32_t kRead = kLit | kEnvironment | kSlotTransforms | kDoubleSided |
+                                    kVertexColors | slotFeature(kDiffuseUnit) |
+                                    slotFeature(kEmissionUnit) | slotFeature(kSelfIlluminationUnit);
+    MaterialBinding binding = bound(frame, item);
+    binding.features = (binding.features & kRead) | kShade;
+    bind(frame, binding, lights);
     tools.state.set(
         {.culling = showsBackFaces(frame, item) ? Culling::none : Culling::backFaces,
-         .winding = windingOf(node.world, frame.isMirrored),
-         .colorWrite = ColorWrite::off});
+         .winding = windingOf(binding.item.world, frame.isMirrored)});
     submit(frame, item);
+}
+
+void ItemPainter::applyShade(const Frame& frame, const DrawItem& item) {
+    tools.state.useProgram(tools.shaders.applyShadeProgram());
+    drawShape(
+        frame,
+        item,
+        {.depthTest = DepthTest::nearerOrEqual,
+         .depthWrite = DepthWrite::off,
+         .blend = Blend::multiply});
 }
 
 void ItemPainter::drawOver(const Frame& frame, const DrawItem& item) {

@@ -51,6 +51,10 @@ public:
 
     void draw(const Frame& frame, const DrawItem& item, Lights lights, DepthTest depthTest);
     void drawDepth(const Frame& frame, const DrawItem& item);
+    /// Draws how much darker shadows make the item; see shade.frag.
+    void drawShade(const Frame& frame, const DrawItem& item, Lights lights);
+    /// Darkens the item, which is drawn already, by the image of that, which is bound.
+    void applyShade(const Frame& frame, const DrawItem& item);
     /// Draws over the item with the program in use, which blends; it gets the item's numbers and the
     /// picture of its roughness.
     void drawOver(const Frame& frame, const DrawItem& item);
@@ -58,6 +62,9 @@ public:
     /// True for a closed solid that is translucent only by its opacity: its inside must not show
     /// while it fades.
     [[nodiscard]] bool fadesAsAWhole(const scene::SCNMaterial& material) const;
+
+    /// Whether drawShade knows all of its colour.
+    [[nodiscard]] bool canBeDarkened(const scene::SCNMaterial& material) const;
 
     /// Whether it is drawn without culling.
     [[nodiscard]] bool showsBackFaces(const Frame& frame, const DrawItem& item) const;
@@ -77,6 +84,10 @@ private:
     };
 
     [[nodiscard]] MaterialBinding bound(const Frame& frame, const DrawItem& item) const;
+    /// Draws its shape with the program in use, without pictures.
+    void drawShape(const Frame& frame, const DrawItem& item, RasterState raster);
+    /// Binds the program, and what it reads.
+    void bind(const Frame& frame, const MaterialBinding& binding, Lights lights);
     void bindLights(const Frame& frame, Lights lights);
     void bindPictures(const MaterialBinding& binding);
     void submit(const Frame& frame, const DrawItem& item);

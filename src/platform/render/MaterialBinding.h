@@ -28,6 +28,7 @@ enum Feature : std::uint32_t {
     kCutOut = 1U << 21U, ///< drawn where the pictures' opacity is at least a half, and opaque there
     kVertexColors = 1U << 22U,
     kClearCoat = 1U << 24U,
+    kShade = 1U << 25U, ///< instead of the colour: how much darker shadows make it; shade.frag
 };
 
 [[nodiscard]] constexpr std::uint32_t slotFeature(Unit unit) {

@@ -21,6 +21,8 @@ constexpr double kHeightsScale = 0.5; ///< size of the picture of heights over t
 
 void MirrorImage::draw(const Tools& tools, const Request& request) {
     snapshot.takeMirrored(request.scene, request.snapshot, request.height);
+    if (seenIn(request.size).intersected(request.part).isEmpty())
+        return;
     sharp.resize(request.size, tools.state);
     sharp.bind(tools.state);
     tools.state.clear();

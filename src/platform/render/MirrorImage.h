@@ -38,6 +38,7 @@ public:
         ItemPainter::Frame items;
     };
 
+    /// Draws nothing if `seenIn` has nothing in the part.
     void draw(const Tools& tools, const Request& request);
 
     /// Colours; the floor adds them to its own.

@@ -22,6 +22,11 @@ struct PixelRect {
         return isEmpty() ? 0.0 : static_cast<double>(right - left) * (bottom - top);
     }
 
+    /// The part of a picture of half the size that shows the same.
+    [[nodiscard]] PixelRect halved() const {
+        return {left / 2, top / 2, (right + 1) / 2, (bottom + 1) / 2};
+    }
+
     [[nodiscard]] PixelRect intersected(const PixelRect& other) const {
         return {
             std::max(left, other.left),

@@ -81,14 +81,37 @@ void SceneDrawer::drawStill(const Frame& frame) {
     frame.items.uniforms.bind(state, kFrameBinding, frame.block);
 }
 
+bool SceneDrawer::hasShade() const {
+    return std::ranges::any_of(opaques, &OpaqueItem::isDarkened);
+}
+
+void SceneDrawer::drawShade(const Frame& frame) {
+    shade.resize(frame.target.size().scaled(0.5), state);
+    shade.bind(state);
+    state.clear();
+    for (const OpaqueItem& opaque : opaques) {
+        if (!opaque.isDarkened)
+            continue;
+        state.setScissor(opaque.shadowed.halved());
+        painter.drawShade(frame.items, *opaque.item, opaque.shadowLights);
+    }
+    state.setScissor(std::nullopt);
+    state.bindTexture(kShadeUnit, shade.color(), textures.smoothSampler());
+    frame.target.bind(state);
+}
+
 void SceneDrawer::drawMoving(const Frame& frame) {
     for (std::size_t i = 0; i < opaques.size(); ++i) {
+        const OpaqueItem& opaque = opaques[i];
         if (layer.holds(keys[i])) {
-            drawShadowed(frame.items, opaques[i], DepthTest::nearerOrEqual);
+            drawShadowed(frame.items, opaque, DepthTest::nearerOrEqual);
+        } else if (opaque.isDarkened) {
+            drawWhole(frame.items, opaque);
+            drawShadowed(frame.items, opaque, DepthTest::nearerOrEqual);
         } else {
             // With shadows first: the second draw then skips those pixels.
-            drawShadowed(frame.items, opaques[i], DepthTest::nearer);
-            drawWhole(frame.items, opaques[i]);
+            drawShadowed(frame.items, opaque, DepthTest::nearer);
+            drawWhole(frame.items, opaque);
         }
     }
 }
@@ -159,7 +182,7 @@ SceneDrawer::planned(const ItemPainter::Frame& frame, const DrawItem& item, Size
     const int maps = set.counts.directionalShadows + set.counts.spotShadows;
     if (maps == 0 || item.material->lightingModelName == scene::SCNLightingModel::constant ||
         hidesItself(frame, item))
-        return {&item, all, all, {}, hidesItself(frame, item)};
+        return {&item, all, all, {}, false, hidesItself(frame, item)};
 
     PixelRect shadowed;
     bool isCaster = false;
@@ -174,7 +197,9 @@ SceneDrawer::planned(const ItemPainter::Frame& frame, const DrawItem& item, Size
     // shadow passes over it, and it can stay in the still layer.
     if (isCaster && !shadowed.isEmpty())
         return {&item, all, all};
-    return {&item, painter.lightsFor(frame, node.categoryBitMask, Shadows::none), all, shadowed};
+    const ItemPainter::Lights free = painter.lightsFor(frame, node.categoryBitMask, Shadows::none);
+    const bool isDarkened = !shadowed.isEmpty() && painter.canBeDarkened(*item.material);
+    return {&item, free, all, shadowed, isDarkened};
 }
 
 bool SceneDrawer::hidesItself(const ItemPainter::Frame& frame, const DrawItem& item) const {
@@ -216,7 +241,11 @@ void SceneDrawer::drawShadowed(
     if (opaque.shadowed.isEmpty())
         return;
     state.setScissor(opaque.shadowed);
-    painter.draw(frame, *opaque.item, opaque.shadowLights, depthTest);
+    if (opaque.isDarkened) {
+        painter.applyShade(frame, *opaque.item);
+    } else {
+        painter.draw(frame, *opaque.item, opaque.shadowLights, depthTest);
+    }
     state.setScissor(std::nullopt);
 }
 

@@ -58,6 +58,9 @@ public:
 
     [[nodiscard]] bool hasShadows() const { return views.count > 0; }
 
+    /// After drawStill.
+    [[nodiscard]] bool hasShade() const;
+
     [[nodiscard]] bool hasOpaque() const { return !snapshot.opaque().empty(); }
 
     [[nodiscard]] bool hasTranslucent() const { return !snapshot.translucent().empty(); }
@@ -69,6 +72,8 @@ public:
     void drawShadows(const Frame& frame);
     /// Draws the background and the opaque items that have not changed (StillLayer decides which).
     void drawStill(const Frame& frame);
+    /// Draws, at half the size, how much darker shadows make what does not cast. They are soft.
+    void drawShade(const Frame& frame);
     /// Draws the other opaque items, and the shadows on the unchanged ones.
     void drawMoving(const Frame& frame);
     /// Draws the pictures of what the floor shows: mirror image, dark places.
@@ -91,13 +96,14 @@ public:
     [[nodiscard]] const scene::SCNCamera* sceneCamera() const { return snapshot.sceneCamera(); }
 
 private:
-    /// An opaque item and its lights. If shadows fall on a part of it only, that part is drawn
-    /// again with shadows.
+    /// An opaque item and its lights. If shadows fall on a part of it only, that part is darkened
+    /// by drawShade's image, or, if that does not know its colour, drawn again with shadows.
     struct OpaqueItem {
         const DrawItem* item = nullptr;
         ItemPainter::Lights lights = 0; ///< for the whole item
         ItemPainter::Lights shadowLights = 0;
-        PixelRect shadowed{};      ///< where it is drawn with shadowLights; may be empty
+        PixelRect shadowed{};      ///< where shadows can fall; may be empty
+        bool isDarkened = false;   ///< by the image; it is not drawn again
         bool isDepthFirst = false; ///< its depth is drawn before its colour
     };
 
@@ -129,6 +135,7 @@ private:
     ParticlePass particles;
     FloorPass floor;
     StillLayer layer;
+    RenderTarget shade{TargetFormat::half, TargetFormat::depth32};
     ItemPainter painter;
     PictureKey pictures;
     Snapshot snapshot;

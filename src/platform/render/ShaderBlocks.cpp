@@ -32,7 +32,8 @@ std::string makeDeclarations() {
            constant("UNIT_METALNESS", kMetalnessUnit) + constant("UNIT_ROUGHNESS", kRoughnessUnit) +
            constant("UNIT_SHADOW", kShadowUnit) + constant("UNIT_PROBE", kProbeUnit) +
            constant("UNIT_PICTURE", kPictureUnit) + constant("UNIT_DEPTH", kDepthUnit) +
-           constant("UNIT_GLOW", kGlowUnit) + constant("MAX_SHADOWS", kMaxShadows) +
+           constant("UNIT_GLOW", kGlowUnit) + constant("UNIT_SHADE", kShadeUnit) +
+           constant("MAX_SHADOWS", kMaxShadows) +
            block(kFrameBinding, "FrameBlock", ZELVO_FRAME_BLOCK(ZELVO_ONE, ZELVO_LIST)) +
            block(kLightBinding, "LightBlock", ZELVO_LIGHT_BLOCK(ZELVO_ONE, ZELVO_LIST)) +
            block(kItemBinding, "ItemBlock", ZELVO_ITEM_BLOCK(ZELVO_ONE, ZELVO_LIST)) +

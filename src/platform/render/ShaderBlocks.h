@@ -43,7 +43,8 @@ enum Unit : std::uint32_t {
     kProbeUnit = 16,
     kPictureUnit = 17, ///< the input of a full-screen pass
     kDepthUnit = 18,
-    kGlowUnit = 19, ///< what BloomPass has made
+    kGlowUnit = 19,  ///< what BloomPass has made
+    kShadeUnit = 20, ///< shadows at half the size
 };
 
 // clang-format off

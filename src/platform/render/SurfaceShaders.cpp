@@ -16,7 +16,8 @@ constexpr std::uint32_t kSlotPictures =
 
 Result<ProgramHandle>
 buildSurface(std::uint32_t features, const LightCounts& lights, const std::string* modifier) {
-    ProgramSource source{"surface.vert", "surface.frag", featureDefines(features)};
+    const char* fragment = (features & kShade) != 0 ? "shade.frag" : "surface.frag";
+    ProgramSource source{"surface.vert", fragment, featureDefines(features)};
     for (std::string& define : lights.defines()) {
         source.defines.push_back(std::move(define));
     }
@@ -75,6 +76,12 @@ std::uint32_t SurfaceShaders::casterProgram() {
     if (!caster)
         caster = buildOwn({"surface.vert", "caster.frag", {"DEPTH_ONLY"}});
     return caster.name();
+}
+
+std::uint32_t SurfaceShaders::applyShadeProgram() {
+    if (!applyShade)
+        applyShade = buildOwn({"surface.vert", "shade_apply.frag", {"DEPTH_ONLY"}});
+    return applyShade.name();
 }
 
 } // namespace zelvo::render

@@ -24,6 +24,8 @@ public:
     [[nodiscard]] std::uint32_t depthProgram();
     /// Draws a caster into a shadow map.
     [[nodiscard]] std::uint32_t casterProgram();
+    /// Darkens by what a program with `kShade` has drawn.
+    [[nodiscard]] std::uint32_t applyShadeProgram();
 
 private:
     [[nodiscard]] std::uint32_t modifierIndex(const std::string& text);
@@ -32,6 +34,7 @@ private:
     std::map<std::string, std::uint32_t> modifiers; ///< numbered from 1; 0 = does not compile
     ProgramHandle depth;
     ProgramHandle caster;
+    ProgramHandle applyShade;
 };
 
 } // namespace zelvo::render

@@ -32,19 +32,19 @@ vec3 spotLight(Shading s, int i, int map) {
 
 // Lights with shadows are written out. In a loop over lights, the shadow map would be chosen while
 // the program runs, and llvmpipe (Mesa 22.3) crashes when it builds that.
-vec3 lightsAt(Shading s, float ambientOcclusion) {
+vec3 lightsAt(Shading s, float ambientOcclusion, bool hasShadows) {
     vec3 sum = ambient.rgb * s.albedo * ambientOcclusion;
 #if DIRECTIONAL_SHADOWS > 0
-    sum += directionalLight(s, 0, 0);
+    sum += directionalLight(s, 0, hasShadows ? 0 : -1);
 #endif
 #if DIRECTIONAL_SHADOWS > 1
-    sum += directionalLight(s, 1, 1);
+    sum += directionalLight(s, 1, hasShadows ? 1 : -1);
 #endif
 #if DIRECTIONAL_SHADOWS > 2
-    sum += directionalLight(s, 2, 2);
+    sum += directionalLight(s, 2, hasShadows ? 2 : -1);
 #endif
 #if DIRECTIONAL_SHADOWS > 3
-    sum += directionalLight(s, 3, 3);
+    sum += directionalLight(s, 3, hasShadows ? 3 : -1);
 #endif
 #if DIRECTIONAL_COUNT > DIRECTIONAL_SHADOWS
     for (int i = DIRECTIONAL_SHADOWS; i < DIRECTIONAL_COUNT; ++i) sum += directionalLight(s, i, -1);
@@ -54,16 +54,16 @@ vec3 lightsAt(Shading s, float ambientOcclusion) {
 #endif
 #define FIRST_SPOT (DIRECTIONAL_COUNT + OMNI_COUNT)
 #if SPOT_SHADOWS > 0
-    sum += spotLight(s, FIRST_SPOT, DIRECTIONAL_SHADOWS);
+    sum += spotLight(s, FIRST_SPOT, hasShadows ? DIRECTIONAL_SHADOWS : -1);
 #endif
 #if SPOT_SHADOWS > 1
-    sum += spotLight(s, FIRST_SPOT + 1, DIRECTIONAL_SHADOWS + 1);
+    sum += spotLight(s, FIRST_SPOT + 1, hasShadows ? DIRECTIONAL_SHADOWS + 1 : -1);
 #endif
 #if SPOT_SHADOWS > 2
-    sum += spotLight(s, FIRST_SPOT + 2, DIRECTIONAL_SHADOWS + 2);
+    sum += spotLight(s, FIRST_SPOT + 2, hasShadows ? DIRECTIONAL_SHADOWS + 2 : -1);
 #endif
 #if SPOT_SHADOWS > 3
-    sum += spotLight(s, FIRST_SPOT + 3, DIRECTIONAL_SHADOWS + 3);
+    sum += spotLight(s, FIRST_SPOT + 3, hasShadows ? DIRECTIONAL_SHADOWS + 3 : -1);
 #endif
 #if SPOT_COUNT > SPOT_SHADOWS
     for (int i = SPOT_SHADOWS; i < SPOT_COUNT; ++i) sum += spotLight(s, FIRST_SPOT + i, -1);

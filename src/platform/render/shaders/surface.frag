@@ -69,7 +69,7 @@ vec3 litColor(Surface surface) {
     vec2 fit = environmentFit(s.roughness, s.NoV);
     s.energy = 1.0 + s.f0 * (1.0 / singleBounceEnergy(s.roughness, s.NoV) - 1.0);
 
-    vec3 color = lightsAt(s, surface.ambientOcclusion);
+    vec3 color = lightsAt(s, surface.ambientOcclusion, true);
 #ifdef HAS_ENVIRONMENT
     color += environmentAt(s, fit, surface.ambientOcclusion);
 #endif
