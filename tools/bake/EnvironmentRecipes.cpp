@@ -103,9 +103,9 @@ glm::vec3 jewelLamps(const glm::vec3& direction) {
 
 // The scenes multiply this light by 8.
 constexpr FaceLight kJewelFace{
-    .panel = 0.125f,
-    .floor = 0.070f,
-    .columns = 0.9f,
+    .panel = 0.145f,
+    .floor = 0.050f,
+    .columns = 0.75f,
     .brightestColumn = -8,
     .above = kNeutral,
     .below = kCool};
@@ -130,9 +130,9 @@ Baked jewelRoom(int width, int height) {
 
 // The scenes multiply this light by 2.5 or 7.
 constexpr FaceLight kSoftFace{
-    .panel = 0.70f,
-    .floor = 0.040f,
-    .columns = 0.97f,
+    .panel = 0.72f,
+    .floor = 0.030f,
+    .columns = 0.92f,
     .brightestColumn = 9,
     .above = kWarm,
     .below = kNeutral};

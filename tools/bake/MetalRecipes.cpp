@@ -33,7 +33,8 @@ Baked beatenPlate(int side, int) {
 /// Moulded plastic: a fine even grain, on a skin that is not quite flat.
 Baked plasticGrain(int side, int) {
     const Field relief = Field::of(side, side, [](const glm::vec2& p) {
-        return fractal(p, octaves(72, 2, 0.6f, 15)) + 5.0f * fractal(p, octaves(4, 2, 0.4f, 16));
+        return 0.65f * fractal(p, octaves(72, 2, 0.6f, 15)) +
+               6.0f * fractal(p, octaves(4, 2, 0.4f, 16));
     });
     return {normalPicture(blurred(relief, 0.0015f), 0.0006f), {}};
 }
@@ -152,7 +153,7 @@ Baked scratchedNormal(int side, int) {
     relief = blurred(relief, 0.006f);
     relief = combined(relief, wear.hairlines, [](float a, float line) { return a - 0.06f * line; });
     relief = combined(relief, wear.gouges, [](float a, float line) { return a - 0.20f * line; });
-    return {normalPicture(blurred(relief, 0.0008f), 0.012f), {}};
+    return {normalPicture(blurred(relief, 0.0008f), 0.0085f), {}};
 }
 
 /// Cast metal: dense small grains.

@@ -243,6 +243,23 @@ Baked groundTone(int width, int height) {
         {}};
 }
 
+/// Shade around the middle of a backdrop, as where a lamp's cone ends: none in the middle, where the
+/// colour must stay exact, and none at the edge of the picture, which must not show.
+Baked backdropShade(int width, int height) {
+    Dice dice(328);
+    return {
+        picture(
+            width,
+            height,
+            [&dice](const glm::vec2& place) {
+                const float away = glm::length(place * 2.0f - 1.0f);
+                const float shade =
+                    glm::smoothstep(0.13f, 0.34f, away) * glm::smoothstep(1.0f, 0.45f, away);
+                return glm::vec4(0, 0, 0, 0.34f * shade + (dice.unit() - dice.unit()) / 510);
+            }),
+        {}};
+}
+
 Baked duskSky(int width, int height) {
     Dice dice(323);
     return {
@@ -297,6 +314,7 @@ constexpr auto kRecipes = std::to_array<Recipe>({
     {"floor_fade.png",      Repeats::never,    512,  512,  floorFade         },
     {"ground_haze.png",     Repeats::never,    1024, 1024, groundHaze        },
     {"ground_tone.jpg",     Repeats::never,    2048, 2048, groundTone        },
+    {"backdrop_shade.png",  Repeats::never,    1024, 1024, backdropShade     },
     {"dusk_sky.jpg",        Repeats::sideways, 4096, 2048, duskSky           },
     {"planet.jpg",          Repeats::sideways, 2048, 1024, planet            },
 });

@@ -66,9 +66,9 @@ Baked productStudio(int width, int height) {
 
 // The plain stage multiplies this light by 7.
 constexpr FaceLight kHorizonFace{
-    .panel = 0.27f,
+    .panel = 0.26f,
     .floor = 0.040f,
-    .columns = 0.92f,
+    .columns = 0.75f,
     .brightestColumn = -10,
     .above = kNeutral,
     .below = kNeutral};
@@ -87,7 +87,7 @@ constexpr auto kHorizonLamps = std::to_array<Softbox>({
 
 /// Grey overcast: light at the zenith, a bright haze above the horizon, ground below.
 Baked greyHorizon(int width, int height) {
-    return environment(width, height, 0.34f, [](const glm::vec3& direction) {
+    return environment(width, height, 0.33f, [](const glm::vec3& direction) {
         const float elevation = elevationOf(direction);
         const float sky = glm::mix(0.010f, 0.090f, glm::smoothstep(20.0f, 85.0f, elevation));
         const float haze = 0.012f * std::exp(-std::max(0.0f, elevation) / 9.0f);
