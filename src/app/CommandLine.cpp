@@ -189,6 +189,43 @@ void addSize(CLI::App& command, PictureSize& size) {
         ->type_name("WxH");
 }
 
+void addQuality(CLI::App& command, render::DrawQuality& quality) {
+    std::vector<std::string> names;
+    for (const auto& row : render::kQualities)
+        names.emplace_back(row.name);
+    command
+        .add_option_function<std::string>(
+            "--quality",
+            [&quality](const std::string& name) {
+                const int moments = quality.moments;
+                const auto* const row =
+                    std::ranges::find(render::kQualities, name, &render::NamedQuality::name);
+                quality = row->quality;
+                quality.moments = moments;
+            },
+            "draft, standard or finest; standard if not given. finest draws each frame 16 times")
+        ->check(CLI::IsMember(names))
+        ->type_name("QUALITY");
+    constexpr int kMost = render::DrawQuality::kMaxMoments;
+    command
+        .add_option(
+            "--motion-blur",
+            quality.moments,
+            fmt::format(
+                "Blur what moves: draw N moments of each frame, 1 to {}, over half of its time; "
+                "1 if not given",
+                kMost))
+        ->check(CLI::Range(1, kMost).description(""))
+        ->type_name("N");
+}
+
+void addAlpha(CLI::App& command, bool& hasAlpha) {
+    command.add_flag(
+        "--alpha",
+        hasAlpha,
+        "Leave out the background and the environment: PNG files with straight alpha");
+}
+
 void addSeed(CLI::App& command, std::uint64_t& seed) {
     command.add_option("--seed", seed, "Seed of all random numbers, 0 if not given")
         ->check(CLI::Validator(CLI::NonNegativeNumber).description(""))
@@ -225,6 +262,13 @@ void addPerform(CLI::App& app, PerformCommand& options) {
         ->check(named())
         ->type_name("DIR");
     addSize(command, options.size);
+    addQuality(command, options.quality);
+    addAlpha(command, options.hasAlpha);
+    command.final_callback([&options] {
+        if (options.hasAlpha && (options.frames.empty() || !options.movie.empty())) {
+            throw CLI::ValidationError("--alpha", "makes PNG files: give --frames, and no --movie");
+        }
+    });
     addSeed(command, options.seed);
     const std::map<std::string, media::VideoCodec> codecs{
         {"hevc", media::VideoCodec::hevc}, {"h264", media::VideoCodec::h264}};
@@ -248,6 +292,8 @@ void addFrame(CLI::App& app, FrameCommand& options) {
         ->type_name("SECONDS");
     addOut(command, options.out);
     addSize(command, options.size);
+    addQuality(command, options.quality);
+    addAlpha(command, options.hasAlpha);
     addSeed(command, options.seed);
 }
 

@@ -3,6 +3,7 @@
 
 #include "platform/foundation/Result.h"
 #include "platform/media/VideoSettings.h"
+#include "platform/render/DrawQuality.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -30,6 +31,8 @@ struct PerformCommand {
     std::filesystem::path movie;  ///< empty: the user's videos folder
     std::filesystem::path frames; ///< folder for PNG files; empty: none
     PictureSize size;
+    render::DrawQuality quality;
+    bool hasAlpha = false; ///< only the content, without the environment; for frames only
     std::uint64_t seed = 0;
     std::optional<media::VideoCodec> codec;
     bool showsTiming = false;
@@ -41,6 +44,8 @@ struct FrameCommand {
     double at = 0; ///< seconds of the movie; negative in the count-in
     std::filesystem::path out;
     PictureSize size;
+    render::DrawQuality quality;
+    bool hasAlpha = false; ///< only the content, without the environment
     std::uint64_t seed = 0;
 };
 

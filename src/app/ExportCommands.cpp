@@ -6,6 +6,7 @@
 #include "app/Performer.h"
 #include "app/PictureFiles.h"
 #include "app/Strip.h"
+#include "node/DefaultSCNNode.h"
 #include "platform/foundation/Console.h"
 #include "platform/foundation/NewFile.h"
 #include "platform/foundation/TemporaryFolder.h"
@@ -85,9 +86,15 @@ void reportPerformance(const PerformCommand& command, const ExportReport& report
         (void)std::fputs(timingTable(report).c_str(), stdout);
 }
 
+[[nodiscard]] std::uint32_t leftOut(bool hasAlpha) {
+    return hasAlpha ? node::kStageMask : 0;
+}
+
 [[nodiscard]] movie::MovieOptions optionsFor(const PerformCommand& command, double duration) {
     movie::MovieOptions options;
     options.renderSize = {command.size.width, command.size.height};
+    options.quality = command.quality;
+    options.leftOut = leftOut(command.hasAlpha);
     options.codec = command.codec;
     if (!command.movie.empty())
         options.output = command.movie;
@@ -203,9 +210,12 @@ int run(const FrameCommand& command) {
          .options = [&](model::Model& model) -> foundation::Result<movie::MovieOptions> {
              if (auto within = checkMoment("--at", command.at, model); !within)
                  return tl::unexpected(within.error());
-             return optionsForTap(
+             auto options = optionsForTap(
                  command.size,
                  pictureTap(command.out, shared::FrameClock::frameSeenAt(command.at)));
+             options.quality = command.quality;
+             options.leftOut = leftOut(command.hasAlpha);
+             return options;
          },
          .report = [&](const ExportReport&) { printPath(command.out); }});
 }

@@ -44,6 +44,7 @@ void SNE::setParticleSystem(const scene::SCNParticleSystemPtr& system) {
     system->emitterShape = scene::ParticleShape::sphere(kParticleReach);
     const auto emitter = std::make_shared<node::DefaultSCNNode>();
     emitter->addParticleSystem(system);
+    emitter->categoryBitMask = node::kStageMask;
     scene->rootNode()->addChildNode(emitter);
 }
 

@@ -28,6 +28,7 @@ struct FrameTap {
 struct MovieOptions {
     render::Size renderSize{1920, 1080}; ///< of the movie; both sides even
     render::DrawQuality quality{};
+    std::uint32_t leftOut = 0; ///< as in render::FrameRequest; a movie file must be opaque
 
     /// Empty: HEVC if the machine encodes it in hardware, otherwise H.264.
     std::optional<media::VideoCodec> codec;

@@ -122,6 +122,7 @@ void MovieWriter::renderFrame(int frame) {
         .time = time,
         .outputSize = options.renderSize,
         .quality = options.quality,
+        .leftOut = options.leftOut,
     };
     if (auto drawn = pipeline->submit(request, stamp); !drawn)
         fail(drawn.error());

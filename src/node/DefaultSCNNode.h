@@ -27,6 +27,8 @@ using ReferNodePtr = std::shared_ptr<ReferNode>;
 
 /// The categoryBitMask of content: lights with mask 4 affect it, lights with mask 2 do not.
 inline constexpr std::uint32_t kContentMask = 260;
+/// The categoryBitMask of all that an environment shows around the content.
+inline constexpr std::uint32_t kStageMask = 2;
 /// The categoryBitMask of touch targets.
 inline constexpr std::uint32_t kTouchMask = 0x10;
 

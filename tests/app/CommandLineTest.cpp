@@ -25,7 +25,8 @@ TEST(CommandLine, takes_every_option_to_its_place) {
     // clang-format off
     const auto perform = parsed<PerformCommand>(
         {"perform", "a b.json", "--movie", "out.mov", "--frames", "dir", "--size", "192x108",
-         "--seed", "18446744073709551615", "--codec", "hevc", "--timing"});
+         "--seed", "18446744073709551615", "--codec", "hevc", "--timing", "--motion-blur", "8",
+         "--quality", "finest"});
     // clang-format on
     EXPECT_EQ(perform.file, "a b.json");
     EXPECT_EQ(perform.movie, "out.mov");
@@ -34,6 +35,8 @@ TEST(CommandLine, takes_every_option_to_its_place) {
     EXPECT_EQ(perform.seed, 18446744073709551615U);
     EXPECT_EQ(perform.codec, media::VideoCodec::hevc);
     EXPECT_TRUE(perform.showsTiming);
+    EXPECT_EQ(perform.quality.moments, 8);
+    EXPECT_GT(perform.quality.passes, 8);
 
     const auto frame =
         parsed<FrameCommand>({"frame", "--out", "p.png", "--at", "-1.5", "f.json", "--seed=3"});
@@ -84,6 +87,9 @@ TEST(CommandLine, refuses_in_one_line_what_it_does_not_know) {
         {{"perform", "a.json", "--size", "64x64x64"},    "even"     },
         {{"perform", "a.json", "--size", "99999999x2"},  "4096"     },
         {{"perform", "a.json", "--seed", "-1"},          "seed"     },
+        {{"perform", "a.json", "--motion-blur", "0"},    "--motion" },
+        {{"perform", "a.json", "--quality", "best"},     "draft"    },
+        {{"perform", "a.json", "--alpha"},               "--frames" },
         {{"perform", "a.json", "--codec", "vp9"},        "vp9"      },
         {{"frame", "a.json", "--at", "x", "--out", "p"}, "--at"     },
         {{"frame", "a.json", "--out", "p.png"},          "--at"     },

@@ -19,7 +19,7 @@ glm::mat4 directionsOf(const CameraView& camera) {
     glm::mat4 fromClip(0);
     fromClip[0] = glm::vec4(camera.axes[0] / p[0][0], 0);
     fromClip[1] = glm::vec4(camera.axes[1] / p[1][1], 0);
-    fromClip[3] = glm::vec4(-camera.axes[2], 0);
+    fromClip[3] = glm::vec4(-camera.axes[2], 0) + fromClip[0] * p[2][0] + fromClip[1] * p[2][1];
     return fromClip;
 }
 

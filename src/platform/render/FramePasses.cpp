@@ -146,7 +146,8 @@ void FramePasses::draw(const FrameInput& input, RenderTarget& picture) {
     const Frame frame{
         input,
         {picture, spare},
-        drawer.begin(input.scene, input.pointOfView, light, input.uniforms)};
+        drawer.begin(
+            input.scene, {input.pointOfView, input.moment, input.leftOut}, light, input.uniforms)};
     for (const Pass& pass : passes()) {
         if (!pass.isSeen(*this, frame))
             continue;

@@ -22,6 +22,8 @@ struct FrameInput {
     int samples;            ///< of a drawn pixel at edges: 1 or 4
     Size shownSize;         ///< of the delivered picture: a blur smaller than its pixels is skipped
     UniformArena& uniforms; ///< must not be reused until the GPU has finished the frame
+    Moment moment{};
+    std::uint32_t leftOut = 0; ///< categories of nodes that are not drawn
 };
 
 /// Draws a frame: the chain of passes that the movie renderer and the view on screen share. One

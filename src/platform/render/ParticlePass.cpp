@@ -115,6 +115,7 @@ void ParticlePass::addBatch(
     const PlacedEmitter& placed, const CameraView& camera, ParticleBlendMode mode) {
     const std::span<const Particle> particles = placed.emitter->live();
     const glm::vec3 ahead = -camera.axes[2];
+    const float seconds = placed.seconds * placed.emitter->system()->speedFactor;
     order.clear();
     for (std::uint32_t i = 0; i < particles.size(); ++i) {
         const float depth = glm::dot(particles[i].position - camera.position, ahead);
@@ -138,7 +139,12 @@ void ParticlePass::addBatch(
         const float lift = mode == ParticleBlendMode::additive
                                ? std::min(particle.size / 2, kMaxLift * -minusDepth)
                                : 0.0f;
-        instances.push_back({particle.position, sides.right, sides.up, lift, packed(color)});
+        instances.push_back(
+            {particle.position - particle.velocity * seconds,
+             sides.right,
+             sides.up,
+             lift,
+             packed(color)});
     }
     if (instances.size() > first)
         batches.push_back({&system, first, instances.size() - first});

@@ -6,10 +6,13 @@
 #include "platform/render/Fence.h"
 #include "platform/render/FrameDelivery.h"
 #include "platform/render/FramePasses.h"
+#include "platform/render/PassMean.h"
 
 #include <epoxy/gl.h>
 
 #include <array>
+#include <cmath>
+#include <utility>
 
 namespace zelvo::render {
 namespace {
@@ -25,6 +28,24 @@ struct Slot {
     UniformArena uniforms;
     DrawnFrame frame;
     Fence done;
+    std::vector<std::uint8_t> mean; ///< of the passes; empty if the frame was drawn once
+};
+
+/// While it lives, the scene has a plain background.
+class PlainBackground {
+public:
+    PlainBackground(scene::SCNScene& given, float white)
+        : scene(given)
+        , contents(std::exchange(given.background.contents, image::Color::white(white))) {}
+
+    ~PlainBackground() { scene.background.contents = std::move(contents); }
+
+    PlainBackground(const PlainBackground&) = delete;
+    PlainBackground& operator=(const PlainBackground&) = delete;
+
+private:
+    scene::SCNScene& scene;
+    scene::SCNMaterialProperty::Contents contents;
 };
 
 Size drawnSizeOf(const FrameRequest& request) {
@@ -35,7 +56,8 @@ void checkRequest(const FrameRequest& request) {
     const Size size = request.outputSize;
     CHECK(size.width > 0 && size.height > 0, "a picture of {} x {}", size.width, size.height);
     CHECK(
-        request.quality.oversampling >= 1 && request.quality.oversampling <= 4,
+        request.quality.oversampling >= DrawQuality::kMinOversampling &&
+            request.quality.oversampling <= 4,
         "an oversampling of {}",
         request.quality.oversampling);
     const Size drawn = drawnSizeOf(request);
@@ -66,11 +88,26 @@ struct SCNRenderer::State {
         delivery = onCpu ? makeCpuDelivery() : makeGpuDelivery();
     }
 
+    [[nodiscard]] bool isDrawnOnce(const FrameRequest& request) const {
+        return request.quality.passesDrawn() == 1 && request.leftOut == 0;
+    }
+
+    /// Draws one pass of a frame and queues its delivery.
+    void
+    drawPass(SCNRenderer& renderer, Slot& slot, const FrameRequest& request, const Moment& moment);
+    /// Draws all passes and takes their mean.
+    void drawPasses(SCNRenderer& renderer, Slot& slot, const FrameRequest& request);
+    void addPasses(SCNRenderer& renderer, Slot& slot, const FrameRequest& request, PassMean& mean);
+
     std::unique_ptr<HeadlessContext> context; // must be destroyed last: all members below need it
     DeviceInfo device;
     FramePasses passes;
     std::unique_ptr<FrameDelivery> delivery;
     std::array<Slot, kFramesInFlight> slots;
+    RenderTarget coarse{TargetFormat::rgba8}; ///< a picture that is smaller than the output
+    Shutter shutter;
+    PassMean mean;
+    PassMean meanOnWhite; ///< of a picture with alpha
     /// frames begun since the start; a frame's slot is its number modulo kFramesInFlight
     std::size_t begun = 0;
     std::size_t finished = 0;
@@ -96,11 +133,90 @@ SCNRenderer::~SCNRenderer() {
     glFinish();
 }
 
+void SCNRenderer::State::drawPass(
+    SCNRenderer& renderer, Slot& slot, const FrameRequest& request, const Moment& moment) {
+    const Size drawnSize = drawnSizeOf(request);
+    const bool isEnlarged = drawnSize.width < request.outputSize.width;
+    passes.draw(
+        {*renderer.scene(),
+         renderer.pointOfView.get(),
+         renderer.technique,
+         drawnSize,
+         request.quality.samples,
+         request.outputSize,
+         slot.uniforms,
+         moment,
+         request.leftOut},
+        isEnlarged ? coarse : slot.picture);
+    if (isEnlarged) {
+        const auto [width, height] = request.outputSize;
+        slot.picture.resize(request.outputSize, passes.graphicsState());
+        glBlitNamedFramebuffer(
+            coarse.framebuffer(),
+            slot.picture.framebuffer(),
+            0,
+            0,
+            drawnSize.width,
+            drawnSize.height,
+            0,
+            0,
+            width,
+            height,
+            GL_COLOR_BUFFER_BIT,
+            GL_LINEAR);
+    }
+    delivery->queue(slot.frame, passes.graphicsState(), slot.uniforms);
+    slot.done.set();
+    glFlush();
+}
+
+void SCNRenderer::State::addPasses(
+    SCNRenderer& renderer, Slot& slot, const FrameRequest& request, PassMean& sum) {
+    constexpr float kOpen = 0.5F; // of a frame: a shutter of 180 degrees
+    const DrawQuality& quality = request.quality;
+    // The samples of a drawing are spread over the pixel already: a shift fills the gap between them.
+    const float gap = 1 / std::sqrt(static_cast<float>(quality.samples));
+    sum.start(byteCount(request.outputSize));
+    for (int pass = 0; pass < quality.passesDrawn(); ++pass) {
+        const int moment = pass % quality.moments;
+        const float part =
+            (static_cast<float>(moment) + 0.5F) / static_cast<float>(quality.moments);
+        Moment drawn{.shift = quality.passesDrawn() > 1 ? shiftOf(pass) * gap : glm::vec2(0)};
+        if (quality.moments > 1) {
+            drawn.shutter = &shutter;
+            drawn.share = 1 - kOpen + kOpen * part;
+        }
+        drawPass(renderer, slot, request, drawn);
+        slot.done.await();
+        sum.add(delivery->fetch(slot.frame));
+    }
+}
+
+void SCNRenderer::State::drawPasses(
+    SCNRenderer& renderer, Slot& slot, const FrameRequest& request) {
+    if (request.leftOut == 0) {
+        addPasses(renderer, slot, request, mean);
+        mean.write(slot.mean);
+        return;
+    }
+    {
+        const PlainBackground black(*renderer.scene(), 0);
+        addPasses(renderer, slot, request, mean);
+    }
+    {
+        const PlainBackground white(*renderer.scene(), 1);
+        addPasses(renderer, slot, request, meanOnWhite);
+    }
+    mean.writeMatte(meanOnWhite, slot.mean);
+}
+
 void SCNRenderer::begin(const FrameRequest& request) {
     checkRequest(request);
     CHECK(scene() != nullptr, "no scene is attached to the renderer");
     CHECK(framesInFlight() < kFramesInFlight, "{} frames are in flight already", framesInFlight());
     const double start = state->stopwatch();
+    if (request.quality.moments > 1)
+        state->shutter.open(*scene());
     update(request.time);
     const scene::SCNScenePtr drawn = scene();
     if (delegate != nullptr)
@@ -111,18 +227,13 @@ void SCNRenderer::begin(const FrameRequest& request) {
     const std::size_t index = state->begun % kFramesInFlight;
     Slot& slot = state->slots.at(index);
     slot.frame = {index, &slot.picture, request.outputSize};
-    state->passes.draw(
-        {*drawn,
-         pointOfView.get(),
-         technique,
-         drawnSizeOf(request),
-         request.quality.samples,
-         request.outputSize,
-         slot.uniforms},
-        slot.picture);
-    state->delivery->queue(slot.frame, state->passes.graphicsState(), slot.uniforms);
-    slot.done.set();
-    glFlush();
+    slot.mean.clear();
+    if (state->isDrawnOnce(request)) {
+        state->drawPass(*this, slot, request, {});
+    } else {
+        state->drawPasses(*this, slot, request);
+    }
+    state->shutter.close();
     ++state->begun;
     if (delegate != nullptr)
         delegate->rendererDidRenderScene(*this, *drawn, request.time);
@@ -138,7 +249,9 @@ FrameView SCNRenderer::finish() {
     ++state->finished;
     slot.done.await();
     const double drawn = state->stopwatch();
-    const FrameView view{slot.frame.outputSize, state->delivery->fetch(slot.frame)};
+    const FrameView view{
+        slot.frame.outputSize,
+        slot.mean.empty() ? state->delivery->fetch(slot.frame) : std::span(slot.mean)};
     // A software driver draws on this CPU, so waiting for it counts as drawing time.
     double& waited = state->device.isSoftware ? state->times.drawMs : state->times.readBackMs;
     waited += 1000 * (drawn - start);
@@ -152,10 +265,14 @@ int SCNRenderer::framesInFlight() const {
 }
 
 image::Image SCNRenderer::snapshotAtTime(double time, Size outputSize, const DrawQuality& quality) {
+    return snapshot({time, outputSize, quality});
+}
+
+image::Image SCNRenderer::snapshot(const FrameRequest& request) {
     CHECK(framesInFlight() == 0, "a snapshot in the middle of {} frames", framesInFlight());
-    begin({time, outputSize, quality});
+    begin(request);
     const FrameView view = finish();
-    image::Image picture(outputSize.width, outputSize.height);
+    image::Image picture(request.outputSize.width, request.outputSize.height);
     picture.pixels.assign(view.bytes.begin(), view.bytes.end());
     return picture;
 }

@@ -19,9 +19,12 @@ struct FrameRequest {
     double time = 0;             ///< scene time in seconds
     Size outputSize{1920, 1080}; ///< of the delivered picture
     DrawQuality quality{};
+    /// The background and the nodes of these categories are left out, and the picture has alpha.
+    /// 0: nothing is left out, and the picture is opaque.
+    std::uint32_t leftOut = 0;
 };
 
-/// The pixels of a finished frame: red, green, blue, alpha (opaque), rows from the top without
+/// The pixels of a finished frame: red, green, blue, straight alpha, rows from the top without
 /// gaps. Valid until the next call to the renderer.
 struct FrameView {
     Size size;
@@ -63,6 +66,7 @@ public:
     /// `begin` and `finish` in one call. Blocks until the picture is ready.
     [[nodiscard]] image::Image
     snapshotAtTime(double time, Size outputSize, const DrawQuality& quality = {});
+    [[nodiscard]] image::Image snapshot(const FrameRequest& request);
 
     [[nodiscard]] const FrameTimes& times() const;
     void resetTimes();

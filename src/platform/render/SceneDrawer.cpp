@@ -17,12 +17,10 @@ SceneDrawer::SceneDrawer(const DeviceInfo& device)
 
 SceneDrawer::Frame SceneDrawer::begin(
     const scene::SCNScene& scene,
-    const scene::SCNNode* pointOfView,
+    const Snapshot::Sight& sight,
     const RenderTarget& target,
     UniformArena& uniforms) {
-    const auto [width, height] = target.size();
-    snapshot.take(
-        scene, pointOfView, static_cast<float>(width) / static_cast<float>(height), height);
+    snapshot.take(scene, sight, target.size());
     views = shadowViews(snapshot);
     painter.begin();
     return {

@@ -42,7 +42,7 @@ public:
     /// Reads the scene, which must not change until `end`.
     [[nodiscard]] Frame begin(
         const scene::SCNScene& scene,
-        const scene::SCNNode* pointOfView,
+        const Snapshot::Sight& sight,
         const RenderTarget& target,
         UniformArena& uniforms);
     /// Frees what is no longer used.

@@ -34,6 +34,11 @@ const SCNNode* firstWithCamera(const SCNNode& node) {
     return nullptr;
 }
 
+glm::mat4 placeOf(const SCNNode& node, const Moment& moment) {
+    return moment.shutter != nullptr ? moment.shutter->worldTransform(node, moment.share)
+                                     : node.worldTransform();
+}
+
 /// Turns a node's axes to those of the camera; its size and position stay.
 glm::mat4 facing(const glm::mat4& world, const glm::mat3& axes) {
     glm::mat4 result = world;
@@ -97,8 +102,23 @@ bool Snapshot::isTranslucent(const SCNMaterial& material, float opacity) {
 
 void Snapshot::take(
     const scene::SCNScene& scene, const SCNNode* pointOfView, float aspect, int height) {
-    placeCamera(scene, pointOfView, aspect);
+    sight_ = {pointOfView};
+    seconds = 0;
+    placeCamera(scene, aspect);
     pixelsAtOne = camera_.projection[1][1] * static_cast<float>(height) / 2;
+    collect(scene);
+}
+
+void Snapshot::take(const scene::SCNScene& scene, const Sight& sight, Size size) {
+    sight_ = sight;
+    const Moment& moment = sight.moment;
+    const double opened = moment.shutter != nullptr ? moment.shutter->openedAt() : scene.time();
+    seconds = static_cast<float>((1 - moment.share) * (scene.time() - opened));
+    placeCamera(scene, static_cast<float>(size.aspect()));
+    camera_.projection[2][0] -= 2 * moment.shift.x / static_cast<float>(size.width);
+    camera_.projection[2][1] -= 2 * moment.shift.y / static_cast<float>(size.height);
+    camera_.viewProjection = camera_.projection * camera_.view;
+    pixelsAtOne = camera_.projection[1][1] * static_cast<float>(size.height) / 2;
     collect(scene);
 }
 
@@ -106,6 +126,8 @@ void Snapshot::takeMirrored(const scene::SCNScene& scene, const Snapshot& other,
     constexpr float kCoarser = 0.25f; // the mirror image has fewer pixels
     camera_ = mirrored(other.camera_, height);
     sceneCamera_ = other.sceneCamera_;
+    sight_ = other.sight_;
+    seconds = other.seconds;
     pixelsAtOne = other.pixelsAtOne * kCoarser;
     collect(scene);
 }
@@ -127,20 +149,33 @@ void Snapshot::collect(const scene::SCNScene& scene) {
     });
 }
 
-void Snapshot::placeCamera(const scene::SCNScene& scene, const SCNNode* pointOfView, float aspect) {
-    const SCNNode* node = pointOfView != nullptr ? pointOfView : firstWithCamera(*scene.rootNode());
+void Snapshot::placeCamera(const scene::SCNScene& scene, float aspect) {
+    const SCNNode* node =
+        sight_.pointOfView != nullptr ? sight_.pointOfView : firstWithCamera(*scene.rootNode());
     sceneCamera_ = node != nullptr ? node->camera.get() : nullptr;
     const scene::SCNCamera fallback;
     camera_ = makeCameraView(
-        node != nullptr ? node->worldTransform() : glm::mat4(1),
+        node != nullptr ? placeOf(*node, sight_.moment) : glm::mat4(1),
         sceneCamera_ != nullptr ? *sceneCamera_ : fallback,
         aspect);
+}
+
+bool Snapshot::isLeftOut(const SCNNode& node) const {
+    return (node.categoryBitMask & sight_.leftOut) != 0;
 }
 
 void Snapshot::walk(const SCNNode& node, const Inherited& inherited, const Frustum& frustum) {
     if (node.isHidden)
         return;
-    Inherited own{inherited.world * node.transform(), inherited.opacity * node.opacity.presented()};
+    const Moment& moment = sight_.moment;
+    Inherited own = inherited;
+    if (moment.shutter != nullptr) {
+        own.world *= moment.shutter->transform(node, moment.share);
+        own.opacity *= moment.shutter->opacity(node, moment.share);
+    } else {
+        own.world *= node.transform();
+        own.opacity *= node.opacity.presented();
+    }
     if (node.isBillboard)
         own.world = facing(own.world, camera_.axes);
     if (node.light && node.light->intensity.presented() > 0) {
@@ -151,11 +186,11 @@ void Snapshot::walk(const SCNNode& node, const Inherited& inherited, const Frust
              glm::vec3(own.world[3]),
              length > 0 ? -backwards / length : glm::vec3(0, 0, -1)});
     }
-    if (node.geometry && own.opacity >= kInvisible)
+    if (node.geometry && own.opacity >= kInvisible && !isLeftOut(node))
         addNode(node, own, frustum);
     for (const auto& emitter : node.emitters()) {
-        if (!emitter->live().empty())
-            emitters_.push_back({emitter.get(), own.opacity});
+        if (!emitter->live().empty() && !isLeftOut(node))
+            emitters_.push_back({emitter.get(), own.opacity, seconds});
     }
     for (const scene::SCNNodePtr& child : node.childNodes()) {
         walk(*child, own, frustum);

@@ -3,6 +3,8 @@
 
 #include "platform/render/CameraView.h"
 #include "platform/render/PictureHoles.h"
+#include "platform/render/Shutter.h"
+#include "platform/render/Size.h"
 #include "platform/scene/SCNScene.h"
 
 #include <cstddef>
@@ -53,6 +55,7 @@ struct PlacedLight {
 struct PlacedEmitter {
     const scene::ParticleEmitter* emitter = nullptr;
     float opacity = 1; ///< multiplied by those of the ancestors
+    float seconds = 0; ///< from the moment that is drawn to the particles' state
 };
 
 /// A flat, sorted list of what to draw in this frame. It is rebuilt each frame but reuses its
@@ -70,6 +73,16 @@ public:
         const scene::SCNNode* pointOfView,
         float aspect,
         int height = 0);
+
+    /// From where, when, and without which categories a scene is looked at.
+    struct Sight {
+        const scene::SCNNode* pointOfView = nullptr;
+        Moment moment{};
+        std::uint32_t leftOut = 0;
+    };
+
+    /// With the picture's size in pixels, which the moment's shift needs.
+    void take(const scene::SCNScene& scene, const Sight& sight, Size size);
 
     /// What a level mirror at this height shows of the scene. `other` was taken from the scene in
     /// this frame. Things under the mirror are cut off by the camera's near plane.
@@ -111,13 +124,16 @@ private:
     };
 
     void collect(const scene::SCNScene& scene);
-    void placeCamera(const scene::SCNScene& scene, const scene::SCNNode* pointOfView, float aspect);
+    void placeCamera(const scene::SCNScene& scene, float aspect);
+    [[nodiscard]] bool isLeftOut(const scene::SCNNode& node) const;
     void walk(const scene::SCNNode& node, const Inherited& inherited, const Frustum& frustum);
     void addNode(const scene::SCNNode& node, const Inherited& own, const Frustum& frustum);
     void addItems(std::uint32_t index);
     /// Whether blending is needed to draw this material with this opacity.
     [[nodiscard]] bool isTranslucent(const scene::SCNMaterial& material, float opacity);
 
+    Sight sight_;
+    float seconds = 0; ///< from the moment to the scene's time
     CameraView camera_;
     float pixelsAtOne = 0; ///< pixels of a length of 1 at a distance of 1
     const scene::SCNCamera* sceneCamera_ = nullptr;
