@@ -59,7 +59,7 @@ void TechniquePasses::draw(
 void TechniquePasses::plan(const scene::SCNTechniquePtr& technique) {
     planned = technique;
     while (targets.size() < technique->targets.size())
-        targets.push_back({TargetFormat::rgba8});
+        targets.push_back({TargetFormat::half}); // soft gradients have no steps
     steps.clear();
     for (const scene::SCNTechnique::Pass& pass : technique->passes) {
         FullscreenPass* const found = function(pass);

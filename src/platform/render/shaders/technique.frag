@@ -89,26 +89,46 @@ vec3 effect() {
 }
 
 #elif defined(growFragmentShader)
-vec3 effect() { return textureLod(uPicture, gl_FragCoord.xy / u_size, 0.0).rgb; }
+// Cubic B-spline from four bilinear lookups (Sigg and Hadwiger 2005, "Fast Third-Order Texture
+// Filtering"): bilinear growth alone shows a grid in soft gradients. Noise hides the steps of 8 bits.
+vec3 effect() {
+    vec2 size = vec2(pictureSize());
+    vec2 p = gl_FragCoord.xy / u_size * size - 0.5;
+    vec2 f = fract(p);
+    vec2 f2 = f * f;
+    vec2 w0 = (1.0 - f) * (1.0 - f) * (1.0 - f) / 6.0;
+    vec2 w1 = (4.0 - 6.0 * f2 + 3.0 * f2 * f) / 6.0;
+    vec2 w3 = f2 * f / 6.0;
+    vec2 w2 = 1.0 - w0 - w1 - w3;
+    vec4 g = vec4(w0 + w1, w2 + w3);
+    vec4 at = vec4(floor(p) - 0.5 + w1 / g.xy, floor(p) + 1.5 + w3 / g.zw) / size.xyxy;
+    vec3 low = g.x * textureLod(uPicture, at.xy, 0.0).rgb + g.z * textureLod(uPicture, at.zy, 0.0).rgb;
+    vec3 high = g.x * textureLod(uPicture, at.xw, 0.0).rgb + g.z * textureLod(uPicture, at.zw, 0.0).rgb;
+    float noise = fract(52.9829189 * fract(dot(gl_FragCoord.xy, vec2(0.06711056, 0.00583715)))) - 0.5;
+    return g.y * low + g.w * high + noise / 255.0;
+}
 
 #elif defined(repeatFragmentShader)
 // Repeats the smaller picture to the right and down.
 vec3 effect() { return texelFetch(uPicture, here() % pictureSize(), 0).rgb; }
 
 #elif defined(gaussFragmentShader)
-// Gaussian blur: thirteen samples, half a standard deviation apart. radius, directionX, directionY:
-// see TechniquePasses.
+// Gaussian blur to three standard deviations. Each lookup takes two pixels at once, from between
+// them. radius (the standard deviation), directionX, directionY: see the technique's file.
 vec3 effect() {
     vec2 size = vec2(pictureSize());
-    vec2 stride = 0.5 * radius * size.y * vec2(directionX, directionY) / size;
+    vec2 stride = vec2(directionX, directionY) / size;
     vec2 middle = gl_FragCoord.xy / size;
+    float narrowness = 0.5 / pow(max(radius * size.y, 0.5), 2.0);
     vec3 sum = textureLod(uPicture, middle, 0.0).rgb;
     float weights = 1.0;
-    for (int i = 1; i <= 6; ++i) {
-        float weight = exp(-0.125 * float(i * i));
-        vec2 offset = stride * float(i);
-        sum += weight * (textureLod(uPicture, middle + offset, 0.0).rgb + textureLod(uPicture, middle - offset, 0.0).rgb);
-        weights += 2.0 * weight;
+    int reach = int(ceil(3.0 * radius * size.y));
+    for (int i = 1; i <= reach; i += 2) {
+        float near = exp(-narrowness * float(i * i));
+        float far = exp(-narrowness * float((i + 1) * (i + 1)));
+        vec2 offset = stride * (float(i) + far / (near + far));
+        sum += (near + far) * (textureLod(uPicture, middle + offset, 0.0).rgb + textureLod(uPicture, middle - offset, 0.0).rgb);
+        weights += 2.0 * (near + far);
     }
     return sum / weights;
 }
