@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Lightning.h"
 #include "Noise.h"
 #include "Recipe.h"
 #include "Surface.h"
@@ -78,6 +79,31 @@ float smoke(const glm::vec2& p) {
     return (1 - glm::smoothstep(0.10f, 0.88f, r)) * std::clamp(billows, 0.0f, 1.0f) * vignette(p);
 }
 
+float density(const glm::vec2& p) {
+    const glm::vec2 tile = p * 0.5f + 0.5f;
+    const glm::vec2 bent = warped(tile, 0.08f, octaves(4, 3, 0.5f, 37));
+    const float billows = 0.75f + 0.8f * fractal(bent, octaves(4, 5, 0.5f, 19));
+    const float r =
+        glm::length(p * glm::vec2(0.95f, 1.25f)) + 0.3f * fractal(tile, octaves(3, 2, 0.5f, 67));
+    return (1 - glm::smoothstep(0.05f, 0.8f, r)) * std::clamp(billows, 0.0f, 1.0f);
+}
+
+/// A cloud, lit from above: its underside is grey.
+Baked cloud(int width, int height) {
+    return {
+        picture(
+            width,
+            height,
+            [](const glm::vec2& share) {
+                const glm::vec2 p{share.x * 2 - 1, 1 - share.y * 2};
+                const float here = density(p);
+                const float above = density(p + glm::vec2(0.05f, 0.12f));
+                const float shade = std::clamp(0.9f + 0.6f * (here - above), 0.68f, 1.0f);
+                return glm::vec4(glm::vec3(shade), std::min(1.0f, 1.3f * here) * vignette(p));
+            }),
+        {}};
+}
+
 /// A flame: ragged, hot in the middle.
 float flame(const glm::vec2& p) {
     const glm::vec2 tile = p * 0.5f + 0.5f;
@@ -130,23 +156,6 @@ float shock(const glm::vec2& p) {
     return wave * grain * (1 - glm::smoothstep(0.93f, 1.0f, r));
 }
 
-/// How far a lightning is to the side at a height.
-float course(float y, std::uint32_t seed) {
-    const float share = (y + 1) / 2;
-    return 0.9f * fractal({share, 0.5f}, octaves(4, 5, 0.62f, seed)) * (1 - y * y);
-}
-
-float bolt(const glm::vec2& p) {
-    const float off = std::abs(p.x - course(p.y, 3));
-    const float branchOff =
-        std::abs(p.x - course(p.y, 3) - 0.45f * (0.25f - p.y) - 0.5f * course(p.y, 29));
-    const float branch = p.y < 0.25f ? 1 - glm::smoothstep(-0.65f, 0.1f, -p.y - 0.25f) : 0.0f;
-    const float core = bell(off, 0.022f) + 0.38f * bell(off, 0.10f) + 0.12f * bell(off, 0.28f);
-    const float twig = bell(branchOff, 0.014f) + 0.22f * bell(branchOff, 0.07f);
-    return (core + 0.6f * branch * twig) * (1 - glm::smoothstep(0.8f, 1.0f, std::abs(p.y))) *
-           vignette({p.x, 0});
-}
-
 /// A drop with a bright edge.
 float drop(const glm::vec2& p) {
     const float r = glm::length(p);
@@ -155,15 +164,31 @@ float drop(const glm::vec2& p) {
     return body * (0.25f + 0.6f * glm::smoothstep(0.2f, 0.66f, r)) + shine;
 }
 
-/// The sweeping streak: a thin bright line with a wide glow, fading at both ends, over finer lines
-/// of light.
+/// The sweeping comet: a head that looks to the right, a tail of fibres that wave and fade, and
+/// glints along it.
 float streak(const glm::vec2& p) {
-    const float ends = std::pow(std::max(0.0f, 1 - p.x * p.x), 1.5f);
-    const float core = bell(p.y, 0.018f + 0.05f * ends);
-    const float glow = 0.34f * bell(p.y, 0.32f * ends + 0.02f);
-    const float lines = fractal({(p.x + 1) / 2 * 0.06f, (p.y + 1) / 2}, octaves(16, 3, 0.6f, 57));
-    const float fibres = 0.5f * std::max(0.0f, lines) * bell(p.y, 0.36f);
-    return (core + glow + fibres) * ends * (1 - glm::smoothstep(0.7f, 1.0f, std::abs(p.y)));
+    constexpr float kHead = 0.35f; // where the tip is
+    const float behind = kHead - p.x;
+    const float tail = std::clamp(behind / (1 + kHead), 0.0f, 1.0f);
+    const float along = behind < 0 ? 0.0f : std::pow(1 - tail, 1.3f);
+    // The picture is twelve times as wide as high.
+    const float r = glm::length(glm::vec2(behind * (behind < 0 ? 9.0f : 5.0f), p.y));
+    const float head = bell(r, 0.15f) + 0.5f * bell(r, 0.3f) + 0.3f * bell(r, 0.5f);
+    const float width = 0.10f + 0.30f * tail;
+    const float lines =
+        fractal({(p.x + 1) * 0.05f, (p.y / (1 + tail) + 1) / 2}, octaves(14, 4, 0.6f, 57));
+    const float fibres = (0.55f + 2.4f * std::max(0.0f, lines)) * bell(p.y, width);
+    const float core = 0.8f * bell(p.y, 0.035f) * (1 - tail);
+    const float spot = fractal({(p.x + 1) / 2, (p.y + 1) / 24}, octaves(160, 1, 0.5f, 33));
+    const float glints = 0.9f * glm::smoothstep(0.5f, 0.7f, spot) * bell(p.y, 0.42f);
+    const float ray = 0.6f * bell(p.y, 0.012f) * bell(behind, 0.16f); // through the head
+    return (head + ray + along * (core + fibres + glints)) *
+           (1 - glm::smoothstep(0.72f, 1.0f, std::abs(p.y))) *
+           (1 - glm::smoothstep(0.6f, 1.0f, p.x));
+}
+
+template <std::uint32_t seed> Baked lightning(int width, int height) {
+    return lightningPicture(width, height, seed);
 }
 
 template <float (*cover)(const glm::vec2&)> Baked made(int width, int height) {
@@ -185,7 +210,11 @@ Baked streakCover(int width, int height) {
 // clang-format off
 constexpr auto kRecipes = std::to_array<Recipe>({
     {"particle_beam.png",     Repeats::never, 32,   256, made<beam>    },
-    {"particle_bolt.png",     Repeats::never, 128,  256, made<bolt>    },
+    {"particle_bolt1.png",    Repeats::never, 640,  640, lightning<3>  },
+    {"particle_bolt2.png",    Repeats::never, 640,  640, lightning<14> },
+    {"particle_bolt3.png",    Repeats::never, 640,  640, lightning<25> },
+    {"particle_bolt4.png",    Repeats::never, 640,  640, lightning<36> },
+    {"particle_cloud.png",    Repeats::never, 256,  256, cloud         },
     {"particle_dot.png",      Repeats::never, 64,   64,  made<dot>     },
     {"particle_drop.png",     Repeats::never, 64,   64,  made<drop>    },
     {"particle_flame.png",    Repeats::never, 128,  128, made<flame>   },
@@ -197,7 +226,7 @@ constexpr auto kRecipes = std::to_array<Recipe>({
     {"particle_spark.png",    Repeats::never, 32,   128, made<spark>   },
     {"particle_square.png",   Repeats::never, 128,  128, made<square>  },
     {"particle_triangle.png", Repeats::never, 128,  128, made<triangle>},
-    {"Streak_1.png",          Repeats::never, 1024, 128, streakCover   },
+    {"Streak_1.png",          Repeats::never, 2048, 256, streakCover   },
 });
 // clang-format on
 
