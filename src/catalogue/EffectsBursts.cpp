@@ -79,6 +79,7 @@ void burst(
     light->categoryBitMask = node::kContentMask;
     light->color = {flash.color.r, flash.color.g, flash.color.b, 1};
     light->intensity = flash.start;
+    strengthen(*light, EffectLight::burst);
     const auto node = std::make_shared<node::DefaultSCNNode>();
     node->light = light;
     node->position = pose.position;

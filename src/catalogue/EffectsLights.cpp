@@ -50,6 +50,7 @@ Button particleButton(const char* title, stage::ParticleList const stage::Nodes:
 
 void sweepBeacon(ActionController& controller, double d) {
     const NodePtr node = node::LightNodes::spotLight();
+    strengthen(*node->light, EffectLight::beacon);
     node->position = kBeaconStart;
     controller.nodes.addEffect(*controller.nodes.cameraNode, node);
     const std::weak_ptr<node::DefaultSCNNode> weak = node;
@@ -78,7 +79,8 @@ struct Streak {
     scene::SCNLightPtr light;
 };
 
-scene::SCNMaterialPtr streakMaterial() {
+/// The comet's head leads the first sweep, wherever that starts.
+scene::SCNMaterialPtr streakMaterial(bool goesLeft) {
     auto material = std::make_shared<scene::SCNMaterial>();
     material->lightingModelName = scene::SCNLightingModel::constant;
     for (scene::SCNMaterialProperty* slot :
@@ -91,6 +93,12 @@ scene::SCNMaterialPtr streakMaterial() {
     material->transparencyMode = scene::SCNTransparencyMode::rgbZero;
     material->transparency = 1;
     material->transparent.setImage(image::requiredImage("Streak_1.png"));
+    if (goesLeft) {
+        glm::mat4 mirrored(1); // u becomes 1 - u
+        mirrored[0][0] = -1;
+        mirrored[3][0] = 1;
+        material->transparent.contentsTransform = mirrored;
+    }
     return material;
 }
 
@@ -123,6 +131,7 @@ scene::SCNLightPtr streakLight() {
     light->intensity = 1e7;
     light->categoryBitMask = node::kContentMask;
     light->zFar = 10000;
+    strengthen(*light, EffectLight::streak);
     return light;
 }
 
@@ -136,7 +145,7 @@ Streak drawnStreak(double d) {
     const float z = randomDegrees(0, 70);
     streak.start = {x, y, z};
     streak.seconds = (d + longer) * 0.77;
-    streak.material = streakMaterial();
+    streak.material = streakMaterial(x > 0);
     streak.flicker = flickerOver(streak.seconds);
     streak.sweep = sweepOver(streak.seconds, streak.start);
     streak.wait = SCNAction::wait(kSweepShare * streak.seconds);

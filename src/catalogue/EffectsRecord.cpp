@@ -4,6 +4,7 @@
 #include "actions/ActionController.h"
 #include "platform/scene/SCNTransaction.h"
 
+#include <array>
 #include <string>
 #include <utility>
 
@@ -12,6 +13,9 @@ namespace zelvo::catalogue {
 namespace {
 
 constexpr double kRemovalDelay = 0.1;
+/// In the order of EffectLight.
+constexpr auto kLightGains = std::to_array<double>({60, 60, 4});
+constexpr float kLightLift = 120; ///< scene units, out of the letters
 
 } // namespace
 
@@ -21,6 +25,11 @@ void recordEffect(const PressContext& context, std::string_view title, std::func
         context.controller.newIdentifier(),
         std::string(title),
         actions::RegisterUndo::yes);
+}
+
+void strengthen(scene::SCNLight& light, EffectLight kind) {
+    light.gain = kLightGains.at(static_cast<std::size_t>(kind));
+    light.lift = kLightLift;
 }
 
 void addParticles(scene::SCNNode& node, const stage::ParticleList& list) {

@@ -17,6 +17,12 @@ using NodePtr = node::DefaultSCNNodePtr;
 /// Records an effect; its title is used without names of nodes.
 void recordEffect(const PressContext& context, std::string_view title, std::function<void()> body);
 
+enum class EffectLight { burst, beacon, streak };
+
+/// Makes the light of an effect seen on the letters. The intensities of effects are small for the
+/// size of a stage; this is the one place that makes up for it.
+void strengthen(scene::SCNLight& light, EffectLight kind);
+
 /// Adds all systems to the node, in this order.
 void addParticles(scene::SCNNode& node, const stage::ParticleList& list);
 

@@ -46,7 +46,7 @@ TEST_F(ParticleTest, CoversOrAddsByItsAlpha) {
               {lit(0.5, 255, 0.5, 64), lit(0.5, 64), lit(0.5, 64)}},
              {{1, 0.5f, 0, 0.5f},
               ParticleBlendMode::additive,
-              {lit(1, 128, 1, 64), lit(1, 64, 1, 64), 64}}}) {
+              {lit(1.25, 128, 0.675, 64), lit(1.25, 64, 0.675, 64), lit(0.675, 64)}}}) {
         const scene::SCNNodePtr node = addParticle(row.color, row.mode);
         expectNear(middle(), row.wanted, 2);
         expectNear(at(draw(), 10, 32), {64, 64, 64}, 1); // beside it
@@ -56,20 +56,44 @@ TEST_F(ParticleTest, CoversOrAddsByItsAlpha) {
     }
 }
 
-TEST_F(ParticleTest, StandsBehindWhatIsNearer) {
+TEST_F(ParticleTest, FadesWhereAWallCutsThroughIt) {
     addParticle({1, 0, 0, 1}, ParticleBlendMode::alpha, -3);
     addParticle({0, 1, 0, 1}, ParticleBlendMode::additive, -3);
-    addParticle({1, 0, 0, 1}, ParticleBlendMode::alpha, -1.3f);
-    expectNear(middle(), {64, 64, 64}, 1);
-    // An additive particle is a ball: half its size is in front of the wall.
-    addParticle({0, 0, 0.5f, 1}, ParticleBlendMode::additive, -1.3f);
-    expectNear(middle(), {64, 64, lit(1, 128, 1, 64)}, 1);
+    expectNear(middle(), {64, 64, 64}, 1); // behind the wall
+    // A fifth of the ball is before the wall.
+    const scene::SCNNodePtr node = addParticle({1, 0, 0, 1}, ParticleBlendMode::alpha, -1.3f);
+    expectNear(middle(), {lit(0.2, 255, 0.8, 64), lit(0.8, 64), lit(0.8, 64)}, 3);
+    node->removeFromParentNode();
+    addParticle({1, 0, 0, 1}, ParticleBlendMode::alpha, -0.4f);
+    expectNear(middle(), {255, 0, 0}, 2);
+}
+
+TEST_F(ParticleTest, KeepsTheHueOfManyGlows) {
+    for (int i = 0; i < 20; ++i) {
+        addParticle({1, 0.4f, 0, 0.9f}, ParticleBlendMode::additive);
+    }
+    const Pixel seen = middle();
+    EXPECT_GT(seen[0], 250);
+    EXPECT_LT(seen[1], 200);
+    EXPECT_LT(seen[2], 120);
+}
+
+TEST_F(ParticleTest, TakesUpTheLightOnlyIfAsked) {
+    scene->lightingEnvironment.contents = {};
+    scene->background.contents = image::Color::hex(0x0000FF);
+    for (const bool isLit : {false, true}) {
+        const scene::SCNNodePtr node = addParticle({1, 1, 1, 1}, ParticleBlendMode::alpha);
+        node->particleSystems().front()->lightingEnabled = isLit;
+        EXPECT_EQ(middle()[0], isLit ? 0 : 255);
+        EXPECT_EQ(middle()[2], 255);
+        node->removeFromParentNode();
+    }
 }
 
 TEST_F(ParticleTest, FadesBeforeTheCamera) {
     const scene::SCNNodePtr node = addParticle({1, 1, 1, 1}, ParticleBlendMode::additive, 45);
     const int half = middle()[0]; // 55 units away: half way between 20 and 90
-    EXPECT_NEAR(half, lit(1, 128, 1, 64), 3);
+    EXPECT_NEAR(half, lit(1.25, 128, 0.675, 64), 3);
     node->removeFromParentNode();
     addParticle({1, 1, 1, 1}, ParticleBlendMode::additive, 85);
     expectNear(middle(), {64, 64, 64}, 1);

@@ -53,10 +53,10 @@ std::uint64_t keyOf(const LightSet& set, const ShadowPass& shadows) {
 }
 
 /// Whether the lit colour is light of the scene. A surface that only ambient light falls on shows
-/// the colours that the user gave it.
-bool showsSceneLight(const MaterialBinding& binding, const LightCounts& lights) {
-    const bool hasLamps = lights.directional + lights.omni + lights.spot > 0;
-    return (binding.features & kLit) != 0 && (hasLamps || (binding.features & kEnvironment) != 0);
+/// the colours that the user gave it; a flash does not change them.
+bool showsSceneLight(const MaterialBinding& binding, const LightSet& lights) {
+    return (binding.features & kLit) != 0 &&
+           (lights.hasLamps || (binding.features & kEnvironment) != 0);
 }
 
 void addPicture(Hash& hash, const scene::SCNMaterialProperty& slot) {
@@ -210,7 +210,7 @@ void ItemPainter::draw(
     const bool isTranslucent = depthTest == DepthTest::equal || item.isTranslucent;
     if (isTranslucent)
         binding.features |= kTranslucent;
-    const bool isSceneLight = showsSceneLight(binding, sets[lights].set.counts);
+    const bool isSceneLight = showsSceneLight(binding, sets[lights].set);
     if (isSceneLight)
         binding.features |= kSceneLight;
     bind(frame, binding, lights);

@@ -41,11 +41,6 @@ int rank(SCNLightType type, bool hasShadow) {
     return kind * 2 + (hasShadow ? 0 : 1);
 }
 
-glm::vec3 radiance(const SCNLight& light) {
-    return linearColor(light.color) *
-           static_cast<float>(light.intensity.presented() / kNominalIntensity);
-}
-
 void writeLight(LightBlock& block, std::size_t i, const PlacedLight& placed) {
     const SCNLight& light = *placed.light;
     const bool isDirectional = light.type == SCNLightType::directional;
@@ -98,6 +93,11 @@ void addLight(
 
 } // namespace
 
+glm::vec3 radiance(const SCNLight& light) {
+    return linearColor(light.color) *
+           static_cast<float>(light.intensity.presented() * light.gain / kNominalIntensity);
+}
+
 std::uint32_t LightCounts::key() const {
     return static_cast<std::uint32_t>(
         directional | directionalShadows << 4 | omni << 7 | spot << 11 | spotShadows << 15);
@@ -126,6 +126,7 @@ LightSet makeLightSet(
             set.block.ambient += glm::vec4(radiance(light), 0);
         } else if (count < chosen.size()) {
             chosen.at(count++) = i;
+            set.hasLamps = set.hasLamps || light.gain == 1;
         }
     }
     const auto rankOf = [&](std::uint32_t i) {

@@ -31,10 +31,14 @@ struct LightCounts {
 struct LightSet {
     std::uint32_t mask = 0;
     LightCounts counts;
+    bool hasLamps = false; ///< a light of an effect (with a gain) does not count
     LightBlock block;
     /// For each map that the shader reads, the index of its view.
     std::array<std::uint32_t, kMaxShadows> shadowViews{};
 };
+
+/// Linear colour times brightness; 1 is nominal.
+[[nodiscard]] glm::vec3 radiance(const scene::SCNLight& light);
 
 /// Selects and sorts the lights for the nodes of a mask. Only the first kMaxLights are used.
 [[nodiscard]] LightSet makeLightSet(

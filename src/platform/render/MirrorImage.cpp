@@ -36,7 +36,10 @@ void MirrorImage::draw(const Tools& tools, const Request& request) {
     frame.isMirrored = true;
     tools.state.setScissor(request.part);
     drawItems(tools, frame);
-    tools.particles.draw({tools.state, tools.textures}, snapshot);
+    tools.particles.draw(
+        {tools.state, tools.textures},
+        snapshot,
+        {nullptr, ParticleLight(request.scene, snapshot.lights())});
     tools.state.setScissor(std::nullopt);
     blur(tools, request);
 }

@@ -19,9 +19,9 @@ namespace {
 using scene::Particle;
 using scene::ParticleBlendMode;
 
-constexpr float kGone = 20;      ///< scene units from the camera: nothing nearer is drawn
-constexpr float kUntouched = 90; ///< scene units from the camera: nothing farther fades
-constexpr float kMaxLift = 0.6f; ///< as a share of the distance to the camera
+constexpr float kGone = 20;        ///< scene units from the camera: nothing nearer is drawn
+constexpr float kUntouched = 90;   ///< scene units from the camera: nothing farther fades
+constexpr float kMaxRadius = 0.6f; ///< as a share of the distance to the camera
 constexpr float kFaintest = 1.0f / 255;
 constexpr std::size_t kMinCapacity = 1024;
 
@@ -62,6 +62,10 @@ Sides stretchedSides(const Particle& particle, const CameraView& camera, float s
     return {across * (half / length), up};
 }
 
+glm::vec4 litColor(const glm::vec4& color, const glm::vec3& light) {
+    return {glm::vec3(color) * light, color.a};
+}
+
 ProgramHandle build(std::vector<std::string> defines) {
     auto built = buildProgram({"particles.vert", "particles.frag", std::move(defines)});
     CHECK(built.has_value(), "{}", built.error().message);
@@ -70,21 +74,27 @@ ProgramHandle build(std::vector<std::string> defines) {
 
 } // namespace
 
-void ParticlePass::draw(const Tools& tools, const Snapshot& snapshot) {
+void ParticlePass::draw(const Tools& tools, const Snapshot& snapshot, const Place& place) {
     if (snapshot.emitters().empty())
         return;
     instances.clear();
     batches.clear();
-    gather(snapshot, ParticleBlendMode::alpha);
-    gather(snapshot, ParticleBlendMode::additive);
+    gather(snapshot, ParticleBlendMode::alpha, place.light);
+    gather(snapshot, ParticleBlendMode::additive, place.light);
     if (batches.empty())
         return;
     ensureReady();
     upload();
+    const Programs& programs = programsFor(place.target);
+    if (place.target != nullptr) {
+        // The depth is also bound for the depth test. It is not written, so both may read it.
+        glTextureBarrier();
+        tools.state.bindTexture(kDepthUnit, place.target->depth(), tools.textures.smoothSampler());
+    }
     tools.state.bindVertexArray(array.name());
     for (const Batch& batch : batches) {
         const bool isGlow = batch.system->blendMode == ParticleBlendMode::additive;
-        tools.state.useProgram((isGlow ? glow : cover).name());
+        tools.state.useProgram((isGlow ? programs.glow : programs.cover).name());
         const image::ImagePtr& picture = batch.system->particleImage;
         tools.state.bindTexture(
             kPictureUnit,
@@ -94,7 +104,7 @@ void ParticlePass::draw(const Tools& tools, const Snapshot& snapshot) {
             {.depthTest = DepthTest::nearer,
              .depthWrite = DepthWrite::off,
              .culling = Culling::none,
-             .blend = isGlow ? Blend::add : Blend::over});
+             .blend = Blend::over});
         glDrawArraysInstancedBaseInstance(
             GL_TRIANGLE_STRIP,
             0,
@@ -104,28 +114,29 @@ void ParticlePass::draw(const Tools& tools, const Snapshot& snapshot) {
     }
 }
 
-void ParticlePass::gather(const Snapshot& snapshot, ParticleBlendMode mode) {
+void ParticlePass::gather(
+    const Snapshot& snapshot, ParticleBlendMode mode, const ParticleLight& light) {
     for (const PlacedEmitter& placed : snapshot.emitters()) {
         if (placed.emitter->system()->blendMode == mode)
-            addBatch(placed, snapshot.camera(), mode);
+            addBatch(placed, snapshot.camera(), light);
     }
 }
 
 void ParticlePass::addBatch(
-    const PlacedEmitter& placed, const CameraView& camera, ParticleBlendMode mode) {
+    const PlacedEmitter& placed, const CameraView& camera, const ParticleLight& light) {
+    const scene::SCNParticleSystem& system = *placed.emitter->system();
     const std::span<const Particle> particles = placed.emitter->live();
     const glm::vec3 ahead = -camera.axes[2];
-    const float seconds = placed.seconds * placed.emitter->system()->speedFactor;
+    const float seconds = placed.seconds * system.speedFactor;
     order.clear();
     for (std::uint32_t i = 0; i < particles.size(); ++i) {
         const float depth = glm::dot(particles[i].position - camera.position, ahead);
         if (depth > kGone)
             order.emplace_back(-depth, i);
     }
-    if (mode == ParticleBlendMode::alpha)
+    if (system.blendMode == ParticleBlendMode::alpha)
         std::ranges::sort(order);
 
-    const scene::SCNParticleSystem& system = *placed.emitter->system();
     const std::size_t first = instances.size();
     for (const auto& [minusDepth, i] : order) {
         const Particle& particle = particles[i];
@@ -136,25 +147,40 @@ void ParticlePass::addBatch(
         const Sides sides = system.stretchFactor > 0
                                 ? stretchedSides(particle, camera, system.stretchFactor)
                                 : facingSides(particle, camera);
-        const float lift = mode == ParticleBlendMode::additive
-                               ? std::min(particle.size / 2, kMaxLift * -minusDepth)
-                               : 0.0f;
+        if (system.lightingEnabled)
+            color = litColor(color, light.at(particle.position));
+        const float radius = std::min(particle.size / 2, kMaxRadius * -minusDepth);
         instances.push_back(
             {particle.position - particle.velocity * seconds,
              sides.right,
              sides.up,
-             lift,
+             radius,
              packed(color)});
     }
     if (instances.size() > first)
         batches.push_back({&system, first, instances.size() - first});
 }
 
+const ParticlePass::Programs& ParticlePass::programsFor(const RenderTarget* target) {
+    const bool isSoft = target != nullptr;
+    const bool hasSamples = isSoft && target->samples() > 1;
+    Programs& programs = hasSamples ? softOfSamples : isSoft ? soft : hard;
+    if (!programs.cover) {
+        std::vector<std::string> defines;
+        if (isSoft)
+            defines.emplace_back("SOFT");
+        if (hasSamples)
+            defines.emplace_back("MULTISAMPLED");
+        programs.cover = build(defines);
+        defines.emplace_back("GLOW");
+        programs.glow = build(std::move(defines));
+    }
+    return programs;
+}
+
 void ParticlePass::ensureReady() {
-    if (cover)
+    if (array)
         return;
-    cover = build({});
-    glow = build({"ADDITIVE"});
     GLuint name = 0;
     glCreateVertexArrays(1, &name);
     array = VertexArrayHandle(name);
@@ -169,7 +195,7 @@ void ParticlePass::ensureReady() {
     glVertexArrayAttribFormat(array.name(), 0, 3, GL_FLOAT, GL_FALSE, offsetof(Instance, middle));
     glVertexArrayAttribFormat(array.name(), 1, 3, GL_FLOAT, GL_FALSE, offsetof(Instance, right));
     glVertexArrayAttribFormat(array.name(), 2, 3, GL_FLOAT, GL_FALSE, offsetof(Instance, up));
-    glVertexArrayAttribFormat(array.name(), 3, 1, GL_FLOAT, GL_FALSE, offsetof(Instance, lift));
+    glVertexArrayAttribFormat(array.name(), 3, 1, GL_FLOAT, GL_FALSE, offsetof(Instance, radius));
     glVertexArrayAttribFormat(
         array.name(), 4, 4, GL_UNSIGNED_BYTE, GL_TRUE, offsetof(Instance, color));
 }

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "platform/render/GraphicsState.h"
+#include "platform/render/ParticleLight.h"
+#include "platform/render/RenderTarget.h"
 #include "platform/render/Snapshot.h"
 #include "platform/render/TextureStore.h"
 
@@ -11,14 +13,16 @@
 namespace zelvo::render {
 
 /// Draws the particles of all emitters: one draw call an emitter, from one shared buffer. Depth is
-/// tested but not written. Emitters that cover come first, sorted back to front; emitters that add
-/// light follow in any order.
+/// tested but not written. Emitters that cover come first, sorted back to front; emitters that glow
+/// follow, the youngest particles last.
 ///
-/// Particles near the camera fade, so that none fills the picture. A particle that adds light is
-/// drawn half its size nearer, like a ball, so that a floor does not cut it off.
+/// Particles near the camera fade, so that none fills the picture. Each is a soft ball: it fades
+/// where a surface cuts through it, so that no straight line shows.
 ///
-/// Colours are shown as they are, without lighting; glows add up in linear light. The frame's
-/// uniforms must be bound.
+/// A glow adds its light, but where it is strong it also covers what is behind. So many glows
+/// together keep their colour, and a glow is seen in front of white.
+///
+/// Colours are shown as they are, or lit (`lightingEnabled`). The frame's uniforms must be bound.
 class ParticlePass {
 public:
     struct Tools {
@@ -26,8 +30,14 @@ public:
         TextureStore& textures;
     };
 
+    /// What the particles meet.
+    struct Place {
+        const RenderTarget* target; ///< its depth makes them soft; null: surfaces cut them off
+        const ParticleLight& light; ///< falls on those that are lit
+    };
+
     /// The framebuffer must be bound, with its depth.
-    void draw(const Tools& tools, const Snapshot& snapshot);
+    void draw(const Tools& tools, const Snapshot& snapshot, const Place& place);
 
 private:
     /// In the layout that the shader reads.
@@ -35,7 +45,7 @@ private:
         glm::vec3 middle;
         glm::vec3 right; ///< half of the square's side
         glm::vec3 up;
-        float lift; ///< scene units towards the camera, for the depth test only
+        float radius; ///< of the ball, along the line of sight
         std::uint32_t color;
     };
 
@@ -45,14 +55,23 @@ private:
         std::size_t count;
     };
 
-    void gather(const Snapshot& snapshot, scene::ParticleBlendMode mode);
+    /// The shaders for one kind of depth.
+    struct Programs {
+        ProgramHandle cover;
+        ProgramHandle glow;
+    };
+
     void
-    addBatch(const PlacedEmitter& placed, const CameraView& camera, scene::ParticleBlendMode mode);
+    gather(const Snapshot& snapshot, scene::ParticleBlendMode mode, const ParticleLight& light);
+    void
+    addBatch(const PlacedEmitter& placed, const CameraView& camera, const ParticleLight& light);
+    [[nodiscard]] const Programs& programsFor(const RenderTarget* target);
     void ensureReady();
     void upload();
 
-    ProgramHandle cover;
-    ProgramHandle glow;
+    Programs hard;
+    Programs soft;
+    Programs softOfSamples;
     VertexArrayHandle array;
     BufferHandle buffer;
     std::size_t capacity = 0;

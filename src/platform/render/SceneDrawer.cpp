@@ -8,6 +8,14 @@
 #include <cmath>
 
 namespace zelvo::render {
+namespace {
+
+/// Whether two translucent items are drawn as one thing.
+bool belongTogether(const DrawItem& a, const DrawItem& b) {
+    return a.node == b.node || (a.fade != 0 && a.fade == b.fade);
+}
+
+} // namespace
 
 SceneDrawer::SceneDrawer(const DeviceInfo& device)
     : textures(device, holes)
@@ -114,14 +122,17 @@ void SceneDrawer::drawMoving(const Frame& frame) {
     }
 }
 
-void SceneDrawer::drawParticles(const Frame& /*frame*/) {
-    particles.draw({state, textures}, snapshot);
+void SceneDrawer::drawParticles(const Frame& frame) {
+    particles.draw(
+        {state, textures},
+        snapshot,
+        {&frame.target, ParticleLight(frame.scene, snapshot.lights())});
 }
 
 bool SceneDrawer::hasSceneLight(const scene::SCNScene& scene) const {
     return probeOf(scene) != nullptr ||
            std::ranges::any_of(snapshot.lights(), [](const PlacedLight& placed) {
-               return placed.light->type != scene::SCNLightType::ambient;
+               return placed.light->type != scene::SCNLightType::ambient && placed.light->gain == 1;
            });
 }
 
@@ -252,17 +263,17 @@ void SceneDrawer::drawTranslucent(const Frame& whole) {
     const std::span<const DrawItem> items = snapshot.translucent();
     for (std::size_t first = 0; first < items.size();) {
         std::size_t end = first;
-        while (end < items.size() && items[end].node == items[first].node) {
+        while (end < items.size() && belongTogether(items[first], items[end])) {
             ++end;
         }
-        const std::span<const DrawItem> ofNode = items.subspan(first, end - first);
-        // For a fading solid, draw the depth first. Then only its front is coloured, and it fades
-        // as a whole.
-        for (const DrawItem& item : ofNode) {
+        const std::span<const DrawItem> group = items.subspan(first, end - first);
+        // For fading solids, draw the depth first. Then only their front is coloured: they fade as
+        // one thing, and what stands inside stays hidden.
+        for (const DrawItem& item : group) {
             if (painter.fadesAsAWhole(*item.material))
                 painter.drawDepth(frame, item);
         }
-        for (const DrawItem& item : ofNode) {
+        for (const DrawItem& item : group) {
             const std::uint32_t mask = snapshot.nodes()[item.node].categoryBitMask;
             painter.draw(
                 frame,

@@ -139,13 +139,26 @@ void Snapshot::collect(const scene::SCNScene& scene) {
     translucent_.clear();
     lights_.clear();
     emitters_.clear();
+    fades = 0;
     const Frustum frustum(camera_.viewProjection);
-    walk(*scene.rootNode(), {glm::mat4(1), 1}, frustum);
+    walk(*scene.rootNode(), {glm::mat4(1), 1, 0}, frustum);
     std::sort(opaque_.begin(), opaque_.end(), [](const DrawItem& a, const DrawItem& b) {
         return std::tie(a.sortDepth, a.node, a.element) < std::tie(b.sortDepth, b.node, b.element);
     });
+    sortTranslucent();
+}
+
+void Snapshot::sortTranslucent() {
+    groupDepths.assign(fades + 1, 0);
+    for (const DrawItem& item : translucent_) {
+        groupDepths[item.fade] = std::max(groupDepths[item.fade], item.sortDepth);
+    }
+    for (DrawItem& item : translucent_) {
+        item.groupDepth = item.fade != 0 ? groupDepths[item.fade] : item.sortDepth;
+    }
     std::sort(translucent_.begin(), translucent_.end(), [](const DrawItem& a, const DrawItem& b) {
-        return std::tie(b.sortDepth, a.node, a.element) < std::tie(a.sortDepth, b.node, b.element);
+        return std::tie(b.groupDepth, a.fade, b.sortDepth, a.node, a.element) <
+               std::tie(a.groupDepth, b.fade, a.sortDepth, b.node, b.element);
     });
 }
 
@@ -176,6 +189,8 @@ void Snapshot::walk(const SCNNode& node, const Inherited& inherited, const Frust
         own.world *= node.transform();
         own.opacity *= node.opacity.presented();
     }
+    if (own.fade == 0 && own.opacity < 1 - kInvisible)
+        own.fade = ++fades;
     if (node.isBillboard)
         own.world = facing(own.world, camera_.axes);
     if (node.light && node.light->intensity.presented() > 0) {
@@ -183,7 +198,7 @@ void Snapshot::walk(const SCNNode& node, const Inherited& inherited, const Frust
         const float length = glm::length(backwards);
         lights_.push_back(
             {node.light.get(),
-             glm::vec3(own.world[3]),
+             glm::vec3(own.world[3]) + camera_.axes[2] * node.light->lift,
              length > 0 ? -backwards / length : glm::vec3(0, 0, -1)});
     }
     if (node.geometry && own.opacity >= kInvisible && !isLeftOut(node))
@@ -214,7 +229,8 @@ void Snapshot::addNode(const SCNNode& node, const Inherited& own, const Frustum&
         0,
         0,
         0,
-        node.textureShift};
+        node.textureShift,
+        own.fade};
     const glm::vec4 depthOf =
         -glm::vec4(camera_.view[0][2], camera_.view[1][2], camera_.view[2][2], camera_.view[3][2]);
     const glm::vec3 half = (box.max - box.min) * 0.5f;
@@ -253,7 +269,7 @@ void Snapshot::addItems(std::uint32_t index) {
         const auto* const colored = scene::coloredGeometry(*node.geometry, *material);
         const bool hasClearColors = colored != nullptr && colored->isSeenThrough();
         if (hasClearColors || isTranslucent(*material, node.opacity)) {
-            translucent_.push_back({index, element, material, node.middle, true});
+            translucent_.push_back({index, element, material, node.middle, true, node.fade});
         } else {
             opaque_.push_back({index, element, material, node.farthest, false});
         }

@@ -27,6 +27,9 @@ struct VisibleNode {
     float middle = 0;      ///< the same for the middle of its box
     std::size_t level = 0; ///< 0: the whole mesh; n: the nth of Mesh::coarser
     glm::vec2 textureShift{0};
+    /// Nodes that fade with the same ancestor share a number: they fade as one thing. 0: none
+    /// fades.
+    std::uint32_t fade = 0;
 };
 
 /// Whether back faces of a double-sided material can be seen from a place. A closed solid hides
@@ -43,6 +46,8 @@ struct DrawItem {
     const scene::SCNMaterial* material = nullptr; ///< never null
     float sortDepth = 0;
     bool isTranslucent = false;
+    std::uint32_t fade = 0; ///< that of the node
+    float groupDepth = 0;   ///< of all that fades together
 };
 
 struct PlacedLight {
@@ -108,7 +113,8 @@ public:
     /// Sorted front to back.
     [[nodiscard]] std::span<const DrawItem> opaque() const { return opaque_; }
 
-    /// Sorted back to front; the elements of one node stay together.
+    /// Sorted back to front; the elements of one node stay together, and so do nodes that fade
+    /// together.
     [[nodiscard]] std::span<const DrawItem> translucent() const { return translucent_; }
 
     /// Lights with an effect, in tree order.
@@ -121,9 +127,11 @@ private:
     struct Inherited {
         glm::mat4 world;
         float opacity;
+        std::uint32_t fade = 0;
     };
 
     void collect(const scene::SCNScene& scene);
+    void sortTranslucent();
     void placeCamera(const scene::SCNScene& scene, float aspect);
     [[nodiscard]] bool isLeftOut(const scene::SCNNode& node) const;
     void walk(const scene::SCNNode& node, const Inherited& inherited, const Frustum& frustum);
@@ -143,6 +151,8 @@ private:
     std::vector<DrawItem> translucent_;
     std::vector<PlacedLight> lights_;
     std::vector<PlacedEmitter> emitters_;
+    std::uint32_t fades = 0;        ///< counts the groups that fade
+    std::vector<float> groupDepths; ///< of these groups
     PictureHoles holes;
 };
 

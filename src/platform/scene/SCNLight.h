@@ -42,6 +42,12 @@ public:
     double zNear = 1;           ///< scene units, of the shadow's view
     double zFar = 2000;
 
+    /// Multiplies the intensity; an effect whose figures are too small for this stage is seen.
+    double gain = 1;
+    /// Scene units that the light is nearer to the camera than its node: that of a ball of fire
+    /// comes from its surface, and lights the front of what stands in its middle.
+    float lift = 0;
+
     /// An assignment inside a transaction with a duration animates (SCNTransaction).
     Animated<double> intensity{1000};
 };
