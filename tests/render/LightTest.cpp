@@ -65,6 +65,21 @@ TEST_F(Lights, ShineOnNodesThatShareABitWithTheirMask) {
     }
 }
 
+TEST_F(Lights, AFlashLightsTheFrontOfWhatItStandsInWithoutAToneMap) {
+    camera->camera->wantsHDR = true;
+    addSquare(makeMatte(image::Color::white(1)));
+    addLight(scene::SCNLightType::ambient, {0, 0, 0}, 500);
+    const int before = middle()[1];
+    const scene::SCNLightPtr flash = addLight(scene::SCNLightType::omni, {0, 0, -0.1f}, 1);
+    flash->color = {1, 0, 0, 1};
+    flash->gain = 300;
+    expectNear(middle(), {before, before, before}, 1); // from behind
+    flash->lift = 1;
+    const Pixel lit = middle();
+    EXPECT_GT(lit[0], before + 30);
+    EXPECT_EQ(lit[1], before);
+}
+
 TEST_F(Lights, ASpotFadesFromItsInnerToItsOuterCone) {
     addSquare(makeMatte());
     const auto light = addLight(SCNLightType::spot, {0, 0, 1.5f}, 2250);

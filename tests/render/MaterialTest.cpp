@@ -184,6 +184,15 @@ TEST_F(Materials, TranslucentSurfacesMixFromBackToFrontWhateverTheTree) {
     }
 }
 
+TEST_F(Materials, AFadingNodeHidesWhatStandsInsideIt) {
+    const scene::SCNNodePtr whole = addNode({0, 0, 0});
+    whole->addChildNode(addSquare(makeMaterial(image::Color::hex(0xFF0000)), -0.2f));
+    whole->addChildNode(addSquare(makeMaterial(image::Color::hex(0x00FF00))));
+    scene->background.contents = image::Color::white(0);
+    whole->opacity = 0.5f;
+    expectNear(middle(), {0, lit(0.5, 255), 0}, 1);
+}
+
 // At half opacity, only the front of a box is visible: the colour is the same everywhere.
 TEST_F(Materials, ASolidFadesAsAWhole) {
     const auto node = addNode({0, 0, 0});
