@@ -290,6 +290,18 @@ void TextNode::buildLetters() {
     centreLetters(widthSum, maxHeight, lineAdvance(coordinates, characters.size()));
 }
 
+geometry::Box TextNode::layoutBox() const {
+    geometry::Box all;
+    for (const auto& letter : letters()) {
+        const geometry::Box box = letter->geometry->boundingBox();
+        const glm::vec3 place =
+            letter->originalPosition.value_or(glm::vec3(0)) - glm::vec3(letter->pivot[3]);
+        all.include(box.min + place);
+        all.include(box.max + place);
+    }
+    return all;
+}
+
 // Keeps the solids of characters that stay: a keystroke builds only the new letter.
 void TextNode::makeSolids(
     const std::vector<std::string>& characters, const text::TextAttributes& style) {

@@ -97,6 +97,9 @@ public:
 
     [[nodiscard]] std::vector<CharNodePtr> letters() const;
 
+protected:
+    [[nodiscard]] geometry::Box layoutBox() const override;
+
 private:
     using Solids = std::map<std::string, std::shared_ptr<scene::SCNText>>; ///< by character
 

@@ -6,6 +6,7 @@
 #include "platform/scene/SCNTransaction.h"
 #include "shared/Palette.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace zelvo::environments {
@@ -13,6 +14,12 @@ namespace {
 
 constexpr float kParticleReach = 2300;
 constexpr double kHomeAspect = 16.0 / 9; ///< the stages are made for pictures of this form
+constexpr float kLowestGround = -185;    ///< below a picture that stands at home
+constexpr float kHighestGround = -90;    ///< the camera must be able to turn down to it
+constexpr float kGap = 1;                ///< between the ground and what stands on it
+/// Content that hangs over the floor is mirrored by a floor that is higher by this share of the gap.
+constexpr float kLift = 0.36f;
+constexpr std::uint32_t kLightsContentOnly = 4;
 constexpr auto kPlaceholderPicture = "LogoPlaceholder.png";
 
 content::TextStylePreset defaultTextStyle() {
@@ -121,6 +128,40 @@ void SNE::loadScene(const std::string& name) {
             node->removeFromParentNode();
     }
     scene::SCNTransaction::commit();
+    gatherStage();
+}
+
+// Lamps that shine on the content only stay where they are.
+void SNE::gatherStage() {
+    scene->rootNode()->enumerateHierarchy([this](const scene::SCNNode& node) {
+        if (!node.geometry)
+            return;
+        for (const scene::SCNMaterialPtr& material : node.geometry->materials) {
+            if (!material->floor)
+                continue;
+            floors.push_back(material);
+            groundOfFile = node.worldTransform()[3].y + material->floor->height;
+        }
+    });
+    if (floors.empty())
+        return;
+    stage = std::make_shared<node::DefaultSCNNode>();
+    for (const scene::SCNNodePtr& child : std::vector(scene->rootNode()->childNodes())) {
+        if (child->light && child->light->categoryBitMask == kLightsContentOnly)
+            continue;
+        child->removeFromParentNode();
+        stage->addChildNode(child);
+    }
+    scene->rootNode()->addChildNode(stage);
+}
+
+void SNE::setGround(float lowestOfContent) {
+    if (!stage)
+        return;
+    const float ground = std::clamp(lowestOfContent - kGap, kLowestGround, kHighestGround);
+    stage->position = glm::vec3(0, ground - groundOfFile, 0);
+    for (const scene::SCNMaterialPtr& material : floors)
+        material->floor->lift = kLift * std::max(lowestOfContent - kGap - ground, 0.0f);
 }
 
 void SNE::setLighting(const std::string& picture, float intensity) {

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace zelvo::environments {
 
@@ -42,6 +43,10 @@ public:
     /// because an earlier emitter is not removed.
     void setParticleSystem(const scene::SCNParticleSystemPtr& system);
 
+    /// Raises or lowers the floor and all that stands on it to just under the content's lowest point,
+    /// so that a title stands on its stage; within limits. Does nothing without a floor.
+    void setGround(float lowestOfContent);
+
     /// Stores the colour; each environment then applies its own rule.
     virtual void setBackground(const image::Color& color);
     [[nodiscard]] virtual scene::SCNCameraPtr makeCamera() const;
@@ -68,10 +73,14 @@ protected:
 
 private:
     void cancelOperations();
+    void gatherStage();
 
     foundation::RunLoop& runLoop;
     image::Color backgroundColor_{0, 0, 1, 1};
     scene::SCNParticleSystemPtr particleSystem_;
+    scene::SCNNodePtr stage; ///< all that moves with the ground; null without a floor
+    std::vector<scene::SCNMaterialPtr> floors;
+    float groundOfFile = 0; ///< height of the floor in the scene file
     std::unique_ptr<foundation::SerialQueue> operationQueue;
     using Flag = std::shared_ptr<std::atomic<bool>>;
     Flag isNewestReplaced; ///< of the newest job; null before the first

@@ -94,6 +94,7 @@ void Model::start() {
     stop(Reset::toStart);
     for (const auto& text : {nodes().textNode1, nodes().textNode2})
         text->settle(); // so that every run of the performance shows the same
+    settleGround();
     setPlaying(true);
     // In an export, ticks come as fast as frames are made; each is one step of the run loop's
     // clock.
@@ -159,6 +160,11 @@ void Model::reachEnd() {
     blockingTimer = services.runLoop.scheduleOnce(kBlockingTime, [this] { blocking = false; });
 }
 
+void Model::settleGround() const {
+    if (const std::optional<float> lowest = services.nodes.lowestInLayout())
+        sceneData_->setGround(*lowest);
+}
+
 void Model::setPlaying(bool plays) {
     isPlaying_ = plays;
     ui::signals().isPlayingSignal.fire(plays);
@@ -202,6 +208,7 @@ void Model::setScene(int index) {
         scene.rootNode()->addChildNode(holder);
     }
     services.nodes.cameraNode->camera = sceneData_->makeCamera();
+    settleGround();
     attachScene(movie::SceneHome::screen);
     currentSceneIndex_ = index;
 }
@@ -280,6 +287,8 @@ void Model::rendererDidApplyAnimationsAtTime(scene::SCNSceneRenderer&, double) {
     fade(*stage.mediaHolderNode);
     for (const node::NodePtr& node : stage.content())
         fade(*node);
+    if (!isPlaying())
+        settleGround();
 }
 
 } // namespace zelvo::model

@@ -160,6 +160,8 @@ public:
 
 private:
     void setPlaying(bool plays);
+    /// Puts the environment's floor under the content, as the user has laid it out.
+    void settleGround() const;
     void fireTimeSignal() const;
     void reachEnd();
     void clearTechniques() const;

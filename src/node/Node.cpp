@@ -7,6 +7,7 @@
 
 #include <fmt/format.h>
 #include <glm/gtc/constants.hpp>
+#include <glm/matrix.hpp>
 
 #include <algorithm>
 #include <cmath>
@@ -153,6 +154,20 @@ void Node::applyScale() {
     updateOutline();
     const auto percent = static_cast<int>(scale2D * 100.0f);
     ui::signals().messageSignal.fire(fmt::format("Size {} %", percent));
+}
+
+std::optional<float> Node::lowestInLayout() const {
+    const geometry::Box box = layoutBox();
+    if (!isVisible || box.isEmpty() || box.min == box.max)
+        return std::nullopt;
+    glm::mat4 layout(1);
+    for (const auto& level : {positionNode, orientationRotationNode, rotXNode, rotYNode, rotZNode})
+        layout *= level->transform();
+    layout *= glm::inverse(contentNode->pivot);
+    float lowest = layout[3].y;
+    for (int axis = 0; axis < 3; ++axis)
+        lowest += std::min(layout[axis].y * box.min[axis], layout[axis].y * box.max[axis]);
+    return lowest;
 }
 
 void Node::updateVisibility() {

@@ -117,10 +117,17 @@ public:
 
     /// The distance along a ray (in scene space) to the frame's rectangle; nothing if it misses.
     [[nodiscard]] std::optional<float> frameDistance(const geometry::Ray& ray) const;
+    /// The height of the content's lowest point where the user has put it, whatever a performance
+    /// does; nothing if nothing is to be seen.
+    [[nodiscard]] std::optional<float> lowestInLayout() const;
+
     /// The frame's area on the stage, in square scene units.
     [[nodiscard]] float frameArea() const;
 
 protected:
+    /// The box around the content, in the space of contentNode, without what a performance moves.
+    [[nodiscard]] virtual geometry::Box layoutBox() const { return contentNode->boundingBox(); }
+
     /// Links the chain. Each `make` calls it once, as soon as the shared pointer exists.
     void link();
     /// Finds the pair of currentMaterialName and gives it the node's colours. Does nothing without

@@ -7,6 +7,7 @@
 #include "platform/scene/SCNTransaction.h"
 #include "shared/Palette.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace zelvo::stage {
@@ -102,6 +103,16 @@ void Nodes::applyDefaultStyles() {
 
 std::vector<node::NodePtr> Nodes::content() const {
     return {textNode1, textNode2, imageNode, mediaNode};
+}
+
+std::optional<float> Nodes::lowestInLayout() const {
+    std::optional<float> lowest;
+    for (const node::NodePtr& node : content()) {
+        const std::optional<float> own = node->lowestInLayout();
+        if (own)
+            lowest = std::min(own.value(), lowest.value_or(own.value()));
+    }
+    return lowest;
 }
 
 std::vector<scene::SCNNodePtr> Nodes::holders() const {

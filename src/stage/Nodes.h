@@ -8,6 +8,7 @@
 #include "stage/ParticleNodes.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace zelvo::stage {
@@ -67,6 +68,10 @@ public:
     /// The nodes that a performance animates, in the order of lists: the two texts, the picture,
     /// the media shape.
     [[nodiscard]] std::vector<node::NodePtr> content() const;
+
+    /// The height of the lowest point of the content where the user has put it; nothing if nothing is
+    /// to be seen.
+    [[nodiscard]] std::optional<float> lowestInLayout() const;
 
     /// The children of a scene's root, in order: fxHolderNode, particleAndParticleLightHolder,
     /// cameraJittery, mediaHolderNode.

@@ -132,6 +132,23 @@ TEST_F(TextNodeTest, TurnsAllLettersAboutOneCommonPoint) {
     }
 }
 
+TEST_F(TextNodeTest, ItsLowestPlaceIsThatOfTheLayoutWhateverIsPerformed) {
+    const auto text = textOf("gap");
+    const float atHome = text->lowestInLayout().value();
+    float lowest = 1000;
+    for (const CharNodePtr& letter : text->letters())
+        lowest = std::min(lowest, letter->worldTransform()[3].y + letter->boundingBox().min.y);
+    EXPECT_NEAR(atHome, lowest, 0.01f);
+    text->position = glm::vec3(0, -50, 0);
+    text->xAxisNode->position = glm::vec3(0, -50, 0);
+    text->letters()[0]->position = glm::vec3(0, -50, 0);
+    EXPECT_EQ(text->lowestInLayout(), atHome);
+    text->setLayoutPosition({0, -30, 0});
+    EXPECT_NEAR(*text->lowestInLayout(), atHome - 30, 0.01f);
+    text->isVisible = false;
+    EXPECT_EQ(text->lowestInLayout(), std::nullopt);
+}
+
 TEST_F(TextNodeTest, StartsTheMaterialOfEachLetterElsewhere) {
     const auto text = textOf("AAAAAA");
     const auto letters = text->letters();

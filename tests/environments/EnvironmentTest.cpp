@@ -65,6 +65,46 @@ TEST_F(EnvironmentTest, AreMadeByNumberAndLightTheContent) {
     EXPECT_NE(environment(shiny)->scene->lightingEnvironment.image()->lightProbe, nullptr);
 }
 
+TEST_F(EnvironmentTest, TheStageStandsUnderTheContentButItsLampsStay) {
+    for (int index = 0; index < kCount; ++index) {
+        const SNEPtr one = environment(index);
+        scene::SCNNode* floor = nullptr;
+        std::vector<const scene::SCNNode*> lamps;
+        one->scene->rootNode()->enumerateHierarchy([&](scene::SCNNode& node) {
+            if (node.geometry && node.geometry->materialFor(0)->floor)
+                floor = &node;
+            if (node.light && node.light->categoryBitMask == 4)
+                lamps.push_back(&node);
+        });
+        if (floor == nullptr)
+            continue;
+        const auto ground = [floor] {
+            return floor->worldTransform()[3].y + floor->geometry->materialFor(0)->floor->height;
+        };
+        const auto lampsAt = [&lamps] {
+            float sum = 0;
+            for (const scene::SCNNode* lamp : lamps)
+                sum += lamp->worldTransform()[3].y;
+            return sum;
+        };
+        const float before = lampsAt();
+
+        struct Row {
+            float lowest;
+            float ground;
+            float leastLift;
+        };
+
+        for (const Row& row :
+             {Row{-120, -121, 0}, {-155, -156, 0}, {-400, -185, 0}, {-20, -90, 10}}) {
+            one->setGround(row.lowest);
+            EXPECT_NEAR(ground(), row.ground, 1) << index << ", " << row.lowest;
+            EXPECT_GE(floor->geometry->materialFor(0)->floor->lift, row.leastLift) << index;
+        }
+        EXPECT_EQ(lampsAt(), before) << index;
+    }
+}
+
 TEST_F(EnvironmentTest, ShowTheColourItselfOrStayBlack) {
     struct Row {
         int index;

@@ -42,7 +42,7 @@ void FloorPass::prepare(const Tools& tools, const Frame& frame) {
             {frame.scene,
              frame.snapshot,
              look,
-             floor.height + MirrorImage::kLift,
+             floor.height + look.lift,
              size,
              boundsOnScreen(node, frame.snapshot.camera(), size),
              frame.block,

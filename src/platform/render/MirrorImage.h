@@ -15,10 +15,6 @@ namespace zelvo::render {
 /// its own place on screen.
 class MirrorImage {
 public:
-    /// Content floats well above the floor. Its true mirror image would be below the picture, so the
-    /// mirror is higher than the floor by so many scene units. In the blur nobody sees that.
-    static constexpr float kLift = 40;
-
     struct Tools {
         GraphicsState& state;
         ItemPainter& painter;

@@ -76,7 +76,7 @@ bool PictureKey::addFloor(Hash& hash, const scene::SCNScene& scene, ItemPainter&
     const auto& [item, height, opacity] = *snapshot.floor();
     hash.addBlock(*item.material->floor);
     hash.addBlock(std::array{height, opacity});
-    mirrored.takeMirrored(scene, snapshot, height + MirrorImage::kLift);
+    mirrored.takeMirrored(scene, snapshot, height + item.material->floor->lift);
     UniformArena unused(1);
     const ItemPainter::Frame frame{mirrored, {}, unused};
     return addItems(hash, mirrored.opaque(), painter, frame) &&

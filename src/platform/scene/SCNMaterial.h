@@ -60,6 +60,9 @@ struct SCNFloorLook {
     float blur = 0.3f; ///< 0: sharp; 1: only soft patches; grows with the distance from the floor
     float contact = 0.6f; ///< how dark the floor is where something stands on it
     float height = 0;     ///< of the horizontal part, scene units above the node's origin
+    /// The mirror image is that of a floor so much higher, scene units. So the picture still holds
+    /// the images of things that hang high above the floor.
+    float lift = 0;
 };
 
 /// How a surface looks. Colour slots are in sRGB; `normal`, `roughness`, `metalness`,
