@@ -7,6 +7,9 @@ layout(location = 0) out float oStopped;
 
 const int kSearchSamples = 8;
 const int kSamples = 24;
+const int kCloseSamples = 12;
+const float kClose = 0.012; // how far things that stand on the floor darken it, whatever hangs above
+const float kClosest = 0.85;
 const float kLeast = 0.004; // the spread of what stands on the floor
 // Vogel 1979, "A better way to construct the sunflower head"
 const mat2 kGoldenTurn = mat2(-0.7373688, 0.6754903, -0.6754903, -0.7373688);
@@ -33,7 +36,17 @@ void main() {
         sum += textureLod(uFootprints, uv + offset, level).r;
         direction = kGoldenTurn * direction;
     }
+    direction = vec2(1.0, 0.0);
+    float close = 0.0;
+    count = found.x > 0.0 ? kCloseSamples : 0;
+    for (int i = 0; i < count; ++i) {
+        vec2 offset = direction * (kClose * sqrt((float(i) + 0.5) / float(kCloseSamples)));
+        vec2 thing = textureLod(uFootprints, uv + offset, 0.5).rg;
+        close += thing.r * smoothstep(0.88, 1.0, thing.g / max(thing.r, 1e-5));
+        direction = kGoldenTurn * direction;
+    }
+    sum = 1.0 - (1.0 - sum / float(kSamples)) * (1.0 - kClosest * close / float(kCloseSamples));
     // the rim of the map is never seen
     vec2 rim = clamp((0.5 - abs(uv - 0.5)) * 12.0, 0.0, 1.0);
-    oStopped = sum / float(kSamples) * rim.x * rim.y;
+    oStopped = sum * rim.x * rim.y;
 }
