@@ -191,6 +191,7 @@ void addSize(CLI::App& command, PictureSize& size) {
 
 void addQuality(CLI::App& command, render::DrawQuality& quality) {
     std::vector<std::string> names;
+    names.reserve(render::kQualities.size());
     for (const auto& row : render::kQualities)
         names.emplace_back(row.name);
     command

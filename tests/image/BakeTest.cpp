@@ -154,11 +154,13 @@ TEST(Bake, EveryEnvironmentGivesMetalFacesBrightAndDark) {
         float darkest = 1e9f;
         float brightest = 0;
         for (int i = 0; i < 35; ++i) { // what a title of two lines mirrors
-            const float azimuth = 180 + 8.0f * static_cast<float>(i % 7 - 3);
-            const glm::vec2 place = image::octahedralFromDirection(
-                directionOf(azimuth, 6.0f * static_cast<float>(i / 7 - 2)));
-            const glm::ivec2 texel(place * 128.0f + 1.0f);
-            const auto at = static_cast<std::size_t>(texel.y * image::LightProbe::kSide + texel.x);
+            const int column = i % 7 - 3;
+            const int row = i / 7 - 2;
+            const glm::vec2 place = image::octahedralFromDirection(directionOf(
+                180 + 8.0f * static_cast<float>(column), 6.0f * static_cast<float>(row)));
+            const glm::uvec2 texel(place * 128.0f + 1.0f);
+            const std::size_t at =
+                texel.y * static_cast<std::size_t>(image::LightProbe::kSide) + texel.x;
             const float light = glm::unpackHalf1x16(probe.specular[1][at * 3 + 1]);
             darkest = std::min(darkest, light);
             brightest = std::max(brightest, light);

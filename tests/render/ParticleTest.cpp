@@ -17,7 +17,7 @@ protected:
         system->particleLifeSpan = 60;
         system->particleColors = {color};
         system->blendMode = mode;
-        const scene::SCNNodePtr node = addNode({0, 0, z});
+        scene::SCNNodePtr node = addNode({0, 0, z});
         node->addParticleSystem(system);
         return node;
     }

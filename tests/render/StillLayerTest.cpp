@@ -69,7 +69,7 @@ protected:
     }
 
     [[nodiscard]] scene::SCNNodePtr addBox(float x, const scene::SCNMaterialPtr& material) const {
-        const auto node = addNode({x, -20, 0});
+        auto node = addNode({x, -20, 0});
         node->geometry = std::make_shared<scene::SCNBox>(50, 50, 50, 4);
         node->geometry->materials = {material};
         return node;

@@ -150,7 +150,8 @@ void add(image::Radiance& light, const Disc& disc) {
         const float rim = 0.7f + 0.3f * glm::smoothstep(0.6f, 0.9f, away);
         const int column = (pixel.x + light.width) % light.width;
         const int row = std::clamp(pixel.y, 0, light.height - 1);
-        light.pixels[static_cast<std::size_t>(row * light.width + column)] +=
+        const std::ptrdiff_t at = std::ptrdiff_t{row} * light.width + column;
+        light.pixels[static_cast<std::size_t>(at)] +=
             disc.light * (rim * (1 - glm::smoothstep(0.88f, 1.04f, away)));
     }
 }

@@ -88,7 +88,7 @@ struct SCNRenderer::State {
         delivery = onCpu ? makeCpuDelivery() : makeGpuDelivery();
     }
 
-    [[nodiscard]] bool isDrawnOnce(const FrameRequest& request) const {
+    [[nodiscard]] static bool isDrawnOnce(const FrameRequest& request) {
         return request.quality.passesDrawn() == 1 && request.leftOut == 0;
     }
 
@@ -97,7 +97,7 @@ struct SCNRenderer::State {
     drawPass(SCNRenderer& renderer, Slot& slot, const FrameRequest& request, const Moment& moment);
     /// Draws all passes and takes their mean.
     void drawPasses(SCNRenderer& renderer, Slot& slot, const FrameRequest& request);
-    void addPasses(SCNRenderer& renderer, Slot& slot, const FrameRequest& request, PassMean& mean);
+    void addPasses(SCNRenderer& renderer, Slot& slot, const FrameRequest& request, PassMean& sum);
 
     std::unique_ptr<HeadlessContext> context; // must be destroyed last: all members below need it
     DeviceInfo device;
@@ -228,7 +228,7 @@ void SCNRenderer::begin(const FrameRequest& request) {
     Slot& slot = state->slots.at(index);
     slot.frame = {index, &slot.picture, request.outputSize};
     slot.mean.clear();
-    if (state->isDrawnOnce(request)) {
+    if (State::isDrawnOnce(request)) {
         state->drawPass(*this, slot, request, {});
     } else {
         state->drawPasses(*this, slot, request);
