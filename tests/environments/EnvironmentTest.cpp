@@ -235,14 +235,15 @@ TEST_F(EnvironmentTest, SpreadTheColourOverTheirLamps) {
 TEST_F(EnvironmentTest, TakeTheColourWithoutTheNodesOfTheirRecipes) {
     (void)content::mediaShapes(); // read now, because the test replaces all scene files
     const test::TemporaryFolder folder;
-    foundation::Bundle whole = foundation::mainBundle(); // a copy, as the test sets another one
-    const std::filesystem::path resources = whole.path("Plain.scn").parent_path();
+    const std::vector<std::filesystem::path> whole = foundation::mainBundle().roots();
+    const std::filesystem::path resources =
+        foundation::mainBundle().path("Plain.scn").parent_path();
     for (const auto& file : std::filesystem::directory_iterator(resources)) {
         if (file.path().extension() == ".scn")
             std::ofstream(folder.path() / file.path().filename())
                 << R"({"nodes": [{"name": "omni1"}, {"name": "bystander"}]})";
     }
-    std::vector<std::filesystem::path> roots = whole.roots();
+    std::vector<std::filesystem::path> roots = whole;
     roots.insert(roots.begin(), folder.path());
     foundation::setMainBundle(foundation::Bundle(roots));
     int bare = 0;
@@ -254,7 +255,7 @@ TEST_F(EnvironmentTest, TakeTheColourWithoutTheNodesOfTheirRecipes) {
         bare += nodeOf(*one, "bystander") ? 1 : 0;
     }
     EXPECT_GE(bare, 8) << "stood on such a scene";
-    foundation::setMainBundle(whole);
+    foundation::setMainBundle(foundation::Bundle(whole));
 }
 
 TEST_F(EnvironmentTest, TintCubesFaceByFace) {

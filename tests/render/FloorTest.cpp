@@ -23,7 +23,7 @@ protected:
         node->setEulerAngles({-1.5707963f, 0, 0});
         node->categoryBitMask = 2;
         node->castsShadow = false;
-        floor->floor = scene::SCNFloorLook{.mirror = 1, .blur = 0, .contact = 0};
+        floor->floor = scene::SCNFloorLook{.mirror = 1, .blur = 0, .contact = 0, .lift = 40};
         floor->roughness.contents = 0.0f;
     }
 

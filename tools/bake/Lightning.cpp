@@ -37,7 +37,8 @@ public:
     grow(const glm::vec2& from, const glm::vec2& to, float width, float light, int branchings) {
         std::vector<glm::vec2> points{from, to};
         const float length = glm::length(to - from);
-        for (float reach = 0.16f * length; reach > 0.006f; reach *= 0.54f) {
+        float reach = 0.16f * length;
+        while (reach > 0.006f) {
             std::vector<glm::vec2> finer;
             for (std::size_t i = 0; i + 1 < points.size(); ++i) {
                 const glm::vec2 way = points[i + 1] - points[i];
@@ -49,6 +50,7 @@ public:
             }
             finer.push_back(points.back());
             points = std::move(finer);
+            reach *= 0.54f;
         }
         const auto count = static_cast<float>(points.size());
         for (std::size_t i = 0; i + 1 < points.size(); ++i) {
