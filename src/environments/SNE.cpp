@@ -19,7 +19,6 @@ constexpr float kHighestGround = -90;    ///< the camera must be able to turn do
 constexpr float kGap = 1;                ///< between the ground and what stands on it
 /// Content that hangs over the floor is mirrored by a floor that is higher by this share of the gap.
 constexpr float kLift = 0.36f;
-constexpr std::uint32_t kLightsContentOnly = 4;
 constexpr auto kPlaceholderPicture = "LogoPlaceholder.png";
 
 content::TextStylePreset defaultTextStyle() {
@@ -147,7 +146,7 @@ void SNE::gatherStage() {
         return;
     stage = std::make_shared<node::DefaultSCNNode>();
     for (const scene::SCNNodePtr& child : std::vector(scene->rootNode()->childNodes())) {
-        if (child->light && child->light->categoryBitMask == kLightsContentOnly)
+        if (child->light && child->light->categoryBitMask == node::kContentLightMask)
             continue;
         child->removeFromParentNode();
         stage->addChildNode(child);

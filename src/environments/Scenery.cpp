@@ -11,9 +11,6 @@
 namespace zelvo::environments {
 namespace {
 
-constexpr std::uint32_t kStageOnly = 2;
-constexpr std::uint32_t kContentOnly = 4;
-
 constexpr float kCloudLight = 24.0f;
 constexpr float kBrillianceLight = 8.0f;
 constexpr float kSubtleLight = 2.5f;
@@ -59,11 +56,11 @@ SNE_Ancient::SNE_Ancient(foundation::RunLoop& loop)
     scene->background.contents = image::Color::white(0);
     plane = nodeNamed("plane");
     if (plane)
-        plane->categoryBitMask = kStageOnly;
+        plane->categoryBitMask = node::kStageMask;
     shadowLight = nodeNamed("shadowLight");
-    setLightMask(shadowLight, kStageOnly);
+    setLightMask(shadowLight, node::kStageMask);
     light4 = nodeNamed("light4");
-    setLightMask(light4, kStageOnly);
+    setLightMask(light4, node::kStageMask);
     light3 = nodeNamed("light3");
     light5 = nodeNamed("light5");
 }
@@ -103,7 +100,7 @@ SNE_SpaceBox::SNE_SpaceBox(foundation::RunLoop& loop)
     , blackImage(image::requiredImage("black_cubemap_filler.png")) {
     loadScene("SpaceBox.scn");
     light1 = nodeNamed("light1");
-    setLightMask(light1, kStageOnly);
+    setLightMask(light1, node::kStageMask);
 }
 
 void SNE_SpaceBox::setBackground(const image::Color& color) {
@@ -126,7 +123,7 @@ SNE_Brilliance::SNE_Brilliance(foundation::RunLoop& loop)
         nodeNamed("spotLight3"),
         nodeNamed("spotLight4")};
     for (const auto& spot : spotLightNodes)
-        setLightMask(spot, kContentOnly);
+        setLightMask(spot, node::kContentLightMask);
     setParticleSystem(scene::SCNParticleSystem::named("GTParticles.scnp"));
 }
 

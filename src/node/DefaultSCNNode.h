@@ -29,6 +29,8 @@ using ReferNodePtr = std::shared_ptr<ReferNode>;
 inline constexpr std::uint32_t kContentMask = 260;
 /// The categoryBitMask of all that an environment shows around the content.
 inline constexpr std::uint32_t kStageMask = 2;
+/// The categoryBitMask of lamps that shine on the content only.
+inline constexpr std::uint32_t kContentLightMask = 4;
 /// The categoryBitMask of touch targets.
 inline constexpr std::uint32_t kTouchMask = 0x10;
 

@@ -215,15 +215,14 @@ void ItemPainter::draw(
         binding.features |= kSceneLight;
     bind(frame, binding, lights);
     const scene::SCNMaterial& material = *item.material;
-    tools.state.set(
+    submit(
+        frame,
+        item,
         {.depthTest = depthTest,
          .depthWrite = isTranslucent ? DepthWrite::off : DepthWrite::on,
-         .culling = showsBackFaces(frame, item) ? Culling::none : Culling::backFaces,
-         .winding = windingOf(binding.item.world, frame.isMirrored),
          .fill = material.fillMode == scene::SCNFillMode::lines ? Fill::lines : Fill::faces,
          .blend = isTranslucent ? blendOf(material.blendMode) : Blend::off,
          .colors = isSceneLight ? Colors::ofScene : Colors::shown});
-    submit(frame, item);
 }
 
 void ItemPainter::drawShape(const Frame& frame, const DrawItem& item, RasterState raster) {
@@ -231,10 +230,7 @@ void ItemPainter::drawShape(const Frame& frame, const DrawItem& item, RasterStat
     ItemBlock block;
     block.world = node.world;
     frame.uniforms.bind(tools.state, kItemBinding, block);
-    raster.culling = showsBackFaces(frame, item) ? Culling::none : Culling::backFaces;
-    raster.winding = windingOf(node.world, frame.isMirrored);
-    tools.state.set(raster);
-    submit(frame, item);
+    submit(frame, item, raster);
 }
 
 void ItemPainter::drawDepth(const Frame& frame, const DrawItem& item) {
@@ -249,10 +245,7 @@ void ItemPainter::drawShade(const Frame& frame, const DrawItem& item, Lights lig
     MaterialBinding binding = bound(frame, item);
     binding.features = (binding.features & kRead) | kShade;
     bind(frame, binding, lights);
-    tools.state.set(
-        {.culling = showsBackFaces(frame, item) ? Culling::none : Culling::backFaces,
-         .winding = windingOf(binding.item.world, frame.isMirrored)});
-    submit(frame, item);
+    submit(frame, item, {});
 }
 
 void ItemPainter::applyShade(const Frame& frame, const DrawItem& item) {
@@ -270,18 +263,20 @@ void ItemPainter::drawOver(const Frame& frame, const DrawItem& item) {
     bindPictures(binding);
     frame.uniforms.bind(tools.state, kItemBinding, binding.item);
     const bool isSeen = scene::constantOpacity(*item.material) > 0;
-    tools.state.set(
+    submit(
+        frame,
+        item,
         {.depthTest = DepthTest::nearerOrEqual,
          .depthWrite = DepthWrite::off,
-         .culling = showsBackFaces(frame, item) ? Culling::none : Culling::backFaces,
-         .winding = windingOf(binding.item.world, frame.isMirrored),
          .blend = Blend::over,
          .colors = isSeen ? Colors::ofScene : Colors::shown});
-    submit(frame, item);
 }
 
-void ItemPainter::submit(const Frame& frame, const DrawItem& item) {
+void ItemPainter::submit(const Frame& frame, const DrawItem& item, RasterState raster) {
     const VisibleNode& node = frame.snapshot.nodes()[item.node];
+    raster.culling = showsBackFaces(frame, item) ? Culling::none : Culling::backFaces;
+    raster.winding = windingOf(node.world, frame.isMirrored);
+    tools.state.set(raster);
     const geometry::MeshElement element = drawnRange(node, item.element);
     tools.state.bindVertexArray(tools.meshes.vertexArray(*node.geometry, node.level));
     const std::uintptr_t offset = std::uintptr_t{element.firstIndex} * sizeof(std::uint32_t);

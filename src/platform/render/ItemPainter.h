@@ -90,7 +90,8 @@ private:
     void bind(const Frame& frame, const MaterialBinding& binding, Lights lights);
     void bindLights(const Frame& frame, Lights lights);
     void bindPictures(const MaterialBinding& binding);
-    void submit(const Frame& frame, const DrawItem& item);
+    /// Draws the triangles. Sides and culling follow from the item.
+    void submit(const Frame& frame, const DrawItem& item, RasterState raster);
 
     Tools tools;
     std::vector<KeyedSet> sets;
