@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/EngineNames.h"
 #include "app/Export.h"
-#include "app/Performer.h"
+#include "document/EngineNames.h"
+#include "document/Performer.h"
+#include "document/SetUp.h"
 #include "environments/SceneManager.h"
 #include "platform/foundation/Check.h"
 #include "platform/foundation/TemporaryFolder.h"
@@ -39,10 +40,11 @@ public:
         , engine(loop.runLoop, foundation::Folders::below(folder.path()), 0) {
         const auto& name =
             environments::SceneManager::sceneNames.at(static_cast<std::size_t>(scene));
-        const auto title = app::readPerformance(fmt::format(kTitle, name), app::engineNames());
+        const auto title =
+            document::readPerformance(fmt::format(kTitle, name), document::engineNames());
         CHECK(title.has_value(), "{}", title.error().front().text);
-        CHECK(app::setUp(*title, {}, engine).has_value(), "no music is asked for");
-        app::perform(*title, engine);
+        CHECK(document::setUp(*title, {}, engine.model()).has_value(), "no music is asked for");
+        document::perform(*title, engine.model());
     }
 
     foundation::TemporaryFolder folder;

@@ -3,6 +3,7 @@
 
 #include "platform/foundation/Check.h"
 #include "platform/foundation/Console.h"
+#include "platform/foundation/Random.h"
 #include "shared/FrameClock.h"
 #include "shared/Signal.h"
 
@@ -10,6 +11,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <variant>
 
 namespace zelvo::actions {
 
@@ -31,23 +34,51 @@ const std::vector<XACPtr>& ActionController::recordedActions() const {
     return recordedActions_;
 }
 
+void ActionController::perform(HandMove move, const std::function<void()>& deed) {
+    const auto* const press = std::get_if<ButtonPress>(&move);
+    std::optional<foundation::RandomScope> draws;
+    if (press != nullptr)
+        draws.emplace(press->seed);
+    moveUnderWay = std::make_shared<const HandMove>(std::move(move));
+    deed();
+    moveUnderWay.reset();
+}
+
+void ActionController::recordAt(double time, const std::function<void()>& deeds) {
+    recordingTime = time;
+    deeds();
+    recordingTime.reset();
+}
+
+XACPtr ActionController::newRecord(std::function<void()> xacFunc) const {
+    auto xac = std::make_shared<XAC>();
+    xac->xacFunc = std::move(xacFunc);
+    xac->origin = moveUnderWay;
+    xac->seed = foundation::arc4random();
+    xac->hasRun = true;
+    return xac;
+}
+
 void ActionController::addAction(
     std::function<void()> xacFunc,
     int identifier,
     std::string title,
     RegisterUndo registerUndo,
     Snapping snapping) {
-    auto xac = std::make_shared<XAC>();
-    xac->xacFunc = std::move(xacFunc);
+    const XACPtr xac = newRecord(std::move(xacFunc));
     xac->identifier = identifier;
     xac->title = std::move(title);
     xac->registerUndo = registerUndo == RegisterUndo::yes;
+    if (recordingTime) {
+        xac->time = *recordingTime;
+        keep(xac);
+        return;
+    }
 
     const auto isInRun = std::make_shared<bool>(false);
     send(
         [&owner = owner, xac, isInRun] {
             xac->time = owner.time();
-            xac->hasRun = true;
             *isInRun = owner.isPlaying();
         },
         [this, xac, isInRun, snapping, performance = performanceNumber] {
@@ -57,8 +88,17 @@ void ActionController::addAction(
                 keep(xac);
             }
             if (!*isInRun || owner.isPlaying())
-                xac->xacFunc();
+                call(*xac);
         });
+}
+
+/// A live run draws new random numbers each time. A movie draws from the record's seed, so that a
+/// performance has one movie.
+void ActionController::call(const XAC& xac) const {
+    std::optional<foundation::RandomScope> draws;
+    if (owner.repeatsDraws())
+        draws.emplace(xac.seed);
+    xac.xacFunc();
 }
 
 void ActionController::send(std::function<void()> onQueue, std::function<void()> onLoop) {
@@ -119,7 +159,7 @@ void ActionController::run(double time) {
         xac->hasRun = true; // before the callback, so that no later tick runs it again
         owner.runLoop().post(lifetime.guard([this, xac, run = runNumber] {
             if (run == runNumber)
-                xac->xacFunc();
+                call(*xac);
         }));
     }
 }

@@ -3,6 +3,7 @@
 
 #include "actions/ActionControllerOwner.h"
 #include "actions/Gestures.h"
+#include "actions/HandMove.h"
 #include "actions/HomePose.h"
 #include "actions/MyUndoManager.h"
 #include "actions/Techniques.h"
@@ -11,6 +12,7 @@
 #include "stage/Nodes.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -64,6 +66,14 @@ public:
         RegisterUndo registerUndo,
         Snapping snapping = Snapping::toBeats);
 
+    /// Does what the hand did: all records that `deed` makes keep it. Random numbers that a button
+    /// draws when it is pressed come from the press's seed.
+    void perform(HandMove move, const std::function<void()>& deed);
+
+    /// Records all actions of `deeds` as if a run had come to `time` (seconds of the clock), but
+    /// performs none of them. So a saved performance becomes records at once.
+    void recordAt(double time, const std::function<void()>& deeds);
+
     /// Moves the time of a press to a beat; both are seconds of the clock, including the count-in.
     /// Empty: presses are recorded when they come. A press is performed at once in any case, and in
     /// this run it is not performed again at the beat. The further records of its action, such as the
@@ -106,13 +116,17 @@ private:
     /// calls.
     void send(std::function<void()> onQueue, std::function<void()> onLoop);
     void behindPresses(const std::function<void()>& step);
+    [[nodiscard]] XACPtr newRecord(std::function<void()> xacFunc) const;
     void keep(const XACPtr& xac);
+    void call(const XAC& xac) const;
     void snap(XAC& xac) const;
     void checkOwnerThread() const;
 
     ActionControllerOwner& owner;
     std::vector<XACPtr> recordedActions_;
-    int underWay = 0; ///< number of calls of `send` that have not come back
+    HandMovePtr moveUnderWay;            ///< null: not within `perform`
+    std::optional<double> recordingTime; ///< empty: not within `recordAt`
+    int underWay = 0;                    ///< number of calls of `send` that have not come back
     /// Incremented by deleteAll: records made for an earlier performance are not kept.
     int performanceNumber = 0;
     int runNumber = 0; ///< incremented at the end of each run

@@ -19,6 +19,9 @@ public:
     /// The base duration of animations at the current speed, in seconds.
     [[nodiscard]] virtual double animationFactor() const = 0;
 
+    /// Whether replayed actions draw the same random numbers each time, as in a movie.
+    [[nodiscard]] virtual bool repeatsDraws() const { return false; }
+
     /// The renderer that shows the scene; null if there is none.
     [[nodiscard]] virtual scene::SCNSceneRenderer* currentRenderer() const { return nullptr; }
 

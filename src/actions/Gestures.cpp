@@ -7,7 +7,6 @@
 #include "platform/scene/SCNAction.h"
 
 #include <cmath>
-#include <utility>
 
 namespace zelvo::actions {
 
@@ -93,20 +92,22 @@ Gestures::Gestures(ActionController& owner)
     : controller(owner) {}
 
 void Gestures::pan(GestureState state, const glm::vec2& location) {
-    if (state == GestureState::began) {
-        beginPan();
-        previousLocation = location;
-    } else if (state == GestureState::changed) {
-        const glm::vec2 d = location - std::exchange(previousLocation, location);
-        controller.addAction(
-            [&stage = controller.nodes, d] { turnCamera(stage, d); },
-            panningActionIdentifier,
-            "",
-            RegisterUndo::no,
-            Snapping::no);
-    } else {
-        releasePan();
-    }
+    const double factor = controller.model().animationFactor();
+    const PanTouch touch{state, location, previousLocation, factor};
+    previousLocation = location;
+    controller.perform(touch, [&] {
+        if (state == GestureState::began)
+            beginPan();
+        else if (state == GestureState::changed)
+            turn(location - touch.previous);
+        else
+            releasePan(factor);
+    });
+}
+
+void Gestures::resumePan(const glm::vec2& location) {
+    panningActionIdentifier = controller.newIdentifier();
+    previousLocation = location;
 }
 
 void Gestures::beginPan() {
@@ -119,8 +120,17 @@ void Gestures::beginPan() {
         Snapping::no);
 }
 
-void Gestures::releasePan() {
-    const double duration = controller.model().animationFactor() * kReleaseFactor;
+void Gestures::turn(const glm::vec2& by) {
+    controller.addAction(
+        [&stage = controller.nodes, by] { turnCamera(stage, by); },
+        panningActionIdentifier,
+        "",
+        RegisterUndo::no,
+        Snapping::no);
+}
+
+void Gestures::releasePan(double animationFactor) {
+    const double duration = animationFactor * kReleaseFactor;
     controller.addAction(
         [&stage = controller.nodes, duration] { straightenCamera(stage, duration); },
         panningActionIdentifier,
@@ -130,13 +140,23 @@ void Gestures::releasePan() {
 }
 
 void Gestures::pinch(GestureState state, float velocity) {
+    const double factor = controller.model().animationFactor();
+    controller.perform(PinchTouch{state, velocity, factor}, [&] {
+        if (state == GestureState::ended)
+            releasePinch(factor);
+        else
+            stepPinch(state, velocity);
+    });
+}
+
+void Gestures::resumePinch() {
+    pinchActionIdentifier = controller.newIdentifier();
+}
+
+void Gestures::stepPinch(GestureState state, float velocity) {
     const bool isFirst = state == GestureState::began;
     if (isFirst)
         pinchActionIdentifier = controller.newIdentifier();
-    if (state == GestureState::ended) {
-        releasePinch();
-        return;
-    }
     if (std::isnan(velocity)) {
         foundation::logLine("isNan");
         velocity = kFallbackVelocity;
@@ -156,8 +176,8 @@ void Gestures::pinchCamera(float value, int identifier, RegisterUndo registerUnd
         Snapping::no);
 }
 
-void Gestures::releasePinch() {
-    const double duration = controller.model().animationFactor() * kReleaseFactor;
+void Gestures::releasePinch(double animationFactor) {
+    const double duration = animationFactor * kReleaseFactor;
     controller.addAction(
         [&stage = controller.nodes, duration] {
             stage.cameraPinchNode->runAction(SCNAction::moveTo(kHome, duration, glide()));
@@ -169,17 +189,19 @@ void Gestures::releasePinch() {
 }
 
 void Gestures::doubleTap() {
-    controller.addAction(
-        [&stage = controller.nodes] {
-            resetStage(
-                stage,
-                CameraHandles::leave,
-                {.timing = elasticOut(kCenterPeriod), .duration = kCenterDuration});
-        },
-        controller.newIdentifier(),
-        "Center",
-        RegisterUndo::yes,
-        Snapping::no);
+    controller.perform(DoubleTap{}, [this] {
+        controller.addAction(
+            [&stage = controller.nodes] {
+                resetStage(
+                    stage,
+                    CameraHandles::leave,
+                    {.timing = elasticOut(kCenterPeriod), .duration = kCenterDuration});
+            },
+            controller.newIdentifier(),
+            "Center",
+            RegisterUndo::yes,
+            Snapping::no);
+    });
 }
 
 } // namespace zelvo::actions

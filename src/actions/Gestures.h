@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "actions/HandMove.h"
+
 #include <glm/vec2.hpp>
 
 namespace zelvo::actions {
 
 class ActionController;
 enum class RegisterUndo;
-
-/// The state of a recognised gesture.
-enum class GestureState { began, changed, ended, cancelled };
 
 /// Lets fingers move the camera: a pan turns it, a pinch moves it in and it springs back, a double
 /// tap resets the stage. Each step is a recorded action (ActionController::addAction), so a gesture
@@ -30,6 +29,10 @@ public:
     /// x right, y down; only its changes matter.
     void pan(GestureState state, const glm::vec2& location);
 
+    /// Goes on with a pan or a pinch that began before the recording did. Makes no record.
+    void resumePan(const glm::vec2& location);
+    void resumePinch();
+
     /// Two fingers. `velocity` is the change of their distance, in scale factors per second. A
     /// cancelled pinch does one more step and no release: the camera stays there until the next
     /// stop.
@@ -46,8 +49,10 @@ public:
 
 private:
     void beginPan();
-    void releasePan();
-    void releasePinch();
+    void turn(const glm::vec2& by);
+    void releasePan(double animationFactor);
+    void stepPinch(GestureState state, float velocity);
+    void releasePinch(double animationFactor);
 
     ActionController& controller;
     glm::vec2 previousLocation{0};   ///< the last touch of a pan

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "actions/HandMove.h"
+
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -18,6 +21,8 @@ struct XAC {
     std::string title;         ///< shown in the history and in undo messages; may be empty
     bool registerUndo = false; ///< whether this record represents its group in undo and history
     bool hasRun = false;       ///< in the current run
+    HandMovePtr origin;        ///< what made it; null: nothing that can be saved
+    std::uint32_t seed = 0;    ///< of the random numbers that the callback draws in a movie
 };
 
 /// Shared, because it moves between the performance and the undo stacks.

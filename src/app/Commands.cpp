@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/Commands.h"
 
-#include "app/EngineNames.h"
+#include "app/Listed.h"
 #include "platform/foundation/Console.h"
 
 #include <fmt/format.h>

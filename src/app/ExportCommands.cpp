@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/Commands.h"
-#include "app/EngineNames.h"
 #include "app/Export.h"
-#include "app/PerformanceFile.h"
-#include "app/Performer.h"
 #include "app/PictureFiles.h"
 #include "app/Strip.h"
+#include "document/EngineNames.h"
+#include "document/PerformanceFile.h"
+#include "document/Performer.h"
+#include "document/SetUp.h"
 #include "node/DefaultSCNNode.h"
 #include "platform/foundation/Console.h"
 #include "platform/foundation/NewFile.h"
@@ -37,21 +38,22 @@ struct Task {
 };
 
 int carryOut(StoppableLoop& loop, const Task& task) {
-    const auto performance = loadPerformance(task.file, engineNames());
+    const auto performance = document::loadPerformance(task.file, document::engineNames());
     if (!performance) {
         for (const auto& line : performance.error())
             foundation::logLine(line);
         return ExitStatus::kWrong;
     }
     Engine engine(loop.runLoop, task.folders, task.seed);
-    if (auto ready = setUp(*performance, task.file.parent_path(), engine); !ready) {
+    if (auto ready = document::setUp(*performance, task.file.parent_path(), engine.model());
+        !ready) {
         foundation::logLine(fmt::format("{}:{}", task.file.string(), ready.error().message));
         return ExitStatus::kWrong;
     }
     const auto options = task.options(engine.model());
     if (!options)
         return complain(options.error(), ExitStatus::kWrong);
-    perform(*performance, engine);
+    document::perform(*performance, engine.model());
     if (loop.stopSignal() != 0)
         return stoppedBy(loop.stopSignal());
     const auto report = exportMovie(engine, loop, *options);

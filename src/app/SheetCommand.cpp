@@ -3,9 +3,9 @@
 #include "app/ContactSheet.h"
 #include "app/Engine.h"
 #include "app/Export.h"
-#include "app/Performer.h"
 #include "app/SheetViews.h"
-#include "app/StageStyling.h"
+#include "document/SetUp.h"
+#include "document/StageStyling.h"
 #include "platform/foundation/Check.h"
 #include "platform/foundation/NewFile.h"
 #include "platform/foundation/TemporaryFolder.h"
@@ -60,10 +60,10 @@ public:
 
     [[nodiscard]] foundation::Result<Tile> paint(const SheetView& view) {
         const std::string caption = view.object.empty() ? view.caption : showInMiddle(view);
-        if (auto ready = setUp(view.stage, {}, engine); !ready)
+        if (auto ready = document::setUp(view.stage, {}, engine.model()); !ready)
             return tl::unexpected(ready.error());
         if (view.fitted)
-            fit(*nodeNamed(*view.fitted, engine.stage()), format);
+            fit(*document::nodeNamed(*view.fitted, engine.stage()), format);
         engine.runLoop.runFor(kLeadIn);
         for (double end = time + kLeadIn; time < end; time += kStep)
             renderer.update(time);
@@ -81,7 +81,7 @@ private:
     /// layout. Returns the caption.
     [[nodiscard]] std::string showInMiddle(const SheetView& view) {
         content::MediaNode& node = *engine.stage().mediaNode;
-        const auto object = showObject(view.object, node);
+        const auto object = document::showObject(view.object, node);
         if (!object) {
             hasFailed_ = true;
             node.setShape(std::make_shared<content::NoShape>());

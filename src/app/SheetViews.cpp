@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/SheetViews.h"
 
-#include "app/EngineNames.h"
+#include "app/Listed.h"
 #include "environments/Environments.h"
 #include "look/XMAT.h"
 #include "platform/foundation/Check.h"
@@ -14,6 +14,9 @@
 namespace zelvo::app {
 
 namespace {
+
+using document::Performance;
+using document::TextStyle;
 
 constexpr auto kHeavyFont = "BowlbyOneSC-Regular";
 constexpr auto kDim = image::Color::white(0.16F);

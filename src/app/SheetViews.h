@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/CommandLine.h"
-#include "app/Performance.h"
+#include "document/Performance.h"
 
 #include <filesystem>
 #include <optional>
@@ -14,7 +14,7 @@ namespace zelvo::app {
 /// One tile of a sheet: its stage, and the node that is scaled to fill the tile.
 struct SheetView {
     std::string caption;
-    Performance stage;
+    document::Performance stage;
     std::optional<std::string> fitted; ///< the node's short name; empty: no node is scaled
     std::filesystem::path object;      ///< a 3D file to show; the caption tells its figures, too
 };

@@ -3,6 +3,7 @@
 
 #include "catalogue/PressContext.h"
 
+#include <cstdint>
 #include <functional>
 #include <span>
 #include <string_view>
@@ -48,6 +49,13 @@ struct Tab {
 
 /// In the order of the row.
 [[nodiscard]] std::span<const Tab> tabs();
+
+/// Presses a button of the tab. The records keep what was pressed and the seed of what the press draws
+/// at random, so that they can be saved.
+void press(const Tab& tab, const Button& button, const PressContext& context, std::uint32_t seed);
+
+/// Releases a held button.
+void release(const Button& button, const PressContext& context);
 
 /// Finds a tab by its short title; null if there is none.
 [[nodiscard]] const Tab* tabNamed(std::string_view shortTitle);

@@ -61,12 +61,14 @@ void ImageNode::setCurrentMask(ImageMaskPtr mask) {
 
 void ImageNode::setImage(image::ImagePtr picture) {
     endVideo(*this);
+    file.clear();
     image_ = std::move(picture);
     updateContent();
 }
 
 void ImageNode::applyStyle(const ImageStylePreset& preset) {
     endVideo(*this);
+    file.clear();
     image_ = preset.image;
     currentMask_ = preset.mask;
     isVisible = preset.isVisible;

@@ -4,6 +4,8 @@
 #include "content/ImageMask.h"
 #include "node/Node.h"
 
+#include <filesystem>
+
 namespace zelvo::content {
 
 struct ImageStylePreset;
@@ -30,6 +32,11 @@ public:
 
     void setCurrentMask(ImageMaskPtr mask);
     void setImage(image::ImagePtr picture); ///< null: an empty plane
+
+    /// Where the picture or the video comes from; empty: it is the program's own. A new picture resets
+    /// it.
+    std::filesystem::path file;
+
     void applyStyle(const ImageStylePreset& preset);
 
     void updateContent() override;

@@ -142,6 +142,8 @@ public:
     // --- ActionControllerOwner and MovieWriterOwner
     void stopAndReset() override { stop(Reset::toStart); }
 
+    [[nodiscard]] bool repeatsDraws() const override { return isRecordingMovie(); }
+
     [[nodiscard]] foundation::SerialQueue& serialQueue() override { return *serialQueue_; }
 
     [[nodiscard]] foundation::RunLoop& runLoop() override { return services.runLoop; }

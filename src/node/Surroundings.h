@@ -20,7 +20,7 @@ enum class DeviceIdiom { phone, tablet };
 /// What the stage needs from outside, passed in at start-up. The objects must outlive all nodes;
 /// pointers must not be null.
 struct Surroundings {
-    const text::FontRegistry* fonts = nullptr;
+    text::FontRegistry* fonts = nullptr;
     foundation::UserDefaults* defaults = nullptr;
     foundation::RunLoop* runLoop = nullptr;
     /// Shows an alert with the button "Ok"; called on the run loop. If empty, no alerts are shown.

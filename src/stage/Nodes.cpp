@@ -55,7 +55,8 @@ Nodes::Nodes(const node::Surroundings& surroundings)
     , textNode2(
           content::TextNode::make({{0, -36, 0}, 0.76f, "HERE", kFirstFont, "TX2"}, surroundings))
     , fxHolderNode(newNode())
-    , particleAndParticleLightHolder(newNode()) {
+    , particleAndParticleLightHolder(newNode())
+    , fonts_(surroundings.fonts) {
     linkCameraRig();
     for (const scene::SCNNodePtr& node :
          std::initializer_list<scene::SCNNodePtr>{imageNode, mediaNode, textNode1, textNode2}) {
@@ -94,11 +95,15 @@ void Nodes::applyDefaultStyles() {
     textNode2->applyStyle(text);
 
     imageNode->applyStyle(
-        {image::requiredImage("LogoPlaceholder.png"), content::imageMasks().front(), false});
+        {placeholder(), content::imageMasks().front(), false});
     mediaNode->applyStyle(
         {content::MediaNode::shapeNamed("None"),
          ui::kPalette[ui::kBlackIndex],
          look::XMATClasses::plain});
+}
+
+image::ImagePtr Nodes::placeholder() {
+    return image::requiredImage("LogoPlaceholder.png");
 }
 
 std::vector<node::NodePtr> Nodes::content() const {

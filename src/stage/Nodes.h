@@ -73,6 +73,12 @@ public:
     /// to be seen.
     [[nodiscard]] std::optional<float> lowestInLayout() const;
 
+    /// The fonts that the texts can have.
+    [[nodiscard]] text::FontRegistry& fonts() const { return *fonts_; }
+
+    /// What the image node shows until the user gives it a picture.
+    [[nodiscard]] static image::ImagePtr placeholder();
+
     /// The children of a scene's root, in order: fxHolderNode, particleAndParticleLightHolder,
     /// cameraJittery, mediaHolderNode.
     [[nodiscard]] std::vector<scene::SCNNodePtr> holders() const;
@@ -86,6 +92,7 @@ private:
     void linkCameraRig();
     void applyDefaultStyles();
 
+    text::FontRegistry* fonts_;
     std::vector<std::weak_ptr<scene::SCNNode>> effects; ///< outside particleAndParticleLightHolder
 };
 

@@ -3,12 +3,13 @@
 
 #include "HintPainter.h"
 #include "HintScript.h"
-#include "app/EngineNames.h"
 #include "app/Export.h"
-#include "app/PerformanceFile.h"
-#include "app/Performer.h"
 #include "app/PictureFiles.h"
 #include "catalogue/Catalogue.h"
+#include "document/EngineNames.h"
+#include "document/PerformanceFile.h"
+#include "document/Performer.h"
+#include "document/SetUp.h"
 #include "export/RawMovie.h"
 #include "platform/foundation/Check.h"
 #include "platform/foundation/TemporaryFolder.h"
@@ -76,16 +77,16 @@ movie::FrameTap gather(const std::shared_ptr<Pictures>& pictures, int frames) {
 }
 
 Result<std::shared_ptr<Pictures>>
-drawStage(const app::Performance& performance, const std::filesystem::path& folder) {
+drawStage(const document::Performance& performance, const std::filesystem::path& folder) {
     const auto temporary =
         foundation::TemporaryFolder::make(foundation::Folders::standard().temporary);
     if (!temporary)
         return tl::unexpected(temporary.error());
     app::StoppableLoop loop;
     app::Engine engine(loop.runLoop, foundation::Folders::below(temporary->path()), 0);
-    if (auto ready = app::setUp(performance, folder, engine); !ready)
+    if (auto ready = document::setUp(performance, folder, engine.model()); !ready)
         return tl::unexpected(ready.error());
-    app::perform(performance, engine);
+    document::perform(performance, engine.model());
 
     auto pictures = std::make_shared<Pictures>();
     movie::MovieOptions options;
@@ -141,7 +142,7 @@ Result<void> write(
 
 Result<void>
 makeHintMovie(const std::filesystem::path& performanceFile, const std::filesystem::path& movie) {
-    const auto performance = app::loadPerformance(performanceFile, app::engineNames());
+    const auto performance = document::loadPerformance(performanceFile, document::engineNames());
     if (!performance)
         return foundation::fail(Cause::malformed, performance.error().front());
     const auto family = loadFont();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "HintScript.h"
 
-#include "app/PerformanceReader.h"
+#include "document/PerformanceReader.h"
 #include "platform/foundation/Check.h"
 
 #include <algorithm>
@@ -26,7 +26,7 @@ double smooth(double x) {
     return t * t * (3 - 2 * t);
 }
 
-Target targetOf(const app::Press& press, const std::vector<std::string>& buttons) {
+Target targetOf(const document::Press& press, const std::vector<std::string>& buttons) {
     const auto place = std::ranges::find(buttons, press.title);
     CHECK(place != buttons.end(), "the hint does not show the button {}", press.title);
     return {static_cast<int>(place - buttons.begin())};
@@ -34,12 +34,13 @@ Target targetOf(const app::Press& press, const std::vector<std::string>& buttons
 
 } // namespace
 
-HintScript::HintScript(const app::Performance& performance, const std::vector<std::string>& buttons)
-    : duration(performance.duration.value_or(app::kDefaultDuration))
+HintScript::HintScript(
+    const document::Performance& performance, const std::vector<std::string>& buttons)
+    : duration(performance.duration.value_or(document::kDefaultDuration))
     , runBegin(kIntro + kCountIn) {
     touches.push_back({kIntro, {}});
-    for (const app::Cue& cue : performance.cues) {
-        if (const auto* const press = std::get_if<app::Press>(&cue.act))
+    for (const document::Cue& cue : performance.cues) {
+        if (const auto* const press = std::get_if<document::Press>(&cue.act))
             touches.push_back({runBegin + cue.at, targetOf(*press, buttons)});
     }
     touches.push_back({length() - kLastTouch, {}});

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/Performance.h"
+#include "document/Performance.h"
 
 #include <string>
 #include <vector>
@@ -41,7 +41,7 @@ class HintScript {
 public:
     /// `buttons`: the titles of the buttons shown. All cues must press one of these; otherwise the
     /// process ends.
-    HintScript(const app::Performance& performance, const std::vector<std::string>& buttons);
+    HintScript(const document::Performance& performance, const std::vector<std::string>& buttons);
 
     /// Seconds.
     [[nodiscard]] double length() const { return runBegin + duration; }

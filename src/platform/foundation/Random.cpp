@@ -2,6 +2,7 @@
 #include "platform/foundation/Random.h"
 
 #include <random>
+#include <utility>
 
 namespace zelvo::foundation {
 
@@ -25,6 +26,13 @@ void seedRandom(std::uint64_t seed) {
     startedWith() = seed;
     std::seed_seq words{static_cast<std::uint32_t>(seed), static_cast<std::uint32_t>(seed >> 32U)};
     source().seed(words);
+}
+
+RandomScope::RandomScope(std::uint32_t seed)
+    : former(std::exchange(source(), std::mt19937(seed))) {}
+
+RandomScope::~RandomScope() {
+    source() = former;
 }
 
 std::uint64_t randomSeed() {

@@ -2,12 +2,26 @@
 #pragma once
 
 #include <cstdint>
+#include <random>
 
 namespace zelvo::foundation {
 
 /// Seeds the process-wide random source. The same seed gives the same draws in the same order on
 /// every machine. The initial seed is 0. Main thread only, like the draws.
 void seedRandom(std::uint64_t seed);
+
+/// While it lives, draws come from a source of its own with this seed. The process's source goes on
+/// afterwards where it was. Main thread only; scopes must end in the reverse order of their beginning.
+class RandomScope {
+public:
+    explicit RandomScope(std::uint32_t seed);
+    ~RandomScope();
+    RandomScope(const RandomScope&) = delete;
+    RandomScope& operator=(const RandomScope&) = delete;
+
+private:
+    std::mt19937 former;
+};
 
 /// The last seed.
 [[nodiscard]] std::uint64_t randomSeed();

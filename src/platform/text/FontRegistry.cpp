@@ -146,6 +146,14 @@ std::vector<FontPtr> FontRegistry::facesOf(const std::filesystem::path& file) co
     return faces;
 }
 
+std::filesystem::path FontRegistry::addedFileOf(std::string_view name) const {
+    const FontPtr font = find(name);
+    const auto entry =
+        std::ranges::find_if(state->entries, [&](const Entry& each) { return each.face == font; });
+    const bool isAdded = entry != state->entries.end() && entry->origin == Origin::added;
+    return isAdded ? entry->file : std::filesystem::path();
+}
+
 void FontRegistry::setLookup(Lookup lookup) {
     state->lookup = std::move(lookup);
 }

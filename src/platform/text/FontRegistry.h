@@ -58,6 +58,9 @@ public:
     addFace(const std::filesystem::path& file, unsigned faceIndex, const std::string& alias);
     void unregisterFile(const std::filesystem::path& file);
 
+    /// The file of an added font; empty for those of the program and for an unknown name.
+    [[nodiscard]] std::filesystem::path addedFileOf(std::string_view name) const;
+
     /// The faces of a registered file; empty if it is not registered.
     [[nodiscard]] std::vector<FontPtr> facesOf(const std::filesystem::path& file) const;
 

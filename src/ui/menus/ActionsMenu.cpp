@@ -3,6 +3,7 @@
 
 #include "model/Model.h"
 #include "platform/foundation/Check.h"
+#include "platform/foundation/Random.h"
 #include "platform/foundation/UserDefaults.h"
 
 #include <algorithm>
@@ -148,7 +149,7 @@ void ActionsMenu::show(const catalogue::Tab& tab) {
         return;
     std::vector<std::unique_ptr<FuncButton>> made;
     for (const catalogue::Button& button : tab.buttons())
-        made.push_back(makeActionButton(button, static_cast<int>(made.size())));
+        made.push_back(makeActionButton(tab, button, static_cast<int>(made.size())));
     setActionButtons(std::move(made));
 }
 
@@ -163,13 +164,14 @@ void ActionsMenu::setActionButtons(std::vector<std::unique_ptr<FuncButton>> butt
     Q_EMIT actionsChanged();
 }
 
-std::unique_ptr<FuncButton>
-ActionsMenu::makeActionButton(const catalogue::Button& button, int place) {
+std::unique_ptr<FuncButton> ActionsMenu::makeActionButton(
+    const catalogue::Tab& tab, const catalogue::Button& button, int place) {
     const model::Model& model = services.model;
-    FuncButton::Action action{
-        .beganFunc = [began = button.beganFunc, &model] { began(contextOf(model)); }};
+    FuncButton::Action action{.beganFunc = [&tab, button, &model] {
+        catalogue::press(tab, button, contextOf(model), foundation::arc4random());
+    }};
     if (button.isHold())
-        action.endFunc = [end = button.endFunc, &model](auto) { end(contextOf(model)); };
+        action.endFunc = [button, &model](auto) { catalogue::release(button, contextOf(model)); };
     return std::make_unique<FuncButton>(
         services.runLoop,
         ButtonFace{

@@ -97,7 +97,7 @@ private:
     [[nodiscard]] TabButton makeTabButton(const catalogue::Tab& tab);
     [[nodiscard]] TabButton makeArrow(const QString& image, void (ActionsMenu::*page)());
     [[nodiscard]] std::unique_ptr<FuncButton>
-    makeActionButton(const catalogue::Button& button, int place);
+    makeActionButton(const catalogue::Tab& tab, const catalogue::Button& button, int place);
     [[nodiscard]] QList<MyButton*> tabsOfPage(int number) const;
     [[nodiscard]] QList<MyButton*> pageOf(const MyButton& tab) const;
     [[nodiscard]] QList<MyButton*> tabsInOrder() const;

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "app/PerformanceReader.h"
+#include "document/PerformanceReader.h"
 
-#include "app/CueReader.h"
-#include "app/NodeStyleReader.h"
+#include "document/CueReader.h"
+#include "document/NodeStyleReader.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <utility>
 
-namespace zelvo::app {
+namespace zelvo::document {
 
 namespace {
 
@@ -21,6 +21,7 @@ using foundation::Range;
 
 constexpr Range kDuration{2, 3599};
 constexpr Range kSongTime{0, 86'400};
+constexpr Range kSeeds{0, 9'007'199'254'740'991}; // what JSON numbers hold exactly
 
 /// Reads one file. Each function returns what it could read, and adds the rest to `problems`.
 class Reader {
@@ -34,7 +35,7 @@ public:
         if (root.kind != JsonValue::Kind::object)
             return result;
         result.duration = object.number("duration", kDuration);
-        result.speed = readSpeed(object, names, problems);
+        result.speed = readSpeed(object, "speed", names, problems);
         result.scene = object.choice("scene", "scene", names.scenes);
         result.background = readColor(object, "background");
         if (const auto* const nodes = object.find("nodes")) {
@@ -47,8 +48,9 @@ public:
             result.music = music(*audio);
         if (result.picture && result.picture->sound)
             takeVideoSound(result);
-        result.cues =
-            readCues(object, {names, result.duration.value_or(kDefaultDuration)}, problems);
+        if (const auto seed = object.number("seed", kSeeds))
+            result.seed = static_cast<std::uint64_t>(*seed);
+        result.cues = readCues(object, names, problems);
         (void)object.has("$schema"); // allowed, because editors use it
         object.finish();
         return result;
@@ -62,7 +64,7 @@ private:
         const ImageStyle& picture = *performance.picture;
         if (performance.music || !picture.image) {
             problems.add(
-                picture.line,
+                picture.line.number,
                 "\"sound\" in node IMG needs a video in \"image\" and no \"audio\": a movie has "
                 "one sound");
             return;
@@ -79,8 +81,9 @@ private:
         if (value.kind == JsonValue::Kind::object && (!object.has("file") || file == "")) {
             problems.add(object.lineOf("file"), "audio needs a \"file\": the path of a sound file");
         }
-        result.line = object.lineOf("file");
+        result.line.number = object.lineOf("file");
         result.file = file.value_or("");
+        result.title = object.string("title");
         result.in = object.number("in", kSongTime).value_or(0);
         result.end = object.number("end", kSongTime);
         result.preRoll = object.number("preRoll", kSongTime).value_or(0);
@@ -115,4 +118,4 @@ readPerformance(std::string_view text, const Names& names) {
     return performance;
 }
 
-} // namespace zelvo::app
+} // namespace zelvo::document

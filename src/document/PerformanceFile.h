@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/PerformanceReader.h"
+#include "document/PerformanceReader.h"
 
 #include <filesystem>
 #include <string>
 #include <vector>
 
-namespace zelvo::app {
+namespace zelvo::document {
 
 /// Reads a performance file. The error is one line for each problem: `demo.json:14: unknown …`.
 [[nodiscard]] tl::expected<Performance, std::vector<std::string>>
 loadPerformance(const std::filesystem::path& file, const Names& names);
 
-} // namespace zelvo::app
+} // namespace zelvo::document

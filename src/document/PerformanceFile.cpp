@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/PerformanceFile.h"
+#include "document/PerformanceFile.h"
 
 #include <fmt/format.h>
 
@@ -9,7 +9,7 @@
 #include <optional>
 #include <system_error>
 
-namespace zelvo::app {
+namespace zelvo::document {
 
 namespace {
 
@@ -51,4 +51,4 @@ loadPerformance(const std::filesystem::path& file, const Names& names) {
     return tl::unexpected(lines);
 }
 
-} // namespace zelvo::app
+} // namespace zelvo::document

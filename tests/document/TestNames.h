@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/PerformanceReader.h"
+#include "document/PerformanceReader.h"
 
-namespace zelvo::app {
+namespace zelvo::document {
 
 /// A few names of each kind.
 inline Names testNames() {
@@ -22,4 +22,4 @@ inline Names testNames() {
     return names;
 }
 
-} // namespace zelvo::app
+} // namespace zelvo::document

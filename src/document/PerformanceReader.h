@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/Performance.h"
+#include "document/Performance.h"
 #include "platform/foundation/Json.h"
 
 #include <tl/expected.hpp>
@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-namespace zelvo::app {
+namespace zelvo::document {
 
 /// The buttons of a tab, by their titles in the history.
 struct TabNames {
@@ -46,4 +46,4 @@ inline constexpr double kCountIn = 2.0;              ///< seconds before the mov
 [[nodiscard]] tl::expected<Performance, std::vector<foundation::Problem>>
 readPerformance(std::string_view text, const Names& names);
 
-} // namespace zelvo::app
+} // namespace zelvo::document

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/EngineNames.h"
+#include "document/EngineNames.h"
 
 #include "audio/AudioPlayer.h"
 #include "catalogue/Catalogue.h"
@@ -16,7 +16,7 @@
 #include <iterator>
 #include <string_view>
 
-namespace zelvo::app {
+namespace zelvo::document {
 
 namespace {
 
@@ -27,19 +27,6 @@ template <class Range, class Projection>
     for (const auto& item : range)
         names.emplace_back(nameOf(item));
     return names;
-}
-
-[[nodiscard]] std::vector<std::string> tabLines() {
-    return collected(catalogue::tabs(), [](const auto& tab) { return tab.shortTitle; });
-}
-
-[[nodiscard]] std::vector<std::string> buttonLines() {
-    std::vector<std::string> lines;
-    for (const auto& tab : engineNames().tabs) {
-        for (const auto& title : tab.titles)
-            lines.push_back(tab.tab + "\t" + title);
-    }
-    return lines;
 }
 
 } // namespace
@@ -70,28 +57,6 @@ Names engineNames() {
     return names;
 }
 
-std::vector<std::string> listed(Listing what) {
-    switch (what) {
-    case Listing::tabs:
-        return tabLines();
-    case Listing::buttons:
-        return buttonLines();
-    case Listing::fonts:
-        return engineNames().fonts;
-    case Listing::materials:
-        return engineNames().materials;
-    case Listing::scenes:
-        return engineNames().scenes;
-    case Listing::speeds:
-        return engineNames().speeds;
-    case Listing::shapes:
-        return collected(content::mediaShapes(), [](const auto& shape) { return shape->name; });
-    case Listing::masks:
-        return collected(content::imageMasks(), [](const auto& mask) { return mask->name; });
-    }
-    FATAL("no listing {}", static_cast<int>(what));
-}
-
 int sceneIndexOf(const std::string& name) {
     const auto& names = environments::SceneManager::sceneNames;
     const auto* const found = std::ranges::find(names, name);
@@ -99,4 +64,4 @@ int sceneIndexOf(const std::string& name) {
     return static_cast<int>(std::distance(names.begin(), found));
 }
 
-} // namespace zelvo::app
+} // namespace zelvo::document

@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "app/CueReader.h"
+#include "document/CueReader.h"
 
-#include "app/GestureReader.h"
+#include "document/GestureReader.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <cstdint>
+#include <span>
 #include <utility>
 
-namespace zelvo::app {
+namespace zelvo::document {
 
 namespace {
 
@@ -20,8 +22,9 @@ using foundation::Problems;
 using foundation::unknownName;
 using Strings = std::vector<std::string>;
 
-constexpr double kShortestHold = 0.02; ///< seconds; a little more than a frame
-constexpr double kLongestHold = 3600;
+constexpr foundation::Range kHoldTime{0, 3600}; ///< seconds
+constexpr double kLatest = 3600;                ///< seconds; the longest movie
+constexpr foundation::Range kPressSeeds{0, 4'294'967'295};
 
 constexpr auto kCueKeys = std::to_array<std::string_view>(
     {"at",
@@ -35,16 +38,24 @@ constexpr auto kCueKeys = std::to_array<std::string_view>(
      "pinch",
      "doubleTap",
      "undo",
-     "redo"});
+     "redo",
+     "times",
+     "begins",
+     "releaseSpeed",
+     "releaseNodes",
+     "seed"});
 
 using Act = decltype(Cue::act);
 
 /// A cue that presses no button. Its key says what it does.
 struct BareCue {
     const char* key;
-    const char* other; ///< a second key that it needs; null: none
+    std::span<const std::string_view> others; ///< further keys that it can have
     Act (*read)(JsonObject& cue, const char* key, Problems& problems);
 };
+
+constexpr auto kFingerKeys =
+    std::to_array<std::string_view>({"for", "times", "begins", "releaseSpeed"});
 
 /// Reads a cue such as `"undo": true`. False is a problem.
 template <class What> Act readTrue(JsonObject& cue, const char* key, Problems& problems) {
@@ -62,11 +73,11 @@ template <auto kRead> Act readGesture(JsonObject& cue, const char*, Problems& pr
 
 // clang-format off
 constexpr auto kBareCues = std::to_array<BareCue>({
-    {"undo",      nullptr, readTrue<Undo>        },
-    {"redo",      nullptr, readTrue<Redo>        },
-    {"doubleTap", nullptr, readTrue<DoubleTap>   },
-    {"pan",       "for",   readGesture<readPan>  },
-    {"pinch",     "for",   readGesture<readPinch>},
+    {"undo",      {},          readTrue<Undo>        },
+    {"redo",      {},          readTrue<Redo>        },
+    {"doubleTap", {},          readTrue<DoubleTap>   },
+    {"pan",       kFingerKeys, readGesture<readPan>  },
+    {"pinch",     kFingerKeys, readGesture<readPinch>},
 });
 
 // clang-format on
@@ -78,8 +89,8 @@ constexpr auto kBareCues = std::to_array<BareCue>({
 
 class CueReader {
 public:
-    CueReader(const CueContext& given, Problems& found)
-        : context(given)
+    CueReader(const Names& allowed, Problems& found)
+        : names(allowed)
         , problems(found) {}
 
     [[nodiscard]] std::vector<Cue> cues(JsonObject& root) {
@@ -124,6 +135,10 @@ private:
         } else {
             checkAlone(object, *bare);
             result.act = bare->read(object, bare->key, problems);
+            if (auto* const pan = std::get_if<Pan>(&result.act))
+                pan->releaseSpeed = readSpeed(object, "releaseSpeed", names, problems);
+            if (auto* const pinch = std::get_if<Pinch>(&result.act))
+                pinch->releaseSpeed = readSpeed(object, "releaseSpeed", names, problems);
         }
         object.finish();
         return result;
@@ -138,15 +153,14 @@ private:
         const auto* const value = object.find("at", JsonValue::Kind::number);
         if (value == nullptr)
             return 0;
-        if (value->number >= -kCountIn && value->number < context.duration)
+        if (value->number >= -kCountIn && value->number <= kLatest)
             return value->number;
         problems.add(
             value->line,
             fmt::format(
-                "\"at\" in cue must be from {} up to, but not at, the movie's {} seconds; it "
-                "is {}",
+                "\"at\" in cue must be {} to {} seconds, not {}",
                 -kCountIn,
-                context.duration,
+                kLatest,
                 value->number));
         return 0;
     }
@@ -155,7 +169,7 @@ private:
         for (const std::string_view key : kCueKeys) {
             if (key == "at" || key == bare.key || !object.has(key))
                 continue;
-            if (bare.other != nullptr && key == bare.other)
+            if (std::ranges::find(bare.others, key) != bare.others.end())
                 continue;
             problems.add(
                 object.lineOf(key),
@@ -165,8 +179,12 @@ private:
 
     [[nodiscard]] Press press(JsonObject& object) {
         Press result;
-        result.speed = readSpeed(object, context.names, problems);
-        result.nodes = affectedNodes(object);
+        result.speed = readSpeed(object, "speed", names, problems);
+        result.releaseSpeed = readSpeed(object, "releaseSpeed", names, problems);
+        if (const auto seed = object.number("seed", kPressSeeds))
+            result.seed = static_cast<std::uint32_t>(*seed);
+        result.nodes = affectedNodes(object, "nodes");
+        result.releaseNodes = affectedNodes(object, "releaseNodes");
         const bool isHeld = object.has("hold");
         const char* const key = isHeld ? "hold" : "press";
         if (!object.has("tab") || !object.has(key)) {
@@ -177,9 +195,11 @@ private:
         }
         if (isHeld && object.has("press"))
             problems.add(object.lineOf("press"), R"(a cue is either "press" or "hold")");
+        result.isHeld = isHeld;
         result.held = holdTime(object);
+        checkPressKeys(object);
         Strings tabs;
-        for (const auto& row : context.names.tabs)
+        for (const auto& row : names.tabs)
             tabs.push_back(row.tab);
         const auto tab = object.choice("tab", "tab", tabs);
         const auto title = object.string(key);
@@ -192,7 +212,7 @@ private:
         return result;
     }
 
-    /// Seconds; empty for a cue that only presses.
+    /// Seconds; empty for a cue that only presses or is never released.
     [[nodiscard]] std::optional<double> holdTime(JsonObject& object) {
         const bool isHeld = object.has("hold");
         if (isHeld != object.has("for")) {
@@ -201,12 +221,21 @@ private:
                 R"("hold" and "for", how many seconds, go together)");
             return std::nullopt;
         }
-        return isHeld ? object.number("for", {kShortestHold, kLongestHold}) : std::nullopt;
+        return isHeld ? readLasting(object, kHoldTime) : std::nullopt;
+    }
+
+    /// Reports what only gestures can have.
+    void checkPressKeys(JsonObject& object) {
+        for (const char* const key : {"times", "begins"}) {
+            if (object.has(key))
+                problems.add(
+                    object.lineOf(key), fmt::format(R"("{}" needs "pan" or "pinch")", key));
+        }
     }
 
     /// Reports a held button that is only pressed, and a fired button that is held.
     void checkHand(const std::string& tab, const std::string& title, JsonObject& object) {
-        const auto row = std::ranges::find(context.names.tabs, tab, &TabNames::tab);
+        const auto row = std::ranges::find(names.tabs, tab, &TabNames::tab);
         if (std::ranges::find(row->titles, title) == row->titles.end())
             return;
         const bool lasts = std::ranges::find(row->held, title) != row->held.end();
@@ -219,7 +248,7 @@ private:
     }
 
     void checkButton(const std::string& tab, const std::string& title, int line) {
-        const auto row = std::ranges::find(context.names.tabs, tab, &TabNames::tab);
+        const auto row = std::ranges::find(names.tabs, tab, &TabNames::tab);
         const auto holds = [&](const TabNames& other) {
             return std::ranges::find(other.titles, title) != other.titles.end();
         };
@@ -229,29 +258,31 @@ private:
             problems.add(line, fmt::format("the buttons of tab {} are not supported yet", tab));
             return;
         }
-        const auto other = std::ranges::find_if(context.names.tabs, holds);
+        const auto other = std::ranges::find_if(names.tabs, holds);
         problems.add(
             line,
-            other == context.names.tabs.end()
+            other == names.tabs.end()
                 ? unknownName("button", title, row->titles, "tab " + tab)
                 : fmt::format(
                       "unknown button \"{}\" in tab {}; it is in tab {}", title, tab, other->tab));
     }
 
-    [[nodiscard]] Strings affectedNodes(JsonObject& object) {
-        const auto* const list = object.find("nodes", JsonValue::Kind::array);
+    [[nodiscard]] Strings affectedNodes(JsonObject& object, const char* key) {
+        const auto* const list = object.find(key, JsonValue::Kind::array);
         if (list == nullptr)
             return {};
         if (list->items.empty()) {
             problems.add(
                 list->line,
-                "\"nodes\" in cue must name at least one node; leave it out for all of them");
+                fmt::format(
+                    R"("{}" in cue must name at least one node; leave it out for all of them)",
+                    key));
         }
         Strings result;
         for (const auto& item : list->items) {
             if (problems.isFull())
                 break;
-            if (const auto problem = nodeProblem(item, result)) {
+            if (const auto problem = nodeProblem(key, item, result)) {
                 problems.add(item.line, *problem);
             } else {
                 result.push_back(item.string);
@@ -261,10 +292,10 @@ private:
     }
 
     [[nodiscard]] static std::optional<std::string>
-    nodeProblem(const JsonValue& item, const Strings& before) {
+    nodeProblem(const char* key, const JsonValue& item, const Strings& before) {
         if (item.kind != JsonValue::Kind::string) {
             return fmt::format(
-                "\"nodes\" in cue must be a list of node names, not {}", kindName(item.kind));
+                R"("{}" in cue must be a list of node names, not {})", key, kindName(item.kind));
         }
         if (std::ranges::find(nodeNames(), item.string) == nodeNames().end()) {
             return unknownName("node", item.string, nodeNames());
@@ -275,18 +306,19 @@ private:
         return std::nullopt;
     }
 
-    const CueContext& context;
+    const Names& names;
     Problems& problems;
 };
 
 } // namespace
 
-std::vector<Cue> readCues(JsonObject& root, const CueContext& context, Problems& problems) {
-    return CueReader(context, problems).cues(root);
+std::vector<Cue> readCues(JsonObject& root, const Names& names, Problems& problems) {
+    return CueReader(names, problems).cues(root);
 }
 
-std::optional<std::string> readSpeed(JsonObject& object, const Names& names, Problems& problems) {
-    const auto* const value = object.find("speed", JsonValue::Kind::string);
+std::optional<std::string>
+readSpeed(JsonObject& object, const char* key, const Names& names, Problems& problems) {
+    const auto* const value = object.find(key, JsonValue::Kind::string);
     if (value == nullptr)
         return std::nullopt;
     for (const auto& title : names.speeds) {
@@ -302,4 +334,4 @@ const std::vector<std::string>& nodeNames() {
     return kNames;
 }
 
-} // namespace zelvo::app
+} // namespace zelvo::document

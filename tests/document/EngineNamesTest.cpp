@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "app/EngineNames.h"
+#include "document/EngineNames.h"
 
-#include "app/PerformanceFile.h"
+#include "document/PerformanceFile.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -20,7 +20,7 @@
 #include <string>
 #include <vector>
 
-namespace zelvo::app {
+namespace zelvo::document {
 
 namespace {
 
@@ -150,4 +150,4 @@ TEST(Performances, that_come_with_the_program_are_right_and_use_every_tab_and_ge
 
 } // namespace
 
-} // namespace zelvo::app
+} // namespace zelvo::document

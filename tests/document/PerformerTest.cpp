@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "app/Performer.h"
+#include "document/Performer.h"
 
-#include "app/EngineNames.h"
+#include "app/Engine.h"
+
+#include "document/EngineNames.h"
+#include "document/SetUp.h"
 #include "media/MediaFixture.h"
 #include "platform/foundation/Lifetime.h"
 #include "shared/FrameClock.h"
@@ -16,28 +19,30 @@
 #include <map>
 #include <string>
 
-namespace zelvo::app {
+namespace zelvo::document {
 
 namespace {
 
 class PerformerTest : public testing::Test {
 protected:
-    /// Performs, and calls `look` in every frame.
+    /// Performs, and calls `look` in every frame of a run.
     void perform(const std::string& members, const std::function<void(int frame)>& look) {
         const auto read = readPerformance("{\"duration\": 3, " + members + "}", engineNames());
         ASSERT_TRUE(read) << read.error().front().text;
-        const auto ready = setUp(*read, folder.path(), engine);
+        const auto ready = setUp(*read, folder.path(), engine.model());
         ASSERT_TRUE(ready) << ready.error().message;
         const foundation::Lifetime listening;
         ui::signals().timeSignal.subscribe(listening, [&](const ui::TimeState& state) {
             look(shared::FrameClock::nearestFrame(state.time - state.startCounter) - 1);
         });
-        app::perform(*read, engine);
+        document::perform(*read, engine.model());
+        engine.model().start();
+        (void)loop.runUntil([&] { return !engine.model().isPlaying(); });
     }
 
     foundation::VirtualRunLoop loop;
     test::TemporaryFolder folder;
-    Engine engine{loop, foundation::Folders::below(folder.path()), 1};
+    app::Engine engine{loop, foundation::Folders::below(folder.path()), 1};
     stage::Nodes& stage = engine.stage();
 };
 
@@ -85,24 +90,25 @@ TEST_F(PerformerTest, LetsGoOfTheNodesThatItHolds) {
 }
 
 TEST_F(PerformerTest, PinchesCentresUndoesAndRedoesInTheOrderOfTheCues) {
-    std::map<int, std::string> undone; // what an undo would take back
     std::map<int, float> depth;
     perform(
         R"("cues": [
             {"at": 0, "pinch": [1, 1], "for": 0.1},
             {"at": 1, "tab": "IN1", "press": "Left In", "nodes": ["OBJ"]},
             {"at": 1, "undo": true},
+            {"at": 1.1, "tab": "IN1", "press": "Right In", "nodes": ["OBJ"]},
+            {"at": 1.1, "undo": true},
             {"at": 1.2, "redo": true},
-            {"at": 2, "doubleTap": true}])",
+            {"at": 2, "doubleTap": true},
+            {"at": 2, "undo": true}])",
         [&](int frame) {
-            undone[frame] = engine.model().actionController().undoManager.undoTitle();
             depth[frame] = stage.cameraPinchNode->position.value().z;
         });
     EXPECT_LT(depth[5], -5);
     EXPECT_NEAR(depth[59], 0, 1e-3) << "it springs back after the release";
-    EXPECT_EQ(undone[65], "Camera Pinch");
-    EXPECT_EQ(undone[80], "Left In (OBJ)");
-    EXPECT_EQ(undone[130], "Center");
+    const actions::MyUndoManager& undone = engine.model().actionController().undoManager;
+    EXPECT_EQ(undone.undoTitle(), "Right In (OBJ)") << "a new press empties what can be redone";
+    EXPECT_EQ(undone.redoTitle(), "Center");
 }
 
 TEST_F(PerformerTest, LetsGoBeforeACueOfTheSameMoment) {
@@ -139,4 +145,4 @@ TEST_F(PerformerTest, StylesTheNodesAndTakesTheStretchOfTheSong) {
 
 } // namespace
 
-} // namespace zelvo::app
+} // namespace zelvo::document

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/PerformanceReader.h"
+#include "document/PerformanceReader.h"
 #include "platform/foundation/JsonObject.h"
 
 #include <map>
 #include <optional>
 #include <string>
 
-namespace zelvo::app {
+namespace zelvo::document {
 
 /// The member "nodes" of a performance.
 struct NodeStyles {
@@ -24,4 +24,4 @@ struct NodeStyles {
 [[nodiscard]] std::optional<image::Color>
 readColor(foundation::JsonObject& object, std::string_view key);
 
-} // namespace zelvo::app
+} // namespace zelvo::document

@@ -1,22 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/Performance.h"
 #include "content/MediaNode.h"
+#include "document/Performance.h"
+#include "document/StageMedia.h"
 #include "platform/foundation/Result.h"
 #include "platform/scene/SCNReferenceNode.h"
 #include "stage/Nodes.h"
 
 #include <filesystem>
 #include <string_view>
+#include <vector>
 
-namespace zelvo::app {
+namespace zelvo::document {
 
-/// Applies the styles of the performance to the content nodes; empty fields change nothing. A
-/// picture's or an object's path is relative to `folder`. Errors: the picture or the object cannot be
-/// loaded; the message begins with the line in the performance file.
-[[nodiscard]] foundation::Result<void> styleContent(
-    const Performance& performance, const std::filesystem::path& folder, stage::Nodes& stage);
+/// Applies the style to the content nodes. Empty fields change nothing, and neither does what the
+/// nodes have already. What could not be read leaves its node without a picture or an object, but the
+/// node keeps the name of the file.
+void styleContent(const Style& style, StageMedia media, stage::Nodes& stage);
+
+/// Adds the font files of the style. Returns the fonts that are not known then.
+[[nodiscard]] std::vector<foundation::Problem>
+addFonts(const Style& style, text::FontRegistry& fonts);
 
 /// Puts a 3D file on the media node, in its own materials. What is missing in it is logged. Errors:
 /// those of SCNReferenceNode::load.
@@ -26,4 +31,4 @@ showObject(const std::filesystem::path& file, content::MediaNode& node);
 /// The content node with this short name. An unknown name is a programming error.
 [[nodiscard]] node::NodePtr nodeNamed(std::string_view shortName, const stage::Nodes& stage);
 
-} // namespace zelvo::app
+} // namespace zelvo::document

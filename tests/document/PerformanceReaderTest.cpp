@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "app/PerformanceReader.h"
+#include "document/PerformanceReader.h"
 
-#include "app/TestNames.h"
+#include "document/TestNames.h"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace zelvo::app {
+namespace zelvo::document {
 
 namespace {
 
@@ -82,11 +82,11 @@ TEST_F(WholePerformance, has_every_field_in_its_place) {
     EXPECT_EQ(style.visible, false);
     EXPECT_NEAR(style.rotation->y, -std::numbers::pi / 2, 1e-12);
     ASSERT_TRUE(read->music && read->picture && read->object);
-    EXPECT_EQ(read->music->line, 12);
+    EXPECT_EQ(read->music->line.number, 12);
     EXPECT_EQ(read->music->in, 3);
     EXPECT_EQ(read->music->end, 5);
     EXPECT_EQ(read->music->preRoll, 0.5);
-    EXPECT_EQ(read->picture->line, 8);
+    EXPECT_EQ(read->picture->line.number, 8);
     EXPECT_EQ(read->picture->flipH, false);
     EXPECT_EQ(read->picture->flipV, true);
     EXPECT_EQ(read->picture->quarterTurns, 3);
@@ -138,7 +138,7 @@ struct BadCase {
 }
 
 [[nodiscard]] std::vector<BadCase> badCases() {
-    std::ifstream file(ZELVO_TEST_SOURCE_DIR "/app/data/problems.txt");
+    std::ifstream file(ZELVO_TEST_SOURCE_DIR "/document/data/problems.txt");
     std::vector<BadCase> cases(1);
     for (std::string line; std::getline(file, line);) {
         auto& last = cases.back();
@@ -209,4 +209,4 @@ TEST(PerformanceReader, survives_a_cut_at_every_byte_and_every_damaged_byte) {
 
 } // namespace
 
-} // namespace zelvo::app
+} // namespace zelvo::document

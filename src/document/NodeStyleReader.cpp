@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "app/NodeStyleReader.h"
+#include "document/NodeStyleReader.h"
 
-#include "app/CueReader.h"
+#include "document/CueReader.h"
 
 #include <fmt/format.h>
 #include <glm/trigonometric.hpp>
@@ -10,7 +10,7 @@
 #include <cmath>
 #include <utility>
 
-namespace zelvo::app {
+namespace zelvo::document {
 
 namespace {
 
@@ -23,9 +23,11 @@ using foundation::Range;
 constexpr Range kDepth{1, 150};
 constexpr Range kBevel{0, 4};
 constexpr Range kScale{0.15, 5};
-constexpr Range kPosition{-1000, 1000};
+constexpr Range kPosition{-10'000, 10'000};
 constexpr Range kDegrees{-180, 180};
 constexpr Range kQuarterTurns{0, 3};
+
+constexpr std::size_t kMaxNameBytes = 4096;
 
 using Strings = std::vector<std::string>;
 
@@ -75,12 +77,26 @@ readText(JsonObject& object, const std::string& place, Problems& problems) {
     return result;
 }
 
+/// A name or a path.
+[[nodiscard]] std::optional<std::string>
+readShort(JsonObject& object, const char* key, Problems& problems) {
+    auto result = object.string(key);
+    if (result && (result->empty() || result->size() > kMaxNameBytes)) {
+        problems.add(
+            object.lineOf(key), fmt::format(R"("{}" must have 1 to {} bytes)", key, kMaxNameBytes));
+        return std::nullopt;
+    }
+    return result;
+}
+
 [[nodiscard]] TextStyle readTextStyle(
     const JsonValue& value, const std::string& place, const Names& names, Problems& problems) {
     JsonObject object(value, place, problems);
     TextStyle result;
     result.text = readText(object, place, problems);
-    result.font = object.choice("font", "font", names.fonts);
+    result.fontLine.number = object.lineOf("font");
+    result.font = readShort(object, "font", problems);
+    result.fontFile = readShort(object, "fontFile", problems);
     result.material = object.choice("material", "material", names.materials);
     result.frontColor = readColor(object, "frontColor");
     result.bandColor = readColor(object, "bandColor");
@@ -98,10 +114,11 @@ readText(JsonObject& object, const std::string& place, Problems& problems) {
 readImageStyle(const JsonValue& value, const Names& names, Problems& problems) {
     JsonObject object(value, "node IMG", problems);
     ImageStyle result;
-    result.line = object.lineOf("image");
+    result.line.number = object.lineOf("image");
     result.image = object.string("image");
     if (result.image == "")
-        problems.add(result.line, "\"image\" in node IMG must be the path of a picture or a video");
+        problems.add(
+            result.line.number, "\"image\" in node IMG must be the path of a picture or a video");
     result.sound = object.boolean("sound").value_or(false);
     result.hideAtEnd = object.boolean("hideAtEnd").value_or(false);
     result.mask = object.choice("mask", "mask", names.masks);
@@ -125,15 +142,16 @@ readMediaStyle(const JsonValue& value, const Names& names, Problems& problems) {
     JsonObject object(value, "node OBJ", problems);
     MediaStyle result;
     result.shape = object.choice("shape", "shape", names.shapes);
-    result.line = object.lineOf("object");
+    result.line.number = object.lineOf("object");
     result.object = object.string("object");
     if (result.object == "")
-        problems.add(result.line, R"("object" in node OBJ must be the path of a 3D file)");
+        problems.add(result.line.number, R"("object" in node OBJ must be the path of a 3D file)");
     if (result.object && result.shape)
-        problems.add(result.line, R"(node OBJ can have an "object" or a "shape", not both)");
+        problems.add(result.line.number, R"(node OBJ can have an "object" or a "shape", not both)");
     result.material = object.choice("material", "material", names.objectMaterials);
     result.color = readColor(object, "color");
     static_cast<LayoutStyle&>(result) = readLayout(object);
+    result.visible = object.boolean("visible");
     object.finish();
     return result;
 }
@@ -169,4 +187,4 @@ std::optional<image::Color> readColor(JsonObject& object, std::string_view key) 
     return parsed;
 }
 
-} // namespace zelvo::app
+} // namespace zelvo::document
