@@ -30,7 +30,7 @@ constexpr double kAngleSteps = 1e4; ///< a degree
 [[nodiscard]] LayoutStyle layoutOf(const node::Node& node) {
     return {
         .position = glm::dvec3(node.layoutPosition()),
-        .scale = node.scale2D,
+        .scale = node.positionNode->scale.value().x,
         .rotation = glm::dvec3(
             angleAbout({1, 0, 0}, *node.rotXNode),
             angleAbout({0, 1, 0}, *node.rotYNode),

@@ -54,6 +54,15 @@ void SNE::setParticleSystem(const scene::SCNParticleSystemPtr& system) {
     scene->rootNode()->addChildNode(emitter);
 }
 
+void SNE::restartParticles() const {
+    scene->rootNode()->enumerateHierarchy([](scene::SCNNode& node) {
+        const auto systems = node.particleSystems();
+        node.removeAllParticleSystems();
+        for (const scene::SCNParticleSystemPtr& system : systems)
+            node.addParticleSystem(system);
+    });
+}
+
 void SNE::setBackground(const image::Color& color) {
     backgroundColor_ = color;
 }

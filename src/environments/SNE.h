@@ -43,6 +43,10 @@ public:
     /// because an earlier emitter is not removed.
     void setParticleSystem(const scene::SCNParticleSystemPtr& system);
 
+    /// Lets all particles of the scene begin anew: a movie must not depend on how long the scene has
+    /// been on screen.
+    void restartParticles() const;
+
     /// Raises or lowers the floor and all that stands on it to just under the content's lowest point,
     /// so that a title stands on its stage; within limits. Does nothing without a floor.
     void setGround(float lowestOfContent);

@@ -95,6 +95,8 @@ void Model::start() {
     for (const auto& text : {nodes().textNode1, nodes().textNode2})
         text->settle(); // so that every run of the performance shows the same
     settleGround();
+    if (isRecordingMovie())
+        sceneData_->restartParticles();
     setPlaying(true);
     // In an export, ticks come as fast as frames are made; each is one step of the run loop's
     // clock.

@@ -2,7 +2,6 @@
 #include "document/Performer.h"
 
 #include "app/Engine.h"
-
 #include "document/EngineNames.h"
 #include "document/SetUp.h"
 #include "media/MediaFixture.h"
@@ -101,9 +100,7 @@ TEST_F(PerformerTest, PinchesCentresUndoesAndRedoesInTheOrderOfTheCues) {
             {"at": 1.2, "redo": true},
             {"at": 2, "doubleTap": true},
             {"at": 2, "undo": true}])",
-        [&](int frame) {
-            depth[frame] = stage.cameraPinchNode->position.value().z;
-        });
+        [&](int frame) { depth[frame] = stage.cameraPinchNode->position.value().z; });
     EXPECT_LT(depth[5], -5);
     EXPECT_NEAR(depth[59], 0, 1e-3) << "it springs back after the release";
     const actions::MyUndoManager& undone = engine.model().actionController().undoManager;

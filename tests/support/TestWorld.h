@@ -39,7 +39,7 @@ public:
     }
 
     /// The built-in fonts, read once for the process.
-    [[nodiscard]] static const text::FontRegistry& fonts() {
+    [[nodiscard]] static text::FontRegistry& fonts() {
         static text::FontRegistry registry;
         static const bool isFilled = [] {
             content::FontManager(registry).registerBuiltIns(foundation::mainBundle());

@@ -1,0 +1,289 @@
+// SPDX-License-Identifier: MIT
+// What a hand records in a live run, against the document made of it.
+#include "app/Engine.h"
+#include "catalogue/Catalogue.h"
+#include "document/EngineNames.h"
+#include "document/PerformanceWriter.h"
+#include "document/Performer.h"
+#include "document/SetUp.h"
+#include "document/StageReading.h"
+#include "media/MediaFixture.h"
+#include "platform/foundation/Lifetime.h"
+#include "platform/foundation/Random.h"
+#include "shared/Signal.h"
+#include "support/TemporaryFolder.h"
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace zelvo::document {
+
+namespace {
+
+using actions::GestureState;
+
+/// A program of its own.
+struct World {
+    explicit World(std::uint64_t seed = 1)
+        : engine(loop, foundation::Folders::below(folder.path()), seed) {}
+
+    /// One run, in which a hand does something at times of the clock.
+    void play(std::multimap<double, std::function<void()>> deeds) {
+        const foundation::Lifetime listening;
+        ui::signals().timeSignal.subscribe(listening, [&](const ui::TimeState& state) {
+            while (model().isPlaying() && !deeds.empty() && deeds.begin()->first <= state.time)
+                deeds.extract(deeds.begin()).mapped()();
+        });
+        model().start();
+        (void)loop.runUntil([&] { return !model().isPlaying(); });
+        loop.runFor(0.1);
+    }
+
+    void begin(const char* tab, const char* title, std::vector<node::NodePtr> nodes = {}) {
+        const catalogue::Tab& row = *catalogue::tabNamed(tab);
+        shown = row.buttons();
+        const auto button = std::ranges::find(shown, title, &catalogue::Button::title);
+        catalogue::press(row, *button, context(std::move(nodes)), foundation::arc4random());
+        held = *button;
+    }
+
+    void end(std::vector<node::NodePtr> nodes = {}) {
+        catalogue::release(held, context(std::move(nodes)));
+    }
+
+    [[nodiscard]] catalogue::PressContext context(std::vector<node::NodePtr> nodes) {
+        return {
+            model().actionController(),
+            nodes.empty() ? stage().content() : std::move(nodes),
+            model().animationFactor()};
+    }
+
+    [[nodiscard]] model::Model& model() { return engine.model(); }
+
+    [[nodiscard]] stage::Nodes& stage() { return engine.stage(); }
+
+    [[nodiscard]] actions::Gestures& fingers() { return model().actionController().gestures; }
+
+    /// The records as text: all that decides when and how they are replayed.
+    [[nodiscard]] std::vector<std::string> records() {
+        auto kept = model().actionController().recordedActions();
+        std::ranges::stable_sort(kept, {}, [](const auto& xac) { return xac->time; });
+        std::vector<std::string> lines;
+        std::map<int, std::size_t> groups; // identifiers differ, groups must not
+        for (const auto& xac : kept) {
+            const auto group = groups.try_emplace(xac->identifier, groups.size()).first->second;
+            const bool isPress = std::holds_alternative<actions::ButtonPress>(*xac->origin);
+            lines.push_back(fmt::format(
+                "{:.4f} {} \"{}\" {} {}",
+                xac->time,
+                group,
+                xac->title,
+                xac->registerUndo,
+                isPress ? xac->seed : 0));
+        }
+        return lines;
+    }
+
+    foundation::VirtualRunLoop loop;
+    test::TemporaryFolder folder;
+    app::Engine engine;
+    std::vector<catalogue::Button> shown;
+    catalogue::Button held;
+};
+
+[[nodiscard]] std::string saved(World& world) {
+    Performance document{styleOf(world.model()), foundation::randomSeed(), cuesOf(world.model())};
+    return written(document);
+}
+
+/// Opens the text in another program, after which that must save the same.
+void reopen(const std::string& text, World& other) {
+    const auto read = readPerformance(text, engineNames());
+    ASSERT_TRUE(read) << read.error().front().text << '\n' << text;
+    const auto ready = setUp(*read, {}, other.model());
+    ASSERT_TRUE(ready) << ready.error().message;
+    foundation::seedRandom(*read->seed);
+    perform(*read, other.model());
+    EXPECT_EQ(saved(other), text);
+}
+
+} // namespace
+
+TEST(Recording, of_two_runs_is_the_same_after_saving_and_opening) {
+    World world;
+    model::Model& model = world.model();
+    const auto& stage = world.stage();
+    world.play(
+        {{0.0, [&] { world.begin("IN1", "Left In"); }},
+         {1.25,
+          [&] {
+              world.fingers().pan(GestureState::began, {10, 20});
+          }},
+         {1.30,
+          [&] {
+              world.fingers().pan(GestureState::changed, {13.5, 21});
+          }},
+         {1.31,
+          [&] {
+              world.fingers().pan(GestureState::changed, {14.7F, 22});
+          }},
+         {1.50, [&] { model.animationRatio = model::AnimationRatio::superFast; }},
+         {1.60,
+          [&] {
+              world.fingers().pan(GestureState::cancelled, {14.7F, 22});
+          }},
+         {3.00, [&] { world.begin("CAM", "Quake Cam"); }},
+         {4.00,
+          [&] {
+              world.begin("FX1", "Hide", {stage.textNode2, stage.textNode1});
+          }},
+         {5.00, [&] { world.end({stage.mediaNode}); }}});
+    model.animationRatio = model::AnimationRatio::slow;
+    world.play(
+        {{1.0, [&] { world.fingers().pinch(GestureState::began, 0.3F); }},
+         {1.1, [&] { world.fingers().pinch(GestureState::cancelled, 0.4F); }},
+         {2.5, [&] { world.fingers().doubleTap(); }},
+         {2.6, [&] { world.begin("CAM", "Zoom Cam"); }}}); // held to the end
+    World other(77);
+    reopen(saved(world), other);
+    EXPECT_EQ(other.records(), world.records());
+}
+
+TEST(Recording, shows_what_was_deleted_undone_and_redone) {
+    World world;
+    actions::ActionController& controller = world.model().actionController();
+    world.play(
+        {{1.0, [&] { world.begin("IN1", "Left In"); }},
+         {1.5, [&] { world.begin("FX1", "Blur"); }},
+         {2.0, [&] { world.end(); }},
+         {2.5,
+          [&] {
+              world.fingers().pan(GestureState::began, {1, 1});
+          }},
+         {2.6,
+          [&] {
+              world.fingers().pan(GestureState::changed, {9, 1});
+          }},
+         {2.7,
+          [&] {
+              world.fingers().pan(GestureState::ended, {9, 1});
+          }},
+         {3.0, [&] { world.begin("IN1", "Right In"); }},
+         {4.0, [&] { world.fingers().doubleTap(); }}});
+    controller.undo();
+    controller.undo(); // Right In
+    controller.undo(); // the pan
+    controller.redo(); // of which only the first touch comes back
+    controller.undo();
+    controller.undo(); // Blur
+    controller.redo(); // without its release
+    controller.redo();
+    World other;
+    reopen(saved(world), other);
+    EXPECT_EQ(other.records(), world.records());
+    EXPECT_EQ(cuesOf(other.model()).size(), 3U);
+    const auto cues = cuesOf(world.model());
+    EXPECT_TRUE(std::get<Press>(cues.at(1).act).isHeld);
+    EXPECT_FALSE(std::get<Press>(cues.at(1).act).held);
+    EXPECT_EQ(std::get<Pan>(cues.at(2).act).points.size(), 1U);
+}
+
+TEST(Recording, goes_on_with_fingers_that_were_down_before_the_run) {
+    World world;
+    world.fingers().pan(GestureState::began, {100, 100});
+    world.fingers().pinch(GestureState::began, 0.2F);
+    world.loop.runFor(0.1);
+    world.play(
+        {{1.0,
+          [&] {
+              world.fingers().pan(GestureState::changed, {140, 90});
+          }},
+         {1.2,
+          [&] {
+              world.fingers().pan(GestureState::ended, {140, 90});
+          }},
+         {2.0, [&] { world.fingers().pinch(GestureState::changed, 0.5F); }},
+         {2.2, [&] { world.fingers().pinch(GestureState::ended, 0); }}});
+    World other;
+    reopen(saved(world), other);
+    EXPECT_EQ(other.records(), world.records());
+    std::map<int, float> turned, again;
+    for (auto& [world_, turns] : {std::pair{&world, &turned}, std::pair{&other, &again}}) {
+        const foundation::Lifetime listening;
+        ui::signals().timeSignal.subscribe(listening, [&](const ui::TimeState& state) {
+            (*turns)[static_cast<int>(state.time * 60)] =
+                world_->stage().cameraYHandle->eulerAngles().y;
+        });
+        world_->play({});
+    }
+    EXPECT_EQ(turned, again);
+    EXPECT_NE(turned.at(75), 0);
+}
+
+TEST(Recording, of_a_press_that_was_moved_to_a_beat_comes_in_the_same_frame) {
+    World world;
+    world.model().actionController().snapTime = [](double) { return 2.505; };
+    world.play({{2.4, [&] { world.fingers().doubleTap(); }}, {2.6, [&] {
+                                                                  world.begin("IN1", "Left In");
+                                                              }}});
+    const auto cues = cuesOf(world.model());
+    ASSERT_EQ(cues.size(), 2U);
+    EXPECT_NEAR(cues.at(1).at, 0.5167, 1e-4) << "the first frame that has reached the beat";
+}
+
+TEST(Style, of_a_stage_is_read_and_set_again_whole) {
+    World world;
+    media::writeWav(world.folder.path() / "song.wav", 8000, 6, media::sine(440, 0.5));
+    const auto read = readPerformance(
+        R"({"duration": 3.5, "speed": "fast", "scene": "Ancient", "background": "#123456",
+            "nodes": {
+              "TX1": {"text": "ÄÖ", "font": "Bungee-Regular", "material": "Iron", "depth": 7.3,
+                      "frontColor": "#0A0B0C", "bandColor": "#FEDCBA", "bevel": 0.7,
+                      "profile": "linear", "fill": "inner", "position": [1.25, -30.1, 900],
+                      "scale": 0.33, "rotation": [35, -115, 90], "visible": false},
+              "IMG": {"mask": "Mask 3", "flipV": true, "quarterTurns": 3},
+              "OBJ": {"shape": "Heart", "material": "Rock", "color": "#E6B219"}},
+            "audio": {"file": "song.wav", "title": "Song", "in": 1, "end": 3.5, "preRoll": 0.5, "fade": "fadeOut"},
+            "cues": []})",
+        engineNames());
+    ASSERT_TRUE(read) << read.error().front().text;
+    const Style untouched = styleOf(world.model());
+    const auto ready = setUp(*read, world.folder.path(), world.model());
+    ASSERT_TRUE(ready) << ready.error().message;
+    const Style whole = styleOf(world.model());
+    const Style wanted = completed(resolved(*read, world.folder.path()), untouched);
+    EXPECT_EQ(written({whole, {}, {}}), written({wanted, {}, {}}));
+
+    World other;
+    EXPECT_TRUE(applyStyle(whole, readMedia(whole), other.model()).empty());
+    EXPECT_EQ(styleOf(other.model()), whole);
+    EXPECT_TRUE(applyStyle(untouched, readMedia(untouched), other.model()).empty());
+    EXPECT_EQ(styleOf(other.model()), untouched) << "and back";
+}
+
+TEST(Style, keeps_the_names_of_what_is_missing_and_says_so) {
+    World world;
+    const auto read = readPerformance(
+        R"({"nodes": {"TX1": {"font": "Nobody Sans"}, "IMG": {"image": "gone.png"},
+                      "OBJ": {"object": "gone.obj"}},
+            "audio": {"file": "gone.mp3", "title": "Gone", "in": 2, "end": 9.5, "fade": "fadeIn"}, "cues": []})",
+        engineNames());
+    ASSERT_TRUE(read);
+    const Style style = completed(resolved(*read, world.folder.path()), styleOf(world.model()));
+    const auto missing = applyStyle(style, readMedia(style), world.model());
+    ASSERT_EQ(missing.size(), 4U);
+    EXPECT_EQ(missing.front().text, "unknown font \"Nobody Sans\"");
+    for (const auto& problem : missing)
+        EXPECT_NE(
+            problem.text.find(&problem == missing.data() ? "Nobody" : "gone."), std::string::npos)
+            << problem.text;
+    EXPECT_EQ(written({styleOf(world.model()), {}, {}}), written({style, {}, {}}));
+}
+
+} // namespace zelvo::document
