@@ -57,6 +57,40 @@
     </message>
 </context>
 <context>
+    <name>DocumentDialogs</name>
+    <message>
+        <source>Open a Document</source>
+        <translation>Ein Dokument öffnen</translation>
+    </message>
+    <message>
+        <source>Zelvo documents (*.zelvo *.json)</source>
+        <translation>Zelvo-Dokumente (*.zelvo *.json)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Save the Document</source>
+        <translation>Das Dokument sichern</translation>
+    </message>
+    <message>
+        <source>Zelvo documents (*.zelvo)</source>
+        <translation>Zelvo-Dokumente (*.zelvo)</translation>
+    </message>
+    <message>
+        <source>Collect Media: choose where the folder goes</source>
+        <translation>Medien sammeln: wohin der Ordner kommt</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentMenu</name>
+    <message>
+        <source>Recent</source>
+        <translation>Zuletzt benutzt</translation>
+    </message>
+</context>
+<context>
     <name>EmptyMusic</name>
     <message>
         <source>Open Folder</source>
@@ -680,6 +714,109 @@
     </message>
 </context>
 <context>
+    <name>zelvo::ui::DocumentController</name>
+    <message>
+        <source>Document</source>
+        <translation>Dokument</translation>
+    </message>
+    <message>
+        <source>Unsaved changes are not protected: %1</source>
+        <translation>Ungesicherte Änderungen sind nicht geschützt: %1</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Ohne Titel</translation>
+    </message>
+    <message>
+        <source>New …</source>
+        <translation>Neu …</translation>
+    </message>
+    <message>
+        <source>Open …</source>
+        <translation>Öffnen …</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Sichern</translation>
+    </message>
+    <message>
+        <source>Save As …</source>
+        <translation>Sichern unter …</translation>
+    </message>
+    <message>
+        <source>Collect Media …</source>
+        <translation>Medien sammeln …</translation>
+    </message>
+    <message>
+        <source>Save the changes to “%1”?</source>
+        <translation>Die Änderungen an „%1“ sichern?</translation>
+    </message>
+    <message>
+        <source>Otherwise they are lost.</source>
+        <translation>Sonst gehen sie verloren.</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Save</source>
+        <translation>Nicht sichern</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Opening %1 …</source>
+        <translation>%1 wird geöffnet …</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be opened.</source>
+        <translation>„%1“ kann nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>Some things of this document are missing.</source>
+        <translation>Einiges von diesem Dokument fehlt.</translation>
+    </message>
+    <message>
+        <source>Their names are kept when you save it.</source>
+        <translation>Die Namen bleiben erhalten, wenn Sie es sichern.</translation>
+    </message>
+    <message>
+        <source>The document cannot be saved.</source>
+        <translation>Das Dokument kann nicht gesichert werden.</translation>
+    </message>
+    <message>
+        <source>Saved as %1</source>
+        <translation>Gesichert als %1</translation>
+    </message>
+    <message>
+        <source>an untitled document</source>
+        <translation>ein Dokument ohne Titel</translation>
+    </message>
+    <message>
+        <source>It cannot be recovered.</source>
+        <translation>Es kann nicht wiederhergestellt werden.</translation>
+    </message>
+    <message>
+        <source>Recover unsaved changes?</source>
+        <translation>Ungesicherte Änderungen wiederherstellen?</translation>
+    </message>
+    <message>
+        <source>Zelvo ended before they were saved: %1.</source>
+        <translation>Zelvo endete, bevor sie gesichert waren: %1.</translation>
+    </message>
+    <message>
+        <source>Recover</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
+</context>
+<context>
     <name>zelvo::ui::Dragger</name>
     <message>
         <source>Start of the music, at %1 of the song</source>
@@ -723,6 +860,10 @@
     <message>
         <source>Only pictures, videos, music, 3D objects, fonts and ZIP archives can be opened</source>
         <translation>Nur Bilder, Videos, Musik, 3D-Objekte, Schriften und ZIP-Archive können geöffnet werden</translation>
+    </message>
+    <message>
+        <source>Drop to open the document</source>
+        <translation>Hier ablegen, um das Dokument zu öffnen</translation>
     </message>
 </context>
 <context>

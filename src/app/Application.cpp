@@ -79,6 +79,7 @@ Application::Application(const foundation::Folders& folders)
     engine.load(ui::viewUrl("Main"));
     if (QQuickWindow* shown = window()) {
         main.visualizer.watch(shown);
+        main.document.watch(shown);
         gate = std::make_unique<ui::FrameGate>(*shown, runLoop_);
     }
 }

@@ -86,6 +86,7 @@ int run(const WindowCommand& command) {
     if (command.showsTouches)
         application.main.toggleVisualizer();
     application.open(command.files);
+    application.main.document.offerRecovery();
     const int status = QGuiApplication::exec();
     return signals.received() == 0 ? status : ExitStatus::kStopped + signals.received();
 }

@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "document/PerformanceFile.h"
 
+#include "document/PerformanceWriter.h"
+#include "document/StylePaths.h"
+#include "platform/foundation/NewFile.h"
+
 #include <fmt/format.h>
 
 #include <cerrno>
 #include <cstring>
 #include <fstream>
 #include <optional>
+#include <span>
 #include <system_error>
 
 namespace zelvo::document {
@@ -49,6 +54,16 @@ loadPerformance(const std::filesystem::path& file, const Names& names) {
         lines.push_back(fmt::format("{}:{}: {}", file.string(), problem.line, problem.text));
     }
     return tl::unexpected(lines);
+}
+
+foundation::Result<void>
+savePerformance(Performance performance, const std::filesystem::path& file) {
+    const auto folder = std::filesystem::absolute(file).parent_path();
+    static_cast<Style&>(performance) = relativeTo(performance, folder);
+    const std::string text = written(performance);
+    return foundation::NewFile::create(file).and_then([&](foundation::NewFile made) {
+        return made.write(std::as_bytes(std::span(text))).and_then([&] { return made.commit(); });
+    });
 }
 
 } // namespace zelvo::document

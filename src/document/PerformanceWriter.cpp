@@ -233,12 +233,6 @@ void addAct(const Redo&, Members& members) {
     return fmt::format("[\n    {}\n  ]", fmt::join(lines, ",\n    "));
 }
 
-void makeRelative(std::string& path, const std::filesystem::path& folder) {
-    const auto shorter = std::filesystem::path(path).lexically_relative(folder);
-    if (!shorter.empty() && *shorter.begin() != "..")
-        path = shorter.string();
-}
-
 } // namespace
 
 std::string written(const Performance& performance) {
@@ -265,20 +259,6 @@ std::string written(const Performance& performance) {
         members.addJson("audio", musicJson(*performance.music));
     members.addJson("cues", cuesJson(performance.cues));
     return members.onLines("") + "\n";
-}
-
-Style relativeTo(Style style, const std::filesystem::path& folder) {
-    for (auto& [name, text] : style.nodes) {
-        if (text.fontFile)
-            makeRelative(*text.fontFile, folder);
-    }
-    if (style.picture && style.picture->image)
-        makeRelative(*style.picture->image, folder);
-    if (style.object && style.object->object)
-        makeRelative(*style.object->object, folder);
-    if (style.music)
-        makeRelative(style.music->file, folder);
-    return style;
 }
 
 } // namespace zelvo::document

@@ -10,30 +10,12 @@ namespace zelvo::document {
 
 namespace {
 
-void resolve(std::string& path, const std::filesystem::path& folder) {
-    path = (std::filesystem::absolute(folder) / path).lexically_normal().string();
-}
-
 template <class Read> void keep(const Read& read, const Line& line, StageMedia& media) {
     if (!read)
         media.missing.push_back({line.number, read.error().message});
 }
 
 } // namespace
-
-Style resolved(Style style, const std::filesystem::path& folder) {
-    for (auto& [name, text] : style.nodes) {
-        if (text.fontFile)
-            resolve(*text.fontFile, folder);
-    }
-    if (style.picture && style.picture->image)
-        resolve(*style.picture->image, folder);
-    if (style.object && style.object->object)
-        resolve(*style.object->object, folder);
-    if (style.music)
-        resolve(style.music->file, folder);
-    return style;
-}
 
 StageMedia readMedia(const Style& style) {
     StageMedia media;

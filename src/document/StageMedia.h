@@ -2,6 +2,7 @@
 #pragma once
 
 #include "document/Performance.h"
+#include "document/StylePaths.h"
 #include "platform/foundation/Json.h"
 #include "platform/image/Image.h"
 #include "platform/media/AVPlayer.h"
@@ -13,9 +14,6 @@
 #include <vector>
 
 namespace zelvo::document {
-
-/// The style with absolute paths: those in the file are relative to `folder`.
-[[nodiscard]] Style resolved(Style style, const std::filesystem::path& folder);
 
 /// What a style names by its path, and what takes time to read.
 struct StageMedia {

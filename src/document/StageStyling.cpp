@@ -112,6 +112,8 @@ void styleImage(const ImageStyle& style, StageMedia& media, content::ImageNode& 
     const ImageStyle now = styleOf(node);
     if (style.image && style.image != now.image)
         showPicture(style, media, node);
+    else if (!style.image && now.image)
+        node.setImage(stage::Nodes::placeholder());
     if (style.mask && style.mask != now.mask)
         node.setCurrentMask(maskNamed(*style.mask));
     if (style.flipH.value_or(node.hFlipped) != node.hFlipped ||

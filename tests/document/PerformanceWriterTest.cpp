@@ -2,6 +2,7 @@
 #include "document/PerformanceWriter.h"
 
 #include "document/PerformanceReader.h"
+#include "document/StylePaths.h"
 #include "document/TestNames.h"
 
 #include <fmt/format.h>

@@ -14,6 +14,14 @@ std::filesystem::path standardPath(QStandardPaths::StandardLocation location) {
     return QStandardPaths::writableLocation(location).toStdString();
 }
 
+/// Qt 6.4 does not know this folder. A relative path in the variable counts as none (XDG).
+std::filesystem::path stateHome() {
+    const char* const given = std::getenv("XDG_STATE_HOME");
+    if (given != nullptr && std::filesystem::path(given).is_absolute())
+        return given;
+    return standardPath(QStandardPaths::HomeLocation) / ".local/state";
+}
+
 Bundle& currentBundle() {
     static Bundle bundle = Bundle::standard();
     return bundle;
@@ -29,6 +37,7 @@ Folders Folders::standard() {
         .videos = standardPath(QStandardPaths::MoviesLocation),
         .music = standardPath(QStandardPaths::MusicLocation),
         .cache = standardPath(QStandardPaths::GenericCacheLocation) / "zelvo",
+        .state = stateHome() / "zelvo",
     };
 }
 
@@ -39,7 +48,8 @@ Folders Folders::below(const std::filesystem::path& root) {
         root / "temporary",
         root / "videos",
         root / "music",
-        root / "cache"};
+        root / "cache",
+        root / "state"};
 }
 
 Bundle::Bundle(std::vector<std::filesystem::path> roots)

@@ -18,6 +18,8 @@ struct Folders {
     std::filesystem::path music; ///< the user's music folder (XDG_MUSIC_DIR)
     /// What can be made again if it is deleted (XDG_CACHE_HOME/zelvo)
     std::filesystem::path cache;
+    /// What must outlive a crash, but is no document (XDG_STATE_HOME/zelvo)
+    std::filesystem::path state;
 
     /// The user's folders, by the XDG base directory rules. Creates nothing on disk.
     [[nodiscard]] static Folders standard();

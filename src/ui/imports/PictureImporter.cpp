@@ -3,9 +3,14 @@
 
 #include "content/ImageVideo.h"
 #include "model/Model.h"
+#include "platform/foundation/Console.h"
+#include "platform/foundation/Folders.h"
+#include "platform/foundation/NewFile.h"
 #include "platform/image/reading/ImageReader.h"
 #include "shared/Signal.h"
 #include "ui/controls/Alerts.h"
+
+#include <QCryptographicHash>
 
 #include <array>
 #include <span>
@@ -16,6 +21,8 @@ namespace zelvo::ui {
 
 namespace {
 
+constexpr const char* kPastedFolder = "PastedPictures";
+constexpr qsizetype kHashDigits = 16;
 constexpr double kWordInterval = 2; ///< seconds; the word goes by itself soon after
 
 /// The usual endings of what loadImage reads.
@@ -43,6 +50,26 @@ std::string shortened(std::string message, const std::filesystem::path& file) {
     return message;
 }
 
+/// Writes what was pasted to a file with a name of its content. Empty if it cannot be written: then the
+/// picture is shown, but no document can name it.
+std::filesystem::path keptPaste(const QByteArray& encoded, const std::filesystem::path& folder) {
+    const QByteArray hash = QCryptographicHash::hash(encoded, QCryptographicHash::Sha256).toHex();
+    const auto file = folder / hash.first(kHashDigits).toStdString();
+    std::error_code error;
+    if (std::filesystem::exists(file, error))
+        return file;
+    std::filesystem::create_directories(folder, error);
+    const auto bytes =
+        std::as_bytes(std::span(encoded.data(), static_cast<std::size_t>(encoded.size())));
+    const auto written = foundation::NewFile::create(file).and_then([&](foundation::NewFile made) {
+        return made.write(bytes).and_then([&] { return made.commit(); });
+    });
+    if (written)
+        return file;
+    foundation::logLine("zelvo: " + written.error().message);
+    return {};
+}
+
 } // namespace
 
 PictureImporter::PictureImporter(const Services& given)
@@ -55,7 +82,7 @@ PictureImporter::~PictureImporter() {
 
 PictureImporter::Decoded
 PictureImporter::read(const std::filesystem::path& file, const IsStopped& isStopped) {
-    const auto asContent = [](auto read) { return Content(std::move(read)); };
+    const auto asContent = [&](auto read) { return Arrived{std::move(read), file}; };
     if (media::isVideoFile(file))
         return media::AVPlayer::open(file).map(asContent);
     return image::loadImage(file, isStopped).map(asContent);
@@ -71,11 +98,14 @@ void PictureImporter::load(const std::filesystem::path& file) {
 }
 
 void PictureImporter::load(const QByteArray& encoded) {
-    begin(tr("Picture"), [encoded](const IsStopped& isStopped) -> Decoded {
-        return image::decodeImage(
-            {reinterpret_cast<const std::uint8_t*>(encoded.data()),
-             static_cast<std::size_t>(encoded.size())},
-            isStopped);
+    const auto folder = services.folders.documents / kPastedFolder;
+    begin(tr("Picture"), [encoded, folder](const IsStopped& isStopped) -> Decoded {
+        const std::span bytes(
+            reinterpret_cast<const std::uint8_t*>(encoded.data()),
+            static_cast<std::size_t>(encoded.size()));
+        return image::decodeImage(bytes, isStopped).map([&](image::ImagePtr picture) {
+            return Arrived{std::move(picture), keptPaste(encoded, folder)};
+        });
     });
 }
 
@@ -120,13 +150,15 @@ void PictureImporter::setHeld(bool isOn) {
         call();
 }
 
-void PictureImporter::show(const Content& arrived, const QString& name) const {
+void PictureImporter::show(const Arrived& arrived, const QString& name) const {
     content::ImageNode& node = *services.model.nodes().imageNode;
     node.resetLayout();
-    if (const auto* const video = std::get_if<std::shared_ptr<media::AVPlayer>>(&arrived))
+    const auto* const video = std::get_if<std::shared_ptr<media::AVPlayer>>(&arrived.content);
+    if (video != nullptr)
         content::setVideo(node, *video);
     else
-        node.setImage(std::get<image::ImagePtr>(arrived));
+        node.setImage(std::get<image::ImagePtr>(arrived.content));
+    node.file = arrived.file;
     node.isVisible = true;
     node.updateVisibility();
     signals().messageSignal.fire(name.toStdString()); // in place of the size from the reset

@@ -44,7 +44,8 @@ public:
     std::function<void()> didArrive;
 
     void load(const std::filesystem::path& file);
-    /// The bytes of a picture file that has no name, such as one from the clipboard.
+    /// The bytes of a picture file that has no name, such as one from the clipboard. They are kept in
+    /// the folder "PastedPictures" of the program's data, so that a document can name them.
     void load(const QByteArray& encoded);
 
     /// While it is held, pictures wait: a movie that is being made must not change.
@@ -55,7 +56,13 @@ public:
 
 private:
     using Content = std::variant<image::ImagePtr, std::shared_ptr<media::AVPlayer>>;
-    using Decoded = foundation::Result<Content>;
+
+    struct Arrived {
+        Content content;
+        std::filesystem::path file; ///< where it comes from; a copy of what was pasted
+    };
+
+    using Decoded = foundation::Result<Arrived>;
     using IsStopped = std::function<bool()>; ///< any thread
     using Decode = std::function<Decoded(const IsStopped&)>;
 
@@ -63,7 +70,7 @@ private:
     read(const std::filesystem::path& file, const IsStopped& isStopped);
     void begin(const QString& name, Decode decode);
     void finish(std::uint64_t number, const QString& name, const Decoded& decoded);
-    void show(const Content& arrived, const QString& name) const;
+    void show(const Arrived& arrived, const QString& name) const;
 
     Services services;
     /// The number of the latest picture asked for. The decoding of earlier ones stops.

@@ -24,6 +24,8 @@ DropTarget::DropTarget(QQuickItem* parent)
 
 QString DropTarget::promise() const {
     switch (offer) {
+    case Offer::document:
+        return tr("Drop to open the document");
     case Offer::picture:
         return tr("Drop it to use it as the image");
     case Offer::object:

@@ -33,6 +33,9 @@ constexpr std::array kPictureTypes{
 
 Offer kindOf(const std::filesystem::path& file) {
     std::error_code error;
+    const std::string suffix = object::lowered(file.extension().string());
+    if (suffix == ".zelvo" || suffix == ".json")
+        return Offer::document;
     if (FontImporter::isFont(file))
         return Offer::fonts;
     if (FontImporter::isArchive(file))
@@ -142,6 +145,11 @@ bool FileSystem::openAlone(const std::filesystem::path& file) {
     if (!std::filesystem::is_regular_file(status))
         return refuse(tr("This is not a file."));
     const Offer kind = kindOf(file);
+    if (kind == Offer::document) {
+        if (openDocument)
+            openDocument(file);
+        return true;
+    }
     if (kind == Offer::archive)
         return openArchive(file);
     if (kind == Offer::sound) {

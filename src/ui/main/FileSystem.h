@@ -20,7 +20,8 @@ class PictureImporter;
 
 /// What something from outside is good for.
 enum class Offer {
-    none,    ///< there is nothing
+    none,     ///< there is nothing
+    document, ///< a performance
     object,  ///< a 3D object, maybe with its parts, or a folder of them
     picture, ///< or a video, for the image node
     sound,   ///< the music of the movie
@@ -49,6 +50,9 @@ public:
 
     /// Called with the first object of those that were imported; set by the owner.
     std::function<void(const std::filesystem::path&)> showObject;
+
+    /// Called with a document; set by the owner.
+    std::function<void(const std::filesystem::path&)> openDocument;
 
     /// Whether there was something to do with each of them; otherwise an alert says why not.
     [[nodiscard]] bool open(const std::vector<std::filesystem::path>& files);

@@ -42,6 +42,7 @@ MainViewController::MainViewController(const Services& given)
           [this] { shareAction(); })
     , controlMenu(services)
     , speedViewController(services)
+    , document(services)
     , stage(services, *this)
     , visualizer(services.runLoop)
     , cameraGestures(services.model.actionController().gestures)
@@ -58,6 +59,7 @@ MainViewController::MainViewController(const Services& given)
     wirePictures();
     wireObjects();
     wireSongs();
+    wireDocument();
     viewDidLoad();
 }
 
@@ -131,6 +133,25 @@ void MainViewController::wireSongs() {
         if (LayouterMenu* const panel = layouter())
             panel->songDidChange();
     };
+}
+
+void MainViewController::wireDocument() {
+    StyleHistory& styles = document.styles;
+    // The panel shows the style that it was made with.
+    const auto showAgain = [this] {
+        if (layouter() != nullptr)
+            showLayouterMenu();
+        controlMenu.showUndoState();
+    };
+    styles.didChange = [this] { controlMenu.showUndoState(); };
+    styles.didApply = showAgain;
+    document.didShow = showAgain;
+    controlMenu.styling = {
+        [&styles] { return styles.canUndo(); },
+        [&styles] { return styles.canRedo(); },
+        posted([&styles] { styles.undo(); }),
+        posted([&styles] { styles.redo(); })};
+    files.openDocument = [this](const std::filesystem::path& file) { document.open(file); };
 }
 
 void MainViewController::loadObject(const std::filesystem::path& file) {

@@ -9,6 +9,7 @@
 #include "ui/controls/MyButton.h"
 #include "ui/controls/Services.h"
 #include "ui/controls/ValueLabel.h"
+#include "ui/document/DocumentController.h"
 #include "ui/imports/ObjectImporter.h"
 #include "ui/imports/ObjectLoading.h"
 #include "ui/imports/PictureImporter.h"
@@ -75,6 +76,7 @@ class MainViewController final : public QObject, private GestureDelegate {
     Q_PROPERTY(zelvo::ui::BlurCover* blurCover READ blurCoverObject CONSTANT)
     Q_PROPERTY(zelvo::ui::ObjectLoading* loading READ loadingObject CONSTANT)
     Q_PROPERTY(zelvo::ui::Visualizer* visualizer READ visualizerObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::DocumentController* document READ documentObject CONSTANT)
 
 public:
     static constexpr double kFadeDelay = 0.8;    ///< seconds until the stage appears
@@ -93,6 +95,7 @@ public:
     MainMenu mainMenu;
     ControlMenu controlMenu;
     SpeedViewController speedViewController;
+    DocumentController document;
     Stage stage;
     /// Of the current panel; null: gestures are ignored.
     GestureDelegate* gestureDelegate = nullptr;
@@ -173,6 +176,8 @@ public:
 
     [[nodiscard]] Visualizer* visualizerObject() { return &visualizer; }
 
+    [[nodiscard]] DocumentController* documentObject() { return &document; }
+
     Visualizer visualizer;
 
 Q_SIGNALS:
@@ -212,6 +217,7 @@ private:
     void wirePictures();
     void wireObjects();
     void wireSongs();
+    void wireDocument();
     void loadObject(const std::filesystem::path& file);
     /// Null while another panel is shown.
     [[nodiscard]] LayouterMenu* layouter() const;

@@ -37,6 +37,7 @@ void ControlMenu::setButtonsEnabled(bool isUsable) {
     if (enabled == isUsable)
         return;
     enabled = isUsable;
+    showUndoState();
     Q_EMIT changed();
 }
 
@@ -47,8 +48,9 @@ QList<MyButton*> ControlMenu::buttonObjects() {
 void ControlMenu::showUndoState() {
     const actions::ActionController& controller = services.model.actionController();
     const bool hasActions = !controller.recordedActions().empty();
-    undoButton.setEnabled(controller.undoManager.canUndo());
-    redoButton.setEnabled(controller.undoManager.canRedo());
+    const bool isOfStyle = !enabled && styling.canUndo;
+    undoButton.setEnabled(isOfStyle ? styling.canUndo() : controller.undoManager.canUndo());
+    redoButton.setEnabled(isOfStyle ? styling.canRedo() : controller.undoManager.canRedo());
     historyButton.setEnabled(hasActions);
     deleteAllButton.setEnabled(hasActions);
 }
@@ -63,11 +65,11 @@ void ControlMenu::record() {
 }
 
 void ControlMenu::undo() {
-    pressIfUsable(undoButton);
+    undoButton.click();
 }
 
 void ControlMenu::redo() {
-    pressIfUsable(redoButton);
+    redoButton.click();
 }
 
 void ControlMenu::showHistory() {
@@ -104,13 +106,15 @@ void ControlMenu::durationButtonAction() {
 }
 
 void ControlMenu::undoButtonAction() const {
-    if (undoAction)
-        undoAction();
+    const auto& action = enabled ? undoAction : styling.undo;
+    if (action)
+        action();
 }
 
 void ControlMenu::redoButtonAction() const {
-    if (redoAction)
-        redoAction();
+    const auto& action = enabled ? redoAction : styling.redo;
+    if (action)
+        action();
 }
 
 void ControlMenu::historyButtonAction() const {

@@ -24,6 +24,8 @@ class ControlMenu final : public QObject {
     QML_UNCREATABLE("")
     Q_PROPERTY(zelvo::ui::RecordButton* recordButton READ recordObject CONSTANT)
     Q_PROPERTY(QList<zelvo::ui::MyButton*> buttons READ buttonObjects CONSTANT)
+    Q_PROPERTY(zelvo::ui::MyButton* undoButton READ undoObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::MyButton* redoButton READ redoObject CONSTANT)
     Q_PROPERTY(bool buttonsEnabled READ buttonsEnabled WRITE setButtonsEnabled NOTIFY changed)
     Q_PROPERTY(qreal alpha READ alpha NOTIFY changed)
 
@@ -40,6 +42,16 @@ public:
     std::function<void()> undoAction;
     std::function<void()> redoAction;
 
+    /// Undo and redo while the menu is disabled: those of styling. All or none are set.
+    struct StyleUndo {
+        std::function<bool()> canUndo;
+        std::function<bool()> canRedo;
+        std::function<void()> undo;
+        std::function<void()> redo;
+    };
+
+    StyleUndo styling;
+
 private:
     Services services;
 
@@ -51,7 +63,14 @@ public:
     MyButton historyButton;
     MyButton deleteAllButton;
 
-    /// Whether the whole menu is enabled; false also dims it.
+    /// Reads again what can be undone and redone.
+    void showUndoState();
+
+    [[nodiscard]] MyButton* undoObject() { return &undoButton; }
+
+    [[nodiscard]] MyButton* redoObject() { return &redoButton; }
+
+    /// Whether the whole menu is enabled, except for undo and redo; false also dims it.
     [[nodiscard]] bool buttonsEnabled() const { return enabled; }
 
     void setButtonsEnabled(bool isUsable);
@@ -83,7 +102,6 @@ private:
     void redoButtonAction() const;
     void historyButtonAction() const;
     void deleteAllButtonAction() const;
-    void showUndoState();
     void pressIfUsable(MyButton& button) const;
 
     bool enabled = false;

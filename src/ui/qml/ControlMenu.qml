@@ -11,9 +11,9 @@ Row {
     required property Menus.ControlMenu controller
 
     spacing: 2
-    enabled: controller.buttonsEnabled
 
     RecordButton {
+        enabled: root.controller.buttonsEnabled
         alpha: root.controller.alpha
         controller: root.controller.recordButton
     }
@@ -25,9 +25,12 @@ Row {
         model: root.controller.buttons
         delegate: MyButton {
             required property Controls.MyButton modelData
+            // Undo and redo work on the style panel, too.
+            readonly property bool isUsable: root.controller.buttonsEnabled || modelData === root.controller.undoButton || modelData === root.controller.redoButton
 
             controller: modelData
-            alpha: root.controller.alpha
+            enabled: isUsable && controller.isEnabled
+            alpha: isUsable ? 1 : root.controller.alpha
         }
     }
 }

@@ -91,6 +91,11 @@ FocusScope {
     Shortcut { sequence: "Space"; autoRepeat: false; enabled: root.enabled; onActivated: root.main.controlMenu.record() }
     Shortcut { sequence: "Ctrl+Z"; enabled: root.enabled; onActivated: root.main.controlMenu.undo() }
     Shortcut { sequence: "Ctrl+Shift+Z"; enabled: root.enabled; onActivated: root.main.controlMenu.redo() }
+    Shortcut { sequence: "Ctrl+N"; enabled: root.enabled; onActivated: root.main.document.askForNew() }
+    Shortcut { sequence: "Ctrl+O"; enabled: root.enabled; onActivated: root.main.document.askToOpen() }
+    Shortcut { sequence: "Ctrl+S"; enabled: root.enabled; onActivated: root.main.document.save() }
+    Shortcut { sequence: "Ctrl+Shift+S"; enabled: root.enabled; onActivated: root.main.document.saveAs() }
+    Shortcut { sequence: "F10"; enabled: root.enabled; onActivated: root.main.document.menuButton.click() }
     Shortcut { sequence: "Ctrl+H"; enabled: root.enabled; onActivated: root.main.controlMenu.showHistory() }
     Shortcut { sequence: "Ctrl+D"; enabled: root.enabled; onActivated: root.main.controlMenu.askForDuration() }
     Shortcut { sequence: "Ctrl+E"; enabled: root.enabled; onActivated: root.main.share() }

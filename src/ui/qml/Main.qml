@@ -15,8 +15,11 @@ Window {
     height: 720
     minimumWidth: 960
     minimumHeight: 540
-    title: "Zelvo"
+    title: main.document.title
     color: "black"
+    onClosing: close => {
+        close.accepted = main.document.mayClose();
+    }
     onWidthChanged: main.setViewSize(Qt.size(width, height))
     onHeightChanged: main.setViewSize(Qt.size(width, height))
 
@@ -71,6 +74,16 @@ Window {
         AlertHost {
             anchors.fill: parent
             alerts: root.main.alerts
+        }
+    }
+    DocumentDialogs {
+        controller: root.main.document
+    }
+    Connections {
+        target: root.main.document
+
+        function onCloseAllowed(): void {
+            root.close();
         }
     }
     Shortcut {

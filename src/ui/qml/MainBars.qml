@@ -32,6 +32,22 @@ Item {
             controller: root.main.controlMenu
         }
         MyButton {
+            id: documentButton
+
+            anchors.right: share.left
+            y: 6
+            width: 40
+            height: 36
+            controller: root.main.document.menuButton
+
+            DocumentMenu {
+                x: documentButton.width - width
+                controller: root.main.document
+            }
+        }
+        MyButton {
+            id: share
+
             anchors.right: parent.right
             anchors.rightMargin: 3
             y: 6

@@ -15,6 +15,7 @@ extern void qml_register_types_Zelvo_Imports();
 extern void qml_register_types_Zelvo_Audio();
 extern void qml_register_types_Zelvo_Layouter();
 extern void qml_register_types_Zelvo_Screens();
+extern void qml_register_types_Zelvo_Documents();
 extern void qml_register_types_Zelvo_Main();
 // NOLINTEND(readability-identifier-naming)
 
@@ -28,7 +29,7 @@ namespace {
 /// nobody uses.
 void keepModules() {
     using Register = void (*)();
-    const std::array<Register, 8> modules{
+    const std::array<Register, 9> modules{
         &qml_register_types_Zelvo,
         &qml_register_types_Zelvo_Controls,
         &qml_register_types_Zelvo_Menus,
@@ -36,6 +37,7 @@ void keepModules() {
         &qml_register_types_Zelvo_Audio,
         &qml_register_types_Zelvo_Layouter,
         &qml_register_types_Zelvo_Screens,
+        &qml_register_types_Zelvo_Documents,
         &qml_register_types_Zelvo_Main};
     for (const Register module : modules) {
         volatile Register kept = module; // volatile: the compiler must not drop it either

@@ -15,11 +15,17 @@ using hint::HintScript;
 using hint::Moment;
 using hint::Target;
 
-app::Performance twoPresses() {
-    app::Performance performance;
+document::Cue press(double at, const char* title) {
+    document::Press press;
+    press.tab = "IN";
+    press.title = title;
+    return {at, press};
+}
+
+document::Performance twoPresses() {
+    document::Performance performance;
     performance.duration = 5;
-    performance.cues = {
-        {0.8, app::Press{"IN", "Flip", {}, {}, {}}}, {2.1, app::Press{"IN", "Fade", {}, {}, {}}}};
+    performance.cues = {press(0.8, "Flip"), press(2.1, "Fade")};
     return performance;
 }
 
