@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "document/StylePaths.h"
 
+#include <system_error>
+
 namespace zelvo::document {
 
 void forEachPath(Style& style, const std::function<void(std::string& path)>& call) {
@@ -17,7 +19,8 @@ void forEachPath(Style& style, const std::function<void(std::string& path)>& cal
 }
 
 Style resolved(Style style, const std::filesystem::path& folder) {
-    const auto base = std::filesystem::absolute(folder);
+    std::error_code noFolder; // the process's folder may be gone; then nothing is found there
+    const auto base = std::filesystem::absolute(folder / ".", noFolder);
     forEachPath(
         style, [&](std::string& path) { path = (base / path).lexically_normal().string(); });
     return style;
