@@ -815,6 +815,18 @@
         <source>Later</source>
         <translation>Später</translation>
     </message>
+    <message>
+        <source>“%1” was changed elsewhere.</source>
+        <translation>„%1“ wurde anderswo geändert.</translation>
+    </message>
+    <message>
+        <source>Another window or program has written it since it was opened here.</source>
+        <translation>Ein anderes Fenster oder Programm hat es geschrieben, seit es hier geöffnet wurde.</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
 </context>
 <context>
     <name>zelvo::ui::Dragger</name>

@@ -371,6 +371,8 @@ void DocumentController::takeAsShown(const Source& source) {
         return;
     }
     file_ = source.as;
+    std::error_code none;
+    fileTime = fs::last_write_time(file_, none);
     isRecovered = isModified_ = true;
     savedText.clear();
     keptText = std::move(text);
@@ -393,8 +395,32 @@ void DocumentController::tellMissing(const std::vector<foundation::Problem>& mis
 void DocumentController::save() {
     if (file_.empty())
         saveAs();
+    else if (isChangedElsewhere())
+        askToReplace();
     else
         write(file_, false);
+}
+
+bool DocumentController::isChangedElsewhere() const {
+    std::error_code error;
+    const auto time = fs::last_write_time(file_, error);
+    return !error && time != fileTime;
+}
+
+void DocumentController::askToReplace() {
+    services.alerts.show(
+        {.title = tr("“%1” was changed elsewhere.").arg(name()).toStdString(),
+         .message =
+             tr("Another window or program has written it since it was opened here.").toStdString(),
+         .actions = {
+             {.title = tr("Save As …").toStdString(),
+              .handler = lifetime.guard([this] { saveAs(); })},
+             {.title = tr("Replace").toStdString(),
+              .role = AlertRole::destructive,
+              .handler = lifetime.guard([this] { write(file_, false); })},
+             {.title = tr("Cancel").toStdString(),
+              .role = AlertRole::cancel,
+              .handler = lifetime.guard([this] { afterSaving = nullptr; })}}});
 }
 
 void DocumentController::saveAs() {
@@ -462,6 +488,8 @@ void DocumentController::written(const fs::path& file, const foundation::Result<
 /// What was changed while the file was being written stays unsaved.
 void DocumentController::becameSaved(const fs::path& as, std::string text) {
     file_ = as;
+    std::error_code none; // a document without a file has no time
+    fileTime = fs::last_write_time(file_, none);
     isRecovered = false;
     savedText = std::move(text);
     keptText = savedText;

@@ -159,6 +159,8 @@ private:
     void takeAsShown(const Source& source);
     void tellMissing(const std::vector<foundation::Problem>& missing);
     void write(const std::filesystem::path& file, bool collects);
+    void askToReplace();
+    [[nodiscard]] bool isChangedElsewhere() const;
     void written(const std::filesystem::path& file, const foundation::Result<void>& result);
     void becameSaved(const std::filesystem::path& as, std::string text);
     void remember(const std::filesystem::path& file);
@@ -169,10 +171,11 @@ private:
 
     const document::Style emptyStage; ///< what the stage is at the start of the program
     document::Names names;
-    std::filesystem::path file_; ///< empty: the document has no file
-    document::Style opened;      ///< names of missing fonts' files come from here
-    std::string savedText;       ///< of the document when it was last saved or opened
-    std::string keptText;        ///< last kept for recovery
+    std::filesystem::path file_;                ///< empty: the document has no file
+    std::filesystem::file_time_type fileTime{}; ///< of `file_`, when it was read or written here
+    document::Style opened;                     ///< names of missing fonts' files come from here
+    std::string savedText; ///< of the document when it was last saved or opened
+    std::string keptText;  ///< last kept for recovery
     bool isModified_ = false;
     bool isRecovered = false; ///< modified, though nothing was changed since it was shown
     bool isGivenUp = false;   ///< the window closes, and the user does not want the changes

@@ -134,6 +134,26 @@ TEST_F(DocumentTest, says_why_it_cannot_be_saved_or_opened_and_keeps_everything)
     EXPECT_TRUE(document.isModified());
 }
 
+TEST_F(DocumentTest, does_not_write_over_what_another_window_has_written) {
+    saveAs(home / "shared.zelvo");
+    DocumentController other(services);
+    other.openPicked(QUrl::fromLocalFile(QString::fromStdString((home / "shared.zelvo").string())));
+    settle();
+    fs::last_write_time( // the disk's clock may be coarse
+        home / "shared.zelvo",
+        fs::last_write_time(home / "shared.zelvo") - std::chrono::seconds(5));
+    document.save();
+    answer("Cancel");
+    model.nodes().textNode1->setText("MINE");
+    document.save();
+    EXPECT_EQ(alerts.title(), "“shared” was changed elsewhere.");
+    answer("Replace");
+    settle();
+    EXPECT_FALSE(document.isModified());
+    document.save();
+    EXPECT_FALSE(alerts.isShowing()) << "this window has written it last";
+}
+
 TEST_F(DocumentTest, lists_ten_recent_files_newest_first_without_repeats) {
     for (int i = 0; i < 12; ++i)
         saveAs(home / fmt::format("f{}", i));

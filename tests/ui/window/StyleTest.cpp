@@ -75,13 +75,6 @@ protected:
         }
     }
 
-    /// The stage is drawn, has faded in, and the texts have flown in. On a slow machine the flight
-    /// takes longer than the wait for the fade.
-    [[nodiscard]] bool isReady() {
-        return isDrawn() && soon([this] { return application.main.sceneAlpha() == 1; }) &&
-               soon([this] { return text.presentedPosition() == glm::vec3(0); });
-    }
-
     /// Waits until the text is held within a pixel of a place.
     void expectAt(const QPointF& place) {
         const auto aside = [&] { return placeOf(text) - place; };

@@ -33,6 +33,13 @@ protected:
         return soon([this] { return application.main.stage.framesShown() > 0; });
     }
 
+    /// The stage is drawn, has faded in, and the texts have flown in. On a slow machine the flight
+    /// takes longer than the wait for the fade.
+    [[nodiscard]] bool isReady() {
+        return isDrawn() && soon([this] { return application.main.sceneAlpha() == 1; }) &&
+               soon([this] { return model.nodes().textNode1->presentedPosition() == glm::vec3(0); });
+    }
+
     /// The view of a controller; null while there is none.
     [[nodiscard]] QQuickItem*
     view(const QObject* controller, const char* property = "controller") const {
