@@ -388,7 +388,8 @@ void addWindow(CLI::App& app, WindowCommand& options) {
     app.add_option(
            "FILES",
            options.files,
-           "Pictures, videos, music, 3D objects with their parts, fonts, folders or ZIP archives "
+           "Documents, pictures, videos, music, 3D objects with their parts, fonts, folders or ZIP "
+           "archives "
            "to open "
            "in "
            "the window")
