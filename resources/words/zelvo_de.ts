@@ -233,6 +233,13 @@
     </message>
 </context>
 <context>
+    <name>KeyList</name>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+</context>
+<context>
     <name>LoadingNotice</name>
     <message>
         <source>%1 %</source>
@@ -981,6 +988,104 @@
     </message>
 </context>
 <context>
+    <name>zelvo::ui::Guidance</name>
+    <message>
+        <source>Not recorded: start the clock with Space, then press</source>
+        <translation>Nicht aufgezeichnet: die Uhr mit der Leertaste starten, dann drücken</translation>
+    </message>
+    <message>
+        <source>Press Space, then the buttons while the clock runs</source>
+        <translation>Leertaste drücken, dann die Tasten, während die Uhr läuft</translation>
+    </message>
+    <message>
+        <source>Style the stage, then go to Actions to perform</source>
+        <translation>Die Bühne gestalten, dann unter Aktionen aufführen</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::Help</name>
+    <message>
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>Start and stop a run</source>
+        <translation>Einen Lauf starten und anhalten</translation>
+    </message>
+    <message>
+        <source>Press the buttons of the tab</source>
+        <translation>Die Tasten des Reiters drücken</translation>
+    </message>
+    <message>
+        <source>Previous tab, next tab</source>
+        <translation>Voriger Reiter, nächster Reiter</translation>
+    </message>
+    <message>
+        <source>Speeds, and who takes part</source>
+        <translation>Tempo, und wer mitmacht</translation>
+    </message>
+    <message>
+        <source>Undo, redo</source>
+        <translation>Widerrufen, wiederholen</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>Export a movie</source>
+        <translation>Einen Film exportieren</translation>
+    </message>
+    <message>
+        <source>New document, open</source>
+        <translation>Neues Dokument, öffnen</translation>
+    </message>
+    <message>
+        <source>Save, save as</source>
+        <translation>Sichern, sichern unter</translation>
+    </message>
+    <message>
+        <source>Style, actions</source>
+        <translation>Stil, Aktionen</translation>
+    </message>
+    <message>
+        <source>A random style</source>
+        <translation>Ein zufälliger Stil</translation>
+    </message>
+    <message>
+        <source>Select the next text, image or object</source>
+        <translation>Den nächsten Text, das Bild oder Objekt wählen</translation>
+    </message>
+    <message>
+        <source>Move it; with Shift in large steps</source>
+        <translation>Es bewegen; mit Umschalt in großen Schritten</translation>
+    </message>
+    <message>
+        <source>Make it smaller, larger</source>
+        <translation>Es kleiner, größer machen</translation>
+    </message>
+    <message>
+        <source>Use the copied picture or file</source>
+        <translation>Das kopierte Bild oder die Datei verwenden</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>Vollbild</translation>
+    </message>
+    <message>
+        <source>Close what is on top</source>
+        <translation>Schließen, was oben liegt</translation>
+    </message>
+    <message>
+        <source>Help and keys</source>
+        <translation>Hilfe und Tasten</translation>
+    </message>
+</context>
+<context>
     <name>zelvo::ui::HuePickerView</name>
     <message>
         <source>Hue</source>
@@ -1203,6 +1308,10 @@
     <message>
         <source>There is no picture on the clipboard</source>
         <translation>In der Zwischenablage ist kein Bild</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
     </message>
 </context>
 <context>

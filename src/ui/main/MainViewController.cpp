@@ -43,6 +43,8 @@ MainViewController::MainViewController(const Services& given)
     , controlMenu(services)
     , speedViewController(services)
     , document(services)
+    , help([this] { showHelp(); })
+    , guidance(services)
     , stage(services, *this)
     , visualizer(services.runLoop)
     , cameraGestures(services.model.actionController().gestures)
@@ -208,7 +210,9 @@ void MainViewController::showAnim() {
                 speedViewController.setHidden(!isShown);
         }));
     });
+    menu->pressedIdly = lifetime.guard([this] { guidance.pressedIdly(); });
     setPanel(menu.release(), kCataloguePanel);
+    guidance.setPerforming(true);
     idleTimer.setDisabled(true);
     gestureDelegate = &cameraGestures;
     setEditing(true);
@@ -233,6 +237,7 @@ void MainViewController::showLayouterMenu() {
     LayouterMenu& panel = *menu;
     setPanel(menu.release(), kStylePanel);
     gestureDelegate = &panel;
+    guidance.setPerforming(false);
     idleTimer.setDisabled(false);
     setEditing(false);
     speedViewController.setHidden(true);
@@ -272,6 +277,20 @@ void MainViewController::askForActions() {
                       },
     });
     // clang-format on
+}
+
+void MainViewController::showHelp() {
+    services.model.stop(model::Reset::toStart);
+    services.alerts.show(
+        {.title = tr("Keys").toStdString(),
+         .message = {},
+         .actions =
+             {{.title = tr("Howto").toStdString(),
+               .handler = lifetime.guard([this] { showHint(); }),
+               .titleColor = QColor(0xC8, 0x8E, 0x01)},
+              {.title = tr("OK").toStdString(), .role = AlertRole::cancel}},
+         .content = &help,
+         .contentView = "KeyList"});
 }
 
 void MainViewController::showHint() {

@@ -14,6 +14,8 @@
 #include "ui/imports/ObjectLoading.h"
 #include "ui/imports/PictureImporter.h"
 #include "ui/main/FileSystem.h"
+#include "ui/main/Guidance.h"
+#include "ui/main/Help.h"
 #include "ui/main/IdleTimer.h"
 #include "ui/main/MainMenu.h"
 #include "ui/main/Stage.h"
@@ -77,6 +79,8 @@ class MainViewController final : public QObject, private GestureDelegate {
     Q_PROPERTY(zelvo::ui::ObjectLoading* loading READ loadingObject CONSTANT)
     Q_PROPERTY(zelvo::ui::Visualizer* visualizer READ visualizerObject CONSTANT)
     Q_PROPERTY(zelvo::ui::DocumentController* document READ documentObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::Help* help READ helpObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::Guidance* guidance READ guidanceObject CONSTANT)
 
 public:
     static constexpr double kFadeDelay = 0.8;    ///< seconds until the stage appears
@@ -96,6 +100,8 @@ public:
     ControlMenu controlMenu;
     SpeedViewController speedViewController;
     DocumentController document;
+    Help help;
+    Guidance guidance;
     Stage stage;
     /// Of the current panel; null: gestures are ignored.
     GestureDelegate* gestureDelegate = nullptr;
@@ -178,6 +184,10 @@ public:
 
     [[nodiscard]] DocumentController* documentObject() { return &document; }
 
+    [[nodiscard]] Help* helpObject() { return &help; }
+
+    [[nodiscard]] Guidance* guidanceObject() { return &guidance; }
+
     Visualizer visualizer;
 
 Q_SIGNALS:
@@ -212,6 +222,7 @@ private:
     void showExport();
     void askForActions();
     void showHint();
+    void showHelp();
     /// Runs the call in the next turn of the loop, unless this object is gone by then.
     [[nodiscard]] std::function<void()> posted(std::function<void()> call) const;
     void wirePictures();

@@ -167,7 +167,9 @@ void ActionsMenu::setActionButtons(std::vector<std::unique_ptr<FuncButton>> butt
 std::unique_ptr<FuncButton> ActionsMenu::makeActionButton(
     const catalogue::Tab& tab, const catalogue::Button& button, int place) {
     const model::Model& model = services.model;
-    FuncButton::Action action{.beganFunc = [&tab, button, &model] {
+    FuncButton::Action action{.beganFunc = [this, &tab, button, &model] {
+        if (!model.isPlaying() && pressedIdly)
+            pressedIdly();
         catalogue::press(tab, button, contextOf(model), foundation::arc4random());
     }};
     if (button.isHold())

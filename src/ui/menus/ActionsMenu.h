@@ -36,6 +36,9 @@ class ActionsMenu final : public QObject {
     Q_PROPERTY(zelvo::ui::MyButton* speedButton READ speedObject CONSTANT)
 
 public:
+    /// Called when a button is pressed while no run records it; may be empty.
+    std::function<void()> pressedIdly;
+
     explicit ActionsMenu(const Services& given, QObject* parent = nullptr);
     ~ActionsMenu() override;
     ActionsMenu(const ActionsMenu&) = delete;

@@ -52,7 +52,7 @@ FocusScope {
     Rectangle {
         anchors.centerIn: parent
         // From three buttons on, their words need more than a short sentence does.
-        width: Math.min(Math.max(300, Theme.px(300), Theme.px(120 * actions.count)), parent.width - 32)
+        width: Math.min(Math.max(300, Theme.px(300), Theme.px(120 * actions.count), (content.item as Item)?.implicitWidth + 32 || 0), parent.width - 32)
         height: card.implicitHeight + 32
         color: Qt.darker(Theme.separator, 1.35)
         radius: 2 * Theme.radius

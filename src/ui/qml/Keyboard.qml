@@ -100,6 +100,7 @@ FocusScope {
     Shortcut { sequence: "Ctrl+D"; enabled: root.enabled; onActivated: root.main.controlMenu.askForDuration() }
     Shortcut { sequence: "Ctrl+E"; enabled: root.enabled; onActivated: root.main.share() }
     Shortcut { sequence: "Ctrl+V"; autoRepeat: false; enabled: root.enabled; onActivated: root.main.paste() }
+    Shortcut { sequences: ["F1", "?"]; enabled: root.enabled; onActivated: root.main.help.button.click() }
     Shortcut { sequence: "F2"; enabled: root.enabled; onActivated: root.main.mainMenu.askForStyle() }
     Shortcut { sequence: "F3"; enabled: root.enabled; onActivated: root.main.mainMenu.askForActions() }
     Shortcut { sequence: "Ctrl+Right"; enabled: root.enabled && root.catalogue; onActivated: root.catalogue.nextTab() }

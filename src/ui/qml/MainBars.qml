@@ -32,6 +32,15 @@ Item {
             controller: root.main.controlMenu
         }
         MyButton {
+            id: helpButton
+
+            anchors.right: documentButton.left
+            y: 6
+            width: 40
+            height: 36
+            controller: root.main.help.button
+        }
+        MyButton {
             id: documentButton
 
             anchors.right: share.left
@@ -60,6 +69,29 @@ Item {
             anchors.bottom: parent.bottom
             width: parent.width
             controller: root.main.progressView
+        }
+    }
+    Rectangle {
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: strip.visible ? strip.top : bottom.top
+        anchors.bottomMargin: 14
+        width: Math.min(next.implicitWidth + 32, parent.width - 24)
+        height: next.implicitHeight + 14
+        visible: next.text !== ""
+        radius: Theme.radius
+        color: Theme.bar
+
+        Text {
+            id: next
+
+            anchors.centerIn: parent
+            width: Math.min(implicitWidth, root.width - 56)
+            text: root.main.guidance.text
+            color: Theme.text
+            elide: Text.ElideRight
+            font.pixelSize: Theme.px(13)
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
     }
     SpeedStrip {

@@ -7,6 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string>
+#include <vector>
+
 namespace zelvo::ui {
 
 namespace {
@@ -54,6 +58,39 @@ TEST_F(MainScreenTest, stops_a_run_when_the_panel_changes_and_when_a_movie_is_as
         EXPECT_FALSE(model.isPlaying());
         EXPECT_EQ(model.time(), 0);
     }
+}
+
+TEST_F(MainScreenTest, says_what_to_do_next_until_something_is_recorded) {
+    std::vector<std::string> messages;
+    signals().messageSignal.subscribe(
+        listening, [&](const std::string& message) { messages.push_back(message); });
+    const QString styling = main.guidance.text();
+    EXPECT_TRUE(styling.contains("Actions"));
+    main.showAnim();
+    EXPECT_TRUE(main.guidance.text().contains("Space"));
+    auto& menu = *qobject_cast<ActionsMenu*>(main.panel());
+    menu.viewWillAppear();
+    for (int press = 0; press < 2; ++press) {
+        menu.pressButton(0);
+        settle();
+        menu.releaseButton(0);
+    }
+    EXPECT_EQ(
+        std::ranges::count_if(
+            messages,
+            [](const std::string& message) { return message.starts_with("Not recorded"); }),
+        1);
+    model.start();
+    EXPECT_TRUE(main.guidance.text().isEmpty());
+    loop().runFor(1);
+    menu.pressButton(0);
+    settle();
+    model.stop(model::Reset::toStart);
+    EXPECT_TRUE(main.guidance.text().isEmpty()) << "something is recorded";
+    controller().undo();
+    EXPECT_FALSE(main.guidance.text().isEmpty());
+    main.showLayouterMenu();
+    EXPECT_EQ(main.guidance.text(), styling);
 }
 
 TEST_F(MainScreenTest, leaves_no_strip_of_speeds_above_the_style_panel) {
