@@ -72,7 +72,6 @@ Application::Application(const foundation::Folders& folders)
     , model_(modelServices(folders_))
     , hasSound(activateSound())
     , main({model_, runLoop_, defaults, alerts, fontManager, folders_}) {
-    foundation::seedRandom(std::random_device{}());
     foundation::TemporaryFolder::removeLeftovers(folders.temporary);
     ui::installViews();
     engine.setInitialProperties({{"main", QVariant::fromValue(&main)}});
@@ -91,6 +90,7 @@ Application::~Application() {
 }
 
 node::Surroundings Application::surroundings() {
+    foundation::seedRandom(std::random_device{}()); // before the first particles
     fontManager.registerBuiltIns(foundation::mainBundle());
     return {
         &fonts,

@@ -28,6 +28,7 @@
 #include <QObject>
 #include <QSizeF>
 #include <QString>
+#include <QTimer>
 #include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
@@ -198,9 +199,12 @@ Q_SIGNALS:
     void sceneAlphaChanged();
 
 private:
-    // Objects that QML still uses are deleted in the next turn of the loop.
+    // QML still uses the objects. It lets go of them in the next turn of the loop (Place.qml), so they
+    // are deleted in the one after that.
     struct Later {
-        void operator()(QObject* object) const { object->deleteLater(); }
+        void operator()(QObject* object) const {
+            QTimer::singleShot(0, object, &QObject::deleteLater);
+        }
     };
     template <class T> using LaterPtr = std::unique_ptr<T, Later>;
 

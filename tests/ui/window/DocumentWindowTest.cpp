@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 // What a hand does in the real window, saved, and exported by the command line.
 #include "platform/image/reading/ImageReader.h"
+#include "ui/controls/Alerts.h"
 #include "ui/window/WindowFixture.h"
 
 #include <fmt/format.h>
 
+#include <QFile>
 #include <QProcess>
 
 #include <cstdint>
@@ -99,6 +101,33 @@ protected:
 };
 
 } // namespace
+
+TEST_F(DocumentWindowTest, IsOpenedBySuffixTellsItsNameAndAsksBeforeTheWindowCloses) {
+    const auto file = folder.path() / "Night Run.zelvo";
+    QFile saved(QString::fromStdString(file.string()));
+    ASSERT_TRUE(saved.open(QIODevice::WriteOnly));
+    saved.write(R"({"nodes": {"TX1": {"text": "FROM FILE"}}, "cues": []})");
+    saved.close();
+    application.open({file});
+    ASSERT_TRUE(soon([&] { return model.nodes().textNode1->text() == "FROM FILE"; }));
+    EXPECT_TRUE(soon([&] { return window.title() == "Night Run"; }));
+    ASSERT_TRUE(isDrawn());
+
+    QTest::keyClick(&window, Qt::Key_Tab);
+    QTest::keyClick(&window, Qt::Key_Right);
+    EXPECT_TRUE(soon([&] { return window.title() == "Night Run •"; }));
+    auto& alerts = *application.main.alertsObject();
+    EXPECT_FALSE(window.close());
+    ASSERT_TRUE(soon([&] { return alerts.isShowing(); }));
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_TRUE(soon([&] { return !alerts.isShowing(); }));
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(window.close());
+    ASSERT_TRUE(soon([&] { return alerts.isShowing(); }));
+    QTest::keyClick(&window, Qt::Key_Return); // "Save" has the focus
+    EXPECT_TRUE(soon([&] { return !window.isVisible(); }));
+    EXPECT_TRUE(std::filesystem::file_size(file) > 200) << "all fields are written now";
+}
 
 TEST_F(DocumentWindowTest, HasTheFramesThatTheCommandLineMakesOfTheSavedFile) {
     ASSERT_TRUE(isReady());
