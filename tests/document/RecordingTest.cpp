@@ -153,6 +153,18 @@ TEST(Recording, of_two_runs_is_the_same_after_saving_and_opening) {
     World other(77);
     reopen(saved(world), other);
     EXPECT_EQ(other.records(), world.records());
+    for (const Cue& cue : cuesOf(other.model())) {
+        if (const auto* const pan = std::get_if<Pan>(&cue.act)) {
+            EXPECT_EQ(pan->releaseSpeed, "Faster");
+        }
+        const auto* const press = std::get_if<Press>(&cue.act);
+        if (press == nullptr || press->title != "Hide")
+            continue;
+        EXPECT_EQ(press->nodes, (std::vector<std::string>{"TX2", "TX1"}));
+        EXPECT_EQ(press->releaseNodes, std::vector<std::string>{"OBJ"});
+        EXPECT_EQ(press->releaseSpeed, "Faster");
+        EXPECT_EQ(press->speed, "Faster");
+    }
 }
 
 TEST(Recording, shows_what_was_deleted_undone_and_redone) {
