@@ -179,7 +179,7 @@ TEST(EndToEnd, says_in_one_line_what_is_wrong_and_ends_with_its_status) {
     program.write("noise.mp3", std::string(5000, '\x5A') + "noise");
     media::writeWav(program.path("song.wav"), 8000, 4, media::sine(440, 0.5));
     const auto font = program.write("font.json", performance(R"(
-            "nodes": {"TX1": {"font": "Audiowide"}}, "cues": [])"));
+            "nodes": {"TX1": {"font": "Audiowide Regula"}}, "cues": [])"));
     const auto noise = withSong("noise.json", R"("file": "noise.mp3")");
     const auto gone = withSong("gone-song.json", R"("file": "gone.mp3")");
     const auto tooLong = withSong("long.json", R"("file": "song.wav", "in": 3, "end": 9)");
@@ -206,7 +206,7 @@ TEST(EndToEnd, says_in_one_line_what_is_wrong_and_ends_with_its_status) {
         {2, "gone.json: no such file",   {"perform", "gone.json"}                                         },
         {2, "folder",                    {"perform", program.home()}                                      },
         {2, "--colour",                  {"perform", good, "--colour"}                                    },
-        {2, "font.json:2: unknown font", {"perform", font}                                                },
+        {2, "did you mean \"Audiowide-R",  {"perform", font}                                              },
         {2, "noise.mp3",                 {"perform", noise}                                               },
         {2, "gone.mp3",                  {"perform", gone}                                                },
         {2, "logo.json:2: ",             {"perform", noLogo}                                              },
