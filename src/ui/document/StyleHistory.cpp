@@ -103,17 +103,18 @@ void StyleHistory::step(std::vector<Moment>& from, std::vector<Moment>& to) {
 }
 
 void StyleHistory::apply(const Moment& moment) {
-    // Only what is not on the stage is read again; a picture is still known.
+    // Only what is not on the stage is read again, and no picture that is still known.
     Style read = moment.style;
+    const image::ImagePtr known = moment.picture.lock();
     const bool isVideo = read.picture->image && media::isVideoFile(*read.picture->image);
-    if (read.picture->image == now.style.picture->image || !isVideo)
+    if (read.picture->image == now.style.picture->image || (known && !isVideo))
         read.picture->image.reset();
     if (read.object->object == now.style.object->object &&
         (read.object->material || !now.style.object->material))
         read.object->object.reset();
     document::StageMedia media = document::readMedia(read);
-    if (!isVideo)
-        media.picture = moment.picture;
+    if (known && !isVideo)
+        media.picture = known;
     (void)document::applyStyle(moment.style, std::move(media), services.model);
 }
 

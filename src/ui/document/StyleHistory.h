@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -38,10 +39,11 @@ public:
     void redo();
 
 private:
-    /// A style, and its picture: that of the clipboard has no file from which it could come back.
+    /// A style, and its picture as long as somebody has it: large ones would fill the memory. It comes
+    /// back from its file otherwise.
     struct Moment {
         document::Style style;
-        image::ImagePtr picture;
+        std::weak_ptr<const image::Image> picture;
     };
 
     [[nodiscard]] Moment look() const;

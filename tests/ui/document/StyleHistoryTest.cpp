@@ -117,6 +117,25 @@ TEST_F(StyleHistoryTest, goes_back_and_forth_over_a_random_walk) {
     EXPECT_FALSE(history.canRedo());
 }
 
+TEST_F(StyleHistoryTest, reads_a_picture_again_that_nobody_has_any_more) {
+    content::ImageNode& node = *model.nodes().imageNode;
+    const std::filesystem::path file = folder.path() / "small.png";
+    ASSERT_TRUE(image::savePNG(image::Image(5, 3), file));
+    StyleHistory history(services);
+    node.setImage(std::make_shared<image::Image>(5, 3));
+    node.file = file;
+    history.note();
+    const std::weak_ptr<const image::Image> first = node.image();
+    node.setImage(std::make_shared<image::Image>(9, 9));
+    node.file = folder.path() / "other.png";
+    history.note();
+    EXPECT_TRUE(first.expired()) << "the history must not keep all pictures";
+    history.undo();
+    ASSERT_NE(node.image(), nullptr);
+    EXPECT_EQ(node.image()->width, 5);
+    EXPECT_EQ(node.file, file);
+}
+
 TEST_F(StyleHistoryTest, takes_a_typed_word_as_one_step) {
     StyleHistory history(services);
     content::TextNode& text = *model.nodes().textNode1;
