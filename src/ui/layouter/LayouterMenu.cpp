@@ -178,6 +178,12 @@ void LayouterMenu::refresh() {
     Q_EMIT refreshed();
 }
 
+void LayouterMenu::styleDidChange() {
+    endWriting(); // the field has the former text
+    refresh();
+    showOutlines();
+}
+
 void LayouterMenu::showOutlines() const {
     for (const node::NodePtr& node : services.model.nodes().content()) {
         const auto unselected = node == pointedNode ? node::Outline::pointed : node::Outline::plain;

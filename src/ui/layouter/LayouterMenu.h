@@ -130,6 +130,9 @@ public:
     /// The image has another picture.
     void imageDidChange();
 
+    /// The stage has got another style, such as by undo: the strip shows it. The selection stays.
+    void styleDidChange();
+
     /// Shows the whole frame of a node; null: of none.
     void pointAt(const node::NodePtr& node);
 

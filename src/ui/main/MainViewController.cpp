@@ -139,15 +139,15 @@ void MainViewController::wireSongs() {
 
 void MainViewController::wireDocument() {
     StyleHistory& styles = document.styles;
-    // The panel shows the style that it was made with.
-    const auto showAgain = [this] {
+    styles.didChange = [this] { controlMenu.showUndoState(); };
+    styles.didApply = [this] {
+        if (LayouterMenu* const panel = layouter())
+            panel->styleDidChange();
+    };
+    document.didShow = [this] {
         if (layouter() != nullptr)
             showLayouterMenu();
-        controlMenu.showUndoState();
     };
-    styles.didChange = [this] { controlMenu.showUndoState(); };
-    styles.didApply = showAgain;
-    document.didShow = showAgain;
     controlMenu.styling = {
         [&styles] { return styles.canUndo(); },
         [&styles] { return styles.canRedo(); },
