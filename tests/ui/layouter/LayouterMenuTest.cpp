@@ -12,6 +12,8 @@
 
 #include <gmock/gmock.h>
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QFile>
 
 #include <algorithm>
@@ -24,7 +26,13 @@ namespace {
 
 using testing::ElementsAre;
 
-class LayouterMenuTest : public test::ModelTest {
+/// Ends after the panel: what waits for the event loop to be deleted must not outlive the model.
+class PanelTest : public test::ModelTest {
+protected:
+    ~PanelTest() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+};
+
+class LayouterMenuTest : public PanelTest {
 protected:
     [[nodiscard]] std::vector<std::string> titles() const {
         std::vector<std::string> found;
