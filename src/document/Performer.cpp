@@ -66,10 +66,21 @@ private:
 
     void act(const DoubleTap&) { gestures().doubleTap(); }
 
+    /// The steps of a gesture that are touches: from `first` up to, but not at, `end`. A drag that goes
+    /// on has its former place as step 0.
+    struct Steps {
+        std::size_t first = 0;
+        std::size_t end = 0;
+    };
+
+    /// A touch of a gesture, at one of its steps or between two.
+    using Touch = std::function<void(GestureState state, double step)>;
+
     void act(const Pan& cue) {
         if (!cue.begins)
             gestures().resumePan(glm::vec2(cue.points.front()));
-        touch(cue, cue.points.size(), [this, points = cue.points](GestureState state, double at) {
+        const std::size_t first = cue.begins ? 0 : 1;
+        touch(cue, {first, cue.points.size()}, [this, points = cue.points](auto state, double at) {
             gestures().pan(state, glm::vec2(along(points, at)));
         });
     }
@@ -79,34 +90,29 @@ private:
             gestures().resumePinch();
         touch(
             cue,
-            cue.velocities.size(),
-            [this, velocities = cue.velocities](GestureState state, double at) {
+            {0, cue.velocities.size()},
+            [this, velocities = cue.velocities](auto state, double at) {
                 gestures().pinch(state, static_cast<float>(along(velocities, at)));
             });
     }
 
-    /// A touch of a gesture, at one of its steps or between two.
-    using Touch = std::function<void(GestureState state, double step)>;
-
-    void touch(const Fingers& fingers, std::size_t steps, const Touch& touch) {
+    void touch(const Fingers& fingers, const Steps& steps, const Touch& touch) {
         if (fingers.times.empty()) {
-            glide({now, fingers.lasts.value_or(0), steps, touch, fingers.releaseSpeed});
+            glide({now, fingers.lasts.value_or(0), steps.end, touch, fingers.releaseSpeed});
             return;
         }
-        const bool isPan = std::holds_alternative<Pan>(performance.cues[next - 1].act);
-        const std::size_t first = !fingers.begins && isPan ? 1 : 0;
-        for (std::size_t i = first; i < steps; ++i) {
+        for (std::size_t i = steps.first; i < steps.end; ++i) {
             const bool begins = i == 0 && fingers.begins;
             later.emplace(now + fingers.times[i], [touch, begins, i] {
                 touch(begins ? GestureState::began : GestureState::changed, static_cast<double>(i));
             });
         }
-        if (fingers.lasts)
-            later.emplace(
-                now + *fingers.lasts,
-                [this, touch, last = static_cast<double>(steps - 1), speed = fingers.releaseSpeed] {
-                    lift(touch, last, speed);
-                });
+        if (!fingers.lasts)
+            return;
+        const auto last = static_cast<double>(steps.end - 1);
+        later.emplace(now + *fingers.lasts, [this, touch, last, speed = fingers.releaseSpeed] {
+            lift(touch, last, speed);
+        });
     }
 
     /// A gesture whose steps come in equal times.
@@ -181,6 +187,7 @@ private:
         if (names.empty())
             return stage.content();
         std::vector<node::NodePtr> nodes;
+        nodes.reserve(names.size());
         for (const auto& name : names)
             nodes.push_back(nodeNamed(name, stage));
         return nodes;
