@@ -23,6 +23,7 @@ using foundation::Range;
 constexpr Range kDepth{1, 150};
 constexpr Range kBevel{0, 4};
 constexpr Range kScale{0.15, 5};
+constexpr Range kMaxWidth{50, 5000};
 constexpr Range kPosition{-10'000, 10'000};
 constexpr Range kDegrees{-180, 180};
 constexpr Range kQuarterTurns{0, 3};
@@ -105,6 +106,7 @@ readShort(JsonObject& object, const char* key, Problems& problems) {
     result.profile = object.choice("profile", "profile", kProfiles);
     result.fill = object.choice("fill", "fill", kFills);
     static_cast<LayoutStyle&>(result) = readLayout(object);
+    result.maxWidth = object.number("maxWidth", kMaxWidth);
     result.visible = object.boolean("visible");
     object.finish();
     return result;

@@ -49,6 +49,7 @@ struct TextStyle : LayoutStyle {
     std::optional<double> bevel;        ///< 0 to 4 scene units
     std::optional<std::string> profile; ///< "linear" or "rounded"
     std::optional<std::string> fill;    ///< "inner" or "outer"
+    std::optional<double> maxWidth;     ///< scene units; a wider text is made smaller, to fit
 
     friend bool operator==(const TextStyle&, const TextStyle&) = default;
 };

@@ -125,6 +125,7 @@ void addLayout(const LayoutStyle& style, Members& members) {
     members.add("bevel", style.bevel);
     members.add("profile", style.profile);
     members.add("fill", style.fill);
+    members.add("maxWidth", style.maxWidth);
     addLayout(style, members);
     return members.onLines("    ");
 }
