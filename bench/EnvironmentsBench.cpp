@@ -76,7 +76,7 @@ public:
 void shown(Title& title, Window& window) {
     title.engine.model().setSceneView(window.view.get());
     title.engine.model().attachScene(movie::SceneHome::screen);
-    title.loop.runLoop.runFor(0.5);
+    title.loop.runLoop().runFor(0.5);
 }
 
 /// 960 x 540 with both lines moving. Goal: Shiny above 30 frames a second.
@@ -153,7 +153,7 @@ void edges(benchmark::State& state) {
     render::SCNRenderer& renderer = **made;
     title.engine.model().setSceneView(&renderer);
     title.engine.model().attachScene(movie::SceneHome::screen);
-    title.loop.runLoop.runFor(0.5);
+    title.loop.runLoop().runFor(0.5);
     title.engine.stage().textNode1->setEulerAngles({0.02f, 0.3f, 0.03f});
     title.engine.stage().textNode2->setEulerAngles({0, -0.3f, -0.02f});
     double time = 10;
@@ -182,7 +182,7 @@ void swapEnvironment(benchmark::State& state) {
     window.draw(10);
     for ([[maybe_unused]] auto _ : state) {
         title.engine.model().setScene(scene);
-        title.loop.runLoop.drain();
+        title.loop.runLoop().drain();
         window.draw(10);
     }
 }

@@ -37,7 +37,7 @@ class Title {
 public:
     explicit Title(int scene)
         : folder(temporaryFolder())
-        , engine(loop.runLoop, foundation::Folders::below(folder.path()), 0) {
+        , engine(loop.runLoop(), foundation::Folders::below(folder.path()), 0) {
         const auto& name =
             environments::SceneManager::sceneNames.at(static_cast<std::size_t>(scene));
         const auto title =

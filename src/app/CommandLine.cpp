@@ -25,6 +25,8 @@ constexpr std::string_view kFooter =
     "  zelvo\n"
     "  zelvo logo.svg\n"
     "  zelvo perform night.json --movie night.mov\n"
+    "  zelvo perform --template night --set TX1.text=HELLO --movie hello.mov\n"
+    "  zelvo batch names.csv --template wedding --movies made\n"
     "  zelvo frame night.json --at 2.5 --out still.png --size 1280x720\n"
     "  zelvo strip night.json --from 0 --to 2 --count 8 --out strip.png\n"
     "  zelvo sheet materials --out materials.png\n"
@@ -54,6 +56,14 @@ constexpr std::string_view kStripFooter =
     "distances from the first moment to the last. Times below 0 are in the count-in. --size is "
     "the\n"
     "size of one frame.";
+
+constexpr std::string_view kBatchFooter =
+    "The table is a CSV file (RFC 4180, UTF-8). Its first row has the keys, as for --set: TX1.text,\n"
+    "TX2.text, background. The column movie has the names of the movies; without it, they are the\n"
+    "number of the row and its first text. An empty cell leaves the value as it is, but an empty\n"
+    "text is one. Paths are relative to the table.\n"
+    "A row with an error is left out and told at the end. The same command goes on where it was\n"
+    "stopped: it makes only the movies that are missing, or whose row or performance has changed.";
 
 constexpr std::string_view kSheetFooter =
     "Each is drawn as in a movie, with its name for performance files below. The order is that of\n"
@@ -91,6 +101,7 @@ constexpr auto kListings = std::to_array<ListingName>({
     {"shapes",    Listing::shapes   },
     {"masks",     Listing::masks    },
     {"speeds",    Listing::speeds   },
+    {"templates", Listing::templates},
 });
 
 // clang-format on
@@ -161,8 +172,55 @@ constexpr auto kSizes = std::to_array<SizeName>({
 
 // Arguments that several subcommands share.
 
-void addFile(CLI::App& command, std::filesystem::path& file) {
-    command.add_option("FILE", file, "The performance file (JSON)")->required();
+/// Rejects an empty name. A script passes one by mistake, from an unset variable; it must not be
+/// taken as the default place.
+[[nodiscard]] CLI::Validator named() {
+    return {
+        [](const std::string& given) {
+            return given.empty() ? std::string("must not be empty: name a file or a folder")
+                                 : std::string();
+        },
+        ""};
+}
+
+/// --set: a value in place of one in the file.
+void addSettings(CLI::App& command, std::vector<document::Setting>& settings) {
+    command
+        .add_option_function<std::vector<std::string>>(
+            "--set",
+            [&settings](const std::vector<std::string>& all) {
+                if (all.size() > document::kMaxSettings) {
+                    throw CLI::ValidationError(
+                        fmt::format("--set is given more than {} times", document::kMaxSettings));
+                }
+                for (const std::string& text : all) {
+                    auto setting =
+                        document::parseSetting(text, "--set", std::filesystem::current_path());
+                    if (!setting)
+                        throw CLI::ValidationError(setting.error().message);
+                    settings.push_back(std::move(*setting));
+                }
+            },
+            "Change a value of the performance, such as TX1.text=HELLO; can be repeated")
+        ->allow_extra_args(false)
+        ->type_name("KEY=VALUE");
+}
+
+[[nodiscard]] CLI::Option* addTemplate(CLI::App& command, std::string& name) {
+    return command.add_option("--template", name, "A template; zelvo list templates")
+        ->check(named())
+        ->type_name("NAME");
+}
+
+/// The performance: a file or a template, and what is changed in it.
+void addSource(CLI::App& command, SourceOptions& source) {
+    auto* const file = command.add_option("FILE", source.file, "The performance file (JSON)");
+    addTemplate(command, source.templateName)->excludes(file);
+    addSettings(command, source.settings);
+    command.parse_complete_callback([&source] {
+        if (source.file.empty() && source.templateName.empty())
+            throw CLI::RequiredError("FILE or --template");
+    });
 }
 
 /// `size` must hold the default.
@@ -233,17 +291,6 @@ void addSeed(CLI::App& command, std::uint64_t& seed) {
         ->type_name("N");
 }
 
-/// Rejects an empty name. A script passes one by mistake, from an unset variable; it must not be
-/// taken as the default place.
-[[nodiscard]] CLI::Validator named() {
-    return {
-        [](const std::string& given) {
-            return given.empty() ? std::string("must not be empty: name a file or a folder")
-                                 : std::string();
-        },
-        ""};
-}
-
 void addOut(CLI::App& command, std::filesystem::path& out) {
     command.add_option("--out", out, "The picture file to write")
         ->required()
@@ -251,10 +298,22 @@ void addOut(CLI::App& command, std::filesystem::path& out) {
         ->type_name("PICTURE.png");
 }
 
+void addCodec(CLI::App& command, std::optional<media::VideoCodec>& codec) {
+    const std::map<std::string, media::VideoCodec> codecs{
+        {"hevc", media::VideoCodec::hevc}, {"h264", media::VideoCodec::h264}};
+    command
+        .add_option_function<std::string>(
+            "--codec",
+            [&codec, codecs](const std::string& name) { codec = codecs.at(name); },
+            "hevc or h264; if not given, HEVC if the machine encodes it in hardware, else H.264")
+        ->check(CLI::IsMember({"hevc", "h264"}))
+        ->type_name("CODEC");
+}
+
 void addPerform(CLI::App& app, PerformCommand& options) {
     auto& command = *app.add_subcommand("perform", "Make a movie of a performance");
     command.footer(std::string(kPerformFooter));
-    addFile(command, options.file);
+    addSource(command, options.source);
     command.add_option("--movie", options.movie, "The movie file to write")
         ->check(named())
         ->type_name("OUT.mov");
@@ -271,15 +330,7 @@ void addPerform(CLI::App& app, PerformCommand& options) {
         }
     });
     addSeed(command, options.seed);
-    const std::map<std::string, media::VideoCodec> codecs{
-        {"hevc", media::VideoCodec::hevc}, {"h264", media::VideoCodec::h264}};
-    command
-        .add_option_function<std::string>(
-            "--codec",
-            [&options, codecs](const std::string& name) { options.codec = codecs.at(name); },
-            "hevc or h264; if not given, HEVC if the machine encodes it in hardware, else H.264")
-        ->check(CLI::IsMember({"hevc", "h264"}))
-        ->type_name("CODEC");
+    addCodec(command, options.codec);
     command.add_flag(
         "--timing", options.showsTiming, "At the end, print a table of milliseconds per frame");
 }
@@ -287,7 +338,7 @@ void addPerform(CLI::App& app, PerformCommand& options) {
 void addFrame(CLI::App& app, FrameCommand& options) {
     auto& command = *app.add_subcommand("frame", "Make a picture of one moment of a performance");
     command.footer(std::string(kFrameFooter));
-    addFile(command, options.file);
+    addSource(command, options.source);
     command.add_option("--at", options.at, "Seconds of the movie; negative in the count-in")
         ->required()
         ->type_name("SECONDS");
@@ -302,7 +353,7 @@ void addStrip(CLI::App& app, StripCommand& options) {
     auto& command =
         *app.add_subcommand("strip", "Make a picture of several moments of a performance");
     command.footer(std::string(kStripFooter));
-    addFile(command, options.file);
+    addSource(command, options.source);
     command.add_option("--from", options.from, "The first moment, in seconds of the movie")
         ->required()
         ->type_name("SECONDS");
@@ -321,6 +372,25 @@ void addStrip(CLI::App& app, StripCommand& options) {
     addOut(command, options.out);
     addSize(command, options.size);
     addSeed(command, options.seed);
+}
+
+void addBatch(CLI::App& app, BatchCommand& options) {
+    auto& command = *app.add_subcommand("batch", "Make a movie for each row of a table");
+    command.footer(std::string(kBatchFooter));
+    command.add_option("TABLE", options.table, "The table (CSV)")->required()->type_name("");
+    addTemplate(command, options.source.templateName)
+        ->description("A template, or the path of a performance file")
+        ->required()
+        ->type_name("NAME|FILE");
+    addSettings(command, options.source.settings);
+    command.add_option("--movies", options.movies, "The folder for the movies; made if needed")
+        ->required()
+        ->check(named())
+        ->type_name("DIR");
+    addSize(command, options.size);
+    addQuality(command, options.quality);
+    addSeed(command, options.seed);
+    addCodec(command, options.codec);
 }
 
 /// Adds a positional argument that takes one of the table's names.
@@ -366,7 +436,7 @@ void addList(CLI::App& app, ListCommand& options) {
     addWhat(
         command,
         kListings,
-        "tabs, buttons, fonts, materials, scenes, shapes, masks or speeds",
+        "tabs, buttons, fonts, materials, scenes, shapes, masks, speeds or templates",
         [&options](const ListingName& row) { options.what = row.what; });
 }
 
@@ -416,6 +486,7 @@ foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments)
     PerformCommand perform;
     FrameCommand frame;
     StripCommand strip;
+    BatchCommand batch;
     SheetCommand sheet;
     ListCommand list;
     InspectCommand inspect;
@@ -425,6 +496,7 @@ foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments)
     addPerform(app, perform);
     addFrame(app, frame);
     addStrip(app, strip);
+    addBatch(app, batch);
     addSheet(app, sheet);
     addList(app, list);
     addInspect(app, inspect);
@@ -448,6 +520,8 @@ foundation::Result<Command> parseCommandLine(std::vector<std::string> arguments)
         return frame;
     if (app.got_subcommand("strip"))
         return strip;
+    if (app.got_subcommand("batch"))
+        return batch;
     if (app.got_subcommand("sheet"))
         return sheet;
     if (app.got_subcommand("list"))

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "document/Settings.h"
 #include "platform/foundation/Result.h"
 #include "platform/media/VideoSettings.h"
 #include "platform/render/DrawQuality.h"
@@ -25,9 +26,16 @@ struct PictureSize {
 inline constexpr int kMinSide = 16;
 inline constexpr int kMaxSide = 4096;
 
+/// Which performance a command takes, and what is changed in it.
+struct SourceOptions {
+    std::filesystem::path file;
+    std::string templateName; ///< in place of the file: a template, or the path of another file
+    std::vector<document::Setting> settings;
+};
+
 /// `zelvo perform`.
 struct PerformCommand {
-    std::filesystem::path file;
+    SourceOptions source;
     std::filesystem::path movie;  ///< empty: the user's videos folder
     std::filesystem::path frames; ///< folder for PNG files; empty: none
     PictureSize size;
@@ -40,7 +48,7 @@ struct PerformCommand {
 
 /// `zelvo frame`.
 struct FrameCommand {
-    std::filesystem::path file;
+    SourceOptions source;
     double at = 0; ///< seconds of the movie; negative in the count-in
     std::filesystem::path out;
     PictureSize size;
@@ -51,7 +59,7 @@ struct FrameCommand {
 
 /// `zelvo strip`.
 struct StripCommand {
-    std::filesystem::path file;
+    SourceOptions source;
     double from = 0; ///< seconds of the movie; negative in the count-in
     double to = 0;   ///< not before `from`
     int count = kMinMoments;
@@ -65,6 +73,17 @@ struct StripCommand {
 
 enum class SheetKind { materials, scenes, shapes, masks, fonts, objects };
 
+/// `zelvo batch`: a movie for each row of a table.
+struct BatchCommand {
+    std::filesystem::path table;
+    SourceOptions source; ///< the settings are for all rows
+    std::filesystem::path movies; ///< folder
+    PictureSize size;
+    render::DrawQuality quality;
+    std::uint64_t seed = 0;
+    std::optional<media::VideoCodec> codec;
+};
+
 /// `zelvo sheet`.
 struct SheetCommand {
     SheetKind what = SheetKind::materials;
@@ -72,7 +91,7 @@ struct SheetCommand {
     std::filesystem::path out;
 };
 
-enum class Listing { tabs, buttons, fonts, materials, scenes, shapes, masks, speeds };
+enum class Listing { tabs, buttons, fonts, materials, scenes, shapes, masks, speeds, templates };
 
 /// `zelvo list`.
 struct ListCommand {
@@ -106,6 +125,7 @@ using Command = std::variant<
     PerformCommand,
     FrameCommand,
     StripCommand,
+    BatchCommand,
     SheetCommand,
     ListCommand,
     InspectCommand,

@@ -25,6 +25,7 @@ struct ExitStatus {
 [[nodiscard]] int run(const PerformCommand& command);
 [[nodiscard]] int run(const FrameCommand& command);
 [[nodiscard]] int run(const StripCommand& command);
+[[nodiscard]] int run(const BatchCommand& command);
 [[nodiscard]] int run(const SheetCommand& command);
 [[nodiscard]] int run(const ListCommand& command);
 [[nodiscard]] int run(const InspectCommand& command);

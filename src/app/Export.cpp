@@ -23,12 +23,19 @@ namespace {
 } // namespace
 
 StoppableLoop::StoppableLoop()
-    : signals([this] {
-        runLoop.post([this] {
+    : current(std::make_unique<foundation::VirtualRunLoop>())
+    , signals([this] {
+        const std::lock_guard lock(mutex);
+        current->post([this] {
             if (onStop)
                 onStop();
         });
     }) {}
+
+void StoppableLoop::renew() {
+    const std::lock_guard lock(mutex);
+    current = std::make_unique<foundation::VirtualRunLoop>();
+}
 
 foundation::Result<ExportReport>
 exportMovie(Engine& engine, StoppableLoop& loop, const movie::MovieOptions& options) {
@@ -49,8 +56,8 @@ exportMovie(Engine& engine, StoppableLoop& loop, const movie::MovieOptions& opti
     if (auto started = model.startMovie(); !started)
         return tl::unexpected(started.error());
     loop.onStop = [&model] { model.cancelMovie(); };
-    const auto waiting = loop.runLoop.expectPosts();
-    (void)loop.runLoop.runUntil([&] { return outcome.has_value(); });
+    const auto waiting = loop.runLoop().expectPosts();
+    (void)loop.runLoop().runUntil([&] { return outcome.has_value(); });
     loop.onStop = {};
     progress.finish();
     if (!*outcome)

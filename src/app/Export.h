@@ -7,6 +7,8 @@
 #include "platform/foundation/Result.h"
 
 #include <functional>
+#include <memory>
+#include <mutex>
 
 namespace zelvo::app {
 
@@ -15,7 +17,10 @@ class StoppableLoop {
 public:
     StoppableLoop();
 
-    foundation::VirtualRunLoop runLoop;
+    [[nodiscard]] foundation::VirtualRunLoop& runLoop() { return *current; }
+
+    /// A new run loop, with time 0, for another export. Nothing may use the former one any more.
+    void renew();
 
     /// Called on the run loop when a signal asks the process to stop; may be empty.
     std::function<void()> onStop;
@@ -24,6 +29,8 @@ public:
     [[nodiscard]] int stopSignal() const { return signals.received(); }
 
 private:
+    std::mutex mutex; ///< guards `current`, which the thread of the signals uses, too
+    std::unique_ptr<foundation::VirtualRunLoop> current;
     StopSignals signals;
 };
 

@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/Commands.h"
-#include "app/Export.h"
+#include "app/Performing.h"
 #include "app/PictureFiles.h"
 #include "app/Strip.h"
-#include "document/EngineNames.h"
-#include "document/PerformanceFile.h"
-#include "document/Performer.h"
-#include "document/SetUp.h"
 #include "node/DefaultSCNNode.h"
 #include "platform/foundation/Console.h"
 #include "platform/foundation/NewFile.h"
-#include "platform/foundation/TemporaryFolder.h"
 #include "shared/FrameClock.h"
 
 #include <fmt/format.h>
@@ -26,44 +21,31 @@ namespace zelvo::app {
 
 namespace {
 
-/// What perform, frame and strip have in common.
-struct Task {
-    std::filesystem::path file;
+/// Reads a performance, exports it and tells the result.
+struct Export {
+    const SourceOptions& source;
     std::uint64_t seed = 0;
     foundation::Folders folders;
-    /// The options of the export; called when the performance is set up. Errors: the arguments do
-    /// not fit the performance.
     std::function<foundation::Result<movie::MovieOptions>(model::Model&)> options;
     std::function<void(const ExportReport&)> report;
 };
 
-int carryOut(StoppableLoop& loop, const Task& task) {
-    const auto performance = document::loadPerformance(task.file, document::engineNames());
-    if (!performance) {
-        for (const auto& line : performance.error())
-            foundation::logLine(line);
-        return ExitStatus::kWrong;
-    }
-    Engine engine(loop.runLoop, task.folders, task.seed);
-    if (auto ready = document::setUp(*performance, task.file.parent_path(), engine.model());
-        !ready) {
-        foundation::logLine(fmt::format("{}:{}", task.file.string(), ready.error().message));
-        return ExitStatus::kWrong;
-    }
-    const auto options = task.options(engine.model());
-    if (!options)
-        return complain(options.error(), ExitStatus::kWrong);
-    document::perform(*performance, engine.model());
-    if (loop.stopSignal() != 0)
-        return stoppedBy(loop.stopSignal());
-    const auto report = exportMovie(engine, loop, *options);
-    if (report) {
-        task.report(*report);
-        return report->outcome.saveFailure.empty() ? ExitStatus::kDone : ExitStatus::kFailed;
-    }
-    if (report.error().cause == foundation::Cause::cancelled)
-        return stoppedBy(loop.stopSignal());
-    return complain(report.error(), ExitStatus::kFailed);
+int carryOut(StoppableLoop& loop, const Export& wanted) {
+    const auto source = readSource(wanted.source);
+    if (!source)
+        return complain(source.error());
+    const auto report = exportPerformance(
+        loop,
+        {.source = *source,
+         .seed = wanted.seed,
+         .folders = wanted.folders,
+         .options = wanted.options});
+    if (!report && report.error().status > ExitStatus::kStopped)
+        return stoppedBy(report.error().status - ExitStatus::kStopped);
+    if (!report)
+        return complain(report.error());
+    wanted.report(*report);
+    return report->outcome.saveFailure.empty() ? ExitStatus::kDone : ExitStatus::kFailed;
 }
 
 void printPath(const std::filesystem::path& path) {
@@ -72,10 +54,7 @@ void printPath(const std::filesystem::path& path) {
 
 void reportPerformance(const PerformCommand& command, const ExportReport& report) {
     const auto& outcome = report.outcome;
-    if (!outcome.musicFailure.empty())
-        foundation::logLine("zelvo: the movie is silent: " + outcome.musicFailure);
-    if (!outcome.musicDamage.empty())
-        foundation::logLine("zelvo: " + outcome.musicDamage);
+    warnAboutMusic(outcome);
     if (!outcome.saveFailure.empty()) {
         foundation::logLine(fmt::format(
             "zelvo: {}; the movie lies at {}", outcome.saveFailure, outcome.movie.string()));
@@ -147,22 +126,6 @@ optionsFor(const StripCommand& command, const model::Model& model) {
     return optionsForTap(command.size, std::move(*tap));
 }
 
-/// The user's folders, with empty settings: a movie must depend on nothing but performance and
-/// seed, and commands that run at the same time must not disturb each other.
-[[nodiscard]] foundation::Folders
-foldersWithoutSettings(const foundation::TemporaryFolder& temporary) {
-    auto folders = foundation::Folders::standard();
-    folders.config = temporary.path();
-    return folders;
-}
-
-/// Folders for a command that must leave no files except its output.
-[[nodiscard]] foundation::Folders foldersIn(const foundation::TemporaryFolder& temporary) {
-    auto folders = foldersWithoutSettings(temporary);
-    folders.documents = temporary.path();
-    return folders;
-}
-
 } // namespace
 
 int run(const PerformCommand& command) {
@@ -187,7 +150,7 @@ int run(const PerformCommand& command) {
     }
     return carryOut(
         loop,
-        {.file = command.file,
+        {.source = command.source,
          .seed = command.seed,
          .folders = goesToLibrary ? foldersWithoutSettings(*temporary) : foldersIn(*temporary),
          .options = [&](model::Model& model) -> foundation::Result<movie::MovieOptions> {
@@ -206,7 +169,7 @@ int run(const FrameCommand& command) {
         return complain(temporary.error(), ExitStatus::kFailed);
     return carryOut(
         loop,
-        {.file = command.file,
+        {.source = command.source,
          .seed = command.seed,
          .folders = foldersIn(*temporary),
          .options = [&](model::Model& model) -> foundation::Result<movie::MovieOptions> {
@@ -232,7 +195,7 @@ int run(const StripCommand& command) {
         return complain(temporary.error(), ExitStatus::kFailed);
     return carryOut(
         loop,
-        {.file = command.file,
+        {.source = command.source,
          .seed = command.seed,
          .folders = foldersIn(*temporary),
          .options = [&](model::Model& model) { return optionsFor(command, model); },

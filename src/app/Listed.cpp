@@ -2,6 +2,7 @@
 #include "app/Listed.h"
 
 #include "document/EngineNames.h"
+#include "document/Templates.h"
 #include "platform/foundation/Check.h"
 
 namespace zelvo::app {
@@ -46,6 +47,8 @@ std::vector<std::string> listed(Listing what) {
         return engineNames().shapes;
     case Listing::masks:
         return engineNames().masks;
+    case Listing::templates:
+        return {document::kTemplates.begin(), document::kTemplates.end()};
     }
     FATAL("no listing {}", static_cast<int>(what));
 }

@@ -61,7 +61,7 @@ public:
     [[nodiscard]] foundation::Result<Tile> paint(const SheetView& view) {
         const std::string caption = view.object.empty() ? view.caption : showInMiddle(view);
         if (auto ready = document::setUp(view.stage, {}, engine.model()); !ready)
-            return tl::unexpected(ready.error());
+            return foundation::fail(foundation::Cause::notFound, ready.error().text);
         if (view.fitted)
             fit(*document::nodeNamed(*view.fitted, engine.stage()), format);
         engine.runLoop.runFor(kLeadIn);
@@ -114,7 +114,7 @@ drawSheet(const SheetCommand& command, const foundation::Folders& folders, Stopp
     auto renderer = render::SCNRenderer::make();
     if (!renderer)
         return tl::unexpected(renderer.error());
-    Engine engine(loop.runLoop, folders, 0);
+    Engine engine(loop.runLoop(), folders, 0);
     const auto format = formatOf(command.what);
     SheetPainter painter(engine, **renderer, format);
     std::vector<Tile> tiles;

@@ -13,9 +13,9 @@ int run(const WaveformCommand& command) {
     if (const auto writable = foundation::NewFile::check(command.out); !writable)
         return complain(writable.error(), ExitStatus::kFailed);
     StoppableLoop loop;
-    sound::Waveform waveform(loop.runLoop, {});
+    sound::Waveform waveform(loop.runLoop(), {});
     waveform.load(command.song);
-    loop.runLoop.runUntil([&] { return !waveform.isLoading() || loop.stopSignal() != 0; });
+    loop.runLoop().runUntil([&] { return !waveform.isLoading() || loop.stopSignal() != 0; });
     if (loop.stopSignal() != 0)
         return stoppedBy(loop.stopSignal());
     if (waveform.error())

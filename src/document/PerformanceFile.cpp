@@ -41,18 +41,19 @@ using Lines = std::vector<std::string>;
 
 } // namespace
 
-tl::expected<Performance, Lines>
-loadPerformance(const std::filesystem::path& file, const Names& names) {
+tl::expected<Performance, Lines> loadPerformance(
+    const std::filesystem::path& file,
+    const Names& names,
+    const std::vector<Setting>& settings) {
     const auto bytes = bytesOf(file);
     if (!bytes)
         return tl::unexpected(Lines{fmt::format("{}: {}", file.string(), bytes.error())});
-    auto read = readPerformance(*bytes, names);
+    auto read = readPerformance(*bytes, names, settings);
     if (read)
         return std::move(*read);
     Lines lines;
-    for (const auto& problem : read.error()) {
-        lines.push_back(fmt::format("{}:{}: {}", file.string(), problem.line, problem.text));
-    }
+    for (const auto& problem : read.error())
+        lines.push_back(message(problem, file, settings));
     return tl::unexpected(lines);
 }
 

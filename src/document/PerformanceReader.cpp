@@ -107,10 +107,13 @@ private:
 } // namespace
 
 tl::expected<Performance, std::vector<Problem>>
-readPerformance(std::string_view text, const Names& names) {
-    const auto root = foundation::parseJson(text);
+readPerformance(
+    std::string_view text, const Names& names, const std::vector<Setting>& settings) {
+    auto root = foundation::parseJson(text);
     if (!root)
         return tl::unexpected(std::vector{root.error()});
+    if (auto nowhere = applySettings(settings, *root); !nowhere.empty())
+        return tl::unexpected(std::move(nowhere));
     Reader reader(names);
     auto performance = reader.performance(*root);
     if (!reader.problems.isEmpty())

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "document/Performance.h"
+#include "document/Settings.h"
 #include "platform/foundation/Json.h"
 
 #include <tl/expected.hpp>
@@ -41,9 +42,10 @@ inline constexpr double kDefaultDuration = 8.0;      ///< seconds, if the file g
 inline constexpr double kMinStretch = 2.0;           ///< seconds of music
 inline constexpr double kCountIn = 2.0;              ///< seconds before the movie, for early cues
 
-/// Reads a performance from JSON text. The error lists the problems in the order of the text, at
-/// most kMaxProblems; each one says what is allowed.
-[[nodiscard]] tl::expected<Performance, std::vector<foundation::Problem>>
-readPerformance(std::string_view text, const Names& names);
+/// Reads a performance from JSON text, with the settings in it. The error lists the problems, those
+/// of settings first, then in the order of the text, at most kMaxProblems; each one says what is
+/// allowed.
+[[nodiscard]] tl::expected<Performance, std::vector<foundation::Problem>> readPerformance(
+    std::string_view text, const Names& names, const std::vector<Setting>& settings = {});
 
 } // namespace zelvo::document

@@ -109,6 +109,7 @@ void fillText(TextStyle& own, const TextStyle& other) {
     fill(own.bevel, other.bevel);
     fill(own.profile, other.profile);
     fill(own.fill, other.fill);
+    fill(own.maxWidth, other.maxWidth);
 }
 
 void fillImage(ImageStyle& own, const ImageStyle& other) {
@@ -171,15 +172,13 @@ applyStyle(const Style& style, StageMedia media, model::Model& model) {
     return missing;
 }
 
-foundation::Result<void>
+tl::expected<void, foundation::Problem>
 setUp(const Style& style, const std::filesystem::path& folder, model::Model& model) {
     const Style wanted = resolved(style, folder);
     const auto missing = applyStyle(wanted, readMedia(wanted), model);
     if (missing.empty())
         return {};
-    return foundation::fail(
-        foundation::Cause::notFound,
-        fmt::format("{}: {}", missing.front().line, missing.front().text));
+    return tl::unexpected(missing.front());
 }
 
 } // namespace zelvo::document

@@ -21,9 +21,9 @@ namespace zelvo::document {
 [[nodiscard]] std::vector<foundation::Problem>
 applyStyle(const Style& style, StageMedia media, model::Model& model);
 
-/// The same for a command, which needs everything. File names are relative to `folder`. The message of
-/// the error begins with the line in the performance file.
-[[nodiscard]] foundation::Result<void>
+/// The same for a command, which needs everything. File names are relative to `folder`. The error is
+/// the first thing that is missing.
+[[nodiscard]] tl::expected<void, foundation::Problem>
 setUp(const Style& style, const std::filesystem::path& folder, model::Model& model);
 
 /// The speed with this title. An unknown one is a programming error.

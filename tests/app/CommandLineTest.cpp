@@ -28,7 +28,7 @@ TEST(CommandLine, takes_every_option_to_its_place) {
          "--seed", "18446744073709551615", "--codec", "hevc", "--timing", "--motion-blur", "8",
          "--quality", "finest"});
     // clang-format on
-    EXPECT_EQ(perform.file, "a b.json");
+    EXPECT_EQ(perform.source.file, "a b.json");
     EXPECT_EQ(perform.movie, "out.mov");
     EXPECT_EQ(perform.frames, "dir");
     EXPECT_EQ(perform.size, (PictureSize{192, 108}));
@@ -37,6 +37,23 @@ TEST(CommandLine, takes_every_option_to_its_place) {
     EXPECT_TRUE(perform.showsTiming);
     EXPECT_EQ(perform.quality.moments, 8);
     EXPECT_GT(perform.quality.passes, 8);
+
+    const auto changed = parsed<PerformCommand>(
+        {"perform", "--set", "a=b", "--template", "night", "--set", "TX1.text=--c d=e"});
+    EXPECT_EQ(changed.source.templateName, "night");
+    ASSERT_EQ(changed.source.settings.size(), 2U);
+    EXPECT_EQ(changed.source.settings[1].origin, "--set TX1.text");
+    EXPECT_EQ(changed.source.settings[1].value, "--c d=e");
+    EXPECT_EQ(parsed<StripCommand>({"strip", "--from", "0", "--set", "a=b", "f.json", "--to", "2",
+                                    "--count", "7", "--out", "s.png"}).source.file, "f.json");
+
+    const auto batch = parsed<BatchCommand>(
+        {"batch", "t.csv", "--template", "night", "--movies", "m", "--set", "a=b", "--size",
+         "720p"});
+    EXPECT_EQ(batch.table, "t.csv");
+    EXPECT_EQ(batch.movies, "m");
+    EXPECT_EQ(batch.source.settings.size(), 1U);
+    EXPECT_EQ(batch.size, (PictureSize{1280, 720}));
 
     const auto frame =
         parsed<FrameCommand>({"frame", "--out", "p.png", "--at", "-1.5", "f.json", "--seed=3"});
@@ -93,6 +110,9 @@ TEST(CommandLine, refuses_in_one_line_what_it_does_not_know) {
         {{"perform", "a.json", "--codec", "vp9"},        "vp9"      },
         {{"frame", "a.json", "--at", "x", "--out", "p"}, "--at"     },
         {{"frame", "a.json", "--out", "p.png"},          "--at"     },
+        {{"perform", "a.json", "--template", "b"},       "excludes" },
+        {{"perform", "a.json", "--set", "text"},         "KEY=VALUE"},
+        {{"batch", "t.csv", "--template", "b"},          "--movies" },
         {{"inspect"},                                    "FILE"     },
         {{"list", "animals"},                            "animals"  },
         {{"dance"},                                      "dance"    },

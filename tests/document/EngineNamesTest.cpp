@@ -2,6 +2,7 @@
 #include "document/EngineNames.h"
 
 #include "document/PerformanceFile.h"
+#include "document/Templates.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -125,10 +126,19 @@ TEST(EngineNames, are_the_names_that_the_schema_allows) {
     EXPECT_EQ(kept.substr(from), written);
 }
 
+[[nodiscard]] std::vector<std::filesystem::directory_entry> performanceFiles() {
+    std::vector<std::filesystem::directory_entry> files;
+    for (const char* const folder : {"performances", "templates"}) {
+        for (const auto& entry : std::filesystem::directory_iterator(resource(folder)))
+            files.push_back(entry);
+    }
+    return files;
+}
+
 TEST(Performances, that_come_with_the_program_are_right_and_use_every_tab_and_gesture) {
     const rapidjson::SchemaDocument schema(jsonFile(resource("performance.schema.json")));
     std::set<std::string> used;
-    for (const auto& entry : std::filesystem::directory_iterator(resource("performances"))) {
+    for (const auto& entry : performanceFiles()) {
         rapidjson::SchemaValidator validator(schema);
         EXPECT_TRUE(jsonFile(entry.path()).Accept(validator))
             << entry.path() << ": " << validator.GetInvalidSchemaKeyword();
@@ -146,6 +156,39 @@ TEST(Performances, that_come_with_the_program_are_right_and_use_every_tab_and_ge
         wanted.push_back(std::to_string(gesture.index()));
     for (const std::string& name : wanted)
         EXPECT_TRUE(used.contains(name)) << name;
+}
+
+// What a user changes in a template are its two words: both must be there, and in no animation may
+// a long one be larger than the picture.
+TEST(Templates, are_short_performances_of_two_words_and_use_every_tab_and_scene) {
+    std::set<std::string> tabs;
+    std::set<std::string> scenes;
+    for (const std::string_view name : kTemplates) {
+        const auto file = templateFile(name);
+        ASSERT_TRUE(file) << file.error().message;
+        const auto read = loadPerformance(*file, engineNames());
+        ASSERT_TRUE(read) << read.error().front();
+        EXPECT_GE(read->duration.value_or(0), 4) << name;
+        EXPECT_LE(read->duration.value_or(0), 8) << name;
+        for (const char* const node : {"TX1", "TX2"}) {
+            const TextStyle& text = read->nodes.at(node);
+            EXPECT_FALSE(text.text.value_or("").empty()) << name;
+            EXPECT_TRUE(text.maxWidth) << name;
+        }
+        scenes.insert(*read->scene);
+        for (const auto& cue : read->cues) {
+            if (const auto* const press = std::get_if<Press>(&cue.act))
+                tabs.insert(press->tab);
+        }
+    }
+    EXPECT_EQ(tabs.size(), engineNames().tabs.size());
+    EXPECT_EQ(scenes.size(), engineNames().scenes.size());
+    std::size_t files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(resource("templates")))
+        files += entry.path().extension() == ".json" ? 1 : 0;
+    EXPECT_EQ(files, kTemplates.size());
+    EXPECT_NE(templateFile("nigth").error().message.find("night"), std::string::npos);
+    EXPECT_FALSE(templateFile("../performances/first"));
 }
 
 } // namespace

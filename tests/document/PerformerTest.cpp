@@ -29,7 +29,7 @@ protected:
         const auto read = readPerformance("{\"duration\": 3, " + members + "}", engineNames());
         ASSERT_TRUE(read) << read.error().front().text;
         const auto ready = setUp(*read, folder.path(), engine.model());
-        ASSERT_TRUE(ready) << ready.error().message;
+        ASSERT_TRUE(ready) << ready.error().text;
         const foundation::Lifetime listening;
         ui::signals().timeSignal.subscribe(listening, [&](const ui::TimeState& state) {
             look(shared::FrameClock::nearestFrame(state.time - state.startCounter) - 1);
@@ -138,6 +138,24 @@ TEST_F(PerformerTest, StylesTheNodesAndTakesTheStretchOfTheSong) {
     EXPECT_EQ(player.audioEnd, 3.5);
     EXPECT_EQ(player.audioPreRoll, 0.5);
     EXPECT_EQ(player.fadeState, audio::FadeState::fadeOut);
+}
+
+TEST_F(PerformerTest, MakesATextThatIsTooWideSmallerUntilItFits) {
+    const auto widthOf = [&](const std::string& text) {
+        perform(
+            R"("nodes": {"TX1": {"scale": 1.5, "maxWidth": 400, "text": ")" + text + R"("}}, "cues": [])",
+            [](int) {});
+        const auto box = stage.textNode1->contentNode->boundingBox();
+        return (box.max.x - box.min.x) * stage.textNode1->scale2D;
+    };
+    EXPECT_LT(widthOf("IT"), 200);
+    EXPECT_EQ(stage.textNode1->scale2D, 1.5F);
+    EXPECT_NEAR(widthOf("WWWWWWWWWWWW"), 400, 0.5);
+    EXPECT_LT(stage.textNode1->scale2D, 0.5F);
+    EXPECT_LT(widthOf("IT"), 200);
+    EXPECT_EQ(stage.textNode1->scale2D, 1.5F);
+    (void)widthOf("");
+    EXPECT_EQ(stage.textNode1->scale2D, 1.5F);
 }
 
 } // namespace

@@ -83,9 +83,9 @@ drawStage(const document::Performance& performance, const std::filesystem::path&
     if (!temporary)
         return tl::unexpected(temporary.error());
     app::StoppableLoop loop;
-    app::Engine engine(loop.runLoop, foundation::Folders::below(temporary->path()), 0);
+    app::Engine engine(loop.runLoop(), foundation::Folders::below(temporary->path()), 0);
     if (auto ready = document::setUp(performance, folder, engine.model()); !ready)
-        return tl::unexpected(ready.error());
+        return foundation::fail(Cause::notFound, ready.error().text);
     document::perform(performance, engine.model());
 
     auto pictures = std::make_shared<Pictures>();
