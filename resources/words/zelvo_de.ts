@@ -444,6 +444,21 @@
     </message>
 </context>
 <context>
+    <name>Templates</name>
+    <message>
+        <source>New movie</source>
+        <translation>Neuer Film</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Templates</source>
+        <translation>Vorlagen</translation>
+    </message>
+</context>
+<context>
     <name>TimePicker</name>
     <message>
         <source>Minutes</source>
@@ -1664,6 +1679,68 @@
     <message>
         <source>Speed: %1</source>
         <translation>Tempo: %1</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::TemplateRows</name>
+    <message>
+        <source>Night</source>
+        <translation>Nacht</translation>
+    </message>
+    <message>
+        <source>Sport</source>
+        <translation>Sport</translation>
+    </message>
+    <message>
+        <source>Gaming</source>
+        <translation>Gaming</translation>
+    </message>
+    <message>
+        <source>Wedding</source>
+        <translation>Hochzeit</translation>
+    </message>
+    <message>
+        <source>News</source>
+        <translation>Nachrichten</translation>
+    </message>
+    <message>
+        <source>Kids</source>
+        <translation>Kinder</translation>
+    </message>
+    <message>
+        <source>Horror</source>
+        <translation>Horror</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Weltraum</translation>
+    </message>
+    <message>
+        <source>Retro</source>
+        <translation>Retro</translation>
+    </message>
+    <message>
+        <source>Minimal</source>
+        <translation>Minimal</translation>
+    </message>
+    <message>
+        <source>Luxury</source>
+        <translation>Luxus</translation>
+    </message>
+    <message>
+        <source>Countdown</source>
+        <translation>Countdown</translation>
+    </message>
+    <message>
+        <source>Empty stage</source>
+        <translation>Leere Bühne</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::TemplatesController</name>
+    <message>
+        <source>This template is missing. Install the program anew.</source>
+        <translation>Diese Vorlage fehlt. Installiere das Programm neu.</translation>
     </message>
 </context>
 <context>

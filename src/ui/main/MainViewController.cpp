@@ -13,6 +13,7 @@
 #include "ui/menus/VideoAlertViewController.h"
 #include "ui/screens/ExportViewController.h"
 #include "ui/screens/HistoryController.h"
+#include "ui/screens/TemplatesController.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -148,6 +149,7 @@ void MainViewController::wireDocument() {
         if (layouter() != nullptr)
             showLayouterMenu();
     };
+    document.chooseTemplate = [this] { showTemplates(); };
     controlMenu.styling = {
         [&styles] { return styles.canUndo(); },
         [&styles] { return styles.canRedo(); },
@@ -340,6 +342,21 @@ void MainViewController::showHistory() {
     auto history = std::make_unique<HistoryController>(services);
     connect(history.get(), &HistoryController::dismissed, this, &MainViewController::dismissScreen);
     present(history.release(), "History");
+}
+
+void MainViewController::showTemplates() {
+    if (screen_)
+        return;
+    if (services.model.isPlaying())
+        services.model.stop(model::Reset::toStart);
+    auto templates =
+        std::make_unique<TemplatesController>([this](const std::filesystem::path& performance) {
+            dismissScreen();
+            document.showTemplate(performance);
+        });
+    connect(
+        templates.get(), &TemplatesController::dismissed, this, &MainViewController::dismissScreen);
+    present(templates.release(), "Templates");
 }
 
 void MainViewController::showExport() {

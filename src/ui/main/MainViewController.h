@@ -223,6 +223,7 @@ private:
     void present(QObject* controller, const char* view);
     void dismissScreen();
     void showHistory();
+    void showTemplates();
     void showExport();
     void askForActions();
     void showHint();

@@ -17,6 +17,7 @@
 #include "ui/menus/TimePickerView.h"
 #include "ui/menus/VideoAlertViewController.h"
 #include "ui/screens/HistoryController.h"
+#include "ui/screens/TemplatesController.h"
 #include "ui/screens/Visualizer.h"
 
 #include <QClipboard>
@@ -431,6 +432,53 @@ TEST_F(MenuViewsTest, KeysStayInTheRowOfTabsWhenATabReplacesIt) {
     ASSERT_EQ(panel.currentOption(), ui::CurrentOption::font);
     EXPECT_EQ(view.activeFocusItem(), tab(1));
     view.setSource({});
+}
+
+TEST_F(MenuViewsTest, TemplatesAreChosenByKeysMouseAndFinger) {
+    const auto choose = [&](const std::function<void()>& act) {
+        std::vector<std::filesystem::path> chosen;
+        ui::TemplatesController templates([&](const auto& file) { chosen.push_back(file); });
+        int dismissals = 0;
+        QObject::connect(&templates, &ui::TemplatesController::dismissed, [&] { ++dismissals; });
+        show("Templates", "controller", &templates);
+        act();
+        QTest::keyClick(&view, Qt::Key_Escape);
+        EXPECT_EQ(dismissals, 1);
+        view.setSource({});
+        return chosen;
+    };
+    const auto key = [&](Qt::Key pressed) { QTest::keyClick(&view, pressed); };
+    // 960 points have room for four columns: row 0 is the empty stage, row 5 the fifth template.
+    const auto byKeys = choose([&] {
+        key(Qt::Key_Right);
+        key(Qt::Key_Down);
+        key(Qt::Key_Return);
+        key(Qt::Key_Return);
+    });
+    ASSERT_EQ(byKeys.size(), 1U);
+    EXPECT_EQ(byKeys.front().filename(), "news.json");
+    const auto empty = choose([&] { key(Qt::Key_Space); });
+    ASSERT_EQ(empty.size(), 1U);
+    EXPECT_EQ(empty.front(), "");
+
+    const QPoint second(360, 120);
+    const auto byMouse = choose([&] { QTest::mouseClick(&view, Qt::LeftButton, {}, second); });
+    ASSERT_EQ(byMouse.size(), 1U);
+    EXPECT_EQ(byMouse.front().filename(), "night.json");
+    const auto device = std::unique_ptr<QPointingDevice>(QTest::createTouchDevice());
+    const auto byTouch = choose([&] {
+        QTest::touchEvent(&view, device.get()).press(1, second).commit();
+        QTest::touchEvent(&view, device.get()).release(1, second).commit();
+    });
+    EXPECT_EQ(byTouch, byMouse);
+    // A drag scrolls, and chooses nothing.
+    const auto byDrag = choose([&] {
+        QTest::touchEvent(&view, device.get()).press(1, second).commit();
+        for (int y = 120; y > 20; y -= 20)
+            QTest::touchEvent(&view, device.get()).move(1, {360, y}).commit();
+        QTest::touchEvent(&view, device.get()).release(1, {360, 20}).commit();
+    });
+    EXPECT_TRUE(byDrag.empty());
 }
 
 TEST_F(MenuViewsTest, TheOthersStandUpWithoutAWarning) {
