@@ -10,7 +10,7 @@ scripts/setup.sh scripts/packages-fuzz.txt
 
 seconds=${1:-120}
 targets=("${@:2}")
-[ ${#targets[@]} -gt 0 ] || targets=(archive font image object performance scene sound svgpath tags technique usd video)
+[ ${#targets[@]} -gt 0 ] || targets=(archive csv font image object performance scene sound svgpath tags technique usd video)
 
 # The longest input in bytes: room for all parts of a file, but short inputs are tried more often.
 declare -A longest=(

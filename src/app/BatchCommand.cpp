@@ -3,7 +3,7 @@
 #include "app/BatchTable.h"
 #include "app/Commands.h"
 #include "app/Performing.h"
-#include "document/StageMedia.h"
+#include "document/StylePaths.h"
 #include "platform/foundation/Console.h"
 #include "platform/foundation/Csv.h"
 #include "platform/foundation/NewFile.h"
@@ -131,7 +131,8 @@ private:
             return leaveOut(job.row, source.error());
         const auto movie = command.movies / job.row.movie;
         const auto report = exportPerformance(
-            loop, {*source, command.seed, folders, [&](model::Model&) { return optionsFor(movie); }});
+            loop,
+            {*source, command.seed, folders, [&](model::Model&) { return optionsFor(movie); }});
         if (!report && report.error().status > ExitStatus::kStopped)
             return; // the caller sees the signal
         if (!report)
@@ -144,8 +145,7 @@ private:
             leaveOut(job.row, {ExitStatus::kFailed, {kept.error().message}});
     }
 
-    [[nodiscard]] Result<movie::MovieOptions>
-    optionsFor(const std::filesystem::path& movie) const {
+    [[nodiscard]] Result<movie::MovieOptions> optionsFor(const std::filesystem::path& movie) const {
         movie::MovieOptions options;
         options.renderSize = {command.size.width, command.size.height};
         options.quality = command.quality;

@@ -2,6 +2,7 @@
 #include "app/BatchRecord.h"
 
 #include "document/PerformanceWriter.h"
+#include "document/StylePaths.h"
 #include "platform/foundation/JsonObject.h"
 #include "platform/foundation/NewFile.h"
 
@@ -16,7 +17,6 @@
 #include <iterator>
 #include <span>
 #include <system_error>
-#include <vector>
 
 namespace zelvo::app {
 
@@ -43,19 +43,6 @@ constexpr const char* kKey = "key";
         return "missing";
     const auto time = std::filesystem::last_write_time(file, error);
     return fmt::format("{} {}", size, time.time_since_epoch().count());
-}
-
-[[nodiscard]] std::vector<std::string> filesOf(const document::Style& style) {
-    std::vector<std::string> files;
-    for (const auto& [name, text] : style.nodes)
-        files.push_back(text.fontFile.value_or(""));
-    if (style.picture)
-        files.push_back(style.picture->image.value_or(""));
-    if (style.object)
-        files.push_back(style.object->object.value_or(""));
-    if (style.music)
-        files.push_back(style.music->file);
-    return files;
 }
 
 } // namespace
@@ -105,8 +92,8 @@ std::string batchKey(const document::Performance& performance, const BatchComman
         hash.addData(QByteArray::fromStdString(text + '\0'));
     };
     add(document::written(performance));
-    for (const std::string& file : filesOf(performance))
-        add(stampOf(file));
+    document::Style style = performance;
+    document::forEachPath(style, [&](const std::string& file) { add(stampOf(file)); });
     const auto& quality = command.quality;
     add(fmt::format(
         "{}x{} {} {} {} {} {} {} {}",

@@ -41,11 +41,11 @@ using Keys = std::vector<std::string>;
     for (const std::string& field : header.fields) {
         const std::string key = trimmed(field);
         if (key.empty())
-            return tl::unexpected(Problem{
-                header.line, fmt::format("column {} has no name", keys.size() + 1)});
-        if (!seen.insert(key).second)
             return tl::unexpected(
-                Problem{header.line, fmt::format("there are two columns {}", foundation::quoted(key))});
+                Problem{header.line, fmt::format("column {} has no name", keys.size() + 1)});
+        if (!seen.insert(key).second)
+            return tl::unexpected(Problem{
+                header.line, fmt::format("there are two columns {}", foundation::quoted(key))});
         keys.push_back(key);
     }
     return keys;
@@ -80,14 +80,12 @@ using Keys = std::vector<std::string>;
     return trimmed(name).append(kExtension);
 }
 
-[[nodiscard]] bool hasExtension(const std::string& name) {
-    const auto isSame = [](char a, char b) {
-        return std::tolower(static_cast<unsigned char>(a)) == b;
-    };
-    return name.size() > kExtension.size() &&
-           std::equal(kExtension.rbegin(), kExtension.rend(), name.rbegin(), [&](char a, char b) {
-               return isSame(b, a);
-           });
+[[nodiscard]] bool isMovieName(const std::string& name) {
+    std::string extension = std::filesystem::path(name).extension().string();
+    std::ranges::transform(extension, extension.begin(), [](unsigned char c) {
+        return static_cast<char>(std::tolower(c));
+    });
+    return extension == kExtension;
 }
 
 void takeMovieName(const std::string& given, BatchRow& row) {
@@ -98,7 +96,7 @@ void takeMovieName(const std::string& given, BatchRow& row) {
             "\"movie\" must be a file name of at most {} bytes without a folder, not {}",
             kMaxNameBytes,
             foundation::quoted(row.movie));
-    } else if (!row.movie.empty() && !hasExtension(row.movie)) {
+    } else if (!row.movie.empty() && !isMovieName(row.movie)) {
         row.movie += kExtension;
     }
 }
@@ -131,7 +129,9 @@ void findSameMovies(std::vector<BatchRow>& rows) {
         const auto [former, isNew] = lines.emplace(row.movie, row.line);
         if (!isNew)
             row.problem = fmt::format(
-                "the movie {} is already that of line {}", foundation::quoted(row.movie), former->second);
+                "the movie {} is already that of line {}",
+                foundation::quoted(row.movie),
+                former->second);
     }
 }
 
@@ -143,7 +143,8 @@ readBatchTable(std::string_view text, const std::filesystem::path& folder) {
     if (!table)
         return tl::unexpected(table.error());
     if (table->size() < 2)
-        return tl::unexpected(Problem{1, "the table needs a row of keys, and a row for each movie"});
+        return tl::unexpected(
+            Problem{1, "the table needs a row of keys, and a row for each movie"});
     const auto keys = keysOf(table->front());
     if (!keys)
         return tl::unexpected(keys.error());

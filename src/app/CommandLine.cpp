@@ -58,7 +58,8 @@ constexpr std::string_view kStripFooter =
     "size of one frame.";
 
 constexpr std::string_view kBatchFooter =
-    "The table is a CSV file (RFC 4180, UTF-8). Its first row has the keys, as for --set: TX1.text,\n"
+    "The table is a CSV file (RFC 4180, UTF-8). Its first row has the keys, as for --set: "
+    "TX1.text,\n"
     "TX2.text, background. The column movie has the names of the movies; without it, they are the\n"
     "number of the row and its first text. An empty cell leaves the value as it is, but an empty\n"
     "text is one. Paths are relative to the table.\n"

@@ -76,7 +76,7 @@ enum class SheetKind { materials, scenes, shapes, masks, fonts, objects };
 /// `zelvo batch`: a movie for each row of a table.
 struct BatchCommand {
     std::filesystem::path table;
-    SourceOptions source; ///< the settings are for all rows
+    SourceOptions source;         ///< the settings are for all rows
     std::filesystem::path movies; ///< folder
     PictureSize size;
     render::DrawQuality quality;

@@ -44,8 +44,7 @@ tl::expected<Source, Failure> readSource(const SourceOptions& options) {
     const auto file = fileOf(options);
     if (!file)
         return unexpected(failureOf(file.error(), ExitStatus::kWrong));
-    auto performance =
-        document::loadPerformance(*file, document::engineNames(), options.settings);
+    auto performance = document::loadPerformance(*file, document::engineNames(), options.settings);
     if (!performance)
         return unexpected(Failure{ExitStatus::kWrong, std::move(performance.error()), true});
     return Source{*file, options.settings, std::move(*performance)};

@@ -42,9 +42,7 @@ using Lines = std::vector<std::string>;
 } // namespace
 
 tl::expected<Performance, Lines> loadPerformance(
-    const std::filesystem::path& file,
-    const Names& names,
-    const std::vector<Setting>& settings) {
+    const std::filesystem::path& file, const Names& names, const std::vector<Setting>& settings) {
     const auto bytes = bytesOf(file);
     if (!bytes)
         return tl::unexpected(Lines{fmt::format("{}: {}", file.string(), bytes.error())});

@@ -107,8 +107,7 @@ private:
 } // namespace
 
 tl::expected<Performance, std::vector<Problem>>
-readPerformance(
-    std::string_view text, const Names& names, const std::vector<Setting>& settings) {
+readPerformance(std::string_view text, const Names& names, const std::vector<Setting>& settings) {
     auto root = foundation::parseJson(text);
     if (!root)
         return tl::unexpected(std::vector{root.error()});

@@ -166,8 +166,8 @@ void setLine(JsonValue& value, int line) {
 
 } // namespace
 
-foundation::Result<Setting> parseSetting(
-    std::string_view text, std::string_view option, const std::filesystem::path& folder) {
+foundation::Result<Setting>
+parseSetting(std::string_view text, std::string_view option, const std::filesystem::path& folder) {
     const auto wrong = [&](std::string_view what, std::string_view why) {
         return foundation::fail(
             foundation::Cause::malformed, fmt::format("{} {}: {}", option, what, why));
@@ -178,10 +178,8 @@ foundation::Result<Setting> parseSetting(
     const auto key = text.substr(0, equals);
     const auto value = text.substr(equals + 1);
     if (value.size() > kMaxSettingBytes)
-        return wrong(
-            key, fmt::format("the value is longer than {} KiB", kMaxSettingBytes / 1024));
-    return Setting{
-        fmt::format("{} {}", option, key), std::string(key), std::string(value), folder};
+        return wrong(key, fmt::format("the value is longer than {} KiB", kMaxSettingBytes / 1024));
+    return Setting{fmt::format("{} {}", option, key), std::string(key), std::string(value), folder};
 }
 
 bool isFreeText(std::string_view key) {

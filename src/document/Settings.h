@@ -29,8 +29,8 @@ inline constexpr std::size_t kMaxSettings = 1000;
 inline constexpr std::size_t kMaxSettingBytes = 64UL * 1024; ///< of one value
 
 /// Splits "KEY=VALUE" at the first "=". Error: `malformed`; the message begins with `option`.
-[[nodiscard]] foundation::Result<Setting> parseSetting(
-    std::string_view text, std::string_view option, const std::filesystem::path& folder);
+[[nodiscard]] foundation::Result<Setting>
+parseSetting(std::string_view text, std::string_view option, const std::filesystem::path& folder);
 
 /// Whether the key holds a free text, such as a title or a path, for which "" is a value, too.
 [[nodiscard]] bool isFreeText(std::string_view key);

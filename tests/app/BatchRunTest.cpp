@@ -40,8 +40,18 @@ TEST(Batch, makes_the_movie_of_each_good_row_and_tells_the_bad_ones) {
         "gone,FOUR,#00FF00,500\r\n");
     const auto movies = program.path("made/here");
     const Program::Arguments arguments{
-        "batch", table, "--template", file, "--movies", movies, "--size", kSize, "--seed", "3",
-        "--set", "background=#0000FF"};
+        "batch",
+        table,
+        "--template",
+        file,
+        "--movies",
+        movies,
+        "--size",
+        kSize,
+        "--seed",
+        "3",
+        "--set",
+        "background=#0000FF"};
     const auto ending = program.run(arguments);
     EXPECT_EQ(ending.status, 2) << ending.err;
     EXPECT_EQ(ending.out, movies + "/one.mov\n" + movies + "/03 THREE.mov\n");
@@ -58,8 +68,20 @@ TEST(Batch, makes_the_movie_of_each_good_row_and_tells_the_bad_ones) {
     // The second movie of a process is the same as one made alone.
     const auto alone = program.path("alone.mov");
     const auto made = program.run(
-        {"perform", file, "--movie", alone, "--size", kSize, "--seed", "3", "--set",
-         "background=#0000FF", "--set", "TX1.text=THREE", "--set", "TX1.depth=12"});
+        {"perform",
+         file,
+         "--movie",
+         alone,
+         "--size",
+         kSize,
+         "--seed",
+         "3",
+         "--set",
+         "background=#0000FF",
+         "--set",
+         "TX1.text=THREE",
+         "--set",
+         "TX1.depth=12"});
     ASSERT_EQ(made.status, 0) << made.err;
     EXPECT_TRUE(contentOf(alone) == contentOf(movies + "/03 THREE.mov"));
     EXPECT_FALSE(contentOf(alone) == contentOf(movies + "/one.mov"));
@@ -101,6 +123,7 @@ TEST(Batch, refuses_a_table_or_a_folder_that_cannot_be_used) {
     const auto table = program.write("t.csv", "TX1.text\nA\n");
     const auto open = program.write("open.csv", "TX1.text\n\"A\n");
     const auto movies = program.path("made");
+
     struct Row {
         int status;
         std::string part;

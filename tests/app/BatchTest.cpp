@@ -59,7 +59,8 @@ TEST(BatchTable, keeps_bad_rows_apart_from_good_ones_and_refuses_a_bad_header) {
             ",7\nd/e,8\n",
         "/");
     ASSERT_TRUE(rows);
-    const char* const told[] = {"", "folder", "1 fields", "3 fields", "line 2", "folder", "200", "folder"};
+    const char* const told[] = {
+        "", "folder", "1 fields", "3 fields", "line 2", "folder", "200", "folder"};
     ASSERT_EQ(rows->size(), std::size(told));
     for (std::size_t i = 0; i < rows->size(); ++i) {
         const auto& row = (*rows)[i];
@@ -91,7 +92,8 @@ TEST(BatchRecord, knows_what_was_made_of_the_same_and_survives_damage) {
     EXPECT_TRUE(made("ü \"b\".mov"));
 
     const auto file = folder.path() / BatchRecord::kFileName;
-    for (const char* const text : {"", "{", "[]", R"({"movies": [{"movie": 5, "key": "k1"}, 7]})"}) {
+    for (const char* const text :
+         {"", "{", "[]", R"({"movies": [{"movie": 5, "key": "k1"}, 7]})"}) {
         std::ofstream(file) << text;
         EXPECT_FALSE(made("a.mov")) << text;
     }

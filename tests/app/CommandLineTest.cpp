@@ -44,11 +44,32 @@ TEST(CommandLine, takes_every_option_to_its_place) {
     ASSERT_EQ(changed.source.settings.size(), 2U);
     EXPECT_EQ(changed.source.settings[1].origin, "--set TX1.text");
     EXPECT_EQ(changed.source.settings[1].value, "--c d=e");
-    EXPECT_EQ(parsed<StripCommand>({"strip", "--from", "0", "--set", "a=b", "f.json", "--to", "2",
-                                    "--count", "7", "--out", "s.png"}).source.file, "f.json");
+    EXPECT_EQ(
+        parsed<StripCommand>({"strip",
+                              "--from",
+                              "0",
+                              "--set",
+                              "a=b",
+                              "f.json",
+                              "--to",
+                              "2",
+                              "--count",
+                              "7",
+                              "--out",
+                              "s.png"})
+            .source.file,
+        "f.json");
 
     const auto batch = parsed<BatchCommand>(
-        {"batch", "t.csv", "--template", "night", "--movies", "m", "--set", "a=b", "--size",
+        {"batch",
+         "t.csv",
+         "--template",
+         "night",
+         "--movies",
+         "m",
+         "--set",
+         "a=b",
+         "--size",
          "720p"});
     EXPECT_EQ(batch.table, "t.csv");
     EXPECT_EQ(batch.movies, "m");

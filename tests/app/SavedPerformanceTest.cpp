@@ -32,7 +32,7 @@ using Pictures = std::map<int, std::vector<std::uint8_t>>;
 
 struct World {
     explicit World(std::uint64_t seed)
-        : engine(loop.runLoop, foundation::Folders::below(folder.path()), seed) {}
+        : engine(loop.runLoop(), foundation::Folders::below(folder.path()), seed) {}
 
     void press(const char* tab, const char* title) {
         const catalogue::Tab& row = *catalogue::tabNamed(tab);
@@ -54,7 +54,7 @@ struct World {
                 deeds.extract(deeds.begin()).mapped()();
         });
         model.start();
-        (void)loop.runLoop.runUntil([&] { return !model.isPlaying(); });
+        (void)loop.runLoop().runUntil([&] { return !model.isPlaying(); });
     }
 
     [[nodiscard]] Pictures movie() {

@@ -87,6 +87,7 @@ void fillLayout(LayoutStyle& style, Dice& dice) {
     dice.maybe(style.bevel, dice.single(0, 4));
     dice.maybe(style.profile, std::string(dice.flip() ? "linear" : "rounded"));
     dice.maybe(style.fill, std::string(dice.flip() ? "inner" : "outer"));
+    dice.maybe(style.maxWidth, dice.single(50, 5000));
     fillLayout(style, dice);
     return style;
 }

@@ -143,7 +143,8 @@ TEST_F(PerformerTest, StylesTheNodesAndTakesTheStretchOfTheSong) {
 TEST_F(PerformerTest, MakesATextThatIsTooWideSmallerUntilItFits) {
     const auto widthOf = [&](const std::string& text) {
         perform(
-            R"("nodes": {"TX1": {"scale": 1.5, "maxWidth": 400, "text": ")" + text + R"("}}, "cues": [])",
+            R"("nodes": {"TX1": {"scale": 1.5, "maxWidth": 400, "text": ")" + text +
+                R"("}}, "cues": [])",
             [](int) {});
         const auto box = stage.textNode1->contentNode->boundingBox();
         return (box.max.x - box.min.x) * stage.textNode1->scale2D;

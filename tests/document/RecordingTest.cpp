@@ -107,7 +107,7 @@ void reopen(const std::string& text, World& other) {
     const auto read = readPerformance(text, engineNames());
     ASSERT_TRUE(read) << read.error().front().text << '\n' << text;
     const auto ready = setUp(*read, {}, other.model());
-    ASSERT_TRUE(ready) << ready.error().message;
+    ASSERT_TRUE(ready) << ready.error().text;
     foundation::seedRandom(*read->seed);
     perform(*read, other.model());
     EXPECT_EQ(saved(other), text);
@@ -267,7 +267,7 @@ TEST(Style, of_a_stage_is_read_and_set_again_whole) {
     ASSERT_TRUE(read) << read.error().front().text;
     const Style untouched = styleOf(world.model());
     const auto ready = setUp(*read, world.folder.path(), world.model());
-    ASSERT_TRUE(ready) << ready.error().message;
+    ASSERT_TRUE(ready) << ready.error().text;
     const Style whole = styleOf(world.model());
     const Style wanted = completed(resolved(*read, world.folder.path()), untouched);
     EXPECT_EQ(written({whole, {}, {}}), written({wanted, {}, {}}));

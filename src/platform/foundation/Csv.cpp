@@ -71,8 +71,8 @@ private:
     void readRow(CsvRow& row) {
         while (!problem) {
             if (row.fields.size() == kMaxCsvColumns) {
-                problem = Problem{
-                    row.line, fmt::format("a row has more than {} fields", kMaxCsvColumns)};
+                problem =
+                    Problem{row.line, fmt::format("a row has more than {} fields", kMaxCsvColumns)};
                 return;
             }
             row.fields.push_back(field());
