@@ -151,6 +151,8 @@ TEST_F(PerformerTest, MakesATextThatIsTooWideSmallerUntilItFits) {
     };
     EXPECT_LT(widthOf("IT"), 200);
     EXPECT_EQ(stage.textNode1->scale2D, 1.5F);
+    EXPECT_NEAR(widthOf("WWWW"), 400, 0.5); // too wide only because of its scale
+    EXPECT_GT(stage.textNode1->scale2D, 1);
     EXPECT_NEAR(widthOf("WWWWWWWWWWWW"), 400, 0.5);
     EXPECT_LT(stage.textNode1->scale2D, 0.5F);
     EXPECT_LT(widthOf("IT"), 200);

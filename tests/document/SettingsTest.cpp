@@ -51,6 +51,8 @@ TEST(Settings, change_what_their_key_leads_to_and_nothing_else) {
          "OBJ.shape=null",
          "OBJ.object=models/ship.glb",
          "audio.file=../song.mp3",
+         "IMG.image=/pictures/logo.png",
+         "TX1.fontFile=My.ttf",
          "audio.in=3",
          "cues.1.at=0.5",
          "cues.1.speed=fast",
@@ -70,6 +72,9 @@ TEST(Settings, change_what_their_key_leads_to_and_nothing_else) {
     EXPECT_EQ(changed.object->object, "/home/me/models/ship.glb");
     EXPECT_EQ(changed.music->file, "/home/song.mp3");
     EXPECT_EQ(changed.music->in, 3);
+    EXPECT_EQ(changed.picture->image, "/pictures/logo.png");
+    EXPECT_EQ(changed.nodes.at("TX1").fontFile, "/home/me/My.ttf");
+    EXPECT_EQ(with({"IMG.image=logo.png"}).picture->image, "/home/me/logo.png");
     // The cues are sorted by their new times.
     ASSERT_EQ(changed.cues.size(), 2U);
     EXPECT_EQ(std::get<Press>(changed.cues[0].act).title, "Right In");
@@ -97,6 +102,7 @@ TEST(Settings, that_are_wrong_are_told_by_their_names) {
         {"cues.2.at=1",          "--set cues.2.at: \"2\" is no entry of a list that has 0 to 1"                  },
         {"cues.first.at=1",      "--set cues.first.at: \"first\" is no entry of a list"                          },
         {"cues.0.press=Lef In",  "--set cues.0.press: unknown button \"Lef In\" in tab IN1; did you mean"        },
+        {"TX1={\"txt\": 1}",     "--set TX1: unknown key \"txt\" in node TX1; did you mean \"text\"?"},
         {"TX1..text=a",          "--set TX1..text: a part of the key is empty"                                   },
         {"audio.in=3",           "--set audio.in: audio needs a \"file\""                                        },
         {"IMG.image=",           "--set IMG.image: \"image\" in node IMG must be the path"                       },
