@@ -25,6 +25,7 @@ constexpr std::string_view kFooter =
     "  zelvo\n"
     "  zelvo logo.svg\n"
     "  zelvo perform night.json --movie night.mov\n"
+    "  zelvo perform night.json --movie title.webm --alpha\n"
     "  zelvo perform --template night --set TX1.text=HELLO --movie hello.mov\n"
     "  zelvo batch names.csv --template wedding --movies made\n"
     "  zelvo frame night.json --at 2.5 --out still.png --size 1280x720\n"
@@ -283,7 +284,7 @@ void addAlpha(CLI::App& command, bool& hasAlpha) {
     command.add_flag(
         "--alpha",
         hasAlpha,
-        "Leave out the background and the environment: PNG files with straight alpha");
+        "Leave out the background and the environment, and write straight alpha");
 }
 
 void addSeed(CLI::App& command, std::uint64_t& seed) {
@@ -306,9 +307,52 @@ void addCodec(CLI::App& command, std::optional<media::VideoCodec>& codec) {
         .add_option_function<std::string>(
             "--codec",
             [&codec, codecs](const std::string& name) { codec = codecs.at(name); },
-            "hevc or h264; if not given, HEVC if the machine encodes it in hardware, else H.264")
+            "Of mov and mp4 without alpha: hevc or h264; if not given, HEVC if the machine encodes "
+            "it in hardware, else H.264")
         ->check(CLI::IsMember({"hevc", "h264"}))
         ->type_name("CODEC");
+}
+
+/// The kind of the movie: what --format says, or else the ending of its name. A name without an
+/// ending gets one.
+void settleFormat(PerformCommand& options, std::optional<media::Container> wanted) {
+    const auto named = media::knownContainerOf(options.movie);
+    if (options.movie.has_extension() && (!named || (wanted && *wanted != *named))) {
+        throw CLI::ValidationError(
+            "--movie",
+            wanted ? fmt::format("must end in {}, as --format says", media::infoOf(*wanted).ending)
+                   : "must end in .mov, .mp4 or .webm");
+    }
+    options.format = wanted.value_or(named.value_or(media::Container::quickTime));
+    if (!options.movie.empty() && !named && wanted)
+        options.movie += media::infoOf(options.format).ending;
+    const bool makesMovie = !options.movie.empty() || options.frames.empty();
+    const auto alpha = options.hasAlpha ? media::Alpha::straight : media::Alpha::none;
+    const auto checked = media::checkMovie(options.format, alpha, options.codec);
+    if (makesMovie && !checked)
+        throw CLI::ValidationError("--format", checked.error().message);
+}
+
+void addFormat(CLI::App& command, PerformCommand& options) {
+    std::vector<std::string> names;
+    for (const auto& row : media::kContainers)
+        names.emplace_back(row.name);
+    auto* const format =
+        command
+            .add_option(
+                "--format",
+                "The kind of movie: mov (H.264 or HEVC; ProRes 4444 with alpha), mp4 (H.264 or "
+                "HEVC) or webm (VP9 and Opus); if not given, as the movie's name ends, or mov")
+            ->check(CLI::IsMember(names))
+            ->type_name("FORMAT");
+    command.final_callback([&options, format] {
+        std::optional<media::Container> wanted;
+        if (!format->empty())
+            wanted = std::ranges::find(
+                         media::kContainers, format->as<std::string>(), &media::ContainerInfo::name)
+                         ->container;
+        settleFormat(options, wanted);
+    });
 }
 
 void addPerform(CLI::App& app, PerformCommand& options) {
@@ -317,7 +361,7 @@ void addPerform(CLI::App& app, PerformCommand& options) {
     addSource(command, options.source);
     command.add_option("--movie", options.movie, "The movie file to write")
         ->check(named())
-        ->type_name("OUT.mov");
+        ->type_name("OUT.mov|.mp4|.webm");
     command
         .add_option("--frames", options.frames, "Write each frame as a PNG file into this folder")
         ->check(named())
@@ -325,11 +369,7 @@ void addPerform(CLI::App& app, PerformCommand& options) {
     addSize(command, options.size);
     addQuality(command, options.quality);
     addAlpha(command, options.hasAlpha);
-    command.final_callback([&options] {
-        if (options.hasAlpha && (options.frames.empty() || !options.movie.empty())) {
-            throw CLI::ValidationError("--alpha", "makes PNG files: give --frames, and no --movie");
-        }
-    });
+    addFormat(command, options);
     addSeed(command, options.seed);
     addCodec(command, options.codec);
     command.add_flag(

@@ -3,6 +3,7 @@
 
 #include "document/Settings.h"
 #include "platform/foundation/Result.h"
+#include "platform/media/Container.h"
 #include "platform/media/VideoSettings.h"
 #include "platform/render/DrawQuality.h"
 
@@ -36,12 +37,13 @@ struct SourceOptions {
 /// `zelvo perform`.
 struct PerformCommand {
     SourceOptions source;
-    std::filesystem::path movie;  ///< empty: the user's videos folder
+    std::filesystem::path movie;  ///< empty: the user's videos folder; fits `format`
     std::filesystem::path frames; ///< folder for PNG files; empty: none
     PictureSize size;
     render::DrawQuality quality;
-    bool hasAlpha = false; ///< only the content, without the environment; for frames only
+    bool hasAlpha = false; ///< only the content, without the environment
     std::uint64_t seed = 0;
+    media::Container format = media::Container::quickTime; ///< of the movie
     std::optional<media::VideoCodec> codec;
     bool showsTiming = false;
 };

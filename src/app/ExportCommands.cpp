@@ -77,6 +77,7 @@ void reportPerformance(const PerformCommand& command, const ExportReport& report
     options.quality = command.quality;
     options.leftOut = leftOut(command.hasAlpha);
     options.codec = command.codec;
+    options.container = command.format;
     if (!command.movie.empty())
         options.output = command.movie;
     options.writesMovie = !command.movie.empty() || command.frames.empty();

@@ -26,7 +26,9 @@ MovieFiles::MovieFiles(const foundation::Folders& folders)
     TemporaryFolder::removeLeftovers(folder);
 }
 
-foundation::Result<void> MovieFiles::makeWorkFolder() {
+foundation::Result<void> MovieFiles::makeWorkFolder(media::Container finished) {
+    // A QuickTime file has no place for the alpha of VP9.
+    rawName = finished == media::Container::webm ? "tmpMovie.webm" : "tmpMovie.mov";
     auto made = TemporaryFolder::make(folder);
     if (!made)
         return tl::unexpected(made.error());
@@ -36,7 +38,7 @@ foundation::Result<void> MovieFiles::makeWorkFolder() {
 
 std::filesystem::path MovieFiles::rawMovie() const {
     CHECK(work, "the raw movie is asked for before its folder is made");
-    return work->path() / "tmpMovie.mov";
+    return work->path() / rawName;
 }
 
 void MovieFiles::deleteRawMovie() {
@@ -48,19 +50,27 @@ void MovieFiles::keepRawMovie() {
     work->keep();
 }
 
-std::filesystem::path MovieFiles::finishedMovie() const {
+std::filesystem::path MovieFiles::finishedMovie(media::Container container) const {
     if (!claim)
         claim = claimName();
-    return claim->movie;
+    return claim->movie.string() + std::string(media::infoOf(container).ending);
+}
+
+void MovieFiles::deleteOtherMovies(media::Container kept) const {
+    for (const auto& row : media::kContainers) {
+        std::error_code ignored; // mostly there is none
+        if (row.container != kept)
+            std::filesystem::remove(finishedMovie(row.container), ignored);
+    }
 }
 
 MovieFiles::Claim MovieFiles::claimName() const {
     std::error_code ignored;
     std::filesystem::create_directories(folder, ignored);
     for (int number = 1; number < kMaxNames; ++number) {
-        const auto name = number == 1 ? "Movie.mov" : fmt::format("Movie {}.mov", number);
+        const auto name = number == 1 ? "Movie" : fmt::format("Movie {}", number);
         // Of its own, as the movie is another file after each export.
-        const auto lockFile = folder.parent_path() / fmt::format(".{}.lock", name);
+        const auto lockFile = folder.parent_path() / fmt::format(".{}.mov.lock", name);
         constexpr int kFlags = O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC;
         foundation::Descriptor lock(open(lockFile.c_str(), kFlags, 0600));
         const bool isTaken = lock.isOpen() && flock(lock.get(), LOCK_EX | LOCK_NB) != 0 &&
@@ -68,7 +78,7 @@ MovieFiles::Claim MovieFiles::claimName() const {
         if (!isTaken)
             return {folder / name, std::move(lock)};
     }
-    return {folder / "Movie.mov", foundation::Descriptor()};
+    return {folder / "Movie", foundation::Descriptor()};
 }
 
 } // namespace zelvo::movie

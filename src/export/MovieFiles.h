@@ -5,9 +5,11 @@
 #include "platform/foundation/Folders.h"
 #include "platform/foundation/Result.h"
 #include "platform/foundation/TemporaryFolder.h"
+#include "platform/media/Container.h"
 
 #include <filesystem>
 #include <optional>
+#include <string>
 
 namespace zelvo::movie {
 
@@ -20,22 +22,24 @@ public:
     explicit MovieFiles(const foundation::Folders& folders);
 
     /// Call it before the raw movie of an export is made. Error: `unwritable`.
-    [[nodiscard]] foundation::Result<void> makeWorkFolder();
+    [[nodiscard]] foundation::Result<void> makeWorkFolder(media::Container finished);
     /// the movie without sound, during an export
     [[nodiscard]] std::filesystem::path rawMovie() const;
     void deleteRawMovie();
     /// Leaves the raw movie to the user.
     void keepRawMovie();
 
-    /// "Movie.mov", or "Movie 2.mov" and so on while another process uses that name, so that two
+    /// "Movie.mov" (with the ending of its container), or "Movie 2.mov" and so on while another process uses that name, so that two
     /// exports that end at the same moment do not share a file. The first call claims the name for
     /// the lifetime of this object and makes the folder. If that fails, writing the file returns the
     /// error.
-    [[nodiscard]] std::filesystem::path finishedMovie() const;
+    [[nodiscard]] std::filesystem::path finishedMovie(media::Container container) const;
+    /// Deletes finished movies of other kinds, so that only the last export's is kept.
+    void deleteOtherMovies(media::Container kept) const;
 
 private:
     struct Claim {
-        std::filesystem::path movie;
+        std::filesystem::path movie; ///< without ending
         foundation::Descriptor lock;
     };
 
@@ -44,6 +48,7 @@ private:
     std::filesystem::path folder;
     mutable std::optional<Claim> claim;              ///< empty before the first call
     std::optional<foundation::TemporaryFolder> work; ///< empty between exports
+    std::string rawName;
 };
 
 } // namespace zelvo::movie

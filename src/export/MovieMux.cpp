@@ -86,9 +86,9 @@ Result<MovieMux> makeExportSession(
         return foundation::fail(Cause::malformed, "the raw movie holds no video");
     CHECK(video->nominalFrameRate > 0, "the raw movie has no frame rate");
 
-    const CMTime cut =
-        CMTime::makeWithSeconds(kCutFrames / video->nominalFrameRate, video->naturalTimeScale);
-    const CMTimeRange whole{{0, video->naturalTimeScale}, asset->duration() - cut};
+    // In sixtieths, because a WebM file rounds its length to milliseconds.
+    const CMTime cut = sixtieths(kCutFrames / video->nominalFrameRate);
+    const CMTimeRange whole{sixtieths(0), sixtieths(asset->duration().seconds()) - cut};
     media::AVMutableComposition composition;
     const auto inserted =
         composition.addMutableTrack(MediaType::video, 0).insertTimeRange(whole, *video, {0, 1});

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/foundation/Result.h"
+#include "platform/media/Container.h"
 #include "platform/media/VideoSettings.h"
 #include "platform/render/SCNRenderer.h"
 
@@ -24,17 +25,27 @@ struct FrameTap {
     int count = 0;
 };
 
+/// Where a movie goes in the photo library.
+struct LibraryPlace {
+    std::filesystem::path folder{};   ///< empty: the user's videos folder
+    std::string name = "Zelvo Movie"; ///< without ending; a taken name gets a number
+};
+
 /// The settings of the next export.
 struct MovieOptions {
     render::Size renderSize{1920, 1080}; ///< of the movie; both sides even
     render::DrawQuality quality{};
-    std::uint32_t leftOut = 0; ///< as in render::FrameRequest; a movie file must be opaque
+    std::uint32_t leftOut = 0; ///< as in render::FrameRequest; if not 0, the movie has alpha
 
-    /// Empty: HEVC if the machine encodes it in hardware, otherwise H.264.
+    /// As for media::codecFor.
     std::optional<media::VideoCodec> codec;
 
-    /// The path of the finished movie. Empty: "Movie.mov" and a copy in the photo library.
+    /// The path of the finished movie; its ending says the container. Empty: "Movie.mov" and a copy
+    /// in the photo library.
     std::optional<std::filesystem::path> output;
+
+    media::Container container = media::Container::quickTime; ///< of a movie without `output`
+    LibraryPlace libraryPlace;                                ///< of its copy
 
     /// False: only the tap's pictures are drawn.
     bool writesMovie = true;

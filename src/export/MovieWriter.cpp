@@ -86,13 +86,15 @@ Result<void> MovieWriter::prepareWriter() {
     // Check now, not after the last frame.
     if (auto placed = foundation::NewFile::check(outputPath()); !placed)
         return placed;
-    if (auto made = files.makeWorkFolder(); !made)
+    const media::Container container = media::containerOf(outputPath());
+    const auto alpha = options.leftOut == 0 ? media::Alpha::none : media::Alpha::straight;
+    const auto codec = media::codecFor(container, alpha, options.codec);
+    if (!codec)
+        return tl::unexpected(codec.error());
+    if (auto made = files.makeWorkFolder(container); !made)
         return made;
-    using media::VideoCodec;
-    const VideoCodec codec = options.codec.value_or(
-        media::hasHardwareEncoder(VideoCodec::hevc) ? VideoCodec::hevc : VideoCodec::h264);
-    auto made = RawMovie::create(
-        files.rawMovie(), {codec, options.renderSize.width, options.renderSize.height});
+    const auto [width, height] = options.renderSize;
+    auto made = RawMovie::create(files.rawMovie(), {*codec, width, height, alpha});
     if (!made)
         return tl::unexpected(made.error());
     rawMovie = std::move(*made);
@@ -100,7 +102,7 @@ Result<void> MovieWriter::prepareWriter() {
 }
 
 std::filesystem::path MovieWriter::outputPath() const {
-    return options.output.value_or(files.finishedMovie());
+    return options.output.value_or(movieURL());
 }
 
 void MovieWriter::renderFrame(int frame) {
@@ -228,13 +230,15 @@ void MovieWriter::finished() {
             song.string());
         model.showAlert("The song is damaged", outcome.musicDamage);
     }
-    if (!options.output)
+    if (!options.output) {
+        files.deleteOtherMovies(options.container);
         outcome = savedToLibrary(std::move(outcome));
+    }
     end(std::move(outcome));
 }
 
 MovieOutcome MovieWriter::savedToLibrary(MovieOutcome outcome) {
-    const auto saved = library.save(outcome.movie);
+    const auto saved = library.save(outcome.movie, options.libraryPlace);
     if (saved) {
         outcome.savedCopy = *saved;
         model.showAlert("Movie successfully saved to your Photo Library.", "");

@@ -77,11 +77,16 @@ public:
     [[nodiscard]] scene::SCNSceneRenderer* renderer() const;
 
     /// The path for one more copy among the user's videos.
-    [[nodiscard]] std::filesystem::path freeVideoPlace() const { return library.freePlace(); }
+    [[nodiscard]] std::filesystem::path freeVideoPlace() const {
+        const auto& row = media::infoOf(options.container);
+        return library.freePlace(options.libraryPlace, row.ending);
+    }
 
-    /// The path of "Movie.mov", or of another name while another window uses that one; the file
-    /// need not exist.
-    [[nodiscard]] std::filesystem::path movieURL() const { return files.finishedMovie(); }
+    /// The path of "Movie.mov" (with the container's ending), or of another name while another
+    /// window uses that one; the file need not exist.
+    [[nodiscard]] std::filesystem::path movieURL() const {
+        return files.finishedMovie(options.container);
+    }
 
     /// Of the current or the last export.
     [[nodiscard]] MovieTimings timings() const;

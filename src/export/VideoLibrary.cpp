@@ -25,23 +25,24 @@ copy(const fs::path& movie, foundation::NewFile& file, const fs::path& place) {
 
 } // namespace
 
-fs::path VideoLibrary::freePlace() const {
-    fs::path place = folder / "Zelvo Movie.mov";
+fs::path VideoLibrary::freePlace(const LibraryPlace& wanted, std::string_view ending) const {
+    const fs::path& in = wanted.folder.empty() ? folder : wanted.folder;
+    fs::path place = in / fmt::format("{}{}", wanted.name, ending);
     std::error_code error;
-    for (int number = 2; fs::exists(place, error); ++number) {
-        place = folder / fmt::format("Zelvo Movie {}.mov", number);
-    }
+    for (int number = 2; fs::exists(fs::symlink_status(place, error)); ++number)
+        place = in / fmt::format("{} {}{}", wanted.name, number, ending);
     return place;
 }
 
-tl::expected<fs::path, VideoLibrary::Failure> VideoLibrary::save(const fs::path& movie) const {
+tl::expected<fs::path, VideoLibrary::Failure>
+VideoLibrary::save(const fs::path& movie, const LibraryPlace& wanted) const {
     std::error_code error;
-    fs::create_directories(folder, error);
+    fs::create_directories(wanted.folder.empty() ? folder : wanted.folder, error);
     if (error)
         return tl::unexpected(Failure{true, error.message()});
 
     while (true) {
-        const fs::path place = freePlace();
+        const fs::path place = freePlace(wanted, movie.extension().string());
         auto file = foundation::NewFile::create(place);
         if (!file)
             return tl::unexpected(Failure{true, file.error().message});

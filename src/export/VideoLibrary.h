@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "export/MovieOptions.h"
 #include "platform/foundation/Result.h"
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace zelvo::movie {
@@ -20,13 +22,14 @@ public:
         std::string message;
     };
 
-    /// Copies the movie into the folder, under the first free name: "Zelvo Movie.mov", "Zelvo Movie
-    /// 2.mov", … A failed copy leaves nothing behind.
+    /// Copies the movie into the place's folder, under the first free name: "Zelvo Movie.mov",
+    /// "Zelvo Movie 2.mov", … A failed copy leaves nothing behind.
     [[nodiscard]] tl::expected<std::filesystem::path, Failure>
-    save(const std::filesystem::path& movie) const;
+    save(const std::filesystem::path& movie, const LibraryPlace& place) const;
 
-    /// The path of the next copy.
-    [[nodiscard]] std::filesystem::path freePlace() const;
+    /// The path of the next copy. `ending` is that of the file name, with its dot.
+    [[nodiscard]] std::filesystem::path
+    freePlace(const LibraryPlace& place, std::string_view ending) const;
 
 private:
     std::filesystem::path folder;

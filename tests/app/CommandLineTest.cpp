@@ -30,6 +30,7 @@ TEST(CommandLine, takes_every_option_to_its_place) {
     // clang-format on
     EXPECT_EQ(perform.source.file, "a b.json");
     EXPECT_EQ(perform.movie, "out.mov");
+    EXPECT_EQ(perform.format, media::Container::quickTime);
     EXPECT_EQ(perform.frames, "dir");
     EXPECT_EQ(perform.size, (PictureSize{192, 108}));
     EXPECT_EQ(perform.seed, 18446744073709551615U);
@@ -86,6 +87,13 @@ TEST(CommandLine, takes_every_option_to_its_place) {
         parsed<PerformCommand>({"perform", "a.json", "--size", "upright"}).size,
         (PictureSize{1080, 1920}));
 
+    const auto webm = parsed<PerformCommand>({"perform", "a.json", "--movie", "a.b/c.WebM"});
+    EXPECT_EQ(webm.format, media::Container::webm) << "as its name ends";
+    EXPECT_EQ(
+        parsed<PerformCommand>({"perform", "a.json", "--format", "mp4", "--movie", "title"}).movie,
+        "title.mp4");
+    EXPECT_TRUE(parsed<PerformCommand>({"perform", "a.json", "--alpha", "--frames", "d"}).hasAlpha);
+
     const auto strip = parsed<StripCommand>(
         {"strip", "f.json", "--from", "-1", "--to", "2.5", "--count", "7", "--out", "s.png"});
     EXPECT_EQ(strip.from, -1);
@@ -127,7 +135,12 @@ TEST(CommandLine, refuses_in_one_line_what_it_does_not_know) {
         {{"perform", "a.json", "--seed", "-1"},          "seed"     },
         {{"perform", "a.json", "--motion-blur", "0"},    "--motion" },
         {{"perform", "a.json", "--quality", "best"},     "draft"    },
-        {{"perform", "a.json", "--alpha"},               "--frames" },
+        {{"perform", "a.json", "--alpha", "--format", "mp4"}, "MP4"  },
+        {{"perform", "a.json", "--alpha", "--movie", "a.MP4"}, "MP4" },
+        {{"perform", "a.json", "--movie", "a.avi"},      ".webm"    },
+        {{"perform", "a.json", "--movie", "a.mov", "--format", "webm"}, ".webm"},
+        {{"perform", "a.json", "--alpha", "--codec", "hevc"}, "codec"},
+        {{"perform", "a.json", "--format", "avi"},       "webm"     },
         {{"perform", "a.json", "--codec", "vp9"},        "vp9"      },
         {{"frame", "a.json", "--at", "x", "--out", "p"}, "--at"     },
         {{"frame", "a.json", "--out", "p.png"},          "--at"     },

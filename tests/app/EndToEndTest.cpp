@@ -3,6 +3,7 @@
 #include "media/MediaFixture.h"
 #include "platform/foundation/Folders.h"
 #include "platform/image/reading/ImageReader.h"
+#include "platform/media/VideoReader.h"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -115,6 +116,49 @@ TEST(EndToEnd, draws_the_same_bytes_for_the_same_seed_and_the_same_moment) {
         {"frame", file, "--at", "0.5", "--out", picture, "--size", "96x54", "--seed", "7"});
     ASSERT_EQ(made.status, 0) << made.err;
     EXPECT_TRUE(contentOf(picture) == first[30]);
+}
+
+/// The largest difference of what the two show in front of white.
+[[nodiscard]] double differenceOnWhite(const image::Image& a, const image::Image& b) {
+    double largest = 0;
+    for (std::size_t i = 0; i < a.pixels.size(); ++i) {
+        const auto shown = [i](const image::Image& picture) {
+            const double alpha = picture.pixels[i / 4 * 4 + 3] / 255.0;
+            return 255 + alpha * (picture.pixels[i] - 255.0);
+        };
+        if (i % 4 != 3)
+            largest = std::max(largest, std::abs(shown(a) - shown(b)));
+    }
+    return largest;
+}
+
+TEST(EndToEnd, makes_movies_with_the_alpha_of_its_pictures) {
+    const Program program;
+    const auto file = program.write("letter.json", kLetter);
+    media::writeWav(program.path("song.wav"), 44100, 4, media::sine(440, 0.5));
+    for (const auto& [name, tolerance] : {std::pair{"a.mov", 12}, {"a.webm", 40}}) {
+        const auto movie = program.path(name);
+        const auto made = program.run(
+            {"perform",
+             file,
+             "--movie",
+             movie,
+             "--frames",
+             program.path("frames"),
+             "--alpha",
+             "--size",
+             kSize});
+        ASSERT_EQ(made.status, 0) << made.err;
+        auto reader = media::VideoReader::open(movie);
+        ASSERT_TRUE(reader) << reader.error().message;
+        EXPECT_TRUE(reader->format().hasAlpha && reader->format().hasSound);
+        const auto frame = image::loadImage(program.path("frames") + "/frame_00060.png");
+        ASSERT_TRUE(frame);
+        const auto shown = reader->picture(60);
+        EXPECT_LT(differenceOnWhite(**frame, *shown), tolerance) << name;
+        EXPECT_GT(shown->pixels[(kMiddleY * 192 + kLetterX) * 4 + 3], 250) << "the letter";
+        EXPECT_LT(shown->pixels[(kMiddleY * 192 + kEmptyX) * 4 + 3], 3) << "the stage is left out";
+    }
 }
 
 TEST(EndToEnd, plays_a_short_song_as_a_whole) {

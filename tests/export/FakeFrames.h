@@ -15,7 +15,8 @@ namespace zelvo::test {
 struct FakeRendering {
     std::vector<double> drawn; ///< times of the frames, in this order
     int mostInFlight = 0;
-    std::function<void()> onDraw; ///< called for each frame; may be empty
+    std::function<void()> onDraw;      ///< called for each frame; may be empty
+    std::vector<std::uint8_t> picture; ///< of all frames; empty: grey ones
 };
 
 /// Frames without a graphics card. Each is one grey, which increases by 2 in each frame and then
@@ -47,7 +48,7 @@ public:
         pixels.assign(
             4 * static_cast<std::size_t>(width) * static_cast<std::size_t>(height),
             static_cast<std::uint8_t>(greyOf(request.time)));
-        return {request.outputSize, pixels};
+        return {request.outputSize, rendering.picture.empty() ? pixels : rendering.picture};
     }
 
     [[nodiscard]] int framesInFlight() const override { return static_cast<int>(begun.size()); }

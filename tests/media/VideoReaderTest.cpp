@@ -98,12 +98,18 @@ TEST_F(VideoReaderTest, ConvertsEachMatrixAndRangeToTheSameColour) {
             picture.pixels[i] = static_cast<std::uint8_t>(wanted.at(i % 4));
     };
     for (const char* matrix : {"bt709", "smpte170m", "bt2020nc"}) {
-        for (const bool isFull : {false, true}) {
-            SCOPED_TRACE(std::string(matrix) + (isFull ? ", full" : ", limited"));
+        for (const auto& [format, isFull] :
+             {std::pair{"yuv420p", false}, {"yuv420p", true}, {"yuv444p", false}}) {
+            SCOPED_TRACE(std::string(matrix) + ", " + format + (isFull ? ", full" : ", limited"));
             VideoReader reader = made(
                 "colour.mp4",
-                {.frames = 2, .matrix = matrix, .hasFullRange = isFull, .draw = draw});
-            expectNear(pixelAt(*reader.picture(1), 0.5, 0.5), wanted, 4);
+                {.pixelFormat = format,
+                 .frames = 3,
+                 .matrix = matrix,
+                 .hasFullRange = isFull,
+                 .draw = draw});
+            for (const std::size_t index : {0, 1, 2})
+                expectNear(pixelAt(*reader.picture(index), 0.5, 0.5), wanted, 4);
         }
     }
 }

@@ -2,9 +2,11 @@
 #include "platform/media/AVAssetExportSession.h"
 
 #include "platform/foundation/Check.h"
+#include "platform/media/Container.h"
 #include "platform/media/MediaFile.h"
 #include "platform/media/MovieFile.h"
 #include "platform/media/SoundTrack.h"
+#include "platform/media/VideoSettings.h"
 
 #include <algorithm>
 #include <utility>
@@ -16,6 +18,10 @@ using foundation::Cause;
 using foundation::Error;
 using foundation::fail;
 using foundation::Result;
+
+SoundCodec codecOf(const std::filesystem::path& movie) {
+    return containerOf(movie) == Container::webm ? SoundCodec::opus : SoundCodec::aac;
+}
 
 tl::unexpected<Error> cancelled() {
     return fail(Cause::cancelled, "The export was cancelled.");
@@ -43,6 +49,9 @@ public:
             return fail(Cause::malformed, "The movie's video has changed meanwhile.");
         }
         readOnlyStream(*source.format, source.stream);
+        AVStream& stream = *source.format->streams[source.stream];
+        if (hasAlphaBeside(stream))
+            stream.codecpar->format = AV_PIX_FMT_YUVA420P; // so that the copy has it, too
         return source;
     }
 
@@ -67,7 +76,9 @@ public:
 
     [[nodiscard]] CMTime timeOfPacket() const {
         const AVRational unit = parameters().time_base;
-        return {packet->pts * unit.num, unit.den};
+        const CMTime exact{packet->pts * unit.num, unit.den};
+        // WebM rounds times to milliseconds. A frame begins at the nearest sixtieth.
+        return exact.converted(VideoSettings::kFramesPerSecond);
     }
 
 private:
@@ -162,7 +173,8 @@ Result<std::unique_ptr<SoundTrack>> AVAssetExportSession::openSound(double lengt
     const auto* track = composition.firstTrack(MediaType::audio);
     if (track == nullptr || !track->segment())
         return nullptr;
-    auto opened = SoundTrack::open(*track->segment(), volumeOf(track->trackID()), length);
+    auto opened =
+        SoundTrack::open(*track->segment(), volumeOf(track->trackID()), length, codecOf(outputURL));
     if (!opened)
         return tl::unexpected(opened.error());
     return std::make_unique<SoundTrack>(std::move(*opened));

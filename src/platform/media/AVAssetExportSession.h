@@ -19,8 +19,9 @@ namespace zelvo::media {
 class MovieFile;
 class SoundTrack;
 
-/// Writes a composition to a QuickTime movie, on its own thread. The video is copied without
-/// encoding it again; the sound is decoded, mixed and encoded as AAC. The movie is put in place
+/// Writes a composition to a movie file, of the kind that its name says, on its own thread. The
+/// video is copied without encoding it again; the sound is decoded, mixed and encoded as AAC, or in
+/// WebM as Opus. The movie is put in place
 /// when it is complete, so an earlier movie stays if the export fails or is cancelled.
 ///
 /// The video track must begin at 0, in its file and in the composition, and must not have reordered

@@ -4,6 +4,7 @@
 #include "platform/foundation/Check.h"
 #include "platform/foundation/WideLoop.h"
 
+#include <array>
 #include <bit>
 #include <vector>
 
@@ -124,6 +125,42 @@ ZELVO_WIDE_LOOP void convertChromaRow(
     }
 }
 
+/// A channel with 10 bits: the weights of a pixel's bytes, and its value for black.
+struct Weighing {
+    Weights weights;
+    std::int32_t offset;
+};
+
+ZELVO_WIDE_LOOP void
+weighRow(const std::uint32_t* pixels, std::uint16_t* __restrict row, int width, Weighing channel) {
+    const std::int32_t offset = (channel.offset << kShift) + (1 << (kShift - 1));
+    const Weights weights = channel.weights;
+    for (int x = 0; x < width; ++x) {
+        const std::uint32_t pixel = pixels[x];
+        const auto first = static_cast<std::int32_t>(pixel & 0xFFU);
+        const auto second = static_cast<std::int32_t>((pixel >> 8U) & 0xFFU);
+        const auto third = static_cast<std::int32_t>((pixel >> 16U) & 0xFFU);
+        const std::int32_t sum =
+            first * weights.first + second * weights.second + third * weights.third + offset;
+        row[x] = static_cast<std::uint16_t>(sum >> kShift);
+    }
+}
+
+/// Repeats the upper bits below, so that 255 becomes 1023 and the upper eight bits stay exact.
+ZELVO_WIDE_LOOP void
+widenAlphaRow(const std::uint32_t* pixels, std::uint16_t* __restrict row, int width) {
+    for (int x = 0; x < width; ++x) {
+        const std::uint32_t alpha = pixels[x] >> 24U;
+        row[x] = static_cast<std::uint16_t>((alpha << 2U) | (alpha >> 6U));
+    }
+}
+
+ZELVO_WIDE_LOOP void
+copyAlphaRow(const std::uint32_t* pixels, std::uint8_t* __restrict row, int width) {
+    for (int x = 0; x < width; ++x)
+        row[x] = static_cast<std::uint8_t>(pixels[x] >> 24U);
+}
+
 const std::uint32_t* wordsOfRow(const PixelBuffer& picture, int y) {
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): four bytes are one pixel
     return reinterpret_cast<const std::uint32_t*>(picture.row(y));
@@ -156,6 +193,34 @@ void convertToYuv420(const PixelBuffer& picture, const YuvPlanes& planes) {
         chroma.cb += planes.chromaStride;
         chroma.cr += planes.chromaStride;
     }
+}
+
+void convertToYuva444(const PixelBuffer& picture, const YuvaPlanes& planes) {
+    // Ranges of 10 bits, per level of an 8-bit channel.
+    constexpr double kLumaUnit = 876.0 / 255.0;
+    constexpr double kChromaUnit = 896.0 / 255.0;
+    constexpr double kCbUnit = kChromaUnit / kCbScale;
+    constexpr double kCrUnit = kChromaUnit / kCrScale;
+    const PixelFormat format = picture.format();
+    const std::array<Weighing, 3> channels{{
+        {ordered(format, kRed * kLumaUnit, kGreen * kLumaUnit, kBlue * kLumaUnit), 64},
+        {ordered(format, -kRed * kCbUnit, -kGreen * kCbUnit, (1.0 - kBlue) * kCbUnit), 512},
+        {ordered(format, (1.0 - kRed) * kCrUnit, -kGreen * kCrUnit, -kBlue * kCrUnit), 512},
+    }};
+    for (int y = 0; y < picture.height(); ++y) {
+        const std::uint32_t* const pixels = wordsOfRow(picture, y);
+        const auto target = [&planes, y](std::size_t plane) {
+            return planes.rows.at(plane) + y * planes.wordsPerRow.at(plane);
+        };
+        for (std::size_t plane = 0; plane < channels.size(); ++plane)
+            weighRow(pixels, target(plane), picture.width(), channels.at(plane));
+        widenAlphaRow(pixels, target(3), picture.width());
+    }
+}
+
+void copyAlpha(const PixelBuffer& picture, std::uint8_t* plane, std::ptrdiff_t bytesPerRow) {
+    for (int y = 0; y < picture.height(); ++y, plane += bytesPerRow)
+        copyAlphaRow(wordsOfRow(picture, y), plane, picture.width());
 }
 
 } // namespace zelvo::media

@@ -3,6 +3,7 @@
 
 #include "platform/media/PixelBuffer.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
@@ -23,5 +24,18 @@ struct YuvPlanes {
 /// pixel of a pair, half-way between its two rows (ITU-T H.264, figure 6-4). Width and height must
 /// be even.
 void convertToYuv420(const PixelBuffer& picture, const YuvPlanes& planes);
+
+/// The target of a conversion with alpha: luma, Cb, Cr and alpha, all of the picture's size.
+struct YuvaPlanes {
+    std::array<std::uint16_t*, 4> rows{}; ///< the first of each plane
+    std::array<std::ptrdiff_t, 4> wordsPerRow{};
+};
+
+/// Converts to Y'CbCr 4:4:4 with 10 bits in video range (64 to 940, 64 to 960), BT.709, and alpha
+/// from 0 to 1023. Each value differs by at most 1 from the rounded formula.
+void convertToYuva444(const PixelBuffer& picture, const YuvaPlanes& planes);
+
+/// Copies the alpha to a plane with 8 bits.
+void copyAlpha(const PixelBuffer& picture, std::uint8_t* plane, std::ptrdiff_t bytesPerRow);
 
 } // namespace zelvo::media

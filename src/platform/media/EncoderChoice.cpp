@@ -23,10 +23,8 @@ struct ChosenEncoder::Row {
     const char* name;
     bool isHardware;
     AVPixelFormat format; // of the input frames
-    const char* speedName;
-    const char* speed;
-    const char* qualityName;
-    const char* quality;
+    Alpha alpha;
+    const char* options; // as name=value, separated by blanks
 };
 
 namespace {
@@ -150,7 +148,8 @@ FFmpegPtr<AVCodecContext> ChosenEncoder::openRow(const Row& row, const VideoSett
     context->pix_fmt = row.format;
     if (row.format == AV_PIX_FMT_VAAPI && !giveHardwareFrames(*context))
         return nullptr;
-    Options options{{row.speedName, row.speed}, {row.qualityName, row.quality}};
+    Options options{{}};
+    av_dict_parse_string(options.get(), row.options, "=", " ", 0);
     if (avcodec_open2(context.get(), encoder, options.get()) < 0)
         return nullptr;
     return context;
@@ -166,24 +165,25 @@ int ChosenEncoder::send(const AVFrame* picture) const {
 // Tried in this order. Software presets are chosen for two cores that also draw. For moving
 // bevelled letters in front of a gradient at 1920 x 1080, x264 takes 10 ms a frame with superfast,
 // 15 with veryfast, 23 with faster, at a luma PSNR of 51, 48 and 48 dB (with lookahead it spends
-// fewer bits on moving parts). aq-mode 3 avoids bands in dark gradients.
+// fewer bits on moving parts). aq-mode 3 avoids bands in dark gradients. VP9 must not look ahead:
+// its encoder cannot do both that and alpha.
 std::span<const ChosenEncoder::Row> ChosenEncoder::rows() {
     constexpr auto kPlanes = AV_PIX_FMT_YUV420P;
     constexpr auto kCard = AV_PIX_FMT_VAAPI;
+    constexpr auto* kVP9 =
+        "deadline=good cpu-used=5 row-mt=1 crf=16 b=0 auto-alt-ref=0 lag-in-frames=0";
+    constexpr auto kNone = Alpha::none;
+    constexpr auto kAlpha = Alpha::straight;
     // clang-format off
     static constexpr auto kRows = std::to_array<Row>({
-        {VideoCodec::h264,
-         "libx264",                      false,
-         kPlanes,                                        "preset",
-         "superfast",                                                      "x264-params",
-         "crf=18:aq-mode=3"                                                                   },
-        {VideoCodec::hevc, "hevc_nvenc", true,  kPlanes, "preset",  "p4",  "cq",          "20"},
-        {VideoCodec::hevc, "hevc_vaapi", true,  kCard,   "rc_mode", "CQP", "qp",          "20"},
-        {VideoCodec::hevc,
-         "libx265",                      false,
-         kPlanes,                                        "preset",
-         "superfast",                                                      "x265-params",
-         "crf=19:bframes=0:aq-mode=3:log-level=none"                                          },
+        {VideoCodec::h264, "libx264", false, kPlanes, kNone, "preset=superfast x264-params=crf=18:aq-mode=3"},
+        {VideoCodec::hevc, "hevc_nvenc", true, kPlanes, kNone, "preset=p4 cq=20"},
+        {VideoCodec::hevc, "hevc_vaapi", true, kCard, kNone, "rc_mode=CQP qp=20"},
+        {VideoCodec::hevc, "libx265", false, kPlanes, kNone,
+         "preset=superfast x265-params=crf=19:bframes=0:aq-mode=3:log-level=none"},
+        {VideoCodec::vp9, "libvpx-vp9", false, kPlanes, kNone, kVP9},
+        {VideoCodec::vp9, "libvpx-vp9", false, AV_PIX_FMT_YUVA420P, kAlpha, kVP9},
+        {VideoCodec::proRes4444, "prores_ks", false, AV_PIX_FMT_YUVA444P10LE, kAlpha, "profile=4444"},
     });
     // clang-format on
     return kRows;
@@ -192,7 +192,8 @@ std::span<const ChosenEncoder::Row> ChosenEncoder::rows() {
 Result<ChosenEncoder> ChosenEncoder::open(const VideoSettings& settings) {
     const bool mayUseHardware = hasHardwareEncoder(settings.codec);
     for (const Row& row : rows()) {
-        if (row.codec != settings.codec || (row.isHardware && !mayUseHardware))
+        if (row.codec != settings.codec || row.alpha != settings.alpha ||
+            (row.isHardware && !mayUseHardware))
             continue;
         if (auto opened = openRow(row, settings))
             return ChosenEncoder(std::move(opened));

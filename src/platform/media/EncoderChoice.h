@@ -11,7 +11,8 @@
 
 namespace zelvo::media {
 
-/// The encoder of a movie, opened for 4:2:0 pictures in planes.
+/// The encoder of a movie. It takes pictures in planes, in the pixel format of its context; one in
+/// hardware takes 4:2:0.
 class ChosenEncoder {
 public:
     /// The time unit of packets is 1 / kTimescale seconds.

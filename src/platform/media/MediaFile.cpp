@@ -161,6 +161,11 @@ void closeMediaFile(AVFormatContext* context) {
         closeInput(io);
 }
 
+bool hasAlphaBeside(const AVStream& stream) {
+    const AVDictionaryEntry* const mode = av_dict_get(stream.metadata, "alpha_mode", nullptr, 0);
+    return mode != nullptr && std::string_view(mode->value) == "1";
+}
+
 void readOnlyStream(AVFormatContext& format, int stream) {
     for (unsigned i = 0; i < format.nb_streams; ++i) {
         const bool isWanted = static_cast<int>(i) == stream;

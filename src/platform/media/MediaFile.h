@@ -22,6 +22,9 @@ inline constexpr std::int64_t kMaxSeconds = 24LL * 60 * 60;
 /// file must not be collected in memory.
 [[nodiscard]] bool readPacket(AVFormatContext& format, AVPacket& packet);
 
+/// Whether the file has the alpha of its VP8 or VP9 pictures in a stream beside them.
+[[nodiscard]] bool hasAlphaBeside(const AVStream& stream);
+
 /// Makes the demuxer skip all other streams (-1: all streams).
 void readOnlyStream(AVFormatContext& format, int stream);
 

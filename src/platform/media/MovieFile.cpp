@@ -2,6 +2,8 @@
 #include "platform/media/MovieFile.h"
 
 #include "platform/foundation/Check.h"
+#include "platform/media/Container.h"
+#include "platform/media/VideoSettings.h"
 
 #include <utility>
 
@@ -18,6 +20,8 @@ unsigned tagOf(const AVCodecParameters& parameters) {
         return MKTAG('a', 'v', 'c', '1');
     case AV_CODEC_ID_HEVC:
         return MKTAG('h', 'v', 'c', '1');
+    case AV_CODEC_ID_PRORES:
+        return parameters.codec_tag; // tells the profile
     default:
         return 0;
     }
@@ -40,9 +44,9 @@ MovieFile::create(const std::filesystem::path& path, Layout layout, foundation::
     MovieFile file(path, std::move(*made));
     file.layout = layout;
     AVFormatContext* context = nullptr;
-    const char* const container = path.extension() == ".mp4" ? "mp4" : "mov";
+    const std::string container(infoOf(containerOf(path)).name);
     const std::string url = "file:" + file.file.path().string();
-    avformat_alloc_output_context2(&context, nullptr, container, url.c_str());
+    avformat_alloc_output_context2(&context, nullptr, container.c_str(), url.c_str());
     CHECK(context != nullptr, "FFmpeg has no writer for {}", container);
     file.format.reset(context);
     if (const int code = avio_open(&context->pb, url.c_str(), AVIO_FLAG_WRITE); code < 0)
@@ -58,6 +62,10 @@ int MovieFile::addTrack(const AVCodecParameters& parameters, AVRational timeBase
     avcodec_parameters_copy(stream->codecpar, &parameters);
     stream->codecpar->codec_tag = tagOf(parameters);
     stream->time_base = timeBase;
+    if (parameters.codec_type == AVMEDIA_TYPE_VIDEO)
+        stream->avg_frame_rate = {VideoSettings::kFramesPerSecond, 1};
+    if (parameters.format == AV_PIX_FMT_YUVA420P) // WebM has the alpha beside the pictures
+        av_dict_set(&stream->metadata, "alpha_mode", "1", 0);
     timeBases.push_back(timeBase);
     return stream->index;
 }
@@ -65,8 +73,13 @@ int MovieFile::addTrack(const AVCodecParameters& parameters, AVRational timeBase
 Result<void> MovieFile::begin() {
     // The same timescale for movie and video, so that lengths in frames are exact in both.
     Options options{{"movie_timescale", "600"}, {"video_track_timescale", "600"}};
-    if (layout == Layout::indexFirst)
+    if (layout == Layout::indexFirst) {
         av_dict_set(options.get(), "movflags", "+faststart", 0);
+        av_dict_set(options.get(), "cues_to_front", "1", 0); // of WebM
+    }
+    // Opus begins below 0, by a delay that WebM itself makes up for: the pictures must not move.
+    if (containerOf(path_) == Container::webm)
+        format->avoid_negative_ts = AVFMT_AVOID_NEG_TS_DISABLED;
     hasBegun = true;
     const int code = avformat_write_header(format.get(), options.get());
     if (code < 0)

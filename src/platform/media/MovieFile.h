@@ -11,8 +11,10 @@
 
 namespace zelvo::media {
 
-/// Writes a QuickTime file, or an MPEG-4 file if the name ends in ".mp4". It is put in place when
-/// it is finished and committed; otherwise nothing is left behind.
+/// Writes a movie file, of the kind that the ending of its name says (containerOf). It is put in
+/// place when it is finished and committed; otherwise nothing is left behind.
+///
+/// QuickTime and MP4 keep times to 1/600 s, WebM to 1/1000 s.
 class MovieFile {
 public:
     enum class Layout {
@@ -28,7 +30,7 @@ public:
     MovieFile& operator=(MovieFile&&) = delete;
 
     /// Call it before begin(). Returns the index of the track. The time base is kept if it is a
-    /// whole fraction of a second.
+    /// whole fraction of a second. Pictures in YUVA420P have alpha.
     [[nodiscard]] int addTrack(const AVCodecParameters& parameters, AVRational timeBase);
 
     [[nodiscard]] foundation::Result<void> begin();

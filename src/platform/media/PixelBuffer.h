@@ -8,7 +8,7 @@
 
 namespace zelvo::media {
 
-/// The order of the four bytes of a pixel. The movie writer ignores the fourth.
+/// The order of the four bytes of a pixel. The fourth is straight alpha; opaque movies ignore it.
 enum class PixelFormat { bgra, rgba };
 
 /// A picture with 8 bits a channel, rows without gaps, the top row first. A PixelBufferPool makes

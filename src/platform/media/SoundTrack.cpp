@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/media/SoundTrack.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <tuple>
 #include <utility>
@@ -17,6 +20,16 @@ constexpr int kRate = AudioReader::kSampleRate;
 constexpr int kChannels = AudioReader::kChannels;
 constexpr std::int64_t kBitRate = 192000;
 
+struct Row {
+    SoundCodec codec;
+    const char* name; ///< of FFmpeg's encoder
+    AVSampleFormat format;
+};
+
+constexpr auto kRows = std::to_array<Row>(
+    {{SoundCodec::aac, "aac", AV_SAMPLE_FMT_FLTP},
+     {SoundCodec::opus, "libopus", AV_SAMPLE_FMT_FLT}});
+
 std::int64_t samplesAt(double seconds) {
     return std::llround(seconds * kRate);
 }
@@ -29,12 +42,13 @@ SoundTrack::SoundTrack(AudioReader sound)
 Result<SoundTrack> SoundTrack::open(
     const AVMutableCompositionTrack::Segment& segment,
     AVMutableAudioMixInputParameters volume,
-    double lengthSeconds) {
+    double lengthSeconds,
+    SoundCodec codec) {
     auto reader = AudioReader::open(segment.source.file);
     if (!reader)
         return tl::unexpected(reader.error());
     SoundTrack sound(std::move(*reader));
-    if (auto opened = sound.openEncoder(); !opened)
+    if (auto opened = sound.openEncoder(codec); !opened)
         return tl::unexpected(opened.error());
     sound.volume = std::move(volume);
     sound.length = samplesAt(lengthSeconds);
@@ -44,17 +58,20 @@ Result<SoundTrack> SoundTrack::open(
     return sound;
 }
 
-Result<void> SoundTrack::openEncoder() {
-    const AVCodec* codec = avcodec_find_encoder(AV_CODEC_ID_AAC);
+Result<void> SoundTrack::openEncoder(SoundCodec wanted) {
+    const Row& row = *std::ranges::find(kRows, wanted, &Row::codec);
+    const AVCodec* codec = avcodec_find_encoder_by_name(row.name);
     encoder.reset(avcodec_alloc_context3(codec));
-    encoder->sample_fmt = AV_SAMPLE_FMT_FLTP;
+    encoder->sample_fmt = row.format;
     encoder->sample_rate = kRate;
     encoder->time_base = {1, kRate};
     encoder->bit_rate = kBitRate;
     encoder->flags |= AV_CODEC_FLAG_GLOBAL_HEADER | AV_CODEC_FLAG_BITEXACT;
     av_channel_layout_default(&encoder->ch_layout, kChannels);
     if (codec == nullptr || avcodec_open2(encoder.get(), codec, nullptr) < 0) {
-        return fail(Cause::unavailable, "This machine has no AAC encoder for the movie's sound.");
+        return fail(
+            Cause::unavailable,
+            fmt::format("This machine has no encoder named {} for the movie's sound.", row.name));
     }
     packet.reset(av_packet_alloc());
     frame.reset(av_frame_alloc());
@@ -99,18 +116,26 @@ Result<void> SoundTrack::writeFrame(MovieFile& movie) {
     }
     const auto count = std::min<std::int64_t>(encoder->frame_size, length - position);
     mix(count);
-    for (int channel = 0; channel < kChannels; ++channel) {
-        // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): planes of floats are given
-        // as bytes
-        auto* plane = reinterpret_cast<float*>(frame->extended_data[channel]);
-        for (std::int64_t i = 0; i < count; ++i) {
-            plane[i] = block[static_cast<std::size_t>(i * kChannels + channel)];
-        }
-    }
+    fillFrame(count);
     frame->nb_samples = static_cast<int>(count);
     frame->pts = position;
     position += count;
     return send(frame.get(), movie);
+}
+
+void SoundTrack::fillFrame(std::int64_t count) const {
+    const auto plane = [this](int index) {
+        // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): floats are given as bytes
+        return reinterpret_cast<float*>(frame->extended_data[index]);
+    };
+    if (encoder->sample_fmt == AV_SAMPLE_FMT_FLT) {
+        std::copy_n(block.begin(), count * kChannels, plane(0));
+        return;
+    }
+    for (int channel = 0; channel < kChannels; ++channel) {
+        for (std::int64_t i = 0; i < count; ++i)
+            plane(channel)[i] = block[static_cast<std::size_t>(i * kChannels + channel)];
+    }
 }
 
 /// Fills the block with the next samples: silence or the part of the song, with the volume of each

@@ -12,8 +12,10 @@
 
 namespace zelvo::media {
 
+enum class SoundCodec { aac, opus };
+
 /// The sound of an exported movie: a part of a file, silence before and after it, and its volume
-/// over time, encoded as AAC at 192 kbit/s. Positions are counted in samples (1/48000 s) from the
+/// over time, encoded at 192 kbit/s. Positions are counted in samples (1/48000 s) from the
 /// start of the movie.
 class SoundTrack {
 public:
@@ -22,7 +24,8 @@ public:
     [[nodiscard]] static foundation::Result<SoundTrack> open(
         const AVMutableCompositionTrack::Segment& segment,
         AVMutableAudioMixInputParameters volume,
-        double lengthSeconds);
+        double lengthSeconds,
+        SoundCodec codec);
 
     /// Call it before the file begins.
     void addTo(MovieFile& movie);
@@ -39,7 +42,8 @@ public:
 private:
     explicit SoundTrack(AudioReader sound);
 
-    [[nodiscard]] foundation::Result<void> openEncoder();
+    [[nodiscard]] foundation::Result<void> openEncoder(SoundCodec codec);
+    void fillFrame(std::int64_t count) const;
     [[nodiscard]] foundation::Result<void> writeFrame(MovieFile& movie);
     [[nodiscard]] foundation::Result<void> send(AVFrame* next, MovieFile& movie);
     void mix(std::int64_t count);

@@ -27,8 +27,7 @@ std::optional<std::int64_t> known(std::int64_t time) {
 
 /// The usual decoders of VP8 and VP9 leave the alpha out.
 const AVCodec* decoderWithAlpha(const AVStream& stream) {
-    const AVDictionaryEntry* const mode = av_dict_get(stream.metadata, "alpha_mode", nullptr, 0);
-    if (mode == nullptr || std::string_view(mode->value) != "1")
+    if (!hasAlphaBeside(stream))
         return nullptr;
     switch (stream.codecpar->codec_id) {
     case AV_CODEC_ID_VP8:

@@ -3,6 +3,7 @@
 
 #include "platform/foundation/Result.h"
 #include "platform/media/CMTime.h"
+#include "platform/media/ColorBleed.h"
 #include "platform/media/EncoderChoice.h"
 #include "platform/media/FFmpeg.h"
 #include "platform/media/PixelBuffer.h"
@@ -13,8 +14,7 @@
 
 namespace zelvo::media {
 
-/// Turns pictures into packets: converts to 4:2:0, scales if the size differs from the movie's,
-/// encodes. No frame refers to a later one, so packets come in display order and a movie can be cut
+/// Turns pictures into packets: converts to the encoder's format and encodes. No frame refers to a later one, so packets come in display order and a movie can be cut
 /// after any frame.
 class VideoEncoder {
 public:
@@ -26,8 +26,9 @@ public:
     /// Error: `unavailable` if no encoder for the codec works.
     [[nodiscard]] static foundation::Result<VideoEncoder> open(const VideoSettings& settings);
 
+    /// With alpha, the colours of the picture's transparent pixels are changed.
     [[nodiscard]] foundation::Result<void>
-    encode(const PixelBuffer& picture, CMTime time, const PacketSink& sink);
+    encode(PixelBuffer& picture, CMTime time, const PacketSink& sink);
 
     /// Writes the frames that the encoder still holds.
     [[nodiscard]] foundation::Result<void> finish(const PacketSink& sink);
@@ -38,12 +39,14 @@ private:
     explicit VideoEncoder(ChosenEncoder chosen)
         : encoder(std::move(chosen)) {}
 
-    [[nodiscard]] foundation::Result<void> prepareFrame(const PixelBuffer& picture);
+    [[nodiscard]] foundation::Result<void> prepareFrame(PixelBuffer& picture);
+    void convert(PixelBuffer& picture);
     [[nodiscard]] foundation::Result<void> send(AVFrame* next, const PacketSink& sink);
 
     ChosenEncoder encoder;
     FFmpegPtr<AVFrame> frame;
     FFmpegPtr<AVPacket> packet;
+    ColorBleed bleed; ///< used with alpha
 };
 
 } // namespace zelvo::media

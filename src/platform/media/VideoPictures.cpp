@@ -211,12 +211,14 @@ bool VideoPictures::prepareScaler(const AVFrame& frame) {
     const auto format = static_cast<AVPixelFormat>(frame.format);
     if (frame.width <= 0 || frame.height <= 0 || sws_isSupportedInput(format) == 0)
         return false;
-    const Colors colors{format, matrixOf(frame), hasFullRange(frame), transferOf(frame)};
+    const Colors colors{
+        format, frame.width, frame.height, matrixOf(frame), hasFullRange(frame), transferOf(frame)};
+    // Not sws_getCachedContext: of 4:4:4 it makes a new scaler each time, with another matrix.
+    if (scaler && colors == lastColors)
+        return true;
     if (colors.transfer != lastColors.transfer)
         hdr = colors.transfer ? std::make_unique<HDRConversion>(*colors.transfer) : nullptr;
-    const SwsContext* const before = scaler.get();
-    scaler.reset(sws_getCachedContext(
-        scaler.release(),
+    scaler.reset(sws_getContext(
         frame.width,
         frame.height,
         withoutJPEGName(format),
@@ -229,8 +231,6 @@ bool VideoPictures::prepareScaler(const AVFrame& frame) {
         nullptr));
     if (!scaler)
         return false;
-    if (scaler.get() == before && colors == lastColors)
-        return true;
     lastColors = colors;
     constexpr int kNeutral = 1 << 16; // contrast and saturation
     sws_setColorspaceDetails(

@@ -65,6 +65,8 @@ private:
     /// What the scaler's tables are made for.
     struct Colors {
         int format = -1;
+        int width = 0; ///< as stored
+        int height = 0;
         int matrix = 0;
         bool hasFullRange = false;
         std::optional<HDRConversion::Transfer> transfer; ///< nothing: not in HDR

@@ -3,15 +3,19 @@
 
 namespace zelvo::media {
 
-enum class VideoCodec { h264, hevc };
+/// ProRes 4444 is only written with alpha, VP9 with and without, the others without.
+enum class VideoCodec { h264, hevc, vp9, proRes4444 };
 
-/// The format of a movie's video. Always 4:2:0, BT.709 in video range.
+enum class Alpha { none, straight };
+
+/// The format of a movie's video: BT.709 in video range. 4:2:0, and 4:4:4 in ProRes.
 struct VideoSettings {
     static constexpr int kFramesPerSecond = 60;
 
     VideoCodec codec = VideoCodec::h264;
     int width = 1920; ///< even, 16 to 8192
     int height = 1080;
+    Alpha alpha = Alpha::none;
 };
 
 /// Whether this machine can encode 1920 x 1080 with this codec in hardware; tested once by opening
