@@ -12,3 +12,5 @@ install(FILES "${CMAKE_SOURCE_DIR}/packaging/zelvo-mime.xml" DESTINATION "share/
 install(FILES "${CMAKE_SOURCE_DIR}/packaging/zelvo.metainfo.xml" DESTINATION "share/metainfo")
 install(FILES "${CMAKE_SOURCE_DIR}/src/ui/qml/icons/Zelvo.svg" DESTINATION "share/icons/hicolor/scalable/apps"
         RENAME zelvo.svg)
+install(FILES "${CMAKE_SOURCE_DIR}/packaging/icons/application-x-zelvo.svg"
+        DESTINATION "share/icons/hicolor/scalable/mimetypes")
