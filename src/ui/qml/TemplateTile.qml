@@ -8,7 +8,7 @@ Item {
     id: root
 
     required property string title
-    required property url preview
+    required property string preview
     required property Screens.TemplateRows rows
     required property bool isCurrent
 
@@ -42,7 +42,7 @@ Item {
 
             AnimatedSprite {
                 anchors.fill: parent
-                visible: root.preview.toString() !== ""
+                visible: root.preview !== ""
                 source: root.preview
                 frameWidth: root.rows.frameWidth
                 frameHeight: root.rows.frameHeight
@@ -53,7 +53,7 @@ Item {
             }
             Text {
                 anchors.centerIn: parent
-                visible: root.preview.toString() === ""
+                visible: root.preview === ""
                 text: "+"
                 color: Theme.mutedText
                 font.pixelSize: Theme.px(34)

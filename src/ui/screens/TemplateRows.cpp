@@ -47,12 +47,14 @@ static_assert(kTitles.size() == kTemplates.size());
     return QCoreApplication::translate(kContext, title);
 }
 
-[[nodiscard]] QUrl previewOf(int row) {
+[[nodiscard]] QString previewOf(int row) {
     if (row == kEmptyStage)
         return {};
     const auto file =
         foundation::mainBundle().path(document::previewName(kTemplates.at(templateAt(row))));
-    return file.empty() ? QUrl() : QUrl::fromLocalFile(QString::fromStdString(file.string()));
+    if (file.empty())
+        return {};
+    return QUrl::fromLocalFile(QString::fromStdString(file.string())).toString(QUrl::FullyEncoded);
 }
 
 } // namespace
