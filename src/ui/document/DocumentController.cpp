@@ -383,6 +383,7 @@ void DocumentController::tellMissing(const std::vector<foundation::Problem>& mis
     if (missing.empty())
         return;
     std::vector<std::string> lines;
+    lines.reserve(missing.size());
     for (const foundation::Problem& problem : missing)
         lines.push_back(problem.text);
     services.alerts.showAlert(

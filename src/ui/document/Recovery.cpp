@@ -91,6 +91,7 @@ std::vector<Recovery::Left> Recovery::left() const {
     }
     std::ranges::sort(found, std::greater(), [](const auto& each) { return each.first; });
     std::vector<Left> newestFirst;
+    newestFirst.reserve(found.size());
     for (auto& [changed, each] : found)
         newestFirst.push_back(std::move(each));
     return newestFirst;

@@ -54,7 +54,7 @@ std::string shortened(std::string message, const std::filesystem::path& file) {
 /// picture is shown, but no document can name it.
 std::filesystem::path keptPaste(const QByteArray& encoded, const std::filesystem::path& folder) {
     const QByteArray hash = QCryptographicHash::hash(encoded, QCryptographicHash::Sha256).toHex();
-    const auto file = folder / hash.first(kHashDigits).toStdString();
+    auto file = folder / hash.first(kHashDigits).toStdString();
     std::error_code error;
     if (std::filesystem::exists(file, error))
         return file;
