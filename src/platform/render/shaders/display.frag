@@ -61,14 +61,19 @@ void main() {
     vec3 color = shown(first + glow);
     float ofScene = first.a;
 #if SAMPLES > 1
-    // Each sample is tone mapped, so that the edges of bright things are smooth, too.
-    for (int i = 1; i < SAMPLES; ++i) {
+    // Each sample is tone mapped, so that the edges of bright things are smooth, too. Off the edges
+    // all are the same: a loop without rounds is skipped in software, too.
+    bool isEdge = false;
+    for (int i = 1; i < SAMPLES; ++i)
+        isEdge = isEdge || texelFetch(uPicture, here, i) != first;
+    int count = isEdge ? SAMPLES : 1;
+    for (int i = 1; i < count; ++i) {
         vec4 light = texelFetch(uPicture, here, i);
         color += shown(light + glow);
         ofScene += light.a;
     }
-    color *= 1.0 / float(SAMPLES);
-    ofScene *= 1.0 / float(SAMPLES);
+    color *= 1.0 / float(count);
+    ofScene *= 1.0 / float(count);
 #endif
     // Noise of up to half an 8-bit step, so that soft gradients do not band. Less for colours that
     // are shown as they are: these stay exact.
