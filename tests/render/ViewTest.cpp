@@ -91,6 +91,42 @@ TEST_F(View, ItsQualityMakesTheStepsOfEdgesSmall) {
     EXPECT_GT(mixedPixels({1, 4}), 20);
 }
 
+TEST_F(View, InMotionTheFloorFollowsWithinAFrameAndAtRestItIsWhole) {
+    camera->position = glm::vec3(0, 50, 200);
+    camera->camera->fieldOfView = 60;
+    camera->camera->zFar = 5000;
+    const auto floor = addNode({});
+    floor->geometry = std::make_shared<scene::SCNPlane>(2000, 2000);
+    floor->geometry->materials = {makeMatte(image::Color::white(0.5f))};
+    floor->geometry->materials[0]->floor =
+        scene::SCNFloorLook{.mirror = 1, .blur = 0.3f, .contact = 1, .lift = 10};
+    floor->setEulerAngles({-1.5707963f, 0, 0});
+    floor->castsShadow = false;
+    addLight(scene::SCNLightType::ambient, {}, 1000);
+    const auto box = addNode({-60, 20, 0});
+    box->geometry = std::make_shared<scene::SCNBox>(40, 30, 40, 0);
+    box->geometry->materials = {makeMaterial(image::Color::hex(0x00FF00))};
+    const auto drawn = [this](Detail detail) {
+        view->quality = {.oversampling = 1, .samples = 1, .detail = detail};
+        return drawnInto(RowOrder::topFirst);
+    };
+    const auto largestDifference = [](const image::Image& a, const image::Image& b) {
+        int largest = 0;
+        for (std::size_t i = 0; i < a.pixels.size(); ++i)
+            largest = std::max(largest, std::abs(a.pixels[i] - b.pixels[i]));
+        return largest;
+    };
+    for (int i = 0; i < 3; ++i)
+        static_cast<void>(drawn(Detail::moving));
+    box->position = glm::vec3(60, 20, 0);
+    static_cast<void>(drawn(Detail::moving));
+    const image::Image moving = drawn(Detail::moving);
+    EXPECT_EQ(drawn(Detail::moving).pixels, moving.pixels) << "what is late is one frame late";
+    const image::Image whole = drawn(Detail::full);
+    EXPECT_EQ(whole.pixels, renderer->snapshotAtTime(0, kWindow, {1, 1}).pixels);
+    EXPECT_LT(largestDifference(moving, whole), 30) << "nothing jumps when the motion ends";
+}
+
 TEST_F(View, ToleratesAnyStateAndLeavesOpenGLsOwn) {
     const auto wire = makeMaterial(image::Color::white(1)); // drawn last
     wire->fillMode = scene::SCNFillMode::lines;

@@ -47,7 +47,10 @@ glm::mat4 ContactMap::toTexture(float height) {
 }
 
 bool ContactMap::draw(
-    const ShadowPass::Tools& tools, const Snapshot& snapshot, const Snapshot::Floor& floor) {
+    const ShadowPass::Tools& tools,
+    const Snapshot& snapshot,
+    const Snapshot::Floor& floor,
+    Refresh refresh) {
     things.clear();
     Hash hash;
     hash.addBlock(floor.height);
@@ -68,8 +71,13 @@ bool ContactMap::draw(
     }
     const bool isNew = footprints.resize({kFootprintSide, kFootprintSide}, tools.state);
     softened.resize({kSoftenedSide, kSoftenedSide}, tools.state);
-    if (things.empty() || (!isNew && content == hash.result()))
-        return !things.empty();
+    if (things.empty()) {
+        content = 0; // what comes next must not find these
+        return false;
+    }
+    const bool mayStay = refresh == Refresh::later && content != 0;
+    if (!isNew && (mayStay || content == hash.result()))
+        return true;
     content = hash.result();
     footprints.bind(tools.state);
     ShadowPass::beginMap(tools, upwards(floor.height));

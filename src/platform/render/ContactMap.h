@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/render/DrawQuality.h"
 #include "platform/render/FullscreenPass.h"
 #include "platform/render/PixelRect.h"
 #include "platform/render/RenderTarget.h"
@@ -17,8 +18,11 @@ namespace zelvo::render {
 class ContactMap {
 public:
     /// Keeps the map if nothing has moved. False if nothing is near the floor.
-    [[nodiscard]] bool
-    draw(const ShadowPass::Tools& tools, const Snapshot& snapshot, const Snapshot::Floor& floor);
+    [[nodiscard]] bool draw(
+        const ShadowPass::Tools& tools,
+        const Snapshot& snapshot,
+        const Snapshot::Floor& floor,
+        Refresh refresh);
 
     /// Red is the lost share.
     [[nodiscard]] std::uint32_t texture() const { return softened.color(); }

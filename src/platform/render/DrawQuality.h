@@ -6,6 +6,18 @@
 
 namespace zelvo::render {
 
+/// How much work goes into what is soft anyway: shadow edges, mirror images, dark places on floors.
+enum class Detail {
+    full,
+    /// For a picture that another one replaces at once: fewer lookups, smaller pictures, each of
+    /// them drawn in every other frame. What is sharp stays the same. Only SCNView does so, and only
+    /// where no graphics card draws.
+    moving
+};
+
+/// Whether a picture that is kept from frame to frame may be a frame late.
+enum class Refresh { now, later };
+
 /// How finely a picture is drawn.
 struct DrawQuality {
     /// Drawn size over the size of the picture, kMinOversampling to 4. It makes edges, patterns and
@@ -20,6 +32,7 @@ struct DrawQuality {
     int passes = 1;
     /// Moments of motion blur in a frame; 1: none. There are at least as many passes as moments.
     int moments = 1;
+    Detail detail = Detail::full;
 
     /// A multiple of the moments.
     [[nodiscard]] int passesDrawn() const { return (passes + moments - 1) / moments * moments; }

@@ -5,6 +5,7 @@
 #include "platform/render/ShaderProgram.h"
 #include "platform/render/ShadowReach.h"
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -12,7 +13,19 @@ namespace zelvo::render {
 namespace {
 
 /// The mirror image is blurred, so it needs fewer pixels than the picture.
-constexpr double kMirrorScale = 1.0 / 3;
+struct MirrorRow {
+    double scale; ///< its size over the picture's
+    float blurSamples;
+};
+
+// clang-format off
+/// In the order of Detail.
+constexpr auto kMirrors = std::to_array<MirrorRow>({
+    {1.0 / 3, 16},
+    {1.0 / 5, 8}
+});
+
+// clang-format on
 
 ProgramHandle build(bool hasRoughness) {
     std::vector<std::string> defines{"LIT"};
@@ -28,25 +41,37 @@ ProgramHandle build(bool hasRoughness) {
 void FloorPass::prepare(const Tools& tools, const Frame& frame) {
     const Snapshot::Floor& floor = *frame.snapshot.floor();
     const scene::SCNFloorLook& look = *floor.item.material->floor;
+    // In motion the two pictures are drawn by turns. Both are soft: a frame late is not seen.
+    turn = frame.detail == Detail::moving ? turn + 1 : 0;
     hasContact =
         look.contact > 0 &&
         contact.draw(
             {tools.state, tools.meshes, tools.shaders, frame.items.uniforms, tools.textures},
             frame.snapshot,
-            floor);
-    const Size size = frame.target.size().scaled(kMirrorScale);
-    const VisibleNode& node = frame.snapshot.nodes()[floor.item.node];
+            floor,
+            turn % 2 == 0 ? Refresh::now : Refresh::later);
     if (look.mirror > 0)
-        mirror.draw(
-            {tools.state, tools.painter, tools.particles, tools.textures},
-            {frame.scene,
-             frame.snapshot,
-             look,
-             floor.height + look.lift,
-             size,
-             boundsOnScreen(node, frame.snapshot.camera(), size),
-             frame.block,
-             frame.items});
+        drawMirror(tools, frame);
+}
+
+void FloorPass::drawMirror(const Tools& tools, const Frame& frame) {
+    const Snapshot::Floor& floor = *frame.snapshot.floor();
+    const scene::SCNFloorLook& look = *floor.item.material->floor;
+    const MirrorRow& row = kMirrors.at(static_cast<std::size_t>(frame.detail));
+    const Size size = frame.target.size().scaled(row.scale);
+    const VisibleNode& node = frame.snapshot.nodes()[floor.item.node];
+    mirror.draw(
+        {tools.state, tools.painter, tools.particles, tools.textures},
+        {frame.scene,
+         frame.snapshot,
+         look,
+         floor.height + look.lift,
+         size,
+         boundsOnScreen(node, frame.snapshot.camera(), size),
+         frame.block,
+         frame.items,
+         row.blurSamples,
+         turn == 0 || turn % 2 == 1 ? Refresh::now : Refresh::later});
 }
 
 void FloorPass::drawOn(const Tools& tools, const Frame& frame) {

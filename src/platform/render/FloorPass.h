@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/render/ContactMap.h"
+#include "platform/render/DrawQuality.h"
 #include "platform/render/MirrorImage.h"
 
 #include <map>
@@ -28,6 +29,7 @@ public:
         const FrameBlock& block;
         const ItemPainter::Frame& items;
         const RenderTarget& target;
+        Detail detail = Detail::full;
     };
 
     /// Draws the pictures that `drawOn` needs.
@@ -36,10 +38,12 @@ public:
 
 private:
     [[nodiscard]] std::uint32_t program(bool hasRoughness);
+    void drawMirror(const Tools& tools, const Frame& frame);
 
     MirrorImage mirror;
     ContactMap contact;
     bool hasContact = false;
+    int turn = 0; ///< counts frames in motion; 0 at full detail
     ProgramHandle plain;
     ProgramHandle textured;
 };

@@ -147,7 +147,10 @@ void FramePasses::draw(const FrameInput& input, RenderTarget& picture) {
         input,
         {picture, spare},
         drawer.begin(
-            input.scene, {input.pointOfView, input.moment, input.leftOut}, light, input.uniforms)};
+            input.scene,
+            {input.pointOfView, input.moment, input.leftOut},
+            {light, input.detail},
+            input.uniforms)};
     for (const Pass& pass : passes()) {
         if (!pass.isSeen(*this, frame))
             continue;

@@ -4,6 +4,7 @@
 #include "platform/render/BloomPass.h"
 #include "platform/render/DepthOfFieldPass.h"
 #include "platform/render/DisplayPass.h"
+#include "platform/render/DrawQuality.h"
 #include "platform/render/SceneDrawer.h"
 #include "platform/render/TechniquePasses.h"
 
@@ -24,6 +25,7 @@ struct FrameInput {
     UniformArena& uniforms; ///< must not be reused until the GPU has finished the frame
     Moment moment{};
     std::uint32_t leftOut = 0; ///< categories of nodes that are not drawn
+    Detail detail = Detail::full;
 };
 
 /// Draws a frame: the chain of passes that the movie renderer and the view on screen share. One

@@ -21,8 +21,13 @@ constexpr double kHeightsScale = 0.5; ///< size of the picture of heights over t
 
 void MirrorImage::draw(const Tools& tools, const Request& request) {
     snapshot.takeMirrored(request.scene, request.snapshot, request.height);
-    if (seenIn(request.size).intersected(request.part).isEmpty())
+    if (seenIn(request.size).intersected(request.part).isEmpty()) {
+        drawnFrom.reset();
         return;
+    }
+    if (mayStay(request))
+        return;
+    drawnFrom = snapshot.camera().viewProjection;
     sharp.resize(request.size, tools.state);
     sharp.bind(tools.state);
     tools.state.clear();
@@ -42,6 +47,12 @@ void MirrorImage::draw(const Tools& tools, const Request& request) {
         {nullptr, ParticleLight(request.scene, snapshot.lights())});
     tools.state.setScissor(std::nullopt);
     blur(tools, request);
+}
+
+/// With another camera it would be at another place on screen.
+bool MirrorImage::mayStay(const Request& request) const {
+    return request.refresh == Refresh::later && blurred.size() == request.size &&
+           drawnFrom == snapshot.camera().viewProjection;
 }
 
 void MirrorImage::drawItems(const Tools& tools, const ItemPainter::Frame& frame) {
@@ -66,7 +77,7 @@ void MirrorImage::blur(const Tools& tools, const Request& request) {
     block.passDirections = glm::inverse(camera.viewProjection);
     const float widest = kWidestBlur * request.look.blur;
     const float eyeHeight = std::max(request.height - camera.position.y, 1.0f);
-    block.passNumbers[0] = {request.height, widest, eyeHeight, 0};
+    block.passNumbers[0] = {request.height, widest, eyeHeight, request.blurSamples};
     heights.resize(request.size.scaled(kHeightsScale), tools.state);
     measure.run(
         passTools, heights, {{kPictureUnit, sharp.color()}, {kDepthUnit, sharp.depth()}}, block);

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/render/DrawQuality.h"
 #include "platform/render/FullscreenPass.h"
 #include "platform/render/ItemPainter.h"
 #include "platform/render/ParticlePass.h"
 #include "platform/render/PixelRect.h"
 #include "platform/render/RenderTarget.h"
 #include "platform/render/Snapshot.h"
+
+#include <optional>
 
 namespace zelvo::render {
 
@@ -32,6 +35,8 @@ public:
         PixelRect part; ///< of it that is needed
         FrameBlock block;
         ItemPainter::Frame items;
+        float blurSamples; ///< lookups a pixel
+        Refresh refresh;
     };
 
     /// Draws nothing if `seenIn` has nothing in the part.
@@ -49,8 +54,10 @@ public:
 private:
     void drawItems(const Tools& tools, const ItemPainter::Frame& frame);
     void blur(const Tools& tools, const Request& request);
+    [[nodiscard]] bool mayStay(const Request& request) const;
 
     Snapshot snapshot;
+    std::optional<glm::mat4> drawnFrom; ///< view of the last image; empty: there is none
     RenderTarget sharp{TargetFormat::mirror, TargetFormat::depth32};
     RenderTarget heights{TargetFormat::casters};
     RenderTarget blurred{TargetFormat::rgba8};

@@ -109,7 +109,10 @@ void SCNView::draw(const ViewTarget& target) {
          target.size.scaled(oversampling),
          quality.samples,
          target.size,
-         frame.uniforms},
+         frame.uniforms,
+         {},
+         0,
+         state->device.isSoftware ? quality.detail : Detail::full},
         state->picture);
     graphics.handBack();
     copy(state->picture, target);

@@ -10,6 +10,10 @@
 namespace zelvo::render {
 namespace {
 
+// Lookups of a shadow: to search casters, and for its edge (see shadows.glsl).
+constexpr glm::vec4 kFullEffort{4, 8, 0, 0};
+constexpr glm::vec4 kMovingEffort{2, 4, 0, 0};
+
 /// Whether two translucent items are drawn as one thing.
 bool belongTogether(const DrawItem& a, const DrawItem& b) {
     return a.node == b.node || (a.fade != 0 && a.fade == b.fade);
@@ -26,15 +30,16 @@ SceneDrawer::SceneDrawer(const DeviceInfo& device)
 SceneDrawer::Frame SceneDrawer::begin(
     const scene::SCNScene& scene,
     const Snapshot::Sight& sight,
-    const RenderTarget& target,
+    const Canvas& canvas,
     UniformArena& uniforms) {
-    snapshot.take(scene, sight, target.size());
+    snapshot.take(scene, sight, canvas.target.size());
     views = shadowViews(snapshot);
     painter.begin();
     return {
         scene,
-        target,
-        frameBlock(scene, target.samples()),
+        canvas.target,
+        canvas.detail,
+        frameBlock(scene, canvas),
         {snapshot, views.all(), uniforms, frameFeatures(scene)}};
 }
 
@@ -52,12 +57,16 @@ FloorPass::Tools SceneDrawer::floorTools() {
     return {state, painter, particles, textures, meshes, shaders};
 }
 
+FloorPass::Frame SceneDrawer::floorFrame(const Frame& frame) const {
+    return {frame.scene, snapshot, frame.block, frame.items, frame.target, frame.detail};
+}
+
 void SceneDrawer::prepareFloor(const Frame& frame) {
-    floor.prepare(floorTools(), {frame.scene, snapshot, frame.block, frame.items, frame.target});
+    floor.prepare(floorTools(), floorFrame(frame));
 }
 
 void SceneDrawer::drawOnFloor(const Frame& frame) {
-    floor.drawOn(floorTools(), {frame.scene, snapshot, frame.block, frame.items, frame.target});
+    floor.drawOn(floorTools(), floorFrame(frame));
 }
 
 void SceneDrawer::drawStill(const Frame& frame) {
@@ -150,7 +159,7 @@ std::shared_ptr<const image::LightProbe> SceneDrawer::probeOf(const scene::SCNSc
     return picture ? picture->lightProbe : nullptr;
 }
 
-FrameBlock SceneDrawer::frameBlock(const scene::SCNScene& scene, int samples) const {
+FrameBlock SceneDrawer::frameBlock(const scene::SCNScene& scene, const Canvas& canvas) const {
     FrameBlock block;
     const CameraView& camera = snapshot.camera();
     block.viewProjection = camera.viewProjection;
@@ -162,7 +171,8 @@ FrameBlock SceneDrawer::frameBlock(const scene::SCNScene& scene, int samples) co
         static_cast<float>(scene.time()),
         static_cast<float>(std::exp2(stops)),
         scene.lightingEnvironment.intensity,
-        static_cast<float>(samples)};
+        static_cast<float>(canvas.target.samples())};
+    block.effort = canvas.detail == Detail::full ? kFullEffort : kMovingEffort;
     if (const auto probe = probeOf(scene)) {
         for (std::size_t i = 0; i < block.irradiance.size(); ++i) {
             block.irradiance.at(i) = glm::vec4(probe->irradiance.at(i), 0);

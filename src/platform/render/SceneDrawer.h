@@ -3,6 +3,7 @@
 
 #include "platform/render/BackgroundPass.h"
 #include "platform/render/Context.h"
+#include "platform/render/DrawQuality.h"
 #include "platform/render/FloorPass.h"
 #include "platform/render/GraphicsState.h"
 #include "platform/render/ItemPainter.h"
@@ -35,15 +36,22 @@ public:
     struct Frame {
         const scene::SCNScene& scene;
         const RenderTarget& target;
+        Detail detail;
         FrameBlock block;
         ItemPainter::Frame items;
+    };
+
+    /// Where a frame is drawn, and how.
+    struct Canvas {
+        const RenderTarget& target;
+        Detail detail = Detail::full;
     };
 
     /// Reads the scene, which must not change until `end`.
     [[nodiscard]] Frame begin(
         const scene::SCNScene& scene,
         const Snapshot::Sight& sight,
-        const RenderTarget& target,
+        const Canvas& canvas,
         UniformArena& uniforms);
     /// Frees what is no longer used.
     void end();
@@ -108,10 +116,11 @@ private:
     };
 
     [[nodiscard]] FloorPass::Tools floorTools();
+    [[nodiscard]] FloorPass::Frame floorFrame(const Frame& frame) const;
     /// Null if the scene has no image-based light.
     [[nodiscard]] static std::shared_ptr<const image::LightProbe>
     probeOf(const scene::SCNScene& scene);
-    [[nodiscard]] FrameBlock frameBlock(const scene::SCNScene& scene, int samples) const;
+    [[nodiscard]] FrameBlock frameBlock(const scene::SCNScene& scene, const Canvas& canvas) const;
     [[nodiscard]] std::uint32_t frameFeatures(const scene::SCNScene& scene);
     [[nodiscard]] OpaqueItem
     planned(const ItemPainter::Frame& frame, const DrawItem& item, Size picture);

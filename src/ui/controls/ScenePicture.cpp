@@ -35,10 +35,10 @@ QSize ScenePicture::size() const {
     return picture ? picture->size() : QSize();
 }
 
-void ScenePicture::draw(const QSize& pixels, double oversampling) {
+void ScenePicture::draw(const QSize& pixels, const render::DrawQuality& quality) {
     if (size() != pixels)
         picture = makeTarget(pixels);
-    view_->quality = {oversampling, 1};
+    view_->quality = quality;
     view_->draw(
         {.framebuffer = picture->handle(),
          .size = {pixels.width(), pixels.height()},

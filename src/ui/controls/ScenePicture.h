@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/foundation/Result.h"
+#include "platform/render/DrawQuality.h"
 #include "platform/scene/SCNSceneRenderer.h"
 
 #include <QSize>
@@ -36,8 +37,7 @@ public:
 
     /// In pixels; invalid: nothing has been drawn.
     [[nodiscard]] QSize size() const;
-    /// `oversampling`: as in render::DrawQuality.
-    void draw(const QSize& pixels, double oversampling);
+    void draw(const QSize& pixels, const render::DrawQuality& quality);
 
     /// Makes the framebuffer of an item.
     [[nodiscard]] static std::unique_ptr<QOpenGLFramebufferObject> makeTarget(const QSize& size);

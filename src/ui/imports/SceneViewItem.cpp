@@ -32,7 +32,9 @@ protected:
         const auto side = [pixels](double length) {
             return std::max(1, static_cast<int>(std::lround(length * pixels)));
         };
-        picture.draw({side(item->width()), side(item->height())}, std::max(scale, 1.0));
+        picture.draw(
+            {side(item->width()), side(item->height())},
+            {.oversampling = std::max(scale, 1.0), .samples = 1});
     }
 
     QOpenGLFramebufferObject* createFramebufferObject(const QSize& size) override {

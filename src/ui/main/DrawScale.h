@@ -28,6 +28,9 @@ public:
 
     [[nodiscard]] double value() const;
 
+    /// Whether the picture has not changed for some frames.
+    [[nodiscard]] bool isAtRest() const { return repeats >= kBeforeRest; }
+
     /// Whether the next frame would equal the last one, in content and scale.
     [[nodiscard]] bool isDrawn() const;
 
@@ -35,8 +38,6 @@ public:
     void frameTook(double seconds);
 
 private:
-    [[nodiscard]] bool isAtRest() const { return repeats >= kBeforeRest; }
-
     void change(double wanted);
 
     std::optional<std::uint64_t> shown;

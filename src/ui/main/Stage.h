@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/foundation/RunLoop.h"
+#include "platform/render/DrawQuality.h"
 #include "platform/scene/SCNSceneRenderer.h"
 #include "ui/controls/Services.h"
 #include "ui/main/DrawScale.h"
@@ -68,6 +69,10 @@ public:
     Q_INVOKABLE void failGraphics(const QString& why);
 
     [[nodiscard]] double drawScale() const { return scale.value(); }
+
+    [[nodiscard]] render::Detail detail() const {
+        return scale.isAtRest() ? render::Detail::full : render::Detail::moving;
+    }
 
     [[nodiscard]] int framesShown() const { return shown; }
 

@@ -51,7 +51,9 @@ protected:
             std::max(1, static_cast<int>(std::lround(item->width() * pixels))),
             std::max(1, static_cast<int>(std::lround(item->height() * pixels))));
         if (picture.size() != size || !stage->isDrawn())
-            picture.draw(size, std::max(scale, 1.0));
+            picture.draw(
+                size,
+                {.oversampling = std::max(scale, 1.0), .samples = 1, .detail = stage->detail()});
     }
 
     QOpenGLFramebufferObject* createFramebufferObject(const QSize& size) override {

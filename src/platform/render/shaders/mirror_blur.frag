@@ -1,13 +1,12 @@
 // Blurs the mirror image. With e the height of the eye and h that of the mirrored thing, its
 // distance behind the floor takes the share h / (e + h) of the whole way, and a rough floor spreads
 // it by as much on screen. Up and down it is spread more, as on a wet road.
-// passNumbers[0]: y the widest radius as a share of the picture's height, z the eye's height.
+// passNumbers[0]: y the widest radius as a share of the picture's height, z the eye's height, w lookups.
 layout(binding = UNIT_PICTURE) uniform sampler2D uPicture; // with mipmaps, as uHeights
 layout(binding = UNIT_DEPTH) uniform sampler2D uHeights;
 layout(location = 0) out vec4 oColor;
 
 const int kSearchSamples = 3;
-const int kSamples = 16;
 const float kSideways = 0.45;
 const float kHighest = 512.0; // see mirror_heights.frag
 const float kBrightest = 4.0; // the result is kept in 8 bits; see floor.frag
@@ -32,13 +31,14 @@ void main() {
     float radius = max(widest * height / (passNumbers[0].z + height), 0.5 / passFrame.z);
 
     // A loop without rounds is skipped in software, too, if no pixel beside needs it.
-    int count = found.x > 0.004 ? kSamples : 0;
-    level = log2(max(0.25 * radius * kSideways * passFrame.z, 1.0));
+    float samples = passNumbers[0].w;
+    int count = found.x > 0.004 ? int(samples) : 0;
+    level = log2(max(inversesqrt(samples) * radius * kSideways * passFrame.z, 1.0));
     vec3 sum = vec3(0.0);
     for (int i = 0; i < count; ++i) {
-        vec2 offset = direction * shape * (radius * sqrt((float(i) + 0.5) / float(kSamples)));
+        vec2 offset = direction * shape * (radius * sqrt((float(i) + 0.5) / samples));
         sum += textureLod(uPicture, uv + offset, level).rgb;
         direction = kGoldenTurn * direction;
     }
-    oColor = vec4(sqrt(min(sum * (1.0 / (kBrightest * float(kSamples))), 1.0)), 1.0);
+    oColor = vec4(sqrt(min(sum * (1.0 / (kBrightest * samples)), 1.0)), 1.0);
 }

@@ -13,8 +13,6 @@ layout(binding = UNIT_SHADOW) uniform sampler2D uShadowMaps[MAX_SHADOWS];
 const float kWidestRadius = 0.03;
 const float kShiftTexels = 1.5; // w was made from so many texels
 const float kDepthStep = 2.5 / 255.0; // the map has 8 bits
-const int kSearchSamples = 4;
-const int kEdgeSamples = 8;
 // Vogel 1979, "A better way to construct the sunflower head": each point is turned by the golden
 // angle against the one before, so that they cover a disc evenly.
 const mat2 kGoldenTurn = mat2(-0.7373688, 0.6754903, -0.6754903, -0.7373688);
@@ -26,12 +24,12 @@ vec3 placeInMap(int light, vec3 position) {
 
 // x: how much is stopped within the radius, y: how much nearer to the light those casters are.
 vec2 castersAround(int map, vec3 at, float radius, float texels, int count) {
-    float level = log2(radius * texels);
+    float level = log2(2.0 * radius * texels * inversesqrt(effort.x));
     vec2 direction = vec2(radius, 0.0);
     float stopped = 0.0;
     float distances = 0.0;
     for (int i = 0; i < count; ++i) {
-        vec2 offset = direction * sqrt((float(i) + 0.5) / float(kSearchSamples));
+        vec2 offset = direction * sqrt((float(i) + 0.5) / effort.x);
         vec2 caster = textureLod(uShadowMaps[map], at.xy + offset, level).rg;
         float ahead = caster.g - caster.r * (at.z + kDepthStep);
         stopped += ahead > 0.0 ? caster.r : 0.0;
@@ -42,17 +40,17 @@ vec2 castersAround(int map, vec3 at, float radius, float texels, int count) {
 }
 
 float shadeAround(int map, vec3 at, float radius, float texels, float distance, int count) {
-    float level = log2(max(0.7 * radius * texels, 1.0));
+    float level = log2(max(2.0 * radius * texels * inversesqrt(effort.y), 1.0));
     vec2 direction = vec2(radius, 0.0);
     float sum = 0.0;
     for (int i = 0; i < count; ++i) {
-        vec2 offset = direction * sqrt((float(i) + 0.5) / float(kEdgeSamples));
+        vec2 offset = direction * sqrt((float(i) + 0.5) / effort.y);
         vec2 caster = textureLod(uShadowMaps[map], at.xy + offset, level).rg;
         // Where a texel mixes a caster with the receiver itself, this is the caster's share.
         sum += clamp((caster.g - caster.r * (at.z + kDepthStep)) * (2.0 / distance), 0.0, caster.r);
         direction = kGoldenTurn * direction;
     }
-    return sum / float(kEdgeSamples);
+    return sum / effort.y;
 }
 
 // The share of light that arrives, 0 .. 1. A loop without rounds is skipped in software, too, if no
@@ -66,12 +64,12 @@ float shadowAt(int light, int map, vec3 N, vec3 L) {
     bool isInside = all(greaterThan(at.xy, bounds.xy)) && all(lessThan(at.xy, bounds.zw));
     float texels = float(textureSize(uShadowMaps[map], 0).x);
     float widest = clamp(settings.z * (lightPosition[light].w - at.z), settings.y, kWidestRadius);
-    vec2 casters = castersAround(map, at, widest, texels, isInside ? kSearchSamples : 0);
+    vec2 casters = castersAround(map, at, widest, texels, isInside ? int(effort.x) : 0);
 
     float radius = clamp(settings.z * casters.y, settings.y, widest);
     // The wider the edge, the farther must the point be from its own surface.
     float shift = max(1.0, radius * texels / kShiftTexels);
     at = placeInMap(light, vPosition + N * (settings.w * tilt * shift));
-    int count = casters.x > 0.0 ? kEdgeSamples : 0;
+    int count = casters.x > 0.0 ? int(effort.y) : 0;
     return 1.0 - settings.x * shadeAround(map, at, radius, texels, max(casters.y, 1e-6), count);
 }
