@@ -65,6 +65,18 @@ TEST_F(EnvironmentTest, AreMadeByNumberAndLightTheContent) {
     EXPECT_NE(environment(shiny)->scene->lightingEnvironment.image()->lightProbe, nullptr);
 }
 
+TEST_F(EnvironmentTest, LettersThrowAShadowOnTheShapeBehindThem) {
+    for (const int index : {plain, ancient, backlight, stage, spaceBox, subtle, flares}) {
+        bool isThrown = false;
+        environment(index)->scene->rootNode()->enumerateHierarchy([&](const scene::SCNNode& node) {
+            isThrown |= node.light && node.light->castsShadow &&
+                        (node.light->categoryBitMask & node::kContentMask) != 0 &&
+                        (node.light->shadowCasterMask & node::kContentMask) != 0;
+        });
+        EXPECT_TRUE(isThrown) << index;
+    }
+}
+
 TEST_F(EnvironmentTest, TheStageStandsUnderTheContentButItsLampsStay) {
     for (int index = 0; index < kCount; ++index) {
         const SNEPtr one = environment(index);
