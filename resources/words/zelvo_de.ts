@@ -107,12 +107,71 @@
         <source>Cancel the export</source>
         <translation>Export abbrechen</translation>
     </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>Ordner öffnen</translation>
+    </message>
 </context>
 <context>
     <name>ExportRing</name>
     <message>
         <source>Progress</source>
         <translation>Fortschritt</translation>
+    </message>
+</context>
+<context>
+    <name>ExportSettings</name>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Width x height</source>
+        <translation>Breite x Höhe</translation>
+    </message>
+    <message>
+        <source>Quality</source>
+        <translation>Qualität</translation>
+    </message>
+    <message>
+        <source>Motion blur</source>
+        <translation>Bewegungsunschärfe</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Hintergrund</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Wählen …</translation>
+    </message>
+    <message>
+        <source>Choose the folder of the movie</source>
+        <translation>Ordner für den Film wählen</translation>
     </message>
 </context>
 <context>
@@ -384,8 +443,8 @@
         <translation>Sichern</translation>
     </message>
     <message>
-        <source>QuickTime movies (*.mov)</source>
-        <translation>QuickTime-Filme (*.mov)</translation>
+        <source>Movies (*.mov *.mp4 *.webm)</source>
+        <translation>Filme (*.mov *.mp4 *.webm)</translation>
     </message>
 </context>
 <context>
@@ -901,10 +960,97 @@
     </message>
 </context>
 <context>
+    <name>zelvo::ui::ExportSettingsController</name>
+    <message>
+        <source>PNG Pictures</source>
+        <translation>PNG-Bilder</translation>
+    </message>
+    <message>
+        <source>Square</source>
+        <translation>Quadrat</translation>
+    </message>
+    <message>
+        <source>Upright</source>
+        <translation>Hochkant</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Eigene</translation>
+    </message>
+    <message>
+        <source>Draft</source>
+        <translation>Entwurf</translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>Finest</source>
+        <translation>Feinste</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>%1 moments</source>
+        <translation>%1 Momente</translation>
+    </message>
+    <message>
+        <source>Stage</source>
+        <translation>Bühne</translation>
+    </message>
+    <message>
+        <source>Transparent</source>
+        <translation>Transparent</translation>
+    </message>
+    <message>
+        <source>The size must be like 1920x1080, both sides even and from %1 to %2.</source>
+        <translation>Die Größe muss wie 1920x1080 sein, beide Seiten gerade und von %1 bis %2.</translation>
+    </message>
+    <message>
+        <source>Enter a name.</source>
+        <translation>Gib einen Namen ein.</translation>
+    </message>
+    <message>
+        <source>This name cannot be used: it must be short, without slashes, and not begin with a dot.</source>
+        <translation>Dieser Name geht nicht: Er muss kurz sein, ohne Schrägstriche, und darf nicht mit einem Punkt beginnen.</translation>
+    </message>
+    <message>
+        <source>Will be saved as %1</source>
+        <translation>Wird gespeichert als %1</translation>
+    </message>
+</context>
+<context>
     <name>zelvo::ui::ExportViewController</name>
     <message>
         <source>Error</source>
         <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Preparing</source>
+        <translation>Vorbereitung</translation>
+    </message>
+    <message>
+        <source>Recording the movie</source>
+        <translation>Film wird aufgenommen</translation>
+    </message>
+    <message>
+        <source>Saving the movie</source>
+        <translation>Film wird gespeichert</translation>
+    </message>
+    <message>
+        <source>The movie could not be made</source>
+        <translation>Der Film konnte nicht erstellt werden</translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>noch %1</translation>
+    </message>
+    <message>
+        <source>The pictures are saved</source>
+        <translation>Die Bilder sind gespeichert</translation>
     </message>
 </context>
 <context>

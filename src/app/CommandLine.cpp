@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "app/CommandLine.h"
 
+#include "export/PictureSizes.h"
+
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <map>
 #include <string_view>
 #include <utility>
@@ -125,51 +126,11 @@ constexpr auto kSheets = std::to_array<SheetName>({
 
 // clang-format on
 
-[[nodiscard]] std::optional<int> sideFrom(std::string_view text) {
-    int side = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), side);
-    const bool isWhole = error == std::errc{} && end == text.data() + text.size();
-    if (!isWhole || side < kMinSide || side > kMaxSide || side % 2 != 0)
-        return std::nullopt;
-    return side;
-}
-
-struct SizeName {
-    std::string_view name;
-    PictureSize size;
-};
-
-// clang-format off
-constexpr auto kSizes = std::to_array<SizeName>({
-    {"720p",    {1280,  720}},
-    {"1080p",   {1920, 1080}},
-    {"1440p",   {2560, 1440}},
-    {"4k",      {3840, 2160}},
-    {"square",  {1080, 1080}},
-    {"upright", {1080, 1920}},
-});
-
-// clang-format on
-
 [[nodiscard]] std::string sizeNames() {
     std::string names;
-    for (const SizeName& row : kSizes)
+    for (const movie::NamedSize& row : movie::kNamedSizes)
         names += (names.empty() ? "" : ", ") + std::string(row.name);
     return names;
-}
-
-[[nodiscard]] std::optional<PictureSize> sizeFrom(std::string_view text) {
-    const auto* const named = std::ranges::find(kSizes, text, &SizeName::name);
-    if (named != kSizes.end())
-        return named->size;
-    const auto cross = text.find('x');
-    if (cross == std::string_view::npos)
-        return std::nullopt;
-    const auto width = sideFrom(text.substr(0, cross));
-    const auto height = sideFrom(text.substr(cross + 1));
-    if (!width || !height)
-        return std::nullopt;
-    return PictureSize{*width, *height};
 }
 
 // Arguments that several subcommands share.
@@ -231,18 +192,18 @@ void addSize(CLI::App& command, PictureSize& size) {
         .add_option_function<std::string>(
             "--size",
             [&size](const std::string& text) {
-                const auto parsed = sizeFrom(text);
+                const auto parsed = movie::sizeFrom(text);
                 if (!parsed) {
                     throw CLI::ValidationError(
                         "--size",
                         fmt::format(
                             "must be like 1920x1080, both sides even and from {} to {}, or one of "
                             "{}",
-                            kMinSide,
-                            kMaxSide,
+                            movie::kMinSide,
+                            movie::kMaxSide,
                             sizeNames()));
                 }
-                size = *parsed;
+                size = {parsed->width, parsed->height};
             },
             fmt::format(
                 "Size in pixels, or {}; {}x{} if not given", sizeNames(), size.width, size.height))

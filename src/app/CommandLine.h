@@ -16,16 +16,13 @@
 
 namespace zelvo::app {
 
-/// The size of a movie or picture in pixels. Both sides are even, from kMinSide to kMaxSide.
+/// The size of a movie or picture in pixels. Both sides are even, from movie::kMinSide to kMaxSide.
 struct PictureSize {
     int width = 1920;
     int height = 1080;
 
     friend bool operator==(const PictureSize&, const PictureSize&) = default;
 };
-
-inline constexpr int kMinSide = 16;
-inline constexpr int kMaxSide = 4096;
 
 /// Which performance a command takes, and what is changed in it.
 struct SourceOptions {

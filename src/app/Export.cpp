@@ -3,9 +3,7 @@
 
 #include "app/Progress.h"
 #include "app/Stopwatch.h"
-#include "export/MovieMux.h"
 #include "platform/foundation/Lifetime.h"
-#include "shared/FrameClock.h"
 
 #include <fmt/format.h>
 
@@ -63,10 +61,6 @@ exportMovie(Engine& engine, StoppableLoop& loop, const movie::MovieOptions& opti
     if (!*outcome)
         return tl::unexpected(outcome->error());
     return ExportReport{**outcome, writer.timings(), stopwatchSeconds() - start};
-}
-
-int framesIn(double duration) {
-    return shared::FrameClock::framesDrawnIn(duration) - movie::kCutFrames;
 }
 
 std::string timingTable(const ExportReport& report) {

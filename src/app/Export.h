@@ -45,9 +45,6 @@ struct ExportReport {
 [[nodiscard]] foundation::Result<ExportReport>
 exportMovie(Engine& engine, StoppableLoop& loop, const movie::MovieOptions& options);
 
-/// The number of frames in a movie of this duration (seconds).
-[[nodiscard]] int framesIn(double duration);
-
 /// The table that --timing prints.
 [[nodiscard]] std::string timingTable(const ExportReport& report);
 

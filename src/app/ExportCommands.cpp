@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/Commands.h"
 #include "app/Performing.h"
-#include "app/PictureFiles.h"
 #include "app/Strip.h"
+#include "export/FrameFiles.h"
+#include "export/MovieMux.h"
 #include "node/DefaultSCNNode.h"
 #include "platform/foundation/Console.h"
 #include "platform/foundation/NewFile.h"
@@ -82,7 +83,7 @@ void reportPerformance(const PerformCommand& command, const ExportReport& report
         options.output = command.movie;
     options.writesMovie = !command.movie.empty() || command.frames.empty();
     if (!command.frames.empty())
-        options.tap = framesTap(command.frames, framesIn(duration));
+        options.tap = movie::framesTap(command.frames, movie::framesIn(duration));
     return options;
 }
 
@@ -145,7 +146,7 @@ int run(const PerformCommand& command) {
                  fmt::format("{}: {}", command.frames.string(), error.message())},
                 ExitStatus::kFailed);
         }
-        const auto writable = foundation::NewFile::check(command.frames / frameName(0));
+        const auto writable = foundation::NewFile::check(command.frames / movie::frameName(0));
         if (!writable)
             return complain(writable.error(), ExitStatus::kFailed);
     }
@@ -178,7 +179,7 @@ int run(const FrameCommand& command) {
                  return tl::unexpected(within.error());
              auto options = optionsForTap(
                  command.size,
-                 pictureTap(command.out, shared::FrameClock::frameSeenAt(command.at)));
+                 movie::pictureTap(command.out, shared::FrameClock::frameSeenAt(command.at)));
              options.quality = command.quality;
              options.leftOut = leftOut(command.hasAlpha);
              return options;

@@ -61,6 +61,10 @@ Result<int> insertMusic(media::AVMutableComposition& composition, const MusicStr
 
 } // namespace
 
+int framesIn(double duration) {
+    return FrameClock::framesDrawnIn(duration) - kCutFrames;
+}
+
 media::AVMutableAudioMixInputParameters fadesOf(const MusicStretch& music, int trackID) {
     auto volumes = shared::volumesOf(
         {.begin = music.audioPreRoll,

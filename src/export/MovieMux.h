@@ -15,6 +15,9 @@ namespace zelvo::movie {
 /// Number of frames cut off at the end of the raw movie.
 inline constexpr int kCutFrames = 3;
 
+/// The number of frames of a movie of this duration (seconds).
+[[nodiscard]] int framesIn(double duration);
+
 struct MovieMux {
     std::unique_ptr<media::AVAssetExportSession> session;
     /// why the movie will be silent; empty if it is not, or if there is no music

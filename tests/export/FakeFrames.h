@@ -17,6 +17,7 @@ struct FakeRendering {
     int mostInFlight = 0;
     std::function<void()> onDraw;      ///< called for each frame; may be empty
     std::vector<std::uint8_t> picture; ///< of all frames; empty: grey ones
+    double drawMs = 0;                 ///< for each frame
 };
 
 /// Frames without a graphics card. Each is one grey, which increases by 2 in each frame and then
@@ -53,7 +54,10 @@ public:
 
     [[nodiscard]] int framesInFlight() const override { return static_cast<int>(begun.size()); }
 
-    [[nodiscard]] render::FrameTimes times() const override { return {}; }
+    [[nodiscard]] render::FrameTimes times() const override {
+        const auto count = static_cast<double>(rendering.drawn.size());
+        return {.drawMs = rendering.drawMs * count};
+    }
 
     void resetTimes() override {}
 

@@ -4,12 +4,12 @@
 #include "HintPainter.h"
 #include "HintScript.h"
 #include "app/Export.h"
-#include "app/PictureFiles.h"
 #include "catalogue/Catalogue.h"
 #include "document/EngineNames.h"
 #include "document/PerformanceFile.h"
 #include "document/Performer.h"
 #include "document/SetUp.h"
+#include "export/MovieMux.h"
 #include "export/RawMovie.h"
 #include "platform/foundation/Check.h"
 #include "platform/foundation/TemporaryFolder.h"
@@ -92,7 +92,7 @@ drawStage(const document::Performance& performance, const std::filesystem::path&
     movie::MovieOptions options;
     options.renderSize = {HintPainter::kWidth, HintPainter::kHeight};
     options.writesMovie = false;
-    options.tap = gather(pictures, app::framesIn(engine.model().duration()));
+    options.tap = gather(pictures, movie::framesIn(engine.model().duration()));
     if (auto drawn = app::exportMovie(engine, loop, options); !drawn)
         return tl::unexpected(drawn.error());
     return pictures;

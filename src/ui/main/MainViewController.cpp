@@ -11,6 +11,7 @@
 #include "ui/layouter/LayouterMenu.h"
 #include "ui/menus/ActionsMenu.h"
 #include "ui/menus/VideoAlertViewController.h"
+#include "ui/screens/ExportSettingsController.h"
 #include "ui/screens/ExportViewController.h"
 #include "ui/screens/HistoryController.h"
 #include "ui/screens/TemplatesController.h"
@@ -261,7 +262,7 @@ void MainViewController::shareAction() {
     if (services.model.actionController().recordedActions().empty()) {
         askForActions();
     } else {
-        showExport();
+        showExportSettings();
     }
 }
 
@@ -359,9 +360,21 @@ void MainViewController::showTemplates() {
     present(templates.release(), "Templates");
 }
 
-void MainViewController::showExport() {
+void MainViewController::showExportSettings() {
     if (screen_)
         return;
+    auto sheet = std::make_unique<ExportSettingsController>(services);
+    connect(
+        sheet.get(),
+        &ExportSettingsController::dismissed,
+        this,
+        &MainViewController::dismissScreen);
+    connect(
+        sheet.get(), &ExportSettingsController::accepted, this, &MainViewController::showExport);
+    present(sheet.release(), "ExportSettings");
+}
+
+void MainViewController::showExport() {
     blurCover.show();
     auto sheet = std::make_unique<ExportViewController>(services, blurCover);
     connect(

@@ -109,7 +109,7 @@ public:
 
     Q_INVOKABLE void showAnim();
     Q_INVOKABLE void showLayouterMenu();
-    /// Opens the export screen, or says what is missing. Does nothing if the button is disabled.
+    /// Opens the sheet before an export, or says what is missing. Does nothing if the button is disabled.
     Q_INVOKABLE void share();
     void shareAction();
     /// Recording and export are only possible while the catalogue is shown.
@@ -224,6 +224,7 @@ private:
     void dismissScreen();
     void showHistory();
     void showTemplates();
+    void showExportSettings();
     void showExport();
     void askForActions();
     void showHint();

@@ -29,7 +29,7 @@ FocusStack {
             x: 6
             y: 6
             image: "CloseButton_Gray"
-            name: qsTr("Cancel the export")
+            name: root.controller.picturesPlace === "" ? qsTr("Cancel the export") : qsTr("Close")
             key: "Esc"
             onClicked: root.controller.dismissViewController()
         }
@@ -57,10 +57,28 @@ FocusStack {
             Text {
                 anchors.horizontalCenter: parent.horizontalCenter
                 text: root.controller.status
-                color: Theme.mutedText
+                color: Qt.lighter(Theme.mutedText, 1.35)
                 font.pixelSize: Theme.px(14)
                 Accessible.role: Accessible.StaticText
                 Accessible.name: text
+            }
+            Text {
+                anchors.horizontalCenter: parent.horizontalCenter
+                height: Theme.px(18)
+                visible: root.controller.picturesPlace === ""
+                text: root.controller.timeLeft
+                color: Qt.lighter(Theme.mutedText, 1.35)
+                font.family: Theme.digitsFamily
+                font.pixelSize: Theme.px(14)
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+            ScreenButton {
+                anchors.horizontalCenter: parent.horizontalCenter
+                visible: root.controller.picturesPlace !== ""
+                text: qsTr("Open Folder")
+                fill: Theme.accent
+                onClicked: root.controller.openPictures()
             }
         }
     }

@@ -6,12 +6,12 @@ FileDialog {
     function ask(suggestion: url): void {
         currentFolder = String(suggestion).replace(/[^/]*$/, "");
         selectedFile = suggestion;
+        defaultSuffix = String(suggestion).replace(/.*[.]/, "");
         open();
     }
 
     title: qsTr("Save a Copy")
     fileMode: FileDialog.SaveFile
     acceptLabel: qsTr("Save")
-    defaultSuffix: "mov"
-    nameFilters: [qsTr("QuickTime movies (*.mov)")]
+    nameFilters: [qsTr("Movies (*.mov *.mp4 *.webm)")]
 }

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "ui/screens/ExportViewController.h"
 
+#include "export/MovieMux.h"
 #include "model/Model.h"
 #include "shared/Signal.h"
 #include "ui/controls/Alerts.h"
 
 #include <QGuiApplication>
 
+#include <cmath>
 #include <utility>
 
 namespace zelvo::ui {
@@ -19,10 +21,14 @@ constexpr double kStartDelay = 0.3;
 /// As a share of the movie's duration; titles are usually complete there.
 constexpr double kPosterMoment = 0.5;
 
-const QString kPreparing = QStringLiteral("Preparing");
-const QString kRecording = QStringLiteral("Recording the movie");
-const QString kSaving = QStringLiteral("Saving the movie");
-const QString kFailed = QStringLiteral("The movie could not be made");
+/// Fewer frames would tell nothing: the first ones load what they show.
+constexpr int kFramesToEstimate = 10;
+
+/// Minutes and seconds, rounded up.
+QString shortTime(double seconds) {
+    const auto whole = static_cast<int>(std::ceil(seconds));
+    return QStringLiteral("%1:%2").arg(whole / 60).arg(whole % 60, 2, 10, QLatin1Char('0'));
+}
 
 } // namespace
 
@@ -32,7 +38,7 @@ ExportViewController::ExportViewController(
     , cover(presenterCover)
     , desk(std::move(sharing))
     , ring(given)
-    , status_(kPreparing) {
+    , status_(tr("Preparing")) {
     subscribe();
     services.runLoop.asyncAfter(kStartDelay, lifetime.guard([this] {
         if (!isDismissed)
@@ -51,7 +57,10 @@ void ExportViewController::subscribe() {
             lifetime.guard([this, whole = time.wholeFraction] { follow(whole); }));
     });
     writer.progressSignal.subscribe(lifetime, [this](const movie::MovieProgress& progress) {
-        setStatus(progress.framesDone < progress.framesTotal ? kRecording : kSaving);
+        setStatus(
+            progress.framesDone < progress.framesTotal ? tr("Recording the movie")
+                                                       : tr("Saving the movie"));
+        estimate(progress);
     });
     writer.showVideoSignal.subscribe(lifetime, [this] {
         services.runLoop.post(lifetime.guard([this] {
@@ -70,12 +79,55 @@ void ExportViewController::subscribe() {
 }
 
 void ExportViewController::startMovie() {
-    auto& model = services.model;
-    model.movieWriter().options.tap = posterTap(poster, kPosterMoment * model.duration());
-    if (const auto started = model.startMovie(); !started) {
-        setStatus(kFailed);
+    const auto started = prepareTap().and_then([this] { return services.model.startMovie(); });
+    if (!started) {
+        setStatus(tr("The movie could not be made"));
         services.alerts.showAlert(tr("Error").toStdString(), started.error().message);
     }
+}
+
+foundation::Result<void> ExportViewController::prepareTap() {
+    auto& options = services.model.movieWriter().options;
+    const double duration = services.model.duration();
+    options.tap = posterTap(poster, kPosterMoment * duration);
+    if (options.writesMovie)
+        return {};
+    auto made = movie::FrameFolder::make(options.libraryPlace);
+    if (!made)
+        return tl::unexpected(made.error());
+    pictures.emplace(std::move(*made));
+    options.tap = pictures->tap(movie::framesIn(duration));
+    return {};
+}
+
+void ExportViewController::estimate(const movie::MovieProgress& progress) {
+    const auto frames = services.model.movieWriter().timings().frames;
+    const double spent = (frames.animateMs + frames.drawMs + frames.readBackMs) / 1000;
+    const int left = progress.framesTotal - progress.framesDone;
+    QString text;
+    if (progress.framesDone >= kFramesToEstimate && left > 0 && spent > 0)
+        text = tr("%1 left").arg(shortTime(spent / progress.framesDone * left));
+    if (text == timeLeft_)
+        return;
+    timeLeft_ = text;
+    Q_EMIT timeLeftChanged();
+}
+
+void ExportViewController::placePictures() {
+    const auto placed = pictures->putInPlace();
+    pictures.reset();
+    cover.hide();
+    if (!placed) {
+        setStatus(tr("The movie could not be made"));
+        services.alerts.showAlert(tr("Error").toStdString(), placed.error().message);
+        return;
+    }
+    picturesPlace_ = QString::fromStdString(placed->string());
+    setStatus(tr("The pictures are saved"));
+}
+
+void ExportViewController::openPictures() {
+    (void)desk.open(QUrl::fromLocalFile(picturesPlace_));
 }
 
 QString ExportViewController::progressLabel() const {
@@ -109,7 +161,11 @@ void ExportViewController::showVideo() {
 
 void ExportViewController::finished(const foundation::Result<movie::MovieOutcome>& outcome) {
     if (!outcome) {
-        setStatus(kFailed);
+        setStatus(tr("The movie could not be made"));
+        return;
+    }
+    if (pictures) {
+        placePictures();
         return;
     }
     if (preview_ && outcome->savedCopy)

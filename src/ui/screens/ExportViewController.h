@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "export/FrameFiles.h"
 #include "export/MovieOptions.h"
 #include "platform/foundation/Lifetime.h"
 #include "platform/foundation/Result.h"
@@ -16,6 +17,7 @@
 #include <QtQml/qqmlregistration.h>
 
 #include <memory>
+#include <optional>
 
 namespace zelvo::ui {
 
@@ -23,6 +25,9 @@ namespace zelvo::ui {
 ///
 ///     waiting ──0.3 s──> exporting ──"ShowVideo"──> preview ──Cancel──> dismissed
 ///        └───────close────────┴─────────────────────────────────────────^
+///
+/// Exports what the options of the movie writer say. Pictures in place of a movie have no preview:
+/// the screen then tells where they are.
 ///
 /// Only closing the screen cancels an export. Switching to another window or minimising this one
 /// does not.
@@ -32,6 +37,8 @@ class ExportViewController final : public QObject {
     QML_UNCREATABLE("")
     Q_PROPERTY(QString progressLabel READ progressLabel NOTIFY currentPercChanged)
     Q_PROPERTY(QString status READ status NOTIFY statusChanged)
+    Q_PROPERTY(QString timeLeft READ timeLeft NOTIFY timeLeftChanged)
+    Q_PROPERTY(QString picturesPlace READ picturesPlace NOTIFY statusChanged)
     Q_PROPERTY(zelvo::ui::ExportProgressView* progressView READ progressView CONSTANT)
     Q_PROPERTY(zelvo::ui::PreviewViewController* preview READ preview NOTIFY previewChanged)
 
@@ -49,6 +56,14 @@ public:
     /// The current step, in a few words.
     [[nodiscard]] QString status() const { return status_; }
 
+    /// For example "0:35 left"; empty before it can be estimated.
+    [[nodiscard]] QString timeLeft() const { return timeLeft_; }
+
+    /// The folder of the finished pictures; empty if a movie is made.
+    [[nodiscard]] QString picturesPlace() const { return picturesPlace_; }
+
+    Q_INVOKABLE void openPictures();
+
     [[nodiscard]] ExportProgressView* progressView() { return &ring; }
 
     /// Shown on top of this screen when the movie is ready; null before.
@@ -63,6 +78,7 @@ public:
 Q_SIGNALS:
     void currentPercChanged();
     void statusChanged();
+    void timeLeftChanged();
     void previewChanged();
     void dismissed();
 
@@ -71,6 +87,9 @@ private:
     void startMovie();
     void setStatus(const QString& text);
     void follow(double wholeFraction);
+    void estimate(const movie::MovieProgress& progress);
+    [[nodiscard]] foundation::Result<void> prepareTap();
+    void placePictures();
     void showVideo();
     void finished(const foundation::Result<movie::MovieOutcome>& outcome);
 
@@ -80,7 +99,10 @@ private:
     ExportProgressView ring;
     std::shared_ptr<Poster> poster = std::make_shared<Poster>();
     std::unique_ptr<PreviewViewController> preview_;
+    std::optional<movie::FrameFolder> pictures; ///< empty if a movie is made
     QString status_;
+    QString timeLeft_;
+    QString picturesPlace_;
     bool isDismissed = false;
     foundation::Lifetime lifetime;
 };

@@ -5,6 +5,7 @@
 
 #include <QBuffer>
 #include <QImage>
+#include <QPainter>
 
 #include <algorithm>
 
@@ -13,8 +14,11 @@ namespace zelvo::ui {
 namespace {
 
 QString dataUrl(const render::FrameView& frame) {
-    const QImage whole(
-        frame.bytes.data(), frame.size.width, frame.size.height, QImage::Format_RGBX8888);
+    const QImage straight(
+        frame.bytes.data(), frame.size.width, frame.size.height, QImage::Format_RGBA8888);
+    QImage whole(straight.size(), QImage::Format_RGB32);
+    whole.fill(Qt::black);
+    QPainter(&whole).drawImage(0, 0, straight);
     const int width = std::min(frame.size.width, kPosterWidth);
     QBuffer file;
     file.open(QIODevice::WriteOnly);

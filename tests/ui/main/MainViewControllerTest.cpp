@@ -3,6 +3,7 @@
 
 #include "ui/UiFixture.h"
 #include "ui/menus/ActionsMenu.h"
+#include "ui/screens/ExportSettingsController.h"
 #include "ui/screens/HistoryController.h"
 
 #include <gtest/gtest.h>
@@ -218,6 +219,14 @@ TEST_F(MainScreenTest, asks_for_an_action_before_a_movie) {
     alerts.escape();
     record("Left In", 2, 1);
     main.share();
+    EXPECT_EQ(main.screenView(), "ExportSettings");
+    const auto sheet = [this] { return qobject_cast<ExportSettingsController*>(main.screen()); };
+    ASSERT_NE(sheet(), nullptr);
+    sheet()->cancel();
+    EXPECT_EQ(main.screen(), nullptr);
+    main.share();
+    ASSERT_NE(sheet(), nullptr);
+    sheet()->start();
     EXPECT_EQ(main.screenView(), "Export");
 }
 

@@ -79,6 +79,22 @@ TEST_F(ExportScreenTest, RingAndPercentageRiseToTheEndAndThePreviewFollows) {
     EXPECT_EQ(dismissals, 1);
 }
 
+TEST_F(ExportScreenTest, TellsTheTimeLeftByThatOfTheFramesSoFar) {
+    rendering.drawMs = 1000;
+    open();
+    QStringList told;
+    QObject::connect(screen.get(), &ExportViewController::timeLeftChanged, [&] {
+        told.append(screen->timeLeft());
+    });
+    runToOutcome();
+    ASSERT_GT(told.size(), 100);
+    // 121 frames are drawn, three ahead of those that are done: the tenth comes at 12 or 13 seconds.
+    EXPECT_TRUE(told.front() == "2:14 left" || told.front() == "2:25 left")
+        << told.front().toStdString();
+    EXPECT_TRUE(told.contains("1:00 left"));
+    EXPECT_EQ(told.back(), "") << "at the end there is nothing to tell";
+}
+
 TEST_F(ExportScreenTest, ClosingHalfwayCancels) {
     open();
     runToPercent(50);

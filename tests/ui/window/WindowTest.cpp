@@ -6,6 +6,7 @@
 #include "support/ViewWarnings.h"
 #include "ui/controls/Alerts.h"
 #include "ui/layouter/ColorPickers.h"
+#include "ui/screens/ExportSettingsController.h"
 #include "ui/screens/ExportViewController.h"
 #include "ui/screens/HistoryController.h"
 #include "ui/screens/PreviewViewController.h"
@@ -149,6 +150,15 @@ void WindowTest::deleteFromHistory() {
 void WindowTest::exportMovie() {
     model.setDuration(model::Model::kMinDuration);
     QTest::keyClick(&window, Qt::Key_E, Qt::ControlModifier);
+    ASSERT_TRUE(soon([&] { return takesKeys(application.main.screen()); }));
+    auto* const settings = screen<ui::ExportSettingsController>();
+    ASSERT_NE(settings, nullptr);
+    QTest::keyClick(&window, Qt::Key_Right); // the first row: the format
+    EXPECT_EQ(settings->format(), 1);
+    picture("5-settings");
+    settings->setSize(static_cast<int>(settings->sizes().size()) - 1);
+    settings->setOwnSize("160x90");
+    QTest::keyClick(&window, Qt::Key_Return);
     ASSERT_TRUE(soon([&] { return screen<ui::ExportViewController>() != nullptr; }));
     picture("5-export");
     auto& alerts = *application.main.alertsObject();
@@ -275,13 +285,17 @@ TEST(WindowClosing, LeavesNoHalfMovieBehindAndComesBackWhollyVisible) {
         ASSERT_TRUE(soon([&] { return application.main.stage.framesShown() > 0; }));
         application.main.showAnim();
         model::Model& model = application.model();
-        model.movieWriter().options.renderSize = {160, 90};
         model.setDuration(kLongRun);
         model.start();
         ASSERT_TRUE(soon([&] { return model.isPlaying() && model.time() > 0; }));
         qobject_cast<ui::ActionsMenu*>(application.main.panel())->pressButton(0);
         ASSERT_TRUE(soon([&] { return !model.actionController().recordedActions().empty(); }));
         application.main.share();
+        auto* const sheet = qobject_cast<ui::ExportSettingsController*>(application.main.screen());
+        ASSERT_NE(sheet, nullptr);
+        sheet->setSize(static_cast<int>(sheet->sizes().size()) - 1);
+        sheet->setOwnSize("160x90");
+        sheet->start();
         ASSERT_TRUE(soon([&] { return model.isRecordingMovie() && model.time() > kIntoTheMovie; }));
     }
     EXPECT_FALSE(hasMovies());

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+import Zelvo
+
+// A row of choices, of which one is lit. Left and Right choose another one.
+Rectangle {
+    id: root
+
+    required property string name
+    required property list<string> choices
+    property int chosen: 0
+    property bool isUsable: true
+
+    signal asked(index: int)
+
+    implicitHeight: 44
+    radius: Theme.radius
+    color: Theme.buttonFill
+    opacity: isUsable ? 1 : Theme.dimmed
+    activeFocusOnTab: isUsable
+
+    Accessible.role: Accessible.RadioButton
+    Accessible.name: root.name + ": " + root.choices[root.chosen]
+    Accessible.focusable: true
+    Keys.onLeftPressed: if (isUsable) asked(Math.max(0, chosen - 1))
+    Keys.onRightPressed: if (isUsable) asked(Math.min(choices.length - 1, chosen + 1))
+
+    Row {
+        anchors.fill: parent
+
+        Repeater {
+            model: root.choices
+
+            T.AbstractButton {
+                id: choice
+
+                required property int index
+                required property string modelData
+                readonly property bool isChosen: index === root.chosen
+
+                width: root.width / root.choices.length
+                height: root.height
+                enabled: root.isUsable
+                hoverEnabled: true
+                focusPolicy: Qt.NoFocus
+                Accessible.role: Accessible.RadioButton
+                Accessible.name: root.name + ": " + modelData
+                Accessible.checked: isChosen
+                Accessible.onPressAction: clicked()
+                onClicked: {
+                    root.forceActiveFocus();
+                    root.asked(index);
+                }
+
+                background: Rectangle {
+                    anchors.fill: parent
+                    anchors.margins: 2
+                    radius: Theme.radius - 1
+                    color: choice.isChosen ? Theme.accent : "transparent"
+
+                    Rectangle {
+                        anchors.fill: parent
+                        radius: parent.radius
+                        color: Theme.text
+                        opacity: choice.down ? 0.22 : choice.hovered && !choice.isChosen ? 0.09 : 0
+                    }
+                }
+                contentItem: Text {
+                    text: choice.modelData
+                    color: Theme.text
+                    font.pixelSize: Theme.px(13)
+                    font.weight: choice.isChosen ? Font.DemiBold : Font.Normal
+                    horizontalAlignment: Text.AlignHCenter
+                    verticalAlignment: Text.AlignVCenter
+                    elide: Text.ElideRight
+                }
+            }
+        }
+    }
+    FocusRing {
+        shown: root.activeFocus
+    }
+}
