@@ -115,7 +115,7 @@ TEST_F(ExportSettingsTest, AreNotLedAstrayByWhatAFileHolds) {
 }
 
 TEST_F(ExportSettingsTest, PicturesComeAsAWholeFolderOrNotAtAll) {
-    model.setDuration(1);
+    model.setDuration(2);
     sheet.setFormat(3);
     sheet.setSize(static_cast<int>(sheet.sizes().size()) - 1);
     sheet.setOwnSize("64x36");
@@ -144,8 +144,8 @@ TEST_F(ExportSettingsTest, PicturesComeAsAWholeFolderOrNotAtAll) {
     EXPECT_EQ(screen.picturesPlace().toStdString(), place.string());
     EXPECT_EQ(screen.preview(), nullptr);
     EXPECT_TRUE(std::filesystem::exists(place / "frame_00000.png"));
-    EXPECT_TRUE(std::filesystem::exists(place / "frame_00057.png"));
-    EXPECT_FALSE(std::filesystem::exists(place / "frame_00058.png")) << "the last three are cut";
+    EXPECT_TRUE(std::filesystem::exists(place / "frame_00117.png"));
+    EXPECT_FALSE(std::filesystem::exists(place / "frame_00118.png")) << "the last three are cut";
     EXPECT_NE(
         std::filesystem::status(place).permissions() & std::filesystem::perms::others_read,
         std::filesystem::perms::none)
