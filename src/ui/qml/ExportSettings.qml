@@ -44,7 +44,7 @@ Sheet {
         anchors.bottom: remark.top
         anchors.bottomMargin: 4
         width: parent.width
-        contentHeight: form.height
+        contentHeight: form.height + 2 * form.y
         boundsBehavior: Flickable.StopAtBounds
         clip: true
 
@@ -52,6 +52,7 @@ Sheet {
             id: form
 
             x: 20
+            y: 4 // for the ring around the row with the focus
             width: parent.width - 40
             columns: 2
             columnSpacing: 16
