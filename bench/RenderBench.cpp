@@ -99,7 +99,8 @@ void writeBall(const std::filesystem::path& file) {
     constexpr int kColumns = 400; // two triangles for each place
     std::ofstream out(file);
     for (int i = 0; i < (kRows + 1) * kColumns; ++i) {
-        const double height = std::numbers::pi * (i / kColumns) / kRows;
+        const int row = i / kColumns;
+        const double height = std::numbers::pi * row / kRows;
         const double around = 2 * std::numbers::pi * (i % kColumns) / kColumns;
         const double radius = 1 + 0.05 * std::sin(20 * height) * std::sin(15 * around);
         out << fmt::format(

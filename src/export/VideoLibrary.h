@@ -22,14 +22,14 @@ public:
         std::string message;
     };
 
-    /// Copies the movie into the place's folder, under the first free name: "Zelvo Movie.mov",
+    /// Copies the movie into the wanted folder, under the first free name: "Zelvo Movie.mov",
     /// "Zelvo Movie 2.mov", … A failed copy leaves nothing behind.
     [[nodiscard]] tl::expected<std::filesystem::path, Failure>
-    save(const std::filesystem::path& movie, const LibraryPlace& place) const;
+    save(const std::filesystem::path& movie, const LibraryPlace& wanted) const;
 
     /// The path of the next copy. `ending` is that of the file name, with its dot.
     [[nodiscard]] std::filesystem::path
-    freePlace(const LibraryPlace& place, std::string_view ending) const;
+    freePlace(const LibraryPlace& wanted, std::string_view ending) const;
 
 private:
     std::filesystem::path folder;

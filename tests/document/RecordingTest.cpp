@@ -225,16 +225,17 @@ TEST(Recording, goes_on_with_fingers_that_were_down_before_the_run) {
     World other;
     reopen(saved(world), other);
     EXPECT_EQ(other.records(), world.records());
-    std::map<int, float> turned, again;
-    for (auto& [world_, turns] : {std::pair{&world, &turned}, std::pair{&other, &again}}) {
+    const auto turnsIn = [](World& shown) {
+        std::map<int, float> turns;
         const foundation::Lifetime listening;
         ui::signals().timeSignal.subscribe(listening, [&](const ui::TimeState& state) {
-            (*turns)[static_cast<int>(state.time * 60)] =
-                world_->stage().cameraYHandle->eulerAngles().y;
+            turns[static_cast<int>(state.time * 60)] = shown.stage().cameraYHandle->eulerAngles().y;
         });
-        world_->play({});
-    }
-    EXPECT_EQ(turned, again);
+        shown.play({});
+        return turns;
+    };
+    const auto turned = turnsIn(world);
+    EXPECT_EQ(turnsIn(other), turned);
     EXPECT_NE(turned.at(75), 0);
 }
 

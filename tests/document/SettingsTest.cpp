@@ -91,22 +91,22 @@ TEST(Settings, that_are_wrong_are_told_by_their_names) {
 
     // clang-format off
     const Row rows[] = {
-        {"TX1.txt=a",            "--set TX1.txt: unknown key \"txt\" in node TX1; did you mean \"text\"?"        },
+        {"TX1.txt=a",            R"(--set TX1.txt: unknown key "txt" in node TX1; did you mean "text"?)"        },
         {"TX3.text=a",           "--set TX3.text: unknown key \"TX3\" in the performance"                        },
         {"TX1.depth=500",        "--set TX1.depth: \"depth\" in node TX1 must be 1 to 150, not 500"              },
         {"TX1.depth=deep",       "--set TX1.depth: \"depth\" in node TX1 must be a number, not a text"           },
         {"TX1=5",                "--set TX1: node TX1 must be an object {…}, not a number"                       },
-        {"TX1.material=Irn",     "--set TX1.material: unknown material \"Irn\"; did you mean \"Iron\"?"          },
+        {"TX1.material=Irn",     R"(--set TX1.material: unknown material "Irn"; did you mean "Iron"?)"          },
         {"background=red",       "--set background: \"background\" in the performance must be a colour"          },
         {"duration.seconds=2",   "--set duration.seconds: there is no \"seconds\" in a number"                   },
         {"cues.2.at=1",          "--set cues.2.at: \"2\" is no entry of a list that has 0 to 1"                  },
         {"cues.first.at=1",      "--set cues.first.at: \"first\" is no entry of a list"                          },
         {"cues.0.press=Lef In",  "--set cues.0.press: unknown button \"Lef In\" in tab IN1; did you mean"        },
-        {"TX1={\"txt\": 1}",     "--set TX1: unknown key \"txt\" in node TX1; did you mean \"text\"?"},
+        {R"(TX1={"txt": 1})",     R"(--set TX1: unknown key "txt" in node TX1; did you mean "text"?)"},
         {"TX1..text=a",          "--set TX1..text: a part of the key is empty"                                   },
         {"audio.in=3",           "--set audio.in: audio needs a \"file\""                                        },
         {"IMG.image=",           "--set IMG.image: \"image\" in node IMG must be the path"                       },
-        {"OBJ.object=a.glb",     "--set OBJ.object: node OBJ can have an \"object\" or a \"shape\", not both"    },
+        {"OBJ.object=a.glb",     R"(--set OBJ.object: node OBJ can have an "object" or a "shape", not both)"    },
         {"cues=5",               "--set cues: "                                                                  },
     };
     // clang-format on

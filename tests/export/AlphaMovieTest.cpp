@@ -55,8 +55,8 @@ Difference differenceOn(
         const bool isDark = checkered && ((i % kWidth / 8 + i / kWidth / 8) % 2 == 1);
         for (int channel = 0; channel < 3; ++channel) {
             const double grey = isDark ? 102 : 255;
-            const double change = shownOn(grey, &got[static_cast<std::size_t>(4 * i)], channel) -
-                                  shownOn(grey, &wanted[static_cast<std::size_t>(4 * i)], channel);
+            const double change = shownOn(grey, &got[4 * static_cast<std::size_t>(i)], channel) -
+                                  shownOn(grey, &wanted[4 * static_cast<std::size_t>(i)], channel);
             found.largest = std::max(found.largest, std::abs(change));
             found.darkening = std::max(found.darkening, -change);
         }
@@ -92,7 +92,7 @@ TEST_F(AlphaMovieTest, ShowsTheSameInFrontOfAnything) {
             EXPECT_LT(found.darkening, 4) << "no dark fringe";
         }
         const auto alphaAt = [&picture](int x, int y) {
-            return picture->pixels[static_cast<std::size_t>(4 * (y * kWidth + x) + 3)];
+            return picture->pixels[4 * static_cast<std::size_t>(y * kWidth + x) + 3];
         };
         EXPECT_EQ(alphaAt(63, 36), 255);
         EXPECT_EQ(alphaAt(10, 10), 0);

@@ -66,19 +66,22 @@ Plane halfOf(const Plane& whole, std::vector<std::uint32_t>& memory) {
     return half;
 }
 
+/// The mean of the pixels below one of half the size.
+std::uint32_t meanBelow(const Plane& whole, const Plane& half, int x, int y) {
+    // The last column and row of an odd side belong to the last pixel.
+    const int endX = x + 1 == half.width ? whole.width : 2 * x + 2;
+    const int endY = y + 1 == half.height ? whole.height : 2 * y + 2;
+    Sum sum;
+    for (int row = 2 * y; row < endY; ++row)
+        std::for_each(
+            whole.row(row) + 2 * x, whole.row(row) + endX, [&sum](auto pixel) { sum.add(pixel); });
+    return sum.mean();
+}
+
 void shrink(const Plane& whole, const Plane& half) {
     for (int y = 0; y < half.height; ++y) {
-        // The last column and row of an odd side belong to the last pixel.
-        const int endY = y + 1 == half.height ? whole.height : 2 * y + 2;
-        for (int x = 0; x < half.width; ++x) {
-            const int endX = x + 1 == half.width ? whole.width : 2 * x + 2;
-            Sum sum;
-            for (int row = 2 * y; row < endY; ++row)
-                std::for_each(whole.row(row) + 2 * x, whole.row(row) + endX, [&sum](auto pixel) {
-                    sum.add(pixel);
-                });
-            half.row(y)[x] = sum.mean();
-        }
+        for (int x = 0; x < half.width; ++x)
+            half.row(y)[x] = meanBelow(whole, half, x, y);
     }
 }
 

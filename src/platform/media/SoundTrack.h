@@ -42,7 +42,7 @@ public:
 private:
     explicit SoundTrack(AudioReader sound);
 
-    [[nodiscard]] foundation::Result<void> openEncoder(SoundCodec codec);
+    [[nodiscard]] foundation::Result<void> openEncoder(SoundCodec wanted);
     void fillFrame(std::int64_t count) const;
     [[nodiscard]] foundation::Result<void> writeFrame(MovieFile& movie);
     [[nodiscard]] foundation::Result<void> send(AVFrame* next, MovieFile& movie);

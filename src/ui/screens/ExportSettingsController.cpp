@@ -130,7 +130,7 @@ QStringList ExportSettingsController::motionBlurs() {
 
 int ExportSettingsController::motionBlur() const {
     // A number between two choices, as from a file that was changed by hand, is the lower one.
-    const auto above = std::ranges::upper_bound(kMotionBlurs, settings.moments);
+    const auto* const above = std::ranges::upper_bound(kMotionBlurs, settings.moments);
     return static_cast<int>(above - kMotionBlurs.begin()) - 1;
 }
 
@@ -205,7 +205,7 @@ QString ExportSettingsController::fault() const {
 }
 
 QString ExportSettingsController::remark() const {
-    if (const QString why = fault(); !why.isEmpty())
+    if (QString why = fault(); !why.isEmpty())
         return why;
     const movie::VideoLibrary library(services.folders.videos);
     const auto free = library.freePlace(place(), settings.ending());
