@@ -94,8 +94,7 @@ void Nodes::applyDefaultStyles() {
     textNode1->applyStyle(text);
     textNode2->applyStyle(text);
 
-    imageNode->applyStyle(
-        {placeholder(), content::imageMasks().front(), false});
+    imageNode->applyStyle({placeholder(), content::imageMasks().front(), false});
     mediaNode->applyStyle(
         {content::MediaNode::shapeNamed("None"),
          ui::kPalette[ui::kBlackIndex],

@@ -22,12 +22,12 @@ class PictureImporter;
 enum class Offer {
     none,     ///< there is nothing
     document, ///< a performance
-    object,  ///< a 3D object, maybe with its parts, or a folder of them
-    picture, ///< or a video, for the image node
-    sound,   ///< the music of the movie
-    fonts,   ///< font files
-    archive, ///< of fonts or 3D objects
-    link,    ///< to another machine; nothing is fetched from there
+    object,   ///< a 3D object, maybe with its parts, or a folder of them
+    picture,  ///< or a video, for the image node
+    sound,    ///< the music of the movie
+    fonts,    ///< font files
+    archive,  ///< of fonts or 3D objects
+    link,     ///< to another machine; nothing is fetched from there
     unknown
 };
 

@@ -37,7 +37,8 @@ protected:
     /// takes longer than the wait for the fade.
     [[nodiscard]] bool isReady() {
         return isDrawn() && soon([this] { return application.main.sceneAlpha() == 1; }) &&
-               soon([this] { return model.nodes().textNode1->presentedPosition() == glm::vec3(0); });
+               soon(
+                   [this] { return model.nodes().textNode1->presentedPosition() == glm::vec3(0); });
     }
 
     /// The view of a controller; null while there is none.
