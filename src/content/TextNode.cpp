@@ -253,7 +253,42 @@ text::TextAttributes TextNode::attributesWith(const std::string& font) const {
     return attributes;
 }
 
+bool TextNode::isFitted() const {
+    return maxWidth_ && positionNode->scale.value().x == fittedScale_;
+}
+
+std::optional<double> TextNode::maxWidth() const {
+    return isFitted() ? maxWidth_ : std::nullopt;
+}
+
+float TextNode::fullScale() const {
+    return isFitted() ? fullScale_ : positionNode->scale.value().x;
+}
+
+void TextNode::setMaxWidth(std::optional<double> most) {
+    fullScale_ = fullScale();
+    if (isFitted() && !most) {
+        scale2D = fullScale_;
+        positionNode->scale = glm::vec3(scale2D);
+    }
+    maxWidth_ = most;
+    fitWidth();
+}
+
+void TextNode::fitWidth() {
+    if (!maxWidth_)
+        return;
+    const geometry::Box box = layoutBox();
+    const double width = box.isEmpty() ? 0 : double{box.max.x} - double{box.min.x};
+    const bool isTooWide = width * double{fullScale_} > *maxWidth_;
+    fittedScale_ = isTooWide ? static_cast<float>(*maxWidth_ / width) : fullScale_;
+    scale2D = fittedScale_;
+    positionNode->scale = glm::vec3(scale2D);
+    updateOutline();
+}
+
 void TextNode::buildLetters() {
+    const bool wasFitted = isFitted();
     const std::vector<scene::SCNNodePtr> former = contentNode->childNodes();
     for (const scene::SCNNodePtr& letter : former)
         letter->removeFromParentNode();
@@ -288,12 +323,16 @@ void TextNode::buildLetters() {
         letter->originalPosition = place;
     }
     centreLetters(widthSum, maxHeight, lineAdvance(coordinates, characters.size()));
+    if (wasFitted)
+        fitWidth();
 }
 
 geometry::Box TextNode::layoutBox() const {
     geometry::Box all;
     for (const auto& letter : letters()) {
         const geometry::Box box = letter->geometry->boundingBox();
+        if (box.isEmpty())
+            continue; // a blank
         const glm::vec3 place =
             letter->originalPosition.value_or(glm::vec3(0)) - glm::vec3(letter->pivot[3]);
         all.include(box.min + place);

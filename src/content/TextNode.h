@@ -92,6 +92,14 @@ public:
     void setBevelInnerOuter(look::BevelInnerOuter fill);
     void setExtrusionDepth(double depth); ///< no rebuild; the minimum depth is 1
 
+    /// Scene units: as long as it is set, a text that would be wider is made smaller, to fit. The present
+    /// size is the largest. A size that the user gives ends it. Empty: none, and the size is the largest
+    /// again.
+    void setMaxWidth(std::optional<double> most);
+    [[nodiscard]] std::optional<double> maxWidth() const;
+    /// The size without that limit.
+    [[nodiscard]] float fullScale() const;
+
     void applyStyle(const TextStylePreset& preset);
     void updateContent() override;
 
@@ -115,6 +123,8 @@ private:
     void buildLetters();
     void makeSolids(const std::vector<std::string>& characters, const text::TextAttributes& style);
     void form(scene::SCNText& solid) const;
+    [[nodiscard]] bool isFitted() const;
+    void fitWidth();
     void centreLetters(float widthSum, float maxHeight, float advance);
     void updateExtrusion();
 
@@ -127,6 +137,9 @@ private:
     double extrusionDepth_ = 24;
     look::BevelProfile bevelProfile_ = look::BevelProfile::linear;
     look::BevelInnerOuter bevelInnerOuter_ = look::BevelInnerOuter::inner;
+    std::optional<double> maxWidth_;
+    float fullScale_ = 1;
+    float fittedScale_ = 1; ///< if the node has another size, the user has given it that
     bool isFontCorrupt = false;
     Solids solids; ///< of the letters; equal letters share one
     text::TextAttributes solidStyle;

@@ -67,6 +67,8 @@ constexpr double kAngleSteps = 1e4; ///< a degree
 TextStyle styleOf(const content::TextNode& node, const text::FontRegistry& fonts) {
     TextStyle style;
     static_cast<LayoutStyle&>(style) = layoutOf(node);
+    style.scale = node.fullScale();
+    style.maxWidth = node.maxWidth();
     style.text = node.text();
     style.font = node.fontName();
     if (const auto file = fonts.addedFileOf(node.fontName()); !file.empty())

@@ -77,18 +77,9 @@ void styleLetters(const TextStyle& style, content::TextNode& node) {
     node.setCurrentMaterialName(material);
 }
 
-/// Makes a text smaller until it is as wide as allowed.
-void fitWidth(double maxWidth, content::TextNode& node) {
-    const geometry::Box box = node.contentNode->boundingBox();
-    const double width = double{box.max.x} - box.min.x;
-    if (width * node.scale2D <= maxWidth)
-        return;
-    node.scale2D = static_cast<float>(maxWidth / width);
-    node.applyScale();
-}
-
 void styleText(const TextStyle& style, const text::FontRegistry& fonts, content::TextNode& node) {
     node.settle();
+    node.setMaxWidth(std::nullopt); // the style's own size comes first
     const TextStyle now = styleOf(node, fonts);
     if (style.frontColor && style.frontColor != now.frontColor)
         node.setFrontColor(*style.frontColor);
@@ -99,8 +90,7 @@ void styleText(const TextStyle& style, const text::FontRegistry& fonts, content:
     else if (style.depth && style.depth != now.depth)
         node.setExtrusionDepth(*style.depth);
     styleLayout(style, now, node);
-    if (style.maxWidth)
-        fitWidth(*style.maxWidth, node);
+    node.setMaxWidth(style.maxWidth);
 }
 
 const content::ImageMaskPtr& maskNamed(const std::string& name) {

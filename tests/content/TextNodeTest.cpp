@@ -135,6 +135,10 @@ TEST_F(TextNodeTest, TurnsAllLettersAboutOneCommonPoint) {
 TEST_F(TextNodeTest, ItsLowestPlaceIsThatOfTheLayoutWhateverIsPerformed) {
     const auto text = textOf("gap");
     const float atHome = text->lowestInLayout().value();
+    const std::string word = text->text();
+    text->setText(word + " " + word);
+    EXPECT_EQ(text->lowestInLayout(), atHome) << "a blank has no place";
+    text->setText(word);
     float lowest = 1000;
     for (const CharNodePtr& letter : text->letters())
         lowest = std::min(lowest, letter->worldTransform()[3].y + letter->boundingBox().min.y);

@@ -259,7 +259,7 @@ TEST(Style, of_a_stage_is_read_and_set_again_whole) {
               "TX1": {"text": "ÄÖ", "font": "Bungee-Regular", "material": "Iron", "depth": 7.3,
                       "frontColor": "#0A0B0C", "bandColor": "#FEDCBA", "bevel": 0.7,
                       "profile": "linear", "fill": "inner", "position": [1.25, -30.1, 900],
-                      "scale": 0.33, "rotation": [35, -115, 90], "visible": false},
+                      "scale": 0.8, "maxWidth": 60, "rotation": [35, -115, 90], "visible": false},
               "IMG": {"mask": "Mask 3", "flipV": true, "quarterTurns": 3},
               "OBJ": {"shape": "Heart", "material": "Rock", "color": "#E6B219"}},
             "audio": {"file": "song.wav", "title": "Song", "in": 1, "end": 3.5, "preRoll": 0.5, "fade": "fadeOut"},
@@ -273,11 +273,30 @@ TEST(Style, of_a_stage_is_read_and_set_again_whole) {
     const Style wanted = completed(resolved(*read, world.folder.path()), untouched);
     EXPECT_EQ(written({whole, {}, {}}), written({wanted, {}, {}}));
 
+    content::TextNode& text = *world.stage().textNode1;
+    const auto width = [&] {
+        const geometry::Box box = text.contentNode->boundingBox();
+        return (box.max.x - box.min.x) * text.positionNode->scale.value().x;
+    };
+    EXPECT_NEAR(width(), 60, 0.2);
+    text.setText("MUCH LONGER");
+    EXPECT_NEAR(width(), 60, 0.2) << "while a hand types";
+    text.setText("I");
+    EXPECT_LT(width(), 59);
+    EXPECT_EQ(text.scale2D, 0.8F);
+    text.setText("ÄÖ");
+    EXPECT_EQ(styleOf(world.model()), whole);
+
     World other;
     EXPECT_TRUE(applyStyle(whole, readMedia(whole), other.model()).empty());
     EXPECT_EQ(styleOf(other.model()), whole);
     EXPECT_TRUE(applyStyle(untouched, readMedia(untouched), other.model()).empty());
     EXPECT_EQ(styleOf(other.model()), untouched) << "and back";
+    text.scale2D = 0.5F; // by the user, who knows what is wide enough
+    text.applyScale();
+    text.setText("MUCH LONGER");
+    EXPECT_EQ(text.scale2D, 0.5F);
+    EXPECT_FALSE(styleOf(world.model()).nodes.at("TX1").maxWidth);
 }
 
 TEST(Style, keeps_the_names_of_what_is_missing_and_says_so) {
