@@ -103,7 +103,7 @@ std::string batchKey(const document::Performance& performance, const BatchComman
         quality.samples,
         quality.passes,
         quality.moments,
-        command.seed,
+        command.seed ? std::to_string(*command.seed) : "-",
         command.codec ? static_cast<int>(*command.codec) : -1,
         ZELVO_VERSION));
     return hash.result().toHex().toStdString();

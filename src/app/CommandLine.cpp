@@ -248,8 +248,10 @@ void addAlpha(CLI::App& command, bool& hasAlpha) {
         "Leave out the background and the environment, and write straight alpha");
 }
 
-void addSeed(CLI::App& command, std::uint64_t& seed) {
-    command.add_option("--seed", seed, "Seed of all random numbers, 0 if not given")
+void addSeed(CLI::App& command, std::optional<std::uint64_t>& seed) {
+    command
+        .add_option(
+            "--seed", seed, "Seed of all random numbers; if not given, that of the file, or else 0")
         ->check(CLI::Validator(CLI::NonNegativeNumber).description(""))
         ->type_name("N");
 }

@@ -38,8 +38,8 @@ struct PerformCommand {
     std::filesystem::path frames; ///< folder for PNG files; empty: none
     PictureSize size;
     render::DrawQuality quality;
-    bool hasAlpha = false; ///< only the content, without the environment
-    std::uint64_t seed = 0;
+    bool hasAlpha = false;             ///< only the content, without the environment
+    std::optional<std::uint64_t> seed; ///< empty: that of the performance
     media::Container format = media::Container::quickTime; ///< of the movie
     std::optional<media::VideoCodec> codec;
     bool showsTiming = false;
@@ -52,8 +52,8 @@ struct FrameCommand {
     std::filesystem::path out;
     PictureSize size;
     render::DrawQuality quality;
-    bool hasAlpha = false; ///< only the content, without the environment
-    std::uint64_t seed = 0;
+    bool hasAlpha = false;             ///< only the content, without the environment
+    std::optional<std::uint64_t> seed; ///< empty: that of the performance
 };
 
 /// `zelvo strip`.
@@ -63,8 +63,8 @@ struct StripCommand {
     double to = 0;   ///< not before `from`
     int count = kMinMoments;
     std::filesystem::path out;
-    PictureSize size{384, 216}; ///< of each moment
-    std::uint64_t seed = 0;
+    PictureSize size{384, 216};        ///< of each moment
+    std::optional<std::uint64_t> seed; ///< empty: that of the performance
 
     static constexpr int kMinMoments = 1;
     static constexpr int kMaxMoments = 100;
@@ -79,7 +79,7 @@ struct BatchCommand {
     std::filesystem::path movies; ///< folder
     PictureSize size;
     render::DrawQuality quality;
-    std::uint64_t seed = 0;
+    std::optional<std::uint64_t> seed; ///< empty: that of the performance
     std::optional<media::VideoCodec> codec;
 };
 

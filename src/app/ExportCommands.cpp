@@ -25,7 +25,7 @@ namespace {
 /// Reads a performance, exports it and tells the result.
 struct Export {
     const SourceOptions& source;
-    std::uint64_t seed = 0;
+    std::optional<std::uint64_t> seed;
     foundation::Folders folders;
     std::function<foundation::Result<movie::MovieOptions>(model::Model&)> options;
     std::function<void(const ExportReport&)> report;

@@ -55,7 +55,8 @@ tl::expected<ExportReport, Failure> exportPerformance(StoppableLoop& loop, const
     const auto stopped = [&] {
         return unexpected(Failure{ExitStatus::kStopped + loop.stopSignal()});
     };
-    Engine engine(loop.runLoop(), task.folders, task.seed);
+    const std::uint64_t seed = task.seed.value_or(source.performance.seed.value_or(0));
+    Engine engine(loop.runLoop(), task.folders, seed);
     const auto ready =
         document::setUp(source.performance, source.file.parent_path(), engine.model());
     if (!ready) {

@@ -39,7 +39,7 @@ struct Source {
 /// A performance to export.
 struct Task {
     const Source& source;
-    std::uint64_t seed = 0;
+    std::optional<std::uint64_t> seed{}; ///< empty: that of the performance
     foundation::Folders folders{};
     /// The options of the export; called when the performance is set up. Errors: the arguments do
     /// not fit the performance.

@@ -75,7 +75,7 @@ MovieOptions ExportSettings::options(std::uint32_t stage) const {
     made.leftOut = hasAlpha() ? stage : 0;
     made.writesMovie = infoOf(format).container.has_value();
     made.container = infoOf(format).container.value_or(made.container);
-    made.libraryPlace = place;
+    made.copyPlace = place;
     return made;
 }
 

@@ -45,7 +45,7 @@ struct MovieOptions {
     std::optional<std::filesystem::path> output;
 
     media::Container container = media::Container::quickTime; ///< of a movie without `output`
-    LibraryPlace libraryPlace;                                ///< of its copy
+    LibraryPlace copyPlace;                                   ///< of its copy
 
     /// False: only the tap's pictures are drawn.
     bool writesMovie = true;

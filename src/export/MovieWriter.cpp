@@ -238,7 +238,7 @@ void MovieWriter::finished() {
 }
 
 MovieOutcome MovieWriter::savedToLibrary(MovieOutcome outcome) {
-    const auto saved = library.save(outcome.movie, options.libraryPlace);
+    const auto saved = library.save(outcome.movie, options.copyPlace);
     if (saved) {
         outcome.savedCopy = *saved;
         model.showAlert("Movie successfully saved to your Photo Library.", "");

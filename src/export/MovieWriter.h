@@ -79,7 +79,7 @@ public:
     /// The path for one more copy among the user's videos.
     [[nodiscard]] std::filesystem::path freeVideoPlace() const {
         const auto& row = media::infoOf(options.container);
-        return library.freePlace(options.libraryPlace, row.ending);
+        return library.freePlace(options.copyPlace, row.ending);
     }
 
     /// The path of "Movie.mov" (with the container's ending), or of another name while another

@@ -152,7 +152,7 @@ TEST_F(AlphaMovieTest, KeepsOneMovieAndItsCopiesInAChosenPlace) {
     exportMovie();
     ASSERT_TRUE(*outcome);
     writer.options.container = media::Container::webm;
-    writer.options.libraryPlace = {folder.path() / "chosen/deeper", "Night Run"};
+    writer.options.copyPlace = {folder.path() / "chosen/deeper", "Night Run"};
     exportMovie();
     exportMovie();
     ASSERT_TRUE(*outcome);

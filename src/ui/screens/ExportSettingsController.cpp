@@ -218,7 +218,7 @@ void ExportSettingsController::start() {
     settings.keep(services.defaults);
     auto& options = services.model.movieWriter().options;
     options = settings.options(node::kStageMask);
-    options.libraryPlace = place();
+    options.copyPlace = place();
     Q_EMIT accepted();
 }
 

@@ -92,7 +92,7 @@ foundation::Result<void> ExportViewController::prepareTap() {
     options.tap = posterTap(poster, kPosterMoment * duration);
     if (options.writesMovie)
         return {};
-    auto made = movie::FrameFolder::make(options.libraryPlace);
+    auto made = movie::FrameFolder::make(options.copyPlace);
     if (!made)
         return tl::unexpected(made.error());
     pictures.emplace(std::move(*made));

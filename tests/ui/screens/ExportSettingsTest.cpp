@@ -48,7 +48,7 @@ TEST_F(ExportSettingsTest, AreThoseOfTheLastExport) {
     EXPECT_EQ(options().quality.passes, render::kQualities.back().quality.passes);
     EXPECT_EQ(options().quality.moments, 8);
     EXPECT_NE(options().leftOut, 0U);
-    EXPECT_EQ(options().libraryPlace.name, "Night Run");
+    EXPECT_EQ(options().copyPlace.name, "Night Run");
 
     const ExportSettingsController next(services);
     EXPECT_EQ(next.format(), 2);
@@ -108,8 +108,8 @@ TEST_F(ExportSettingsTest, AreNotLedAstrayByWhatAFileHolds) {
     EXPECT_EQ(options().container, media::Container::quickTime);
     EXPECT_EQ(options().renderSize, (render::Size{1920, 1080}));
     EXPECT_EQ(options().quality.moments, 1);
-    EXPECT_EQ(options().libraryPlace.name, "Zelvo Movie");
-    EXPECT_EQ(options().libraryPlace.folder, folders.videos);
+    EXPECT_EQ(options().copyPlace.name, "Zelvo Movie");
+    EXPECT_EQ(options().copyPlace.folder, folders.videos);
     world.defaults.set("ExportMotionBlur", 6.0);
     EXPECT_EQ(ExportSettingsController(services).motionBlur(), 1);
 }

@@ -68,6 +68,8 @@ protected:
         QTest::keyClick(&window, Qt::Key_2); // draws random numbers
         drag({500, 200}, {560, 230});
         QTest::keyRelease(&window, Qt::Key_1);
+        menu.tabButton("FX2").click();
+        QTest::keyClick(&window, Qt::Key_1); // particles
         ASSERT_TRUE(soon([&] { return !model.isPlaying(); }));
         EXPECT_GE(model.actionController().recordedActions().size(), 6U);
     }
