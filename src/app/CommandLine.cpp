@@ -298,6 +298,7 @@ void settleFormat(PerformCommand& options, std::optional<media::Container> wante
 
 void addFormat(CLI::App& command, PerformCommand& options) {
     std::vector<std::string> names;
+    names.reserve(media::kContainers.size());
     for (const auto& row : media::kContainers)
         names.emplace_back(row.name);
     auto* const format =
