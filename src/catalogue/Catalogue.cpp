@@ -47,4 +47,9 @@ const Tab* tabNamed(std::string_view shortTitle) {
     return found == kTabs.end() ? nullptr : &*found;
 }
 
+std::optional<Group> groupOf(std::string_view shortTitle) {
+    const Tab* const tab = tabNamed(shortTitle);
+    return tab == nullptr ? std::nullopt : std::optional(tab->group);
+}
+
 } // namespace zelvo::catalogue

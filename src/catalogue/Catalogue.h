@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -35,10 +36,16 @@ struct PagePlace {
     int place;
 };
 
+/// What the buttons of a tab are for. In the order of the row.
+enum class Group { in, letters, turns, camera, effects, out };
+
+inline constexpr int kGroups = 6;
+
 /// A tab of the catalogue.
 struct Tab {
     std::string_view shortTitle; ///< shown on the tab's button
     std::string_view field;      ///< used in the program
+    Group group;
     std::string_view contents;
     std::vector<Button> (*operation)();
     PagePlace onPage;
@@ -59,5 +66,9 @@ void release(const Button& button, const PressContext& context);
 
 /// Finds a tab by its short title; null if there is none.
 [[nodiscard]] const Tab* tabNamed(std::string_view shortTitle);
+
+/// The group of the tab with this short title, which a ButtonPress records; none if there is no such
+/// tab.
+[[nodiscard]] std::optional<Group> groupOf(std::string_view shortTitle);
 
 } // namespace zelvo::catalogue

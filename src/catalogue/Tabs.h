@@ -29,23 +29,26 @@ namespace zelvo::catalogue {
 /// In the order of the row. The tab with the field MID shows "TXT".
 // clang-format off
 inline constexpr auto kTabs = std::to_array<Tab>({
-    {"FLY", "FLY", "fly-throughs",                             showFlyBy, {1, 4}},
-    {"IN1", "IN1", "straight entrances",                       showIn1,   {1, 5}},
-    {"IN2", "IN2", "mixed entrances",                          showIn2,   {1, 6}},
-    {"IN3", "IN3", "letter and random entrances",              showIn3,   {1, 7}},
-    {"IN4", "IN4", "eased and letter entrances",               showIn4,   {1, 8}},
-    {"TXT", "MID", "letter actions for the middle of a movie", showTXT,   {2, 1}},
-    {"ROT", "ROT", "rotations of the whole stage",             showRot,   {2, 2}},
-    {"CAM", "CAM", "camera actions",                           showCam,   {2, 3}},
-    {"FX1", "FX1", "post-processing and hide",                 showFX1,   {2, 4}},
-    {"FX2", "FX2", "explosions with light",                    showFX2,   {2, 5}},
-    {"FX3", "FX3", "particle and light effects",               showFX3,   {2, 6}},
-    {"OT1", "OT1", "straight exits",                           showOut1,  {1, 1}},
-    {"OT2", "OT2", "eased and letter exits",                   showOut2,  {1, 2}},
-    {"OT3", "OT3", "mixed exits",                              showOut3,  {1, 3}},
+    {"FLY", "FLY", Group::in,       "fly-throughs",                             showFlyBy, {1, 4}},
+    {"IN1", "IN1", Group::in,       "straight entrances",                       showIn1,   {1, 5}},
+    {"IN2", "IN2", Group::in,       "mixed entrances",                          showIn2,   {1, 6}},
+    {"IN3", "IN3", Group::in,       "letter and random entrances",              showIn3,   {1, 7}},
+    {"IN4", "IN4", Group::in,       "eased and letter entrances",               showIn4,   {1, 8}},
+    {"TXT", "MID", Group::letters,  "letter actions for the middle of a movie", showTXT,   {2, 1}},
+    {"ROT", "ROT", Group::turns,    "rotations of the whole stage",             showRot,   {2, 2}},
+    {"CAM", "CAM", Group::camera,   "camera actions",                           showCam,   {2, 3}},
+    {"FX1", "FX1", Group::effects,  "post-processing and hide",                 showFX1,   {2, 4}},
+    {"FX2", "FX2", Group::effects,  "explosions with light",                    showFX2,   {2, 5}},
+    {"FX3", "FX3", Group::effects,  "particle and light effects",               showFX3,   {2, 6}},
+    {"OT1", "OT1", Group::out,      "straight exits",                           showOut1,  {1, 1}},
+    {"OT2", "OT2", Group::out,      "eased and letter exits",                   showOut2,  {1, 2}},
+    {"OT3", "OT3", Group::out,      "mixed exits",                              showOut3,  {1, 3}},
 });
 
 // clang-format on
+
+static_assert(
+    std::ranges::is_sorted(kTabs, {}, &Tab::group), "the tabs of a group stand side by side");
 
 /// The number of tabs in this place: 1 if the table is right.
 [[nodiscard]] constexpr auto tabsAt(const PagePlace& wanted) {
