@@ -50,6 +50,14 @@ void ActionController::recordAt(double time, const std::function<void()>& deeds)
     recordingTime.reset();
 }
 
+std::vector<XACPtr> ActionController::recordsOf(const std::function<void()>& deeds) {
+    std::vector<XACPtr> records;
+    collected = &records;
+    deeds();
+    collected = nullptr;
+    return records;
+}
+
 XACPtr ActionController::newRecord(std::function<void()> xacFunc) const {
     auto xac = std::make_shared<XAC>();
     xac->xacFunc = std::move(xacFunc);
@@ -75,19 +83,26 @@ void ActionController::addAction(
         return;
     }
 
-    const auto isInRun = std::make_shared<bool>(false);
+    owner.willPerform();
+
+    struct Moment {
+        bool isInRun = false;
+        bool isRecorded = false;
+    };
+
+    const auto pressed = std::make_shared<Moment>();
     send(
-        [&owner = owner, xac, isInRun] {
+        [&owner = owner, xac, pressed] {
             xac->time = owner.time();
-            *isInRun = owner.isPlaying();
+            *pressed = {owner.isPlaying(), owner.recordsActs()};
         },
-        [this, xac, isInRun, snapping, performance = performanceNumber] {
-            if (*isInRun && performance == performanceNumber) {
+        [this, xac, pressed, snapping, performance = performanceNumber] {
+            if (pressed->isRecorded && performance == performanceNumber) {
                 if (snapping == Snapping::toBeats)
                     snap(*xac);
                 keep(xac);
             }
-            if (!*isInRun || owner.isPlaying())
+            if (!pressed->isInRun || owner.isPlaying())
                 call(*xac);
         });
 }
@@ -116,6 +131,10 @@ void ActionController::send(std::function<void()> onQueue, std::function<void()>
 }
 
 void ActionController::keep(const XACPtr& xac) {
+    if (collected != nullptr) {
+        collected->push_back(xac);
+        return;
+    }
     append(xac);
     if (xac->registerUndo)
         undoManager.add(MyUndoManagerActionType::remove, xac);
@@ -187,6 +206,47 @@ void ActionController::removeActions(int identifier) {
     checkOwnerThread();
     std::erase_if(
         recordedActions_, [&](const XACPtr& xac) { return xac->identifier == identifier; });
+}
+
+void ActionController::replaceActions(const std::vector<XACPtr>& records) {
+    checkOwnerThread();
+    recordedActions_ = records;
+}
+
+void ActionController::edit(std::string title, std::vector<XACPtr> records) {
+    checkOwnerThread();
+    ListEdit edit{std::move(title), recordedActions_, std::move(records)};
+    recordedActions_ = edit.after;
+    undoManager.add(std::move(edit));
+}
+
+void ActionController::deleteForGood(const std::function<void()>& deletion) {
+    Deletion made;
+    made.before = recordedActions();
+    made.lastIdentifier = currentIdentifier;
+    if (!canPutBack())
+        deletions.clear(); // something else has changed the performance since
+    deletion();
+    made.after = recordedActions_;
+    made.performanceNumber = performanceNumber;
+    if (made.after != made.before)
+        deletions.push_back(std::move(made));
+    ui::signals().undoStateSignal.fire();
+}
+
+bool ActionController::canPutBack() const {
+    return !deletions.empty() && deletions.back().performanceNumber == performanceNumber &&
+           deletions.back().after == recordedActions_;
+}
+
+void ActionController::putBack() {
+    CHECK(canPutBack(), "there is nothing to put back");
+    recordedActions_ = deletions.back().before;
+    currentIdentifier = std::max(currentIdentifier, deletions.back().lastIdentifier);
+    deletions.pop_back();
+    if (!deletions.empty())
+        deletions.back().performanceNumber = performanceNumber;
+    ui::signals().undoStateSignal.fire();
 }
 
 void ActionController::resetAll(CameraHandles handles, const Homecoming& how) const {

@@ -74,6 +74,9 @@ public:
     /// performs none of them. So a saved performance becomes records at once.
     void recordAt(double time, const std::function<void()>& deeds);
 
+    /// The records that all actions of `deeds` make within `recordAt`; they are not kept.
+    [[nodiscard]] std::vector<XACPtr> recordsOf(const std::function<void()>& deeds);
+
     /// Moves the time of a press to a beat; both are seconds of the clock, including the count-in.
     /// Empty: presses are recorded when they come. A press is performed at once in any case, and in
     /// this run it is not performed again at the beat. The further records of its action, such as the
@@ -98,6 +101,17 @@ public:
     void append(const XACPtr& xac) override;
     /// Removes all records of one user action.
     void removeActions(int identifier) override;
+    void replaceActions(const std::vector<XACPtr>& records) override;
+
+    /// Replaces the performance as one step that can be undone. `title` is for the messages of undo.
+    void edit(std::string title, std::vector<XACPtr> records);
+
+    /// Does a deletion that is no step of undo. The user can have back what was deleted, as long as
+    /// nothing else changes the performance.
+    void deleteForGood(const std::function<void()>& deletion);
+    [[nodiscard]] bool canPutBack() const;
+    /// Check canPutBack first. The last deletion comes back first.
+    void putBack();
 
     void resetAll(CameraHandles handles, const Homecoming& how = {}) const;
     /// Resets without animation. Writes to the console if the list is empty.
@@ -122,11 +136,21 @@ private:
     void snap(XAC& xac) const;
     void checkOwnerThread() const;
 
+    /// The performance before and after something was deleted for good.
+    struct Deletion {
+        std::vector<XACPtr> before;
+        std::vector<XACPtr> after;
+        int lastIdentifier = 0;    ///< before
+        int performanceNumber = 0; ///< after
+    };
+
     ActionControllerOwner& owner;
     std::vector<XACPtr> recordedActions_;
-    HandMovePtr moveUnderWay;            ///< null: not within `perform`
-    std::optional<double> recordingTime; ///< empty: not within `recordAt`
-    int underWay = 0;                    ///< number of calls of `send` that have not come back
+    HandMovePtr moveUnderWay;                 ///< null: not within `perform`
+    std::optional<double> recordingTime;      ///< empty: not within `recordAt`
+    std::vector<XACPtr>* collected = nullptr; ///< null: not within `recordsOf`
+    std::vector<Deletion> deletions;          ///< the last one is put back first
+    int underWay = 0;                         ///< number of calls of `send` that have not come back
     /// Incremented by deleteAll: records made for an earlier performance are not kept.
     int performanceNumber = 0;
     int runNumber = 0; ///< incremented at the end of each run

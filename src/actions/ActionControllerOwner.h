@@ -13,8 +13,14 @@ public:
 
     /// The clock's time in seconds, including the count-in. Any thread.
     [[nodiscard]] virtual double time() const = 0;
-    /// Whether the timeline runs, so that actions are recorded. Any thread.
+    /// Whether the timeline runs. Any thread.
     [[nodiscard]] virtual bool isPlaying() const = 0;
+
+    /// Whether actions are recorded: a run may only play. Any thread.
+    [[nodiscard]] virtual bool recordsActs() const { return isPlaying(); }
+
+    /// The user is about to perform an action by hand.
+    virtual void willPerform() {}
 
     /// The base duration of animations at the current speed, in seconds.
     [[nodiscard]] virtual double animationFactor() const = 0;

@@ -4,38 +4,76 @@
 #include "platform/foundation/Check.h"
 #include "shared/Signal.h"
 
+#include <utility>
+
 namespace zelvo::actions {
 
 void MyUndoManager::add(MyUndoManagerActionType type, const XACPtr& xact) {
     undoActions.push_back({type, xact});
     redoActions.clear();
+    undoneEdits.clear();
+    ui::signals().undoStateSignal.fire();
+}
+
+void MyUndoManager::add(ListEdit edit) {
+    edits.push_back({std::move(edit), undoActions.size()});
+    redoActions.clear();
+    undoneEdits.clear();
     ui::signals().undoStateSignal.fire();
 }
 
 void MyUndoManager::clear() {
     undoActions.clear();
     redoActions.clear();
+    edits.clear();
+    undoneEdits.clear();
     ui::signals().undoStateSignal.fire();
 }
 
+bool MyUndoManager::isEditNext(const EditStack& edits, const Stack& records) {
+    return !edits.empty() && edits.back().height == records.size();
+}
+
 std::string MyUndoManager::undoTitle() const {
-    return canUndo() ? undoActions.back().xact->title : std::string();
+    if (isEditNext(edits, undoActions))
+        return edits.back().edit.title;
+    return undoActions.empty() ? std::string() : undoActions.back().xact->title;
 }
 
 std::string MyUndoManager::redoTitle() const {
-    return canRedo() ? redoActions.back().xact->title : std::string();
+    if (isEditNext(undoneEdits, redoActions))
+        return undoneEdits.back().edit.title;
+    return redoActions.empty() ? std::string() : redoActions.back().xact->title;
 }
 
 void MyUndoManager::undo() {
     isUndoing = true;
-    carryOut(undoActions, redoActions);
+    if (isEditNext(edits, undoActions)) {
+        undoneEdits.push_back({std::move(edits.back().edit), redoActions.size()});
+        edits.pop_back();
+        replaceList(undoneEdits.back().edit.before);
+    } else {
+        carryOut(undoActions, redoActions);
+    }
     isUndoing = false;
 }
 
 void MyUndoManager::redo() {
     isRedoing = true;
-    carryOut(redoActions, undoActions);
+    if (isEditNext(undoneEdits, redoActions)) {
+        edits.push_back({std::move(undoneEdits.back().edit), undoActions.size()});
+        undoneEdits.pop_back();
+        replaceList(edits.back().edit.after);
+    } else {
+        carryOut(redoActions, undoActions);
+    }
     isRedoing = false;
+}
+
+void MyUndoManager::replaceList(const std::vector<XACPtr>& records) const {
+    if (actionController != nullptr)
+        actionController->replaceActions(records);
+    ui::signals().undoStateSignal.fire();
 }
 
 void MyUndoManager::carryOut(Stack& from, Stack& to) const {

@@ -3,6 +3,7 @@
 
 #include "actions/XAC.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,15 @@ public:
     virtual ~UndoneList() = default;
     virtual void append(const XACPtr& xac) = 0;
     virtual void removeActions(int identifier) = 0;
+    /// Changes the whole list.
+    virtual void replaceActions(const std::vector<XACPtr>& records) = 0;
+};
+
+/// A change to the list as a whole, such as moving some acts to another time.
+struct ListEdit {
+    std::string title; ///< shown in undo messages
+    std::vector<XACPtr> before;
+    std::vector<XACPtr> after;
 };
 
 /// Undo and redo of the performance: two stacks of changes to the list of records. The stage itself
@@ -24,6 +34,9 @@ public:
 ///
 /// Removing works by identifier, so it removes a whole gesture. Adding puts back only the record on
 /// the stack: a gesture that was undone comes back as its first record only. Main thread only.
+///
+/// Edits of the list as a whole have stacks of their own. Each edit remembers how high the other
+/// stack was, so that all steps are undone and redone in the order in which they were made.
 class MyUndoManager {
 public:
     struct Entry {
@@ -44,11 +57,13 @@ public:
 
     /// Adds a new step and clears what could be redone.
     void add(MyUndoManagerActionType type, const XACPtr& xact);
+    /// The same for an edit. The list has been changed already.
+    void add(ListEdit edit);
     void clear();
 
-    [[nodiscard]] bool canUndo() const { return !undoActions.empty(); }
+    [[nodiscard]] bool canUndo() const { return !undoActions.empty() || !edits.empty(); }
 
-    [[nodiscard]] bool canRedo() const { return !redoActions.empty(); }
+    [[nodiscard]] bool canRedo() const { return !redoActions.empty() || !undoneEdits.empty(); }
 
     /// The title of the next step to undo or redo; empty if there is none.
     [[nodiscard]] std::string undoTitle() const;
@@ -59,7 +74,19 @@ public:
     void redo();
 
 private:
+    struct EditStep {
+        ListEdit edit;
+        std::size_t height = 0; ///< of the stack of records when the edit came
+    };
+
+    using EditStack = std::vector<EditStep>;
+
+    [[nodiscard]] static bool isEditNext(const EditStack& edits, const Stack& records);
     void carryOut(Stack& from, Stack& to) const;
+    void replaceList(const std::vector<XACPtr>& records) const;
+
+    EditStack edits;
+    EditStack undoneEdits;
 };
 
 } // namespace zelvo::actions

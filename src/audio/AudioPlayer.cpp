@@ -88,6 +88,11 @@ shared::MusicFades AudioPlayer::fades() const {
         .fadesOut = hasFadeOut(fadeState)};
 }
 
+void AudioPlayer::joinAt(double t) {
+    if (avAudioPlayer && t > audioPreRoll && t < songEnd())
+        startAt(t);
+}
+
 void AudioPlayer::startAt(double t) {
     CHECK(avAudioPlayer != nullptr, "there is no song to start");
     // The same samples at the same time as in the movie.

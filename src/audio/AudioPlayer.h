@@ -105,6 +105,9 @@ public:
 
     void stop();
 
+    /// A run begins at movie time `t`: the music starts if it has begun before and has not ended yet.
+    void joinAt(double t);
+
     /// Starts the player at movie time `t`, which must be within the stretch.
     void startAt(double t);
 

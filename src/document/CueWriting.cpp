@@ -17,9 +17,6 @@ namespace {
 using actions::GestureState;
 using actions::XACPtr;
 
-/// The records of one act of the hand, in the order of recording.
-using Act = std::vector<XACPtr>;
-
 constexpr double kDigits = 1e4; ///< times are written with four, much finer than a frame
 
 /// A record comes in the first tick that has reached its time. That tick's time, in seconds of the
@@ -32,10 +29,7 @@ constexpr double kDigits = 1e4; ///< times are written with four, much finer tha
 
 /// The title of the speed with that base duration.
 [[nodiscard]] std::string speedOf(double animationFactor) {
-    const auto* const row = std::ranges::min_element(model::kSpeeds, {}, [&](const auto& speed) {
-        return std::abs(speed.animationFactor - animationFactor);
-    });
-    return std::string(row->title);
+    return std::string(model::speedWith(animationFactor).title);
 }
 
 template <class Move> [[nodiscard]] const Move* moveOf(const XACPtr& record) {
@@ -48,8 +42,7 @@ public:
         : countIn(model.startCounter())
         , allNodes(model.nodes().content().size()) {}
 
-    /// Nothing if no hand made the records, or if only the release of a button is left.
-    [[nodiscard]] std::optional<Cue> cueOf(const Act& act) const {
+    [[nodiscard]] std::optional<Cue> cueOf(const ActRecords& act) const {
         Cue cue{momentOf(*act.front(), countIn), DoubleTap{}};
         if (const auto* const press = moveOf<actions::ButtonPress>(act.front()))
             cue.act = pressOf(*press, act);
@@ -63,7 +56,7 @@ public:
     }
 
 private:
-    [[nodiscard]] Press pressOf(const actions::ButtonPress& move, const Act& act) const {
+    [[nodiscard]] Press pressOf(const actions::ButtonPress& move, const ActRecords& act) const {
         Press press;
         press.tab = move.tab;
         press.title = move.title;
@@ -96,7 +89,7 @@ private:
                    : std::move(nodes);
     }
 
-    [[nodiscard]] Pan panOf(const Act& act) const {
+    [[nodiscard]] Pan panOf(const ActRecords& act) const {
         Pan pan;
         const auto* const first = moveOf<actions::PanTouch>(act.front());
         pan.begins = first->state == GestureState::began;
@@ -116,7 +109,7 @@ private:
         return pan;
     }
 
-    [[nodiscard]] Pinch pinchOf(const Act& act) const {
+    [[nodiscard]] Pinch pinchOf(const ActRecords& act) const {
         Pinch pinch;
         pinch.begins = moveOf<actions::PinchTouch>(act.front())->state == GestureState::began;
         for (const XACPtr& record : act) {
@@ -147,19 +140,26 @@ private:
 
 } // namespace
 
-std::vector<Cue> cuesOf(const model::Model& model) {
-    std::vector<Act> acts;
+std::vector<ActRecords> actsIn(const std::vector<XACPtr>& records) {
+    std::vector<ActRecords> acts;
     std::map<int, std::size_t> placeOf; // by identifier
-    for (const XACPtr& record : model.actionController().recordedActions()) {
+    for (const XACPtr& record : records) {
         const auto [place, isNew] = placeOf.try_emplace(record->identifier, acts.size());
         if (isNew)
             acts.emplace_back();
         acts[place->second].push_back(record);
     }
-    const CueWriter writer(model);
+    return acts;
+}
+
+std::optional<Cue> cueOf(const ActRecords& act, const model::Model& model) {
+    return CueWriter(model).cueOf(act);
+}
+
+std::vector<Cue> cuesOf(const model::Model& model) {
     std::vector<Cue> cues;
-    for (const Act& act : acts) {
-        if (auto cue = writer.cueOf(act))
+    for (const ActRecords& act : actsIn(model.actionController().recordedActions())) {
+        if (auto cue = cueOf(act, model))
             cues.push_back(std::move(*cue));
     }
     std::ranges::stable_sort(cues, {}, &Cue::at);

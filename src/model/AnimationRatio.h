@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
@@ -50,6 +52,15 @@ inline constexpr auto kSpeeds = std::to_array<SpeedRow>({
             return row.ratio;
     }
     return std::nullopt;
+}
+
+/// The row whose factor is nearest.
+[[nodiscard]] constexpr const SpeedRow& speedWith(double animationFactor) {
+    const auto distance = [&](const SpeedRow& row) {
+        const double apart = row.animationFactor - animationFactor;
+        return apart < 0 ? -apart : apart;
+    };
+    return *std::ranges::min_element(kSpeeds, {}, distance);
 }
 
 } // namespace zelvo::model

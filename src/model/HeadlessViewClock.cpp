@@ -10,7 +10,7 @@ HeadlessViewClock::HeadlessViewClock(scene::SCNSceneRenderer& view) {
     ui::signals().timeSignal.subscribe(lifetime, [&view](const ui::TimeState& state) {
         // The signal has the time of the next tick, but the frame to show is that of the current
         // tick.
-        if (!view.scene())
+        if (!view.scene() || state.isParked)
             return;
         const int next = shared::FrameClock::nearestFrame(state.time - state.startCounter);
         view.update(shared::FrameClock::secondsOf(next - 1));

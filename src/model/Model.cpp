@@ -65,6 +65,7 @@ Model::Model(ModelServices given)
     audioPlayer_.clearSong();
     setScene(kFirstScene);
     actionController_->deleteAll();
+    ui::signals().undoStateSignal.subscribe(lifetime, [this] { showChange(); });
 }
 
 Model::~Model() {
@@ -88,16 +89,25 @@ void Model::setDuration(double seconds) {
 }
 
 void Model::start() {
-    actionController().markAllNotRun();
-    blockingTimer.invalidate();
-    blocking = false;
     stop(Reset::toStart);
-    for (const auto& text : {nodes().textNode1, nodes().textNode2})
-        text->settle(); // so that every run of the performance shows the same
-    settleGround();
+    beginRun();
     if (isRecordingMovie())
         sceneData_->restartParticles();
     setPlaying(true);
+    scheduleTicks();
+}
+
+void Model::beginRun() {
+    actionController().markAllNotRun();
+    blockingTimer.invalidate();
+    blocking = false;
+    clock.reset();
+    for (const auto& text : {nodes().textNode1, nodes().textNode2})
+        text->settle(); // so that every run of the performance shows the same
+    settleGround();
+}
+
+void Model::scheduleTicks() {
     // In an export, ticks come as fast as frames are made; each is one step of the run loop's
     // clock.
     services.runLoop.setPacing(
@@ -109,27 +119,121 @@ void Model::stop(Reset reset) {
     setPlaying(false);
     timer.invalidate();
     services.runLoop.setPacing(foundation::Pacing::realTime);
+    onlyPlays = false;
+    playhead_.reset();
     if (reset == Reset::toStart) {
         clock.reset();
         fireTimeSignal();
     }
+    goHome();
+}
+
+void Model::goHome() {
+    parked = false;
     audioPlayer_.stop();
     clearTechniques();
     actionController().endRun();
     services.nodes.removeEffects();
     if (content::VideoNodePlayer* const video = content::videoOf(*services.nodes.imageNode))
         video->stop();
+    replay.reset();
 }
 
 void Model::toggle() {
-    if (timer.isValid()) {
+    if (onlyPlays) {
+        togglePlaying();
+    } else if (timer.isValid()) {
+        const std::optional<double> back = playhead_;
         stop(Reset::toStart);
+        if (back)
+            seek(*back);
+    } else if (playhead_) {
+        startFrom(*playhead_ - kLeadIn);
     } else {
         start();
     }
 }
 
+void Model::togglePlaying() {
+    if (timer.isValid()) {
+        const double now = clock.time() - startCounter_;
+        stop(Reset::toStart);
+        seek(now);
+        return;
+    }
+    onlyPlays = true; // already when the signal tells of the run
+    startFrom(parked ? *playhead_ + FrameClock::kStep : playhead_.value_or(0));
+}
+
+void Model::startFrom(double time) {
+    const bool records = !onlyPlays;
+    const std::optional<double> from = playhead_;
+    const int first = FrameClock::nearestFrame(std::max(time, -startCounter_));
+    replayTo(first - 1);
+    replay->handOver();
+    parked = false;
+    playhead_ = from;
+    onlyPlays = !records;
+    setPlaying(true);
+    audioPlayer_.joinAt(FrameClock::secondsOf(first));
+    scheduleTicks();
+}
+
+void Model::seek(double time) {
+    if (isRecordingMovie())
+        return;
+    if (timer.isValid())
+        stop(Reset::keepTime);
+    const int frame = FrameClock::nearestFrame(std::clamp(time, 0.0, duration_));
+    replayTo(frame);
+    if (content::VideoNodePlayer* const video = content::videoOf(*services.nodes.imageNode))
+        video->updateAtTime(FrameClock::secondsOf(frame), media::AVPlayer::Patience::waits);
+    parked = true;
+    playhead_ = FrameClock::secondsOf(frame);
+    fireTimeSignal();
+}
+
+void Model::replayTo(int frame) {
+    CHECK(sceneView_ != nullptr, "the stage is replayed without a view");
+    const auto& performance = actionController().recordedActions();
+    if (!parked || replayed != performance || clock.frame() > frame + 1) {
+        goHome();
+        beginRun();
+        sceneData_->restartParticles();
+        replayed = performance;
+        replay.emplace([this] { replayTick(); });
+    }
+    isReplaying = true;
+    replay->runUntil([&] { return clock.frame() > frame; });
+    isReplaying = false;
+}
+
+void Model::replayTick() {
+    const int frame = clock.frame();
+    actionController().run(clock.time());
+    clock.advance();
+    const double time = FrameClock::secondsOf(frame);
+    content::VideoNodePlayer* const video = content::videoOf(*services.nodes.imageNode);
+    if (video != nullptr && frame == 0)
+        video->play(time);
+    sceneView_->update(time);
+}
+
+void Model::showChange() {
+    services.runLoop.post(lifetime.guard([this] {
+        if (parked && replayed != actionController().recordedActions())
+            seek(*playhead_);
+    }));
+}
+
+void Model::willPerform() {
+    if (parked)
+        goHome();
+}
+
 void Model::runTimedCode() {
+    if (replay)
+        replay->follow();
     const int frame = clock.frame();
     actionController().run(clock.time());
     clock.advance();
@@ -173,7 +277,8 @@ void Model::setPlaying(bool plays) {
 }
 
 void Model::fireTimeSignal() const {
-    const double t = clock.time();
+    // A tick advances the clock before it tells. A parked clock stands behind the frame that is shown.
+    const double t = parked ? clock.time() - FrameClock::kStep : clock.time();
     const bool isCountIn = t <= startCounter_;
     ui::signals().timeSignal.fire({
         .time = t,
@@ -182,6 +287,7 @@ void Model::fireTimeSignal() const {
             isCountIn ? std::clamp(t / startCounter_, 0.0, 1.0) : (t - startCounter_) / duration_,
         .isCountIn = isCountIn,
         .startCounter = startCounter_,
+        .isParked = parked,
     });
 }
 
@@ -289,7 +395,7 @@ void Model::rendererDidApplyAnimationsAtTime(scene::SCNSceneRenderer&, double) {
     fade(*stage.mediaHolderNode);
     for (const node::NodePtr& node : stage.content())
         fade(*node);
-    if (!isPlaying())
+    if (!isPlaying() && !parked && !isReplaying)
         settleGround();
 }
 

@@ -8,6 +8,7 @@
 #include "export/MovieWriter.h"
 #include "export/MovieWriterOwner.h"
 #include "model/AnimationRatio.h"
+#include "model/SilentReplay.h"
 #include "platform/foundation/Folders.h"
 #include "platform/foundation/Lifetime.h"
 #include "platform/foundation/RunLoop.h"
@@ -18,6 +19,7 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -49,7 +51,10 @@ enum class Reset {
 ///     idle ──start──> count-in ──> performing ──end──> ended (for 1 s blocking)
 ///       └───────────────toggle, stop────┘
 ///
-/// Main thread only, except `time` and `isPlaying`.
+/// The clock can also be parked at a moment, which the stage then shows. A run can begin there, either
+/// to record or only to play; when it is stopped, the clock is parked again.
+///
+/// Main thread only, except `time`, `isPlaying` and `recordsActs`.
 class Model final : public actions::ActionControllerOwner,
                     public movie::MovieWriterOwner,
                     public scene::SCNSceneRendererDelegate {
@@ -68,14 +73,35 @@ public:
     // --- the run
     void start() override;
     void stop(Reset reset);
-    /// Starts a run, or stops the current one and resets the clock.
+    /// Starts a run, or stops the current one and resets the clock. A run from a parked clock begins
+    /// `kLeadIn` earlier, and stopping it parks the clock where it was.
     void toggle();
+    /// The same for a run in which nothing is recorded. It begins at the parked clock; stopping it parks
+    /// the clock where it has come to.
+    void togglePlaying();
+
+    static constexpr double kLeadIn = 2.0; ///< seconds
+
+    /// Parks the clock at a time of the performance, held within its duration, and shows the stage as the
+    /// movie has it then: all up to that frame is replayed at once, without pictures and sound. Ends a
+    /// live run. Does nothing during an export.
+    void seek(double time);
+
+    /// Whether the clock is parked.
+    [[nodiscard]] bool isParked() const { return parked; }
+
+    /// Seconds of the performance: where the clock is parked, or was parked before this run or before a
+    /// press by hand. Empty: at the beginning.
+    [[nodiscard]] const std::optional<double>& playhead() const { return playhead_; }
+
     /// One tick of the clock.
     void runTimedCode();
 
     [[nodiscard]] double time() const override { return clock.time(); }
 
     [[nodiscard]] bool isPlaying() const override { return isPlaying_; }
+
+    [[nodiscard]] bool recordsActs() const override { return isPlaying_ && !onlyPlays; }
 
     /// Seconds of the performance without the count-in. Initially 8.0, never below 2.0.
     [[nodiscard]] double duration() const override { return duration_; }
@@ -142,11 +168,15 @@ public:
     // --- ActionControllerOwner and MovieWriterOwner
     void stopAndReset() override { stop(Reset::toStart); }
 
-    [[nodiscard]] bool repeatsDraws() const override { return isRecordingMovie(); }
+    [[nodiscard]] bool repeatsDraws() const override { return isRecordingMovie() || isReplaying; }
+
+    void willPerform() override;
 
     [[nodiscard]] foundation::SerialQueue& serialQueue() override { return *serialQueue_; }
 
-    [[nodiscard]] foundation::RunLoop& runLoop() override { return services.runLoop; }
+    [[nodiscard]] foundation::RunLoop& runLoop() override {
+        return isReplaying ? replay->loop() : services.runLoop;
+    }
 
     [[nodiscard]] std::optional<movie::MusicStretch> music() const override;
     void showAlert(const std::string& title, const std::string& message) override;
@@ -162,6 +192,14 @@ public:
 
 private:
     void setPlaying(bool plays);
+    void beginRun();
+    void scheduleTicks();
+    void goHome();
+    void replayTo(int frame);
+    void replayTick();
+    void startFrom(double time);
+    /// The parked clock shows a change of the performance at once.
+    void showChange();
     /// Puts the environment's floor under the content, as the user has laid it out.
     void settleGround() const;
     void fireTimeSignal() const;
@@ -185,6 +223,12 @@ private:
     bool blocking = false;
     scene::SCNSceneRenderer* sceneView_ = nullptr;
     std::atomic<bool> isPlaying_ = false;
+    std::atomic<bool> onlyPlays = false;
+    bool parked = false;
+    bool isReplaying = false;
+    std::optional<double> playhead_;
+    std::optional<SilentReplay> replay;
+    std::vector<actions::XACPtr> replayed; ///< the performance that `replay` plays
     foundation::Lifetime lifetime;
 };
 

@@ -49,6 +49,8 @@ struct TimeState {
     double runFraction = 0;
     bool isCountIn = true;   ///< time is not after startCounter
     double startCounter = 0; ///< seconds, length of the count-in
+    /// No run: the stage shows the frame of `time` itself. In a run, `time` is that of the next frame.
+    bool isParked = false;
 };
 
 /// The process-wide signals. They are in one place so that senders and listeners need not know each

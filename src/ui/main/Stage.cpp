@@ -60,7 +60,8 @@ void Stage::failGraphics(const QString& why) {
 
 void Stage::animate() {
     const double now = services.runLoop.now();
-    const double passed = std::clamp(now - animated, 0.0, kMaxStep);
+    const double passed =
+        services.model.isParked() ? 0.0 : std::clamp(now - animated, 0.0, kMaxStep);
     animated = now;
     // An export animates the scene by its own clock; afterwards this clock continues from there.
     if (const scene::SCNScenePtr scene = view.scene())
