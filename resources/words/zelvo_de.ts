@@ -283,6 +283,10 @@
         <source>No actions</source>
         <translation>Keine Aktionen</translation>
     </message>
+    <message>
+        <source>Put Back</source>
+        <translation>Zurückholen</translation>
+    </message>
 </context>
 <context>
     <name>ImportDialog</name>
@@ -307,6 +311,13 @@
     <message>
         <source>Give up</source>
         <translation>Aufgeben</translation>
+    </message>
+</context>
+<context>
+    <name>MainBars</name>
+    <message>
+        <source>Put Back</source>
+        <translation>Zurückholen</translation>
     </message>
 </context>
 <context>
@@ -1161,6 +1172,18 @@
     <message>
         <source>Style the stage, then go to Actions to perform</source>
         <translation>Die Bühne gestalten, dann unter Aktionen aufführen</translation>
+    </message>
+    <message>
+        <source>Not recorded: this run only plays. Space stops it and records</source>
+        <translation>Nicht aufgenommen: Dieser Lauf spielt nur ab. Leertaste hält ihn an und nimmt auf</translation>
+    </message>
+    <message>
+        <source>All actions are deleted</source>
+        <translation>Alle Aktionen sind gelöscht</translation>
+    </message>
+    <message>
+        <source>Actions are deleted</source>
+        <translation>Aktionen sind gelöscht</translation>
     </message>
 </context>
 <context>

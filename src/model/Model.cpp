@@ -166,14 +166,10 @@ void Model::togglePlaying() {
 }
 
 void Model::startFrom(double time) {
-    const bool records = !onlyPlays;
-    const std::optional<double> from = playhead_;
     const int first = FrameClock::nearestFrame(std::max(time, -startCounter_));
     replayTo(first - 1);
     replay->handOver();
     parked = false;
-    playhead_ = from;
-    onlyPlays = !records;
     setPlaying(true);
     audioPlayer_.joinAt(FrameClock::secondsOf(first));
     scheduleTicks();

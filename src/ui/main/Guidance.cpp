@@ -25,13 +25,31 @@ void Guidance::setPerforming(bool isOn) {
 }
 
 void Guidance::pressedIdly() {
-    if (!std::exchange(hasSaid, true))
+    if (services.model.isPlaying()) {
+        if (!std::exchange(hasSaidWhilePlaying, true))
+            signals().messageSignal.fire(
+                tr("Not recorded: this run only plays. Space stops it and records").toStdString());
+    } else if (!std::exchange(hasSaid, true)) {
         signals().messageSignal.fire(
             tr("Not recorded: start the clock with Space, then press").toStdString());
+    }
+}
+
+bool Guidance::canPutBack() const {
+    const model::Model& model = services.model;
+    return isPerforming && !model.isPlaying() && model.actionController().canPutBack();
+}
+
+void Guidance::putBack() {
+    if (canPutBack())
+        services.model.actionController().putBack();
 }
 
 QString Guidance::text() const {
     const model::Model& model = services.model;
+    if (canPutBack())
+        return model.actionController().recordedActions().empty() ? tr("All actions are deleted")
+                                                                  : tr("Actions are deleted");
     if (model.isPlaying() || !model.actionController().recordedActions().empty())
         return {};
     return isPerforming ? tr("Press Space, then the buttons while the clock runs")

@@ -175,7 +175,8 @@ void MainViewController::deleteAllActions() {
     endGestures();
     if (auto* const catalogue = qobject_cast<ActionsMenu*>(panel()); catalogue != nullptr)
         catalogue->releaseButtons();
-    services.model.actionController().deleteAll();
+    auto& performance = services.model.actionController();
+    performance.deleteForGood([&] { performance.deleteAll(); });
 }
 
 void MainViewController::endGestures() {

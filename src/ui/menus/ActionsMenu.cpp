@@ -168,7 +168,7 @@ std::unique_ptr<FuncButton> ActionsMenu::makeActionButton(
     const catalogue::Tab& tab, const catalogue::Button& button, int place) {
     const model::Model& model = services.model;
     FuncButton::Action action{.beganFunc = [this, &tab, button, &model] {
-        if (!model.isPlaying() && pressedIdly)
+        if (!model.recordsActs() && pressedIdly)
             pressedIdly();
         catalogue::press(tab, button, contextOf(model), foundation::arc4random());
     }};

@@ -65,7 +65,10 @@ void ControlMenu::record() {
 }
 
 void ControlMenu::undo() {
-    undoButton.click();
+    if (undoButton.isEnabled())
+        undoButton.click();
+    else if (enabled && services.model.actionController().canPutBack())
+        services.model.actionController().putBack();
 }
 
 void ControlMenu::redo() {

@@ -34,9 +34,9 @@ RecordButton::RecordButton(
         if (!model.isRecordingMovie())
             runLoop.post(lifetime.guard([this, time = state.time] { showTime(time); }));
     });
-    signals().isPlayingSignal.subscribe(lifetime, [this](bool isPlaying) {
+    signals().isPlayingSignal.subscribe(lifetime, [this](bool) {
         runLoop.post(lifetime.guard(
-            [this, isPlaying] { showPlaying(isPlaying && !model.isRecordingMovie()); }));
+            [this] { showRecording(model.recordsActs() && !model.isRecordingMovie()); }));
     });
 }
 
@@ -47,9 +47,9 @@ void RecordButton::showTime(double time) {
         faceOf(face.image, sign + QString::fromStdString(formatTime(std::abs(rel))), face.name));
 }
 
-void RecordButton::showPlaying(bool isPlaying) {
-    setMySelected(isPlaying);
-    if (isPlaying)
+void RecordButton::showRecording(bool isRecording) {
+    setMySelected(isRecording);
+    if (isRecording)
         setFace(faceOf(QStringLiteral("PauseButton"), face.title, tr("Stop")));
     else
         setFace(faceOf(QStringLiteral("RecordButton"), face.title, tr("Record")));

@@ -25,7 +25,7 @@ public:
 
 private:
     void showTime(double time);
-    void showPlaying(bool isPlaying);
+    void showRecording(bool isRecording);
 
     model::Model& model;
     foundation::RunLoop& runLoop;

@@ -15,6 +15,11 @@ FocusScope {
     Keys.forwardTo: [list] // so that keys also work after a click outside the list
     Component.onCompleted: controller.viewDidAppear()
 
+    Shortcut {
+        sequence: "Ctrl+Z"
+        enabled: root.enabled
+        onActivated: root.controller.putBack()
+    }
     Rectangle {
         anchors.fill: parent
         color: Theme.row
@@ -43,11 +48,19 @@ FocusScope {
                 key: "Esc"
                 onClicked: root.controller.dismissViewController()
             }
-            trailing: ScreenButton {
-                text: root.controller.sortTitle
-                tint: Theme.mutedText
-                onClicked: root.controller.sortFunction()
-            }
+            trailing: [
+                ScreenButton {
+                    visible: root.controller.canPutBack
+                    text: qsTr("Put Back")
+                    key: "Ctrl+Z"
+                    onClicked: root.controller.putBack()
+                },
+                ScreenButton {
+                    text: root.controller.sortTitle
+                    tint: Theme.mutedText
+                    onClicked: root.controller.sortFunction()
+                }
+            ]
         }
         Rectangle {
             anchors.top: bar.bottom
@@ -73,7 +86,7 @@ FocusScope {
             Accessible.role: Accessible.List
             Accessible.name: qsTr("Actions")
 
-            // A held key deletes only one row, because a deleted row cannot be restored.
+            // A held key deletes only one row.
             Keys.onPressed: event => {
                 event.accepted = event.key === Qt.Key_Delete || event.key === Qt.Key_Backspace;
                 if (event.accepted && !event.isAutoRepeat)

@@ -75,23 +75,40 @@ Item {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: strip.visible ? strip.top : bottom.top
         anchors.bottomMargin: 14
-        width: Math.min(next.implicitWidth + 32, parent.width - 24)
-        height: next.implicitHeight + 14
+        width: line.width + 32
+        height: line.height + 14
         visible: next.text !== ""
         radius: Theme.radius
         color: Theme.bar
 
-        Text {
-            id: next
+        Row {
+            id: line
 
             anchors.centerIn: parent
-            width: Math.min(implicitWidth, root.width - 56)
-            text: root.main.guidance.text
-            color: Theme.text
-            elide: Text.ElideRight
-            font.pixelSize: Theme.px(13)
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
+            spacing: 12
+
+            Text {
+                id: next
+
+                anchors.verticalCenter: parent.verticalCenter
+                width: Math.min(implicitWidth, root.width - 56 - (putBack.visible ? putBack.width + 12 : 0))
+                text: root.main.guidance.text
+                color: Theme.text
+                elide: Text.ElideRight
+                font.pixelSize: Theme.px(13)
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+            ScreenButton {
+                id: putBack
+
+                visible: root.main.guidance.canPutBack
+                height: 30
+                text: qsTr("Put Back")
+                key: "Ctrl+Z"
+                tint: Theme.accentText
+                onClicked: root.main.guidance.putBack()
+            }
         }
     }
     SpeedStrip {

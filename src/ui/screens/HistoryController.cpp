@@ -67,6 +67,7 @@ void HistoryController::fill() {
         std::ranges::reverse(undoableRecordedActions);
     }
     tableView.show(undoableRecordedActions, mode);
+    Q_EMIT rowsChanged();
 }
 
 void HistoryController::viewDidAppear() {
@@ -99,9 +100,23 @@ void HistoryController::deleteRow(int row) {
     if (row < 0 || static_cast<std::size_t>(row) >= undoableRecordedActions.size())
         return;
     auto& performance = services.model.actionController();
-    performance.removeActions(undoableRecordedActions[static_cast<std::size_t>(row)]->identifier);
-    performance.undoManager.clear();
+    performance.deleteForGood([&] {
+        performance.removeActions(
+            undoableRecordedActions[static_cast<std::size_t>(row)]->identifier);
+        performance.undoManager.clear();
+    });
     services.runLoop.post(lifetime.guard([this] { fill(); }));
+}
+
+bool HistoryController::canPutBack() const {
+    return services.model.actionController().canPutBack();
+}
+
+void HistoryController::putBack() {
+    if (!canPutBack())
+        return;
+    services.model.actionController().putBack();
+    fill();
 }
 
 void HistoryController::dismissViewController() {

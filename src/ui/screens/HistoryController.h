@@ -24,6 +24,7 @@ class HistoryController final : public QObject {
     Q_PROPERTY(bool showsHint READ showsHint NOTIFY titleChanged)
     Q_PROPERTY(QString sortTitle READ sortTitle NOTIFY sortChanged)
     Q_PROPERTY(double cellHeight MEMBER cellHeight CONSTANT)
+    Q_PROPERTY(bool canPutBack READ canPutBack NOTIFY rowsChanged)
     Q_PROPERTY(zelvo::ui::HistoryRows* rows READ rows CONSTANT)
 
 public:
@@ -48,14 +49,18 @@ public:
     Q_INVOKABLE void viewDidAppear();
     /// Switches the sort order.
     Q_INVOKABLE void sortFunction();
-    /// Deletes that user action from the performance. This cannot be undone, and it clears the undo
-    /// list.
+    /// Deletes that user action from the performance. This is no step of undo, and it clears the undo
+    /// list; but the row can be put back.
     Q_INVOKABLE void deleteRow(int row);
+    /// Puts back what was deleted last. Does nothing if there is nothing.
+    Q_INVOKABLE void putBack();
+    [[nodiscard]] bool canPutBack() const;
     Q_INVOKABLE void dismissViewController();
 
 Q_SIGNALS:
     void titleChanged();
     void sortChanged();
+    void rowsChanged();
     void dismissed();
 
 private:

@@ -211,6 +211,51 @@ TEST_F(MainScreenTest, ends_what_is_held_when_all_actions_are_deleted) {
     EXPECT_EQ(model.actionController().undoManager.undoTitle(), "Camera Move");
 }
 
+TEST_F(MainScreenTest, puts_back_all_that_was_deleted) {
+    main.showAnim();
+    model.start();
+    loop().runFor(3);
+    actions::ActionController& controller = model.actionController();
+    controller.addAction([] {}, controller.newIdentifier(), "one", actions::RegisterUndo::yes);
+    settle();
+    main.controlMenu.deleteAllActions();
+    settle();
+    EXPECT_TRUE(controller.recordedActions().empty());
+    EXPECT_FALSE(main.controlMenu.undoButton.isEnabled());
+    EXPECT_EQ(main.guidance.text(), "All actions are deleted");
+    main.controlMenu.undo(); // by its key
+    settle();
+    EXPECT_EQ(controller.recordedActions().size(), 1U);
+    EXPECT_FALSE(main.guidance.canPutBack());
+    EXPECT_EQ(main.guidance.text(), "");
+}
+
+TEST_F(MainScreenTest, looks_different_while_it_only_plays) {
+    main.showAnim();
+    std::vector<std::string> said;
+    const foundation::Lifetime hearing;
+    signals().messageSignal.subscribe(
+        hearing, [&](const std::string& text) { said.push_back(text); });
+    auto& menu = *qobject_cast<ActionsMenu*>(main.panel());
+    menu.viewWillAppear();
+    model.togglePlaying();
+    loop().runFor(0.5);
+    EXPECT_FALSE(main.controlMenu.recordButton.isMySelected());
+    menu.pressButton(0);
+    menu.releaseButton(0);
+    ASSERT_EQ(said.size(), 1U);
+    EXPECT_TRUE(said[0].starts_with("Not recorded: this run only plays")) << said[0];
+    main.controlMenu.record(); // stops it
+    settle();
+    EXPECT_TRUE(model.isParked());
+    main.controlMenu.record();
+    loop().runFor(0.5);
+    EXPECT_TRUE(main.controlMenu.recordButton.isMySelected());
+    menu.pressButton(0);
+    menu.releaseButton(0);
+    EXPECT_EQ(said.size(), 1U);
+}
+
 TEST_F(MainScreenTest, asks_for_an_action_before_a_movie) {
     main.showAnim();
     main.share();

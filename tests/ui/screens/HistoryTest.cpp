@@ -15,6 +15,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 using ui::HistoryController;
 
 class HistoryTest : public UiTest {
@@ -121,6 +122,13 @@ TEST_F(HistoryTest, DeletingAGesturesRowTakesAllItsRecordsAndTheUndoStacks) {
     }
     EXPECT_THAT(rowsOf(history), IsEmpty());
     EXPECT_EQ(recordCount(), 0U);
+
+    for (int i = 0; i < 3; ++i)
+        history.putBack();
+    EXPECT_EQ(recordCount(), 5U) << "the last one comes back first, with all its records";
+    EXPECT_THAT(rowsOf(history), SizeIs(3));
+    EXPECT_FALSE(history.canPutBack());
+    EXPECT_FALSE(performance.undoManager.canUndo());
 }
 
 TEST_F(HistoryTest, HintsAtSwipingOnTheFirstTwoOpenings) {
