@@ -55,6 +55,10 @@
         <source>Color %1</source>
         <translation>Farbe %1</translation>
     </message>
+    <message>
+        <source>Colors</source>
+        <translation>Farben</translation>
+    </message>
 </context>
 <context>
     <name>DocumentDialogs</name>
@@ -237,6 +241,13 @@
     </message>
 </context>
 <context>
+    <name>FontListPopup</name>
+    <message>
+        <source>All fonts</source>
+        <translation>Alle Schriften</translation>
+    </message>
+</context>
+<context>
     <name>FontListView</name>
     <message>
         <source>Search fonts</source>
@@ -256,6 +267,13 @@
     <message>
         <source>This font has crashed Zelvo. It is shown without a bevel.</source>
         <translation>Mit dieser Schrift ist Zelvo abgestürzt. Sie erscheint ohne Fase.</translation>
+    </message>
+</context>
+<context>
+    <name>FontStrip</name>
+    <message>
+        <source>Fonts</source>
+        <translation>Schriften</translation>
     </message>
 </context>
 <context>
@@ -303,6 +321,13 @@
     </message>
 </context>
 <context>
+    <name>LayouterMenu</name>
+    <message>
+        <source>What to style</source>
+        <translation>Was gestaltet wird</translation>
+    </message>
+</context>
+<context>
     <name>LoadingNotice</name>
     <message>
         <source>%1 %</source>
@@ -318,6 +343,10 @@
     <message>
         <source>Put Back</source>
         <translation>Zurückholen</translation>
+    </message>
+    <message>
+        <source>Panel</source>
+        <translation>Bereich</translation>
     </message>
 </context>
 <context>
@@ -496,10 +525,24 @@
     </message>
 </context>
 <context>
+    <name>SpeedStrip</name>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+</context>
+<context>
     <name>Stage</name>
     <message>
         <source>The stage</source>
         <translation>Die Bühne</translation>
+    </message>
+</context>
+<context>
+    <name>StripView</name>
+    <message>
+        <source>Choices</source>
+        <translation>Auswahl</translation>
     </message>
 </context>
 <context>
@@ -529,6 +572,13 @@
     </message>
 </context>
 <context>
+    <name>TimeBar</name>
+    <message>
+        <source>Time of the run</source>
+        <translation>Zeit des Laufs</translation>
+    </message>
+</context>
+<context>
     <name>TimePicker</name>
     <message>
         <source>Minutes</source>
@@ -545,6 +595,13 @@
     <message>
         <source>Sec</source>
         <translation>Sek</translation>
+    </message>
+</context>
+<context>
+    <name>TransformPanel</name>
+    <message>
+        <source>What to change</source>
+        <translation>Was geändert wird</translation>
     </message>
 </context>
 <context>

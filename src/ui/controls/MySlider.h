@@ -18,6 +18,7 @@ class MySlider final : public QObject {
     Q_PROPERTY(double value READ value NOTIFY changed)
     Q_PROPERTY(double minimumValue READ minimumValue CONSTANT)
     Q_PROPERTY(double maximumValue READ maximumValue CONSTANT)
+    Q_PROPERTY(double step READ step CONSTANT)
     Q_PROPERTY(QString name READ name CONSTANT)
     Q_PROPERTY(QString number READ number NOTIFY changed)
     Q_PROPERTY(QString text READ text NOTIFY changed)
@@ -47,6 +48,8 @@ public:
     [[nodiscard]] double minimumValue() const { return range.minimum; }
 
     [[nodiscard]] double maximumValue() const { return range.maximum; }
+
+    [[nodiscard]] double step() const { return range.step; }
 
     [[nodiscard]] QString name() const { return name_; }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Zelvo
 import Zelvo.Screens as Screens
 
 // View of a BlurCover: hides `source` behind a blurred picture of it, which is taken once, when the
@@ -14,7 +15,7 @@ Item {
     opacity: controller.alpha
 
     Behavior on opacity {
-        NumberAnimation { duration: root.controller.fadeMilliseconds }
+        NumberAnimation { duration: root.controller.fadeMilliseconds * Theme.motion }
     }
 
     Loader {

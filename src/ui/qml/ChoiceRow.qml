@@ -21,9 +21,10 @@ Rectangle {
     opacity: isUsable ? 1 : Theme.dimmed
     activeFocusOnTab: isUsable
 
-    Accessible.role: Accessible.RadioButton
-    Accessible.name: root.name + ": " + root.choices[root.chosen]
-    Accessible.focusable: true
+    Accessible.role: Accessible.Grouping
+    Accessible.name: root.name
+    Accessible.description: root.choices[root.chosen] ?? ""
+    Accessible.focusable: isUsable
     Keys.onLeftPressed: if (isUsable) asked(Math.max(0, chosen - 1))
     Keys.onRightPressed: if (isUsable) asked(Math.min(choices.length - 1, chosen + 1))
 
@@ -45,10 +46,11 @@ Rectangle {
                 enabled: root.isUsable
                 hoverEnabled: true
                 focusPolicy: Qt.NoFocus
-                Accessible.role: Accessible.RadioButton
-                Accessible.name: root.name + ": " + modelData
-                Accessible.checked: isChosen
+                Accessible.name: modelData
                 Accessible.onPressAction: clicked()
+                Spoken.role: Accessible.RadioButton
+                Spoken.isToggle: true
+                Spoken.isOn: isChosen
                 onClicked: {
                     root.forceActiveFocus();
                     root.asked(index);

@@ -34,6 +34,7 @@ T.Popup {
     closePolicy: isPicking ? T.Popup.CloseOnEscape : T.Popup.CloseOnPressOutside
     onOpened: hues.slider.forceActiveFocus()
     onAboutToHide: controller.keep()
+    onAboutToShow: contentItem.parent.Accessible.name = qsTr("Color")
     onIsPickingChanged: {
         if (isPicking)
             aim.forceActiveFocus();
@@ -48,8 +49,6 @@ T.Popup {
         border.color: Theme.separator
     }
     contentItem: FocusScope {
-        Accessible.role: Accessible.Dialog
-        Accessible.name: qsTr("Color")
         Keys.onEscapePressed: root.controller.cancel()
         Keys.onReturnPressed: root.controller.keep()
         Keys.onEnterPressed: root.controller.keep()
@@ -146,8 +145,9 @@ T.Popup {
         width: (Theme.px(104) + 48) / 2
         height: 36
         focusPolicy: Qt.TabFocus
-        Accessible.role: enabled ? Accessible.Button : Accessible.Graphic
         Accessible.name: name
+        Accessible.onPressAction: clicked()
+        Spoken.role: enabled ? Accessible.Button : Accessible.Graphic
         background: Rectangle {
             objectName: "edge"
             color: swatch.color

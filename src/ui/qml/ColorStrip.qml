@@ -25,6 +25,8 @@ Item {
         reach: 4
         horizontalInset: 8
         controller: root.controller.importButton
+        Spoken.isExpandable: true
+        Spoken.isExpanded: root.controller.picker.isOpen
     }
     StripView {
         id: row
@@ -32,6 +34,7 @@ Item {
         anchors.fill: parent
         anchors.leftMargin: opener.width + spacing
         spacing: root.controller.spacing
+        name: qsTr("Colors")
         strip: root.controller
         entries: swatches
 
@@ -56,8 +59,9 @@ Item {
                     row.takeFocus();
                 }
 
-                Accessible.role: Accessible.ListItem
+                Spoken.role: Accessible.ListItem
                 Accessible.name: qsTr("Color %1").arg(modelData.toString())
+                Accessible.selectable: true
                 Accessible.selected: isChosen
                 Accessible.onPressAction: root.controller.buttonAction(index)
 
@@ -76,12 +80,12 @@ Item {
 
                         Behavior on scale {
                             NumberAnimation {
-                                duration: 100
+                                duration: 100 * Theme.motion
                             }
                         }
                         Behavior on border.width {
                             NumberAnimation {
-                                duration: 100
+                                duration: 100 * Theme.motion
                             }
                         }
                         FocusRing {

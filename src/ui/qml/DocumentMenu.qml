@@ -23,6 +23,7 @@ T.Popup {
     visible: controller.isMenuOpen
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
     onClosed: controller.isMenuOpen = false
+    onAboutToShow: contentItem.parent.Accessible.name = controller.menuButton.name
     onOpened: {
         rows.currentIndex = 0;
         rows.forceActiveFocus();
@@ -59,9 +60,12 @@ T.Popup {
             width: ListView.view.width
             height: 38 + above
             hoverEnabled: true
-            Accessible.role: Accessible.MenuItem
             Accessible.name: modelData.name
+            Accessible.selectable: true
+            Accessible.selected: ListView.isCurrentItem
             Accessible.onPressAction: modelData.click()
+            Spoken.role: Accessible.MenuItem
+            Spoken.key: modelData.key
             onClicked: modelData.click()
             onHoveredChanged: if (hovered) ListView.view.currentIndex = index
 

@@ -23,7 +23,7 @@ MainScreen.DropTarget {
         Accessible.name: word.text
 
         Behavior on opacity {
-            NumberAnimation { duration: 120 }
+            NumberAnimation { duration: 120 * Theme.motion }
         }
 
         Rectangle {

@@ -17,6 +17,11 @@ Shape {
     Accessible.role: Accessible.ProgressBar
     Accessible.name: qsTr("Progress")
 
+    // For screen readers, which look for these names.
+    readonly property real value: Math.round(100 * controller.currentProgress)
+    readonly property real minimumValue: 0
+    readonly property real maximumValue: 100
+
     ShapePath {
         strokeColor: Theme.ringTrack
         strokeWidth: root.lineWidth

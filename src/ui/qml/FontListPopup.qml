@@ -21,5 +21,8 @@ T.Popup {
         controller: root.controller
     }
     onClosed: controller.openList(false)
-    Component.onCompleted: open()
+    Component.onCompleted: {
+        contentItem.parent.Accessible.name = qsTr("All fonts");
+        open();
+    }
 }

@@ -21,6 +21,7 @@ Item {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: name
+    Accessible.selectable: true
     Accessible.selected: isCurrent
     Accessible.onPressAction: picked(index)
 

@@ -45,12 +45,15 @@ Item {
         horizontalInset: 8
         hasTip: !root.controller.isListOpen // it would hide a part of the list
         controller: root.controller.listButton
+        Spoken.isExpandable: true
+        Spoken.isExpanded: root.controller.isListOpen
     }
     StripView {
         id: row
 
         anchors.fill: parent
         anchors.leftMargin: listButton.width + 6
+        name: qsTr("Fonts")
         strip: root.controller
         spacing: 3
         entries: names

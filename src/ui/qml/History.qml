@@ -110,10 +110,10 @@ FocusScope {
                 }
             }
             remove: Transition {
-                NumberAnimation { property: "opacity"; to: 0; duration: 120 }
+                NumberAnimation { property: "opacity"; to: 0; duration: 120 * Theme.motion }
             }
             displaced: Transition {
-                NumberAnimation { property: "y"; duration: 160; easing.type: Easing.OutCubic }
+                NumberAnimation { property: "y"; duration: 160 * Theme.motion; easing.type: Easing.OutCubic }
                 NumberAnimation { property: "opacity"; to: 1; duration: 0 }
             }
         }

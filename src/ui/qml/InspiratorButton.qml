@@ -30,7 +30,7 @@ Item {
 
                 Behavior on opacity {
                     NumberAnimation {
-                        duration: root.controller.titleFadeMilliseconds
+                        duration: root.controller.titleFadeMilliseconds * Theme.motion
                     }
                 }
             }

@@ -18,6 +18,7 @@ Flickable {
     clip: true
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Keys")
+    Accessible.focusable: true
     Keys.onUpPressed: contentY = Math.max(0, contentY - 60)
     Keys.onDownPressed: contentY = Math.max(0, Math.min(contentHeight - height, contentY + 60))
 

@@ -82,6 +82,7 @@ Item {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
         reach: 5
+        name: qsTr("What to style")
         controller: root.controller.stackView
     }
 }

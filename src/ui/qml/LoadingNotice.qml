@@ -22,7 +22,7 @@ Rectangle {
     Accessible.name: word.text
 
     Behavior on opacity {
-        NumberAnimation { duration: 120 }
+        NumberAnimation { duration: 120 * Theme.motion }
     }
     MouseArea { // keeps the mouse away from the stage
         anchors.fill: parent

@@ -24,6 +24,7 @@ Item {
             x: 9
             y: 6
             height: 36
+            name: qsTr("Panel")
             controller: root.main.mainMenu.stackView
         }
         ControlMenu {
@@ -48,6 +49,8 @@ Item {
             width: 40
             height: 36
             controller: root.main.document.menuButton
+            Spoken.isExpandable: true
+            Spoken.isExpanded: root.main.document.isMenuOpen
 
             DocumentMenu {
                 x: documentButton.width - width

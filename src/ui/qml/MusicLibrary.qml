@@ -42,7 +42,7 @@ Sheet {
             }
 
             Behavior on x {
-                NumberAnimation { duration: 180; easing.type: Easing.OutCubic }
+                NumberAnimation { duration: 180 * Theme.motion; easing.type: Easing.OutCubic }
             }
         }
     }

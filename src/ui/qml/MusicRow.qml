@@ -23,6 +23,8 @@ Item {
     Accessible.role: Accessible.ListItem
     Accessible.name: text + (subText !== "" ? ", " + subText : "") + (iconName !== "" ? ", " + iconName : "")
     Accessible.focused: isCurrent
+    Accessible.selectable: true
+    Accessible.selected: isCurrent
     Accessible.onPressAction: picked()
 
     Rectangle {

@@ -13,6 +13,8 @@ T.AbstractButton {
     property int fontWeight: Font.DemiBold
     property real fontSize: 13
     property int role: Accessible.Button
+    property bool isToggle: role === Accessible.CheckBox // stays pressed
+    readonly property bool isChoice: role === Accessible.PageTab || role === Accessible.ListItem
     property real alpha: 1 // opacity of the background; below 1, picture and text are dimmed
     property real dimmed: Theme.dimmed
     property real reach: 0 // a press this far above or below hits the button, too: fingers are thick
@@ -24,12 +26,14 @@ T.AbstractButton {
     focusPolicy: Qt.TabFocus
     hoverEnabled: true
 
-    Accessible.role: role
     Accessible.name: controller.name
-    Accessible.selected: controller.isMySelected
-    Accessible.checkable: role === Accessible.CheckBox
-    Accessible.checked: controller.isMySelected
+    Accessible.selectable: isChoice
+    Accessible.selected: isChoice && controller.isMySelected
     Accessible.onPressAction: controller.click()
+    Spoken.role: role
+    Spoken.key: controller.key
+    Spoken.isToggle: isToggle
+    Spoken.isOn: controller.isMySelected
     Keys.onReturnPressed: event => { if (!event.isAutoRepeat) controller.click() }
     Keys.onEnterPressed: event => { if (!event.isAutoRepeat) controller.click() }
     onClicked: controller.click()

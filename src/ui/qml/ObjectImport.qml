@@ -45,7 +45,7 @@ Sheet {
             }
 
             Behavior on x {
-                NumberAnimation { duration: 180; easing.type: Easing.OutCubic }
+                NumberAnimation { duration: 180 * Theme.motion; easing.type: Easing.OutCubic }
             }
             Connections {
                 target: page.item as ObjectInfo

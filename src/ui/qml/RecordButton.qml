@@ -7,6 +7,7 @@ MyButton {
     id: root
 
     implicitWidth: Math.max(controller.width, content.implicitWidth + 16)
+    isToggle: true
 
     dimmed: 0.8 // less than other buttons, because red is darker than white
 

@@ -24,6 +24,7 @@ T.AbstractButton {
     Accessible.role: Accessible.Button
     Accessible.name: name
     Accessible.onPressAction: clicked()
+    Spoken.key: key
     Keys.onReturnPressed: event => { if (!event.isAutoRepeat) clicked() }
     Keys.onEnterPressed: event => { if (!event.isAutoRepeat) clicked() }
 

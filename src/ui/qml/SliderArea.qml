@@ -16,6 +16,18 @@ FocusScope {
     readonly property real handleX: shareOf(controller.value) * room
     readonly property alias isHeld: knob.pressed
 
+    // For screen readers, which look for these names and may write the value.
+    property real value
+    readonly property real minimumValue: controller.minimumValue
+    readonly property real maximumValue: controller.maximumValue
+    readonly property real stepSize: controller.step
+
+    onValueChanged: {
+        if (Math.abs(value - controller.value) > 1e-6)
+            controller.moveTo(value);
+        value = controller.value; // if it was out of range
+    }
+
     function shareOf(value: real): real {
         const share = (value - controller.minimumValue) / (controller.maximumValue - controller.minimumValue);
         return Math.max(0, Math.min(1, share));
@@ -29,10 +41,18 @@ FocusScope {
     activeFocusOnTab: true
 
     Accessible.role: Accessible.Slider
-    Accessible.name: controller.name + " " + controller.text
+    Accessible.name: controller.name
+    Accessible.description: controller.text
     Accessible.focusable: true
     Accessible.onIncreaseAction: controller.moveBy(1)
     Accessible.onDecreaseAction: controller.moveBy(-1)
+
+    Binding {
+        target: root
+        property: "value"
+        value: root.controller.value
+    }
+
     Keys.onPressed: event => event.accepted = !isWriting && controller.pressKey(event.key, event.modifiers)
 
     MouseArea {

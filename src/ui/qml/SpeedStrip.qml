@@ -43,6 +43,7 @@ Item {
         anchors.right: parent.right
         width: Math.max(298, Theme.px(298))
         height: parent.height
+        name: qsTr("Speed")
         controller: root.controller.speedStackView
     }
 

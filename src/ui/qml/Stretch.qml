@@ -29,10 +29,10 @@ Item {
             color: body.controller.isHeld ? root.handleColor : Theme.accent
 
             Behavior on opacity {
-                NumberAnimation { duration: 170 }
+                NumberAnimation { duration: 170 * Theme.motion }
             }
             Behavior on color {
-                ColorAnimation { duration: 170 }
+                ColorAnimation { duration: 170 * Theme.motion }
             }
         }
         Audio.WaveformItem {

@@ -15,10 +15,16 @@ FocusScope {
     property bool isScrolledByTouch: false
     property bool showsFocus: false // only to those who use the keyboard
 
+    // For screen readers, which look for these names.
+    readonly property real value: controller.place
+    readonly property real minimumValue: 0
+    readonly property real maximumValue: timeline.seconds
+
     activeFocusOnTab: true
 
     Accessible.role: Accessible.Slider
     Accessible.name: controller.name
+    Accessible.description: controller.timeText
     Accessible.focusable: true
     Accessible.onIncreaseAction: pressKey(Qt.Key_Right, Qt.NoModifier)
     Accessible.onDecreaseAction: pressKey(Qt.Key_Left, Qt.NoModifier)

@@ -10,6 +10,7 @@ Flickable {
     id: root
 
     required property Layouter.Strip strip
+    property string name: qsTr("Choices")
     property alias spacing: row.spacing
     property Repeater entries
     property Item first: null // an item ahead of the entries
@@ -27,6 +28,7 @@ Flickable {
     clip: true
 
     Accessible.role: Accessible.List
+    Accessible.name: name
     Accessible.focusable: true
 
     onWidthChanged: Qt.callLater(centre, false)
@@ -75,9 +77,9 @@ Flickable {
         cancelFlick();
         scroll.stop();
         scroll.to = Math.max(0, Math.min(contentWidth - width, target));
-        scroll.duration = milliseconds;
+        scroll.duration = milliseconds * Theme.motion;
         scroll.easing.type = curve;
-        if (milliseconds > 0)
+        if (scroll.duration > 0)
             scroll.start();
         else
             contentX = scroll.to;

@@ -32,6 +32,9 @@ Item {
     Accessible.role: Accessible.ListItem
     Accessible.name: name
     Accessible.focused: isCurrent
+    Accessible.selectable: true
+    Accessible.selected: isCurrent
+    Accessible.onPressAction: tap()
 
     function settle() {
         if (dragged < -openWidth / 2)
@@ -125,7 +128,7 @@ Item {
 
         Behavior on pull {
             enabled: !swipe.active
-            NumberAnimation { duration: 140; easing.type: Easing.OutCubic }
+            NumberAnimation { duration: 140 * Theme.motion; easing.type: Easing.OutCubic }
         }
 
         ScreenButton {

@@ -9,6 +9,7 @@ Rectangle {
     id: root
 
     required property Controls.TabStackView controller
+    property string name // of the whole row, for screen readers
     property real reach: 0 // of the buttons
     // The place of the button that had the focus when the row was replaced; negative: none had it.
     property int lostPlace: -1
@@ -22,6 +23,7 @@ Rectangle {
     border.color: controller.strokeColor
 
     Accessible.role: Accessible.PageTabList
+    Accessible.name: name
 
     Row {
         id: row

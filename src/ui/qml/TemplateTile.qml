@@ -14,9 +14,11 @@ Item {
 
     signal picked
 
-    Accessible.role: Accessible.Button
+    Accessible.role: Accessible.ListItem
     Accessible.name: title
-    Accessible.focusable: true
+    Accessible.focused: isCurrent
+    Accessible.selectable: true
+    Accessible.selected: isCurrent
     Accessible.onPressAction: picked()
 
     Item {
@@ -27,7 +29,7 @@ Item {
         scale: press.pressed ? 0.97 : 1
 
         Behavior on scale {
-            NumberAnimation { duration: 80 }
+            NumberAnimation { duration: 80 * Theme.motion }
         }
         Rectangle {
             id: frame
@@ -49,7 +51,7 @@ Item {
                 frameCount: root.rows.frameCount
                 frameRate: root.rows.frameRate
                 interpolate: false
-                running: visible
+                running: visible && (!Theme.isMotionReduced || root.isCurrent || hover.hovered)
             }
             Text {
                 anchors.centerIn: parent

@@ -16,6 +16,9 @@ constexpr qreal kUsualFontPixels = 12;
 Theme::Theme(QObject* parent)
     : QObject(parent)
     , digitsFamily(QFontDatabase::systemFont(QFontDatabase::FixedFont).family())
-    , textScale(QFontInfo(QGuiApplication::font()).pixelSize() / kUsualFontPixels) {}
+    , textScale(QFontInfo(QGuiApplication::font()).pixelSize() / kUsualFontPixels)
+    , desktopMotion(QDBusConnection::sessionBus()) {
+    connect(&desktopMotion, &DesktopMotion::changed, this, &Theme::motionChanged);
+}
 
 } // namespace zelvo::ui

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ui/controls/InterfaceColors.h"
+#include "ui/qml/DesktopMotion.h"
 
 #include <QColor>
 #include <QObject>
@@ -10,7 +11,7 @@
 
 namespace zelvo::ui {
 
-/// The colours, radii and fonts of the interface; in QML the singleton `Theme`. Lengths are in
+/// The colours, radii, fonts and pace of the interface; in QML the singleton `Theme`. Lengths are in
 /// device-independent pixels.
 class Theme final : public QObject {
     Q_OBJECT
@@ -35,6 +36,10 @@ class Theme final : public QObject {
     Q_PROPERTY(qreal dimmed MEMBER dimmed CONSTANT)
     Q_PROPERTY(qreal radius MEMBER radius CONSTANT)
     Q_PROPERTY(QString digitsFamily MEMBER digitsFamily CONSTANT)
+    /// The user wants an interface that does not move. The stage still does.
+    Q_PROPERTY(bool isMotionReduced READ isMotionReduced NOTIFY motionChanged)
+    /// Multiply the duration of every animation of the interface by it: 1, or 0 for no motion.
+    Q_PROPERTY(int motion READ motion NOTIFY motionChanged)
 
 public:
     explicit Theme(QObject* parent = nullptr);
@@ -42,6 +47,10 @@ public:
     /// Scales a text size with the system's font: `size` is for an application font of 12 pixels,
     /// the usual size.
     Q_INVOKABLE [[nodiscard]] int px(qreal size) const { return qRound(size * textScale); }
+
+    [[nodiscard]] bool isMotionReduced() const { return desktopMotion.isReduced(); }
+
+    [[nodiscard]] int motion() const { return isMotionReduced() ? 0 : 1; }
 
     const QColor accent = kAccentColor;
     const QColor accentText = accent.lighter(140); ///< legible on dark
@@ -64,8 +73,12 @@ public:
     const qreal radius = 6;
     const QString digitsFamily; ///< the system's font with digits of equal width
 
+Q_SIGNALS:
+    void motionChanged();
+
 private:
     qreal textScale;
+    DesktopMotion desktopMotion;
 };
 
 } // namespace zelvo::ui

@@ -10,6 +10,14 @@ Item {
 
     implicitHeight: 3
 
+    // For screen readers, which look for these names.
+    readonly property real value: Math.round(100 * controller.fill)
+    readonly property real minimumValue: 0
+    readonly property real maximumValue: 100
+
+    Accessible.role: Accessible.ProgressBar
+    Accessible.name: qsTr("Time of the run")
+
     Rectangle {
         width: root.width * root.controller.fill
         height: root.height

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 pragma ComponentBehavior: Bound
 import QtQuick
+import Zelvo
 import Zelvo.Screens as Screens
 
 // View of a Visualizer: marks for the fingers, on top of everything else in the window.
@@ -27,7 +28,7 @@ Item {
             opacity: modelData.isShown ? 1 : 0
 
             Behavior on opacity {
-                NumberAnimation { duration: finger.modelData.fadeMilliseconds }
+                NumberAnimation { duration: finger.modelData.fadeMilliseconds * Theme.motion }
             }
             Rectangle {
                 anchors.fill: parent

@@ -16,6 +16,7 @@ Item {
         width: Math.max(260, 4 * Theme.px(58))
         height: 36
         reach: 4
+        name: qsTr("What to change")
         controller: root.controller.stackView
     }
     Loader {

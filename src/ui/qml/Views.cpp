@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qml/Views.h"
 
+#include "ui/qml/Spoken.h"
+
 #include <QLoggingCategory>
 
 #include <array>
@@ -60,6 +62,7 @@ void chooseMoviePlayer() {
 void installViews() {
     keepModules();
     chooseMoviePlayer();
+    Spoken::install();
 }
 
 QUrl viewUrl(const QString& name) {

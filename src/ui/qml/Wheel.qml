@@ -14,6 +14,18 @@ ListView {
     signal picked(int row)
     signal typed(int digit)
 
+    // For screen readers, which look for these names and may write the value.
+    property int value: 0
+    readonly property int minimumValue: 0
+    readonly property int maximumValue: rows - 1
+    readonly property int stepSize: 1
+
+    onValueChanged: {
+        if (value !== row)
+            picked(Math.max(0, Math.min(maximumValue, value)));
+        value = row; // if it was out of range
+    }
+
     function settle(): void {
         if (!moving && currentIndex !== row)
             picked(currentIndex);
@@ -28,7 +40,7 @@ ListView {
     highlightRangeMode: ListView.StrictlyEnforceRange
     preferredHighlightBegin: (height - 26) / 2
     preferredHighlightEnd: (height + 26) / 2
-    highlightMoveDuration: 140
+    highlightMoveDuration: 140 * Theme.motion
     activeFocusOnTab: true
     keyNavigationEnabled: false
     onMovementEnded: settle()
@@ -39,7 +51,8 @@ ListView {
     }
 
     Accessible.role: Accessible.SpinBox
-    Accessible.name: name + " " + row
+    Accessible.name: name
+    Accessible.focusable: true
     Accessible.onIncreaseAction: if (row < rows - 1) picked(row + 1)
     Accessible.onDecreaseAction: if (row > 0) picked(row - 1)
     Keys.onUpPressed: if (row > 0) picked(row - 1)
@@ -71,6 +84,11 @@ ListView {
         verticalAlignment: Text.AlignVCenter
     }
 
+    Binding {
+        target: root
+        property: "value"
+        value: root.row
+    }
     FocusRing {
         anchors.margins: 0
         shown: root.activeFocus
