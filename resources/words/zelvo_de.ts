@@ -691,6 +691,18 @@
         <source>• not DRM-Protected</source>
         <translation>• nicht DRM-geschützt sind</translation>
     </message>
+    <message>
+        <source>Folders that cannot be read: %1</source>
+        <translation>Ordner, die sich nicht lesen lassen: %1</translation>
+    </message>
+    <message>
+        <source>The folder cannot be read</source>
+        <translation>Der Ordner lässt sich nicht lesen</translation>
+    </message>
+    <message>
+        <source>Give yourself the right to read %1, or choose a file.</source>
+        <translation>Geben Sie sich das Recht, %1 zu lesen, oder wählen Sie eine Datei.</translation>
+    </message>
 </context>
 <context>
     <name>zelvo::ui::Alerts</name>

@@ -4,6 +4,7 @@
 #include "platform/foundation/Check.h"
 #include "platform/foundation/Folders.h"
 #include "shared/FrameClock.h"
+#include "shared/Signal.h"
 
 #include <algorithm>
 #include <utility>
@@ -68,6 +69,9 @@ void AudioPlayer::step(double t) {
                             t - audioPreRoll < FrameClock::kStep;
     if (!isPlaying && isInWindow && avAudioPlayer && !avAudioPlayer->isPlaying())
         startAt(audioPreRoll);
+    if (isPlaying && avAudioPlayer->hasBrokenOff() && !std::exchange(hasToldOfBreak, true))
+        ui::signals().messageSignal.fire(
+            audioURL->filename().string() + " cannot be read any more: the rest is silent");
     // The sound fades by itself, exact to the sample; ticks only follow.
     const double fadeOutStart = songEnd() - fadeOutDuration - fadeOutBeginDelay;
     isFadingOut = isFadingOut || (hasFadeOut(fadeState) && fadeOutStart <= t);
@@ -95,6 +99,7 @@ void AudioPlayer::joinAt(double t) {
 
 void AudioPlayer::startAt(double t) {
     CHECK(avAudioPlayer != nullptr, "there is no song to start");
+    hasToldOfBreak = false;
     // The same samples at the same time as in the movie.
     const auto onFrame = [](double seconds) {
         return FrameClock::presentationTime(FrameClock::nearestFrame(seconds)).seconds();

@@ -118,6 +118,7 @@ private:
     std::function<double()> movieDuration;
     media::AudioOutputFactory makeOutput;
     shared::MusicFades sounding; ///< since the last start
+    bool hasToldOfBreak = false; ///< since the last start
 };
 
 } // namespace zelvo::audio

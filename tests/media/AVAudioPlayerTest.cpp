@@ -53,6 +53,24 @@ protected:
     AudioOutput::Source source;
 };
 
+TEST_F(AVAudioPlayerTest, TellsThatItsFileWasCutOffWhileItPlayed) {
+    const auto player = openRamp();
+    player->setCurrentTime(1);
+    player->play();
+    EXPECT_GT(take(0.5).back(), 0.2);
+    EXPECT_FALSE(player->hasBrokenOff());
+    std::filesystem::resize_file(file("ramp.wav"), 100'000);
+    EXPECT_EQ(take(2.5).back(), 0);
+    EXPECT_TRUE(player->hasBrokenOff());
+    player->pause();
+    player->setCurrentTime(0);
+    EXPECT_FALSE(player->hasBrokenOff());
+    const auto whole = openRamp();
+    whole->play();
+    EXPECT_EQ(take(5).back(), 0);
+    EXPECT_FALSE(whole->hasBrokenOff()) << "it has come to its end";
+}
+
 TEST_F(AVAudioPlayerTest, FollowsTheClockFromPlayToPauseToTheSongsEnd) {
     const auto player = openRamp();
     EXPECT_NEAR(player->duration(), 4.0, 1e-6);

@@ -3,9 +3,11 @@
 
 #include "music/MusicFixture.h"
 #include "platform/music/AlbumList.h"
+#include "platform/music/MusicFolder.h"
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 #include <fstream>
 
@@ -92,6 +94,37 @@ TEST_F(MusicIndexTest, SurvivesLoopsAndLeavesOutHiddenFolders) {
     fs::create_symlink("nowhere.wav", music / "a/gone.wav");
     EXPECT_EQ(update().read, 1);
     EXPECT_THAT(titles(), ElementsAre("A/1"));
+}
+
+/// Without the rights of root, which may read all.
+class AsNobody {
+public:
+    AsNobody() {
+        if (geteuid() == 0) {
+            EXPECT_EQ(seteuid(65534), 0);
+        }
+    }
+
+    ~AsNobody() { EXPECT_EQ(seteuid(getuid()), 0); }
+
+    AsNobody(const AsNobody&) = delete;
+    AsNobody& operator=(const AsNobody&) = delete;
+};
+
+TEST_F(MusicIndexTest, NamesFoldersThatCannotBeRead) {
+    write("a/1.wav", {{"ALBUM", "A"}});
+    write("closed/2.wav", {{"ALBUM", "B"}});
+    const fs::path closed = music / "closed";
+    fs::permissions(closed, fs::perms::none);
+    for (const fs::path& reached : {fs::path(folder), music, music / "a"})
+        fs::permissions(reached, static_cast<fs::perms>(0755));
+    const auto found = [&] {
+        const AsNobody nobody;
+        return readMusicFolder(music);
+    }();
+    EXPECT_EQ(found.songs.size(), 1U);
+    EXPECT_THAT(found.unreadable, ElementsAre(closed));
+    fs::permissions(closed, fs::perms::owner_all);
 }
 
 TEST_F(MusicIndexTest, IsMadeAnewWhenItIsDamagedOrOfAnotherVersion) {

@@ -4,6 +4,7 @@
 #include "platform/media/AudioReader.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <cstdint>
 #include <mutex>
@@ -23,12 +24,16 @@ public:
 
     [[nodiscard]] double duration() const { return reader.duration(); }
 
+    [[nodiscard]] bool hasBrokenOff() const { return brokenOff; }
+
     void seek(double seconds) {
         const std::lock_guard lock(mutex);
         if (isPrepared && seconds == preparedAt)
             return;
         reader.seek(seconds);
         preparedAt = seconds;
+        given = 0;
+        brokenOff = false;
         isPrepared = true;
     }
 
@@ -65,13 +70,17 @@ public:
         while (filled < out.size()) {
             const std::size_t frames = reader.read(out.subspan(filled));
             filled += frames * AudioReader::kChannels;
+            given += static_cast<std::int64_t>(frames);
             if (filled >= out.size())
                 break;
+            brokenOff = brokenOff || endsTooEarly();
             if (loops == 0 || (frames == 0 && hasJustLooped))
                 break;
             if (loops > 0)
                 --loops;
             reader.seek(0.0);
+            preparedAt = 0;
+            given = 0;
             hasJustLooped = frames == 0;
         }
         std::ranges::fill(out.subspan(filled), 0.0F);
@@ -82,6 +91,13 @@ public:
     }
 
 private:
+    /// The file was whole when it was opened.
+    [[nodiscard]] bool endsTooEarly() const {
+        constexpr double kTolerance = 0.5; // seconds; some decoders hold back their last samples
+        const double at = preparedAt + static_cast<double>(given) / AudioReader::kSampleRate;
+        return at < duration() - kTolerance;
+    }
+
     void applyPassage(std::span<float> out) {
         const auto end = std::llround(passage->duration * AudioReader::kSampleRate);
         for (std::size_t i = 0; i + 1 < out.size(); i += AudioReader::kChannels, ++passed) {
@@ -104,6 +120,8 @@ private:
     std::mutex mutex; // guards everything below
     AudioReader reader;
     double preparedAt = 0.0;
+    std::int64_t given = 0; ///< frames since `preparedAt`
+    std::atomic<bool> brokenOff = false;
     bool isPrepared = false;
     bool hasJustLooped = false;
     int loops = 0;
@@ -242,6 +260,10 @@ void AVAudioPlayer::pause() {
     stopOutput();
     passage.reset();
     voice->endPassage();
+}
+
+bool AVAudioPlayer::hasBrokenOff() const {
+    return voice->hasBrokenOff();
 }
 
 bool AVAudioPlayer::isPlaying() const {

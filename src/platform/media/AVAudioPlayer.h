@@ -67,6 +67,10 @@ public:
     /// False after the end of the song.
     [[nodiscard]] bool isPlaying() const;
 
+    /// The file can no longer be read up to its end: it was cut off or taken away since it was opened.
+    /// The rest is silent. A new position gives it another chance.
+    [[nodiscard]] bool hasBrokenOff() const;
+
 private:
     class Voice; // reads the samples; shared with the output's thread
 

@@ -46,8 +46,10 @@ public:
             return;
         std::error_code error;
         fs::directory_iterator entries(folder, error);
-        if (error)
+        if (error) {
+            contents.unreadable.push_back(folder);
             return;
+        }
         contents.folders.push_back(folder);
         const bool tellsBlocks = !isInUserSpace(folder);
         std::vector<fs::path> below;

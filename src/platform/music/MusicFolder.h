@@ -28,9 +28,10 @@ struct SongFile {
 };
 
 struct MusicFolderContents {
-    std::vector<SongFile> songs;                ///< sorted by path
-    std::vector<std::filesystem::path> folders; ///< with the one that was asked for
-    bool isWhole = true;                        ///< false: a limit was reached
+    std::vector<SongFile> songs;                   ///< sorted by path
+    std::vector<std::filesystem::path> folders;    ///< with the one that was asked for
+    std::vector<std::filesystem::path> unreadable; ///< folders that are there, but cannot be read
+    bool isWhole = true;                           ///< false: a limit was reached
 };
 
 /// The songs in a folder and the folders in it. Hidden files and folders, and folders that cannot be

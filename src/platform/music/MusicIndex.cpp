@@ -267,7 +267,8 @@ Result<IndexUpdate> MusicIndex::update(
     return IndexUpdate{
         .read = difference.changed.size(),
         .removed = difference.gone.size(),
-        .folders = std::move(contents.folders)};
+        .folders = std::move(contents.folders),
+        .unreadable = std::move(contents.unreadable)};
 }
 
 std::vector<MusicAlbum> MusicIndex::albums() {

@@ -47,7 +47,8 @@ struct IndexUpdate {
     std::size_t read = 0;    ///< new or changed files
     std::size_t removed = 0; ///< files that are gone
     bool isBusy = false;     ///< another process is doing it; nothing was done here
-    std::vector<std::filesystem::path> folders; ///< of the music, to be watched
+    std::vector<std::filesystem::path> folders{};    ///< of the music, to be watched
+    std::vector<std::filesystem::path> unreadable{}; ///< folders that cannot be read
 };
 
 /// The songs of a music folder, in an SQLite file: what is needed to list them without opening them.

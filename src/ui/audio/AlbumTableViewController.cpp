@@ -95,10 +95,21 @@ bool AlbumTableViewController::isComplete() const {
 }
 
 QString AlbumTableViewController::progress() const {
-    if (!library || !library->progress())
+    if (!library)
         return {};
+    if (!library->progress()) {
+        const auto closed = static_cast<int>(library->unreadable().size());
+        return closed == 0 ? QString() : tr("Folders that cannot be read: %1").arg(closed);
+    }
     const auto known = static_cast<int>(library->progress()->known);
     return tr("%1 songs").arg(QLocale().toString(known));
+}
+
+bool AlbumTableViewController::isFolderClosed() const {
+    if (!library)
+        return false;
+    const auto& closed = library->unreadable();
+    return std::ranges::find(closed, library->places().folder.lexically_normal()) != closed.end();
 }
 
 QString AlbumTableViewController::emptyTitle() const {
@@ -106,7 +117,7 @@ QString AlbumTableViewController::emptyTitle() const {
         return tr("Looking for music …");
     if (library && library->songCount() > 0)
         return tr("No song here can be used");
-    return tr("No music found");
+    return isFolderClosed() ? tr("The folder cannot be read") : tr("No music found");
 }
 
 QString AlbumTableViewController::emptyText() const {
@@ -117,6 +128,8 @@ QString AlbumTableViewController::emptyText() const {
         return folder;
     if (library->songCount() > 0)
         return tr("All songs in %1 are protected or not downloaded.").arg(folder);
+    if (isFolderClosed())
+        return tr("Give yourself the right to read %1, or choose a file.").arg(folder);
     return tr("Put songs into %1, or choose a file.").arg(folder);
 }
 

@@ -73,6 +73,7 @@ public:
     [[nodiscard]] bool isIndexing() const;
     /// Whether an empty list means that there is nothing.
     [[nodiscard]] bool isComplete() const;
+    [[nodiscard]] bool isFolderClosed() const;
     /// What to say in place of an empty list.
     [[nodiscard]] QString emptyTitle() const;
     [[nodiscard]] QString emptyText() const;

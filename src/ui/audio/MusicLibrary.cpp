@@ -87,8 +87,10 @@ void MusicLibrary::finish(const Update& update) {
         foundation::logLine("music: " + update.error().message);
     if (update && update->isBusy)
         nextUpdate = loop.scheduleOnce(kBusyPause, [this] { refresh(); });
-    if (update && !update->isBusy)
+    if (update && !update->isBusy) {
         watch(update->folders);
+        unreadable_ = update->unreadable;
+    }
     readList();
     if (std::exchange(isUpdateAsked, false))
         refresh();

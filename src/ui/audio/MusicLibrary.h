@@ -54,6 +54,11 @@ public:
     /// While files are read.
     [[nodiscard]] const std::optional<music::IndexProgress>& progress() const { return progress_; }
 
+    /// Folders that could not be read at the last update.
+    [[nodiscard]] const std::vector<std::filesystem::path>& unreadable() const {
+        return unreadable_;
+    }
+
     [[nodiscard]] std::vector<music::MusicItem> songs(const std::string& albumKey);
     [[nodiscard]] std::size_t songCount();
 
@@ -78,6 +83,7 @@ private:
     std::shared_ptr<std::atomic<bool>> isOver = std::make_shared<std::atomic<bool>>(false);
     std::shared_ptr<const music::AlbumList> albums_ = std::make_shared<music::AlbumList>();
     std::optional<music::IndexProgress> progress_;
+    std::vector<std::filesystem::path> unreadable_;
     std::optional<music::MusicIndex> index; ///< for this thread's questions
     bool isListed = false;
     bool isListing = false;

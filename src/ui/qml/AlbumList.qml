@@ -165,7 +165,7 @@ FocusScope {
 
         anchors.bottom: parent.bottom
         width: parent.width
-        isShown: root.controller.isIndexing
+        isMoving: root.controller.isIndexing
         text: root.controller.progress
     }
     EmptyMusic {

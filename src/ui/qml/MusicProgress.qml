@@ -2,15 +2,15 @@
 import QtQuick
 import Zelvo
 
-// A line below the list of albums while the music is looked through: a moving bar, and how many songs
-// there are by now.
+// A line below the list of albums: while the music is looked through, a moving bar and how many songs
+// there are by now; afterwards what could not be read.
 Item {
     id: root
 
-    property bool isShown
+    property bool isMoving
     property string text
 
-    height: isShown && text !== "" ? 30 : 0
+    height: text !== "" ? 30 : 0
     visible: height > 0
     clip: true
     Accessible.role: Accessible.ProgressBar
@@ -19,6 +19,7 @@ Item {
     Rectangle {
         width: parent.width
         height: 2
+        visible: root.isMoving
         color: Theme.separator
         clip: true
 
@@ -28,7 +29,7 @@ Item {
             color: Theme.accent
 
             NumberAnimation on x {
-                running: root.visible
+                running: root.visible && root.isMoving
                 loops: Animation.Infinite
                 from: -root.width / 4
                 to: root.width

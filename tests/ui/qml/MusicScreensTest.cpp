@@ -45,6 +45,16 @@ protected:
     ui::AudioViewController editor{services};
 };
 
+TEST_F(MusicScreensTest, SaysThatTheFolderCannotBeRead) {
+    EXPECT_EQ(open()->emptyTitle(), "No music found");
+    std::filesystem::remove_all(folders.music);
+    media::writeBytes(folders.music, media::Bytes(10, 'x')); // cannot be listed, not even by root
+    const auto list = open();
+    EXPECT_EQ(list->emptyTitle(), "The folder cannot be read");
+    EXPECT_TRUE(list->emptyText().contains(folders.music.c_str()));
+    EXPECT_EQ(list->progress(), "Folders that cannot be read: 1");
+}
+
 TEST_F(MusicScreensTest, APickGoesToTheEditorWithArtistAndTitle) {
     write("1.wav", {{"TITLE", "One"}, {"ALBUM", "A"}, {"ARTIST", "Somebody"}});
     write("2.wav", {{"TITLE", "Two"}, {"ALBUM", "B"}});
