@@ -1566,6 +1566,10 @@
         <source>Keys</source>
         <translation>Tasten</translation>
     </message>
+    <message>
+        <source>%1 cannot be read any more: the rest is silent</source>
+        <translation>%1 lässt sich nicht mehr lesen: Der Rest ist stumm</translation>
+    </message>
 </context>
 <context>
     <name>zelvo::ui::ObjInfo</name>

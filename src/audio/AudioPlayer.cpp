@@ -4,7 +4,6 @@
 #include "platform/foundation/Check.h"
 #include "platform/foundation/Folders.h"
 #include "shared/FrameClock.h"
-#include "shared/Signal.h"
 
 #include <algorithm>
 #include <utility>
@@ -69,9 +68,9 @@ void AudioPlayer::step(double t) {
                             t - audioPreRoll < FrameClock::kStep;
     if (!isPlaying && isInWindow && avAudioPlayer && !avAudioPlayer->isPlaying())
         startAt(audioPreRoll);
-    if (isPlaying && avAudioPlayer->hasBrokenOff() && !std::exchange(hasToldOfBreak, true))
-        ui::signals().messageSignal.fire(
-            audioURL->filename().string() + " cannot be read any more: the rest is silent");
+    if (isPlaying && songBrokeOff && avAudioPlayer->hasBrokenOff() &&
+        !std::exchange(hasToldOfBreak, true))
+        songBrokeOff();
     // The sound fades by itself, exact to the sample; ticks only follow.
     const double fadeOutStart = songEnd() - fadeOutDuration - fadeOutBeginDelay;
     isFadingOut = isFadingOut || (hasFadeOut(fadeState) && fadeOutStart <= t);

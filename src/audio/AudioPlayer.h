@@ -91,6 +91,9 @@ public:
     double audioEnd = 0.0;
     double totalDuration = 0.0;
 
+    /// Called once in a run if the song's file is cut off or taken away while it plays; may be empty.
+    std::function<void()> songBrokeOff;
+
     /// The end of the music, in movie time.
     [[nodiscard]] double songEnd() const { return audioPreRoll + audioEnd - audioIn; }
 

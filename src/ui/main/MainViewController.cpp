@@ -127,6 +127,12 @@ void MainViewController::wireObjects() {
 }
 
 void MainViewController::wireSongs() {
+    audio::AudioPlayer& player = services.model.audioPlayer();
+    player.songBrokeOff = lifetime.guard([&player] {
+        const QString name = QString::fromStdString(player.audioURL->filename().string());
+        signals().messageSignal.fire(
+            tr("%1 cannot be read any more: the rest is silent").arg(name).toStdString());
+    });
     songs.didAsk = [this] {
         if (LayouterMenu* const panel = layouter())
             panel->showAudio();
