@@ -148,7 +148,10 @@ TEST_F(SongTagsTest, OfOneHostileFileDoNotCostTheOthers) {
     ASSERT_TRUE(tags);
     ASSERT_EQ(tags->size(), 3);
     EXPECT_EQ(tags->at(0).value().title, "first.mp3");
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // they lift the limit of memory
+    ASSERT_FALSE(tags->at(1));
     EXPECT_EQ(tags->at(1).error().cause, Cause::tooLarge);
+#endif
     EXPECT_EQ(tags->at(2).value().title, "last.mp3");
 }
 
