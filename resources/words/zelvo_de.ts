@@ -2,6 +2,42 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>ActionSearchRow</name>
+    <message>
+        <source>to be held</source>
+        <translation>gedrückt halten</translation>
+    </message>
+</context>
+<context>
+    <name>ActionSearchView</name>
+    <message>
+        <source>Search actions</source>
+        <translation>Aktionen suchen</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>Aktionen</translation>
+    </message>
+    <message>
+        <source>No action has this name</source>
+        <translation>Keine Aktion heißt so</translation>
+    </message>
+</context>
+<context>
+    <name>ActionTip</name>
+    <message>
+        <source>hold %1</source>
+        <translation>%1 halten</translation>
+    </message>
+</context>
+<context>
+    <name>ActionsMenu</name>
+    <message>
+        <source>Groups of actions</source>
+        <translation>Gruppen von Aktionen</translation>
+    </message>
+</context>
+<context>
     <name>AlbumList</name>
     <message>
         <source>Help</source>
@@ -274,6 +310,13 @@
     <message>
         <source>Fonts</source>
         <translation>Schriften</translation>
+    </message>
+</context>
+<context>
+    <name>FuncButton</name>
+    <message>
+        <source>to be held</source>
+        <translation>gedrückt halten</translation>
     </message>
 </context>
 <context>
@@ -627,6 +670,10 @@
     <message>
         <source>More actions</source>
         <translation>Weitere Aktionen</translation>
+    </message>
+    <message>
+        <source>Search actions</source>
+        <translation>Aktionen suchen</translation>
     </message>
 </context>
 <context>
@@ -1336,6 +1383,10 @@
     <message>
         <source>Help and keys</source>
         <translation>Hilfe und Tasten</translation>
+    </message>
+    <message>
+        <source>Find an action by its name</source>
+        <translation>Aktion nach ihrem Namen suchen</translation>
     </message>
 </context>
 <context>

@@ -8,9 +8,9 @@
 
 namespace zelvo::ui {
 
-FuncButton::FuncButton(foundation::RunLoop& loop, ButtonFace shown, Action given, QObject* parent)
+FuncButton::FuncButton(foundation::RunLoop& timing, ButtonFace shown, Action given, QObject* parent)
     : QObject(parent)
-    , runLoop(loop)
+    , runLoop(timing)
     , face(std::move(shown))
     , action(std::move(given)) {
     CHECK(static_cast<bool>(action.beganFunc), "a button without anything to do");
@@ -24,6 +24,7 @@ void FuncButton::press() {
     if (isPressed())
         return;
     pressStartTime = runLoop.now();
+    Q_EMIT isPressedChanged();
     runBeganFunc();
     startGlow();
 }
@@ -59,6 +60,7 @@ void FuncButton::end() {
         return;
     const double held = runLoop.now() - *pressStartTime;
     pressStartTime.reset();
+    Q_EMIT isPressedChanged();
     timer.invalidate();
     if (action.timed || isHold())
         setGlow(Glow::none);

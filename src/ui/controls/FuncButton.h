@@ -32,9 +32,12 @@ class FuncButton final : public QObject {
     Q_PROPERTY(QString title READ title CONSTANT)
     Q_PROPERTY(QString name READ name CONSTANT)
     Q_PROPERTY(QString key READ key CONSTANT)
+    Q_PROPERTY(QString loop MEMBER loop CONSTANT)
+    Q_PROPERTY(QColor markColor MEMBER markColor CONSTANT)
     Q_PROPERTY(QColor selectedColor MEMBER selectedColor CONSTANT)
     Q_PROPERTY(QColor unselectedColor MEMBER unselectedColor CONSTANT)
     Q_PROPERTY(bool isHold READ isHold CONSTANT)
+    Q_PROPERTY(bool isPressed READ isPressed NOTIFY isPressedChanged)
     Q_PROPERTY(bool isFlashing READ isFlashing NOTIFY glowChanged)
     Q_PROPERTY(bool isPulsing READ isPulsing NOTIFY glowChanged)
     Q_PROPERTY(bool isLit READ isLit NOTIFY glowChanged)
@@ -58,7 +61,7 @@ public:
     };
 
     FuncButton(
-        foundation::RunLoop& loop, ButtonFace shown, Action given, QObject* parent = nullptr);
+        foundation::RunLoop& timing, ButtonFace shown, Action given, QObject* parent = nullptr);
     /// Ends the current press.
     ~FuncButton() override;
     FuncButton(const FuncButton&) = delete;
@@ -66,6 +69,8 @@ public:
 
     QColor selectedColor = kAccentColor;
     QColor unselectedColor = kButtonColor;
+    QColor markColor = kTextColor; ///< of its key and of the mark of a hold button
+    QString loop; ///< URL of the frames of what it does, see catalogue::ActionLoop; empty: none
 
     [[nodiscard]] QString image() const { return face.image; }
 
@@ -94,6 +99,7 @@ public:
 
 Q_SIGNALS:
     void glowChanged();
+    void isPressedChanged();
 
 private:
     void setGlow(Glow shown);

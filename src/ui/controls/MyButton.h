@@ -35,6 +35,7 @@ class MyButton : public QObject {
     Q_PROPERTY(QString key READ key NOTIFY changed)
     Q_PROPERTY(bool isEnabled READ isEnabled NOTIFY changed)
     Q_PROPERTY(bool isMySelected READ isMySelected NOTIFY changed)
+    Q_PROPERTY(QColor markColor MEMBER markColor CONSTANT)
     Q_PROPERTY(QColor fill READ fill NOTIFY changed)
     Q_PROPERTY(QColor textColor READ textColor NOTIFY changed)
     Q_PROPERTY(qreal width READ width CONSTANT)
@@ -49,6 +50,8 @@ public:
     QColor unselectedColor = Qt::transparent;
     QColor normalTextColor = kTextColor;
     QColor highlightTextColor = kTextColor;
+    /// Of a line below the title that marks the buttons of a group; transparent: none.
+    QColor markColor = Qt::transparent;
     QString selectedImage; ///< replaces the image while selected; empty: the same image
     /// Device-independent pixels. A width of 0 means the width of the content.
     QSizeF size{40, 36};

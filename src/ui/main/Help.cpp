@@ -18,6 +18,7 @@ constexpr auto kKeys = std::to_array<KeyRow>({
     {QT_TRANSLATE_NOOP("zelvo::ui::Help", "Space"),      QT_TRANSLATE_NOOP("zelvo::ui::Help", "Start and stop a run")},
     {"1 … 6",                                            QT_TRANSLATE_NOOP("zelvo::ui::Help", "Press the buttons of the tab")},
     {"Ctrl+←, Ctrl+→",                                   QT_TRANSLATE_NOOP("zelvo::ui::Help", "Previous tab, next tab")},
+    {"Ctrl+F",                                           QT_TRANSLATE_NOOP("zelvo::ui::Help", "Find an action by its name")},
     {"S",                                                QT_TRANSLATE_NOOP("zelvo::ui::Help", "Speeds, and who takes part")},
     {"Ctrl+Z, Ctrl+Shift+Z",                             QT_TRANSLATE_NOOP("zelvo::ui::Help", "Undo, redo")},
     {"Ctrl+H",                                           QT_TRANSLATE_NOOP("zelvo::ui::Help", "History")},

@@ -5,8 +5,11 @@
 #include "platform/foundation/Check.h"
 #include "platform/foundation/Random.h"
 #include "platform/foundation/UserDefaults.h"
+#include "ui/controls/GroupColors.h"
+#include "ui/menus/LoopFormat.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <utility>
 
@@ -21,6 +24,30 @@ QString toQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+/// What goes in and what goes out have the same pictures in the catalogue. These are for out: the
+/// arrow begins in the frame and leaves it.
+struct Leaving {
+    const char* picture;
+    const char* leaving;
+};
+
+constexpr auto kLeaving = std::to_array<Leaving>({
+    {"PositionLeft", "LeaveLeft"},
+    {"PositionRight", "LeaveRight"},
+    {"PositionUp", "LeaveUp"},
+    {"PositionDown", "LeaveDown"},
+    {"PositionBack", "LeaveBack"},
+    {"PositionFront", "LeaveFront"},
+});
+
+QString pictureOf(const catalogue::Tab& tab, const catalogue::Button& button) {
+    const auto* const leaving = std::ranges::find(
+        kLeaving, button.face.image, [](const Leaving& row) { return row.picture; });
+    return tab.group == catalogue::Group::out && leaving != kLeaving.end()
+               ? leaving->leaving
+               : toQString(button.face.image);
+}
+
 /// A press context with the user's current choices.
 catalogue::PressContext contextOf(const model::Model& model) {
     return {model.actionController(), model.affectedNodes(), model.animationFactor()};
@@ -33,6 +60,9 @@ ActionsMenu::ActionsMenu(const Services& given, QObject* parent)
     , speedButton(
           {.image = "Controls_off", .name = tr("Speed and objects"), .key = "S"},
           [this] { speedButtonClicked(); })
+    , searchButton(
+          {.image = "Search", .name = tr("Search actions"), .key = "Ctrl+F"},
+          [this] { search.isOpen() ? search.close() : search.open(); })
     , stackView({.buttonEdgeInsets = {8, 0, 8, 0}, .spacing = 1, .bgColor = kClearButtonColor})
     , services(given) {
     for (const catalogue::Tab& tab : catalogue::tabs())
@@ -41,6 +71,7 @@ ActionsMenu::ActionsMenu(const Services& given, QObject* parent)
     arrowRight = makeArrow("ArrowRight", &ActionsMenu::buttonStack2);
     speedButton.selectedImage = "Controls_on";
     speedButton.size = {34, 34};
+    searchButton.size = {34, 34};
 }
 
 ActionsMenu::~ActionsMenu() = default;
@@ -64,6 +95,7 @@ ActionsMenu::TabButton ActionsMenu::makeTabButton(const catalogue::Tab& tab) {
         ButtonFace{.title = toQString(tab.shortTitle), .name = toQString(tab.contents)},
         [this, &tab] { show(tab); });
     button->size = {0, 34};
+    button->markColor = groupColor(tab.group);
     return button;
 }
 
@@ -174,14 +206,17 @@ std::unique_ptr<FuncButton> ActionsMenu::makeActionButton(
     }};
     if (button.isHold())
         action.endFunc = [button, &model](auto) { catalogue::release(button, contextOf(model)); };
-    return std::make_unique<FuncButton>(
+    auto made = std::make_unique<FuncButton>(
         services.runLoop,
         ButtonFace{
-            .image = toQString(button.face.image),
+            .image = pictureOf(tab, button),
             .title = toQString(button.face.label),
             .name = toQString(button.title),
             .key = QString::number(place + 1)},
         std::move(action));
+    made->markColor = groupColor(tab.group);
+    made->loop = loopOf(button.title);
+    return made;
 }
 
 QList<FuncButton*> ActionsMenu::actionObjects() const {
@@ -219,10 +254,27 @@ void ActionsMenu::step(qsizetype by) {
     if (order.isEmpty())
         return; // not shown yet
     const auto here = std::max<qsizetype>(order.indexOf(litTab()), 0);
-    auto* const next = order[(here + by + order.size()) % order.size()];
-    if (!stackView.arranged().contains(next))
-        showPage(pageOf(*next));
-    next->click();
+    open(*order[(here + by + order.size()) % order.size()]);
+}
+
+void ActionsMenu::open(MyButton& tab) {
+    if (!stackView.arranged().contains(&tab))
+        showPage(pageOf(tab));
+    tab.click();
+}
+
+void ActionsMenu::pressHit(int row) {
+    if (row < 0 || row >= search.count())
+        return;
+    releaseHit();
+    const ActionSearch::Entry& hit = search.hit(row);
+    open(tabButton(hit.tab->field));
+    pressedHit = hit.place;
+    pressButton(pressedHit);
+}
+
+void ActionsMenu::releaseHit() {
+    releaseButton(std::exchange(pressedHit, -1));
 }
 
 QList<MyButton*> ActionsMenu::tabsInOrder() const {

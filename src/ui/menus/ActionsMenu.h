@@ -6,6 +6,7 @@
 #include "ui/controls/HighlightButton.h"
 #include "ui/controls/Services.h"
 #include "ui/controls/TabStackView.h"
+#include "ui/menus/ActionSearch.h"
 
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
@@ -34,6 +35,8 @@ class ActionsMenu final : public QObject {
     Q_PROPERTY(
         QList<zelvo::ui::FuncButton*> actionsStackView READ actionObjects NOTIFY actionsChanged)
     Q_PROPERTY(zelvo::ui::MyButton* speedButton READ speedObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::MyButton* searchButton READ searchObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::ActionSearch* search READ searchModel CONSTANT)
 
 public:
     /// Called when a button is pressed while no run records it; may be empty.
@@ -48,7 +51,9 @@ public:
     TabButton arrowLeft;
     TabButton arrowRight;
     MyButton speedButton;
+    MyButton searchButton;
     TabStackView stackView;
+    ActionSearch search;
 
     /// Called with whether the strip of speed and nodes should be shown; may be empty.
     std::function<void(bool)> speedClosure;
@@ -64,6 +69,10 @@ public:
     /// again. Does nothing if there is no such button.
     Q_INVOKABLE void pressButton(int index);
     Q_INVOKABLE void releaseButton(int index);
+    /// Opens the tab of a hit of the search and presses the button there, until it is released. Does
+    /// nothing if there is no such hit.
+    Q_INVOKABLE void pressHit(int row);
+    Q_INVOKABLE void releaseHit();
     /// Releases all pressed buttons, whoever holds them.
     void releaseButtons();
     /// Opens the next tab, on the other page if needed; the first follows the last.
@@ -89,6 +98,10 @@ public:
 
     [[nodiscard]] MyButton* speedObject() { return &speedButton; }
 
+    [[nodiscard]] MyButton* searchObject() { return &searchButton; }
+
+    [[nodiscard]] ActionSearch* searchModel() { return &search; }
+
     [[nodiscard]] QList<FuncButton*> actionObjects() const;
 
 Q_SIGNALS:
@@ -112,12 +125,15 @@ private:
     void showFullRow();
     void showPage(const QList<MyButton*>& page);
     void step(qsizetype by);
+    /// Lights the tab, on the other page if needed, and shows its buttons.
+    void open(MyButton& tab);
     void speedButtonClicked();
 
     Services services;
     std::vector<TabButton> tabButtons; ///< as catalogue::tabs()
     std::vector<std::unique_ptr<FuncButton>> actionsStackView;
     const catalogue::Tab* shown = nullptr;
+    int pressedHit = -1; ///< place of the button in its tab; negative: none
     RowKind rowKind = RowKind::full;
     bool isOnShow = false;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 pragma ComponentBehavior: Bound
 import QtQuick
+import QtQuick.Window
 import Zelvo
 import Zelvo.Controls as Controls
 import Zelvo.Menus as Menus
@@ -34,9 +35,36 @@ Item {
             }
         }
     }
+    MyButton {
+        id: searchButton
+
+        anchors.left: parent.left
+        anchors.bottom: parent.bottom
+        controller: root.controller.searchButton
+        Spoken.isExpandable: true
+        Spoken.isExpanded: root.controller.search.isOpen
+    }
+    Loader {
+        readonly property bool isOpen: root.controller.search.isOpen
+
+        property Item formerFocus // null if that item is gone, as with the tab it was in
+
+        onIsOpenChanged: {
+            if (isOpen) {
+                formerFocus = Window.activeFocusItem;
+                setSource("ActionSearchPopup.qml", {controller: root.controller, parent: root});
+                return;
+            }
+            const isLeft = !(item as ActionSearchPopup)?.visible; // by a press elsewhere
+            source = "";
+            if (!isLeft)
+                formerFocus?.forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
     TabStack {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
+        name: qsTr("Groups of actions")
         controller: root.controller.stackView
     }
     MyButton {
@@ -46,8 +74,8 @@ Item {
         controller: root.controller.speedButton
     }
 
-    // Tells the controller the width of all tabs in one row, with room for the speed button on both
-    // sides.
+    // Tells the controller the width of all tabs in one row, with the gaps between groups and room for a
+    // button on both sides.
     TextMetrics {
         id: measure
 
@@ -61,7 +89,7 @@ Item {
         function report(): void {
             if (root.width <= 0 || !root.controller)
                 return;
-            root.controller.setWidths(root.width, advanceWidth + 14 * 17 + 2 * 40);
+            root.controller.setWidths(root.width, advanceWidth + 14 * 17 + 5 * 8 + 2 * 40);
             if (!isOnShow)
                 root.controller.viewWillAppear();
             isOnShow = true;

@@ -8,7 +8,9 @@ Rectangle {
     id: root
 
     required property Controls.FuncButton controller
-    property bool isKnown: false // pressed since the pointer came; then no tooltip is needed
+    property bool isKnown: false // pressed or dismissed since the pointer came: no tooltip is needed
+    property bool isHeld: false // by a finger
+    readonly property bool hasName: controller.name !== controller.title
 
     implicitWidth: 90
     implicitHeight: 36
@@ -18,7 +20,10 @@ Rectangle {
 
     Accessible.role: Accessible.Button
     Accessible.name: controller.name
+    Accessible.description: controller.isHold ? qsTr("to be held") : ""
     Accessible.focusable: true
+    Accessible.pressed: controller.isPressed
+    Spoken.key: controller.key
     Accessible.onPressAction: {
         controller.press();
         controller.release();
@@ -29,6 +34,10 @@ Rectangle {
         return event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
     }
 
+    Keys.onEscapePressed: event => {
+        event.accepted = tip.visible;
+        isKnown = true;
+    }
     Keys.onPressed: event => {
         event.accepted = isPressKey(event);
         if (event.accepted && !event.isAutoRepeat)
@@ -39,7 +48,11 @@ Rectangle {
         if (event.accepted && !event.isAutoRepeat)
             controller.release();
     }
-    onActiveFocusChanged: if (!activeFocus) controller.cancel()
+    onActiveFocusChanged: {
+        isKnown = false;
+        if (!activeFocus)
+            controller.cancel();
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -60,7 +73,7 @@ Rectangle {
         ]
         transitions: Transition {
             to: "flash"
-            NumberAnimation { property: "opacity"; duration: 80 }
+            NumberAnimation { property: "opacity"; duration: 80 * Theme.motion }
         }
 
         SequentialAnimation {
@@ -72,13 +85,16 @@ Rectangle {
     }
     Icon {
         anchors.fill: parent
-        anchors.margins: 5
+        anchors.topMargin: 3
+        anchors.bottomMargin: 2 + below.height
         visible: name !== ""
         name: root.controller.image
     }
     Text {
         anchors.fill: parent
-        anchors.margins: 3
+        anchors.leftMargin: 16 // beside the key
+        anchors.rightMargin: 16
+        anchors.bottomMargin: root.hasName ? below.height : 0
         text: root.controller.title
         color: Theme.text
         font.pixelSize: Theme.px(13)
@@ -88,6 +104,39 @@ Rectangle {
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
+    }
+    Text {
+        id: below
+
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 1
+        x: 3
+        width: parent.width - 6
+        visible: root.hasName
+        text: root.controller.name
+        color: Theme.text
+        font.pixelSize: Theme.px(10)
+        horizontalAlignment: Text.AlignHCenter
+        elide: Text.ElideRight
+    }
+    Text {
+        id: digit
+
+        x: 5
+        y: 2
+        text: root.controller.key
+        color: root.controller.markColor
+        font.pixelSize: Theme.px(10)
+        font.weight: Font.DemiBold
+    }
+    Rectangle { // the mark of a button that is to be held
+        anchors.top: digit.bottom
+        anchors.horizontalCenter: digit.horizontalCenter
+        width: Math.max(8, digit.width)
+        height: 3
+        radius: 1.5
+        visible: root.controller.isHold
+        color: root.controller.markColor
     }
     FocusRing {
         shown: root.activeFocus
@@ -107,13 +156,26 @@ Rectangle {
     }
     PressArea {
         anchors.fill: parent
-        onPressed: root.controller.press()
-        onReleased: root.controller.release()
-        onCanceled: root.controller.cancel()
+        onPressed: {
+            root.isHeld = true;
+            root.controller.press();
+        }
+        onReleased: {
+            root.isHeld = false;
+            root.controller.release();
+        }
+        onCanceled: {
+            root.isHeld = false;
+            root.controller.cancel();
+        }
     }
-    Tip {
+    ActionTip {
+        id: tip
+
         name: root.controller.name
         key: root.controller.key
-        isAsked: hover.hovered && !root.isKnown
+        loop: root.controller.loop
+        isHold: root.controller.isHold
+        isAsked: Pointer.isInUse ? hover.hovered && !root.isKnown : root.isHeld || (root.activeFocus && !root.isKnown)
     }
 }

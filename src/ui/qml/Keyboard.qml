@@ -105,6 +105,7 @@ FocusScope {
     Shortcut { sequence: "F3"; enabled: root.enabled; onActivated: root.main.mainMenu.askForActions() }
     Shortcut { sequence: "Ctrl+Right"; enabled: root.enabled && root.catalogue; onActivated: root.catalogue.nextTab() }
     Shortcut { sequence: "Ctrl+Left"; enabled: root.enabled && root.catalogue; onActivated: root.catalogue.previousTab() }
+    Shortcut { sequence: "Ctrl+F"; enabled: root.enabled && root.catalogue; onActivated: root.catalogue.searchButton.click() }
     Shortcut { sequence: "F11"; onActivated: root.toggleFullScreen() }
     Shortcut { sequence: "Ctrl+Shift+T"; onActivated: root.main.toggleVisualizer() }
 }

@@ -19,8 +19,11 @@ T.AbstractButton {
     property real dimmed: Theme.dimmed
     property real reach: 0 // a press this far above or below hits the button, too: fingers are thick
     property bool hasTip: true
+    property real gap: 0 // empty space at the left, between groups in a row
 
-    implicitWidth: Math.max(controller.width, label.implicitWidth + 2 * horizontalInset)
+    implicitWidth: Math.max(controller.width, label.implicitWidth + 2 * horizontalInset) + gap
+    leftInset: gap
+    leftPadding: gap
     implicitHeight: controller.height
     enabled: controller.isEnabled
     focusPolicy: Qt.TabFocus
@@ -39,7 +42,7 @@ T.AbstractButton {
     onClicked: controller.click()
     containmentMask: QtObject {
         function contains(place: point): bool {
-            return place.x >= 0 && place.x < root.width && place.y >= -root.reach && place.y < root.height + root.reach;
+            return place.x >= root.gap && place.x < root.width && place.y >= -root.reach && place.y < root.height + root.reach;
         }
     }
 
@@ -53,6 +56,13 @@ T.AbstractButton {
             radius: parent.radius
             color: Theme.text
             opacity: root.down ? 0.22 : root.hovered ? 0.09 : 0
+        }
+        Rectangle {
+            anchors.bottom: parent.bottom
+            width: parent.width
+            height: 3
+            radius: 1.5
+            color: root.controller.markColor
         }
         FocusRing {
             shown: root.visualFocus

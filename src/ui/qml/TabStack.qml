@@ -11,6 +11,7 @@ Rectangle {
     required property Controls.TabStackView controller
     property string name // of the whole row, for screen readers
     property real reach: 0 // of the buttons
+    property real groupGap: 8 // between buttons with other marks
     // The place of the button that had the focus when the row was replaced; negative: none had it.
     property int lostPlace: -1
     readonly property real share: (width - controller.spacing * (buttons.count - 1)) / Math.max(1, buttons.count)
@@ -47,8 +48,11 @@ Rectangle {
             }
             delegate: MyButton {
                 required property Controls.MyButton modelData
+                required property int index
+                readonly property Controls.MyButton before: root.controller.arrangedSubviews[index - 1] ?? modelData
 
                 controller: modelData
+                gap: Qt.colorEqual(before.markColor, modelData.markColor) ? 0 : root.groupGap
                 horizontalInset: root.controller.leftInset
                 width: root.controller.fillsEqually ? root.share : implicitWidth
                 height: row.height

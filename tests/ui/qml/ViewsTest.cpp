@@ -28,6 +28,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <set>
 
 namespace zelvo::test {
 
@@ -157,6 +158,106 @@ TEST_F(MenuViewsTest, TipsComeWithThePointerOnlyAndHideNothingThatIsToBePressed)
         QTest::keyClick(&view, Qt::Key_Shift);
         EXPECT_FALSE(tip->property("visible").toBool()) << "a key hides the tip";
     }
+    view.setSource({});
+}
+
+TEST_F(MenuViewsTest, AButtonShowsWhatItDoesWhileItIsLookedAt) {
+    show("ActionsMenu", "controller", &menu);
+    view.rootObject()->setY(400);
+    menu.tabButton("FX1").click();
+    layOut();
+    const auto tipOf = [this](int place) -> const QObject* {
+        const auto* const button =
+            viewOf(view.rootObject(), menu.actionButtons()[place].get(), "controller");
+        for (const QObject* const part : button->children()) {
+            if (part->inherits("QQuickToolTip"))
+                return part;
+        }
+        return nullptr;
+    };
+    const auto isShown = [&](int place) {
+        return QTest::qWaitFor([&] { return tipOf(place)->property("visible").toBool(); }, 5000);
+    };
+    const auto isGone = [&](int place) {
+        return QTest::qWaitFor([&] { return !tipOf(place)->property("visible").toBool(); }, 5000);
+    };
+    const auto frames = [&](int place, int count) {
+        const auto* const loop = tipOf(place)
+                                     ->property("contentItem")
+                                     .value<QQuickItem*>()
+                                     ->findChild<QQuickItem*>("loop");
+        std::set<int> seen;
+        return QTest::qWaitFor(
+            [&] {
+                seen.insert(loop->property("shown").toInt());
+                return static_cast<int>(seen.size()) >= count;
+            },
+            5000);
+    };
+
+    QTest::keyClick(&view, Qt::Key_Tab);
+    EXPECT_TRUE(isShown(0)) << "it has the focus";
+    EXPECT_TRUE(frames(0, 12)) << "the loop runs";
+    QTest::keyClick(&view, Qt::Key_Escape);
+    EXPECT_TRUE(isGone(0));
+    for (const int step : {0, 1})
+        QTest::mouseMove(&view, middleOf(3, 6, view.width()) + QPoint(step, 400));
+    EXPECT_TRUE(isShown(3)) << "the pointer rests on it";
+    EXPECT_TRUE(frames(3, 12));
+    QTest::mousePress(&view, Qt::LeftButton, {}, middleOf(3, 6, view.width()) + QPoint(0, 400));
+    EXPECT_TRUE(isGone(3)) << "now the stage itself shows it";
+    QTest::mouseRelease(&view, Qt::LeftButton, {}, middleOf(3, 6, view.width()) + QPoint(0, 400));
+
+    const auto device = std::unique_ptr<QPointingDevice>(QTest::createTouchDevice());
+    auto touches = QTest::touchEvent(&view, device.get(), false);
+    touches.press(1, middleOf(5, 6, view.width()) + QPoint(0, 400)).commit();
+    EXPECT_TRUE(isShown(5)) << "a finger holds it";
+    touches.release(1, middleOf(5, 6, view.width()) + QPoint(0, 400)).commit();
+    EXPECT_TRUE(isGone(5));
+    view.setSource({});
+}
+
+TEST_F(MenuViewsTest, ActionsAreSearchedAndPressedByKeys) {
+    show("ActionsMenu", "controller", &menu);
+    view.rootObject()->setY(400);
+    model.start();
+    loop().runFor(3);
+    QTest::keyClick(&view, Qt::Key_Tab);
+    const QQuickItem* const before = view.activeFocusItem();
+    ASSERT_NE(before, nullptr);
+    menu.searchButton.click();
+    layOut();
+    EXPECT_NE(view.activeFocusItem(), before);
+    QTest::keyClick(&view, Qt::Key_Escape);
+    layOut();
+    EXPECT_EQ(view.activeFocusItem(), before) << "Escape gives the focus back";
+    menu.searchButton.click();
+    layOut();
+    for (const char letter : {'c', 'a', 'm'})
+        QTest::keyClick(&view, letter);
+    EXPECT_EQ(menu.search.count(), 6);
+    QTest::keyClick(&view, Qt::Key_Down);
+    QTest::keyClick(&view, Qt::Key_Up);
+    QTest::keyPress(&view, Qt::Key_Return);
+    QTest::simulateEvent(&view, true, Qt::Key_Return, {}, "\r", true);
+    loop().drain();
+    EXPECT_TRUE(menu.tabButton("CAM").isMySelected());
+    ASSERT_EQ(controller().recordedActions().size(), 1u);
+    EXPECT_EQ(controller().recordedActions()[0]->title, "Zoom Cam");
+    EXPECT_TRUE(menu.actionButtons()[0]->isPressed()) << "as long as the key";
+    QTest::keyRelease(&view, Qt::Key_Return);
+    EXPECT_FALSE(menu.actionButtons()[0]->isPressed());
+    QTest::keyClick(&view, Qt::Key_W); // replaces the text
+    for (const char letter : {'a', 'v', 'e'})
+        QTest::keyClick(&view, letter);
+    EXPECT_EQ(menu.search.text(), "wave");
+    QTest::keyPress(&view, Qt::Key_Return);
+    QTest::keyClick(&view, Qt::Key_Escape);
+    layOut();
+    EXPECT_FALSE(menu.search.isOpen());
+    EXPECT_FALSE(menu.actionButtons()[4]->isPressed()) << "nothing stays held behind it";
+    loop().drain();
+    EXPECT_EQ(controller().recordedActions().size(), 3u);
     view.setSource({});
 }
 
