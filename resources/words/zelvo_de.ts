@@ -1349,10 +1349,6 @@
         <translation>Sichern, sichern unter</translation>
     </message>
     <message>
-        <source>Style, actions</source>
-        <translation>Stil, Aktionen</translation>
-    </message>
-    <message>
         <source>A random style</source>
         <translation>Ein zufälliger Stil</translation>
     </message>
@@ -1387,6 +1383,18 @@
     <message>
         <source>Find an action by its name</source>
         <translation>Aktion nach ihrem Namen suchen</translation>
+    </message>
+    <message>
+        <source>Style, actions; again: to its tabs, then the arrow keys</source>
+        <translation>Stil, Aktionen; noch einmal: zu den Reitern, dann die Pfeiltasten</translation>
+    </message>
+    <message>
+        <source>Return</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>Write the text; choose another image</source>
+        <translation>Den Text schreiben; ein anderes Bild wählen</translation>
     </message>
 </context>
 <context>
@@ -1579,8 +1587,8 @@
         <translation>Aktionen</translation>
     </message>
     <message>
-        <source>Perform</source>
-        <translation>Aufführen</translation>
+        <source>Perform actions</source>
+        <translation>Aktionen aufführen</translation>
     </message>
 </context>
 <context>

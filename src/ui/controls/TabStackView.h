@@ -58,6 +58,9 @@ public:
     /// target. Does nothing if there is none.
     void select(qsizetype index);
 
+    /// The keyboard asks for the row: its lit button, or the first, gets the focus.
+    Q_INVOKABLE void askForFocus() { Q_EMIT focusAsked(); }
+
     [[nodiscard]] qreal leftInset() const { return look.buttonEdgeInsets.left(); }
 
     [[nodiscard]] qreal rightInset() const { return look.buttonEdgeInsets.right(); }
@@ -76,6 +79,7 @@ public:
 
 Q_SIGNALS:
     void changed();
+    void focusAsked();
 
 private:
     void enter(MyButton& button);

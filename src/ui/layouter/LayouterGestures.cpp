@@ -43,9 +43,7 @@ void LayouterMenu::handleTap(const TapGesture& tap) {
 
 void LayouterMenu::handleDoubleTap(const TapGesture& tap) {
     setCurrentNode(hit(placeOf(tap)));
-    writeAction();
-    if (std::dynamic_pointer_cast<content::ImageNode>(currentNode_))
-        showImportOptions();
+    (void)openSelected();
 }
 
 void LayouterMenu::handlePan(const PanGesture& pan) {
@@ -143,6 +141,14 @@ bool LayouterMenu::takeNext(int step) {
         return false;
     setCurrentNodeFromButton(next);
     return true;
+}
+
+bool LayouterMenu::openSelected() {
+    writeAction();
+    const bool isImage = std::dynamic_pointer_cast<content::ImageNode>(currentNode_) != nullptr;
+    if (isImage)
+        showImportOptions();
+    return isImage || writing;
 }
 
 } // namespace zelvo::ui

@@ -119,6 +119,8 @@ public:
     Q_INVOKABLE bool grow(double factor);
     /// Selects the next node (step 1) or the one before (-1); false after the last.
     Q_INVOKABLE bool takeNext(int step);
+    /// Writes the selected text, or asks for the picture of the selected image.
+    Q_INVOKABLE bool openSelected();
 
     /// Asks where the picture for the image is.
     void showImportOptions();

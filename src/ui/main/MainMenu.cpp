@@ -11,7 +11,7 @@ MainMenu::MainMenu(QObject* parent)
               if (layoutClosure)
                   layoutClosure();
           })
-    , animButton({.title = tr("Actions"), .name = tr("Perform"), .key = "F3"}, [this] {
+    , animButton({.title = tr("Actions"), .name = tr("Perform actions"), .key = "F3"}, [this] {
         if (animClosure)
             animClosure();
     }) {

@@ -113,6 +113,7 @@ T.Popup {
                 [Qt.Key_Left]: [-1, 0], [Qt.Key_Right]: [1, 0], [Qt.Key_Up]: [0, -1], [Qt.Key_Down]: [0, 1]
             })
 
+            Accessible.ignored: !root.isPicking
             Accessible.role: Accessible.Graphic
             Accessible.name: qsTr("Pixel %1").arg(root.controller.pipette.color.toString())
             Keys.onPressed: event => {

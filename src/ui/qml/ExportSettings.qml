@@ -15,6 +15,7 @@ Sheet {
     focus: true
     sheetWidth: 680
     sheetHeight: 556
+    Accessible.name: bar.title
     onClosed: controller.cancel()
     Keys.onReturnPressed: controller.start()
     Keys.onEnterPressed: controller.start()

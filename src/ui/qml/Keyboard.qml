@@ -41,7 +41,7 @@ FocusScope {
             catalogue.releaseButton(place);
     }
     // Arrow keys, Page Up and Page Down move the selected node; [ and ] change its size; Tab selects
-    // the next node. True if there was something to do.
+    // the next node; Return writes a text, or asks for another picture. True if there was something to do.
     function movesNode(event: KeyEvent): bool {
         const step = event.modifiers & Qt.ShiftModifier ? 10 : 1;
         const moves = {
@@ -56,6 +56,8 @@ FocusScope {
             return layouter.takeNext(1);
         if (event.key === Qt.Key_Backtab)
             return layouter.takeNext(-1);
+        if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)
+            return !event.isAutoRepeat && layouter.openSelected();
         if (event.text === "[" || event.text === "]")
             return layouter.grow(event.text === "[" ? 1 / 1.05 : 1.05);
         return false;
@@ -101,8 +103,8 @@ FocusScope {
     Shortcut { sequence: "Ctrl+E"; enabled: root.enabled; onActivated: root.main.share() }
     Shortcut { sequence: "Ctrl+V"; autoRepeat: false; enabled: root.enabled; onActivated: root.main.paste() }
     Shortcut { sequences: ["F1", "?"]; enabled: root.enabled; onActivated: root.main.help.button.click() }
-    Shortcut { sequence: "F2"; enabled: root.enabled; onActivated: root.main.mainMenu.askForStyle() }
-    Shortcut { sequence: "F3"; enabled: root.enabled; onActivated: root.main.mainMenu.askForActions() }
+    Shortcut { sequence: "F2"; enabled: root.enabled; onActivated: root.layouter ? root.layouter.stackView.askForFocus() : root.main.mainMenu.askForStyle() }
+    Shortcut { sequence: "F3"; enabled: root.enabled; onActivated: root.catalogue ? root.catalogue.stackView.askForFocus() : root.main.mainMenu.askForActions() }
     Shortcut { sequence: "Ctrl+Right"; enabled: root.enabled && root.catalogue; onActivated: root.catalogue.nextTab() }
     Shortcut { sequence: "Ctrl+Left"; enabled: root.enabled && root.catalogue; onActivated: root.catalogue.previousTab() }
     Shortcut { sequence: "Ctrl+F"; enabled: root.enabled && root.catalogue; onActivated: root.catalogue.searchButton.click() }

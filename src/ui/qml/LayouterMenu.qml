@@ -83,6 +83,7 @@ Item {
         anchors.bottom: parent.bottom
         reach: 5
         name: qsTr("What to style")
+        Keys.onUpPressed: strip.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
         controller: root.controller.stackView
     }
 }

@@ -86,6 +86,8 @@ protected:
             return role() == QAccessible::EditableText
                        ? static_cast<QAccessibleEditableTextInterface*>(this)
                        : nullptr;
+        if (type == QAccessible::ValueInterface && role() == QAccessible::ProgressBar)
+            return static_cast<QAccessibleValueInterface*>(this);
         return QAccessibleQuickItem::interface_cast(type);
     }
 

@@ -25,6 +25,27 @@ Rectangle {
 
     Accessible.role: Accessible.PageTabList
     Accessible.name: name
+    Keys.onLeftPressed: step(-1)
+    Keys.onRightPressed: step(1)
+
+    function step(by: int): void {
+        for (let i = 0; i < buttons.count; ++i) {
+            if (buttons.itemAt(i).activeFocus) {
+                buttons.itemAt((i + by + buttons.count) % buttons.count).forceActiveFocus(Qt.TabFocusReason);
+                return;
+            }
+        }
+    }
+    Connections {
+        target: root.controller
+
+        function onFocusAsked(): void {
+            let place = 0;
+            for (let i = 0; i < buttons.count; ++i)
+                place = root.controller.arrangedSubviews[i].isMySelected ? i : place;
+            buttons.itemAt(place)?.forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
 
     Row {
         id: row
