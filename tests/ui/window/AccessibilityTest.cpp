@@ -187,6 +187,7 @@ TEST_F(AccessibilityTest, EveryControlOfTheScreensHasRoleNameStateAndKey) {
         "actions",
         {{"push button", "Record", "Space"},
          {"push button", "Duration", "Ctrl+D"},
+         {"push button", "Left In", "1"},
          {"check box", "First text"},
          {"page tab", "Speed: Normal"},
          {"push button", "Speed and objects", "S"}});
