@@ -19,8 +19,9 @@ struct ActionLoop {
     static constexpr int kHeight = 108;
     static constexpr int kColumns = 6;
     static constexpr int kMinRows = 3;
-    static constexpr int kMaxRows = 6;
-    static constexpr int kFramesPerSecond = 15;
+    static constexpr int kMaxRows = 5;
+    /// Few, because a window without a graphics card is drawn anew for each one.
+    static constexpr int kFramesPerSecond = 12;
     static constexpr int kMaxBytes = 80 * 1024;
 };
 

@@ -28,9 +28,9 @@ constexpr double kWordScale = 1.5;
 constexpr double kLeadIn = 0.6;    // seconds until the stage is at rest
 constexpr int kPassing = 4;        // frames in which the end passes into the beginning
 constexpr int kPressed = 5;        // the frame before which the button is pressed
-constexpr int kReleased = 20;      // the frame before which a held button is released
+constexpr int kReleased = 18;      // the frame before which a held button is released
 constexpr int kRest = 4;           // frames after the last one that moves
-constexpr int kUpdates = 2;        // updates of the scene in a frame
+constexpr int kUpdates = 3;        // updates of the scene in a frame
 constexpr std::uint32_t kSeed = 2; // of what a button draws at random
 constexpr double kOversampling = 1.5;
 constexpr int kMaxFrames = ActionLoop::kColumns * ActionLoop::kMaxRows;
@@ -47,7 +47,7 @@ constexpr auto kSettings = std::to_array<Setting>({
     {Group::in, "Plain", 0x3A4152},
     {Group::letters, "Plain", 0x3A4152},
     {Group::turns, "Plain", 0x3A4152},
-    {Group::camera, "Backlight", 0x6A5ACD},
+    {Group::camera, "Stage", 0x6A5ACD},
     {Group::effects, "Plain", 0x14161C},
     {Group::out, "Plain", 0x3A4152},
 });

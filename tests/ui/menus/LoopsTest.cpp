@@ -125,8 +125,8 @@ QPointF middleOf(const QImage& frame) {
 // The stage has its left where the word comes from, and the loop shows the button that it is named
 // after.
 TEST_F(LoopsTest, GoWhereTheirNamesSay) {
-    const auto half = [&](const char* title) { return middleOf(loops[title].at(9)); };
-    const auto leaving = [&](const char* title) { return middleOf(loops[title].at(8)); };
+    const auto half = [&](const char* title) { return middleOf(loops[title].at(8)); };
+    const auto leaving = [&](const char* title) { return middleOf(loops[title].at(7)); };
     EXPECT_LT(half("Left In").x(), 0.4);
     EXPECT_GT(half("Right In").x(), 0.6);
     EXPECT_LT(leaving("Left Out").x(), 0.48);
