@@ -641,6 +641,24 @@
     </message>
 </context>
 <context>
+    <name>Timeline</name>
+    <message>
+        <source>Time line</source>
+        <translation>Zeitleiste</translation>
+    </message>
+</context>
+<context>
+    <name>TimelineMenu</name>
+    <message>
+        <source>Selected actions</source>
+        <translation>Ausgewählte Aktionen</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Geschwindigkeit</translation>
+    </message>
+</context>
+<context>
     <name>TransformPanel</name>
     <message>
         <source>What to change</source>
@@ -1396,6 +1414,34 @@
         <source>Write the text; choose another image</source>
         <translation>Den Text schreiben; ein anderes Bild wählen</translation>
     </message>
+    <message>
+        <source>Play and pause, without recording</source>
+        <translation>Abspielen und anhalten, ohne aufzunehmen</translation>
+    </message>
+    <message>
+        <source>← → (time line)</source>
+        <translation>← → (Zeitleiste)</translation>
+    </message>
+    <message>
+        <source>Move the playhead; with Shift by a second</source>
+        <translation>Die Abspielmarke bewegen; mit Umschalt um eine Sekunde</translation>
+    </message>
+    <message>
+        <source>↑ ↓ (time line)</source>
+        <translation>↑ ↓ (Zeitleiste)</translation>
+    </message>
+    <message>
+        <source>Choose an action; with Alt, ← and → move it</source>
+        <translation>Eine Aktion wählen; mit Alt bewegen ← und → sie</translation>
+    </message>
+    <message>
+        <source>+ − (time line)</source>
+        <translation>+ − (Zeitleiste)</translation>
+    </message>
+    <message>
+        <source>Hold it longer, shorter</source>
+        <translation>Sie länger, kürzer halten</translation>
+    </message>
 </context>
 <context>
     <name>zelvo::ui::HuePickerView</name>
@@ -2042,6 +2088,76 @@
     <message>
         <source>This template is missing. Install the program anew.</source>
         <translation>Diese Vorlage fehlt. Installiere das Programm neu.</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::TimelineController</name>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Play without recording</source>
+        <translation>Abspielen, ohne aufzunehmen</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>held %1 s</source>
+        <translation>%1 s gehalten</translation>
+    </message>
+    <message>
+        <source>%1, at %2 seconds</source>
+        <translation>%1, bei %2 Sekunden</translation>
+    </message>
+    <message>
+        <source>Camera drag</source>
+        <translation>Kamera gezogen</translation>
+    </message>
+    <message>
+        <source>Camera pinch</source>
+        <translation>Kamera gezoomt</translation>
+    </message>
+    <message>
+        <source>Camera to the middle</source>
+        <translation>Kamera zur Mitte</translation>
+    </message>
+    <message>
+        <source>Actions: %1, selected: %2</source>
+        <translation>Aktionen: %1, ausgewählt: %2</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::TimelineMenu</name>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Del</source>
+        <translation>Entf</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Paste at the playhead</source>
+        <translation>An der Abspielmarke einfügen</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Alle auswählen</translation>
+    </message>
+    <message>
+        <source>Snap to beats</source>
+        <translation>An Schlägen einrasten</translation>
     </message>
 </context>
 <context>

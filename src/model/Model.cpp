@@ -86,6 +86,7 @@ movie::MovieWriter& Model::movieWriter() const {
 
 void Model::setDuration(double seconds) {
     duration_ = std::max(seconds, kMinDuration);
+    ui::signals().durationSignal.fire();
 }
 
 void Model::start() {

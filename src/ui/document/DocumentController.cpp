@@ -210,11 +210,6 @@ QList<MyButton*> DocumentController::menuRows() const {
     return rows;
 }
 
-void DocumentController::choose(int row) const {
-    if (MyButton* const chosen = menuRows().value(row))
-        chosen->click();
-}
-
 void DocumentController::setMenuOpen(bool isOn) {
     if (isOn)
         rebuildRecent(); // another window may have opened something

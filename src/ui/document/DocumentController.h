@@ -107,9 +107,6 @@ public:
     /// The commands, then the recent documents.
     [[nodiscard]] QList<MyButton*> menuRows() const;
 
-    /// A row of the menu was chosen; does nothing if there is none.
-    Q_INVOKABLE void choose(int row) const;
-
     [[nodiscard]] int commandCount() const { return static_cast<int>(commands.size()); }
 
     [[nodiscard]] QList<MyButton*> recentObjects() const { return menuRows().mid(commandCount()); }

@@ -55,6 +55,7 @@ MainViewController::MainViewController(const Services& given)
     , loading(services)
     , songs(services)
     , songBeats(services)
+    , timeline(services, &songBeats)
     , files(services, pictures, objects, songs)
     , valueLabel(services.runLoop)
     , progressView(services)
@@ -142,6 +143,7 @@ void MainViewController::wireSongs() {
         services.model.audioPlayer().loadSong(song, title);
         if (LayouterMenu* const panel = layouter())
             panel->songDidChange();
+        timeline.refresh();
     };
 }
 
@@ -155,6 +157,7 @@ void MainViewController::wireDocument() {
     document.didShow = [this] {
         if (layouter() != nullptr)
             showLayouterMenu();
+        timeline.refresh();
     };
     document.chooseTemplate = [this] { showTemplates(); };
     controlMenu.styling = {
@@ -223,6 +226,7 @@ void MainViewController::showAnim() {
     menu->pressedIdly = lifetime.guard([this] { guidance.pressedIdly(); });
     setPanel(menu.release(), kCataloguePanel);
     guidance.setPerforming(true);
+    timeline.setShown(true);
     idleTimer.setDisabled(true);
     gestureDelegate = &cameraGestures;
     setEditing(true);
@@ -248,6 +252,7 @@ void MainViewController::showLayouterMenu() {
     setPanel(menu.release(), kStylePanel);
     gestureDelegate = &panel;
     guidance.setPerforming(false);
+    timeline.setShown(false);
     idleTimer.setDisabled(false);
     setEditing(false);
     speedViewController.setHidden(true);

@@ -24,6 +24,7 @@
 #include "ui/screens/BlurCover.h"
 #include "ui/screens/ProgressView.h"
 #include "ui/screens/Visualizer.h"
+#include "ui/timeline/TimelineController.h"
 
 #include <QObject>
 #include <QSizeF>
@@ -49,6 +50,7 @@ class VideoAlertViewController;
 ///     ┌ mainMenu  controlMenu ─────────────────── shareButton ┐  topHeight
 ///     │                        stage                          │
 ///     │ speedViewController                                   │
+///     │ timeline, over the ActionsMenu                        │
 ///     └ panel: LayouterMenu or ActionsMenu ───────────────────┘  bottomHeight
 ///
 /// Other screens cover all of it, one at a time.
@@ -82,6 +84,7 @@ class MainViewController final : public QObject, private GestureDelegate {
     Q_PROPERTY(zelvo::ui::DocumentController* document READ documentObject CONSTANT)
     Q_PROPERTY(zelvo::ui::Help* help READ helpObject CONSTANT)
     Q_PROPERTY(zelvo::ui::Guidance* guidance READ guidanceObject CONSTANT)
+    Q_PROPERTY(zelvo::ui::TimelineController* timeline READ timelineObject CONSTANT)
 
 public:
     static constexpr double kFadeDelay = 0.8;    ///< seconds until the stage appears
@@ -189,6 +192,8 @@ public:
 
     [[nodiscard]] Guidance* guidanceObject() { return &guidance; }
 
+    [[nodiscard]] TimelineController* timelineObject() { return &timeline; }
+
     Visualizer visualizer;
 
 Q_SIGNALS:
@@ -246,6 +251,7 @@ private:
     ObjectLoading loading;
     AudioImporter songs;
     SongBeats songBeats;
+    TimelineController timeline;
     FileSystem files;
     ValueLabel valueLabel;
     ProgressView progressView;

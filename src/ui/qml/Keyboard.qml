@@ -105,6 +105,7 @@ FocusScope {
     Shortcut { sequences: ["F1", "?"]; enabled: root.enabled; onActivated: root.main.help.button.click() }
     Shortcut { sequence: "F2"; enabled: root.enabled; onActivated: root.layouter ? root.layouter.stackView.askForFocus() : root.main.mainMenu.askForStyle() }
     Shortcut { sequence: "F3"; enabled: root.enabled; onActivated: root.catalogue ? root.catalogue.stackView.askForFocus() : root.main.mainMenu.askForActions() }
+    Shortcut { sequence: "P"; autoRepeat: false; enabled: root.enabled && root.catalogue; onActivated: root.main.timeline.playButton.click() }
     Shortcut { sequence: "Ctrl+Right"; enabled: root.enabled && root.catalogue; onActivated: root.catalogue.nextTab() }
     Shortcut { sequence: "Ctrl+Left"; enabled: root.enabled && root.catalogue; onActivated: root.catalogue.previousTab() }
     Shortcut { sequence: "Ctrl+F"; enabled: root.enabled && root.catalogue; onActivated: root.catalogue.searchButton.click() }

@@ -76,7 +76,7 @@ Item {
     }
     Rectangle {
         anchors.horizontalCenter: parent.horizontalCenter
-        anchors.bottom: strip.visible ? strip.top : bottom.top
+        anchors.bottom: strip.visible ? strip.top : timeline.top
         anchors.bottomMargin: 14
         width: line.width + 32
         height: line.height + 14
@@ -119,16 +119,31 @@ Item {
 
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.bottom: bottom.top
+        anchors.bottom: timeline.top
         anchors.leftMargin: 6
         anchors.rightMargin: 6
         anchors.bottomMargin: 7
         controller: root.main.speedViewController
     }
+    Timeline {
+        id: timeline
+
+        reach: strip.visible ? strip.height + 7 : 0
+
+        anchors.bottom: bottom.top
+        width: parent.width
+        height: visible ? Math.max(36, Math.min(50, Math.round(parent.height / 14.4))) : 0
+        visible: controller.isShown
+        controller: root.main.timeline
+
+        Solid {
+            z: -1
+        }
+    }
     Bar {
         id: bottom
 
-        reach: strip.visible ? strip.height + 7 : 0
+        reach: timeline.height + timeline.reach
 
         anchors.bottom: parent.bottom
         width: parent.width

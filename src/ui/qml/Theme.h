@@ -31,6 +31,7 @@ class Theme final : public QObject {
     Q_PROPERTY(QColor ringTrack MEMBER ringTrack CONSTANT)
     Q_PROPERTY(QColor text MEMBER text CONSTANT)
     Q_PROPERTY(QColor mutedText MEMBER mutedText CONSTANT)
+    Q_PROPERTY(QColor waveform MEMBER waveform CONSTANT)
     Q_PROPERTY(QColor hint MEMBER hint CONSTANT)
     Q_PROPERTY(QColor howto MEMBER howto CONSTANT)
     Q_PROPERTY(qreal dimmed MEMBER dimmed CONSTANT)
@@ -67,6 +68,7 @@ public:
     const QColor ringTrack = QColor::fromRgbF(0.1455f, 0.147f, 0.159f);
     const QColor text = kTextColor;
     const QColor mutedText = QColor::fromRgbF(0.485f, 0.49f, 0.53f);
+    const QColor waveform = kAccentColor.darker(160); ///< behind marks, fainter than they are
     const QColor hint{0xF7, 0xCF, 0x50};
     const QColor howto{0xC8, 0x8E, 0x01};
     const qreal dimmed = 0.45; ///< opacity of disabled controls, which must still be visible

@@ -18,6 +18,7 @@ extern void qml_register_types_Zelvo_Audio();
 extern void qml_register_types_Zelvo_Layouter();
 extern void qml_register_types_Zelvo_Screens();
 extern void qml_register_types_Zelvo_Documents();
+extern void qml_register_types_Zelvo_Timeline();
 extern void qml_register_types_Zelvo_Main();
 // NOLINTEND(readability-identifier-naming)
 
@@ -31,7 +32,7 @@ namespace {
 /// nobody uses.
 void keepModules() {
     using Register = void (*)();
-    const std::array<Register, 9> modules{
+    const std::array<Register, 10> modules{
         &qml_register_types_Zelvo,
         &qml_register_types_Zelvo_Controls,
         &qml_register_types_Zelvo_Menus,
@@ -40,6 +41,7 @@ void keepModules() {
         &qml_register_types_Zelvo_Layouter,
         &qml_register_types_Zelvo_Screens,
         &qml_register_types_Zelvo_Documents,
+        &qml_register_types_Zelvo_Timeline,
         &qml_register_types_Zelvo_Main};
     for (const Register module : modules) {
         volatile Register kept = module; // volatile: the compiler must not drop it either
