@@ -47,7 +47,7 @@ constexpr auto kSettings = std::to_array<Setting>({
     {Group::in, "Plain", 0x3A4152},
     {Group::letters, "Plain", 0x3A4152},
     {Group::turns, "Plain", 0x3A4152},
-    {Group::camera, "Stage", 0x6A5ACD},
+    {Group::camera, "Subtle", 0x6A5ACD},
     {Group::effects, "Plain", 0x14161C},
     {Group::out, "Plain", 0x3A4152},
 });

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import QtQuick.Window
 import QtQuick.Templates as T
 import Zelvo
 import Zelvo.Menus as Menus
@@ -11,7 +12,10 @@ T.Popup {
 
     required property Menus.ActionsMenu controller
 
-    y: -height - 12
+    // Above the strip of speeds and nodes, which is of use meanwhile.
+    readonly property real below: 12 + (controller.speedButton.isMySelected ? 36 + 7 : 0)
+
+    y: -height - below
     implicitWidth: contentItem.implicitWidth
     implicitHeight: contentItem.implicitHeight
     focus: true
@@ -19,6 +23,7 @@ T.Popup {
     contentItem: ActionSearchView {
         focus: true
         controller: root.controller
+        room: Window.height - 94 - 45 - root.below
     }
     onClosed: controller.search.close()
     Component.onCompleted: open()

@@ -68,7 +68,7 @@ Item {
             visible: root.isHold
             text: qsTr("to be held")
             color: Theme.text
-            font.pixelSize: Theme.px(10)
+            font.pixelSize: Theme.px(11)
         }
     }
     Rectangle {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Window
 import Zelvo
 import Zelvo.Menus as Menus
 
@@ -12,10 +11,10 @@ Rectangle {
 
     required property Menus.ActionsMenu controller
     readonly property Menus.ActionSearch search: controller.search
-    readonly property real room: Window.height - 94 - 45 // between the panel and the bar at the top
+    property real room: 400 // between the panel and the bar at the top
 
     implicitWidth: 340
-    implicitHeight: Math.min(50 + Math.max(1, search.count) * 46 + 6, 420, room - 24)
+    implicitHeight: Math.min(50 + Math.max(1, search.count) * 46 + 6, 420, room - 12)
     radius: 10
     color: Theme.row
     border.color: Theme.separator

@@ -125,6 +125,12 @@ TEST_F(ContrastTest, TextsAndIconsAreLegibleWhateverTheStageShows) {
     application.main.showAnim();
     panel<ui::ActionsMenu>()->speedButton.click();
     measure("catalogue");
+    auto& catalogue = *panel<ui::ActionsMenu>();
+    catalogue.tabButton("FX1").click(); // to be held
+    catalogue.search.open();
+    catalogue.search.setText("cam");
+    measure("search");
+    catalogue.search.close();
     model.setDuration(600);
     model.start();
     measure("run");
