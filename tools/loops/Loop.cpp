@@ -178,7 +178,8 @@ private:
         if (i >= kPassing)
             continue;
         painter.setOpacity(1 - (i + 1.0) / (kPassing + 1));
-        painter.drawImage(place, frames[static_cast<std::size_t>(count + i)]);
+        painter.drawImage(
+            place, frames[static_cast<std::size_t>(count) + static_cast<std::size_t>(i)]);
     }
     return sheet;
 }
