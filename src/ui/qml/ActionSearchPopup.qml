@@ -12,8 +12,12 @@ T.Popup {
 
     required property Menus.ActionsMenu controller
 
-    // Above the strip of speeds and nodes, which is of use meanwhile.
-    readonly property real below: 12 + (controller.speedButton.isMySelected ? 36 + 7 : 0)
+    // Above what belongs to the panel: the time line, speeds and nodes are of use meanwhile.
+    readonly property real below: 12 + (barAround(parent)?.reach ?? 0)
+
+    function barAround(item: Item): Bar {
+        return !item || item instanceof Bar ? item as Bar : barAround(item.parent);
+    }
 
     y: -height - below
     implicitWidth: contentItem.implicitWidth
