@@ -2128,6 +2128,18 @@
         <source>Actions: %1, selected: %2</source>
         <translation>Aktionen: %1, ausgewählt: %2</translation>
     </message>
+    <message>
+        <source>Drag</source>
+        <translation>Ziehen</translation>
+    </message>
+    <message>
+        <source>Pinch</source>
+        <translation>Zoomen</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>Mitte</translation>
+    </message>
 </context>
 <context>
     <name>zelvo::ui::TimelineMenu</name>

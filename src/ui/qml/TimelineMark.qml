@@ -12,7 +12,7 @@ Item {
     required property int identifier
     required property rect place
     required property color color
-    required property string title
+    required property string label
     required property string name
     required property bool isHold
     required property bool isGesture
@@ -46,7 +46,7 @@ Item {
         width: root.width
         height: root.height
         radius: Math.min(4, height / 3)
-        color: root.isGesture ? Qt.alpha(root.color, 0.3) : root.color
+        color: root.isGesture ? Qt.tint(Theme.row, Qt.alpha(root.color, 0.3)) : root.color
         border.width: root.isPicked ? 2 : root.isGesture ? 1 : 0
         border.color: root.isPicked ? Theme.text : root.color
 
@@ -54,8 +54,8 @@ Item {
             anchors.fill: parent
             anchors.leftMargin: 5
             anchors.rightMargin: root.isHold ? 8 : 3
-            visible: root.height >= font.pixelSize && width > Theme.px(18)
-            text: root.title
+            visible: root.height >= font.pixelSize && (implicitWidth <= width || width > Theme.px(32))
+            text: root.label
             color: root.isGesture ? Theme.text : Theme.background
             verticalAlignment: Text.AlignVCenter
             elide: Text.ElideRight

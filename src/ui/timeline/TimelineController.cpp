@@ -161,7 +161,7 @@ TimelineMark TimelineController::markOf(const Act& act) const {
     QStringList nodes;
     for (const std::string& node : act.nodes)
         nodes.append(toQString(node));
-    const QString title = nameOf(act);
+    const auto [title, label] = wordsOf(act);
     QStringList details{tr("%1 s").arg(hundredths(act.begins))};
     if (act.kind == ActKind::hold && act.isReleased)
         details.append(tr("held %1 s").arg(hundredths(act.ends - act.begins)));
@@ -175,22 +175,23 @@ TimelineMark TimelineController::markOf(const Act& act) const {
         .place = {},
         .color = colorOf(act),
         .title = title,
+        .label = label,
         .details = details.join(" · "),
         .name = tr("%1, at %2 seconds")
                     .arg((QStringList{title} + nodes).join(", "), hundredths(act.begins)),
         .isPicked = picked_.contains(act.identifier)};
 }
 
-QString TimelineController::nameOf(const Act& act) const {
+TimelineController::Words TimelineController::wordsOf(const Act& act) {
     switch (act.kind) {
     case ActKind::drag:
-        return tr("Camera drag");
+        return {tr("Camera drag"), tr("Drag")};
     case ActKind::pinch:
-        return tr("Camera pinch");
+        return {tr("Camera pinch"), tr("Pinch")};
     case ActKind::center:
-        return tr("Camera to the middle");
+        return {tr("Camera to the middle"), tr("Middle")};
     default:
-        return toQString(act.button);
+        return {toQString(act.button), toQString(act.button)};
     }
 }
 

@@ -165,11 +165,16 @@ Q_SIGNALS:
     void marksChanged();
 
 private:
+    struct Words {
+        QString title;
+        QString label;
+    };
+
     void listen();
     void showMarks();
     [[nodiscard]] TimelineMark markOf(const document::Act& act) const;
     [[nodiscard]] TimeSpan spanOf(const document::Act& act) const;
-    [[nodiscard]] QString nameOf(const document::Act& act) const;
+    [[nodiscard]] static Words wordsOf(const document::Act& act);
     void performanceChanged();
     void runDidChange();
     void setPlayhead(double time);

@@ -83,17 +83,21 @@ void TimelineHand::press(QPointF place, int modifiers, bool isFinger) {
     pressed = pointer = place;
     isFinger_ = isFinger;
     former = controller.picked();
-    const bool isRuler = place.y() < controller.layout().top;
-    held = isRuler ? kNone : actAt(place, isFinger);
-    if (isRuler) {
-        deed = Deed::scrub;
-        controller.seek(controller.layout().timeAt(place.x()));
-    } else if (held == kNone) {
-        pressGround(modifiers);
-    } else {
-        pressMark(modifiers, isEndAt(place, isFinger));
-    }
+    begin(modifiers);
     Q_EMIT changed();
+}
+
+void TimelineHand::begin(int modifiers) {
+    if (pressed.y() < controller.layout().top) {
+        deed = Deed::scrub;
+        controller.seek(controller.layout().timeAt(pressed.x()));
+        return;
+    }
+    held = actAt(pressed, isFinger_);
+    if (held == kNone)
+        pressGround(modifiers);
+    else
+        pressMark(modifiers, isEndAt(pressed, isFinger_));
 }
 
 void TimelineHand::pressGround(int modifiers) {

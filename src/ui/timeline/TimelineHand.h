@@ -84,6 +84,7 @@ private:
     enum class Deed { none, scrub, frame, move, stretch };
     static constexpr int kNone = -1;
 
+    void begin(int modifiers);
     void pressMark(int modifiers, bool isEnd);
     void pressGround(int modifiers);
     void follow(int modifiers);

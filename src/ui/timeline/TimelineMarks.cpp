@@ -43,10 +43,8 @@ QVariant TimelineMarks::data(const QModelIndex& index, int role) const {
         return mark.place;
     case colorRole:
         return mark.color;
-    case titleRole:
-        return mark.title;
-    case detailsRole:
-        return mark.details;
+    case labelRole:
+        return mark.label;
     case nameRole:
         return mark.name;
     case holdRole:
@@ -65,8 +63,7 @@ QHash<int, QByteArray> TimelineMarks::roleNames() const {
         {identifierRole, "identifier"},
         {placeRole, "place"},
         {colorRole, "color"},
-        {titleRole, "title"},
-        {detailsRole, "details"},
+        {labelRole, "label"},
         {nameRole, "name"},
         {holdRole, "isHold"},
         {gestureRole, "isGesture"},

@@ -21,6 +21,7 @@ struct TimelineMark {
     QRectF place;  ///< on the strip
     QColor color;
     QString title;   ///< for example "Left In"
+    QString label;   ///< the title, or a shorter one
     QString details; ///< nodes, time and speed, for the tooltip
     QString name;    ///< for screen readers
     bool isPicked = false;
@@ -28,7 +29,7 @@ struct TimelineMark {
     /// Whether it looks the same.
     friend bool operator==(const TimelineMark& one, const TimelineMark& other) {
         return one.act.kind == other.act.kind && one.place == other.place &&
-               one.color == other.color && one.title == other.title &&
+               one.color == other.color && one.label == other.label && one.name == other.name &&
                one.details == other.details && one.isPicked == other.isPicked;
     }
 };
@@ -44,8 +45,7 @@ public:
         identifierRole = Qt::UserRole,
         placeRole,
         colorRole,
-        titleRole,
-        detailsRole,
+        labelRole,
         nameRole,
         holdRole,
         gestureRole,
