@@ -10,7 +10,7 @@ Bar {
 
     required property Timeline.TimelineController controller
 
-    color: Theme.ground
+    color: Theme.background // opaque: the numbers of the ruler are small
 
     Rectangle {
         width: parent.width

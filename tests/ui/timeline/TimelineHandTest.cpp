@@ -115,6 +115,9 @@ TEST_F(TimelineHandTest, SnapsToActsThePlayheadAndBeats) {
     EXPECT_NEAR(line.hand.shift(), 97, 0.01) << "Ctrl holds it off";
     EXPECT_LT(line.hand.guideX(), 0);
     line.hand.cancel();
+    drag(middle("Left In"), 5);
+    EXPECT_NEAR(line.hand.shift(), 5, 0.01) << "not to where it was itself";
+    line.hand.cancel();
 
     line.seek(6.5);
     loop().runFor(0.1);
