@@ -28,10 +28,8 @@ public:
 Q_SIGNALS:
     void changed();
 
-private Q_SLOTS:
-    void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
-
 private:
+    Q_SLOT void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
     void ask(QDBusConnection& bus);
     void set(const QString& group, const QString& key, const QVariant& value);
 

@@ -28,6 +28,12 @@ Rectangle {
         controller.press();
         controller.release();
     }
+    Accessible.onToggleAction: { // holds it, and lets it go
+        if (controller.isPressed)
+            controller.release();
+        else
+            controller.press();
+    }
     Component.onDestruction: if (controller) controller.cancel()
 
     function isPressKey(event: KeyEvent): bool {
@@ -69,7 +75,7 @@ Rectangle {
         opacity: 0
         states: [
             State { name: "flash"; when: root.controller.isFlashing; PropertyChanges { light.opacity: 1 } },
-            State { name: "lit"; when: root.controller.isLit; PropertyChanges { light.opacity: 1 } }
+            State { name: "lit"; when: root.controller.isLit || (root.controller.isPulsing && Theme.isMotionReduced); PropertyChanges { light.opacity: 1 } }
         ]
         transitions: Transition {
             to: "flash"
@@ -77,10 +83,10 @@ Rectangle {
         }
 
         SequentialAnimation {
-            running: root.controller.isPulsing
+            running: root.controller.isPulsing && !Theme.isMotionReduced
             loops: Animation.Infinite
-            NumberAnimation { target: light; property: "opacity"; to: 1; duration: 80 }
-            NumberAnimation { target: light; property: "opacity"; to: 0; duration: 80 }
+            NumberAnimation { target: light; property: "opacity"; to: 1; duration: 80 * Theme.motion }
+            NumberAnimation { target: light; property: "opacity"; to: 0; duration: 80 * Theme.motion }
         }
     }
     Icon {

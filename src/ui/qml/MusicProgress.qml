@@ -29,7 +29,7 @@ Item {
             color: Theme.accent
 
             NumberAnimation on x {
-                running: root.visible && root.isMoving
+                running: root.visible && root.isMoving && !Theme.isMotionReduced
                 loops: Animation.Infinite
                 from: -root.width / 4
                 to: root.width

@@ -3,7 +3,7 @@
 
 #include "media/MediaFixture.h"
 #include "platform/media/VideoReader.h"
-#include "ui/window/RealKeyboard.h"
+#include "ui/window/RealInput.h"
 #include "ui/window/ScreenReader.h"
 #include "ui/window/WindowProgram.h"
 
@@ -72,7 +72,7 @@ class AccessibilityTest : public testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(reader.await("page tab", "Style the stage"));
-        ASSERT_TRUE(keyboard.focusWindow());
+        ASSERT_TRUE(input.focusWindow());
         std::this_thread::sleep_for(500ms); // the window takes the focus
     }
 
@@ -115,7 +115,7 @@ protected:
 
     WindowProgram program;
     ScreenReader reader;
-    RealKeyboard keyboard;
+    RealInput input;
 };
 
 TEST_F(AccessibilityTest, EveryControlOfTheStylePanelHasRoleNameStateAndKey) {
@@ -145,11 +145,11 @@ TEST_F(AccessibilityTest, EveryControlOfTheStylePanelHasRoleNameStateAndKey) {
     reader.press("push button", "All fonts");
     check("the list of fonts", {{"dialog", "All fonts"}, {"text", "Search fonts"}});
     EXPECT_TRUE(reader.find("push button", "All fonts")->is("expanded"));
-    keyboard.click("Escape");
+    input.click("Escape");
     reader.press("page tab", "Frontcolor");
     reader.press("push button", "More colors");
     check("colors", {{"dialog", "Color"}, {"text", "Hex"}, {"slider", "Brightness"}});
-    keyboard.click("Escape");
+    input.click("Escape");
 
     reader.press("page tab", "Form");
     check("form", {{"slider", "Depth"}, {"slider", "Bevel"}});
@@ -170,19 +170,19 @@ TEST_F(AccessibilityTest, EveryControlOfTheStylePanelHasRoleNameStateAndKey) {
 }
 
 TEST_F(AccessibilityTest, EveryControlOfTheScreensHasRoleNameStateAndKey) {
-    keyboard.click("F10");
+    input.click("F10");
     check("the menu", {{"menu item", "New …", "Ctrl+N"}, {"menu item", "Save", "Ctrl+S"}});
     EXPECT_TRUE(reader.find("push button", "Document")->is("expanded"));
-    keyboard.click("Escape");
-    keyboard.click("ctrl+n");
+    input.click("Escape");
+    input.click("ctrl+n");
     check("templates", {{"list", "Templates"}, {"push button", "Close", "Esc"}});
-    keyboard.click("Escape");
-    keyboard.click("F1");
+    input.click("Escape");
+    input.click("F1");
     check("keys", {{"dialog", "Keys"}, {"list item", "Space: Start and stop a run"}});
-    keyboard.click("Escape");
+    input.click("Escape");
 
-    keyboard.click("F3");
-    keyboard.click("s");
+    input.click("F3");
+    input.click("s");
     check(
         "actions",
         {{"push button", "Record", "Space"},
@@ -195,22 +195,22 @@ TEST_F(AccessibilityTest, EveryControlOfTheScreensHasRoleNameStateAndKey) {
     EXPECT_TRUE(reader.find("check box", "First text")->is("checked"));
     reader.press("check box", "First text");
     EXPECT_FALSE(reader.await("check box", "First text")->is("checked"));
-    keyboard.click("ctrl+d");
+    input.click("ctrl+d");
     check("duration", {{"dialog", "Duration"}, {"spin button", "Seconds"}});
     EXPECT_FALSE(reader.find("push button", "Left In")->is("enabled")) << "it is below a dialog";
     const double before = *ScreenReader::value(*reader.await("spin button", "Seconds"));
     reader.act("spin button", "Seconds", "Increase");
     EXPECT_EQ(ScreenReader::value(*reader.await("spin button", "Seconds")), before + 1);
-    keyboard.click("Escape");
+    input.click("Escape");
 
-    keyboard.click("space");
+    input.click("space");
     awaitRun();
-    keyboard.click("1");
-    keyboard.click("space");
-    keyboard.click("ctrl+h");
+    input.click("1");
+    input.click("space");
+    input.click("ctrl+h");
     check("history", {{"list", "Actions"}, {"list item", "Left In (TX2, IMG, OBJ), 1"}});
-    keyboard.click("Escape");
-    keyboard.click("ctrl+e");
+    input.click("Escape");
+    input.click("ctrl+e");
     check(
         "export",
         {{"dialog", "Export"},
@@ -222,49 +222,49 @@ TEST_F(AccessibilityTest, EveryControlOfTheScreensHasRoleNameStateAndKey) {
 }
 
 TEST_F(AccessibilityTest, APerformanceIsMadeByKeyboardAlone) {
-    keyboard.click("Tab"); // the first text
-    keyboard.click("Return");
+    input.click("Tab"); // the first text
+    input.click("Return");
     ASSERT_TRUE(reader.await("text", "Text"));
-    keyboard.click("ctrl+a");
-    keyboard.type("Opera");
-    keyboard.click("Return");
-    keyboard.click("F2"); // its tabs: Material is lit
-    keyboard.click("Up");
-    keyboard.click("Right");
+    input.click("ctrl+a");
+    input.type("Opera");
+    input.click("Return");
+    input.click("F2"); // its tabs: Material is lit
+    input.click("Up");
+    input.click("Right");
     EXPECT_TRUE(reader.await("list item", "Plastic")->is("selected"));
-    keyboard.click("Escape");
-    keyboard.click("F2");
+    input.click("Escape");
+    input.click("F2");
     for (int i = 0; i < 4; ++i)
-        keyboard.click("Right");
-    keyboard.click("Return"); // Background
+        input.click("Right");
+    input.click("Return"); // Background
     ASSERT_TRUE(reader.await("page tab", "Environment"));
-    keyboard.click("F2");
-    keyboard.click("Up");
-    keyboard.click("Home");
+    input.click("F2");
+    input.click("Up");
+    input.click("Home");
     EXPECT_TRUE(reader.await("list item", "Flat")->is("selected"));
 
-    keyboard.click("F3");
-    keyboard.click("ctrl+d");
+    input.click("F3");
+    input.click("ctrl+d");
     ASSERT_TRUE(reader.await("spin button", "Seconds"));
-    keyboard.click("2");
-    keyboard.click("Return");
-    keyboard.click("space");
+    input.click("2");
+    input.click("Return");
+    input.click("space");
     awaitRun();
-    keyboard.click("1");
-    keyboard.press("2");
+    input.click("1");
+    input.press("2");
     std::this_thread::sleep_for(400ms);
-    keyboard.release("2");
+    input.release("2");
     EXPECT_TRUE(reader.await("push button", "Record")) << "the run has ended";
 
-    keyboard.click("ctrl+e");
+    input.click("ctrl+e");
     ASSERT_TRUE(reader.await("dialog", "Export"));
-    keyboard.click("Tab");
+    input.click("Tab");
     for (int i = 0; i < 6; ++i)
-        keyboard.click("Right"); // to the size of one's own
-    keyboard.click("Tab");
-    keyboard.click("ctrl+a");
-    keyboard.type("320x180");
-    keyboard.click("Return");
+        input.click("Right"); // to the size of one's own
+    input.click("Tab");
+    input.click("ctrl+a");
+    input.type("320x180");
+    input.click("Return");
     checkMovie();
 }
 
@@ -285,7 +285,9 @@ TEST_F(AccessibilityTest, APerformanceIsMadeByAScreenReaderAlone) {
     reader.press("push button", "Ok");
     reader.press("push button", "Record");
     awaitRun();
-    reader.press("push button", "Left In");
+    reader.act("push button", "Left In", "Toggle");
+    EXPECT_TRUE(reader.await("push button", "Left In")->is("pressed")) << "it is held";
+    reader.act("push button", "Left In", "Toggle");
     EXPECT_TRUE(reader.await("push button", "Record")) << "the run has ended";
 
     reader.press("push button", "Export a movie");

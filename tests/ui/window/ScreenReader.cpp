@@ -253,6 +253,20 @@ std::string ScreenReader::text(const Heard& heard) {
     return content;
 }
 
+ScreenReader::Place ScreenReader::place(const Heard& heard) {
+    AtspiComponent* const component = atspi_accessible_get_component_iface(heard.item.get());
+    if (component == nullptr)
+        return {};
+    AtspiRect* const frame =
+        atspi_component_get_extents(component, ATSPI_COORD_TYPE_SCREEN, nullptr);
+    const Place middle = frame == nullptr
+                             ? Place{}
+                             : Place{frame->x + frame->width / 2, frame->y + frame->height / 2};
+    g_free(frame);
+    g_object_unref(component);
+    return middle;
+}
+
 std::string ScreenReader::tree() const {
     std::string text;
     for (const Heard& heard : shown())

@@ -53,6 +53,14 @@ public:
     [[nodiscard]] static std::optional<double> value(const Heard& heard);
     [[nodiscard]] static std::string text(const Heard& heard);
 
+    struct Place {
+        int x = 0;
+        int y = 0;
+    };
+
+    /// The middle of the item on the screen.
+    [[nodiscard]] static Place place(const Heard& heard);
+
     /// The tree as text, for messages.
     [[nodiscard]] std::string tree() const;
 };

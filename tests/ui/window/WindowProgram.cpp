@@ -6,10 +6,16 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
 
 namespace zelvo::test {
 
-WindowProgram::WindowProgram(const std::vector<std::string>& arguments) {
+WindowProgram::WindowProgram(const std::string& settings) {
+    if (!settings.empty()) {
+        const auto config = home() / ".config" / "zelvo";
+        std::filesystem::create_directories(config);
+        std::ofstream(config / "defaults.json") << settings;
+    }
     process = fork();
     if (process != 0)
         return;
@@ -18,11 +24,7 @@ WindowProgram::WindowProgram(const std::vector<std::string>& arguments) {
          {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"})
         unsetenv(name);
     setenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1", 1); // as with a running screen reader
-    std::vector<char*> argv{const_cast<char*>(ZELVO_BINARY)};
-    for (const auto& argument : arguments)
-        argv.push_back(const_cast<char*>(argument.c_str()));
-    argv.push_back(nullptr);
-    execv(ZELVO_BINARY, argv.data());
+    execl(ZELVO_BINARY, ZELVO_BINARY, nullptr);
     _exit(127);
 }
 

@@ -14,7 +14,8 @@ namespace zelvo::test {
 /// The program in its window, as a process with a home folder of its own. It is ended with the test.
 class WindowProgram {
 public:
-    explicit WindowProgram(const std::vector<std::string>& arguments = {});
+    /// `settings` are those of an earlier start, as JSON; empty: there was none.
+    explicit WindowProgram(const std::string& settings = {});
     ~WindowProgram();
     WindowProgram(const WindowProgram&) = delete;
     WindowProgram& operator=(const WindowProgram&) = delete;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/window/RealKeyboard.h"
+#include "ui/window/RealInput.h"
 
 #include <X11/Xlib.h>
 #include <X11/extensions/XTest.h>
@@ -37,13 +37,13 @@ constexpr auto kBetweenKeys = std::chrono::milliseconds(60);
 
 } // namespace
 
-RealKeyboard::RealKeyboard()
+RealInput::RealInput()
     : display(XOpenDisplay(nullptr), [](Display* opened) {
         if (opened != nullptr)
             XCloseDisplay(opened);
     }) {}
 
-bool RealKeyboard::focusWindow() const {
+bool RealInput::focusWindow() const {
     Window root{};
     Window parent{};
     Window* children = nullptr;
@@ -66,7 +66,7 @@ bool RealKeyboard::focusWindow() const {
     return largest != Window{};
 }
 
-void RealKeyboard::send(const std::string& key, bool isDown) const {
+void RealInput::send(const std::string& key, bool isDown) const {
     const KeySym symbol = XStringToKeysym(xName(key).c_str());
     const KeyCode code = XKeysymToKeycode(display.get(), symbol);
     if (code == 0)
@@ -76,15 +76,15 @@ void RealKeyboard::send(const std::string& key, bool isDown) const {
     std::this_thread::sleep_for(kBetweenKeys);
 }
 
-void RealKeyboard::press(const std::string& key) const {
+void RealInput::press(const std::string& key) const {
     send(key, true);
 }
 
-void RealKeyboard::release(const std::string& key) const {
+void RealInput::release(const std::string& key) const {
     send(key, false);
 }
 
-void RealKeyboard::click(const std::string& keys) const {
+void RealInput::click(const std::string& keys) const {
     const auto parts = partsOf(keys);
     for (const auto& part : parts)
         press(part);
@@ -92,13 +92,25 @@ void RealKeyboard::click(const std::string& keys) const {
         release(*part);
 }
 
-void RealKeyboard::type(const std::string& text) const {
+void RealInput::type(const std::string& text) const {
     for (const char letter : text) {
         const bool isUpper = std::isupper(static_cast<unsigned char>(letter)) != 0;
         const std::string key = letter == ' '   ? "space"
                                 : letter == '.' ? "period"
                                                 : std::string(1, letter);
         click(isUpper ? "shift+" + key : key);
+    }
+}
+
+void RealInput::clickAt(int x, int y) const {
+    constexpr int kPrimaryScreen = -1;
+    XTestFakeMotionEvent(display.get(), kPrimaryScreen, x, y, CurrentTime);
+    XSync(display.get(), False);
+    std::this_thread::sleep_for(kBetweenKeys);
+    for (const int isDown : {True, False}) {
+        XTestFakeButtonEvent(display.get(), Button1, isDown, CurrentTime);
+        XSync(display.get(), False);
+        std::this_thread::sleep_for(kBetweenKeys);
     }
 }
 
