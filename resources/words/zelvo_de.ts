@@ -63,7 +63,7 @@
     <name>AudioTimeline</name>
     <message>
         <source>Import a song, or drop one on the window</source>
-        <translation>Importieren Sie ein Stück, oder ziehen Sie eines auf das Fenster</translation>
+        <translation>Importieren Sie einen Titel, oder ziehen Sie einen auf das Fenster</translation>
     </message>
 </context>
 <context>
@@ -112,7 +112,7 @@
     </message>
     <message>
         <source>Save the Document</source>
-        <translation>Das Dokument sichern</translation>
+        <translation>Das Dokument speichern</translation>
     </message>
     <message>
         <source>Zelvo documents (*.zelvo)</source>
@@ -207,11 +207,15 @@
     </message>
     <message>
         <source>Choose…</source>
-        <translation>Wählen …</translation>
+        <translation>Wählen…</translation>
     </message>
     <message>
         <source>Choose the folder of the movie</source>
         <translation>Ordner für den Film wählen</translation>
+    </message>
+    <message>
+        <source>Return</source>
+        <translation>Eingabe</translation>
     </message>
 </context>
 <context>
@@ -504,7 +508,11 @@
         <translation>Stelle im Film</translation>
     </message>
     <message>
-        <source>The movie lies at %1</source>
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>The movie is at %1</source>
         <translation>Der Film liegt in %1</translation>
     </message>
 </context>
@@ -519,11 +527,11 @@
     <name>SaveDialog</name>
     <message>
         <source>Save a Copy</source>
-        <translation>Kopie sichern</translation>
+        <translation>Kopie speichern</translation>
     </message>
     <message>
         <source>Save</source>
-        <translation>Sichern</translation>
+        <translation>Speichern</translation>
     </message>
     <message>
         <source>Movies (*.mov *.mp4 *.webm)</source>
@@ -557,7 +565,7 @@
     </message>
     <message>
         <source>Save a Copy…</source>
-        <translation>Kopie sichern …</translation>
+        <translation>Kopie speichern…</translation>
     </message>
 </context>
 <context>
@@ -709,10 +717,6 @@
         <translation>%1 Titel</translation>
     </message>
     <message>
-        <source>Looking for music …</source>
-        <translation>Musik wird gesucht …</translation>
-    </message>
-    <message>
         <source>No song here can be used</source>
         <translation>Kein Titel ist verwendbar</translation>
     </message>
@@ -768,6 +772,10 @@
         <source>Give yourself the right to read %1, or choose a file.</source>
         <translation>Geben Sie sich das Recht, %1 zu lesen, oder wählen Sie eine Datei.</translation>
     </message>
+    <message>
+        <source>Looking for music…</source>
+        <translation>Musik wird gesucht…</translation>
+    </message>
 </context>
 <context>
     <name>zelvo::ui::Alerts</name>
@@ -778,10 +786,6 @@
 </context>
 <context>
     <name>zelvo::ui::AudioImporter</name>
-    <message>
-        <source>Copying %1 …</source>
-        <translation>%1 wird kopiert …</translation>
-    </message>
     <message>
         <source>The music cannot be imported.</source>
         <translation>Die Musik kann nicht importiert werden.</translation>
@@ -801,6 +805,10 @@
     <message>
         <source>All files (*)</source>
         <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Copying %1…</source>
+        <translation>%1 wird kopiert…</translation>
     </message>
 </context>
 <context>
@@ -863,7 +871,7 @@
     </message>
     <message>
         <source>from ...</source>
-        <translation>aus ...</translation>
+        <translation>aus …</translation>
     </message>
     <message>
         <source>Music</source>
@@ -947,35 +955,19 @@
     </message>
     <message>
         <source>Unsaved changes are not protected: %1</source>
-        <translation>Ungesicherte Änderungen sind nicht geschützt: %1</translation>
+        <translation>Ungespeicherte Änderungen sind nicht geschützt: %1</translation>
     </message>
     <message>
         <source>Untitled</source>
         <translation>Ohne Titel</translation>
     </message>
     <message>
-        <source>New …</source>
-        <translation>Neu …</translation>
-    </message>
-    <message>
-        <source>Open …</source>
-        <translation>Öffnen …</translation>
-    </message>
-    <message>
         <source>Save</source>
-        <translation>Sichern</translation>
-    </message>
-    <message>
-        <source>Save As …</source>
-        <translation>Sichern unter …</translation>
-    </message>
-    <message>
-        <source>Collect Media …</source>
-        <translation>Medien sammeln …</translation>
+        <translation>Speichern</translation>
     </message>
     <message>
         <source>Save the changes to “%1”?</source>
-        <translation>Die Änderungen an „%1“ sichern?</translation>
+        <translation>Die Änderungen an „%1“ speichern?</translation>
     </message>
     <message>
         <source>Otherwise they are lost.</source>
@@ -983,15 +975,11 @@
     </message>
     <message>
         <source>Don&apos;t Save</source>
-        <translation>Nicht sichern</translation>
+        <translation>Nicht speichern</translation>
     </message>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
-    </message>
-    <message>
-        <source>Opening %1 …</source>
-        <translation>%1 wird geöffnet …</translation>
     </message>
     <message>
         <source>“%1” cannot be opened.</source>
@@ -1003,15 +991,15 @@
     </message>
     <message>
         <source>Their names are kept when you save it.</source>
-        <translation>Die Namen bleiben erhalten, wenn Sie es sichern.</translation>
+        <translation>Die Namen bleiben erhalten, wenn Sie es speichern.</translation>
     </message>
     <message>
         <source>The document cannot be saved.</source>
-        <translation>Das Dokument kann nicht gesichert werden.</translation>
+        <translation>Das Dokument kann nicht gespeichert werden.</translation>
     </message>
     <message>
         <source>Saved as %1</source>
-        <translation>Gesichert als %1</translation>
+        <translation>Gespeichert als %1</translation>
     </message>
     <message>
         <source>an untitled document</source>
@@ -1023,11 +1011,11 @@
     </message>
     <message>
         <source>Recover unsaved changes?</source>
-        <translation>Ungesicherte Änderungen wiederherstellen?</translation>
+        <translation>Ungespeicherte Änderungen wiederherstellen?</translation>
     </message>
     <message>
         <source>Zelvo ended before they were saved: %1.</source>
-        <translation>Zelvo endete, bevor sie gesichert waren: %1.</translation>
+        <translation>Zelvo endete, bevor sie gespeichert waren: %1.</translation>
     </message>
     <message>
         <source>Recover</source>
@@ -1053,16 +1041,36 @@
         <source>Replace</source>
         <translation>Ersetzen</translation>
     </message>
+    <message>
+        <source>New…</source>
+        <translation>Neu…</translation>
+    </message>
+    <message>
+        <source>Open…</source>
+        <translation>Öffnen…</translation>
+    </message>
+    <message>
+        <source>Save As…</source>
+        <translation>Speichern unter…</translation>
+    </message>
+    <message>
+        <source>Collect Media…</source>
+        <translation>Medien sammeln…</translation>
+    </message>
+    <message>
+        <source>Opening %1…</source>
+        <translation>%1 wird geöffnet…</translation>
+    </message>
 </context>
 <context>
     <name>zelvo::ui::Dragger</name>
     <message>
         <source>Start of the music, at %1 of the song</source>
-        <translation>Anfang der Musik, bei %1 des Stücks</translation>
+        <translation>Anfang der Musik, bei %1 des Titels</translation>
     </message>
     <message>
         <source>End of the music, at %1 of the song</source>
-        <translation>Ende der Musik, bei %1 des Stücks</translation>
+        <translation>Ende der Musik, bei %1 des Titels</translation>
     </message>
     <message>
         <source>Music, from %1 of the movie</source>
@@ -1081,7 +1089,7 @@
     </message>
     <message>
         <source>This is a link. Save the picture as a file first.</source>
-        <translation>Das ist ein Link. Das Bild zuerst als Datei sichern.</translation>
+        <translation>Das ist ein Link. Das Bild zuerst als Datei speichern.</translation>
     </message>
     <message>
         <source>Drop it to use it as the object</source>
@@ -1093,7 +1101,7 @@
     </message>
     <message>
         <source>Drop it to use it as the music</source>
-        <translation>Ablegen, um es als Musik zu verwenden</translation>
+        <translation>Loslassen, um es als Musik zu verwenden</translation>
     </message>
     <message>
         <source>Only pictures, videos, music, 3D objects, fonts and ZIP archives can be opened</source>
@@ -1101,7 +1109,7 @@
     </message>
     <message>
         <source>Drop to open the document</source>
-        <translation>Hier ablegen, um das Dokument zu öffnen</translation>
+        <translation>Loslassen, um das Dokument zu öffnen</translation>
     </message>
 </context>
 <context>
@@ -1156,7 +1164,7 @@
     </message>
     <message>
         <source>Enter a name.</source>
-        <translation>Gib einen Namen ein.</translation>
+        <translation>Geben Sie einen Namen ein.</translation>
     </message>
     <message>
         <source>This name cannot be used: it must be short, without slashes, and not begin with a dot.</source>
@@ -1214,7 +1222,7 @@
     </message>
     <message>
         <source>Save the picture as a file. Then drop the file here.</source>
-        <translation>Das Bild als Datei sichern, dann die Datei hierher ziehen.</translation>
+        <translation>Das Bild als Datei speichern, dann die Datei hierher ziehen.</translation>
     </message>
 </context>
 <context>
@@ -1297,11 +1305,11 @@
     <name>zelvo::ui::Guidance</name>
     <message>
         <source>Not recorded: start the clock with Space, then press</source>
-        <translation>Nicht aufgezeichnet: die Uhr mit der Leertaste starten, dann drücken</translation>
+        <translation>Nicht aufgenommen: erst die Uhr mit der Leertaste starten, dann drücken</translation>
     </message>
     <message>
         <source>Press Space, then the buttons while the clock runs</source>
-        <translation>Leertaste drücken, dann die Tasten, während die Uhr läuft</translation>
+        <translation>Leertaste drücken, dann die Knöpfe, während die Uhr läuft</translation>
     </message>
     <message>
         <source>Style the stage, then go to Actions to perform</source>
@@ -1332,7 +1340,7 @@
     </message>
     <message>
         <source>Press the buttons of the tab</source>
-        <translation>Die Tasten des Reiters drücken</translation>
+        <translation>Die Knöpfe des Reiters drücken</translation>
     </message>
     <message>
         <source>Previous tab, next tab</source>
@@ -1344,7 +1352,7 @@
     </message>
     <message>
         <source>Undo, redo</source>
-        <translation>Widerrufen, wiederholen</translation>
+        <translation>Rückgängig, wiederholen</translation>
     </message>
     <message>
         <source>History</source>
@@ -1364,7 +1372,7 @@
     </message>
     <message>
         <source>Save, save as</source>
-        <translation>Sichern, sichern unter</translation>
+        <translation>Speichern, speichern unter</translation>
     </message>
     <message>
         <source>A random style</source>
@@ -1509,6 +1517,25 @@
     <message>
         <source>Inspirator: a random style</source>
         <translation>Inspirator: ein zufälliger Stil</translation>
+    </message>
+</context>
+<context>
+    <name>zelvo::ui::KeyName</name>
+    <message>
+        <source>Ctrl</source>
+        <translation>Strg</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Umschalt</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>Return</source>
+        <translation>Eingabe</translation>
     </message>
 </context>
 <context>
@@ -1828,24 +1855,16 @@
 <context>
     <name>zelvo::ui::ObjectInfoController</name>
     <message>
-        <source>Loading …</source>
-        <translation>Wird geladen …</translation>
-    </message>
-    <message>
         <source>Loading … %1 %</source>
         <translation>Wird geladen … %1 %</translation>
+    </message>
+    <message>
+        <source>Loading…</source>
+        <translation>Wird geladen…</translation>
     </message>
 </context>
 <context>
     <name>zelvo::ui::ObjectLoading</name>
-    <message>
-        <source>Loading %1 …</source>
-        <translation>%1 wird geladen …</translation>
-    </message>
-    <message>
-        <source>Loading the pictures of %1 …</source>
-        <translation>Bilder von %1 werden geladen …</translation>
-    </message>
     <message>
         <source>The object cannot be opened.</source>
         <translation>Das Objekt lässt sich nicht öffnen.</translation>
@@ -1854,16 +1873,20 @@
         <source>%1 is not complete.</source>
         <translation>%1 ist nicht vollständig.</translation>
     </message>
+    <message>
+        <source>Loading %1…</source>
+        <translation>%1 wird geladen…</translation>
+    </message>
+    <message>
+        <source>Loading the pictures of %1…</source>
+        <translation>Bilder von %1 werden geladen…</translation>
+    </message>
 </context>
 <context>
     <name>zelvo::ui::PictureImporter</name>
     <message>
         <source>Picture</source>
         <translation>Bild</translation>
-    </message>
-    <message>
-        <source>Loading %1 …</source>
-        <translation>%1 wird geladen …</translation>
     </message>
     <message>
         <source>The picture cannot be opened.</source>
@@ -1884,6 +1907,10 @@
     <message>
         <source>All files (*)</source>
         <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Loading %1…</source>
+        <translation>%1 wird geladen…</translation>
     </message>
 </context>
 <context>
@@ -1918,7 +1945,7 @@
     </message>
     <message>
         <source>Copy saved</source>
-        <translation>Kopie gesichert</translation>
+        <translation>Kopie gespeichert</translation>
     </message>
 </context>
 <context>
@@ -2087,7 +2114,7 @@
     <name>zelvo::ui::TemplatesController</name>
     <message>
         <source>This template is missing. Install the program anew.</source>
-        <translation>Diese Vorlage fehlt. Installiere das Programm neu.</translation>
+        <translation>Diese Vorlage fehlt. Installieren Sie das Programm neu.</translation>
     </message>
 </context>
 <context>

@@ -114,7 +114,7 @@ bool AlbumTableViewController::isFolderClosed() const {
 
 QString AlbumTableViewController::emptyTitle() const {
     if (!isComplete())
-        return tr("Looking for music …");
+        return tr("Looking for music…");
     if (library && library->songCount() > 0)
         return tr("No song here can be used");
     return isFolderClosed() ? tr("The folder cannot be read") : tr("No music found");

@@ -150,7 +150,7 @@ void AudioImporter::load(const fs::path& file) {
     if (didAsk)
         didAsk();
     const QString name = QString::fromStdString(file.filename().string());
-    const std::string word = tr("Copying %1 …").arg(name).toStdString();
+    const std::string word = tr("Copying %1…").arg(name).toStdString();
     loadingWord = services.runLoop.scheduleOnce(kPatience, [this, word] {
         signals().messageSignal.fire(word);
         loadingWord = services.runLoop.scheduleRepeating(

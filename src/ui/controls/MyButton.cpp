@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/MyButton.h"
 
+#include "ui/controls/KeyName.h"
+
 #include <utility>
 
 namespace zelvo::ui {
@@ -9,6 +11,10 @@ MyButton::MyButton(ButtonFace shown, std::function<void()> targetFunc, QObject* 
     : QObject(parent)
     , target(std::move(targetFunc))
     , face(std::move(shown)) {}
+
+QString MyButton::key() const {
+    return keyName(face.key);
+}
 
 QString MyButton::image() const {
     return selected && !selectedImage.isEmpty() ? selectedImage : face.image;

@@ -65,7 +65,8 @@ public:
 
     [[nodiscard]] QString name() const { return face.name.isEmpty() ? face.title : face.name; }
 
-    [[nodiscard]] QString key() const { return face.key; }
+    /// As on the user's keyboard.
+    [[nodiscard]] QString key() const;
 
     [[nodiscard]] bool isEnabled() const { return enabled; }
 

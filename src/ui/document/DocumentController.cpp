@@ -194,11 +194,11 @@ void DocumentController::makeCommands() {
                 (this->*call)();
             }));
     };
-    add(tr("New …"), "Ctrl+N", &DocumentController::askForNew);
-    add(tr("Open …"), "Ctrl+O", &DocumentController::askToOpen);
+    add(tr("New…"), "Ctrl+N", &DocumentController::askForNew);
+    add(tr("Open…"), "Ctrl+O", &DocumentController::askToOpen);
     add(tr("Save"), "Ctrl+S", &DocumentController::save);
-    add(tr("Save As …"), "Ctrl+Shift+S", &DocumentController::saveAs);
-    add(tr("Collect Media …"), "", &DocumentController::collect);
+    add(tr("Save As…"), "Ctrl+Shift+S", &DocumentController::saveAs);
+    add(tr("Collect Media…"), "", &DocumentController::collect);
 }
 
 QList<MyButton*> DocumentController::menuRows() const {
@@ -312,7 +312,7 @@ void DocumentController::load(const Source& source) {
     const std::uint64_t number = ++latest;
     const fs::path& file = source.file;
     signals().messageSignal.fire(
-        tr("Opening %1 …").arg(QString::fromStdString(file.stem().string())).toStdString());
+        tr("Opening %1…").arg(QString::fromStdString(file.stem().string())).toStdString());
     const auto done = lifetime.guard([this, source, number](Loaded loaded) {
         if (number != latest)
             return;
@@ -409,7 +409,7 @@ void DocumentController::askToReplace() {
          .message =
              tr("Another window or program has written it since it was opened here.").toStdString(),
          .actions = {
-             {.title = tr("Save As …").toStdString(),
+             {.title = tr("Save As…").toStdString(),
               .handler = lifetime.guard([this] { saveAs(); })},
              {.title = tr("Replace").toStdString(),
               .role = AlertRole::destructive,

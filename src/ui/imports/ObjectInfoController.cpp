@@ -48,7 +48,7 @@ lightNode(scene::SCNLightType type, const image::Color& color, double intensity)
 ObjectInfoController::ObjectInfoController(const Services& given, std::filesystem::path file)
     : url(std::move(file))
     , sceneView(given.runLoop, kAbove, kDistance)
-    , word_(tr("Loading …"))
+    , word_(tr("Loading…"))
     , queue(given.runLoop.makeSerialQueue("report"))
     , loader(given.runLoop) {
     setUpLights();

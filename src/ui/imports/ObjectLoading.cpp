@@ -49,8 +49,8 @@ void ObjectLoading::setHeld(bool isOn) {
 }
 
 QString ObjectLoading::word() const {
-    return progress.step == scene::LoadStep::reading ? tr("Loading %1 …").arg(name)
-                                                     : tr("Loading the pictures of %1 …").arg(name);
+    return progress.step == scene::LoadStep::reading ? tr("Loading %1…").arg(name)
+                                                     : tr("Loading the pictures of %1…").arg(name);
 }
 
 void ObjectLoading::finish(const scene::ObjectLoader::Loaded& loaded) {

@@ -114,7 +114,7 @@ void PictureImporter::begin(const QString& name, Decode decode) {
     waiting = nullptr;
     if (didAsk)
         didAsk();
-    const std::string word = tr("Loading %1 …").arg(name).toStdString();
+    const std::string word = tr("Loading %1…").arg(name).toStdString();
     loadingWord = services.runLoop.scheduleOnce(kPatience, [this, word] {
         signals().messageSignal.fire(word);
         loadingWord = services.runLoop.scheduleRepeating(

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/Help.h"
 
+#include "ui/controls/KeyName.h"
+
 #include <array>
 #include <utility>
 
@@ -57,7 +59,10 @@ Help::Help(std::function<void()> show, QObject* parent)
     , button({.image = "Help", .name = tr("Help and keys"), .key = "F1"}, std::move(show)) {}
 
 QStringList Help::keys() {
-    return translated(&KeyRow::key);
+    QStringList names;
+    for (const QString& key : translated(&KeyRow::key))
+        names.append(keyName(key));
+    return names;
 }
 
 QStringList Help::meanings() {

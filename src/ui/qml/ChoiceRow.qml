@@ -12,6 +12,25 @@ Rectangle {
     required property list<string> choices
     property int chosen: 0
     property bool isUsable: true
+    // Words of very different lengths get room by their length where equal shares would cut one off.
+    readonly property real share: width / Math.max(1, choices.length)
+    readonly property bool isTight: longest() > share
+
+    function lengthOf(word: string): real {
+        return metrics.advanceWidth(word) + 8;
+    }
+    function longest(): real {
+        let most = 0;
+        for (let i = 0; i < choices.length; ++i)
+            most = Math.max(most, lengthOf(choices[i]));
+        return most;
+    }
+    function sum(): real {
+        let all = 0;
+        for (let i = 0; i < choices.length; ++i)
+            all += lengthOf(choices[i]);
+        return all;
+    }
 
     signal asked(index: int)
 
@@ -28,6 +47,12 @@ Rectangle {
     Keys.onLeftPressed: if (isUsable) asked(Math.max(0, chosen - 1))
     Keys.onRightPressed: if (isUsable) asked(Math.min(choices.length - 1, chosen + 1))
 
+    FontMetrics {
+        id: metrics
+
+        font.pixelSize: Theme.px(13)
+        font.weight: Font.DemiBold
+    }
     Row {
         anchors.fill: parent
 
@@ -41,7 +66,7 @@ Rectangle {
                 required property string modelData
                 readonly property bool isChosen: index === root.chosen
 
-                width: root.width / root.choices.length
+                width: root.isTight ? root.lengthOf(modelData) + root.share - root.sum() / root.choices.length : root.share
                 height: root.height
                 enabled: root.isUsable
                 hoverEnabled: true

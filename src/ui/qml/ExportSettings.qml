@@ -34,7 +34,7 @@ Sheet {
         }
         trailing: ScreenButton {
             text: qsTr("Export")
-            key: "Return"
+            key: qsTr("Return")
             fill: Theme.accent
             isUsable: root.controller.canStart
             onClicked: root.controller.start()

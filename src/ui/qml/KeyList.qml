@@ -41,7 +41,7 @@ Flickable {
                 required property string modelData
 
                 width: (rows.width - rows.columnSpacing * (rows.columns - 1)) / rows.columns
-                height: Math.max(26, meaning.implicitHeight + 6)
+                height: Math.max(26, key.implicitHeight + 6, meaning.implicitHeight + 6)
                 Accessible.role: Accessible.ListItem
                 Accessible.name: modelData + ": " + meaning.text
 

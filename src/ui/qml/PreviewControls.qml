@@ -21,7 +21,7 @@ Item {
         y: 2
         image: root.controller.isPlaying ? "PreviewPause" : "PreviewPlay"
         name: root.controller.isPlaying ? qsTr("Pause") : qsTr("Play")
-        key: "Space"
+        key: qsTr("Space")
         isUsable: root.controller.failure === ""
         onClicked: root.controller.togglePlaying()
     }
@@ -106,6 +106,6 @@ Item {
         font.pixelSize: Theme.px(13)
         elide: Text.ElideMiddle
         Accessible.role: Accessible.StaticText
-        Accessible.name: qsTr("The movie lies at %1").arg(text)
+        Accessible.name: qsTr("The movie is at %1").arg(text)
     }
 }

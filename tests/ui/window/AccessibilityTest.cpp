@@ -171,7 +171,7 @@ TEST_F(AccessibilityTest, EveryControlOfTheStylePanelHasRoleNameStateAndKey) {
 
 TEST_F(AccessibilityTest, EveryControlOfTheScreensHasRoleNameStateAndKey) {
     input.click("F10");
-    check("the menu", {{"menu item", "New …", "Ctrl+N"}, {"menu item", "Save", "Ctrl+S"}});
+    check("the menu", {{"menu item", "New…", "Ctrl+N"}, {"menu item", "Save", "Ctrl+S"}});
     EXPECT_TRUE(reader.find("push button", "Document")->is("expanded"));
     input.click("Escape");
     input.click("ctrl+n");
