@@ -16,6 +16,8 @@ Rectangle {
     readonly property real share: width / Math.max(1, choices.length)
     readonly property bool isTight: longest() > share
 
+    signal asked(index: int)
+
     function lengthOf(word: string): real {
         return metrics.advanceWidth(word) + 8;
     }
@@ -31,8 +33,6 @@ Rectangle {
             all += lengthOf(choices[i]);
         return all;
     }
-
-    signal asked(index: int)
 
     implicitHeight: 44
     radius: Theme.radius
