@@ -50,11 +50,19 @@ Item {
         border.width: root.isPicked ? 2 : root.isGesture ? 1 : 0
         border.color: root.isPicked ? Theme.text : root.color
 
+        TextMetrics {
+            id: measured
+
+            text: root.label
+            font: name.font
+        }
         Text {
+            id: name
+
             anchors.fill: parent
             anchors.leftMargin: 5
             anchors.rightMargin: root.isHold ? 8 : 3
-            visible: root.height >= font.pixelSize && (implicitWidth <= width || width > Theme.px(32))
+            visible: root.height >= font.pixelSize && (measured.advanceWidth <= width || width > Theme.px(32))
             text: root.label
             color: root.isGesture ? Theme.text : Theme.background
             verticalAlignment: Text.AlignVCenter
