@@ -54,10 +54,10 @@ Item {
             id: measured
 
             text: root.label
-            font: name.font
+            font: caption.font
         }
         Text {
-            id: name
+            id: caption
 
             anchors.fill: parent
             anchors.leftMargin: 5
