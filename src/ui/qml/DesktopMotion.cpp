@@ -59,6 +59,7 @@ DesktopMotion::DesktopMotion(QDBusConnection bus, QObject* parent)
 
 void DesktopMotion::ask(QDBusConnection& bus) {
     qDBusRegisterMetaType<Groups>();
+    qRegisterMetaType<QDBusVariant>(); // the slot would not be called before a setting was read
     bus.connect(
         kService,
         kObject,

@@ -76,7 +76,7 @@ Item {
                 height: root.rulerHeight
                 visible: tick.x + width + 6 < root.width
                 text: root.controller.labelOf(tick.index * root.step)
-                color: Theme.mutedText
+                color: Qt.lighter(Theme.mutedText, 1.5)
                 verticalAlignment: Text.AlignVCenter
                 font.family: Theme.digitsFamily
                 font.pixelSize: Theme.px(10)
