@@ -59,7 +59,7 @@ struct Signals {
     Signal<TimeState> timeSignal;
     Signal<bool> isPlayingSignal;
     Signal<> undoStateSignal;
-    Signal<> durationSignal; ///< the performance has another duration
+    Signal<> durationSignal;           ///< the performance has another duration
     Signal<std::string> messageSignal; ///< a short message for the value label
 };
 

@@ -86,7 +86,7 @@ struct LayouterMenu::TabRow {
 
 LayouterMenu::TabRow LayouterMenu::optionTab(const char* title, CurrentOption option) {
     const auto choose = [this, option] {
-        endWriting(); // the field loses the focus to a pointer only
+        endWriting();                 // the field loses the focus to a pointer only
         if (option != currentOption_) // a lit tab keeps its strip
             setCurrentOption(option);
     };
