@@ -42,6 +42,15 @@ TEST(ClosedSolid, HasNoBorderAndEveryPartOfItTurnsOutwards) {
     Mesh twisted = ring;
     std::swap(twisted.indices[0], twisted.indices[1]);
     EXPECT_FALSE(isClosedSolid(twisted));
+    Mesh cube = makeBox(2, 2, 2, 0);
+    std::size_t corners = 0;
+    for (Vertex& vertex : cube.vertices) {
+        vertex.position += 1.0F; // one corner of three sides is at 0
+        if (vertex.position == glm::vec3(0) && corners++ == 0)
+            vertex.position = -vertex.position;
+    }
+    EXPECT_EQ(corners, 3U);
+    EXPECT_TRUE(isClosedSolid(cube)) << "-0 is 0";
 }
 
 TEST(MeshLevels, StayAsNearToTheMeshAsTheyTell) {

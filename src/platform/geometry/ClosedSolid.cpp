@@ -15,17 +15,22 @@ namespace {
 
 using Indices = std::vector<std::uint32_t>;
 
-/// The same triangles; of the vertices at one position, all use the same one.
+/// The same triangles; of the vertices at one position, all use the same one. Positions are compared by
+/// their bytes, so -0 becomes 0.
 Indices weldedIndices(const Mesh& mesh) {
+    std::vector<glm::vec3> positions(mesh.vertices.size());
+    std::ranges::transform(mesh.vertices, positions.begin(), [](const Vertex& vertex) {
+        return vertex.position + 0.0F;
+    });
     Indices welded(mesh.indices.size());
     meshopt_generateShadowIndexBuffer(
         welded.data(),
         mesh.indices.data(),
         mesh.indices.size(),
-        &mesh.vertices.front().position,
-        mesh.vertices.size(),
+        positions.data(),
+        positions.size(),
         sizeof(glm::vec3),
-        sizeof(Vertex));
+        sizeof(glm::vec3));
     return welded;
 }
 
