@@ -79,10 +79,10 @@ bool TimelineController::pressPickingKey(int key, int modifiers) {
             return false;
         }
     }
-    if (isAlt && isLevel(key))
-        movePicked(direction * (isShift ? kLargeStep : FrameClock::kStep));
-    else if (isAlt)
+    if (isAlt && !isLevel(key))
         return false;
+    if (isAlt)
+        movePicked(direction * (isShift ? kLargeStep : FrameClock::kStep));
     else if (key == Qt::Key_Delete || key == Qt::Key_Backspace)
         removePicked();
     else if (key == Qt::Key_Up || key == Qt::Key_Down)
