@@ -40,7 +40,7 @@ bool Guidance::canPutBack() const {
     return isPerforming && !model.isPlaying() && model.actionController().canPutBack();
 }
 
-void Guidance::putBack() {
+void Guidance::putBack() const {
     if (canPutBack())
         services.model.actionController().putBack();
 }

@@ -30,7 +30,7 @@ public:
     /// Whether the line offers to put back what was deleted.
     [[nodiscard]] bool canPutBack() const;
     /// Does nothing if there is nothing.
-    Q_INVOKABLE void putBack();
+    Q_INVOKABLE void putBack() const;
 
     /// Empty once there is something to replay, and during a run.
     [[nodiscard]] QString text() const;
