@@ -38,13 +38,23 @@ document::Performance performance() {
     return made;
 }
 
-void seek(benchmark::State& state) {
+/// The program, with the performance.
+struct Stage {
+    Stage() {
+        engine.model().setDuration(kDuration);
+        document::perform(performance(), engine.model());
+        loop.runFor(1);
+    }
+
     foundation::VirtualRunLoop loop;
-    const auto folder = foundation::TemporaryFolder::make(std::filesystem::temp_directory_path());
-    app::Engine engine(loop, foundation::Folders::below(folder->path()), 1);
-    engine.model().setDuration(kDuration);
-    document::perform(performance(), engine.model());
-    loop.runFor(1);
+    const foundation::Result<foundation::TemporaryFolder> folder =
+        foundation::TemporaryFolder::make(std::filesystem::temp_directory_path());
+    app::Engine engine{loop, foundation::Folders::below(folder->path()), 1};
+};
+
+void seek(benchmark::State& state) {
+    Stage stage;
+    app::Engine& engine = stage.engine;
     for ([[maybe_unused]] auto _ : state) {
         engine.model().seek(0);
         engine.model().seek(kDuration - 0.1);
@@ -68,15 +78,11 @@ BENCHMARK(seek)->Unit(benchmark::kMillisecond);
 
 /// The next frame while the hand drags forward.
 void seekOn(benchmark::State& state) {
-    foundation::VirtualRunLoop loop;
-    const auto folder = foundation::TemporaryFolder::make(std::filesystem::temp_directory_path());
-    app::Engine engine(loop, foundation::Folders::below(folder->path()), 1);
-    engine.model().setDuration(kDuration);
-    document::perform(performance(), engine.model());
+    Stage stage;
     double at = 0;
     for ([[maybe_unused]] auto _ : state) {
         at = at < kDuration ? at + shared::FrameClock::kStep : 0;
-        engine.model().seek(at);
+        stage.engine.model().seek(at);
     }
 }
 

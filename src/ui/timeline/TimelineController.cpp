@@ -66,7 +66,10 @@ void TimelineController::listen() {
         if (services.model.actionController().recordedActions().empty())
             copied.clear(); // the next performance gives their numbers to other acts
         if (!std::exchange(isRefreshDue, true))
-            services.runLoop.post(lifetime.guard([this] { performanceChanged(); }));
+            services.runLoop.post(lifetime.guard([this] {
+                if (isRefreshDue) // an edit of the strip has shown it already
+                    performanceChanged();
+            }));
     });
     signals().durationSignal.subscribe(lifetime, [this] { refresh(); });
     connect(&music, &TimelineMusic::changed, this, [this] { showMarks(); });
@@ -229,8 +232,11 @@ void TimelineController::setPlayhead(double time) {
         Q_EMIT playheadChanged();
 }
 
+/// Cut off, as on the record button, so that both say the same.
 QString TimelineController::playheadText() const {
-    return QLocale().toString(playhead_, 'f', isRunning() ? 1 : 2);
+    const int digits = isRunning() ? 1 : 2;
+    const double scale = std::pow(10, digits);
+    return QLocale().toString(std::trunc(playhead_ * scale) / scale, 'f', digits);
 }
 
 void TimelineController::seek(double time) {
