@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "Loop.h"
 
+#include "../frames/FrameRows.h"
 #include "app/Engine.h"
 #include "catalogue/ActionLoop.h"
 #include "document/SetUp.h"
 #include "platform/foundation/Check.h"
 #include "ui/controls/GroupColors.h"
 
-#include <QBuffer>
 #include <QImage>
-#include <QPainter>
 
 #include <algorithm>
 #include <array>
@@ -159,47 +158,6 @@ private:
     return std::clamp(needed, ActionLoop::kMinRows, ActionLoop::kMaxRows);
 }
 
-/// The frames in rows. The first ones come softly out of those behind the last one.
-[[nodiscard]] QImage inRows(const std::vector<QImage>& frames) {
-    const int rows = rowsFor(frames);
-    const int count = rows * ActionLoop::kColumns;
-    QImage sheet(
-        ActionLoop::kColumns * ActionLoop::kWidth,
-        rows * ActionLoop::kHeight,
-        QImage::Format_RGB32);
-    sheet.fill(Qt::black);
-    QPainter painter(&sheet);
-    for (int i = 0; i < count; ++i) {
-        const QPoint place(
-            i % ActionLoop::kColumns * ActionLoop::kWidth,
-            i / ActionLoop::kColumns * ActionLoop::kHeight);
-        painter.setOpacity(1);
-        painter.drawImage(place, frames[static_cast<std::size_t>(i)]);
-        if (i >= kPassing)
-            continue;
-        painter.setOpacity(1 - (i + 1.0) / (kPassing + 1));
-        painter.drawImage(
-            place, frames[static_cast<std::size_t>(count) + static_cast<std::size_t>(i)]);
-    }
-    return sheet;
-}
-
-/// The JPEG of the best quality that is small enough.
-[[nodiscard]] QByteArray packed(const QImage& sheet) {
-    constexpr int kBest = 84;
-    constexpr int kWorst = 20;
-    QByteArray bytes;
-    for (int quality = kBest; quality >= kWorst; quality -= 4) {
-        bytes.clear();
-        QBuffer buffer(&bytes);
-        buffer.open(QIODevice::WriteOnly);
-        sheet.save(&buffer, "jpg", quality);
-        if (bytes.size() <= ActionLoop::kMaxBytes)
-            break;
-    }
-    return bytes;
-}
-
 } // namespace
 
 QByteArray makeLoop(
@@ -207,8 +165,11 @@ QByteArray makeLoop(
     const std::filesystem::path& temporary,
     const catalogue::Tab& tab,
     const catalogue::Button& button) {
+    constexpr int kQuality = 84;
     Take take(renderer, temporary, tab.group);
-    return packed(inRows(take.film(tab, button)));
+    const std::vector<QImage> film = take.film(tab, button);
+    const frames::Rows rows{ActionLoop::kColumns, rowsFor(film) * ActionLoop::kColumns, kPassing};
+    return frames::packed(frames::inRows(film, rows), kQuality, ActionLoop::kMaxBytes);
 }
 
 } // namespace zelvo::loops

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Preview.h"
 
+#include "../frames/FrameRows.h"
 #include "app/Export.h"
 #include "document/EngineNames.h"
 #include "document/PerformanceFile.h"
@@ -9,9 +10,7 @@
 #include "document/Templates.h"
 #include "platform/foundation/TemporaryFolder.h"
 
-#include <QBuffer>
 #include <QImage>
-#include <QPainter>
 
 #include <algorithm>
 #include <cmath>
@@ -81,50 +80,16 @@ using Frames = std::vector<QImage>;
     return std::move(*frames);
 }
 
-/// The frames in rows. The first ones come softly out of those behind the last one.
-[[nodiscard]] QImage inRows(const Frames& frames) {
-    constexpr int kColumns = TemplatePreview::kColumns;
-    constexpr int kRows = (TemplatePreview::kFrames + kColumns - 1) / kColumns;
-    QImage sheet(
-        kColumns * TemplatePreview::kWidth, kRows * TemplatePreview::kHeight, QImage::Format_RGB32);
-    sheet.fill(Qt::black);
-    QPainter painter(&sheet);
-    for (int i = 0; i < TemplatePreview::kFrames; ++i) {
-        const QPoint place(
-            i % kColumns * TemplatePreview::kWidth, i / kColumns * TemplatePreview::kHeight);
-        painter.setOpacity(1);
-        painter.drawImage(place, frames[static_cast<std::size_t>(i)]);
-        if (i >= kPassing)
-            continue;
-        painter.setOpacity(1 - (i + 1.0) / (kPassing + 1));
-        painter.drawImage(place, frames[static_cast<std::size_t>(TemplatePreview::kFrames + i)]);
-    }
-    return sheet;
-}
-
-/// The JPEG of the best quality that is small enough.
-[[nodiscard]] QByteArray packed(const QImage& sheet) {
-    constexpr int kBest = 88;
-    constexpr int kWorst = 20;
-    QByteArray bytes;
-    for (int quality = kBest; quality >= kWorst; quality -= 4) {
-        bytes.clear();
-        QBuffer buffer(&bytes);
-        buffer.open(QIODevice::WriteOnly);
-        sheet.save(&buffer, "jpg", quality);
-        if (bytes.size() <= TemplatePreview::kMaxBytes)
-            break;
-    }
-    return bytes;
-}
-
 } // namespace
 
 Result<QByteArray> makePreview(const std::filesystem::path& performance) {
-    const auto frames = drawFrames(performance);
-    if (!frames)
-        return tl::unexpected(frames.error());
-    return packed(inRows(*frames));
+    const auto drawn = drawFrames(performance);
+    if (!drawn)
+        return tl::unexpected(drawn.error());
+    constexpr int kQuality = 88;
+    const QImage sheet =
+        frames::inRows(*drawn, {TemplatePreview::kColumns, TemplatePreview::kFrames, kPassing});
+    return frames::packed(sheet, kQuality, TemplatePreview::kMaxBytes);
 }
 
 } // namespace zelvo::previews
