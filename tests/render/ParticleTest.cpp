@@ -86,6 +86,10 @@ TEST_F(ParticleTest, TakesUpTheLightOnlyIfAsked) {
         node->particleSystems().front()->lightingEnabled = isLit;
         EXPECT_EQ(middle()[0], isLit ? 0 : 255);
         EXPECT_EQ(middle()[2], 255);
+        // The background lights it also where it is left out.
+        const image::Image matte =
+            renderer->snapshot({.time = 0, .outputSize = kSize, .leftOut = 2});
+        EXPECT_EQ(at(matte, 32, 32), (Pixel{isLit ? 0 : 255, isLit ? 0 : 255, 255}));
         node->removeFromParentNode();
     }
 }

@@ -4,9 +4,11 @@
 #include "platform/foundation/Check.h"
 #include "platform/render/ShaderProgram.h"
 #include "platform/render/ShadowReach.h"
+#include "platform/scene/MaterialOpacity.h"
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zelvo::render {
@@ -27,13 +29,16 @@ constexpr auto kMirrors = std::to_array<MirrorRow>({
 
 // clang-format on
 
-ProgramHandle build(bool hasRoughness) {
-    std::vector<std::string> defines{"LIT"};
-    if (hasRoughness)
-        defines.insert(defines.end(), {"HAS_TEXCOORD", "HAS_ROUGHNESS_PICTURE"});
-    auto built = buildProgram({"surface.vert", "floor.frag", defines});
+ProgramHandle build(std::string_view fragmentFile, const std::vector<std::string>& defines) {
+    auto built = buildProgram({"surface.vert", fragmentFile, defines});
     CHECK(built.has_value(), "{}", built.error().message);
     return std::move(*built);
+}
+
+/// Where the floor ends, seen from above: left, back, right, front.
+glm::vec4 endsOf(const VisibleNode& node) {
+    const geometry::Box box = worldBox(node);
+    return {box.min.x, box.min.z, box.max.x, box.max.z};
 }
 
 } // namespace
@@ -88,12 +93,13 @@ void FloorPass::drawOn(const Tools& tools, const Frame& frame) {
     if (part.isEmpty())
         return;
     const bool hasRoughness = floor.item.material->roughness.image() != nullptr;
-    tools.state.useProgram(program(hasRoughness));
+    tools.state.useProgram(program(hasRoughness, floor.isLeftOut));
     PassBlock block;
     block.passDirections = ContactMap::toTexture(floor.height);
     block.passFrame = {0, size.width, size.height, 0};
     block.passNumbers[0] = {
         look.mirror, hasContact ? look.contact : 0.0f, floor.height, floor.opacity};
+    block.passNumbers[1] = endsOf(frame.snapshot.nodes()[floor.item.node]);
     frame.items.uniforms.bind(tools.state, kPassBinding, block);
     const std::uint32_t smooth = tools.textures.smoothSampler();
     tools.state.bindTexture(
@@ -101,14 +107,40 @@ void FloorPass::drawOn(const Tools& tools, const Frame& frame) {
     tools.state.bindTexture(
         kDepthUnit, hasContact ? contact.texture() : tools.textures.white(), smooth);
     tools.state.setScissor(part);
-    tools.painter.drawOver(frame.items, floor.item);
+    const bool isSeen = !floor.isLeftOut && scene::constantOpacity(*floor.item.material) > 0;
+    frame.snapshot.forEachPart(floor, [&](const DrawItem& item) {
+        tools.painter.drawOver(
+            frame.items, item, Blend::over, isSeen ? Colors::ofScene : Colors::shown);
+    });
     tools.state.setScissor(std::nullopt);
 }
 
-std::uint32_t FloorPass::program(bool hasRoughness) {
-    ProgramHandle& known = hasRoughness ? textured : plain;
-    if (!known)
-        known = build(hasRoughness);
+void FloorPass::catchShadows(const Tools& tools, const Frame& frame, const PixelRect& part) {
+    const Snapshot::Floor& floor = *frame.snapshot.floor();
+    if (!catching)
+        catching = build("floor_shadows.frag", {"LIT", "LEFT_OUT"});
+    tools.state.useProgram(catching.name());
+    PassBlock block;
+    block.passNumbers[0] = {0, 0, floor.height, floor.opacity};
+    block.passNumbers[1] = endsOf(frame.snapshot.nodes()[floor.item.node]);
+    frame.items.uniforms.bind(tools.state, kPassBinding, block);
+    tools.state.setScissor(part);
+    frame.snapshot.forEachPart(floor, [&](const DrawItem& item) {
+        tools.painter.drawOver(frame.items, item, Blend::multiply, Colors::shown);
+    });
+    tools.state.setScissor(std::nullopt);
+}
+
+std::uint32_t FloorPass::program(bool hasRoughness, bool isLeftOut) {
+    ProgramHandle& known = programs.at((hasRoughness ? 1U : 0U) + (isLeftOut ? 2U : 0U));
+    if (known)
+        return known.name();
+    std::vector<std::string> defines{"LIT"};
+    if (hasRoughness)
+        defines.insert(defines.end(), {"HAS_TEXCOORD", "HAS_ROUGHNESS_PICTURE"});
+    if (isLeftOut)
+        defines.emplace_back("LEFT_OUT");
+    known = build("floor.frag", defines);
     return known.name();
 }
 

@@ -5,7 +5,7 @@
 #include "platform/render/DrawQuality.h"
 #include "platform/render/MirrorImage.h"
 
-#include <map>
+#include <array>
 
 namespace zelvo::render {
 
@@ -35,17 +35,20 @@ public:
     /// Draws the pictures that `drawOn` needs.
     void prepare(const Tools& tools, const Frame& frame);
     void drawOn(const Tools& tools, const Frame& frame);
+    /// Darkens what is behind a floor that is left out, as shadows would darken the floor. The
+    /// shadows' image is bound.
+    void catchShadows(const Tools& tools, const Frame& frame, const PixelRect& part);
 
 private:
-    [[nodiscard]] std::uint32_t program(bool hasRoughness);
+    [[nodiscard]] std::uint32_t program(bool hasRoughness, bool isLeftOut);
     void drawMirror(const Tools& tools, const Frame& frame);
 
     MirrorImage mirror;
     ContactMap contact;
     bool hasContact = false;
-    int turn = 0; ///< counts frames in motion; 0 at full detail
-    ProgramHandle plain;
-    ProgramHandle textured;
+    int turn = 0;                          ///< counts frames in motion; 0 at full detail
+    std::array<ProgramHandle, 4> programs; ///< with or without picture, left out or not
+    ProgramHandle catching;
 };
 
 } // namespace zelvo::render

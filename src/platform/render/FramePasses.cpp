@@ -71,7 +71,7 @@ struct FramePasses::Table {
          [](Const all, F) { return all.drawer.hasOpaque(); },
          [](All all, F frame) { all.drawer.drawMoving(frame.scene); }},
 
-        {"floor", kMirror | kDepth, kLight,
+        {"floor", kMirror | kShadeImage | kDepth, kLight,
          [](Const all, F) { return all.drawer.hasFloor(); },
          [](All all, F frame) { all.drawer.drawOnFloor(frame.scene); }},
 
@@ -149,7 +149,7 @@ void FramePasses::draw(const FrameInput& input, RenderTarget& picture) {
         drawer.begin(
             input.scene,
             {input.pointOfView, input.moment, input.leftOut},
-            {light, input.detail},
+            {light, input.detail, input.backdrop},
             input.uniforms)};
     for (const Pass& pass : passes()) {
         if (!pass.isSeen(*this, frame))

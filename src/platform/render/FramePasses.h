@@ -26,6 +26,8 @@ struct FrameInput {
     Moment moment{};
     std::uint32_t leftOut = 0; ///< categories of nodes that are not drawn
     Detail detail = Detail::full;
+    /// Is drawn instead of the scene's background. It lights nothing. Null: there is none.
+    const scene::SCNMaterialProperty* backdrop = nullptr;
 };
 
 /// Draws a frame: the chain of passes that the movie renderer and the view on screen share. One

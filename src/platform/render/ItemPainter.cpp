@@ -238,12 +238,14 @@ void ItemPainter::drawDepth(const Frame& frame, const DrawItem& item) {
     drawShape(frame, item, {.colorWrite = ColorWrite::off});
 }
 
-void ItemPainter::drawShade(const Frame& frame, const DrawItem& item, Lights lights) {
+void ItemPainter::drawShade(const Frame& frame, const DrawItem& item, Lights lights, Shade shade) {
     constexpr std::uint32_t kRead = kLit | kEnvironment | kSlotTransforms | kDoubleSided |
                                     kVertexColors | slotFeature(kDiffuseUnit) |
                                     slotFeature(kEmissionUnit) | slotFeature(kSelfIlluminationUnit);
     MaterialBinding binding = bound(frame, item);
     binding.features = (binding.features & kRead) | kShade;
+    if (shade == Shade::grey)
+        binding.features |= kGreyShade;
     bind(frame, binding, lights);
     submit(frame, item, {});
 }
@@ -258,18 +260,17 @@ void ItemPainter::applyShade(const Frame& frame, const DrawItem& item) {
          .blend = Blend::multiply});
 }
 
-void ItemPainter::drawOver(const Frame& frame, const DrawItem& item) {
+void ItemPainter::drawOver(const Frame& frame, const DrawItem& item, Blend blend, Colors colors) {
     const MaterialBinding binding = bound(frame, item);
     bindPictures(binding);
     frame.uniforms.bind(tools.state, kItemBinding, binding.item);
-    const bool isSeen = scene::constantOpacity(*item.material) > 0;
     submit(
         frame,
         item,
         {.depthTest = DepthTest::nearerOrEqual,
          .depthWrite = DepthWrite::off,
-         .blend = Blend::over,
-         .colors = isSeen ? Colors::ofScene : Colors::shown});
+         .blend = blend,
+         .colors = colors});
 }
 
 void ItemPainter::submit(const Frame& frame, const DrawItem& item, RasterState raster) {

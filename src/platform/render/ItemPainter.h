@@ -51,13 +51,15 @@ public:
 
     void draw(const Frame& frame, const DrawItem& item, Lights lights, DepthTest depthTest);
     void drawDepth(const Frame& frame, const DrawItem& item);
+    /// For each colour, or for the brightness of all.
+    enum class Shade { colored, grey };
     /// Draws how much darker shadows make the item; see shade.frag.
-    void drawShade(const Frame& frame, const DrawItem& item, Lights lights);
+    void drawShade(const Frame& frame, const DrawItem& item, Lights lights, Shade shade);
     /// Darkens the item, which is drawn already, by the image of that, which is bound.
     void applyShade(const Frame& frame, const DrawItem& item);
-    /// Draws over the item with the program in use, which blends; it gets the item's numbers and the
-    /// picture of its roughness.
-    void drawOver(const Frame& frame, const DrawItem& item);
+    /// Draws over the item with the program in use; it gets the item's numbers and the picture of
+    /// its roughness.
+    void drawOver(const Frame& frame, const DrawItem& item, Blend blend, Colors colors);
 
     /// True for a closed solid that is translucent only by its opacity: its inside must not show
     /// while it fades.

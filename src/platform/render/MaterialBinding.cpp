@@ -56,6 +56,7 @@ constexpr auto kFeatures = std::to_array<FeatureRow>({
     {kCutOut,          "CUT_OUT"             },
     {kVertexColors,    "HAS_VERTEX_COLORS"   },
     {kClearCoat,       "CLEAR_COAT"          },
+    {kGreyShade,       "GREY"                },
 });
 
 // clang-format on

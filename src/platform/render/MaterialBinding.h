@@ -27,6 +27,7 @@ enum Feature : std::uint32_t {
     kAddsLight = 1U << 20U, ///< adds light of its own
     kCutOut = 1U << 21U, ///< drawn where the pictures' opacity is at least a half, and opaque there
     kVertexColors = 1U << 22U,
+    kGreyShade = 1U << 23U, ///< with kShade: the same for all colours
     kClearCoat = 1U << 24U,
     kShade = 1U << 25U, ///< instead of the colour: how much darker shadows make it; shade.frag
 };

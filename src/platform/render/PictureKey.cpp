@@ -73,10 +73,11 @@ void PictureKey::addShadows(Hash& hash, std::span<const ShadowView> views) const
 bool PictureKey::addFloor(Hash& hash, const scene::SCNScene& scene, ItemPainter& painter) {
     if (!snapshot.floor())
         return true;
-    const auto& [item, height, opacity] = *snapshot.floor();
-    hash.addBlock(*item.material->floor);
-    hash.addBlock(std::array{height, opacity});
-    mirrored.takeMirrored(scene, snapshot, height + item.material->floor->lift);
+    const Snapshot::Floor& floor = *snapshot.floor();
+    const scene::SCNFloorLook& look = *floor.item.material->floor;
+    hash.addBlock(look);
+    hash.addBlock(std::array{floor.height, floor.opacity});
+    mirrored.takeMirrored(scene, snapshot, floor.height + look.lift);
     UniformArena unused(1);
     const ItemPainter::Frame frame{mirrored, {}, unused};
     return addItems(hash, mirrored.opaque(), painter, frame) &&

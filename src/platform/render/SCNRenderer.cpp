@@ -31,22 +31,11 @@ struct Slot {
     std::vector<std::uint8_t> mean; ///< of the passes; empty if the frame was drawn once
 };
 
-/// While it lives, the scene has a plain background.
-class PlainBackground {
-public:
-    PlainBackground(scene::SCNScene& given, float white)
-        : scene(given)
-        , contents(std::exchange(given.background.contents, image::Color::white(white))) {}
-
-    ~PlainBackground() { scene.background.contents = std::move(contents); }
-
-    PlainBackground(const PlainBackground&) = delete;
-    PlainBackground& operator=(const PlainBackground&) = delete;
-
-private:
-    scene::SCNScene& scene;
-    scene::SCNMaterialProperty::Contents contents;
-};
+scene::SCNMaterialProperty plain(float white) {
+    scene::SCNMaterialProperty backdrop;
+    backdrop.contents = image::Color::white(white);
+    return backdrop;
+}
 
 Size drawnSizeOf(const FrameRequest& request) {
     return request.outputSize.scaled(request.quality.oversampling);
@@ -92,12 +81,17 @@ struct SCNRenderer::State {
         return request.quality.passesDrawn() == 1 && request.leftOut == 0;
     }
 
+    /// A frame, and what is drawn instead of the scene's background.
+    struct Order {
+        const FrameRequest& request;
+        const scene::SCNMaterialProperty* backdrop = nullptr; ///< null: the background
+    };
+
     /// Draws one pass of a frame and queues its delivery.
-    void
-    drawPass(SCNRenderer& renderer, Slot& slot, const FrameRequest& request, const Moment& moment);
+    void drawPass(SCNRenderer& renderer, Slot& slot, const Order& order, const Moment& moment);
     /// Draws all passes and takes their mean.
     void drawPasses(SCNRenderer& renderer, Slot& slot, const FrameRequest& request);
-    void addPasses(SCNRenderer& renderer, Slot& slot, const FrameRequest& request, PassMean& sum);
+    void addPasses(SCNRenderer& renderer, Slot& slot, const Order& order, PassMean& sum);
 
     std::unique_ptr<HeadlessContext> context; // must be destroyed last: all members below need it
     DeviceInfo device;
@@ -108,6 +102,8 @@ struct SCNRenderer::State {
     Shutter shutter;
     PassMean mean;
     PassMean meanOnWhite; ///< of a picture with alpha
+    const scene::SCNMaterialProperty black = plain(0);
+    const scene::SCNMaterialProperty white = plain(1);
     /// frames begun since the start; a frame's slot is its number modulo kFramesInFlight
     std::size_t begun = 0;
     std::size_t finished = 0;
@@ -134,7 +130,8 @@ SCNRenderer::~SCNRenderer() {
 }
 
 void SCNRenderer::State::drawPass(
-    SCNRenderer& renderer, Slot& slot, const FrameRequest& request, const Moment& moment) {
+    SCNRenderer& renderer, Slot& slot, const Order& order, const Moment& moment) {
+    const FrameRequest& request = order.request;
     const Size drawnSize = drawnSizeOf(request);
     const bool isEnlarged = drawnSize.width < request.outputSize.width;
     passes.draw(
@@ -146,7 +143,9 @@ void SCNRenderer::State::drawPass(
          request.outputSize,
          slot.uniforms,
          moment,
-         request.leftOut},
+         request.leftOut,
+         Detail::full,
+         order.backdrop},
         isEnlarged ? coarse : slot.picture);
     if (isEnlarged) {
         const auto [width, height] = request.outputSize;
@@ -171,7 +170,8 @@ void SCNRenderer::State::drawPass(
 }
 
 void SCNRenderer::State::addPasses(
-    SCNRenderer& renderer, Slot& slot, const FrameRequest& request, PassMean& sum) {
+    SCNRenderer& renderer, Slot& slot, const Order& order, PassMean& sum) {
+    const FrameRequest& request = order.request;
     constexpr float kOpen = 0.5F; // of a frame: a shutter of 180 degrees
     const DrawQuality& quality = request.quality;
     // The samples of a drawing are spread over the pixel already: a shift fills the gap between them.
@@ -186,7 +186,7 @@ void SCNRenderer::State::addPasses(
             drawn.shutter = &shutter;
             drawn.share = 1 - kOpen + kOpen * part;
         }
-        drawPass(renderer, slot, request, drawn);
+        drawPass(renderer, slot, order, drawn);
         slot.done.await();
         sum.add(delivery->fetch(slot.frame));
     }
@@ -195,18 +195,12 @@ void SCNRenderer::State::addPasses(
 void SCNRenderer::State::drawPasses(
     SCNRenderer& renderer, Slot& slot, const FrameRequest& request) {
     if (request.leftOut == 0) {
-        addPasses(renderer, slot, request, mean);
+        addPasses(renderer, slot, {request}, mean);
         mean.write(slot.mean);
         return;
     }
-    {
-        const PlainBackground black(*renderer.scene(), 0);
-        addPasses(renderer, slot, request, mean);
-    }
-    {
-        const PlainBackground white(*renderer.scene(), 1);
-        addPasses(renderer, slot, request, meanOnWhite);
-    }
+    addPasses(renderer, slot, {request, &black}, mean);
+    addPasses(renderer, slot, {request, &white}, meanOnWhite);
     mean.writeMatte(meanOnWhite, slot.mean);
 }
 
@@ -229,7 +223,7 @@ void SCNRenderer::begin(const FrameRequest& request) {
     slot.frame = {index, &slot.picture, request.outputSize};
     slot.mean.clear();
     if (State::isDrawnOnce(request)) {
-        state->drawPass(*this, slot, request, {});
+        state->drawPass(*this, slot, {request}, {});
     } else {
         state->drawPasses(*this, slot, request);
     }

@@ -3,6 +3,7 @@
 
 #include "platform/render/Hash.h"
 #include "platform/render/ShadowReach.h"
+#include "platform/scene/MaterialOpacity.h"
 
 #include <algorithm>
 #include <cmath>
@@ -39,6 +40,7 @@ SceneDrawer::Frame SceneDrawer::begin(
         scene,
         canvas.target,
         canvas.detail,
+        canvas.backdrop != nullptr ? *canvas.backdrop : scene.background,
         frameBlock(scene, canvas),
         {snapshot, views.all(), uniforms, frameFeatures(scene)}};
 }
@@ -66,7 +68,19 @@ void SceneDrawer::prepareFloor(const Frame& frame) {
 }
 
 void SceneDrawer::drawOnFloor(const Frame& frame) {
+    if (catcher)
+        floor.catchShadows(floorTools(), floorFrame(frame), catcher->shadowed);
     floor.drawOn(floorTools(), floorFrame(frame));
+}
+
+void SceneDrawer::planCatcher(const ItemPainter::Frame& frame, Size picture) {
+    catcher.reset();
+    const std::optional<Snapshot::Floor>& caught = snapshot.floor();
+    if (!caught || !caught->isLeftOut || scene::constantOpacity(*caught->item.material) <= 0)
+        return;
+    const OpaqueItem plan = planned(frame, caught->item, picture);
+    if (plan.isDarkened)
+        catcher = plan;
 }
 
 void SceneDrawer::drawStill(const Frame& frame) {
@@ -77,8 +91,9 @@ void SceneDrawer::drawStill(const Frame& frame) {
         opaques.push_back(planned(frame.items, item, size));
         keys.push_back(painter.key(frame.items, item, opaques.back().lights));
     }
-    if (BackgroundPass::isPicture(frame.scene.background))
-        keys.push_back(background.key(frame.scene.background));
+    planCatcher(frame.items, size);
+    if (BackgroundPass::isPicture(frame.background))
+        keys.push_back(background.key(frame.background));
     const StillLayer::Step step = layer.plan(keys, surroundingsKey(frame), size);
     if (step == StillLayer::Step::without) {
         drawBackground(frame, frame.target);
@@ -97,7 +112,7 @@ void SceneDrawer::drawStill(const Frame& frame) {
 }
 
 bool SceneDrawer::hasShade() const {
-    return std::ranges::any_of(opaques, &OpaqueItem::isDarkened);
+    return catcher.has_value() || std::ranges::any_of(opaques, &OpaqueItem::isDarkened);
 }
 
 void SceneDrawer::drawShade(const Frame& frame) {
@@ -108,7 +123,14 @@ void SceneDrawer::drawShade(const Frame& frame) {
         if (!opaque.isDarkened)
             continue;
         state.setScissor(opaque.shadowed.halved());
-        painter.drawShade(frame.items, *opaque.item, opaque.shadowLights);
+        painter.drawShade(
+            frame.items, *opaque.item, opaque.shadowLights, ItemPainter::Shade::colored);
+    }
+    if (catcher) {
+        state.setScissor(catcher->shadowed.halved());
+        snapshot.forEachPart(*snapshot.floor(), [&](const DrawItem& item) {
+            painter.drawShade(frame.items, item, catcher->shadowLights, ItemPainter::Shade::grey);
+        });
     }
     state.setScissor(std::nullopt);
     state.bindTexture(kShadeUnit, shade.color(), textures.smoothSampler());
@@ -188,7 +210,7 @@ std::uint64_t SceneDrawer::surroundingsKey(const Frame& frame) {
     hash.addBlock(timeless);
     hash.add(frame.items.features);
     hash.addAddress(probeOf(frame.scene).get());
-    hash.add(background.key(frame.scene.background));
+    hash.add(background.key(frame.background));
     return hash.result();
 }
 
@@ -241,7 +263,7 @@ void SceneDrawer::keepWhatTheLayerShows(const scene::SCNScene& scene) {
 
 void SceneDrawer::drawBackground(const Frame& frame, const RenderTarget& target) {
     background.draw(
-        {state, textures, frame.items.uniforms}, frame.scene.background, snapshot.camera(), target);
+        {state, textures, frame.items.uniforms}, frame.background, snapshot.camera(), target);
     state.clearDepth();
     frame.items.uniforms.bind(state, kFrameBinding, frame.block);
 }

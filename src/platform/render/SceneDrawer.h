@@ -37,6 +37,7 @@ public:
         const scene::SCNScene& scene;
         const RenderTarget& target;
         Detail detail;
+        const scene::SCNMaterialProperty& background;
         FrameBlock block;
         ItemPainter::Frame items;
     };
@@ -45,6 +46,7 @@ public:
     struct Canvas {
         const RenderTarget& target;
         Detail detail = Detail::full;
+        const scene::SCNMaterialProperty* backdrop = nullptr; ///< see FrameInput
     };
 
     /// Reads the scene, which must not change until `end`.
@@ -115,6 +117,7 @@ private:
         bool isDepthFirst = false; ///< its depth is drawn before its colour
     };
 
+    void planCatcher(const ItemPainter::Frame& frame, Size picture);
     [[nodiscard]] FloorPass::Tools floorTools();
     [[nodiscard]] FloorPass::Frame floorFrame(const Frame& frame) const;
     /// Null if the scene has no image-based light.
@@ -151,6 +154,8 @@ private:
     ShadowViews views;
     std::vector<OpaqueItem> opaques;
     std::vector<std::uint64_t> keys; ///< of the opaques
+    /// A floor that is left out: only the shadows on it are drawn.
+    std::optional<OpaqueItem> catcher;
     /// Owners of the addresses in the layer's keys, so that no new object gets such an address.
     std::vector<std::shared_ptr<const void>> layerOwners;
 };

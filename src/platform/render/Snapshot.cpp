@@ -24,6 +24,17 @@ const SCNMaterial& defaultMaterial() {
     return kMaterial;
 }
 
+const SCNMaterial& materialOf(const scene::SCNGeometry& geometry, std::size_t element) {
+    const SCNMaterial* material = geometry.materialFor(element);
+    return material != nullptr ? *material : defaultMaterial();
+}
+
+bool hasFloor(const SCNNode& node) {
+    return std::ranges::any_of(node.geometry->materials, [](const scene::SCNMaterialPtr& material) {
+        return material != nullptr && material->floor.has_value();
+    });
+}
+
 const SCNNode* firstWithCamera(const SCNNode& node) {
     if (node.camera)
         return &node;
@@ -201,7 +212,7 @@ void Snapshot::walk(const SCNNode& node, const Inherited& inherited, const Frust
              glm::vec3(own.world[3]) + camera_.axes[2] * node.light->lift,
              length > 0 ? -backwards / length : glm::vec3(0, 0, -1)});
     }
-    if (node.geometry && own.opacity >= kInvisible && !isLeftOut(node))
+    if (node.geometry && own.opacity >= kInvisible && (!isLeftOut(node) || hasFloor(node)))
         addNode(node, own, frustum);
     for (const auto& emitter : node.emitters()) {
         if (!emitter->live().empty() && !isLeftOut(node))
@@ -244,8 +255,43 @@ void Snapshot::addNode(const SCNNode& node, const Inherited& own, const Frustum&
         visible.level = levelFor(mesh, largestScale(own.world) * pixelsAtOne / distance);
     }
     nodes_.push_back(visible);
-    if (isInView)
-        addItems(static_cast<std::uint32_t>(nodes_.size() - 1));
+    const auto index = static_cast<std::uint32_t>(nodes_.size() - 1);
+    if (isInView && isLeftOut(node)) {
+        noteFloorsLeftOut(index);
+    } else if (isInView) {
+        addItems(index);
+    }
+}
+
+void Snapshot::noteFloor(std::uint32_t index, std::uint32_t element, bool isLeftOut) {
+    const VisibleNode& node = nodes_[index];
+    const SCNMaterial& material = materialOf(*node.geometry, element);
+    if (!material.floor || floor_)
+        return;
+    floor_ = {
+        {index, element, &material, node.farthest, false},
+        node.world[3].y + material.floor->height,
+        node.opacity,
+        isLeftOut};
+}
+
+void Snapshot::forEachPart(
+    const Floor& floor, const std::function<void(const DrawItem&)>& call) const {
+    const scene::SCNGeometry& geometry = *nodes_[floor.item.node].geometry;
+    DrawItem part = floor.item;
+    for (; part.element < geometry.mesh().elements.size(); ++part.element) {
+        const bool isDrawn = geometry.mesh().elements[part.element].indexCount > 0;
+        if (isDrawn && &materialOf(geometry, part.element) == floor.item.material)
+            call(part);
+    }
+}
+
+void Snapshot::noteFloorsLeftOut(std::uint32_t index) {
+    const geometry::Mesh& mesh = nodes_[index].geometry->mesh();
+    for (std::uint32_t element = 0; element < mesh.elements.size(); ++element) {
+        if (mesh.elements[element].indexCount > 0)
+            noteFloor(index, element, true);
+    }
 }
 
 void Snapshot::addItems(std::uint32_t index) {
@@ -254,14 +300,8 @@ void Snapshot::addItems(std::uint32_t index) {
     for (std::uint32_t element = 0; element < mesh.elements.size(); ++element) {
         if (mesh.elements[element].indexCount == 0)
             continue;
-        const SCNMaterial* material = node.geometry->materialFor(element);
-        if (material == nullptr)
-            material = &defaultMaterial();
-        if (material->floor && !floor_)
-            floor_ = {
-                {index, element, material, node.farthest, false},
-                node.world[3].y + material->floor->height,
-                node.opacity};
+        const SCNMaterial* material = &materialOf(*node.geometry, element);
+        noteFloor(index, element, false);
         if (node.opacity * constantOpacity(*material) < kInvisible)
             continue;
         // Opaque items are sorted by their farthest corner, so that a floor that reaches to the

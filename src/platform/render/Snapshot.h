@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <vector>
@@ -100,13 +101,17 @@ public:
 
     /// A surface in view that shows what stands on it (SCNMaterial::floor).
     struct Floor {
-        DrawItem item;
+        DrawItem item;    ///< the first of them, if several elements of the node are the floor
         float height = 0; ///< of its level part, in the world
         float opacity = 1;
+        bool isLeftOut = false; ///< is not drawn itself, but still shows what stands on it
     };
 
-    /// The first one in tree order.
+    /// The first one in tree order. One that is left out counts, too.
     [[nodiscard]] const std::optional<Floor>& floor() const { return floor_; }
+
+    /// All elements that are this floor.
+    void forEachPart(const Floor& floor, const std::function<void(const DrawItem&)>& call) const;
 
     [[nodiscard]] std::span<const VisibleNode> nodes() const { return nodes_; }
 
@@ -137,6 +142,10 @@ private:
     void walk(const scene::SCNNode& node, const Inherited& inherited, const Frustum& frustum);
     void addNode(const scene::SCNNode& node, const Inherited& own, const Frustum& frustum);
     void addItems(std::uint32_t index);
+    /// If the element is a floor and none is known yet.
+    void noteFloor(std::uint32_t index, std::uint32_t element, bool isLeftOut);
+    /// Nothing of a node that is left out is drawn.
+    void noteFloorsLeftOut(std::uint32_t index);
     /// Whether blending is needed to draw this material with this opacity.
     [[nodiscard]] bool isTranslucent(const scene::SCNMaterial& material, float opacity);
 

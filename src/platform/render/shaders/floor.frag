@@ -1,7 +1,7 @@
 // What a floor shows besides its own surface: the mirror image of the things above it, and dark
 // places under them.
 // passDirections: from the world to the contact map. passNumbers[0]: mirrored share from straight
-// above, darkness of the contact, height of the floor, opacity.
+// above, darkness of the contact; the rest: see floor_level.glsl.
 layout(location = 0) in vec3 vPosition;
 layout(location = 1) in vec3 vNormal;
 #ifdef HAS_ROUGHNESS_PICTURE
@@ -12,15 +12,15 @@ layout(binding = UNIT_PICTURE) uniform sampler2D uMirror;
 layout(binding = UNIT_DEPTH) uniform sampler2D uContact;
 layout(location = 0) out vec4 oColor;
 
+#include "floor_level.glsl"
+
 const float kBrightest = 4.0; // in the mirror image, which holds square roots of colours
 
 const float kContact = 1.6; // things are thin, but they also stop light from the sides
 
 void main() {
     vec4 look = passNumbers[0];
-    // Only the level part of the floor; a curved backdrop leaves it gradually.
-    float level = smoothstep(0.94, 0.995, normalize(vNormal).y) * look.w
-        * clamp(1.0 - (abs(vPosition.y - look.z) - 1.0) * 0.2, 0.0, 1.0);
+    float level = levelShare(vPosition, normalize(vNormal));
     float roughness = factors.x;
 #ifdef HAS_ROUGHNESS_PICTURE
     roughness *= texture(uRoughness, vTexcoord).r;

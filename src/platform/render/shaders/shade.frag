@@ -32,5 +32,11 @@ void main() {
     all += irradianceAt(s.N) * s.albedo * frame.z;
 #endif
     all += surface.emission.rgb + surface.diffuse.rgb * surface.selfIllumination;
-    oTaken = vec4(taken / max(all, 1e-4), 1.0 / gl_FragCoord.w);
+#ifdef GREY
+    const vec3 kBrightness = vec3(0.2126, 0.7152, 0.0722); // ITU-R BT.709
+    vec3 share = vec3(dot(taken, kBrightness) / max(dot(all, kBrightness), 1e-4));
+#else
+    vec3 share = taken / max(all, 1e-4);
+#endif
+    oTaken = vec4(share, 1.0 / gl_FragCoord.w);
 }
