@@ -8,6 +8,7 @@
 #include <glm/gtc/matrix_transform.hpp>
 
 #include <algorithm>
+#include <array>
 
 namespace zelvo::render {
 namespace {
@@ -50,10 +51,13 @@ bool ContactMap::draw(
     const ShadowPass::Tools& tools,
     const Snapshot& snapshot,
     const Snapshot::Floor& floor,
-    Refresh refresh) {
+    const Request& request) {
     things.clear();
     Hash hash;
+    const Effort& effort = request.effort;
     hash.addBlock(floor.height);
+    hash.addBlock(
+        std::array{effort.contactSearchLookups, effort.contactLookups, effort.closeContactLookups});
     reach = {};
     for (const VisibleNode& node : snapshot.nodes()) {
         if (!isOnFloor(node, snapshot.nodes()[floor.item.node]))
@@ -75,7 +79,7 @@ bool ContactMap::draw(
         content = 0; // what comes next must not find these
         return false;
     }
-    const bool mayStay = refresh == Refresh::later && content != 0;
+    const bool mayStay = request.refresh == Refresh::later && content != 0;
     if (!isNew && (mayStay || content == hash.result()))
         return true;
     content = hash.result();
@@ -85,7 +89,8 @@ bool ContactMap::draw(
         ShadowPass::drawCaster(tools, *node);
     glGenerateTextureMipmap(footprints.color());
     PassBlock block;
-    block.passNumbers[0] = {kWidest, 0, 0, 0};
+    block.passNumbers[0] = {
+        kWidest, effort.contactSearchLookups, effort.contactLookups, effort.closeContactLookups};
     soften.run(
         {tools.state, tools.uniforms},
         softened,

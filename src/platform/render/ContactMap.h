@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/render/DrawQuality.h"
+#include "platform/render/Effort.h"
 #include "platform/render/FullscreenPass.h"
 #include "platform/render/PixelRect.h"
 #include "platform/render/RenderTarget.h"
@@ -17,12 +18,18 @@ namespace zelvo::render {
 /// made from a picture of them, seen from the floor upwards.
 class ContactMap {
 public:
+    /// How to draw it.
+    struct Request {
+        const Effort& effort;
+        Refresh refresh;
+    };
+
     /// Keeps the map if nothing has moved. False if nothing is near the floor.
     [[nodiscard]] bool draw(
         const ShadowPass::Tools& tools,
         const Snapshot& snapshot,
         const Snapshot::Floor& floor,
-        Refresh refresh);
+        const Request& request);
 
     /// Red is the lost share.
     [[nodiscard]] std::uint32_t texture() const { return softened.color(); }

@@ -2,32 +2,17 @@
 #include "platform/render/FloorPass.h"
 
 #include "platform/foundation/Check.h"
+#include "platform/render/Effort.h"
 #include "platform/render/ShaderProgram.h"
 #include "platform/render/ShadowReach.h"
 #include "platform/scene/MaterialOpacity.h"
 
-#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace zelvo::render {
 namespace {
-
-/// The mirror image is blurred, so it needs fewer pixels than the picture.
-struct MirrorRow {
-    double scale; ///< its size over the picture's
-    float blurSamples;
-};
-
-// clang-format off
-/// In the order of Detail.
-constexpr auto kMirrors = std::to_array<MirrorRow>({
-    {1.0 / 3, 16},
-    {1.0 / 5, 8}
-});
-
-// clang-format on
 
 ProgramHandle build(std::string_view fragmentFile, const std::vector<std::string>& defines) {
     auto built = buildProgram({"surface.vert", fragmentFile, defines});
@@ -54,7 +39,7 @@ void FloorPass::prepare(const Tools& tools, const Frame& frame) {
             {tools.state, tools.meshes, tools.shaders, frame.items.uniforms, tools.textures},
             frame.snapshot,
             floor,
-            turn % 2 == 0 ? Refresh::now : Refresh::later);
+            {effortOf(frame.detail), turn % 2 == 0 ? Refresh::now : Refresh::later});
     if (look.mirror > 0)
         drawMirror(tools, frame);
 }
@@ -62,8 +47,8 @@ void FloorPass::prepare(const Tools& tools, const Frame& frame) {
 void FloorPass::drawMirror(const Tools& tools, const Frame& frame) {
     const Snapshot::Floor& floor = *frame.snapshot.floor();
     const scene::SCNFloorLook& look = *floor.item.material->floor;
-    const MirrorRow& row = kMirrors.at(static_cast<std::size_t>(frame.detail));
-    const Size size = frame.target.size().scaled(row.scale);
+    const Effort& effort = effortOf(frame.detail);
+    const Size size = frame.target.size().scaled(effort.mirrorScale);
     const VisibleNode& node = frame.snapshot.nodes()[floor.item.node];
     mirror.draw(
         {tools.state, tools.painter, tools.particles, tools.textures},
@@ -75,7 +60,7 @@ void FloorPass::drawMirror(const Tools& tools, const Frame& frame) {
          boundsOnScreen(node, frame.snapshot.camera(), size),
          frame.block,
          frame.items,
-         row.blurSamples,
+         effort.mirrorLookups,
          turn == 0 || turn % 2 == 1 ? Refresh::now : Refresh::later});
 }
 

@@ -20,6 +20,7 @@ constexpr double kHeightsScale = 0.5; ///< size of the picture of heights over t
 } // namespace
 
 void MirrorImage::draw(const Tools& tools, const Request& request) {
+    spread = kWidestBlur * request.look.blur;
     snapshot.takeMirrored(request.scene, request.snapshot, request.height);
     if (seenIn(request.size).intersected(request.part).isEmpty()) {
         drawnFrom.reset();
@@ -75,9 +76,9 @@ void MirrorImage::blur(const Tools& tools, const Request& request) {
     const FullscreenPass::Tools passTools{tools.state, request.items.uniforms};
     PassBlock block;
     block.passDirections = glm::inverse(camera.viewProjection);
-    const float widest = kWidestBlur * request.look.blur;
     const float eyeHeight = std::max(request.height - camera.position.y, 1.0f);
-    block.passNumbers[0] = {request.height, widest, eyeHeight, request.blurSamples};
+    block.passNumbers[0] = {
+        request.height, spread, eyeHeight, static_cast<float>(request.blurLookups)};
     heights.resize(request.size.scaled(kHeightsScale), tools.state);
     measure.run(
         passTools, heights, {{kPictureUnit, sharp.color()}, {kDepthUnit, sharp.depth()}}, block);
@@ -109,8 +110,7 @@ PixelRect MirrorImage::seenIn(Size picture) const {
         return PixelRect::whole(picture);
     if (seen.isEmpty())
         return seen;
-    const int margin =
-        static_cast<int>(std::ceil(kWidestBlur * static_cast<float>(picture.height)));
+    const int margin = static_cast<int>(std::ceil(spread * static_cast<float>(picture.height))) + 1;
     seen = {seen.left - margin, seen.top - margin, seen.right + margin, seen.bottom + margin};
     return seen.intersected(PixelRect::whole(picture));
 }

@@ -35,7 +35,7 @@ public:
         PixelRect part; ///< of it that is needed
         FrameBlock block;
         ItemPainter::Frame items;
-        float blurSamples; ///< lookups a pixel
+        int blurLookups; ///< of a pixel
         Refresh refresh;
     };
 
@@ -45,7 +45,7 @@ public:
     /// Colours; the floor adds them to its own.
     [[nodiscard]] std::uint32_t texture() const { return blurred.color(); }
 
-    /// The part of a picture in which something is mirrored.
+    /// The part of a picture in which something is mirrored; valid after `draw`.
     [[nodiscard]] PixelRect seenIn(Size picture) const;
 
     /// What was drawn, seen from under the floor.
@@ -57,6 +57,7 @@ private:
     [[nodiscard]] bool mayStay(const Request& request) const;
 
     Snapshot snapshot;
+    float spread = 0;                   ///< of the blur, as a share of the picture's height
     std::optional<glm::mat4> drawnFrom; ///< view of the last image; empty: there is none
     RenderTarget sharp{TargetFormat::mirror, TargetFormat::depth32};
     RenderTarget heights{TargetFormat::casters};

@@ -4,6 +4,7 @@
 #include "platform/render/Size.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace zelvo::render {
 
@@ -22,9 +23,15 @@ struct PixelRect {
         return isEmpty() ? 0.0 : static_cast<double>(right - left) * (bottom - top);
     }
 
-    /// The part of a picture of half the size that shows the same.
-    [[nodiscard]] PixelRect halved() const {
-        return {left / 2, top / 2, (right + 1) / 2, (bottom + 1) / 2};
+    /// The part of a picture of another size that shows at least the same.
+    [[nodiscard]] PixelRect scaled(Size from, Size to) const {
+        const double x = static_cast<double>(to.width) / from.width;
+        const double y = static_cast<double>(to.height) / from.height;
+        return {
+            static_cast<int>(std::floor(left * x)),
+            static_cast<int>(std::floor(top * y)),
+            static_cast<int>(std::ceil(right * x)),
+            static_cast<int>(std::ceil(bottom * y))};
     }
 
     [[nodiscard]] PixelRect intersected(const PixelRect& other) const {

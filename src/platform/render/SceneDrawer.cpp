@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/SceneDrawer.h"
 
+#include "platform/render/Effort.h"
 #include "platform/render/Hash.h"
 #include "platform/render/ShadowReach.h"
 #include "platform/scene/MaterialOpacity.h"
@@ -11,9 +12,9 @@
 namespace zelvo::render {
 namespace {
 
-// Lookups of a shadow: to search casters, and for its edge (see shadows.glsl).
-constexpr glm::vec4 kFullEffort{4, 8, 0, 0};
-constexpr glm::vec4 kMovingEffort{2, 4, 0, 0};
+Size shadeSize(Size drawn, Detail detail) {
+    return drawn.scaled(effortOf(detail).shadeScale);
+}
 
 /// Whether two translucent items are drawn as one thing.
 bool belongTogether(const DrawItem& a, const DrawItem& b) {
@@ -34,7 +35,7 @@ SceneDrawer::Frame SceneDrawer::begin(
     const Canvas& canvas,
     UniformArena& uniforms) {
     snapshot.take(scene, sight, canvas.target.size());
-    views = shadowViews(snapshot);
+    views = shadowViews(snapshot, effortOf(canvas.detail).maxShadowMap);
     painter.begin();
     return {
         scene,
@@ -116,13 +117,14 @@ bool SceneDrawer::hasShade() const {
 }
 
 void SceneDrawer::drawShade(const Frame& frame) {
-    shade.resize(frame.target.size().scaled(0.5), state);
+    const Size drawn = frame.target.size();
+    shade.resize(shadeSize(drawn, frame.detail), state);
     shade.bind(state);
     state.clear();
     for (const OpaqueItem& opaque : opaques) {
         if (!opaque.isDarkened)
             continue;
-        state.setScissor(opaque.shadowed.halved());
+        state.setScissor(opaque.shadowed.scaled(drawn, shade.size()));
         painter.drawShade(
             frame.items, *opaque.item, opaque.shadowLights, ItemPainter::Shade::colored);
     }
@@ -194,7 +196,14 @@ FrameBlock SceneDrawer::frameBlock(const scene::SCNScene& scene, const Canvas& c
         static_cast<float>(std::exp2(stops)),
         scene.lightingEnvironment.intensity,
         static_cast<float>(canvas.target.samples())};
-    block.effort = canvas.detail == Detail::full ? kFullEffort : kMovingEffort;
+    const Effort& effort = effortOf(canvas.detail);
+    const Size drawn = canvas.target.size();
+    const Size shadeImage = shadeSize(drawn, canvas.detail);
+    block.effort = {
+        effort.casterLookups,
+        effort.edgeLookups,
+        static_cast<float>(shadeImage.width) / static_cast<float>(drawn.width),
+        static_cast<float>(shadeImage.height) / static_cast<float>(drawn.height)};
     if (const auto probe = probeOf(scene)) {
         for (std::size_t i = 0; i < block.irradiance.size(); ++i) {
             block.irradiance.at(i) = glm::vec4(probe->irradiance.at(i), 0);

@@ -53,7 +53,7 @@ enum Unit : std::uint32_t {
     ONE(mat4, view)                                                                                       \
     ONE(vec4, cameraPosition)   /* xyz in the world */                                                    \
     ONE(vec4, frame)            /* x scene seconds, y exposure factor, z environment's intensity, w samples */ \
-    ONE(vec4, effort)           /* lookups of a shadow: x to search casters, y for its edge */             \
+    ONE(vec4, effort)           /* lookups of a shadow: x to search casters, y for its edge; zw see shade_around.glsl */ \
     LIST(vec4, irradiance, 9)   /* rgb, see image::LightProbe */
 
 #define ZELVO_LIGHT_BLOCK(ONE, LIST)                                                                      \

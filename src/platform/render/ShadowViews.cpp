@@ -20,7 +20,6 @@ constexpr float kMinHalfExtent = 500; ///< scene units, for the map of a directi
 /// the map grows in steps of 10 %, so that shadow edges do not crawl
 constexpr float kExtentStep = 1.1f;
 constexpr unsigned kMinMap = 128;
-constexpr unsigned kMaxMap = 1024;     ///< softer shadows need no finer map
 constexpr float kWidestRadius = 0.03f; ///< of the soft edge, as a share of the map
 constexpr float kSunDistance = 1000;   ///< scene units; see SCNLight::lampRadius
 constexpr float kShiftTexels = 1.5f;
@@ -69,12 +68,12 @@ float steppedUp(float extent) {
     return std::pow(kExtentStep, std::ceil(std::log(extent) / std::log(kExtentStep)));
 }
 
-void setMap(ShadowView& view, const SCNLight& light) {
+void setMap(ShadowView& view, const SCNLight& light, unsigned maxMap) {
     const float radius = std::max(light.shadowRadius, 1.0f);
     const auto size = static_cast<float>(light.shadowMapSize);
     view.leastRadius = std::min(radius / size, kWidestRadius);
     const auto needed = static_cast<unsigned>(std::lround(2 * size / radius));
-    view.mapSize = static_cast<int>(std::bit_ceil(std::clamp(needed, kMinMap, kMaxMap)));
+    view.mapSize = static_cast<int>(std::bit_ceil(std::clamp(needed, kMinMap, maxMap)));
 }
 
 void fitDirectional(ShadowView& view, const PlacedLight& placed, const Snapshot& snapshot) {
@@ -256,7 +255,7 @@ bool casts(const VisibleNode& node, const scene::SCNLight& light) {
     return node.castsShadow || (node.categoryBitMask & light.shadowCasterMask) != 0;
 }
 
-ShadowViews shadowViews(const Snapshot& snapshot) {
+ShadowViews shadowViews(const Snapshot& snapshot, unsigned maxMap) {
     ShadowViews result;
     const std::span<const PlacedLight> lights = snapshot.lights();
     for (std::uint32_t i = 0; i < lights.size() && result.count < result.views.size(); ++i) {
@@ -264,7 +263,7 @@ ShadowViews shadowViews(const Snapshot& snapshot) {
         if (!light.castsShadow || light.shadowColor.alpha <= 0)
             continue;
         ShadowView view{.light = i};
-        setMap(view, light);
+        setMap(view, light, maxMap);
         if (!fit(view, lights[i], snapshot))
             continue;
         view.toTexture = clipToTexture() * view.viewProjection;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/render/Effort.h"
 #include "platform/render/ShaderBlocks.h"
 #include "platform/render/Snapshot.h"
 
@@ -44,8 +45,9 @@ struct ShadowViews {
 ///
 /// `shadowRadius` is in texels of a map of `shadowMapSize`. That map covers a spot's cone; for a
 /// directional light it covers 1000 scene units, or all casters if they need more. The map that is
-/// really drawn is coarser the softer the edge is.
-[[nodiscard]] ShadowViews shadowViews(const Snapshot& snapshot);
+/// really drawn is coarser the softer the edge is. It has at most `maxMap` texels on each side.
+[[nodiscard]] ShadowViews
+shadowViews(const Snapshot& snapshot, unsigned maxMap = effortOf(Detail::full).maxShadowMap);
 
 /// The same view, limited to a single caster.
 [[nodiscard]] ShadowView boundedTo(const VisibleNode& caster, const ShadowView& view);

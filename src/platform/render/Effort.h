@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/render/DrawQuality.h"
+
+#include <array>
+#include <cstddef>
+
+namespace zelvo::render {
+
+/// What is spent on soft parts of a picture. These are numbers in uniforms and sizes of pictures,
+/// so no shader is built when the detail changes.
+struct Effort {
+    // shadows
+    int casterLookups;
+    int edgeLookups;
+    unsigned maxShadowMap; ///< texels on each side
+    double shadeScale; ///< size of the picture of shadows on what stands still, over the drawn one
+    // mirror images
+    double mirrorScale; ///< over the drawn size
+    int mirrorLookups;
+    // dark places on floors
+    int contactSearchLookups;
+    int contactLookups;
+    int closeContactLookups;
+};
+
+// clang-format off
+/// In the order of Detail.
+inline constexpr auto kEfforts = std::to_array<Effort>({
+    {4, 8, 1024, 1.0 / 2,  1.0 / 3, 16,  8, 24, 12}, // full
+    {2, 4,  512, 1.0 / 3,  1.0 / 5,  8,  4,  8,  4}, // moving
+});
+
+// clang-format on
+
+[[nodiscard]] constexpr const Effort& effortOf(Detail detail) {
+    return kEfforts.at(static_cast<std::size_t>(detail));
+}
+
+} // namespace zelvo::render
