@@ -63,7 +63,7 @@ struct FramePasses::Table {
          [](Const, F) { return true; },
          [](All all, F frame) { all.drawer.drawStill(frame.scene); }},
 
-        {"shadows at half the size", kShadowMaps, kShadeImage,
+        {"smaller picture of shadows", kShadowMaps, kShadeImage,
          [](Const all, F) { return all.drawer.hasShade(); },
          [](All all, F frame) { all.drawer.drawShade(frame.scene); }},
 

@@ -129,7 +129,7 @@ void SceneDrawer::drawShade(const Frame& frame) {
             frame.items, *opaque.item, opaque.shadowLights, ItemPainter::Shade::colored);
     }
     if (catcher) {
-        state.setScissor(catcher->shadowed.halved());
+        state.setScissor(catcher->shadowed.scaled(drawn, shade.size()));
         snapshot.forEachPart(*snapshot.floor(), [&](const DrawItem& item) {
             painter.drawShade(frame.items, item, catcher->shadowLights, ItemPainter::Shade::grey);
         });

@@ -82,7 +82,7 @@ public:
     void drawShadows(const Frame& frame);
     /// Draws the background and the opaque items that have not changed (StillLayer decides which).
     void drawStill(const Frame& frame);
-    /// Draws, at half the size, how much darker shadows make what does not cast. They are soft.
+    /// Draws, in a smaller picture, how much darker shadows make what does not cast. They are soft.
     void drawShade(const Frame& frame);
     /// Draws the other opaque items, and the shadows on the unchanged ones.
     void drawMoving(const Frame& frame);

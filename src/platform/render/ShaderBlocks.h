@@ -44,7 +44,7 @@ enum Unit : std::uint32_t {
     kPictureUnit = 17, ///< the input of a full-screen pass
     kDepthUnit = 18,
     kGlowUnit = 19,  ///< what BloomPass has made
-    kShadeUnit = 20, ///< shadows at half the size
+    kShadeUnit = 20, ///< the smaller picture of shadows
 };
 
 // clang-format off
