@@ -11,6 +11,7 @@ struct Shading {
     vec3 energy; // correction for light that is reflected more than once
     vec3 shapeN; // without the relief of a normal picture
     vec3 coatN; // of the clear coat
+    float coatAlpha;
     float openness; // how far a hollow is open to lamps, 1 where there are no hollows
 };
 
@@ -53,14 +54,15 @@ float fresnelPower(float cosine) {
 }
 
 vec3 specularLobe(Shading s, float NoL, float NoH, float LoH) {
-    vec3 F = s.f0 + (1.0 - s.f0) * fresnelPower(LoH);
+    // A surface that reflects next to nothing from above does not from the side, either.
+    float grazing = clamp(25.0 * max(s.f0.r, max(s.f0.g, s.f0.b)), 0.0, 1.0);
+    vec3 F = s.f0 + (grazing - s.f0) * fresnelPower(LoH);
     return F * distribution(s.alpha, NoL, s.NoV, NoH);
 }
 
 #ifdef CLEAR_COAT
 // A lacquer with the index of refraction 1.5. The smoother it is, the less it follows the relief below.
 const float kCoatAlpha = 0.03;
-const float kCoatRoughness = 0.17;
 
 float coatShare(float cosine) {
     return multiply.w * (0.04 + 0.96 * fresnelPower(cosine));
@@ -79,7 +81,7 @@ vec3 coated(Shading s, vec3 below, vec3 L, vec3 H, float LoH) {
     float NoV = clamp(dot(s.coatN, s.V), 1e-3, 1.0);
     float NoH = clamp(dot(s.coatN, H), 0.0, 1.0);
     float share = coatShare(LoH);
-    return below * (1.0 - share) + share * NoL * distribution(kCoatAlpha, NoL, NoV, NoH);
+    return below * (1.0 - share) + share * NoL * distribution(s.coatAlpha, NoL, NoV, NoH);
 }
 #endif
 

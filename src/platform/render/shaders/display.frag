@@ -10,16 +10,22 @@ layout(binding = UNIT_PICTURE) uniform sampler2D uPicture;
 
 // Khronos Group 2024, "PBR Neutral Tone Mapper". Colours up to 0.8 keep their hue and saturation;
 // brighter ones move towards white.
+//
+// Unlike there, a bright colour also moves in hue, as on film: each channel is limited by itself
+// for kFilm of the way. So highlights on gold turn yellow and not salmon.
 vec3 toneMapped(vec3 c) {
     const float kStart = 0.8 - 0.04;
     const float kDesaturation = 0.15;
+    const float kFilm = 0.6;
     float least = min(c.r, min(c.g, c.b));
     c -= least < 0.08 ? least - 6.25 * least * least : 0.04;
     float peak = max(c.r, max(c.g, c.b));
     const float d = 1.0 - kStart;
     float newPeak = 1.0 - d * d / (max(peak, kStart) + d - kStart);
     float grey = 1.0 - 1.0 / (kDesaturation * (peak - newPeak) + 1.0);
-    vec3 bright = mix(c * (newPeak / max(peak, kStart)), vec3(newPeak), grey);
+    vec3 alone = mix(c, 1.0 - d * d / (max(c, kStart) + d - kStart), greaterThan(c, vec3(kStart)));
+    vec3 together = c * (newPeak / max(peak, kStart));
+    vec3 bright = mix(mix(together, alone, kFilm), vec3(newPeak), grey);
     return peak < kStart ? c : bright;
 }
 

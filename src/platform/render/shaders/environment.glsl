@@ -33,7 +33,7 @@ vec3 environmentAt(Shading s, vec2 fit, float ambientOcclusion) {
     vec3 light = irradianceHere * s.albedo + specularPart;
 #ifdef CLEAR_COAT
     float share = coatShare(clamp(dot(s.coatN, s.V), 0.0, 1.0));
-    light = mix(light, prefiltered(reflect(-s.V, s.coatN), kCoatRoughness), share);
+    light = mix(light, prefiltered(reflect(-s.V, s.coatN), sqrt(s.coatAlpha)), share);
 #endif
     return light * (ambientOcclusion * frame.z);
 }

@@ -14,7 +14,7 @@ layout(location = 0) out vec4 oColor;
 
 #include "floor_level.glsl"
 
-const float kBrightest = 4.0; // in the mirror image, which holds square roots of colours
+const float kBrightest = 2.0; // in the mirror image, which holds square roots of colours
 
 const float kContact = 1.6; // things are thin, but they also stop light from the sides
 

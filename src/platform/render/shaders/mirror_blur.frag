@@ -9,7 +9,8 @@ layout(location = 0) out vec4 oColor;
 const int kSearchSamples = 3;
 const float kSideways = 0.45;
 const float kHighest = 512.0; // see mirror_heights.frag
-const float kBrightest = 4.0; // the result is kept in 8 bits; see floor.frag
+const float kBrightest = 2.0; // the result is kept in 8 bits; see floor.frag
+const float kDimmed = 0.5; // with it, nothing is brighter than kBrightest
 const float kSearch = 0.4; // of the widest radius
 // Vogel 1979, "A better way to construct the sunflower head"
 const mat2 kGoldenTurn = mat2(-0.7373688, 0.6754903, -0.6754903, -0.7373688);
@@ -37,8 +38,10 @@ void main() {
     vec3 sum = vec3(0.0);
     for (int i = 0; i < count; ++i) {
         vec2 offset = direction * shape * (radius * sqrt((float(i) + 0.5) / samples));
-        sum += textureLod(uPicture, uv + offset, level).rgb;
+        vec3 light = textureLod(uPicture, uv + offset, level).rgb;
+        // What is far brighter than white must not outshine the thing that is mirrored.
+        sum += light / (1.0 + kDimmed * max(light.r, max(light.g, light.b)));
         direction = kGoldenTurn * direction;
     }
-    oColor = vec4(sqrt(min(sum * (1.0 / (kBrightest * samples)), 1.0)), 1.0);
+    oColor = vec4(sqrt(sum * (1.0 / (kBrightest * samples))), 1.0);
 }

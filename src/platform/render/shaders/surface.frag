@@ -62,6 +62,7 @@ vec3 litColor(Surface surface) {
     s.f0 = mix(0.08 * surface.specular.rgb, metal, metalness);
 #ifdef CLEAR_COAT
     s.f0 = mix(s.f0, reflectedBelowCoat(s.f0), multiply.w);
+    s.coatAlpha = widenedAlpha(s.coatN, kCoatAlpha);
 #endif
     float roughness = clamp(surface.roughness, 0.06, 1.0);
     s.alpha = widenedAlpha(s.N, roughness * roughness);
