@@ -35,6 +35,8 @@ SNE_Plain::SNE_Plain(foundation::RunLoop& loop)
 void SNE_Plain::setBackground(const image::Color& color) {
     SNE::setBackground(color);
     scene->background.contents = color;
+    // The floor throws its colour on the letters.
+    setLamp(nodeNamed("bounceLight"), color);
 }
 
 SNE_Shiny::SNE_Shiny(foundation::RunLoop& loop)

@@ -18,7 +18,7 @@ public:
     void setBackground(const image::Color& color) override;
 };
 
-/// A plain stage in front of the colour, lit by a grey horizon.
+/// A plain stage in front of the colour, lit by a grey horizon and by the floor.
 class SNE_Plain final : public SNE {
 public:
     explicit SNE_Plain(foundation::RunLoop& loop);

@@ -91,7 +91,7 @@ inline constexpr auto kSurfaces = [] {
         {Surface::oldMetal,     "Old Metal",    kPhysical,
          {{{&Slots::roughness, "scratches_roughness.jpg"sv},
            {&Slots::metalness, image::Color::white(0.88f)},
-           {&Slots::normal, "scratches_normal.jpg"sv, 0.3f}}}, kMetal},
+           {&Slots::normal, "scratches_normal.jpg"sv, 0.42f}}}, kMetal},
         {Surface::cracks,       "Cracked",      kPhysical,
          {{{&Slots::ambientOcclusion, "cracks_ambientocclusion.png"sv},
            {&Slots::specular, "cracks_specular.png"sv},

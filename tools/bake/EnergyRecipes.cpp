@@ -31,7 +31,7 @@ Baked veins(int side, int) {
                     static_cast<int>(p.y * static_cast<float>(side)));
                 // Read as a colour, so the stored value is about the square root of the light.
                 return glm::vec4(
-                    0.09f + 0.66f * std::pow(value, 2.4f),
+                    0.038f + 0.62f * std::pow(value, 2.2f),
                     0.85f * value * value + 0.04f,
                     0.8f * value * value * value + 0.05f,
                     1);

@@ -66,7 +66,7 @@ constexpr FaceLight kCloudFace{
 
 // clang-format off
 constexpr auto kCloudLamps = std::to_array<Softbox>({
-    {180, 56, 0,  {1.20f, 0.080f}, 0.02f, 0.26f, 0.0f,  kWarm},
+    {180, 56, 0,  {1.20f, 0.090f}, 0.02f, 0.60f, 0.0f,  kWarm},
     {256, 12, 3,  {0.070f, 0.95f}, 0.02f, 0.40f, 0.10f, kWarm},
     {104, 10, -3, {0.050f, 0.85f}, 0.02f, 0.34f, 0.20f, kCool},
     {330, 24, 0,  {0.14f, 0.40f},  0.04f, 0.36f, 0.0f,  kCool},
@@ -75,7 +75,7 @@ constexpr auto kCloudLamps = std::to_array<Softbox>({
 // clang-format on
 
 Baked cloudLayers(int width, int height) {
-    Baked baked = environment(width, height, 0.55f, [](const glm::vec3& direction) {
+    Baked baked = environment(width, height, 0.44f, [](const glm::vec3& direction) {
         return 0.042f * cloudySky(direction) * glm::vec3(0.95f, 1.0f, 1.07f) +
                lightOf(kCloudFace, direction) + lightOf(kCloudLamps, direction);
     });
@@ -112,16 +112,16 @@ constexpr FaceLight kJewelFace{
 
 // clang-format off
 constexpr auto kJewelPanels = std::to_array<Softbox>({
-    {180, 60, 0,  {1.20f, 0.070f}, 0.012f, 0.80f, 0.0f,  kNeutral},
+    {180, 60, 0,  {1.20f, 0.085f}, 0.012f, 2.20f, 0.0f,  kNeutral},
     {168, 2,  34, {0.022f, 0.60f}, 0.010f, 0.40f, 0.20f, kNeutral},
-    {252, 10, 4,  {0.050f, 0.95f}, 0.012f, 1.00f, 0.10f, kWarm   },
-    {106, 10, -4, {0.050f, 0.95f}, 0.012f, 0.90f, 0.10f, kCool   },
+    {252, 10, 4,  {0.060f, 0.95f}, 0.012f, 1.60f, 0.10f, kWarm   },
+    {106, 10, -4, {0.055f, 0.95f}, 0.012f, 1.30f, 0.10f, kCool   },
 });
 
 // clang-format on
 
 Baked jewelRoom(int width, int height) {
-    return environment(width, height, 0.55f, [](const glm::vec3& direction) {
+    return environment(width, height, 0.33f, [](const glm::vec3& direction) {
         const float walls = 0.0025f + 0.006f * glow(direction, directionOf(180, -30), 35);
         return glm::vec3(walls) + 1.1f * jewelLamps(direction) + lightOf(kJewelFace, direction) +
                lightOf(kJewelPanels, direction);
@@ -130,18 +130,18 @@ Baked jewelRoom(int width, int height) {
 
 // The scenes multiply this light by 2.5 or 7.
 constexpr FaceLight kSoftFace{
-    .panel = 0.72f,
-    .floor = 0.030f,
-    .columns = 0.92f,
+    .panel = 0.95f,
+    .floor = 0.020f,
+    .columns = 0.86f,
     .brightestColumn = 9,
     .above = kWarm,
     .below = kNeutral};
 
 // clang-format off
 constexpr auto kSoftPanels = std::to_array<Softbox>({
-    {180, 60, 0,  {1.20f, 0.070f}, 0.02f, 5.50f, 0.0f,  kNeutral},
-    {180, 34, 0,  {0.70f, 0.018f}, 0.01f, 3.00f, 0.0f,  kWarm   },
-    {250, 14, 3,  {0.050f, 0.90f}, 0.01f, 6.50f, 0.15f, kWarm   },
+    {180, 60, 0,  {1.20f, 0.090f}, 0.02f, 12.0f, 0.0f,  kNeutral},
+    {180, 34, 0,  {0.70f, 0.030f}, 0.01f, 6.00f, 0.0f,  kWarm   },
+    {250, 14, 3,  {0.050f, 0.90f}, 0.01f, 7.00f, 0.15f, kWarm   },
     {108, 12, -3, {0.036f, 0.90f}, 0.01f, 5.00f, 0.20f, kNeutral},
     {170, 4,  28, {0.022f, 0.60f}, 0.01f, 2.60f, 0.20f, kNeutral},
     {318, 50, 0,  {0.12f, 0.20f},  0.03f, 4.50f, 0.0f,  kCool   },
@@ -152,7 +152,7 @@ constexpr auto kSoftPanels = std::to_array<Softbox>({
 // clang-format on
 
 Baked softRoom(int width, int height) {
-    return environment(width, height, 0.16f, [](const glm::vec3& direction) {
+    return environment(width, height, 0.11f, [](const glm::vec3& direction) {
         const float elevation = elevationOf(direction);
         const float wall = glm::mix(0.004f, 0.030f, glm::smoothstep(-20.0f, 80.0f, elevation));
         const float floor = 0.015f * glow(direction, directionOf(180, -36), 24);

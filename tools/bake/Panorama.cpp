@@ -66,7 +66,7 @@ glm::vec3 lightOf(const FaceLight& light, const glm::vec3& direction) {
         std::cos(glm::radians((across - light.brightestColumn) * 360 / kColumnDegrees));
     const float share = 1 - light.columns * glm::smoothstep(0.85f, -0.6f, wave);
     const float rise = glm::smoothstep(-3.0f, 15.0f, up);
-    const float end = 1 - glm::smoothstep(30.0f, 46.0f, elevation);
+    const float end = 1 - glm::smoothstep(19.0f, 36.0f, elevation);
     const float below = std::max(0.0f, -5.5f - up);
     const float shine = glm::smoothstep(-2.5f, -6.0f, up) * std::exp(-below * below / 60);
     const float sides = 1 - glm::smoothstep(44.0f, 74.0f, std::abs(across));

@@ -132,7 +132,7 @@ glm::vec3 linear(float red, float green, float blue) {
 
 /// The haze over open ground at dusk, from nothing at the stage to all at the horizon.
 glm::vec3 hazeAtDusk() {
-    return linear(104, 88, 76);
+    return linear(132, 106, 84);
 }
 
 glm::vec4 shown(const glm::vec3& light, Dice& dice) {
@@ -151,8 +151,8 @@ glm::vec4 shown(const glm::vec3& light, Dice& dice) {
 glm::vec3 dusk(const glm::vec3& direction) {
     const float elevation = elevationOf(direction);
     const float height = glm::clamp(elevation / 60, 0.0f, 1.0f);
-    glm::vec3 sky = glm::mix(linear(112, 94, 92), linear(34, 44, 70), std::pow(height, 0.6f));
-    sky += linear(176, 104, 58) * 0.85f * glow(direction, directionOf(0, 4), 30);
+    glm::vec3 sky = glm::mix(linear(150, 124, 106), linear(24, 50, 92), std::pow(height, 0.6f));
+    sky += linear(255, 168, 84) * 0.80f * glow(direction, directionOf(0, 3), 26);
 
     // Layers of cloud at one height: finer and closer together towards the horizon.
     const glm::vec2 place =
@@ -160,7 +160,7 @@ glm::vec3 dusk(const glm::vec3& direction) {
     const glm::vec2 bent = warped(place, 0.025f, octaves(8, 3, 0.5f, 321));
     const float cover = glm::smoothstep(-0.10f, 0.50f, fractal(bent, octaves(9, 7, 0.55f, 322)));
     const float lit = glow(direction, directionOf(0, 2), 42);
-    const glm::vec3 cloud = linear(84, 80, 94) + linear(224, 140, 88) * (0.9f * lit);
+    const glm::vec3 cloud = linear(72, 82, 108) + linear(255, 172, 104) * (0.95f * lit);
     sky = glm::mix(sky, cloud, 0.62f * cover);
     return glm::mix(hazeAtDusk(), sky, glm::smoothstep(0.3f, 9.0f, elevation));
 }

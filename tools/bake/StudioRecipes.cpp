@@ -32,7 +32,7 @@ constexpr FaceLight kProductFace{
 // azimuth, elevation, roll, half sides, edge, power, falloff, tint
 // clang-format off
 constexpr auto kProductLamps = std::to_array<Softbox>({
-    {180, 56,  0,  {1.30f, 0.085f}, 0.020f, 5.0f,  0.0f,  kNeutral}, // above the camera: the rims at the top
+    {180, 56,  0,  {1.30f, 0.095f}, 0.020f, 10.0f, 0.0f,  kNeutral}, // above the camera: the rims at the top
     {150, 88,  0,  {0.75f, 0.16f},  0.05f,  2.4f,  0.0f,  kNeutral}, // overhead
     {168, 1,   32, {0.020f, 0.60f}, 0.008f, 2.6f,  0.20f, kNeutral}, // slanting strip: a glint on faces
     {254, 10,  3,  {0.070f, 1.00f}, 0.012f, 6.5f,  0.10f, kWarm   }, // strip to the left
@@ -57,7 +57,7 @@ glm::vec3 productRoom(const glm::vec3& direction) {
 }
 
 Baked productStudio(int width, int height) {
-    return environment(width, height, 0.62f, [](const glm::vec3& direction) {
+    return environment(width, height, 0.46f, [](const glm::vec3& direction) {
         constexpr float kExposure = 1.12f;
         return kExposure * (productRoom(direction) + lightOf(kProductFace, direction) +
                             lightOf(kProductLamps, direction));
@@ -75,10 +75,10 @@ constexpr FaceLight kHorizonFace{
 
 // clang-format off
 constexpr auto kHorizonLamps = std::to_array<Softbox>({
-    {180, 60, 0,  {1.20f, 0.050f}, 0.015f, 7.50f, 0.0f,  kNeutral},
+    {180, 60, 0,  {1.20f, 0.090f}, 0.015f, 12.0f, 0.0f,  kNeutral},
     {200, 84, 0,  {0.60f, 0.10f},  0.03f, 1.20f, 0.0f,  kNeutral},
-    {250, 14, 2,  {0.040f, 0.80f}, 0.012f, 5.50f, 0.10f, kWarm  },
-    {108, 12, -2, {0.030f, 0.80f}, 0.012f, 2.40f, 0.10f, kCool  },
+    {250, 14, 2,  {0.050f, 0.80f}, 0.012f, 7.00f, 0.10f, kWarm  },
+    {108, 12, -2, {0.030f, 0.80f}, 0.012f, 3.50f, 0.10f, kCool  },
     {306, 42, 0,  {0.12f, 0.22f},  0.03f, 2.00f, 0.0f,  kNeutral},
     {54,  42, 0,  {0.10f, 0.22f},  0.03f, 1.60f, 0.0f,  kNeutral},
 });
@@ -87,7 +87,7 @@ constexpr auto kHorizonLamps = std::to_array<Softbox>({
 
 /// Grey overcast: light at the zenith, a bright haze above the horizon, ground below.
 Baked greyHorizon(int width, int height) {
-    return environment(width, height, 0.33f, [](const glm::vec3& direction) {
+    return environment(width, height, 0.18f, [](const glm::vec3& direction) {
         const float elevation = elevationOf(direction);
         const float sky = glm::mix(0.010f, 0.090f, glm::smoothstep(20.0f, 85.0f, elevation));
         const float haze = 0.012f * std::exp(-std::max(0.0f, elevation) / 9.0f);
@@ -110,7 +110,7 @@ constexpr FaceLight kStageFace{
 
 // clang-format off
 constexpr auto kStageLamps = std::to_array<Softbox>({
-    {180, 58, 0,  {1.10f, 0.075f}, 0.015f, 6.5f, 0.0f,  kNeutral},
+    {180, 58, 0,  {1.10f, 0.090f}, 0.015f, 18.0f, 0.0f, kNeutral},
     {170, 2,  30, {0.022f, 0.60f}, 0.010f, 3.4f, 0.20f, kNeutral},
     {112, 10, -3, {0.045f, 0.90f}, 0.012f, 8.0f, 0.20f, kCool   },
     {246, 12, 3,  {0.055f, 0.90f}, 0.012f, 8.5f, 0.10f, kWarm   },
@@ -121,7 +121,7 @@ constexpr auto kStageLamps = std::to_array<Softbox>({
 // clang-format on
 
 Baked darkStage(int width, int height) {
-    return environment(width, height, 0.5f, [](const glm::vec3& direction) {
+    return environment(width, height, 0.32f, [](const glm::vec3& direction) {
         const float hall = 0.008f + 0.06f * glow(direction, directionOf(180, -34), 24);
         return glm::vec3(hall) + lightOf(kStageFace, direction) + lightOf(kStageLamps, direction);
     });
