@@ -139,7 +139,8 @@ TEST_F(Shading, NoLightComesThroughFromBehindARelief) {
 }
 
 // Expected: the published reference of the Khronos PBR neutral tone mapper; for the last two, which
-// move in hue, the limits of their channels taken one by one, as worked out by hand.
+// move in hue, worked out by hand: 15 % of what is above white is added as bloom, and 60 % is each
+// channel limited by itself.
 TEST_F(Shading, ToneMapsAsThePublishedCurveAndMovesBrightHues) {
     using Row = std::pair<glm::dvec3, glm::dvec3>;
 
@@ -150,7 +151,7 @@ TEST_F(Shading, ToneMapsAsThePublishedCurveAndMovesBrightHues) {
           {{0.5, 0.5, 0.5}, {0.460, 0.460, 0.460}},
           {{0.6, 0.1, 0.1}, {0.560, 0.060, 0.060}},
           {{1, 1, 1}, {0.869, 0.869, 0.869}},
-          {{2, 1, 0.5}, {0.960, 0.742, 0.444}},
+          {{2, 1, 0.5}, {0.963, 0.757, 0.473}},
           {{60, 6, 6}, {0.999, 0.962, 0.962}}}) {
         for (int c = 0; c < 3; ++c) {
             Color color = Color::hex(c == 0 ? 0xFF0000 : c == 1 ? 0x00FF00 : 0x0000FF);
@@ -158,8 +159,7 @@ TEST_F(Shading, ToneMapsAsThePublishedCurveAndMovesBrightHues) {
         }
         const glm::dvec3 got = measured();
         for (int c = 0; c < 3; ++c)
-            EXPECT_NEAR(got[c], wanted[c], light.r > 1 ? 0.016 : 0.006) // bloom adds to bright ones
-                << light.r << ", channel " << c;
+            EXPECT_NEAR(got[c], wanted[c], 0.006) << light.r << ", channel " << c;
         clear(2);
     }
 }
