@@ -15,18 +15,18 @@ namespace {
 struct FormatRow {
     GLenum storage;
     bool isDepth;
-    bool hasLevels;
+    int maxLevels; ///< no lookup needs coarser ones; each costs a pass
 };
 
 /// In the order of TargetFormat.
 // clang-format off
 constexpr auto kFormats = std::to_array<FormatRow>({
-    {GL_RGBA8,              false, false},
-    {GL_RGBA16F,            false, false},
-    {GL_DEPTH_COMPONENT32F, true,  false},
-    {GL_RGBA8,              false, true },
-    {GL_RGBA16F,            false, true },
-    {GL_R8,                 false, false}
+    {GL_RGBA8,              false, 1},
+    {GL_RGBA16F,            false, 1},
+    {GL_DEPTH_COMPONENT32F, true,  1},
+    {GL_RGBA8,              false, 7},
+    {GL_RGBA16F,            false, 6},
+    {GL_R8,                 false, 1}
 });
 
 // clang-format on
@@ -43,7 +43,7 @@ TextureHandle makeTexture(TargetFormat format, Size size, int samples) {
         glTextureStorage2DMultisample(name, samples, storage, size.width, size.height, GL_TRUE);
     } else {
         const auto side = static_cast<unsigned>(std::max(size.width, size.height));
-        const int levels = rowOf(format).hasLevels ? std::bit_width(side) : 1;
+        const int levels = std::min<int>(std::bit_width(side), rowOf(format).maxLevels);
         glCreateTextures(GL_TEXTURE_2D, 1, &name);
         glTextureStorage2D(name, levels, storage, size.width, size.height);
     }

@@ -12,6 +12,8 @@ layout(binding = UNIT_SHADOW) uniform sampler2D uShadowMaps[MAX_SHADOWS];
 
 const float kWidestRadius = 0.03;
 const float kShiftTexels = 1.5; // w was made from so many texels
+// What is turned away reflects nothing of the lamp. A clear coat has a normal of its own, so not 0.
+const float kTurnedAway = -0.3;
 const float kDepthStep = 2.5 / 255.0; // the map has 8 bits
 // Vogel 1979, "A better way to construct the sunflower head": each point is turned by the golden
 // angle against the one before, so that they cover a disc evenly.
@@ -57,11 +59,12 @@ float shadeAround(int map, vec3 at, float radius, float texels, float distance, 
 // pixel beside needs it; a condition would not be.
 float shadowAt(int light, int map, vec3 N, vec3 L) {
     vec4 settings = lightShadow[light];
-    float NoL = clamp(dot(N, L), 0.0, 1.0);
-    float tilt = max(sqrt(1.0 - NoL * NoL), 0.5);
+    float NoL = dot(N, L);
+    float tilt = max(sqrt(clamp(1.0 - NoL * NoL, 0.0, 1.0)), 0.5);
     vec3 at = placeInMap(light, vPosition + N * (settings.w * tilt));
     vec4 bounds = shadowBounds[light];
     bool isInside = all(greaterThan(at.xy, bounds.xy)) && all(lessThan(at.xy, bounds.zw));
+    isInside = isInside && NoL > kTurnedAway;
     float texels = float(textureSize(uShadowMaps[map], 0).x);
     float widest = clamp(settings.z * (lightPosition[light].w - at.z), settings.y, kWidestRadius);
     vec2 casters = castersAround(map, at, widest, texels, isInside ? int(effort.x) : 0);
