@@ -62,7 +62,8 @@ glm::mat4 facing(const glm::mat4& world, const glm::mat3& axes) {
 /// The coarsest version of a mesh that cannot be told from it, where a length of 1 has this many
 /// pixels.
 std::size_t levelFor(const geometry::Mesh& mesh, float pixels) {
-    constexpr float kUnseen = 1; // pixels
+    // Pixels. Where the surface is a whole pixel off, its shading shows the edges of the triangles.
+    constexpr float kUnseen = 0.7F;
     std::size_t level = 0;
     while (level < mesh.coarser.size() && mesh.coarser[level].error * pixels < kUnseen) {
         ++level;
