@@ -72,7 +72,7 @@ inline constexpr auto kSurfaces = [] {
         {Surface::plate,        "Plate",        kPhysical,
          {{{&Slots::normal, "QX_NoiseNormal_21.jpg"sv}}}, kEnamelled},
         {Surface::plastic,      "Plastic",      kPhysical,
-         {{{&Slots::normal, "plastic_normal.png"sv}}}, kLacquered},
+         {{{&Slots::normal, "plastic_normal.png"sv, 0.6f}}}, kLacquered},
         {Surface::iron,         "Iron",         kPhysical,
          {{{&Slots::roughness, "scratches_roughness.jpg"sv},
            {&Slots::metalness, "scratches_metal.jpg"sv},
@@ -97,7 +97,7 @@ inline constexpr auto kSurfaces = [] {
            {&Slots::specular, "cracks_specular.png"sv},
            {&Slots::normal, "cracks_normal.png"sv, 0.9f}}}},
         {Surface::reflecting,   "Reflecting",   kConstant,
-         {{{&Slots::reflective, "buildings_night.png"sv, 0.35f}}}},
+         {{{&Slots::reflective, "buildings_night.png"sv, 0.35f}}}, kMetal},
         // Both pictures are only read by the shader modifier.
         {Surface::dynamic,      "Dynamic",      kPhysical,
          {{{&Slots::diffuse, "QX_Noise_04.jpg"sv},

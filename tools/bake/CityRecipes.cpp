@@ -156,6 +156,17 @@ void add(image::Radiance& light, const Disc& disc) {
     }
 }
 
+// What bevels mirror: lit clouds above the street, and two tall signs aside. Faces mirror only the
+// street.
+// clang-format off
+constexpr auto kSigns = std::to_array<Softbox>({
+    {180, 60, 0,  {1.30f, 0.28f},  0.10f, 7.0f, 0.0f,  {1.0f,  0.90f, 1.0f }},
+    {250, 14, 3,  {0.045f, 0.80f}, 0.02f, 3.0f, 0.10f, {1.0f,  0.70f, 0.90f}},
+    {108, 14, -3, {0.035f, 0.80f}, 0.02f, 3.0f, 0.10f, {0.70f, 0.90f, 1.0f }},
+});
+
+// clang-format on
+
 Baked townAtNight(int width, int height) {
     image::Radiance light{width, height, {}};
     for (int i = 0; i < width * height; ++i) {
@@ -164,7 +175,8 @@ Baked townAtNight(int width, int height) {
         glm::vec3 sum{0};
         for (int look = 0; look < 4; ++look) {
             const glm::vec2 offset = glm::vec2(look % 2, look / 2) * 0.5f + 0.25f;
-            sum += town((pixel + offset) / glm::vec2(width, height));
+            const glm::vec2 place = (pixel + offset) / glm::vec2(width, height);
+            sum += town(place) + lightOf(kSigns, directionAt(place));
         }
         light.pixels.push_back(sum * 0.25f);
     }

@@ -113,7 +113,7 @@ constexpr FaceLight kJewelFace{
 // clang-format off
 constexpr auto kJewelPanels = std::to_array<Softbox>({
     {180, 60, 0,  {1.20f, 0.085f}, 0.012f, 2.20f, 0.0f,  kNeutral},
-    {168, 2,  34, {0.022f, 0.60f}, 0.010f, 0.40f, 0.20f, kNeutral},
+    {168, 2,  34, {0.045f, 0.60f}, 0.030f, 1.10f, 0.20f, kNeutral},
     {252, 10, 4,  {0.060f, 0.95f}, 0.012f, 1.60f, 0.10f, kWarm   },
     {106, 10, -4, {0.055f, 0.95f}, 0.012f, 1.30f, 0.10f, kCool   },
 });

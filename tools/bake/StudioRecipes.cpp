@@ -77,8 +77,9 @@ constexpr FaceLight kHorizonFace{
 constexpr auto kHorizonLamps = std::to_array<Softbox>({
     {180, 60, 0,  {1.20f, 0.090f}, 0.015f, 12.0f, 0.0f,  kNeutral},
     {200, 84, 0,  {0.60f, 0.10f},  0.03f, 1.20f, 0.0f,  kNeutral},
-    {250, 14, 2,  {0.050f, 0.80f}, 0.012f, 7.00f, 0.10f, kWarm  },
-    {108, 12, -2, {0.030f, 0.80f}, 0.012f, 3.50f, 0.10f, kCool  },
+    {250, 14, 2,  {0.050f, 0.80f}, 0.012f, 4.50f, 0.10f, kWarm  },
+    {108, 12, -2, {0.030f, 0.80f}, 0.012f, 2.00f, 0.10f, kCool  },
+    {168, 3,  30, {0.045f, 0.60f}, 0.03f, 2.40f, 0.20f, kNeutral}, // a glint on glossy faces
     {306, 42, 0,  {0.12f, 0.22f},  0.03f, 2.00f, 0.0f,  kNeutral},
     {54,  42, 0,  {0.10f, 0.22f},  0.03f, 1.60f, 0.0f,  kNeutral},
 });
