@@ -127,6 +127,38 @@ TEST_F(View, InMotionTheFloorFollowsWithinAFrameAndAtRestItIsWhole) {
     EXPECT_LT(largestDifference(moving, whole), 30) << "nothing jumps when the motion ends";
 }
 
+TEST_F(View, InMotionShadowsLieWhereTheyLieAtRest) {
+    camera->position = glm::vec3(0, 50, 200);
+    camera->camera->fieldOfView = 60;
+    camera->camera->zFar = 5000;
+    const auto floor = addNode({});
+    floor->geometry = std::make_shared<scene::SCNPlane>(2000, 2000);
+    floor->geometry->materials = {makeMatte(image::Color::white(0.5f))};
+    floor->setEulerAngles({-1.5707963f, 0, 0});
+    floor->castsShadow = false;
+    const auto box = addNode({50, 20, 40});
+    box->geometry = std::make_shared<scene::SCNBox>(40, 10, 40, 0);
+    const auto lamp = addNode({0, 400, 0});
+    lamp->setEulerAngles({-1.5707963f, 0, 0});
+    lamp->light = std::make_shared<scene::SCNLight>();
+    lamp->light->type = scene::SCNLightType::directional;
+    lamp->light->castsShadow = true;
+    const auto drawn = [this](Detail detail) {
+        view->quality = {.oversampling = 1, .samples = 1, .detail = detail};
+        return drawnInto(RowOrder::topFirst);
+    };
+    const auto differences = [](const image::Image& a, const image::Image& b) {
+        int count = 0;
+        for (std::size_t i = 0; i < a.pixels.size(); i += 4)
+            count += std::abs(a.pixels[i] - b.pixels[i]) > 12 ? 1 : 0;
+        return count;
+    };
+    const image::Image moving = drawn(Detail::moving);
+    EXPECT_EQ(differences(moving, drawn(Detail::full)), 0);
+    box->castsShadow = false;
+    EXPECT_GT(differences(moving, drawn(Detail::moving)), 15) << "there is a shadow to be seen";
+}
+
 TEST_F(View, ToleratesAnyStateAndLeavesOpenGLsOwn) {
     const auto wire = makeMaterial(image::Color::white(1)); // drawn last
     wire->fillMode = scene::SCNFillMode::lines;
