@@ -34,7 +34,7 @@ constexpr FaceLight kProductFace{
 constexpr auto kProductLamps = std::to_array<Softbox>({
     {180, 56,  0,  {1.30f, 0.095f}, 0.020f, 10.0f, 0.0f,  kNeutral}, // above the camera: the rims at the top
     {150, 88,  0,  {0.75f, 0.16f},  0.05f,  2.4f,  0.0f,  kNeutral}, // overhead
-    {168, 1,   32, {0.020f, 0.60f}, 0.008f, 2.6f,  0.20f, kNeutral}, // slanting strip: a glint on faces
+    {168, 1,   32, {0.040f, 0.60f}, 0.030f, 5.0f,  0.20f, kNeutral}, // slanting strip: a glint on faces
     {254, 10,  3,  {0.070f, 1.00f}, 0.012f, 6.5f,  0.10f, kWarm   }, // strip to the left
     {236, 12,  3,  {0.014f, 0.90f}, 0.006f, 7.0f,  0.10f, kWarm   }, // its thin twin
     {102, 8,   -3, {0.050f, 0.90f}, 0.012f, 5.0f,  0.20f, kCool   }, // strip to the right
@@ -112,7 +112,7 @@ constexpr FaceLight kStageFace{
 // clang-format off
 constexpr auto kStageLamps = std::to_array<Softbox>({
     {180, 58, 0,  {1.10f, 0.090f}, 0.015f, 18.0f, 0.0f, kNeutral},
-    {170, 2,  30, {0.022f, 0.60f}, 0.010f, 3.4f, 0.20f, kNeutral},
+    {170, 2,  30, {0.045f, 0.60f}, 0.030f, 9.0f, 0.20f, kNeutral},
     {112, 10, -3, {0.045f, 0.90f}, 0.012f, 8.0f, 0.20f, kCool   },
     {246, 12, 3,  {0.055f, 0.90f}, 0.012f, 8.5f, 0.10f, kWarm   },
     {316, 52, 0,  {0.16f, 0.20f},  0.020f, 8.0f, 0.0f,  kCool   },
