@@ -36,7 +36,7 @@ Baked plasticGrain(int side, int) {
         return 0.65f * fractal(p, octaves(72, 2, 0.6f, 15)) +
                6.0f * fractal(p, octaves(4, 2, 0.4f, 16));
     });
-    return {normalPicture(blurred(relief, 0.0015f), 0.0006f), {}};
+    return {normalPicture(blurred(relief, 0.0015f), 0.00036f), {}};
 }
 
 /// The wear used by four maps: fine scratches in all directions, a few deep ones, stains.
@@ -153,7 +153,7 @@ Baked scratchedNormal(int side, int) {
     relief = blurred(relief, 0.006f);
     relief = combined(relief, wear.hairlines, [](float a, float line) { return a - 0.06f * line; });
     relief = combined(relief, wear.gouges, [](float a, float line) { return a - 0.20f * line; });
-    return {normalPicture(blurred(relief, 0.0008f), 0.0085f), {}};
+    return {normalPicture(blurred(relief, 0.0008f), 0.0135f), {}};
 }
 
 /// Cast metal: dense small grains.
