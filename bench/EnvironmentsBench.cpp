@@ -114,68 +114,6 @@ void viewFramePlain(benchmark::State& state) {
     viewFrame(state, 1);
 }
 
-/// Edges are where neighbouring pixels differ by more than this, of 255.
-constexpr int kEdge = 32;
-
-/// Whether one of the pixel's eight neighbours differs much from it. Not for pixels at the margin.
-bool isAtEdge(const image::Image& picture, int x, int y) {
-    const auto green = [&](int column, int row) {
-        return int{picture.pixels[static_cast<std::size_t>(row * picture.width + column) * 4 + 1]};
-    };
-    for (int i = 0; i < 9; ++i) {
-        if (std::abs(green(x + i % 3 - 1, y + i / 3 - 1) - green(x, y)) > kEdge)
-            return true;
-    }
-    return false;
-}
-
-/// Root mean square of the differences at the edges of the reference, of 255.
-double edgeError(const image::Image& picture, const image::Image& reference) {
-    double sum = 0;
-    double count = 0;
-    for (int y = 1; y + 1 < picture.height; ++y) {
-        for (int x = 1; x + 1 < picture.width; ++x) {
-            if (!isAtEdge(reference, x, y))
-                continue;
-            const auto at = static_cast<std::size_t>(y * picture.width + x) * 4;
-            for (std::size_t i = at; i < at + 3; ++i) {
-                sum += std::pow(picture.pixels[i] - reference.pixels[i], 2);
-                ++count;
-            }
-        }
-    }
-    return std::sqrt(sum / std::max(count, 1.0));
-}
-
-/// How far edges are from a picture with 64 samples a pixel, for several qualities. The lines are
-/// turned a little, so that many edges are nearly straight.
-void edges(benchmark::State& state) {
-    const auto scene = static_cast<int>(state.range(0));
-    nameAfter(state, scene);
-    Title title(scene);
-    auto made = render::SCNRenderer::make();
-    CHECK(made.has_value(), "{}", made.error().message);
-    render::SCNRenderer& renderer = **made;
-    title.engine.model().setSceneView(&renderer);
-    title.engine.model().attachScene(movie::SceneHome::screen);
-    title.loop.runLoop().runFor(0.5);
-    title.engine.stage().textNode1->setEulerAngles({0.02f, 0.3f, 0.03f});
-    title.engine.stage().textNode2->setEulerAngles({0, -0.3f, -0.02f});
-    double time = 10;
-    const auto drawn = [&](const render::DrawQuality& quality) {
-        return renderer.snapshotAtTime(time, {960, 540}, quality);
-    };
-    for ([[maybe_unused]] auto _ : state) {
-        const image::Image reference = drawn({4, 4});
-        for (const render::DrawQuality& quality :
-             {render::DrawQuality{1.5, 1}, {1, 4}, {1.25, 4}, {1.5, 4}, {2, 4}}) {
-            state.counters[fmt::format("{}x{}", quality.oversampling, quality.samples)] =
-                edgeError(drawn(quality), reference);
-        }
-    }
-    title.engine.model().setSceneView(nullptr);
-}
-
 /// From the call to the first finished frame in the right colour: loading, tinting, uploading,
 /// building shaders. Goal: 400 ms.
 void swapEnvironment(benchmark::State& state) {
@@ -200,7 +138,6 @@ void eachEnvironment(benchmark::internal::Benchmark* benchmark) {
 BENCHMARK(exportMovie)->Apply(eachEnvironment)->Iterations(1);
 BENCHMARK(viewFrameSmooth)->Apply(eachEnvironment)->Iterations(20)->MeasureProcessCPUTime();
 BENCHMARK(viewFramePlain)->Apply(eachEnvironment)->Iterations(20)->MeasureProcessCPUTime();
-BENCHMARK(edges)->Apply(eachEnvironment)->Iterations(1);
 BENCHMARK(swapEnvironment)->Apply(eachEnvironment)->Iterations(1);
 
 } // namespace
