@@ -12,7 +12,10 @@ enum class Detail {
     /// For a picture that another one replaces at once: fewer lookups, smaller pictures, each of
     /// them drawn in every other frame. What is sharp stays the same. Only SCNView does so, and only
     /// where no graphics card draws.
-    moving
+    moving,
+    /// For a quick look at a movie: as little as for a moving picture, but nothing is a frame late,
+    /// so that the same frames are drawn each time.
+    coarse
 };
 
 /// Whether a picture that is kept from frame to frame may be a frame late.
@@ -51,7 +54,7 @@ struct NamedQuality {
 
 // clang-format off
 inline constexpr auto kQualities = std::to_array<NamedQuality>({
-    {"draft",    {.oversampling = 0.5, .samples = 4}},
+    {"draft",    {.oversampling = 0.5, .samples = 4, .detail = Detail::coarse}},
     {"standard", {.oversampling = 1,   .samples = 4}},
     {"finest",   {.oversampling = 1,   .samples = 4, .passes = 16}},
 });

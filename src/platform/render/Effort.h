@@ -30,6 +30,7 @@ struct Effort {
 inline constexpr auto kEfforts = std::to_array<Effort>({
     {4, 8, 1024, 1.0 / 2,  1.0 / 3, 16,  8, 24, 12}, // full
     {2, 3,  512, 1.0 / 3,  1.0 / 5,  8,  4,  8,  4}, // moving
+    {2, 3,  512, 1.0 / 3,  1.0 / 5,  8,  4,  8,  4}, // coarse
 });
 
 // clang-format on

@@ -144,7 +144,7 @@ void SCNRenderer::State::drawPass(
          slot.uniforms,
          moment,
          request.leftOut,
-         Detail::full,
+         request.quality.detail,
          order.backdrop},
         isEnlarged ? coarse : slot.picture);
     if (isEnlarged) {
