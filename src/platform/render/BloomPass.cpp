@@ -27,8 +27,11 @@ std::uint32_t BloomPass::draw(const RenderTarget& light, const FullscreenPass::T
         if (i < up.size())
             up[i].resize(size, tools.state);
     }
-    FullscreenPass& first = light.samples() > 1 ? brightOfSamples : bright;
-    first.run(tools, down[0], {{kPictureUnit, light.color()}});
+    if (light.samples() > 1) {
+        brightOfSamples.run(tools, down[0], {{kPictureUnit, light.bits()}});
+    } else {
+        bright.run(tools, down[0], {{kPictureUnit, light.color()}});
+    }
     for (std::size_t i = 1; i < kLevels; ++i)
         shrink.run(tools, down[i], {{kPictureUnit, down[i - 1].color()}});
     const RenderTarget* smaller = &down.back();

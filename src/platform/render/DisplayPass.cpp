@@ -14,8 +14,11 @@ void DisplayPass::draw(
         defines.emplace_back("TONE_MAP");
     if (input.glow != 0)
         defines.emplace_back("GLOW");
-    passFor(defines).run(
-        tools, picture, {{kPictureUnit, input.light.color()}, {kGlowUnit, input.glow}});
+    if (input.light.samples() > 1 && input.takesNeighbours)
+        defines.emplace_back("WIDE");
+    const std::uint32_t light =
+        input.light.samples() > 1 ? input.light.bits() : input.light.color();
+    passFor(defines).run(tools, picture, {{kPictureUnit, light}, {kGlowUnit, input.glow}});
 }
 
 FullscreenPass& DisplayPass::passFor(const std::vector<std::string>& defines) {

@@ -13,6 +13,9 @@ public:
         const RenderTarget& light;
         bool hasToneMap;
         std::uint32_t glow; ///< the texture that BloomPass has made; 0: none
+        /// Edges are smoothed by samples of neighbouring pixels, too. Not if the frame is drawn more
+        /// than once, as the drawings are spread over the pixel then.
+        bool takesNeighbours = true;
     };
 
     void draw(const Input& input, const RenderTarget& picture, const FullscreenPass::Tools& tools);

@@ -93,7 +93,10 @@ struct FramePasses::Table {
          [](Const, F) { return true; },
          [](All all, F frame) {
              all.display.draw(
-                 {all.light, all.drawer.hasToneMap(), all.glow},
+                 {all.light,
+                  all.drawer.hasToneMap(),
+                  all.glow,
+                  frame.input.drawings == 1},
                  frame.pictures.picture,
                  frame.tools(all.graphicsState()));
          }},

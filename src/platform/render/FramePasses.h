@@ -28,6 +28,7 @@ struct FrameInput {
     Detail detail = Detail::full;
     /// Is drawn instead of the scene's background. It lights nothing. Null: there is none.
     const scene::SCNMaterialProperty* backdrop = nullptr;
+    int drawings = 1; ///< of the frame: how many there are
 };
 
 /// Draws a frame: the chain of passes that the movie renderer and the view on screen share. One

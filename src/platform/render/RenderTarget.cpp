@@ -50,11 +50,18 @@ TextureHandle makeTexture(TargetFormat format, Size size, int samples) {
     return TextureHandle(name);
 }
 
+TextureHandle makeBits(std::uint32_t texture) {
+    GLuint name = 0;
+    glGenTextures(1, &name);
+    glTextureView(name, GL_TEXTURE_2D_MULTISAMPLE, texture, GL_RG32UI, 0, 1, 0, 1);
+    return TextureHandle(name);
+}
+
 } // namespace
 
 RenderTarget::RenderTarget(std::initializer_list<TargetFormat> formats) {
     for (const TargetFormat format : formats)
-        attachments.push_back({format, {}});
+        attachments.push_back({format, {}, {}});
 }
 
 RenderTarget::RenderTarget(std::initializer_list<TargetFormat> formats, RenderTarget& depthLender)
@@ -71,8 +78,12 @@ bool RenderTarget::resize(Size wanted, GraphicsState& state, int wantedSamples) 
         return false;
     state.forgetBindings();
     if (!isSame) {
-        for (Attachment& attachment : attachments)
+        for (Attachment& attachment : attachments) {
             attachment.texture = makeTexture(attachment.format, wanted, wantedSamples);
+            attachment.bits = {};
+            if (attachment.format == TargetFormat::half && wantedSamples > 1)
+                attachment.bits = makeBits(attachment.texture.name());
+        }
     }
     size_ = wanted;
     samples_ = wantedSamples;
@@ -130,12 +141,21 @@ void RenderTarget::copyTo(const RenderTarget& other, GraphicsState& state) const
     other.bind(state);
 }
 
-std::uint32_t RenderTarget::color() const {
+const RenderTarget::Attachment& RenderTarget::firstColor() const {
     const auto found = std::ranges::find_if(attachments, [](const Attachment& attachment) {
         return !rowOf(attachment.format).isDepth;
     });
     CHECK(found != attachments.end(), "the target has no colour");
-    return found->texture.name();
+    return *found;
+}
+
+std::uint32_t RenderTarget::color() const {
+    return firstColor().texture.name();
+}
+
+std::uint32_t RenderTarget::bits() const {
+    CHECK(bool(firstColor().bits), "only half-floats with several samples are read as bits");
+    return firstColor().bits.name();
 }
 
 std::uint32_t RenderTarget::depth() const {

@@ -48,13 +48,19 @@ public:
     [[nodiscard]] std::uint32_t color() const;
     [[nodiscard]] std::uint32_t depth() const;
 
+    /// The first colour texture, if it is `half` with several samples, as it is in memory: two
+    /// unsigned numbers of 32 bits a sample. In software they are read and compared much faster.
+    [[nodiscard]] std::uint32_t bits() const;
+
 private:
     struct Attachment {
         TargetFormat format;
         TextureHandle texture;
+        TextureHandle bits; ///< of `half` with several samples: the same memory
     };
 
     void attach();
+    [[nodiscard]] const Attachment& firstColor() const;
 
     std::vector<Attachment> attachments;
     RenderTarget* lender = nullptr; ///< null: it has its own depth, or none

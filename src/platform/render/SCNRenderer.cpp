@@ -145,7 +145,8 @@ void SCNRenderer::State::drawPass(
          moment,
          request.leftOut,
          request.quality.detail,
-         order.backdrop},
+         order.backdrop,
+         request.quality.passesDrawn()},
         isEnlarged ? coarse : slot.picture);
     if (isEnlarged) {
         const auto [width, height] = request.outputSize;

@@ -4,7 +4,7 @@ layout(location = 0) out vec4 oColor;
 
 #ifdef BRIGHT
 #if SAMPLES > 1
-layout(binding = UNIT_PICTURE) uniform sampler2DMS uPicture;
+layout(binding = UNIT_PICTURE) uniform usampler2DMS uPicture; // see RenderTarget::bits
 #else
 layout(binding = UNIT_PICTURE) uniform sampler2D uPicture;
 #endif
@@ -13,7 +13,8 @@ layout(binding = UNIT_PICTURE) uniform sampler2D uPicture;
 // flash.
 vec3 excess(ivec2 p, int i) {
 #if SAMPLES > 1
-    vec3 c = texelFetch(uPicture, min(p, textureSize(uPicture) - 1), i).rgb;
+    uvec2 bits = texelFetch(uPicture, min(p, textureSize(uPicture) - 1), i).xy;
+    vec3 c = vec3(unpackHalf2x16(bits.x), unpackHalf2x16(bits.y).x);
 #else
     vec3 c = texelFetch(uPicture, min(p, textureSize(uPicture, 0) - 1), 0).rgb;
 #endif

@@ -1,7 +1,7 @@
 // Turns the light of the drawn scene into a picture: tone map, samples to pixels, encoding, dither.
 layout(location = 0) out vec4 oColor;
 #if SAMPLES > 1
-layout(binding = UNIT_PICTURE) uniform sampler2DMS uPicture;
+layout(binding = UNIT_PICTURE) uniform usampler2DMS uPicture; // see RenderTarget::bits
 #else
 layout(binding = UNIT_PICTURE) uniform sampler2D uPicture;
 #endif
@@ -56,9 +56,53 @@ float interleavedNoise(vec2 pixel) {
     return fract(52.9829189 * fract(dot(pixel, vec2(0.06711056, 0.00583715))));
 }
 
+#if SAMPLES > 1
+vec4 sampleAt(ivec2 pixel, int i) {
+    uvec2 bits = texelFetch(uPicture, pixel, i).xy;
+    return vec4(unpackHalf2x16(bits.x), unpackHalf2x16(bits.y));
+}
+
+#ifdef WIDE
+// The places of the four samples, in eighths of a pixel, are (3,1), (7,3), (1,5) and (5,7). At edges,
+// the mean also takes the nearest one of each neighbour, which lies an eighth outside. So an edge has
+// more steps. The weights are those of a box as large as the pixel that is blurred by half of it.
+const float kInside = 0.1875;
+const float kOutside = 0.0625;
+const ivec2 kNeighbours[4] = ivec2[4](ivec2(0, 1), ivec2(-1, 0), ivec2(1, 0), ivec2(0, -1));
+
+vec4 outside(ivec2 here, int i) {
+    ivec2 last = ivec2(passFrame.yz) - 1;
+    return sampleAt(clamp(here + kNeighbours[i], ivec2(0), last), i);
+}
+#else
+const float kInside = 0.25;
+#endif
+
+// Whether an edge runs through the pixel or one of its four. Pixels are shaded by fours: what one of
+// them knows, its neighbours learn from the slope.
+bool isAtEdge(ivec2 here) {
+    uvec2 first = texelFetch(uPicture, here, 0).xy;
+    bool isEdge = false;
+    for (int i = 1; i < SAMPLES; ++i)
+        isEdge = isEdge || texelFetch(uPicture, here, i).xy != first;
+#ifdef WIDE
+    float edge = isEdge ? 1.0 : 0.0;
+    edge = max(edge, edge + dFdxFine(edge) * ((here.x & 1) == 0 ? 1.0 : -1.0));
+    edge = max(edge, edge + dFdyFine(edge) * ((here.y & 1) == 0 ? 1.0 : -1.0));
+    return edge > 0.0;
+#else
+    return isEdge;
+#endif
+}
+#endif
+
 void main() {
     ivec2 here = ivec2(gl_FragCoord.xy);
+#if SAMPLES > 1
+    vec4 first = sampleAt(here, 0);
+#else
     vec4 first = texelFetch(uPicture, here, 0);
+#endif
 #ifdef GLOW
     vec4 glow = vec4(kGlow * textureLod(uGlow, gl_FragCoord.xy / passFrame.yz, 0.0).rgb, 0.0);
 #else
@@ -67,19 +111,23 @@ void main() {
     vec3 color = shown(first + glow);
     float ofScene = first.a;
 #if SAMPLES > 1
-    // Each sample is tone mapped, so that the edges of bright things are smooth, too. Off the edges
-    // all are the same: a loop without rounds is skipped in software, too.
-    bool isEdge = false;
-    for (int i = 1; i < SAMPLES; ++i)
-        isEdge = isEdge || texelFetch(uPicture, here, i) != first;
-    int count = isEdge ? SAMPLES : 1;
-    for (int i = 1; i < count; ++i) {
-        vec4 light = texelFetch(uPicture, here, i);
-        color += shown(light + glow);
-        ofScene += light.a;
+    // Each sample is tone mapped, so that the edges of bright things are smooth, too. A loop without
+    // rounds is skipped, in software, too.
+    int count = isAtEdge(here) ? SAMPLES : 0;
+    if (count > 0) {
+        color = vec3(0.0);
+        ofScene = 0.0;
     }
-    color *= 1.0 / float(count);
-    ofScene *= 1.0 / float(count);
+    for (int i = 0; i < count; ++i) {
+        vec4 within = sampleAt(here, i);
+        color += kInside * shown(within + glow);
+        ofScene += kInside * within.a;
+#ifdef WIDE
+        vec4 beside = outside(here, i);
+        color += kOutside * shown(beside + glow);
+        ofScene += kOutside * beside.a;
+#endif
+    }
 #endif
     // Noise of up to half an 8-bit step, so that soft gradients do not band. Less for colours that
     // are shown as they are: these stay exact.
