@@ -68,6 +68,7 @@ void Node::linkOutline() {
     }
     outlineNode->addChildNode(marks.node());
     outlineNode->isHidden = true;
+    outlineNode->showsOnFloors = false;
 }
 
 void Node::showOutline(Outline outline, Transition transition) {

@@ -142,6 +142,46 @@ TEST(Extrusion, CurvesAreSmoothAndCornersSharp) {
 
 // The tangent must point along growing u and the bitangent (by its handedness) along growing v,
 // with one scale everywhere.
+// The openness of all wall vertices at a place of the outline.
+std::vector<float> opennessAt(const Mesh& solid, glm::vec2 place) {
+    std::vector<float> found;
+    for (const Vertex& vertex : solid.vertices) {
+        const bool isWall = vertex.normal.z == 0;
+        if (isWall && glm::distance(glm::vec2(vertex.position), place) < 0.01F)
+            found.push_back(vertex.openness);
+    }
+    return found;
+}
+
+TEST(Extrusion, LittleLightReachesTheEndOfNarrowWalls) {
+    const auto opened = [](const BezierPath& path, float depth) {
+        ExtrusionOptions how = options(depth, 0);
+        how.hasOpenness = true;
+        return extrude(path, how);
+    };
+    const Mesh tile = opened(pathOf({squareAt(0, 0, 100)}), 40);
+    for (const Vertex& vertex : tile.vertices)
+        EXPECT_EQ(vertex.openness, 1) << "nothing stands around it";
+
+    // A long slot, 10 wide. At the bottom of two walls without end, the sine of the angle under
+    // which the other wall is seen is what it hides.
+    const BezierPath slot = pathOf(
+        {squareAt(-400, -400, 800),
+         {{-300, -5}, {-300, 5}, {0, 5.02F}, {300, 5}, {300, -5}, {0, -5.02F}}});
+    for (const float depth : {2.0F, 10.0F, 20.0F}) {
+        const std::vector<float> middle = opennessAt(opened(slot, depth), {0, 5.02F});
+        ASSERT_FALSE(middle.empty());
+        for (const float openness : middle)
+            EXPECT_NEAR(openness, 1 - depth / std::hypot(depth, 10.04F), 0.02) << depth;
+    }
+    // The walls that meet in a corner stand on each other. At its ends a slot is darker still.
+    const Mesh deep = opened(slot, 10);
+    for (const float openness : opennessAt(deep, {300, 5}))
+        EXPECT_LT(openness, opennessAt(deep, {0, 5.02F}).front());
+    for (const float openness : opennessAt(deep, {-400, 400}))
+        EXPECT_EQ(openness, 1) << "outside";
+}
+
 TEST(Extrusion, TexturesLieAtOneScaleAlongTheirTangents) {
     for (const KnownShape& shape : knownShapes()) {
         const Mesh mesh = extrude(shape.path, options(24, 3, roundedProfile()));

@@ -94,6 +94,27 @@ TEST_F(Floor, IsDarkerUnderThingsTheNearerTheyAre) {
     EXPECT_NEAR(floorBeforeTheBox(400), 204, 3);
 }
 
+TEST_F(Floor, ShowsNoEditingAids) {
+    floor->diffuse.contents = Color::white(0.5f);
+    floor->floor->contact = 1;
+    floor->floor->lift = 0;
+    addLight(scene::SCNLightType::ambient, {}, 1000);
+    const image::Image bare = draw();
+    const auto frame = addNode({});
+    frame->showsOnFloors = false;
+    const auto bar = addSquare(makeMaterial(Color::hex(0xFF0000)), 0, 30);
+    bar->removeFromParentNode();
+    frame->addChildNode(bar);
+    bar->position = glm::vec3(0, 16, 0);
+    const auto below = [this](const image::Image& picture) {
+        return std::pair(at(picture, 32, rowOf(-12)), at(picture, 32, rowOf(-1)));
+    };
+    EXPECT_EQ(below(draw()), below(bare));
+    frame->showsOnFloors = true;
+    EXPECT_NE(below(draw()).first, below(bare).first) << "its mirror image";
+    EXPECT_NE(below(draw()).second, below(bare).second) << "the dark place below it";
+}
+
 // The top of a solid is not its first element.
 TEST_F(Floor, ShowsThingsOnAllOfItsElements) {
     geometry::BezierPath outline;

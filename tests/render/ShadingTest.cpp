@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The light that a surface reflects, drawn and measured, compared with published values.
+#include "platform/geometry/Primitives.h"
 #include "platform/render/ShaderBlocks.h"
 #include "render/StageFixture.h"
 
@@ -162,6 +163,44 @@ TEST_F(Shading, ToneMapsAsThePublishedCurveAndMovesBrightHues) {
             EXPECT_NEAR(got[c], wanted[c], 0.006) << light.r << ", channel " << c;
         clear(2);
     }
+}
+
+// The wall of a letter that leans back: its lower end is in front, and a fifth of the light comes
+// to the end beyond.
+class LeaningWall final : public scene::SCNGeometry {
+private:
+    [[nodiscard]] geometry::Mesh build() const override {
+        geometry::Mesh mesh = geometry::makePlane(4, 4);
+        for (geometry::Vertex& vertex : mesh.vertices) {
+            vertex.position.z = -vertex.position.y;
+            vertex.openness = 0.2F;
+        }
+        mesh.elements.front().hasOpenness = true;
+        return mesh;
+    }
+};
+
+TEST_F(Shading, WallsAreDarkAtTheEndBeyond) {
+    const auto material = makeMatte(Color::white(1));
+    material->isDoubleSided = true;
+    const auto node = addNode({});
+    node->geometry = std::make_shared<LeaningWall>();
+    node->geometry->materials = {material};
+    addLight(SCNLightType::ambient, {}, 1000);
+    const auto brightness = [&](int row) { return at(draw(), 32, row)[1]; };
+    // At this distance the picture shows the middle half of the wall: a quarter and three quarters
+    // of its height.
+    EXPECT_EQ(brightness(1), 255) << "without a lamp, all keeps its colour";
+    addLight(SCNLightType::directional, {}, 1);
+    const int below = brightness(62);
+    const int above = brightness(1);
+    EXPECT_GT(below, lit(0.65, 255));
+    EXPECT_LT(above, lit(0.4, 255));
+    node->setEulerAngles({0, 3.1415927F, 0});
+    EXPECT_NEAR(brightness(62), above, 12) << "from behind";
+    EXPECT_NEAR(brightness(1), below, 12) << "from behind";
+    (void)addSquare(material, 5);
+    EXPECT_GT(brightness(32), 250) << "what is no wall";
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "platform/geometry/FaceTessellator.h"
 #include "platform/geometry/MedialMap.h"
 #include "platform/geometry/Outline.h"
+#include "platform/geometry/WallOpenness.h"
 
 #include <glm/common.hpp>
 
@@ -40,6 +41,12 @@ public:
         return result.isValid ? &result.map : nullptr;
     }
 
+    /// Made on the first call.
+    [[nodiscard]] const WallOpenness& openness() const {
+        std::call_once(opennessMade, [this] { walls.emplace(outline_); });
+        return *walls;
+    }
+
     glm::dvec2 min{};
     glm::dvec2 max{};
     double textureScale = 1;
@@ -48,6 +55,8 @@ private:
     Outline outline_;
     mutable std::once_flag mapMade;
     mutable MedialMapResult result;
+    mutable std::once_flag opennessMade;
+    mutable std::optional<WallOpenness> walls;
 };
 
 namespace {
@@ -99,16 +108,19 @@ Front makeFront(const OutlineSkeleton& skeleton, const ChamferProfile& profile) 
 
 class SolidWriter {
 public:
-    SolidWriter(const OutlineSkeleton& skeleton_, const Front& front_, double depth)
+    SolidWriter(
+        const OutlineSkeleton& skeleton_, const Front& front_, const ExtrusionOptions& options)
         : skeleton(skeleton_)
         , front(front_)
-        , faceZ(depth / 2)
-        , wallZ(depth / 2 - front_.chamferHeight) {}
+        , openness(options.hasOpenness ? &skeleton_.openness() : nullptr)
+        , faceZ(static_cast<double>(options.depth) / 2)
+        , wallZ(faceZ - front_.chamferHeight) {}
 
     Mesh write(bool hasChamferElements) {
         addElement([this] { writeFace(1); });
         addElement([this] { writeFace(-1); });
         addElement([this] { writeWalls(); });
+        mesh.elements.back().hasOpenness = openness != nullptr;
         if (hasChamferElements) {
             addElement([this] { writeChamfer(1); });
             mesh.elements.back().isRim = true;
@@ -181,16 +193,28 @@ private:
         const OutlineCorner& end = corners[start.next];
         const glm::dvec2 plain = outwardNormal(start);
         if (!hasWallBefore || !start.isSmooth) {
-            addWallPair(start.position, start.isSmooth ? start.normal : plain, start.arc);
+            addWallPair(
+                start.position,
+                start.isSmooth ? start.normal : plain,
+                start.arc,
+                opennessAt(index, WallOpenness::End::start));
         }
         const std::uint32_t a = vertexCount() - 2;
         const std::uint32_t b = vertexCount();
-        addWallPair(end.position, end.isSmooth ? end.normal : plain, start.arc + start.length);
+        addWallPair(
+            end.position,
+            end.isSmooth ? end.normal : plain,
+            start.arc + start.length,
+            opennessAt(index, WallOpenness::End::end));
         mesh.indices.insert(mesh.indices.end(), {a + 1, b + 1, b, a + 1, b, a});
     }
 
+    [[nodiscard]] float opennessAt(std::uint32_t corner, WallOpenness::End end) const {
+        return openness != nullptr ? openness->at(corner, end, 2 * wallZ) : 1;
+    }
+
     // A front and a back vertex.
-    void addWallPair(glm::dvec2 position, glm::dvec2 normal, double arc) {
+    void addWallPair(glm::dvec2 position, glm::dvec2 normal, double arc, float open) {
         for (const int side : {1, -1}) {
             const double v = side > 0 ? 0 : 2 * wallZ;
             mesh.vertices.push_back(
@@ -198,7 +222,8 @@ private:
                  .normal = glm::vec3(glm::vec2(normal), 0.0f),
                  .tangent = glm::vec4(
                      static_cast<float>(-normal.y), static_cast<float>(normal.x), 0.0f, -1.0f),
-                 .uv = glm::vec2(glm::dvec2(arc, v) * skeleton.textureScale)});
+                 .uv = glm::vec2(glm::dvec2(arc, v) * skeleton.textureScale),
+                 .openness = open});
         }
     }
 
@@ -221,6 +246,7 @@ private:
 
     const OutlineSkeleton& skeleton;
     const Front& front;
+    const WallOpenness* openness; ///< null: all is open
     double faceZ;
     double wallZ;
     Mesh mesh;
@@ -248,8 +274,7 @@ ChamferProfile profileOf(const BezierPath& path, const ChamferSize& size) {
 
 Mesh writeSolid(
     const OutlineSkeleton& skeleton, const Front& front, const ExtrusionOptions& options) {
-    return SolidWriter(skeleton, front, static_cast<double>(options.depth))
-        .write(options.chamferRadius > 0);
+    return SolidWriter(skeleton, front, options).write(options.chamferRadius > 0);
 }
 
 bool areEqual(const BezierPath& a, const BezierPath& b) {

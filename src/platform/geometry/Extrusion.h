@@ -27,6 +27,8 @@ struct ExtrusionOptions {
     float flatness = 0.1f;   ///< largest distance between a curve and its chords, scene units, > 0
     /// One open contour; empty means the straight line from (0, 1) to (1, 0).
     BezierPath chamferProfile;
+    /// Work out how much light reaches the far end of each side wall.
+    bool hasOpenness = false;
 };
 
 /// What is computed once for an outline and used for every depth, radius and profile: the flattened

@@ -28,6 +28,8 @@ struct Vertex {
     /// Unit vector along growing u; w is +1 or -1, the handedness of the bitangent.
     glm::vec4 tangent{1, 0, 0, 1};
     glm::vec2 uv{};
+    /// Share of the light that reaches the far end of a wall (WallOpenness.h); elsewhere 1.
+    float openness = 1;
 };
 
 /// A range of triangles with one material.
@@ -35,6 +37,7 @@ struct MeshElement {
     std::uint32_t firstIndex = 0;
     std::uint32_t indexCount = 0; ///< a multiple of 3
     bool isRim = false;           ///< a chamfer: polished more than the rest (SCNMaterial::rim)
+    bool hasOpenness = false;     ///< its vertices' openness is not 1 everywhere
 };
 
 /// A coarser version of a mesh, with some of its vertices.

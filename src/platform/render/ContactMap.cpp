@@ -24,7 +24,7 @@ constexpr float kWidest = kReach / kHalfWidth / 2; ///< radius of the softest ed
 bool isOnFloor(const VisibleNode& node, const VisibleNode& floor) {
     using scene::SCNBlendMode;
     const bool isOther = (node.categoryBitMask & floor.categoryBitMask) == 0;
-    if (&node == &floor || !(node.castsShadow || isOther))
+    if (&node == &floor || !node.showsOnFloors || !(node.castsShadow || isOther))
         return false;
     const scene::SCNMaterial* material = node.geometry->materialFor(0);
     return material == nullptr || material->blendMode == SCNBlendMode::alpha ||

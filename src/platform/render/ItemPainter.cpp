@@ -211,8 +211,10 @@ void ItemPainter::draw(
     if (isTranslucent)
         binding.features |= kTranslucent;
     const bool isSceneLight = showsSceneLight(binding, sets[lights].set);
+    const geometry::Mesh& mesh = frame.snapshot.nodes()[item.node].geometry->mesh();
     if (isSceneLight)
-        binding.features |= kSceneLight;
+        binding.features |=
+            mesh.elements[item.element].hasOpenness ? kSceneLight | kOpenness : kSceneLight;
     bind(frame, binding, lights);
     const scene::SCNMaterial& material = *item.material;
     submit(

@@ -57,6 +57,7 @@ constexpr auto kFeatures = std::to_array<FeatureRow>({
     {kVertexColors,    "HAS_VERTEX_COLORS"   },
     {kClearCoat,       "CLEAR_COAT"          },
     {kGreyShade,       "GREY"                },
+    {kOpenness,        "HAS_OPENNESS"        },
 });
 
 // clang-format on

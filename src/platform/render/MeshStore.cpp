@@ -18,16 +18,18 @@ using geometry::Vertex;
 constexpr std::uint64_t kKeptFrames = 120;
 
 struct AttributeRow {
+    GLuint location;
     GLint components;
     std::size_t offset;
 };
 
 // clang-format off
 constexpr auto kAttributes = std::to_array<AttributeRow>({
-    {3, offsetof(Vertex, position)},
-    {3, offsetof(Vertex, normal)  },
-    {4, offsetof(Vertex, tangent) },
-    {2, offsetof(Vertex, uv)      }
+    {0, 3, offsetof(Vertex, position)},
+    {1, 3, offsetof(Vertex, normal)  },
+    {2, 4, offsetof(Vertex, tangent) },
+    {3, 2, offsetof(Vertex, uv)      },
+    {5, 1, offsetof(Vertex, openness)}
 });
 
 // clang-format on
@@ -45,12 +47,16 @@ VertexArrayHandle makeVertexArray(const BufferHandle& vertices, const BufferHand
     glCreateVertexArrays(1, &name);
     glVertexArrayVertexBuffer(name, 0, vertices.name(), 0, sizeof(Vertex));
     glVertexArrayElementBuffer(name, indices.name());
-    for (GLuint location = 0; location < kAttributes.size(); ++location) {
-        const AttributeRow& row = kAttributes.at(location);
-        glEnableVertexArrayAttrib(name, location);
+    for (const AttributeRow& row : kAttributes) {
+        glEnableVertexArrayAttrib(name, row.location);
         glVertexArrayAttribFormat(
-            name, location, row.components, GL_FLOAT, GL_FALSE, static_cast<GLuint>(row.offset));
-        glVertexArrayAttribBinding(name, location, 0);
+            name,
+            row.location,
+            row.components,
+            GL_FLOAT,
+            GL_FALSE,
+            static_cast<GLuint>(row.offset));
+        glVertexArrayAttribBinding(name, row.location, 0);
     }
     return VertexArrayHandle(name);
 }

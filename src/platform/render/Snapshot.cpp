@@ -115,6 +115,7 @@ bool Snapshot::isTranslucent(const SCNMaterial& material, float opacity) {
 void Snapshot::take(
     const scene::SCNScene& scene, const SCNNode* pointOfView, float aspect, int height) {
     sight_ = {pointOfView};
+    isMirrored = false;
     seconds = 0;
     placeCamera(scene, aspect);
     pixelsAtOne = camera_.projection[1][1] * static_cast<float>(height) / 2;
@@ -123,6 +124,7 @@ void Snapshot::take(
 
 void Snapshot::take(const scene::SCNScene& scene, const Sight& sight, Size size) {
     sight_ = sight;
+    isMirrored = false;
     const Moment& moment = sight.moment;
     const double opened = moment.shutter != nullptr ? moment.shutter->openedAt() : scene.time();
     seconds = static_cast<float>((1 - moment.share) * (scene.time() - opened));
@@ -139,6 +141,7 @@ void Snapshot::takeMirrored(const scene::SCNScene& scene, const Snapshot& other,
     camera_ = mirrored(other.camera_, height);
     sceneCamera_ = other.sceneCamera_;
     sight_ = other.sight_;
+    isMirrored = true;
     seconds = other.seconds;
     pixelsAtOne = other.pixelsAtOne * kCoarser;
     collect(scene);
@@ -190,10 +193,11 @@ bool Snapshot::isLeftOut(const SCNNode& node) const {
 }
 
 void Snapshot::walk(const SCNNode& node, const Inherited& inherited, const Frustum& frustum) {
-    if (node.isHidden)
+    if (node.isHidden || (isMirrored && !node.showsOnFloors))
         return;
     const Moment& moment = sight_.moment;
     Inherited own = inherited;
+    own.showsOnFloors = inherited.showsOnFloors && node.showsOnFloors;
     if (moment.shutter != nullptr) {
         own.world *= moment.shutter->transform(node, moment.share);
         own.opacity *= moment.shutter->opacity(node, moment.share);
@@ -242,7 +246,8 @@ void Snapshot::addNode(const SCNNode& node, const Inherited& own, const Frustum&
         0,
         0,
         node.textureShift,
-        own.fade};
+        own.fade,
+        own.showsOnFloors};
     const glm::vec4 depthOf =
         -glm::vec4(camera_.view[0][2], camera_.view[1][2], camera_.view[2][2], camera_.view[3][2]);
     const glm::vec3 half = (box.max - box.min) * 0.5f;

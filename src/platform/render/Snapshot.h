@@ -31,6 +31,7 @@ struct VisibleNode {
     /// Nodes that fade with the same ancestor share a number: they fade as one thing. 0: none
     /// fades.
     std::uint32_t fade = 0;
+    bool showsOnFloors = true;
 };
 
 /// Whether back faces of a double-sided material can be seen from a place. A closed solid hides
@@ -133,6 +134,7 @@ private:
         glm::mat4 world;
         float opacity;
         std::uint32_t fade = 0;
+        bool showsOnFloors = true;
     };
 
     void collect(const scene::SCNScene& scene);
@@ -151,6 +153,7 @@ private:
 
     Sight sight_;
     float seconds = 0; ///< from the moment to the scene's time
+    bool isMirrored = false;
     CameraView camera_;
     float pixelsAtOne = 0; ///< pixels of a length of 1 at a distance of 1
     const scene::SCNCamera* sceneCamera_ = nullptr;

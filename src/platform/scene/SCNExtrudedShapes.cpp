@@ -54,7 +54,8 @@ geometry::Mesh SCNText::build() const {
         .depth = static_cast<float>(extrusionDepth_),
         .chamferRadius = static_cast<float>(chamferRadius_),
         .flatness = static_cast<float>(flatness),
-        .chamferProfile = chamferProfile};
+        .chamferProfile = chamferProfile,
+        .hasOpenness = true};
     checkExtrusion(options);
     if (!extruder)
         extruder = std::make_unique<geometry::Extruder>(skeletonOf(string, attributes, flatness));

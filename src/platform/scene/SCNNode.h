@@ -57,6 +57,8 @@ public:
     SCNCameraPtr camera;
     /// Billboard: drawn with its axes turned to those of the camera.
     bool isBillboard = false;
+    /// False for editing aids: floors neither mirror it and its children nor get darker below them.
+    bool showsOnFloors = true;
 
     Animated<glm::vec3> position{glm::vec3(0)};
     Animated<glm::vec3> scale{glm::vec3(1)};

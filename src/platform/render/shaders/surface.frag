@@ -14,6 +14,9 @@ layout(location = 4) in vec3 vIrradiance;
 #ifdef HAS_VERTEX_COLORS
 layout(location = 5) in vec4 vColor;
 #endif
+#ifdef HAS_OPENNESS
+layout(location = 6) in float vOpenness; // see geometry/WallOpenness.h
+#endif
 layout(location = 0) out vec4 oColor;
 
 #include "color.glsl"
@@ -43,6 +46,9 @@ void modifySurface(inout Surface _surface) {
 
 #ifdef LIT
 const float kMetalWhite = 0.12;
+#ifdef HAS_OPENNESS
+const float kStoppedByWalls = 0.45;
+#endif
 
 vec3 litColor(Surface surface) {
     Shading s;
@@ -50,6 +56,9 @@ vec3 litColor(Surface surface) {
     s.shapeN = shapeNormal();
     s.coatN = normalize(mix(s.shapeN, s.N, selfIllumination.w));
     s.openness = 2.0 * surface.ambientOcclusion * surface.ambientOcclusion - 1.0;
+#ifdef HAS_OPENNESS
+    surface.ambientOcclusion *= vOpenness;
+#endif
     s.V = normalize(cameraPosition.xyz - vPosition);
     s.NoV = clamp(dot(s.N, s.V), 1e-3, 1.0);
     float metalness = clamp(surface.metalness, 0.0, 1.0);
@@ -71,6 +80,10 @@ vec3 litColor(Surface surface) {
     s.energy = 1.0 + s.f0 * (1.0 / singleBounceEnergy(s.roughness, s.NoV) - 1.0);
 
     vec3 color = lightsAt(s, surface.ambientOcclusion, true);
+#ifdef HAS_OPENNESS
+    // Walls also stop lamps, but where each lamp stands is not known here.
+    color *= mix(1.0, vOpenness, kStoppedByWalls);
+#endif
 #ifdef HAS_ENVIRONMENT
     color += environmentAt(s, fit, surface.ambientOcclusion);
 #endif

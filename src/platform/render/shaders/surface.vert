@@ -8,6 +8,10 @@ layout(location = 3) in vec2 aTexcoord;
 layout(location = 4) in vec4 aColor; // linear
 #endif
 
+#ifdef HAS_OPENNESS
+layout(location = 5) in float aOpenness;
+#endif
+
 #include "irradiance.glsl"
 
 invariant gl_Position;
@@ -27,6 +31,9 @@ layout(location = 4) out vec3 vIrradiance;
 #ifdef HAS_VERTEX_COLORS
 layout(location = 5) out vec4 vColor;
 #endif
+#ifdef HAS_OPENNESS
+layout(location = 6) out float vOpenness;
+#endif
 #endif
 
 void main() {
@@ -37,6 +44,13 @@ void main() {
     vNormal = mat3(normalMatrix) * aNormal;
 #ifdef HAS_VERTEX_COLORS
     vColor = aColor;
+#endif
+#ifdef HAS_OPENNESS
+    // A letter is lit from where it is looked at: of its walls, the end beyond is the dark one. It is
+    // the front end if the letter is seen from behind.
+    float towards = dot(normalize(cameraPosition.xyz - position.xyz), normalize(mat3(normalMatrix)[2]));
+    float isFar = clamp(0.5 - 2.0 * towards * sign(aPosition.z), 0.0, 1.0);
+    vOpenness = mix(1.0, aOpenness, isFar);
 #endif
 #ifdef VERTEX_IRRADIANCE
     vIrradiance = irradianceAt(normalize(vNormal));
