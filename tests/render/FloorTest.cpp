@@ -96,23 +96,26 @@ TEST_F(Floor, IsDarkerUnderThingsTheNearerTheyAre) {
 
 TEST_F(Floor, ShowsNoEditingAids) {
     floor->diffuse.contents = Color::white(0.5f);
-    floor->floor->contact = 1;
-    floor->floor->lift = 0;
     addLight(scene::SCNLightType::ambient, {}, 1000);
-    const image::Image bare = draw();
     const auto frame = addNode({});
-    frame->showsOnFloors = false;
-    const auto bar = addSquare(makeMaterial(Color::hex(0xFF0000)), 0, 30);
-    bar->removeFromParentNode();
+    const auto bar = std::make_shared<scene::SCNNode>();
+    bar->geometry = std::make_shared<scene::SCNBox>(60, 20, 20, 0);
+    bar->geometry->materials = {makeMaterial(Color::hex(0xFF0000))};
+    bar->position = glm::vec3(0, 12, 0);
     frame->addChildNode(bar);
-    bar->position = glm::vec3(0, 16, 0);
-    const auto below = [this](const image::Image& picture) {
-        return std::pair(at(picture, 32, rowOf(-12)), at(picture, 32, rowOf(-1)));
-    };
-    EXPECT_EQ(below(draw()), below(bare));
-    frame->showsOnFloors = true;
-    EXPECT_NE(below(draw()).first, below(bare).first) << "its mirror image";
-    EXPECT_NE(below(draw()).second, below(bare).second) << "the dark place below it";
+    for (const bool mirrors : {true, false}) {
+        SCOPED_TRACE(mirrors ? "mirror image" : "dark place");
+        floor->floor =
+            scene::SCNFloorLook{.mirror = mirrors ? 1.0f : 0.0f, .contact = mirrors ? 0.0f : 1.0f};
+        const auto below = [this] { return at(draw(), 32, rowOf(-8)); };
+        frame->isHidden = true;
+        const Pixel bare = below();
+        frame->isHidden = false;
+        EXPECT_NE(below(), bare);
+        frame->showsOnFloors = false;
+        EXPECT_EQ(below(), bare);
+        frame->showsOnFloors = true;
+    }
 }
 
 // The top of a solid is not its first element.
