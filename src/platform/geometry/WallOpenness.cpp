@@ -92,34 +92,40 @@ WallOpenness::Place WallOpenness::placeOf(const Outline& outline, std::uint32_t 
         here.isSmooth ? here.normal : outwardNormal(start)};
 }
 
-WallOpenness::View WallOpenness::viewFrom(const Outline& outline, const Place& place) {
-    View across{};
-    View along{};
+WallOpenness::Rays WallOpenness::raysFrom(const glm::dvec2& normal) {
+    Rays rays{};
     for (std::size_t ray = 0; ray < kRays; ++ray) {
-        const double angle = angleOf(ray, kRays);
-        const glm::dvec2 n = place.normal;
-        along.at(ray) = static_cast<float>(n.x * std::cos(angle) - n.y * std::sin(angle));
-        across.at(ray) = static_cast<float>(n.x * std::sin(angle) + n.y * std::cos(angle));
+        const double cosine = std::cos(angleOf(ray, kRays));
+        const double sine = std::sin(angleOf(ray, kRays));
+        rays.x.at(ray) = static_cast<float>(normal.x * cosine - normal.y * sine);
+        rays.y.at(ray) = static_cast<float>(normal.x * sine + normal.y * cosine);
     }
-    View nearness{};
-    for (const Outline::Loop& loop : outline.loops) {
-        glm::vec2 a(outline.corners[loop.first].position - place.position);
-        for (std::uint32_t i = 0; i < loop.count; ++i) {
-            const std::uint32_t next = outline.corners[loop.first + i].next;
-            const glm::vec2 b(outline.corners[next].position - place.position);
-            const float perArea = 1 / (a.x * b.y - a.y * b.x);
-            // Without branches, so that several rays are computed at once.
-            for (std::size_t ray = 0; ray < kRays; ++ray) {
-                const float besideA = along[ray] * a.y - across[ray] * a.x;
-                const float besideB = along[ray] * b.y - across[ray] * b.x;
-                const float found = (besideB - besideA) * perArea;
-                const float met = besideA * besideB <= 0 ? found : 0;
-                nearness[ray] = std::max(nearness[ray], met < 1 / kNearest ? met : 0);
-            }
-            a = b;
-        }
+    return rays;
+}
+
+void WallOpenness::meet(const Rays& rays, const glm::vec2& a, const glm::vec2& b, View& view) {
+    const float perArea = 1 / (a.x * b.y - a.y * b.x);
+    // Without branches, so that several rays are computed at once.
+    for (std::size_t ray = 0; ray < kRays; ++ray) {
+        const float besideA = rays.x[ray] * a.y - rays.y[ray] * a.x;
+        const float besideB = rays.x[ray] * b.y - rays.y[ray] * b.x;
+        const float found = (besideB - besideA) * perArea;
+        const float met = besideA * besideB <= 0 ? found : 0;
+        view[ray] = std::max(view[ray], met < 1 / kNearest ? met : 0);
     }
-    return nearness;
+}
+
+WallOpenness::View WallOpenness::viewFrom(const Outline& outline, const Place& place) {
+    const Rays rays = raysFrom(place.normal);
+    View view{};
+    for (const OutlineCorner& corner : outline.corners) {
+        meet(
+            rays,
+            glm::vec2(corner.position - place.position),
+            glm::vec2(outline.corners[corner.next].position - place.position),
+            view);
+    }
+    return view;
 }
 
 float WallOpenness::at(std::uint32_t corner, End end, double height) const {

@@ -37,12 +37,21 @@ private:
     /// For each ray, 1 / the distance to the wall that it meets; 0: none.
     using View = std::array<float, kRays>;
 
+    /// Their directions.
+    struct Rays {
+        View x;
+        View y;
+    };
+
     struct Place {
         glm::dvec2 position;
         glm::dvec2 normal;
     };
 
     [[nodiscard]] static Place placeOf(const Outline& outline, std::uint32_t corner, End end);
+    [[nodiscard]] static Rays raysFrom(const glm::dvec2& normal);
+    /// Notes which rays meet the wall from a to b, seen from where they start.
+    static void meet(const Rays& rays, const glm::vec2& a, const glm::vec2& b, View& view);
     [[nodiscard]] static View viewFrom(const Outline& outline, const Place& place);
 
     std::vector<View> views;
