@@ -80,6 +80,10 @@ bool contains(const geometry::Box& box, const glm::mat4& world, const glm::vec3&
     return glm::all(glm::lessThanEqual(glm::abs(local - middle), half));
 }
 
+bool isShown(const SCNNode& node, bool isMirrored) {
+    return !node.isHidden && (node.showsOnFloors || !isMirrored);
+}
+
 float largestScale(const glm::mat4& world) {
     return std::max(
         {glm::length(glm::vec3(world[0])),
@@ -193,7 +197,7 @@ bool Snapshot::isLeftOut(const SCNNode& node) const {
 }
 
 void Snapshot::walk(const SCNNode& node, const Inherited& inherited, const Frustum& frustum) {
-    if (node.isHidden || (isMirrored && !node.showsOnFloors))
+    if (!isShown(node, isMirrored))
         return;
     const Moment& moment = sight_.moment;
     Inherited own = inherited;
