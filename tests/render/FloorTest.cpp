@@ -107,7 +107,7 @@ TEST_F(Floor, ShowsNoEditingAids) {
         SCOPED_TRACE(mirrors ? "mirror image" : "dark place");
         floor->floor =
             scene::SCNFloorLook{.mirror = mirrors ? 1.0f : 0.0f, .contact = mirrors ? 0.0f : 1.0f};
-        const auto below = [this] { return at(draw(), 32, rowOf(-8)); };
+        const auto below = [this] { return at(draw(), 32, rowOf(-4)); };
         frame->isHidden = true;
         const Pixel bare = below();
         frame->isHidden = false;
