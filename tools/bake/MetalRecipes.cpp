@@ -36,7 +36,7 @@ Baked plasticGrain(int side, int) {
         return 0.65f * fractal(p, octaves(72, 2, 0.6f, 15)) +
                6.0f * fractal(p, octaves(4, 2, 0.4f, 16));
     });
-    return {normalPicture(blurred(relief, 0.0015f), 0.00036f), {}};
+    return {normalPicture(blurred(relief, 0.0015f), 0.00056f), {}};
 }
 
 /// The wear used by four maps: fine scratches in all directions, a few deep ones, stains.

@@ -77,7 +77,7 @@ constexpr FaceLight kHorizonFace{
 constexpr auto kHorizonLamps = std::to_array<Softbox>({
     {180, 60, 0,  {1.20f, 0.090f}, 0.015f, 12.0f, 0.0f,  kNeutral},
     {200, 84, 0,  {0.60f, 0.10f},  0.03f, 1.20f, 0.0f,  kNeutral},
-    {250, 14, 2,  {0.050f, 0.80f}, 0.012f, 4.50f, 0.10f, kWarm  },
+    {250, 14, 2,  {0.050f, 0.80f}, 0.012f, 5.20f, 0.10f, kWarm  },
     {108, 12, -2, {0.030f, 0.80f}, 0.012f, 2.00f, 0.10f, kCool  },
     {168, 3,  30, {0.045f, 0.60f}, 0.03f, 2.40f, 0.20f, kNeutral}, // a glint on glossy faces
     {306, 42, 0,  {0.12f, 0.22f},  0.03f, 2.00f, 0.0f,  kNeutral},
@@ -88,7 +88,7 @@ constexpr auto kHorizonLamps = std::to_array<Softbox>({
 
 /// Grey overcast: light at the zenith, a bright haze above the horizon, ground below.
 Baked greyHorizon(int width, int height) {
-    return environment(width, height, 0.18f, [](const glm::vec3& direction) {
+    return environment(width, height, 0.15f, [](const glm::vec3& direction) {
         const float elevation = elevationOf(direction);
         const float sky = glm::mix(0.010f, 0.090f, glm::smoothstep(20.0f, 85.0f, elevation));
         const float haze = 0.012f * std::exp(-std::max(0.0f, elevation) / 9.0f);
