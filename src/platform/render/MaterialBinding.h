@@ -29,8 +29,8 @@ enum Feature : std::uint32_t {
     kVertexColors = 1U << 22U,
     kGreyShade = 1U << 23U, ///< with kShade: the same for all colours
     kClearCoat = 1U << 24U,
+    kShade = 1U << 25U,    ///< instead of the colour: how much darker shadows make it; shade.frag
     kOpenness = 1U << 26U, ///< walls that hide light from each other
-    kShade = 1U << 25U, ///< instead of the colour: how much darker shadows make it; shade.frag
 };
 
 [[nodiscard]] constexpr std::uint32_t slotFeature(Unit unit) {
