@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Recipe.h"
+#include "platform/image/Formats.h"
 
 #include <fcntl.h>
 #include <fmt/format.h>
@@ -109,6 +110,7 @@ int run(const std::vector<std::string>& arguments) {
     } else if (!wanted.empty() && isUpToDate(folder, recipes, wanted)) {
         return 0;
     }
+    image::loadFormats();
     if (bakeAll(recipes, folder) > 0)
         return 1;
     if (isWhole)
