@@ -50,6 +50,19 @@ protected:
         return picture;
     }
 
+    /// A wide grey floor, seen from above.
+    scene::SCNNodePtr addFloor() {
+        camera->position = glm::vec3(0, 50, 200);
+        camera->camera->fieldOfView = 60;
+        camera->camera->zFar = 5000;
+        const auto floor = addNode({});
+        floor->geometry = std::make_shared<scene::SCNPlane>(2000, 2000);
+        floor->geometry->materials = {makeMatte(image::Color::white(0.5f))};
+        floor->setEulerAngles({-1.5707963f, 0, 0});
+        floor->castsShadow = false;
+        return floor;
+    }
+
     std::unique_ptr<HeadlessContext> context;
     std::unique_ptr<SCNView> view;
     GLuint texture = 0;
@@ -92,16 +105,9 @@ TEST_F(View, ItsQualityMakesTheStepsOfEdgesSmall) {
 }
 
 TEST_F(View, InMotionTheFloorFollowsWithinAFrameAndAtRestItIsWhole) {
-    camera->position = glm::vec3(0, 50, 200);
-    camera->camera->fieldOfView = 60;
-    camera->camera->zFar = 5000;
-    const auto floor = addNode({});
-    floor->geometry = std::make_shared<scene::SCNPlane>(2000, 2000);
-    floor->geometry->materials = {makeMatte(image::Color::white(0.5f))};
+    const auto floor = addFloor();
     floor->geometry->materials[0]->floor =
         scene::SCNFloorLook{.mirror = 1, .blur = 0.3f, .contact = 1, .lift = 10};
-    floor->setEulerAngles({-1.5707963f, 0, 0});
-    floor->castsShadow = false;
     addLight(scene::SCNLightType::ambient, {}, 1000);
     const auto box = addNode({-60, 20, 0});
     box->geometry = std::make_shared<scene::SCNBox>(40, 30, 40, 0);
@@ -128,14 +134,7 @@ TEST_F(View, InMotionTheFloorFollowsWithinAFrameAndAtRestItIsWhole) {
 }
 
 TEST_F(View, InMotionShadowsLieWhereTheyLieAtRest) {
-    camera->position = glm::vec3(0, 50, 200);
-    camera->camera->fieldOfView = 60;
-    camera->camera->zFar = 5000;
-    const auto floor = addNode({});
-    floor->geometry = std::make_shared<scene::SCNPlane>(2000, 2000);
-    floor->geometry->materials = {makeMatte(image::Color::white(0.5f))};
-    floor->setEulerAngles({-1.5707963f, 0, 0});
-    floor->castsShadow = false;
+    addFloor();
     const auto box = addNode({50, 20, 40});
     box->geometry = std::make_shared<scene::SCNBox>(40, 10, 40, 0);
     const auto lamp = addNode({0, 400, 0});

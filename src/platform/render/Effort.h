@@ -3,9 +3,6 @@
 
 #include "platform/render/DrawQuality.h"
 
-#include <array>
-#include <cstddef>
-
 namespace zelvo::render {
 
 /// What is spent on soft parts of a picture. These are numbers in uniforms and sizes of pictures,
@@ -26,17 +23,13 @@ struct Effort {
 };
 
 // clang-format off
-/// In the order of Detail.
-inline constexpr auto kEfforts = std::to_array<Effort>({
-    {4, 8, 1024, 1.0 / 2,  1.0 / 3, 16,  8, 24, 12}, // full
-    {2, 3,  512, 1.0 / 3,  1.0 / 5,  8,  4,  8,  4}, // moving
-    {2, 3,  512, 1.0 / 3,  1.0 / 5,  8,  4,  8,  4}, // coarse
-});
+inline constexpr Effort kFullEffort  {4, 8, 1024, 1.0 / 2,  1.0 / 3, 16,  8, 24, 12};
+inline constexpr Effort kLittleEffort{2, 3,  512, 1.0 / 3,  1.0 / 5,  8,  4,  8,  4};
 
 // clang-format on
 
 [[nodiscard]] constexpr const Effort& effortOf(Detail detail) {
-    return kEfforts.at(static_cast<std::size_t>(detail));
+    return detail == Detail::full ? kFullEffort : kLittleEffort;
 }
 
 } // namespace zelvo::render

@@ -8,5 +8,5 @@ layout(location = 0) out vec4 oKept; // what is drawn already is multiplied by i
 
 void main() {
     float share = levelShare(vPosition, normalize(vNormal));
-    oKept = vec4(1.0 - share * shadeAround(), 1.0);
+    oKept = vec4(1.0 - share * takenByShadows(), 1.0);
 }

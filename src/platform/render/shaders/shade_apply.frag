@@ -3,4 +3,4 @@ layout(location = 0) out vec4 oKept; // what is drawn already is multiplied by i
 
 #include "shade_around.glsl"
 
-void main() { oKept = vec4(1.0 - shadeAround(), 1.0); }
+void main() { oKept = vec4(1.0 - takenByShadows(), 1.0); }

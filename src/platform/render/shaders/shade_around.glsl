@@ -5,7 +5,7 @@ layout(binding = UNIT_SHADE) uniform sampler2D uShade;
 
 const float kSameSurface = 0.02; // as a share of the distance
 
-vec3 shadeAround() {
+vec3 takenByShadows() {
     vec2 at = gl_FragCoord.xy * effort.zw - 0.5;
     // A mean that is at the pixel's own distance is of one surface. A loop without rounds is skipped in
     // software, too.
