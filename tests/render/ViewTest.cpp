@@ -55,7 +55,7 @@ protected:
         camera->position = glm::vec3(0, 50, 200);
         camera->camera->fieldOfView = 60;
         camera->camera->zFar = 5000;
-        const auto floor = addNode({});
+        auto floor = addNode({});
         floor->geometry = std::make_shared<scene::SCNPlane>(2000, 2000);
         floor->geometry->materials = {makeMatte(image::Color::white(0.5f))};
         floor->setEulerAngles({-1.5707963f, 0, 0});
