@@ -172,6 +172,46 @@ TEST_F(StillStage, ChangesShowAtOnce) {
     }
 }
 
+// A glow over a floor that mirrors, and a veil behind all. They may be drawn before what moves, but
+// only where nobody can tell.
+TEST_F(StillStage, GlowsAndVeilsLookTheSameWhateverMovesBesideThem) {
+    const auto ground = floor->geometry->materials[0];
+    ground->floor = scene::SCNFloorLook{.mirror = 0.8f, .contact = 0.9f};
+    ground->roughness.contents = 0.1f;
+    floor->geometry = std::make_shared<scene::SCNPlane>(1600, 280);
+    floor->geometry->materials = {ground};
+    const auto tint = sharePicture(1, 1, {{80, 100, 50, 128}});
+    const auto addFlat = [&](const glm::vec3& place, float side, scene::SCNBlendMode mode) {
+        const auto node = addSquare(makeMaterial(Color::white(1)), place.z, side);
+        node->position = place;
+        node->geometry->materials[0]->diffuse.setImage(tint);
+        node->geometry->materials[0]->blendMode = mode;
+        node->castsShadow = false;
+    };
+    addFlat({0, 0, -150}, 600, scene::SCNBlendMode::alpha);
+    addFlat({30, 60, -100}, 80, scene::SCNBlendMode::add);
+    addFlat({30, 40, -60}, 90, scene::SCNBlendMode::alpha);
+    addFlat({75, 15, -40}, 40, scene::SCNBlendMode::add);
+    addFlat({-60, -5, 30}, 24, scene::SCNBlendMode::add);
+    const glm::vec3 kPlaces[] = {
+        {70, -30, 30},  // before all
+        {20, 40, -80},  // between two
+        {25, 60, -100}, // through one
+        {30, 60, -200}, // behind all
+        {-80, 65, 45},  // it throws a shadow on the box behind one
+    };
+    for (const glm::vec3& place : kPlaces) {
+        for (int frame = 0; frame < 31; ++frame) {
+            moving->position = place + glm::vec3(0.5f * static_cast<float>(frame), 0, 0);
+            const image::Image drawn = renderer->snapshotAtTime(0, kPicture, {1, 1});
+            if (frame % 15 != 0)
+                continue;
+            ASSERT_EQ(drawn.pixels, drawnAnew().pixels)
+                << "place " << place.x << " " << place.z << ", frame " << frame;
+        }
+    }
+}
+
 TEST_F(StillStage, ShadowsAreLookedUpWhereTheyFallAndNowhereElse) {
     const Reach all = reachOn({floor, standing, moving});
     EXPECT_EQ(all.changed.intersected(all.looked), all.changed) << "a shadow would be cut off";

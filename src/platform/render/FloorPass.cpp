@@ -64,6 +64,10 @@ void FloorPass::drawMirror(const Tools& tools, const Frame& frame) {
          turn == 0 || turn % 2 == 1 ? Refresh::now : Refresh::later});
 }
 
+PixelRect FloorPass::darkPart(const CameraView& camera, Size picture) const {
+    return hasContact ? contact.seenIn(camera, picture) : PixelRect{};
+}
+
 void FloorPass::drawOn(const Tools& tools, const Frame& frame) {
     const Snapshot::Floor& floor = *frame.snapshot.floor();
     const scene::SCNFloorLook& look = *floor.item.material->floor;
@@ -72,8 +76,7 @@ void FloorPass::drawOn(const Tools& tools, const Frame& frame) {
     PixelRect part;
     if (look.mirror > 0)
         part = mirror.seenIn(size);
-    if (hasContact)
-        part = part.united(contact.seenIn(camera, size));
+    part = part.united(darkPart(camera, size));
     part = part.intersected(boundsOnScreen(frame.snapshot.nodes()[floor.item.node], camera, size));
     if (part.isEmpty())
         return;

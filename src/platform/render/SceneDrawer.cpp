@@ -12,6 +12,8 @@
 namespace zelvo::render {
 namespace {
 
+using Place = TranslucentOrder::Place;
+
 Size shadeSize(Size drawn, Detail detail) {
     return drawn.scaled(effortOf(detail).shadeScale);
 }
@@ -19,6 +21,15 @@ Size shadeSize(Size drawn, Detail detail) {
 /// Whether two translucent items are drawn as one thing.
 bool belongTogether(const DrawItem& a, const DrawItem& b) {
     return a.node == b.node || (a.fade != 0 && a.fade == b.fade);
+}
+
+/// Calls with the first item of each group that is drawn as one thing, and with the group's size.
+template <typename Call> void forEachGroup(std::span<const DrawItem> items, const Call& call) {
+    for (std::size_t first = 0, end = 0; first < items.size(); first = end) {
+        while (end < items.size() && belongTogether(items[first], items[end]))
+            ++end;
+        call(first, end - first);
+    }
 }
 
 } // namespace
@@ -93,6 +104,9 @@ void SceneDrawer::drawStill(const Frame& frame) {
         keys.push_back(painter.key(frame.items, item, opaques.back().lights));
     }
     planCatcher(frame.items, size);
+    planTranslucent(frame);
+    for (const Veil& veil : veils)
+        keys.push_back(veil.key);
     if (BackgroundPass::isPicture(frame.background))
         keys.push_back(background.key(frame.background));
     const StillLayer::Step step = layer.plan(keys, surroundingsKey(frame), size);
@@ -106,6 +120,10 @@ void SceneDrawer::drawStill(const Frame& frame) {
         for (std::size_t i = 0; i < opaques.size(); ++i) {
             if (layer.holds(keys[i]))
                 drawWhole(frame.items, opaques[i]);
+        }
+        for (std::size_t i = 0; i < veils.size(); ++i) {
+            if (layer.holds(veils[i].key))
+                drawTranslucent(frame.items, snapshot.translucent().subspan(i, 1));
         }
     }
     layer.copyTo(frame.target, state);
@@ -153,6 +171,7 @@ void SceneDrawer::drawMoving(const Frame& frame) {
             drawWhole(frame.items, opaque);
         }
     }
+    drawEarly(frame);
 }
 
 void SceneDrawer::drawParticles(const Frame& frame) {
@@ -264,10 +283,17 @@ void SceneDrawer::keepWhatTheLayerShows(const scene::SCNScene& scene) {
     for (std::size_t i = 0; i < opaques.size(); ++i) {
         if (!layer.holds(keys[i]))
             continue;
-        for (image::ImagePtr& picture : painter.pictures(*opaques[i].item)) {
-            layerOwners.push_back(std::move(picture));
-        }
+        keepPicturesOf(*opaques[i].item);
     }
+    for (std::size_t i = 0; i < veils.size(); ++i) {
+        if (layer.holds(veils[i].key))
+            keepPicturesOf(snapshot.translucent()[i]);
+    }
+}
+
+void SceneDrawer::keepPicturesOf(const DrawItem& item) {
+    for (image::ImagePtr& picture : painter.pictures(item))
+        layerOwners.push_back(std::move(picture));
 }
 
 void SceneDrawer::drawBackground(const Frame& frame, const RenderTarget& target) {
@@ -299,30 +325,74 @@ void SceneDrawer::drawShadowed(
     state.setScissor(std::nullopt);
 }
 
-void SceneDrawer::drawTranslucent(const Frame& whole) {
-    const ItemPainter::Frame& frame = whole.items;
+bool SceneDrawer::hasTranslucent() const {
+    return std::ranges::any_of(veils, [](const Veil& veil) { return veil.place == Place::inTurn; });
+}
+
+void SceneDrawer::planTranslucent(const Frame& frame) {
+    const CameraView& camera = snapshot.camera();
+    const Size size = frame.target.size();
+    const std::span<const VisibleNode> nodes = snapshot.nodes();
+    order.begin(camera, size);
+    for (std::size_t i = 0; i < opaques.size(); ++i) {
+        const VisibleNode& node = nodes[opaques[i].item->node];
+        order.addLater(
+            node, layer.holds(keys[i]) ? opaques[i].shadowed : boundsOnScreen(node, camera, size));
+    }
+    if (catcher)
+        order.addLater(nodes[catcher->item->node], catcher->shadowed);
+    if (const std::optional<Snapshot::Floor>& shown = snapshot.floor()) {
+        const VisibleNode& node = nodes[shown->item.node];
+        order.addFloor(node, boundsOnScreen(node, camera, size), floor.darkPart(camera, size));
+    }
     const std::span<const DrawItem> items = snapshot.translucent();
-    for (std::size_t first = 0; first < items.size();) {
-        std::size_t end = first;
-        while (end < items.size() && belongTogether(items[first], items[end])) {
-            ++end;
-        }
-        const std::span<const DrawItem> group = items.subspan(first, end - first);
-        // For fading solids, draw the depth first. Then only their front is coloured: they fade as
-        // one thing, and what stands inside stays hidden.
-        for (const DrawItem& item : group) {
-            if (painter.fadesAsAWhole(*item.material))
-                painter.drawDepth(frame, item);
-        }
-        for (const DrawItem& item : group) {
-            const std::uint32_t mask = snapshot.nodes()[item.node].categoryBitMask;
-            painter.draw(
-                frame,
-                item,
-                painter.lightsFor(frame, mask, ItemPainter::Shadows::cast),
-                painter.fadesAsAWhole(*item.material) ? DepthTest::equal : DepthTest::nearer);
-        }
-        first = end;
+    veils.assign(items.size(), {});
+    forEachGroup(items, [&](std::size_t first, std::size_t count) {
+        const DrawItem& item = items[first];
+        Veil& veil = veils[first];
+        if (count == 1 && !painter.fadesAsAWhole(*item.material))
+            veil.place = order.placeOf(nodes[item.node], item);
+        if (veil.place == TranslucentOrder::Place::beforeAll)
+            veil.key = painter.key(frame.items, item, lightsOf(frame.items, item));
+        for (std::size_t i = first; i < first + count && !layer.holds(veil.key); ++i)
+            order.addUnheld(nodes[items[i].node], items[i], veil.place);
+    });
+}
+
+ItemPainter::Lights SceneDrawer::lightsOf(const ItemPainter::Frame& frame, const DrawItem& item) {
+    return painter.lightsFor(
+        frame, snapshot.nodes()[item.node].categoryBitMask, ItemPainter::Shadows::cast);
+}
+
+void SceneDrawer::drawEarly(const Frame& frame) {
+    for (std::size_t i = 0; i < veils.size(); ++i) {
+        if (veils[i].place != Place::inTurn && !layer.holds(veils[i].key))
+            drawTranslucent(frame.items, snapshot.translucent().subspan(i, 1));
+    }
+}
+
+void SceneDrawer::drawTranslucent(const Frame& frame) {
+    const std::span<const DrawItem> items = snapshot.translucent();
+    forEachGroup(items, [&](std::size_t first, std::size_t count) {
+        if (veils[first].place == Place::inTurn)
+            drawTranslucent(frame.items, items.subspan(first, count));
+    });
+}
+
+void SceneDrawer::drawTranslucent(
+    const ItemPainter::Frame& frame, std::span<const DrawItem> group) {
+    // For fading solids, draw the depth first. Then only their front is coloured: they fade as
+    // one thing, and what stands inside stays hidden.
+    for (const DrawItem& item : group) {
+        if (painter.fadesAsAWhole(*item.material))
+            painter.drawDepth(frame, item);
+    }
+    for (const DrawItem& item : group) {
+        painter.draw(
+            frame,
+            item,
+            lightsOf(frame, item),
+            painter.fadesAsAWhole(*item.material) ? DepthTest::equal : DepthTest::nearer);
     }
 }
 

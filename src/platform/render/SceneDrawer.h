@@ -15,10 +15,12 @@
 #include "platform/render/StillLayer.h"
 #include "platform/render/SurfaceShaders.h"
 #include "platform/render/TextureStore.h"
+#include "platform/render/TranslucentOrder.h"
 #include "platform/render/UniformArena.h"
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace zelvo::render {
@@ -71,26 +73,27 @@ public:
     /// After drawStill.
     [[nodiscard]] bool hasShade() const;
 
-    [[nodiscard]] bool hasOpaque() const { return !snapshot.opaque().empty(); }
-
-    [[nodiscard]] bool hasTranslucent() const { return !snapshot.translucent().empty(); }
+    /// After drawStill.
+    [[nodiscard]] bool hasTranslucent() const;
 
     [[nodiscard]] bool hasFloor() const { return snapshot.floor().has_value(); }
 
     [[nodiscard]] bool hasParticles() const { return !snapshot.emitters().empty(); }
 
     void drawShadows(const Frame& frame);
-    /// Draws the background and the opaque items that have not changed (StillLayer decides which).
+    /// Draws the background and the items that have not changed (StillLayer decides which).
     void drawStill(const Frame& frame);
     /// Draws, in a smaller picture, how much darker shadows make what does not cast. They are soft.
     void drawShade(const Frame& frame);
-    /// Draws the other opaque items, and the shadows on the unchanged ones.
+    /// Draws the other opaque items, the shadows on the unchanged ones, and the translucent items
+    /// that come before the floor's mirror image.
     void drawMoving(const Frame& frame);
     /// Draws the pictures of what the floor shows: mirror image, dark places.
     void prepareFloor(const Frame& frame);
     /// Draws them onto the floor.
     void drawOnFloor(const Frame& frame);
-    void drawTranslucent(const Frame& whole);
+    /// Draws the translucent items that drawMoving has left.
+    void drawTranslucent(const Frame& frame);
     void drawParticles(const Frame& frame);
 
     /// Returns a hash of all that the frame depends on: same key, same picture. Nothing if it
@@ -117,6 +120,12 @@ private:
         bool isDepthFirst = false; ///< its depth is drawn before its colour
     };
 
+    /// When a translucent item is drawn. Of a group only the first counts: groups have their turn.
+    struct Veil {
+        TranslucentOrder::Place place = TranslucentOrder::Place::inTurn;
+        std::uint64_t key = StillLayer::kMoving;
+    };
+
     void planCatcher(const ItemPainter::Frame& frame, Size picture);
     [[nodiscard]] FloorPass::Tools floorTools();
     [[nodiscard]] FloorPass::Frame floorFrame(const Frame& frame) const;
@@ -133,6 +142,12 @@ private:
     [[nodiscard]] std::uint64_t surroundingsKey(const Frame& frame);
     void keepWhatTheLayerShows(const scene::SCNScene& scene);
     void drawBackground(const Frame& frame, const RenderTarget& target);
+    void keepPicturesOf(const DrawItem& item);
+    void planTranslucent(const Frame& frame);
+    [[nodiscard]] ItemPainter::Lights
+    lightsOf(const ItemPainter::Frame& frame, const DrawItem& item);
+    void drawEarly(const Frame& frame);
+    void drawTranslucent(const ItemPainter::Frame& frame, std::span<const DrawItem> group);
     void drawWhole(const ItemPainter::Frame& frame, const OpaqueItem& opaque);
     void
     drawShadowed(const ItemPainter::Frame& frame, const OpaqueItem& opaque, DepthTest depthTest);
@@ -153,7 +168,9 @@ private:
     Snapshot snapshot;
     ShadowViews views;
     std::vector<OpaqueItem> opaques;
-    std::vector<std::uint64_t> keys; ///< of the opaques
+    std::vector<std::uint64_t> keys; ///< of the opaques, then of all else in the layer
+    TranslucentOrder order;
+    std::vector<Veil> veils; ///< for each of the snapshot's translucent items
     /// A floor that is left out: only the shadows on it are drawn.
     std::optional<OpaqueItem> catcher;
     /// Owners of the addresses in the layer's keys, so that no new object gets such an address.

@@ -9,8 +9,9 @@
 
 namespace zelvo::render {
 
-/// Keeps a picture, with depth, of what has not changed for some frames: the background and opaque
-/// items. With software drawing, copying it costs a tenth of drawing a whole stage.
+/// Keeps a picture, with depth, of what has not changed for some frames: the background, opaque items
+/// and translucent ones behind all that changes. With software drawing, copying it costs a tenth of
+/// drawing a whole stage.
 ///
 /// Items are compared by keys: equal keys mean equal pixels. An item that changes is never in the
 /// layer.
