@@ -96,7 +96,7 @@ struct FramePasses::Table {
                  {all.light,
                   all.drawer.hasToneMap(),
                   all.glow,
-                  frame.input.drawings == 1},
+                  frame.input.drawings == 1 && frame.input.detail == Detail::full},
                  frame.pictures.picture,
                  frame.tools(all.graphicsState()));
          }},
