@@ -22,13 +22,15 @@ vec3 excess(ivec2 p, int i) {
     return max(c, vec3(0.0)) * (clamp(peak - 1.0, 0.0, 4.0) / max(peak, 1e-3));
 }
 
-// Eight of the sixteen pixels, as on a chessboard, each at another of its samples.
+// Eight of the sixteen pixels, as on a chessboard. From each row one sample is read, as they lie far
+// apart in memory. The third one of the upper rows and the fourth one of the lower rows are spread
+// evenly from left to right.
 void main() {
     ivec2 first = ivec2(gl_FragCoord.xy) * 4;
     vec3 sum = vec3(0.0);
     for (int y = 0; y < 4; ++y) {
-        sum += excess(first + ivec2(y & 1, y), y);
-        sum += excess(first + ivec2(2 + (y & 1), y), y);
+        sum += excess(first + ivec2(y & 1, y), 2 + y / 2);
+        sum += excess(first + ivec2(2 + (y & 1), y), 2 + y / 2);
     }
     oColor = vec4(sum * 0.125, 1.0);
 }
