@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/render/EdgeLines.h"
 #include "platform/render/FullscreenPass.h"
 
 namespace zelvo::render {
@@ -13,12 +14,17 @@ public:
         const RenderTarget& light;
         bool hasToneMap;
         std::uint32_t glow; ///< the texture that BloomPass has made; 0: none
-        /// Edges are smoothed by samples of neighbouring pixels, too. Not if the frame is drawn more
-        /// than once, as the drawings are spread over the pixel then.
-        bool takesNeighbours = true;
     };
 
     void draw(const Input& input, const RenderTarget& picture, const FullscreenPass::Tools& tools);
+
+    /// Replaces the pixels of edges: instead of the mean of the samples, each side of an edge counts
+    /// by its share of the pixel. After `draw`.
+    void smoothEdges(
+        const Input& input,
+        const EdgeLines& lines,
+        const RenderTarget& picture,
+        const FullscreenPass::Tools& tools);
 
 private:
     struct Variant {
@@ -26,9 +32,17 @@ private:
         FullscreenPass pass;
     };
 
-    [[nodiscard]] FullscreenPass& passFor(const std::vector<std::string>& defines);
+    struct EdgeVariant {
+        std::vector<std::string> defines;
+        ProgramHandle program;
+    };
 
-    std::vector<Variant> variants; ///< each built when it is first needed
+    [[nodiscard]] FullscreenPass& passFor(const std::vector<std::string>& defines);
+    [[nodiscard]] std::uint32_t edgeProgramFor(const std::vector<std::string>& defines);
+
+    // Each is built when it is first needed.
+    std::vector<Variant> variants;
+    std::vector<EdgeVariant> edgeVariants;
 };
 
 } // namespace zelvo::render

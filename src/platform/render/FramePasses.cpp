@@ -20,8 +20,14 @@ enum Part : std::uint32_t {
     kColor = 8,
     kMirror = 16,
     kGlow = 32,
-    kShadeImage = 64
+    kShadeImage = 64,
+    kLines = 128
 };
+
+/// Drawings of one frame are spread over the pixel, so that their mean has smooth edges already.
+bool hasLines(const FrameInput& input) {
+    return input.drawings == 1 && input.samples == 4 && input.detail == Detail::full;
+}
 
 } // namespace
 
@@ -79,6 +85,10 @@ struct FramePasses::Table {
          [](Const all, F) { return all.drawer.hasTranslucent(); },
          [](All all, F frame) { all.drawer.drawTranslucent(frame.scene); }},
 
+        {"lines of edges", kDepth, kLines,
+         [](Const, F frame) { return hasLines(frame.input); },
+         [](All all, F frame) { all.drawer.drawEdgeLines(frame.scene); }},
+
         {"particles", kDepth, kLight,
          [](Const all, F) { return all.drawer.hasParticles(); },
          [](All all, F frame) { all.drawer.drawParticles(frame.scene); }},
@@ -93,10 +103,19 @@ struct FramePasses::Table {
          [](Const, F) { return true; },
          [](All all, F frame) {
              all.display.draw(
-                 {all.light,
-                  all.drawer.hasToneMap(),
-                  all.glow,
-                  frame.input.drawings == 1 && frame.input.detail == Detail::full},
+                 {all.light, all.drawer.hasToneMap(), all.glow},
+                 frame.pictures.picture,
+                 frame.tools(all.graphicsState()));
+         }},
+
+        {"edges", kLight | kGlow | kLines, kColor,
+         [](Const all, F frame) {
+             return hasLines(frame.input) && !all.drawer.edgeLines().isEmpty();
+         },
+         [](All all, F frame) {
+             all.display.smoothEdges(
+                 {all.light, all.drawer.hasToneMap(), all.glow},
+                 all.drawer.edgeLines(),
                  frame.pictures.picture,
                  frame.tools(all.graphicsState()));
          }},

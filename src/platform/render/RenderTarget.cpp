@@ -26,7 +26,9 @@ constexpr auto kFormats = std::to_array<FormatRow>({
     {GL_DEPTH_COMPONENT32F, true,  1},
     {GL_RGBA8,              false, 7},
     {GL_RGBA16F,            false, 6},
-    {GL_R8,                 false, 1}
+    {GL_R8,                 false, 1},
+    {GL_RG8,                false, 1},
+    {GL_DEPTH_COMPONENT16,  true,  1}
 });
 
 // clang-format on

@@ -16,6 +16,8 @@ enum class TargetFormat {
     casters, ///< 8 bits, with mipmaps: of a shadow map
     mirror,  ///< half floats, with mipmaps
     r8,      ///< a share
+    line,    ///< of an edge, see edge_line.glsl
+    depth16, ///< of little precision
 };
 
 /// A framebuffer and its textures, all of one size. It takes no memory until `resize` gives it a

@@ -58,6 +58,7 @@ SceneDrawer::Frame SceneDrawer::begin(
 }
 
 void SceneDrawer::end() {
+    lines.prune();
     const bool hasDroppedTextures = textures.prune();
     if (meshes.prune() || hasDroppedTextures)
         state.forgetBindings();
@@ -172,6 +173,24 @@ void SceneDrawer::drawMoving(const Frame& frame) {
         }
     }
     drawEarly(frame);
+}
+
+void SceneDrawer::drawEdgeLines(const Frame& frame) {
+    edgedNodes.clear();
+    const auto add = [&](const DrawItem& item) {
+        if (item.material->fillMode != scene::SCNFillMode::lines)
+            edgedNodes.push_back(item.node);
+    };
+    std::ranges::for_each(snapshot.opaque(), add);
+    for (const DrawItem& item : snapshot.translucent()) {
+        if (painter.fadesAsAWhole(
+                *item.material)) // others have no depth, so hidden edges are not known
+            add(item);
+    }
+    std::ranges::sort(edgedNodes);
+    edgedNodes.erase(std::unique(edgedNodes.begin(), edgedNodes.end()), edgedNodes.end());
+    lines.draw({state, frame.items.uniforms}, snapshot, edgedNodes, frame.target);
+    frame.target.bind(state);
 }
 
 void SceneDrawer::drawParticles(const Frame& frame) {

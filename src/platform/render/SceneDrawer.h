@@ -4,6 +4,7 @@
 #include "platform/render/BackgroundPass.h"
 #include "platform/render/Context.h"
 #include "platform/render/DrawQuality.h"
+#include "platform/render/EdgeLines.h"
 #include "platform/render/FloorPass.h"
 #include "platform/render/GraphicsState.h"
 #include "platform/render/ItemPainter.h"
@@ -94,6 +95,8 @@ public:
     void drawOnFloor(const Frame& frame);
     /// Draws the translucent items that drawMoving has left.
     void drawTranslucent(const Frame& frame);
+    /// Notes where edges of opaque items, and of solids that fade, run through pixels.
+    void drawEdgeLines(const Frame& frame);
     void drawParticles(const Frame& frame);
 
     /// Returns a hash of all that the frame depends on: same key, same picture. Nothing if it
@@ -102,6 +105,8 @@ public:
     pictureKey(const scene::SCNScene& scene, const scene::SCNNode* pointOfView, float aspect) {
         return pictures.of(scene, pointOfView, aspect, painter);
     }
+
+    [[nodiscard]] const EdgeLines& edgeLines() const { return lines; }
 
     [[nodiscard]] GraphicsState& graphicsState() { return state; }
 
@@ -162,6 +167,8 @@ private:
     ParticlePass particles;
     FloorPass floor;
     StillLayer layer;
+    EdgeLines lines;
+    std::vector<std::uint32_t> edgedNodes; ///< kept between frames to reuse its memory
     RenderTarget shade{TargetFormat::half, TargetFormat::depth32};
     ItemPainter painter;
     PictureKey pictures;

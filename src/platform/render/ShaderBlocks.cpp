@@ -33,6 +33,7 @@ std::string makeDeclarations() {
            constant("UNIT_SHADOW", kShadowUnit) + constant("UNIT_PROBE", kProbeUnit) +
            constant("UNIT_PICTURE", kPictureUnit) + constant("UNIT_DEPTH", kDepthUnit) +
            constant("UNIT_GLOW", kGlowUnit) + constant("UNIT_SHADE", kShadeUnit) +
+           constant("UNIT_LINES", kLineUnit) + constant("UNIT_SECOND_LINES", kSecondLineUnit) +
            constant("MAX_SHADOWS", kMaxShadows) +
            block(kFrameBinding, "FrameBlock", ZELVO_FRAME_BLOCK(ZELVO_ONE, ZELVO_LIST)) +
            block(kLightBinding, "LightBlock", ZELVO_LIGHT_BLOCK(ZELVO_ONE, ZELVO_LIST)) +

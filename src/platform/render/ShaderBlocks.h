@@ -45,6 +45,8 @@ enum Unit : std::uint32_t {
     kDepthUnit = 18,
     kGlowUnit = 19,  ///< what BloomPass has made
     kShadeUnit = 20, ///< the smaller picture of shadows
+    kLineUnit = 21,  ///< see EdgeLines
+    kSecondLineUnit = 22,
 };
 
 // clang-format off

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "platform/render/EdgeLines.h"
+
+#include "platform/foundation/Check.h"
+#include "platform/render/ShaderBlocks.h"
+#include "platform/render/ShaderProgram.h"
+
+#include <epoxy/gl.h>
+#include <glm/common.hpp>
+#include <glm/geometric.hpp>
+#include <glm/matrix.hpp>
+
+#include <algorithm>
+#include <string>
+
+namespace zelvo::render {
+namespace {
+
+constexpr std::uint64_t kKeptFrames = 120;
+constexpr std::size_t kMinCapacity = 4096;
+/// Larger meshes get no lines: their triangles are hardly larger than pixels.
+constexpr std::size_t kMaxTriangles = 30000;
+/// Pixels. A shorter line changes next to nothing.
+constexpr float kShortest = 0.5F;
+
+ProgramHandle build(std::vector<std::string> defines) {
+    auto built = buildProgram({"edge_lines.vert", "edge_lines.frag", std::move(defines)});
+    CHECK(built.has_value(), "{}", built.error().message);
+    return std::move(*built);
+}
+
+std::size_t trianglesOf(const VisibleNode& node) {
+    const geometry::Mesh& mesh = node.geometry->mesh();
+    const auto& indices = node.level == 0 ? mesh.indices : mesh.coarser[node.level - 1].indices;
+    return indices.size() / 3;
+}
+
+/// Depth is reversed: 1 at the near plane.
+bool isBeyondNearPlane(const glm::vec4& clip) {
+    return clip.w > 0 && clip.z <= clip.w;
+}
+
+bool isInPicture(const glm::vec2& from, const glm::vec2& to) {
+    const glm::vec2 low = glm::min(from, to);
+    const glm::vec2 high = glm::max(from, to);
+    return high.x > -1 && high.y > -1 && low.x < 1 && low.y < 1;
+}
+
+} // namespace
+
+void EdgeLines::draw(
+    const Tools& tools,
+    const Snapshot& snapshot,
+    std::span<const std::uint32_t> nodes,
+    const RenderTarget& scene) {
+    const glm::vec2 size(scene.size().width, scene.size().height);
+    instances.clear();
+    for (const std::uint32_t node : nodes)
+        add(snapshot.nodes()[node], snapshot.camera(), size / 2.0F);
+    if (instances.empty())
+        return;
+    ensureReady();
+    upload();
+    PassBlock block;
+    block.passFrame = {0, size, 0};
+    tools.uniforms.bind(tools.state, kPassBinding, block);
+    second.resize(scene.size(), tools.state); // and the first, whose depth it uses
+    first.resize(scene.size(), tools.state);
+    for (const RenderTarget* target : {&first, &second}) {
+        target->bind(tools.state);
+        tools.state.clear();
+        tools.state.set({.culling = Culling::none});
+        tools.state.bindTexture(kDepthUnit, scene.depth(), 0);
+        if (target == &second)
+            tools.state.bindTexture(kPictureUnit, first.color(), 0);
+        tools.state.useProgram((target == &first ? findFirst : findSecond).name());
+        drawQuads(tools.state);
+    }
+}
+
+void EdgeLines::drawQuads(GraphicsState& state) const {
+    state.bindVertexArray(array.name());
+    glDrawArraysInstanced(GL_TRIANGLE_STRIP, 0, 4, static_cast<GLsizei>(instances.size()));
+}
+
+const std::vector<geometry::MeshEdge>& EdgeLines::edgesOf(const VisibleNode& node) {
+    const auto [found, isNew] = known.try_emplace({node.geometry->revision(), node.level});
+    Edges& edges = found->second;
+    edges.lastFrame = frame;
+    if (isNew && trianglesOf(node) <= kMaxTriangles)
+        edges.all = geometry::meshEdges(node.geometry->mesh(), node.level);
+    return edges.all;
+}
+
+void EdgeLines::add(const VisibleNode& node, const CameraView& camera, const glm::vec2& halfSize) {
+    const glm::vec3 eye(glm::inverse(node.world) * glm::vec4(camera.position, 1));
+    const glm::mat4 toClip = camera.viewProjection * node.world;
+    for (const geometry::MeshEdge& edge : edgesOf(node)) {
+        if (!geometry::isSeenFrom(edge, eye))
+            continue;
+        const glm::vec4 from = toClip * glm::vec4(edge.from, 1);
+        const glm::vec4 to = toClip * glm::vec4(edge.to, 1);
+        if (!isBeyondNearPlane(from) || !isBeyondNearPlane(to))
+            continue;
+        const Instance line{glm::vec3(from) / from.w, glm::vec3(to) / to.w};
+        const glm::vec2 along = glm::vec2(line.to - line.from) * halfSize;
+        if (isInPicture(line.from, line.to) && glm::dot(along, along) > kShortest * kShortest)
+            instances.push_back(line);
+    }
+}
+
+void EdgeLines::ensureReady() {
+    if (array)
+        return;
+    findFirst = build({});
+    findSecond = build({"SECOND"});
+    GLuint name = 0;
+    glCreateVertexArrays(1, &name);
+    array = VertexArrayHandle(name);
+    glCreateBuffers(1, &name);
+    buffer = BufferHandle(name);
+    glVertexArrayVertexBuffer(array.name(), 0, buffer.name(), 0, sizeof(Instance));
+    glVertexArrayBindingDivisor(array.name(), 0, 1);
+    for (GLuint location = 0; location < 2; ++location) {
+        glEnableVertexArrayAttrib(array.name(), location);
+        glVertexArrayAttribBinding(array.name(), location, 0);
+        glVertexArrayAttribFormat(
+            array.name(), location, 3, GL_FLOAT, GL_FALSE, location * sizeof(glm::vec3));
+    }
+}
+
+void EdgeLines::upload() {
+    // A new buffer each time, because frames in flight still read the old one.
+    capacity = std::max({capacity, kMinCapacity, instances.size()});
+    glNamedBufferData(
+        buffer.name(),
+        static_cast<GLsizeiptr>(capacity * sizeof(Instance)),
+        nullptr,
+        GL_STREAM_DRAW);
+    glNamedBufferSubData(
+        buffer.name(),
+        0,
+        static_cast<GLsizeiptr>(instances.size() * sizeof(Instance)),
+        instances.data());
+}
+
+void EdgeLines::prune() {
+    ++frame;
+    std::erase_if(
+        known, [this](const auto& entry) { return entry.second.lastFrame + kKeptFrames < frame; });
+}
+
+} // namespace zelvo::render

@@ -1,0 +1,105 @@
+// The colour of a pixel that an edge runs through. The edge's line tells what share of the pixel lies on
+// either side of it; the samples tell the colours there. A second line makes a third part, such as a
+// thin bevel: then the parts are shared out as if both lines ran in the same direction.
+#include "display.glsl"
+#include "edge_line.glsl"
+layout(binding = UNIT_LINES) uniform sampler2D uNearest;
+layout(binding = UNIT_SECOND_LINES) uniform sampler2D uSecondNearest;
+
+// Pixels. A sample that is nearer to a line counts for neither side, because the line's code is rounded.
+const float kUnsure = 0.01;
+
+float sum(vec4 numbers) { return dot(numbers, vec4(1.0)); }
+
+// The share of the pixel beyond a line, of the distances of the samples from it: the mean of the shares
+// of the four squares around these. A line cuts a triangle or a trapezoid from a square.
+float shareBeyond(vec3 line, vec4 distances) {
+    float a = max(abs(line.x), abs(line.y));
+    float b = min(abs(line.x), abs(line.y));
+    vec4 far = abs(distances) / kSquare;
+    vec4 corner = max(0.5 * (a + b) - far, 0.0);
+    vec4 triangle = corner * corner / max(2.0 * a * b, 1e-6);
+    vec4 trapezoid = 0.5 - far / a;
+    vec4 smaller = mix(triangle, trapezoid, lessThanEqual(far, vec4(0.5 * (a - b))));
+    return 0.25 * sum(mix(smaller, 1.0 - smaller, greaterThan(distances, vec4(0.0))));
+}
+
+// The index of the sample nearest to a line, of those on its positive side; if there is none, some index.
+int nearestOf(vec4 distances) {
+    vec4 n = mix(vec4(9.0), distances, greaterThan(distances, vec4(kUnsure)));
+    int left = n.y < n.x ? 1 : 0;
+    int right = n.w < n.z ? 3 : 2;
+    return min(n.x, n.y) <= min(n.z, n.w) ? left : right;
+}
+
+// A sample of a neighbouring pixel, and its weight.
+struct Outside {
+    ivec2 pixel;
+    int index;
+    float weight;
+};
+
+struct Weights {
+    vec4 own; // of the pixel's samples
+    // Of parts without a sample in the pixel.
+    Outside beyond;
+    Outside before;
+};
+
+Weights weightsOf(ivec2 here, vec3 one, vec3 two) {
+    if (dot(one.xy, two.xy) < 0.0) two = -two;
+    vec4 fromOne = distancesFrom(one);
+    vec4 fromTwo = distancesFrom(two);
+    vec4 isBeyondOne = step(kUnsure, fromOne);
+    vec4 isBeyondTwo = step(kUnsure, fromTwo);
+    vec4 isBeforeOne = step(kUnsure, -fromOne);
+    vec4 isBeforeTwo = step(kUnsure, -fromTwo);
+    vec4 isBeyond = isBeyondOne * isBeyondTwo;
+    vec4 isBefore = isBeforeOne * isBeforeTwo;
+    vec4 isBetween = isBeyondOne * isBeforeTwo + isBeforeOne * isBeyondTwo;
+    vec3 counts = vec3(sum(isBefore), sum(isBetween), sum(isBeyond));
+
+    vec2 beyond = vec2(shareBeyond(one, fromOne), shareBeyond(two, fromTwo));
+    vec3 shares = vec3(1.0 - max(beyond.x, beyond.y), abs(beyond.x - beyond.y), min(beyond.x, beyond.y));
+    // A part between the lines without a sample is left out.
+    if (counts.y == 0.0) shares.y = 0.0;
+    shares /= shares.x + shares.y + shares.z;
+    vec3 each = shares / max(counts, vec3(1.0));
+
+    ivec2 ahead = abs(one.x) > abs(one.y) ? ivec2(sign(one.x), 0) : ivec2(0, sign(one.y));
+    vec2 further = vec2(dot(one.xy, vec2(ahead)), dot(two.xy, vec2(ahead)));
+    ivec2 last = ivec2(passFrame.yz) - 1;
+    Weights weights;
+    weights.own = isBefore * each.x + isBetween * each.y + isBeyond * each.z;
+    weights.beyond = Outside(
+        clamp(here + ahead, ivec2(0), last), nearestOf(min(further.x + fromOne, further.y + fromTwo)),
+        counts.z == 0.0 ? each.z : 0.0);
+    weights.before = Outside(
+        clamp(here - ahead, ivec2(0), last), nearestOf(min(further.x - fromOne, further.y - fromTwo)),
+        counts.x == 0.0 ? each.x : 0.0);
+    return weights;
+}
+
+vec4 weighted(vec4 light, vec4 glow, float weight) { return weight * vec4(shown(light + glow), light.a); }
+
+// In a loop with one round or none, as that is skipped in software.
+vec4 outside(Outside from, vec4 glow) {
+    vec4 color = vec4(0.0);
+    int count = from.weight > 0.0 ? 1 : 0;
+    for (int i = 0; i < count; ++i)
+        color += weighted(sampleAt(from.pixel, from.index), glow, from.weight);
+    return color;
+}
+
+void main() {
+    ivec2 here = ivec2(gl_FragCoord.xy);
+    vec2 nearest = texelFetch(uNearest, here, 0).xy;
+    if (!hasLine(nearest)) discard;
+    vec2 second = texelFetch(uSecondNearest, here, 0).xy;
+    Weights weights = weightsOf(here, lineOf(nearest), lineOf(hasLine(second) ? second : nearest));
+    vec4 glow = glowHere();
+    vec4 color = outside(weights.beyond, glow) + outside(weights.before, glow);
+    for (int i = 0; i < SAMPLES; ++i)
+        color += weighted(sampleAt(here, i), glow, weights.own[i]);
+    oColor = displayed(color.rgb, color.a);
+}

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "render/StageFixture.h"
+
+#include <numbers>
+
+namespace zelvo::render {
+namespace {
+
+using image::Color;
+
+constexpr float kQuarterTurn = std::numbers::pi_v<float> / 2;
+constexpr double kPixels = 32; // in a unit
+
+double lightAt(const image::Image& picture, int x, int y) {
+    const std::uint8_t value = picture.pixels[static_cast<std::size_t>(y * picture.width + x) * 4];
+    return image::linearFromSRGB(static_cast<float>(value) / 255);
+}
+
+class Edges : public Stage {
+protected:
+    Edges() { scene->background.contents = Color::white(0); }
+
+    /// A white stripe; its middle line goes through the origin, at this angle to the upright.
+    [[nodiscard]] scene::SCNNodePtr addStripe(float width, float angle) const {
+        auto node = addNode({0, 0, 0});
+        node->geometry = std::make_shared<scene::SCNPlane>(width, 8);
+        node->geometry->materials = {makeMaterial(Color::white(1))};
+        node->setEulerAngles({0, 0, angle});
+        return node;
+    }
+
+    [[nodiscard]] image::Image drawn() const { return renderer->snapshotAtTime(0, kSize, {}); }
+
+    /// Of a row, or of a column if the picture lies on its side; in pixels.
+    [[nodiscard]] static double
+    lightOfLine(const image::Image& picture, int line, bool isOnItsSide) {
+        double sum = 0;
+        for (int i = 0; i < 64; ++i)
+            sum += isOnItsSide ? lightAt(picture, line, i) : lightAt(picture, i, line);
+        return sum;
+    }
+};
+
+// All light of a row is as long as the white part of it. Four samples alone are an eighth off.
+TEST_F(Edges, AlmostUprightAndLevelOnesLieWhereTheyAre) {
+    constexpr float kWide = 4;
+    for (const float slope : {-0.04F, 0.015F, 0.06F, 0.2F}) {
+        for (int turns = 0; turns < 4; ++turns) {
+            const float angle = std::atan(slope) + static_cast<float>(turns) * kQuarterTurn;
+            const glm::vec2 normal(std::cos(angle), std::sin(angle));
+            const auto half = addStripe(kWide, angle);
+            half->position = glm::vec3(normal * (-kWide / 2), 0);
+            const image::Image picture = drawn();
+            half->removeFromParentNode();
+            const bool isOnItsSide = turns % 2 == 1;
+            const glm::vec2 seen = isOnItsSide ? glm::vec2(normal.y, normal.x) : normal;
+            for (int line = 2; line < 62; ++line) {
+                // the place of the line in units: rows go down, columns to the right
+                const double along = (isOnItsSide ? -1 : 1) * (1 - (line + 0.5) / kPixels);
+                const double edge = -static_cast<double>(seen.y / seen.x) * along;
+                const double white = kPixels * (seen.x > 0 ? 1 + edge : 1 - edge);
+                EXPECT_NEAR(lightOfLine(picture, line, isOnItsSide), white, 0.04)
+                    << "slope " << slope << ", turns " << turns << ", line " << line;
+            }
+        }
+    }
+}
+
+// Both edges of the white wedge run through the same pixels. Left of it is grey, right of it black.
+TEST_F(Edges, OfAThinWedgeKeepItsWidth) {
+    constexpr float kWide = 4;
+    constexpr double kBetween = 0.95; // pixels, in the middle
+    constexpr float kTurn = 0.006F;
+    const Color grey = Color::hex(0xA0A0A0);
+    for (const float lean : {0.03F, 0.0F, -0.2F}) {
+        const auto put = [&](float angle, float shift, float z) {
+            const auto half = addStripe(kWide, angle);
+            half->position =
+                glm::vec3(-kWide / 2 * std::cos(angle) + shift, -kWide / 2 * std::sin(angle), z);
+            return half;
+        };
+        const auto white = put(lean + kTurn, 0, 0);
+        const auto left = put(lean - kTurn, static_cast<float>(-kBetween / kPixels), 0.001F);
+        left->geometry->materials = {makeMaterial(grey)};
+        const image::Image picture = drawn();
+        white->removeFromParentNode();
+        left->removeFromParentNode();
+        const double greyLight = lightAt(picture, 4, 32);
+        for (int line = 2; line < 62; ++line) {
+            const double up = 32 - (line + 0.5);
+            const double end = 32 - std::tan(lean + kTurn) * up;
+            const double begin = 32 - kBetween - std::tan(lean - kTurn) * up;
+            EXPECT_NEAR(lightOfLine(picture, line, false), greyLight * begin + (end - begin), 0.18)
+                << "lean " << lean << ", line " << line;
+        }
+    }
+}
+
+// Between two pixels of a picture there is no edge: it would mix their colours.
+TEST_F(Edges, ThatAreHiddenChangeNothing) {
+    std::vector<std::array<std::uint8_t, 4>> pixels;
+    for (std::uint8_t i = 0; i < 64; ++i) {
+        const std::uint8_t grey = i % 2 == 0 ? 20 : 230;
+        pixels.push_back({grey, grey, grey, 255});
+    }
+    auto material = makeMaterial(Color::white(1));
+    material->diffuse.contents = sharePicture(64, 1, pixels);
+    addSquare(material, 0.5F);
+    const image::Image alone = drawn();
+    addStripe(0.7F, 0.4F)->geometry = std::make_shared<scene::SCNBox>(0.7F, 0.7F, 0.2F, 0);
+    EXPECT_EQ(drawn().pixels, alone.pixels);
+}
+
+} // namespace
+} // namespace zelvo::render
