@@ -9,7 +9,7 @@ namespace {
 using image::Color;
 
 constexpr float kQuarterTurn = std::numbers::pi_v<float> / 2;
-constexpr double kPixels = 32; // in a unit
+constexpr float kPixels = 32; // in a unit
 
 double lightAt(const image::Image& picture, int x, int y) {
     const std::uint8_t value = picture.pixels[static_cast<std::size_t>(y * picture.width + x) * 4];
@@ -44,12 +44,13 @@ protected:
 // All light of a row is as long as the white part of it. Four samples alone are an eighth off.
 TEST_F(Edges, AlmostUprightAndLevelOnesLieWhereTheyAre) {
     constexpr float kWide = 4;
-    for (const float slope : {-0.04F, 0.015F, 0.06F, 0.2F}) {
+    constexpr float kShift = 0.3F / kPixels; // not between two pixels
+    for (const float slope : {-0.04F, -0.002F, 0.002F, 0.015F, 0.06F, 0.2F}) {
         for (int turns = 0; turns < 4; ++turns) {
             const float angle = std::atan(slope) + static_cast<float>(turns) * kQuarterTurn;
             const glm::vec2 normal(std::cos(angle), std::sin(angle));
             const auto half = addStripe(kWide, angle);
-            half->position = glm::vec3(normal * (-kWide / 2), 0);
+            half->position = glm::vec3(normal * (kShift - kWide / 2), 0);
             const image::Image picture = drawn();
             half->removeFromParentNode();
             const bool isOnItsSide = turns % 2 == 1;
@@ -57,7 +58,7 @@ TEST_F(Edges, AlmostUprightAndLevelOnesLieWhereTheyAre) {
             for (int line = 2; line < 62; ++line) {
                 // the place of the line in units: rows go down, columns to the right
                 const double along = (isOnItsSide ? -1 : 1) * (1 - (line + 0.5) / kPixels);
-                const double edge = -static_cast<double>(seen.y / seen.x) * along;
+                const double edge = (kShift - seen.y * along) / seen.x;
                 const double white = kPixels * (seen.x > 0 ? 1 + edge : 1 - edge);
                 EXPECT_NEAR(lightOfLine(picture, line, isOnItsSide), white, 0.04)
                     << "slope " << slope << ", turns " << turns << ", line " << line;
@@ -66,33 +67,37 @@ TEST_F(Edges, AlmostUprightAndLevelOnesLieWhereTheyAre) {
     }
 }
 
-// Both edges of the white wedge run through the same pixels. Left of it is grey, right of it black.
+// Both edges of the white wedge run through the same pixels; it is less than a pixel wide. Upright,
+// one leans to the left and the other to the right.
 TEST_F(Edges, OfAThinWedgeKeepItsWidth) {
     constexpr float kWide = 4;
-    constexpr double kBetween = 0.95; // pixels, in the middle
-    constexpr float kTurn = 0.006F;
-    const Color grey = Color::hex(0xA0A0A0);
-    for (const float lean : {0.03F, 0.0F, -0.2F}) {
+    constexpr float kBetween = 0.7F; // pixels, in the middle
+    constexpr float kTurn = 0.008F;
+    for (const float lean : {0.03F, 0.0F}) {
         const auto put = [&](float angle, float shift, float z) {
             const auto half = addStripe(kWide, angle);
             half->position =
                 glm::vec3(-kWide / 2 * std::cos(angle) + shift, -kWide / 2 * std::sin(angle), z);
             return half;
         };
-        const auto white = put(lean + kTurn, 0, 0);
-        const auto left = put(lean - kTurn, static_cast<float>(-kBetween / kPixels), 0.001F);
-        left->geometry->materials = {makeMaterial(grey)};
-        const image::Image picture = drawn();
+        const auto white = put(lean + kTurn, 0.004F, 0);
+        const auto left = put(lean - kTurn, 0.004F - kBetween / kPixels, 0.001F);
+        for (const int grey : {0, 0xA0}) {
+            left->geometry->materials = {
+                makeMaterial(Color::white(static_cast<float>(grey) / 255))};
+            const image::Image picture = drawn();
+            const double greyLight = lightAt(picture, 4, 32);
+            for (int line = 2; line < 62; ++line) {
+                const double up = 32 - (line + 0.5);
+                const double end = 32.128 - std::tan(lean + kTurn) * up;
+                const double begin = 32.128 - kBetween - std::tan(lean - kTurn) * up;
+                EXPECT_NEAR(
+                    lightOfLine(picture, line, false), greyLight * begin + (end - begin), 0.05)
+                    << "lean " << lean << ", line " << line;
+            }
+        }
         white->removeFromParentNode();
         left->removeFromParentNode();
-        const double greyLight = lightAt(picture, 4, 32);
-        for (int line = 2; line < 62; ++line) {
-            const double up = 32 - (line + 0.5);
-            const double end = 32 - std::tan(lean + kTurn) * up;
-            const double begin = 32 - kBetween - std::tan(lean - kTurn) * up;
-            EXPECT_NEAR(lightOfLine(picture, line, false), greyLight * begin + (end - begin), 0.18)
-                << "lean " << lean << ", line " << line;
-        }
     }
 }
 

@@ -5,8 +5,11 @@ const float kHalfTurn = 3.14159265;
 const float kFarthest = 0.75; // no line that is farther away touches the pixel
 
 vec2 lineCode(vec3 line) {
-    float angle = fract(atan(line.y, line.x) / kHalfTurn + 0.5 / 256.0);
-    return vec2(floor(angle * 256.0), 1.0 + 127.0 * (line.z / kFarthest + 1.0)) / 255.0;
+    float turn = floor(256.0 * atan(line.y, line.x) / kHalfTurn + 0.5);
+    // A half turn is rounded to none. The normal is the opposite one then.
+    bool isTurned = turn > 255.5;
+    float distance = isTurned ? -line.z : line.z;
+    return vec2(isTurned ? 0.0 : turn, 1.0 + 127.0 * (distance / kFarthest + 1.0)) / 255.0;
 }
 
 bool hasLine(vec2 code) { return code.y > 0.5 / 255.0; }
