@@ -101,6 +101,22 @@ TEST_F(Edges, OfAThinWedgeKeepItsWidth) {
     }
 }
 
+// At a corner, two lines cross in a pixel.
+TEST_F(Edges, OfASquareKeepItsAreaAtTheCorners) {
+    constexpr float kSide = 10.6F; // pixels
+    for (const float angle : {0.0F, 0.1F}) {
+        const auto square = addSquare(makeMaterial(Color::white(1)), 0, kSide / kPixels);
+        square->setEulerAngles({0, 0, angle});
+        square->position = glm::vec3(0.2F, 0.35F, 0) / kPixels;
+        const image::Image picture = drawn();
+        square->removeFromParentNode();
+        double area = 0;
+        for (int line = 0; line < 64; ++line)
+            area += lightOfLine(picture, line, false);
+        EXPECT_NEAR(area, kSide * kSide, 0.1) << "angle " << angle;
+    }
+}
+
 // Between two pixels of a picture there is no edge: it would mix their colours.
 TEST_F(Edges, ThatAreHiddenChangeNothing) {
     std::vector<std::array<std::uint8_t, 4>> pixels;

@@ -1,6 +1,6 @@
 // The colour of a pixel that an edge runs through. The edge's line tells what share of the pixel lies on
 // either side of it; the samples tell the colours there. A second line makes a third part, such as a
-// thin bevel: then the parts are shared out as if both lines ran in the same direction.
+// thin bevel, or four parts at a corner.
 #include "display.glsl"
 #include "edge_line.glsl"
 layout(binding = UNIT_LINES) uniform sampler2D uNearest;
@@ -10,6 +10,8 @@ layout(binding = UNIT_SECOND_LINES) uniform sampler2D uSecondNearest;
 const float kUnsure = 0.01;
 
 float sum(vec4 numbers) { return dot(numbers, vec4(1.0)); }
+
+float greatest(vec4 n) { return max(max(n.x, n.y), max(n.z, n.w)); }
 
 // The share of the pixel beyond a line, of the distances of the samples from it: the mean of the shares
 // of the four squares around these. A line cuts a triangle or a trapezoid from a square.
@@ -46,6 +48,15 @@ struct Weights {
     Outside before;
 };
 
+// Shares of the parts before both lines, beyond the first only, beyond the second only, beyond both.
+// Lines in one direction do not cross within the pixel; of lines across each other, each cuts the parts
+// of the other in the same ratio. Between these cases it is a guess.
+vec4 sharesOf(vec3 one, vec3 two, float beyondOne, float beyondTwo) {
+    float cosine = dot(one.xy, two.xy);
+    float both = mix(beyondOne * beyondTwo, min(beyondOne, beyondTwo), cosine * cosine);
+    return vec4(1.0 - beyondOne - beyondTwo + both, beyondOne - both, beyondTwo - both, both);
+}
+
 Weights weightsOf(ivec2 here, vec3 one, vec3 two) {
     if (dot(one.xy, two.xy) < 0.0) two = -two;
     vec4 fromOne = distancesFrom(one);
@@ -54,29 +65,32 @@ Weights weightsOf(ivec2 here, vec3 one, vec3 two) {
     vec4 isBeyondTwo = step(kUnsure, fromTwo);
     vec4 isBeforeOne = step(kUnsure, -fromOne);
     vec4 isBeforeTwo = step(kUnsure, -fromTwo);
-    vec4 isBeyond = isBeyondOne * isBeyondTwo;
-    vec4 isBefore = isBeforeOne * isBeforeTwo;
-    vec4 isBetween = isBeyondOne * isBeforeTwo + isBeforeOne * isBeyondTwo;
-    vec3 counts = vec3(sum(isBefore), sum(isBetween), sum(isBeyond));
+    mat4 isIn = mat4(
+        isBeforeOne * isBeforeTwo, isBeyondOne * isBeforeTwo, isBeforeOne * isBeyondTwo,
+        isBeyondOne * isBeyondTwo);
+    vec4 counts = vec4(1.0) * isIn;
 
-    vec2 beyond = vec2(shareBeyond(one, fromOne), shareBeyond(two, fromTwo));
-    vec3 shares = vec3(1.0 - max(beyond.x, beyond.y), abs(beyond.x - beyond.y), min(beyond.x, beyond.y));
-    // A part between the lines without a sample is left out.
-    if (counts.y == 0.0) shares.y = 0.0;
-    shares /= shares.x + shares.y + shares.z;
-    vec3 each = shares / max(counts, vec3(1.0));
-
+    // The samples of the pixels on both sides.
     ivec2 ahead = abs(one.x) > abs(one.y) ? ivec2(sign(one.x), 0) : ivec2(0, sign(one.y));
     vec2 further = vec2(dot(one.xy, vec2(ahead)), dot(two.xy, vec2(ahead)));
+    vec4 beyond = min(further.x + fromOne, further.y + fromTwo);
+    vec4 before = min(further.x - fromOne, further.y - fromTwo);
+
+    vec4 shares = sharesOf(one, two, shareBeyond(one, fromOne), shareBeyond(two, fromTwo));
+    // A part without a sample is left out.
+    if (counts.x == 0.0 && greatest(before) < kUnsure) shares.x = 0.0;
+    if (counts.y == 0.0) shares.y = 0.0;
+    if (counts.z == 0.0) shares.z = 0.0;
+    if (counts.w == 0.0 && greatest(beyond) < kUnsure) shares.w = 0.0;
+    vec4 each = shares / (max(counts, vec4(1.0)) * max(sum(shares), 1e-6));
+
     ivec2 last = ivec2(passFrame.yz) - 1;
     Weights weights;
-    weights.own = isBefore * each.x + isBetween * each.y + isBeyond * each.z;
-    weights.beyond = Outside(
-        clamp(here + ahead, ivec2(0), last), nearestOf(min(further.x + fromOne, further.y + fromTwo)),
-        counts.z == 0.0 ? each.z : 0.0);
-    weights.before = Outside(
-        clamp(here - ahead, ivec2(0), last), nearestOf(min(further.x - fromOne, further.y - fromTwo)),
-        counts.x == 0.0 ? each.x : 0.0);
+    weights.own = isIn * each;
+    weights.beyond =
+        Outside(clamp(here + ahead, ivec2(0), last), nearestOf(beyond), counts.w == 0.0 ? each.w : 0.0);
+    weights.before =
+        Outside(clamp(here - ahead, ivec2(0), last), nearestOf(before), counts.x == 0.0 ? each.x : 0.0);
     return weights;
 }
 
