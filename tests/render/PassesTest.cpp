@@ -86,7 +86,7 @@ TEST_F(Passes, SmoothEdgesAndKeepFlatColors) {
     };
     const double ofSamples = error({.detail = Detail::coarse});
     EXPECT_LT(error({.passes = 16}), ofSamples * 0.6);
-    EXPECT_LT(error({}), ofSamples * 0.6) << "by lines of edges";
+    EXPECT_LT(error({}), ofSamples * 0.75) << "by lines of edges";
 }
 
 // The samples alone would give four.
