@@ -161,18 +161,19 @@ void SceneDrawer::drawShade(const Frame& frame) {
 void SceneDrawer::drawMoving(const Frame& frame) {
     for (std::size_t i = 0; i < opaques.size(); ++i) {
         const OpaqueItem& opaque = opaques[i];
-        if (layer.holds(keys[i])) {
-            drawShadowed(frame.items, opaque, DepthTest::nearerOrEqual);
-        } else if (opaque.isDarkened) {
+        const bool isHeld = layer.holds(keys[i]);
+        // With shadows first: the second draw then skips those pixels.
+        if (!opaque.isDarkened)
+            drawShadowed(
+                frame.items, opaque, isHeld ? DepthTest::nearerOrEqual : DepthTest::nearer);
+        if (!isHeld)
             drawWhole(frame.items, opaque);
-            drawShadowed(frame.items, opaque, DepthTest::nearerOrEqual);
-        } else {
-            // With shadows first: the second draw then skips those pixels.
-            drawShadowed(frame.items, opaque, DepthTest::nearer);
-            drawWhole(frame.items, opaque);
-        }
     }
     drawEarly(frame);
+    for (const OpaqueItem& opaque : opaques) {
+        if (opaque.isDarkened)
+            drawShadowed(frame.items, opaque, DepthTest::nearerOrEqual);
+    }
 }
 
 void SceneDrawer::drawEdgeLines(const Frame& frame) {

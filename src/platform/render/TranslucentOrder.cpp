@@ -51,6 +51,7 @@ void TranslucentOrder::begin(const CameraView& camera, Size picture) {
     view = camera;
     size = picture;
     floor.reset();
+    shades.clear();
     later.clear();
     unheld.clear();
 }
@@ -58,6 +59,10 @@ void TranslucentOrder::begin(const CameraView& camera, Size picture) {
 void TranslucentOrder::addLater(const VisibleNode& node, const PixelRect& part) {
     if (!part.isEmpty())
         later.push_back({worldBox(node), part});
+}
+
+void TranslucentOrder::addShade(const VisibleNode& node, const PixelRect& part) {
+    shades.push_back({worldBox(node), part});
 }
 
 void TranslucentOrder::addFloor(
@@ -86,7 +91,9 @@ TranslucentOrder::placeOf(const VisibleNode& node, const DrawItem& item) const {
     if (!isBeforeFloor(part, plane, item) || !std::ranges::all_of(unheld, keepsTurn))
         return Place::inTurn;
     const auto isHidden = [&](const Change& change) { return isHarmless(change, part, *plane); };
-    return plane && std::ranges::all_of(later, isHidden) && std::ranges::all_of(unheld, keepsOrder)
+    return plane && std::ranges::all_of(later, isHidden) &&
+                   (isSum(item) || std::ranges::all_of(shades, isHidden)) &&
+                   std::ranges::all_of(unheld, keepsOrder)
                ? Place::beforeAll
                : Place::beforeFloor;
 }

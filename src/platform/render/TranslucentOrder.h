@@ -21,8 +21,11 @@ class TranslucentOrder {
 public:
     void begin(const CameraView& camera, Size picture);
 
-    /// An opaque item that is drawn later, or a part of one that shadows darken later.
+    /// An opaque item that is drawn later, or a part of one that is drawn again.
     void addLater(const VisibleNode& node, const PixelRect& part);
+
+    /// A part of an opaque item that is darkened later.
+    void addShade(const VisibleNode& node, const PixelRect& part);
 
     /// The floor's mirror image, and the part of it with dark places.
     void addFloor(const VisibleNode& node, const PixelRect& mirror, const PixelRect& dark);
@@ -35,7 +38,7 @@ public:
 
     /// Where an item is to be drawn. Only flat items come before all: what is drawn later must be
     /// elsewhere in the picture, or wholly on the eye's side of their plane. Light that is added is
-    /// always drawn before the light of a mirror image, so that both orders never mix.
+    /// always drawn before shade and the light of a mirror image, so that both orders never mix.
     /// To be asked back to front; items at the back that the layer does not hold are told before.
     [[nodiscard]] Place placeOf(const VisibleNode& node, const DrawItem& item) const;
 
@@ -59,6 +62,7 @@ private:
     CameraView view;
     Size size;
     std::optional<Floor> floor;
+    std::vector<Change> shades;
     std::vector<Change> later;
     std::vector<Unheld> unheld;
 };
