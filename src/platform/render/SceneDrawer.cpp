@@ -355,9 +355,14 @@ void SceneDrawer::planTranslucent(const Frame& frame) {
     const std::span<const VisibleNode> nodes = snapshot.nodes();
     order.begin(camera, size);
     for (std::size_t i = 0; i < opaques.size(); ++i) {
-        const VisibleNode& node = nodes[opaques[i].item->node];
-        order.addLater(
-            node, layer.holds(keys[i]) ? opaques[i].shadowed : boundsOnScreen(node, camera, size));
+        const OpaqueItem& opaque = opaques[i];
+        const VisibleNode& node = nodes[opaque.item->node];
+        if (!layer.holds(keys[i]))
+            order.addLater(node, boundsOnScreen(node, camera, size));
+        else if (opaque.isDarkened)
+            order.addShade(node, opaque.shadowed);
+        else
+            order.addLater(node, opaque.shadowed);
     }
     if (catcher)
         order.addLater(nodes[catcher->item->node], catcher->shadowed);
