@@ -359,10 +359,10 @@ void SceneDrawer::planTranslucent(const Frame& frame) {
         const VisibleNode& node = nodes[opaque.item->node];
         if (!layer.holds(keys[i]))
             order.addLater(node, boundsOnScreen(node, camera, size));
-        else if (opaque.isDarkened)
-            order.addShade(node, opaque.shadowed);
-        else
+        else if (!opaque.isDarkened)
             order.addLater(node, opaque.shadowed);
+        if (opaque.isDarkened)
+            order.addShade(node, opaque.shadowed);
     }
     if (catcher)
         order.addLater(nodes[catcher->item->node], catcher->shadowed);

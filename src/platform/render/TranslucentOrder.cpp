@@ -70,12 +70,14 @@ void TranslucentOrder::addFloor(
     floor = Floor{{worldBox(node), mirror}, dark};
 }
 
-bool TranslucentOrder::isBeforeFloor(
+bool TranslucentOrder::isBeforeShade(
     const PixelRect& part, const std::optional<glm::vec4>& plane, const DrawItem& item) const {
-    if (!floor)
-        return true;
-    return isSum(item) ? !overlap(part, floor->dark)
-                       : plane && isHarmless(floor->mirror, part, *plane);
+    if (isSum(item))
+        return !floor || !overlap(part, floor->dark);
+    const auto changesNothing = [&](const Change& change) {
+        return plane ? isHarmless(change, part, *plane) : !overlap(part, change.part);
+    };
+    return std::ranges::all_of(shades, changesNothing) && (!floor || changesNothing(floor->mirror));
 }
 
 TranslucentOrder::Place
@@ -88,14 +90,15 @@ TranslucentOrder::placeOf(const VisibleNode& node, const DrawItem& item) const {
     const auto keepsTurn = [&](const Unheld& other) {
         return other.place != Place::inTurn || keepsOrder(other);
     };
-    if (!isBeforeFloor(part, plane, item) || !std::ranges::all_of(unheld, keepsTurn))
+    if (!isBeforeShade(part, plane, item) || !std::ranges::all_of(unheld, keepsTurn))
         return Place::inTurn;
-    const auto isHidden = [&](const Change& change) { return isHarmless(change, part, *plane); };
-    return plane && std::ranges::all_of(later, isHidden) &&
-                   (isSum(item) || std::ranges::all_of(shades, isHidden)) &&
+    const auto changesNothing = [&](const Change& change) {
+        return isHarmless(change, part, *plane);
+    };
+    return plane && std::ranges::all_of(later, changesNothing) &&
                    std::ranges::all_of(unheld, keepsOrder)
                ? Place::beforeAll
-               : Place::beforeFloor;
+               : Place::beforeShade;
 }
 
 void TranslucentOrder::addUnheld(const VisibleNode& node, const DrawItem& item, Place place) {

@@ -21,10 +21,10 @@ class TranslucentOrder {
 public:
     void begin(const CameraView& camera, Size picture);
 
-    /// An opaque item that is drawn later, or a part of one that is drawn again.
+    /// An opaque item that the layer does not hold, or a part of one that is drawn again.
     void addLater(const VisibleNode& node, const PixelRect& part);
 
-    /// A part of an opaque item that is darkened later.
+    /// A part of an opaque item that is darkened when all of these are drawn.
     void addShade(const VisibleNode& node, const PixelRect& part);
 
     /// The floor's mirror image, and the part of it with dark places.
@@ -32,13 +32,13 @@ public:
 
     enum class Place {
         inTurn,
-        beforeFloor, ///< after the opaque items
+        beforeShade, ///< after the opaque items, before shade and the floor's mirror image
         beforeAll
     };
 
     /// Where an item is to be drawn. Only flat items come before all: what is drawn later must be
     /// elsewhere in the picture, or wholly on the eye's side of their plane. Light that is added is
-    /// always drawn before shade and the light of a mirror image, so that both orders never mix.
+    /// drawn before shade and the light of a mirror image, whether the layer holds it or not.
     /// To be asked back to front; items at the back that the layer does not hold are told before.
     [[nodiscard]] Place placeOf(const VisibleNode& node, const DrawItem& item) const;
 
@@ -56,7 +56,7 @@ private:
         Place place = Place::inTurn;
     };
 
-    [[nodiscard]] bool isBeforeFloor(
+    [[nodiscard]] bool isBeforeShade(
         const PixelRect& part, const std::optional<glm::vec4>& plane, const DrawItem& item) const;
 
     CameraView view;
