@@ -21,7 +21,7 @@ constexpr std::size_t kMinCapacity = 4096;
 /// Larger meshes get no lines: their triangles are hardly larger than pixels.
 constexpr std::size_t kMaxTriangles = 30000;
 /// Pixels. A shorter line changes next to nothing.
-constexpr float kShortest = 0.5F;
+constexpr float kShortest = 1.0F;
 
 ProgramHandle build(std::vector<std::string> defines) {
     auto built = buildProgram({"edge_lines.vert", "edge_lines.frag", std::move(defines)});

@@ -29,3 +29,10 @@ vec4 distancesFrom(vec3 line) { return line.z + kAcross * line.x + kDown * line.
 // A pixel takes in four squares of half its size around the samples, as in a frame that is drawn many
 // times, each time shifted by up to a quarter of a pixel. So these reach an eighth beyond it.
 const float kSquare = 0.5;
+
+// A line with this normal touches the pixel if it is not farther from its middle.
+float greatestDistance(vec2 normal) {
+    vec4 corners = abs(kAcross * normal.x + kDown * normal.y);
+    return max(max(corners.x, corners.y), max(corners.z, corners.w)) +
+           0.5 * kSquare * (abs(normal.x) + abs(normal.y));
+}

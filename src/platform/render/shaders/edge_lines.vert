@@ -20,7 +20,8 @@ void main() {
     vLine = vec3(normal, -dot(normal, from));
 
     bool isEnd = (gl_VertexID & 1) == 1;
-    float beside = (gl_VertexID >> 1) == 1 ? kFarthest : -kFarthest;
+    float touching = greatestDistance(normal);
+    float beside = (gl_VertexID >> 1) == 1 ? touching : -touching;
     float beyond = min(kBeyondEnd, 0.5 * len);
     vec2 place = (isEnd ? to + beyond * along : from - beyond * along) + beside * normal;
     vDepth = isEnd ? aTo.z : aFrom.z;
