@@ -22,6 +22,12 @@ constexpr std::size_t kMinCapacity = 4096;
 constexpr std::size_t kMaxTriangles = 30000;
 /// Pixels. A shorter line changes next to nothing.
 constexpr float kShortest = 1.0F;
+/// The most pixels that get lines, as a share of all: beyond that, only near things get them. Columns
+/// with flutes would cost as much as the rest of the picture.
+constexpr float kMostLength = 0.045F;
+/// Things up to so many times as far away as the nearest one always get lines, as the letters of a
+/// title are to look alike.
+constexpr float kNear = 1.2F;
 
 ProgramHandle build(std::vector<std::string> defines) {
     auto built = buildProgram({"edge_lines.vert", "edge_lines.frag", std::move(defines)});
@@ -55,8 +61,7 @@ void EdgeLines::draw(
     const RenderTarget& scene) {
     const glm::vec2 size(scene.size().width, scene.size().height);
     instances.clear();
-    for (const std::uint32_t node : nodes)
-        add(snapshot.nodes()[node], snapshot.camera(), size / 2.0F);
+    addAll(snapshot, nodes, size);
     if (instances.empty())
         return;
     ensureReady();
@@ -78,6 +83,22 @@ void EdgeLines::draw(
     }
 }
 
+void EdgeLines::addAll(
+    const Snapshot& snapshot, std::span<const std::uint32_t> nodes, const glm::vec2& size) {
+    const auto distanceOf = [&](std::uint32_t node) { return snapshot.nodes()[node].middle; };
+    byDistance.assign(nodes.begin(), nodes.end());
+    std::stable_sort(byDistance.begin(), byDistance.end(), [&](std::uint32_t a, std::uint32_t b) {
+        return distanceOf(a) < distanceOf(b);
+    });
+    float left = kMostLength * size.x * size.y;
+    for (const std::uint32_t node : byDistance) {
+        const std::size_t before = instances.size();
+        left -= add(snapshot.nodes()[node], snapshot.camera(), size / 2.0F);
+        if (left < 0 && distanceOf(node) > kNear * distanceOf(byDistance.front()))
+            instances.resize(before);
+    }
+}
+
 void EdgeLines::drawQuads(GraphicsState& state) const {
     state.bindVertexArray(array.name());
     glDrawArraysInstanced(GL_TRIANGLE_STRIP, 0, 4, static_cast<GLsizei>(instances.size()));
@@ -92,9 +113,10 @@ const std::vector<geometry::MeshEdge>& EdgeLines::edgesOf(const VisibleNode& nod
     return edges.all;
 }
 
-void EdgeLines::add(const VisibleNode& node, const CameraView& camera, const glm::vec2& halfSize) {
+float EdgeLines::add(const VisibleNode& node, const CameraView& camera, const glm::vec2& halfSize) {
     const glm::vec3 eye(glm::inverse(node.world) * glm::vec4(camera.position, 1));
     const glm::mat4 toClip = camera.viewProjection * node.world;
+    float length = 0;
     for (const geometry::MeshEdge& edge : edgesOf(node)) {
         if (!geometry::isSeenFrom(edge, eye))
             continue;
@@ -104,9 +126,13 @@ void EdgeLines::add(const VisibleNode& node, const CameraView& camera, const glm
             continue;
         const Instance line{glm::vec3(from) / from.w, glm::vec3(to) / to.w};
         const glm::vec2 along = glm::vec2(line.to - line.from) * halfSize;
-        if (isInPicture(line.from, line.to) && glm::dot(along, along) > kShortest * kShortest)
-            instances.push_back(line);
+        const float pixels = glm::length(along);
+        if (!isInPicture(line.from, line.to) || pixels <= kShortest)
+            continue;
+        instances.push_back(line);
+        length += pixels;
     }
+    return length;
 }
 
 void EdgeLines::ensureReady() {

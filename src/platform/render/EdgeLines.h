@@ -63,7 +63,10 @@ private:
     };
 
     [[nodiscard]] const std::vector<geometry::MeshEdge>& edgesOf(const VisibleNode& node);
-    void add(const VisibleNode& node, const CameraView& camera, const glm::vec2& halfSize);
+    void
+    addAll(const Snapshot& snapshot, std::span<const std::uint32_t> nodes, const glm::vec2& size);
+    /// Returns the length of the lines in pixels.
+    float add(const VisibleNode& node, const CameraView& camera, const glm::vec2& halfSize);
     void ensureReady();
     void upload();
 
@@ -74,6 +77,7 @@ private:
     VertexArrayHandle array;
     BufferHandle buffer;
     std::size_t capacity = 0;
+    std::vector<std::uint32_t> byDistance;
     std::vector<Instance> instances; ///< kept between frames to reuse their memory
     std::map<std::pair<std::uint64_t, std::size_t>, Edges> known; ///< by revision and level
     std::uint64_t frame = 0;

@@ -9,8 +9,6 @@ layout(binding = UNIT_SECOND_LINES) uniform sampler2D uSecondNearest;
 // Pixels. A sample that is nearer to a line counts for neither side, because the line's code is rounded.
 const float kUnsure = 0.01;
 
-layout(location = 0) flat in vec3 vLine;
-
 float sum(vec4 numbers) { return dot(numbers, vec4(1.0)); }
 
 float greatest(vec4 n) { return max(max(n.x, n.y), max(n.z, n.w)); }
@@ -98,33 +96,17 @@ Weights weightsOf(ivec2 here, vec3 one, vec3 two) {
 
 vec4 weighted(vec4 light, vec4 glow, float weight) { return weight * vec4(shown(light + glow), light.a); }
 
-// In a loop with one round or none, as that is skipped in software.
-vec4 outside(Outside from, vec4 glow) {
-    vec4 color = vec4(0.0);
-    for (float left = from.weight; left > 0.0; left -= 2.0)
-        color += weighted(sampleAt(from.pixel, from.index), glow, from.weight);
-    return color;
-}
+vec4 outside(Outside from, vec4 glow) { return weighted(sampleAt(from.pixel, from.index), glow, from.weight); }
 
-vec4 smoothed(ivec2 here, vec2 nearest) {
+void main() {
+    ivec2 here = ivec2(gl_FragCoord.xy);
+    vec2 nearest = texelFetch(uNearest, here, 0).xy;
+    if (!hasLine(nearest)) discard;
     vec2 second = texelFetch(uSecondNearest, here, 0).xy;
     Weights weights = weightsOf(here, lineOf(nearest), lineOf(hasLine(second) ? second : nearest));
     vec4 glow = glowHere();
     vec4 color = outside(weights.beyond, glow) + outside(weights.before, glow);
     for (int i = 0; i < SAMPLES; ++i)
         color += weighted(sampleAt(here, i), glow, weights.own[i]);
-    return displayed(color.rgb, color.a);
-}
-
-void main() {
-    ivec2 here = ivec2(gl_FragCoord.xy);
-    vec2 nearest = texelFetch(uNearest, here, 0).xy;
-    // Only the quad of the nearest line draws the pixel; of the others, nothing is worked out.
-    vec2 own = lineCode(vec3(vLine.xy, dot(vLine.xy, gl_FragCoord.xy) + vLine.z));
-    bool isNearest = all(lessThan(abs(own - nearest), vec2(0.5 / 255.0)));
-    if (!isNearest) discard;
-    // The compiler cannot foresee that there is one round at most, and so skips the loop where none of a
-    // few pixels needs it.
-    for (float left = isNearest ? nearest.y : 0.0; left > 0.0; left -= 1.0)
-        oColor = smoothed(here, nearest);
+    oColor = displayed(color.rgb, color.a);
 }
