@@ -75,7 +75,7 @@ TEST_F(Edges, OfAThinWedgeKeepItsWidth) {
     constexpr float kTurn = 0.008F;
     for (const float lean : {0.03F, 0.0F}) {
         const auto put = [&](float angle, float shift, float z) {
-            const auto half = addStripe(kWide, angle);
+            auto half = addStripe(kWide, angle);
             half->position =
                 glm::vec3(-kWide / 2 * std::cos(angle) + shift, -kWide / 2 * std::sin(angle), z);
             return half;
