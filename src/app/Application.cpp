@@ -89,6 +89,12 @@ Application::~Application() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
+Application::ClosedScreens::~ClosedScreens() {
+    QCoreApplication::
+        processEvents(); // a screen is deleted two turns of the loop after it is closed
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 node::Surroundings Application::surroundings() {
     foundation::seedRandom(std::random_device{}()); // before the first particles
     fontManager.registerBuiltIns(foundation::mainBundle());

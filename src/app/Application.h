@@ -43,6 +43,14 @@ private:
     model::Model model_;
     bool hasSound; ///< stands here because sound must start before the main screen
 
+    /// Deletes the screens that `main` has closed at its end, as they use the model.
+    struct ClosedScreens {
+        ClosedScreens() = default;
+        ~ClosedScreens();
+        ClosedScreens(const ClosedScreens&) = delete;
+        ClosedScreens& operator=(const ClosedScreens&) = delete;
+    } closedScreens;
+
 public:
     ui::MainViewController main;
 
