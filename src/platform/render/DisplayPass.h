@@ -29,20 +29,13 @@ public:
 private:
     struct Variant {
         std::vector<std::string> defines;
-        FullscreenPass pass;
+        FullscreenPass display;
+        FullscreenPass edges;
     };
 
-    struct EdgeVariant {
-        std::vector<std::string> defines;
-        ProgramHandle program;
-    };
+    [[nodiscard]] Variant& variantFor(const Input& input);
 
-    [[nodiscard]] FullscreenPass& passFor(const std::vector<std::string>& defines);
-    [[nodiscard]] std::uint32_t edgeProgramFor(const std::vector<std::string>& defines);
-
-    // Each is built when it is first needed.
     std::vector<Variant> variants;
-    std::vector<EdgeVariant> edgeVariants;
 };
 
 } // namespace zelvo::render

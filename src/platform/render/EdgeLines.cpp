@@ -17,7 +17,6 @@ namespace zelvo::render {
 namespace {
 
 constexpr std::uint64_t kKeptFrames = 120;
-constexpr std::size_t kMinCapacity = 4096;
 /// Larger meshes get no lines: their triangles are hardly larger than pixels.
 constexpr std::size_t kMaxTriangles = 30000;
 /// Pixels. A shorter line changes next to nothing.
@@ -54,6 +53,12 @@ bool isInPicture(const glm::vec2& from, const glm::vec2& to) {
 
 } // namespace
 
+EdgeLines::EdgeLines()
+    : buffer(
+          sizeof(Instance),
+          {{InstanceAttribute::Kind::floats, 3, offsetof(Instance, from)},
+           {InstanceAttribute::Kind::floats, 3, offsetof(Instance, to)}}) {}
+
 void EdgeLines::draw(
     const Tools& tools,
     const Snapshot& snapshot,
@@ -64,8 +69,11 @@ void EdgeLines::draw(
     addAll(snapshot, nodes, size);
     if (instances.empty())
         return;
-    ensureReady();
-    upload();
+    if (!findFirst) {
+        findFirst = build({});
+        findSecond = build({"SECOND"});
+    }
+    buffer.upload(std::as_bytes(std::span(instances)));
     PassBlock block;
     block.passFrame = {0, size, 0};
     tools.uniforms.bind(tools.state, kPassBinding, block);
@@ -79,7 +87,7 @@ void EdgeLines::draw(
         if (target == &second)
             tools.state.bindTexture(kPictureUnit, first.color(), 0);
         tools.state.useProgram((target == &first ? findFirst : findSecond).name());
-        drawQuads(tools.state);
+        buffer.drawAll(tools.state);
     }
 }
 
@@ -97,11 +105,6 @@ void EdgeLines::addAll(
         if (left < 0 && distanceOf(node) > kNear * distanceOf(byDistance.front()))
             instances.resize(before);
     }
-}
-
-void EdgeLines::drawQuads(GraphicsState& state) const {
-    state.bindVertexArray(array.name());
-    glDrawArraysInstanced(GL_TRIANGLE_STRIP, 0, 4, static_cast<GLsizei>(instances.size()));
 }
 
 const std::vector<geometry::MeshEdge>& EdgeLines::edgesOf(const VisibleNode& node) {
@@ -133,41 +136,6 @@ float EdgeLines::add(const VisibleNode& node, const CameraView& camera, const gl
         length += pixels;
     }
     return length;
-}
-
-void EdgeLines::ensureReady() {
-    if (array)
-        return;
-    findFirst = build({});
-    findSecond = build({"SECOND"});
-    GLuint name = 0;
-    glCreateVertexArrays(1, &name);
-    array = VertexArrayHandle(name);
-    glCreateBuffers(1, &name);
-    buffer = BufferHandle(name);
-    glVertexArrayVertexBuffer(array.name(), 0, buffer.name(), 0, sizeof(Instance));
-    glVertexArrayBindingDivisor(array.name(), 0, 1);
-    for (GLuint location = 0; location < 2; ++location) {
-        glEnableVertexArrayAttrib(array.name(), location);
-        glVertexArrayAttribBinding(array.name(), location, 0);
-        glVertexArrayAttribFormat(
-            array.name(), location, 3, GL_FLOAT, GL_FALSE, location * sizeof(glm::vec3));
-    }
-}
-
-void EdgeLines::upload() {
-    // A new buffer each time, because frames in flight still read the old one.
-    capacity = std::max({capacity, kMinCapacity, instances.size()});
-    glNamedBufferData(
-        buffer.name(),
-        static_cast<GLsizeiptr>(capacity * sizeof(Instance)),
-        nullptr,
-        GL_STREAM_DRAW);
-    glNamedBufferSubData(
-        buffer.name(),
-        0,
-        static_cast<GLsizeiptr>(instances.size() * sizeof(Instance)),
-        instances.data());
 }
 
 void EdgeLines::prune() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/geometry/MeshEdges.h"
+#include "platform/render/InstanceBuffer.h"
 #include "platform/render/RenderTarget.h"
 #include "platform/render/Snapshot.h"
 #include "platform/render/UniformArena.h"
@@ -28,6 +29,8 @@ public:
         UniformArena& uniforms;
     };
 
+    EdgeLines();
+
     /// `nodes` are indices into the snapshot's nodes. `scene` is drawn already, with four samples a
     /// pixel.
     void draw(
@@ -39,11 +42,11 @@ public:
     /// Drops the edges of meshes that were not drawn for some time. Call it once a frame.
     void prune();
 
-    /// Runs the program in use at the pixels of all lines. Its vertex shader is edge_lines.vert.
-    /// Pixels beside a line, or under several, are run, too.
-    void drawQuads(GraphicsState& state) const;
-
     [[nodiscard]] bool isEmpty() const { return instances.empty(); }
+
+    /// They cover the pixels of all lines, and some beside them; a pixel under several lines more than
+    /// once. Their vertex shader is edge_lines.vert.
+    [[nodiscard]] const InstanceBuffer& quads() const { return buffer; }
 
     /// The line nearest to each pixel's middle, as in edge_line.glsl.
     [[nodiscard]] std::uint32_t nearest() const { return first.color(); }
@@ -67,16 +70,12 @@ private:
     addAll(const Snapshot& snapshot, std::span<const std::uint32_t> nodes, const glm::vec2& size);
     /// Returns the length of the lines in pixels.
     float add(const VisibleNode& node, const CameraView& camera, const glm::vec2& halfSize);
-    void ensureReady();
-    void upload();
 
     RenderTarget first{TargetFormat::line, TargetFormat::depth16};
     RenderTarget second{{TargetFormat::line}, first};
     ProgramHandle findFirst;
     ProgramHandle findSecond;
-    VertexArrayHandle array;
-    BufferHandle buffer;
-    std::size_t capacity = 0;
+    InstanceBuffer buffer;
     std::vector<std::uint32_t> byDistance;
     std::vector<Instance> instances; ///< kept between frames to reuse their memory
     std::map<std::pair<std::uint64_t, std::size_t>, Edges> known; ///< by revision and level

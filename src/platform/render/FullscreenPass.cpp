@@ -11,14 +11,17 @@
 namespace zelvo::render {
 
 FullscreenPass::FullscreenPass(
-    std::string_view fragmentFile, std::vector<std::string> shaderDefines)
-    : file(fragmentFile)
+    std::string_view fragmentFile,
+    std::vector<std::string> shaderDefines,
+    std::string_view vertexFile)
+    : vertex(vertexFile)
+    , fragment(fragmentFile)
     , defines(std::move(shaderDefines)) {}
 
 foundation::Result<void> FullscreenPass::prepare() {
     if (program)
         return {};
-    auto built = buildProgram({"fullscreen.vert", file, defines});
+    auto built = buildProgram({vertex, fragment, defines});
     if (!built)
         return tl::unexpected(built.error());
     program = std::move(*built);
@@ -39,6 +42,25 @@ void FullscreenPass::run(
     const RenderTarget& target,
     std::initializer_list<Input> inputs,
     PassBlock block) {
+    begin(tools, target, inputs, block);
+    tools.state.bindVertexArray(noVertices.name());
+    glDrawArrays(GL_TRIANGLES, 0, 3);
+}
+
+void FullscreenPass::runOn(
+    const InstanceBuffer& quads,
+    const Tools& tools,
+    const RenderTarget& target,
+    std::initializer_list<Input> inputs) {
+    begin(tools, target, inputs, {});
+    quads.drawAll(tools.state);
+}
+
+void FullscreenPass::begin(
+    const Tools& tools,
+    const RenderTarget& target,
+    std::initializer_list<Input> inputs,
+    PassBlock block) {
     const auto ready = prepare();
     CHECK(ready.has_value(), "{}", ready.error().message);
     block.passFrame.y = static_cast<float>(target.size().width);
@@ -48,12 +70,10 @@ void FullscreenPass::run(
     tools.state.set(
         {.depthTest = DepthTest::off, .depthWrite = DepthWrite::off, .culling = Culling::none});
     tools.state.useProgram(program.name());
-    tools.state.bindVertexArray(noVertices.name());
     for (const Input& input : inputs) {
         const std::uint32_t sampler = input.sampler != 0 ? input.sampler : smooth.name();
         tools.state.bindTexture(input.unit, input.texture, sampler);
     }
-    glDrawArrays(GL_TRIANGLES, 0, 3);
 }
 
 } // namespace zelvo::render

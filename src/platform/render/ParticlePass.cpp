@@ -23,7 +23,6 @@ constexpr float kGone = 20;        ///< scene units from the camera: nothing nea
 constexpr float kUntouched = 90;   ///< scene units from the camera: nothing farther fades
 constexpr float kMaxRadius = 0.6f; ///< as a share of the distance to the camera
 constexpr float kFaintest = 1.0f / 255;
-constexpr std::size_t kMinCapacity = 1024;
 
 /// As 8 bits a channel, premultiplied.
 std::uint32_t packed(const glm::vec4& color) {
@@ -74,6 +73,15 @@ ProgramHandle build(std::vector<std::string> defines) {
 
 } // namespace
 
+ParticlePass::ParticlePass()
+    : quads(
+          sizeof(Instance),
+          {{InstanceAttribute::Kind::floats, 3, offsetof(Instance, middle)},
+           {InstanceAttribute::Kind::floats, 3, offsetof(Instance, right)},
+           {InstanceAttribute::Kind::floats, 3, offsetof(Instance, up)},
+           {InstanceAttribute::Kind::floats, 1, offsetof(Instance, radius)},
+           {InstanceAttribute::Kind::color, 4, offsetof(Instance, color)}}) {}
+
 void ParticlePass::draw(const Tools& tools, const Snapshot& snapshot, const Place& place) {
     if (snapshot.emitters().empty())
         return;
@@ -83,15 +91,13 @@ void ParticlePass::draw(const Tools& tools, const Snapshot& snapshot, const Plac
     gather(snapshot, ParticleBlendMode::additive, place.light);
     if (batches.empty())
         return;
-    ensureReady();
-    upload();
+    quads.upload(std::as_bytes(std::span(instances)));
     const Programs& programs = programsFor(place.target);
     if (place.target != nullptr) {
         // The depth is also bound for the depth test. It is not written, so both may read it.
         glTextureBarrier();
         tools.state.bindTexture(kDepthUnit, place.target->depth(), tools.textures.smoothSampler());
     }
-    tools.state.bindVertexArray(array.name());
     for (const Batch& batch : batches) {
         const bool isGlow = batch.system->blendMode == ParticleBlendMode::additive;
         tools.state.useProgram((isGlow ? programs.glow : programs.cover).name());
@@ -105,12 +111,7 @@ void ParticlePass::draw(const Tools& tools, const Snapshot& snapshot, const Plac
              .depthWrite = DepthWrite::off,
              .culling = Culling::none,
              .blend = Blend::over});
-        glDrawArraysInstancedBaseInstance(
-            GL_TRIANGLE_STRIP,
-            0,
-            4,
-            static_cast<GLsizei>(batch.count),
-            static_cast<GLuint>(batch.first));
+        quads.draw(tools.state, batch.first, batch.count);
     }
 }
 
@@ -176,43 +177,6 @@ const ParticlePass::Programs& ParticlePass::programsFor(const RenderTarget* targ
         programs.glow = build(std::move(defines));
     }
     return programs;
-}
-
-void ParticlePass::ensureReady() {
-    if (array)
-        return;
-    GLuint name = 0;
-    glCreateVertexArrays(1, &name);
-    array = VertexArrayHandle(name);
-    glCreateBuffers(1, &name);
-    buffer = BufferHandle(name);
-    glVertexArrayVertexBuffer(array.name(), 0, buffer.name(), 0, sizeof(Instance));
-    glVertexArrayBindingDivisor(array.name(), 0, 1);
-    for (GLuint location = 0; location < 5; ++location) {
-        glEnableVertexArrayAttrib(array.name(), location);
-        glVertexArrayAttribBinding(array.name(), location, 0);
-    }
-    glVertexArrayAttribFormat(array.name(), 0, 3, GL_FLOAT, GL_FALSE, offsetof(Instance, middle));
-    glVertexArrayAttribFormat(array.name(), 1, 3, GL_FLOAT, GL_FALSE, offsetof(Instance, right));
-    glVertexArrayAttribFormat(array.name(), 2, 3, GL_FLOAT, GL_FALSE, offsetof(Instance, up));
-    glVertexArrayAttribFormat(array.name(), 3, 1, GL_FLOAT, GL_FALSE, offsetof(Instance, radius));
-    glVertexArrayAttribFormat(
-        array.name(), 4, 4, GL_UNSIGNED_BYTE, GL_TRUE, offsetof(Instance, color));
-}
-
-void ParticlePass::upload() {
-    // A new buffer each time, because frames in flight still read the old one.
-    capacity = std::max({capacity, kMinCapacity, instances.size()});
-    glNamedBufferData(
-        buffer.name(),
-        static_cast<GLsizeiptr>(capacity * sizeof(Instance)),
-        nullptr,
-        GL_STREAM_DRAW);
-    glNamedBufferSubData(
-        buffer.name(),
-        0,
-        static_cast<GLsizeiptr>(instances.size() * sizeof(Instance)),
-        instances.data());
 }
 
 } // namespace zelvo::render

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/render/GraphicsState.h"
+#include "platform/render/InstanceBuffer.h"
 #include "platform/render/ParticleLight.h"
 #include "platform/render/RenderTarget.h"
 #include "platform/render/Snapshot.h"
@@ -36,6 +37,8 @@ public:
         const ParticleLight& light; ///< falls on those that are lit
     };
 
+    ParticlePass();
+
     /// The framebuffer must be bound, with its depth.
     void draw(const Tools& tools, const Snapshot& snapshot, const Place& place);
 
@@ -66,15 +69,11 @@ private:
     void
     addBatch(const PlacedEmitter& placed, const CameraView& camera, const ParticleLight& light);
     [[nodiscard]] const Programs& programsFor(const RenderTarget* target);
-    void ensureReady();
-    void upload();
 
     Programs hard;
     Programs soft;
     Programs softOfSamples;
-    VertexArrayHandle array;
-    BufferHandle buffer;
-    std::size_t capacity = 0;
+    InstanceBuffer quads;
 
     // Kept between frames to reuse their memory.
     std::vector<Instance> instances;

@@ -9,32 +9,25 @@ bool isAtEdge(ivec2 here) {
         isEdge = isEdge || texelFetch(uPicture, here, i).xy != first;
     return isEdge;
 }
+
+vec4 lightAt(ivec2 pixel, int i) { return sampleAt(pixel, i); }
+#else
+vec4 lightAt(ivec2 pixel, int i) { return texelFetch(uPicture, pixel, 0); }
+bool isAtEdge(ivec2 here) { return false; }
 #endif
 
 void main() {
     ivec2 here = ivec2(gl_FragCoord.xy);
-#if SAMPLES > 1
-    vec4 first = sampleAt(here, 0);
-#else
-    vec4 first = texelFetch(uPicture, here, 0);
-#endif
     vec4 glow = glowHere();
-    vec3 color = shown(first + glow);
-    float ofScene = first.a;
-#if SAMPLES > 1
-    // Each sample is tone mapped, so that the edges of bright things are smooth, too. A loop without
-    // rounds is skipped, in software, too.
-    int count = isAtEdge(here) ? SAMPLES : 0;
-    if (count > 0) {
-        color = vec3(0.0);
-        ofScene = 0.0;
-    }
-    const float share = 1.0 / float(SAMPLES);
-    for (int i = 0; i < count; ++i) {
-        vec4 light = sampleAt(here, i);
-        color += share * shown(light + glow);
-        ofScene += share * light.a;
-    }
-#endif
-    oColor = displayed(color, ofScene);
+    // Each sample is tone mapped, so that the edges of bright things are smooth, too. Where all samples
+    // are the same, one is enough. The condition stands at the end: see docs/rendering.md.
+    int count = isAtEdge(here) ? SAMPLES : 1;
+    vec4 sum = vec4(0.0);
+    int i = 0;
+    do {
+        vec4 light = lightAt(here, i);
+        sum += vec4(shown(light + glow), light.a);
+    } while (++i < count);
+    vec4 mean = sum / float(count);
+    oColor = displayed(mean.rgb, mean.a);
 }

@@ -31,17 +31,19 @@ void main() {
     float height = kHighest * found.y / max(found.x, 1e-3);
     float radius = max(widest * height / (passNumbers[0].z + height), 0.5 / passFrame.z);
 
-    // A loop without rounds is skipped in software, too, if no pixel beside needs it.
+    // Where nothing is mirrored, the loop ends after one round.
     float samples = passNumbers[0].w;
     int count = found.x > 0.004 ? int(samples) : 0;
     level = log2(max(inversesqrt(samples) * radius * kSideways * passFrame.z, 1.0));
     vec3 sum = vec3(0.0);
-    for (int i = 0; i < count; ++i) {
+    int i = 0;
+    do {
         vec2 offset = direction * shape * (radius * sqrt((float(i) + 0.5) / samples));
         vec3 light = textureLod(uPicture, uv + offset, level).rgb;
         // What is far brighter than white must not outshine the thing that is mirrored.
         sum += light / (1.0 + kDimmed * max(light.r, max(light.g, light.b)));
         direction = kGoldenTurn * direction;
-    }
+    } while (++i < count);
+    if (count == 0) sum = vec3(0.0);
     oColor = vec4(sqrt(sum * (1.0 / (kBrightest * samples))), 1.0);
 }

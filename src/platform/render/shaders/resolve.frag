@@ -11,15 +11,17 @@ void main() {
     ivec2 last = ivec2(ceil(end - 1e-3)) - 1;
     vec3 sum = vec3(0.0);
     float weights = 0.0;
-    for (int y = first.y; y <= last.y; ++y) {
+    int y = first.y;
+    do {
         float h = min(end.y, float(y) + 1.0) - max(start.y, float(y));
-        for (int x = first.x; x <= last.x; ++x) {
+        int x = first.x;
+        do {
             float w = h * (min(end.x, float(x) + 1.0) - max(start.x, float(x)));
             vec3 c = texelFetch(uPicture, ivec2(x, y), 0).rgb;
             sum += w * c * c;
             weights += w;
-        }
-    }
+        } while (++x <= last.x);
+    } while (++y <= last.y);
     // ordered dithering (Bayer 1973) instead of plain rounding: gradients do not band
     ivec2 cell = ivec2(gl_FragCoord.xy) & 1;
     float threshold = (float[4](0.0, 2.0, 3.0, 1.0)[cell.y * 2 + cell.x] - 1.5) * 0.25;

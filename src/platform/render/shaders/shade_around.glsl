@@ -7,8 +7,7 @@ const float kSameSurface = 0.02; // as a share of the distance
 
 vec3 takenByShadows() {
     vec2 at = gl_FragCoord.xy * effort.zw - 0.5;
-    // A mean that is at the pixel's own distance is of one surface. A loop without rounds is skipped in
-    // software, too.
+    // A mean that is at the pixel's own distance is of one surface.
     vec4 mean = textureLod(uShade, (at + 0.5) / vec2(textureSize(uShade, 0)), 0.0);
     int count = abs(mean.a * gl_FragCoord.w - 1.0) < kSameSurface ? 0 : 4;
     vec4 sum = count == 0 ? vec4(mean.rgb, 1.0) : vec4(0.0);

@@ -30,14 +30,16 @@ vec2 castersAround(int map, vec3 at, float radius, float texels, int count) {
     vec2 direction = vec2(radius, 0.0);
     float stopped = 0.0;
     float distances = 0.0;
-    for (int i = 0; i < count; ++i) {
+    int i = 0;
+    do {
         vec2 offset = direction * sqrt((float(i) + 0.5) / effort.x);
         vec2 caster = textureLod(uShadowMaps[map], at.xy + offset, level).rg;
         float ahead = caster.g - caster.r * (at.z + kDepthStep);
         stopped += ahead > 0.0 ? caster.r : 0.0;
         distances += max(ahead, 0.0);
         direction = kGoldenTurn * direction;
-    }
+    } while (++i < count);
+    if (count == 0) return vec2(0.0);
     return vec2(stopped, distances / max(stopped, 1e-6));
 }
 
@@ -45,18 +47,19 @@ float shadeAround(int map, vec3 at, float radius, float texels, float distance, 
     float level = log2(max(2.0 * radius * texels * inversesqrt(effort.y), 1.0));
     vec2 direction = vec2(radius, 0.0);
     float sum = 0.0;
-    for (int i = 0; i < count; ++i) {
+    int i = 0;
+    do {
         vec2 offset = direction * sqrt((float(i) + 0.5) / effort.y);
         vec2 caster = textureLod(uShadowMaps[map], at.xy + offset, level).rg;
         // Where a texel mixes a caster with the receiver itself, this is the caster's share.
         sum += clamp((caster.g - caster.r * (at.z + kDepthStep)) * (2.0 / distance), 0.0, caster.r);
         direction = kGoldenTurn * direction;
-    }
-    return sum / effort.y;
+    } while (++i < count);
+    return count == 0 ? 0.0 : sum / effort.y;
 }
 
-// The share of light that arrives, 0 .. 1. A loop without rounds is skipped in software, too, if no
-// pixel beside needs it; a condition would not be.
+// The share of light that arrives, 0 .. 1. Where nothing is to be looked up, the loops end after one
+// round; a condition around them would save nothing in software.
 float shadowAt(int light, int map, vec3 N, vec3 L) {
     vec4 settings = lightShadow[light];
     float NoL = dot(N, L);

@@ -80,10 +80,13 @@ vec3 effect() {
     ivec2 first = ivec2(floor(floor(gl_FragCoord.xy) * ratio + 1e-3));
     ivec2 last = min(max(ivec2(floor((floor(gl_FragCoord.xy) + 1.0) * ratio + 1e-3)), first + 1), pictureSize());
     vec3 sum = vec3(0.0);
-    for (int y = first.y; y < last.y; ++y) {
-        for (int x = first.x; x < last.x; ++x)
+    int y = first.y;
+    do {
+        int x = first.x;
+        do
             sum += texelFetch(uPicture, ivec2(x, y), 0).rgb;
-    }
+        while (++x < last.x);
+    } while (++y < last.y);
     ivec2 count = last - first;
     return sum / float(count.x * count.y);
 }
