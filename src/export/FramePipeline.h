@@ -15,8 +15,8 @@ struct FrameStamp {
     bool isForMovie = false;
 };
 
-/// Keeps as many frames in flight as the source allows. If it allows three, a frame comes out when
-/// the third one after it goes in.
+/// Keeps as many frames in flight as the source allows. If it allows two, a frame comes out when the
+/// second one after it goes in.
 class FramePipeline {
 public:
     using Taker =

@@ -36,7 +36,7 @@ TEST_F(MovieWriterTest, MakesAMovieOfEveryFrameButTheLastThree) {
     EXPECT_EQ((*outcome)->frames, drawn);
     EXPECT_EQ(rendering.drawn.size(), drawn) << "the count-in is not drawn";
     EXPECT_EQ(rendering.drawn[0], 0);
-    EXPECT_EQ(rendering.mostInFlight, 3) << "drawing and reading back overlap";
+    EXPECT_EQ(rendering.mostInFlight, 2) << "drawing and reading back overlap";
     EXPECT_EQ(progress.back(), drawn);
     EXPECT_EQ(sceneHome, SceneHome::screen);
     EXPECT_EQ(videosShown, 1);

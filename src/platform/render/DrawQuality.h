@@ -54,7 +54,7 @@ struct NamedQuality {
 
 // clang-format off
 inline constexpr auto kQualities = std::to_array<NamedQuality>({
-    {"draft",    {.oversampling = 0.4, .samples = 4, .detail = Detail::coarse}},
+    {"draft",    {.oversampling = 1.0 / 3, .samples = 4, .detail = Detail::coarse}},
     {"standard", {.oversampling = 1,   .samples = 4}},
     {"finest",   {.oversampling = 1,   .samples = 4, .passes = 16}},
 });

@@ -68,10 +68,7 @@ struct SCNRenderer::State {
         : context(std::move(made))
         , device(readDeviceInfo())
         , passes(device)
-        , slots{
-              Slot(device.uniformAlignment),
-              Slot(device.uniformAlignment),
-              Slot(device.uniformAlignment)} {
+        , slots{Slot(device.uniformAlignment), Slot(device.uniformAlignment)} {
         const bool onCpu = downscaling == Downscaling::automatic ? device.isSoftware
                                                                  : downscaling == Downscaling::cpu;
         delivery = onCpu ? makeCpuDelivery() : makeGpuDelivery();

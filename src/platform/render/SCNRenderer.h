@@ -50,7 +50,7 @@ enum class Downscaling { automatic, cpu, gpu };
 /// `finish` waits for the oldest frame. At most kFramesInFlight may be in flight.
 class SCNRenderer final : public scene::SCNSceneRenderer {
 public:
-    static constexpr int kFramesInFlight = 3;
+    static constexpr int kFramesInFlight = 2;
 
     /// Error: `unavailable` (no EGL display, no OpenGL 4.5), with the driver's message.
     [[nodiscard]] static foundation::Result<std::unique_ptr<SCNRenderer>>
