@@ -94,7 +94,10 @@ Result<void> MovieWriter::prepareWriter() {
     if (auto made = files.makeWorkFolder(container); !made)
         return made;
     const auto [width, height] = options.renderSize;
-    auto made = RawMovie::create(files.rawMovie(), {*codec, width, height, alpha});
+    const auto effort = options.quality.detail == render::Detail::coarse
+                            ? media::EncodingEffort::little
+                            : media::EncodingEffort::usual;
+    auto made = RawMovie::create(files.rawMovie(), {*codec, width, height, alpha, effort});
     if (!made)
         return tl::unexpected(made.error());
     rawMovie = std::move(*made);

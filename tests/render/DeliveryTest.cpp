@@ -37,8 +37,8 @@ protected:
     }
 };
 
-std::vector<std::uint8_t> bytesOf(SCNRenderer& renderer) {
-    renderer.begin({0, {64, 64}, {1.5, 4}});
+std::vector<std::uint8_t> bytesOf(SCNRenderer& renderer, const DrawQuality& quality = {1.5, 4}) {
+    renderer.begin({0, {64, 64}, quality});
     const FrameView view = renderer.finish();
     return {view.bytes.begin(), view.bytes.end()};
 }
@@ -49,13 +49,22 @@ TEST_F(Delivery, OnTheCpuAndInShadersIsTheSame) {
     ASSERT_TRUE(made.has_value());
     SCNRenderer& other = **made;
     other.pointOfView = camera;
-    const auto onCpu = bytesOf(*renderer);
+    const DrawQuality larger{1.5, 4};
+    const DrawQuality smaller{0.4, 4};
+    const auto onCpu = bytesOf(*renderer, larger);
+    const auto enlargedOnCpu = bytesOf(*renderer, smaller);
     renderer->setScene(nullptr);
     other.setScene(scene);
-    const auto inShaders = bytesOf(other);
-    ASSERT_EQ(onCpu.size(), inShaders.size());
-    for (std::size_t i = 0; i < onCpu.size(); ++i)
-        ASSERT_NEAR(onCpu[i], inShaders[i], 1) << "byte " << i;
+    const auto expectSame = [&](const std::vector<std::uint8_t>& bytes,
+                                const DrawQuality& quality) {
+        const auto inShaders = bytesOf(other, quality);
+        ASSERT_EQ(bytes.size(), inShaders.size());
+        for (std::size_t i = 0; i < bytes.size(); ++i)
+            ASSERT_NEAR(bytes[i], inShaders[i], 1)
+                << "byte " << i << " of " << quality.oversampling;
+    };
+    expectSame(onCpu, larger);
+    expectSame(enlargedOnCpu, smaller);
 }
 
 TEST_F(Delivery, GivesTheSameBytesTwiceAndInOrder) {

@@ -24,7 +24,9 @@ struct ChosenEncoder::Row {
     bool isHardware;
     AVPixelFormat format; // of the input frames
     Alpha alpha;
-    const char* options; // as name=value, separated by blanks
+    // As name=value, separated by blanks.
+    const char* options;
+    const char* optionsOfDrafts = options;
 };
 
 namespace {
@@ -149,7 +151,8 @@ FFmpegPtr<AVCodecContext> ChosenEncoder::openRow(const Row& row, const VideoSett
     if (row.format == AV_PIX_FMT_VAAPI && !giveHardwareFrames(*context))
         return nullptr;
     Options options{{}};
-    av_dict_parse_string(options.get(), row.options, "=", " ", 0);
+    const bool isDraft = settings.effort == EncodingEffort::little;
+    av_dict_parse_string(options.get(), isDraft ? row.optionsOfDrafts : row.options, "=", " ", 0);
     if (avcodec_open2(context.get(), encoder, options.get()) < 0)
         return nullptr;
     return context;
@@ -176,11 +179,13 @@ std::span<const ChosenEncoder::Row> ChosenEncoder::rows() {
     constexpr auto kAlpha = Alpha::straight;
     // clang-format off
     static constexpr auto kRows = std::to_array<Row>({
-        {VideoCodec::h264, "libx264", false, kPlanes, kNone, "preset=superfast x264-params=crf=18:aq-mode=3"},
+        {VideoCodec::h264, "libx264", false, kPlanes, kNone, "preset=superfast x264-params=crf=18:aq-mode=3",
+         "preset=ultrafast x264-params=crf=18:aq-mode=3"},
         {VideoCodec::hevc, "hevc_nvenc", true, kPlanes, kNone, "preset=p4 cq=20"},
         {VideoCodec::hevc, "hevc_vaapi", true, kCard, kNone, "rc_mode=CQP qp=20"},
         {VideoCodec::hevc, "libx265", false, kPlanes, kNone,
-         "preset=superfast x265-params=crf=19:bframes=0:aq-mode=3:log-level=none"},
+         "preset=superfast x265-params=crf=19:bframes=0:aq-mode=3:log-level=none",
+         "preset=ultrafast x265-params=crf=19:bframes=0:aq-mode=3:log-level=none"},
         {VideoCodec::vp9, "libvpx-vp9", false, kPlanes, kNone, kVP9},
         {VideoCodec::vp9, "libvpx-vp9", false, AV_PIX_FMT_YUVA420P, kAlpha, kVP9},
         {VideoCodec::proRes4444, "prores_ks", false, AV_PIX_FMT_YUVA444P10LE, kAlpha, "profile=4444"},

@@ -8,6 +8,12 @@ enum class VideoCodec { h264, hevc, vp9, proRes4444 };
 
 enum class Alpha { none, straight };
 
+/// What an encoder in software spends on a frame.
+enum class EncodingEffort {
+    usual,
+    little ///< for drafts: half the time, larger files
+};
+
 /// The format of a movie's video: BT.709 in video range. 4:2:0, and 4:4:4 in ProRes.
 struct VideoSettings {
     static constexpr int kFramesPerSecond = 60;
@@ -16,6 +22,7 @@ struct VideoSettings {
     int width = 1920; ///< even, 16 to 8192
     int height = 1080;
     Alpha alpha = Alpha::none;
+    EncodingEffort effort = EncodingEffort::usual;
 };
 
 /// Whether this machine can encode 1920 x 1080 with this codec in hardware; tested once by opening

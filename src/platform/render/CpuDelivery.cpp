@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/AreaResampler.h"
 #include "platform/render/FrameDelivery.h"
+#include "platform/render/LinearResampler.h"
 
 #include <epoxy/gl.h>
 
@@ -22,11 +23,17 @@ public:
             return output;
         }
         read(*frame.picture, drawn);
-        if (!resampler || resampledSize != drawnSize || resampler->outputSize() != size) {
-            resampler.emplace(drawnSize, size);
-            resampledSize = drawnSize;
-        }
         output.resize(byteCount(size));
+        const bool isNew = sizes != Sizes{drawnSize, size};
+        sizes = {drawnSize, size};
+        if (drawnSize.width < size.width) {
+            if (!enlarger || isNew)
+                enlarger.emplace(drawnSize, size);
+            enlarger->write(drawn, output.data());
+            return output;
+        }
+        if (!resampler || isNew)
+            resampler.emplace(drawnSize, size);
         const std::size_t rowBytes = byteCount({size.width, 1});
         for (int y = 0; y < size.height; ++y)
             resampler->writeRow(drawn, y, output.data() + static_cast<std::size_t>(y) * rowBytes);
@@ -41,8 +48,17 @@ private:
         glReadPixels(0, 0, size.width, size.height, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
     }
 
+    struct Sizes {
+        Size drawn;
+        Size output;
+
+        friend bool operator==(const Sizes&, const Sizes&) = default;
+    };
+
+    // Of these sizes, once they are needed.
+    Sizes sizes;
+    std::optional<LinearResampler> enlarger;
     std::optional<AreaResampler> resampler;
-    Size resampledSize;
     std::vector<std::uint8_t> drawn;
     std::vector<std::uint8_t> output;
 };

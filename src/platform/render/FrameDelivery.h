@@ -22,7 +22,7 @@ struct DrawnFrame {
     Size outputSize;
 };
 
-/// Scales drawn pictures down and copies them to memory. One implementation for each kind of
+/// Scales drawn pictures to the size that is wanted and copies them to memory. One implementation for each kind of
 /// driver.
 class FrameDelivery {
 public:

@@ -45,10 +45,16 @@ public:
         Transfer& transfer = transfers.at(frame.slot);
         transfer.ensure(byteCount(size));
         scaled.resize(size, state);
-        PassBlock block;
-        block.passNumbers[0].x = static_cast<float>(drawn.width) / static_cast<float>(size.width);
-        block.passNumbers[0].y = static_cast<float>(drawn.height) / static_cast<float>(size.height);
-        resolve.run({state, uniforms}, scaled, {{kPictureUnit, frame.picture->color()}}, block);
+        if (drawn.width < size.width) {
+            enlarge(*frame.picture, state);
+        } else {
+            PassBlock block;
+            block.passNumbers[0].x =
+                static_cast<float>(drawn.width) / static_cast<float>(size.width);
+            block.passNumbers[0].y =
+                static_cast<float>(drawn.height) / static_cast<float>(size.height);
+            resolve.run({state, uniforms}, scaled, {{kPictureUnit, frame.picture->color()}}, block);
+        }
         glBindBuffer(GL_PIXEL_PACK_BUFFER, transfer.buffer.name());
         glReadPixels(0, 0, size.width, size.height, GL_RGBA, GL_UNSIGNED_BYTE, nullptr);
         glBindBuffer(GL_PIXEL_PACK_BUFFER, 0);
@@ -60,6 +66,25 @@ public:
     }
 
 private:
+    void enlarge(const RenderTarget& picture, GraphicsState& state) const {
+        const Size from = picture.size();
+        const Size to = scaled.size();
+        glBlitNamedFramebuffer(
+            picture.framebuffer(),
+            scaled.framebuffer(),
+            0,
+            0,
+            from.width,
+            from.height,
+            0,
+            0,
+            to.width,
+            to.height,
+            GL_COLOR_BUFFER_BIT,
+            GL_LINEAR);
+        scaled.bind(state);
+    }
+
     FullscreenPass resolve{"resolve.frag"};
     RenderTarget scaled{TargetFormat::rgba8};
     std::array<Transfer, SCNRenderer::kFramesInFlight> transfers;

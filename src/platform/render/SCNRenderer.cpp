@@ -95,7 +95,6 @@ struct SCNRenderer::State {
     FramePasses passes;
     std::unique_ptr<FrameDelivery> delivery;
     std::array<Slot, kFramesInFlight> slots;
-    RenderTarget coarse{TargetFormat::rgba8}; ///< a picture that is smaller than the output
     Shutter shutter;
     PassMean mean;
     PassMean meanOnWhite; ///< of a picture with alpha
@@ -130,7 +129,6 @@ void SCNRenderer::State::drawPass(
     SCNRenderer& renderer, Slot& slot, const Order& order, const Moment& moment) {
     const FrameRequest& request = order.request;
     const Size drawnSize = drawnSizeOf(request);
-    const bool isEnlarged = drawnSize.width < request.outputSize.width;
     passes.draw(
         {*renderer.scene(),
          renderer.pointOfView.get(),
@@ -144,24 +142,7 @@ void SCNRenderer::State::drawPass(
          request.quality.detail,
          order.backdrop,
          request.quality.passesDrawn()},
-        isEnlarged ? coarse : slot.picture);
-    if (isEnlarged) {
-        const auto [width, height] = request.outputSize;
-        slot.picture.resize(request.outputSize, passes.graphicsState());
-        glBlitNamedFramebuffer(
-            coarse.framebuffer(),
-            slot.picture.framebuffer(),
-            0,
-            0,
-            drawnSize.width,
-            drawnSize.height,
-            0,
-            0,
-            width,
-            height,
-            GL_COLOR_BUFFER_BIT,
-            GL_LINEAR);
-    }
+        slot.picture);
     delivery->queue(slot.frame, passes.graphicsState(), slot.uniforms);
     slot.done.set();
     glFlush();

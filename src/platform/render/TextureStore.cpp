@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/TextureStore.h"
 
+#include "platform/render/LinearResampler.h"
+
 #include <epoxy/gl.h>
 
 #include <algorithm>
@@ -43,44 +45,12 @@ Image premultiplied(const Image& picture) {
     return result;
 }
 
-/// The two source pixels around a pixel of a resized row or column.
-struct Between {
-    std::size_t lower;
-    std::size_t upper;
-    double share;
-};
-
-Between between(int index, int from, int to) {
-    const double position = std::clamp((index + 0.5) * from / to - 0.5, 0.0, from - 1.0);
-    const auto lower = static_cast<std::size_t>(position);
-    const auto last = static_cast<std::size_t>(from) - 1;
-    return {lower, std::min(lower + 1, last), position - static_cast<double>(lower)};
-}
-
-/// One channel, interpolated bilinearly.
-double mixed(const Image& picture, const Between& column, const Between& row, std::size_t channel) {
-    const auto width = static_cast<std::size_t>(picture.width);
-    const auto at = [&](std::size_t x, std::size_t y) {
-        return static_cast<double>(picture.pixels[(y * width + x) * 4 + channel]);
-    };
-    const double top =
-        std::lerp(at(column.lower, row.lower), at(column.upper, row.lower), column.share);
-    const double bottom =
-        std::lerp(at(column.lower, row.upper), at(column.upper, row.upper), column.share);
-    return std::lerp(top, bottom, row.share);
-}
-
 Image resized(const Image& picture, int width, int height) {
     if (picture.width == width && picture.height == height)
         return picture;
     Image result(width, height);
-    for (std::size_t i = 0; i < result.pixels.size(); ++i) {
-        const auto pixel = static_cast<int>(i / 4);
-        const Between column = between(pixel % width, picture.width, width);
-        const Between row = between(pixel / width, picture.height, height);
-        result.pixels[i] =
-            static_cast<std::uint8_t>(std::lround(mixed(picture, column, row, i % 4)));
-    }
+    LinearResampler({picture.width, picture.height}, {width, height})
+        .write(picture.pixels, result.pixels.data());
     return result;
 }
 
