@@ -26,8 +26,8 @@ struct InstanceAttribute {
 /// places.
 class InstanceBuffer {
 public:
-    /// `stride`: bytes of an instance. The attributes are in the order of the shader's locations.
-    InstanceBuffer(std::size_t stride, std::vector<InstanceAttribute> attributes);
+    /// The attributes are in the order of the shader's locations.
+    InstanceBuffer(std::size_t bytesOfInstance, std::vector<InstanceAttribute> instanceAttributes);
 
     /// Replaces all instances.
     void upload(std::span<const std::byte> instances);

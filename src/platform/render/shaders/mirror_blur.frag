@@ -8,6 +8,9 @@ layout(location = 0) out vec4 oColor;
 
 const int kSearchSamples = 3;
 const float kSideways = 0.45;
+// The gap between lookups, as a share of the radius over the root of their number. It is wider up and
+// down; a smaller share leaves streaks beside what is thin and bright.
+const float kGap = 0.8;
 const float kHighest = 512.0; // see mirror_heights.frag
 const float kBrightest = 2.0; // the result is kept in 8 bits; see floor.frag
 const float kDimmed = 0.5; // with it, nothing is brighter than kBrightest
@@ -34,7 +37,7 @@ void main() {
     // Where nothing is mirrored, the loop ends after one round.
     float samples = passNumbers[0].w;
     int count = found.x > 0.004 ? int(samples) : 0;
-    level = log2(max(inversesqrt(samples) * radius * kSideways * passFrame.z, 1.0));
+    level = log2(max(inversesqrt(samples) * radius * kGap * passFrame.z, 1.0));
     vec3 sum = vec3(0.0);
     int i = 0;
     do {
