@@ -80,7 +80,11 @@ MainViewController::~MainViewController() {
 void MainViewController::wire() {
     model::Model& model = services.model;
     actions::ActionController& controller = model.actionController();
-    controlMenu.playAction = [toggle = posted([&model] { model.toggle(); })](bool) { toggle(); };
+    const auto toggle = posted([this, &model] {
+        timeline.finishSeek();
+        model.toggle();
+    });
+    controlMenu.playAction = [toggle](bool) { toggle(); };
     controlMenu.deleteAllActions = posted([this] { deleteAllActions(); });
     controlMenu.undoAction = posted([&controller] { controller.undo(); });
     controlMenu.redoAction = posted([&controller] { controller.redo(); });

@@ -251,10 +251,16 @@ void TimelineController::seek(double time) {
 void TimelineController::seekNow() {
     seeking = services.runLoop.scheduleOnce(FrameClock::kStep, [this] {
         seeking = {};
-        if (wanted)
-            seekNow();
+        finishSeek();
     });
     services.model.seek(*std::exchange(wanted, std::nullopt));
+}
+
+void TimelineController::finishSeek() {
+    if (isRunning())
+        wanted.reset(); // a seek would end the run
+    if (wanted)
+        seekNow();
 }
 
 void TimelineController::stepFrames(int frames) {
@@ -269,6 +275,7 @@ void TimelineController::toStart() {
 }
 
 void TimelineController::togglePlay() {
+    finishSeek();
     if (!services.model.recordsActs())
         services.model.togglePlaying();
 }

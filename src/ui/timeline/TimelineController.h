@@ -82,6 +82,9 @@ public:
     /// Shows the stage at that time; the end of the strip limits it. Of several calls within a frame,
     /// the last one counts. Does nothing during a run.
     void seek(double time);
+    /// Call it before a run begins: a seek that waits for its turn is done now, so that the run
+    /// begins there.
+    void finishSeek();
     void stepFrames(int frames);
     void toStart();
     /// Plays without recording, from the playhead; pauses there if it plays.

@@ -97,6 +97,15 @@ TEST_F(TimelineTest, PlaysFromThePlayheadAndPausesThere) {
     EXPECT_EQ(told(), before);
 }
 
+TEST_F(TimelineTest, PlaysFromThePlaceThatIsStillToBeShown) {
+    line.seek(2);
+    line.seek(4); // waits for its turn
+    line.playButton.click();
+    loop().runFor(0.1);
+    EXPECT_TRUE(model.isPlaying());
+    EXPECT_NEAR(line.playhead(), 4.1, 3 * kFrame);
+}
+
 TEST_F(TimelineTest, DoesAllByKeys) {
     key(Qt::Key_Down);
     EXPECT_EQ(picked(), "Left In");
