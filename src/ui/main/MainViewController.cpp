@@ -80,11 +80,7 @@ MainViewController::~MainViewController() {
 void MainViewController::wire() {
     model::Model& model = services.model;
     actions::ActionController& controller = model.actionController();
-    const auto toggle = posted([this, &model] {
-        timeline.finishSeek();
-        model.toggle();
-    });
-    controlMenu.playAction = [toggle](bool) { toggle(); };
+    controlMenu.playAction = [toggle = posted([&model] { model.toggle(); })](bool) { toggle(); };
     controlMenu.deleteAllActions = posted([this] { deleteAllActions(); });
     controlMenu.undoAction = posted([&controller] { controller.undo(); });
     controlMenu.redoAction = posted([&controller] { controller.redo(); });

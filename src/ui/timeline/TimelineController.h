@@ -82,9 +82,6 @@ public:
     /// Shows the stage at that time; the end of the strip limits it. Of several calls within a frame,
     /// the last one counts. Does nothing during a run.
     void seek(double time);
-    /// Call it before a run begins: a seek that waits for its turn is done now, so that the run
-    /// begins there.
-    void finishSeek();
     void stepFrames(int frames);
     void toStart();
     /// Plays without recording, from the playhead; pauses there if it plays.
@@ -182,6 +179,8 @@ private:
     void runDidChange();
     void setPlayhead(double time);
     void seekNow();
+    /// A seek that waits for its turn is done now, or dropped in a run.
+    void finishSeek();
     /// After a change: which acts are picked then.
     void edited(const Identifiers& which);
     [[nodiscard]] bool mayEdit() const;
