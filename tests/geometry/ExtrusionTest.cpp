@@ -99,7 +99,7 @@ TEST(Extrusion, HasTheVolumeWorkedOutByHand) {
         };
         check(options(kDepth, 0), 0, 0);
         check(options(kDepth, r), cutLinear, 0.005);
-        check(options(kDepth, r, roundedProfile()), cutRounded, 0.06);
+        check(options(kDepth, r, roundedProfile()), cutRounded, 0.13);
     }
 }
 
@@ -121,6 +121,31 @@ TEST(Extrusion, ChamferTakesAtMostHalfTheDepth) {
     EXPECT_EQ(tile.elements[2].indexCount, 0U) << "nothing is left of the walls";
     // Two frustums of height 1, between 100 x 100 and 80 x 80.
     EXPECT_NEAR(inspect(tile).volume, 2 * (10000 + 8000 + 6400) / 3.0, 5);
+}
+
+// Where nothing can stand before an element, its shadows are not looked up.
+TEST(Extrusion, KnowsWhatIsOpenToTheFront) {
+    struct Row {
+        const char* name;
+        std::vector<glm::vec2> profile; ///< from the face to the wall
+        bool isFaceOpen, isChamferOpen;
+    };
+
+    for (const Row& row :
+         {Row{"straight", {{0, 1}, {1, 0}}, true, true},
+          {"a step", {{0, 1}, {0.4f, 0.9f}, {0.5f, 0.2f}, {1, 0}}, true, false},
+          {"a ridge above the face", {{0, 1}, {0.3f, 1.5f}, {1, 0}}, false, false}}) {
+        BezierPath profile;
+        profile.moveTo(row.profile.front());
+        for (std::size_t i = 1; i < row.profile.size(); ++i)
+            profile.lineTo(row.profile[i]);
+        const Mesh tile = extrude(pathOf({squareAt(0, 0, 100)}), options(24, 4, profile));
+        EXPECT_EQ(tile.elements[0].facing.z, row.isFaceOpen ? 1 : 0) << row.name;
+        EXPECT_EQ(tile.elements[1].facing.z, row.isFaceOpen ? -1 : 0) << row.name;
+        EXPECT_EQ(tile.elements[2].facing, glm::vec3(0)) << row.name;
+        EXPECT_EQ(tile.elements[3].facing.z, row.isChamferOpen ? 1 : 0) << row.name;
+        EXPECT_FLOAT_EQ(tile.elements[3].depth, 4) << row.name;
+    }
 }
 
 TEST(Extrusion, CurvesAreSmoothAndCornersSharp) {

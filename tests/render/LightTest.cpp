@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/Lighting.h"
+#include "platform/render/ShadowOnSide.h"
+#include "platform/scene/SCNShapes.h"
 #include "render/StageFixture.h"
 
 namespace zelvo::render {
@@ -277,6 +279,105 @@ TEST(LightSet, TakesNoMoreLightsThanTheShaderHas) {
     const scene::SCNLight light;
     const std::vector<PlacedLight> lights(20, {&light});
     EXPECT_EQ(makeLightSet(lights, {}, 1).counts.omni, kMaxLights);
+}
+
+/// Two tiles of 60 x 60 x 20 with chamfers of 2, and a lamp that shines on their faces from above.
+class Tiles : public testing::Test {
+protected:
+    enum Element : std::size_t { face, back, walls, chamfer };
+
+    Tiles() {
+        geometry::BezierPath square;
+        square.moveTo({-30, -30});
+        for (const glm::vec2 corner : {glm::vec2(30, -30), {30, 30}, {-30, 30}})
+            square.lineTo(corner);
+        square.close();
+        auto solid = std::make_shared<scene::SCNShape>(square, 20);
+        solid->setChamferRadius(2);
+        for (const scene::SCNNodePtr& node : {tile, other}) {
+            node->geometry = solid;
+            scene.rootNode()->addChildNode(node);
+        }
+        lamp->light = std::make_shared<scene::SCNLight>();
+        lamp->light->type = SCNLightType::spot;
+        lamp->light->castsShadow = true;
+        lamp->light->lampRadius = 20;
+        scene.rootNode()->addChildNode(lamp);
+        shineFrom({0, 300, 300});
+    }
+
+    void shineFrom(const glm::vec3& place) const {
+        lamp->position = place;
+        lamp->setOrientation(glm::quatLookAt(glm::normalize(-place), glm::vec3(1, 0, 0)));
+    }
+
+    [[nodiscard]] bool isShadedBy(const glm::vec3& place, Element element) {
+        other->position = place;
+        snapshot.take(scene, nullptr, 1);
+        return isShaded(snapshot.nodes()[0], element, shadowViews(snapshot).all()[0], snapshot);
+    }
+
+    scene::SCNScene scene;
+    scene::SCNNodePtr tile = std::make_shared<scene::SCNNode>();
+    scene::SCNNodePtr other = std::make_shared<scene::SCNNode>();
+    scene::SCNNodePtr lamp = std::make_shared<scene::SCNNode>();
+    Snapshot snapshot;
+};
+
+TEST_F(Tiles, AreShadedOnTheirFaceOnlyByWhatStandsBeforeIt) {
+    struct Row {
+        const char* name;
+        glm::vec3 other;
+        bool isShaded;
+    };
+
+    for (const Row& row :
+         {Row{"beside it in its plane", {70, 0, 0}, false},
+          {"above, too little before it", {0, 80, 3}, false},
+          {"above, as far before it as it is away", {0, 80, 40}, true},
+          {"below", {0, -80, 40}, false},
+          {"before it", {0, 30, 60}, true},
+          {"behind", {0, 0, -60}, false},
+          {"above the lamp", {0, 600, 320}, true}}) { // not known
+        EXPECT_EQ(isShadedBy(row.other, face), row.isShaded) << row.name;
+        EXPECT_EQ(isShadedBy(row.other, chamfer), row.isShaded) << row.name;
+    }
+    EXPECT_TRUE(isShadedBy({70, 0, 0}, walls)) << "not known";
+    lamp->light->lampRadius = 200;
+    EXPECT_TRUE(isShadedBy({0, 80, 13}, face)) << "a large lamp throws soft, wide shadows";
+    tile->setEulerAngles({-0.6f, 0, 0});
+    lamp->light->lampRadius = 20;
+    EXPECT_TRUE(isShadedBy({0, 80, 3}, face)) << "leans back, so the other stands before it";
+}
+
+TEST_F(Tiles, ShadeTheirChamfersInLowLight) {
+    EXPECT_FALSE(isShadedBy({500, 0, 0}, chamfer));
+    shineFrom({0, 300, 60});
+    EXPECT_TRUE(isShadedBy({500, 0, 0}, chamfer));
+    EXPECT_FALSE(isShadedBy({500, 0, 0}, face));
+    shineFrom({0, 300, -60});
+    EXPECT_TRUE(isShadedBy({500, 0, 0}, chamfer)) << "its outer edge faces the lamp";
+}
+
+TEST_F(Tiles, KnowWhichLightsAreBehindTheirFaces) {
+    const auto behind = [this](Element element) {
+        snapshot.take(scene, nullptr, 1);
+        return lightsBehind(snapshot.lights(), snapshot.nodes()[0], element);
+    };
+    EXPECT_EQ(behind(face), 0U);
+    EXPECT_EQ(behind(back), 1U);
+    shineFrom({0, 300, 9});
+    EXPECT_EQ(behind(face), 1U) << "the face lies at 10";
+    EXPECT_EQ(behind(chamfer), 0U) << "it has other sides";
+    EXPECT_EQ(behind(walls), 0U);
+    tile->scale = {1, 1, 0.5f};
+    EXPECT_EQ(behind(face), 0U);
+    tile->setEulerAngles({0, 3.14159f, 0});
+    EXPECT_EQ(behind(face), 1U);
+    lamp->light->type = SCNLightType::directional;
+    lamp->setOrientation(glm::quatLookAt(glm::vec3(0, 0, 1), glm::vec3(0, 1, 0)));
+    EXPECT_EQ(behind(face), 0U);
+    EXPECT_EQ(behind(back), 1U);
 }
 
 } // namespace

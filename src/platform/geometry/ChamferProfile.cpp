@@ -14,7 +14,7 @@ namespace zelvo::geometry {
 namespace {
 
 // scene units; largest distance between the profile and its bands
-constexpr double kProfileError = 0.03;
+constexpr double kProfileError = 0.08;
 constexpr double kMinBand = 0.01; // share of the width; narrower bands are left out
 
 BezierPath straightProfile() {
@@ -74,6 +74,24 @@ ChamferProfile::ChamferProfile(const BezierPath& path, double width, double heig
             level.above = normalOf(vertex.directionOut);
         levels.push_back(level);
     }
+}
+
+bool ChamferProfile::staysBelowFace() const {
+    return std::ranges::all_of(
+        levels, [this](const Level& level) { return level.height <= height(); });
+}
+
+bool ChamferProfile::isConvex() const {
+    constexpr double kRounding = 1e-6;
+    double steepest = INFINITY;
+    for (std::size_t i = 1; i < levels.size(); ++i) {
+        const double slope = (levels[i].height - levels[i - 1].height) /
+                             (levels[i].distance - levels[i - 1].distance);
+        if (slope > steepest + kRounding)
+            return false;
+        steepest = slope;
+    }
+    return staysBelowFace();
 }
 
 ChamferProfile::Surface ChamferProfile::surfaceAt(std::size_t band, double distance) const {

@@ -36,6 +36,12 @@ public:
 
     [[nodiscard]] double height() const { return levels.back().height; }
 
+    /// Whether no part is higher than the face.
+    [[nodiscard]] bool staysBelowFace() const;
+
+    /// Whether it gets less steep towards the face, so that no part of it hides another.
+    [[nodiscard]] bool isConvex() const;
+
     /// The surface at a distance between a level and the next one.
     [[nodiscard]] Surface surfaceAt(std::size_t band, double distance) const;
 

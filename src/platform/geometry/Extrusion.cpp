@@ -70,6 +70,8 @@ struct Front {
     ChamferMesh chamfer;
     std::vector<Triangle> face;
     double chamferHeight = 0;
+    bool isFaceOpen = true; ///< nothing stands before the face
+    bool isChamferOpen = true;
 };
 
 ChamferMesh plainRim(const Outline& outline) {
@@ -91,6 +93,8 @@ Front makeFront(const OutlineSkeleton& skeleton, const ChamferProfile& profile) 
     };
     Front front;
     front.chamferHeight = used.height();
+    front.isFaceOpen = used.staysBelowFace();
+    front.isChamferOpen = used.isConvex();
     front.chamfer =
         map != nullptr ? makeChamfer(ChamferMesher::Faces::rimOnly) : plainRim(skeleton.outline());
     auto face = tessellateFace(front.chamfer.points, front.chamfer.faceRim);
@@ -117,15 +121,19 @@ public:
         , wallZ(faceZ - front_.chamferHeight) {}
 
     Mesh write(bool hasChamferElements) {
-        addElement([this] { writeFace(1); });
-        addElement([this] { writeFace(-1); });
+        for (const int side : {1, -1}) {
+            addElement([this, side] { writeFace(side); });
+            mesh.elements.back().facing = {0, 0, front.isFaceOpen ? side : 0};
+        }
         addElement([this] { writeWalls(); });
         mesh.elements.back().hasOpenness = openness != nullptr;
         if (hasChamferElements) {
-            addElement([this] { writeChamfer(1); });
-            mesh.elements.back().isRim = true;
-            addElement([this] { writeChamfer(-1); });
-            mesh.elements.back().isRim = true;
+            for (const int side : {1, -1}) {
+                addElement([this, side] { writeChamfer(side); });
+                mesh.elements.back().isRim = true;
+                mesh.elements.back().facing = {0, 0, front.isChamferOpen ? side : 0};
+                mesh.elements.back().depth = static_cast<float>(front.chamferHeight);
+            }
         }
         return std::move(mesh);
     }

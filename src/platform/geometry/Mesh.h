@@ -38,6 +38,11 @@ struct MeshElement {
     std::uint32_t indexCount = 0; ///< a multiple of 3
     bool isRim = false;           ///< a chamfer: polished more than the rest (SCNMaterial::rim)
     bool hasOpenness = false;     ///< its vertices' openness is not 1 everywhere
+    /// The side of the shape's box on which the element lies: the box's axis, outwards. Seen from
+    /// there, nothing of the shape stands before the element. 0: not known, or there is no such
+    /// side.
+    glm::vec3 facing{0};
+    float depth = 0; ///< how far it reaches into the box from that side. 0: it is flat
 };
 
 /// A coarser version of a mesh, with some of its vertices.

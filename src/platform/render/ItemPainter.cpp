@@ -73,14 +73,21 @@ void ItemPainter::begin() {
     boundLights = SIZE_MAX;
 }
 
-ItemPainter::Lights
-ItemPainter::lightsFor(const Frame& frame, std::uint32_t mask, Shadows shadows) {
+ItemPainter::Lights ItemPainter::lightsFor(
+    const Frame& frame, const DrawItem& item, Shadows shadows, LightBits unshaded) {
+    const std::span<const PlacedLight> lights = frame.snapshot.lights();
+    const VisibleNode& node = frame.snapshot.nodes()[item.node];
+    const std::uint32_t mask = node.categoryBitMask;
+    const LightBits leftOut =
+        showsBackFaces(frame, item) ? 0 : lightsBehind(lights, node, item.element);
     for (Lights i = 0; i < sets.size(); ++i) {
-        if (sets[i].set.mask == mask && sets[i].shadows == shadows)
+        const KeyedSet& known = sets[i];
+        if (known.set.mask == mask && known.shadows == shadows && known.leftOut == leftOut &&
+            known.unshaded == unshaded)
             return i;
     }
     const auto views = shadows == Shadows::cast ? frame.views : std::span<const ShadowView>();
-    KeyedSet made{makeLightSet(frame.snapshot.lights(), views, mask), shadows};
+    KeyedSet made{makeLightSet(lights, views, mask, leftOut, unshaded), shadows, leftOut, unshaded};
     made.key = keyOf(made.set, tools.shadows);
     sets.push_back(made);
     return sets.size() - 1;

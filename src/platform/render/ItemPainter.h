@@ -45,7 +45,9 @@ public:
         : tools(given) {}
 
     void begin();
-    [[nodiscard]] Lights lightsFor(const Frame& frame, std::uint32_t mask, Shadows shadows);
+    /// Those that reach the item. The ones in `unshaded` get no shadow.
+    [[nodiscard]] Lights
+    lightsFor(const Frame& frame, const DrawItem& item, Shadows shadows, LightBits unshaded = 0);
 
     [[nodiscard]] const LightSet& lightSet(Lights lights) const { return sets[lights].set; }
 
@@ -82,6 +84,8 @@ private:
     struct KeyedSet {
         LightSet set;
         Shadows shadows = Shadows::cast;
+        LightBits leftOut = 0;
+        LightBits unshaded = 0;
         std::uint64_t key = 0;
     };
 

@@ -66,6 +66,10 @@ void writeShadow(LightBlock& block, std::size_t i, const ShadowView& view, const
     block.shadowMatrix.at(i) = view.toTexture;
 }
 
+bool holds(LightBits bits, std::size_t light) {
+    return light < 64 && (bits >> light & 1) != 0;
+}
+
 /// Writes a light to its place in the set, and its shadow if it has a view.
 void addLight(
     LightSet& set,
@@ -112,8 +116,32 @@ std::vector<std::string> LightCounts::defines() const {
         fmt::format("SPOT_SHADOWS {}", spotShadows)};
 }
 
+LightBits
+lightsBehind(std::span<const PlacedLight> lights, const VisibleNode& node, std::size_t element) {
+    const geometry::Mesh& mesh = node.geometry->mesh();
+    const geometry::MeshElement& flat = mesh.elements[element];
+    if (flat.facing == glm::vec3(0) || flat.depth > 0 || flat.indexCount == 0)
+        return 0;
+    // If the node has no size, this is not a number, and no light is behind.
+    const glm::vec3 normal = glm::transpose(glm::inverse(glm::mat3(node.world))) * flat.facing;
+    const glm::vec3 inPlane{
+        node.world * glm::vec4(mesh.vertices[mesh.indices[flat.firstIndex]].position, 1)};
+    LightBits behind = 0;
+    for (std::size_t i = 0; i < std::min<std::size_t>(lights.size(), 64); ++i) {
+        const bool isDirectional = lights[i].light->type == SCNLightType::directional;
+        const glm::vec3 way = isDirectional ? -lights[i].direction : lights[i].position - inPlane;
+        if (lights[i].light->type != SCNLightType::ambient && glm::dot(normal, way) <= 0)
+            behind |= LightBits{1} << i;
+    }
+    return behind;
+}
+
 LightSet makeLightSet(
-    std::span<const PlacedLight> lights, std::span<const ShadowView> shadows, std::uint32_t mask) {
+    std::span<const PlacedLight> lights,
+    std::span<const ShadowView> shadows,
+    std::uint32_t mask,
+    LightBits leftOut,
+    LightBits unshaded) {
     LightSet set;
     set.mask = mask;
     std::array<std::uint32_t, kMaxLights> chosen{};
@@ -124,20 +152,24 @@ LightSet makeLightSet(
             continue;
         if (light.type == SCNLightType::ambient) {
             set.block.ambient += glm::vec4(radiance(light), 0);
-        } else if (count < chosen.size()) {
-            chosen.at(count++) = i;
-            set.hasLamps = set.hasLamps || light.gain == 1;
+            continue;
         }
+        set.hasLamps = set.hasLamps || light.gain == 1;
+        if (!holds(leftOut, i) && count < chosen.size())
+            chosen.at(count++) = i;
     }
+    const auto shadowOf = [&](std::uint32_t i) {
+        return holds(unshaded, i) ? shadows.size() : viewOf(shadows, i);
+    };
     const auto rankOf = [&](std::uint32_t i) {
-        return rank(lights[i].light->type, viewOf(shadows, i) < shadows.size());
+        return rank(lights[i].light->type, shadowOf(i) < shadows.size());
     };
     std::stable_sort(
         chosen.begin(), chosen.begin() + static_cast<std::ptrdiff_t>(count), [&](auto a, auto b) {
             return rankOf(a) < rankOf(b);
         });
     for (std::size_t i = 0; i < count; ++i) {
-        addLight(set, i, lights[chosen.at(i)], viewOf(shadows, chosen.at(i)), shadows);
+        addLight(set, i, lights[chosen.at(i)], shadowOf(chosen.at(i)), shadows);
     }
     return set;
 }

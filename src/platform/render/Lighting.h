@@ -40,8 +40,21 @@ struct LightSet {
 /// Linear colour times brightness; 1 is nominal.
 [[nodiscard]] glm::vec3 radiance(const scene::SCNLight& light);
 
-/// Selects and sorts the lights for the nodes of a mask. Only the first kMaxLights are used.
+/// One bit for each of the first 64 lights.
+using LightBits = std::uint64_t;
+
+/// The lights that stand behind a flat element, and so do not reach it. Most lamps of a title stand
+/// behind its letters' faces, which are the largest part of it.
+[[nodiscard]] LightBits
+lightsBehind(std::span<const PlacedLight> lights, const VisibleNode& node, std::size_t element);
+
+/// Selects and sorts the lights for the nodes of a mask. Only the first kMaxLights are used. Those
+/// in `unshaded` get no shadow.
 [[nodiscard]] LightSet makeLightSet(
-    std::span<const PlacedLight> lights, std::span<const ShadowView> shadows, std::uint32_t mask);
+    std::span<const PlacedLight> lights,
+    std::span<const ShadowView> shadows,
+    std::uint32_t mask,
+    LightBits leftOut = 0,
+    LightBits unshaded = 0);
 
 } // namespace zelvo::render

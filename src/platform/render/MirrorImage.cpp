@@ -61,9 +61,8 @@ void MirrorImage::drawItems(const Tools& tools, const ItemPainter::Frame& frame)
         for (const DrawItem& item : items) {
             if (item.material->floor)
                 continue;
-            const std::uint32_t mask = snapshot.nodes()[item.node].categoryBitMask;
             const ItemPainter::Lights lights =
-                tools.painter.lightsFor(frame, mask, ItemPainter::Shadows::none);
+                tools.painter.lightsFor(frame, item, ItemPainter::Shadows::none);
             tools.painter.draw(frame, item, lights, DepthTest::nearer);
         }
     };

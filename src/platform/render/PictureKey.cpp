@@ -90,9 +90,8 @@ bool PictureKey::addItems(
     ItemPainter& painter,
     const ItemPainter::Frame& frame) {
     for (const DrawItem& item : items) {
-        const std::uint32_t mask = frame.snapshot.nodes()[item.node].categoryBitMask;
         const std::uint64_t key =
-            painter.key(frame, item, painter.lightsFor(frame, mask, ItemPainter::Shadows::cast));
+            painter.key(frame, item, painter.lightsFor(frame, item, ItemPainter::Shadows::cast));
         if (key == StillLayer::kMoving)
             return false;
         hash.add(key);

@@ -3,6 +3,7 @@
 
 #include "platform/render/Effort.h"
 #include "platform/render/Hash.h"
+#include "platform/render/ShadowOnSide.h"
 #include "platform/render/ShadowReach.h"
 #include "platform/scene/MaterialOpacity.h"
 
@@ -124,7 +125,7 @@ void SceneDrawer::drawStill(const Frame& frame) {
         }
         for (std::size_t i = 0; i < veils.size(); ++i) {
             if (layer.holds(veils[i].key))
-                drawTranslucent(frame.items, snapshot.translucent().subspan(i, 1));
+                drawTranslucent(frame, snapshot.translucent().subspan(i, 1));
         }
     }
     layer.copyTo(frame.target, state);
@@ -262,11 +263,27 @@ std::uint64_t SceneDrawer::surroundingsKey(const Frame& frame) {
     return hash.result();
 }
 
+LightBits SceneDrawer::unshaded(const ItemPainter::Frame& frame, const DrawItem& item) const {
+    const VisibleNode& node = snapshot.nodes()[item.node];
+    if (painter.showsBackFaces(frame, item))
+        return 0;
+    LightBits result = 0;
+    for (const ShadowView& view : frame.views) {
+        if (!isShaded(node, item.element, view, snapshot))
+            result |= LightBits{1} << view.light;
+    }
+    return result;
+}
+
+ItemPainter::Lights SceneDrawer::lightsOf(const ItemPainter::Frame& frame, const DrawItem& item) {
+    return painter.lightsFor(frame, item, ItemPainter::Shadows::cast, unshaded(frame, item));
+}
+
 SceneDrawer::OpaqueItem
 SceneDrawer::planned(const ItemPainter::Frame& frame, const DrawItem& item, Size picture) {
     using Shadows = ItemPainter::Shadows;
     const VisibleNode& node = snapshot.nodes()[item.node];
-    const ItemPainter::Lights all = painter.lightsFor(frame, node.categoryBitMask, Shadows::cast);
+    const ItemPainter::Lights all = lightsOf(frame, item);
     const LightSet& set = painter.lightSet(all);
     const int maps = set.counts.directionalShadows + set.counts.spotShadows;
     if (maps == 0 || item.material->lightingModelName == scene::SCNLightingModel::constant ||
@@ -286,7 +303,7 @@ SceneDrawer::planned(const ItemPainter::Frame& frame, const DrawItem& item, Size
     // shadow passes over it, and it can stay in the still layer.
     if (isCaster && !shadowed.isEmpty())
         return {&item, all, all};
-    const ItemPainter::Lights free = painter.lightsFor(frame, node.categoryBitMask, Shadows::none);
+    const ItemPainter::Lights free = painter.lightsFor(frame, item, Shadows::none);
     const bool isDarkened = !shadowed.isEmpty() && painter.canBeDarkened(*item.material);
     return {&item, free, all, shadowed, isDarkened};
 }
@@ -384,15 +401,10 @@ void SceneDrawer::planTranslucent(const Frame& frame) {
     });
 }
 
-ItemPainter::Lights SceneDrawer::lightsOf(const ItemPainter::Frame& frame, const DrawItem& item) {
-    return painter.lightsFor(
-        frame, snapshot.nodes()[item.node].categoryBitMask, ItemPainter::Shadows::cast);
-}
-
 void SceneDrawer::drawEarly(const Frame& frame) {
     for (std::size_t i = 0; i < veils.size(); ++i) {
         if (veils[i].place != Place::inTurn && !layer.holds(veils[i].key))
-            drawTranslucent(frame.items, snapshot.translucent().subspan(i, 1));
+            drawTranslucent(frame, snapshot.translucent().subspan(i, 1));
     }
 }
 
@@ -400,23 +412,22 @@ void SceneDrawer::drawTranslucent(const Frame& frame) {
     const std::span<const DrawItem> items = snapshot.translucent();
     forEachGroup(items, [&](std::size_t first, std::size_t count) {
         if (veils[first].place == Place::inTurn)
-            drawTranslucent(frame.items, items.subspan(first, count));
+            drawTranslucent(frame, items.subspan(first, count));
     });
 }
 
-void SceneDrawer::drawTranslucent(
-    const ItemPainter::Frame& frame, std::span<const DrawItem> group) {
+void SceneDrawer::drawTranslucent(const Frame& frame, std::span<const DrawItem> group) {
     // For fading solids, draw the depth first. Then only their front is coloured: they fade as
     // one thing, and what stands inside stays hidden.
     for (const DrawItem& item : group) {
         if (painter.fadesAsAWhole(*item.material))
-            painter.drawDepth(frame, item);
+            painter.drawDepth(frame.items, item);
     }
     for (const DrawItem& item : group) {
         painter.draw(
-            frame,
+            frame.items,
             item,
-            lightsOf(frame, item),
+            lightsOf(frame.items, item),
             painter.fadesAsAWhole(*item.material) ? DepthTest::equal : DepthTest::nearer);
     }
 }

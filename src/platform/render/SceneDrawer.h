@@ -139,6 +139,11 @@ private:
     probeOf(const scene::SCNScene& scene);
     [[nodiscard]] FrameBlock frameBlock(const scene::SCNScene& scene, const Canvas& canvas) const;
     [[nodiscard]] std::uint32_t frameFeatures(const scene::SCNScene& scene);
+    /// Lights whose shadows need not be looked up, as nothing throws one on the item.
+    [[nodiscard]] LightBits unshaded(const ItemPainter::Frame& frame, const DrawItem& item) const;
+    /// With shadows.
+    [[nodiscard]] ItemPainter::Lights
+    lightsOf(const ItemPainter::Frame& frame, const DrawItem& item);
     [[nodiscard]] OpaqueItem
     planned(const ItemPainter::Frame& frame, const DrawItem& item, Size picture);
     /// Whether an item has many triangles that its own front hides. They cost only their depth if
@@ -149,10 +154,8 @@ private:
     void drawBackground(const Frame& frame, const RenderTarget& target);
     void keepPicturesOf(const DrawItem& item);
     void planTranslucent(const Frame& frame);
-    [[nodiscard]] ItemPainter::Lights
-    lightsOf(const ItemPainter::Frame& frame, const DrawItem& item);
     void drawEarly(const Frame& frame);
-    void drawTranslucent(const ItemPainter::Frame& frame, std::span<const DrawItem> group);
+    void drawTranslucent(const Frame& frame, std::span<const DrawItem> group);
     void drawWhole(const ItemPainter::Frame& frame, const OpaqueItem& opaque);
     void
     drawShadowed(const ItemPainter::Frame& frame, const OpaqueItem& opaque, DepthTest depthTest);

@@ -1,85 +1,41 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/ShadowReach.h"
 
+#include "platform/render/BoxFaces.h"
+
 #include <glm/common.hpp>
 #include <glm/geometric.hpp>
 #include <glm/matrix.hpp>
 
-#include <array>
 #include <cmath>
+#include <span>
 
 namespace zelvo::render {
 namespace {
 
 /// If shadows cover less of the picture than this, casters are not looked at one by one.
 constexpr double kWorthASecondLook = 0.02;
+/// A node with few triangles is a part of the stage, which can be large and mostly empty within its
+/// box. So its triangles are looked at one by one.
+constexpr std::size_t kFewIndices = std::size_t{3} * 300;
 constexpr float kMinDistance = 1e-3f; ///< scene units from the plane of the eye
-
-using Corners = std::array<glm::vec3, 8>;
-
-/// A face cut by planes. Each cut adds at most one corner.
-struct Polygon {
-    std::array<glm::vec3, 16> points{};
-    std::size_t count = 0;
-
-    void add(const glm::vec3& point) { points.at(count++) = point; }
-};
-
-Corners cornersOf(const geometry::Box& box, const glm::mat4& world) {
-    Corners corners{};
-    for (unsigned i = 0; i < corners.size(); ++i) {
-        const glm::vec3 corner(
-            (i & 1U) != 0 ? box.max.x : box.min.x,
-            (i & 2U) != 0 ? box.max.y : box.min.y,
-            (i & 4U) != 0 ? box.max.z : box.min.z);
-        corners.at(i) = glm::vec3(world * glm::vec4(corner, 1));
-    }
-    return corners;
-}
-
-Corners cornersOf(const VisibleNode& node) {
-    return cornersOf(node.geometry->boundingBox(), node.world);
-}
-
-/// The box's faces: indices into cornersOf, in order around the face.
-// clang-format off
-constexpr auto kFaces = std::to_array<std::array<std::size_t, 4>>({
-    {0, 1, 3, 2},
-    {4, 5, 7, 6},
-    {0, 1, 5, 4},
-    {2, 3, 7, 6},
-    {0, 2, 6, 4},
-    {1, 3, 7, 5}
-});
-
-// clang-format on
-
-Polygon polygonOf(const Corners& corners, const std::array<std::size_t, 4>& face) {
-    Polygon polygon;
-    for (const std::size_t corner : face) {
-        polygon.add(corners.at(corner));
-    }
-    return polygon;
-}
 
 glm::vec4 rowOf(const glm::mat4& matrix, int row) {
     return {matrix[0][row], matrix[1][row], matrix[2][row], matrix[3][row]};
 }
 
-/// Sutherland and Hodgman 1974, "Reentrant Polygon Clipping". Keeps the part in front of the plane.
-Polygon clipped(const Polygon& polygon, const glm::vec4& plane) {
-    Polygon result;
-    for (std::size_t i = 0; i < polygon.count; ++i) {
-        const glm::vec3& a = polygon.points.at(i);
-        const glm::vec3& b = polygon.points.at((i + 1) % polygon.count);
-        const float beforeA = glm::dot(plane, glm::vec4(a, 1));
-        const float beforeB = glm::dot(plane, glm::vec4(b, 1));
-        if (beforeA >= 0)
-            result.add(a);
-        if ((beforeA >= 0) != (beforeB >= 0))
-            result.add(glm::mix(a, b, beforeA / (beforeA - beforeB)));
-    }
-    return result;
+Polygon clipped(Polygon polygon, std::span<const glm::vec4> planes) {
+    for (std::size_t i = 0; i < planes.size() && polygon.count > 0; ++i)
+        polygon = clipped(polygon, planes[i]);
+    return polygon;
+}
+
+Polygon triangleOf(const VisibleNode& node, std::size_t first) {
+    const geometry::Mesh& mesh = node.geometry->mesh();
+    Polygon triangle;
+    for (std::size_t i = first; i < first + 3; ++i)
+        triangle.add(glm::vec3(node.world * glm::vec4(mesh.vertices[mesh.indices[i]].position, 1)));
+    return triangle;
 }
 
 /// Collects the bounds of polygons on screen.
@@ -127,7 +83,7 @@ private:
 
 PixelRect boundsOnScreen(const Corners& corners, const CameraView& camera, Size picture) {
     ScreenBounds seen(camera, picture);
-    for (const auto& face : kFaces) {
+    for (const auto& face : kBoxFaces) {
         seen.include(polygonOf(corners, face));
     }
     return seen.rect();
@@ -174,16 +130,17 @@ PixelRect shadowOnScreen(
     const VisibleNode& node, const ShadowView& view, const CameraView& camera, Size picture) {
     if (view.bounds.z <= view.bounds.x || view.bounds.w <= view.bounds.y)
         return {};
-    const Corners corners = cornersOf(node);
     const std::array<glm::vec4, 6> planes = planesOf(view);
     ScreenBounds seen(camera, picture);
-    for (const auto& face : kFaces) {
-        Polygon polygon = polygonOf(corners, face);
-        for (const glm::vec4& plane : planes) {
-            polygon = clipped(polygon, plane);
-        }
-        seen.include(polygon);
+    const geometry::Mesh& mesh = node.geometry->mesh();
+    if (mesh.indices.size() <= kFewIndices) {
+        for (std::size_t i = 0; i + 2 < mesh.indices.size(); i += 3)
+            seen.include(clipped(triangleOf(node, i), planes));
+        return seen.rect();
     }
+    const Corners corners = cornersOf(node);
+    for (const auto& face : kBoxFaces)
+        seen.include(clipped(polygonOf(corners, face), planes));
     // A large box can contain the near end of the rays, so that end counts, too.
     const glm::mat4 fromMap = glm::inverse(view.toTexture);
     Polygon beginning;

@@ -19,7 +19,8 @@ boundsOnScreen(const geometry::Box& box, const CameraView& camera, Size picture)
 [[nodiscard]] geometry::Box worldBox(const VisibleNode& node);
 
 /// The part of a picture in which casters of a light can throw a shadow on the node: the node's box
-/// cut by the light's rays around the casters. On a wide floor that is a small part.
+/// cut by the light's rays around the casters. On a wide floor that is a small part. Of a node with
+/// few triangles, these are cut instead of the box.
 ///
 ///          *           the light
 ///         /.|

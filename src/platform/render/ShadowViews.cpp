@@ -21,8 +21,6 @@ constexpr float kMinHalfExtent = 500; ///< scene units, for the map of a directi
 constexpr float kExtentStep = 1.1f;
 constexpr unsigned kMinMap = 128;
 constexpr float kWidestRadius = 0.03f; ///< of the soft edge, as a share of the map
-constexpr float kSunDistance = 1000;   ///< scene units; see SCNLight::lampRadius
-constexpr float kShiftTexels = 1.5f;
 /// An omni light must see all casters within such a pyramid: tangent of half its angle.
 constexpr float kWidestOmni = 3;
 constexpr float kNearestOmni = 4; ///< scene units

@@ -11,6 +11,9 @@
 
 namespace zelvo::render {
 
+inline constexpr float kSunDistance = 1000; ///< scene units; see SCNLight::lampRadius
+inline constexpr float kShiftTexels = 1.5f; ///< of ShadowView::receiverShift
+
 /// A shadow-casting light seen as a camera, and the shadow map made from there.
 struct ShadowView {
     std::uint32_t light = 0;     ///< index into Snapshot::lights()

@@ -1,22 +1,19 @@
 // A line through a pixel: its unit normal (x, y), with y >= 0, and the signed distance from it to the
-// middle of the pixel, in pixels. As two numbers of 8 bits: the angle, and the distance, or 0 if there
-// is no line.
-const float kHalfTurn = 3.14159265;
+// middle of the pixel, in pixels. As two numbers of 8 bits: the direction, and the distance, or 0 if
+// there is no line. The direction is where the normal meets the diamond |x| + y = 1: no angle function is
+// needed to read it.
 const float kFarthest = 0.75; // no line that is farther away touches the pixel
 
 vec2 lineCode(vec3 line) {
-    float turn = floor(256.0 * atan(line.y, line.x) / kHalfTurn + 0.5);
-    // A half turn is rounded to none. The normal is the opposite one then.
-    bool isTurned = turn > 255.5;
-    float distance = isTurned ? -line.z : line.z;
-    return vec2(isTurned ? 0.0 : turn, 1.0 + 127.0 * (distance / kFarthest + 1.0)) / 255.0;
+    float across = line.x / (abs(line.x) + line.y);
+    return (127.0 * vec2(across, line.z / kFarthest) + vec2(127.0, 128.0)) / 255.0;
 }
 
 bool hasLine(vec2 code) { return code.y > 0.5 / 255.0; }
 
 vec3 lineOf(vec2 code) {
-    float angle = code.x * (255.0 / 256.0) * kHalfTurn;
-    return vec3(cos(angle), sin(angle), ((code.y * 255.0 - 1.0) / 127.0 - 1.0) * kFarthest);
+    vec2 read = (code * 255.0 - vec2(127.0, 128.0)) / 127.0;
+    return vec3(normalize(vec2(read.x, 1.0 - abs(read.x))), read.y * kFarthest);
 }
 
 // The places of the four samples, from the pixel's middle.
