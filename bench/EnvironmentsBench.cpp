@@ -5,6 +5,7 @@
 #include "app/Export.h"
 #include "environments/SceneManager.h"
 #include "platform/foundation/Check.h"
+#include "platform/foundation/Lifetime.h"
 #include "platform/render/Context.h"
 #include "platform/render/SCNRenderer.h"
 #include "platform/render/SCNView.h"
@@ -13,8 +14,10 @@
 #include <benchmark/benchmark.h>
 #include <epoxy/gl.h>
 
+#include <chrono>
 #include <cmath>
 #include <filesystem>
+#include <optional>
 
 namespace {
 
@@ -25,6 +28,40 @@ void nameAfter(benchmark::State& state, int scene) {
     state.SetLabel(
         std::string(environments::SceneManager::sceneNames.at(static_cast<std::size_t>(scene))));
 }
+
+/// Measures the frames of an export in which the title swings. In those before, less is to be drawn.
+class SwingTimer {
+public:
+    explicit SwingTimer(movie::MovieWriter& writer) {
+        writer.progressSignal.subscribe(listening, [this](const movie::MovieProgress& progress) {
+            const auto now = Clock::now();
+            if (progress.framesDone < kFirst)
+                return;
+            if (!first)
+                first = {progress.framesDone, now};
+            last = {progress.framesDone, now};
+        });
+    }
+
+    [[nodiscard]] double framesPerSecond() const {
+        CHECK(first && last.frame > first->frame, "the movie is too short");
+        return (last.frame - first->frame) /
+               std::chrono::duration<double>(last.time - first->time).count();
+    }
+
+private:
+    using Clock = std::chrono::steady_clock;
+    static constexpr double kFirst = bench::kMovesFrom * 60;
+
+    struct Moment {
+        int frame = 0;
+        Clock::time_point time{};
+    };
+
+    foundation::Lifetime listening;
+    std::optional<Moment> first;
+    Moment last;
+};
 
 void exportAt(benchmark::State& state, const render::DrawQuality& quality) {
     const auto scene = static_cast<int>(state.range(0));
@@ -39,8 +76,13 @@ void exportAt(benchmark::State& state, const render::DrawQuality& quality) {
         return report->outcome.frames;
     };
     double frames = 0;
-    for ([[maybe_unused]] auto _ : state)
+    double swinging = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        const SwingTimer timer(title.engine.model().movieWriter());
         frames += framesOfMovie();
+        swinging = timer.framesPerSecond();
+    }
+    state.counters["swinging/s"] = swinging;
     state.counters["frames/s"] = benchmark::Counter(frames, benchmark::Counter::kIsRate);
 }
 
