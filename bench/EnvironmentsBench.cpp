@@ -29,10 +29,11 @@ void nameAfter(benchmark::State& state, int scene) {
         std::string(environments::SceneManager::sceneNames.at(static_cast<std::size_t>(scene))));
 }
 
-/// Measures the frames of an export in which the title swings. In those before, less is to be drawn.
-class SwingTimer {
+/// Measures the frames of an export in which the whole title moves. In those before, less of it is in
+/// view.
+class MoveTimer {
 public:
-    explicit SwingTimer(movie::MovieWriter& writer) {
+    explicit MoveTimer(movie::MovieWriter& writer) {
         writer.progressSignal.subscribe(listening, [this](const movie::MovieProgress& progress) {
             const auto now = Clock::now();
             if (progress.framesDone < kFirst)
@@ -76,13 +77,13 @@ void exportAt(benchmark::State& state, const render::DrawQuality& quality) {
         return report->outcome.frames;
     };
     double frames = 0;
-    double swinging = 0;
+    double moving = 0;
     for ([[maybe_unused]] auto _ : state) {
-        const SwingTimer timer(title.engine.model().movieWriter());
+        const MoveTimer timer(title.engine.model().movieWriter());
         frames += framesOfMovie();
-        swinging = timer.framesPerSecond();
+        moving = timer.framesPerSecond();
     }
-    state.counters["swinging/s"] = swinging;
+    state.counters["moving/s"] = moving;
     state.counters["frames/s"] = benchmark::Counter(frames, benchmark::Counter::kIsRate);
 }
 
