@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace zelvo::render {
 namespace {
@@ -19,6 +20,8 @@ constexpr float kHalfWidth = 800;                  ///< scene units that the map
 constexpr glm::vec3 kMiddle{0, 0, -150};           ///< of the covered part
 constexpr float kReach = 240;                      ///< things higher above the floor do not count
 constexpr float kWidest = kReach / kHalfWidth / 2; ///< radius of the softest edge, in 0 .. 1
+/// scene units; lookups reach that far, and their mipmaps a little farther
+constexpr float kFarthest = 1.4f * kReach;
 
 /// Content belongs to another category than the floor. Lights and glows do not stop light.
 bool isOnFloor(const VisibleNode& node, const VisibleNode& floor) {
@@ -59,6 +62,7 @@ bool ContactMap::draw(
     hash.addBlock(
         std::array{effort.contactSearchLookups, effort.contactLookups, effort.closeContactLookups});
     reach = {};
+    shadows = {};
     for (const VisibleNode& node : snapshot.nodes()) {
         if (!isOnFloor(node, snapshot.nodes()[floor.item.node]))
             continue;
@@ -69,6 +73,8 @@ bool ContactMap::draw(
         const float spread = std::max(box.min.y - floor.height, 0.0f) + 30;
         reach.include({box.min.x - spread, floor.height, box.min.z - spread});
         reach.include({box.max.x + spread, floor.height, box.max.z + spread});
+        shadows.include({box.min.x - kFarthest, floor.height, box.min.z - kFarthest});
+        shadows.include({box.max.x + kFarthest, floor.height, box.max.z + kFarthest});
         hash.add(node.geometry->revision());
         hash.addBlock(node.world);
         hash.addBlock(node.opacity);
@@ -91,12 +97,35 @@ bool ContactMap::draw(
     PassBlock block;
     block.passNumbers[0] = {
         kWidest, effort.contactSearchLookups, effort.contactLookups, effort.closeContactLookups};
+    softened.bind(tools.state);
+    tools.state.clearColor({});
+    const PixelRect dark = darkTexels(floor.height);
+    if (dark.isEmpty())
+        return true;
+    tools.state.setScissor(dark);
     soften.run(
         {tools.state, tools.uniforms},
         softened,
         {{kPictureUnit, footprints.color(), tools.textures.shadowSampler()}},
         block);
+    tools.state.setScissor(std::nullopt);
     return true;
+}
+
+PixelRect ContactMap::darkTexels(float height) const {
+    const glm::mat4 toTexel = toTexture(height);
+    const glm::vec2 low(toTexel * glm::vec4(shadows.min, 1));
+    const glm::vec2 high(toTexel * glm::vec4(shadows.max, 1));
+    const auto texel = [](float share) {
+        return static_cast<float>(kSoftenedSide) * std::clamp(share, 0.0F, 1.0F);
+    };
+    if (shadows.isEmpty())
+        return {};
+    return {
+        static_cast<int>(std::floor(texel(std::min(low.x, high.x)))),
+        static_cast<int>(std::floor(texel(std::min(low.y, high.y)))),
+        static_cast<int>(std::ceil(texel(std::max(low.x, high.x)))),
+        static_cast<int>(std::ceil(texel(std::max(low.y, high.y))))};
 }
 
 PixelRect ContactMap::seenIn(const CameraView& camera, Size picture) const {

@@ -41,10 +41,14 @@ public:
     [[nodiscard]] PixelRect seenIn(const CameraView& camera, Size picture) const;
 
 private:
+    /// Those of the soft map that may be dark; can be empty.
+    [[nodiscard]] PixelRect darkTexels(float height) const;
+
     RenderTarget footprints{TargetFormat::casters};
     RenderTarget softened{TargetFormat::r8};
     FullscreenPass soften{"contact.frag"};
     geometry::Box reach;                    ///< of the floor
+    geometry::Box shadows;                  ///< the part of the floor that the things can darken
     std::uint64_t content = 0;              ///< hash of what was drawn
     std::vector<const VisibleNode*> things; ///< of this frame
 };

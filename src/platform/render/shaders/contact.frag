@@ -33,23 +33,26 @@ void main() {
     int count = found.x > 0.0 ? int(lookups.y) : 0;
     level = levelFor(spread * texels, lookups.y);
     float sum = 0.0;
-    for (int i = 0; i < count; ++i) {
+    // The conditions stand at the end: see docs/rendering.md.
+    int i = 0;
+    do {
         vec2 offset = direction * (spread * sqrt((float(i) + 0.5) / lookups.y));
         sum += textureLod(uFootprints, uv + offset, level).r;
         direction = kGoldenTurn * direction;
-    }
+    } while (++i < count);
     direction = vec2(1.0, 0.0);
     float close = 0.0;
     float closeLevel = 0.5 * log2(24.0 / lookups.z); // finer, as edges matter
     count = found.x > 0.0 ? int(lookups.z) : 0;
-    for (int i = 0; i < count; ++i) {
+    i = 0;
+    do {
         vec2 offset = direction * (kClose * sqrt((float(i) + 0.5) / lookups.z));
         vec2 thing = textureLod(uFootprints, uv + offset, closeLevel).rg;
         close += thing.r * smoothstep(0.88, 1.0, thing.g / max(thing.r, 1e-5));
         direction = kGoldenTurn * direction;
-    }
+    } while (++i < count);
     sum = 1.0 - (1.0 - sum / lookups.y) * (1.0 - kClosest * close / lookups.z);
     // the rim of the map is never seen
     vec2 rim = clamp((0.5 - abs(uv - 0.5)) * 12.0, 0.0, 1.0);
-    oStopped = sum * rim.x * rim.y;
+    oStopped = count > 0 ? sum * rim.x * rim.y : 0.0;
 }
