@@ -121,19 +121,13 @@ public:
         , wallZ(faceZ - front_.chamferHeight) {}
 
     Mesh write(bool hasChamferElements) {
-        for (const int side : {1, -1}) {
-            addElement([this, side] { writeFace(side); });
-            mesh.elements.back().facing = {0, 0, front.isFaceOpen ? side : 0};
-        }
+        addFace(1);
+        addFace(-1);
         addElement([this] { writeWalls(); });
         mesh.elements.back().hasOpenness = openness != nullptr;
         if (hasChamferElements) {
-            for (const int side : {1, -1}) {
-                addElement([this, side] { writeChamfer(side); });
-                mesh.elements.back().isRim = true;
-                mesh.elements.back().facing = {0, 0, front.isChamferOpen ? side : 0};
-                mesh.elements.back().depth = static_cast<float>(front.chamferHeight);
-            }
+            addChamfer(1);
+            addChamfer(-1);
         }
         return std::move(mesh);
     }
@@ -143,6 +137,19 @@ private:
         const auto first = static_cast<std::uint32_t>(mesh.indices.size());
         write();
         mesh.elements.push_back({first, static_cast<std::uint32_t>(mesh.indices.size()) - first});
+    }
+
+    void addFace(int side) {
+        addElement([this, side] { writeFace(side); });
+        mesh.elements.back().facing = {0, 0, front.isFaceOpen ? side : 0};
+    }
+
+    void addChamfer(int side) {
+        addElement([this, side] { writeChamfer(side); });
+        MeshElement& chamfer = mesh.elements.back();
+        chamfer.isRim = true;
+        chamfer.facing = {0, 0, front.isChamferOpen ? side : 0};
+        chamfer.depth = static_cast<float>(front.chamferHeight);
     }
 
     [[nodiscard]] std::uint32_t vertexCount() const {
