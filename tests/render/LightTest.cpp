@@ -359,25 +359,50 @@ TEST_F(Tiles, ShadeTheirChamfersInLowLight) {
     EXPECT_TRUE(isShadedBy({500, 0, 0}, chamfer)) << "its outer edge faces the lamp";
 }
 
-TEST_F(Tiles, KnowWhichLightsAreBehindTheirFaces) {
-    const auto behind = [this](Element element) {
+TEST_F(Tiles, LeaveOutLightsAtTheBackOnlyWhereTheyStandBehind) {
+    const auto leftOut = [this](Element element) {
         snapshot.take(scene, nullptr, 1);
-        return lightsBehind(snapshot.lights(), snapshot.nodes()[0], element);
+        return rearLightsBehind(snapshot.lights(), snapshot.nodes()[0], element);
     };
-    EXPECT_EQ(behind(face), 0U);
-    EXPECT_EQ(behind(back), 1U);
-    shineFrom({0, 300, 9});
-    EXPECT_EQ(behind(face), 1U) << "the face lies at 10";
-    EXPECT_EQ(behind(chamfer), 0U) << "it has other sides";
-    EXPECT_EQ(behind(walls), 0U);
-    tile->scale = {1, 1, 0.5f};
-    EXPECT_EQ(behind(face), 0U);
+    EXPECT_EQ(leftOut(back), 0U) << "the lamp is at the front";
+    shineFrom({0, 300, -1});
+    EXPECT_EQ(leftOut(face), 1U);
+    EXPECT_EQ(leftOut(back), 1U) << "the back lies at -10";
+    EXPECT_EQ(leftOut(chamfer), 0U) << "it has other sides";
+    EXPECT_EQ(leftOut(walls), 0U);
+    tile->position = glm::vec3(0, 0, -20);
+    EXPECT_EQ(leftOut(face), 0U);
+    tile->scale = {1, 1, 3};
+    EXPECT_EQ(leftOut(face), 1U);
     tile->setEulerAngles({0, 3.14159f, 0});
-    EXPECT_EQ(behind(face), 1U);
+    EXPECT_EQ(leftOut(back), 1U) << "which is at the front now";
     lamp->light->type = SCNLightType::directional;
     lamp->setOrientation(glm::quatLookAt(glm::vec3(0, 0, 1), glm::vec3(0, 1, 0)));
-    EXPECT_EQ(behind(face), 0U);
-    EXPECT_EQ(behind(back), 1U);
+    EXPECT_EQ(leftOut(face), 0U) << "turned to the back";
+    EXPECT_EQ(leftOut(back), 1U);
+    const auto second = std::make_shared<scene::SCNNode>();
+    second->light = std::make_shared<scene::SCNLight>();
+    second->light->type = SCNLightType::omni;
+    second->position = {0, 0, -5};
+    scene.rootNode()->addChildNode(second);
+    tile->position = glm::vec3(0, 0, -60);
+    EXPECT_EQ(leftOut(back), 0U) << "all or none: one of them stands before it";
+    lamp->light->categoryBitMask = second->light->categoryBitMask = 2;
+    EXPECT_EQ(leftOut(back), 0U) << "they do not shine on it anyway";
+}
+
+TEST_F(Tiles, AreTurnedFromPlacesBehindTheirFaces) {
+    const auto isSeenFrom = [this](const glm::vec3& place, Element element) {
+        snapshot.take(scene, nullptr, 1);
+        return !isTurnedFrom(place, snapshot.nodes()[0], element);
+    };
+    EXPECT_TRUE(isSeenFrom({100, 0, 11}, face));
+    EXPECT_FALSE(isSeenFrom({100, 0, 9}, face));
+    EXPECT_TRUE(isSeenFrom({100, 0, 9}, walls));
+    EXPECT_TRUE(isSeenFrom({0, 0, -11}, back));
+    tile->scale = {1, 1, -2};
+    EXPECT_TRUE(isSeenFrom({0, 0, -21}, face)) << "a mirrored node";
+    EXPECT_FALSE(isSeenFrom({0, 0, 21}, face));
 }
 
 } // namespace

@@ -79,7 +79,7 @@ ItemPainter::Lights ItemPainter::lightsFor(
     const VisibleNode& node = frame.snapshot.nodes()[item.node];
     const std::uint32_t mask = node.categoryBitMask;
     const LightBits leftOut =
-        showsBackFaces(frame, item) ? 0 : lightsBehind(lights, node, item.element);
+        showsBackFaces(frame, item) ? 0 : rearLightsBehind(lights, node, item.element);
     for (Lights i = 0; i < sets.size(); ++i) {
         const KeyedSet& known = sets[i];
         if (known.set.mask == mask && known.shadows == shadows && known.leftOut == leftOut &&
@@ -213,12 +213,17 @@ void ItemPainter::bind(const Frame& frame, const MaterialBinding& binding, Light
 
 void ItemPainter::draw(
     const Frame& frame, const DrawItem& item, Lights lights, DepthTest depthTest) {
+    // Its triangles would be culled, but not before its shader is built.
+    const VisibleNode& node = frame.snapshot.nodes()[item.node];
+    if (!showsBackFaces(frame, item) &&
+        isTurnedFrom(frame.snapshot.camera().position, node, item.element))
+        return;
     MaterialBinding binding = bound(frame, item);
     const bool isTranslucent = depthTest == DepthTest::equal || item.isTranslucent;
     if (isTranslucent)
         binding.features |= kTranslucent;
     const bool isSceneLight = showsSceneLight(binding, sets[lights].set);
-    const geometry::Mesh& mesh = frame.snapshot.nodes()[item.node].geometry->mesh();
+    const geometry::Mesh& mesh = node.geometry->mesh();
     if (isSceneLight)
         binding.features |=
             mesh.elements[item.element].hasOpenness ? kSceneLight | kOpenness : kSceneLight;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace zelvo::render {
 namespace {
@@ -66,6 +67,18 @@ void writeShadow(LightBlock& block, std::size_t i, const ShadowView& view, const
     block.shadowMatrix.at(i) = view.toTexture;
 }
 
+/// Of a flat element; the normal outwards, of any length. Not numbers if the node has no size.
+std::optional<glm::vec4> planeOf(const VisibleNode& node, std::size_t element) {
+    const geometry::Mesh& mesh = node.geometry->mesh();
+    const geometry::MeshElement& flat = mesh.elements[element];
+    if (flat.facing == glm::vec3(0) || flat.depth > 0 || flat.indexCount == 0)
+        return std::nullopt;
+    const glm::vec3 normal = glm::transpose(glm::inverse(glm::mat3(node.world))) * flat.facing;
+    const glm::vec3 place{
+        node.world * glm::vec4(mesh.vertices[mesh.indices[flat.firstIndex]].position, 1)};
+    return glm::vec4(normal, -glm::dot(normal, place));
+}
+
 bool holds(LightBits bits, std::size_t light) {
     return light < 64 && (bits >> light & 1) != 0;
 }
@@ -116,24 +129,30 @@ std::vector<std::string> LightCounts::defines() const {
         fmt::format("SPOT_SHADOWS {}", spotShadows)};
 }
 
-LightBits
-lightsBehind(std::span<const PlacedLight> lights, const VisibleNode& node, std::size_t element) {
-    const geometry::Mesh& mesh = node.geometry->mesh();
-    const geometry::MeshElement& flat = mesh.elements[element];
-    if (flat.facing == glm::vec3(0) || flat.depth > 0 || flat.indexCount == 0)
+bool isTurnedFrom(const glm::vec3& place, const VisibleNode& node, std::size_t element) {
+    const std::optional<glm::vec4> plane = planeOf(node, element);
+    return plane && glm::dot(*plane, glm::vec4(place, 1)) <= 0;
+}
+
+LightBits rearLightsBehind(
+    std::span<const PlacedLight> lights, const VisibleNode& node, std::size_t element) {
+    const std::optional<glm::vec4> plane = planeOf(node, element);
+    if (!plane)
         return 0;
-    // If the node has no size, this is not a number, and no light is behind.
-    const glm::vec3 normal = glm::transpose(glm::inverse(glm::mat3(node.world))) * flat.facing;
-    const glm::vec3 inPlane{
-        node.world * glm::vec4(mesh.vertices[mesh.indices[flat.firstIndex]].position, 1)};
-    LightBits behind = 0;
+    LightBits rear = 0;
     for (std::size_t i = 0; i < std::min<std::size_t>(lights.size(), 64); ++i) {
-        const bool isDirectional = lights[i].light->type == SCNLightType::directional;
-        const glm::vec3 way = isDirectional ? -lights[i].direction : lights[i].position - inPlane;
-        if (lights[i].light->type != SCNLightType::ambient && glm::dot(normal, way) <= 0)
-            behind |= LightBits{1} << i;
+        const SCNLight& light = *lights[i].light;
+        const bool isDirectional = light.type == SCNLightType::directional;
+        const glm::vec4 place =
+            isDirectional ? glm::vec4(-lights[i].direction, 0) : glm::vec4(lights[i].position, 1);
+        const bool shinesOnIt = (light.categoryBitMask & node.categoryBitMask) != 0;
+        if (light.type == SCNLightType::ambient || !shinesOnIt || place.z >= 0)
+            continue;
+        if (!(glm::dot(*plane, place) <= 0))
+            return 0;
+        rear |= LightBits{1} << i;
     }
-    return behind;
+    return rear;
 }
 
 LightSet makeLightSet(

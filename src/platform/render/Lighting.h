@@ -43,10 +43,16 @@ struct LightSet {
 /// One bit for each of the first 64 lights.
 using LightBits = std::uint64_t;
 
-/// The lights that stand behind a flat element, and so do not reach it. Most lamps of a title stand
-/// behind its letters' faces, which are the largest part of it.
+/// The lights that need not be computed on a flat element, as they stand behind it: those at the
+/// back of the scene (below z = 0, where titles stand), if all of them do. Most lamps of a stage are
+/// among them, and faces are the largest part of a title. All or none, as each choice of lights is a
+/// shader of its own.
 [[nodiscard]] LightBits
-lightsBehind(std::span<const PlacedLight> lights, const VisibleNode& node, std::size_t element);
+rearLightsBehind(std::span<const PlacedLight> lights, const VisibleNode& node, std::size_t element);
+
+/// Whether a flat element turns its back to a place.
+[[nodiscard]] bool
+isTurnedFrom(const glm::vec3& place, const VisibleNode& node, std::size_t element);
 
 /// Selects and sorts the lights for the nodes of a mask. Only the first kMaxLights are used. Those
 /// in `unshaded` get no shadow.

@@ -96,11 +96,15 @@ geometry::Box thrownBy(
     const float lampRadius = placed.light->type == scene::SCNLightType::directional
                                  ? placed.light->lampRadius / kSunDistance
                                  : placed.light->lampRadius;
-    geometry::Box thrown;
+    const glm::vec4 plane = receiver.top - glm::vec4(0, 0, 0, kClearly);
     const Corners corners = cornersOf(caster);
+    geometry::Box thrown;
+    if (std::ranges::none_of(corners, [&](const glm::vec3& corner) {
+            return glm::dot(plane, glm::vec4(corner, 1)) > 0;
+        }))
+        return thrown;
     for (const auto& face : kBoxFaces) {
-        const Polygon before =
-            clipped(polygonOf(corners, face), receiver.top - glm::vec4(0, 0, 0, kClearly));
+        const Polygon before = clipped(polygonOf(corners, face), plane);
         for (std::size_t i = 0; i < before.count; ++i) {
             const glm::vec3& point = before.points.at(i);
             const glm::vec3 way = wayOf(placed, point);
