@@ -3,6 +3,10 @@
 
 #include <glm/common.hpp>
 #include <glm/geometric.hpp>
+#include <glm/matrix.hpp>
+
+#include <algorithm>
+#include <cmath>
 
 namespace zelvo::render {
 
@@ -20,6 +24,15 @@ Corners cornersOf(const geometry::Box& box, const glm::mat4& world) {
 
 Corners cornersOf(const VisibleNode& node) {
     return cornersOf(node.geometry->boundingBox(), node.world);
+}
+
+glm::vec4 sideOf(const VisibleNode& node, const geometry::MeshElement& element) {
+    const glm::vec3 normal =
+        glm::normalize(glm::transpose(glm::inverse(glm::mat3(node.world))) * element.facing);
+    float height = -INFINITY;
+    for (const glm::vec3& corner : cornersOf(node))
+        height = std::max(height, glm::dot(normal, corner));
+    return {normal, -height};
 }
 
 Polygon polygonOf(const Corners& corners, const std::array<std::size_t, 4>& face) {

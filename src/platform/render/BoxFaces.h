@@ -29,6 +29,10 @@ inline constexpr auto kBoxFaces = std::to_array<std::array<std::size_t, 4>>({
 
 // clang-format on
 
+/// The plane of the box's side on which an element lies (MeshElement::facing); unit normal outwards.
+/// Not numbers if the node has no size.
+[[nodiscard]] glm::vec4 sideOf(const VisibleNode& node, const geometry::MeshElement& element);
+
 /// A convex face cut by planes. Each cut adds at most one corner.
 struct Polygon {
     std::array<glm::vec3, 16> points{};

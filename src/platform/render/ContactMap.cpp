@@ -119,8 +119,6 @@ PixelRect ContactMap::darkTexels(float height) const {
     const auto texel = [](float share) {
         return static_cast<float>(kSoftenedSide) * std::clamp(share, 0.0F, 1.0F);
     };
-    if (shadows.isEmpty())
-        return {};
     return {
         static_cast<int>(std::floor(texel(std::min(low.x, high.x)))),
         static_cast<int>(std::floor(texel(std::min(low.y, high.y)))),

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/Lighting.h"
 
+#include "platform/render/BoxFaces.h"
 #include "platform/render/MaterialBinding.h"
 
 #include <fmt/format.h>
@@ -67,16 +68,12 @@ void writeShadow(LightBlock& block, std::size_t i, const ShadowView& view, const
     block.shadowMatrix.at(i) = view.toTexture;
 }
 
-/// Of a flat element; the normal outwards, of any length. Not numbers if the node has no size.
+/// Of a flat element with known side. Not numbers if the node has no size.
 std::optional<glm::vec4> planeOf(const VisibleNode& node, std::size_t element) {
-    const geometry::Mesh& mesh = node.geometry->mesh();
-    const geometry::MeshElement& flat = mesh.elements[element];
+    const geometry::MeshElement& flat = node.geometry->mesh().elements[element];
     if (flat.facing == glm::vec3(0) || flat.depth > 0 || flat.indexCount == 0)
         return std::nullopt;
-    const glm::vec3 normal = glm::transpose(glm::inverse(glm::mat3(node.world))) * flat.facing;
-    const glm::vec3 place{
-        node.world * glm::vec4(mesh.vertices[mesh.indices[flat.firstIndex]].position, 1)};
-    return glm::vec4(normal, -glm::dot(normal, place));
+    return sideOf(node, flat);
 }
 
 bool holds(LightBits bits, std::size_t light) {

@@ -26,16 +26,6 @@ geometry::Box slabOf(const VisibleNode& node, const geometry::MeshElement& eleme
     return slab;
 }
 
-/// The plane of the box's side on which the element lies; unit normal outwards.
-glm::vec4 sideOf(const VisibleNode& node, const geometry::MeshElement& element) {
-    const glm::vec3 normal =
-        glm::normalize(glm::transpose(glm::inverse(glm::mat3(node.world))) * element.facing);
-    float height = -INFINITY;
-    for (const glm::vec3& corner : cornersOf(node))
-        height = std::max(height, glm::dot(normal, corner));
-    return {normal, -height};
-}
-
 glm::vec3 wayOf(const PlacedLight& placed, const glm::vec3& point) {
     return placed.light->type == scene::SCNLightType::directional ? placed.direction
                                                                   : point - placed.position;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/render/ShadowViews.h"
 
+#include "platform/render/BoxFaces.h"
+
 #include <glm/geometric.hpp>
 #include <glm/matrix.hpp>
 #include <glm/trigonometric.hpp>
@@ -38,26 +40,14 @@ glm::mat4 viewFrom(const glm::mat3& axes, const glm::vec3& position) {
     return glm::inverse(placed);
 }
 
-std::array<glm::vec3, 8> cornersOf(const geometry::Box& box) {
-    std::array<glm::vec3, 8> corners{};
-    for (unsigned i = 0; i < corners.size(); ++i) {
-        corners.at(i) = {
-            (i & 1U) != 0 ? box.max.x : box.min.x,
-            (i & 2U) != 0 ? box.max.y : box.min.y,
-            (i & 4U) != 0 ? box.max.z : box.min.z};
-    }
-    return corners;
-}
-
 /// The box around all casters, measured along the given axes.
 geometry::Box castersIn(const glm::mat3& axes, const SCNLight& light, const Snapshot& snapshot) {
     geometry::Box result;
     for (const VisibleNode& node : snapshot.nodes()) {
         if (!casts(node, light))
             continue;
-        for (const glm::vec3& corner : cornersOf(node.geometry->boundingBox())) {
-            result.include(glm::vec3(node.world * glm::vec4(corner, 1)) * axes);
-        }
+        for (const glm::vec3& corner : cornersOf(node))
+            result.include(corner * axes);
     }
     return result;
 }
@@ -149,9 +139,8 @@ std::optional<Pyramid> pyramidAround(const PlacedLight& placed, const Snapshot& 
     for (const VisibleNode& node : snapshot.nodes()) {
         if (!casts(node, light))
             continue;
-        for (const glm::vec3& corner : cornersOf(node.geometry->boundingBox())) {
-            const glm::vec3 seen =
-                (glm::vec3(node.world * glm::vec4(corner, 1)) - placed.position) * result.axes;
+        for (const glm::vec3& corner : cornersOf(node)) {
+            const glm::vec3 seen = (corner - placed.position) * result.axes;
             const float distance = -seen.z;
             if (distance < kNearestOmni)
                 return std::nullopt;
@@ -212,10 +201,9 @@ void setBounds(ShadowView& view, const std::optional<geometry::Box>& box) {
 
 /// The box of a caster in the map; nothing if a part of it is behind the light.
 std::optional<geometry::Box> boxInMap(const VisibleNode& caster, const ShadowView& view) {
-    const glm::mat4 toMap = view.toTexture * caster.world;
     geometry::Box box;
-    for (const glm::vec3& corner : cornersOf(caster.geometry->boundingBox())) {
-        const glm::vec4 point = toMap * glm::vec4(corner, 1);
+    for (const glm::vec3& corner : cornersOf(caster)) {
+        const glm::vec4 point = view.toTexture * glm::vec4(corner, 1);
         if (point.w <= 0)
             return std::nullopt;
         box.include(glm::vec3(point) / point.w);
