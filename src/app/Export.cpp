@@ -66,7 +66,10 @@ exportMovie(Engine& engine, StoppableLoop& loop, const movie::MovieOptions& opti
 std::string timingTable(const ExportReport& report) {
     const auto& frames = report.timings.frames;
     const double count = std::max(1, report.outcome.frames);
-    std::string table = fmt::format("milliseconds a frame, of {} frames\n", report.outcome.frames);
+    std::string table = fmt::format(
+        "milliseconds a frame, of {} frames ({} repeat the one before)\n",
+        report.outcome.frames,
+        frames.repeated);
     table += timingRow("animating", frames.animateMs / count, "");
     table += timingRow("drawing", frames.drawMs / count, "");
     table += timingRow("reading back", frames.readBackMs / count, "");

@@ -1,7 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include "platform/render/FrameDelivery.h"
 #include "platform/render/PassMean.h"
 #include "platform/scene/SCNAction.h"
 #include "render/StageFixture.h"
+
+#include <algorithm>
+#include <span>
+#include <utility>
+#include <vector>
 
 namespace zelvo::render {
 namespace {
@@ -131,6 +137,38 @@ TEST_F(Passes, GiveAMatteThatFitsOnAnyColor) {
             }
         }
     }
+}
+
+// Two frames in flight, as in an export: a frame that is repeated has its own picture.
+TEST_F(Passes, RepeatAFrameUntilSomethingChanges) {
+    const auto frames = [this](const DrawQuality& quality, Size size = kSize) {
+        const int before = renderer->times().repeated;
+        renderer->begin({kFrame, size, quality});
+        renderer->begin({kFrame, size, quality});
+        const std::span<const std::uint8_t> one = renderer->finish().bytes;
+        const std::vector<std::uint8_t> first(one.begin(), one.end());
+        const std::span<const std::uint8_t> second = renderer->finish().bytes;
+        EXPECT_TRUE(std::ranges::equal(first, second));
+        EXPECT_EQ(first.size(), byteCount(size));
+        return std::pair(first, renderer->times().repeated - before);
+    };
+    for (const int passes : {1, 4}) {
+        const DrawQuality quality{.passes = passes};
+        const auto [still, repeated] = frames(quality);
+        EXPECT_EQ(repeated, 1) << passes << " passes";
+        EXPECT_EQ(frames(quality), std::pair(still, 2)) << passes << " passes";
+        bar->position = bar->position.presented() + glm::vec3(0.25F, 0, 0);
+        const auto [moved, repeatedOnce] = frames(quality);
+        EXPECT_EQ(repeatedOnce, 1) << passes << " passes";
+        EXPECT_NE(moved, still) << passes << " passes";
+    }
+    EXPECT_EQ(frames({.passes = 4}, {32, 32}).second, 1) << "another size";
+    EXPECT_EQ(frames({.passes = 8}, {32, 32}).second, 1) << "another quality";
+    EXPECT_EQ(frames({.moments = 2}, {32, 32}).second, 0) << "blurred motion";
+    const std::vector<std::uint8_t> opaque = frames({}).first;
+    renderer->begin({.time = kFrame, .outputSize = kSize, .leftOut = 2});
+    static_cast<void>(renderer->finish());
+    EXPECT_EQ(frames({}), std::pair(opaque, 1)) << "after a picture with alpha";
 }
 
 } // namespace

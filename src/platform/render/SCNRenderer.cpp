@@ -12,6 +12,7 @@
 
 #include <array>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 namespace zelvo::render {
@@ -57,6 +58,15 @@ void checkRequest(const FrameRequest& request) {
         drawn.height);
 }
 
+/// What a frame shows. Two frames in a row with equal ones have the same pixels.
+struct Look {
+    std::uint64_t key = 0; ///< of PictureKey
+    Size size;
+    DrawQuality quality;
+
+    friend bool operator==(const Look&, const Look&) = default;
+};
+
 double noTime() {
     return 0;
 }
@@ -77,6 +87,13 @@ struct SCNRenderer::State {
     [[nodiscard]] static bool isDrawnOnce(const FrameRequest& request) {
         return request.quality.passesDrawn() == 1 && request.leftOut == 0;
     }
+
+    /// After the scene was animated. Nothing if the frame may differ from all others.
+    [[nodiscard]] std::optional<Look>
+    lookOf(const SCNRenderer& renderer, const FrameRequest& request);
+    void draw(SCNRenderer& renderer, Slot& slot, const FrameRequest& request);
+    /// Shows the picture of the frame before once more.
+    void repeat(Slot& slot, const Slot& before);
 
     /// A frame, and what is drawn instead of the scene's background.
     struct Order {
@@ -103,6 +120,7 @@ struct SCNRenderer::State {
     /// frames begun since the start; a frame's slot is its number modulo kFramesInFlight
     std::size_t begun = 0;
     std::size_t finished = 0;
+    std::optional<Look> lastLook; ///< of the frame begun last
     FrameTimes times;
     double (*stopwatch)() = noTime;
 };
@@ -123,6 +141,41 @@ SCNRenderer::~SCNRenderer() {
         return;
     state->context->makeCurrent();
     glFinish();
+}
+
+std::optional<Look>
+SCNRenderer::State::lookOf(const SCNRenderer& renderer, const FrameRequest& request) {
+    if (renderer.technique || request.leftOut != 0 || request.quality.moments > 1)
+        return std::nullopt;
+    const auto aspect = static_cast<float>(drawnSizeOf(request).aspect());
+    const std::optional<std::uint64_t> key =
+        passes.pictureKey(*renderer.scene(), renderer.pointOfView.get(), aspect);
+    if (!key)
+        return std::nullopt;
+    return Look{*key, request.outputSize, request.quality};
+}
+
+void SCNRenderer::State::draw(SCNRenderer& renderer, Slot& slot, const FrameRequest& request) {
+    slot.mean.clear();
+    if (isDrawnOnce(request)) {
+        drawPass(renderer, slot, {request}, {});
+    } else {
+        drawPasses(renderer, slot, request);
+    }
+}
+
+void SCNRenderer::State::repeat(Slot& slot, const Slot& before) {
+    ++times.repeated;
+    slot.mean = before.mean;
+    if (!slot.mean.empty())
+        return;
+    GraphicsState& graphics = passes.graphicsState();
+    slot.uniforms.reset();
+    slot.picture.resize(before.picture.size(), graphics);
+    before.picture.copyTo(slot.picture, graphics);
+    delivery->queue(slot.frame, graphics, slot.uniforms);
+    slot.done.set();
+    glFlush();
 }
 
 void SCNRenderer::State::drawPass(
@@ -200,12 +253,13 @@ void SCNRenderer::begin(const FrameRequest& request) {
     const std::size_t index = state->begun % kFramesInFlight;
     Slot& slot = state->slots.at(index);
     slot.frame = {index, &slot.picture, request.outputSize};
-    slot.mean.clear();
-    if (State::isDrawnOnce(request)) {
-        state->drawPass(*this, slot, {request}, {});
+    const std::optional<Look> look = state->lookOf(*this, request);
+    if (look && look == state->lastLook) {
+        state->repeat(slot, state->slots.at((index + kFramesInFlight - 1) % kFramesInFlight));
     } else {
-        state->drawPasses(*this, slot, request);
+        state->draw(*this, slot, request);
     }
+    state->lastLook = look;
     state->shutter.close();
     ++state->begun;
     if (delegate != nullptr)

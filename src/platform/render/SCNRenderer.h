@@ -38,6 +38,7 @@ struct FrameTimes {
     double drawMs = 0;
     double readBackMs = 0; ///< waiting for the finished picture and copying it
     int frames = 0;
+    int repeated = 0; ///< of them, those that look like the one before: copied, not drawn
 };
 
 /// Where the drawn picture is scaled down. With a software driver, plain C++ is faster. With a
