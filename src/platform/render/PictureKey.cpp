@@ -80,7 +80,7 @@ bool PictureKey::addFloor(Hash& hash, const scene::SCNScene& scene, ItemPainter&
     mirrored.takeMirrored(scene, snapshot, floor.height + look.lift);
     UniformArena unused(1);
     const ItemPainter::Frame frame{mirrored, {}, unused};
-    return mirrored.emitters().empty() && addItems(hash, mirrored.opaque(), painter, frame) &&
+    return addItems(hash, mirrored.opaque(), painter, frame) &&
            addItems(hash, mirrored.translucent(), painter, frame);
 }
 

@@ -255,7 +255,7 @@ void SCNRenderer::begin(const FrameRequest& request) {
     slot.frame = {index, &slot.picture, request.outputSize};
     const std::optional<Look> look = state->lookOf(*this, request);
     if (look && look == state->lastLook) {
-        state->repeat(slot, state->slots.at((index + kFramesInFlight - 1) % kFramesInFlight));
+        state->repeat(slot, state->slots.at((state->begun - 1) % kFramesInFlight));
     } else {
         state->draw(*this, slot, request);
     }
