@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "content/ImageMask.h"
 
-#include "platform/foundation/Folders.h"
-#include "platform/foundation/Process.h"
-#include "platform/image/reading/ImageNamed.h"
-
 #include <fmt/format.h>
 
 #include <utility>
@@ -22,15 +18,10 @@ ImageMask::ImageMask(std::string maskName, image::ImagePtr picture)
 
 ImageMask::ImageMask(std::string maskName, std::string resourceName)
     : name(std::move(maskName))
-    , resource(std::move(resourceName)) {
-    if (foundation::mainBundle().path(resource).empty())
-        foundation::endWithoutResource(resource + " is missing");
-}
+    , resource(std::make_unique<image::LazyImage>(std::move(resourceName))) {}
 
 image::ImagePtr ImageMask::image() const {
-    if (resource.empty())
-        return own;
-    return image::requiredImage(resource);
+    return resource ? resource->image() : own;
 }
 
 const std::vector<ImageMaskPtr>& imageMasks() {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/image/Image.h"
+#include "platform/image/reading/ImageNamed.h"
 
 #include <memory>
 #include <string>
@@ -23,7 +23,7 @@ public:
 
 private:
     image::ImagePtr own;
-    std::string resource;
+    std::unique_ptr<const image::LazyImage> resource;
 };
 
 using ImageMaskPtr = std::shared_ptr<const ImageMask>;

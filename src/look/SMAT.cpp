@@ -17,7 +17,7 @@ const SurfaceRecipe& recipeOf(Surface surface) {
 
 void fillSlot(scene::SCNMaterialProperty& slot, const SlotRecipe& recipe) {
     if (const auto* picture = std::get_if<std::string_view>(&recipe.contents)) {
-        slot.setImage(image::requiredImage(std::string(*picture)));
+        slot.contents = std::make_shared<const image::LazyImage>(std::string(*picture));
     } else if (const auto* number = std::get_if<float>(&recipe.contents)) {
         slot.contents = *number;
     } else {

@@ -18,7 +18,8 @@ class LightProbe;
 struct Image {
     int width = 0;
     int height = 0;
-    std::vector<std::uint8_t> pixels; ///< 4 * width * height bytes
+    /// 4 * width * height bytes; none where a resource has fine normals.
+    std::vector<std::uint8_t> pixels;
 
     /// A normal map's x and y in 16 bits, -1 to 1 as 0 to 65535: eight bits would show as steps in
     /// reflections. 2 * width * height values, or none.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/scene/SCNMaterial.h"
 
+#include "platform/image/reading/ImageNamed.h"
+
 #include <glm/gtc/matrix_transform.hpp>
 
 namespace zelvo::scene {
@@ -38,6 +40,9 @@ image::Color SCNMaterialProperty::colorOr(const image::Color& fallback) const {
 }
 
 image::ImagePtr SCNMaterialProperty::image() const {
+    using Later = std::shared_ptr<const image::LazyImage>;
+    if (const auto* later = std::get_if<Later>(&contents))
+        return (*later)->image();
     const auto* picture = std::get_if<image::ImagePtr>(&contents);
     return picture != nullptr ? *picture : nullptr;
 }

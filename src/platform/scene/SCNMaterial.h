@@ -14,6 +14,12 @@
 #include <string>
 #include <variant>
 
+namespace zelvo::image {
+
+class LazyImage;
+
+} // namespace zelvo::image
+
 namespace zelvo::scene {
 
 enum class SCNWrapMode { clamp = 1, repeat = 2, clampToBorder = 3, mirror = 4 };
@@ -24,8 +30,15 @@ using CubeImages = std::array<image::ImagePtr, 6>;
 /// One slot of a material, or a scene's background or lighting environment.
 class SCNMaterialProperty {
 public:
-    /// Nothing, a colour, a number (grey value or scalar), a picture, or a cube of six pictures.
-    using Contents = std::variant<std::monostate, image::Color, float, image::ImagePtr, CubeImages>;
+    /// Nothing, a colour, a number (grey value or scalar), a picture, one that is read when it is
+    /// needed, or a cube of six.
+    using Contents = std::variant<
+        std::monostate,
+        image::Color,
+        float,
+        image::ImagePtr,
+        std::shared_ptr<const image::LazyImage>,
+        CubeImages>;
 
     Contents contents;
     /// Multiplies the contents; for `normal`, 0 is flat and 1 the full map.

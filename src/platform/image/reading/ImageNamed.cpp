@@ -31,6 +31,8 @@ Result<ImagePtr> loadResource(const std::filesystem::path& file) {
     const auto hasNormals = found(image::loadFineNormals(*image, file.string() + ".normals"));
     if (!hasNormals)
         return tl::unexpected(hasNormals.error());
+    if (*hasNormals)
+        image->pixels = {}; // the same normals, but coarse
     auto probe = LightProbe::load(file.string() + ".probe");
     const auto hasProbe = found(probe);
     if (!hasProbe)
@@ -38,6 +40,10 @@ Result<ImagePtr> loadResource(const std::filesystem::path& file) {
     if (*hasProbe)
         image->lightProbe = std::make_shared<const LightProbe>(*std::move(probe));
     return *hasProbe || *hasNormals ? Result<ImagePtr>(image) : loaded;
+}
+
+std::string missing(const std::string& name) {
+    return foundation::quoted(name) + " is missing";
 }
 
 /// Pictures by file, so that another bundle gets its own.
@@ -56,8 +62,7 @@ Cache& cache() {
 Result<ImagePtr> imageNamed(const std::string& name) {
     const auto file = foundation::mainBundle().path(name);
     if (file.empty())
-        return foundation::fail(
-            foundation::Cause::notFound, foundation::quoted(name) + " is missing");
+        return foundation::fail(foundation::Cause::notFound, missing(name));
     Cache& kept = cache();
     const std::scoped_lock lock(kept.mutex);
     if (const auto found = kept.images.find(file); found != kept.images.end()) {
@@ -78,6 +83,17 @@ ImagePtr requiredEnvironment(const std::string& name) {
     if (image->lightProbe == nullptr)
         foundation::endWithoutResource(name + ".probe is missing");
     return image;
+}
+
+LazyImage::LazyImage(std::string resourceName)
+    : name(std::move(resourceName)) {
+    if (foundation::mainBundle().path(name).empty())
+        foundation::endWithoutResource(missing(name));
+}
+
+const ImagePtr& LazyImage::image() const {
+    std::call_once(isRead, [this] { read = requiredImage(name); });
+    return read;
 }
 
 } // namespace zelvo::image

@@ -4,6 +4,7 @@
 #include "platform/foundation/Result.h"
 #include "platform/image/Image.h"
 
+#include <mutex>
 #include <string>
 
 namespace zelvo::image {
@@ -19,5 +20,21 @@ namespace zelvo::image {
 
 /// The same, with its light probe.
 [[nodiscard]] ImagePtr requiredEnvironment(const std::string& name);
+
+/// A picture that belongs to the program and is read when it is first asked for: of all that styles
+/// can show, a title shows a few. Any thread.
+class LazyImage {
+public:
+    /// Ends the process with a line that says so where the file is missing.
+    explicit LazyImage(std::string resourceName);
+
+    /// Never null.
+    [[nodiscard]] const ImagePtr& image() const;
+
+private:
+    std::string name;
+    mutable std::once_flag isRead;
+    mutable ImagePtr read;
+};
 
 } // namespace zelvo::image
