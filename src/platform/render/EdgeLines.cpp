@@ -100,10 +100,13 @@ void EdgeLines::addAll(
     });
     float left = kMostLength * size.x * size.y;
     for (const std::uint32_t node : byDistance) {
+        const bool isNear = distanceOf(node) <= kNear * distanceOf(byDistance.front());
         const std::size_t before = instances.size();
         left -= add(snapshot.nodes()[node], snapshot.camera(), size / 2.0F);
-        if (left < 0 && distanceOf(node) > kNear * distanceOf(byDistance.front()))
-            instances.resize(before);
+        if (left >= 0 || isNear)
+            continue;
+        instances.resize(before);
+        break;
     }
 }
 

@@ -68,16 +68,22 @@ PixelRect FloorPass::darkPart(const CameraView& camera, Size picture) const {
     return hasContact ? contact.seenIn(camera, picture) : PixelRect{};
 }
 
+PixelRect FloorPass::seenPart(const Frame& frame) const {
+    const Snapshot::Floor& floor = *frame.snapshot.floor();
+    const CameraView& camera = frame.snapshot.camera();
+    const Size size = frame.target.size();
+    const bool hasMirror = floor.item.material->floor->mirror > 0;
+    const PixelRect part =
+        (hasMirror ? mirror.seenIn(size) : PixelRect{}).united(darkPart(camera, size));
+    return part.intersected(
+        boundsOnScreen(frame.snapshot.nodes()[floor.item.node], camera, size));
+}
+
 void FloorPass::drawOn(const Tools& tools, const Frame& frame) {
     const Snapshot::Floor& floor = *frame.snapshot.floor();
     const scene::SCNFloorLook& look = *floor.item.material->floor;
-    const CameraView& camera = frame.snapshot.camera();
     const Size size = frame.target.size();
-    PixelRect part;
-    if (look.mirror > 0)
-        part = mirror.seenIn(size);
-    part = part.united(darkPart(camera, size));
-    part = part.intersected(boundsOnScreen(frame.snapshot.nodes()[floor.item.node], camera, size));
+    const PixelRect part = seenPart(frame);
     if (part.isEmpty())
         return;
     const bool hasRoughness = floor.item.material->roughness.image() != nullptr;

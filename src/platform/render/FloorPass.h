@@ -35,6 +35,8 @@ public:
     /// Draws the pictures that `drawOn` needs.
     void prepare(const Tools& tools, const Frame& frame);
     void drawOn(const Tools& tools, const Frame& frame);
+    /// Where drawOn draws. After prepare.
+    [[nodiscard]] PixelRect seenPart(const Frame& frame) const;
     /// Where drawOn can make the floor darker.
     [[nodiscard]] PixelRect darkPart(const CameraView& camera, Size picture) const;
     /// Darkens what is behind a floor that is left out, as shadows would darken the floor. The

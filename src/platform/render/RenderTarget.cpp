@@ -126,20 +126,27 @@ void RenderTarget::bind(GraphicsState& state) const {
 }
 
 void RenderTarget::copyTo(const RenderTarget& other, GraphicsState& state) const {
-    const auto [width, height] = size_;
-    glBlitNamedFramebuffer(
-        framebuffer_.name(),
-        other.framebuffer_.name(),
-        0,
-        0,
-        width,
-        height,
-        0,
-        0,
-        width,
-        height,
-        GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT,
-        GL_NEAREST);
+    const PixelRect whole = PixelRect::whole(size_);
+    copyTo(other, state, {&whole, 1});
+}
+
+void RenderTarget::copyTo(
+    const RenderTarget& other, GraphicsState& state, std::span<const PixelRect> parts) const {
+    for (const auto& [left, top, right, bottom] : parts) {
+        glBlitNamedFramebuffer(
+            framebuffer_.name(),
+            other.framebuffer_.name(),
+            left,
+            top,
+            right,
+            bottom,
+            left,
+            top,
+            right,
+            bottom,
+            GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT,
+            GL_NEAREST);
+    }
     other.bind(state);
 }
 

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "platform/render/GraphicsState.h"
+#include "platform/render/PixelRect.h"
 
 #include <cstdint>
 #include <initializer_list>
+#include <span>
 #include <vector>
 
 namespace zelvo::render {
@@ -39,6 +41,9 @@ public:
     /// Copies what both have (colour, depth) to a target of the same size and number of samples, and
     /// binds that one.
     void copyTo(const RenderTarget& other, GraphicsState& state) const;
+    /// The same for these parts only.
+    void copyTo(
+        const RenderTarget& other, GraphicsState& state, std::span<const PixelRect> parts) const;
 
     [[nodiscard]] Size size() const { return size_; }
 

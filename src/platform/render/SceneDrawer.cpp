@@ -113,10 +113,12 @@ void SceneDrawer::drawStill(const Frame& frame) {
         keys.push_back(background.key(frame.background));
     const StillLayer::Step step = layer.plan(keys, surroundingsKey(frame), size);
     if (step == StillLayer::Step::without) {
+        isLayerBelow = false;
         drawBackground(frame, frame.target);
         return;
     }
     if (step == StillLayer::Step::build) {
+        isLayerBelow = false;
         keepWhatTheLayerShows(frame.scene);
         drawBackground(frame, layer.resized(state, frame.target.samples()));
         for (std::size_t i = 0; i < opaques.size(); ++i) {
@@ -128,8 +130,43 @@ void SceneDrawer::drawStill(const Frame& frame) {
                 drawTranslucent(frame, snapshot.translucent().subspan(i, 1));
         }
     }
-    layer.copyTo(frame.target, state);
+    copyLayer(frame);
     frame.items.uniforms.bind(state, kFrameBinding, frame.block);
+}
+
+void SceneDrawer::copyLayer(const Frame& frame) {
+    // Elsewhere the layer is still there from the frame before.
+    if (isLayerBelow)
+        layer.copyTo(frame.target, state, touched.touched());
+    else
+        layer.copyTo(frame.target, state);
+    isLayerBelow = true;
+    noteTouched(frame);
+}
+
+void SceneDrawer::noteTouched(const Frame& frame) {
+    const Size size = frame.target.size();
+    const CameraView& camera = snapshot.camera();
+    touched.reset(size);
+    if (hasParticles())
+        touched.add(PixelRect::whole(size));
+    const auto addItem = [&](const DrawItem& item) {
+        touched.add(boundsOnScreen(snapshot.nodes()[item.node], camera, size));
+    };
+    for (std::size_t i = 0; i < opaques.size(); ++i) {
+        touched.add(opaques[i].shadowed);
+        if (!layer.holds(keys[i]))
+            addItem(*opaques[i].item);
+    }
+    const std::span<const DrawItem> items = snapshot.translucent();
+    for (std::size_t i = 0; i < veils.size(); ++i) {
+        if (!layer.holds(veils[i].key))
+            addItem(items[i]);
+    }
+    if (catcher)
+        touched.add(catcher->shadowed);
+    if (hasFloor())
+        touched.add(floor.seenPart(floorFrame(frame)));
 }
 
 bool SceneDrawer::hasShade() const {

@@ -16,6 +16,7 @@
 #include "platform/render/StillLayer.h"
 #include "platform/render/SurfaceShaders.h"
 #include "platform/render/TextureStore.h"
+#include "platform/render/TouchedTiles.h"
 #include "platform/render/TranslucentOrder.h"
 #include "platform/render/UniformArena.h"
 
@@ -150,6 +151,10 @@ private:
     /// that is drawn first.
     [[nodiscard]] bool hidesItself(const ItemPainter::Frame& frame, const DrawItem& item) const;
     [[nodiscard]] std::uint64_t surroundingsKey(const Frame& frame);
+    /// Draws the layer into the target, but only where it is not there yet.
+    void copyLayer(const Frame& frame);
+    /// Notes where this frame draws over the layer.
+    void noteTouched(const Frame& frame);
     void keepWhatTheLayerShows(const scene::SCNScene& scene);
     void drawBackground(const Frame& frame, const RenderTarget& target);
     void keepPicturesOf(const DrawItem& item);
@@ -170,6 +175,8 @@ private:
     ParticlePass particles;
     FloorPass floor;
     StillLayer layer;
+    TouchedTiles touched;      ///< where the last frame drew over the layer
+    bool isLayerBelow = false; ///< the target holds the layer, apart from these
     EdgeLines lines;
     std::vector<std::uint32_t> edgedNodes; ///< kept between frames to reuse its memory
     RenderTarget shade{TargetFormat::half, TargetFormat::depth32};

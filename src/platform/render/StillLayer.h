@@ -41,6 +41,11 @@ public:
         target.copyTo(other, state);
     }
 
+    void copyTo(
+        const RenderTarget& other, GraphicsState& state, std::span<const PixelRect> parts) const {
+        target.copyTo(other, state, parts);
+    }
+
     void forget();
 
 private:
