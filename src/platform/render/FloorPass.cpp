@@ -75,8 +75,7 @@ PixelRect FloorPass::seenPart(const Frame& frame) const {
     const bool hasMirror = floor.item.material->floor->mirror > 0;
     const PixelRect part =
         (hasMirror ? mirror.seenIn(size) : PixelRect{}).united(darkPart(camera, size));
-    return part.intersected(
-        boundsOnScreen(frame.snapshot.nodes()[floor.item.node], camera, size));
+    return part.intersected(boundsOnScreen(frame.snapshot.nodes()[floor.item.node], camera, size));
 }
 
 void FloorPass::drawOn(const Tools& tools, const Frame& frame) {

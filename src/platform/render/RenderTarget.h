@@ -42,8 +42,8 @@ public:
     /// binds that one.
     void copyTo(const RenderTarget& other, GraphicsState& state) const;
     /// The same for these parts only.
-    void copyTo(
-        const RenderTarget& other, GraphicsState& state, std::span<const PixelRect> parts) const;
+    void
+    copyTo(const RenderTarget& other, GraphicsState& state, std::span<const PixelRect> parts) const;
 
     [[nodiscard]] Size size() const { return size_; }
 

@@ -13,6 +13,17 @@ std::size_t indexOf(int row, int column, int columns) {
            static_cast<std::size_t>(column);
 }
 
+/// A run below one of the same width makes that one higher.
+void addRun(std::vector<PixelRect>& found, const PixelRect& run) {
+    const auto above = std::ranges::find_if(found, [&](const PixelRect& rect) {
+        return rect.bottom == run.top && rect.left == run.left && rect.right == run.right;
+    });
+    if (above != found.end())
+        above->bottom = run.bottom;
+    else
+        found.push_back(run);
+}
+
 } // namespace
 
 void TouchedTiles::reset(Size picture) {
@@ -41,19 +52,9 @@ std::vector<PixelRect> TouchedTiles::rects(bool wanted) const {
         const int bottom = std::min(top + kSide, size.height);
         for (int column = 0; column < columns;) {
             const int end = endOfRun(row, column);
-            const PixelRect run{column * kSide, top, std::min(end * kSide, size.width), bottom};
-            const bool isWanted = (tiles[indexOf(row, column, columns)] != 0) == wanted;
+            if ((tiles[indexOf(row, column, columns)] != 0) == wanted)
+                addRun(found, {column * kSide, top, std::min(end * kSide, size.width), bottom});
             column = end;
-            if (!isWanted)
-                continue;
-            // A run below one of the same width makes it higher.
-            const auto above = std::ranges::find_if(found, [&](const PixelRect& rect) {
-                return rect.bottom == top && rect.left == run.left && rect.right == run.right;
-            });
-            if (above != found.end())
-                above->bottom = bottom;
-            else
-                found.push_back(run);
         }
     }
     return found;
